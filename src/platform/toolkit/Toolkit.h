@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/runtime/System_String.h"
+#include "platform/runtime/Types.h"
+
+#include <functional>
+#include <memory>
+
+/// What stands between the controls' logic and a screen.
+namespace Toolkits
+{
+
+/// A modal box with a text and buttons.
+struct TBox
+{
+    /// The window the box belongs to; null for none.
+    void* owner = nullptr;
+    System::UnicodeString text;
+    System::UnicodeString caption;
+    /// Buttons and icon, the `MB_...` values.
+    unsigned flags = 0;
+};
+
+/// The seam to a graphical toolkit. All operations but `Post` belong to the main thread.
+class TRS8_BTL_API Toolkit
+{
+public:
+    Toolkit() = default;
+    Toolkit(const Toolkit&) = delete;
+    Toolkit& operator=(const Toolkit&) = delete;
+    virtual ~Toolkit();
+
+    /// Shows the box until it is answered; the result is one of the `ID...` values.
+    virtual int ShowBox(const TBox& box) = 0;
+
+    /// All screens together, in pixels.
+    virtual Types::TRect DesktopRect() const = 0;
+
+    /// Runs `action` from the message loop of the main thread, in the order of posting. From any thread.
+    virtual void Post(std::function<void()> action) = 0;
+
+    /// Handles one waiting message; false if none waits.
+    virtual bool ProcessMessage() = 0;
+
+    /// Sleeps until a message waits.
+    virtual void WaitMessage() = 0;
+};
+
+/// The toolkit in use. At the first call it is chosen by the variable `TRS8_BTL_TOOLKIT`; a name that this
+/// build doesn't have is told on the standard error stream, and the headless one serves.
+TRS8_BTL_API Toolkit& CurrentToolkit();
+
+/// Puts `toolkit` in place of the current one and gives that back; null means the choice is made anew at the
+/// next use. Nobody may hold a reference to the former toolkit across the call.
+TRS8_BTL_API std::unique_ptr<Toolkit> ExchangeToolkit(std::unique_ptr<Toolkit> toolkit);
+
+} // namespace Toolkits

@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: MIT
+#include "platform/toolkit/headless/HeadlessToolkit.h"
+
+#include "platform/toolkit/MessageBox.h"
+
+#include <algorithm>
+#include <array>
+#include <iostream>
+#include <span>
+#include <stdexcept>
+#include <utility>
+
+namespace Toolkits
+{
+
+namespace
+{
+
+struct TButton
+{
+    int id;
+    const char* name;
+};
+
+constexpr TButton Ok = {IDOK, "OK"};
+constexpr TButton Cancel = {IDCANCEL, "Cancel"};
+constexpr TButton Abort = {IDABORT, "Abort"};
+constexpr TButton Retry = {IDRETRY, "Retry"};
+constexpr TButton Ignore = {IDIGNORE, "Ignore"};
+constexpr TButton Yes = {IDYES, "Yes"};
+constexpr TButton No = {IDNO, "No"};
+
+std::span<const TButton> ButtonsOf(unsigned flags)
+{
+    static constexpr std::array okCancel = {Ok, Cancel};
+    static constexpr std::array abortRetryIgnore = {Abort, Retry, Ignore};
+    static constexpr std::array yesNoCancel = {Yes, No, Cancel};
+    static constexpr std::array yesNo = {Yes, No};
+    static constexpr std::array retryCancel = {Retry, Cancel};
+    static constexpr std::array ok = {Ok};
+    switch (flags & MB_TYPEMASK) {
+    case MB_OKCANCEL:
+        return okCancel;
+    case MB_ABORTRETRYIGNORE:
+        return abortRetryIgnore;
+    case MB_YESNOCANCEL:
+        return yesNoCancel;
+    case MB_YESNO:
+        return yesNo;
+    case MB_RETRYCANCEL:
+        return retryCancel;
+    default:
+        return ok;
+    }
+}
+
+const TButton* FindButton(unsigned flags, int id)
+{
+    const auto buttons = ButtonsOf(flags);
+    const auto found = std::ranges::find(buttons, id, &TButton::id);
+    return found == buttons.end() ? nullptr : &*found;
+}
+
+void WriteBox(const TBox& box, int answer)
+{
+    std::cerr << box.caption << ": " << box.text << "\n[" << FindButton(box.flags, answer)->name << "]\n"
+              << std::flush;
+}
+
+} // namespace
+
+HeadlessToolkit::~HeadlessToolkit() = default;
+
+void HeadlessToolkit::Answer(int button)
+{
+    mScript.push_back(button);
+}
+
+std::vector<HeadlessToolkit::TShown> HeadlessToolkit::TakeShown()
+{
+    return std::exchange(mShown, {});
+}
+
+int HeadlessToolkit::UnattendedAnswer(unsigned flags)
+{
+    const unsigned icon = flags & MB_ICONMASK;
+    if (icon == 0 && (flags & MB_TYPEMASK) == MB_YESNO) {
+        return IDYES;
+    }
+    for (const int safe : {IDNO, IDCANCEL, IDABORT}) {
+        if (FindButton(flags, safe) != nullptr) {
+            return safe;
+        }
+    }
+    return IDOK;
+}
+
+int HeadlessToolkit::ShowBox(const TBox& box)
+{
+    int answer = 0;
+    if (mScript.empty()) {
+        answer = UnattendedAnswer(box.flags);
+        WriteBox(box, answer);
+    } else {
+        answer = mScript.front();
+        mScript.pop_front();
+        if (FindButton(box.flags, answer) == nullptr) {
+            throw std::logic_error("The box '" + System::ToUtf8(box.caption) + "' has no button " +
+                                   std::to_string(answer) + ".");
+        }
+    }
+    mShown.push_back({box, answer});
+    return answer;
+}
+
+Types::TRect HeadlessToolkit::DesktopRect() const
+{
+    return {.Left = 0, .Top = 0, .Right = 1920, .Bottom = 1080};
+}
+
+void HeadlessToolkit::Post(std::function<void()> action)
+{
+    {
+        const std::lock_guard lock(mMessagesMutex);
+        mMessages.push_back(std::move(action));
+    }
+    mMessagePosted.notify_one();
+}
+
+bool HeadlessToolkit::ProcessMessage()
+{
+    std::function<void()> action;
+    {
+        const std::lock_guard lock(mMessagesMutex);
+        if (mMessages.empty()) {
+            return false;
+        }
+        action = std::move(mMessages.front());
+        mMessages.pop_front();
+    }
+    action();
+    return true;
+}
+
+void HeadlessToolkit::WaitMessage()
+{
+    std::unique_lock lock(mMessagesMutex);
+    mMessagePosted.wait(lock, [this] { return !mMessages.empty(); });
+}
+
+} // namespace Toolkits

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/toolkit/Toolkit.h"
+
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <vector>
+
+namespace Toolkits
+{
+
+/// A toolkit without a screen: the default of a machine that has none, and of the tests. A box takes the next
+/// answer of the script. Where the script is at its end nobody attends: the box is written to the standard
+/// error stream and gets the answer that loses nothing.
+class TRS8_BTL_API HeadlessToolkit final : public Toolkit
+{
+public:
+    /// A box that was shown, and its answer.
+    struct TShown
+    {
+        TBox box;
+        int answer = 0;
+    };
+
+    ~HeadlessToolkit() override;
+
+    /// Adds an answer to the script; the next box without one takes it. `std::logic_error` from `ShowBox` if
+    /// that box has no such button.
+    void Answer(int button);
+
+    /// The boxes shown since the last call, in their order.
+    std::vector<TShown> TakeShown();
+
+    int ShowBox(const TBox& box) override;
+    /// Always 1920 by 1080 at the origin.
+    Types::TRect DesktopRect() const override;
+    void Post(std::function<void()> action) override;
+    bool ProcessMessage() override;
+    void WaitMessage() override;
+
+    /// The answer of a box that nobody attends: an internal error (Yes and No without an icon) is raised by
+    /// Yes, a question is answered No, a notice OK, and any other choice is cancelled.
+    static int UnattendedAnswer(unsigned flags);
+
+private:
+    std::deque<int> mScript;
+    std::vector<TShown> mShown;
+    std::mutex mMessagesMutex;
+    std::condition_variable mMessagePosted;
+    std::deque<std::function<void()>> mMessages;
+};
+
+} // namespace Toolkits

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/runtime/System_String.h"
+#include "platform/runtime/Types.h"
+
+#include <atomic>
+
+namespace Forms
+{
+
+/// The running program as an object: its title, its message loop, its boxes.
+class TRS8_BTL_API TApplication
+{
+public:
+    TApplication();
+    TApplication(const TApplication&) = delete;
+    TApplication& operator=(const TApplication&) = delete;
+    virtual ~TApplication();
+
+    /// Path of the running program, with `\` as separator.
+    System::UnicodeString getExeName() const;
+
+    /// Caption of the program's boxes; at first the program's file name without extension.
+    const System::UnicodeString& getTitle() const noexcept { return mTitle; }
+    void setTitle(const System::UnicodeString& title) { mTitle = title; }
+
+    /// True from the moment that the program is asked to end.
+    bool getTerminated() const noexcept { return mTerminated; }
+
+    /// Asks the message loop to end. From any thread.
+    void Terminate();
+
+    /// Shows a box over the program's windows; flags and result as in `::MessageBoxW`. A null `caption`
+    /// stands for the title.
+    int MessageBox(const System::WideChar* text, const System::WideChar* caption, int flags) const;
+
+    /// Handles all messages that wait, and returns.
+    void ProcessMessages();
+
+    /// Handles one message, and waits for it if there is none.
+    void HandleMessage();
+
+    /// The message loop, until `Terminate`.
+    void Run();
+
+private:
+    System::UnicodeString mTitle;
+    std::atomic<bool> mTerminated = false;
+};
+
+/// The screens of the machine.
+class TRS8_BTL_API TScreen
+{
+public:
+    Types::TRect getDesktopRect() const;
+    int getDesktopLeft() const { return getDesktopRect().Left; }
+    int getDesktopTop() const { return getDesktopRect().Top; }
+    int getDesktopWidth() const { return getDesktopRect().Width(); }
+    int getDesktopHeight() const { return getDesktopRect().Height(); }
+};
+
+/// The program's application object. It stands before any other unit of the library starts, and is null from
+/// its end on.
+TRS8_BTL_API extern TApplication* Application;
+TRS8_BTL_API extern TScreen* Screen;
+
+} // namespace Forms
