@@ -84,13 +84,21 @@ char* Narrow(std::u16string_view text, char* out)
     return std::transform(text.begin(), text.end(), out, [](WideChar c) { return static_cast<char>(c); });
 }
 
+constexpr bool IsWesternSpecial(unsigned code)
+{
+    return code - 0x80U < WesternSpecials.size();
+}
+
 WideText DecodeWestern(std::string_view bytes)
 {
     auto text = WideText::Uninitialized(bytes.size());
-    std::transform(bytes.begin(), bytes.end(), text.Unique(), [](char c) {
-        const unsigned code = ByteOf(c);
-        return code - 0x80U < WesternSpecials.size() ? WesternSpecials[code - 0x80U] : WideChar(code);
-    });
+    WideChar* const units = text.Unique();
+    WideChar* const end = Widen(bytes, units);
+    // Few texts hold a special at all, and two plain loops are faster than one with a look-up.
+    for (WideChar* c = std::find_if(units, end, IsWesternSpecial); c != end;
+         c = std::find_if(c + 1, end, IsWesternSpecial)) {
+        *c = WesternSpecials[*c - 0x80U];
+    }
     return text;
 }
 

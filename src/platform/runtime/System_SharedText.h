@@ -95,10 +95,21 @@ public:
         }
         const std::size_t length = oldLength + text.size();
         GSharedText grown;
-        grown.mText = Allocate(length, oldLength == 0 ? length : std::max(length, oldLength + oldLength / 2));
+        grown.mText = Allocate(length, oldLength == 0 ? length : std::max(length, oldLength * 2));
         const View old = AsView();
         std::copy(text.begin(), text.end(), std::copy(old.begin(), old.end(), grown.mText));
         std::swap(mText, grown.mText);
+    }
+
+    void Append(Char character)
+    {
+        const auto length = static_cast<std::size_t>(Length());
+        if (!OwnsRoomFor(length + 1)) {
+            Append(View(&character, 1));
+            return;
+        }
+        mText[length] = character;
+        SetLengthField(length + 1);
     }
 
     /// Cuts to `length`, or lengthens with zero characters.

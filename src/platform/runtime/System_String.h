@@ -195,7 +195,7 @@ public:
     }
     Self& operator+=(Char character)
     {
-        mText.Append(View(&character, 1));
+        mText.Append(character);
         return AsSelf();
     }
     Self& Append(View text)

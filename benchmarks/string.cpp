@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+#include "platform/runtime/System_String.h"
+
+#include <benchmark/benchmark.h>
+
+#include <string>
+#include <vector>
+
+#include <unicode/ucnv.h>
+#include <unicode/unistr.h>
+#include <unicode/ustring.h>
+
+namespace
+{
+
+using System::AnsiString;
+using System::UnicodeString;
+using System::UTF8String;
+
+constexpr int Length = 64 * 1024;
+
+/// Western text as it stands in files: mostly plain letters, an umlaut now and then.
+const std::u16string& SampleText()
+{
+    static const std::u16string text = [] {
+        std::u16string result;
+        for (int i = 0; i < Length; ++i) {
+            result += i % 23 == 0 ? u'ä' : static_cast<char16_t>(u'a' + i % 26);
+        }
+        return result;
+    }();
+    return text;
+}
+
+const std::string& SampleUtf8()
+{
+    static const std::string text = System::ToUtf8(SampleText());
+    return text;
+}
+
+const std::string& SampleWestern()
+{
+    static const std::string text(AnsiString(std::u16string_view(SampleText())).AsView());
+    return text;
+}
+
+void SetBytes(benchmark::State& state)
+{
+    state.SetBytesProcessed(state.iterations() * Length);
+}
+
+void WideToUtf8Ours(benchmark::State& state)
+{
+    const UnicodeString text{std::u16string_view(SampleText())};
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(UTF8String(text));
+    }
+    SetBytes(state);
+}
+BENCHMARK(WideToUtf8Ours)->Name("wide_to_utf8/ours");
+
+void WideToUtf8Icu(benchmark::State& state)
+{
+    const icu::UnicodeString text(SampleText().data(), Length);
+    for (auto _ : state) {
+        std::string bytes;
+        benchmark::DoNotOptimize(text.toUTF8String(bytes));
+    }
+    SetBytes(state);
+}
+BENCHMARK(WideToUtf8Icu)->Name("wide_to_utf8/icu");
+
+void Utf8ToWideOurs(benchmark::State& state)
+{
+    const std::string& bytes = SampleUtf8();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(System::FromUtf8(bytes));
+    }
+    SetBytes(state);
+}
+BENCHMARK(Utf8ToWideOurs)->Name("utf8_to_wide/ours");
+
+void Utf8ToWideIcu(benchmark::State& state)
+{
+    const std::string& bytes = SampleUtf8();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(icu::UnicodeString::fromUTF8(bytes));
+    }
+    SetBytes(state);
+}
+BENCHMARK(Utf8ToWideIcu)->Name("utf8_to_wide/icu");
+
+void WideToWesternOurs(benchmark::State& state)
+{
+    const UnicodeString text{std::u16string_view(SampleText())};
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(AnsiString(text));
+    }
+    SetBytes(state);
+}
+BENCHMARK(WideToWesternOurs)->Name("wide_to_western/ours");
+
+void WideToWesternIcu(benchmark::State& state)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    UConverter* converter = ucnv_open("windows-1252", &status);
+    for (auto _ : state) {
+        std::string bytes(Length, '\0');
+        ucnv_fromUChars(converter, bytes.data(), Length, SampleText().data(), Length, &status);
+        benchmark::DoNotOptimize(bytes);
+    }
+    ucnv_close(converter);
+    SetBytes(state);
+}
+BENCHMARK(WideToWesternIcu)->Name("wide_to_western/icu");
+
+void WesternToWideOurs(benchmark::State& state)
+{
+    const AnsiString text{std::string_view(SampleWestern())};
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(UnicodeString(text));
+    }
+    SetBytes(state);
+}
+BENCHMARK(WesternToWideOurs)->Name("western_to_wide/ours");
+
+void WesternToWideIcu(benchmark::State& state)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    UConverter* converter = ucnv_open("windows-1252", &status);
+    for (auto _ : state) {
+        std::u16string text(Length, u'\0');
+        ucnv_toUChars(converter, text.data(), Length, SampleWestern().data(), Length, &status);
+        benchmark::DoNotOptimize(text);
+    }
+    ucnv_close(converter);
+    SetBytes(state);
+}
+BENCHMARK(WesternToWideIcu)->Name("western_to_wide/icu");
+
+/// Copies a list of texts, as every pass of a list by value does.
+template <class String>
+void CopyList(benchmark::State& state, const String& text)
+{
+    const std::vector<String> list(1000, text);
+    for (auto _ : state) {
+        std::vector<String> copy = list;
+        benchmark::DoNotOptimize(copy);
+    }
+}
+
+constexpr const char16_t* CaptionText = u"A caption of the usual length, 42 units in all";
+
+BENCHMARK_CAPTURE(CopyList, ours, UnicodeString(CaptionText))->Name("copy/ours");
+BENCHMARK_CAPTURE(CopyList, std, std::u16string(CaptionText))->Name("copy/std_u16string");
+BENCHMARK_CAPTURE(CopyList, icu, icu::UnicodeString(CaptionText))->Name("copy/icu");
+
+/// Builds a text from single characters.
+template <class String>
+void AppendCharacters(benchmark::State& state)
+{
+    for (auto _ : state) {
+        String text;
+        for (int i = 0; i < Length; ++i) {
+            text += static_cast<char16_t>(u'a' + i % 26);
+        }
+        benchmark::DoNotOptimize(text);
+    }
+    SetBytes(state);
+}
+BENCHMARK(AppendCharacters<UnicodeString>)->Name("append/ours");
+BENCHMARK(AppendCharacters<std::u16string>)->Name("append/std_u16string");
+BENCHMARK(AppendCharacters<icu::UnicodeString>)->Name("append/icu");
+
+} // namespace

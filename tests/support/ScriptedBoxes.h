@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/toolkit/headless/HeadlessToolkit.h"
+
+#include <initializer_list>
+#include <memory>
+#include <vector>
+
+namespace Support
+{
+
+/// Answers the boxes of a test from a script, for the life of the object.
+class ScriptedBoxes
+{
+public:
+    explicit ScriptedBoxes(std::initializer_list<int> answers = {})
+    {
+        auto toolkit = std::make_unique<Toolkits::HeadlessToolkit>();
+        mToolkit = toolkit.get();
+        for (const int answer : answers) {
+            mToolkit->Answer(answer);
+        }
+        mFormer = Toolkits::ExchangeToolkit(std::move(toolkit));
+    }
+    ScriptedBoxes(const ScriptedBoxes&) = delete;
+    ScriptedBoxes& operator=(const ScriptedBoxes&) = delete;
+    ~ScriptedBoxes() { Toolkits::ExchangeToolkit(std::move(mFormer)); }
+
+    /// The boxes shown since the last call.
+    std::vector<Toolkits::HeadlessToolkit::TShown> TakeShown() { return mToolkit->TakeShown(); }
+
+private:
+    Toolkits::HeadlessToolkit* mToolkit;
+    std::unique_ptr<Toolkits::Toolkit> mFormer;
+};
+
+} // namespace Support
