@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: MIT
+#include "Channels.h"
+
+#include <TRS8_BTL/text/BTL_NUM_Limits.h>
+#include <TRS8_BTL/text/BTL_NUM_Units.h>
+#include <TRS8_BTL/text/BTL_STR_Utilities.h>
+
+#include <algorithm>
+#include <fstream>
+#include <string>
+
+namespace Station
+{
+
+namespace
+{
+
+using System::UnicodeString;
+
+constexpr auto AllOfKind = u".*";
+
+/// A fault in one line, without its place.
+class XBadLine : public Sysutils::Exception
+{
+public:
+    using Exception::Exception;
+};
+
+/// The unit without its prefix: "B" for "kB".
+UnicodeString BaseUnit(const UnicodeString& unit)
+{
+    const bool hasPrefix = unit.Length() > 1 && BTL::GetUnitPrefixFactor(unit) != 1.0;
+    return hasPrefix ? BTL::RightSubStringAt(unit, BTL::BeginsWith(unit, u"da", 1) ? 3 : 2) : unit;
+}
+
+/// The unit behind the number of `text`.
+UnicodeString UnitOf(const UnicodeString& text)
+{
+    int position = 0;
+    const UnicodeString number = BTL::Cut1stFloat(text, position);
+    return BTL::RightSubStringAt(text, position + number.Length()).Trim();
+}
+
+/// The value of a limit in `unit`.
+double ReadLimit(const UnicodeString& text, const UnicodeString& unit)
+{
+    const UnicodeString ownUnit = UnitOf(text);
+    double value = 0;
+    if (!BTL::ValueWithUnitToDouble(text, value)) {
+        throw XBadLine(u"'" + text + u"' is no number");
+    }
+    if (ownUnit.IsEmpty()) {
+        return value;
+    }
+    if (BaseUnit(ownUnit) != BaseUnit(unit)) {
+        throw XBadLine(u"the limit '" + text + u"' is not in " + (unit.IsEmpty() ? u"a plain number" : unit));
+    }
+    return value / BTL::GetUnitPrefixFactor(unit);
+}
+
+struct TLimits
+{
+    double lower = 0;
+    double upper = 0;
+};
+
+void ReadLimitWord(TLimits& limits, UnicodeString word, const UnicodeString& unit)
+{
+    UnicodeString value = word.Trim();
+    const UnicodeString kind = BTL::ConsumeLeftSubString(value, u' ', false);
+    if (kind == u"lower") {
+        limits.lower = ReadLimit(value.Trim(), unit);
+    } else if (kind == u"upper") {
+        limits.upper = ReadLimit(value.Trim(), unit);
+    } else {
+        throw XBadLine(u"'" + word.Trim() + u"' is neither 'lower VALUE' nor 'upper VALUE'");
+    }
+}
+
+bool Matches(const UnicodeString& pattern, const UnicodeString& name)
+{
+    if (!BTL::EndsWith(pattern, AllOfKind)) {
+        return pattern == name;
+    }
+    return BTL::BeginsWith(name, pattern.SubString(1, pattern.Length() - 1), 1);
+}
+
+void AddChannels(std::vector<CChannel>& channels, UnicodeString line, const std::vector<TSource>& sources)
+{
+    if (BTL::Pos(line, u'=') == 0) {
+        throw XBadLine(u"'=' is missing");
+    }
+    const UnicodeString name = BTL::ConsumeLeftSubString(line, u'=', false).Trim();
+    const UnicodeString unit = BTL::ConsumeLeftSubString(line, u';', true).Trim();
+    TLimits limits;
+    while (!line.Trim().IsEmpty()) {
+        ReadLimitWord(limits, BTL::ConsumeLeftSubString(line, u';', true), unit);
+    }
+    if (limits.lower != 0 && limits.upper != 0 && limits.lower > limits.upper) {
+        throw XBadLine(u"the lower limit is above the upper one");
+    }
+
+    const std::size_t before = channels.size();
+    for (const TSource& source : sources) {
+        if (!Matches(name, source.name)) {
+            continue;
+        }
+        if (BaseUnit(unit) != source.unit) {
+            throw XBadLine(u"the unit '" + unit + u"' does not fit " + source.name);
+        }
+        channels.emplace_back(source, unit, limits.lower, limits.upper);
+    }
+    // A kind that this machine doesn't show is no fault of the file.
+    if (channels.size() == before && !BTL::EndsWith(name, AllOfKind)) {
+        throw XBadLine(u"there is no channel '" + name + u"'");
+    }
+}
+
+} // namespace
+
+CChannel::CChannel(TSource source, UnicodeString unit, double lower, double upper)
+    : mSource(std::move(source)), mUnit(std::move(unit)), mLower(lower), mUpper(upper)
+{
+}
+
+UnicodeString CChannel::getLimitText() const
+{
+    return BTL::GetLimitTextW(mUpper, mLower, mUnit.IsEmpty() ? nullptr : &mUnit).Trim();
+}
+
+bool CChannel::Sample()
+{
+    const std::optional<double> value = mSource.read();
+    if (value) {
+        mSamples.push_back(*value / (mSource.unit.IsEmpty() ? 1.0 : BTL::GetUnitFactor(mUnit, mSource.unit)));
+    }
+    return value.has_value();
+}
+
+bool CChannel::IsWithinLimits() const
+{
+    return mSamples.IndexOfMaxValue() < 0 || ((mLower == 0 || mSamples.GetMinValue() >= mLower) &&
+                                              (mUpper == 0 || mSamples.GetMaxValue() <= mUpper));
+}
+
+std::vector<CChannel> LoadChannels(const std::filesystem::path& file, const std::vector<TSource>& sources)
+{
+    const UnicodeString name = System::FromUtf8(file.string());
+    std::ifstream stream(file);
+    std::vector<CChannel> channels;
+    std::string bytes;
+    for (int number = 1; std::getline(stream, bytes); ++number) {
+        const UnicodeString line = BTL::LeftSubStringUntil(System::FromUtf8(bytes), u'#').Trim();
+        if (line.IsEmpty()) {
+            continue;
+        }
+        try {
+            AddChannels(channels, line, sources);
+        } catch (const XBadLine& fault) {
+            throw XBadChannelFile(name + u":" + UnicodeString(number) + u": " + fault.getMessage());
+        }
+    }
+    if (!stream.eof()) {
+        throw XBadChannelFile(name + u": the file can't be read");
+    }
+    if (channels.empty()) {
+        throw XBadChannelFile(name + u": the file names no channel");
+    }
+    return channels;
+}
+
+} // namespace Station

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Sources.h"
+
+#include <TRS8_BTL/foundation/UTL_SV_DoubleVector.h>
+#include <TRS8_BTL/platform/runtime/Sysutils_Exception.h>
+
+#include <filesystem>
+#include <vector>
+
+namespace Station
+{
+
+/// A line of the channel file that makes no sense; the message begins with the file and the line number.
+class XBadChannelFile : public Sysutils::Exception
+{
+public:
+    using Exception::Exception;
+};
+
+/// One measured quantity: where it comes from, how it is shown, what it may be, and its samples.
+class CChannel
+{
+public:
+    /// Limits are in `unit`; 0 means no limit. `unit` is the unit of `source` with any prefix.
+    CChannel(TSource source, System::UnicodeString unit, double lower, double upper);
+
+    const System::UnicodeString& getName() const { return mSource.name; }
+    const System::UnicodeString& getUnit() const { return mUnit; }
+    const UTL::CDoubleVector& getSamples() const { return mSamples; }
+    System::UnicodeString getLimitText() const;
+
+    /// Takes one sample; false if the machine gives no value now.
+    bool Sample();
+
+    /// False if any sample lies outside the limits.
+    bool IsWithinLimits() const;
+
+private:
+    TSource mSource;
+    System::UnicodeString mUnit;
+    double mLower;
+    double mUpper;
+    UTL::CDoubleVector mSamples;
+};
+
+/// The channels that `file` names, in its order; `XBadChannelFile` if it can't be read or has a bad line.
+std::vector<CChannel> LoadChannels(const std::filesystem::path& file, const std::vector<TSource>& sources);
+
+} // namespace Station

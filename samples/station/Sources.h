@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TRS8_BTL/platform/runtime/System.h>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace Station
+{
+
+/// Something that the machine can be asked for.
+struct TSource
+{
+    System::UnicodeString name;
+    /// The unit of the value without a prefix; empty for a plain number.
+    System::UnicodeString unit;
+    /// The value of now; nothing if the machine doesn't tell it any more.
+    std::function<std::optional<double>()> read;
+};
+
+/// All sources of this machine.
+std::vector<TSource> HostSources();
+
+} // namespace Station
