@@ -87,7 +87,7 @@ TEST(CodePageTest, Utf8KeepsEveryText)
         while (text.size() < length) {
             // Runs of plain characters drive the word-wise paths, the others all lengths of UTF-8.
             const char32_t limits[] = {0x80, 0x80, 0x800, 0xD800, 0x110000};
-            const char32_t code = random() % limits[random() % 5];
+            const auto code = static_cast<char32_t>(random() % limits[random() % 5]);
             if (code >= 0x10000) {
                 text += static_cast<char16_t>(0xD7C0 + (code >> 10));
                 text += static_cast<char16_t>(0xDC00 + (code & 0x3FF));
