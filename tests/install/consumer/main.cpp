@@ -1,0 +1,9 @@
+// SPDX-License-Identifier: MIT
+#include <TRS8_BTL/platform/Version.h>
+
+#include <cstdio>
+
+int main()
+{
+    std::puts(System::LibraryVersion());
+}
