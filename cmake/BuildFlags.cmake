@@ -11,9 +11,6 @@ if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
     set(CMAKE_BUILD_TYPE Release CACHE STRING "Kind of build" FORCE)
 endif()
 
-# -O3 takes longer to compile and shows no gain in the benchmarks' own noise.
-set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
-
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     # A precompiled header defeats the cache unless it may take the header's definitions on trust.
