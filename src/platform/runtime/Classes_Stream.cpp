@@ -1,0 +1,389 @@
+// SPDX-License-Identifier: MIT
+#include "platform/runtime/Classes_Stream.h"
+
+#include "platform/runtime/System_ClassBuilder.h"
+
+#include <algorithm>
+#include <cstring>
+#include <map>
+#include <mutex>
+#include <stdexcept>
+
+namespace Classes
+{
+
+using System::Byte;
+using System::GClassBuilder;
+using System::Int64;
+using System::TMetaClass;
+using System::UnicodeString;
+
+namespace
+{
+
+std::string_view AsChars(std::span<const Byte> bytes)
+{
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+[[noreturn]] void ThrowStreamMemory()
+{
+    throw Sysutils::EOutOfMemory(u"Out of memory while expanding memory stream");
+}
+
+/// Runs what may use up the memory.
+template <class Grow>
+void WithMemory(Grow grow)
+{
+    try {
+        grow();
+    } catch (const std::bad_alloc&) {
+        ThrowStreamMemory();
+    } catch (const std::length_error&) {
+        ThrowStreamMemory();
+    }
+}
+
+/// `base + offset`, held within the numbers.
+Int64 AddClamped(Int64 base, Int64 offset)
+{
+    Int64 sum = 0;
+    if (__builtin_add_overflow(base, offset, &sum)) {
+        return offset < 0 ? 0 : INT64_MAX;
+    }
+    return sum;
+}
+
+} // namespace
+
+// TStream
+
+TMetaClass* TStream::ClassRecord()
+{
+    static TMetaClass* const record = GClassBuilder<TStream>(u"TStream").Build();
+    return record;
+}
+
+TStream::~TStream() = default;
+
+Int64 TStream::getPosition() const
+{
+    // A seek by nothing changes nothing.
+    return const_cast<TStream*>(this)->Seek(0, soCurrent);
+}
+
+Int64 TStream::getSize() const
+{
+    auto* stream = const_cast<TStream*>(this);
+    const Int64 position = stream->Seek(0, soCurrent);
+    const Int64 size = stream->Seek(0, soEnd);
+    stream->Seek(position, soBeginning);
+    return size;
+}
+
+void TStream::setSize(Int64) {}
+
+void TStream::ReadBuffer(void* buffer, Int64 count)
+{
+    auto* out = static_cast<char*>(buffer);
+    // A pipe gives what it has, and more later.
+    while (count > 0) {
+        const Int64 done = Read(out, count);
+        if (done <= 0) {
+            throw EReadError(u"Stream read error");
+        }
+        out += done;
+        count -= done;
+    }
+}
+
+void TStream::WriteBuffer(const void* buffer, Int64 count)
+{
+    const auto* in = static_cast<const char*>(buffer);
+    while (count > 0) {
+        const Int64 done = Write(in, count);
+        if (done <= 0) {
+            throw EWriteError(u"Stream write error");
+        }
+        in += done;
+        count -= done;
+    }
+}
+
+Int64 TStream::CopyFrom(TStream* source, Int64 count)
+{
+    constexpr Int64 ChunkSize = 0x10000;
+    if (source == nullptr) {
+        throw EReadError(u"Stream read error");
+    }
+    if (count <= 0) {
+        source->setPosition(0);
+        count = source->getSize();
+    }
+    std::vector<char> chunk(static_cast<std::size_t>(std::min(count, ChunkSize)));
+    for (Int64 left = count; left > 0;) {
+        const Int64 size = std::min(left, ChunkSize);
+        source->ReadBuffer(chunk.data(), size);
+        WriteBuffer(chunk.data(), size);
+        left -= size;
+    }
+    return count;
+}
+
+// TCustomMemoryStream
+
+TMetaClass* TCustomMemoryStream::ClassRecord()
+{
+    static TMetaClass* const record = GClassBuilder<TCustomMemoryStream>(u"TCustomMemoryStream").Build();
+    return record;
+}
+
+TCustomMemoryStream::~TCustomMemoryStream() = default;
+
+Int64 TCustomMemoryStream::Read(void* buffer, Int64 count)
+{
+    const std::string_view bytes = AsView();
+    const Int64 left = static_cast<Int64>(bytes.size()) - mPosition;
+    count = std::min(count, left);
+    if (buffer == nullptr || count <= 0) {
+        return 0;
+    }
+    std::memcpy(buffer, bytes.data() + mPosition, static_cast<std::size_t>(count));
+    mPosition += count;
+    return count;
+}
+
+Int64 TCustomMemoryStream::Seek(Int64 offset, TSeekOrigin origin)
+{
+    const Int64 base = origin == soBeginning ? 0 : origin == soCurrent ? mPosition : getSize();
+    mPosition = std::max(AddClamped(base, offset), Int64{0});
+    return mPosition;
+}
+
+void TCustomMemoryStream::SaveToStream(TStream* stream) const
+{
+    if (stream == nullptr) {
+        throw EWriteError(u"Stream write error");
+    }
+    stream->WriteBuffer(getMemory(), getSize());
+}
+
+void TCustomMemoryStream::SaveToFile(const UnicodeString& path) const
+{
+    TFileStream stream(path, fmCreate);
+    SaveToStream(&stream);
+}
+
+// TMemoryStream
+
+TMetaClass* TMemoryStream::ClassRecord()
+{
+    static TMetaClass* const record = GClassBuilder<TMemoryStream>(u"TMemoryStream").Build();
+    return record;
+}
+
+TMemoryStream::~TMemoryStream() = default;
+
+Int64 TMemoryStream::Write(const void* buffer, Int64 count)
+{
+    if (buffer == nullptr || count <= 0) {
+        return 0;
+    }
+    const Int64 end = AddClamped(mPosition, count);
+    if (end - mPosition != count) {
+        ThrowStreamMemory();
+    }
+    const auto* in = static_cast<const char*>(buffer);
+    const Int64 size = getSize();
+    WithMemory([&] {
+        if (mPosition == size) {
+            // The usual way, without filling first what is written over at once.
+            mBytes.insert(mBytes.end(), in, in + count);
+            return;
+        }
+        if (end > size) {
+            mBytes.resize(static_cast<std::size_t>(end));
+        }
+        std::memmove(mBytes.data() + mPosition, in, static_cast<std::size_t>(count));
+    });
+    mPosition = end;
+    return count;
+}
+
+void TMemoryStream::setSize(Int64 size)
+{
+    WithMemory([&] { mBytes.resize(static_cast<std::size_t>(std::max(size, Int64{0}))); });
+    mPosition = std::min(mPosition, getSize());
+}
+
+void TMemoryStream::setCapacity(Int64 capacity)
+{
+    if (capacity > getSize()) {
+        WithMemory([&] { mBytes.reserve(static_cast<std::size_t>(capacity)); });
+    }
+}
+
+void TMemoryStream::Clear()
+{
+    mBytes = {};
+    mPosition = 0;
+}
+
+void TMemoryStream::LoadFromStream(TStream* stream)
+{
+    if (stream == nullptr) {
+        throw EReadError(u"Stream read error");
+    }
+    if (stream == this) {
+        mPosition = 0;
+        return;
+    }
+    stream->setPosition(0);
+    const Int64 count = stream->getSize();
+    setSize(count);
+    mPosition = 0;
+    stream->ReadBuffer(mBytes.data(), count);
+}
+
+void TMemoryStream::LoadFromFile(const UnicodeString& path)
+{
+    TFileStream stream(path, fmOpenRead | fmShareDenyWrite);
+    LoadFromStream(&stream);
+}
+
+// TBytesStream
+
+TMetaClass* TBytesStream::ClassRecord()
+{
+    static TMetaClass* const record = GClassBuilder<TBytesStream>(u"TBytesStream").Build();
+    return record;
+}
+
+TBytesStream::TBytesStream(std::span<const Byte> bytes) : TMemoryStream(AsChars(bytes)) {}
+
+TBytesStream::~TBytesStream() = default;
+
+std::vector<Byte> TBytesStream::getBytes() const
+{
+    const std::string_view bytes = AsView();
+    return {bytes.begin(), bytes.end()};
+}
+
+// TStringStream
+
+TMetaClass* TStringStream::ClassRecord()
+{
+    static TMetaClass* const record = GClassBuilder<TStringStream>(u"TStringStream").Build();
+    return record;
+}
+
+TStringStream::TStringStream() : mEncoding(Sysutils::TEncoding::getDefault()) {}
+
+TStringStream::TStringStream(const System::AnsiString& text)
+    : TBytesStream(text.AsView()), mEncoding(Sysutils::TEncoding::getDefault())
+{
+}
+
+TStringStream::TStringStream(const System::UTF8String& text)
+    : TBytesStream(text.AsView()), mEncoding(Sysutils::TEncoding::getUTF8())
+{
+}
+
+TStringStream::TStringStream(const UnicodeString& text, Sysutils::TEncoding* encoding, bool ownsEncoding)
+    : TBytesStream(
+          (encoding == nullptr ? *Sysutils::TEncoding::getDefault() : *encoding).GetBytes(text).AsView()),
+      mEncoding(encoding == nullptr ? Sysutils::TEncoding::getDefault() : encoding),
+      mOwnsEncoding(ownsEncoding && !Sysutils::TEncoding::IsStandardEncoding(mEncoding))
+{
+}
+
+TStringStream::~TStringStream()
+{
+    if (mOwnsEncoding) {
+        delete mEncoding;
+    }
+}
+
+UnicodeString TStringStream::getDataString() const
+{
+    return mEncoding->GetString(AsView());
+}
+
+UnicodeString TStringStream::ReadString(Int64 count)
+{
+    const Int64 position = std::min(mPosition, getSize());
+    count = std::clamp(count, Int64{0}, getSize() - position);
+    mPosition = position + count;
+    return mEncoding->GetString(
+        AsView().substr(static_cast<std::size_t>(position), static_cast<std::size_t>(count)));
+}
+
+void TStringStream::WriteString(const UnicodeString& text)
+{
+    const System::RawByteString bytes = mEncoding->GetBytes(text);
+    WriteBuffer(bytes.data(), bytes.Length());
+}
+
+// Resources
+
+namespace
+{
+
+using ResourceKey = std::pair<UnicodeString, UnicodeString>;
+
+struct ResourceRegister
+{
+    std::mutex mutex;
+    std::map<ResourceKey, std::string_view> resources;
+};
+
+/// Made at its first use: modules register while they start, in any order.
+ResourceRegister& Resources()
+{
+    static auto* const instance = new ResourceRegister;
+    return *instance;
+}
+
+ResourceKey KeyOf(const UnicodeString& name, const UnicodeString& type)
+{
+    return {type.UpperCase(), name.UpperCase()};
+}
+
+} // namespace
+
+void RegisterResource(const UnicodeString& name, std::span<const Byte> bytes, const UnicodeString& type)
+{
+    const std::scoped_lock lock(Resources().mutex);
+    Resources().resources[KeyOf(name, type)] = AsChars(bytes);
+}
+
+bool ResourceExists(const UnicodeString& name, const UnicodeString& type)
+{
+    const std::scoped_lock lock(Resources().mutex);
+    return Resources().resources.contains(KeyOf(name, type));
+}
+
+TMetaClass* TResourceStream::ClassRecord()
+{
+    static TMetaClass* const record = GClassBuilder<TResourceStream>(u"TResourceStream").Build();
+    return record;
+}
+
+TResourceStream::TResourceStream(const UnicodeString& name, const UnicodeString& type)
+{
+    const std::scoped_lock lock(Resources().mutex);
+    const auto found = Resources().resources.find(KeyOf(name, type));
+    if (found == Resources().resources.end()) {
+        throw EResNotFound(u"Resource " + name + u" not found");
+    }
+    mBytes = found->second;
+}
+
+TResourceStream::~TResourceStream() = default;
+
+Int64 TResourceStream::Write(const void*, Int64)
+{
+    throw EStreamError(u"Can't write to a read-only resource stream");
+}
+
+} // namespace Classes
