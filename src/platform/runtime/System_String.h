@@ -187,7 +187,7 @@ public:
     /// Negative, 0 or positive, by the ordinals of the units.
     int Compare(const Self& other) const { return AsView().compare(other.AsView()); }
 
-    Self& operator+=(const Self& text) { return Append(text); }
+    Self& operator+=(const Self& text) { return AppendText(text); }
     Self& operator+=(const Char* text)
     {
         mText.Append(Detail::SafeView(text));
@@ -245,7 +245,7 @@ protected:
 private:
     Self& AsSelf() noexcept { return static_cast<Self&>(*this); }
     const Self& AsSelf() const noexcept { return static_cast<const Self&>(*this); }
-    Self& Append(const Self& text)
+    Self& AppendText(const Self& text)
     {
         if (IsEmpty()) {
             mText = text.mText;

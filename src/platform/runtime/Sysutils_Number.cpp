@@ -95,23 +95,35 @@ private:
     }
 };
 
-/// Reads the scientific form that `to_chars` writes.
-TDecimal ReadScientific(const char* text, const char* end)
+/// Reads what `to_chars` writes, with or without an exponent.
+TDecimal ReadDecimal(const char* text, const char* end)
 {
     TDecimal result;
     result.negative = *text == '-';
     text += result.negative ? 1 : 0;
-    for (; *text != 'e'; ++text) {
-        if (*text != '.') {
+    bool afterPoint = false;
+    for (; text != end && *text != 'e'; ++text) {
+        if (*text == '.') {
+            afterPoint = true;
+            continue;
+        }
+        const bool leadingZero = result.count == 0 && *text == '0';
+        if (!leadingZero) {
             result.digits[static_cast<std::size_t>(result.count++)] = *text;
         }
+        // A digit in front of the point moves it to the right, a zero at once behind it to the left.
+        if (!afterPoint) {
+            result.exponent += leadingZero ? 0 : 1;
+        } else {
+            result.exponent -= leadingZero ? 1 : 0;
+        }
     }
-    ++text;
-    text += *text == '+' ? 1 : 0;
-    std::from_chars(text, end, result.exponent);
-    ++result.exponent;
-    if (result.digits[0] == '0') {
-        result.count = 0;
+    if (text != end) {
+        int exponent = 0;
+        ++text;
+        text += *text == '+' ? 1 : 0;
+        std::from_chars(text, end, exponent);
+        result.exponent += exponent;
     }
     return result;
 }
@@ -121,9 +133,8 @@ TDecimal ToDecimal(double value)
     // The shortest form that reads back as the value: rounding it, and not the binary value, to 15 digits
     // spares a second conversion.
     std::array<char, 40> text;
-    const char* end =
-        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific).ptr;
-    TDecimal result = ReadScientific(text.data(), end);
+    const char* end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
+    TDecimal result = ReadDecimal(text.data(), end);
     result.Round(DoubleDigits);
     return result;
 }
@@ -134,7 +145,7 @@ TDecimal ToDecimal(long double value)
     const char* end = std::to_chars(text.data(), text.data() + text.size(), value,
                                     std::chars_format::scientific, LongDoubleDigits - 1)
                           .ptr;
-    TDecimal result = ReadScientific(text.data(), end);
+    TDecimal result = ReadDecimal(text.data(), end);
     result.Round(LongDoubleDigits);
     return result;
 }
@@ -790,9 +801,14 @@ double StrToFloat(const UnicodeString& text, const TFormatSettings& settings)
 {
     double value = 0;
     if (!TryStrToFloat(text, value, settings)) {
-        throw EConvertError(u"'" + text + u"' is not a valid floating point value");
+        ThrowNoFloat(text.AsView());
     }
     return value;
+}
+
+void ThrowNoFloat(std::u16string_view text)
+{
+    throw EConvertError(u"'" + UnicodeString(text) + u"' is not a valid floating point value");
 }
 
 double StrToFloatDef(const UnicodeString& text, double defaultValue)

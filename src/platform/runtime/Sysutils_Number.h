@@ -89,6 +89,8 @@ TRS8_BTL_API double StrToFloatDef(const System::UnicodeString& text, double defa
 TRS8_BTL_API bool TryStrToFloat(const System::UnicodeString& text, double& value);
 TRS8_BTL_API bool TryStrToFloat(const System::UnicodeString& text, double& value,
                                 const TFormatSettings& settings);
+/// Raises the `EConvertError` of `StrToFloat`.
+[[noreturn]] TRS8_BTL_API void ThrowNoFloat(std::u16string_view text);
 TRS8_BTL_API bool TextToFloat(const System::UnicodeString& text, double& value);
 
 /// Room that `FloatToBuffer` needs.

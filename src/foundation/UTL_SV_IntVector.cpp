@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+#include "foundation/UTL_SV_IntVector.h"
+
+#include "foundation/UTL_SV_CommaTextInternal.h"
+#include "platform/runtime/Classes_Strings.h"
+#include "platform/runtime/Math.h"
+#include "platform/runtime/Sysutils_Number.h"
+
+#include <cstdint>
+#include <limits>
+
+namespace UTL
+{
+
+namespace
+{
+
+using System::UnicodeString;
+
+constexpr const char* Source = "UTL_SV_IntVector.cpp";
+
+int ReadInt(std::u16string_view part)
+{
+    System::Int64 value = 0;
+    using Limits = std::numeric_limits<int>;
+    if (Detail::ReadPlainInteger(part, value) && value >= Limits::min() && value <= Limits::max()) {
+        return static_cast<int>(value);
+    }
+    return Sysutils::StrToInt(UnicodeString(part));
+}
+
+} // namespace
+
+CIntVector::CIntVector(const CIntVector* other)
+{
+    if (other != nullptr) {
+        *this = *other;
+    }
+}
+
+CIntVector::CIntVector(const UnicodeString& commaText)
+{
+    setCommaText(commaText);
+}
+
+UnicodeString CIntVector::getCommaText() const
+{
+    return Detail::JoinNumbers(*this, Detail::WriteInteger);
+}
+
+void CIntVector::setCommaText(UnicodeString text)
+{
+    Detail::SplitNumbers(*this, text.AsView(), ReadInt);
+}
+
+int CIntVector::GetMaxValue() const
+{
+    return Math::MaxIntValue({begin(), end()});
+}
+
+int CIntVector::GetMinValue() const
+{
+    return Math::MinIntValue({begin(), end()});
+}
+
+int CIntVector::GetSum() const
+{
+    return Math::SumInt({begin(), end()});
+}
+
+int CIntVector::AtOrDef(int index, int defaultValue) const
+{
+    return static_cast<unsigned>(index) < size() ? begin()[index] : defaultValue;
+}
+
+void CIntVector::SetObjects(Classes::TStrings* strings)
+{
+    if (strings == nullptr) {
+        THROW_XAssert("", Source, 90);
+        return;
+    }
+    resize(0);
+    const int count = strings->getCount();
+    reserve(static_cast<unsigned>(count));
+    for (int i = 0; i < count; ++i) {
+        push_back(static_cast<int>(reinterpret_cast<std::intptr_t>(strings->getObjects(i))));
+    }
+}
+
+void CIntVector::MoveObjectsTo(Classes::TStrings* strings) const
+{
+    if (strings == nullptr) {
+        THROW_XAssert("", Source, 105);
+        return;
+    }
+    const int count = std::min(strings->getCount(), static_cast<int>(size()));
+    for (int i = 0; i < count; ++i) {
+        strings->setObjects(i, reinterpret_cast<System::TObject*>(static_cast<std::intptr_t>(begin()[i])));
+    }
+}
+
+} // namespace UTL
