@@ -9,14 +9,13 @@
 #include <array>
 #include <charconv>
 #include <climits>
+#include <clocale>
 #include <cstdlib>
 #include <locale>
 #include <sstream>
 #include <string>
 #include <string_view>
 #include <type_traits>
-
-#include <locale.h>
 
 namespace UTL
 {
