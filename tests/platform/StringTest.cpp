@@ -204,6 +204,7 @@ TEST(UnicodeStringTest, CopiesCrossThreads)
     const UnicodeString shared = u"shared text";
     std::atomic<int> wrong = 0;
     std::vector<std::thread> threads;
+    threads.reserve(4);
     for (int t = 0; t < 4; ++t) {
         threads.emplace_back([&shared, &wrong] {
             for (int i = 0; i < 20'000; ++i) {

@@ -543,6 +543,18 @@ void TCollection::Assign(TPersistent* source)
     }
 }
 
+UnicodeString TCollection::GetNamePath() const
+{
+    const TPersistent* owner = GetOwner();
+    for (const Typinfo::TPropInfo* info : Typinfo::GetPropList(owner)) {
+        if (info->getKind() == Typinfo::tkClass && Typinfo::GetObjectProp(owner, info) == this) {
+            const UnicodeString path = owner->GetNamePath();
+            return path.IsEmpty() ? info->getName() : path + u"." + info->getName();
+        }
+    }
+    return TPersistent::GetNamePath();
+}
+
 void TCollection::EndUpdate()
 {
     if (mUpdateCount > 0 && --mUpdateCount == 0) {

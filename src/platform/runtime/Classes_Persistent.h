@@ -226,6 +226,8 @@ public:
 
     /// Makes items like those of the source, one for one.
     void Assign(TPersistent* source) override;
+    /// The owner's path and the name of its published property that holds this collection.
+    System::UnicodeString GetNamePath() const override;
 
     /// Between the two, `Update` isn't called; the last `EndUpdate` calls it once. They may be nested.
     void BeginUpdate() noexcept { ++mUpdateCount; }

@@ -31,10 +31,16 @@ std::string_view AsChars(std::span<const Byte> bytes)
     throw Sysutils::EOutOfMemory(u"Out of memory while expanding memory stream");
 }
 
-/// Runs what may use up the memory.
+/// More than any machine gives one program; such a size is a damaged one.
+constexpr Int64 MaxMemory = Int64{1} << 39;
+
+/// Runs what may use up the memory by needing `size` bytes.
 template <class Grow>
-void WithMemory(Grow grow)
+void WithMemory(Int64 size, Grow grow)
 {
+    if (size > MaxMemory) {
+        ThrowStreamMemory();
+    }
     try {
         grow();
     } catch (const std::bad_alloc&) {
@@ -190,12 +196,9 @@ Int64 TMemoryStream::Write(const void* buffer, Int64 count)
         return 0;
     }
     const Int64 end = AddClamped(mPosition, count);
-    if (end - mPosition != count) {
-        ThrowStreamMemory();
-    }
     const auto* in = static_cast<const char*>(buffer);
     const Int64 size = getSize();
-    WithMemory([&] {
+    WithMemory(end, [&] {
         if (mPosition == size) {
             // The usual way, without filling first what is written over at once.
             mBytes.insert(mBytes.end(), in, in + count);
@@ -212,14 +215,14 @@ Int64 TMemoryStream::Write(const void* buffer, Int64 count)
 
 void TMemoryStream::setSize(Int64 size)
 {
-    WithMemory([&] { mBytes.resize(static_cast<std::size_t>(std::max(size, Int64{0}))); });
+    WithMemory(size, [&] { mBytes.resize(static_cast<std::size_t>(std::max(size, Int64{0}))); });
     mPosition = std::min(mPosition, getSize());
 }
 
 void TMemoryStream::setCapacity(Int64 capacity)
 {
     if (capacity > getSize()) {
-        WithMemory([&] { mBytes.reserve(static_cast<std::size_t>(capacity)); });
+        WithMemory(capacity, [&] { mBytes.reserve(static_cast<std::size_t>(capacity)); });
     }
 }
 

@@ -63,6 +63,12 @@ struct TRS8_BTL_API TMethod
     /// The object, as `TObject*` if it is one; not owned.
     void* Data = nullptr;
 
+    /// The method `code` of `object`; empty if there is no code.
+    static TMethod Of(TMethodAddress code, TObject* object) noexcept
+    {
+        return code == nullptr ? TMethod() : TMethod{std::move(code), object};
+    }
+
     explicit operator bool() const noexcept { return Code != nullptr; }
     /// Whether both run the same method of the same object.
     friend bool operator==(const TMethod& a, const TMethod& b) noexcept { return Equal(a, b); }

@@ -43,7 +43,7 @@ GSharedText<WideChar> FromUtf32(std::wstring_view text)
     GSharedText<WideChar> result;
     result.Reserve(text.size());
     for (const wchar_t character : text) {
-        const auto code = static_cast<std::uint32_t>(character);
+        const auto code = static_cast<char32_t>(character);
         if (code < 0x10000) {
             const auto unit = static_cast<WideChar>(code);
             result.Append({&unit, 1});

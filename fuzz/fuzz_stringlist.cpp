@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include "platform/runtime/Classes.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+
+namespace
+{
+
+using Classes::TStringList;
+using System::UnicodeString;
+
+void Require(bool condition)
+{
+    if (!condition) {
+        std::abort();
+    }
+}
+
+/// What a list writes must read back as the same list, through any of its forms.
+void RequireSame(TStringList& list, void (TStringList::*set)(const UnicodeString&),
+                 UnicodeString (TStringList::*get)() const)
+{
+    TStringList copy;
+    copy.Assign(&list);
+    (copy.*set)((copy.*get)());
+    Require(copy.Equals(&list));
+}
+
+void CheckForms(TStringList& list)
+{
+    RequireSame(list, &TStringList::setCommaText, &TStringList::getCommaText);
+    // Without quotes, or with one that parts items too, a list can't come back; reading it must still end.
+    const System::WideChar quote = list.getQuoteChar();
+    if (quote > u' ' && quote != list.getDelimiter()) {
+        RequireSame(list, &TStringList::setDelimitedText, &TStringList::getDelimitedText);
+    }
+    list.getDelimitedText();
+}
+
+} // namespace
+
+/// The first three bytes choose the delimiter, the quote and the strictness; the rest is text in 16-bit units
+/// and in UTF-8.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    if (size < 3) {
+        return 0;
+    }
+    TStringList list;
+    list.setDelimiter(data[0]);
+    list.setQuoteChar(data[1]);
+    list.setStrictDelimiter((data[2] & 1) != 0);
+    const std::string_view bytes(reinterpret_cast<const char*>(data) + 3, size - 3);
+    std::u16string units(bytes.size() / 2, u'\0');
+    std::memcpy(units.data(), bytes.data(), units.size() * 2);
+
+    for (const UnicodeString& text : {UnicodeString(std::u16string_view(units)), System::FromUtf8(bytes)}) {
+        list.setCommaText(text);
+        CheckForms(list);
+        list.setDelimitedText(text);
+        CheckForms(list);
+        list.setText(text);
+        CheckForms(list);
+        RequireSame(list, &TStringList::setText, &TStringList::getText);
+
+        TStringList sorted;
+        sorted.setSorted(true);
+        sorted.AddStrings(&list);
+        for (int i = 0; i < list.getCount(); ++i) {
+            Require(sorted.IndexOf(list[i]) >= 0);
+            Require(list.IndexOf(sorted[std::min(i, sorted.getCount() - 1)]) >= 0);
+        }
+    }
+    TStringList loaded;
+    Classes::TBytesStream stream(std::span(data, size).subspan(3));
+    loaded.LoadFromStream(&stream);
+    RequireSame(loaded, &TStringList::setText, &TStringList::getText);
+    return 0;
+}

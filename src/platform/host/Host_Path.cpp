@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: MIT
+#include "platform/host/Host_Path.h"
+
+#include "platform/host/Host_Error.h"
+
+#include <array>
+#include <cstdlib>
+#include <memory>
+#include <mutex>
+#include <optional>
+
+#include <unicode/utf16.h>
+#include <unicode/utf8.h>
+#include <unistd.h>
+
+namespace Sysutils
+{
+
+namespace
+{
+
+constexpr char16_t ByteSurrogate = 0xDC00;
+
+struct DriveTable
+{
+    std::mutex guard;
+    std::array<std::string, 26> roots;
+
+    DriveTable() { roots['C' - 'A'] = "/"; }
+};
+
+DriveTable& Drives()
+{
+    static DriveTable drives;
+    return drives;
+}
+
+std::optional<std::size_t> DriveIndex(char16_t letter)
+{
+    if (letter >= u'A' && letter <= u'Z') {
+        return letter - u'A';
+    }
+    if (letter >= u'a' && letter <= u'z') {
+        return letter - u'a';
+    }
+    return std::nullopt;
+}
+
+bool HasDrive(std::u16string_view path)
+{
+    return path.size() >= 2 && path[1] == u':' && DriveIndex(path[0]);
+}
+
+bool IsSeparator(char16_t unit)
+{
+    return unit == u'\\' || unit == u'/';
+}
+
+/// Whether U+DC00 + `byte` is a form that `FromHostPath` gives.
+bool IsKeptByte(char16_t unit)
+{
+    return (unit >= 0xDC80 && unit <= 0xDCFF) || unit == ByteSurrogate + '\\' || unit == ByteSurrogate + ':';
+}
+
+void AppendUtf8(std::string& bytes, UChar32 character)
+{
+    char encoded[U8_MAX_LENGTH];
+    int32_t length = 0;
+    U8_APPEND_UNSAFE(encoded, length, character);
+    bytes.append(encoded, static_cast<std::size_t>(length));
+}
+
+bool AppendHostBytes(std::string& bytes, std::u16string_view path)
+{
+    for (std::size_t i = 0; i < path.size(); ++i) {
+        const char16_t unit = path[i];
+        if (IsSeparator(unit)) {
+            bytes += '/';
+        } else if (U16_IS_LEAD(unit) && i + 1 < path.size() && U16_IS_TRAIL(path[i + 1])) {
+            AppendUtf8(bytes, U16_GET_SUPPLEMENTARY(unit, path[i + 1]));
+            ++i;
+        } else if (IsKeptByte(unit)) {
+            bytes += static_cast<char>(unit - ByteSurrogate);
+        } else if (unit == 0 || U16_IS_SURROGATE(unit)) {
+            return false;
+        } else {
+            AppendUtf8(bytes, unit);
+        }
+    }
+    return true;
+}
+
+bool CurrentDirectoryIsIn(const std::string& root)
+{
+    const std::unique_ptr<char, decltype(&std::free)> current(::getcwd(nullptr, 0), &std::free);
+    if (!current) {
+        return false;
+    }
+    const std::string_view folder = current.get();
+    return root == "/" || folder == root || (folder.starts_with(root) && folder[root.size()] == '/');
+}
+
+/// The start of a path on `root`, to which the rest of the path behind the drive is appended.
+std::string DriveStart(const std::string& root, bool rooted, bool empty)
+{
+    if (!rooted && CurrentDirectoryIsIn(root)) {
+        return empty ? "." : std::string();
+    }
+    if (root == "/") {
+        return rooted ? std::string() : root;
+    }
+    return rooted || empty ? root : root + "/";
+}
+
+std::string NoHostPath(unsigned long code)
+{
+    SetLastError(code);
+    return {};
+}
+
+/// Appends one character of `bytes` from `position` on, and gives the position behind it.
+std::size_t AppendText(System::UnicodeString& text, std::string_view bytes, std::size_t position)
+{
+    const auto* start = reinterpret_cast<const std::uint8_t*>(bytes.data()) + position;
+    const auto room = static_cast<int32_t>(std::min<std::size_t>(bytes.size() - position, U8_MAX_LENGTH));
+    int32_t length = 0;
+    UChar32 character = 0;
+    U8_NEXT(start, length, room, character);
+    if (character < 0 || character == '\\') {
+        text += static_cast<char16_t>(ByteSurrogate + *start);
+        return position + 1;
+    }
+    if (character > 0xFFFF) {
+        text += U16_LEAD(character);
+        text += U16_TRAIL(character);
+    } else {
+        text += character == '/' ? u'\\' : static_cast<char16_t>(character);
+    }
+    return position + static_cast<std::size_t>(length);
+}
+
+} // namespace
+
+std::string HostPath(const System::UnicodeString& path)
+{
+    std::u16string_view rest = path.AsView();
+    if (rest.empty()) {
+        return NoHostPath(ERROR_PATH_NOT_FOUND);
+    }
+    if (rest.starts_with(u"\\\\?\\") && HasDrive(rest.substr(4))) {
+        rest.remove_prefix(4);
+    }
+    std::string bytes;
+    if (HasDrive(rest)) {
+        const std::string root = GetDrive(rest[0]);
+        rest.remove_prefix(2);
+        if (root.empty()) {
+            return NoHostPath(ERROR_PATH_NOT_FOUND);
+        }
+        bytes = DriveStart(root, !rest.empty() && IsSeparator(rest[0]), rest.empty());
+    }
+    bytes.reserve(bytes.size() + rest.size());
+    return AppendHostBytes(bytes, rest) ? bytes : NoHostPath(ERROR_INVALID_NAME);
+}
+
+System::UnicodeString FromHostPath(std::string_view hostPath)
+{
+    while (hostPath.starts_with("//")) {
+        hostPath.remove_prefix(1);
+    }
+    System::UnicodeString text;
+    std::size_t position = 0;
+    while (position < hostPath.size()) {
+        position = AppendText(text, hostPath, position);
+    }
+    if (HasDrive(text.AsView())) {
+        text[2] = ByteSurrogate + ':';
+    }
+    return text;
+}
+
+bool SetDrive(System::WideChar letter, std::string_view hostRoot)
+{
+    const auto index = DriveIndex(letter);
+    if (!index || (!hostRoot.empty() && !hostRoot.starts_with('/')) ||
+        hostRoot.find('\0') != std::string_view::npos) {
+        return Host::Fail(ERROR_INVALID_PARAMETER);
+    }
+    while (hostRoot.size() > 1 && hostRoot.ends_with('/')) {
+        hostRoot.remove_suffix(1);
+    }
+    DriveTable& drives = Drives();
+    const std::lock_guard lock(drives.guard);
+    drives.roots[*index] = hostRoot;
+    return true;
+}
+
+std::string GetDrive(System::WideChar letter)
+{
+    const auto index = DriveIndex(letter);
+    if (!index) {
+        return {};
+    }
+    DriveTable& drives = Drives();
+    const std::lock_guard lock(drives.guard);
+    return drives.roots[*index];
+}
+
+} // namespace Sysutils
