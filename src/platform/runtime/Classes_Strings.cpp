@@ -4,12 +4,10 @@
 #include "platform/runtime/Classes_Stream.h"
 #include "platform/runtime/Classes_Update.h"
 #include "platform/runtime/System_ClassBuilder.h"
+#include "platform/runtime/Sysutils_Text.h"
 
 #include <algorithm>
 #include <numeric>
-
-#include <unicode/ucol.h>
-#include <unicode/uloc.h>
 
 namespace Classes
 {
@@ -47,46 +45,10 @@ void AddItem(Items& items, View text)
 
 // The order of lines
 
-/// Null if the host has no collation data. Collators may be shared between threads.
-const UCollator* OpenCollator(UCollationStrength strength)
-{
-    // The collation of the plain C locale would set upper and lower case apart as different letters.
-    const View language = View(u"en_US_POSIX");
-    const std::string_view locale = uloc_getDefault();
-    const bool isPlain = std::ranges::equal(language, locale, {}, {}, [](char c) {
-        return static_cast<char16_t>(static_cast<unsigned char>(c));
-    });
-    UErrorCode status = U_ZERO_ERROR;
-    UCollator* collator = ucol_open(isPlain ? "" : uloc_getDefault(), &status);
-    if (U_FAILURE(status) != 0) {
-        return nullptr;
-    }
-    ucol_setStrength(collator, strength);
-    return collator;
-}
-
-int Collate(View a, View b, bool caseSensitive)
-{
-    static const UCollator* const exact = OpenCollator(UCOL_TERTIARY);
-    static const UCollator* const folding = OpenCollator(UCOL_SECONDARY);
-    const UCollator* collator = caseSensitive ? exact : folding;
-    return collator == nullptr ? 0
-                               : ucol_strcoll(collator, a.data(), static_cast<int32_t>(a.size()), b.data(),
-                                              static_cast<int32_t>(b.size()));
-}
-
-/// The language's order, and among what that takes for the same, such as control characters, the order of the
-/// characters: lines that differ never count as duplicates.
+/// The language's order; lines that differ never count as duplicates.
 int CompareLines(const UnicodeString& a, const UnicodeString& b, bool caseSensitive)
 {
-    if (a == b) {
-        return 0;
-    }
-    const int order = Collate(a.AsView(), b.AsView(), caseSensitive);
-    if (order != 0) {
-        return order;
-    }
-    return caseSensitive ? a.Compare(b) : a.CompareIC(b);
+    return caseSensitive ? Sysutils::AnsiCompareStr(a, b) : Sysutils::AnsiCompareText(a, b);
 }
 
 // Text with delimiters
