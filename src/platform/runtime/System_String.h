@@ -317,13 +317,19 @@ public:
     /// A null pointer gives the empty text.
     UnicodeString(const WideChar* text) : Base(Detail::SafeView(text)) {}
     UnicodeString(const WideChar* text, int count) : Base(Detail::SafeView(text, count)) {}
-    UnicodeString(WideChar character) : Base(View(&character, 1)) {}
+    template <std::same_as<WideChar> Character>
+    UnicodeString(Character character) : Base(View(&character, 1))
+    {
+    }
     UnicodeString(const char* text) : Base(DecodeText(DefaultSystemCodePage, Detail::SafeView(text))) {}
     UnicodeString(const char* text, int count)
         : Base(DecodeText(DefaultSystemCodePage, Detail::SafeView(text, count)))
     {
     }
-    UnicodeString(char character) : Base(DecodeText(DefaultSystemCodePage, {&character, 1})) {}
+    template <std::same_as<char> Character>
+    UnicodeString(Character character) : Base(DecodeText(DefaultSystemCodePage, {&character, 1}))
+    {
+    }
     /// For callers that hold the host's 32-bit wide text.
     UnicodeString(const wchar_t* text) : Base(Detail::FromUtf32(Detail::SafeView(text))) {}
     template <CodePage CP>
@@ -380,7 +386,11 @@ public:
     /// A null pointer gives the empty text.
     AnsiStringT(const char* text) : Base(Detail::SafeView(text)) {}
     AnsiStringT(const char* text, int count) : Base(Detail::SafeView(text, count)) {}
-    AnsiStringT(char character) : Base(std::string_view(&character, 1)) {}
+    /// Only for a `char` itself: a wide character is text of the wide type.
+    template <std::same_as<char> Character>
+    AnsiStringT(Character character) : Base(std::string_view(&character, 1))
+    {
+    }
     AnsiStringT(const UnicodeString& text) : Base(EncodeText(TextCodePage, text.AsView())) {}
     explicit AnsiStringT(std::u16string_view text) : Base(EncodeText(TextCodePage, text)) {}
     explicit AnsiStringT(const WideChar* text) : AnsiStringT(Detail::SafeView(text)) {}

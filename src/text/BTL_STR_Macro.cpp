@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: MIT
+#include "text/BTL_STR_Macro.h"
+
+#include "platform/runtime/Classes_Strings.h"
+#include "text/BTL_STR_Command.h"
+#include "text/BTL_STR_Cut.h"
+#include "text/BTL_STR_Replace.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace BTL
+{
+
+namespace
+{
+
+using System::AnsiString;
+using System::UnicodeString;
+
+// The bounds of expansions within text that expansions inserted: far above what any configuration needs, far
+// below what hangs a program.
+constexpr std::size_t MaxDepth = 100;
+constexpr std::size_t MaxNestedExpansions = 10'000;
+constexpr std::size_t MaxNestedText = 16 * 1024 * 1024;
+constexpr std::size_t MaxBody = 64 * 1024 * 1024;
+
+template <class S>
+std::vector<S> ReadCommaText(const S& text)
+{
+    Classes::TStringList list;
+    list.setCommaText(text);
+    std::vector<S> items;
+    for (int i = 0; i < list.getCount(); ++i) {
+        items.push_back(S(list.getStrings(i)));
+    }
+    return items;
+}
+
+/// Expands the calls of one macro with parameters.
+template <class S>
+class CMacroExpander
+{
+    using Char = typename S::CharType;
+    using View = typename S::View;
+    /// Text still to be searched, back to front: its begin, where the work is, is cheap to change.
+    using TPending = std::basic_string<Char>;
+
+public:
+    CMacroExpander(const S& macro, const S& body)
+        : mName(LeftSubStringUntil(macro, Char('('))),
+          mParameters(ReadCommaText(DelimSubString2(macro, Char('('), Char(')'), 1))),
+          mBody(body),
+          mReversedName(mName.AsView().rbegin(), mName.AsView().rend())
+    {
+    }
+
+    S Expand(const S& text)
+    {
+        mPending.assign(text.AsView().rbegin(), text.AsView().rend());
+        while (ExpandNext()) {
+        }
+        Take(mPending.size());
+        return std::move(mDone);
+    }
+
+private:
+    /// Expands the first call that is left; false if there is none, or expansion is refused.
+    bool ExpandNext()
+    {
+        const auto name = mReversedName.empty() ? TPending::npos : mPending.rfind(mReversedName);
+        const auto open = Behind(name, Char('('));
+        const auto close = Behind(open, Char(')'));
+        if (close == TPending::npos) {
+            return false;
+        }
+        const std::size_t callEnd = name + mReversedName.size();
+        LeaveInsertedText(callEnd);
+        const S values(View(TPending(mPending.rend() - static_cast<std::ptrdiff_t>(open),
+                                     mPending.rend() - static_cast<std::ptrdiff_t>(close + 1))));
+        const std::optional<S> expanded = FillBody(ReadCommaText(values));
+        if (!expanded || !IsWithinBounds(static_cast<std::size_t>(expanded->Length()))) {
+            return false;
+        }
+        // The begin of a name may have been finished by what was inserted, so that much is searched again.
+        const std::size_t before = mPending.size() - callEnd;
+        Take(before - std::min(before, mReversedName.size() - 1));
+        const TPending kept = mPending.substr(callEnd);
+        mPending.resize(close);
+        mInsertedEnds.push_back(close);
+        mPending.append(expanded->AsView().rbegin(), expanded->AsView().rend());
+        mPending += kept;
+        return true;
+    }
+
+    /// The index of the next `c` behind another place; both count from the end of the text.
+    std::size_t Behind(std::size_t place, Char c) const
+    {
+        return place == TPending::npos || place == 0 ? TPending::npos : mPending.rfind(c, place - 1);
+    }
+
+    /// Moves `count` characters from the begin of the pending text to the result.
+    void Take(std::size_t count)
+    {
+        mTaken.assign(mPending.rbegin(), mPending.rbegin() + static_cast<std::ptrdiff_t>(count));
+        mDone.Append(mTaken);
+        mPending.resize(mPending.size() - count);
+    }
+
+    /// Forgets the insertions that lie wholly in front of the call.
+    void LeaveInsertedText(std::size_t callEnd)
+    {
+        while (!mInsertedEnds.empty() && mInsertedEnds.back() >= callEnd) {
+            mInsertedEnds.pop_back();
+        }
+    }
+
+    bool IsWithinBounds(std::size_t length)
+    {
+        if (mInsertedEnds.empty()) {
+            return true;
+        }
+        mNestedText += length;
+        return mInsertedEnds.size() < MaxDepth && ++mNestedExpansions < MaxNestedExpansions &&
+               mNestedText < MaxNestedText;
+    }
+
+    /// The body with its values; nothing if it grows out of all proportion.
+    std::optional<S> FillBody(const std::vector<S>& values) const
+    {
+        S body = mBody;
+        for (std::size_t i = 0; i < std::min(mParameters.size(), values.size()); ++i) {
+            const S formal = S("%") + mParameters[i];
+            if (ExchangedLength(body, formal, values[i]) > MaxBody) {
+                return std::nullopt;
+            }
+            body = ExchangeAll(body, formal, values[i]);
+        }
+        return body;
+    }
+
+    static std::size_t ExchangedLength(const S& text, const S& formal, const S& value)
+    {
+        const auto view = text.AsView();
+        const auto length = static_cast<std::size_t>(formal.Length());
+        std::size_t count = 0;
+        for (auto at = view.find(formal.AsView()); at != View::npos;
+             at = view.find(formal.AsView(), at + length)) {
+            ++count;
+        }
+        return view.size() + count * static_cast<std::size_t>(value.Length());
+    }
+
+    S mName;
+    std::vector<S> mParameters;
+    S mBody;
+    TPending mReversedName;
+    TPending mPending;
+    TPending mTaken;
+    S mDone;
+    /// Where the insertions end that the search is in, as sizes of the pending text behind them.
+    std::vector<std::size_t> mInsertedEnds;
+    std::size_t mNestedExpansions = 0;
+    std::size_t mNestedText = 0;
+};
+
+template <class S>
+S Apply(const S& text, const S& macro, const S& body)
+{
+    if (macro.Pos(typename S::CharType('(')) == 0) {
+        return ExchangeAll(text, macro, body);
+    }
+    return CMacroExpander<S>(macro, body).Expand(text);
+}
+
+} // namespace
+
+UnicodeString ApplyMacro(const UnicodeString& text, const UnicodeString& macro, const UnicodeString& body)
+{
+    return Apply(text, macro, body);
+}
+
+AnsiString ApplyMacro(const AnsiString& text, const AnsiString& macro, const AnsiString& body)
+{
+    return Apply(text, macro, body);
+}
+
+} // namespace BTL
