@@ -206,7 +206,8 @@ void TComponent::RemoveComponent(TComponent* component)
     if (component == nullptr || component->mOwner != this) {
         return;
     }
-    Notification(component, opRemove);
+    // In the destructor only this class is left to be told, and no more is meant.
+    Notification(component, opRemove); // NOLINT(clang-analyzer-optin.cplusplus.VirtualCall)
     // A handler of the notification may have removed it already.
     if (component->mOwner == this) {
         component->SetReference(false);
@@ -466,7 +467,9 @@ TCollection::TCollection(TMetaClass* itemClass) : mItemClass(itemClass)
 TCollection::~TCollection()
 {
     ++mUpdateCount;
-    Clear();
+    while (!mItems.empty()) {
+        delete mItems.back();
+    }
 }
 
 void TCollection::CheckIndex(int index, int limit) const

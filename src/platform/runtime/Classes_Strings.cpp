@@ -414,19 +414,7 @@ UnicodeString TStrings::getValueFromIndex(int index) const
 
 void TStrings::setValueFromIndex(int index, const UnicodeString& value)
 {
-    if (value.IsEmpty()) {
-        if (index >= 0) {
-            Delete(index);
-        }
-        return;
-    }
-    const UnicodeString name = index < 0 ? UnicodeString() : getNames(index);
-    const UnicodeString line = name + mNameValueSeparator + value;
-    if (index < 0) {
-        Add(line);
-    } else {
-        Put(index, line);
-    }
+    StoreValue(index, index < 0 ? UnicodeString() : getNames(index), value);
 }
 
 UnicodeString TStrings::getValues(const UnicodeString& name) const
@@ -437,7 +425,11 @@ UnicodeString TStrings::getValues(const UnicodeString& name) const
 
 void TStrings::setValues(const UnicodeString& name, const UnicodeString& value)
 {
-    const int index = IndexOfName(name);
+    StoreValue(IndexOfName(name), name, value);
+}
+
+void TStrings::StoreValue(int index, const UnicodeString& name, const UnicodeString& value)
+{
     if (value.IsEmpty()) {
         if (index >= 0) {
             Delete(index);
