@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/Host_FileHandle.h"
 
+#include "platform/host/Host_Error.h"
+#include "platform/host/Host_Path.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <system_error>
+#include <string>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -44,56 +47,58 @@ int OpenFlags(FileAccess access)
     return O_RDWR | O_CREAT | O_TRUNC;
 }
 
-OpenedFile Failure(int error)
+/// `result`, with the last error set if it tells of a failure.
+Int64 Checked(Int64 result)
 {
-    return {-1, System::FromUtf8(std::generic_category().message(error))};
+    if (result < 0) {
+        FailErrno();
+    }
+    return result;
 }
 
 } // namespace
 
-OpenedFile OpenFileHandle(const UnicodeString& path, FileAccess access)
+std::intptr_t OpenFileHandle(const UnicodeString& path, FileAccess access)
 {
-    std::string name = System::ToUtf8(path);
-    if (name.find('\0') != std::string::npos) {
-        return Failure(EINVAL);
+    const std::string name = Sysutils::HostPath(path);
+    if (name.empty()) {
+        return -1;
     }
-    std::ranges::replace(name, '\\', '/');
     const int handle = Retry([&] { return open(name.c_str(), OpenFlags(access) | O_CLOEXEC, 0666); });
-    if (handle < 0) {
-        return Failure(errno);
-    }
     struct stat info = {};
-    if (fstat(handle, &info) == 0 && S_ISDIR(info.st_mode)) {
+    if (handle >= 0 && fstat(handle, &info) == 0 && S_ISDIR(info.st_mode)) {
         close(handle);
-        return Failure(EISDIR);
+        Fail(ERROR_ACCESS_DENIED);
+        return -1;
     }
-    return {handle, {}};
+    return Checked(handle);
 }
 
 Int64 ReadFileHandle(std::intptr_t handle, void* buffer, Int64 count)
 {
     const auto size = static_cast<std::size_t>(std::max<Int64>(count, 0));
-    return Retry([&] { return read(static_cast<int>(handle), buffer, size); });
+    return Checked(Retry([&] { return read(static_cast<int>(handle), buffer, size); }));
 }
 
 Int64 WriteFileHandle(std::intptr_t handle, const void* buffer, Int64 count)
 {
     const auto size = static_cast<std::size_t>(std::max<Int64>(count, 0));
-    return Retry([&] { return write(static_cast<int>(handle), buffer, size); });
+    return Checked(Retry([&] { return write(static_cast<int>(handle), buffer, size); }));
 }
 
 Int64 SeekFileHandle(std::intptr_t handle, Int64 offset, int origin)
 {
     constexpr std::array origins{SEEK_SET, SEEK_CUR, SEEK_END};
     if (origin < 0 || origin >= static_cast<int>(origins.size())) {
+        Fail(ERROR_INVALID_PARAMETER);
         return -1;
     }
-    return lseek(static_cast<int>(handle), offset, origins[static_cast<std::size_t>(origin)]);
+    return Checked(lseek(static_cast<int>(handle), offset, origins[static_cast<std::size_t>(origin)]));
 }
 
 bool ResizeFileHandle(std::intptr_t handle, Int64 size)
 {
-    return Retry([&] { return ftruncate(static_cast<int>(handle), size); }) == 0;
+    return Checked(Retry([&] { return ftruncate(static_cast<int>(handle), size); })) == 0;
 }
 
 void CloseFileHandle(std::intptr_t handle)

@@ -5,7 +5,8 @@
 
 #include <cstdint>
 
-// Open files of the host as plain handles; -1 is no handle. A call that fails gives -1 or `false`.
+// Open files of the host as plain handles; -1 is no handle. A call that fails gives -1 or `false`
+// and sets the last error.
 namespace Host
 {
 
@@ -18,14 +19,8 @@ enum class FileAccess
     Create
 };
 
-struct OpenedFile
-{
-    std::intptr_t handle = -1;
-    /// The host's reason for a failure.
-    System::UnicodeString error;
-};
-
-OpenedFile OpenFileHandle(const System::UnicodeString& path, FileAccess access);
+/// -1 with the last error set if the host refuses.
+std::intptr_t OpenFileHandle(const System::UnicodeString& path, FileAccess access);
 System::Int64 ReadFileHandle(std::intptr_t handle, void* buffer, System::Int64 count);
 System::Int64 WriteFileHandle(std::intptr_t handle, const void* buffer, System::Int64 count);
 /// `origin` is 0 for the beginning, 1 for the position, 2 for the end.

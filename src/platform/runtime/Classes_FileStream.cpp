@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/Classes_Stream.h"
 
+#include "platform/host/Host_Error.h"
 #include "platform/host/Host_FileHandle.h"
 #include "platform/runtime/System_ClassBuilder.h"
 
 #include <algorithm>
+#include <array>
 
 namespace Classes
 {
@@ -17,6 +19,14 @@ using System::UnicodeString;
 namespace
 {
 
+UnicodeString LastErrorText()
+{
+    std::array<System::WideChar, 512> text{};
+    const unsigned long length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM, nullptr, GetLastError(), 0,
+                                                text.data(), text.size(), nullptr);
+    return {text.data(), static_cast<int>(length)};
+}
+
 std::intptr_t Open(const UnicodeString& path, System::Word mode)
 {
     const bool create = (mode & fmCreate) == fmCreate;
@@ -24,14 +34,15 @@ std::intptr_t Open(const UnicodeString& path, System::Word mode)
                         : (mode & 3) == fmOpenRead  ? Host::FileAccess::Read
                         : (mode & 3) == fmOpenWrite ? Host::FileAccess::Write
                                                     : Host::FileAccess::ReadWrite;
-    const Host::OpenedFile file = Host::OpenFileHandle(path, access);
-    if (file.handle >= 0) {
-        return file.handle;
+    const std::intptr_t handle = Host::OpenFileHandle(path, access);
+    if (handle >= 0) {
+        return handle;
     }
+    const UnicodeString reason = LastErrorText();
     if (create) {
-        throw EFCreateError(u"Cannot create file \"" + path + u"\". " + file.error);
+        throw EFCreateError(u"Cannot create file \"" + path + u"\". " + reason);
     }
-    throw EFOpenError(u"Cannot open file \"" + path + u"\". " + file.error);
+    throw EFOpenError(u"Cannot open file \"" + path + u"\". " + reason);
 }
 
 } // namespace

@@ -265,8 +265,8 @@ void TComponent::FreeNotification(TComponent* component)
         Link(*component);
         component->Link(*this);
     }
-    mState.Set(csFreeNotification, true);
-    component->mState.Set(csFreeNotification, true);
+    SetState(csFreeNotification, true);
+    component->SetState(csFreeNotification, true);
 }
 
 void TComponent::RemoveFreeNotification(TComponent* component)
@@ -340,9 +340,18 @@ void TComponent::ChangeName(const UnicodeString& name)
     mName = name;
 }
 
+void TComponent::SetState(TComponentStateFlag flag, bool value)
+{
+    if (value) {
+        mState << flag;
+    } else {
+        mState >> flag;
+    }
+}
+
 void TComponent::SetDesigning(bool value, bool setChildren)
 {
-    mState.Set(csDesigning, value);
+    SetState(csDesigning, value);
     if (setChildren) {
         for (TComponent* component : mComponents) {
             component->SetDesigning(value, true);
@@ -352,7 +361,7 @@ void TComponent::SetDesigning(bool value, bool setChildren)
 
 void TComponent::SetAncestor(bool value)
 {
-    mState.Set(csAncestor, value);
+    SetState(csAncestor, value);
     for (TComponent* component : mComponents) {
         component->SetAncestor(value);
     }
@@ -363,7 +372,7 @@ void TComponent::Destroying()
     if (mState.Contains(csDestroying)) {
         return;
     }
-    mState.Set(csDestroying, true);
+    SetState(csDestroying, true);
     for (TComponent* component : mComponents) {
         component->Destroying();
     }
@@ -371,7 +380,7 @@ void TComponent::Destroying()
 
 void TComponent::Loaded()
 {
-    mState.Set(csLoading, false);
+    SetState(csLoading, false);
 }
 
 // TCollectionItem

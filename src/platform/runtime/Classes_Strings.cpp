@@ -43,14 +43,6 @@ void AddItem(Items& items, View text)
     items.push_back({UnicodeString(text), nullptr});
 }
 
-// The order of lines
-
-/// The language's order; lines that differ never count as duplicates.
-int CompareLines(const UnicodeString& a, const UnicodeString& b, bool caseSensitive)
-{
-    return caseSensitive ? Sysutils::AnsiCompareStr(a, b) : Sysutils::AnsiCompareText(a, b);
-}
-
 // Text with delimiters
 
 /// How a list is written as one line.
@@ -567,7 +559,7 @@ void TStrings::AppendItems(Items&& items)
 
 int TStrings::CompareStrings(const UnicodeString& a, const UnicodeString& b) const
 {
-    return CompareLines(a, b, false);
+    return Sysutils::AnsiCompareText(a, b);
 }
 
 bool TStrings::EqualStrings(const UnicodeString& a, const UnicodeString& b) const
@@ -888,7 +880,7 @@ void TStringList::MergeItems(Items&& items)
 
 int TStringList::CompareStrings(const UnicodeString& a, const UnicodeString& b) const
 {
-    return CompareLines(a, b, mCaseSensitive);
+    return mCaseSensitive ? Sysutils::AnsiCompareStr(a, b) : Sysutils::AnsiCompareText(a, b);
 }
 
 bool TStringList::EqualStrings(const UnicodeString& a, const UnicodeString& b) const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/runtime/System_Object.h"
+#include "platform/runtime/System_Set.h"
 
 #include <limits>
 #include <optional>
@@ -193,6 +194,48 @@ struct GPropTraits<T>
     }
     static TPropValue ToValue(T value) { return static_cast<System::Int64>(value); }
     static T FromValue(const TPropValue& value) { return static_cast<T>(std::get<System::Int64>(value)); }
+};
+
+/// A set's ordinal has one bit for each value, the lowest for `Min`.
+template <class T, T Min, T Max>
+struct GPropTraits<System::Set<T, Min, Max>>
+{
+    using Set = System::Set<T, Min, Max>;
+    static constexpr int Count = static_cast<int>(Max) - static_cast<int>(Min) + 1;
+    static_assert(Count < 63, "the set has too many values for an ordinal");
+
+    static const TTypeInfo* TypeInfo()
+    {
+        static const TTypeInfo info = [] {
+            TTypeInfo set{.Kind = tkSet, .Name = u"Set"};
+            set.MaxValue = (System::Int64{1} << Count) - 1;
+            set.ElementType = GPropTraits<T>::TypeInfo();
+            return set;
+        }();
+        return &info;
+    }
+    static TPropValue ToValue(const Set& value)
+    {
+        System::Int64 bits = 0;
+        for (int i = 0; i < Count; ++i) {
+            bits |= System::Int64{value.Contains(ValueAt(i))} << i;
+        }
+        return bits;
+    }
+    static Set FromValue(const TPropValue& value)
+    {
+        const System::Int64 bits = std::get<System::Int64>(value);
+        Set set;
+        for (int i = 0; i < Count; ++i) {
+            if ((bits >> i & 1) != 0) {
+                set << ValueAt(i);
+            }
+        }
+        return set;
+    }
+
+private:
+    static T ValueAt(int index) { return static_cast<T>(static_cast<int>(Min) + index); }
 };
 
 template <class T>
