@@ -317,12 +317,12 @@ const TTypeInfo* TypeInfoOf()
 // has no properties.
 
 /// Null if there is no such property.
-TRS8_BTL_API TPropInfo* GetPropInfo(System::TMetaClass* type, const System::UnicodeString& name);
+TRS8_BTL_API TPropInfo* GetPropInfo(const System::TMetaClass* type, const System::UnicodeString& name);
 TRS8_BTL_API TPropInfo* GetPropInfo(const System::TObject* object, const System::UnicodeString& name);
 /// All properties in the order of the description, the parent's first; or by name if `sorted`.
-TRS8_BTL_API std::vector<TPropInfo*> GetPropList(System::TMetaClass* type, bool sorted = false);
+TRS8_BTL_API std::vector<TPropInfo*> GetPropList(const System::TMetaClass* type, bool sorted = false);
 TRS8_BTL_API std::vector<TPropInfo*> GetPropList(const System::TObject* object, bool sorted = false);
-TRS8_BTL_API bool IsPublishedProp(System::TMetaClass* type, const System::UnicodeString& name);
+TRS8_BTL_API bool IsPublishedProp(const System::TMetaClass* type, const System::UnicodeString& name);
 TRS8_BTL_API bool IsPublishedProp(const System::TObject* object, const System::UnicodeString& name);
 TRS8_BTL_API bool IsStoredProp(const System::TObject* object, const TPropInfo* info);
 /// `tkUnknown` if there is no such property.
