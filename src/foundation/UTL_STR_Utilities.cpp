@@ -181,6 +181,9 @@ bool IsDigitStringOf(const Char* text, bool sign, bool blanks)
     return *text == 0;
 }
 
+/// What `SPrintf` gives at most.
+constexpr int LongestPrinted = 511;
+
 constexpr int WholeText = -1;
 
 /// The order of the first `count` characters, as `strncmp` gives it.
@@ -561,6 +564,16 @@ CString FloatToString(float value)
     const auto end =
         std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, 6).ptr;
     return std::string(buffer.data(), end);
+}
+
+CString VSPrintf(const char* format, System::TVarArgs arguments)
+{
+    return System::PrintfA(format, arguments).SubString(1, LongestPrinted);
+}
+
+CString VSPrintf(const WideChar* format, System::TVarArgs arguments)
+{
+    return System::AnsiString(System::Printf(format, arguments)).SubString(1, LongestPrinted);
 }
 
 } // namespace UTL

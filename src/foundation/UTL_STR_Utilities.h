@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/UTL_STR_String.h"
+#include "platform/runtime/System_Printf.h"
 #include "platform/runtime/System_String.h"
 
 namespace UTL
@@ -111,5 +112,22 @@ TRS8_BTL_API int GetWords(const System::WideChar* text, int count, unsigned& off
 TRS8_BTL_API CString IntToString(int value);
 /// `value` with up to 6 significant digits, as a stream writes it.
 TRS8_BTL_API CString FloatToString(float value);
+
+/// Formats by the rules of `System::PrintfA`, which raises `Sysutils::EConvertError` where the arguments
+/// don't fit. A result of more than 511 characters is cut there. The result of a wide format is narrowed.
+TRS8_BTL_API CString VSPrintf(const char* format, System::TVarArgs arguments);
+TRS8_BTL_API CString VSPrintf(const System::WideChar* format, System::TVarArgs arguments);
+
+template <class... Arguments>
+CString SPrintf(const char* format, const Arguments&... arguments)
+{
+    return VSPrintf(format, System::TVarArgs{System::TVarRec(arguments)...});
+}
+
+template <class... Arguments>
+CString SPrintf(const System::WideChar* format, const Arguments&... arguments)
+{
+    return VSPrintf(format, System::TVarArgs{System::TVarRec(arguments)...});
+}
 
 } // namespace UTL

@@ -1,0 +1,270 @@
+// SPDX-License-Identifier: MIT
+#include "foundation/UTL_STR_SimpleString.h"
+
+#include "foundation/UTL_ASRT_Assert.h"
+#include "foundation/UTL_Links.h"
+#include "foundation/UTL_STR_Utilities.h"
+#include "platform/runtime/Sysutils_Number.h"
+
+#include <algorithm>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace UTL
+{
+
+using System::AnsiString;
+using System::UnicodeString;
+using System::WideChar;
+
+namespace
+{
+
+/// What a write outside of a string goes to.
+thread_local char outside = 0;
+
+/// The array of a fresh string, for the caller to own.
+char* NewText(std::string_view a, std::string_view b = {})
+{
+    auto* const result = new char[a.size() + b.size() + 1];
+    *std::copy(b.begin(), b.end(), std::copy(a.begin(), a.end(), result)) = 0;
+    return result;
+}
+
+/// What stands in `text` from `offset` on.
+template <class Char>
+std::basic_string_view<Char> Tail(const Char* text, int offset)
+{
+    const auto view = System::Detail::SafeView(text);
+    return view.substr(std::min(static_cast<std::size_t>(std::max(offset, 0)), view.size()));
+}
+
+/// The narrow form of `text` that keeps a null pointer null.
+class NarrowText
+{
+public:
+    explicit NarrowText(const WideChar* text) : mText(text), mIsNull(text == nullptr) {}
+
+    const char* Get() const { return mIsNull ? nullptr : mText.c_str(); }
+
+private:
+    AnsiString mText;
+    bool mIsNull;
+};
+
+} // namespace
+
+static_assert(sizeof(CSimpleString) == sizeof(char*));
+
+CSimpleString::CSimpleString(const CSimpleString& other)
+{
+    *this = other.mText;
+}
+
+CSimpleString::CSimpleString(CSimpleString&& other) noexcept : mText(std::exchange(other.mText, nullptr)) {}
+
+CSimpleString::CSimpleString(const char* text)
+{
+    *this = text;
+}
+
+CSimpleString::CSimpleString(const WideChar* text)
+{
+    *this = text;
+}
+
+CSimpleString::CSimpleString(const AnsiString& text)
+{
+    *this = text;
+}
+
+CSimpleString::CSimpleString(const UnicodeString& text)
+{
+    *this = text;
+}
+
+CSimpleString::CSimpleString(const CSimpleString& text, int offset)
+{
+    _assign(text, offset);
+}
+
+CSimpleString::CSimpleString(const char* text, int offset)
+{
+    _assign(text, offset);
+}
+
+CSimpleString::CSimpleString(const WideChar* text, int offset)
+{
+    _assign(text, offset);
+}
+
+CSimpleString& CSimpleString::operator=(CSimpleString&& other) noexcept
+{
+    std::swap(mText, other.mText);
+    return *this;
+}
+
+CSimpleString& CSimpleString::operator=(std::nullptr_t) noexcept
+{
+    clear();
+    return *this;
+}
+
+CSimpleString& CSimpleString::operator=(const char* text)
+{
+    if (text != mText) {
+        char* const fresh = text == nullptr ? nullptr : NewText(text);
+        delete[] std::exchange(mText, fresh);
+    }
+    return *this;
+}
+
+CSimpleString& CSimpleString::operator=(const WideChar* text)
+{
+    return *this = NarrowText(text).Get();
+}
+
+void CSimpleString::_assign(const char* text, int offset)
+{
+    const std::string_view tail = Tail(text, offset);
+    char* const fresh = tail.empty() ? nullptr : NewText(tail);
+    delete[] std::exchange(mText, fresh);
+}
+
+void CSimpleString::_assign(const WideChar* text, int offset)
+{
+    _assign(AnsiString(Tail(text, offset)).c_str(), 0);
+}
+
+CSimpleString& CSimpleString::operator+=(const char* text)
+{
+    if (text != nullptr) {
+        char* const joined = NewText(c_str(), text);
+        delete[] std::exchange(mText, joined);
+    }
+    return *this;
+}
+
+CSimpleString& CSimpleString::operator+=(const WideChar* text)
+{
+    return *this += NarrowText(text).Get();
+}
+
+CSimpleString CSimpleString::operator+(const char* text) const
+{
+    CSimpleString result(*this);
+    result += text;
+    return result;
+}
+
+CSimpleString CSimpleString::operator+(const WideChar* text) const
+{
+    return *this + NarrowText(text).Get();
+}
+
+bool CSimpleString::operator==(const char* text) const
+{
+    return IsEqual(mText, text);
+}
+
+bool CSimpleString::operator==(const WideChar* text) const
+{
+    return *this == NarrowText(text).Get();
+}
+
+bool CSimpleString::operator<(const char* text) const
+{
+    return IsLess(mText, text);
+}
+
+bool CSimpleString::operator<(const WideChar* text) const
+{
+    return *this < NarrowText(text).Get();
+}
+
+char& CSimpleString::operator[](int index)
+{
+    if (!IsInside(index, 363)) {
+        outside = 0;
+        // The analyzer takes a thread's variable for null.
+        return outside; // NOLINT(clang-analyzer-core.uninitialized.UndefReturn)
+    }
+    return mText[index];
+}
+
+const char& CSimpleString::operator[](int index) const
+{
+    static constexpr char zero = 0;
+    return IsInside(index, 369) ? mText[index] : zero;
+}
+
+bool CSimpleString::IsInside(int index, int line) const
+{
+    const bool isInside = index >= 0 && index < length();
+    if (!isInside) {
+        THROW_XAssert("", "UTL_STR_SimpleString.cpp", line);
+    }
+    return isInside;
+}
+
+int CSimpleString::length() const noexcept
+{
+    return static_cast<int>(std::string_view(c_str()).size());
+}
+
+void CSimpleString::clear() noexcept
+{
+    delete[] std::exchange(mText, nullptr);
+}
+
+bool CSimpleString::GetLong(long& value) const
+{
+    return UTL::GetLong(mText, value);
+}
+
+bool CSimpleString::GetDouble(double& value) const
+{
+    return UTL::GetDouble(mText, value);
+}
+
+int CSimpleString::ToIntDef(int defaultValue) const
+{
+    return Sysutils::StrToIntDef(UnicodeString(c_str()), defaultValue);
+}
+
+double CSimpleString::ToDoubleDef(double defaultValue) const
+{
+    double value = defaultValue;
+    const auto toDouble = Links().ToDouble;
+    const bool isNumber = toDouble != nullptr ? toDouble(c_str(), value) : UTL::GetDouble(mText, value);
+    return isNumber ? value : defaultValue;
+}
+
+void CSimpleString::AssignInteger(System::Int64 value)
+{
+    *this = std::to_string(value).c_str();
+}
+
+void CSimpleString::AssignUnsigned(System::UInt64 value)
+{
+    *this = std::to_string(value).c_str();
+}
+
+void CSimpleString::AssignFloat(double value)
+{
+    *this = Sysutils::FloatToStr(value);
+}
+
+void CSimpleString::AssignFloat(long double value)
+{
+    *this = Sysutils::FloatToStr(value);
+}
+
+std::ostream& operator<<(std::ostream& stream, const CSimpleString& text)
+{
+    return stream << text.c_str();
+}
+
+} // namespace UTL
