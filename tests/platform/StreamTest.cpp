@@ -224,6 +224,16 @@ TEST(StreamTest, FileErrorsTellTheFileAndTheReason)
     EXPECT_THROW(TFileStream(u"", fmCreate), EFCreateError);
 }
 
+TEST(StreamTest, FilesAreSharedAsTheirOpenersAllow)
+{
+    const Support::TempFolder folder;
+    const UnicodeString path = System::FromUtf8((folder.Path() / "shared").string());
+    const TFileStream first(path, fmCreate | fmShareDenyWrite);
+    EXPECT_THROW(TFileStream(path, fmOpenWrite | fmShareDenyNone), EFOpenError);
+    EXPECT_THROW(TFileStream(path, fmCreate | fmShareDenyNone), EFCreateError);
+    EXPECT_NO_THROW(TFileStream(path, fmOpenRead | fmShareDenyNone));
+}
+
 TEST(StreamTest, MemoryGoesToAFileAndBack)
 {
     const Support::TempFolder folder;

@@ -19,11 +19,7 @@ enum class Side
     Right
 };
 
-/// A set of sides in one byte.
-struct Sides
-{
-    Byte bits = 0;
-};
+using Sides = Set<Side, Side::Left, Side::Right>;
 
 } // namespace
 
@@ -31,23 +27,6 @@ template <>
 struct Typinfo::GEnumType<Side>
 {
     static TTypeInfo Make() { return EnumType(u"Side", {u"sdLeft", u"sdRight"}); }
-};
-
-template <>
-struct Typinfo::GPropTraits<Sides>
-{
-    static const TTypeInfo* TypeInfo()
-    {
-        static const TTypeInfo info = [] {
-            TTypeInfo set{.Kind = tkSet, .Name = u"Sides"};
-            set.MaxValue = 3;
-            set.ElementType = TypeInfoOf<Side>();
-            return set;
-        }();
-        return &info;
-    }
-    static TPropValue ToValue(Sides value) { return Int64{value.bits}; }
-    static Sides FromValue(const TPropValue& value) { return {static_cast<Byte>(std::get<Int64>(value))}; }
 };
 
 namespace
@@ -155,7 +134,7 @@ TEST(TypinfoTest, KnowsKindAndTypeOfEachProperty)
         {u"CAPTION", tkUString, u"string"},
         {u"Self", tkClass, u"Widget"},
         {u"Side", tkEnumeration, u"Side"},
-        {u"Sides", tkSet, u"Sides"},
+        {u"Sides", tkSet, u"Set"},
         {u"Visible", tkEnumeration, u"Boolean"},
         {u"Letter", tkChar, u"AnsiChar"},
         {u"Small", tkInteger, u"Word"},
@@ -223,6 +202,8 @@ TEST(TypinfoTest, ReadsAndWritesOrdinals)
         EXPECT_EQ(GetInt64Prop(&widget, test.name), test.good);
     }
     EXPECT_EQ(widget.side, Side::Right);
+    SetOrdProp(&widget, u"Sides", 2);
+    EXPECT_EQ(widget.sides, Sides() << Side::Right);
     SetInt64Prop(&widget, u"Big", INT64_MIN);
     EXPECT_EQ(GetInt64Prop(&widget, u"Big"), INT64_MIN);
 }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/Classes_Stream.h"
 
-#include "platform/host/Host_FileHandle.h"
+#include "platform/host/Host_Error.h"
+#include "platform/host/Host_File.h"
 #include "platform/runtime/System_ClassBuilder.h"
 
 #include <algorithm>
@@ -11,27 +12,26 @@ namespace Classes
 
 using System::GClassBuilder;
 using System::Int64;
+using System::NativeInt;
 using System::TMetaClass;
 using System::UnicodeString;
 
 namespace
 {
 
-std::intptr_t Open(const UnicodeString& path, System::Word mode)
+NativeInt Open(const UnicodeString& path, System::Word mode)
 {
     const bool create = (mode & fmCreate) == fmCreate;
-    const auto access = create                      ? Host::FileAccess::Create
-                        : (mode & 3) == fmOpenRead  ? Host::FileAccess::Read
-                        : (mode & 3) == fmOpenWrite ? Host::FileAccess::Write
-                                                    : Host::FileAccess::ReadWrite;
-    const Host::OpenedFile file = Host::OpenFileHandle(path, access);
-    if (file.handle >= 0) {
-        return file.handle;
+    const NativeInt handle =
+        create ? Sysutils::FileCreate(path, unsigned{mode}, 0) : Sysutils::FileOpen(path, mode);
+    if (handle != Host::InvalidHandle) {
+        return handle;
     }
+    const UnicodeString rest = u" file \"" + path + u"\". " + Sysutils::SysErrorMessage(GetLastError());
     if (create) {
-        throw EFCreateError(u"Cannot create file \"" + path + u"\". " + file.error);
+        throw EFCreateError(u"Cannot create" + rest);
     }
-    throw EFOpenError(u"Cannot open file \"" + path + u"\". " + file.error);
+    throw EFOpenError(u"Cannot open" + rest);
 }
 
 } // namespace
@@ -51,7 +51,7 @@ Int64 THandleStream::Read(void* buffer, Int64 count)
     if (buffer == nullptr || count <= 0) {
         return 0;
     }
-    return std::max(Host::ReadFileHandle(mHandle, buffer, count), Int64{0});
+    return std::max(Host::ReadFile(mHandle, buffer, count), Int64{0});
 }
 
 Int64 THandleStream::Write(const void* buffer, Int64 count)
@@ -59,19 +59,19 @@ Int64 THandleStream::Write(const void* buffer, Int64 count)
     if (buffer == nullptr || count <= 0) {
         return 0;
     }
-    return std::max(Host::WriteFileHandle(mHandle, buffer, count), Int64{0});
+    return std::max(Host::WriteFile(mHandle, buffer, count), Int64{0});
 }
 
 Int64 THandleStream::Seek(Int64 offset, TSeekOrigin origin)
 {
-    return Host::SeekFileHandle(mHandle, offset, origin);
+    return Host::SeekFile(mHandle, offset, origin);
 }
 
 void THandleStream::setSize(Int64 size)
 {
     size = std::max(size, Int64{0});
-    if (!Host::ResizeFileHandle(mHandle, size)) {
-        throw EStreamError(u"The size of the file can't be changed");
+    if (!Host::ResizeFile(mHandle, size)) {
+        throw EStreamError(Sysutils::SysErrorMessage(GetLastError()));
     }
     Seek(size, soBeginning);
 }
@@ -91,7 +91,7 @@ TFileStream::TFileStream(const UnicodeString& path, System::Word mode)
 
 TFileStream::~TFileStream()
 {
-    Host::CloseFileHandle(getHandle());
+    Sysutils::FileClose(getHandle());
 }
 
 } // namespace Classes

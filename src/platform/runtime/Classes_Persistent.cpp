@@ -206,7 +206,8 @@ void TComponent::RemoveComponent(TComponent* component)
     if (component == nullptr || component->mOwner != this) {
         return;
     }
-    Notification(component, opRemove);
+    // In the destructor only this class is left to be told, and no more is meant.
+    Notification(component, opRemove); // NOLINT(clang-analyzer-optin.cplusplus.VirtualCall)
     // A handler of the notification may have removed it already.
     if (component->mOwner == this) {
         component->SetReference(false);
@@ -264,8 +265,8 @@ void TComponent::FreeNotification(TComponent* component)
         Link(*component);
         component->Link(*this);
     }
-    mState.Set(csFreeNotification, true);
-    component->mState.Set(csFreeNotification, true);
+    SetState(csFreeNotification, true);
+    component->SetState(csFreeNotification, true);
 }
 
 void TComponent::RemoveFreeNotification(TComponent* component)
@@ -339,9 +340,18 @@ void TComponent::ChangeName(const UnicodeString& name)
     mName = name;
 }
 
+void TComponent::SetState(TComponentStateFlag flag, bool value)
+{
+    if (value) {
+        mState << flag;
+    } else {
+        mState >> flag;
+    }
+}
+
 void TComponent::SetDesigning(bool value, bool setChildren)
 {
-    mState.Set(csDesigning, value);
+    SetState(csDesigning, value);
     if (setChildren) {
         for (TComponent* component : mComponents) {
             component->SetDesigning(value, true);
@@ -351,7 +361,7 @@ void TComponent::SetDesigning(bool value, bool setChildren)
 
 void TComponent::SetAncestor(bool value)
 {
-    mState.Set(csAncestor, value);
+    SetState(csAncestor, value);
     for (TComponent* component : mComponents) {
         component->SetAncestor(value);
     }
@@ -362,7 +372,7 @@ void TComponent::Destroying()
     if (mState.Contains(csDestroying)) {
         return;
     }
-    mState.Set(csDestroying, true);
+    SetState(csDestroying, true);
     for (TComponent* component : mComponents) {
         component->Destroying();
     }
@@ -370,7 +380,7 @@ void TComponent::Destroying()
 
 void TComponent::Loaded()
 {
-    mState.Set(csLoading, false);
+    SetState(csLoading, false);
 }
 
 // TCollectionItem
@@ -466,7 +476,9 @@ TCollection::TCollection(TMetaClass* itemClass) : mItemClass(itemClass)
 TCollection::~TCollection()
 {
     ++mUpdateCount;
-    Clear();
+    while (!mItems.empty()) {
+        delete mItems.back();
+    }
 }
 
 void TCollection::CheckIndex(int index, int limit) const

@@ -3,8 +3,8 @@
 
 #include "platform/runtime/Classes_Exceptions.h"
 #include "platform/runtime/System_Object.h"
+#include "platform/runtime/System_Set.h"
 
-#include <cstdint>
 #include <unordered_map>
 #include <vector>
 
@@ -58,20 +58,7 @@ enum TComponentStateFlag
     csDesignInstance
 };
 
-/// The flags of a component, a small set by value.
-class TComponentState
-{
-public:
-    bool Contains(TComponentStateFlag flag) const noexcept { return (mBits >> flag & 1U) != 0; }
-    void Set(TComponentStateFlag flag, bool value) noexcept
-    {
-        const std::uint32_t bit = 1U << flag;
-        mBits = value ? mBits | bit : mBits & ~bit;
-    }
-
-private:
-    std::uint32_t mBits = 0;
-};
+using TComponentState = System::Set<TComponentStateFlag, csLoading, csDesignInstance>;
 
 /// An object with a name that may own other components and destroys them, the last one first, when it goes
 /// itself. Components are made by `new`; one without an owner belongs to its maker. Names are unique within
@@ -126,9 +113,9 @@ public:
     void SetDesigning(bool value, bool setChildren = true);
     /// Marks this component and what it owns as inherited from an ancestor form, or not.
     void SetAncestor(bool value);
-    void SetInline(bool value) noexcept { mState.Set(csInline, value); }
+    void SetInline(bool value) { SetState(csInline, value); }
     /// Sets or clears the flag that a reader raises while it reads the component.
-    void SetLoading(bool value) noexcept { mState.Set(csLoading, value); }
+    void SetLoading(bool value) { SetState(csLoading, value); }
     /// Marks this component and what it owns as being destroyed. Called by the destructor; a derived class
     /// whose own destructor must know calls it earlier.
     void Destroying();
@@ -149,6 +136,7 @@ protected:
     void ChangeName(const System::UnicodeString& name);
 
 private:
+    void SetState(TComponentStateFlag flag, bool value);
     void Attach(TComponent& component);
     void Detach(TComponent& component);
     void Link(TComponent& component);

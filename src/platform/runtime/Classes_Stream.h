@@ -4,6 +4,7 @@
 #include "platform/runtime/Classes_Exceptions.h"
 #include "platform/runtime/System_Object.h"
 #include "platform/runtime/Sysutils_Encoding.h"
+#include "platform/runtime/Sysutils_File.h"
 
 #include <span>
 #include <vector>
@@ -18,18 +19,17 @@ enum TSeekOrigin
     soEnd
 };
 
-// The mode word of a file stream: one of the first group, plus one of the second.
+// The mode word of a file stream: how it is opened, plus what others may do with the file meanwhile.
 
-inline constexpr System::Word fmCreate = 0xFF00;
-inline constexpr System::Word fmOpenRead = 0;
-inline constexpr System::Word fmOpenWrite = 1;
-inline constexpr System::Word fmOpenReadWrite = 2;
-
-inline constexpr System::Word fmShareCompat = 0;
-inline constexpr System::Word fmShareExclusive = 0x10;
-inline constexpr System::Word fmShareDenyWrite = 0x20;
-inline constexpr System::Word fmShareDenyRead = 0x30;
-inline constexpr System::Word fmShareDenyNone = 0x40;
+using Sysutils::fmCreate;
+using Sysutils::fmOpenRead;
+using Sysutils::fmOpenReadWrite;
+using Sysutils::fmOpenWrite;
+using Sysutils::fmShareCompat;
+using Sysutils::fmShareDenyNone;
+using Sysutils::fmShareDenyRead;
+using Sysutils::fmShareDenyWrite;
+using Sysutils::fmShareExclusive;
 
 /// A row of bytes with a position. A stream belongs to one thread at a time.
 class TRS8_BTL_API TStream : public System::TObject
@@ -169,7 +169,7 @@ class TRS8_BTL_API THandleStream : public TStream
     TRS8_BTL_CLASS(THandleStream, TStream)
 
 public:
-    explicit THandleStream(std::intptr_t handle) noexcept : mHandle(handle) {}
+    explicit THandleStream(System::NativeInt handle) noexcept : mHandle(handle) {}
     ~THandleStream() override;
 
     System::Int64 Read(void* buffer, System::Int64 count) override;
@@ -177,10 +177,10 @@ public:
     System::Int64 Seek(System::Int64 offset, TSeekOrigin origin) override;
     void setSize(System::Int64 size) override;
 
-    std::intptr_t getHandle() const noexcept { return mHandle; }
+    System::NativeInt getHandle() const noexcept { return mHandle; }
 
 private:
-    std::intptr_t mHandle;
+    System::NativeInt mHandle;
 };
 
 /// A stream over a file that it opens and closes itself.
@@ -189,8 +189,8 @@ class TRS8_BTL_API TFileStream : public THandleStream
     TRS8_BTL_CLASS(TFileStream, THandleStream)
 
 public:
-    /// `mode` is one of the `fm` words. `fmCreate` empties a file that exists. `EFCreateError` or
-    /// `EFOpenError` if the host refuses.
+    /// `mode` is an open mode plus a share mode. `fmCreate` empties a file that exists. `EFCreateError` or
+    /// `EFOpenError` if the host refuses, or another opener does who doesn't share the file.
     TFileStream(const System::UnicodeString& path, System::Word mode);
     ~TFileStream() override;
 

@@ -43,14 +43,6 @@ void AddItem(Items& items, View text)
     items.push_back({UnicodeString(text), nullptr});
 }
 
-// The order of lines
-
-/// The language's order; lines that differ never count as duplicates.
-int CompareLines(const UnicodeString& a, const UnicodeString& b, bool caseSensitive)
-{
-    return caseSensitive ? Sysutils::AnsiCompareStr(a, b) : Sysutils::AnsiCompareText(a, b);
-}
-
 // Text with delimiters
 
 /// How a list is written as one line.
@@ -414,19 +406,7 @@ UnicodeString TStrings::getValueFromIndex(int index) const
 
 void TStrings::setValueFromIndex(int index, const UnicodeString& value)
 {
-    if (value.IsEmpty()) {
-        if (index >= 0) {
-            Delete(index);
-        }
-        return;
-    }
-    const UnicodeString name = index < 0 ? UnicodeString() : getNames(index);
-    const UnicodeString line = name + mNameValueSeparator + value;
-    if (index < 0) {
-        Add(line);
-    } else {
-        Put(index, line);
-    }
+    StoreValue(index, index < 0 ? UnicodeString() : getNames(index), value);
 }
 
 UnicodeString TStrings::getValues(const UnicodeString& name) const
@@ -437,7 +417,11 @@ UnicodeString TStrings::getValues(const UnicodeString& name) const
 
 void TStrings::setValues(const UnicodeString& name, const UnicodeString& value)
 {
-    const int index = IndexOfName(name);
+    StoreValue(IndexOfName(name), name, value);
+}
+
+void TStrings::StoreValue(int index, const UnicodeString& name, const UnicodeString& value)
+{
     if (value.IsEmpty()) {
         if (index >= 0) {
             Delete(index);
@@ -575,7 +559,7 @@ void TStrings::AppendItems(Items&& items)
 
 int TStrings::CompareStrings(const UnicodeString& a, const UnicodeString& b) const
 {
-    return CompareLines(a, b, false);
+    return Sysutils::AnsiCompareText(a, b);
 }
 
 bool TStrings::EqualStrings(const UnicodeString& a, const UnicodeString& b) const
@@ -896,7 +880,7 @@ void TStringList::MergeItems(Items&& items)
 
 int TStringList::CompareStrings(const UnicodeString& a, const UnicodeString& b) const
 {
-    return CompareLines(a, b, mCaseSensitive);
+    return mCaseSensitive ? Sysutils::AnsiCompareStr(a, b) : Sysutils::AnsiCompareText(a, b);
 }
 
 bool TStringList::EqualStrings(const UnicodeString& a, const UnicodeString& b) const

@@ -156,6 +156,7 @@ protected:
     void CheckIndex(int index, int limit) const;
 
 private:
+    void StoreValue(int index, const System::UnicodeString& name, const System::UnicodeString& value);
     void ReplaceLines(std::vector<TStringItem>&& items);
 
     System::UnicodeString mLineBreak;

@@ -300,10 +300,7 @@ template <class Callable, class R, class... Args>
 class GCallableCode<Callable, R(Args...)> final : public GMethodCode<R(Args...)>
 {
 public:
-    template <class Source>
-    explicit GCallableCode(Source&& callable) : mCallable(std::forward<Source>(callable))
-    {
-    }
+    explicit GCallableCode(Callable callable) : mCallable(std::move(callable)) {}
 
     bool Equals(const TMethodCode& other) const noexcept override { return this == &other; }
     R Invoke(void*, Args... args) const override
@@ -374,16 +371,15 @@ public:
 
     /// A null function pointer or empty `std::function` gives the empty closure.
     template <class Callable>
-    requires(!std::same_as<std::remove_cvref_t<Callable>, TClosure> &&
-             std::is_invocable_r_v<R, std::decay_t<Callable>&, Args...>) TClosure(Callable&& callable)
+    requires(!std::same_as<Callable, TClosure> && std::is_invocable_r_v<R, Callable&, Args...>)
+        TClosure(Callable callable)
     {
         if constexpr (requires { callable == nullptr; }) {
             if (callable == nullptr) {
                 return;
             }
         }
-        mMethod.Code = std::make_shared<Detail::GCallableCode<std::decay_t<Callable>, Signature>>(
-            std::forward<Callable>(callable));
+        mMethod.Code = std::make_shared<Detail::GCallableCode<Callable, Signature>>(std::move(callable));
     }
 
     /// Raises `Sysutils::EInvalidCast` if the method has another signature.

@@ -3,12 +3,10 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 
 namespace Sysutils
 {
-
-using System::GSharedText;
-using System::WideChar;
 
 namespace
 {
@@ -28,29 +26,26 @@ std::size_t LowByte(System::CodePage codePage)
     return codePage == TEncoding::Utf16BigEndian ? 1 : 0;
 }
 
-GSharedText<char> ToUnits(std::u16string_view text, std::size_t low)
+std::string ToUnits(std::u16string_view text, std::size_t low)
 {
-    auto bytes = GSharedText<char>::Uninitialized(text.size() * UnitSize);
-    char* out = bytes.Unique();
-    for (const WideChar unit : text) {
-        out[low] = static_cast<char>(unit & 0xFF);
-        out[1 - low] = static_cast<char>(unit >> 8);
-        out += UnitSize;
+    std::string bytes(text.size() * UnitSize, '\0');
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        bytes[UnitSize * i + low] = static_cast<char>(text[i] & 0xFF);
+        bytes[UnitSize * i + 1 - low] = static_cast<char>(text[i] >> 8);
     }
     return bytes;
 }
 
-GSharedText<WideChar> FromUnits(std::string_view bytes, std::size_t low)
+std::u16string FromUnits(std::string_view bytes, std::size_t low)
 {
-    auto text = GSharedText<WideChar>::Uninitialized(bytes.size() / UnitSize);
-    WideChar* out = text.Unique();
-    for (std::size_t i = 0; i + 1 < bytes.size(); i += UnitSize) {
-        const auto lowByte = static_cast<unsigned char>(bytes[i + low]);
-        const auto highByte = static_cast<unsigned char>(bytes[i + 1 - low]);
-        *out++ = static_cast<WideChar>(highByte << 8 | lowByte);
+    std::u16string text(bytes.size() / UnitSize, u'\0');
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto lowByte = static_cast<unsigned char>(bytes[UnitSize * i + low]);
+        const auto highByte = static_cast<unsigned char>(bytes[UnitSize * i + 1 - low]);
+        text[i] = static_cast<char16_t>(highByte << 8 | lowByte);
     }
     if (bytes.size() % UnitSize != 0) {
-        text.Append(u"\uFFFD");
+        text += u'\uFFFD';
     }
     return text;
 }
@@ -111,7 +106,7 @@ std::string_view TEncoding::GetPreamble() const noexcept
 System::RawByteString TEncoding::GetBytes(const System::UnicodeString& text) const
 {
     if (mCodePage == Utf16 || mCodePage == Utf16BigEndian) {
-        return System::RawByteString(ToUnits(text.AsView(), LowByte(mCodePage)));
+        return System::RawByteString(std::string_view(ToUnits(text.AsView(), LowByte(mCodePage))));
     }
     return System::RawByteString(System::EncodeText(mCodePage, text.AsView()));
 }
@@ -119,7 +114,7 @@ System::RawByteString TEncoding::GetBytes(const System::UnicodeString& text) con
 System::UnicodeString TEncoding::GetString(std::string_view bytes) const
 {
     if (mCodePage == Utf16 || mCodePage == Utf16BigEndian) {
-        return System::UnicodeString(FromUnits(bytes, LowByte(mCodePage)));
+        return System::UnicodeString(std::u16string_view(FromUnits(bytes, LowByte(mCodePage))));
     }
     return System::UnicodeString(System::DecodeText(mCodePage, bytes));
 }

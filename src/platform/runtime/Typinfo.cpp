@@ -147,7 +147,7 @@ void TPropInfo::Write(TObject* object, const TPropValue& value) const
     }
 }
 
-TPropInfo* GetPropInfo(TMetaClass* type, const UnicodeString& name)
+TPropInfo* GetPropInfo(const TMetaClass* type, const UnicodeString& name)
 {
     return type == nullptr ? nullptr : type->FindProperty(name);
 }
@@ -157,7 +157,7 @@ TPropInfo* GetPropInfo(const TObject* object, const UnicodeString& name)
     return object == nullptr ? nullptr : GetPropInfo(object->ClassType(), name);
 }
 
-std::vector<TPropInfo*> GetPropList(TMetaClass* type, bool sorted)
+std::vector<TPropInfo*> GetPropList(const TMetaClass* type, bool sorted)
 {
     std::vector<TPropInfo*> list;
     if (type == nullptr) {
@@ -177,7 +177,7 @@ std::vector<TPropInfo*> GetPropList(const TObject* object, bool sorted)
     return GetPropList(object == nullptr ? nullptr : object->ClassType(), sorted);
 }
 
-bool IsPublishedProp(TMetaClass* type, const UnicodeString& name)
+bool IsPublishedProp(const TMetaClass* type, const UnicodeString& name)
 {
     return GetPropInfo(type, name) != nullptr;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/runtime/System_Object.h"
+#include "platform/runtime/System_Set.h"
 
 #include <limits>
 #include <optional>
@@ -195,6 +196,48 @@ struct GPropTraits<T>
     static T FromValue(const TPropValue& value) { return static_cast<T>(std::get<System::Int64>(value)); }
 };
 
+/// A set's ordinal has one bit for each value, the lowest for `Min`.
+template <class T, T Min, T Max>
+struct GPropTraits<System::Set<T, Min, Max>>
+{
+    using Set = System::Set<T, Min, Max>;
+    static constexpr int Count = static_cast<int>(Max) - static_cast<int>(Min) + 1;
+    static_assert(Count < 63, "the set has too many values for an ordinal");
+
+    static const TTypeInfo* TypeInfo()
+    {
+        static const TTypeInfo info = [] {
+            TTypeInfo set{.Kind = tkSet, .Name = u"Set"};
+            set.MaxValue = (System::Int64{1} << Count) - 1;
+            set.ElementType = GPropTraits<T>::TypeInfo();
+            return set;
+        }();
+        return &info;
+    }
+    static TPropValue ToValue(const Set& value)
+    {
+        System::Int64 bits = 0;
+        for (int i = 0; i < Count; ++i) {
+            bits |= System::Int64{value.Contains(ValueAt(i))} << i;
+        }
+        return bits;
+    }
+    static Set FromValue(const TPropValue& value)
+    {
+        const System::Int64 bits = std::get<System::Int64>(value);
+        Set set;
+        for (int i = 0; i < Count; ++i) {
+            if ((bits >> i & 1) != 0) {
+                set << ValueAt(i);
+            }
+        }
+        return set;
+    }
+
+private:
+    static T ValueAt(int index) { return static_cast<T>(static_cast<int>(Min) + index); }
+};
+
 template <class T>
 requires std::floating_point<T>
 struct GPropTraits<T>
@@ -274,12 +317,12 @@ const TTypeInfo* TypeInfoOf()
 // has no properties.
 
 /// Null if there is no such property.
-TRS8_BTL_API TPropInfo* GetPropInfo(System::TMetaClass* type, const System::UnicodeString& name);
+TRS8_BTL_API TPropInfo* GetPropInfo(const System::TMetaClass* type, const System::UnicodeString& name);
 TRS8_BTL_API TPropInfo* GetPropInfo(const System::TObject* object, const System::UnicodeString& name);
 /// All properties in the order of the description, the parent's first; or by name if `sorted`.
-TRS8_BTL_API std::vector<TPropInfo*> GetPropList(System::TMetaClass* type, bool sorted = false);
+TRS8_BTL_API std::vector<TPropInfo*> GetPropList(const System::TMetaClass* type, bool sorted = false);
 TRS8_BTL_API std::vector<TPropInfo*> GetPropList(const System::TObject* object, bool sorted = false);
-TRS8_BTL_API bool IsPublishedProp(System::TMetaClass* type, const System::UnicodeString& name);
+TRS8_BTL_API bool IsPublishedProp(const System::TMetaClass* type, const System::UnicodeString& name);
 TRS8_BTL_API bool IsPublishedProp(const System::TObject* object, const System::UnicodeString& name);
 TRS8_BTL_API bool IsStoredProp(const System::TObject* object, const TPropInfo* info);
 /// `tkUnknown` if there is no such property.
