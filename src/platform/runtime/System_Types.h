@@ -18,6 +18,8 @@ using LongWord = std::uint32_t;
 using Int64 = long long;
 using UInt64 = unsigned long long;
 using Extended = long double;
+/// As wide as a pointer; the handles of files are of this type.
+using NativeInt = std::intptr_t;
 
 /// A code page by its number.
 using CodePage = std::uint16_t;
