@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/runtime/System_String.h"
+
+/// The number of this process.
+TRS8_BTL_API unsigned long GetCurrentProcessId();
+
+/// Writes the full path of a module with a zero behind it to `buffer`, which has room for `size` characters:
+/// of the running program for null, else of the program or library that holds the address `module`. Gives the
+/// count of characters; 0 with the last error 126 if no module holds it. A longer path is cut: the result is
+/// `size` then, and the last error 122.
+TRS8_BTL_API unsigned long GetModuleFileNameW(const void* module, System::WideChar* buffer,
+                                              unsigned long size);
+
+namespace Host
+{
+
+/// The full path of the running program, links resolved; empty on a failure.
+TRS8_BTL_API System::UnicodeString ProgramPath();
+
+} // namespace Host

@@ -1,0 +1,272 @@
+// SPDX-License-Identifier: MIT
+#include "platform/host/Host_Shell.h"
+
+#include "platform/host/Host_Descriptor.h"
+#include "platform/host/Host_Error.h"
+#include "platform/host/Host_File.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstring>
+#include <future>
+#include <thread>
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using System::NativeInt;
+using System::UnicodeString;
+
+extern char** environ;
+
+namespace
+{
+
+constexpr NativeInt Started = 42;
+
+struct SpawnActions
+{
+    posix_spawn_file_actions_t files;
+    posix_spawnattr_t attributes;
+
+    SpawnActions()
+    {
+        posix_spawn_file_actions_init(&files);
+        posix_spawnattr_init(&attributes);
+    }
+    SpawnActions(const SpawnActions&) = delete;
+    SpawnActions& operator=(const SpawnActions&) = delete;
+    ~SpawnActions()
+    {
+        posix_spawn_file_actions_destroy(&files);
+        posix_spawnattr_destroy(&attributes);
+    }
+};
+
+/// Starts a program in a session of its own, with the signals as at a fresh start; 0 or the `errno`.
+/// `program` is a path, or a name to look for in the usual folders.
+int Spawn(const std::string& program, const std::vector<std::string>& arguments, const std::string& folder,
+          pid_t& process)
+{
+    SpawnActions actions;
+    posix_spawn_file_actions_addopen(&actions.files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    if (!folder.empty()) {
+        posix_spawn_file_actions_addchdir_np(&actions.files, folder.c_str());
+    }
+    sigset_t signals;
+    sigemptyset(&signals);
+    posix_spawnattr_setsigmask(&actions.attributes, &signals);
+    sigaddset(&signals, SIGPIPE);
+    sigaddset(&signals, SIGCHLD);
+    posix_spawnattr_setsigdefault(&actions.attributes, &signals);
+    posix_spawnattr_setflags(&actions.attributes,
+                             POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+
+    std::vector<char*> vector;
+    vector.push_back(const_cast<char*>(program.c_str()));
+    std::ranges::transform(arguments, std::back_inserter(vector),
+                           [](const std::string& text) { return const_cast<char*>(text.c_str()); });
+    vector.push_back(nullptr);
+    return posix_spawnp(&process, program.c_str(), &actions.files, &actions.attributes, vector.data(),
+                        environ);
+}
+
+/// Waits for the end of the process in the background, so that it leaves no entry behind; the future tells
+/// the exit code, 0 if it can't be told.
+std::future<int> Reap(pid_t process)
+{
+    std::promise<int> exitCode;
+    std::future<int> result = exitCode.get_future();
+    std::thread([process, exitCode = std::move(exitCode)]() mutable {
+        int status = 0;
+        pid_t ended = 0;
+        do {
+            ended = waitpid(process, &status, 0);
+        } while (ended == -1 && errno == EINTR);
+        exitCode.set_value(ended == process && WIFEXITED(status) ? WEXITSTATUS(status) : 0);
+    }).detach();
+    return result;
+}
+
+/// Two letters at least, since one is a drive, and then the colon.
+bool IsAddress(std::u16string_view text)
+{
+    const auto isSchemeCharacter = [](char16_t unit) {
+        return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') ||
+               (unit >= u'0' && unit <= u'9') || unit == u'+' || unit == u'-' || unit == u'.';
+    };
+    const auto end = std::ranges::find_if_not(text, isSchemeCharacter);
+    const auto first = text.empty() ? u'\0' : text[0];
+    const bool beginsWithLetter = (first >= u'a' && first <= u'z') || (first >= u'A' && first <= u'Z');
+    return beginsWithLetter && end != text.end() && *end == u':' && end - text.begin() > 1;
+}
+
+/// Whether the host can start the file: it has the permission, and the first bytes of a program or a script.
+bool IsProgram(const std::string& path)
+{
+    struct stat status;
+    if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode) || access(path.c_str(), X_OK) != 0) {
+        return false;
+    }
+    const Host::Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    char magic[4] = {};
+    const ssize_t length = file.IsOpen() ? read(file.Get(), magic, sizeof magic) : 0;
+    return (length == 4 && std::memcmp(magic, "\177ELF", 4) == 0) ||
+           (length >= 2 && std::memcmp(magic, "#!", 2) == 0);
+}
+
+NativeInt LastErrorResult()
+{
+    return static_cast<NativeInt>(GetLastError());
+}
+
+NativeInt StartProgram(const std::string& path, const UnicodeString& parameters, const std::string& folder)
+{
+    std::vector<std::string> arguments;
+    for (const UnicodeString& argument : Host::SplitArguments(parameters)) {
+        arguments.push_back(System::ToUtf8(argument));
+    }
+    pid_t process = 0;
+    if (const int error = Spawn(path, arguments, folder, process); error != 0) {
+        return static_cast<NativeInt>(Host::ErrorFromErrno(error));
+    }
+    Reap(process);
+    return Started;
+}
+
+/// `target` begins with `/` or with a scheme, so that it can't be taken for an option.
+NativeInt OpenOnDesktop(const std::string& target, const std::string& folder)
+{
+    pid_t process = 0;
+    if (const int error = Spawn("xdg-open", {target}, folder, process); error != 0) {
+        return error == ENOENT ? SE_ERR_NOASSOC : static_cast<NativeInt>(Host::ErrorFromErrno(error));
+    }
+    std::future<int> exitCode = Reap(process);
+    if (exitCode.wait_for(std::chrono::milliseconds(500)) != std::future_status::ready) {
+        return Started;
+    }
+    switch (exitCode.get()) {
+    case 0:
+        return Started;
+    case 2:
+        return ERROR_FILE_NOT_FOUND;
+    default:
+        return SE_ERR_NOASSOC;
+    }
+}
+
+/// The host's path of `file`, absolute; empty with the last error set on a failure.
+std::string AbsolutePath(const UnicodeString& file, const std::string& folder)
+{
+    std::string path = Sysutils::HostPath(file);
+    if (path.empty() || path.starts_with('/')) {
+        return path;
+    }
+    const std::string start = folder.starts_with('/') ? folder : Sysutils::HostPath(Host::CurrentDirectory());
+    if (start.empty()) {
+        return {};
+    }
+    const std::string between = folder.empty() || folder.starts_with('/') ? "/" : "/" + folder + "/";
+    return start + between + path;
+}
+
+NativeInt OpenFileOrFolder(const UnicodeString& file, const UnicodeString& parameters,
+                           const std::string& folder, bool explore)
+{
+    const std::string path = AbsolutePath(file, folder);
+    if (path.empty()) {
+        return LastErrorResult();
+    }
+    const auto info = Host::QueryFile(Sysutils::FromHostPath(path));
+    if (!info) {
+        return LastErrorResult();
+    }
+    if (explore && (info->attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+        return SE_ERR_NOASSOC;
+    }
+    return IsProgram(path) ? StartProgram(path, parameters, folder) : OpenOnDesktop(path, folder);
+}
+
+} // namespace
+
+NativeInt ShellExecuteW(void* /*owner*/, const System::WideChar* verb, const System::WideChar* file,
+                        const System::WideChar* parameters, const System::WideChar* directory, int /*show*/)
+{
+    const UnicodeString action = UnicodeString(verb).LowerCase();
+    const UnicodeString target(file);
+    const UnicodeString start(directory);
+    const bool explore = action == u"explore";
+    if (!action.IsEmpty() && action != u"open" && !explore) {
+        return SE_ERR_NOASSOC;
+    }
+    if (target.IsEmpty()) {
+        return ERROR_FILE_NOT_FOUND;
+    }
+    std::string folder;
+    if (!start.IsEmpty()) {
+        const auto info = Host::QueryFile(start);
+        if (!info || (info->attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+            return ERROR_PATH_NOT_FOUND;
+        }
+        folder = Sysutils::HostPath(start);
+    }
+    // A name may hold a colon as well.
+    if (IsAddress(target.AsView()) && !Host::QueryFile(target)) {
+        return OpenOnDesktop(System::ToUtf8(target), folder);
+    }
+    return OpenFileOrFolder(target, UnicodeString(parameters), folder, explore);
+}
+
+namespace Host
+{
+
+std::vector<UnicodeString> SplitArguments(const UnicodeString& text)
+{
+    std::vector<UnicodeString> arguments;
+    UnicodeString current;
+    bool quoted = false;
+    bool begun = false;
+    int backslashes = 0;
+    const auto takeBackslashes = [&](int count) {
+        current += UnicodeString::StringOfChar(u'\\', count);
+        backslashes = 0;
+    };
+    for (const char16_t unit : text.AsView()) {
+        if (unit == u'\\') {
+            ++backslashes;
+            begun = true;
+            continue;
+        }
+        if (unit == u'"') {
+            const bool isPlain = backslashes % 2 != 0;
+            takeBackslashes(backslashes / 2);
+            begun = true;
+            if (isPlain) {
+                current += unit;
+            } else {
+                quoted = !quoted;
+            }
+            continue;
+        }
+        takeBackslashes(backslashes);
+        if (quoted || (unit != u' ' && unit != u'\t')) {
+            current += unit;
+            begun = true;
+        } else if (begun) {
+            arguments.push_back(std::exchange(current, {}));
+            begun = false;
+        }
+    }
+    takeBackslashes(backslashes);
+    if (begun) {
+        arguments.push_back(current);
+    }
+    return arguments;
+}
+
+} // namespace Host

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/runtime/System_String.h"
+
+#include <vector>
+
+inline constexpr int SW_SHOWNORMAL = 1;
+inline constexpr int SW_SHOWDEFAULT = 10;
+
+/// Results of `ShellExecuteW` beside the numbers of `GetLastError`.
+inline constexpr System::NativeInt SE_ERR_NOASSOC = 31;
+
+/// Hands `file` to the desktop: a file or folder, or an address such as "http://..." or "mailto:...". A
+/// program is started itself, with `parameters` parted at blanks outside of quotes. The verbs are "open",
+/// which an empty `verb` means too, and "explore" for folders. Null texts count as empty.
+///
+/// The result is above 32 on success, else 2 for a missing file, 3 for a missing folder, 5 for a program that
+/// may not be started, 31 if the host has nothing that opens the file or knows the verb, or another error.
+/// `directory` is the folder to start in, and that from which a relative `file` counts. What was started runs
+/// apart from the caller and outlives it. Whether the desktop opens a file at last is known only if it
+/// refuses within half a second. `owner` and `show` are not looked at.
+TRS8_BTL_API System::NativeInt ShellExecuteW(void* owner, const System::WideChar* verb,
+                                             const System::WideChar* file, const System::WideChar* parameters,
+                                             const System::WideChar* directory, int show);
+
+namespace Host
+{
+
+/// The arguments in a text: parted at blanks and tabs outside of double quotes. Of backslashes in front of a
+/// quote each pair is one, and one left over makes the quote a plain character; elsewhere they are plain.
+TRS8_BTL_API std::vector<System::UnicodeString> SplitArguments(const System::UnicodeString& text);
+
+} // namespace Host
