@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "platform/host/Host_Path.h"
+#include "platform/host/Host_Shell.h"
+#include "platform/runtime/Ioutils.h"
+#include "platform/runtime/Sysutils_Exception.h"
+#include "platform/runtime/Sysutils_File.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+
+using System::UnicodeString;
+
+namespace
+{
+
+void Require(bool condition)
+{
+    if (!condition) {
+        std::abort();
+    }
+}
+
+/// Host paths are any bytes but the zero; all of them come back, but for double slashes at the begin.
+void RoundTrip(std::string_view bytes)
+{
+    while (bytes.starts_with("//")) {
+        bytes.remove_prefix(1);
+    }
+    if (bytes.empty() || bytes.find('\0') != std::string_view::npos) {
+        return;
+    }
+    const UnicodeString text = Sysutils::FromHostPath(bytes);
+    Require(Sysutils::HostPath(text) == bytes);
+    const std::string_view name = bytes.substr(bytes.rfind('/') + 1);
+    Require(Sysutils::HostPath(u"\\" + Sysutils::ExtractFileName(text)).substr(1) == name);
+}
+
+void TakeApart(const UnicodeString& path)
+{
+    const UnicodeString folder = Sysutils::ExtractFilePath(path);
+    Require(folder + Sysutils::ExtractFileName(path) == path);
+    Require(folder.AsView().starts_with(Sysutils::ExtractFileDir(path).AsView()));
+    Require(path.AsView().starts_with(Sysutils::ExtractFileDrive(path).AsView()));
+    Require(Sysutils::ChangeFileExt(path, Sysutils::ExtractFileExt(path)) == path);
+    const std::string host = Sysutils::HostPath(path);
+    Require(host.find('\0') == std::string::npos);
+
+    const UnicodeString full = Sysutils::ExpandFileName(path);
+    Require(Sysutils::ExpandFileName(full) == full);
+    Require(Sysutils::FileNameFits(path, path.IsEmpty() ? UnicodeString(u"*") : path));
+    Host::SplitArguments(path);
+}
+
+void Combine(const UnicodeString& first, const UnicodeString& second)
+{
+    try {
+        const UnicodeString combined = Ioutils::TPath::Combine(first, second);
+        Require(combined.AsView().ends_with(second.AsView()));
+        Ioutils::TPath::GetPathRoot(combined);
+        Ioutils::TPath::ChangeExtension(first, second);
+        Ioutils::TPath::GetFileNameWithoutExtension(combined);
+    } catch (const Sysutils::EArgumentException&) {
+        Require(first.Pos(u'\0') + second.Pos(u'\0') > 0);
+    }
+    const UnicodeString relative = Sysutils::ExtractRelativePath(first, second);
+    Require(relative.AsView().ends_with(Sysutils::ExtractFileName(second).AsView()));
+    Sysutils::FileNameFits(first, second);
+    Require(Sysutils::FileNameFits(first + second, first + u"*"));
+}
+
+} // namespace
+
+/// Takes the bytes as a path of the host, and as 16-bit units as a path of the library, whole and in halves.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    RoundTrip({reinterpret_cast<const char*>(data), size});
+    std::u16string units(size / 2, u'\0');
+    std::copy_n(data, units.size() * 2, reinterpret_cast<std::uint8_t*>(units.data()));
+    const std::u16string_view text = units;
+    TakeApart(UnicodeString(text));
+    TakeApart(UnicodeString(System::FromUtf8({reinterpret_cast<const char*>(data), size})));
+    Combine(UnicodeString(text.substr(0, text.size() / 2)), UnicodeString(text.substr(text.size() / 2)));
+    return 0;
+}
