@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#include "platform/visual/Forms.h"
+
+#include "platform/host/Host_Module.h"
+#include "platform/runtime/Sysutils_File.h"
+#include "platform/toolkit/MessageBox.h"
+#include "platform/toolkit/Toolkit.h"
+
+namespace Forms
+{
+
+constinit TApplication* Application = nullptr;
+constinit TScreen* Screen = nullptr;
+
+namespace
+{
+
+/// Makes the two global objects and takes them away again.
+class GlobalObjects
+{
+public:
+    GlobalObjects()
+    {
+        Application = &mApplication;
+        Screen = &mScreen;
+    }
+    GlobalObjects(const GlobalObjects&) = delete;
+    GlobalObjects& operator=(const GlobalObjects&) = delete;
+    ~GlobalObjects()
+    {
+        Application = nullptr;
+        Screen = nullptr;
+    }
+
+private:
+    TApplication mApplication;
+    TScreen mScreen;
+};
+
+// Units that ask for the program's folder while they start find the application there.
+[[gnu::init_priority(200)]] GlobalObjects globalObjects;
+
+} // namespace
+
+TApplication::TApplication()
+    : mTitle(Sysutils::ChangeFileExt(Sysutils::ExtractFileName(getExeName()), System::UnicodeString()))
+{
+}
+
+TApplication::~TApplication() = default;
+
+System::UnicodeString TApplication::getExeName() const
+{
+    return Host::ProgramPath();
+}
+
+void TApplication::Terminate()
+{
+    mTerminated = true;
+    Toolkits::CurrentToolkit().Post([] {});
+}
+
+int TApplication::MessageBox(const System::WideChar* text, const System::WideChar* caption, int flags) const
+{
+    return MessageBoxW(nullptr, text, caption == nullptr ? mTitle.c_str() : caption,
+                       static_cast<unsigned>(flags));
+}
+
+void TApplication::ProcessMessages()
+{
+    while (Toolkits::CurrentToolkit().ProcessMessage()) {
+    }
+}
+
+void TApplication::HandleMessage()
+{
+    if (!Toolkits::CurrentToolkit().ProcessMessage()) {
+        Toolkits::CurrentToolkit().WaitMessage();
+    }
+}
+
+void TApplication::Run()
+{
+    while (!mTerminated) {
+        HandleMessage();
+    }
+}
+
+Types::TRect TScreen::getDesktopRect() const
+{
+    return Toolkits::CurrentToolkit().DesktopRect();
+}
+
+} // namespace Forms
