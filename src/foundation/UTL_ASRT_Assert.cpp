@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include "foundation/UTL_ASRT_Assert.h"
+
+#include "foundation/UTL_I18N_Texts.h"
+#include "platform/toolkit/MessageBox.h"
+#include "platform/visual/Forms.h"
+
+namespace UTL
+{
+
+namespace
+{
+
+using System::AnsiString;
+using System::UnicodeString;
+using System::WideChar;
+
+UnicodeString BuildMessage(const AnsiString& expression, const char* file, int line)
+{
+    return AnsiString(Ci18n::GetString(EXStrings::InternalError)) + expression + "\n" + file + "\nLine " +
+           AnsiString(line);
+}
+
+/// The fault must be told also while the program starts or ends and has no application object.
+int ShowBox(const UnicodeString& text, const WideChar* caption, unsigned flags)
+{
+    if (Forms::Application == nullptr) {
+        return MessageBoxW(nullptr, text.c_str(), caption, flags);
+    }
+    return Forms::Application->MessageBox(text.c_str(), caption, static_cast<int>(flags));
+}
+
+template <class Char>
+void AskAndThrow(const Char* expression, const char* file, int line)
+{
+    const UnicodeString text =
+        UnicodeString(XAssert(expression, file, line).what()) + u"\n\n Throw Assertion ?";
+    if (ShowBox(text, u"Internal error", MB_YESNO) == IDYES) {
+        throw XAssert(expression, file, line);
+    }
+}
+
+template <class Char>
+void ShowWarning(const Char* expression, const char* file, int line)
+{
+    ShowBox(XAssert(expression, file, line).what(), u"Warning", MB_OK);
+}
+
+} // namespace
+
+XAssert::XAssert(const char* expression, const char* file, int line)
+    : Exception(Msg(expression, file, line)), mExpression(expression), mFile(file), mLine(line)
+{
+}
+
+XAssert::XAssert(const WideChar* expression, const char* file, int line)
+    : Exception(Msg(expression, file, line)), mExpression(expression), mFile(file), mLine(line)
+{
+}
+
+XAssert::~XAssert() = default;
+
+const WideChar* XAssert::what() const
+{
+    return Msg(mExpression.c_str(), mFile.c_str(), mLine);
+}
+
+// The buffers are the thread's own, so that a fault in a second thread can't pull the text from under the
+// first.
+
+const WideChar* XAssert::Msg(const char* expression, const char* file, int line)
+{
+    thread_local UnicodeString text;
+    text = BuildMessage(expression, file, line);
+    return text.c_str();
+}
+
+const WideChar* XAssert::Msg(const WideChar* expression, const char* file, int line)
+{
+    thread_local UnicodeString text;
+    text = BuildMessage(AnsiString(expression), file, line);
+    return text.c_str();
+}
+
+void THROW_XAssert(const char* expression, const char* file, int line)
+{
+    AskAndThrow(expression, file, line);
+}
+
+void THROW_XAssert(const WideChar* expression, const char* file, int line)
+{
+    AskAndThrow(expression, file, line);
+}
+
+void Warn(const char* expression, const char* file, int line)
+{
+    ShowWarning(expression, file, line);
+}
+
+void Warn(const WideChar* expression, const char* file, int line)
+{
+    ShowWarning(expression, file, line);
+}
+
+} // namespace UTL
