@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/runtime/Sysutils_Exception.h"
+
+namespace WIN
+{
+
+/// The system's description of `code`, as the system gives it; "The function 'FormatMessage' fails." for a
+/// code that it can't describe.
+TRS8_BTL_API System::UnicodeString GetSystemMessage(unsigned long code);
+/// The same.
+TRS8_BTL_API System::UnicodeString GetErrorMessage(unsigned long code);
+/// The system's description of the thread's last error.
+TRS8_BTL_API System::UnicodeString GetLastError();
+
+/// A failed system call.
+class TRS8_BTL_API XWinError : public Sysutils::Exception
+{
+public:
+    /// The message is the system's description of `code`.
+    explicit XWinError(unsigned long code);
+    ~XWinError() override;
+
+    /// The context that explains the code; empty for a code of the system.
+    const System::UnicodeString& getSection() const noexcept { return mSection; }
+    unsigned long getError() const noexcept { return mError; }
+
+protected:
+    XWinError(const System::UnicodeString& message, unsigned long code);
+
+private:
+    System::UnicodeString mSection;
+    unsigned long mError;
+};
+
+/// The thread's last error as an exception; the constructors read the code themselves.
+class TRS8_BTL_API XLastError : public XWinError
+{
+public:
+    XLastError();
+    /// Adds a line with `text` to the message, unless `text` is empty.
+    explicit XLastError(const System::UnicodeString& text);
+    ~XLastError() override;
+
+private:
+    XLastError(const System::UnicodeString& text, unsigned long code);
+};
+
+/// Raises `XWinError`.
+[[noreturn]] TRS8_BTL_API void ThrowSystemError(unsigned long code);
+
+/// Raises `XLastError` if the thread's last error isn't 0. While the application terminates nobody could
+/// handle an exception any more, so a box tells the error and the function returns.
+TRS8_BTL_API void ThrowLastError();
+/// The same with the place of the fault in the message.
+TRS8_BTL_API void ThrowLastError(const char* file, int line);
+
+/// How this layer shows a box; the message boxes of the language layer take its place.
+using FShowBox = int (*)(const System::WideChar* text, const System::WideChar* caption, int flags);
+TRS8_BTL_API extern FShowBox ShowBox;
+
+} // namespace WIN
