@@ -12,6 +12,8 @@ struct TLinks
 {
     /// Reads a float with `.` or `,`; false if `text` is none, which leaves `value` alone.
     bool (*ToDouble)(const System::AnsiString& text, double& value) = nullptr;
+    /// The folder of the running program, where log files go; with a separator behind it.
+    System::UnicodeString (*BinPath)() = nullptr;
 };
 
 /// The one table of the process; it is ready before any static initialisation.
