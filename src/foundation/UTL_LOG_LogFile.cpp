@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+#include "foundation/UTL_LOG_LogFile.h"
+
+#include "platform/host/Host_Path.h"
+#include "platform/host/Host_Shell.h"
+#include "platform/runtime/Sysutils_File.h"
+
+#include <iostream>
+
+namespace UTL
+{
+
+namespace
+{
+
+using System::AnsiString;
+using System::UnicodeString;
+using System::WideChar;
+
+/// Create, overwriting what exists; others may read but not write.
+constexpr unsigned CreateDenyWrite = 65312;
+constexpr int ShowDefault = 10;
+
+} // namespace
+
+UnicodeString CLogFile::smPath;
+UnicodeString CLogFile::smFileName;
+
+CLogFile::CLogFile() = default;
+
+CLogFile::CLogFile(const char* path, const char* fileName)
+{
+    Init(path, fileName);
+}
+
+CLogFile::CLogFile(const WideChar* path, const WideChar* fileName)
+{
+    Init(path, fileName);
+}
+
+CLogFile::~CLogFile()
+{
+    Clear();
+}
+
+void CLogFile::Init(const UnicodeString& path, const UnicodeString& fileName)
+{
+    Clear();
+    if (fileName.IsEmpty()) {
+        return;
+    }
+    smPath = path;
+    smFileName = fileName;
+    Create(CreateDenyWrite);
+}
+
+void CLogFile::Init(const char* fileName)
+{
+    Init(smPath, fileName);
+}
+
+void CLogFile::SetPath(const char* path)
+{
+    smPath = path;
+}
+
+void CLogFile::SetPath(const WideChar* path)
+{
+    smPath = path;
+}
+
+void CLogFile::On()
+{
+    if (!mOn) {
+        Create(std::nullopt);
+    }
+}
+
+void CLogFile::Off()
+{
+    if (mFile > 0) {
+        Sysutils::FileClose(mFile);
+    }
+    mFile = 0;
+    mOn = false;
+}
+
+void CLogFile::Clear()
+{
+    Off();
+}
+
+void CLogFile::Log(UnicodeString text, bool newLine)
+{
+    if (!mOn) {
+        return;
+    }
+    if (newLine) {
+        text += u"\r\n";
+    }
+    const AnsiString bytes = text;
+    if (mFile > 0) {
+        Sysutils::FileWrite(mFile, bytes.c_str(), static_cast<unsigned>(bytes.Length()));
+    }
+}
+
+void CLogFile::View()
+{
+    ShellExecuteW(nullptr, u"open", (smPath + smFileName).c_str(), u"", u"", ShowDefault);
+}
+
+void CLogFile::Create(std::optional<unsigned> mode)
+{
+    const UnicodeString name = smPath + smFileName;
+    mFile = mode ? Sysutils::FileCreate(name, *mode, 0) : Sysutils::FileCreate(name);
+    mOn = true;
+}
+
+CCoutToFile::CCoutToFile(const char* fileName, bool activate)
+{
+    if (fileName == nullptr) {
+        return;
+    }
+    mFile.open(Sysutils::HostPath(fileName), std::ios::out);
+    if (activate) {
+        mPrevious = std::cout.rdbuf(mFile.rdbuf());
+    }
+}
+
+CCoutToFile::~CCoutToFile()
+{
+    if (mPrevious != nullptr) {
+        std::cout.rdbuf(mPrevious);
+    }
+}
+
+} // namespace UTL

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#include "foundation/UTL_LOG_LogStream.h"
+
+#include "foundation/UTL_Links.h"
+#include "platform/host/Host_Path.h"
+#include "platform/runtime/Sysutils_Date.h"
+
+#include <fstream>
+#include <optional>
+
+using System::AnsiString;
+using System::UnicodeString;
+
+namespace
+{
+
+UnicodeString InProgramFolder(const UnicodeString& name)
+{
+    const auto folder = UTL::Links().BinPath;
+    return folder == nullptr ? name : folder() + name;
+}
+
+} // namespace
+
+namespace UTL
+{
+
+namespace
+{
+
+/// The state of the log stream; the stream is made on first use.
+struct TLogStream
+{
+    UnicodeString fileName;
+    bool on = true;
+    bool startLineDue = true;
+    std::optional<std::ofstream> stream;
+};
+
+TLogStream& LogStream()
+{
+    static TLogStream log;
+    return log;
+}
+
+void WriteStartLine(std::ostream& stream)
+{
+    stream << '\n'
+           << AnsiString(Sysutils::DateTimeToStr(Sysutils::Now())) << ' ' << std::string(52, '-')
+           << std::endl;
+}
+
+} // namespace
+
+void set_log_file(const UnicodeString& name)
+{
+    LogStream().fileName = name;
+}
+
+void set_logging(bool on)
+{
+    LogStream().on = on;
+}
+
+std::ostream* get_log_stream()
+{
+    TLogStream& log = LogStream();
+    if (!log.on) {
+        return nullptr;
+    }
+    if (!log.stream) {
+        if (log.fileName.IsEmpty()) {
+            log.fileName = InProgramFolder(u"TRS_Log.txt");
+        }
+        log.stream.emplace(Sysutils::HostPath(log.fileName), std::ios::out | std::ios::app);
+    }
+    if (log.startLineDue) {
+        WriteStartLine(*log.stream);
+        log.startLineDue = false;
+    }
+    return &*log.stream;
+}
+
+} // namespace UTL
+
+namespace BTL
+{
+
+namespace
+{
+
+/// The folder is asked for on first use, when it is sure that the units that tell it have started.
+UnicodeString& LogFile()
+{
+    static UnicodeString name = InProgramFolder(u"Log.txt");
+    return name;
+}
+
+} // namespace
+
+void SetLogFile(const UnicodeString& name)
+{
+    LogFile() = name;
+}
+
+void Log(const UnicodeString& text)
+{
+    if (LogFile().IsEmpty()) {
+        return;
+    }
+    std::ofstream stream(Sysutils::HostPath(LogFile()), std::ios::out | std::ios::app);
+    stream << AnsiString(text) << std::endl;
+}
+
+} // namespace BTL
