@@ -26,7 +26,7 @@ struct DriveTable
     std::mutex guard;
     std::array<std::string, 26> roots;
 
-    DriveTable() { roots['C' - 'A'] = "/"; }
+    DriveTable() { roots['C' - 'A'].push_back('/'); }
 };
 
 DriveTable& Drives()

@@ -59,10 +59,11 @@ public:
     }
 
     bool IsEmpty() const noexcept { return mText == nullptr; }
-    int Length() const noexcept { return mText == nullptr ? 0 : HeaderOf(mText)->length; }
+    int Length() const noexcept { return static_cast<int>(Size()); }
+    std::size_t Size() const noexcept { return mText == nullptr ? 0 : HeaderOf(mText)->length; }
     /// Never null; valid until the next change of this text.
     const Char* c_str() const noexcept { return mText == nullptr ? &EmptyText : mText; }
-    View AsView() const noexcept { return {c_str(), static_cast<std::size_t>(Length())}; }
+    View AsView() const noexcept { return {c_str(), Size()}; }
 
     /// The characters for writing, null for the empty text; no other owner sees the change.
     Char* Unique()
@@ -87,7 +88,7 @@ public:
         if (text.empty()) {
             return;
         }
-        const auto oldLength = static_cast<std::size_t>(Length());
+        const auto oldLength = Size();
         if (OwnsRoomFor(oldLength + text.size())) {
             std::copy(text.begin(), text.end(), mText + oldLength);
             SetLengthField(oldLength + text.size());
@@ -103,7 +104,7 @@ public:
 
     void Append(Char character)
     {
-        const auto length = static_cast<std::size_t>(Length());
+        const auto length = Size();
         if (!OwnsRoomFor(length + 1)) {
             Append(View(&character, 1));
             return;
@@ -115,7 +116,7 @@ public:
     /// Cuts to `length`, or lengthens with zero characters.
     void Resize(std::size_t length)
     {
-        const auto oldLength = static_cast<std::size_t>(Length());
+        const auto oldLength = Size();
         if (length == oldLength) {
             return;
         }
@@ -153,8 +154,9 @@ private:
     struct Header
     {
         std::atomic<int> references;
-        int length;
-        int capacity;
+        // Up to `MaxLength`. Without a sign, so that the compiler knows them to be no huge sizes.
+        unsigned length;
+        unsigned capacity;
     };
 
     static constexpr Char EmptyText = Char();
@@ -177,7 +179,7 @@ private:
         if (block == nullptr) {
             ThrowStringMemory();
         }
-        new (block) Header{1, static_cast<int>(length), static_cast<int>(capacity)};
+        new (block) Header{1, static_cast<unsigned>(length), static_cast<unsigned>(capacity)};
         Char* text = reinterpret_cast<Char*>(static_cast<char*>(block) + HeaderSize);
         text[length] = Char();
         return text;
@@ -205,13 +207,13 @@ private:
 
     bool OwnsRoomFor(std::size_t length) const noexcept
     {
-        return mText != nullptr && length <= static_cast<std::size_t>(HeaderOf(mText)->capacity) &&
+        return mText != nullptr && length <= HeaderOf(mText)->capacity &&
                HeaderOf(mText)->references.load(std::memory_order_acquire) == 1;
     }
 
     void SetLengthField(std::size_t length) noexcept
     {
-        HeaderOf(mText)->length = static_cast<int>(length);
+        HeaderOf(mText)->length = static_cast<unsigned>(length);
         mText[length] = Char();
     }
 
