@@ -2,6 +2,7 @@
 #include "Channels.h"
 
 #include <TRS8_BTL/text/BTL_NUM_Limits.h>
+#include <TRS8_BTL/text/BTL_NUM_Numbers.h>
 #include <TRS8_BTL/text/BTL_NUM_Units.h>
 #include <TRS8_BTL/text/BTL_STR_Utilities.h>
 
@@ -41,13 +42,16 @@ UnicodeString UnitOf(const UnicodeString& text)
     return BTL::RightSubStringAt(text, position + number.Length()).Trim();
 }
 
-/// The value of a limit in `unit`.
+/// The value of a limit in `unit`. The limit functions take 0 for no limit, so it is refused as one.
 double ReadLimit(const UnicodeString& text, const UnicodeString& unit)
 {
     const UnicodeString ownUnit = UnitOf(text);
     double value = 0;
     if (!BTL::ValueWithUnitToDouble(text, value)) {
         throw XBadLine(u"'" + text + u"' is no number");
+    }
+    if (value == 0) {
+        throw XBadLine(u"'" + text + u"' can't be a limit");
     }
     if (ownUnit.IsEmpty()) {
         return value;
@@ -139,8 +143,8 @@ bool CChannel::Sample()
 
 bool CChannel::IsWithinLimits() const
 {
-    return mSamples.IndexOfMaxValue() < 0 || ((mLower == 0 || mSamples.GetMinValue() >= mLower) &&
-                                              (mUpper == 0 || mSamples.GetMaxValue() <= mUpper));
+    return mSamples.empty() || ((mLower == 0 || mSamples.GetMinValue() >= mLower) &&
+                                (mUpper == 0 || mSamples.GetMaxValue() <= mUpper));
 }
 
 std::vector<CChannel> LoadChannels(const std::filesystem::path& file, const std::vector<TSource>& sources)

@@ -32,7 +32,7 @@ TRow MakeRow(const CChannel& channel)
 {
     TRow row = {channel.getName(), channel.getUnit()};
     const UTL::CDoubleVector& samples = channel.getSamples();
-    if (const int count = samples.getSize(); count > 0) {
+    if (const unsigned count = samples.size(); count > 0) {
         row = {channel.getName(),
                channel.getUnit(),
                NumberText(samples.at(count - 1)),
@@ -42,9 +42,7 @@ TRow MakeRow(const CChannel& channel)
                count > 1 ? NumberText(samples.GetStdDev()) : UnicodeString(u"-")};
     }
     row[LastNumber + 1] = channel.getLimitText();
-    row[LastNumber + 2] = samples.getSize() == 0     ? u"no value"
-                          : channel.IsWithinLimits() ? u"ok"
-                                                     : u"OUT OF LIMITS";
+    row[LastNumber + 2] = samples.empty() ? u"no value" : channel.IsWithinLimits() ? u"ok" : u"out of limits";
     return row;
 }
 

@@ -1,0 +1,63 @@
+# SPDX-License-Identifier: MIT
+# Builds the measuring station against the installed library and runs it with good and bad arguments.
+include(${CMAKE_CURRENT_LIST_DIR}/Steps.cmake)
+
+set(station "${workFolder}/build/station")
+set(channels "${workFolder}/channels.txt")
+
+# Runs the station; its exit code must be `code`, and what it prints must match each of the expressions that
+# follow `MATCHES`.
+function(expect_station code)
+    cmake_parse_arguments(PARSE_ARGV 1 run "" "" "ARGUMENTS;MATCHES")
+    execute_process(COMMAND "${station}" ${run_ARGUMENTS}
+        RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+    if(NOT result EQUAL code)
+        message(FATAL_ERROR "station ${run_ARGUMENTS} ended with ${result}, not ${code}\n${output}")
+    endif()
+    foreach(expression IN LISTS run_MATCHES)
+        if(NOT output MATCHES "${expression}")
+            message(FATAL_ERROR "station ${run_ARGUMENTS} printed no '${expression}'\n${output}")
+        endif()
+    endforeach()
+endfunction()
+
+# A channel file with one fault must be told with its place.
+function(expect_bad_channels content place)
+    file(WRITE "${channels}" "${content}")
+    expect_station(2 ARGUMENTS --seconds 0.1 --channels "${channels}" MATCHES "${place}")
+endfunction()
+
+install_library()
+build_against_library("${sampleFolder}" "${workFolder}/build")
+
+expect_station(0 ARGUMENTS --help MATCHES "--seconds N" "--channels FILE" "--decimal C")
+expect_station(0 ARGUMENTS --seconds 0,3 --channels "${sampleFolder}/channels.txt" --log "${workFolder}/log.txt"
+    MATCHES "channel +unit +last +min +max +mean +std dev +limits +state"
+            "\nload\\.1 " "\nmemory\\.free +kB .*>= 50000\\.0 kB" "\nprocesses .* ok")
+file(READ "${workFolder}/log.txt" log)
+if(NOT log MATCHES "^Sampling [0-9]+ channels for 0\\.3 s\n")
+    message(FATAL_ERROR "The log tells '${log}'")
+endif()
+
+file(WRITE "${channels}" "memory.total = kB; lower 0.5 kB; upper 1,5 kB # far too small\n\nprocesses=;lower 1\n")
+expect_station(0 ARGUMENTS --decimal , --seconds 0.1 --channels "${channels}"
+    MATCHES "memory\\.total +kB .*0,5 \\.\\.\\. 1,5 kB +out of limits\n" "processes .*>= 1,0 +ok\n")
+
+expect_bad_channels("# none\n" "channels.txt: the file names no channel")
+expect_bad_channels("load.1 = \n\nload.5\n" "channels.txt:3: '=' is missing")
+expect_bad_channels("load.9 =\n" ":1: there is no channel 'load.9'")
+expect_bad_channels("memory.free = V\n" ":1: the unit 'V' does not fit memory.free")
+expect_bad_channels("load.1 =; upper x\n" ":1: 'x' is no number")
+expect_bad_channels("load.1 =; above 3\n" ":1: 'above 3' is neither")
+expect_bad_channels("load.1 =; upper 0\n" ":1: '0' can't be a limit")
+expect_bad_channels("memory.free = kB; lower 5 kV\n" ":1: the limit '5 kV' is not in kB")
+expect_bad_channels("load.1 =; lower 3; upper 2\n" ":1: the lower limit is above the upper one")
+file(REMOVE "${channels}")
+expect_station(2 ARGUMENTS --channels "${channels}" MATCHES "channels.txt: the file can't be read")
+
+expect_station(2 ARGUMENTS --seconds 0 MATCHES "--seconds: '0' is not a time above 0")
+expect_station(2 ARGUMENTS --seconds MATCHES "--seconds: the value is missing")
+expect_station(2 ARGUMENTS --decimal x MATCHES "--decimal: 'x' is neither")
+expect_station(2 ARGUMENTS --colour MATCHES "unknown option '--colour'")
+
+file(REMOVE_RECURSE "${workFolder}")

@@ -1,0 +1,35 @@
+# SPDX-License-Identifier: MIT
+# What the tests of the installed library share.
+
+set(prefix "${workFolder}/prefix")
+
+function(run_step)
+    cmake_parse_arguments(PARSE_ARGV 0 step "" "DESCRIPTION;OUTPUT" "COMMAND")
+    execute_process(COMMAND ${step_COMMAND}
+        RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE errors)
+    if(NOT result EQUAL 0)
+        message(FATAL_ERROR "${step_DESCRIPTION} failed (${result})\n${output}\n${errors}")
+    endif()
+    if(step_OUTPUT)
+        string(STRIP "${output}" output)
+        set(${step_OUTPUT} "${output}" PARENT_SCOPE)
+    endif()
+endfunction()
+
+# Installs the library into an empty prefix.
+function(install_library)
+    file(REMOVE_RECURSE "${workFolder}")
+    file(MAKE_DIRECTORY "${workFolder}")
+    run_step(DESCRIPTION "The installation"
+        COMMAND ${CMAKE_COMMAND} --install "${buildFolder}" --prefix "${prefix}" --config "${config}")
+endfunction()
+
+# Builds the project `source` against the installed library; further arguments go to its configuration.
+function(build_against_library source folder)
+    string(REPLACE ";" " " flagText "${flags}")
+    run_step(DESCRIPTION "The configuration with find_package"
+        COMMAND ${CMAKE_COMMAND} -S "${source}" -B "${folder}" -G "${generator}"
+            "-DCMAKE_PREFIX_PATH=${prefix}" "-DCMAKE_CXX_COMPILER=${compiler}" "-DCMAKE_CXX_FLAGS=${flagText}"
+            ${ARGN})
+    run_step(DESCRIPTION "The build with find_package" COMMAND ${CMAKE_COMMAND} --build "${folder}")
+endfunction()
