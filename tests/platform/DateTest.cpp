@@ -94,7 +94,7 @@ TEST(DateTest, KnowsTheCalendar)
     }
     // Over all years, a day more is the next day of the calendar.
     Day previous = DayOf(FirstDay);
-    for (double value = FirstDay + 1; value <= LastDay; ++value) {
+    for (int value = static_cast<int>(FirstDay) + 1; value <= LastDay; ++value) {
         auto [year, month, day] = previous;
         const bool monthEnds = day == MonthDays[IsLeapYear(year)][month - 1U];
         const bool yearEnds = monthEnds && month == 12;
@@ -179,19 +179,19 @@ TEST(DateTest, MovesByMonths)
 {
     const struct
     {
-        Day from;
         int months;
+        Day from;
         Day to;
     } cases[] = {
-        {{2022, 1, 31}, 1, {2022, 2, 28}},
-        {{2024, 1, 31}, 1, {2024, 2, 29}},
-        {{2022, 1, 31}, 12, {2023, 1, 31}},
-        {{2024, 2, 29}, -12, {2023, 2, 28}},
-        {{2022, 1, 15}, -1, {2021, 12, 15}},
-        {{2022, 12, 15}, 1, {2023, 1, 15}},
-        {{1900, 1, 31}, -2, {1899, 11, 30}},
-        {{1, 1, 1}, 9999 * 12 - 1, {9999, 12, 1}},
-        {{9999, 12, 31}, -(9999 * 12 - 1), {1, 1, 31}},
+        {1, {2022, 1, 31}, {2022, 2, 28}},
+        {1, {2024, 1, 31}, {2024, 2, 29}},
+        {12, {2022, 1, 31}, {2023, 1, 31}},
+        {-12, {2024, 2, 29}, {2023, 2, 28}},
+        {-1, {2022, 1, 15}, {2021, 12, 15}},
+        {1, {2022, 12, 15}, {2023, 1, 15}},
+        {-2, {1900, 1, 31}, {1899, 11, 30}},
+        {9999 * 12 - 1, {1, 1, 1}, {9999, 12, 1}},
+        {-(9999 * 12 - 1), {9999, 12, 31}, {1, 1, 31}},
     };
     const TDateTime time = EncodeTime(18, 0, 0, 0);
     for (const auto& c : cases) {
