@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "text/BTL_NUM_Limits.h"
 
+#include "platform/runtime/Sysutils_Date.h"
 #include "platform/runtime/Sysutils_Number.h"
 #include "text/BTL_NUM_Numbers.h"
 
@@ -117,6 +118,17 @@ UnicodeString GetLimitTextW(double upper, double lower, const UnicodeString* uni
 AnsiString GetLimitTextA(double upper, double lower, const AnsiString* unit)
 {
     return RangeWithUnit(upper, lower, unit, [](double value) { return MeasureFloatToStrA(value, -1, -1); });
+}
+
+UnicodeString GetDateTimeLimitTextW(double upper, double lower, const UnicodeString* unit)
+{
+    return RangeWithUnit(upper, lower, unit, [](double value) { return Sysutils::TimeToStr(value); });
+}
+
+AnsiString GetDateTimeLimitTextA(double upper, double lower, const AnsiString* unit)
+{
+    return RangeWithUnit(upper, lower, unit,
+                         [](double value) { return AnsiString(Sysutils::TimeToStr(value)); });
 }
 
 UnicodeString GetLimitText(const UnicodeString& upper, const UnicodeString& lower)

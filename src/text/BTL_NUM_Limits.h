@@ -20,6 +20,12 @@ TRS8_BTL_API System::UnicodeString GetLimitTextW(double upper, double lower,
                                                  const System::UnicodeString* unit);
 TRS8_BTL_API System::AnsiString GetLimitTextA(double upper, double lower, const System::AnsiString* unit);
 
+/// The same for `System::TDateTime` values, shown as `Sysutils::TimeToStr`.
+TRS8_BTL_API System::UnicodeString GetDateTimeLimitTextW(double upper, double lower,
+                                                         const System::UnicodeString* unit);
+TRS8_BTL_API System::AnsiString GetDateTimeLimitTextA(double upper, double lower,
+                                                      const System::AnsiString* unit);
+
 /// The range of two numbers as they are written: "<= 5", ">= 5" or "1 ... 9", lower and upper in this order.
 /// An empty limit is none. Empty if a limit is no number, or if both are exactly "0".
 TRS8_BTL_API System::UnicodeString GetLimitText(const System::UnicodeString& upper,

@@ -2,6 +2,7 @@
 #include "text/BTL_NUM_Numbers.h"
 
 #include "foundation/UTL_Links.h"
+#include "platform/runtime/Sysutils_Date.h"
 #include "platform/runtime/Sysutils_Number.h"
 #include "text/BTL_NUM_Internal.h"
 #include "text/Pasu_stringtointeger.h"
@@ -187,6 +188,14 @@ template <class S>
 double DoubleOf(const S& text)
 {
     return Sysutils::StrToFloat(NumberText(text));
+}
+
+double DoubleOrTimeOf(const UnicodeString& text)
+{
+    if (text.Pos(Sysutils::TimeSeparator) != 0) {
+        return Sysutils::StrToTime(text.Trim());
+    }
+    return DoubleOf(text);
 }
 
 template <class S>
@@ -487,6 +496,16 @@ double ToDouble(const UnicodeString& text)
 double ToDouble(const AnsiString& text)
 {
     return DoubleOf(text);
+}
+
+double ToDoubleEx(const UnicodeString& text)
+{
+    return DoubleOrTimeOf(text);
+}
+
+double ToDoubleEx(const AnsiString& text)
+{
+    return DoubleOrTimeOf(text);
 }
 
 double ToDoubleDef(const UnicodeString& text, double defaultValue)

@@ -68,6 +68,10 @@ TRS8_BTL_API bool ToDouble(const System::AnsiString& text, double& value);
 /// `Sysutils::EConvertError` if `text` is no number.
 TRS8_BTL_API double ToDouble(const System::UnicodeString& text);
 TRS8_BTL_API double ToDouble(const System::AnsiString& text);
+/// A text with `Sysutils::TimeSeparator` is a time, which gives its part of a day; any other one a number as
+/// in `ToDouble`. `Sysutils::EConvertError` if it is neither.
+TRS8_BTL_API double ToDoubleEx(const System::UnicodeString& text);
+TRS8_BTL_API double ToDoubleEx(const System::AnsiString& text);
 TRS8_BTL_API double ToDoubleDef(const System::UnicodeString& text, double defaultValue);
 TRS8_BTL_API double ToDoubleDef(const System::AnsiString& text, double defaultValue);
 /// A null `text` gives `defaultValue`.

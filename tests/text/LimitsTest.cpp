@@ -49,6 +49,15 @@ protected:
         }
     }
 
+    static S TimeLimits(double upper, double lower, const S* unit = nullptr)
+    {
+        if constexpr (IsWide) {
+            return BTL::GetDateTimeLimitTextW(upper, lower, unit);
+        } else {
+            return BTL::GetDateTimeLimitTextA(upper, lower, unit);
+        }
+    }
+
 private:
     Support::FormatSettingsGuard mGuard;
 };
@@ -120,6 +129,21 @@ TYPED_TEST(LimitsTest, ShowsRangesOfValues)
                   expected.IsEmpty() ? expected : expected + this->T(" V"))
             << c.expected;
     }
+}
+
+TYPED_TEST(LimitsTest, ShowsRangesOfTimes)
+{
+    const double noon = 0.5;
+    const double evening = 0.75;
+    EXPECT_EQ(this->TimeLimits(evening, noon), this->T("12:00:00 ... 18:00:00"));
+    EXPECT_EQ(this->TimeLimits(noon, evening), this->T("12:00:00 ... 18:00:00"));
+    EXPECT_EQ(this->TimeLimits(noon, 0), this->T(" <= 12:00:00"));
+    EXPECT_EQ(this->TimeLimits(0, noon), this->T(" >= 12:00:00"));
+    EXPECT_EQ(this->TimeLimits(44000.5, 44000.5), this->T(" = 12:00:00"));
+    const TypeParam unit = this->T("h");
+    EXPECT_EQ(this->TimeLimits(noon, 0, &unit), this->T(" <= 12:00:00 h"));
+    EXPECT_TRUE(this->TimeLimits(0, 0, &unit).IsEmpty());
+    EXPECT_EQ(this->TimeLimits(std::numeric_limits<double>::quiet_NaN(), 0), this->T(" <= 00:00:00"));
 }
 
 TYPED_TEST(LimitsTest, ShowsRangesOfTexts)

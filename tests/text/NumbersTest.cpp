@@ -183,6 +183,22 @@ TYPED_TEST(NumbersTest, AdaptsTheFirstSeparator)
     EXPECT_EQ(original, this->T("1.5"));
 }
 
+TYPED_TEST(NumbersTest, ReadsTimesAsPartsOfADay)
+{
+    Sysutils::TimeSeparator = u':';
+    Sysutils::DecimalSeparator = u',';
+    EXPECT_EQ(BTL::ToDoubleEx(this->T(" 18:00 ")), 0.75);
+    EXPECT_EQ(BTL::ToDoubleEx(this->T("6:00:00,000")), 0.25);
+    EXPECT_EQ(BTL::ToDoubleEx(this->T(" 1.5 ")), 1.5);
+    EXPECT_EQ(BTL::ToDoubleEx(this->T("18")), 18);
+    for (const char* const text : {"", "x", "25:00", ":", "1:5x", "1.5h"}) {
+        EXPECT_THROW(BTL::ToDoubleEx(this->T(text)), Sysutils::EConvertError) << text;
+    }
+    Sysutils::TimeSeparator = u'.';
+    EXPECT_EQ(BTL::ToDoubleEx(this->T("18.00")), 0.75);
+    EXPECT_THROW(BTL::ToDoubleEx(this->T("18:00")), Sysutils::EConvertError);
+}
+
 TYPED_TEST(NumbersTest, ReadsFloatsWithEitherSeparator)
 {
     const struct

@@ -3,14 +3,13 @@
 
 #include "platform/runtime/System_String.h"
 
-#include <compare>
-
 namespace System
 {
 
 /// A point in time: days since 30 December 1899, with the time of day in the fraction. Before that day the
 /// whole days are negative and the fraction still counts forwards, so that -1.25 is 29 December at six
-/// o'clock. A time of day alone has no whole days.
+/// o'clock. A time of day alone has no whole days. The fields, texts and readings are those of
+/// `Sysutils_Date.h`: a value outside the years 1 to 9999, an infinite one and none at all have no date.
 class TRS8_BTL_API TDateTime
 {
 public:
@@ -53,13 +52,16 @@ public:
     /// As `DateTimeString`.
     explicit operator UnicodeString() const { return DateTimeString(); }
 
-    /// 1 for Sunday to 7.
+    /// 1 for Sunday to 7; 0 for no date.
     int DayOfWeek() const;
+    /// The fields of the value rounded to the millisecond; zeros for no date. No pointer may be null.
     void DecodeDate(Word* year, Word* month, Word* day) const;
     void DecodeTime(Word* hour, Word* minute, Word* second, Word* milliSecond) const;
 
+    /// Local time.
     static TDateTime CurrentDate();
     static TDateTime CurrentTime();
+    /// Local time.
     static TDateTime CurrentDateTime();
 
     double Val = 0;

@@ -3,14 +3,18 @@
 
 #include "platform/host/Host_Error.h"
 #include "platform/host/Host_File.h"
+#include "platform/runtime/Sysutils_Date.h"
+#include "platform/runtime/Sysutils_DateInternal.h"
 #include "platform/runtime/Sysutils_Exception.h"
 
 #include <algorithm>
 #include <climits>
-#include <ctime>
+#include <limits>
+#include <optional>
 
 using System::Int64;
 using System::NativeInt;
+using System::TDateTime;
 using System::UnicodeString;
 
 namespace Sysutils
@@ -73,61 +77,26 @@ bool IsCountValid(unsigned count)
 
 // Dates
 
-constexpr unsigned FirstFileDate = 1U << 21 | 1U << 16;
-constexpr unsigned LastFileDate = 127U << 25 | 12U << 21 | 31U << 16 | 23U << 11 | 59U << 5 | 29U;
+/// What the clock can't show any more lies beyond all years, what it can't show yet before them.
+TDateTime LocalTime(Int64 seconds)
+{
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    return Detail::LocalTimeOf(seconds).value_or(seconds < 0 ? -infinity : infinity);
+}
 
 int PackDate(Int64 seconds)
 {
-    const auto time = static_cast<time_t>(seconds);
-    std::tm local = {};
-    if (localtime_r(&time, &local) == nullptr) {
-        return static_cast<int>(seconds < 0 ? FirstFileDate : LastFileDate);
-    }
-    const auto bits = [](int value, int shift) { return static_cast<unsigned>(value) << shift; };
-    const int year = local.tm_year - 80;
-    if (year < 0 || year > 127) {
-        return static_cast<int>(year < 0 ? FirstFileDate : LastFileDate);
-    }
-    // A leap second has no place in the packed form.
-    return static_cast<int>(bits(year, 25) | bits(local.tm_mon + 1, 21) | bits(local.tm_mday, 16) |
-                            bits(local.tm_hour, 11) | bits(local.tm_min, 5) |
-                            bits(std::min(local.tm_sec, 59) / 2, 0));
-}
-
-std::optional<Int64> UnpackDate(int date)
-{
-    const auto bits = [date](int shift, unsigned count) {
-        return static_cast<int>(static_cast<unsigned>(date) >> shift & ((1U << count) - 1));
-    };
-    std::tm local = {};
-    local.tm_year = bits(25, 7) + 80;
-    local.tm_mon = bits(21, 4) - 1;
-    local.tm_mday = bits(16, 5);
-    local.tm_hour = bits(11, 5);
-    local.tm_min = bits(5, 6);
-    local.tm_sec = bits(0, 5) * 2;
-    local.tm_isdst = -1;
-    if (local.tm_hour > 23 || local.tm_min > 59 || local.tm_sec > 59) {
-        return std::nullopt;
-    }
-    const int month = local.tm_mon;
-    const int day = local.tm_mday;
-    const time_t time = std::mktime(&local);
-    // What isn't in the calendar comes back as another day.
-    if (local.tm_mon != month || local.tm_mday != day) {
-        return std::nullopt;
-    }
-    return time;
+    return DateTimeToFileDate(LocalTime(seconds));
 }
 
 template <class File>
 int SetDate(const File& file, int age)
 {
-    const auto seconds = UnpackDate(age);
-    if (!seconds) {
+    const auto date = Detail::UnpackFileDate(age);
+    if (!date) {
         return static_cast<int>(ERROR_INVALID_PARAMETER);
     }
-    return ErrorOf(Host::SetModified(file, *seconds));
+    return ErrorOf(Host::SetModified(file, Detail::SecondsOfLocalTime(*date)));
 }
 
 // Texts of paths
@@ -381,6 +350,16 @@ int FileAge(const UnicodeString& file)
 {
     Int64 seconds = 0;
     return FileModified(file, seconds) ? PackDate(seconds) : -1;
+}
+
+bool FileAge(const UnicodeString& file, TDateTime& modified)
+{
+    Int64 seconds = 0;
+    if (!FileModified(file, seconds)) {
+        return false;
+    }
+    modified = LocalTime(seconds);
+    return true;
 }
 
 int FileGetDate(NativeInt handle)

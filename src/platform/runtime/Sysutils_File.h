@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/host/Host_Path.h"
-#include "platform/runtime/System_String.h"
+#include "platform/runtime/System_DateTime.h"
 
 #include <memory>
 
@@ -82,6 +82,9 @@ TRS8_BTL_API bool DirectoryExists(const System::UnicodeString& folder);
 
 /// The date of the file's last change; -1 if there is no such file.
 TRS8_BTL_API int FileAge(const System::UnicodeString& file);
+/// The same in local time to the second; `false`, and `modified` stays, if there is no such file. A time
+/// outside the years 1 to 9999 gives an infinite value.
+TRS8_BTL_API bool FileAge(const System::UnicodeString& file, System::TDateTime& modified);
 TRS8_BTL_API int FileGetDate(System::NativeInt handle);
 /// 0, or the error; 87 for a date that doesn't exist.
 TRS8_BTL_API int FileSetDate(const System::UnicodeString& file, int age);

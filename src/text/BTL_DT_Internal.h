@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "foundation/UTL_ASRT_Assert.h"
+
+namespace BTL::Detail
+{
+
+/// The fault of a date that no correct caller passes.
+inline void ThrowBadDate()
+{
+    UTL::THROW_XAssert("", "BTL_DateTimeUtilities", 250);
+}
+
+} // namespace BTL::Detail

@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+#include "text/BTL_DT_Reading.h"
+
+#include "platform/runtime/Sysutils_Date.h"
+#include "platform/runtime/Sysutils_DateInternal.h"
+#include "platform/runtime/Sysutils_Number.h"
+#include "text/BTL_NUM_Numbers.h"
+#include "text/BTL_STR_Cut.h"
+#include "text/BTL_STR_Replace.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string_view>
+
+namespace BTL
+{
+
+using System::TDateTime;
+using System::UnicodeString;
+using System::WideChar;
+using System::Word;
+
+namespace
+{
+
+using View = std::u16string_view;
+
+/// The fields that a mask picks from a text.
+class CMaskFields
+{
+public:
+    CMaskFields(const UnicodeString& text, const UnicodeString& mask)
+    {
+        const View digits = text.AsView().substr(0, mask.AsView().size());
+        for (std::size_t at = 0; at < digits.size(); ++at) {
+            const std::size_t field = Letters.find(mask.AsView()[at]);
+            if (field == View::npos) {
+                continue;
+            }
+            // The bound is far beyond any field and can't come back.
+            constexpr int bound = 100'000'000;
+            mValues[field] = std::clamp(mValues[field] * 10 + (digits[at] - u'0'), -bound, bound);
+            (field < FirstTimeLetter ? mHasDate : mHasTime) = true;
+        }
+    }
+
+    bool HasDate() const { return mHasDate; }
+    bool HasTime() const { return mHasTime; }
+    bool IsDateWhole() const { return mValues[0] != 0 && mValues[1] != 0 && mValues[2] != 0; }
+
+    TDateTime Date() const { return Sysutils::EncodeDate(Value(0), Value(1), Value(2)); }
+    TDateTime Time() const { return Sysutils::EncodeTime(Value(3), Value(4), Value(5), Value(6)); }
+
+private:
+    static constexpr View Letters = u"ymdhnsc";
+    static constexpr std::size_t FirstTimeLetter = 3;
+
+    /// What no field can be becomes a value that every field refuses.
+    Word Value(std::size_t field) const
+    {
+        constexpr int refused = 0xFFFF;
+        const int value = mValues[field];
+        return static_cast<Word>(value < 0 || value > refused ? refused : value);
+    }
+
+    std::array<int, Letters.size()> mValues = {};
+    bool mHasDate = false;
+    bool mHasTime = false;
+};
+
+TDateTime Joined(TDateTime date, const TDateTime& time)
+{
+    Sysutils::ReplaceTime(date, time);
+    return date;
+}
+
+UnicodeString TakePart(UnicodeString& rest, WideChar separator)
+{
+    return ConsumeLeftSubString(rest, separator, true).Trim();
+}
+
+int NumberOf(const UnicodeString& part, int defaultValue)
+{
+    return Sysutils::StrToIntDef(DeleteChars(DeleteChars(part, u'_'), u'%'), defaultValue);
+}
+
+} // namespace
+
+TDateTime StrToDateTime(const UnicodeString& text)
+{
+    const double number = ToDoubleDef(text, 0);
+    if (number != 0) {
+        return number;
+    }
+    return Sysutils::StrToDateTime(text);
+}
+
+TDateTime StrToDate(const UnicodeString& text)
+{
+    const double days = std::trunc(ToDoubleDef(text, 0));
+    if (days != 0) {
+        return days;
+    }
+    return Sysutils::StrToDateTime(text);
+}
+
+TDateTime StrToTime(const UnicodeString& text)
+{
+    const double number = ToDoubleDef(text, 0);
+    if (number != 0) {
+        return std::abs(number - std::trunc(number));
+    }
+    return Sysutils::StrToTime(text);
+}
+
+TDateTime StrToDateTime(const UnicodeString& text, const UnicodeString& mask)
+{
+    const CMaskFields fields(text, mask);
+    const TDateTime date = fields.HasDate() ? fields.Date() : TDateTime();
+    return fields.HasTime() ? Joined(date, fields.Time()) : date;
+}
+
+TDateTime StrToDate(const UnicodeString& text, const UnicodeString& mask)
+{
+    const CMaskFields fields(text, mask);
+    return fields.IsDateWhole() ? fields.Date() : TDateTime();
+}
+
+TDateTime StrToTime(const UnicodeString& text, const UnicodeString& mask)
+{
+    return CMaskFields(text, mask).Time();
+}
+
+UnicodeString TrimDate(const UnicodeString& text)
+{
+    const UnicodeString trimmed = text.Trim();
+    View view = trimmed.AsView();
+    view.remove_prefix(std::min(view.find_first_not_of(Sysutils::DateSeparator), view.size()));
+    return UnicodeString(view.substr(0, view.find_last_not_of(Sysutils::DateSeparator) + 1));
+}
+
+void DecodeDate(const UnicodeString& text, UnicodeString& year, UnicodeString& month, UnicodeString& day)
+{
+    UnicodeString rest = text;
+    for (const WideChar letter : Sysutils::Detail::DateOrder(Sysutils::ShortDateFormat.AsView())) {
+        UnicodeString& part = letter == u'y' ? year : letter == u'm' ? month : day;
+        part = TakePart(rest, Sysutils::DateSeparator);
+    }
+}
+
+void DecodeDateTime(const UnicodeString& text, UnicodeString& year, UnicodeString& month, UnicodeString& day,
+                    UnicodeString& hour, UnicodeString& minute, UnicodeString& second,
+                    UnicodeString& milliSecond)
+{
+    UnicodeString time = text.Trim();
+    DecodeDate(TrimDate(TakePart(time, u' ')), year, month, day);
+    time = time.Trim();
+    hour = TakePart(time, Sysutils::TimeSeparator);
+    minute = TakePart(time, Sysutils::TimeSeparator);
+    second = TakePart(time, Sysutils::DecimalSeparator);
+    milliSecond = LeftSubStringUntil(time, u' ');
+}
+
+TDateTime GetValidDate(const UnicodeString& text)
+{
+    UnicodeString yearText;
+    UnicodeString monthText;
+    UnicodeString dayText;
+    DecodeDate(text, yearText, monthText, dayText);
+    const auto year = static_cast<Word>(std::clamp(NumberOf(yearText, 0), 1, 9999));
+    const auto month = static_cast<Word>(std::clamp(NumberOf(monthText, 1), 1, 12));
+    const int lastDay = Sysutils::MonthDays[Sysutils::IsLeapYear(year)][month - 1U];
+    return Sysutils::EncodeDate(year, month, static_cast<Word>(std::clamp(NumberOf(dayText, 1), 1, lastDay)));
+}
+
+TDateTime GetValidDateTime(const UnicodeString& text)
+{
+    UnicodeString time = text.Trim();
+    const TDateTime date = GetValidDate(TakePart(time, u' '));
+    time = time.Trim();
+    return time.IsEmpty() ? date : Joined(date, Sysutils::StrToTime(time));
+}
+
+} // namespace BTL
