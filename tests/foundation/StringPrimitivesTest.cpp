@@ -143,6 +143,15 @@ TYPED_TEST(StringPrimitivesTest, ToIntAndToFloatTakeWhatFits)
         {"- 1", 0, 0},
         {"99999999999", INT_MAX, 99999999999.0F},
         {"-99999999999", INT_MIN, -99999999999.0F},
+        {"12eV", 12, 12},
+        {"1.5e+", 1, 1.5F},
+        {"2E-1E5", 2, 0.2F},
+        {"1.5.2", 1, 1.5F},
+        {".5", 0, 0.5F},
+        {"0x10", 0, 0},
+        {"nan", 0, 0},
+        {"inf", 0, 0},
+        {"--1", 0, 0},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(UTL::ToInt(this->T(c.text).c_str()), c.integer) << c.text;
