@@ -2,6 +2,7 @@
 #include "foundation/UTL_STR_Utilities.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
+#include "platform/runtime/Sysutils_File.h"
 
 #include <unicode/uchar.h>
 
@@ -577,6 +578,11 @@ CString FloatToString(float value)
     const auto end =
         std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, 6).ptr;
     return std::string(buffer.data(), end);
+}
+
+bool FileExists(const System::UnicodeString& file)
+{
+    return Sysutils::FileExists(file);
 }
 
 CString VSPrintf(const char* format, System::TVarArgs arguments)

@@ -2,8 +2,10 @@
 #include "foundation/UTL_STR_Utilities.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
+#include "platform/host/Host_Path.h"
 #include "platform/toolkit/MessageBox.h"
 #include "support/ScriptedBoxes.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -11,6 +13,7 @@
 #include <climits>
 #include <clocale>
 #include <cmath>
+#include <fstream>
 #include <limits>
 #include <memory>
 #include <string>
@@ -434,6 +437,17 @@ TEST(NumberTextTest, HasTheFormOfAStream)
     for (const auto& c : cases) {
         EXPECT_EQ(UTL::FloatToString(c.value), c.expected);
     }
+}
+
+TEST(FileExistsTest, FindsFilesOnly)
+{
+    const Support::TempFolder folder;
+    const auto path = [](const std::filesystem::path& host) { return Sysutils::FromHostPath(host.string()); };
+    std::ofstream(folder.Path() / "a.txt") << "a";
+    EXPECT_TRUE(UTL::FileExists(path(folder.Path() / "a.txt")));
+    EXPECT_FALSE(UTL::FileExists(path(folder.Path() / "b.txt")));
+    EXPECT_FALSE(UTL::FileExists(path(folder.Path())));
+    EXPECT_FALSE(UTL::FileExists(u""));
 }
 
 TEST(SPrintfTest, IsBoundedAndChecked)
