@@ -2,6 +2,7 @@
 #include "foundation/UTL_STR_Utilities.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
+#include "platform/runtime/Sysutils_File.h"
 
 #include <unicode/uchar.h>
 
@@ -11,8 +12,7 @@
 #include <climits>
 #include <clocale>
 #include <cstdlib>
-#include <locale>
-#include <sstream>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -122,11 +122,16 @@ TReading<long> ReadLong(const Char* text)
     return {value, static_cast<std::size_t>(at - text)};
 }
 
+locale_t PlainLocale()
+{
+    static const locale_t locale = newlocale(LC_ALL_MASK, "C", nullptr);
+    return locale;
+}
+
 TReading<double> ReadDouble(const char* text)
 {
-    static const locale_t plainLocale = newlocale(LC_ALL_MASK, "C", nullptr);
     char* end = nullptr;
-    const double value = strtod_l(text, &end, plainLocale);
+    const double value = strtod_l(text, &end, PlainLocale());
     return {value, static_cast<std::size_t>(end - text)};
 }
 
@@ -146,17 +151,26 @@ bool ReadWhole(const Char* text, Number& value, TReading<Number> (*read)(const C
     return text[reading.length] == 0;
 }
 
-template <class Number, class Char>
-Number ReadFromStream(const Char* text)
+template <class Char>
+int ReadInt(const Char* text)
 {
-    Number value = 0;
+    const long value = text == nullptr ? 0 : ReadLong(text).value;
+    return static_cast<int>(std::clamp<long>(value, INT_MIN, INT_MAX));
+}
+
+/// The float at the start of `text` in decimal form; an exponent without digits is no part of it.
+template <class Char>
+float ReadFloat(const Char* text)
+{
     if (text == nullptr) {
-        return value;
+        return 0;
     }
-    std::istringstream stream(NumberStart(text));
-    stream.imbue(std::locale::classic());
-    stream >> value;
-    return value;
+    // Without letters nothing is left of the other forms that the C library knows.
+    std::string start = NumberStart(text);
+    start.resize(std::min(start.find_first_not_of("0123456789+-.eE \t\n\v\f\r"), start.size()));
+    const float value = strtof_l(start.c_str(), nullptr, PlainLocale());
+    constexpr float largest = std::numeric_limits<float>::max();
+    return std::clamp(value, -largest, largest);
 }
 
 template <class Char>
@@ -370,22 +384,22 @@ bool GetDouble(const WideChar* text, double& value)
 
 int ToInt(const char* text)
 {
-    return ReadFromStream<int>(text);
+    return ReadInt(text);
 }
 
 int ToInt(const WideChar* text)
 {
-    return ReadFromStream<int>(text);
+    return ReadInt(text);
 }
 
 float ToFloat(const char* text)
 {
-    return ReadFromStream<float>(text);
+    return ReadFloat(text);
 }
 
 float ToFloat(const WideChar* text)
 {
-    return ReadFromStream<float>(text);
+    return ReadFloat(text);
 }
 
 bool IsDigitString(const char* text, bool sign, bool blanks)
@@ -564,6 +578,11 @@ CString FloatToString(float value)
     const auto end =
         std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, 6).ptr;
     return std::string(buffer.data(), end);
+}
+
+bool FileExists(const System::UnicodeString& file)
+{
+    return Sysutils::FileExists(file);
 }
 
 CString VSPrintf(const char* format, System::TVarArgs arguments)

@@ -113,6 +113,9 @@ TRS8_BTL_API CString IntToString(int value);
 /// `value` with up to 6 significant digits, as a stream writes it.
 TRS8_BTL_API CString FloatToString(float value);
 
+/// As `Sysutils::FileExists`.
+TRS8_BTL_API bool FileExists(const System::UnicodeString& file);
+
 /// Formats by the rules of `System::PrintfA`, which raises `Sysutils::EConvertError` where the arguments
 /// don't fit. A result of more than 511 characters is cut there. The result of a wide format is narrowed.
 TRS8_BTL_API CString VSPrintf(const char* format, System::TVarArgs arguments);

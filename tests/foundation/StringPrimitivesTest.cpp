@@ -2,8 +2,10 @@
 #include "foundation/UTL_STR_Utilities.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
+#include "platform/host/Host_Path.h"
 #include "platform/toolkit/MessageBox.h"
 #include "support/ScriptedBoxes.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -11,6 +13,7 @@
 #include <climits>
 #include <clocale>
 #include <cmath>
+#include <fstream>
 #include <limits>
 #include <memory>
 #include <string>
@@ -143,6 +146,15 @@ TYPED_TEST(StringPrimitivesTest, ToIntAndToFloatTakeWhatFits)
         {"- 1", 0, 0},
         {"99999999999", INT_MAX, 99999999999.0F},
         {"-99999999999", INT_MIN, -99999999999.0F},
+        {"12eV", 12, 12},
+        {"1.5e+", 1, 1.5F},
+        {"2E-1E5", 2, 0.2F},
+        {"1.5.2", 1, 1.5F},
+        {".5", 0, 0.5F},
+        {"0x10", 0, 0},
+        {"nan", 0, 0},
+        {"inf", 0, 0},
+        {"--1", 0, 0},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(UTL::ToInt(this->T(c.text).c_str()), c.integer) << c.text;
@@ -425,6 +437,17 @@ TEST(NumberTextTest, HasTheFormOfAStream)
     for (const auto& c : cases) {
         EXPECT_EQ(UTL::FloatToString(c.value), c.expected);
     }
+}
+
+TEST(FileExistsTest, FindsFilesOnly)
+{
+    const Support::TempFolder folder;
+    const auto path = [](const std::filesystem::path& host) { return Sysutils::FromHostPath(host.string()); };
+    std::ofstream(folder.Path() / "a.txt") << "a";
+    EXPECT_TRUE(UTL::FileExists(path(folder.Path() / "a.txt")));
+    EXPECT_FALSE(UTL::FileExists(path(folder.Path() / "b.txt")));
+    EXPECT_FALSE(UTL::FileExists(path(folder.Path())));
+    EXPECT_FALSE(UTL::FileExists(u""));
 }
 
 TEST(SPrintfTest, IsBoundedAndChecked)
