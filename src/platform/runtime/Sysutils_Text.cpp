@@ -25,7 +25,8 @@ S ReplaceAt(typename S::View text, typename S::View searched, typename S::View p
             typename S::View replacement, bool all)
 {
     using View = typename S::View;
-    const std::boyer_moore_horspool_searcher searcher(pattern.begin(), pattern.end());
+    // The full form of this search: the simpler ones take time with the product of both lengths at worst.
+    const std::boyer_moore_searcher searcher(pattern.begin(), pattern.end());
     S result;
     auto from = searched.begin();
     const auto sourceOf = [&](auto place) { return text.begin() + (place - searched.begin()); };
@@ -85,7 +86,9 @@ template <class S>
 S Quoted(const S& text, typename S::CharType quote)
 {
     S result = quote;
-    for (auto rest = text.AsView();;) {
+    auto rest = text.AsView();
+    result.Reserve(text.Length() + 2 + static_cast<int>(std::count(rest.begin(), rest.end(), quote)));
+    while (true) {
         const auto next = rest.find(quote);
         result.Append(rest.substr(0, next));
         result += quote;
