@@ -700,7 +700,7 @@ UnicodeString HexText(Unsigned value, int digits)
                    [](char c) { return c >= 'a' ? static_cast<char>(c - 'a' + 'A') : c; });
     const auto length = static_cast<int>(end - text.data());
     constexpr int maxDigits = 64;
-    return UnicodeString::StringOfChar(u'0', std::min(digits, maxDigits) - length) +
+    return UnicodeString::StringOfChar(u'0', std::clamp(digits, 0, maxDigits) - length) +
            FromAscii({text.data(), static_cast<std::size_t>(length)});
 }
 
@@ -808,6 +808,11 @@ UnicodeString FormatFloat(const UnicodeString& format, double value)
 UnicodeString FormatFloat(const UnicodeString& format, long double value)
 {
     return FormatValue(format, value, FormatSettings);
+}
+
+UnicodeString FormatFloat(const UnicodeString& format, double value, const TFormatSettings& settings)
+{
+    return FormatValue(format, value, settings);
 }
 
 UnicodeString FormatFloat(const UnicodeString& format, long double value, const TFormatSettings& settings)

@@ -76,6 +76,8 @@ TRS8_BTL_API System::UnicodeString FloatToStrF(long double value, TFloatFormat f
 /// or one too small for the number, gives the general form.
 TRS8_BTL_API System::UnicodeString FormatFloat(const System::UnicodeString& format, double value);
 TRS8_BTL_API System::UnicodeString FormatFloat(const System::UnicodeString& format, long double value);
+TRS8_BTL_API System::UnicodeString FormatFloat(const System::UnicodeString& format, double value,
+                                               const TFormatSettings& settings);
 TRS8_BTL_API System::UnicodeString FormatFloat(const System::UnicodeString& format, long double value,
                                                const TFormatSettings& settings);
 
