@@ -38,6 +38,17 @@ unsigned ASimpleVector::SizeWith(unsigned count) const
     return mSize + count;
 }
 
+unsigned ASimpleVector::CapacityWith(unsigned count) const
+{
+    const unsigned size = SizeWith(count);
+    if (size <= mCapacity) {
+        return mCapacity;
+    }
+    const unsigned long long step = NewCapacity() - mCapacity;
+    const unsigned long long steps = (size - mCapacity + step - 1) / step;
+    return static_cast<unsigned>(std::min<unsigned long long>(mCapacity + steps * step, MaxSize));
+}
+
 void ASimpleVector::FailPosition()
 {
     throw Sysutils::ERangeError(u"The position lies outside the vector.");

@@ -50,6 +50,8 @@ protected:
 
     /// The size with `count` more elements; `Sysutils::EOutOfMemory` beyond `MaxSize`.
     unsigned SizeWith(unsigned count) const;
+    /// The capacity that holds `count` more elements, reached in whole steps of growth.
+    unsigned CapacityWith(unsigned count) const;
     [[noreturn]] static void FailPosition();
     [[noreturn]] static void FailMemory();
 

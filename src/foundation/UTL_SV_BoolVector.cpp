@@ -8,6 +8,7 @@ namespace UTL
 {
 
 using System::UnicodeString;
+using System::WideChar;
 
 CBoolVector::CBoolVector(const CBoolVector* other)
 {
@@ -18,15 +19,21 @@ CBoolVector::CBoolVector(const CBoolVector* other)
 
 UnicodeString CBoolVector::getCommaText() const
 {
-    return Detail::JoinNumbers(*this, [](bool value, System::WideChar* out) {
-        *out = value ? u'1' : u'0';
-        return std::size_t(1);
+    return Detail::JoinNumbers(*this, [](bool value, char* out) {
+        *out = value ? '1' : '0';
+        return out + 1;
     });
 }
 
 void CBoolVector::setCommaText(UnicodeString text)
 {
-    Detail::SplitNumbers(*this, text.AsView(), [](std::u16string_view part) {
+    const auto scan = [](const WideChar* first, const WideChar* last, bool& value) {
+        int number = 0;
+        const WideChar* const end = Detail::ScanInteger(first, last, number);
+        value = number != 0;
+        return end;
+    };
+    Detail::SplitNumbers(*this, text.AsView(), scan, [](std::u16string_view part) {
         return Sysutils::StrToInt(UnicodeString(part)) != 0;
     });
 }

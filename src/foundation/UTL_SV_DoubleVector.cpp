@@ -16,6 +16,11 @@ using System::UnicodeString;
 
 static_assert(Sysutils::FloatBufferSize <= Detail::NumberRoom);
 
+const System::WideChar* ScanDouble(const System::WideChar* first, const System::WideChar* last, double& value)
+{
+    return Sysutils::ScanShortFloat(first, last, u'.', value);
+}
+
 double ReadDouble(std::u16string_view part)
 {
     double value = 0;
@@ -42,12 +47,12 @@ CDoubleVector::CDoubleVector(const UnicodeString& commaText)
 UnicodeString CDoubleVector::getCommaText() const
 {
     return Detail::JoinNumbers(
-        *this, [](double value, System::WideChar* out) { return Sysutils::FloatToBuffer(value, u'.', out); });
+        *this, [](double value, char* out) { return out + Sysutils::FloatToBuffer(value, '.', out); });
 }
 
 void CDoubleVector::setCommaText(UnicodeString text)
 {
-    Detail::SplitNumbers(*this, text.AsView(), ReadDouble);
+    Detail::SplitNumbers(*this, text.AsView(), ScanDouble, ReadDouble);
 }
 
 double CDoubleVector::GetMaxValue() const

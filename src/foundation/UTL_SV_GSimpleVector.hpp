@@ -206,8 +206,7 @@ void GSimpleVector<T>::push_back(const T& value)
 {
     const T copy = value;
     if (mSize == mCapacity) {
-        SizeWith(1);
-        reserve(NewCapacity());
+        reserve(CapacityWith(1));
     }
     mItems[mSize++] = copy;
 }
@@ -224,8 +223,7 @@ T* GSimpleVector<T>::insert(T* position, const T& value)
     const T copy = value;
     const unsigned offset = OffsetOf(position);
     if (mSize == mCapacity) {
-        SizeWith(1);
-        reserve(NewCapacity());
+        reserve(CapacityWith(1));
     }
     T* const place = OpenGap(offset, 1);
     *place = copy;
@@ -396,6 +394,7 @@ void GSimpleVector<T>::Union(const GSimpleVector& other)
     added.Sort();
     added.erase(std::unique(added.begin(), added.end()), added.end());
     const unsigned oldSize = mSize;
+    reserve(CapacityWith(added.size()));
     append(added);
     std::inplace_merge(begin(), begin() + oldSize, end(), Detail::TVectorOrder());
 }
@@ -426,7 +425,9 @@ void GSimpleVector<T>::DoIntersect(const GSimpleVector& small, const GSimpleVect
                  [&large](const T& item) { return large.Contains(item); });
     common.Sort();
     common.erase(std::unique(common.begin(), common.end()), common.end());
-    Assign(&common);
+    mSize = 0;
+    reserve(CapacityWith(common.size()));
+    append(common);
 }
 
 template <class T>

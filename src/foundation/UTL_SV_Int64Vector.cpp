@@ -16,12 +16,6 @@ using System::Int64;
 using System::UInt64;
 using System::UnicodeString;
 
-Int64 ReadInt64(std::u16string_view part)
-{
-    Int64 value = 0;
-    return Detail::ReadPlainInteger(part, value) ? value : Sysutils::StrToInt64(UnicodeString(part));
-}
-
 } // namespace
 
 CInt64Vector::CInt64Vector(const CInt64Vector* other)
@@ -38,7 +32,8 @@ UnicodeString CInt64Vector::getCommaText() const
 
 void CInt64Vector::setCommaText(UnicodeString text)
 {
-    Detail::SplitNumbers(*this, text.AsView(), ReadInt64);
+    Detail::SplitNumbers(*this, text.AsView(), Detail::ScanInteger<Int64>,
+                         [](std::u16string_view part) { return Sysutils::StrToInt64(UnicodeString(part)); });
 }
 
 Int64 CInt64Vector::GetMaxValue() const

@@ -7,7 +7,6 @@
 #include "platform/runtime/Sysutils_Number.h"
 
 #include <cstdint>
-#include <limits>
 
 namespace UTL
 {
@@ -18,16 +17,6 @@ namespace
 using System::UnicodeString;
 
 constexpr const char* Source = "UTL_SV_IntVector.cpp";
-
-int ReadInt(std::u16string_view part)
-{
-    System::Int64 value = 0;
-    using Limits = std::numeric_limits<int>;
-    if (Detail::ReadPlainInteger(part, value) && value >= Limits::min() && value <= Limits::max()) {
-        return static_cast<int>(value);
-    }
-    return Sysutils::StrToInt(UnicodeString(part));
-}
 
 } // namespace
 
@@ -50,7 +39,8 @@ UnicodeString CIntVector::getCommaText() const
 
 void CIntVector::setCommaText(UnicodeString text)
 {
-    Detail::SplitNumbers(*this, text.AsView(), ReadInt);
+    Detail::SplitNumbers(*this, text.AsView(), Detail::ScanInteger<int>,
+                         [](std::u16string_view part) { return Sysutils::StrToInt(UnicodeString(part)); });
 }
 
 int CIntVector::GetMaxValue() const

@@ -83,18 +83,21 @@ void Split(TStrings* strings, const S& text, typename S::CharType delim, typenam
     if (strings == nullptr) {
         return;
     }
-    const CStringsUpdate update(strings);
-    strings->Clear();
+    // All at once, so that a sorted list isn't moved for each item.
+    Classes::TStringList items;
     auto rest = text.AsView();
     SkipBlanks(rest);
     while (!rest.empty()) {
-        strings->Add(TakeItem<S>(rest, delim, quote));
+        items.Add(TakeItem<S>(rest, delim, quote));
         SkipBlanks(rest);
         if (!rest.empty() && rest.front() == delim) {
             rest.remove_prefix(1);
             SkipBlanks(rest);
         }
     }
+    const CStringsUpdate update(strings);
+    strings->Clear();
+    strings->AddStrings(&items);
 }
 
 template <class S>

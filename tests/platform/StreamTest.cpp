@@ -87,6 +87,20 @@ TEST(StreamTest, MemoryRefusesImpossibleRequests)
     EXPECT_EQ(stream.getSize(), 0);
 }
 
+TEST(StreamTest, MemoryTakesItsOwnBytes)
+{
+    TMemoryStream stream;
+    stream.WriteBuffer("abcdefgh", 8);
+    for (int i = 0; i < 4; ++i) {
+        stream.SaveToStream(&stream);
+    }
+    EXPECT_EQ(stream.getSize(), 128);
+    stream.setPosition(2);
+    stream.WriteBuffer(stream.AsView().data(), 8);
+    EXPECT_EQ(Content(stream).substr(0, 16), "ababcdefghcdefgh");
+    EXPECT_EQ(Content(stream).substr(112), "abcdefghabcdefgh");
+}
+
 TEST(StreamTest, GrowsByMoreThanItNeeds)
 {
     TMemoryStream stream;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <functional>
 #include <map>
 #include <mutex>
 #include <stdexcept>
@@ -195,8 +196,14 @@ Int64 TMemoryStream::Write(const void* buffer, Int64 count)
     if (buffer == nullptr || count <= 0) {
         return 0;
     }
-    const Int64 end = AddClamped(mPosition, count);
     const auto* in = static_cast<const char*>(buffer);
+    const std::less<const char*> before;
+    if (!before(in, mBytes.data()) && before(in, mBytes.data() + mBytes.size())) {
+        // Its own bytes would move away while they are copied.
+        const std::vector<char> copy(in, in + std::min<Int64>(count, mBytes.data() + mBytes.size() - in));
+        return Write(copy.data(), static_cast<Int64>(copy.size()));
+    }
+    const Int64 end = AddClamped(mPosition, count);
     const Int64 size = getSize();
     WithMemory(end, [&] {
         if (mPosition == size) {
@@ -207,7 +214,7 @@ Int64 TMemoryStream::Write(const void* buffer, Int64 count)
         if (end > size) {
             mBytes.resize(static_cast<std::size_t>(end));
         }
-        std::memmove(mBytes.data() + mPosition, in, static_cast<std::size_t>(count));
+        std::memcpy(mBytes.data() + mPosition, in, static_cast<std::size_t>(count));
     });
     mPosition = end;
     return count;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cfloat>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
@@ -52,7 +53,7 @@ UnicodeString FromAscii(std::string_view text)
 /// A number as decimal digits: 0.DIGITS times ten to the exponent. No digits mean zero.
 struct TDecimal
 {
-    std::array<char, 40> digits = {};
+    std::array<char, 24> digits = {};
     int count = 0;
     int exponent = 0;
     bool negative = false;
@@ -97,36 +98,21 @@ private:
     }
 };
 
-/// Reads what `to_chars` writes, with or without an exponent.
-TDecimal ReadDecimal(const char* text, const char* end)
+/// Reads the scientific form that `to_chars` writes.
+TDecimal ReadScientific(const char* text, const char* end)
 {
     TDecimal result;
     result.negative = *text == '-';
     text += result.negative ? 1 : 0;
-    bool afterPoint = false;
-    for (; text != end && *text != 'e'; ++text) {
-        if (*text == '.') {
-            afterPoint = true;
-            continue;
-        }
-        const bool leadingZero = result.count == 0 && *text == '0';
-        if (!leadingZero) {
-            result.digits[static_cast<std::size_t>(result.count++)] = *text;
-        }
-        // A digit in front of the point moves it to the right, a zero at once behind it to the left.
-        if (!afterPoint) {
-            result.exponent += leadingZero ? 0 : 1;
-        } else {
-            result.exponent -= leadingZero ? 1 : 0;
-        }
+    const char* const mark = std::find(text, end, 'e');
+    result.digits[0] = *text;
+    result.count = 1;
+    if (mark - text > 2) {
+        std::copy(text + 2, mark, result.digits.begin() + 1);
+        result.count = static_cast<int>(mark - text) - 1;
     }
-    if (text != end) {
-        int exponent = 0;
-        ++text;
-        text += *text == '+' ? 1 : 0;
-        std::from_chars(text, end, exponent);
-        result.exponent += exponent;
-    }
+    std::from_chars(mark[1] == '+' ? mark + 2 : mark + 1, end, result.exponent);
+    ++result.exponent;
     return result;
 }
 
@@ -135,8 +121,9 @@ TDecimal ToDecimal(double value)
     // The shortest form that reads back as the value: rounding it, and not the binary value, to 15 digits
     // spares a second conversion.
     std::array<char, 40> text;
-    const char* end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
-    TDecimal result = ReadDecimal(text.data(), end);
+    const char* end =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific).ptr;
+    TDecimal result = ReadScientific(text.data(), end);
     result.Round(DoubleDigits);
     return result;
 }
@@ -147,7 +134,7 @@ TDecimal ToDecimal(long double value)
     const char* end = std::to_chars(text.data(), text.data() + text.size(), value,
                                     std::chars_format::scientific, LongDoubleDigits - 1)
                           .ptr;
-    TDecimal result = ReadDecimal(text.data(), end);
+    TDecimal result = ReadScientific(text.data(), end);
     result.Round(LongDoubleDigits);
     return result;
 }
@@ -156,28 +143,47 @@ template <class Float>
 constexpr int DigitsOf = std::is_same_v<Float, long double> ? LongDoubleDigits : DoubleDigits;
 
 template <class Float>
-const char16_t* SpecialText(Float value)
+std::string_view SpecialText(Float value)
 {
     if (std::isnan(value)) {
-        return u"NAN";
+        return "NAN";
     }
-    return value < 0 ? u"-INF" : u"INF";
+    return value < 0 ? "-INF" : "INF";
 }
 
 /// Collects a number's text.
-class CNumberText
+template <class Char>
+class GNumberText
 {
 public:
-    explicit CNumberText(WideChar* out) : mBegin(out), mEnd(out) {}
+    explicit GNumberText(Char* out) : mBegin(out), mEnd(out) {}
 
-    void Add(WideChar c) { *mEnd++ = c; }
-    void Add(char c) { *mEnd++ = static_cast<WideChar>(c); }
+    template <class Other>
+    void Add(Other c)
+    {
+        *mEnd++ = static_cast<Char>(c);
+    }
     std::size_t Length() const { return static_cast<std::size_t>(mEnd - mBegin); }
 
 private:
-    WideChar* mBegin;
-    WideChar* mEnd;
+    Char* mBegin;
+    Char* mEnd;
 };
+
+/// The digits from one place to another, with zeros outside those that the number has.
+template <class Out>
+void AddDigits(Out& out, const TDecimal& value, int first, int last)
+{
+    for (; first < std::min(last, 0); ++first) {
+        out.Add('0');
+    }
+    for (; first < std::min(last, value.count); ++first) {
+        out.Add(value.digits[static_cast<std::size_t>(first)]);
+    }
+    for (; first < last; ++first) {
+        out.Add('0');
+    }
+}
 
 template <class Out>
 void AddExponent(Out& out, int exponent, bool plus, int minimum)
@@ -197,38 +203,34 @@ void AddExponent(Out& out, int exponent, bool plus, int minimum)
 }
 
 /// The general form of digits that are rounded already.
-template <class Out>
-void AddGeneral(Out& out, const TDecimal& value, int precision, int exponentDigits, WideChar separator)
+template <class Out, class Char>
+void AddGeneral(Out& out, const TDecimal& value, int precision, int exponentDigits, Char separator)
 {
     if (value.negative) {
-        out.Add(u'-');
+        out.Add('-');
     }
     if (value.count == 0) {
-        out.Add(u'0');
+        out.Add('0');
         return;
     }
     if (value.exponent > precision || value.exponent < SmallestFixedExponent) {
-        out.Add(value.At(0));
+        AddDigits(out, value, 0, 1);
         if (value.count > 1) {
             out.Add(separator);
+            AddDigits(out, value, 1, value.count);
         }
-        for (int i = 1; i < value.count; ++i) {
-            out.Add(value.At(i));
-        }
-        out.Add(u'E');
+        out.Add('E');
         AddExponent(out, value.exponent - 1, false, exponentDigits);
         return;
     }
-    for (int i = std::min(value.exponent - 1, 0); i < std::max(value.exponent, 1); ++i) {
-        if (i >= 0 || value.exponent > 0) {
-            out.Add(value.exponent > 0 ? value.At(i) : '0');
-        }
+    if (value.exponent > 0) {
+        AddDigits(out, value, 0, value.exponent);
+    } else {
+        out.Add('0');
     }
     if (value.count > value.exponent) {
         out.Add(separator);
-        for (int i = value.exponent; i < value.count; ++i) {
-            out.Add(value.At(i));
-        }
+        AddDigits(out, value, value.exponent, value.count);
     }
 }
 
@@ -347,7 +349,7 @@ UnicodeString ToStrF(Float value, TFloatFormat format, int precision, int digits
                      const TFormatSettings& settings)
 {
     if (!std::isfinite(value)) {
-        return SpecialText(value);
+        return FromAscii(SpecialText(value));
     }
     return DecimalToStrF(ToDecimal(value), format, std::clamp(precision, 2, DigitsOf<Float>), digits,
                          settings);
@@ -576,7 +578,7 @@ template <class Float>
 UnicodeString FormatValue(const UnicodeString& format, Float value, const TFormatSettings& settings)
 {
     return std::isfinite(value) ? FormatDecimal(format, ToDecimal(value), settings)
-                                : UnicodeString(SpecialText(value));
+                                : FromAscii(SpecialText(value));
 }
 
 TDecimal ScaledToDecimal(Int64 units, int decimals)
@@ -587,6 +589,27 @@ TDecimal ScaledToDecimal(Int64 units, int decimals)
     result.exponent -= result.count == 0 ? 0 : decimals;
     result.Round(result.count);
     return result;
+}
+
+template <class Char>
+std::size_t WriteFloat(double value, Char decimalSeparator, Char* out)
+{
+    if (!std::isfinite(value)) {
+        const std::string_view text = SpecialText(value);
+        std::copy(text.begin(), text.end(), out);
+        return text.size();
+    }
+    GNumberText<Char> text(out);
+    AddGeneral(text, ToDecimal(value), GeneralPrecision, 0, decimalSeparator);
+    return text.Length();
+}
+
+const WideChar* ScanDigits(const WideChar* first, const WideChar* last, UInt64& value)
+{
+    for (; first != last && IsDigit(*first); ++first) {
+        value = value * 10 + static_cast<UInt64>(*first - u'0');
+    }
+    return first;
 }
 
 /// The text of an integer, read as far as it fits.
@@ -692,7 +715,7 @@ UnicodeString HexText(Unsigned value, int digits)
                    [](char c) { return c >= 'a' ? static_cast<char>(c - 'a' + 'A') : c; });
     const auto length = static_cast<int>(end - text.data());
     constexpr int maxDigits = 64;
-    return UnicodeString::StringOfChar(u'0', std::min(digits, maxDigits) - length) +
+    return UnicodeString::StringOfChar(u'0', std::clamp(digits, 0, maxDigits) - length) +
            FromAscii({text.data(), static_cast<std::size_t>(length)});
 }
 
@@ -802,6 +825,11 @@ UnicodeString FormatFloat(const UnicodeString& format, long double value)
     return FormatValue(format, value, FormatSettings);
 }
 
+UnicodeString FormatFloat(const UnicodeString& format, double value, const TFormatSettings& settings)
+{
+    return FormatValue(format, value, settings);
+}
+
 UnicodeString FormatFloat(const UnicodeString& format, long double value, const TFormatSettings& settings)
 {
     return FormatValue(format, value, settings);
@@ -861,14 +889,40 @@ bool TextToFloat(const UnicodeString& text, double& value)
 
 std::size_t FloatToBuffer(double value, WideChar decimalSeparator, WideChar* out)
 {
-    if (!std::isfinite(value)) {
-        const std::u16string_view text = SpecialText(value);
-        std::copy(text.begin(), text.end(), out);
-        return text.size();
+    return WriteFloat(value, decimalSeparator, out);
+}
+
+std::size_t FloatToBuffer(double value, char decimalSeparator, char* out)
+{
+    return WriteFloat(value, decimalSeparator, out);
+}
+
+const WideChar* ScanShortFloat(const WideChar* first, const WideChar* last, WideChar decimalSeparator,
+                               double& value)
+{
+    // The digits and the power of ten behind them are exact as floats: one division then rounds once, as the
+    // standard asks for.
+    constexpr std::array<double, 20> powers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,
+                                               1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19};
+    constexpr UInt64 maxExact = UInt64(1) << std::numeric_limits<double>::digits;
+    const bool negative = first != last && *first == u'-';
+    const WideChar* const digitsBegin = first + (negative ? 1 : 0);
+    UInt64 digits = 0;
+    const WideChar* end = ScanDigits(digitsBegin, last, digits);
+    std::ptrdiff_t count = end - digitsBegin;
+    std::ptrdiff_t decimals = 0;
+    if (end != last && *end == decimalSeparator) {
+        const WideChar* const decimalsBegin = end + 1;
+        end = ScanDigits(decimalsBegin, last, digits);
+        decimals = end - decimalsBegin;
+        count += decimals;
     }
-    CNumberText text(out);
-    AddGeneral(text, ToDecimal(value), GeneralPrecision, 0, decimalSeparator);
-    return text.Length();
+    if (FLT_EVAL_METHOD != 0 || count == 0 || count >= std::ssize(powers) || digits > maxExact) {
+        return first;
+    }
+    const double read = static_cast<double>(digits) / powers[static_cast<std::size_t>(decimals)];
+    value = negative ? -read : read;
+    return end;
 }
 
 bool BufferToFloat(std::u16string_view text, WideChar decimalSeparator, double& value)
@@ -885,6 +939,12 @@ bool BufferToFloat(std::u16string_view text, WideChar decimalSeparator, double& 
         if (!text.empty() && text.front() == u'-') {
             return false;
         }
+    }
+    const WideChar* const textEnd = text.data() + text.size();
+    double read = 0;
+    if (!text.empty() && ScanShortFloat(text.data(), textEnd, decimalSeparator, read) == textEnd) {
+        value = read;
+        return true;
     }
     // Only a number's own characters are let through, so that no "inf" and no "nan" is read.
     constexpr std::size_t shortSize = 64;
@@ -908,7 +968,6 @@ bool BufferToFloat(std::u16string_view text, WideChar decimalSeparator, double& 
             return false;
         }
     }
-    double read = 0;
     const auto result = std::from_chars(begin, end, read);
     if (!hasDigit || result.ptr != end) {
         return false;

@@ -76,6 +76,8 @@ TRS8_BTL_API System::UnicodeString FloatToStrF(long double value, TFloatFormat f
 /// or one too small for the number, gives the general form.
 TRS8_BTL_API System::UnicodeString FormatFloat(const System::UnicodeString& format, double value);
 TRS8_BTL_API System::UnicodeString FormatFloat(const System::UnicodeString& format, long double value);
+TRS8_BTL_API System::UnicodeString FormatFloat(const System::UnicodeString& format, double value,
+                                               const TFormatSettings& settings);
 TRS8_BTL_API System::UnicodeString FormatFloat(const System::UnicodeString& format, long double value,
                                                const TFormatSettings& settings);
 
@@ -98,6 +100,13 @@ inline constexpr std::size_t FloatBufferSize = 32;
 /// As `FloatToStr` into a buffer of `FloatBufferSize`, without an end mark; gives the count of characters.
 TRS8_BTL_API std::size_t FloatToBuffer(double value, System::WideChar decimalSeparator,
                                        System::WideChar* out);
+TRS8_BTL_API std::size_t FloatToBuffer(double value, char decimalSeparator, char* out);
+/// Reads a float without an exponent and with few enough digits to be exact at the front of a text, and gives
+/// its end. Gives `first`, and leaves `value` alone, if no such number stands there; `BufferToFloat` may read
+/// one nevertheless.
+TRS8_BTL_API const System::WideChar* ScanShortFloat(const System::WideChar* first,
+                                                    const System::WideChar* last,
+                                                    System::WideChar decimalSeparator, double& value);
 /// As `TryStrToFloat`.
 TRS8_BTL_API bool BufferToFloat(std::u16string_view text, System::WideChar decimalSeparator, double& value);
 

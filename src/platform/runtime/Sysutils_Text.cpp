@@ -2,7 +2,6 @@
 #include "platform/runtime/Sysutils_Text.h"
 
 #include <algorithm>
-#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -19,29 +18,70 @@ using System::AnsiString;
 using System::UnicodeString;
 using System::WideChar;
 
+/// Finds a pattern in time with the length of the text, whatever both look like.
+template <class View>
+class GPatternSearch
+{
+public:
+    explicit GPatternSearch(View pattern) : mPattern(pattern), mBorders(pattern.size())
+    {
+        for (std::size_t i = 1; i < pattern.size(); ++i) {
+            mBorders[i] = Step(mBorders[i - 1], pattern[i]);
+        }
+    }
+
+    /// The place of the first pattern from `at` on.
+    std::size_t Find(View text, std::size_t at) const
+    {
+        std::size_t matched = 0;
+        for (; at < text.size(); ++at) {
+            if (matched == 0 && (at = text.find(mPattern[0], at)) == View::npos) {
+                break;
+            }
+            matched = Step(matched, text[at]);
+            if (matched == mPattern.size()) {
+                return at + 1 - matched;
+            }
+        }
+        return View::npos;
+    }
+
+private:
+    /// How much of the pattern matches with one more character behind `matched` of it.
+    std::size_t Step(std::size_t matched, typename View::value_type c) const
+    {
+        while (matched > 0 && mPattern[matched] != c) {
+            matched = mBorders[matched - 1];
+        }
+        return mPattern[matched] == c ? matched + 1 : 0;
+    }
+
+    View mPattern;
+    /// For each beginning of the pattern, the length of the longest shorter one that also ends it.
+    std::vector<std::size_t> mBorders;
+};
+
 /// Replaces in `text` at the places found in `searched`, which has the same length.
 template <class S>
 S ReplaceAt(typename S::View text, typename S::View searched, typename S::View pattern,
             typename S::View replacement, bool all)
 {
-    using View = typename S::View;
-    const std::boyer_moore_horspool_searcher searcher(pattern.begin(), pattern.end());
+    const GPatternSearch search(pattern);
     S result;
-    auto from = searched.begin();
-    const auto sourceOf = [&](auto place) { return text.begin() + (place - searched.begin()); };
+    std::size_t from = 0;
     while (true) {
-        const auto found = std::search(from, searched.end(), searcher);
-        if (found == searched.end()) {
+        const std::size_t found = search.Find(searched, from);
+        if (found == S::View::npos) {
             break;
         }
-        result.Append(View(sourceOf(from), sourceOf(found)));
+        result.Append(text.substr(from, found - from));
         result.Append(replacement);
-        from = found + static_cast<std::ptrdiff_t>(pattern.size());
+        from = found + pattern.size();
         if (!all) {
             break;
         }
     }
-    result.Append(View(sourceOf(from), text.end()));
+    result.Append(text.substr(from));
     return result;
 }
 
@@ -85,7 +125,9 @@ template <class S>
 S Quoted(const S& text, typename S::CharType quote)
 {
     S result = quote;
-    for (auto rest = text.AsView();;) {
+    auto rest = text.AsView();
+    result.Reserve(text.Length() + 2 + static_cast<int>(std::count(rest.begin(), rest.end(), quote)));
+    while (true) {
         const auto next = rest.find(quote);
         result.Append(rest.substr(0, next));
         result += quote;

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include "foundation/UTL_SV_BoolVector.h"
+#include "foundation/UTL_SV_DoubleVector.h"
+#include "foundation/UTL_SV_Int64Vector.h"
+#include "foundation/UTL_SV_IntVector.h"
+#include "platform/runtime/System_CodePage.h"
+#include "platform/runtime/Sysutils_Exception.h"
+#include "platform/runtime/Sysutils_Text.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <string_view>
+
+namespace
+{
+
+using System::UnicodeString;
+
+void Require(bool condition)
+{
+    if (!condition) {
+        std::abort();
+    }
+}
+
+/// What a text holds writes and reads back to the same elements.
+template <class Vector>
+void RequireRoundTrip(const Vector& read)
+{
+    Vector again;
+    again.setCommaText(read.getCommaText());
+    Require(again == read);
+}
+
+/// Floats are written with 15 digits: the text stays, the element only if it was read with no more.
+void RequireRoundTrip(const UTL::CDoubleVector& read)
+{
+    const UnicodeString text = read.getCommaText();
+    UTL::CDoubleVector again;
+    try {
+        again.setCommaText(text);
+    } catch (const Sysutils::EConvertError&) {
+        // The largest floats round to a text beyond the range.
+        Require(again.size() < read.size() && std::abs(read[again.size()]) > 1.7e308);
+        return;
+    }
+    Require(again.size() == read.size() && again.getCommaText() == text);
+}
+
+template <class Vector>
+void ReadText(const UnicodeString& text)
+{
+    Vector vector;
+    bool isWhole = true;
+    try {
+        vector.setCommaText(text);
+    } catch (const Sysutils::EConvertError&) {
+        isWhole = false;
+    }
+    RequireRoundTrip(vector);
+    const int commas = static_cast<int>(std::count(text.AsView().begin(), text.AsView().end(), u','));
+    Require(static_cast<int>(vector.size()) <= commas + 1);
+    // Behind blanks the long way is taken, which reads the same.
+    Vector spaced;
+    bool isSpacedWhole = true;
+    try {
+        spaced.setCommaText(
+            Sysutils::StringReplace(text, u",", u" , ", Sysutils::TReplaceFlags() << Sysutils::rfReplaceAll));
+    } catch (const Sysutils::EConvertError&) {
+        isSpacedWhole = false;
+    }
+    Require(isSpacedWhole == isWhole && spaced == vector);
+}
+
+} // namespace
+
+/// Reads any text as the comma text of each kind of vector.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    for (const UnicodeString& text : {UnicodeString(System::AnsiString(bytes)), System::FromUtf8(bytes)}) {
+        ReadText<UTL::CBoolVector>(text);
+        ReadText<UTL::CIntVector>(text);
+        ReadText<UTL::CInt64Vector>(text);
+        ReadText<UTL::CDoubleVector>(text);
+    }
+    return 0;
+}
