@@ -404,9 +404,9 @@ TYPED_TEST(StringUtilitiesTest, MacroExpansionEnds)
 {
     const auto T = TestFixture::T;
     EXPECT_FALSE(BTL::ApplyMacro(T("F(1)"), T("F(a)"), T("F(%a)")).IsEmpty());
-    EXPECT_LT(BTL::ApplyMacro(T("F(1)"), T("F(a)"), T("F(%a)F(%a)F(%a%a)")).Length(), 100'000'000);
-    EXPECT_LT(BTL::ApplyMacro(T("F(xxxxxxxxxxxxxxxx)"), T("F(a)"), T("F(%a%a%a%a%a%a%a%a)")).Length(),
-              100'000'000);
+    constexpr int bound = 2'000'000;
+    EXPECT_LT(BTL::ApplyMacro(T("F(1)"), T("F(a)"), T("F(%a)F(%a)F(%a%a)")).Length(), bound);
+    EXPECT_LT(BTL::ApplyMacro(T("F(xxxxxxxxxxxxxxxx)"), T("F(a)"), T("F(%a%a%a%a%a%a%a%a)")).Length(), bound);
 
     TypeParam text;
     TypeParam expected;
