@@ -24,7 +24,7 @@ using System::UnicodeString;
 // below what hangs a program.
 constexpr std::size_t MaxDepth = 100;
 constexpr std::size_t MaxNestedExpansions = 10'000;
-constexpr std::size_t MaxNestedText = 16 * 1024 * 1024;
+constexpr std::size_t MaxNestedText = 1024 * 1024;
 constexpr std::size_t MaxBody = 64 * 1024 * 1024;
 
 template <class S>
@@ -80,10 +80,17 @@ private:
         LeaveInsertedText(callEnd);
         const S values(View(TPending(mPending.rend() - static_cast<std::ptrdiff_t>(open),
                                      mPending.rend() - static_cast<std::ptrdiff_t>(close + 1))));
-        const std::optional<S> expanded = FillBody(ReadCommaText(values));
-        if (!expanded || !IsWithinBounds(static_cast<std::size_t>(expanded->Length()))) {
+        const bool isNested = !mInsertedEnds.empty();
+        if (isNested && !IsWithinBounds()) {
             return false;
         }
+        const std::size_t most =
+            isNested ? MaxNestedText - mNestedText : std::max<std::size_t>(MaxBody, mBody.AsView().size());
+        const std::optional<S> expanded = FillBody(ReadCommaText(values), most);
+        if (!expanded) {
+            return false;
+        }
+        mNestedText += isNested ? static_cast<std::size_t>(expanded->Length()) : 0;
         // The begin of a name may have been finished by what was inserted, so that much is searched again.
         const std::size_t before = mPending.size() - callEnd;
         Take(before - std::min(before, mReversedName.size() - 1));
@@ -117,28 +124,24 @@ private:
         }
     }
 
-    bool IsWithinBounds(std::size_t length)
+    /// True if one more expansion within inserted text is allowed.
+    bool IsWithinBounds()
     {
-        if (mInsertedEnds.empty()) {
-            return true;
-        }
-        mNestedText += length;
-        return mInsertedEnds.size() < MaxDepth && ++mNestedExpansions < MaxNestedExpansions &&
-               mNestedText < MaxNestedText;
+        return mInsertedEnds.size() < MaxDepth && ++mNestedExpansions < MaxNestedExpansions;
     }
 
-    /// The body with its values; nothing if it grows out of all proportion.
-    std::optional<S> FillBody(const std::vector<S>& values) const
+    /// The body with its values; nothing if it grows beyond `most` on the way.
+    std::optional<S> FillBody(const std::vector<S>& values, std::size_t most) const
     {
         S body = mBody;
         for (std::size_t i = 0; i < std::min(mParameters.size(), values.size()); ++i) {
             const S formal = S("%") + mParameters[i];
-            if (ExchangedLength(body, formal, values[i]) > MaxBody) {
+            if (ExchangedLength(body, formal, values[i]) > most) {
                 return std::nullopt;
             }
             body = ExchangeAll(body, formal, values[i]);
         }
-        return body;
+        return static_cast<std::size_t>(body.Length()) > most ? std::nullopt : std::optional<S>(body);
     }
 
     static std::size_t ExchangedLength(const S& text, const S& formal, const S& value)
