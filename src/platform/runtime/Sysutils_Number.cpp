@@ -581,12 +581,17 @@ UnicodeString FormatValue(const UnicodeString& format, Float value, const TForma
                                 : FromAscii(SpecialText(value));
 }
 
+/// `units` divided by ten to `decimals`, exactly.
 TDecimal ScaledToDecimal(Int64 units, int decimals)
 {
+    TDecimal result;
     std::array<char, 24> text;
-    const char* end = std::to_chars(text.data(), text.data() + text.size(), units).ptr;
-    TDecimal result = ReadDecimal(text.data(), end);
-    result.exponent -= result.count == 0 ? 0 : decimals;
+    const char* const end = std::to_chars(text.data(), text.data() + text.size(), units).ptr;
+    result.negative = units < 0;
+    const char* const begin = text.data() + (result.negative ? 1 : 0);
+    std::copy(begin, end, result.digits.begin());
+    result.count = static_cast<int>(end - begin);
+    result.exponent = result.count - decimals;
     result.Round(result.count);
     return result;
 }
