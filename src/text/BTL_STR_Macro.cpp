@@ -24,8 +24,8 @@ using System::UnicodeString;
 // below what hangs a program.
 constexpr std::size_t MaxDepth = 100;
 constexpr std::size_t MaxNestedExpansions = 10'000;
-constexpr std::size_t MaxNestedText = 1024 * 1024;
-constexpr std::size_t MaxBody = 64 * 1024 * 1024;
+constexpr std::size_t MaxNestedText = 1 << 20;
+constexpr std::size_t MaxBody = 1 << 26;
 
 template <class S>
 std::vector<S> ReadCommaText(const S& text)
@@ -33,6 +33,7 @@ std::vector<S> ReadCommaText(const S& text)
     Classes::TStringList list;
     list.setCommaText(text);
     std::vector<S> items;
+    items.reserve(static_cast<std::size_t>(list.getCount()));
     for (int i = 0; i < list.getCount(); ++i) {
         items.push_back(S(list.getStrings(i)));
     }

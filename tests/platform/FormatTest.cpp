@@ -2,6 +2,7 @@
 #include "platform/runtime/System_Printf.h"
 #include "platform/runtime/Sysutils_Exception.h"
 #include "platform/runtime/Sysutils_Format.h"
+#include "platform/runtime/Sysutils_Number.h"
 
 #include <climits>
 #include <limits>
@@ -41,51 +42,52 @@ UnicodeString FailureOf(const UnicodeString& format, TVarArgs arguments)
 TEST(FormatTest, FillsEachType)
 {
     const Sysutils::TFormatSettings plain;
-    const auto* const pointer = reinterpret_cast<const void*>(std::uintptr_t{0xBEEF});
     const struct
     {
         const char16_t* format;
-        TVarRec argument;
         const char16_t* result;
+        TVarRec argument;
     } cases[] = {
-        {u"100%% of %d", 7, u"100% of 7"},
-        {u"%D", -7, u"-7"},
-        {u"%d", LLONG_MIN, u"-9223372036854775808"},
-        {u"%d", ULLONG_MAX, u"18446744073709551615"},
-        {u"%.3d", -7, u"-007"},
-        {u"%.0d", 0, u"0"},
-        {u"%u", -1, u"4294967295"},
-        {u"%u", -1LL, u"18446744073709551615"},
-        {u"%x", 0xabc, u"ABC"},
-        {u"%.6X", 0xabc, u"000ABC"},
-        {u"%x", -1, u"FFFFFFFF"},
-        {u"[%5d]", 42, u"[   42]"},
-        {u"[%-5d]", 42, u"[42   ]"},
-        {u"[%05d]", 42, u"[   42]"},
-        {u"[%1d]", 42, u"[42]"},
-        {u"%p", pointer, u"000000000000BEEF"},
-        {u"%e", 1234.5, u"1.23450000000000E+003"},
-        {u"%.3e", 1234.5, u"1.23E+003"},
-        {u"%g", 0.1, u"0.1"},
-        {u"%.3g", 1234.5, u"1.23E003"},
-        {u"%f", 2.5, u"2.50"},
-        {u"%.0f", 2.5, u"3"},
-        {u"%.2f", 1.005, u"1.01"},
-        {u"%.18f", 0.1, u"0.100000000000000000"},
-        {u"%.65535f", 0.5, u"0.500000000000000000"},
-        {u"%n", 1234567.891, u"1,234,567.89"},
-        {u"%f", std::numeric_limits<double>::quiet_NaN(), u"NAN"},
-        {u"%8g", std::numeric_limits<double>::infinity(), u"     INF"},
+        {u"100%% of %d", u"100% of 7", 7},
+        {u"%D", u"-7", -7},
+        {u"%d", u"-9223372036854775808", LLONG_MIN},
+        {u"%d", u"18446744073709551615", ULLONG_MAX},
+        {u"%.3d", u"-007", -7},
+        {u"%.0d", u"0", 0},
+        {u"%u", u"4294967295", -1},
+        {u"%u", u"18446744073709551615", -1LL},
+        {u"%x", u"ABC", 0xabc},
+        {u"%.6X", u"000ABC", 0xabc},
+        {u"%x", u"FFFFFFFF", -1},
+        {u"[%5d]", u"[   42]", 42},
+        {u"[%-5d]", u"[42   ]", 42},
+        {u"[%05d]", u"[   42]", 42},
+        {u"[%1d]", u"[42]", 42},
+        {u"%e", u"1.23450000000000E+003", 1234.5},
+        {u"%.3e", u"1.23E+003", 1234.5},
+        {u"%g", u"0.1", 0.1},
+        {u"%.3g", u"1.23E003", 1234.5},
+        {u"%f", u"2.50", 2.5},
+        {u"%.0f", u"3", 2.5},
+        {u"%.2f", u"1.01", 1.005},
+        {u"%.18f", u"0.100000000000000000", 0.1},
+        {u"%.65535f", u"0.500000000000000000", 0.5},
+        {u"%n", u"1,234,567.89", 1234567.891},
+        {u"%f", u"NAN", std::numeric_limits<double>::quiet_NaN()},
+        {u"%8g", u"     INF", std::numeric_limits<double>::infinity()},
         {u"%s", u"ab→", u"ab→"},
-        {u"%.2s|", "abc", u"ab|"},
-        {u"[%-4s]", u'x', u"[x   ]"},
-        {u"[%4.1s]", u"xyz", u"[   x]"},
-        {u"%s", UnicodeString(), u""},
+        {u"%.2s|", u"ab|", "abc"},
+        {u"[%-4s]", u"[x   ]", u'x'},
+        {u"[%4.1s]", u"[   x]", u"xyz"},
+        {u"%s", u"", UnicodeString()},
     };
     for (const auto& test : cases) {
         EXPECT_EQ(Sysutils::Format(test.format, {test.argument}, plain), test.result)
             << UnicodeString(test.format);
     }
+    const auto address = reinterpret_cast<std::uintptr_t>(&plain);
+    EXPECT_EQ(Sysutils::Format(u"%p", static_cast<const void*>(&plain)),
+              Sysutils::IntToHex(static_cast<System::Int64>(address), 16));
 }
 
 TEST(FormatTest, FollowsTheSettings)
