@@ -202,4 +202,9 @@ AnsiString UTF8ToBinaryData(const UTF8String& text)
     return StringToBinaryDataW(UnicodeString(text));
 }
 
+bool IsEqual(const System::DynamicArray<unsigned char>& a, const System::DynamicArray<unsigned char>& b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end());
+}
+
 } // namespace BTL

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/runtime/System_DynamicArray.h"
 #include "platform/runtime/System_String.h"
 
 namespace BTL
@@ -38,5 +39,9 @@ TRS8_BTL_API System::AnsiString StringToBinaryData(const System::AnsiString& tex
 /// The text-safe form in UTF-8.
 TRS8_BTL_API System::UTF8String BinaryDataToUTF8(const System::AnsiString& bytes);
 TRS8_BTL_API System::AnsiString UTF8ToBinaryData(const System::UTF8String& text);
+
+/// Whether both have the same bytes.
+TRS8_BTL_API bool IsEqual(const System::DynamicArray<unsigned char>& a,
+                          const System::DynamicArray<unsigned char>& b);
 
 } // namespace BTL

@@ -86,6 +86,18 @@ TEST(BinaryDataTest, AnyTextIsReadAsTextSafe)
     EXPECT_EQ(BTL::StringToBinaryDataW(u"\u4E2D\u0101"), "\x2D\x01");
 }
 
+TEST(BinaryDataTest, ArraysAreEqualByTheirBytes)
+{
+    using TBytes = System::DynamicArray<unsigned char>;
+    const TBytes bytes{1, 0, 255};
+    EXPECT_TRUE(BTL::IsEqual(TBytes(), TBytes()));
+    EXPECT_TRUE(BTL::IsEqual(bytes, bytes));
+    EXPECT_TRUE(BTL::IsEqual(bytes, bytes.Copy()));
+    EXPECT_FALSE(BTL::IsEqual(bytes, TBytes{1, 0}));
+    EXPECT_FALSE(BTL::IsEqual(bytes, TBytes{1, 0, 254}));
+    EXPECT_FALSE(BTL::IsEqual(TBytes(), bytes));
+}
+
 TEST(CryptTest, ScrambledTextComesBack)
 {
     const UnicodeString all(AllBytes());
