@@ -167,12 +167,19 @@ std::streamsize CStdInStreambuf::xsgetn(char* bytes, std::streamsize count)
     if (buffered >= count) {
         return buffered;
     }
-    const Int64 read = std::max(getStream()->Read(bytes + buffered, count - buffered), Int64{0});
-    if (read > 0) {
-        // What can be put back are the bytes just read, not those of the buffer.
-        SetBuffer({bytes, static_cast<std::size_t>(buffered + read)}, 0);
+    std::streamsize done = buffered;
+    while (done < count) {
+        const Int64 read = getStream()->Read(bytes + done, count - done);
+        if (read <= 0) {
+            break;
+        }
+        done += read;
     }
-    return buffered + read;
+    if (done > buffered) {
+        // What can be put back are the bytes just read, not those of the buffer.
+        SetBuffer({bytes, static_cast<std::size_t>(done)}, 0);
+    }
+    return done;
 }
 
 CStdInStreambuf::int_type CStdInStreambuf::pbackfail(int_type c)

@@ -67,7 +67,12 @@ void WriteValue(TStream& stream, T value)
     stream.WriteBuffer(&value, sizeof(T));
 }
 
-void WriteBytes(TStream& stream, std::string_view bytes)
+std::string_view AsChars(const System::DynamicArray<unsigned char>& bytes)
+{
+    return {reinterpret_cast<const char*>(bytes.begin()), static_cast<std::size_t>(bytes.Length())};
+}
+
+void WriteView(TStream& stream, std::string_view bytes)
 {
     stream.WriteBuffer(bytes.data(), static_cast<Int64>(bytes.size()));
 }
@@ -106,7 +111,7 @@ Int64 CopyTo(TStream& source, TStream& target, Find find)
 {
     Int64 count = 0;
     const auto copy = [&](std::string_view bytes) {
-        WriteBytes(target, bytes);
+        WriteView(target, bytes);
         count += static_cast<Int64>(bytes.size());
     };
     if (const std::optional<char> end = Detail::ReadTo(source, find, copy)) {
@@ -218,7 +223,21 @@ AnsiString MStream::ReadBuffer(int count)
 
 void MStream::WriteBuffer(const AnsiString& bytes)
 {
-    WriteBytes(*mStream, bytes.AsView());
+    WriteView(*mStream, bytes.AsView());
+}
+
+System::DynamicArray<unsigned char> MStream::ReadBytes(Int64 count)
+{
+    const AnsiString bytes = Detail::ReadUpTo(*mStream, count);
+    System::DynamicArray<unsigned char> result;
+    result.set_length(bytes.Length());
+    std::copy(bytes.AsView().begin(), bytes.AsView().end(), result.begin());
+    return result;
+}
+
+void MStream::WriteBytes(const System::DynamicArray<unsigned char>& bytes)
+{
+    WriteView(*mStream, AsChars(bytes));
 }
 
 int MStream::Write(const AnsiString& bytes)
@@ -297,7 +316,7 @@ void MStream::WriteLine(const AnsiString& text)
 
 void MStream::WriteEOL()
 {
-    WriteBytes(*mStream, LineEnd);
+    WriteView(*mStream, LineEnd);
 }
 
 AnsiString MStream::ReadWord(int& position)
@@ -341,6 +360,12 @@ Int64 MStream::LoadRest(TStream* source)
 Int64 MStream::LoadTill(TStream* source, char delimiter)
 {
     return CopyTo(SourceOf(source, mStream), *mStream, Detail::FindByte{delimiter});
+}
+
+Int64 MStream::LoadTill(TStream* source, const System::DynamicArray<unsigned char>& pattern)
+{
+    Detail::PatternScan scan(AsChars(pattern));
+    return CopyTo(SourceOf(source, mStream), *mStream, std::ref(scan));
 }
 
 Int64 MStream::Search(const AnsiString& text, int start)

@@ -3,6 +3,7 @@
 
 #include "foundation/UTL_SV_GSimpleVector.h"
 #include "platform/runtime/Classes_Stream.h"
+#include "platform/runtime/System_DynamicArray.h"
 
 #include <memory>
 
@@ -81,6 +82,9 @@ public:
     /// None for a negative count.
     System::AnsiString ReadBuffer(int count);
     void WriteBuffer(const System::AnsiString& bytes);
+    /// Up to `count` bytes, fewer at the end.
+    System::DynamicArray<unsigned char> ReadBytes(System::Int64 count);
+    void WriteBytes(const System::DynamicArray<unsigned char>& bytes);
     /// As the stream's `Write`: the count of bytes done.
     int Write(const System::AnsiString& bytes);
     int Write(const char* bytes, int count);
@@ -119,6 +123,8 @@ public:
     System::Int64 LoadRest(Classes::TStream* source);
     /// Up to and with the delimiter.
     System::Int64 LoadTill(Classes::TStream* source, char delimiter);
+    /// Up to and with the whole pattern; an empty one is nowhere.
+    System::Int64 LoadTill(Classes::TStream* source, const System::DynamicArray<unsigned char>& pattern);
 
     /// As `BTL::Search`.
     System::Int64 Search(const System::AnsiString& text, int start);

@@ -5,6 +5,7 @@
 #include "streams/BTL_STRM_StreamUtilities.h"
 #include "support/ScriptedBoxes.h"
 #include "support/TempFolder.h"
+#include "text/BTL_BIN_BinaryData.h"
 
 #include <climits>
 
@@ -110,6 +111,20 @@ TEST_P(AnyStreamTest, BinaryValuesAreLittleEndian)
     EXPECT_EQ(binary.ReadString(), AnsiString("a\0b", 3));
     EXPECT_EQ(binary.ReadString(), "");
     EXPECT_THROW(binary.ReadChar(), Classes::EReadError);
+}
+
+TEST_P(AnyStreamTest, BytesComeAsArrays)
+{
+    using TBytes = System::DynamicArray<unsigned char>;
+    Classes::TStream* const stream = With("");
+    BTL::MStream binary(stream);
+    binary.WriteBytes(TBytes{0, 1, 255});
+    binary.WriteBytes(TBytes());
+    EXPECT_EQ(binary.ReadBytes(5).Length(), 0);
+    stream->setPosition(1);
+    EXPECT_EQ(binary.ReadBytes(-1).Length(), 0);
+    EXPECT_TRUE(BTL::IsEqual(binary.ReadBytes(1), TBytes{1}));
+    EXPECT_TRUE(BTL::IsEqual(binary.ReadBytes(INT64_MAX), TBytes{255}));
 }
 
 TEST_P(AnyStreamTest, DamagedLengthsRaise)
@@ -218,6 +233,15 @@ TEST_P(AnyStreamTest, CopiesUpToAMark)
     EXPECT_EQ(copy.LoadRest(source), 2);
     EXPECT_EQ(copy.CopyFrom(source, 0), 8);
     EXPECT_EQ(copy.ReadAll(), "ab;cd;efefab;cd;ef");
+    using TBytes = System::DynamicArray<unsigned char>;
+    Classes::TStream* const pattern = With("aaab-aab+");
+    copy.WriteAll("");
+    EXPECT_EQ(copy.LoadTill(pattern, TBytes{'a', 'a', 'b'}), 4);
+    EXPECT_EQ(pattern->getPosition(), 4);
+    EXPECT_EQ(copy.LoadTill(pattern, TBytes{'a', 'a', 'a'}), 5);
+    pattern->setPosition(8);
+    EXPECT_EQ(copy.LoadTill(pattern, TBytes()), 1);
+    EXPECT_EQ(target.AsView(), "aaab-aab++");
     EXPECT_THROW(copy.LoadRest(nullptr), Classes::EReadError);
     EXPECT_THROW(copy.LoadTill(&target, 'a'), Classes::EReadError);
 }
