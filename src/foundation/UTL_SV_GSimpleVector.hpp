@@ -293,7 +293,7 @@ T* GSimpleVector<T>::erase(T* first, T* last)
 template <class T>
 void GSimpleVector<T>::Swap(int i, int j)
 {
-    for (const auto [index, line] : {std::pair(i, 375), std::pair(j, 376)}) {
+    for (const auto& [index, line] : {std::pair(i, 375), std::pair(j, 376)}) {
         if (static_cast<unsigned>(index) >= mSize) {
             THROW_XAssert("", Detail::VectorSource, line);
             return;
