@@ -130,7 +130,7 @@ auto AStream::Guarded(Operation operation)
 
 bool AStream::AtEnd() const
 {
-    return StreamWindow::Of(*mStream).empty() && mStream->getPosition() >= mStream->getSize();
+    return Detail::AtEnd(*mStream);
 }
 
 void AStream::DoSkipWhiteSpaces()

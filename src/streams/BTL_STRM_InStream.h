@@ -6,8 +6,8 @@
 namespace BTL
 {
 
-/// Reads texts and numbers, in a form that depends on no locale. White space, which is passed over in front of
-/// all values, is every byte up to 32 and from 128 on.
+/// Reads texts and numbers, in a form that depends on no locale. White space, which is passed over in front
+/// of all values, is every byte up to 32 and from 128 on.
 class TRS8_BTL_API CInStream : public AStream
 {
 public:

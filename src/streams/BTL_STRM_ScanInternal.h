@@ -53,6 +53,12 @@ inline std::optional<char> ReadByte(Classes::TStream& stream)
     return stream.Read(&byte, 1) == 1 ? std::optional(byte) : std::nullopt;
 }
 
+/// Whether nothing is left. Asks the host only where the bytes in memory don't tell.
+inline bool AtEnd(Classes::TStream& stream)
+{
+    return Classes::StreamWindow::Of(stream).empty() && stream.getPosition() >= stream.getSize();
+}
+
 /// Reads up to and with the first byte that ends it, which is the result, and gives the bytes in front of it
 /// to `sink` in pieces. Nothing if the stream ends before.
 template <class Find, class Sink>

@@ -330,9 +330,8 @@ AnsiString MStream::ReadWord(int& position, const unsigned char* firstChars, con
         firstChars = UTL::GetWordCharsA();
         nextChars = nextChars == nullptr ? UTL::GetWordChars2A() : nextChars;
     }
-    const Int64 size = mStream->getSize();
-    if (mStream->getPosition() >= size) {
-        position = AsInt(size);
+    if (Detail::AtEnd(*mStream)) {
+        position = AsInt(mStream->getSize());
         return {};
     }
     const std::optional<char> first = Detail::ReadTo(*mStream, FindInTable(firstChars, true), Detail::Ignore);

@@ -10,6 +10,7 @@
 #include <bitset>
 #include <climits>
 #include <functional>
+#include <memory>
 
 namespace BTL
 {
@@ -31,19 +32,17 @@ public:
     {
         if (stream == nullptr) {
             UTL::THROW_XAssert("", "BTL_STRM_StreamUtilities.cpp", line);
-            mStream = &mEmpty;
+            mEmpty = std::make_unique<Classes::TMemoryStream>();
+            mStream = mEmpty.get();
         }
     }
-    CheckedStream(const CheckedStream&) = delete;
-    CheckedStream& operator=(const CheckedStream&) = delete;
-    ~CheckedStream() = default;
 
     TStream& operator*() { return *mStream; }
     TStream* operator->() { return mStream; }
 
 private:
+    std::unique_ptr<Classes::TMemoryStream> mEmpty;
     TStream* mStream;
-    Classes::TMemoryStream mEmpty;
 };
 
 template <class S, class Find>
@@ -123,7 +122,7 @@ void WriteBytes(TStream& stream, std::string_view bytes)
 bool Eof(TStream* stream)
 {
     CheckedStream checked(stream, 31);
-    return checked->getPosition() >= checked->getSize();
+    return Detail::AtEnd(*checked);
 }
 
 Int64 GetSize(TStream* stream)

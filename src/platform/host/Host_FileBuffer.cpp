@@ -339,8 +339,7 @@ void FileBuffer::Flush()
 
 unsigned long FileBuffer::TakeError()
 {
-    // Looked at with each operation, and nearly always 0.
-    if (mError.load(std::memory_order_acquire) == 0) {
+    if (!HasError()) {
         return 0;
     }
     const std::scoped_lock lock(mRecord->Gate());

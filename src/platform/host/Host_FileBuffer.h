@@ -49,6 +49,8 @@ public:
     /// The error with which writing gathered bytes failed since the last call; 0 for none. These bytes are
     /// lost. Where the position stood behind them, it goes back to the first lost one.
     unsigned long TakeError();
+    /// Whether `TakeError` has one to give.
+    bool HasError() const noexcept { return mError.load(std::memory_order_acquire) != 0; }
 
 private:
     friend class FileRecord;

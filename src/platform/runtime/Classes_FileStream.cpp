@@ -158,7 +158,9 @@ std::string_view THandleStream::Peek()
 /// Tells the user of the stream that gathered bytes were lost.
 void THandleStream::CheckGathered() const
 {
-    if (const unsigned long error = mBuffer->TakeError()) {
+    // Looked at with each operation, and nearly never true.
+    if (mBuffer->HasError()) {
+        const unsigned long error = mBuffer->TakeError();
         SetLastError(error);
         throw EWriteError(u"Stream write error. " + Sysutils::SysErrorMessage(error));
     }
