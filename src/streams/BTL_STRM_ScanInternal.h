@@ -154,16 +154,19 @@ S ReadUpTo(Classes::TStream& stream, System::Int64 count)
     S text;
     System::Int64 done = 0;
     while (done < count) {
-        const System::Int64 piece = std::min(count - done, std::max(done, FirstPiece));
-        if (done + piece > INT_MAX) {
-            System::ThrowStringMemory();
+        // A stream that gives little at a time fills what there is before more is taken.
+        if (done == text.Length()) {
+            const System::Int64 length = done + std::min(count - done, std::max(done, FirstPiece));
+            if (length > INT_MAX) {
+                System::ThrowStringMemory();
+            }
+            text.SetLength(static_cast<int>(length));
         }
-        text.SetLength(static_cast<int>(done + piece));
-        const System::Int64 read = stream.Read(text.UniqueData() + done, piece);
-        done += std::max(read, System::Int64{0});
+        const System::Int64 read = stream.Read(text.UniqueData() + done, text.Length() - done);
         if (read <= 0) {
             break;
         }
+        done += read;
     }
     text.SetLength(static_cast<int>(done));
     return text;
