@@ -2,6 +2,7 @@
 #include "text/BTL_BIN_BinaryData.h"
 
 #include <algorithm>
+#include <climits>
 
 namespace BTL
 {
@@ -38,13 +39,20 @@ template <class S>
 S ToHex(std::string_view bytes)
 {
     constexpr std::string_view digits = "0123456789abcdef";
-    auto text = System::GSharedText<typename S::CharType>::Uninitialized(bytes.size() * 2);
-    auto* out = text.Unique();
+    if (bytes.size() > INT_MAX / 2) {
+        System::ThrowStringMemory();
+    }
+    S text;
+    text.SetLength(static_cast<int>(bytes.size() * 2));
+    auto* out = text.UniqueData();
+    if (out == nullptr) {
+        return text;
+    }
     for (const char byte : bytes) {
         *out++ = static_cast<typename S::CharType>(digits[CodeOf(byte) >> 4]);
         *out++ = static_cast<typename S::CharType>(digits[CodeOf(byte) & 15]);
     }
-    return S(std::move(text));
+    return text;
 }
 
 template <class Char>
@@ -92,15 +100,22 @@ S ToTextSafe(const AnsiString& bytes)
     const auto isMarked = [](char byte) { return CodeOf(byte) < FirstPlain; };
     const std::string_view view = bytes.AsView();
     const auto marked = static_cast<std::size_t>(std::count_if(view.begin(), view.end(), isMarked));
-    auto text = System::GSharedText<Char>::Uninitialized(view.size() + marked);
-    Char* out = text.Unique();
+    if (view.size() + marked > INT_MAX) {
+        System::ThrowStringMemory();
+    }
+    S text;
+    text.SetLength(static_cast<int>(view.size() + marked));
+    Char* out = text.UniqueData();
+    if (out == nullptr) {
+        return text;
+    }
     for (const char byte : view) {
         if (isMarked(byte)) {
             *out++ = static_cast<Char>(Marker);
         }
         *out++ = static_cast<Char>(CodeOf(byte) + (isMarked(byte) ? MarkedOffset : 0));
     }
-    return S(std::move(text));
+    return text;
 }
 
 template <class S>
