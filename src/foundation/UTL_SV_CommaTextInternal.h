@@ -21,6 +21,9 @@ inline constexpr std::size_t NumberRoom = 40;
 class CCommaText
 {
 public:
+    /// For that many numbers.
+    explicit CCommaText(std::size_t count) : mTotal(count) {}
+
     /// Where the next number goes; there is `NumberRoom`.
     char* Room()
     {
@@ -35,6 +38,7 @@ public:
     {
         *end = ',';
         mEnd = end + 1;
+        ++mCount;
     }
 
     System::UnicodeString Take();
@@ -45,6 +49,9 @@ private:
     System::UnicodeString mText;
     std::array<char, 4096> mBuffer;
     char* mEnd = mBuffer.data();
+    /// How many numbers there will be, and how many there are.
+    std::size_t mTotal;
+    std::size_t mCount = 0;
 };
 
 /// Joins the elements with commas. `write(element, out)` writes one of up to `NumberRoom` characters and
@@ -52,7 +59,7 @@ private:
 template <class T, class Write>
 System::UnicodeString JoinNumbers(const GSimpleVector<T>& items, Write write)
 {
-    CCommaText text;
+    CCommaText text(items.size());
     for (const T item : items) {
         text.Add(write(item, text.Room()));
     }
