@@ -4,11 +4,10 @@
 
 #include <cmath>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 using namespace System;
 using namespace Typinfo;
-using testing::ElementsAre;
 
 namespace
 {
@@ -66,6 +65,9 @@ public:
     double scale = 1;
     float single = 1;
     AnsiString narrow;
+    TDateTime start;
+    Currency price;
+    Variant content;
     Classes::TStrings* lines = nullptr;
     Widget* next = nullptr;
     Classes::TNotifyEvent onClick;
@@ -94,6 +96,9 @@ TMetaClass* Widget::ClassRecord()
             .Property(u"Scale", &Widget::scale)
             .Property(u"Single", &Widget::single)
             .Property(u"Narrow", &Widget::narrow)
+            .Property(u"Start", &Widget::start)
+            .Property(u"Price", &Widget::price)
+            .Property(u"Content", &Widget::content)
             .Property(u"Lines", &Widget::lines)
             .Property(u"Next", &Widget::next)
             .Property(u"OnClick", &Widget::onClick)
@@ -143,6 +148,9 @@ TEST(TypinfoTest, KnowsKindAndTypeOfEachProperty)
         {u"Scale", tkFloat, u"Double"},
         {u"Single", tkFloat, u"Single"},
         {u"Narrow", tkLString, u"AnsiString"},
+        {u"Start", tkFloat, u"TDateTime"},
+        {u"Price", tkFloat, u"Currency"},
+        {u"Content", tkVariant, u"Variant"},
         {u"Lines", tkClass, u"TStrings"},
         {u"OnClick", tkMethod, u"TNotifyEvent"},
     };
@@ -221,6 +229,25 @@ TEST(TypinfoTest, ReadsAndWritesTextsAndFloats)
     EXPECT_EQ(static_cast<double>(GetFloatProp(&widget, u"Scale")), 0.1);
     SetFloatProp(&widget, u"Single", NAN);
     EXPECT_TRUE(std::isnan(widget.single));
+}
+
+TEST(TypinfoTest, ReadsAndWritesDatesMoneyAndVariants)
+{
+    Widget widget;
+    SetFloatProp(&widget, u"Start", 1.25L);
+    EXPECT_EQ(widget.start.Val, 1.25);
+    EXPECT_EQ(GetFloatProp(&widget, u"Start"), 1.25L);
+    widget.price = Currency::OfUnits(4611686018427387905);
+    SetFloatProp(&widget, u"Price", GetFloatProp(&widget, u"Price"));
+    EXPECT_EQ(widget.price.Val, 4611686018427387905);
+    EXPECT_THROW(SetFloatProp(&widget, u"Price", 1e16L), Sysutils::EIntOverflow);
+
+    SetVariantProp(&widget, u"Content", u"ä");
+    EXPECT_EQ(GetVariantProp(&widget, u"Content"), u"ä");
+    SetVariantProp(&widget, u"Content", Variant({0, 1}, varByte));
+    EXPECT_EQ(widget.content.Type(), varArray | varByte);
+    EXPECT_THROW(GetVariantProp(&widget, u"Start"), EPropertyError);
+    EXPECT_THROW(GetFloatProp(&widget, u"Content"), EPropertyError);
 }
 
 TEST(TypinfoTest, HoldsObjectsToTheirClass)

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/host/Host_Error.h"
+
+#include <algorithm>
+#include <cerrno>
 #include <utility>
 
 #include <unistd.h>
@@ -33,5 +37,57 @@ public:
 private:
     int mDescriptor;
 };
+
+/// Repeats a call of the host that a signal broke off.
+template <class Call>
+auto Uninterrupted(Call call)
+{
+    auto result = call();
+    while (result == -1 && errno == EINTR) {
+        result = call();
+    }
+    return result;
+}
+
+/// Reads up to `count` bytes by calls of `read(offset, piece)`: the count done, -1 on a failure at once.
+template <class Call>
+System::Int64 ReadPieces(System::Int64 count, Call read)
+{
+    // The host reads at most this much at once.
+    constexpr System::Int64 MaxPiece = 1 << 30;
+    System::Int64 done = 0;
+    for (;;) {
+        const System::Int64 piece = std::min(count - done, MaxPiece);
+        const ssize_t result = Uninterrupted([&] { return read(done, static_cast<std::size_t>(piece)); });
+        if (result < 0) {
+            FailErrno();
+            return done == 0 ? -1 : done;
+        }
+        done += result;
+        if (result < piece || done == count) {
+            return done;
+        }
+    }
+}
+
+/// Writes `count` bytes by calls of `write(offset, piece)`: the count done, -1 on a failure at once.
+template <class Call>
+System::Int64 WritePieces(System::Int64 count, Call write)
+{
+    System::Int64 done = 0;
+    do {
+        const ssize_t result =
+            Uninterrupted([&] { return write(done, static_cast<std::size_t>(count - done)); });
+        if (result < 0) {
+            FailErrno();
+            return done == 0 ? -1 : done;
+        }
+        if (result == 0) {
+            break;
+        }
+        done += result;
+    } while (done < count);
+    return done;
+}
 
 } // namespace Host

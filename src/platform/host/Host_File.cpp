@@ -3,6 +3,7 @@
 
 #include "platform/host/Host_Descriptor.h"
 #include "platform/host/Host_Error.h"
+#include "platform/host/Host_FileBuffer.h"
 #include "platform/host/Host_FileSharing.h"
 
 #include <algorithm>
@@ -22,6 +23,7 @@
 using Host::Descriptor;
 using Host::Fail;
 using Host::FailErrno;
+using Host::Uninterrupted;
 using System::Int64;
 using System::LongWord;
 using System::NativeInt;
@@ -70,17 +72,6 @@ bool FailPath(const std::string& path)
         return Fail(ERROR_PATH_NOT_FOUND);
     }
     return Fail(Host::ErrorFromErrno(hostError));
-}
-
-/// Repeats a call of the host that a signal broke off.
-template <class Call>
-auto Uninterrupted(Call call)
-{
-    auto result = call();
-    while (result == -1 && errno == EINTR) {
-        result = call();
-    }
-    return result;
 }
 
 bool IsReadOnly(const struct stat& status)
@@ -396,10 +387,14 @@ NativeInt OpenFile(const UnicodeString& file, unsigned access, unsigned share, D
     if (!MayUse(opened, status, access, share)) {
         return InvalidHandle;
     }
+    FlushBuffersOf(status);
     // Emptied only now: before the claim the content belongs to the other opener.
-    if (disposition == Disposition::Create && S_ISREG(status.st_mode) && ftruncate(opened.Get(), 0) != 0) {
-        FailErrno();
-        return InvalidHandle;
+    if (disposition == Disposition::Create && S_ISREG(status.st_mode)) {
+        if (ftruncate(opened.Get(), 0) != 0) {
+            FailErrno();
+            return InvalidHandle;
+        }
+        AgeBuffersOf(opened.Get());
     }
     BlockAgain(opened.Get());
     return opened.Release();
@@ -422,23 +417,23 @@ Int64 ReadFile(NativeInt handle, void* buffer, Int64 count)
         Fail(ERROR_INVALID_PARAMETER);
         return -1;
     }
-    // The host reads at most this much at once.
-    constexpr Int64 MaxPiece = 1 << 30;
-    Int64 done = 0;
-    for (;;) {
-        const Int64 piece = std::min(count - done, MaxPiece);
-        char* const start = static_cast<char*>(buffer) + done;
-        const ssize_t result =
-            Uninterrupted([&] { return read(descriptor, start, static_cast<std::size_t>(piece)); });
-        if (result < 0) {
-            FailErrno();
-            return done == 0 ? -1 : done;
-        }
-        done += result;
-        if (result < piece || done == count) {
-            return done;
-        }
+    FlushBuffersOf(descriptor);
+    return ReadPieces(count, [&](Int64 offset, std::size_t piece) {
+        return read(descriptor, static_cast<char*>(buffer) + offset, piece);
+    });
+}
+
+Int64 PeekFile(NativeInt handle, void* buffer, Int64 count)
+{
+    const Int64 position = SeekFile(handle, 0, SEEK_CUR);
+    if (position < 0 || buffer == nullptr || count < 0) {
+        return -1;
     }
+    const auto descriptor = static_cast<int>(handle);
+    FlushBuffersOf(descriptor);
+    return ReadPieces(count, [&](Int64 offset, std::size_t piece) {
+        return pread(descriptor, static_cast<char*>(buffer) + offset, piece, position + offset);
+    });
 }
 
 Int64 WriteFile(NativeInt handle, const void* buffer, Int64 count)
@@ -451,20 +446,11 @@ Int64 WriteFile(NativeInt handle, const void* buffer, Int64 count)
         Fail(ERROR_INVALID_PARAMETER);
         return -1;
     }
-    Int64 done = 0;
-    do {
-        const char* const start = static_cast<const char*>(buffer) + done;
-        const ssize_t result =
-            Uninterrupted([&] { return write(descriptor, start, static_cast<std::size_t>(count - done)); });
-        if (result < 0) {
-            FailErrno();
-            return done == 0 ? -1 : done;
-        }
-        if (result == 0) {
-            break;
-        }
-        done += result;
-    } while (done < count);
+    FlushBuffersOf(descriptor);
+    const Int64 done = WritePieces(count, [&](Int64 offset, std::size_t piece) {
+        return write(descriptor, static_cast<const char*>(buffer) + offset, piece);
+    });
+    AgeBuffersOf(descriptor);
     return done;
 }
 
@@ -478,6 +464,9 @@ Int64 SeekFile(NativeInt handle, Int64 offset, int origin)
         Fail(ERROR_INVALID_PARAMETER);
         return -1;
     }
+    if (origin == SEEK_END) {
+        FlushBuffersOf(descriptor);
+    }
     const off_t position = lseek(descriptor, offset, origin);
     if (position < 0) {
         errno == EINVAL ? Fail(ERROR_NEGATIVE_SEEK) : FailErrno();
@@ -488,14 +477,25 @@ Int64 SeekFile(NativeInt handle, Int64 offset, int origin)
 bool ResizeFile(NativeInt handle, Int64 size)
 {
     const int descriptor = DescriptorOf(handle);
-    return descriptor >= 0 &&
-           (Uninterrupted([&] { return ftruncate(descriptor, size); }) == 0 || FailErrno());
+    if (descriptor < 0) {
+        return false;
+    }
+    FlushBuffersOf(descriptor);
+    if (Uninterrupted([&] { return ftruncate(descriptor, size); }) != 0) {
+        return FailErrno();
+    }
+    AgeBuffersOf(descriptor);
+    return true;
 }
 
 bool FlushFile(NativeInt handle)
 {
     const int descriptor = DescriptorOf(handle);
-    return descriptor >= 0 && (Uninterrupted([&] { return fsync(descriptor); }) == 0 || FailErrno());
+    if (descriptor < 0) {
+        return false;
+    }
+    FlushBuffersOf(descriptor);
+    return Uninterrupted([&] { return fsync(descriptor); }) == 0 || FailErrno();
 }
 
 std::optional<FileInfo> QueryFile(const UnicodeString& file)
@@ -504,6 +504,7 @@ std::optional<FileInfo> QueryFile(const UnicodeString& file)
     if (path.empty()) {
         return std::nullopt;
     }
+    FlushBuffersOf(path.c_str());
     struct stat status;
     if (lstat(path.c_str(), &status) != 0) {
         FailPath(path);
@@ -523,6 +524,7 @@ std::optional<FileInfo> QueryFile(NativeInt handle)
     if (descriptor < 0) {
         return std::nullopt;
     }
+    FlushBuffersOf(descriptor);
     struct stat status;
     if (fstat(descriptor, &status) != 0) {
         FailErrno();
@@ -542,6 +544,7 @@ bool IsBrokenLink(const UnicodeString& file)
 bool SetModified(const UnicodeString& file, Int64 seconds)
 {
     const std::string path = Sysutils::HostPath(file);
+    FlushBuffersOf(path.c_str());
     return !path.empty() &&
            (utimensat(AT_FDCWD, path.c_str(), ModifiedAt(seconds).data(), 0) == 0 || FailPath(path));
 }
@@ -549,7 +552,12 @@ bool SetModified(const UnicodeString& file, Int64 seconds)
 bool SetModified(NativeInt handle, Int64 seconds)
 {
     const int descriptor = DescriptorOf(handle);
-    return descriptor >= 0 && (futimens(descriptor, ModifiedAt(seconds).data()) == 0 || FailErrno());
+    if (descriptor < 0) {
+        return false;
+    }
+    // A later write would set the date again.
+    FlushBuffersOf(descriptor);
+    return futimens(descriptor, ModifiedAt(seconds).data()) == 0 || FailErrno();
 }
 
 std::optional<std::vector<UnicodeString>> ListFolder(const UnicodeString& folder)

@@ -88,6 +88,8 @@ TRS8_BTL_API bool CloseFile(System::NativeInt handle);
 /// The count done, less than `count` only at the end or, for what is no plain file, when no more is there
 /// yet; -1 on a failure.
 TRS8_BTL_API System::Int64 ReadFile(System::NativeInt handle, void* buffer, System::Int64 count);
+/// As `ReadFile`, but the position stays; fails for what has no position.
+TRS8_BTL_API System::Int64 PeekFile(System::NativeInt handle, void* buffer, System::Int64 count);
 /// The count done, less than `count` only if the host failed on the way; -1 on a failure at once.
 TRS8_BTL_API System::Int64 WriteFile(System::NativeInt handle, const void* buffer, System::Int64 count);
 /// The new position; -1 on a failure. `origin` is 0 for the beginning, 1 for the position, 2 for the end.

@@ -4,6 +4,7 @@
 #include "platform/host/Host_Descriptor.h"
 #include "platform/host/Host_Error.h"
 #include "platform/host/Host_File.h"
+#include "platform/host/Host_FileBuffer.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -53,6 +54,8 @@ struct SpawnActions
 int Spawn(const std::string& program, const std::vector<std::string>& arguments, const std::string& folder,
           pid_t& process)
 {
+    // The program may be meant to read what this one wrote.
+    Host::FlushAllBuffers();
     SpawnActions actions;
     posix_spawn_file_actions_addopen(&actions.files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
     if (!folder.empty()) {

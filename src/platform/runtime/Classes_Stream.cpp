@@ -8,6 +8,7 @@
 #include <map>
 #include <mutex>
 #include <stdexcept>
+#include <typeinfo>
 
 namespace Classes
 {
@@ -89,6 +90,11 @@ Int64 TStream::getSize() const
 
 void TStream::setSize(Int64) {}
 
+std::string_view TStream::Window()
+{
+    return {};
+}
+
 void TStream::ReadBuffer(void* buffer, Int64 count)
 {
     auto* out = static_cast<char*>(buffer);
@@ -164,6 +170,18 @@ Int64 TCustomMemoryStream::Seek(Int64 offset, TSeekOrigin origin)
     const Int64 base = origin == soBeginning ? 0 : origin == soCurrent ? mPosition : getSize();
     mPosition = std::max(AddClamped(base, offset), Int64{0});
     return mPosition;
+}
+
+std::string_view TCustomMemoryStream::Window()
+{
+    // A class derived elsewhere may read in another way.
+    const std::type_info& type = typeid(*this);
+    if (type != typeid(TMemoryStream) && type != typeid(TStringStream) && type != typeid(TBytesStream) &&
+        type != typeid(TResourceStream)) {
+        return {};
+    }
+    const std::string_view bytes = AsView();
+    return bytes.substr(std::min(static_cast<std::size_t>(mPosition), bytes.size()));
 }
 
 void TCustomMemoryStream::SaveToStream(TStream* stream) const

@@ -6,8 +6,14 @@
 #include "platform/runtime/Sysutils_Encoding.h"
 #include "platform/runtime/Sysutils_File.h"
 
+#include <memory>
 #include <span>
 #include <vector>
+
+namespace Host
+{
+class FileBuffer;
+}
 
 namespace Classes
 {
@@ -62,6 +68,13 @@ public:
     /// Copies `count` bytes from the position of `source`, or all of it from its beginning if `count` is
     /// below 1, and tells how many. `EReadError` if the source has fewer; null has none.
     System::Int64 CopyFrom(TStream* source, System::Int64 count);
+
+private:
+    friend class StreamWindow;
+
+    /// Bytes from the position on that are in memory anyway, at least one if there is one; empty at the end
+    /// and where only `Read` can tell. Valid until the next call.
+    virtual std::string_view Window();
 };
 
 /// A stream over memory that somebody else may own.
@@ -85,6 +98,9 @@ public:
 
 protected:
     System::Int64 mPosition = 0;
+
+private:
+    std::string_view Window() override;
 };
 
 /// A stream in memory of its own.
@@ -163,27 +179,51 @@ private:
     bool mOwnsEncoding = false;
 };
 
-/// A stream over a file that somebody else opened and will close.
+/// A stream over a file that somebody else opened and will close. It reads and writes at once, since others
+/// may use the handle too.
 class TRS8_BTL_API THandleStream : public TStream
 {
     TRS8_BTL_CLASS(THandleStream, TStream)
 
 public:
-    explicit THandleStream(System::NativeInt handle) noexcept : mHandle(handle) {}
+    explicit THandleStream(System::NativeInt handle) noexcept;
     ~THandleStream() override;
 
     System::Int64 Read(void* buffer, System::Int64 count) override;
     System::Int64 Write(const void* buffer, System::Int64 count) override;
     System::Int64 Seek(System::Int64 offset, TSeekOrigin origin) override;
+    System::Int64 getSize() const override;
     void setSize(System::Int64 size) override;
 
-    System::NativeInt getHandle() const noexcept { return mHandle; }
+    /// From here on the stream works without a buffer, at the handle's own position. `EWriteError` if
+    /// gathered bytes can't be written.
+    System::NativeInt getHandle() const;
+
+protected:
+    /// From here on nobody else uses the handle, and a plain file gets a buffer.
+    void BeginBuffer();
+    /// Writes what is gathered and works without a buffer again; a failure sets the last error.
+    void EndBuffer() noexcept;
 
 private:
+    std::string_view Window() override;
+    std::string_view Peek();
+    void CheckGathered() const;
+
     System::NativeInt mHandle;
+    // Whoever asks for the handle ends the buffer.
+    mutable std::unique_ptr<Host::FileBuffer> mBuffer;
+    std::unique_ptr<char[]> mPeeked;
 };
 
-/// A stream over a file that it opens and closes itself.
+/// A stream over a file that it opens and closes itself. Reads are buffered and small writes gathered, up to
+/// 64 KB, which shows nowhere: all streams and file routines of this process see at once what was written. It
+/// reaches the host when that is more than the buffer holds or goes on elsewhere, when the file is read or
+/// its size asked for, when the handle is given out, and when the stream or the program ends. Other programs
+/// see it only then, and a crash of the program loses what was gathered last.
+///
+/// If the host refuses gathered bytes, the next operation raises `EWriteError`; the destructor sets the last
+/// error instead.
 class TRS8_BTL_API TFileStream : public THandleStream
 {
     TRS8_BTL_CLASS(TFileStream, THandleStream)

@@ -1,23 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/System_Printf.h"
 
-#include "platform/runtime/Sysutils_Exception.h"
+#include "platform/runtime/System_FormatInternal.h"
 
-#include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <limits>
-#include <string>
-#include <string_view>
 
 namespace System
 {
 
 namespace
 {
-
-constexpr int MaxField = 65535;
 
 /// One conversion of a format.
 struct TConversion
@@ -33,24 +26,6 @@ struct TConversion
     char type = 0;
 };
 
-constexpr bool IsOneOf(std::uint32_t c, std::string_view set)
-{
-    return c < 0x80 && set.find(static_cast<char>(c)) != std::string_view::npos;
-}
-
-/// Digits in a base that has no sign, upper case if wanted.
-std::string DigitText(UInt64 value, int base, bool upper)
-{
-    std::array<char, 32> text;
-    const char* end = std::to_chars(text.data(), text.data() + text.size(), value, base).ptr;
-    std::string result(static_cast<const char*>(text.data()), end);
-    if (upper) {
-        std::transform(result.begin(), result.end(), result.begin(),
-                       [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
-    }
-    return result;
-}
-
 /// A number without its padding.
 struct TNumberText
 {
@@ -65,13 +40,13 @@ std::string SignText(bool negative, const TConversion& conversion)
     return negative ? "-" : conversion.plus ? "+" : conversion.blank ? " " : "";
 }
 
-TNumberText IntegerText(UInt64 magnitude, bool negative, const TConversion& conversion)
+TNumberText IntegerText(Detail::TMagnitude number, const TConversion& conversion)
 {
     TNumberText text;
     const bool isHex = conversion.type == 'x' || conversion.type == 'X';
     const int base = isHex ? 16 : conversion.type == 'o' ? 8 : 10;
-    if (magnitude != 0 || conversion.precision != 0) {
-        text.digits = DigitText(magnitude, base, conversion.type == 'X');
+    if (number.value != 0 || conversion.precision != 0) {
+        text.digits = Detail::DigitText(number.value, base, conversion.type == 'X');
     }
     const auto digitCount = static_cast<int>(text.digits.size());
     if (conversion.precision > digitCount) {
@@ -81,8 +56,8 @@ TNumberText IntegerText(UInt64 magnitude, bool negative, const TConversion& conv
         text.digits.insert(0, 1, '0');
     }
     if (conversion.type == 'd') {
-        text.prefix = SignText(negative, conversion);
-    } else if (conversion.alternate && isHex && magnitude != 0) {
+        text.prefix = SignText(number.negative, conversion);
+    } else if (conversion.alternate && isHex && number.value != 0) {
         text.prefix = conversion.type == 'X' ? "0X" : "0x";
     }
     text.padWithZeros = conversion.precision < 0;
@@ -162,9 +137,7 @@ TNumberText FloatText(long double value, const TConversion& conversion)
     }
     if (upper) {
         for (std::string* part : {&text.prefix, &text.digits}) {
-            std::transform(part->begin(), part->end(), part->begin(), [](char c) {
-                return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-            });
+            Detail::ToUpperAscii(*part);
         }
     }
     return text;
@@ -172,35 +145,29 @@ TNumberText FloatText(long double value, const TConversion& conversion)
 
 /// Writes a format with its arguments, in one width.
 template <class S>
-class CPrinter
+class CPrinter : private Detail::GFormatter<S>
 {
-    using Char = typename S::CharType;
-    using View = typename S::View;
+    using Base = Detail::GFormatter<S>;
+    using typename Base::Char;
+    using typename Base::View;
 
 public:
-    CPrinter(View format, TVarArgs arguments) : mFormat(format), mRest(format), mArguments(arguments) {}
+    CPrinter(View format, TVarArgs arguments) : Base(format, arguments) {}
 
     S Print()
     {
-        while (!mRest.empty()) {
-            const auto percent = std::min(mRest.find(Char('%')), mRest.size());
-            mOut.Append(mRest.substr(0, percent));
-            mRest.remove_prefix(percent);
-            if (!mRest.empty()) {
-                mRest.remove_prefix(1);
-                PrintConversion();
-            }
-        }
-        return std::move(mOut);
+        return Base::PrintAll([this] { PrintConversion(); });
     }
 
 private:
+    using Base::Accept;
+    using Base::Misfit;
+    using Base::mRest;
+    using Base::Next;
+    using Base::ReadNumber;
+
     void PrintConversion()
     {
-        if (Accept('%')) {
-            mOut += Char('%');
-            return;
-        }
         const TConversion conversion = ReadConversion();
         switch (conversion.type) {
         case 'd':
@@ -246,14 +213,14 @@ private:
             (mRest.substr(1, 2) == View(Digits64) || mRest.substr(1, 2) == View(Digits32))) {
             mRest.remove_prefix(3);
         }
-        while (!mRest.empty() && IsOneOf(Code(mRest[0]), "hlLqjztw")) {
+        while (!mRest.empty() && Base::IsOneOf(mRest[0], "hlLqjztw")) {
             mRest.remove_prefix(1);
         }
     }
 
     char ReadType()
     {
-        if (mRest.empty() || !IsOneOf(Code(mRest[0]), "diuoxXcCsSeEfFgGaAp")) {
+        if (mRest.empty() || !Base::IsOneOf(mRest[0], "diuoxXcCsSeEfFgGaAp")) {
             Misfit();
         }
         const char type = static_cast<char>(mRest[0]);
@@ -270,15 +237,6 @@ private:
         }
     }
 
-    bool Accept(char c)
-    {
-        if (mRest.empty() || mRest[0] != Char(c)) {
-            return false;
-        }
-        mRest.remove_prefix(1);
-        return true;
-    }
-
     bool Flag(char c, bool& flag)
     {
         const bool found = Accept(c);
@@ -286,47 +244,13 @@ private:
         return found;
     }
 
-    /// Digits, or `*` for the next argument; `otherwise` if there is neither.
-    int ReadNumber(int otherwise)
-    {
-        if (Accept('*')) {
-            const auto* value = std::get_if<Int64>(&Next().getValue());
-            if (value == nullptr) {
-                Misfit();
-            }
-            return static_cast<int>(std::clamp<Int64>(*value, -MaxField, MaxField));
-        }
-        int number = otherwise;
-        while (!mRest.empty() && mRest[0] >= Char('0') && mRest[0] <= Char('9')) {
-            number = std::min(number * 10 + static_cast<int>(mRest[0] - Char('0')), MaxField);
-            mRest.remove_prefix(1);
-        }
-        return number;
-    }
-
     void PrintInteger(const TConversion& conversion)
     {
         const TVarRec& argument = Next();
         if (const auto* character = std::get_if<WideChar>(&argument.getValue())) {
-            return PrintNumber(IntegerText(*character, false, conversion), conversion);
+            return PrintNumber(IntegerText({*character, false}, conversion), conversion);
         }
-        if (const auto* plain = std::get_if<UInt64>(&argument.getValue())) {
-            return PrintNumber(IntegerText(*plain, false, conversion), conversion);
-        }
-        const auto* value = std::get_if<Int64>(&argument.getValue());
-        if (value == nullptr) {
-            Misfit();
-        }
-        auto bits = static_cast<UInt64>(*value);
-        if (conversion.type == 'd') {
-            return PrintNumber(IntegerText(*value < 0 ? UInt64(0) - bits : bits, *value < 0, conversion),
-                               conversion);
-        }
-        // Without a sign a negative number shows the bits of its type, at least those of an `int`.
-        if (argument.getSize() <= sizeof(int)) {
-            bits = static_cast<unsigned>(bits);
-        }
-        PrintNumber(IntegerText(bits, false, conversion), conversion);
+        PrintNumber(IntegerText(Base::ToMagnitude(argument, conversion.type == 'd'), conversion), conversion);
     }
 
     void PrintFloat(const TConversion& conversion)
@@ -346,7 +270,7 @@ private:
         }
         conversion.type = 'X';
         conversion.precision = 2 * sizeof(void*);
-        PrintNumber(IntegerText(reinterpret_cast<std::uintptr_t>(*value), false, conversion), conversion);
+        PrintNumber(IntegerText({reinterpret_cast<std::uintptr_t>(*value), false}, conversion), conversion);
     }
 
     void PrintCharacter(const TConversion& conversion)
@@ -362,7 +286,7 @@ private:
         } else {
             Misfit();
         }
-        Pad(S(UnicodeString(character)), conversion);
+        Base::Pad(S(UnicodeString(character)), conversion.width, conversion.left);
     }
 
     void PrintText(const TConversion& conversion)
@@ -375,57 +299,23 @@ private:
         if (conversion.precision >= 0 && own.Length() > conversion.precision) {
             own.SetLength(conversion.precision);
         }
-        Pad(own, conversion);
+        Base::Pad(own, conversion.width, conversion.left);
     }
 
     void PrintNumber(const TNumberText& text, const TConversion& conversion)
     {
-        S digits = Widen(text.digits);
+        std::string digits = text.digits;
         if (conversion.zeros && !conversion.left && text.padWithZeros) {
             const auto length = static_cast<int>(text.prefix.size() + text.digits.size());
-            digits = S::StringOfChar(Char('0'), conversion.width - length) + digits;
+            digits.insert(0, static_cast<std::size_t>(std::max(conversion.width - length, 0)), '0');
         }
-        Pad(Widen(text.prefix) + digits, conversion);
-    }
-
-    void Pad(const S& text, const TConversion& conversion)
-    {
-        const S padding = S::StringOfChar(Char(' '), conversion.width - text.Length());
-        mOut += conversion.left ? text + padding : padding + text;
-    }
-
-    static S Widen(std::string_view text)
-    {
-        S result;
-        result.SetLength(static_cast<int>(text.size()));
-        std::copy(text.begin(), text.end(), result.UniqueData());
-        return result;
-    }
-
-    static std::uint32_t Code(Char c) { return static_cast<std::make_unsigned_t<Char>>(c); }
-
-    const TVarRec& Next()
-    {
-        if (mNext == mArguments.size()) {
-            throw Sysutils::EConvertError(u"No argument for format '" + UnicodeString(S(mFormat)) + u"'");
-        }
-        return mArguments[mNext++];
-    }
-
-    [[noreturn]] void Misfit() const
-    {
-        throw Sysutils::EConvertError(u"Format '" + UnicodeString(S(mFormat)) +
-                                      u"' invalid or incompatible with argument");
+        const S number = Base::Widen(text.prefix + digits);
+        Base::Charge(number.Length());
+        Base::Pad(number, conversion.width, conversion.left);
     }
 
     static constexpr Char Digits64[] = {'6', '4', 0};
     static constexpr Char Digits32[] = {'3', '2', 0};
-
-    View mFormat;
-    View mRest;
-    TVarArgs mArguments;
-    std::size_t mNext = 0;
-    S mOut;
 };
 
 } // namespace

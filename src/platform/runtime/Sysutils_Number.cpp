@@ -2,6 +2,7 @@
 #include "platform/runtime/Sysutils_Number.h"
 
 #include "platform/runtime/Sysutils_Exception.h"
+#include "platform/runtime/Sysutils_NumberInternal.h"
 
 #include <algorithm>
 #include <array>
@@ -30,6 +31,7 @@ using System::WideChar;
 constexpr int DoubleDigits = 15;
 constexpr int LongDoubleDigits = 18;
 constexpr int GeneralPrecision = 15;
+constexpr int Int64Digits = 19;
 constexpr int MaxDecimals = 18;
 /// A general number below this power of ten is written with an exponent.
 constexpr int SmallestFixedExponent = -4;
@@ -551,13 +553,9 @@ UnicodeString WriteSection(std::u16string_view section, const TDecimal& value, b
     return writer.Write(sign);
 }
 
-template <class Float>
-UnicodeString FormatValue(const UnicodeString& format, Float value, const TFormatSettings& settings)
+UnicodeString FormatDecimal(const UnicodeString& format, const TDecimal& decimal,
+                            const TFormatSettings& settings)
 {
-    if (!std::isfinite(value)) {
-        return SpecialText(value);
-    }
-    const TDecimal decimal = ToDecimal(value);
     const std::vector<std::u16string_view> sections = SplitSections(format.AsView());
     const bool ownNegative = decimal.negative && sections.size() > 1 && !sections[1].empty();
     const std::u16string_view section = ownNegative ? sections[1] : sections[0];
@@ -572,6 +570,23 @@ UnicodeString FormatValue(const UnicodeString& format, Float value, const TForma
     }
     // A negative number that rounds to zero is written as a positive one.
     return isZero && ownNegative ? WriteSection(sections[0], TDecimal(), false, settings, isZero) : text;
+}
+
+template <class Float>
+UnicodeString FormatValue(const UnicodeString& format, Float value, const TFormatSettings& settings)
+{
+    return std::isfinite(value) ? FormatDecimal(format, ToDecimal(value), settings)
+                                : UnicodeString(SpecialText(value));
+}
+
+TDecimal ScaledToDecimal(Int64 units, int decimals)
+{
+    std::array<char, 24> text;
+    const char* end = std::to_chars(text.data(), text.data() + text.size(), units).ptr;
+    TDecimal result = ReadDecimal(text.data(), end);
+    result.exponent -= result.count == 0 ? 0 : decimals;
+    result.Round(result.count);
+    return result;
 }
 
 /// The text of an integer, read as far as it fits.
@@ -790,6 +805,18 @@ UnicodeString FormatFloat(const UnicodeString& format, long double value)
 UnicodeString FormatFloat(const UnicodeString& format, long double value, const TFormatSettings& settings)
 {
     return FormatValue(format, value, settings);
+}
+
+UnicodeString ScaledToStrF(Int64 units, int decimals, TFloatFormat format, int digits,
+                           const TFormatSettings& settings)
+{
+    return DecimalToStrF(ScaledToDecimal(units, decimals), format, Int64Digits, digits, settings);
+}
+
+UnicodeString FormatScaled(const UnicodeString& format, Int64 units, int decimals,
+                           const TFormatSettings& settings)
+{
+    return FormatDecimal(format, ScaledToDecimal(units, decimals), settings);
 }
 
 double StrToFloat(const UnicodeString& text)

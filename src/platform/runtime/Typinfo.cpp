@@ -13,6 +13,7 @@ using System::TMetaClass;
 using System::TMethod;
 using System::TObject;
 using System::UnicodeString;
+using System::Variant;
 
 EPropertyError::~EPropertyError() = default;
 EPropertyConvertError::~EPropertyConvertError() = default;
@@ -91,6 +92,18 @@ const TTypeInfo* TextTypeInfo(TTypeKind kind)
     static const TTypeInfo narrow{.Kind = tkLString, .Name = u"AnsiString"};
     static const TTypeInfo wide{.Kind = tkUString, .Name = u"string"};
     return kind == tkLString ? &narrow : &wide;
+}
+
+const TTypeInfo* DateTimeTypeInfo()
+{
+    static const TTypeInfo type{.Kind = tkFloat, .Name = u"TDateTime"};
+    return &type;
+}
+
+const TTypeInfo* VariantTypeInfo()
+{
+    static const TTypeInfo type{.Kind = tkVariant, .Name = u"Variant"};
+    return &type;
 }
 
 const TTypeInfo* MethodTypeInfo(const std::type_info& signature)
@@ -299,6 +312,16 @@ void SetFloatProp(TObject* object, const TPropInfo* info, Extended value)
     Set(object, info, value, tkFloat);
 }
 
+Variant GetVariantProp(const TObject* object, const TPropInfo* info)
+{
+    return Get<Variant>(object, info, tkVariant);
+}
+
+void SetVariantProp(TObject* object, const TPropInfo* info, const Variant& value)
+{
+    Set(object, info, value, tkVariant);
+}
+
 TObject* GetObjectProp(const TObject* object, const TPropInfo* info)
 {
     return Get<TObject*>(object, info, tkClass);
@@ -357,6 +380,16 @@ Extended GetFloatProp(const TObject* object, const UnicodeString& name)
 void SetFloatProp(TObject* object, const UnicodeString& name, Extended value)
 {
     SetFloatProp(object, NeedProp(object, name), value);
+}
+
+Variant GetVariantProp(const TObject* object, const UnicodeString& name)
+{
+    return GetVariantProp(object, NeedProp(object, name));
+}
+
+void SetVariantProp(TObject* object, const UnicodeString& name, const Variant& value)
+{
+    SetVariantProp(object, NeedProp(object, name), value);
 }
 
 TObject* GetObjectProp(const TObject* object, const UnicodeString& name)

@@ -3,6 +3,7 @@
 
 #include "platform/runtime/System_Object.h"
 #include "platform/runtime/System_Set.h"
+#include "platform/runtime/System_Variant.h"
 
 #include <limits>
 #include <optional>
@@ -78,9 +79,9 @@ struct TTypeInfo
 };
 
 /// A property's value between its accessors and a caller who doesn't know its type: ordinals of all kinds,
-/// floats, texts, objects and methods.
-using TPropValue =
-    std::variant<System::Int64, System::Extended, System::UnicodeString, System::TObject*, System::TMethod>;
+/// floats, texts, objects, methods and variants.
+using TPropValue = std::variant<System::Int64, System::Extended, System::UnicodeString, System::TObject*,
+                                System::TMethod, System::Variant>;
 
 /// A function, because a class's property may have that same class as its type.
 using TTypeInfoFunction = const TTypeInfo* (*)();
@@ -140,6 +141,8 @@ TRS8_BTL_API const TTypeInfo* CharTypeInfo(bool wide);
 TRS8_BTL_API const TTypeInfo* BooleanTypeInfo();
 TRS8_BTL_API const TTypeInfo* FloatTypeInfo(TFloatType type);
 TRS8_BTL_API const TTypeInfo* TextTypeInfo(TTypeKind kind);
+TRS8_BTL_API const TTypeInfo* DateTimeTypeInfo();
+TRS8_BTL_API const TTypeInfo* VariantTypeInfo();
 TRS8_BTL_API const TTypeInfo* MethodTypeInfo(const std::type_info& signature);
 
 } // namespace Detail
@@ -274,6 +277,35 @@ struct GPropTraits<System::AnsiStringT<CP>>
     }
 };
 
+/// Days, as a float.
+template <>
+struct GPropTraits<System::TDateTime>
+{
+    static const TTypeInfo* TypeInfo() { return Detail::DateTimeTypeInfo(); }
+    static TPropValue ToValue(System::TDateTime value) { return System::Extended{value.Val}; }
+    static System::TDateTime FromValue(const TPropValue& value)
+    {
+        return static_cast<double>(std::get<System::Extended>(value));
+    }
+};
+
+/// A float; one beyond the range of the type raises `Sysutils::EIntOverflow`.
+template <>
+struct GPropTraits<System::Currency>
+{
+    static const TTypeInfo* TypeInfo() { return Detail::FloatTypeInfo(ftCurr); }
+    static TPropValue ToValue(System::Currency value) { return value.AsExtended(); }
+    static System::Currency FromValue(const TPropValue& value) { return std::get<System::Extended>(value); }
+};
+
+template <>
+struct GPropTraits<System::Variant>
+{
+    static const TTypeInfo* TypeInfo() { return Detail::VariantTypeInfo(); }
+    static TPropValue ToValue(const System::Variant& value) { return value; }
+    static System::Variant FromValue(const TPropValue& value) { return std::get<System::Variant>(value); }
+};
+
 template <class T>
 requires std::derived_from<T, System::TObject>
 struct GPropTraits<T*>
@@ -359,6 +391,13 @@ TRS8_BTL_API System::Extended GetFloatProp(const System::TObject* object, const 
 TRS8_BTL_API void SetFloatProp(System::TObject* object, const TPropInfo* info, System::Extended value);
 TRS8_BTL_API void SetFloatProp(System::TObject* object, const System::UnicodeString& name,
                                System::Extended value);
+
+TRS8_BTL_API System::Variant GetVariantProp(const System::TObject* object, const TPropInfo* info);
+TRS8_BTL_API System::Variant GetVariantProp(const System::TObject* object, const System::UnicodeString& name);
+TRS8_BTL_API void SetVariantProp(System::TObject* object, const TPropInfo* info,
+                                 const System::Variant& value);
+TRS8_BTL_API void SetVariantProp(System::TObject* object, const System::UnicodeString& name,
+                                 const System::Variant& value);
 
 TRS8_BTL_API System::TObject* GetObjectProp(const System::TObject* object, const TPropInfo* info);
 TRS8_BTL_API System::TObject* GetObjectProp(const System::TObject* object, const System::UnicodeString& name);

@@ -1,0 +1,449 @@
+// SPDX-License-Identifier: MIT
+#include "platform/host/Host_FileBuffer.h"
+
+#include "platform/host/Host_Descriptor.h"
+#include "platform/host/Host_Error.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <map>
+#include <mutex>
+#include <vector>
+
+#include <fcntl.h>
+#include <pthread.h>
+#include <sys/stat.h>
+
+namespace Host
+{
+
+using System::Int64;
+using System::NativeInt;
+
+namespace
+{
+
+constexpr std::size_t BufferSize = std::size_t{1} << 16;
+/// The first bytes read somewhere; each further piece in a row doubles, so that jumps cost little.
+constexpr std::size_t FirstFill = std::size_t{1} << 12;
+/// From here on the host tells which positions it can have.
+constexpr Int64 FarAway = Int64{1} << 40;
+
+/// How many buffers hold gathered bytes.
+std::atomic<int> gatheringBuffers{0};
+/// How many files have buffers.
+std::atomic<int> bufferedFiles{0};
+/// Set when the process ends, and nobody comes after to write what is gathered then.
+std::atomic<bool> writeThrough{false};
+
+using FileKey = std::pair<dev_t, ino_t>;
+
+FileKey KeyOf(const struct stat& status)
+{
+    return {status.st_dev, status.st_ino};
+}
+
+Int64 ReadAt(int descriptor, Int64 position, char* buffer, Int64 count)
+{
+    return ReadPieces(count, [&](Int64 offset, std::size_t piece) {
+        return pread(descriptor, buffer + offset, piece, position + offset);
+    });
+}
+
+Int64 WriteAt(int descriptor, Int64 position, const char* buffer, Int64 count)
+{
+    return WritePieces(count, [&](Int64 offset, std::size_t piece) {
+        return pwrite(descriptor, buffer + offset, piece, position + offset);
+    });
+}
+
+} // namespace
+
+/// What the buffers over one file know of each other.
+class FileRecord
+{
+public:
+    explicit FileRecord(const FileKey& key) : mKey(key) { ++bufferedFiles; }
+    FileRecord(const FileRecord&) = delete;
+    FileRecord& operator=(const FileRecord&) = delete;
+    ~FileRecord();
+
+    /// Guards the list and the gathered bytes of the buffers in it.
+    std::mutex& Gate() { return mGate; }
+
+    bool IsGathering() const { return mCount.load(std::memory_order_acquire) != 0; }
+    /// Changes with each write to the file.
+    unsigned Version() const { return mVersion.load(std::memory_order_acquire); }
+    void Age() { mVersion.fetch_add(1, std::memory_order_acq_rel); }
+
+    void Flush()
+    {
+        const std::scoped_lock lock(mGate);
+        FlushLocked();
+    }
+    void FlushLocked();
+    /// Whether a buffer besides `own` gathers.
+    bool OthersGather(const FileBuffer* own) const
+    {
+        return !mGathering.empty() && (mGathering.size() > 1 || mGathering.front() != own);
+    }
+    void Add(FileBuffer* buffer);
+
+private:
+    const FileKey mKey;
+    std::mutex mGate;
+    std::vector<FileBuffer*> mGathering;
+    std::atomic<std::size_t> mCount{0};
+    std::atomic<unsigned> mVersion{0};
+};
+
+namespace
+{
+
+struct Registry
+{
+    Registry()
+    {
+        std::atexit([] {
+            writeThrough = true;
+            FlushAllBuffers();
+        });
+        // A child that runs the same code would write the bytes a second time.
+        pthread_atfork(&FlushAllBuffers, nullptr, nullptr);
+    }
+
+    std::shared_ptr<FileRecord> Find(const FileKey& key)
+    {
+        const std::scoped_lock lock(gate);
+        const auto found = files.find(key);
+        return found == files.end() ? nullptr : found->second.lock();
+    }
+
+    std::shared_ptr<FileRecord> FindOrAdd(const FileKey& key)
+    {
+        const std::scoped_lock lock(gate);
+        std::weak_ptr<FileRecord>& entry = files[key];
+        std::shared_ptr<FileRecord> record = entry.lock();
+        if (!record) {
+            record = std::make_shared<FileRecord>(key);
+            entry = record;
+        }
+        return record;
+    }
+
+    void Remove(const FileKey& key)
+    {
+        const std::scoped_lock lock(gate);
+        const auto found = files.find(key);
+        // Another thread may have opened the file again.
+        if (found != files.end() && found->second.expired()) {
+            files.erase(found);
+        }
+    }
+
+    std::vector<std::shared_ptr<FileRecord>> All()
+    {
+        const std::scoped_lock lock(gate);
+        std::vector<std::shared_ptr<FileRecord>> records;
+        for (const auto& [key, entry] : files) {
+            records.push_back(entry.lock());
+        }
+        return records;
+    }
+
+    std::mutex gate;
+    std::map<FileKey, std::weak_ptr<FileRecord>> files;
+};
+
+/// Never destroyed: streams may end after it would be.
+Registry& Files()
+{
+    static auto* const instance = new Registry;
+    return *instance;
+}
+
+} // namespace
+
+// FileRecord
+
+FileRecord::~FileRecord()
+{
+    --bufferedFiles;
+    Files().Remove(mKey);
+}
+
+void FileRecord::FlushLocked()
+{
+    for (FileBuffer* const buffer : mGathering) {
+        buffer->WriteGathered();
+    }
+    gatheringBuffers -= static_cast<int>(mGathering.size());
+    mGathering.clear();
+    mCount = 0;
+}
+
+void FileRecord::Add(FileBuffer* buffer)
+{
+    mGathering.push_back(buffer);
+    ++mCount;
+    ++gatheringBuffers;
+}
+
+// FileBuffer
+
+std::unique_ptr<FileBuffer> FileBuffer::Attach(NativeInt handle)
+{
+    const auto descriptor = static_cast<int>(handle);
+    struct stat status;
+    const int flags = fcntl(descriptor, F_GETFL);
+    if (flags == -1 || fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) {
+        return nullptr;
+    }
+    const bool canWrite = (flags & O_ACCMODE) != O_RDONLY;
+    return std::unique_ptr<FileBuffer>(
+        new FileBuffer(descriptor, canWrite, Files().FindOrAdd(KeyOf(status))));
+}
+
+FileBuffer::FileBuffer(int descriptor, bool canWrite, std::shared_ptr<FileRecord> record)
+    : mDescriptor(descriptor),
+      mCanWrite(canWrite),
+      mRecord(std::move(record)),
+      mPosition(std::max(lseek(descriptor, 0, SEEK_CUR), off_t{0}))
+{
+}
+
+FileBuffer::~FileBuffer()
+{
+    if (mRecord->IsGathering()) {
+        mRecord->Flush();
+    }
+    if (const unsigned long error = TakeError()) {
+        SetLastError(error);
+    }
+}
+
+Int64 FileBuffer::Read(void* buffer, Int64 count)
+{
+    Synchronize();
+    auto* out = static_cast<char*>(buffer);
+    Int64 left = count;
+    while (left > 0) {
+        std::string_view bytes = AtPosition();
+        if (bytes.empty() && left >= static_cast<Int64>(BufferSize)) {
+            const Int64 done = std::max(ReadAt(mDescriptor, mPosition, out, left), Int64{0});
+            mPosition += done;
+            left -= done;
+            break;
+        }
+        if (bytes.empty()) {
+            Fill();
+            bytes = AtPosition();
+        }
+        if (bytes.empty()) {
+            break;
+        }
+        bytes = bytes.substr(0, static_cast<std::size_t>(left));
+        out = std::copy(bytes.begin(), bytes.end(), out);
+        mPosition += static_cast<Int64>(bytes.size());
+        left -= static_cast<Int64>(bytes.size());
+    }
+    return count - left;
+}
+
+Int64 FileBuffer::Write(const void* buffer, Int64 count)
+{
+    const auto* const bytes = static_cast<const char*>(buffer);
+    const std::scoped_lock lock(mRecord->Gate());
+    const bool isLarge = count >= static_cast<Int64>(BufferSize);
+    const bool isInRow =
+        mGatheredSize == 0 || mPosition == mGatheredStart + static_cast<Int64>(mGatheredSize);
+    const bool isDirect = isLarge || !mCanWrite || mPosition > FarAway || writeThrough;
+    if (isDirect || !isInRow || mGatheredSize + static_cast<std::size_t>(count) > BufferSize ||
+        mRecord->OthersGather(this)) {
+        mRecord->FlushLocked();
+    }
+    if (mError != 0) {
+        return 0;
+    }
+    if (isDirect) {
+        const Int64 done = std::max(WriteAt(mDescriptor, mPosition, bytes, count), Int64{0});
+        mRecord->Age();
+        mPosition += done;
+        return done;
+    }
+    if (!mGathered) {
+        mGathered = std::make_unique_for_overwrite<char[]>(BufferSize);
+    }
+    if (mGatheredSize == 0) {
+        mGatheredStart = mPosition;
+        mRecord->Add(this);
+    }
+    std::memcpy(mGathered.get() + mGatheredSize, bytes, static_cast<std::size_t>(count));
+    mGatheredSize += static_cast<std::size_t>(count);
+    mPosition += count;
+    return count;
+}
+
+Int64 FileBuffer::Seek(Int64 offset, int origin)
+{
+    const Int64 base = origin == SEEK_SET ? 0 : origin == SEEK_CUR ? mPosition : Size();
+    Int64 target = 0;
+    if (origin < SEEK_SET || origin > SEEK_END || base < 0) {
+        Fail(ERROR_INVALID_PARAMETER);
+        return -1;
+    }
+    if (__builtin_add_overflow(base, offset, &target) || target < 0 ||
+        (target > FarAway && lseek(mDescriptor, target, SEEK_SET) < 0)) {
+        Fail(ERROR_NEGATIVE_SEEK);
+        return -1;
+    }
+    return mPosition = target;
+}
+
+bool FileBuffer::Resize(Int64 size)
+{
+    const std::scoped_lock lock(mRecord->Gate());
+    mRecord->FlushLocked();
+    if (Uninterrupted([&] { return ftruncate(mDescriptor, size); }) != 0) {
+        return FailErrno();
+    }
+    mRecord->Age();
+    return true;
+}
+
+std::string_view FileBuffer::Window()
+{
+    Synchronize();
+    if (AtPosition().empty()) {
+        Fill();
+    }
+    return AtPosition();
+}
+
+Int64 FileBuffer::Size()
+{
+    Synchronize();
+    struct stat status;
+    if (fstat(mDescriptor, &status) != 0) {
+        FailErrno();
+        return -1;
+    }
+    return status.st_size;
+}
+
+void FileBuffer::Flush()
+{
+    Synchronize();
+    lseek(mDescriptor, mPosition, SEEK_SET);
+}
+
+unsigned long FileBuffer::TakeError()
+{
+    // Looked at with each operation, and nearly always 0.
+    if (mError.load(std::memory_order_acquire) == 0) {
+        return 0;
+    }
+    const std::scoped_lock lock(mRecord->Gate());
+    if (mPosition == mLostEnd) {
+        mPosition = mLostStart;
+    }
+    return mError.exchange(0);
+}
+
+/// Makes what the buffers over this file gathered visible, and forgets what is old.
+void FileBuffer::Synchronize()
+{
+    if (mRecord->IsGathering()) {
+        mRecord->Flush();
+    }
+    if (mWindowVersion != mRecord->Version()) {
+        mWindowSize = 0;
+    }
+}
+
+void FileBuffer::Fill()
+{
+    const bool isInRow = mWindowSize != 0 && mPosition == mWindowStart + static_cast<Int64>(mWindowSize);
+    mFillSize = isInRow ? std::min(mFillSize * 2, BufferSize) : FirstFill;
+    if (!mWindow) {
+        mWindow = std::make_unique_for_overwrite<char[]>(BufferSize);
+    }
+    mWindowVersion = mRecord->Version();
+    mWindowStart = mPosition;
+    const Int64 done = ReadAt(mDescriptor, mPosition, mWindow.get(), static_cast<Int64>(mFillSize));
+    mWindowSize = static_cast<std::size_t>(std::max(done, Int64{0}));
+}
+
+std::string_view FileBuffer::AtPosition() const
+{
+    const Int64 offset = mPosition - mWindowStart;
+    if (offset < 0 || offset >= static_cast<Int64>(mWindowSize)) {
+        return {};
+    }
+    return {mWindow.get() + offset, mWindowSize - static_cast<std::size_t>(offset)};
+}
+
+void FileBuffer::WriteGathered()
+{
+    const auto size = static_cast<Int64>(std::exchange(mGatheredSize, 0));
+    const Int64 done = std::max(WriteAt(mDescriptor, mGatheredStart, mGathered.get(), size), Int64{0});
+    mRecord->Age();
+    if (done < size) {
+        mLostStart = mGatheredStart + done;
+        mLostEnd = mGatheredStart + size;
+        mError = GetLastError();
+    }
+}
+
+// The other users of files
+
+void FlushBuffersOf(const struct stat& status)
+{
+    if (gatheringBuffers == 0) {
+        return;
+    }
+    if (const auto record = Files().Find(KeyOf(status))) {
+        record->Flush();
+    }
+}
+
+void FlushBuffersOf(int descriptor)
+{
+    struct stat status;
+    if (gatheringBuffers != 0 && fstat(descriptor, &status) == 0) {
+        FlushBuffersOf(status);
+    }
+}
+
+void FlushBuffersOf(const char* path)
+{
+    struct stat status;
+    if (gatheringBuffers != 0 && stat(path, &status) == 0) {
+        FlushBuffersOf(status);
+    }
+}
+
+void AgeBuffersOf(int descriptor)
+{
+    struct stat status;
+    if (bufferedFiles == 0 || fstat(descriptor, &status) != 0) {
+        return;
+    }
+    if (const auto record = Files().Find(KeyOf(status))) {
+        record->Age();
+    }
+}
+
+void FlushAllBuffers()
+{
+    if (gatheringBuffers == 0) {
+        return;
+    }
+    for (const auto& record : Files().All()) {
+        if (record) {
+            record->Flush();
+        }
+    }
+}
+
+} // namespace Host

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/runtime/System_String.h"
+
+#include <atomic>
+#include <memory>
+#include <string_view>
+
+struct stat;
+
+namespace Host
+{
+
+class FileRecord;
+
+/// A buffer over an open plain file that it doesn't own, which has a position of its own: bytes are read
+/// ahead, and written ones are gathered. Nobody else may use the handle meanwhile. The buffers over one file
+/// know each other, and the calls of `Host` know them: each sees what the others wrote, as if there were no
+/// buffers.
+///
+/// Belongs to one thread at a time. Gathered bytes may be written by another thread that uses the same file.
+class FileBuffer
+{
+public:
+    /// Null if the handle is no plain file.
+    static std::unique_ptr<FileBuffer> Attach(System::NativeInt handle);
+    FileBuffer(const FileBuffer&) = delete;
+    FileBuffer& operator=(const FileBuffer&) = delete;
+    /// Writes what is gathered; a failure sets the last error.
+    ~FileBuffer();
+
+    // As the functions of the same names on a handle, but that a failure to read or write counts as nothing
+    // done.
+
+    System::Int64 Read(void* buffer, System::Int64 count);
+    System::Int64 Write(const void* buffer, System::Int64 count);
+    System::Int64 Seek(System::Int64 offset, int origin);
+    bool Resize(System::Int64 size);
+
+    /// Bytes from the position on that are in memory already, some of them read just now if there were none.
+    /// Empty at the end and on a failure. Valid until the next call.
+    std::string_view Window();
+    /// -1 on a failure.
+    System::Int64 Size();
+    /// Writes what is gathered and sets the position of the handle to that of the buffer.
+    void Flush();
+
+    /// The error with which writing gathered bytes failed since the last call; 0 for none. These bytes are
+    /// lost. Where the position stood behind them, it goes back to the first lost one.
+    unsigned long TakeError();
+
+private:
+    friend class FileRecord;
+
+    FileBuffer(int descriptor, bool canWrite, std::shared_ptr<FileRecord> record);
+    void Synchronize();
+    void Fill();
+    std::string_view AtPosition() const;
+    /// Called by the record under its lock.
+    void WriteGathered();
+
+    const int mDescriptor;
+    const bool mCanWrite;
+    const std::shared_ptr<FileRecord> mRecord;
+    System::Int64 mPosition = 0;
+
+    std::unique_ptr<char[]> mWindow;
+    System::Int64 mWindowStart = 0;
+    std::size_t mWindowSize = 0;
+    unsigned mWindowVersion = 0;
+    std::size_t mFillSize = 0;
+
+    // Guarded by the record.
+    std::unique_ptr<char[]> mGathered;
+    System::Int64 mGatheredStart = 0;
+    std::size_t mGatheredSize = 0;
+    System::Int64 mLostStart = 0;
+    System::Int64 mLostEnd = 0;
+
+    std::atomic<unsigned long> mError{0};
+};
+
+/// To be called before the file is read, queried or written past the buffers: writes what they gathered for
+/// it.
+void FlushBuffersOf(int descriptor);
+void FlushBuffersOf(const char* path);
+void FlushBuffersOf(const struct stat& status);
+/// To be called after the file was written past the buffers: what they read ahead is old.
+void AgeBuffersOf(int descriptor);
+
+/// Writes what is gathered for any file of the process, for those who open the files by other means.
+void FlushAllBuffers();
+
+} // namespace Host

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Export.h"
+
+#include <atomic>
+#include <type_traits>
+#include <utility>
+
+namespace System
+{
+
+/// Base of what several values hold in common. It counts its holders; the count is atomic, so copies of a
+/// value may live in different threads.
+class TRS8_BTL_API TSharedBlock
+{
+public:
+    TSharedBlock(const TSharedBlock&) = delete;
+    TSharedBlock& operator=(const TSharedBlock&) = delete;
+    virtual ~TSharedBlock();
+
+protected:
+    TSharedBlock() noexcept = default;
+
+private:
+    template <class>
+    friend class GSharedBlock;
+
+    std::atomic<int> mHolders{0};
+};
+
+/// One holder of a block, one pointer wide; the last one destroys it.
+template <class T>
+class GSharedBlock
+{
+public:
+    GSharedBlock() noexcept = default;
+    /// Takes a block made by `new`, or one that others hold.
+    explicit GSharedBlock(T* block) noexcept : mBlock(block) { AddRef(); }
+    GSharedBlock(const GSharedBlock& other) noexcept : mBlock(other.mBlock) { AddRef(); }
+    GSharedBlock(GSharedBlock&& other) noexcept : mBlock(std::exchange(other.mBlock, nullptr)) {}
+    ~GSharedBlock()
+    {
+        static_assert(std::is_base_of_v<TSharedBlock, T>);
+        if (mBlock != nullptr && mBlock->mHolders.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+            delete mBlock;
+        }
+    }
+
+    GSharedBlock& operator=(GSharedBlock other) noexcept
+    {
+        std::swap(mBlock, other.mBlock);
+        return *this;
+    }
+
+    T* get() const noexcept { return mBlock; }
+    T* operator->() const noexcept { return mBlock; }
+    /// True if no other value sees a change of the block.
+    bool IsUnique() const noexcept
+    {
+        return mBlock != nullptr && mBlock->mHolders.load(std::memory_order_acquire) == 1;
+    }
+
+private:
+    void AddRef() const noexcept
+    {
+        if (mBlock != nullptr) {
+            mBlock->mHolders.fetch_add(1, std::memory_order_relaxed);
+        }
+    }
+
+    T* mBlock = nullptr;
+};
+
+} // namespace System

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/runtime/System_Int128Internal.h"
+#include "platform/runtime/System_Variant.h"
+
+#include <optional>
+
+namespace System::Detail
+{
+
+/// A value as a number, each kind in a type that holds all of it.
+using TVariantNumber = std::variant<Int128, Currency, double>;
+
+/// Nothing for Null, an array, and a text that is no number. A date gives its days.
+std::optional<TVariantNumber> TryNumber(const Variant& value);
+double ToDouble(const TVariantNumber& number);
+/// Nothing for a text that is no boolean, for Null and for an array.
+std::optional<bool> TryBool(const Variant& value);
+/// Nothing for a text that is no date, for Null and for an array.
+std::optional<double> TryDate(const Variant& value);
+
+/// The arrays of both compared; see `operator==`.
+bool AreArraysEqual(const Variant& a, const Variant& b);
+
+/// Raise `Sysutils::EVariantError`.
+[[noreturn]] void ThrowVariantCast(Word from, Word to);
+[[noreturn]] void ThrowVariantOverflow(Word from, Word to);
+[[noreturn]] void ThrowVariantOperation();
+
+} // namespace System::Detail

@@ -1,0 +1,396 @@
+// SPDX-License-Identifier: MIT
+#include "streams/BTL_STRM_AStream.h"
+
+#include "foundation/UTL_ASRT_Assert.h"
+#include "platform/runtime/Sysutils_Number.h"
+#include "streams/BTL_STRM_ScanInternal.h"
+
+#include <array>
+
+namespace BTL
+{
+
+namespace
+{
+
+using Classes::StreamWindow;
+using Classes::TStream;
+using System::AnsiString;
+using System::Int64;
+using System::UInt64;
+using System::UnicodeString;
+using System::WideChar;
+
+/// The text of a usual number fits in here, and needs no string of its own.
+constexpr std::size_t ShortNumber = 40;
+
+bool IsWhiteSpace(char c)
+{
+    return static_cast<signed char>(c) <= 32;
+}
+
+bool EndsNumber(char c)
+{
+    return (c < '0' || c > '9') && c != '-' && c != '+' && c != '.' && c != 'e' && c != 'E';
+}
+
+enum class EByteUse
+{
+    Continue,
+    Stop,
+    /// The byte belongs to the next operation.
+    GiveBack
+};
+
+TStream* Checked(TStream* stream)
+{
+    if (stream == nullptr) {
+        UTL::THROW_XAssert("", "BTL_STRM_AStream.cpp", 28);
+        return new Classes::TMemoryStream;
+    }
+    return stream;
+}
+
+} // namespace
+
+AStream::AStream(TStream* stream, EStreamSync sync, bool ownsStream)
+    : mOwnsStream(ownsStream || stream == nullptr), mStream(Checked(stream))
+{
+    if (sync == ssRewind) {
+        mStream->setPosition(0);
+    }
+}
+
+AStream::AStream(TStream* stream, bool ownsStream) : AStream(stream, ssKeep, ownsStream) {}
+
+AStream::AStream(const UnicodeString& path, EFileOpenMode mode, EFileShareMode share)
+    : AStream(CreateFileStream(path, mode, share), true)
+{
+}
+
+AStream::~AStream()
+{
+    if (mOwnsStream) {
+        delete mStream;
+    }
+}
+
+void AStream::Release()
+{
+    if (mReferences < 0) {
+        UTL::THROW_XAssert("Unexpected AStream release.", "BTL_STRM_AStream.cpp", 140);
+    }
+    if (--mReferences == 0) {
+        delete this;
+    }
+}
+
+Int64 AStream::seekoff(Int64 offset, std::ios_base::seekdir direction)
+{
+    Int64 base = 0;
+    if (direction == std::ios_base::cur) {
+        base = GetPosition();
+        if (offset == 0) {
+            return base;
+        }
+    } else if (direction == std::ios_base::end) {
+        base = mStream->getSize();
+    } else if (direction != std::ios_base::beg) {
+        offset = 0;
+    }
+    Int64 target = 0;
+    if (__builtin_add_overflow(base, offset, &target)) {
+        target = offset < 0 ? 0 : INT64_MAX;
+    }
+    return SetPosition(target);
+}
+
+Int64 AStream::SetPosition(Int64 position)
+{
+    mStream->setPosition(position);
+    return mStream->getPosition();
+}
+
+Int64 AStream::GetPosition() const
+{
+    return mStream->getPosition();
+}
+
+/// Runs an operation on the stream; one that raises leaves bad in the state.
+template <class Operation>
+auto AStream::Guarded(Operation operation)
+{
+    try {
+        return operation();
+    } catch (...) {
+        mState << esBad;
+        throw;
+    }
+}
+
+bool AStream::AtEnd() const
+{
+    return StreamWindow::Of(*mStream).empty() && mStream->getPosition() >= mStream->getSize();
+}
+
+void AStream::DoSkipWhiteSpaces()
+{
+    Guarded([&] {
+        while (good()) {
+            const std::string_view window = StreamWindow::Of(*mStream);
+            if (window.empty()) {
+                break;
+            }
+            const auto* const end = std::find_if_not(window.begin(), window.end(), IsWhiteSpace);
+            if (end != window.begin()) {
+                mStream->Seek(end - window.begin(), Classes::soCurrent);
+            }
+            if (end != window.end()) {
+                return;
+            }
+        }
+        const Int64 size = good() ? mStream->getSize() : 0;
+        while (good() && mStream->getPosition() < size) {
+            if (!IsWhiteSpace(DoReadChar())) {
+                mStream->Seek(-1, Classes::soCurrent);
+                return;
+            }
+        }
+    });
+}
+
+char AStream::DoReadChar()
+{
+    return Guarded([&] {
+        char c = 0;
+        mLastCount = mStream->Read(&c, 1);
+        if (mLastCount < 1) {
+            mState << esEof;
+            return '\0';
+        }
+        return c;
+    });
+}
+
+char AStream::DoGetChar()
+{
+    const char c = DoReadChar();
+    if (eof()) {
+        mState << esFail;
+    }
+    return c;
+}
+
+void AStream::DoRead(char* buffer, Int64 count)
+{
+    Guarded([&] {
+        mLastCount = mStream->Read(buffer, count);
+        if (mLastCount < count) {
+            if (AtEnd()) {
+                mState << esEof;
+            }
+            mState << esFail;
+        }
+    });
+}
+
+/// Hands up to `count` bytes to `take` until it wants no more; eof if the stream ends before.
+template <class Take>
+void AStream::ReadBytewise(Int64 count, Take take)
+{
+    Guarded([&] {
+        Detail::ByteCursor bytes(*mStream);
+        for (Int64 i = 0; i < count; ++i) {
+            const std::optional<char> c = bytes.Next();
+            if (!c) {
+                mState << esEof;
+                break;
+            }
+            const EByteUse use = take(*c);
+            if (use == EByteUse::GiveBack) {
+                bytes.Back();
+            }
+            if (use != EByteUse::Continue) {
+                break;
+            }
+        }
+        bytes.Finish();
+    });
+}
+
+void AStream::DoGet(char* buffer, Int64 count, char delimiter)
+{
+    mLastCount = 0;
+    if (buffer == nullptr || count <= 1) {
+        mState << esFail;
+        return;
+    }
+    ReadBytewise(count - 1, [&](char c) {
+        if (delimiter != '\0' && c == delimiter) {
+            return EByteUse::GiveBack;
+        }
+        const bool isLineEnd = delimiter == '\0' && c == '\n';
+        buffer[mLastCount++] = isLineEnd ? '\0' : c;
+        if (c == '\0') {
+            mState << esFail;
+        }
+        return isLineEnd || c == '\0' ? EByteUse::Stop : EByteUse::Continue;
+    });
+    buffer[mLastCount] = '\0';
+    if (mLastCount == 0) {
+        mState << esFail;
+    }
+}
+
+void AStream::DoGetLine(char* buffer, Int64 count, char delimiter)
+{
+    mLastCount = 0;
+    if (buffer == nullptr || count <= 1) {
+        mState << esFail;
+        return;
+    }
+    bool found = false;
+    ReadBytewise(count - 1, [&](char c) {
+        found = c == delimiter;
+        buffer[mLastCount++] = found ? '\0' : c;
+        if (c == '\0' && !found) {
+            mState << esFail;
+        }
+        return found || c == '\0' ? EByteUse::Stop : EByteUse::Continue;
+    });
+    if (found) {
+        return;
+    }
+    buffer[mLastCount] = '\0';
+    if (mLastCount == 0) {
+        mState << esFail;
+    }
+    if (AtEnd()) {
+        mState << esEof;
+    }
+}
+
+void AStream::DoReadUntil(char* buffer, Int64 count, char delimiter, bool stopAtLineFeed)
+{
+    mLastCount = 0;
+    if (buffer == nullptr || !good()) {
+        return;
+    }
+    ReadBytewise(count, [&](char c) {
+        if (c == delimiter) {
+            return EByteUse::Stop;
+        }
+        buffer[mLastCount++] = c;
+        return stopAtLineFeed && c == '\n' ? EByteUse::Stop : EByteUse::Continue;
+    });
+}
+
+/// Reads the bytes in front of the first that `findEnd` finds.
+template <class Find>
+void AStream::ReadWhile(Find findEnd, AnsiString& text)
+{
+    text = AnsiString();
+    mLastCount = 0;
+    if (AtEnd()) {
+        mState << esEof;
+        return;
+    }
+    Guarded([&] {
+        if (Detail::ReadTo(*mStream, findEnd, Detail::AppendTo(text))) {
+            mStream->Seek(-1, Classes::soCurrent);
+        }
+        mLastCount = text.Length();
+    });
+}
+
+void AStream::DoReadTillWS(AnsiString& text)
+{
+    ReadWhile(Detail::FindIf{IsWhiteSpace}, text);
+}
+
+void AStream::DoReadNumStr(AnsiString& text)
+{
+    ReadWhile(Detail::FindIf{EndsNumber}, text);
+}
+
+/// `convert` takes the number's wide text and gives whether it is one.
+template <class Number, class Convert>
+Number AStream::ReadNumber(Convert convert)
+{
+    DoSkipWhiteSpaces();
+    std::array<WideChar, ShortNumber> shortText;
+    const std::string_view window = Guarded([&] { return StreamWindow::Of(*mStream); });
+    const std::string_view start = window.substr(0, ShortNumber + 1);
+    const std::size_t length = Detail::FindIf{EndsNumber}(start);
+    UnicodeString longText;
+    std::u16string_view text;
+    bool atEnd = false;
+    if (length != std::string_view::npos) {
+        std::copy_n(start.begin(), length, shortText.begin());
+        text = std::u16string_view(shortText.data(), length);
+        mLastCount = static_cast<Int64>(length);
+        Guarded([&] { mStream->Seek(mLastCount, Classes::soCurrent); });
+    } else {
+        AnsiString bytes;
+        DoReadNumStr(bytes);
+        longText = bytes;
+        text = longText.AsView();
+        atEnd = AtEnd();
+    }
+    Number value = 0;
+    if (text.empty()) {
+        mState << esFail;
+    } else if (good() && !convert(text, value)) {
+        mState << esFail;
+        value = 0;
+    }
+    if (atEnd) {
+        mState << esEof;
+    }
+    return value;
+}
+
+namespace
+{
+
+bool ToInt64(std::u16string_view text, Int64& value)
+{
+    return Sysutils::TryStrToInt64(UnicodeString(text), value);
+}
+
+} // namespace
+
+Int64 AStream::ReadInt64()
+{
+    return ReadNumber<Int64>(&ToInt64);
+}
+
+UInt64 AStream::ReadUInt64()
+{
+    const auto convert = [](std::u16string_view text, Int64& value) {
+        return text.front() != u'-' && ToInt64(text, value);
+    };
+    return static_cast<UInt64>(ReadNumber<Int64>(convert));
+}
+
+long double AStream::ReadLDouble()
+{
+    return ReadNumber<double>(
+        [](std::u16string_view text, double& value) { return Sysutils::BufferToFloat(text, u'.', value); });
+}
+
+void AStream::DoWriteChar(char c)
+{
+    DoWrite(&c, 1);
+}
+
+void AStream::DoWrite(const char* bytes, Int64 count)
+{
+    Guarded([&] {
+        if (mStream->Write(bytes, count) < count) {
+            mState << esFail;
+        }
+    });
+}
+
+} // namespace BTL

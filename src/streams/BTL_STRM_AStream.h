@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/runtime/System_Set.h"
+#include "streams/BTL_STRM_Stream.h"
+
+#include <ios>
+
+namespace BTL
+{
+
+enum EStreamState
+{
+    esEof = 1,
+    esFail,
+    esBad
+};
+
+using TStreamState = System::Set<EStreamState, esEof, esBad>;
+
+/// A text stream in the manner of the standard streams on a `Classes::TStream`: operations that can't be done
+/// set bits of its state and raise nothing. An exception of the stream itself sets bad and goes on.
+class TRS8_BTL_API AStream
+{
+public:
+    /// With `ownsStream` the destructor deletes the stream. A null stream is an internal fault, and an empty
+    /// one takes its place if the user lets that pass.
+    AStream(Classes::TStream* stream, EStreamSync sync, bool ownsStream);
+    AStream(Classes::TStream* stream, bool ownsStream);
+    /// Owns a stream of `CreateFileStream`.
+    AStream(const System::UnicodeString& path, EFileOpenMode mode, EFileShareMode share);
+    AStream(const AStream&) = delete;
+    AStream& operator=(const AStream&) = delete;
+    virtual ~AStream();
+
+    Classes::TStream* getStream() const noexcept { return mStream; }
+
+    // Each tells about its own bit alone.
+    bool good() const noexcept { return mState.Empty(); }
+    bool eof() const noexcept { return mState.Contains(esEof); }
+    bool fail() const noexcept { return mState.Contains(esFail); }
+    bool bad() const noexcept { return mState.Contains(esBad); }
+    const TStreamState& getState() const noexcept { return mState; }
+    void clear() noexcept { mState = TStreamState(); }
+    /// The count of characters that the last read operation delivered.
+    System::Int64 gcount() const noexcept { return mLastCount; }
+
+    void AddRef() noexcept { ++mReferences; }
+    /// Gives up one reference; the last one deletes the object.
+    void Release();
+
+    // Seeking gives the position that the stream then has, and leaves the state alone.
+
+    System::Int64 seekoff(System::Int64 offset, std::ios_base::seekdir direction);
+    System::Int64 seekpos(System::Int64 position) { return SetPosition(position); }
+    System::Int64 SetPosition(System::Int64 position);
+    System::Int64 GetPosition() const;
+
+protected:
+    /// While the state is good, passes over the bytes that are at most 32 as signed values: those from 128 on
+    /// are among them.
+    void DoSkipWhiteSpaces();
+    /// The next byte; 0, and eof, at the end.
+    char DoReadChar();
+    /// The same, and fail with eof.
+    char DoGetChar();
+    /// Reads `count` bytes; fail if there are fewer, and eof if that is due to the end.
+    void DoRead(char* buffer, System::Int64 count);
+    /// Reads up to `count` - 1 characters and puts a zero behind them. Ends in front of the delimiter, or if
+    /// that is 0 behind a line feed, which counts and is stored as 0; behind a zero, which sets fail too.
+    /// Fail if there are none, or for a `count` below 2, which stores nothing.
+    void DoGet(char* buffer, System::Int64 count, char delimiter);
+    /// The same, but ends behind the delimiter, which counts and is stored as 0. Without one it sets eof at
+    /// the end of the stream.
+    void DoGetLine(char* buffer, System::Int64 count, char delimiter);
+    /// Reads at most `count` bytes while the state is good, up to and with the delimiter or, if wanted, a
+    /// line feed; stores all but the delimiter, without a zero.
+    void DoReadUntil(char* buffer, System::Int64 count, char delimiter, bool stopAtLineFeed);
+    /// The bytes in front of the next white space; eof if there is nothing left.
+    void DoReadTillWS(System::AnsiString& text);
+    /// The same for digits, signs, points and the letter of an exponent.
+    void DoReadNumStr(System::AnsiString& text);
+
+    // The number behind white space. 0 and fail if there is none; eof if nothing follows. Its point is `.`.
+
+    System::Int64 ReadInt64();
+    /// A number with a sign fails, and one above 2^63-1.
+    System::UInt64 ReadUInt64();
+    long double ReadLDouble();
+
+    void DoWriteChar(char c);
+    /// Fail if not all bytes can be written.
+    void DoWrite(const char* bytes, System::Int64 count);
+
+private:
+    template <class Operation>
+    auto Guarded(Operation operation);
+    bool AtEnd() const;
+    template <class Find>
+    void ReadWhile(Find findEnd, System::AnsiString& text);
+    template <class Number, class Convert>
+    Number ReadNumber(Convert convert);
+    template <class Take>
+    void ReadBytewise(System::Int64 count, Take take);
+
+    int mReferences = 0;
+    bool mOwnsStream;
+    Classes::TStream* mStream;
+    TStreamState mState;
+    System::Int64 mLastCount = 0;
+};
+
+} // namespace BTL

@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: MIT
+#include "streams/BTL_STRM_StdIOStreambuf.h"
+
+#include "foundation/UTL_ASRT_Assert.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace BTL
+{
+
+using Classes::TStream;
+using System::Int64;
+
+namespace
+{
+
+constexpr const char* Source = "BTL_STRM_StdIOStreambuf";
+
+TStream* Checked(TStream* stream)
+{
+    if (stream != nullptr) {
+        return stream;
+    }
+    UTL::THROW_XAssert("", Source, 48);
+    static Classes::TMemoryStream empty;
+    return &empty;
+}
+
+} // namespace
+
+// AStdStreambuf
+
+AStdStreambuf::AStdStreambuf(TStream* stream) : mStream(Checked(stream)) {}
+
+AStdStreambuf::AStdStreambuf(const AStdStreambuf& other)
+    : std::basic_streambuf<char>(), mStream(other.mStream)
+{
+}
+
+AStdStreambuf& AStdStreambuf::operator=(const AStdStreambuf& /*other*/)
+{
+    UTL::THROW_XAssert("Unexpected 'AStdStreambuf::operator =' call.", Source, 55);
+    return *this;
+}
+
+AStdStreambuf::~AStdStreambuf() = default;
+
+void AStdStreambuf::Release()
+{
+    if (mReferences < 0) {
+        UTL::THROW_XAssert("Unexpected AStdStreambuf release", Source, 63);
+    }
+    if (--mReferences == 0) {
+        delete this;
+    }
+}
+
+AStdStreambuf::pos_type AStdStreambuf::SetPosition(pos_type position)
+{
+    mStream->setPosition(position);
+    return mStream->getPosition();
+}
+
+AStdStreambuf::pos_type AStdStreambuf::GetPosition() const
+{
+    return mStream->getPosition();
+}
+
+AStdStreambuf::pos_type AStdStreambuf::seekoff(off_type offset, std::ios_base::seekdir direction,
+                                               std::ios_base::openmode /*mode*/)
+{
+    if (direction == std::ios_base::cur) {
+        const pos_type position = GetPosition();
+        return offset == 0 ? position : SetPosition(position + offset);
+    }
+    return SetPosition(direction == std::ios_base::end ? mStream->getSize() + offset : offset);
+}
+
+AStdStreambuf::pos_type AStdStreambuf::seekpos(pos_type position, std::ios_base::openmode /*mode*/)
+{
+    return SetPosition(position);
+}
+
+// CStdOutStreambuf
+
+CStdOutStreambuf::~CStdOutStreambuf() = default;
+
+CStdOutStreambuf::int_type CStdOutStreambuf::overflow(int_type c)
+{
+    if (traits_type::eq_int_type(c, traits_type::eof())) {
+        return traits_type::not_eof(c);
+    }
+    const char byte = traits_type::to_char_type(c);
+    getStream()->WriteBuffer(&byte, 1);
+    return c;
+}
+
+std::streamsize CStdOutStreambuf::xsputn(const char* bytes, std::streamsize count)
+{
+    getStream()->WriteBuffer(bytes, count);
+    return count;
+}
+
+// CStdInStreambuf
+
+CStdInStreambuf::CStdInStreambuf(const CStdInStreambuf& other) : AStdStreambuf(other) {}
+
+CStdInStreambuf& CStdInStreambuf::operator=(const CStdInStreambuf& other)
+{
+    AStdStreambuf::operator=(other);
+    return *this;
+}
+
+CStdInStreambuf::~CStdInStreambuf() = default;
+
+CStdInStreambuf::pos_type CStdInStreambuf::SetPosition(pos_type position)
+{
+    const off_type distance = position - GetPosition();
+    if (distance == 0) {
+        return position;
+    }
+    if (gptr() != nullptr && distance >= eback() - gptr() && distance <= egptr() - gptr()) {
+        setg(eback(), gptr() + distance, egptr());
+        return position;
+    }
+    setg(nullptr, nullptr, nullptr);
+    return AStdStreambuf::SetPosition(position);
+}
+
+CStdInStreambuf::pos_type CStdInStreambuf::GetPosition() const
+{
+    const Int64 position = getStream()->getPosition();
+    if (gptr() == nullptr) {
+        return position;
+    }
+    if (position == 0) {
+        UTL::Warn("Unexpected Stream-Position", Source, 305);
+        return 0;
+    }
+    return position - (egptr() - gptr());
+}
+
+CStdInStreambuf::int_type CStdInStreambuf::underflow()
+{
+    if (gptr() < egptr()) {
+        return traits_type::to_int_type(*gptr());
+    }
+    const Int64 left = getStream()->getSize() - getStream()->getPosition();
+    if (left <= 0) {
+        return traits_type::eof();
+    }
+    const auto size = static_cast<std::size_t>(std::min(left, static_cast<Int64>(BufferSize)));
+    // Read aside, so that a stream that raises leaves the buffer as it is.
+    std::array<char, BufferSize> bytes;
+    getStream()->ReadBuffer(bytes.data(), static_cast<Int64>(size));
+    SetBuffer({eback(), static_cast<std::size_t>(egptr() - eback())}, size);
+    std::copy_n(bytes.begin(), size, Buffer());
+    return traits_type::to_int_type(*gptr());
+}
+
+std::streamsize CStdInStreambuf::xsgetn(char* bytes, std::streamsize count)
+{
+    const std::streamsize buffered = std::clamp<std::streamsize>(count, 0, egptr() - gptr());
+    std::copy_n(gptr(), buffered, bytes);
+    setg(eback(), gptr() + buffered, egptr());
+    if (buffered >= count) {
+        return buffered;
+    }
+    const Int64 read = std::max(getStream()->Read(bytes + buffered, count - buffered), Int64{0});
+    if (read > 0) {
+        // What can be put back are the bytes just read, not those of the buffer.
+        SetBuffer({bytes, static_cast<std::size_t>(buffered + read)}, 0);
+    }
+    return buffered + read;
+}
+
+CStdInStreambuf::int_type CStdInStreambuf::pbackfail(int_type c)
+{
+    return AStdStreambuf::pbackfail(c);
+}
+
+/// Makes the buffer `size` bytes long, which the caller fills, with the last bytes of `putBack` in front.
+void CStdInStreambuf::SetBuffer(std::string_view putBack, std::size_t size)
+{
+    const std::size_t kept = std::min(putBack.size(), PutBackSize);
+    if (kept > 0) {
+        std::memmove(Buffer() - kept, putBack.data() + putBack.size() - kept, kept);
+    }
+    setg(Buffer() - kept, Buffer(), Buffer() + size);
+}
+
+} // namespace BTL

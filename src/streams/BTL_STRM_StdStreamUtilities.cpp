@@ -1,0 +1,388 @@
+// SPDX-License-Identifier: MIT
+#include "streams/BTL_STRM_StdStreamUtilities.h"
+
+#include "platform/host/Host_FileBuffer.h"
+#include "platform/host/Host_Path.h"
+#include "platform/runtime/Sysutils_Number.h"
+
+#include <algorithm>
+#include <array>
+#include <climits>
+#include <limits>
+#include <optional>
+
+namespace BTL
+{
+
+using System::AnsiString;
+using System::Int64;
+using System::UnicodeString;
+
+namespace
+{
+
+/// Reads up to and with the first byte for which `isEnd` holds, which is the result, and gives those in front
+/// of it to `sink`. Nothing if a read fails before.
+template <class IsEnd, class Sink>
+std::optional<char> ReadTo(StdInStream& stream, IsEnd isEnd, Sink sink)
+{
+    char c = 0;
+    while (stream.get(c)) {
+        if (isEnd(c)) {
+            return c;
+        }
+        sink(c);
+    }
+    return std::nullopt;
+}
+
+template <class IsEnd>
+AnsiString ReadTextTo(StdInStream& stream, IsEnd isEnd)
+{
+    AnsiString text;
+    ReadTo(stream, isEnd, [&](char c) { text += c; });
+    return text;
+}
+
+bool IsDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+struct NumberText
+{
+    AnsiString text;
+    bool hasEnd;
+
+    bool HasDigit() const { return !text.IsEmpty() && IsDigit(*text.LastChar()); }
+};
+
+NumberText ReadNumberText(StdInStream& stream)
+{
+    AnsiString text;
+    const auto end = ReadTo(
+        stream, [&](char c) { return !IsDigit(c) && !(c == '-' && text.IsEmpty()); },
+        [&](char c) { text += c; });
+    return {text, end.has_value()};
+}
+
+template <class Convert>
+auto ReadUnget(StdInStream& stream, Convert convert)
+{
+    const NumberText number = ReadNumberText(stream);
+    if (!number.HasDigit() && number.hasEnd) {
+        stream.unget();
+    }
+    return convert(number.HasDigit() ? UnicodeString(number.text) : UnicodeString());
+}
+
+Int64 LowHalf(std::streamoff position)
+{
+    return static_cast<std::uint32_t>(position);
+}
+
+/// Where the line begins that holds the byte at `position`, or that ends with it.
+std::streamoff LineStart(StdInStream& stream, std::streamoff position)
+{
+    constexpr std::streamoff BlockSize = 512;
+    std::array<char, BlockSize> block;
+    while (position > 0) {
+        const std::streamoff start = std::max(position - BlockSize, std::streamoff{0});
+        stream.seekg(start);
+        stream.read(block.data(), position - start);
+        const std::size_t lineFeed =
+            std::string_view(block.data(), static_cast<std::size_t>(stream.gcount())).rfind('\n');
+        stream.clear();
+        if (lineFeed != std::string_view::npos) {
+            return start + static_cast<std::streamoff>(lineFeed) + 1;
+        }
+        position = start;
+    }
+    return 0;
+}
+
+/// The path for a standard stream, to which the host shows all that was written.
+std::string PathToRead(const UnicodeString& path)
+{
+    std::string hostPath = Sysutils::HostPath(path);
+    Host::FlushBuffersOf(hostPath.c_str());
+    return hostPath;
+}
+
+} // namespace
+
+void SkipLine(StdInStream& stream)
+{
+    SkipUntil(stream, '\n');
+}
+
+void SkipUntil(StdInStream& stream, char c)
+{
+    ReadTo(
+        stream, [c](char read) { return read == c; }, [](char) {});
+}
+
+void SkipBytes(StdInStream& stream, int count)
+{
+    stream.seekg(count, std::ios_base::cur);
+}
+
+void SkipWhitespaces(StdInStream& stream)
+{
+    stream >> std::ws;
+}
+
+int CountLines(StdInStream& stream, int limit)
+{
+    stream.clear();
+    stream.seekg(0);
+    const int last = limit < 0 ? INT_MAX : limit;
+    int lines = 0;
+    char c = 0;
+    for (int count = 0; stream.get(c) && count < last; ++count) {
+        lines += c == '\n' ? 1 : 0;
+    }
+    return lines;
+}
+
+Int64 GetReadPosition(StdInStream& stream)
+{
+    return LowHalf(stream.tellg());
+}
+
+Int64 GetSize(StdInStream& stream)
+{
+    const std::streampos position = stream.tellg();
+    stream.seekg(0, std::ios_base::end);
+    const std::streampos size = stream.tellg();
+    stream.seekg(position);
+    return LowHalf(size);
+}
+
+AnsiString GetCurrStrLine(StdInStream& stream)
+{
+    const std::streamoff position = stream.tellg();
+    if (position < 0) {
+        return {};
+    }
+    stream.seekg(LineStart(stream, position));
+    std::array<char, 1024> line;
+    stream.getline(line.data(), line.size());
+    AnsiString text(line.data());
+    // The end of the stream, or of the room, is no failure here.
+    stream.clear();
+    stream.seekg(position);
+    return text;
+}
+
+AnsiString ReadStringUntil(StdInStream& stream, char delimiter)
+{
+    return ReadTextTo(stream, [delimiter](char c) { return c == delimiter; });
+}
+
+AnsiString ReadStringUntil(StdInStream& stream, const AnsiString& delimiters)
+{
+    return ReadTextTo(stream, [&](char c) { return delimiters.AsView().find(c) != std::string_view::npos; });
+}
+
+AnsiString ReadBytes(StdInStream& stream, int count)
+{
+    if (count < 1) {
+        return {};
+    }
+    AnsiString bytes;
+    if (count == INT_MAX) {
+        System::ThrowStringMemory();
+    }
+    bytes.SetLength(count + 1);
+    stream.read(bytes.UniqueData(), count);
+    return bytes;
+}
+
+int ReadInteger(StdInStream& stream)
+{
+    return Sysutils::StrToInt(ReadNumberText(stream).text);
+}
+
+int ReadIntegerDef(StdInStream& stream, int defaultValue)
+{
+    return Sysutils::StrToIntDef(ReadNumberText(stream).text, defaultValue);
+}
+
+Int64 ReadInt64(StdInStream& stream)
+{
+    return Sysutils::StrToInt64(ReadNumberText(stream).text);
+}
+
+Int64 ReadInt64Def(StdInStream& stream, Int64 defaultValue)
+{
+    return Sysutils::StrToInt64Def(ReadNumberText(stream).text, defaultValue);
+}
+
+int ReadIntegerUnget(StdInStream& stream, int defaultValue)
+{
+    return ReadUnget(stream,
+                     [=](const UnicodeString& text) { return Sysutils::StrToIntDef(text, defaultValue); });
+}
+
+Int64 ReadInt64Unget(StdInStream& stream, Int64 defaultValue)
+{
+    return ReadUnget(stream,
+                     [=](const UnicodeString& text) { return Sysutils::StrToInt64Def(text, defaultValue); });
+}
+
+StdInStream& operator>>(StdInStream& stream, AnsiString& text)
+{
+    // The form for an array ends at its size.
+    char buffer[512] = "";
+    stream >> buffer;
+    text = AnsiString(buffer);
+    return stream;
+}
+
+// CStdFileInStreamEx
+
+CStdFileInStreamEx::CStdFileInStreamEx(const UnicodeString& path)
+    : std::ifstream(PathToRead(path), std::ios_base::in | std::ios_base::binary), mFileName(path)
+{
+}
+
+CStdFileInStreamEx::~CStdFileInStreamEx() = default;
+
+void CStdFileInStreamEx::SkipLine()
+{
+    BTL::SkipLine(*this);
+}
+
+void CStdFileInStreamEx::SkipUntil(char c)
+{
+    BTL::SkipUntil(*this, c);
+}
+
+void CStdFileInStreamEx::SkipBytes(int count)
+{
+    BTL::SkipBytes(*this, count);
+}
+
+void CStdFileInStreamEx::SkipWhitespaces()
+{
+    BTL::SkipWhitespaces(*this);
+}
+
+char CStdFileInStreamEx::ReadTypeChar()
+{
+    char c = '\0';
+    get(c);
+    get();
+    return c;
+}
+
+char CStdFileInStreamEx::ReadOpChar()
+{
+    return ReadTypeChar();
+}
+
+bool CStdFileInStreamEx::ReadTypeCharEx(char& c, char marker)
+{
+    c = '\0';
+    const bool marked = get(c) && c == marker;
+    if (marked) {
+        c = '\0';
+        get(c);
+    }
+    get();
+    return marked;
+}
+
+int CStdFileInStreamEx::ReadInteger()
+{
+    return BTL::ReadInteger(*this);
+}
+
+int CStdFileInStreamEx::ReadIntegerDef(int defaultValue)
+{
+    return BTL::ReadIntegerDef(*this, defaultValue);
+}
+
+int CStdFileInStreamEx::ReadIntegerUnget(int defaultValue)
+{
+    return BTL::ReadIntegerUnget(*this, defaultValue);
+}
+
+Int64 CStdFileInStreamEx::ReadInt64()
+{
+    return BTL::ReadInt64(*this);
+}
+
+Int64 CStdFileInStreamEx::ReadInt64Unget(Int64 defaultValue)
+{
+    return BTL::ReadInt64Unget(*this, defaultValue);
+}
+
+int CStdFileInStreamEx::ReadInteger(char delimiter)
+{
+    return Sysutils::StrToInt(ReadUntil(delimiter));
+}
+
+Int64 CStdFileInStreamEx::ReadInt64(char delimiter)
+{
+    return Sysutils::StrToInt64(ReadUntil(delimiter));
+}
+
+AnsiString CStdFileInStreamEx::ReadString()
+{
+    AnsiString text;
+    BTL::operator>>(*this, text);
+    return text;
+}
+
+AnsiString CStdFileInStreamEx::ReadUntil(char delimiter)
+{
+    return ReadStringUntil(*this, delimiter);
+}
+
+AnsiString CStdFileInStreamEx::ReadUntil(const AnsiString& delimiters)
+{
+    return ReadStringUntil(*this, delimiters);
+}
+
+AnsiString CStdFileInStreamEx::ReadBytes(int count)
+{
+    return BTL::ReadBytes(*this, count);
+}
+
+int CStdFileInStreamEx::getCurrLine()
+{
+    const std::streampos position = tellg();
+    const int lines = CountLines(*this, static_cast<int>(std::clamp<std::streamoff>(position, 0, INT_MAX)));
+    clear();
+    seekg(position);
+    return lines;
+}
+
+Int64 CStdFileInStreamEx::getPosition()
+{
+    return GetReadPosition(*this);
+}
+
+Int64 CStdFileInStreamEx::getSize()
+{
+    return GetSize(*this);
+}
+
+AnsiString CStdFileInStreamEx::getCurrStrLine()
+{
+    return GetCurrStrLine(*this);
+}
+
+// CStdFileOutStreamEx
+
+CStdFileOutStreamEx::CStdFileOutStreamEx(const UnicodeString& path)
+    : std::ofstream(PathToRead(path), std::ios_base::out | std::ios_base::binary)
+{
+    exceptions(std::ios_base::badbit);
+}
+
+CStdFileOutStreamEx::~CStdFileOutStreamEx() = default;
+
+} // namespace BTL

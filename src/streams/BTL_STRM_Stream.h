@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "foundation/UTL_SV_GSimpleVector.h"
+#include "platform/runtime/Classes_Stream.h"
+
+#include <memory>
+
+namespace BTL
+{
+
+enum EFileOpenMode : int
+{
+    /// Created, an existing file is emptied.
+    fomCreate = 0,
+    /// Opened for reading and writing at its end, or created.
+    fomAppend = 1,
+    fomRead = 2,
+    fomWrite = 3,
+    fomReadWrite = 4
+};
+
+/// What others may do with the file meanwhile.
+enum EFileShareMode : int
+{
+    fsmDenyNone = 0,
+    fsmDenyWrite = 1,
+    fsmExclusive = 2
+};
+
+/// What a stream object does with the position of the stream that it is given.
+enum EStreamSync : int
+{
+    ssKeep = 0,
+    /// Matters to the standard streams only; the others keep the position.
+    ssSync = 1,
+    /// Goes to the beginning.
+    ssRewind = 2
+};
+
+/// The caller owns the stream. Raises what the constructor of `Classes::TFileStream` raises. A mode that is
+/// none of the values counts as `fomRead`, a share mode as `fsmDenyNone`.
+TRS8_BTL_API Classes::TFileStream* CreateFileStream(const System::UnicodeString& path, EFileOpenMode mode,
+                                                    EFileShareMode share);
+
+/// Looks for `text` from `start` on, from the position on if that is negative. The result is the place of its
+/// first byte, with the position behind the match; -1, with the position at the end, if there is none. An
+/// empty text is nowhere and leaves the position at the start. A null stream is an internal fault, and has
+/// nothing if the user lets that pass.
+TRS8_BTL_API System::Int64 Search(const System::AnsiString& text, Classes::TStream* stream, int start);
+
+/// Reads and writes binary values and lines on a stream that somebody else owns, at its position. Numbers are
+/// little-endian. What the stream can't give raises `Classes::EReadError`, what it can't take
+/// `Classes::EWriteError`. Bytes are `System::AnsiString` values.
+class TRS8_BTL_API MStream
+{
+public:
+    /// `stream` must not be null and must live as long as this object is used.
+    explicit MStream(Classes::TStream* stream) noexcept : mStream(stream) {}
+
+    Classes::TStream* getStream() const noexcept { return mStream; }
+
+    char ReadChar();
+    unsigned char ReadUChar();
+    /// Any byte but 0 is true.
+    bool ReadBool();
+    /// 4 bytes.
+    int ReadInteger();
+    /// 8 bytes.
+    double ReadDouble();
+    /// The length as an integer, and as many bytes. A negative length, or one that the stream doesn't hold,
+    /// raises without taking that much memory.
+    System::AnsiString ReadString();
+    void WriteChar(char value);
+    void WriteUChar(unsigned char value);
+    void WriteBool(bool value);
+    void WriteInteger(int value);
+    void WriteDouble(double value);
+    void WriteString(const System::AnsiString& text);
+
+    /// None for a negative count.
+    System::AnsiString ReadBuffer(int count);
+    void WriteBuffer(const System::AnsiString& bytes);
+    /// As the stream's `Write`: the count of bytes done.
+    int Write(const System::AnsiString& bytes);
+    int Write(const char* bytes, int count);
+
+    /// The whole stream from its beginning on.
+    System::AnsiString ReadAll();
+    /// Makes `text` the whole stream.
+    void WriteAll(const System::AnsiString& text);
+
+    /// The bytes in front of the delimiter, which is read too, or up to the end.
+    System::AnsiString ReadUntil(char delimiter);
+    /// Up to a line feed or the end, without the carriage returns, wherever they stand.
+    System::AnsiString ReadLine();
+    /// The same, or up to the delimiter; what ends the line is read too.
+    System::AnsiString ReadLineUntil(char delimiter);
+    /// `newLine` tells whether a line feed was the end.
+    System::AnsiString ReadLineUntil(char delimiter, bool& newLine);
+    /// Adds a line end (CR LF) unless the text has one.
+    void WriteLine(const System::AnsiString& text);
+    void WriteEOL();
+
+    /// The next word, with the place of its first byte; the byte behind it is read too. Letters begin a word,
+    /// letters and digits continue it. Empty if there is none; `position` then stays, but is the size if
+    /// nothing was left to read.
+    System::AnsiString ReadWord(int& position);
+    /// The same by two tables of 256 bytes, 1 for each character that begins or continues a word. With
+    /// `nextChars` null the first serves for both; with both null the usual tables do.
+    System::AnsiString ReadWord(int& position, const unsigned char* firstChars,
+                                const unsigned char* nextChars);
+
+    // Copying from another stream at its position. A null source, and the own stream, raise
+    // `Classes::EReadError`. The results are the counts of bytes copied.
+
+    /// As `Classes::TStream::CopyFrom`.
+    System::Int64 CopyFrom(Classes::TStream* source, System::Int64 count);
+    System::Int64 LoadRest(Classes::TStream* source);
+    /// Up to and with the delimiter.
+    System::Int64 LoadTill(Classes::TStream* source, char delimiter);
+
+    /// As `BTL::Search`.
+    System::Int64 Search(const System::AnsiString& text, int start);
+
+private:
+    Classes::TStream* mStream;
+};
+
+/// The binary face of a foreign stream.
+class TRS8_BTL_API CStream : public MStream
+{
+public:
+    using MStream::MStream;
+};
+
+/// Owns a stream of the class `Stream`, and has its binary face.
+template <class Stream>
+class GOwnedStream : public MStream
+{
+public:
+    GOwnedStream(const GOwnedStream&) = delete;
+    GOwnedStream& operator=(const GOwnedStream&) = delete;
+
+    Stream* getStream() const noexcept { return mOwned.get(); }
+
+protected:
+    explicit GOwnedStream(std::unique_ptr<Stream> stream) : MStream(stream.get()), mOwned(std::move(stream))
+    {
+    }
+    ~GOwnedStream() = default;
+
+private:
+    std::unique_ptr<Stream> mOwned;
+};
+
+class TRS8_BTL_API CFileStream : public GOwnedStream<Classes::TFileStream>
+{
+public:
+    /// For reading, shared with all.
+    explicit CFileStream(const System::UnicodeString& path);
+    CFileStream(const System::UnicodeString& path, unsigned short mode);
+    CFileStream(const System::UnicodeString& path, EFileOpenMode mode, EFileShareMode share);
+};
+
+class TRS8_BTL_API CStringStream : public GOwnedStream<Classes::TStringStream>
+{
+public:
+    CStringStream();
+    explicit CStringStream(const System::AnsiString& text);
+    CStringStream(const System::UnicodeString& text, Sysutils::TEncoding* encoding, bool ownsEncoding);
+    /// Copies the text, at its beginning.
+    CStringStream(const CStringStream& other);
+};
+
+class TRS8_BTL_API CMemoryStream : public GOwnedStream<Classes::TMemoryStream>
+{
+public:
+    CMemoryStream();
+    /// Holds the whole file.
+    explicit CMemoryStream(const System::UnicodeString& path);
+};
+
+/// Streams that the list owns.
+class TRS8_BTL_API CStreams : public UTL::GSimpleVector<Classes::TStream*>
+{
+public:
+    CStreams() = default;
+    CStreams(const CStreams&) = delete;
+    CStreams& operator=(const CStreams&) = delete;
+    ~CStreams();
+
+    void Add(Classes::TStream* stream);
+    /// Deletes the streams.
+    void Clear();
+};
+
+} // namespace BTL

@@ -1,0 +1,321 @@
+// SPDX-License-Identifier: MIT
+#include "streams/BTL_STRM_StreamUtilities.h"
+
+#include "foundation/UTL_ASRT_Assert.h"
+#include "platform/runtime/Character.h"
+#include "platform/runtime/Sysutils_Number.h"
+#include "streams/BTL_STRM_ScanInternal.h"
+
+#include <array>
+#include <bitset>
+#include <climits>
+#include <functional>
+
+namespace BTL
+{
+
+namespace
+{
+
+using Classes::TStream;
+using System::AnsiString;
+using System::Int64;
+using System::UnicodeString;
+using System::UTF8String;
+
+/// The stream, or an empty one for a null pointer that the user lets pass.
+class CheckedStream
+{
+public:
+    CheckedStream(TStream* stream, int line) : mStream(stream)
+    {
+        if (stream == nullptr) {
+            UTL::THROW_XAssert("", "BTL_STRM_StreamUtilities.cpp", line);
+            mStream = &mEmpty;
+        }
+    }
+    CheckedStream(const CheckedStream&) = delete;
+    CheckedStream& operator=(const CheckedStream&) = delete;
+    ~CheckedStream() = default;
+
+    TStream& operator*() { return *mStream; }
+    TStream* operator->() { return mStream; }
+
+private:
+    TStream* mStream;
+    Classes::TMemoryStream mEmpty;
+};
+
+template <class S, class Find>
+S ReadTextTo(TStream& stream, Find find)
+{
+    S text;
+    Detail::ReadTo(stream, find, Detail::AppendTo(text));
+    return text;
+}
+
+bool IsWhiteSpace(char c)
+{
+    static const std::bitset<256> table = [] {
+        std::bitset<256> result;
+        for (unsigned code = 0; code < 256; ++code) {
+            result[code] = Character::TCharacter::IsWhiteSpace(UnicodeString(static_cast<char>(code))[1]);
+        }
+        return result;
+    }();
+    return table[static_cast<unsigned char>(c)];
+}
+
+/// Where the line begins in which `position` lies.
+Int64 LineStart(TStream& stream, Int64 position)
+{
+    constexpr Int64 BlockSize = 512;
+    while (position > 0) {
+        const Int64 start = std::max(position - BlockSize, Int64{0});
+        stream.setPosition(start);
+        const AnsiString block = Detail::ReadUpTo(stream, position - start);
+        const std::size_t lineFeed = block.AsView().rfind('\n');
+        if (lineFeed != std::string_view::npos) {
+            return start + static_cast<Int64>(lineFeed) + 1;
+        }
+        position = start;
+    }
+    return 0;
+}
+
+struct NumberText
+{
+    UnicodeString text;
+    /// Whether a byte and not the end of the stream ended the number.
+    bool hasEnd;
+};
+
+NumberText ReadNumberText(TStream& stream)
+{
+    AnsiString text;
+    const std::optional<char> first = Detail::ReadByte(stream);
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    if (!first || (*first != '-' && !isDigit(*first))) {
+        return {text, first.has_value()};
+    }
+    text = AnsiString(*first);
+    const auto end = Detail::ReadTo(stream, Detail::FindIf{std::not_fn(isDigit)}, Detail::AppendTo(text));
+    return {text, end.has_value()};
+}
+
+/// As `ReadNumberText`, with the byte behind the number given back.
+UnicodeString ReadNumberTextUnget(TStream& stream)
+{
+    const NumberText number = ReadNumberText(stream);
+    if (number.hasEnd) {
+        stream.Seek(-1, Classes::soCurrent);
+    }
+    return number.text;
+}
+
+void WriteBytes(TStream& stream, std::string_view bytes)
+{
+    stream.WriteBuffer(bytes.data(), static_cast<Int64>(bytes.size()));
+}
+
+} // namespace
+
+bool Eof(TStream* stream)
+{
+    CheckedStream checked(stream, 31);
+    return checked->getPosition() >= checked->getSize();
+}
+
+Int64 GetSize(TStream* stream)
+{
+    return CheckedStream(stream, 38)->getSize();
+}
+
+int CountLines(TStream* stream, Int64 limit)
+{
+    CheckedStream checked(stream, 45);
+    checked->setPosition(0);
+    Int64 left = limit < 0 ? INT_MAX : limit;
+    Int64 count = 0;
+    std::array<char, 4096> block;
+    while (left > 0) {
+        const Int64 read = checked->Read(block.data(), std::min(left, static_cast<Int64>(block.size())));
+        if (read <= 0) {
+            break;
+        }
+        count += std::count(block.begin(), block.begin() + read, '\n');
+        left -= read;
+    }
+    return static_cast<int>(std::min(count, Int64{INT_MAX}));
+}
+
+AnsiString GetCurrStrLine(TStream* stream)
+{
+    CheckedStream checked(stream, 68);
+    const Int64 position = checked->getPosition();
+    checked->setPosition(LineStart(*checked, std::min(position, checked->getSize())));
+    const AnsiString line = ReadLine(&*checked);
+    checked->setPosition(position);
+    return line;
+}
+
+char ReadChar(TStream* stream)
+{
+    return Detail::ReadByte(*CheckedStream(stream, 78)).value_or('\0');
+}
+
+char PeekChar(TStream* stream)
+{
+    CheckedStream checked(stream, 83);
+    const std::optional<char> c = Detail::ReadByte(*checked);
+    if (c) {
+        checked->Seek(-1, Classes::soCurrent);
+    }
+    return c.value_or('\0');
+}
+
+void SkipLine(TStream* stream)
+{
+    SkipUntil(stream, '\n');
+}
+
+void SkipUntil(TStream* stream, char c)
+{
+    Detail::ReadTo(*CheckedStream(stream, 98), Detail::FindByte{c}, Detail::Ignore);
+}
+
+void SkipBytes(TStream* stream, int count)
+{
+    CheckedStream checked(stream, 103);
+    const Int64 target = checked->getPosition() + count;
+    checked->setPosition(std::max(std::min(target, checked->getSize() - 1), Int64{0}));
+}
+
+void SkipWhitespaces(TStream* stream)
+{
+    Detail::ReadTo(*CheckedStream(stream, 110), Detail::FindIf{IsWhiteSpace}, Detail::Ignore);
+}
+
+void ReadUntil(TStream* stream, char c)
+{
+    SkipUntil(stream, c);
+}
+
+AnsiString ReadStringUntil(TStream* stream, char delimiter)
+{
+    return ReadTextTo<AnsiString>(*CheckedStream(stream, 120), Detail::FindByte{delimiter});
+}
+
+UTF8String ReadUTF8StringUntil(TStream* stream, char delimiter)
+{
+    return ReadTextTo<UTF8String>(*CheckedStream(stream, 125), Detail::FindByte{delimiter});
+}
+
+AnsiString ReadStringUntil2(TStream* stream, char a, char b)
+{
+    return ReadTextTo<AnsiString>(*CheckedStream(stream, 130), Detail::FindEither{a, b});
+}
+
+AnsiString ReadStringUntil(TStream* stream, const AnsiString& text)
+{
+    CheckedStream checked(stream, 135);
+    AnsiString result;
+    Detail::PatternScan scan(text.AsView());
+    if (Detail::ReadTo(*checked, std::ref(scan), Detail::AppendTo(result))) {
+        // All of the delimiter but its last byte was taken for text.
+        result.SetLength(result.Length() - (text.Length() - 1));
+    }
+    return result;
+}
+
+AnsiString ReadLine(TStream* stream)
+{
+    AnsiString line = ReadStringUntil(stream, '\r');
+    SkipLine(stream);
+    return line;
+}
+
+AnsiString ReadBytes(TStream* stream, int count)
+{
+    return Detail::ReadUpTo(*CheckedStream(stream, 155), count);
+}
+
+void WriteString(TStream* stream, const AnsiString& text)
+{
+    WriteBytes(*CheckedStream(stream, 160), text.AsView());
+}
+
+void WriteAnsiString(TStream* stream, const AnsiString& text)
+{
+    WriteString(stream, text);
+}
+
+void WriteUTF8String(TStream* stream, const UTF8String& text)
+{
+    WriteBytes(*CheckedStream(stream, 170), text.AsView());
+}
+
+void WriteEndOfLine(TStream* stream)
+{
+    WriteBytes(*CheckedStream(stream, 175), "\r\n");
+}
+
+int ReadInteger(TStream* stream)
+{
+    return Sysutils::StrToInt(ReadNumberText(*CheckedStream(stream, 180)).text);
+}
+
+int ReadIntegerDef(TStream* stream, int defaultValue)
+{
+    return Sysutils::StrToIntDef(ReadNumberText(*CheckedStream(stream, 185)).text, defaultValue);
+}
+
+int ReadIntegerUnget(TStream* stream, int defaultValue)
+{
+    return Sysutils::StrToIntDef(ReadNumberTextUnget(*CheckedStream(stream, 190)), defaultValue);
+}
+
+Int64 ReadInt64(TStream* stream)
+{
+    return Sysutils::StrToInt64(ReadNumberText(*CheckedStream(stream, 195)).text);
+}
+
+Int64 ReadInt64Def(TStream* stream, Int64 defaultValue)
+{
+    return Sysutils::StrToInt64Def(ReadNumberText(*CheckedStream(stream, 200)).text, defaultValue);
+}
+
+Int64 ReadInt64Unget(TStream* stream, Int64 defaultValue)
+{
+    return Sysutils::StrToInt64Def(ReadNumberTextUnget(*CheckedStream(stream, 205)), defaultValue);
+}
+
+void SaveStringToStream(TStream* stream, const AnsiString& text)
+{
+    WriteString(stream, text);
+}
+
+AnsiString LoadStringFromStream(TStream* stream)
+{
+    CheckedStream checked(stream, 215);
+    const Int64 left = Detail::BytesLeft(*checked);
+    // A pipe can't tell how much it has.
+    AnsiString text = Detail::ReadUpTo(*checked, left < 0 ? INT_MAX : left);
+    return text;
+}
+
+void SaveStringToFile(const UnicodeString& path, const AnsiString& text)
+{
+    Classes::TFileStream stream(path, Classes::fmCreate);
+    SaveStringToStream(&stream, text);
+    // A failure shall be told, which the destructor couldn't.
+    stream.getHandle();
+}
+
+AnsiString LoadStringFromFile(const UnicodeString& path)
+{
+    Classes::TFileStream stream(path, Classes::fmOpenRead | Classes::fmShareDenyWrite);
+    return LoadStringFromStream(&stream);
+}
+
+} // namespace BTL

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/runtime/Classes_Stream.h"
+
+namespace BTL
+{
+
+// Reading and writing at the position of a stream. A null stream is an internal fault, and an empty one if
+// the user lets that pass. What ends a piece of text is read too and isn't part of the result; the end of the
+// stream ends it as well. Bytes are `System::AnsiString` values.
+
+/// Whether nothing is left behind the position.
+TRS8_BTL_API bool Eof(Classes::TStream* stream);
+TRS8_BTL_API System::Int64 GetSize(Classes::TStream* stream);
+
+/// The line feeds among the first `limit` bytes of the stream, where the position then is; a negative limit
+/// means 2147483647.
+TRS8_BTL_API int CountLines(Classes::TStream* stream, System::Int64 limit);
+/// The line in which the position lies, as `ReadLine` gives it from its beginning on; the position stays.
+TRS8_BTL_API System::AnsiString GetCurrStrLine(Classes::TStream* stream);
+
+/// The next byte; 0 at the end.
+TRS8_BTL_API char ReadChar(Classes::TStream* stream);
+/// The same; the position stays.
+TRS8_BTL_API char PeekChar(Classes::TStream* stream);
+
+TRS8_BTL_API void SkipLine(Classes::TStream* stream);
+TRS8_BTL_API void SkipUntil(Classes::TStream* stream, char c);
+/// Moves by `count`, backwards if it is negative. Where that would reach the end, the position is the last
+/// byte; in front of the beginning, the beginning.
+TRS8_BTL_API void SkipBytes(Classes::TStream* stream, int count);
+/// Moves behind the next white space.
+TRS8_BTL_API void SkipWhitespaces(Classes::TStream* stream);
+/// As `SkipUntil`.
+TRS8_BTL_API void ReadUntil(Classes::TStream* stream, char c);
+
+TRS8_BTL_API System::AnsiString ReadStringUntil(Classes::TStream* stream, char delimiter);
+TRS8_BTL_API System::UTF8String ReadUTF8StringUntil(Classes::TStream* stream, char delimiter);
+/// Either of the two is the delimiter.
+TRS8_BTL_API System::AnsiString ReadStringUntil2(Classes::TStream* stream, char a, char b);
+/// The whole `text` is the delimiter; an empty one ends nowhere.
+TRS8_BTL_API System::AnsiString ReadStringUntil(Classes::TStream* stream, const System::AnsiString& text);
+/// The bytes up to a carriage return, and with it all that follows up to a line feed.
+TRS8_BTL_API System::AnsiString ReadLine(Classes::TStream* stream);
+/// Up to `count` bytes, fewer at the end.
+TRS8_BTL_API System::AnsiString ReadBytes(Classes::TStream* stream, int count);
+
+// The bytes alone; `Classes::EWriteError` if they can't all be written.
+
+TRS8_BTL_API void WriteString(Classes::TStream* stream, const System::AnsiString& text);
+TRS8_BTL_API void WriteAnsiString(Classes::TStream* stream, const System::AnsiString& text);
+TRS8_BTL_API void WriteUTF8String(Classes::TStream* stream, const System::UTF8String& text);
+/// CR LF.
+TRS8_BTL_API void WriteEndOfLine(Classes::TStream* stream);
+
+// Decimal integers: digits, behind a `-` if that is the very first byte. The byte behind them is read too.
+
+/// `Sysutils::EConvertError` if there is none.
+TRS8_BTL_API int ReadInteger(Classes::TStream* stream);
+TRS8_BTL_API int ReadIntegerDef(Classes::TStream* stream, int defaultValue);
+/// The same, but the byte behind the number stays in the stream.
+TRS8_BTL_API int ReadIntegerUnget(Classes::TStream* stream, int defaultValue);
+TRS8_BTL_API System::Int64 ReadInt64(Classes::TStream* stream);
+TRS8_BTL_API System::Int64 ReadInt64Def(Classes::TStream* stream, System::Int64 defaultValue);
+TRS8_BTL_API System::Int64 ReadInt64Unget(Classes::TStream* stream, System::Int64 defaultValue);
+
+TRS8_BTL_API void SaveStringToStream(Classes::TStream* stream, const System::AnsiString& text);
+/// All from the position on.
+TRS8_BTL_API System::AnsiString LoadStringFromStream(Classes::TStream* stream);
+/// Makes `text` the whole file. `Classes::EFCreateError` if it can't be made.
+TRS8_BTL_API void SaveStringToFile(const System::UnicodeString& path, const System::AnsiString& text);
+/// `Classes::EFOpenError` if the file can't be opened.
+TRS8_BTL_API System::AnsiString LoadStringFromFile(const System::UnicodeString& path);
+
+} // namespace BTL
