@@ -326,6 +326,29 @@ TEST(StringListTest, DestroysTheObjectsItOwns)
     EXPECT_EQ(alive, 0);
 }
 
+TEST(StringListTest, DeletesManyLinesAtOnce)
+{
+    int alive = 0;
+    TStringList list(true);
+    for (const WideChar* const line : {u"a", u"B", u"c", u"b", u"d", u"b", u"e"}) {
+        list.AddObject(line, new Counted(alive));
+    }
+    list.DeleteAll(u"b");
+    EXPECT_THAT(LinesOf(list), ElementsAre(u"a", u"c", u"d", u"e"));
+    EXPECT_EQ(alive, 4);
+    list.DeleteAll(u"x");
+    list.DeleteRange(1, 2);
+    EXPECT_THAT(LinesOf(list), ElementsAre(u"a", u"e"));
+    list.DeleteRange(0, 0);
+    list.DeleteRange(0, INT_MIN);
+    list.DeleteRange(INT_MAX - 1, INT_MAX);
+    EXPECT_THROW(list.DeleteRange(-1, 1), EStringListError);
+    EXPECT_EQ(list.getCount(), 2);
+    list.DeleteRange(1, INT_MAX);
+    EXPECT_THAT(LinesOf(list), ElementsAre(u"a"));
+    EXPECT_EQ(alive, 1);
+}
+
 TEST(StringListTest, SortedListsKeepTheirOrder)
 {
     TStringList list;

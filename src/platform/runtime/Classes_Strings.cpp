@@ -7,6 +7,8 @@
 #include "platform/runtime/Sysutils_Text.h"
 
 #include <algorithm>
+#include <climits>
+#include <iterator>
 #include <numeric>
 
 namespace Classes
@@ -656,6 +658,37 @@ void TStringList::Delete(int index)
     mItems.erase(mItems.begin() + index);
     Dispose({item});
     Changed();
+}
+
+void TStringList::DeleteRange(int index, int count)
+{
+    CheckIndex(index, INT_MAX);
+    if (count <= 0 || index >= GetCount()) {
+        return;
+    }
+    Changing();
+    const int first = std::min(index, GetCount());
+    const auto begin = mItems.begin() + first;
+    CutItems(begin, begin + std::min(count, GetCount() - first));
+    Changed();
+}
+
+void TStringList::DeleteAll(const UnicodeString& text)
+{
+    const auto isOther = [&](const TStringItem& item) { return !EqualStrings(item.String, text); };
+    if (std::all_of(mItems.begin(), mItems.end(), isOther)) {
+        return;
+    }
+    Changing();
+    CutItems(std::stable_partition(mItems.begin(), mItems.end(), isOther), mItems.end());
+    Changed();
+}
+
+void TStringList::CutItems(Items::iterator first, Items::iterator last)
+{
+    const Items items(std::make_move_iterator(first), std::make_move_iterator(last));
+    mItems.erase(first, last);
+    Dispose(items);
 }
 
 void TStringList::Clear()

@@ -188,6 +188,10 @@ public:
     void Insert(int index, const System::UnicodeString& text) override;
     void InsertObject(int index, const System::UnicodeString& text, System::TObject* object) override;
     void Delete(int index) override;
+    /// Deletes up to `count` lines from `index` on. `EStringListError` for a negative `index`.
+    void DeleteRange(int index, int count);
+    /// Deletes every line equal to `text`, by the list's way to compare.
+    void DeleteAll(const System::UnicodeString& text);
     void Clear() override;
     void Exchange(int first, int second) override;
     /// `EStringListError` in a sorted list.
@@ -244,6 +248,8 @@ private:
     void MergeItems(std::vector<TStringItem>&& items);
     void SortItems();
     void CheckUnsorted() const;
+    /// Takes lines out and destroys their objects.
+    void CutItems(std::vector<TStringItem>::iterator first, std::vector<TStringItem>::iterator last);
     /// Destroys the objects of lines that have left the list.
     void Dispose(const std::vector<TStringItem>& items) const;
 

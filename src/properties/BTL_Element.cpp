@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "properties/BTL_Element.h"
+
+#include "foundation/UTL_ASRT_Assert.h"
+
+namespace BTL
+{
+
+namespace
+{
+
+/// `condition`, or an internal fault of this unit.
+bool Check(bool condition, int line)
+{
+    if (!condition) {
+        UTL::THROW_XAssert("", "BTL_Element", line);
+    }
+    return condition;
+}
+
+} // namespace
+
+AElement::~AElement() = default;
+
+CElementVector::CElementVector() = default;
+
+CElementVector::~CElementVector()
+{
+    for (auto& element : mElements) {
+        element.reset();
+    }
+}
+
+void CElementVector::AddElement(AElement* element)
+{
+    mElements.push_back(std::unique_ptr<AElement>(element));
+}
+
+AElement* CElementVector::operator[](int i) const
+{
+    if (!Check(i >= 0 && i < GetCount(), __LINE__)) {
+        return nullptr;
+    }
+    return mElements[static_cast<std::size_t>(i)].get();
+}
+
+CElementMap::CElementMap(CElementMap* parent) : mParent(parent) {}
+
+CElementMap::~CElementMap() = default;
+
+void CElementMap::AddElement(const System::UnicodeString& name, AElement* element)
+{
+    if (Check(!name.IsEmpty(), __LINE__) && Check(!mElements.contains(name), __LINE__) &&
+        Check(element != nullptr, __LINE__)) {
+        mElements[name].reset(element);
+    }
+}
+
+AElement* CElementMap::operator[](const System::UnicodeString& name) const
+{
+    for (const CElementMap* map = this; map != nullptr; map = map->mParent) {
+        if (const auto found = map->mElements.find(name); found != map->mElements.end()) {
+            return found->second.get();
+        }
+    }
+    return nullptr;
+}
+
+} // namespace BTL

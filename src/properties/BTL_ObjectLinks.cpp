@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "properties/BTL_ObjectLinks.h"
+
+#include "foundation/UTL_ASRT_Assert.h"
+
+#include <vector>
+
+namespace BTL
+{
+
+namespace
+{
+
+bool CheckLink(const AObjectLink* link, int line)
+{
+    if (link == nullptr) {
+        UTL::THROW_XAssert("", "BTL_ObjectLinks", line);
+    }
+    return link != nullptr;
+}
+
+} // namespace
+
+ANotifyMessage::~ANotifyMessage() = default;
+
+CObjectLinks::CObjectLinks() : mLinks(std::make_shared<TLinks>()) {}
+
+CObjectLinks::~CObjectLinks()
+{
+    for (AObjectLink* const link : *mLinks) {
+        link->mLinks = nullptr;
+    }
+    mLinks->clear();
+}
+
+void CObjectLinks::Add(AObjectLink* link)
+{
+    if (!CheckLink(link, __LINE__) || link->mLinks == this) {
+        return;
+    }
+    mLinks->insert(link);
+    if (link->mLinks != nullptr) {
+        link->mLinks->Remove(link);
+    }
+    link->mLinks = this;
+}
+
+void CObjectLinks::Remove(AObjectLink* link)
+{
+    if (CheckLink(link, __LINE__) && mLinks->erase(link) != 0) {
+        link->mLinks = nullptr;
+    }
+}
+
+/// Calls for each link that is there now and still is when its turn comes.
+template <class Call>
+void CObjectLinks::ForEach(Call call) const
+{
+    if (!mEnabled) {
+        return;
+    }
+    const std::shared_ptr<const TLinks> links = mLinks;
+    const std::vector<AObjectLink*> round(links->begin(), links->end());
+    for (AObjectLink* const link : round) {
+        if (links->contains(link)) {
+            call(*link);
+        }
+    }
+}
+
+void CObjectLinks::Notify(ANotifyMessage* message)
+{
+    ForEach([message](const AObjectLink& link) {
+        if (link.mOnNotify) {
+            link.mOnNotify(message);
+        }
+    });
+}
+
+void CObjectLinks::Changed(void* data)
+{
+    ForEach([data](const AObjectLink& link) {
+        if (link.mOnChanged) {
+            link.mOnChanged(data);
+        }
+    });
+}
+
+AObjectLink::AObjectLink() = default;
+
+AObjectLink::~AObjectLink()
+{
+    Subscribe(nullptr);
+}
+
+void AObjectLink::Subscribe(CObjectLinks* links)
+{
+    if (mLinks != nullptr) {
+        mLinks->Remove(this);
+    }
+    if (links != nullptr) {
+        links->Add(this);
+    }
+}
+
+} // namespace BTL
