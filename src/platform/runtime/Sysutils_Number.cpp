@@ -8,6 +8,7 @@
 #include <array>
 #include <cfloat>
 #include <charconv>
+#include <clocale>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
@@ -15,8 +16,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-#include <locale.h>
 
 namespace Sysutils
 {

@@ -88,7 +88,7 @@ S ReplaceAt(typename S::View text, typename S::View searched, typename S::View p
 /// Case folded character by character, so that places stay where they are.
 UnicodeString FoldInPlace(const UnicodeString& text)
 {
-    const UnicodeString folded = text.LowerCase();
+    UnicodeString folded = text.LowerCase();
     if (folded.Length() == text.Length()) {
         return folded;
     }
@@ -167,7 +167,7 @@ template <class S>
 S ExtractQuotedAt(const typename S::CharType*& source, typename S::CharType quote)
 {
     auto view = System::Detail::SafeView(source);
-    const S result = ExtractQuoted<S>(view, quote);
+    S result = ExtractQuoted<S>(view, quote);
     source = source == nullptr ? nullptr : view.data();
     return result;
 }
@@ -373,8 +373,8 @@ const UnicodeString* TStringResources::Find(int ident) const
 UnicodeString LoadStr(int ident)
 {
     const auto& resources = Resources();
-    for (auto owner = resources.rbegin(); owner != resources.rend(); ++owner) {
-        if (const UnicodeString* text = (*owner)->Find(ident)) {
+    for (auto owner = resources.end(); owner != resources.begin();) {
+        if (const UnicodeString* text = (*--owner)->Find(ident)) {
             return *text;
         }
     }
