@@ -10,6 +10,11 @@
 #include <unicode/unistr.h>
 #include <unicode/ustring.h>
 
+#ifdef TRS8_BTL_BENCHMARK_QT
+#include <QByteArray>
+#include <QString>
+#endif
+
 namespace
 {
 
@@ -149,7 +154,7 @@ void CopyList(benchmark::State& state, const String& text)
     }
 }
 
-constexpr const char16_t* CaptionText = u"A caption of the usual length, 42 units in all";
+constexpr const char16_t* CaptionText = u"A caption of the usual length on a form";
 
 BENCHMARK_CAPTURE(CopyList, ours, UnicodeString(CaptionText))->Name("copy/ours");
 BENCHMARK_CAPTURE(CopyList, std, std::u16string(CaptionText))->Name("copy/std_u16string");
@@ -171,5 +176,72 @@ void AppendCharacters(benchmark::State& state)
 BENCHMARK(AppendCharacters<UnicodeString>)->Name("append/ours");
 BENCHMARK(AppendCharacters<std::u16string>)->Name("append/std_u16string");
 BENCHMARK(AppendCharacters<icu::UnicodeString>)->Name("append/icu");
+
+#ifdef TRS8_BTL_BENCHMARK_QT
+
+QString ToQt(std::u16string_view text)
+{
+    return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+void WideToUtf8Qt(benchmark::State& state)
+{
+    const QString text = ToQt(SampleText());
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(text.toUtf8());
+    }
+    SetBytes(state);
+}
+BENCHMARK(WideToUtf8Qt)->Name("wide_to_utf8/qstring");
+
+void Utf8ToWideQt(benchmark::State& state)
+{
+    const std::string& bytes = SampleUtf8();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size())));
+    }
+    SetBytes(state);
+}
+BENCHMARK(Utf8ToWideQt)->Name("utf8_to_wide/qstring");
+
+// Qt has no code page 1252 of its own; Latin-1, which is the same but for 27 characters, is what its users
+// take.
+
+void WideToWesternQt(benchmark::State& state)
+{
+    const QString text = ToQt(SampleText());
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(text.toLatin1());
+    }
+    SetBytes(state);
+}
+BENCHMARK(WideToWesternQt)->Name("wide_to_western/qstring_latin1");
+
+void WesternToWideQt(benchmark::State& state)
+{
+    const std::string& bytes = SampleWestern();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size())));
+    }
+    SetBytes(state);
+}
+BENCHMARK(WesternToWideQt)->Name("western_to_wide/qstring_latin1");
+
+BENCHMARK_CAPTURE(CopyList, qt, ToQt(CaptionText))->Name("copy/qstring");
+
+void AppendCharactersQt(benchmark::State& state)
+{
+    for (auto _ : state) {
+        QString text;
+        for (int i = 0; i < Length; ++i) {
+            text += QChar(static_cast<char16_t>(u'a' + i % 26));
+        }
+        benchmark::DoNotOptimize(text);
+    }
+    SetBytes(state);
+}
+BENCHMARK(AppendCharactersQt)->Name("append/qstring");
+
+#endif
 
 } // namespace
