@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include "text/BTL_RTF_Plain.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+namespace
+{
+
+using System::UnicodeString;
+
+void Require(bool condition)
+{
+    if (!condition) {
+        std::abort();
+    }
+}
+
+void CheckText(const UnicodeString& text)
+{
+    const UnicodeString file = BTL::RTF2PlainFile(text);
+    const UnicodeString standard = BTL::RTF2PlainStd(text);
+    const UnicodeString joined = BTL::RTF2Plain(text, u"");
+    Require(file.Length() <= text.Length() && standard.Length() <= file.Length());
+    if (!BTL::IsRTF(text)) {
+        Require(file == text && joined == text);
+        return;
+    }
+    // Each paragraph adds its break, but an only one counts as none.
+    const int breaks = file.Length() - standard.Length();
+    Require(joined.Length() == standard.Length() - breaks || (standard.IsEmpty() && joined.IsEmpty()));
+}
+
+} // namespace
+
+/// A text in UTF-8 and in 16-bit units, as it is and as the inside of a document.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    std::u16string units(size / 2, u'\0');
+    std::memcpy(units.data(), bytes.data(), units.size() * 2);
+    for (const UnicodeString& text : {System::FromUtf8(bytes), UnicodeString(std::u16string_view(units))}) {
+        CheckText(text);
+        CheckText(u"{\\rtf1 " + text);
+        CheckText(u"{\\rtf1 " + text + u"}");
+    }
+    return 0;
+}

@@ -1,0 +1,249 @@
+// SPDX-License-Identifier: MIT
+#include "foundation/UTL_Flags.h"
+
+#include "foundation/UTL_ASRT_Assert.h"
+#include "foundation/UTL_SV_IntVector.h"
+#include "platform/runtime/Classes_Strings.h"
+#include "platform/runtime/Sysutils_Number.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstring>
+
+namespace UTL
+{
+
+namespace
+{
+
+using System::UnicodeString;
+using System::WideChar;
+
+using Word = std::uint64_t;
+
+std::size_t ByteCount(int count)
+{
+    return static_cast<std::size_t>((count - 1) / 8 + 1);
+}
+
+Word WordAt(const std::uint8_t* bytes) noexcept
+{
+    Word word = 0;
+    std::memcpy(&word, bytes, sizeof word);
+    return word;
+}
+
+/// Whether all bytes are `value`.
+bool AreAll(const std::uint8_t* bytes, std::size_t count, std::uint8_t value) noexcept
+{
+    const Word pattern = value * (~Word(0) / 0xFF);
+    for (; count >= sizeof(Word); count -= sizeof(Word), bytes += sizeof(Word)) {
+        if (WordAt(bytes) != pattern) {
+            return false;
+        }
+    }
+    return std::all_of(bytes, bytes + count, [value](std::uint8_t byte) { return byte == value; });
+}
+
+} // namespace
+
+CFlags::CFlags(int count) : mCount(std::max(count, 0)), mBytes(ByteCount(mCount)) {}
+
+CFlags::CFlags(int count, bool value) : CFlags(count)
+{
+    if (value) {
+        SetFlags();
+    }
+}
+
+CFlags::CFlags(const CFlags& other, int count) : CFlags(count)
+{
+    std::copy_n(other.mBytes.begin(), std::min(mBytes.size(), other.mBytes.size()), mBytes.begin());
+    ClearSurplus();
+}
+
+bool CFlags::Fail(int line)
+{
+    THROW_XAssert("", "UTL_Flags.cpp", line);
+    return false;
+}
+
+void CFlags::ClearSurplus() noexcept
+{
+    const int used = mCount - 8 * static_cast<int>(mBytes.size() - 1);
+    mBytes.back() &= static_cast<Byte>((1U << used) - 1);
+}
+
+bool CFlags::Assign(const CFlags& other)
+{
+    if (*this == other) {
+        return false;
+    }
+    *this = other;
+    return true;
+}
+
+bool CFlags::Assign(const CFlags* other)
+{
+    if (other != nullptr) {
+        return Assign(*other);
+    }
+    const bool changes = !AreAllFlagsFalse();
+    ClearFlags();
+    return changes;
+}
+
+void CFlags::Assign(const CIntVector& values)
+{
+    CFlags flags(static_cast<int>(values.size()));
+    int i = 0;
+    for (const int value : values) {
+        flags.Put(i++, value != 0);
+    }
+    *this = flags;
+}
+
+void CFlags::Clear()
+{
+    setCount(0);
+}
+
+void CFlags::setCount(int count)
+{
+    count = std::max(count, 0);
+    mBytes.resize(ByteCount(count));
+    mCount = count;
+    ClearSurplus();
+}
+
+bool CFlags::SetFlag(int i, bool value)
+{
+    if (!Check(i, 334) || IsSet(i) == value) {
+        return false;
+    }
+    Put(i, value);
+    return true;
+}
+
+void CFlags::SetFlags()
+{
+    std::fill(mBytes.begin(), mBytes.end(), Byte(0xFF));
+    ClearSurplus();
+}
+
+void CFlags::ClearFlags()
+{
+    std::fill(mBytes.begin(), mBytes.end(), Byte(0));
+}
+
+/// Works on the bytes that both have, in words as far as they go.
+template <class Operation>
+CFlags& CFlags::Combine(const CFlags& other, Operation operation) noexcept
+{
+    const std::size_t count = std::min(mBytes.size(), other.mBytes.size());
+    Byte* const own = mBytes.data();
+    const Byte* const theirs = other.mBytes.data();
+    std::size_t i = 0;
+    for (; i + sizeof(Word) <= count; i += sizeof(Word)) {
+        const Word word = operation(WordAt(own + i), WordAt(theirs + i));
+        std::memcpy(own + i, &word, sizeof word);
+    }
+    for (; i < count; ++i) {
+        own[i] = static_cast<Byte>(operation(Word(own[i]), Word(theirs[i])));
+    }
+    ClearSurplus();
+    return *this;
+}
+
+void CFlags::SetFlags(const CFlags& mask, bool value)
+{
+    if (value) {
+        *this |= mask;
+    } else {
+        Combine(mask, [](Word a, Word b) { return a & ~b; });
+    }
+}
+
+CFlags& CFlags::operator&=(const CFlags& other)
+{
+    return Combine(other, [](Word a, Word b) { return a & b; });
+}
+
+CFlags& CFlags::operator|=(const CFlags& other)
+{
+    return Combine(other, [](Word a, Word b) { return a | b; });
+}
+
+CFlags& CFlags::operator^=(const CFlags& other)
+{
+    return Combine(other, [](Word a, Word b) { return a ^ b; });
+}
+
+CFlags& CFlags::operator~()
+{
+    return Combine(*this, [](Word a, Word) { return ~a; });
+}
+
+bool CFlags::AreAllFlagsFalse() const noexcept
+{
+    return AreAll(mBytes.data(), mBytes.size(), 0);
+}
+
+bool CFlags::AreAllFlagsTrue() const noexcept
+{
+    const std::size_t whole = ByteOf(mCount);
+    const int rest = mCount % 8;
+    return mCount > 0 && AreAll(mBytes.data(), whole, 0xFF) &&
+           (rest == 0 || mBytes[whole] == (1U << rest) - 1);
+}
+
+UnicodeString CFlags::getCommaText() const
+{
+    if (mCount == 0) {
+        return {};
+    }
+    UnicodeString text = UnicodeString::StringOfChar(u',', mCount <= INT_MAX / 2 ? 2 * mCount - 1 : INT_MAX);
+    WideChar* out = text.UniqueData();
+    for (int i = 0; i < mCount; ++i) {
+        out[2 * static_cast<std::size_t>(i)] = IsSet(i) ? u'1' : u'0';
+    }
+    return text;
+}
+
+void CFlags::setCommaText(UnicodeString text)
+{
+    Classes::TStringList items;
+    items.setCommaText(text);
+    CFlags flags(items.getCount());
+    for (int i = 0; i < flags.mCount; ++i) {
+        flags.Put(i, Sysutils::StrToIntDef(items[i], 0) != 0);
+    }
+    *this = flags;
+}
+
+bool CFlags::operator==(const CFlags& other) const noexcept
+{
+    return mCount == other.mCount && std::memcmp(mBytes.data(), other.mBytes.data(), mBytes.size()) == 0;
+}
+
+bool CFlags::operator<(const CFlags& other) const noexcept
+{
+    if (mCount != other.mCount) {
+        return mCount < other.mCount;
+    }
+    return std::memcmp(mBytes.data(), other.mBytes.data(), mBytes.size()) < 0;
+}
+
+UnicodeString CFlags::_GetDebugInfo() const
+{
+    UnicodeString text = u"Byte-Count: " + UnicodeString(mBytes.size()) + u" Bits:";
+    for (int i = 0; i < mCount; ++i) {
+        if (i % 4 == 0) {
+            text += u' ';
+        }
+        text += IsSet(i) ? u'1' : u'0';
+    }
+    return text;
+}
+
+} // namespace UTL
