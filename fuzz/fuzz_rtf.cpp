@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "text/BTL_RTF_Plain.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -24,14 +25,15 @@ void CheckText(const UnicodeString& text)
     const UnicodeString file = BTL::RTF2PlainFile(text);
     const UnicodeString standard = BTL::RTF2PlainStd(text);
     const UnicodeString joined = BTL::RTF2Plain(text, u"");
-    Require(file.Length() <= text.Length() && standard.Length() <= file.Length());
+    Require(std::max({file.Length(), standard.Length(), joined.Length()}) <= text.Length());
     if (!BTL::IsRTF(text)) {
         Require(file == text && joined == text);
         return;
     }
-    // Each paragraph adds its break, but an only one counts as none.
-    const int breaks = file.Length() - standard.Length();
-    Require(joined.Length() == standard.Length() - breaks || (standard.IsEmpty() && joined.IsEmpty()));
+    // Each paragraph adds its break. What is nothing but one break, even one of codes, counts as none.
+    if (!file.IsEmpty() && !standard.IsEmpty()) {
+        Require(file.Length() - standard.Length() == standard.Length() - joined.Length());
+    }
 }
 
 } // namespace
