@@ -103,10 +103,10 @@ std::optional<Int> ReadStart(View<Char> text)
     return value;
 }
 
-template <class Int, class S>
-bool ReadStartInto(const S& text, Int& value)
+template <class Int, class Char>
+bool ReadStartInto(View<Char> text, Int& value)
 {
-    const auto read = ReadStart<Int>(text.AsView());
+    const auto read = ReadStart<Int>(text);
     if (read) {
         value = *read;
     }
@@ -333,13 +333,22 @@ bool Give(const TPiece& piece, int& position, int& length)
     return true;
 }
 
-bool NarrowToDouble(const AnsiString& text, double& value)
-{
-    return ToDouble(text, value);
-}
+template <class Char>
+using StringOf = std::conditional_t<std::is_same_v<Char, char>, AnsiString, UnicodeString>;
 
-// The strings of the foundation read floats by the rules of this unit.
-[[maybe_unused]] const bool linked = (UTL::Links().ToDouble = &NarrowToDouble, true);
+/// What the foundation asks of this unit.
+template <class Char>
+constexpr UTL::TNumberLinks<Char> NumberLinks{
+    .ToInt = [](View<Char> text, int& value) { return ReadStartInto(text, value); },
+    .ToInt64 = [](View<Char> text, Int64& value) { return ReadStartInto(text, value); },
+    .ToDouble = [](View<Char> text, double& value) { return DoubleInto(StringOf<Char>(text), value); },
+    .IsDouble = [](View<Char> text) { return IsDoubleOf(StringOf<Char>(text)); }};
+
+[[maybe_unused]] const bool linked = [] {
+    UTL::Links().Narrow = NumberLinks<char>;
+    UTL::Links().Wide = NumberLinks<WideChar>;
+    return true;
+}();
 
 } // namespace
 
@@ -385,32 +394,32 @@ bool IsIntStrong(const AnsiString& text)
 
 bool ToInt(const UnicodeString& text, int& value)
 {
-    return ReadStartInto(text, value);
+    return ReadStartInto(text.AsView(), value);
 }
 
 bool ToInt(const AnsiString& text, int& value)
 {
-    return ReadStartInto(text, value);
+    return ReadStartInto(text.AsView(), value);
 }
 
 bool ToInt(const UnicodeString& text, Int64& value)
 {
-    return ReadStartInto(text, value);
+    return ReadStartInto(text.AsView(), value);
 }
 
 bool ToInt(const AnsiString& text, Int64& value)
 {
-    return ReadStartInto(text, value);
+    return ReadStartInto(text.AsView(), value);
 }
 
 bool StrToInt64(const UnicodeString& text, Int64& value)
 {
-    return ReadStartInto(text, value);
+    return ReadStartInto(text.AsView(), value);
 }
 
 bool StrToInt64(const AnsiString& text, Int64& value)
 {
-    return ReadStartInto(text, value);
+    return ReadStartInto(text.AsView(), value);
 }
 
 Int64 StrToInt64Def(const UnicodeString& text, Int64 defaultValue)
@@ -435,12 +444,12 @@ bool IsIntType(const AnsiString& text)
 
 bool StrToUInt(const UnicodeString& text, unsigned& value)
 {
-    return ReadStartInto(text, value);
+    return ReadStartInto(text.AsView(), value);
 }
 
 bool StrToUInt64(const UnicodeString& text, UInt64& value)
 {
-    return ReadStartInto(text, value);
+    return ReadStartInto(text.AsView(), value);
 }
 
 UInt64 StrToUInt64Def(const UnicodeString& text, UInt64 defaultValue)
