@@ -260,8 +260,11 @@ TEST_F(CVariantTest, KnowsFloats)
                                   CVariant(TDateTime(1)), CVariant(" 1,5e3 "), CVariant(u"1.5")}) {
         EXPECT_TRUE(value.IsDouble()) << Written(value);
     }
-    for (const CVariant& value :
-         {CVariant("1x"), CVariant(u""), CVariant(u"abc"), ArrayOf(CVariants() << 1)}) {
+    const std::string longNumber(40, '0');
+    EXPECT_EQ(CVariant((longNumber + "1.5").c_str()).ToDouble(), 1.5);
+    EXPECT_EQ(CVariant((longNumber + "1.5x").c_str()).ToDoubleDef(7), 7);
+    for (const CVariant& value : {CVariant("1x"), CVariant("\xb2"), CVariant("1.5.5"), CVariant(u""),
+                                  CVariant(u"abc"), ArrayOf(CVariants() << 1)}) {
         EXPECT_FALSE(value.IsDouble()) << Written(value);
     }
 }
