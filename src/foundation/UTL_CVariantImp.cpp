@@ -274,7 +274,7 @@ public:
     }
     bool ToDateTime(const UVariantData& data, TDateTime& value) const override
     {
-        const UnicodeString text = Text<UnicodeString>(data);
+        const auto text = Text<UnicodeString>(data);
         const auto read = Links().StrToDateTime;
         value = read != nullptr ? read(text) : Sysutils::StrToDateTime(text);
         return true;
@@ -394,11 +394,13 @@ private:
     }
 };
 
-/// One of each, in the order of the types. They are never destroyed: a static object may hold variants longer
-/// than this unit lives.
+/// One of each, in the order of the types.
 union UImps {
     constexpr UImps() noexcept : All() {}
-    ~UImps() {}
+    ~UImps()
+    {
+        // They are never destroyed: a static object may hold variants longer than this unit lives.
+    }
 
     struct
     {
