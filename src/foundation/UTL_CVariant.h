@@ -22,9 +22,8 @@ namespace UTL
 /// - A float is cut to an integer; beyond the range it gives the nearest limit, and NaN gives 0. A 64-bit
 ///   integer gives its low 32 bits.
 /// - A bool is no date.
-/// - Numbers are written as by `Sysutils::FloatToStr`, dates as by `Sysutils::DateTimeToStr`, a bool as "1"
-/// or
-///   "0". To 8-bit text, characters outside the code page become `?`.
+/// - Numbers are written as by `Sysutils::FloatToStr`, dates as by `Sysutils::DateTimeToStr`, a bool
+///   as "1" or "0". To 8-bit text, characters outside the code page become `?`.
 /// - Text is a bool only if it is "0" or "1". It is read by `BTL::ToInt`, `BTL::StrToInt64`, `BTL::ToDouble`
 ///   and `BTL::StrToDateTime`; what the last raises passes through, also where a default is given.
 /// - An array with exactly one item converts as this does, but is no date.

@@ -198,6 +198,7 @@ CInStream& CInStream::operator>>(void*& value)
 {
     int number = 0;
     *this >> number;
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): a pointer is read as the number it was written as.
     value = reinterpret_cast<void*>(static_cast<std::intptr_t>(number));
     return *this;
 }

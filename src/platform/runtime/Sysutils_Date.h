@@ -86,8 +86,7 @@ TRS8_BTL_API System::UnicodeString DateTimeToStr(const System::TDateTime& value,
 /// Writes `value` by a picture, in which case doesn't matter:
 /// - `yy`, `yyyy`: the year with two or four digits
 /// - `m`, `mm`, `mmm`, `mmmm`: the month; `d`, `dd`, `ddd`, `dddd`: the day. One letter is a plain number,
-/// two
-///   are two digits, three the short name, four the long one
+///   two are two digits, three the short name, four the long one
 /// - `h`, `hh`, `n`, `nn`, `s`, `ss`, `z`, `zzz`: hour, minute, second, millisecond. `m` and `mm` are minutes
 ///   if the last letters in front of them were hours
 /// - `am/pm`, `a/p`: one of the two as it stands, `ampm`: `TimeAMString` or `TimePMString`; the hour in front
