@@ -397,7 +397,7 @@ private:
 /// One of each, in the order of the types.
 union UImps {
     constexpr UImps() noexcept : All() {}
-    ~UImps()
+    ~UImps() // NOLINT(modernize-use-equals-default): the default one would be deleted.
     {
         // They are never destroyed: a static object may hold variants longer than this unit lives.
     }
