@@ -33,16 +33,26 @@ Word WordAt(const std::uint8_t* bytes) noexcept
     return word;
 }
 
-/// Whether all bytes are `value`.
+/// Combines the bytes of both rows into the first, in words as far as they go.
+template <class Operation>
+void CombineBytes(std::uint8_t* own, const std::uint8_t* other, std::size_t count,
+                  Operation operation) noexcept
+{
+    const std::size_t words = count / sizeof(Word);
+    for (std::size_t i = 0; i < words; ++i) {
+        const std::size_t at = i * sizeof(Word);
+        const Word word = operation(WordAt(own + at), WordAt(other + at));
+        std::memcpy(own + at, &word, sizeof word);
+    }
+    for (std::size_t i = words * sizeof(Word); i < count; ++i) {
+        own[i] = static_cast<std::uint8_t>(operation(own[i], other[i]));
+    }
+}
+
+/// Whether all bytes are `value`: the first is, and each is like the one in front of it.
 bool AreAll(const std::uint8_t* bytes, std::size_t count, std::uint8_t value) noexcept
 {
-    const Word pattern = value * (~Word(0) / 0xFF);
-    for (; count >= sizeof(Word); count -= sizeof(Word), bytes += sizeof(Word)) {
-        if (WordAt(bytes) != pattern) {
-            return false;
-        }
-    }
-    return std::all_of(bytes, bytes + count, [value](std::uint8_t byte) { return byte == value; });
+    return count == 0 || (bytes[0] == value && std::memcmp(bytes, bytes + 1, count - 1) == 0);
 }
 
 } // namespace
@@ -136,21 +146,10 @@ void CFlags::ClearFlags()
     std::fill(mBytes.begin(), mBytes.end(), Byte(0));
 }
 
-/// Works on the bytes that both have, in words as far as they go.
 template <class Operation>
 CFlags& CFlags::Combine(const CFlags& other, Operation operation) noexcept
 {
-    const std::size_t count = std::min(mBytes.size(), other.mBytes.size());
-    Byte* const own = mBytes.data();
-    const Byte* const theirs = other.mBytes.data();
-    std::size_t i = 0;
-    for (; i + sizeof(Word) <= count; i += sizeof(Word)) {
-        const Word word = operation(WordAt(own + i), WordAt(theirs + i));
-        std::memcpy(own + i, &word, sizeof word);
-    }
-    for (; i < count; ++i) {
-        own[i] = static_cast<Byte>(operation(Word(own[i]), Word(theirs[i])));
-    }
+    CombineBytes(mBytes.data(), other.mBytes.data(), std::min(mBytes.size(), other.mBytes.size()), operation);
     ClearSurplus();
     return *this;
 }
