@@ -1,17 +1,46 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/runtime/System_DateTime.h"
 #include "platform/runtime/System_String.h"
+
+#include <string_view>
+
+namespace BTL
+{
+class COutStream;
+} // namespace BTL
 
 namespace UTL
 {
+
+/// How numbers are read from text of one width. Each gives false if `text` is none, and then leaves `value`
+/// alone.
+template <class Char>
+struct TNumberLinks
+{
+    using View = std::basic_string_view<Char>;
+
+    /// As `BTL::ToInt`.
+    bool (*ToInt)(View text, int& value) = nullptr;
+    /// As `BTL::StrToInt64`.
+    bool (*ToInt64)(View text, System::Int64& value) = nullptr;
+    /// As `BTL::ToDouble`: a float with `.` or `,`.
+    bool (*ToDouble)(View text, double& value) = nullptr;
+    /// As `BTL::IsDouble`.
+    bool (*IsDouble)(View text) = nullptr;
+};
 
 /// What the foundation asks of the layers above it. A higher layer fills in its functions while the program
 /// starts, before threads do; until then a pointer is null, and its caller manages without.
 struct TLinks
 {
-    /// Reads a float with `.` or `,`; false if `text` is none, which leaves `value` alone.
-    bool (*ToDouble)(const System::AnsiString& text, double& value) = nullptr;
+    TNumberLinks<char> Narrow;
+    TNumberLinks<System::WideChar> Wide;
+    /// As `BTL::StrToDateTime`.
+    System::TDateTime (*StrToDateTime)(const System::UnicodeString& text) = nullptr;
+    /// Writes the bytes of `text` as they are.
+    void (*Write)(BTL::COutStream& stream, std::string_view text) = nullptr;
     /// The folder of the running program, where log files go; with a separator behind it.
     System::UnicodeString (*BinPath)() = nullptr;
 };

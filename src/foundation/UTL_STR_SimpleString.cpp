@@ -237,7 +237,7 @@ int CSimpleString::ToIntDef(int defaultValue) const
 double CSimpleString::ToDoubleDef(double defaultValue) const
 {
     double value = defaultValue;
-    const auto toDouble = Links().ToDouble;
+    const auto toDouble = Links().Narrow.ToDouble;
     const bool isNumber = toDouble != nullptr ? toDouble(c_str(), value) : UTL::GetDouble(mText, value);
     return isNumber ? value : defaultValue;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "streams/BTL_STRM_OutStream.h"
 
+#include "foundation/UTL_Links.h"
 #include "platform/runtime/Sysutils_Number.h"
 #include "streams/BTL_STRM_ScanInternal.h"
 
@@ -17,6 +18,19 @@ using System::Int64;
 using System::UInt64;
 using System::UnicodeString;
 using System::WideChar;
+
+namespace
+{
+
+// The variants of the foundation write themselves into streams.
+[[maybe_unused]] const bool linked = [] {
+    UTL::Links().Write = [](COutStream& stream, std::string_view text) {
+        stream.write(text.data(), static_cast<Int64>(text.size()));
+    };
+    return true;
+}();
+
+} // namespace
 
 COutStream::COutStream() : AStream(new Classes::TMemoryStream, true) {}
 

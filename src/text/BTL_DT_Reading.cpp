@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "text/BTL_DT_Reading.h"
 
+#include "foundation/UTL_Links.h"
 #include "platform/runtime/Sysutils_Date.h"
 #include "platform/runtime/Sysutils_DateInternal.h"
 #include "platform/runtime/Sysutils_Number.h"
@@ -84,6 +85,12 @@ int NumberOf(const UnicodeString& part, int defaultValue)
 {
     return Sysutils::StrToIntDef(DeleteChars(DeleteChars(part, u'_'), u'%'), defaultValue);
 }
+
+// The variants of the foundation read dates by the rules of this unit.
+[[maybe_unused]] const bool linked = [] {
+    UTL::Links().StrToDateTime = &StrToDateTime;
+    return true;
+}();
 
 } // namespace
 

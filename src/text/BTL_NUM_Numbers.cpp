@@ -8,6 +8,7 @@
 #include "text/Pasu_stringtointeger.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <limits>
 #include <optional>
@@ -103,10 +104,10 @@ std::optional<Int> ReadStart(View<Char> text)
     return value;
 }
 
-template <class Int, class S>
-bool ReadStartInto(const S& text, Int& value)
+template <class Int, class Char>
+bool ReadStartInto(View<Char> text, Int& value)
 {
-    const auto read = ReadStart<Int>(text.AsView());
+    const auto read = ReadStart<Int>(text);
     if (read) {
         value = *read;
     }
@@ -164,6 +165,9 @@ bool IsIntegerOf(const S& text)
     return code == 0;
 }
 
+template <class Char>
+using StringOf = std::conditional_t<std::is_same_v<Char, char>, AnsiString, UnicodeString>;
+
 /// What the run-time library is to read. It is made wide first, where any active separator has its place.
 template <class S>
 UnicodeString NumberText(const S& text)
@@ -171,10 +175,31 @@ UnicodeString NumberText(const S& text)
     return AdaptDecimalSeparator(UnicodeString(text)).Trim();
 }
 
+template <class Char>
+bool DoubleInto(View<Char> text, double& value)
+{
+    // Most numbers are short and plain; they need no string.
+    std::array<WideChar, 32> plain;
+    const auto isPlain = [](Char c) { return c > 32 && c < 127; };
+    if (text.size() > plain.size() || !std::all_of(text.begin(), text.end(), isPlain)) {
+        return Sysutils::TextToFloat(NumberText(StringOf<Char>(text)), value);
+    }
+    WideChar* const end = std::copy(text.begin(), text.end(), plain.begin());
+    WideChar* separator = std::find(plain.begin(), end, u'.');
+    if (separator == end) {
+        separator = std::find(plain.begin(), end, u',');
+    }
+    const WideChar active = Sysutils::DecimalSeparator;
+    if (separator != end) {
+        *separator = active;
+    }
+    return Sysutils::BufferToFloat({plain.data(), text.size()}, active, value);
+}
+
 template <class S>
 bool DoubleInto(const S& text, double& value)
 {
-    return Sysutils::TextToFloat(NumberText(text), value);
+    return DoubleInto(text.AsView(), value);
 }
 
 template <class S>
@@ -333,13 +358,23 @@ bool Give(const TPiece& piece, int& position, int& length)
     return true;
 }
 
-bool NarrowToDouble(const AnsiString& text, double& value)
-{
-    return ToDouble(text, value);
-}
+/// What the foundation asks of this unit.
+template <class Char>
+constexpr UTL::TNumberLinks<Char> NumberLinks{
+    .ToInt = [](View<Char> text, int& value) { return ReadStartInto(text, value); },
+    .ToInt64 = [](View<Char> text, Int64& value) { return ReadStartInto(text, value); },
+    .ToDouble = [](View<Char> text, double& value) { return DoubleInto(text, value); },
+    .IsDouble =
+        [](View<Char> text) {
+            double ignored = 0;
+            return DoubleInto(text, ignored);
+        }};
 
-// The strings of the foundation read floats by the rules of this unit.
-[[maybe_unused]] const bool linked = (UTL::Links().ToDouble = &NarrowToDouble, true);
+[[maybe_unused]] const bool linked = [] {
+    UTL::Links().Narrow = NumberLinks<char>;
+    UTL::Links().Wide = NumberLinks<WideChar>;
+    return true;
+}();
 
 } // namespace
 
@@ -385,32 +420,32 @@ bool IsIntStrong(const AnsiString& text)
 
 bool ToInt(const UnicodeString& text, int& value)
 {
-    return ReadStartInto(text, value);
+    return ReadStartInto(text.AsView(), value);
 }
 
 bool ToInt(const AnsiString& text, int& value)
 {
-    return ReadStartInto(text, value);
+    return ReadStartInto(text.AsView(), value);
 }
 
 bool ToInt(const UnicodeString& text, Int64& value)
 {
-    return ReadStartInto(text, value);
+    return ReadStartInto(text.AsView(), value);
 }
 
 bool ToInt(const AnsiString& text, Int64& value)
 {
-    return ReadStartInto(text, value);
+    return ReadStartInto(text.AsView(), value);
 }
 
 bool StrToInt64(const UnicodeString& text, Int64& value)
 {
-    return ReadStartInto(text, value);
+    return ReadStartInto(text.AsView(), value);
 }
 
 bool StrToInt64(const AnsiString& text, Int64& value)
 {
-    return ReadStartInto(text, value);
+    return ReadStartInto(text.AsView(), value);
 }
 
 Int64 StrToInt64Def(const UnicodeString& text, Int64 defaultValue)
@@ -435,12 +470,12 @@ bool IsIntType(const AnsiString& text)
 
 bool StrToUInt(const UnicodeString& text, unsigned& value)
 {
-    return ReadStartInto(text, value);
+    return ReadStartInto(text.AsView(), value);
 }
 
 bool StrToUInt64(const UnicodeString& text, UInt64& value)
 {
-    return ReadStartInto(text, value);
+    return ReadStartInto(text.AsView(), value);
 }
 
 UInt64 StrToUInt64Def(const UnicodeString& text, UInt64 defaultValue)

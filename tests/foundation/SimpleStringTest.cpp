@@ -228,11 +228,11 @@ TEST(SimpleStringTest, ReadsNumbers)
 
 TEST(SimpleStringTest, ReadsFloatsWithoutTheLayerAbove)
 {
-    const auto former = std::exchange(UTL::Links().ToDouble, nullptr);
+    const auto former = std::exchange(UTL::Links().Narrow.ToDouble, nullptr);
     EXPECT_EQ(CSimpleString("1.5").ToDoubleDef(3), 1.5);
     EXPECT_EQ(CSimpleString("1.5x").ToDoubleDef(3), 3);
     EXPECT_EQ(CSimpleString().ToDoubleDef(3), 3);
-    UTL::Links().ToDouble = former;
+    UTL::Links().Narrow.ToDouble = former;
 }
 
 TEST(StringTest, CutsAtItsBounds)

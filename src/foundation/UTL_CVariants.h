@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "foundation/UTL_CVariant.h"
+
+#include <vector>
+
+namespace UTL
+{
+
+/// A list of variants, and what a variant of the array type holds. A call that raises leaves the list as it
+/// was.
+class TRS8_BTL_API CVariants
+{
+public:
+    /// Empty, with room for `capacity` items.
+    explicit CVariants(unsigned capacity = 0) { mItems.reserve(capacity); }
+    /// A null pointer gives no items.
+    CVariants(const int* items, unsigned count) { AddItems(items, count); }
+    CVariants(const double* items, unsigned count) { AddItems(items, count); }
+
+    /// Appends all that a variant is made of.
+    CVariants& operator<<(CVariant item)
+    {
+        mItems.push_back(std::move(item));
+        return *this;
+    }
+
+    /// Appends each item. A null pointer adds nothing.
+    void AddItems(const int* items, unsigned count);
+    void AddItems(const double* items, unsigned count);
+    /// Appends each element of an array of one dimension, or the value that is no array.
+    /// `Sysutils::EVariantError` for more dimensions and for values that no `CVariant` takes.
+    void AddItems(const System::Variant& items);
+    /// As `AddItems`, in place of the former items.
+    void SetItems(const int* items, unsigned count) { *this = CVariants(items, count); }
+    void SetItems(const double* items, unsigned count) { *this = CVariants(items, count); }
+    void SetItems(const System::Variant& items);
+
+    /// Gives an array of `varVariant` from 0.
+    void GetItems(System::Variant& result) const;
+    System::Variant ToVariant() const;
+
+    int GetCount() const noexcept { return static_cast<int>(mItems.size()); }
+    /// A copy of an item. `Sysutils::ERangeError` for an `index` outside.
+    CVariant getItem(int index) const { return At(index); }
+    void setItem(int index, CVariant value);
+
+    /// Writes the items, each by its own `WriteTo`, with commas between and in brackets.
+    void WriteTo(BTL::COutStream& stream) const;
+    /// The count in brackets, and "; " before the text of each item; "?" for one without.
+    System::UnicodeString get_DebugInfo() const;
+
+private:
+    const CVariant& At(int index) const;
+
+    std::vector<CVariant> mItems;
+};
+
+/// Splits a comma text, as `Classes::TStrings` reads it, into the items of `result`: a double for each part
+/// that is a float with `.` or `,` in the sense of `BTL::IsDouble`, else wide text. The locale doesn't
+/// matter.
+TRS8_BTL_API void CommaTextToVariants(const System::UnicodeString& text, CVariants& result);
+
+} // namespace UTL
