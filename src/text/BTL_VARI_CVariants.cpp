@@ -40,6 +40,7 @@ CVariants& CVariants::operator=(const UTL::CVariants& items)
 void CVariants::Assign(const UTL::CVariants& items)
 {
     std::vector<Variant> values;
+    values.reserve(static_cast<std::size_t>(items.GetCount()));
     for (int i = 0; i < items.GetCount(); ++i) {
         values.push_back(items.getItem(i).ToVariant());
     }

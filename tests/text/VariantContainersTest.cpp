@@ -203,12 +203,13 @@ TYPED_TEST(StrVariantTest, ConvertsBothWays)
     const float single = text;
     EXPECT_EQ(single, 1.5F);
     const S bad(Variant(u"12x"));
-    EXPECT_THROW(static_cast<double>(bad), Sysutils::EConvertError);
+    EXPECT_THROW(static_cast<void>(static_cast<double>(bad)), Sysutils::EConvertError);
 }
 
 TEST(StrVariantIntTest, DiffersByWidth)
 {
-    EXPECT_THROW(static_cast<Int64>(CStrVariant(UnicodeString(u"12x"))), Sysutils::EConvertError);
+    EXPECT_THROW(static_cast<void>(static_cast<Int64>(CStrVariant(UnicodeString(u"12x")))),
+                 Sysutils::EConvertError);
     EXPECT_EQ(static_cast<Int64>(CAStrVariant(System::AnsiString("12x"))), 12);
     EXPECT_EQ(static_cast<Int64>(CAStrVariant(System::AnsiString("x"))), 0);
 }
