@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "platform/runtime/Sysutils_Exception.h"
+#include "platform/runtime/Variants.h"
+#include "text/BTL_VARI_Utilities.h"
+
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <string_view>
+
+namespace
+{
+
+using System::AnsiString;
+using System::UnicodeString;
+using System::Variant;
+
+void Require(bool condition)
+{
+    if (!condition) {
+        std::abort();
+    }
+}
+
+/// Whether 15 digits of a float may be beyond its range.
+bool IsAtLimit(const Variant& value)
+{
+    const bool isReal = value.Type() == System::varDouble || value.Type() == System::varDate;
+    return isReal && std::abs(value.As<double>()) > 1.7976931348623e308;
+}
+
+void CheckStored(const Variant& value)
+{
+    const UnicodeString text = BTL::VarToVStr(value);
+    const Variant again = BTL::VStrToVar(text);
+    Require(again.Type() == value.Type());
+    Require(BTL::VarToVStr(again) == text);
+}
+
+} // namespace
+
+/// Reads any text as a typed variant, and as the best variant.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const UnicodeString text(AnsiString(std::string_view(reinterpret_cast<const char*>(data), size)));
+    try {
+        const Variant value = BTL::VStrToVar(text);
+        if (!IsAtLimit(value)) {
+            CheckStored(value);
+        }
+        UnicodeString sql;
+        Require(BTL::VarToSqlValue(value, sql) != sql.IsEmpty());
+    } catch (const Sysutils::EConvertError&) {
+    }
+
+    const Variant best = BTL::StringToBestPropertyValue(text);
+    int whole = 0;
+    Require(!BTL::ToInt(best, whole) || BTL::ToIntDef(best, ~whole) == whole);
+    Require(BTL::AreEqual(best, BTL::StringToBestPropertyValue(text)));
+    Require(BTL::Compare(best, best) == 0);
+    return 0;
+}

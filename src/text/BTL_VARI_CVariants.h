@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/runtime/System_Variant.h"
+
+#include <vector>
+
+namespace UTL
+{
+class CVariants;
+} // namespace UTL
+
+namespace BTL
+{
+
+/// A list of the platform's variants.
+class TRS8_BTL_API CVariants : public std::vector<System::Variant>
+{
+public:
+    CVariants() = default;
+    CVariants(const UTL::CVariants& items) { Assign(items); }
+    /// Empty, with room for `count` entries.
+    explicit CVariants(unsigned count) { reserve(count); }
+    CVariants& operator=(const UTL::CVariants& items);
+
+    /// Takes the values in place of the entries.
+    void Assign(const UTL::CVariants& items);
+    /// `Sysutils::EVariantError` for an entry that no `UTL::CVariant` takes.
+    void AddVariantsTo(UTL::CVariants& items) const;
+    /// The same in place of the former items.
+    void GetVariants(UTL::CVariants& items) const;
+
+    /// Takes each element of an array of one dimension, or the value that is no array, in place of the
+    /// entries. `Sysutils::EVariantError` for more dimensions, which leaves the entries alone.
+    void AssignArray(const System::Variant& value);
+    /// An array of variants, from 0.
+    System::Variant getVarArray() const;
+    /// `Sysutils::ERangeError` for an `index` outside.
+    void setItem(int index, const System::Variant& value);
+
+    /// By `Variants::VarSameValue`.
+    bool operator==(const CVariants& other) const;
+    /// By the first pair that differs, else by the count.
+    bool operator<(const CVariants& other) const;
+    /// True for one entry with that value.
+    bool operator==(const System::Variant& value) const;
+    bool operator==(int value) const;
+    /// By the first entry; an empty list is less than any value.
+    bool operator<(const System::Variant& value) const;
+    /// An entry that is no number isn't less.
+    bool operator<(int value) const;
+
+    /// The texts of `VarToStrDef` as a comma text; empty where there is none.
+    System::UnicodeString getCommaText() const;
+    /// Takes what `StringToBestVariant` makes of each item in place of the entries.
+    void setCommaText(const System::UnicodeString& text);
+    /// The texts for a log, ";" between; "?" for an array.
+    System::UnicodeString _getDebugInfo() const;
+};
+
+} // namespace BTL
