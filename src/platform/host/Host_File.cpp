@@ -23,7 +23,6 @@
 using Host::Descriptor;
 using Host::Fail;
 using Host::FailErrno;
-using Host::Uninterrupted;
 using System::Int64;
 using System::LongWord;
 using System::NativeInt;
@@ -369,8 +368,8 @@ NativeInt OpenFile(const UnicodeString& file, unsigned access, unsigned share, D
         return InvalidHandle;
     }
     const int flags = OpenFlags(access, disposition);
-    Descriptor opened =
-        AboveStandardStreams(Descriptor(Uninterrupted([&] { return open(path.c_str(), flags, 0666); })));
+    Descriptor opened = AboveStandardStreams(
+        Descriptor(Host::Uninterrupted([&] { return open(path.c_str(), flags, 0666); })));
     if (!opened.IsOpen()) {
         if (errno == EEXIST) {
             Fail(ERROR_FILE_EXISTS);
@@ -481,7 +480,7 @@ bool ResizeFile(NativeInt handle, Int64 size)
         return false;
     }
     FlushBuffersOf(descriptor);
-    if (Uninterrupted([&] { return ftruncate(descriptor, size); }) != 0) {
+    if (Host::Uninterrupted([&] { return ftruncate(descriptor, size); }) != 0) {
         return FailErrno();
     }
     AgeBuffersOf(descriptor);
@@ -495,7 +494,7 @@ bool FlushFile(NativeInt handle)
         return false;
     }
     FlushBuffersOf(descriptor);
-    return Uninterrupted([&] { return fsync(descriptor); }) == 0 || FailErrno();
+    return Host::Uninterrupted([&] { return fsync(descriptor); }) == 0 || FailErrno();
 }
 
 std::optional<FileInfo> QueryFile(const UnicodeString& file)
@@ -597,11 +596,13 @@ std::optional<DiskSpace> QueryDisk(const UnicodeString& folder)
         return std::nullopt;
     }
     struct statvfs status;
-    if (Uninterrupted([&] { return statvfs(path.c_str(), &status); }) != 0) {
+    if (Host::Uninterrupted([&] { return statvfs(path.c_str(), &status); }) != 0) {
         FailPath(path);
         return std::nullopt;
     }
-    const auto bytes = [&](fsblkcnt_t blocks) { return static_cast<Int64>(blocks * status.f_frsize); };
+    const auto bytes = [&](fsblkcnt_t blocks) {
+        return static_cast<Int64>(blocks) * static_cast<Int64>(status.f_frsize);
+    };
     return DiskSpace{bytes(status.f_bavail), bytes(status.f_blocks)};
 }
 

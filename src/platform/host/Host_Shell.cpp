@@ -23,8 +23,6 @@
 using System::NativeInt;
 using System::UnicodeString;
 
-extern char** environ;
-
 namespace
 {
 
