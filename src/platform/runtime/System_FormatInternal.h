@@ -114,6 +114,20 @@ protected:
         return number;
     }
 
+    /// What stands behind the width, which `field` holds already: a point and the precision. A negative
+    /// width, which only an argument can give, means the left.
+    template <class Field>
+    void FinishField(Field& field)
+    {
+        if (field.width < 0) {
+            field.left = true;
+            field.width = -field.width;
+        }
+        if (Accept('.')) {
+            field.precision = std::max(ReadNumber(0), -1);
+        }
+    }
+
     const TVarRec& Next()
     {
         if (mNext >= mArguments.size()) {

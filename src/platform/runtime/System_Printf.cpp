@@ -195,13 +195,7 @@ private:
                    Flag('#', conversion.alternate) || Flag('0', conversion.zeros);
         }
         conversion.width = ReadNumber(0);
-        if (conversion.width < 0) {
-            conversion.left = true;
-            conversion.width = -conversion.width;
-        }
-        if (Accept('.')) {
-            conversion.precision = std::max(ReadNumber(0), -1);
-        }
+        Base::FinishField(conversion);
         SkipSize();
         conversion.type = ReadType();
         return conversion;

@@ -68,13 +68,7 @@ private:
             conversion.left = Accept('-');
             conversion.width = ReadNumber(0);
         }
-        if (conversion.width < 0) {
-            conversion.left = true;
-            conversion.width = -conversion.width;
-        }
-        if (Accept('.')) {
-            conversion.precision = std::max(ReadNumber(0), -1);
-        }
+        FinishField(conversion);
         conversion.type = ReadType();
         return conversion;
     }
