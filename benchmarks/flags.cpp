@@ -147,8 +147,8 @@ void GetEachVectorOfBool(benchmark::State& state)
     const std::vector<bool> a(Count, true);
     for (auto _ : state) {
         int count = 0;
-        for (std::size_t i = 0; i < a.size(); ++i) {
-            count += a[i] ? 1 : 0;
+        for (const bool flag : a) {
+            count += flag ? 1 : 0;
         }
         benchmark::DoNotOptimize(count);
     }

@@ -41,6 +41,7 @@ std::vector<UnicodeString> OurKeys()
 std::vector<int> SampleNumbers()
 {
     std::vector<int> numbers;
+    numbers.reserve(Count);
     std::mt19937 random(2);
     for (int i = 0; i < Count; ++i) {
         numbers.push_back(static_cast<int>(random()));

@@ -23,7 +23,7 @@ using Word = std::uint64_t;
 
 std::size_t ByteCount(int count)
 {
-    return static_cast<std::size_t>((count - 1) / 8 + 1);
+    return (static_cast<std::size_t>(std::max(count, 1)) + 7) / 8;
 }
 
 Word WordAt(const std::uint8_t* bytes) noexcept

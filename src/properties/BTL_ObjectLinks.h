@@ -50,14 +50,7 @@ protected:
     void setEnabled(bool enabled) noexcept { mEnabled = enabled; }
 
 private:
-    struct TAddressOrder
-    {
-        bool operator()(const AObjectLink* a, const AObjectLink* b) const noexcept
-        {
-            return std::less<const AObjectLink*>()(a, b);
-        }
-    };
-    using TLinks = std::set<AObjectLink*, TAddressOrder>;
+    using TLinks = std::set<AObjectLink*>;
 
     template <class Call>
     void ForEach(Call call) const;

@@ -5,6 +5,7 @@
 #include "text/BTL_STR_Replace.h"
 
 #include <algorithm>
+#include <string>
 
 namespace BTL
 {
@@ -36,7 +37,7 @@ public:
         while (mPlace < mText.size()) {
             Take(mText[mPlace]);
         }
-        return mResult.AsView() == mLineBreak ? UnicodeString() : mResult;
+        return mResult == mLineBreak ? UnicodeString() : UnicodeString(View(mResult));
     }
 
 private:
@@ -93,7 +94,7 @@ private:
         const std::size_t last = mText.size() - 1;
         const std::size_t end = std::min(mText.find_first_of(u" \\{}\r\n", mPlace + 1), last);
         if (mText.substr(mPlace, end - mPlace) == Paragraph) {
-            mResult.Append(mLineBreak);
+            mResult += mLineBreak;
         }
         mPlace = end == last || mText[end] == u' ' ? end + 1 : end;
     }
@@ -102,7 +103,7 @@ private:
     View mLineBreak;
     std::size_t mPlace = 0;
     int mLevel = 0;
-    UnicodeString mResult;
+    std::u16string mResult;
 };
 
 } // namespace

@@ -54,7 +54,7 @@ void AddStringIdPair(TStringList* list, const UnicodeString& text, Int64 id)
     const int index = list->AddObject(text, object.get());
     // A sorted list that has the line already doesn't take the object.
     if (list->getObjects(index) == object.get()) {
-        object.release();
+        static_cast<void>(object.release());
     }
 }
 
@@ -70,7 +70,7 @@ void SetIdAt(TStringList* list, int index, Int64 id)
     }
     auto object = std::make_unique<TIdObject>(id);
     list->setObjects(index, object.get());
-    object.release();
+    static_cast<void>(object.release());
 }
 
 Int64 GetIdAt(const TStrings* strings, int index)

@@ -50,8 +50,10 @@ TEST(AutoPtrTest, TheLastHolderDestroysTheObject)
         auto* const object = new Shared(alive);
         Pointer a(object);
         {
-            const Pointer b(a);
+            Pointer b(a);
             EXPECT_EQ(object->getRefCount(), 2);
+            b = nullptr;
+            EXPECT_EQ(object->getRefCount(), 1);
         }
         a = object;
         const Pointer& same = a;

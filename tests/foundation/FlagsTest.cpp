@@ -30,6 +30,7 @@ CFlags Flags(const char* digits)
 std::vector<bool> BitsOf(const CFlags& flags)
 {
     std::vector<bool> bits;
+    bits.reserve(static_cast<std::size_t>(flags.getCount()));
     for (int i = 0; i < flags.getCount(); ++i) {
         bits.push_back(flags.getItem(i));
     }
