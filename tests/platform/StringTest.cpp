@@ -152,6 +152,19 @@ TYPED_TEST(StringTest, ComparesByOrdinals)
                   .CompareIC(this->T("\xE4"
                                      "B")),
               0);
+
+    // A difference at any place of a long text decides, whatever follows it.
+    for (int length = 1; length <= 20; ++length) {
+        for (int at = 1; at <= length; ++at) {
+            TypeParam low = this->T("aaaaaaaaaaaaaaaaaaaa").SubString(1, length);
+            TypeParam high = low;
+            high.Delete(at, 1).Insert(this->T("\xE4"), at);
+            low = low.SubString(1, at) + this->T("zzzz");
+            EXPECT_LT(low, high) << length << " " << at;
+            EXPECT_GT(high.Compare(low), 0) << length << " " << at;
+            EXPECT_NE(high, this->T("aaaaaaaaaaaaaaaaaaaa").SubString(1, length)) << length << " " << at;
+        }
+    }
 }
 
 TYPED_TEST(StringTest, GrowsByAppendingWithoutQuadraticCost)
