@@ -10,7 +10,9 @@
 #include <charconv>
 #include <clocale>
 #include <cmath>
+#include <concepts>
 #include <cstdlib>
+#include <iterator>
 #include <limits>
 #include <optional>
 #include <string>
@@ -97,43 +99,52 @@ private:
     }
 };
 
-/// Reads the scientific form that `to_chars` writes.
-TDecimal ReadScientific(const char* text, const char* end)
+/// A scientific form that `to_chars` writes, with room behind it.
+class CScientificText
 {
-    TDecimal result;
-    result.negative = *text == '-';
-    text += result.negative ? 1 : 0;
-    const char* const mark = std::find(text, end, 'e');
-    result.digits[0] = *text;
-    result.count = 1;
-    if (mark - text > 2) {
-        std::copy(text + 2, mark, result.digits.begin() + 1);
-        result.count = static_cast<int>(mark - text) - 1;
+public:
+    template <class... Precision>
+    explicit CScientificText(std::floating_point auto value, Precision... precision)
+        : mEnd(std::to_chars(mText.data(), mText.data() + mText.size(), value, std::chars_format::scientific,
+                             precision...)
+                   .ptr)
+    {
     }
-    std::from_chars(mark[1] == '+' ? mark + 2 : mark + 1, end, result.exponent);
-    ++result.exponent;
-    return result;
-}
+
+    TDecimal Read() const
+    {
+        TDecimal result;
+        result.negative = mText[0] == '-';
+        const char* const text = mText.data() + (result.negative ? 1 : 0);
+        // The exponent has at least two digits.
+        const auto* const mark =
+            std::find(std::reverse_iterator(mEnd - 3), std::reverse_iterator(text), 'e').base() - 1;
+        result.digits[0] = *text;
+        result.count = std::max(static_cast<int>(mark - text) - 1, 1);
+        // A fixed count, whatever stands there, costs less than a call for the few digits.
+        std::copy_n(text + 2, result.digits.size() - 1, result.digits.begin() + 1);
+        std::from_chars(mark[1] == '+' ? mark + 2 : mark + 1, mEnd, result.exponent);
+        ++result.exponent;
+        return result;
+    }
+
+private:
+    std::array<char, 40> mText = {};
+    const char* mEnd;
+};
 
 TDecimal ToDecimal(double value)
 {
     // The shortest form that reads back as the value: rounding it, and not the binary value, to 15 digits
     // spares a second conversion.
-    std::array<char, 40> text;
-    const char* end =
-        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific).ptr;
-    TDecimal result = ReadScientific(text.data(), end);
+    TDecimal result = CScientificText(value).Read();
     result.Round(DoubleDigits);
     return result;
 }
 
 TDecimal ToDecimal(long double value)
 {
-    std::array<char, 40> text;
-    const char* end = std::to_chars(text.data(), text.data() + text.size(), value,
-                                    std::chars_format::scientific, LongDoubleDigits - 1)
-                          .ptr;
-    TDecimal result = ReadScientific(text.data(), end);
+    TDecimal result = CScientificText(value, LongDoubleDigits - 1).Read();
     result.Round(LongDoubleDigits);
     return result;
 }
