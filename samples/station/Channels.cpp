@@ -132,13 +132,13 @@ UnicodeString CChannel::getLimitText() const
     return BTL::GetLimitTextW(mUpper, mLower, mUnit.IsEmpty() ? nullptr : &mUnit).Trim();
 }
 
-bool CChannel::Sample()
+std::optional<double> CChannel::Read() const
 {
-    const std::optional<double> value = mSource.read();
-    if (value) {
-        mSamples.push_back(*value / (mSource.unit.IsEmpty() ? 1.0 : BTL::GetUnitFactor(mUnit, mSource.unit)));
+    std::optional<double> value = mSource.read();
+    if (value && !mSource.unit.IsEmpty()) {
+        *value /= BTL::GetUnitFactor(mUnit, mSource.unit);
     }
-    return value.has_value();
+    return value;
 }
 
 bool CChannel::IsWithinLimits() const

@@ -7,6 +7,7 @@
 #include <TRS8_BTL/platform/runtime/Sysutils_Exception.h>
 
 #include <filesystem>
+#include <optional>
 #include <vector>
 
 namespace Station
@@ -31,8 +32,11 @@ public:
     const UTL::CDoubleVector& getSamples() const { return mSamples; }
     System::UnicodeString getLimitText() const;
 
-    /// Takes one sample; false if the machine gives no value now.
-    bool Sample();
+    /// The value of now in the channel's unit; nothing if the machine gives none.
+    std::optional<double> Read() const;
+
+    /// Adds a value in the channel's unit to the samples.
+    void Add(double value) { mSamples.push_back(value); }
 
     /// False if any sample lies outside the limits.
     bool IsWithinLimits() const;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <TRS8_BTL/platform/runtime/System_DateTime.h>
 #include <TRS8_BTL/platform/runtime/Sysutils_Exception.h>
 
 #include <filesystem>
@@ -22,9 +23,15 @@ struct TOptions
 {
     double seconds = 5;
     std::filesystem::path channels = "channels.txt";
-    std::filesystem::path log;
+    /// Empty for the file beside the program.
+    System::UnicodeString log;
+    System::UnicodeString samples;
     /// The decimal separator of all numbers shown; without it that of the user's locale.
-    std::optional<char> decimal;
+    std::optional<System::WideChar> decimal;
+    /// Whether the samples are printed, in place of their statistics.
+    bool sql = false;
+    /// Samples kept since then count too.
+    std::optional<System::TDateTime> from;
     bool help = false;
 };
 

@@ -2,11 +2,14 @@
 #include "Channels.h"
 #include "Options.h"
 #include "Report.h"
+#include "Samples.h"
 
+#include <TRS8_BTL/environment/BTL_ENV_Folders.h>
 #include <TRS8_BTL/foundation/UTL_LOG_LogStream.h>
-#include <TRS8_BTL/platform/host/Host_Path.h>
+#include <TRS8_BTL/platform/runtime/Sysutils_Date.h>
 #include <TRS8_BTL/platform/runtime/Sysutils_Locale.h>
 
+#include <algorithm>
 #include <chrono>
 #include <iostream>
 #include <thread>
@@ -26,18 +29,34 @@ enum ExitCode : int
     BadInput = 2
 };
 
-void SampleFor(std::vector<CChannel>& channels, double seconds)
+void SampleFor(double seconds, const std::vector<CChannel>& channels, CSampleWriter& writer)
 {
     using Clock = std::chrono::steady_clock;
     const auto end =
         Clock::now() + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds));
     for (auto next = Clock::now(); next <= end; next += Interval) {
         std::this_thread::sleep_until(next);
-        for (CChannel& channel : channels) {
-            if (!channel.Sample()) {
+        const System::TDateTime time = Sysutils::Now();
+        for (const CChannel& channel : channels) {
+            if (const auto value = channel.Read()) {
+                writer.Add(MakeSample(time, channel.getName(), *value, channel.getUnit()));
+            } else {
                 BTL::Log(channel.getName() + u": no value");
             }
         }
+    }
+}
+
+/// Gives the sample to its channel. The file may also hold channels that are not asked for now.
+void AddSample(std::vector<CChannel>& channels, const UTL::CVariants& sample)
+{
+    const UnicodeString name = sample.getItem(siChannel).ToString();
+    const UnicodeString unit = sample.getItem(siUnit).ToString();
+    const auto channel = std::find_if(channels.begin(), channels.end(), [&](const CChannel& candidate) {
+        return candidate.getName() == name && candidate.getUnit() == unit;
+    });
+    if (channel != channels.end()) {
+        channel->Add(sample.getItem(siValue).ToDouble());
     }
 }
 
@@ -53,17 +72,28 @@ void LogLimits(const std::vector<CChannel>& channels)
 void Run(const TOptions& options)
 {
     if (options.decimal) {
-        Sysutils::DecimalSeparator = static_cast<System::WideChar>(*options.decimal);
+        Sysutils::DecimalSeparator = *options.decimal;
     }
-    if (!options.log.empty()) {
-        BTL::SetLogFile(Sysutils::FromHostPath(options.log.string()));
+    if (!options.log.IsEmpty()) {
+        BTL::SetLogFile(options.log);
     }
+    const UnicodeString file =
+        options.samples.IsEmpty() ? BTL::GetBinPath() + u"Samples.txt" : options.samples;
     std::vector<CChannel> channels = LoadChannels(options.channels, HostSources());
     BTL::Log(u"Sampling " + UnicodeString(channels.size()) + u" channels for " +
              UnicodeString(options.seconds) + u" s");
-    SampleFor(channels, options.seconds);
+    CSampleWriter writer(file);
+    SampleFor(options.seconds, channels, writer);
+    ReadSamples(file, options.from ? 0 : writer.getStart(), options.from, [&](const UTL::CVariants& sample) {
+        AddSample(channels, sample);
+        if (options.sql) {
+            WriteSql(std::cout, sample);
+        }
+    });
     LogLimits(channels);
-    WriteReport(std::cout, channels);
+    if (!options.sql) {
+        WriteReport(std::cout, channels);
+    }
 }
 
 int Fail(ExitCode code, const UnicodeString& message)

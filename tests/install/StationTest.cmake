@@ -2,6 +2,9 @@
 # Builds the measuring station against the installed library and runs it with good and bad arguments.
 include(${CMAKE_CURRENT_LIST_DIR}/Steps.cmake)
 
+# The forms of numbers and times are those of the plain locale.
+set(ENV{LC_ALL} C)
+
 set(station "${workFolder}/build/station")
 set(channels "${workFolder}/channels.txt")
 
@@ -21,11 +24,26 @@ function(expect_station code)
     endforeach()
 endfunction()
 
+# The log must hold each of the texts.
+function(expect_log)
+    file(READ "${workFolder}/log.txt" log)
+    foreach(text IN LISTS ARGN)
+        string(FIND "${log}" "${text}" place)
+        if(place EQUAL -1)
+            message(FATAL_ERROR "The log doesn't tell '${text}'\n${log}")
+        endif()
+    endforeach()
+endfunction()
+
 # A channel file with one fault must be told with its place.
 function(expect_bad_channels content place)
     file(WRITE "${channels}" "${content}")
     expect_station(2 ARGUMENTS --seconds 0.1 --channels "${channels}" MATCHES "${place}")
 endfunction()
+
+# A name that the command line must not cut anywhere.
+set(samples "${workFolder}/my samples=\"1\".txt")
+set(sampleLine "Time='20[0-9][0-9]-[0-9][0-9]-[0-9][0-9] [0-9:]+\\.[0-9][0-9][0-9]',Channel='")
 
 install_library()
 build_against_library("${sampleFolder}" "${workFolder}/build")
@@ -43,6 +61,24 @@ file(WRITE "${channels}" "memory.total = kB; lower 0.5 kB; upper 1,5 kB # far to
 expect_station(0 ARGUMENTS --decimal , --seconds 0.1 --channels "${channels}"
     MATCHES "memory\\.total +kB .*0,5 \\.\\.\\. 1,5 kB +out of limits\n" "processes .*>= 1,0 +ok\n")
 
+# Each run keeps its samples and prints those alone, the others where it is asked for an earlier time.
+file(WRITE "${channels}" "load.1 =\nmemory.total = MB\n")
+set(sampling --seconds=0.1 --channels "${channels}" --log "${workFolder}/log.txt" --samples "${samples}")
+set(ownLines "${sampleLine}load\\.1',Value=[0-9.]+,Unit=''\n${sampleLine}memory\\.total',Value=[0-9.]+,Unit='MB'\n$")
+expect_station(0 ARGUMENTS ${sampling} --sql MATCHES "^${ownLines}")
+file(WRITE "${samples}"
+    "[\"2026-02-01 09:59:59.999\",\"memory.total\",0.5,\"MB\"]\n[\"2026-02-01 10:00:00.000\",\"load.1\",2.5,\"\"]\r\n"
+    "no sample\n[\"2026-02-01 10:00:01.250\",\"memory.total\",1e3,\"MB\"]\n[\"2026-02-01 10:0")
+set(earlierLines
+    "^Time='2026-02-01 10:00:00\\.000',Channel='load\\.1',Value=2\\.5,Unit=''\n"
+    "Time='2026-02-01 10:00:01\\.250',Channel='memory\\.total',Value=1000,Unit='MB'\n")
+string(CONCAT earlierLines ${earlierLines})
+expect_station(0 ARGUMENTS ${sampling} --sql --from "1.2.2026 10:00" --decimal , MATCHES "${earlierLines}${ownLines}")
+expect_log("No sample: no sample\n" "No sample: [\"2026-02-01 10:0\n")
+expect_station(0 ARGUMENTS ${sampling} "--from=2026-02-01 9:00" MATCHES "memory\\.total +MB +[0-9.]+ +0\\.5 ")
+expect_station(0 ARGUMENTS ${sampling} --sql MATCHES "^${ownLines}")
+expect_station(1 ARGUMENTS --channels "${channels}" --samples "${workFolder}" MATCHES "station: Cannot create file ")
+
 expect_bad_channels("# none\n" "channels.txt: the file names no channel")
 expect_bad_channels("load.1 = \n\nload.5\n" "channels.txt:3: '=' is missing")
 expect_bad_channels("load.9 =\n" ":1: there is no channel 'load.9'")
@@ -58,6 +94,10 @@ expect_station(2 ARGUMENTS --channels "${channels}" MATCHES "channels.txt: the f
 expect_station(2 ARGUMENTS --seconds 0 MATCHES "--seconds: '0' is not a time above 0")
 expect_station(2 ARGUMENTS --seconds MATCHES "--seconds: the value is missing")
 expect_station(2 ARGUMENTS --decimal x MATCHES "--decimal: 'x' is neither")
+expect_station(2 ARGUMENTS --seconds --sql MATCHES "--seconds: the value is missing")
+expect_station(2 ARGUMENTS --from 31.2.2026 MATCHES "--from: '31.2.2026' is not a time")
+expect_station(2 ARGUMENTS --sql=yes MATCHES "--sql takes no value")
 expect_station(2 ARGUMENTS --colour MATCHES "unknown option '--colour'")
+expect_station(2 ARGUMENTS --sql 5 MATCHES "unknown option '5'")
 
 file(REMOVE_RECURSE "${workFolder}")
