@@ -13,7 +13,7 @@ namespace
 using Classes::TStringList;
 using System::UnicodeString;
 
-constexpr std::size_t TextLength = 5 * 1024 * 1024;
+constexpr std::size_t TextLength = 5'000'000;
 
 /// About 10 MB of items, every fourth of them in quotes.
 const UnicodeString& SampleText()
