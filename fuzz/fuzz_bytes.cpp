@@ -1,24 +1,18 @@
 // SPDX-License-Identifier: MIT
+#include "support/Fuzz.h"
 #include "text/BTL_BIN_BinaryData.h"
 #include "text/BTL_CRYPT_Crypt.h"
 
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 #include <vector>
 
 namespace
 {
 
+using Fuzz::Require;
 using System::AnsiString;
 using System::UnicodeString;
-
-void Require(bool condition)
-{
-    if (!condition) {
-        std::abort();
-    }
-}
 
 template <class S>
 void ReadText(const S& text)
@@ -39,7 +33,7 @@ void ReadText(const S& text)
 /// as scrambled text.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const AnsiString bytes(std::string_view(reinterpret_cast<const char*>(data), size));
+    const AnsiString bytes(Fuzz::Bytes(data, size));
     Require(BTL::HexToBinaryData(BTL::BinaryDataToHexW(bytes)) == bytes);
     Require(BTL::HexToBinaryData(BTL::BinaryDataToHexA(bytes)) == bytes);
     Require(BTL::StringToBinaryData(BTL::BinaryDataToStringW(bytes)) == bytes);

@@ -1,25 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/System_String.h"
+#include "support/Fuzz.h"
 
 #include <cstdint>
-#include <cstdlib>
 
 namespace
 {
 
-void Require(bool condition)
-{
-    if (!condition) {
-        std::abort();
-    }
-}
+using Fuzz::Require;
 
 } // namespace
 
 /// Decodes any bytes in several code pages. What was decoded must come back from UTF-8 unchanged.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    const std::string_view bytes = Fuzz::Bytes(data, size);
     for (const System::CodePage codePage : {System::CodePage(1252), System::CP_UTF8, System::CodePage(932),
                                             System::CodePage(1251), System::CodePage(20000)}) {
         const System::UnicodeString text(System::DecodeText(codePage, bytes));
@@ -30,8 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Require(System::AnsiString(western).AsView() == bytes);
 
     // The same bytes as 16-bit units, which may hold lone surrogates.
-    std::u16string units(size / 2, u'\0');
-    std::copy_n(data, units.size() * 2, reinterpret_cast<std::uint8_t*>(units.data()));
+    const std::u16string units = Fuzz::Units(bytes);
     const System::UnicodeString wide{std::u16string_view(units)};
     const System::UnicodeString cleaned = System::FromUtf8(System::ToUtf8(wide));
     Require(cleaned.Length() == wide.Length());

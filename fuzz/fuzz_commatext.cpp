@@ -6,24 +6,18 @@
 #include "platform/runtime/System_CodePage.h"
 #include "platform/runtime/Sysutils_Exception.h"
 #include "platform/runtime/Sysutils_Text.h"
+#include "support/Fuzz.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
 namespace
 {
 
+using Fuzz::Require;
 using System::UnicodeString;
-
-void Require(bool condition)
-{
-    if (!condition) {
-        std::abort();
-    }
-}
 
 /// What a text holds writes and reads back to the same elements.
 template <class Vector>
@@ -79,7 +73,7 @@ void ReadText(const UnicodeString& text)
 /// Reads any text as the comma text of each kind of vector.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    const std::string_view bytes = Fuzz::Bytes(data, size);
     for (const UnicodeString& text : {UnicodeString(System::AnsiString(bytes)), System::FromUtf8(bytes)}) {
         ReadText<UTL::CBoolVector>(text);
         ReadText<UTL::CIntVector>(text);

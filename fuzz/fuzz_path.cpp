@@ -4,22 +4,16 @@
 #include "platform/runtime/Ioutils.h"
 #include "platform/runtime/Sysutils_Exception.h"
 #include "platform/runtime/Sysutils_File.h"
+#include "support/Fuzz.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 
+using Fuzz::Require;
 using System::UnicodeString;
 
 namespace
 {
-
-void Require(bool condition)
-{
-    if (!condition) {
-        std::abort();
-    }
-}
 
 /// Host paths are any bytes but the zero; all of them come back, but for double slashes at the begin.
 void RoundTrip(std::string_view bytes)
@@ -74,12 +68,11 @@ void Combine(const UnicodeString& first, const UnicodeString& second)
 /// Takes the bytes as a path of the host, and as 16-bit units as a path of the library, whole and in halves.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    RoundTrip({reinterpret_cast<const char*>(data), size});
-    std::u16string units(size / 2, u'\0');
-    std::copy_n(data, units.size() * 2, reinterpret_cast<std::uint8_t*>(units.data()));
+    RoundTrip(Fuzz::Bytes(data, size));
+    const std::u16string units = Fuzz::Units(Fuzz::Bytes(data, size));
     const std::u16string_view text = units;
     TakeApart(UnicodeString(text));
-    TakeApart(UnicodeString(System::FromUtf8({reinterpret_cast<const char*>(data), size})));
+    TakeApart(UnicodeString(System::FromUtf8(Fuzz::Bytes(data, size))));
     Combine(UnicodeString(text.substr(0, text.size() / 2)), UnicodeString(text.substr(text.size() / 2)));
     return 0;
 }

@@ -1,24 +1,17 @@
 // SPDX-License-Identifier: MIT
+#include "support/Fuzz.h"
 #include "text/BTL_RTF_Plain.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
-#include <cstring>
 #include <string>
 #include <string_view>
 
 namespace
 {
 
+using Fuzz::Require;
 using System::UnicodeString;
-
-void Require(bool condition)
-{
-    if (!condition) {
-        std::abort();
-    }
-}
 
 void CheckText(const UnicodeString& text)
 {
@@ -41,9 +34,8 @@ void CheckText(const UnicodeString& text)
 /// A text in UTF-8 and in 16-bit units, as it is and as the inside of a document.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
-    std::u16string units(size / 2, u'\0');
-    std::memcpy(units.data(), bytes.data(), units.size() * 2);
+    const std::string_view bytes = Fuzz::Bytes(data, size);
+    const std::u16string units = Fuzz::Units(bytes);
     for (const UnicodeString& text : {System::FromUtf8(bytes), UnicodeString(std::u16string_view(units))}) {
         CheckText(text);
         CheckText(u"{\\rtf1 " + text);

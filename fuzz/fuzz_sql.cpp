@@ -1,29 +1,23 @@
 // SPDX-License-Identifier: MIT
+#include "support/Fuzz.h"
 #include "text/BTL_SQL_Text.h"
 
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
 namespace
 {
 
+using Fuzz::Require;
 using System::AnsiString;
 using System::UnicodeString;
-
-void Require(bool condition)
-{
-    if (!condition) {
-        std::abort();
-    }
-}
 
 } // namespace
 
 /// Steps over the tokens of any statement.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const UnicodeString statement(AnsiString(std::string_view(reinterpret_cast<const char*>(data), size)));
+    const UnicodeString statement(AnsiString(Fuzz::Bytes(data, size)));
 
     int index = 1;
     while (true) {

@@ -1,23 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/Classes.h"
+#include "support/Fuzz.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
-#include <cstring>
 
 namespace
 {
 
 using Classes::TStringList;
+using Fuzz::Require;
 using System::UnicodeString;
-
-void Require(bool condition)
-{
-    if (!condition) {
-        std::abort();
-    }
-}
 
 /// What a list writes must read back as the same list, through any of its forms.
 void RequireSame(TStringList& list, void (TStringList::*set)(const UnicodeString&),
@@ -54,8 +47,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     list.setQuoteChar(data[1]);
     list.setStrictDelimiter((data[2] & 1) != 0);
     const std::string_view bytes(reinterpret_cast<const char*>(data) + 3, size - 3);
-    std::u16string units(bytes.size() / 2, u'\0');
-    std::memcpy(units.data(), bytes.data(), units.size() * 2);
+    const std::u16string units = Fuzz::Units(bytes);
 
     for (const UnicodeString& text : {UnicodeString(std::u16string_view(units)), System::FromUtf8(bytes)}) {
         list.setCommaText(text);

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/Sysutils_Exception.h"
+#include "support/Fuzz.h"
 #include "text/BTL_STR_Utilities.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,15 +12,9 @@
 namespace
 {
 
+using Fuzz::Require;
 using System::AnsiString;
 using System::UnicodeString;
-
-void Require(bool condition)
-{
-    if (!condition) {
-        std::abort();
-    }
-}
 
 /// The marks and texts that an input chooses.
 template <class S>

@@ -1,28 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/UTL_STR_Utilities.h"
+#include "support/Fuzz.h"
 #include "text/BTL_NUM_Numbers.h"
 #include "text/BTL_NUM_Units.h"
 #include "text/BTL_NUM_Version.h"
 
 #include <climits>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
 namespace
 {
 
+using Fuzz::Require;
 using System::AnsiString;
 using System::Int64;
 using System::UnicodeString;
-
-void Require(bool condition)
-{
-    if (!condition) {
-        std::abort();
-    }
-}
 
 /// A piece that is found lies in its text.
 void RequireInside(Int64 start, Int64 length, Int64 textLength)
@@ -77,7 +71,7 @@ void ReadText(const S& text)
 /// Reads any text, in both widths, as words, numbers, values with units and versions.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const AnsiString narrow(std::string_view(reinterpret_cast<const char*>(data), size));
+    const AnsiString narrow(Fuzz::Bytes(data, size));
     const UnicodeString wide(narrow);
     ReadText(narrow);
     ReadText(wide);
