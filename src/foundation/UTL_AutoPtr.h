@@ -31,7 +31,8 @@ private:
     int mRefCount = 0;
 };
 
-/// Makes a class that has other bases an `AAutoObj` too.
+/// Makes a class that has other bases an `AAutoObj` too. Where one of these has a virtual destructor, the
+/// class declares its own as `noexcept`, and an object that is still held at its end then ends the program.
 class TRS8_BTL_API MAutoObj : public virtual AAutoObj
 {
 public:
@@ -59,7 +60,9 @@ public:
         }
     }
     GAutoPtr(const GAutoPtr& other) noexcept : GAutoPtr(other.mObject) {}
-    ~GAutoPtr() noexcept(false) { Assign(nullptr); }
+    /// Never throws, so that any class can have one as a member: a destructor of `T` that throws ends the
+    /// program.
+    ~GAutoPtr() { Assign(nullptr); }
 
     GAutoPtr& operator=(T* object)
     {

@@ -24,7 +24,13 @@ public:
     CFlags(const CFlags& other, int count);
     // Only copies: a row that was moved from would lack the byte that it always has.
     CFlags(const CFlags&) = default;
-    CFlags& operator=(const CFlags&) = default;
+    /// Without the memory for it, nothing changes.
+    CFlags& operator=(const CFlags& other)
+    {
+        mBytes = other.mBytes;
+        mCount = other.mCount;
+        return *this;
+    }
     ~CFlags() = default;
 
     /// Becomes equal to `other` and tells whether that changed anything.

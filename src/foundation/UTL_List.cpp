@@ -132,8 +132,8 @@ bool AList::Take(AListNode* node)
 /// Only links that fit are touched, so that a node made with links of its own harms no list.
 void AList::Unlink(AListNode& node) noexcept
 {
-    if (node.mNext != nullptr && node.mPrevious != nullptr && node.mNext->mPrevious == &node &&
-        node.mPrevious->mNext == &node) {
+    const bool isLinked = node.mNext != nullptr && node.mPrevious != nullptr && node.mNext != &node;
+    if (isLinked && node.mNext->mPrevious == &node && node.mPrevious->mNext == &node) {
         node.mPrevious->mNext = node.mNext;
         node.mNext->mPrevious = node.mPrevious;
         --mCount;
@@ -170,8 +170,11 @@ void AList::DoDelete(AListNode* node)
 
 AListNode* AList::Delete(AListNode* first, AListNode* last)
 {
-    while (first != last && first != nullptr) {
+    while (first != last) {
         first = Delete(first);
+        if (first == nullptr) {
+            break;
+        }
     }
     return last;
 }

@@ -67,9 +67,11 @@ void GetCurrentDate(ECurrentDate range, TDateTime& from, TDateTime& to)
 
 void GetCurrentDate(const TDateTime& today, ECurrentDate range, TDateTime& from, TDateTime& to)
 {
-    const TDateTime day = std::trunc(today);
+    // Of the fields, which are those of the rounded value.
+    const TDay fields = DayOf(today);
+    const TDateTime day = Sysutils::EncodeDate(fields.year, fields.month, fields.day);
     const TDateTime month = FirstOfMonth(day);
-    const TDateTime year = Sysutils::EncodeDate(DayOf(day).year, 1, 1);
+    const TDateTime year = Sysutils::EncodeDate(fields.year, 1, 1);
     const TDateTime monday = day - Sysutils::DayOfWeek(day) + 2;
     switch (range) {
     case kCD_Today:
@@ -118,7 +120,8 @@ TDateTime To4DigitYear(const TDateTime& date)
 
 void Set4DigitYear(TDateTime& date)
 {
-    const TDay day = DayOf(date);
+    // The day that the fraction belongs to: a value a hair below midnight shows the next one.
+    const TDay day = DayOf(std::trunc(date));
     if (day.year == 0 || day.year > 99) {
         return;
     }

@@ -42,20 +42,30 @@ public:
             // The bound is far beyond any field and can't come back.
             constexpr int bound = 100'000'000;
             mValues[field] = std::clamp(mValues[field] * 10 + (digits[at] - u'0'), -bound, bound);
-            (field < FirstTimeLetter ? mHasDate : mHasTime) = true;
         }
     }
 
-    bool HasDate() const { return mHasDate; }
-    bool HasTime() const { return mHasTime; }
-    bool IsDateWhole() const { return mValues[0] != 0 && mValues[1] != 0 && mValues[2] != 0; }
+    bool IsDateWhole() const { return mValues[Year] != 0 && mValues[Month] != 0 && mValues[Day] != 0; }
 
-    TDateTime Date() const { return Sysutils::EncodeDate(Value(0), Value(1), Value(2)); }
-    TDateTime Time() const { return Sysutils::EncodeTime(Value(3), Value(4), Value(5), Value(6)); }
+    TDateTime Date() const { return Sysutils::EncodeDate(Value(Year), Value(Month), Value(Day)); }
+    TDateTime Time() const
+    {
+        return Sysutils::EncodeTime(Value(Hour), Value(Minute), Value(Second), Value(MilliSecond));
+    }
 
 private:
+    enum EField : std::size_t
+    {
+        Year,
+        Month,
+        Day,
+        Hour,
+        Minute,
+        Second,
+        MilliSecond
+    };
+    /// In the order of the fields.
     static constexpr View Letters = u"ymdhnsc";
-    static constexpr std::size_t FirstTimeLetter = 3;
 
     /// What no field can be becomes a value that every field refuses.
     Word Value(std::size_t field) const
@@ -66,9 +76,12 @@ private:
     }
 
     std::array<int, Letters.size()> mValues = {};
-    bool mHasDate = false;
-    bool mHasTime = false;
 };
+
+bool HasAnyOf(const UnicodeString& mask, View letters)
+{
+    return mask.AsView().find_first_of(letters) != View::npos;
+}
 
 TDateTime Joined(TDateTime date, const TDateTime& time)
 {
@@ -124,8 +137,8 @@ TDateTime StrToTime(const UnicodeString& text)
 TDateTime StrToDateTime(const UnicodeString& text, const UnicodeString& mask)
 {
     const CMaskFields fields(text, mask);
-    const TDateTime date = fields.HasDate() ? fields.Date() : TDateTime();
-    return fields.HasTime() ? Joined(date, fields.Time()) : date;
+    const TDateTime date = HasAnyOf(mask, u"ymd") ? fields.Date() : TDateTime();
+    return HasAnyOf(mask, u"hnsc") ? Joined(date, fields.Time()) : date;
 }
 
 TDateTime StrToDate(const UnicodeString& text, const UnicodeString& mask)

@@ -19,8 +19,8 @@ TRS8_BTL_API System::TDateTime StrToTime(const System::UnicodeString& text);
 
 /// Reads the digit at each place of `text` into the field that `mask` names at this place: `y` year, `m`
 /// month, `d` day, `h` hour, `n` minute, `s` second, `c` millisecond; any other character of the mask passes
-/// over its place. The shorter of both ends the reading. A date, a time or both, as the letters used say; 0
-/// without any. A character that is no digit spoils its field, which then hardly exists.
+/// over its place. The shorter of both ends the reading. A date, a time or both, as the letters of the mask
+/// say; 0 without any. A character that is no digit spoils its field, which then hardly exists.
 TRS8_BTL_API System::TDateTime StrToDateTime(const System::UnicodeString& text,
                                              const System::UnicodeString& mask);
 /// The date alone; 0 if its year, month or day is 0.

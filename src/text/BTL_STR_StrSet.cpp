@@ -20,7 +20,10 @@ CStrSet::CStrSet(const CStrSet& other)
 CStrSet& CStrSet::operator=(const CStrSet& other)
 {
     if (this != &other) {
-        Clear();
+        // The list itself stays: others may know it.
+        if (mStrings != nullptr) {
+            mStrings->Clear();
+        }
         Add(other.mStrings.get());
     }
     return *this;
@@ -63,7 +66,7 @@ void CStrSet::AddCommaText(const UnicodeString& text)
     CStrSet items;
     items.setCommaText(text);
     if (items.Contains(u"=")) {
-        *this = items;
+        setCommaText(text);
     } else {
         Add(items.mStrings.get());
     }

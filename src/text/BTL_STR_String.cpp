@@ -4,8 +4,11 @@
 #include "platform/runtime/Sysutils_Number.h"
 
 #include <algorithm>
+#include <charconv>
 #include <istream>
+#include <iterator>
 #include <ostream>
+#include <string>
 
 namespace BTL
 {
@@ -15,6 +18,9 @@ namespace
 
 using System::AnsiString;
 using System::UnicodeString;
+
+/// Room for the digits of a size, with a sign.
+constexpr std::size_t MaxSizeLength = 16;
 
 /// Reads in pieces, so that a size alone takes no memory.
 AnsiString ReadBytes(std::istream& stream, int count)
@@ -30,6 +36,23 @@ AnsiString ReadBytes(std::istream& stream, int count)
     return bytes;
 }
 
+/// Not by `>>`, which follows the locale and the flags of the stream. 0 if there is no size, and the stream
+/// has failed then.
+int ReadSize(std::istream& stream)
+{
+    stream >> std::ws;
+    std::string text;
+    const auto isPart = [&](int c) { return (c >= '0' && c <= '9') || (c == '-' && text.empty()); };
+    while (text.size() < MaxSizeLength && isPart(stream.peek())) {
+        text += static_cast<char>(stream.get());
+    }
+    int size = 0;
+    if (std::from_chars(text.data(), text.data() + text.size(), size).ec != std::errc()) {
+        stream.setstate(std::ios::failbit);
+    }
+    return size;
+}
+
 AnsiString ReadWord(std::istream& stream)
 {
     char word[256] = "";
@@ -43,16 +66,16 @@ const UnicodeString kEmptyString;
 
 void CAnsiString::Write(std::ostream& stream) const
 {
-    stream << size() << ' ';
+    char text[MaxSizeLength + 1];
+    char* const end = std::to_chars(std::begin(text), std::end(text) - 1, size()).ptr;
+    *end = ' ';
+    stream.write(text, end + 1 - text);
     stream.write(c_str(), size());
 }
 
 void CAnsiString::Read(std::istream& stream)
 {
-    int count = 0;
-    if (!(stream >> count)) {
-        count = 0;
-    }
+    const int count = ReadSize(stream);
     stream.get();
     mText = ReadBytes(stream, count);
 }

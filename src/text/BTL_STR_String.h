@@ -4,6 +4,8 @@
 #include "foundation/UTL_STR_Utilities.h"
 #include "platform/runtime/System_String.h"
 
+#include <algorithm>
+#include <climits>
 #include <iosfwd>
 
 namespace BTL
@@ -12,7 +14,8 @@ namespace BTL
 /// The empty text.
 extern TRS8_BTL_API const System::UnicodeString kEmptyString;
 
-/// What the two string values share: operations of their text `S`, with results of the type `Self`.
+/// What the two string values share: operations of their text `S`, with results of the type `Self`. Other
+/// than in the text itself, all positions count from 0.
 template <class Self, class S>
 class GStringValue
 {
@@ -23,15 +26,21 @@ public:
     GStringValue(const S& text) : mText(text) {}
 
     const Char* c_str() const noexcept { return mText.c_str(); }
-    /// The position counts from 1.
-    Self SubString(int index, int count) const { return mText.SubString(index, count); }
+    /// Up to `count` characters from the 0-based `index`, which counts as 0 if it is negative.
+    Self SubString(int index, int count) const
+    {
+        const auto start = static_cast<std::size_t>(std::clamp(index, 0, mText.Length()));
+        return S(mText.AsView().substr(start, static_cast<std::size_t>(std::max(count, 0))));
+    }
+    /// The character at the 0-based `index`; `Sysutils::ERangeError` outside the text.
+    Char operator[](int index) const { return mText[index == INT_MAX ? index : index + 1]; }
     Self LowerCase() const { return mText.LowerCase(); }
     Self UpperCase() const { return mText.UpperCase(); }
     Self Trim() const { return mText.Trim(); }
     Self TrimLeft() const { return mText.TrimLeft(); }
     Self TrimRight() const { return mText.TrimRight(); }
 
-    // As the functions of these names in `UTL`: indices count from 0, -1 means not found.
+    // As the functions of these names in `UTL`; -1 means not found.
 
     int find_first_of(Char c, int start) const { return UTL::find_first_of(c, c_str(), start); }
     int find_first_of2(Char c1, Char c2, int start) const
@@ -82,8 +91,6 @@ public:
     CUnicodeString(const System::UTF8String& text) : GStringValue(System::UnicodeString(text)) {}
 
     int length() const noexcept { return mText.Length(); }
-    /// The character at the 1-based `index`; `Sysutils::ERangeError` outside the text.
-    System::WideChar operator[](int index) const { return mText[index]; }
     /// As `Sysutils::StrToIntDef`.
     int ToIntDef(int defaultValue) const;
     const System::UnicodeString& vcl_str() const noexcept { return mText; }

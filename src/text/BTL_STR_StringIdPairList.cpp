@@ -4,6 +4,7 @@
 #include "platform/runtime/System_ClassBuilder.h"
 
 #include <memory>
+#include <unordered_map>
 
 namespace BTL
 {
@@ -38,6 +39,28 @@ Int64 IdOf(const System::TObject* object)
     return holder == nullptr ? 0 : holder->id;
 }
 
+/// Lets `take` put an object for the id into the list. The list has it also where one of its handlers raised.
+template <class Take>
+void Give(TStringList& list, Int64 id, Take take)
+{
+    auto object = std::make_unique<TIdObject>(id);
+    try {
+        take(object.get());
+    } catch (...) {
+        if (list.IndexOfObject(object.get()) >= 0) {
+            static_cast<void>(object.release());
+        }
+        throw;
+    }
+    static_cast<void>(object.release());
+}
+
+bool Ignores(const TStringList& list, const UnicodeString& text)
+{
+    int index = 0;
+    return list.getSorted() && list.getDuplicates() == Classes::dupIgnore && list.Find(text, index);
+}
+
 } // namespace
 
 void AddStringIdPair(TStringList* list, const UnicodeString& text, Int64 id)
@@ -48,13 +71,8 @@ void AddStringIdPair(TStringList* list, const UnicodeString& text, Int64 id)
     list->setOwnsObjects(true);
     if (id == 0) {
         list->Add(text);
-        return;
-    }
-    auto object = std::make_unique<TIdObject>(id);
-    const int index = list->AddObject(text, object.get());
-    // A sorted list that has the line already doesn't take the object.
-    if (list->getObjects(index) == object.get()) {
-        static_cast<void>(object.release());
+    } else if (!Ignores(*list, text)) {
+        Give(*list, id, [&](System::TObject* object) { list->AddObject(text, object); });
     }
 }
 
@@ -63,14 +81,13 @@ void SetIdAt(TStringList* list, int index, Int64 id)
     if (list == nullptr) {
         return;
     }
+    auto* const holder = dynamic_cast<TIdObject*>(list->getObjects(index));
     list->setOwnsObjects(true);
-    if (auto* const holder = dynamic_cast<TIdObject*>(list->getObjects(index)); holder != nullptr) {
+    if (holder != nullptr) {
         holder->id = id;
-        return;
+    } else {
+        Give(*list, id, [&](System::TObject* object) { list->setObjects(index, object); });
     }
-    auto object = std::make_unique<TIdObject>(id);
-    list->setObjects(index, object.get());
-    static_cast<void>(object.release());
 }
 
 Int64 GetIdAt(const TStrings* strings, int index)
@@ -94,12 +111,31 @@ void TStringIdPairList::AddStringIdPair(const UnicodeString& text, Int64 id)
     BTL::AddStringIdPair(this, text, id);
 }
 
-/// The objects belong to the other list.
+/// The objects of the items belong to the other list.
 void TStringIdPairList::AppendItems(std::vector<Classes::TStringItem>&& items)
 {
-    for (const Classes::TStringItem& item : items) {
-        AddStringIdPair(item.String, IdOf(item.Object));
+    std::unordered_map<const System::TObject*, std::unique_ptr<TIdObject>> objects;
+    for (Classes::TStringItem& item : items) {
+        const Int64 id = IdOf(item.Object);
+        auto object = id == 0 ? nullptr : std::make_unique<TIdObject>(id);
+        item.Object = object.get();
+        objects[item.Object] = std::move(object);
     }
+    const auto releaseTaken = [&] {
+        for (int i = 0; i < getCount(); ++i) {
+            if (const auto taken = objects.find(getObjects(i)); taken != objects.end()) {
+                static_cast<void>(taken->second.release());
+            }
+        }
+    };
+    setOwnsObjects(true);
+    try {
+        TStringList::AppendItems(std::move(items));
+    } catch (...) {
+        releaseTaken();
+        throw;
+    }
+    releaseTaken();
 }
 
 } // namespace BTL

@@ -139,7 +139,8 @@ bool MStringList::ContainsAll(const TStrings* strings) const
     if (strings == nullptr || strings->getCount() == 0) {
         return true;
     }
-    if (mList->getSorted()) {
+    constexpr int few = 16;
+    if (mList->getSorted() || strings->getCount() <= few) {
         return HasAll(*mList, *strings);
     }
     // Sorted, so that many lines aren't each sought through the whole list.

@@ -60,7 +60,7 @@ public:
         mList->setStrings(index, System::PrintfA(format, System::TVarArgs{System::TVarRec(arguments)...}));
     }
 
-    // A sorted list with lines refuses these three.
+    // A sorted list with lines refuses these three, and `AppendToLastLine` and `Set_VA` too.
 
     void TrimEachLine();
     void InsertPrefixToEachLine(const System::UnicodeString& prefix);
@@ -151,7 +151,8 @@ public:
     ~CAutoStringList() noexcept(false) override;
 };
 
-/// A list that keeps itself sorted and has each line once. Case doesn't matter.
+/// A list that keeps itself sorted and to which `Add` gives each line once; the other ways of adding follow
+/// its `Duplicates`. Case doesn't matter.
 class TRS8_BTL_API CSortedStringList : public CStringList
 {
 public:

@@ -44,7 +44,11 @@ void AddColumn(const Pairs& pairs, Column column, TStrings* strings, TObject* ob
     }
     const CStringsUpdate update(strings);
     for (const CStringPair& pair : pairs) {
-        strings->AddObject(pair.*column, object);
+        if (object == nullptr) {
+            strings->Add(pair.*column);
+        } else {
+            strings->AddObject(pair.*column, object);
+        }
     }
 }
 
@@ -236,7 +240,9 @@ UnicodeString CStringPairs::ReplaceMacroToPath(const UnicodeString& text) const
 
 UnicodeString CStringPairs::ReplaceMacroToPathRecursive(const UnicodeString& text) const
 {
-    constexpr int maxReplacements = 1000;
+    // Texts that replace each other would go on for ever. A text has no more macros than characters; one far
+    // longer than any path is left with some.
+    const int maxReplacements = 1000 + std::min(text.Length(), 20'000);
     UnicodeString result = text;
     for (int i = 0; i < maxReplacements; ++i) {
         UnicodeString next = ReplaceMacroToPath(result);

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/UTL_ASRT_Assert.h"
 #include "foundation/UTL_AutoPtr.h"
+#include "foundation/UTL_List.h"
 #include "foundation/UTL_Tag.h"
 #include "foundation/UTL_Toggle.h"
+#include "platform/runtime/System_Object.h"
 #include "platform/toolkit/MessageBox.h"
 #include "support/ScriptedBoxes.h"
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <optional>
 
 namespace
@@ -116,6 +119,28 @@ TEST(AutoPtrTest, MisuseIsAFault)
     EXPECT_EQ(shown[1].box.caption, u"Warning");
 }
 
+TEST(AutoPtrTest, AnyClassMayHoldOne)
+{
+    struct Holder : System::TObject
+    {
+        Pointer held;
+    };
+    struct Node : UTL::AListNode
+    {
+        Pointer held;
+    };
+    int alive = 0;
+    const auto holder = std::make_unique<Holder>();
+    holder->held = new Shared(alive);
+    {
+        UTL::AList list;
+        list.PushBack(new Node);
+        dynamic_cast<Node&>(*list.getNext()).held = holder->held;
+        EXPECT_EQ(holder->held->getRefCount(), 2);
+    }
+    EXPECT_EQ(holder->held->getRefCount(), 1);
+}
+
 TEST(TagTest, CountsOnlyTheLowFiveBitsOfANumber)
 {
     UTL::CTag tag(33, true);
@@ -142,6 +167,11 @@ TEST(ToggleTest, FlagsComeBackAtTheEndOfTheScope)
         EXPECT_FALSE(flag);
     }
     EXPECT_TRUE(flag);
+    {
+        const UTL::CToggle toggle(flag);
+        flag = true;
+    }
+    EXPECT_FALSE(flag) << "it flips what it finds";
 }
 
 } // namespace

@@ -125,6 +125,7 @@ TEST(ListTest, MisuseIsAFaultAndChangesNothing)
     Item loose(3);
     AListNode halfLinked(&list, item, nullptr);
     AListNode claimed(&list, nullptr, nullptr);
+    UTL::CListEndNode stray(&list);
     const struct
     {
         const char* what;
@@ -143,6 +144,7 @@ TEST(ListTest, MisuseIsAFaultAndChangesNothing)
         {"insert twice", 231, [&] { list.PushBack(item); }},
         {"insert a claimed node", 232, [&] { list.PushBack(&claimed); }},
         {"delete null", 246, [&] { list.Delete(nullptr); }},
+        {"delete from null on", 246, [&] { list.Delete(nullptr, item); }},
         {"delete a loose node", 246, [&] { list.Delete(&loose); }},
         {"delete the end", 206, [&] { list.DoDelete(&list); }},
         {"delete a foreign node", 209, [&] { list.Delete(foreign); }},
@@ -161,6 +163,8 @@ TEST(ListTest, MisuseIsAFaultAndChangesNothing)
         EXPECT_THAT(NumbersOf(other), ElementsAre(2)) << test.what;
         EXPECT_EQ(loose.getList(), nullptr) << test.what;
     }
+    list.Remove(&stray);
+    EXPECT_THAT(NumbersOf(list), ElementsAre(1)) << "an end that is in no list";
 }
 
 TEST(ListTest, ARangeThatIsNoneStopsAtTheEnd)

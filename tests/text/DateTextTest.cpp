@@ -85,9 +85,10 @@ TEST_F(DateTextTest, ReadsByMask)
     EXPECT_EQ(BTL::StrToDateTime(u"221222", u"yymmdd"), Day(22, 12, 22));
     EXPECT_EQ(BTL::StrToDateTime(u"1899122906", u"yyyymmddhh"), -1.25);
     EXPECT_EQ(BTL::StrToDateTime(u"2022", u"YYYY"), 0);
-    EXPECT_EQ(BTL::StrToDateTime(u"", mask), 0);
-    for (const UnicodeString text : {u"2022-12", u"2022-13-01", u"2022-1a-22", u"20221222", u"2022-12-22 24",
-                                     u"2022-12-32", u"-022-12-22", u"2\uFFFF22-12-22"}) {
+    EXPECT_EQ(BTL::StrToDateTime(u"", u"hh:nn"), 0);
+    EXPECT_THROW(BTL::StrToDateTime(u"10:05", u"hh:nn dd.mm.yyyy"), EConvertError) << "the date is missing";
+    for (const UnicodeString text : {u"", u"2022-12", u"2022-13-01", u"2022-1a-22", u"20221222",
+                                     u"2022-12-22 24", u"2022-12-32", u"-022-12-22", u"2\uFFFF22-12-22"}) {
         EXPECT_THROW(BTL::StrToDateTime(text, mask), EConvertError) << text;
     }
     const UnicodeString nines = UnicodeString::StringOfChar(u'9', 1000);
@@ -125,6 +126,10 @@ TEST_F(DateTextTest, CompletesYears)
     EXPECT_EQ(BTL::To4DigitYear(Day(99, 12, 31)), Day(1999, 12, 31));
     EXPECT_EQ(BTL::To4DigitYear(Day(100, 1, 1)), Day(100, 1, 1));
     EXPECT_TRUE(std::isnan(BTL::To4DigitYear(TDateTime(NotANumber))));
+    // 1 February, so short before midnight that it shows the next day; that stays.
+    const TDateTime almost = std::nextafter(Day(22, 1, 31).Val, 0.0);
+    ASSERT_EQ(Sysutils::FormatDateTime(u"yyyy-mm-dd hh", almost), u"0022-02-02 00");
+    EXPECT_EQ(Sysutils::FormatDateTime(u"yyyy-mm-dd hh", BTL::To4DigitYear(almost)), u"2022-02-02 00");
 }
 
 TEST_F(DateTextTest, NamesRangesOfDays)
@@ -137,6 +142,7 @@ TEST_F(DateTextTest, NamesRangesOfDays)
         TDateTime to;
     } cases[] = {
         {Day(2024, 2, 14), 1, Day(2024, 2, 14), Day(2024, 2, 14)},
+        {std::nextafter(Day(2024, 2, 15).Val, 0.0), 1, Day(2024, 2, 15), Day(2024, 2, 15)},
         {Day(2024, 2, 14), 2, Day(2024, 2, 12), Day(2024, 2, 18)},
         {Day(2024, 2, 17), 2, Day(2024, 2, 12), Day(2024, 2, 18)},
         {Day(2024, 2, 18), 2, Day(2024, 2, 19), Day(2024, 2, 25)},

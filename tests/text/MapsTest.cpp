@@ -149,8 +149,13 @@ TEST(I64StrMapTest, FindsKeysByText)
     EXPECT_TRUE(copy.GetKey(key, u"a"));
     EXPECT_EQ(key, 5) << "the copy has an index of its own";
     map = &copy;
+    map.Add(3, u"x");
     const CI64StrMap& same = map;
     map = same;
+    map = &same;
+    EXPECT_TRUE(map.GetKey(key, u"a")) << "the index is still that of the map";
+    EXPECT_EQ(key, 5);
+    map.Add(3, u"a");
     EXPECT_EQ(map.GetCommaText(), u"a,b,a,");
     map = static_cast<const CI64StrMap*>(nullptr);
     EXPECT_TRUE(map.IsEmpty());
@@ -226,6 +231,46 @@ TEST(StringIdPairListTest, KeepsIdsOnLines)
     EXPECT_EQ(GetIdAt(&list, 0), 4);
 }
 
+TEST(StringIdPairListTest, KeepsItsIdsWhenAHandlerRaises)
+{
+    TStringList list;
+    list.Add(u"former");
+    list.setOnChange([](System::TObject*) { throw Sysutils::EAbort("changed"); });
+    EXPECT_THROW(AddStringIdPair(&list, u"a", 1), Sysutils::EAbort);
+    EXPECT_THROW(SetIdAt(&list, 0, 2), Sysutils::EAbort);
+    EXPECT_EQ(GetIdAt(&list, 0), 2);
+    EXPECT_EQ(GetIdAt(&list, 1), 1);
+
+    TStringIdPairList pairs;
+    pairs.setOnChange(list.getOnChange());
+    EXPECT_THROW(pairs.AddStrings(&list), Sysutils::EAbort);
+    EXPECT_EQ(pairs.getId(1), 1);
+
+    TStringList foreign;
+    EXPECT_THROW(SetIdAt(&foreign, 0, 1), Classes::EStringListError);
+    EXPECT_FALSE(foreign.getOwnsObjects()) << "nothing was changed";
+}
+
+TEST(StringIdPairListTest, SortedListsTakeManyLinesAtOnce)
+{
+    constexpr int count = 50'000;
+    TStringIdPairList list;
+    for (int i = 0; i < count; ++i) {
+        list.AddStringIdPair(UnicodeString(i % (count / 2)), i + 1);
+    }
+    TStringIdPairList sorted;
+    sorted.setSorted(true);
+    sorted.AddStrings(&list);
+    sorted.AddStrings(&list);
+    ASSERT_EQ(sorted.getCount(), count / 2);
+    EXPECT_EQ(sorted.getId(sorted.IndexOf(u"7")), 8) << "the first line of several";
+
+    sorted.setDuplicates(Classes::dupError);
+    EXPECT_THROW(AddStringIdPair(&sorted, u"7", 1), Classes::EStringListError);
+    EXPECT_THROW(sorted.AddStrings(&list), Classes::EStringListError);
+    EXPECT_EQ(sorted.getId(sorted.IndexOf(u"7")), 8);
+}
+
 TEST(StringSetTest, AddsRemovesAndTests)
 {
     CStringSet set(u"b,a,B");
@@ -288,11 +333,14 @@ TEST(StrSetTest, AddsRemovesAndTests)
     set.RemoveCommaText(u"a,x,b");
     EXPECT_EQ(set.getCommaText(), u"B,c");
     EXPECT_EQ(copy.getCommaText(), u"a,b,B,c");
+    const TStringList* const inner = set.CreateStrings();
     set.AddCommaText(u"=,new");
     EXPECT_EQ(set.getCommaText(), u"=,new") << "an equals sign replaces all";
     set.Remove(set.CreateStrings());
     EXPECT_EQ(set.getCommaText(), u"");
     set.AddCommaText(u"d");
+    set = CStrSet(set);
+    EXPECT_EQ(set.CreateStrings(), inner) << "what others know stays";
     copy = set;
     EXPECT_EQ(copy.getCommaText(), u"d");
     set.setCommaText(u"e,e");

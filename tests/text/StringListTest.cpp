@@ -12,6 +12,8 @@
 
 #include <climits>
 #include <fstream>
+#include <iomanip>
+#include <locale>
 #include <sstream>
 
 namespace
@@ -89,6 +91,18 @@ TEST(MStringListTest, SearchesAsTheListCompares)
     EXPECT_EQ(list.getCommaText(), u"a,c");
     list->setCaseSensitive(true);
     EXPECT_FALSE(list.ContainsAll(u"A"));
+
+    CSortedStringList sorted(Classes::dupAccept);
+    sorted.AddStrings(CStringList(u"b,a,B,c,b").getList());
+    EXPECT_TRUE(sorted.ContainsAll(u"A,c"));
+    EXPECT_FALSE(sorted.ContainsAll(u"a,x"));
+    sorted.RemoveFirst(u"B");
+    EXPECT_EQ(sorted.getCount(), 4);
+    int changes = 0;
+    sorted->setOnChange([&](System::TObject*) { ++changes; });
+    sorted.RemoveAll(u"b");
+    EXPECT_EQ(sorted.getCommaText(), u"a,c");
+    EXPECT_EQ(changes, 1);
 
     CStringList values(u"a=1=2,\" b = 3\",plain,=x");
     const WideChar* const expected[][2] = {{u"a", u"1=2"}, {u" b ", u" 3"}, {u"", u""}, {u"", u"x"}};
@@ -236,6 +250,25 @@ TEST(StringValueTest, KeepsAllCharactersInAStream)
     EXPECT_EQ(narrowRead, narrow);
 }
 
+TEST(StringValueTest, FormsDontFollowTheStream)
+{
+    struct Grouping : std::numpunct<char>
+    {
+        std::string do_grouping() const override { return "\3"; }
+        char do_thousands_sep() const override { return ' '; }
+    };
+    std::stringstream stream;
+    stream.imbue(std::locale(std::locale::classic(), new Grouping));
+    stream << std::hex << std::showpos << std::setw(9) << std::setfill('*');
+    const CAnsiString text(System::AnsiString::StringOfChar('x', 1234));
+    text.Write(stream);
+    EXPECT_EQ(stream.str().substr(0, 6), "1234 x");
+    stream.seekg(0);
+    CAnsiString read;
+    read.Read(stream);
+    EXPECT_EQ(read, text);
+}
+
 TEST(StringValueTest, ReadsWhatIsThereOfADamagedStream)
 {
     const struct
@@ -282,12 +315,18 @@ TEST(StringValueTest, HasTheOperationsOfItsText)
     const CUnicodeString wide(u"  aBc ");
     EXPECT_EQ(wide.Trim().UpperCase(), CUnicodeString(u"ABC"));
     EXPECT_EQ(wide.TrimLeft().LowerCase(), CUnicodeString(u"abc "));
-    EXPECT_EQ(wide.TrimRight().SubString(3, 2), CUnicodeString(u"aB"));
+    EXPECT_EQ(wide.TrimRight().SubString(2, 2), CUnicodeString(u"aB"));
+    EXPECT_EQ(wide.SubString(wide.find_first_of(u'B', 0), INT_MAX), CUnicodeString(u"Bc "));
+    EXPECT_EQ(wide.SubString(-1, 3), CUnicodeString(u"  a"));
+    EXPECT_EQ(wide.SubString(INT_MAX, 1).length() + wide.SubString(0, INT_MIN).length(), 0);
     EXPECT_EQ(wide.find_first_of(u'B', 0), 3);
     EXPECT_EQ(wide.find_first_of2(u'c', u'B', 4), 4);
     EXPECT_EQ(wide.find_first_not_of(u' ', 0), 2);
-    EXPECT_EQ(wide[3], u'a');
-    EXPECT_THROW(wide[7], Sysutils::ERangeError);
+    EXPECT_EQ(wide[0], u' ');
+    EXPECT_EQ(wide[2], u'a');
+    for (const int index : {-1, 6, INT_MAX, INT_MIN}) {
+        EXPECT_THROW(wide[index], Sysutils::ERangeError);
+    }
     EXPECT_EQ(CUnicodeString(u"42").ToIntDef(1), 42);
     EXPECT_EQ(wide.ToIntDef(1), 1);
     EXPECT_EQ(CUnicodeString(System::UTF8String("\xC3\xA4")).vcl_str(), u"ä");

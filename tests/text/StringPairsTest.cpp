@@ -146,6 +146,7 @@ TEST(StringPairsTest, ReplacesMacrosAndPaths)
     }
     EXPECT_EQ(pairs.ReplacePathToMacro(u"c:\\X\\f c:\\x"), u"%A\\f c:\\x");
     EXPECT_EQ(pairs.ReplacePathToMacro(u"e:\\f"), u"e:\\f");
+    EXPECT_EQ(pairs.ReplacePathToMacro(u"%a\\SUB/x"), u"%C/x");
 
     CStringPairs nested = Pairs({{u"%Root", u"C:\\p"}, {u"%Bin", u"C:\\p\\bin"}});
     EXPECT_EQ(nested.ReplacePathToMacro(u"C:\\p\\bin\\x"), u"%Root\\bin\\x");
@@ -158,6 +159,9 @@ TEST(StringPairsTest, MacrosThatBringMacrosComeToAnEnd)
 {
     EXPECT_LE(Pairs({{u"a", u"b"}, {u"b", u"a"}}).ReplaceMacroToPathRecursive(u"a").Length(), 1);
     EXPECT_GT(Pairs({{u"a", u"aa"}}).ReplaceMacroToPathRecursive(u"a").Length(), 500);
+    const UnicodeString many = UnicodeString::StringOfChar(u'a', 3000);
+    EXPECT_EQ(Pairs({{u"a", u"b"}}).ReplaceMacroToPathRecursive(many),
+              UnicodeString::StringOfChar(u'b', 3000));
 }
 
 } // namespace
