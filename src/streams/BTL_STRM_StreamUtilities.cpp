@@ -308,7 +308,7 @@ void SaveStringToFile(const UnicodeString& path, const AnsiString& text)
     Classes::TFileStream stream(path, Classes::fmCreate);
     SaveStringToStream(&stream, text);
     // A failure shall be told, which the destructor couldn't.
-    stream.getHandle();
+    stream.Flush();
 }
 
 AnsiString LoadStringFromFile(const UnicodeString& path)

@@ -68,7 +68,8 @@ TRS8_BTL_API System::Int64 ReadInt64Unget(Classes::TStream* stream, System::Int6
 TRS8_BTL_API void SaveStringToStream(Classes::TStream* stream, const System::AnsiString& text);
 /// All from the position on.
 TRS8_BTL_API System::AnsiString LoadStringFromStream(Classes::TStream* stream);
-/// Makes `text` the whole file. `Classes::EFCreateError` if it can't be made.
+/// Makes `text` the whole file. `Classes::EFCreateError` if it can't be made, `Classes::EWriteError` if the
+/// host doesn't take all of it.
 TRS8_BTL_API void SaveStringToFile(const System::UnicodeString& path, const System::AnsiString& text);
 /// `Classes::EFOpenError` if the file can't be opened.
 TRS8_BTL_API System::AnsiString LoadStringFromFile(const System::UnicodeString& path);
