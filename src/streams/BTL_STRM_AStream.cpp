@@ -2,6 +2,7 @@
 #include "streams/BTL_STRM_AStream.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
+#include "platform/runtime/Classes_PositionInternal.h"
 #include "platform/runtime/Sysutils_Number.h"
 #include "streams/BTL_STRM_ScanInternal.h"
 
@@ -98,11 +99,7 @@ Int64 AStream::seekoff(Int64 offset, std::ios_base::seekdir direction)
     } else if (direction != std::ios_base::beg) {
         offset = 0;
     }
-    Int64 target = 0;
-    if (__builtin_add_overflow(base, offset, &target)) {
-        target = offset < 0 ? 0 : INT64_MAX;
-    }
-    return SetPosition(target);
+    return SetPosition(Classes::AddClamped(base, offset));
 }
 
 Int64 AStream::SetPosition(Int64 position)

@@ -3,6 +3,7 @@
 
 #include "foundation/UTL_ASRT_Assert.h"
 #include "platform/runtime/Character.h"
+#include "platform/runtime/Classes_PositionInternal.h"
 #include "platform/runtime/Sysutils_Number.h"
 #include "streams/BTL_STRM_ScanInternal.h"
 
@@ -186,8 +187,10 @@ void SkipUntil(TStream* stream, char c)
 void SkipBytes(TStream* stream, int count)
 {
     CheckedStream checked(stream, 103);
-    const Int64 target = checked->getPosition() + count;
-    checked->setPosition(std::max(std::min(target, checked->getSize() - 1), Int64{0}));
+    const Int64 position = checked->getPosition();
+    const Int64 last = checked->getSize() - 1;
+    const Int64 target = std::max(std::min(Classes::AddClamped(position, count), last), Int64{0});
+    checked->Seek(target - position, Classes::soCurrent);
 }
 
 void SkipWhitespaces(TStream* stream)

@@ -67,7 +67,8 @@ public:
     /// Writes `count` bytes; `EWriteError` if they can't all be written.
     void WriteBuffer(const void* buffer, System::Int64 count);
     /// Copies `count` bytes from the position of `source`, or all of it from its beginning if `count` is
-    /// below 1, and tells how many. `EReadError` if the source has fewer; null has none.
+    /// below 1, and tells how many. `EReadError` if the source has fewer; null has none. A source that can't
+    /// tell its size, as a pipe, is copied up to its end.
     System::Int64 CopyFrom(TStream* source, System::Int64 count);
 
 private:
