@@ -3,6 +3,7 @@
 
 #include "platform/host/Host_FileBuffer.h"
 #include "platform/host/Host_Path.h"
+#include "platform/runtime/Sysutils_File.h"
 #include "platform/runtime/Sysutils_Number.h"
 
 #include <algorithm>
@@ -101,9 +102,13 @@ std::streamoff LineStart(StdInStream& stream, std::streamoff position)
     return 0;
 }
 
-/// The path for a standard stream, to which the host shows all that was written.
+/// The path for a standard stream, to which the host shows all that was written. Empty, which opens nothing,
+/// for a folder: the host would open it, and fail to read.
 std::string PathToRead(const UnicodeString& path)
 {
+    if (Sysutils::DirectoryExists(path)) {
+        return {};
+    }
     std::string hostPath = Sysutils::HostPath(path);
     Host::FlushBuffersOf(hostPath.c_str());
     return hostPath;
@@ -161,8 +166,11 @@ Int64 GetSize(StdInStream& stream)
 
 AnsiString GetCurrStrLine(StdInStream& stream)
 {
+    // A stream that met its end has a position nevertheless.
+    stream.clear();
     const std::streamoff position = stream.tellg();
     if (position < 0) {
+        stream.setstate(std::ios_base::failbit);
         return {};
     }
     stream.seekg(LineStart(stream, position));
@@ -353,6 +361,7 @@ AnsiString CStdFileInStreamEx::ReadBytes(int count)
 
 int CStdFileInStreamEx::getCurrLine()
 {
+    clear();
     const std::streampos position = tellg();
     const int lines = CountLines(*this, static_cast<int>(std::clamp<std::streamoff>(position, 0, INT_MAX)));
     clear();
