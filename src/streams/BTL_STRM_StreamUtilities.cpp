@@ -300,10 +300,9 @@ void SaveStringToStream(TStream* stream, const AnsiString& text)
 AnsiString LoadStringFromStream(TStream* stream)
 {
     CheckedStream checked(stream, 215);
-    const Int64 left = Detail::BytesLeft(*checked);
-    // A pipe can't tell how much it has.
-    AnsiString text = Detail::ReadUpTo(*checked, left < 0 ? INT_MAX : left);
-    return text;
+    const Int64 left = checked->getSize() - checked->getPosition();
+    // The size of a pipe, or of a file that the host makes up while it is read, tells nothing.
+    return Detail::ReadUpTo(*checked, left > 0 ? left : INT64_MAX);
 }
 
 void SaveStringToFile(const UnicodeString& path, const AnsiString& text)
