@@ -68,24 +68,27 @@ void CheckNumbers(TStream& bytes, std::string_view content)
 {
     BTL::CInStream stream(&bytes, BTL::ssRewind);
     std::size_t position = 0;
-    for (bool isReal = false; stream.good(); isReal = !isReal) {
+    for (int kind = 0; stream.good(); kind = (kind + 1) % 3) {
         const UnicodeString text{AnsiString(TakeNumber(content, position))};
-        double real = 0;
-        Int64 integer = 0;
-        bool fits = false;
-        if (isReal) {
-            double expected = 0;
-            fits = Sysutils::BufferToFloat(text.AsView(), u'.', expected);
-            stream >> real;
-            Require(real == (fits ? expected : 0));
-        } else {
-            Int64 expected = 0;
-            fits = Sysutils::TryStrToInt64(text, expected);
-            stream >> integer;
-            Require(integer == (fits ? expected : 0));
+        const auto check = [&](auto value, auto convert) {
+            auto expected = value;
+            const bool fits = convert(expected);
+            stream >> value;
+            Require(value == (fits ? expected : 0));
+            Require(stream.fail() == !fits);
+        };
+        const auto toFloat = [&](auto& value) { return Sysutils::BufferToFloat(text.AsView(), u'.', value); };
+        switch (kind) {
+        case 0:
+            check(Int64{0}, [&](Int64& value) { return Sysutils::TryStrToInt64(text, value); });
+            break;
+        case 1:
+            check(0.0, toFloat);
+            break;
+        default:
+            check(0.0L, toFloat);
         }
         Require(stream.eof() == (position == content.size()));
-        Require(stream.fail() == !fits);
         Require(stream.tellg() == static_cast<Int64>(position));
     }
 }

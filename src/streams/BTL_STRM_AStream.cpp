@@ -2,6 +2,7 @@
 #include "streams/BTL_STRM_AStream.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
+#include "platform/runtime/Classes_PositionInternal.h"
 #include "platform/runtime/Sysutils_Number.h"
 #include "streams/BTL_STRM_ScanInternal.h"
 
@@ -20,9 +21,6 @@ using System::Int64;
 using System::UInt64;
 using System::UnicodeString;
 using System::WideChar;
-
-/// The text of a usual number fits in here, and needs no string of its own.
-constexpr std::size_t ShortNumber = 40;
 
 bool IsWhiteSpace(char c)
 {
@@ -98,11 +96,7 @@ Int64 AStream::seekoff(Int64 offset, std::ios_base::seekdir direction)
     } else if (direction != std::ios_base::beg) {
         offset = 0;
     }
-    Int64 target = 0;
-    if (__builtin_add_overflow(base, offset, &target)) {
-        target = offset < 0 ? 0 : INT64_MAX;
-    }
-    return SetPosition(target);
+    return SetPosition(Classes::AddClamped(base, offset));
 }
 
 Int64 AStream::SetPosition(Int64 position)
@@ -128,9 +122,9 @@ auto AStream::Guarded(Operation operation)
     }
 }
 
-bool AStream::AtEnd() const
+bool AStream::AtEnd()
 {
-    return Detail::AtEnd(*mStream);
+    return Guarded([&] { return Detail::AtEnd(*mStream); });
 }
 
 void AStream::DoSkipWhiteSpaces()
@@ -313,70 +307,94 @@ void AStream::DoReadNumStr(AnsiString& text)
     ReadWhile(Detail::FindIf{EndsNumber}, text);
 }
 
-/// `convert` takes the number's wide text and gives whether it is one.
-template <class Number, class Convert>
-Number AStream::ReadNumber(Convert convert)
+/// A text of characters that numbers are made of.
+struct AStream::NumberText
+{
+    /// The text of a usual number fits in here, and needs no string of its own.
+    std::array<WideChar, 40> shortText;
+    UnicodeString longText;
+    /// One of the two.
+    std::u16string_view view;
+    bool isLast = false;
+};
+
+void AStream::TakeNumber(NumberText& number)
 {
     DoSkipWhiteSpaces();
-    std::array<WideChar, ShortNumber> shortText;
     const std::string_view window = Guarded([&] { return StreamWindow::Of(*mStream); });
-    const std::string_view start = window.substr(0, ShortNumber + 1);
+    const std::string_view start = window.substr(0, number.shortText.size() + 1);
     const std::size_t length = Detail::FindIf{EndsNumber}(start);
-    UnicodeString longText;
-    std::u16string_view text;
-    bool atEnd = false;
     if (length != std::string_view::npos) {
-        std::copy_n(start.begin(), length, shortText.begin());
-        text = std::u16string_view(shortText.data(), length);
+        std::copy_n(start.begin(), length, number.shortText.begin());
+        number.view = std::u16string_view(number.shortText.data(), length);
         mLastCount = static_cast<Int64>(length);
         Guarded([&] { mStream->Seek(mLastCount, Classes::soCurrent); });
-    } else {
-        AnsiString bytes;
-        DoReadNumStr(bytes);
-        longText = bytes;
-        text = longText.AsView();
-        atEnd = AtEnd();
+        return;
     }
+    AnsiString bytes;
+    DoReadNumStr(bytes);
+    number.longText = bytes;
+    number.view = number.longText.AsView();
+    number.isLast = AtEnd();
+}
+
+/// `convert` takes the number's wide text and gives whether it is one.
+template <class Number, class Convert>
+Number AStream::Converted(const NumberText& number, Convert convert)
+{
     Number value = 0;
-    if (text.empty()) {
-        mState << esFail;
-    } else if (good() && !convert(text, value)) {
+    if (number.view.empty() || (good() && !convert(number.view, value))) {
         mState << esFail;
         value = 0;
     }
-    if (atEnd) {
+    if (number.isLast) {
         mState << esEof;
     }
     return value;
 }
 
-namespace
+Int64 AStream::ToInt64(const NumberText& number)
 {
-
-bool ToInt64(std::u16string_view text, Int64& value)
-{
-    return Sysutils::TryStrToInt64(UnicodeString(text), value);
+    return Converted<Int64>(number, [](std::u16string_view text, Int64& value) {
+        return Sysutils::TryStrToInt64(UnicodeString(text), value);
+    });
 }
-
-} // namespace
 
 Int64 AStream::ReadInt64()
 {
-    return ReadNumber<Int64>(&ToInt64);
+    NumberText number;
+    TakeNumber(number);
+    return ToInt64(number);
 }
 
 UInt64 AStream::ReadUInt64()
 {
-    const auto convert = [](std::u16string_view text, Int64& value) {
-        return text.front() != u'-' && ToInt64(text, value);
-    };
-    return static_cast<UInt64>(ReadNumber<Int64>(convert));
+    NumberText number;
+    TakeNumber(number);
+    if (number.view.starts_with(u'-')) {
+        mState << esFail;
+    }
+    return static_cast<UInt64>(ToInt64(number));
+}
+
+template <class Float>
+Float AStream::ReadFloat()
+{
+    NumberText number;
+    TakeNumber(number);
+    return Converted<Float>(number, [](std::u16string_view text, Float& value) {
+        return Sysutils::BufferToFloat(text, u'.', value);
+    });
+}
+
+double AStream::ReadDouble()
+{
+    return ReadFloat<double>();
 }
 
 long double AStream::ReadLDouble()
 {
-    return ReadNumber<double>(
-        [](std::u16string_view text, double& value) { return Sysutils::BufferToFloat(text, u'.', value); });
+    return ReadFloat<long double>();
 }
 
 void AStream::DoWriteChar(char c)

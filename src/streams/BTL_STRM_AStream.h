@@ -84,22 +84,31 @@ protected:
     // The number behind white space. 0 and fail if there is none; eof if nothing follows. Its point is `.`.
 
     System::Int64 ReadInt64();
-    /// A number with a sign fails, and one above 2^63-1.
+    /// A text that begins with `-` fails, whatever the state was, and a number above 2^63-1.
     System::UInt64 ReadUInt64();
+    double ReadDouble();
+    /// With the range and the precision of the type.
     long double ReadLDouble();
 
     void DoWriteChar(char c);
-    /// Fail if not all bytes can be written.
+    /// Fail if not all bytes can be written. A file gathers small writes, and one that the host doesn't take
+    /// shows later: see `Classes::TFileStream`.
     void DoWrite(const char* bytes, System::Int64 count);
 
 private:
+    struct NumberText;
+
     template <class Operation>
     auto Guarded(Operation operation);
-    bool AtEnd() const;
+    bool AtEnd();
     template <class Find>
     void ReadWhile(Find findEnd, System::AnsiString& text);
+    void TakeNumber(NumberText& number);
     template <class Number, class Convert>
-    Number ReadNumber(Convert convert);
+    Number Converted(const NumberText& number, Convert convert);
+    System::Int64 ToInt64(const NumberText& number);
+    template <class Float>
+    Float ReadFloat();
     template <class Take>
     void ReadBytewise(System::Int64 count, Take take);
 

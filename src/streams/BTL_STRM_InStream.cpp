@@ -120,13 +120,6 @@ CInStream& CInStream::ReadUnsigned(T& value)
     return *this;
 }
 
-template <class T>
-CInStream& CInStream::ReadFloat(T& value)
-{
-    value = static_cast<T>(ReadLDouble());
-    return *this;
-}
-
 CInStream& CInStream::operator>>(char& value)
 {
     DoSkipWhiteSpaces();
@@ -181,25 +174,26 @@ CInStream& CInStream::operator>>(UInt64& value)
 
 CInStream& CInStream::operator>>(float& value)
 {
-    return ReadFloat(value);
+    value = static_cast<float>(ReadDouble());
+    return *this;
 }
 
 CInStream& CInStream::operator>>(double& value)
 {
-    return ReadFloat(value);
+    value = ReadDouble();
+    return *this;
 }
 
 CInStream& CInStream::operator>>(long double& value)
 {
-    return ReadFloat(value);
+    value = ReadLDouble();
+    return *this;
 }
 
 CInStream& CInStream::operator>>(void*& value)
 {
-    int number = 0;
-    *this >> number;
     // NOLINTNEXTLINE(performance-no-int-to-ptr): a pointer is read as the number it was written as.
-    value = reinterpret_cast<void*>(static_cast<std::intptr_t>(number));
+    value = reinterpret_cast<void*>(static_cast<std::intptr_t>(ReadInt64()));
     return *this;
 }
 

@@ -54,7 +54,7 @@ public:
     CInStream& operator>>(float& value);
     CInStream& operator>>(double& value);
     CInStream& operator>>(long double& value);
-    /// Reads an `int`.
+    /// Reads a signed integer as wide as a pointer, so that what `COutStream` wrote comes back.
     CInStream& operator>>(void*& value);
     /// The bytes up to the next white space.
     CInStream& operator>>(System::AnsiString& value);
@@ -65,8 +65,6 @@ private:
     CInStream& ReadSigned(T& value);
     template <class T>
     CInStream& ReadUnsigned(T& value);
-    template <class T>
-    CInStream& ReadFloat(T& value);
 };
 
 } // namespace BTL

@@ -139,12 +139,6 @@ auto AppendTo(S& text)
     return [&text](std::string_view bytes) { text.Append(bytes); };
 }
 
-/// The bytes left behind the position; negative if the stream can't tell.
-inline System::Int64 BytesLeft(const Classes::TStream& stream)
-{
-    return stream.getSize() - stream.getPosition();
-}
-
 /// Reads up to `count` bytes. Takes no more memory than a few times what the stream holds, whatever the
 /// count.
 template <class S = System::AnsiString>
@@ -156,11 +150,11 @@ S ReadUpTo(Classes::TStream& stream, System::Int64 count)
     while (done < count) {
         // A stream that gives little at a time fills what there is before more is taken.
         if (done == text.Length()) {
-            const System::Int64 length = done + std::min(count - done, std::max(done, FirstPiece));
-            if (length > INT_MAX) {
+            if (done == INT_MAX) {
                 System::ThrowStringMemory();
             }
-            text.SetLength(static_cast<int>(length));
+            const System::Int64 length = done + std::min(count - done, std::max(done, FirstPiece));
+            text.SetLength(static_cast<int>(std::min(length, System::Int64{INT_MAX})));
         }
         const System::Int64 read = stream.Read(text.UniqueData() + done, text.Length() - done);
         if (read <= 0) {

@@ -2,6 +2,7 @@
 #include "streams/BTL_STRM_StdIOStreambuf.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
+#include "platform/runtime/Classes_PositionInternal.h"
 
 #include <algorithm>
 #include <cstring>
@@ -17,24 +18,27 @@ namespace
 
 constexpr const char* Source = "BTL_STRM_StdIOStreambuf";
 
-TStream* Checked(TStream* stream)
+/// What takes the place of a null stream.
+std::shared_ptr<TStream> EmptyFor(const TStream* stream)
 {
     if (stream != nullptr) {
-        return stream;
+        return nullptr;
     }
     UTL::THROW_XAssert("", Source, 48);
-    static Classes::TMemoryStream empty;
-    return &empty;
+    return std::make_shared<Classes::TMemoryStream>();
 }
 
 } // namespace
 
 // AStdStreambuf
 
-AStdStreambuf::AStdStreambuf(TStream* stream) : mStream(Checked(stream)) {}
+AStdStreambuf::AStdStreambuf(TStream* stream)
+    : mEmpty(EmptyFor(stream)), mStream(mEmpty ? mEmpty.get() : stream)
+{
+}
 
 AStdStreambuf::AStdStreambuf(const AStdStreambuf& other)
-    : std::basic_streambuf<char>(), mStream(other.mStream)
+    : std::basic_streambuf<char>(), mEmpty(other.mEmpty), mStream(other.mStream)
 {
 }
 
@@ -70,11 +74,16 @@ AStdStreambuf::pos_type AStdStreambuf::GetPosition() const
 AStdStreambuf::pos_type AStdStreambuf::seekoff(off_type offset, std::ios_base::seekdir direction,
                                                std::ios_base::openmode /*mode*/)
 {
+    Int64 base = 0;
     if (direction == std::ios_base::cur) {
-        const pos_type position = GetPosition();
-        return offset == 0 ? position : SetPosition(position + offset);
+        base = GetPosition();
+        if (offset == 0) {
+            return base;
+        }
+    } else if (direction == std::ios_base::end) {
+        base = mStream->getSize();
     }
-    return SetPosition(direction == std::ios_base::end ? mStream->getSize() + offset : offset);
+    return SetPosition(Classes::AddClamped(base, offset));
 }
 
 AStdStreambuf::pos_type AStdStreambuf::seekpos(pos_type position, std::ios_base::openmode /*mode*/)
@@ -102,6 +111,14 @@ std::streamsize CStdOutStreambuf::xsputn(const char* bytes, std::streamsize coun
     return count;
 }
 
+int CStdOutStreambuf::sync()
+{
+    if (const auto* const file = dynamic_cast<const Classes::THandleStream*>(getStream())) {
+        file->Flush();
+    }
+    return 0;
+}
+
 // CStdInStreambuf
 
 CStdInStreambuf::CStdInStreambuf(const CStdInStreambuf& other) : AStdStreambuf(other) {}
@@ -116,12 +133,17 @@ CStdInStreambuf::~CStdInStreambuf() = default;
 
 CStdInStreambuf::pos_type CStdInStreambuf::SetPosition(pos_type position)
 {
-    const off_type distance = position - GetPosition();
-    if (distance == 0) {
+    const off_type target = position;
+    const off_type current = GetPosition();
+    if (target == current) {
         return position;
     }
-    if (gptr() != nullptr && distance >= eback() - gptr() && distance <= egptr() - gptr()) {
-        setg(eback(), gptr() + distance, egptr());
+    if (gptr() != nullptr && target >= current - (gptr() - eback()) &&
+        target <= current + (egptr() - gptr())) {
+        setg(eback(), gptr() + (target - current), egptr());
+        if (GetPosition() != position) {
+            UTL::THROW_XAssert("", Source, 268);
+        }
         return position;
     }
     setg(nullptr, nullptr, nullptr);
@@ -174,9 +196,8 @@ std::streamsize CStdInStreambuf::xsgetn(char* bytes, std::streamsize count)
             break;
         }
         done += read;
-    }
-    if (done > buffered) {
-        // What can be put back are the bytes just read, not those of the buffer.
+        // What can be put back are the bytes just read, not those of the buffer, even if the next read
+        // raises.
         SetBuffer({bytes, static_cast<std::size_t>(done)}, 0);
     }
     return done;

@@ -4,6 +4,7 @@
 #include "platform/runtime/Classes_Stream.h"
 
 #include <array>
+#include <memory>
 #include <streambuf>
 
 namespace BTL
@@ -39,10 +40,13 @@ protected:
 
 private:
     int mReferences = 0;
+    std::shared_ptr<Classes::TStream> mEmpty;
     Classes::TStream* mStream;
 };
 
-/// Writes each piece at once; `Classes::EWriteError` if that can't be done.
+/// Hands each piece to the stream at once; `Classes::EWriteError` if that can't be done. A file gathers small
+/// pieces, and `sync` hands them to the host: `std::flush` makes them visible to other programs, or sets bad
+/// if the host doesn't take them.
 class TRS8_BTL_API CStdOutStreambuf : public AStdStreambuf
 {
 public:
@@ -52,6 +56,7 @@ public:
 protected:
     int_type overflow(int_type c) override;
     std::streamsize xsputn(const char* bytes, std::streamsize count) override;
+    int sync() override;
 };
 
 /// Reads 256 bytes at a time. At least the last 4 bytes read can be put back.
@@ -63,7 +68,8 @@ public:
     CStdInStreambuf& operator=(const CStdInStreambuf& other);
     ~CStdInStreambuf() override;
 
-    /// A target within the buffer leaves the stream alone.
+    /// A target within the buffer leaves the stream alone. A position that then contradicts the stream's is
+    /// an internal fault.
     pos_type SetPosition(pos_type position) override;
     pos_type GetPosition() const override;
 

@@ -3,7 +3,9 @@
 
 #include "platform/host/Host_FileBuffer.h"
 #include "platform/host/Host_Path.h"
+#include "platform/runtime/Sysutils_File.h"
 #include "platform/runtime/Sysutils_Number.h"
+#include "streams/BTL_STRM_DataFileInternal.h"
 
 #include <algorithm>
 #include <array>
@@ -101,9 +103,13 @@ std::streamoff LineStart(StdInStream& stream, std::streamoff position)
     return 0;
 }
 
-/// The path for a standard stream, to which the host shows all that was written.
+/// The path for a standard stream, to which the host shows all that was written. Empty, which opens nothing,
+/// for a folder: the host would open it, and fail to read.
 std::string PathToRead(const UnicodeString& path)
 {
+    if (Sysutils::DirectoryExists(path)) {
+        return {};
+    }
     std::string hostPath = Sysutils::HostPath(path);
     Host::FlushBuffersOf(hostPath.c_str());
     return hostPath;
@@ -161,8 +167,11 @@ Int64 GetSize(StdInStream& stream)
 
 AnsiString GetCurrStrLine(StdInStream& stream)
 {
+    // A stream that met its end has a position nevertheless.
+    stream.clear();
     const std::streamoff position = stream.tellg();
     if (position < 0) {
+        stream.setstate(std::ios_base::failbit);
         return {};
     }
     stream.seekg(LineStart(stream, position));
@@ -242,117 +251,18 @@ StdInStream& operator>>(StdInStream& stream, AnsiString& text)
 
 // CStdFileInStreamEx
 
+template class GDataFile<std::ifstream>;
+
 CStdFileInStreamEx::CStdFileInStreamEx(const UnicodeString& path)
-    : std::ifstream(PathToRead(path), std::ios_base::in | std::ios_base::binary), mFileName(path)
+    : GDataFile(path, PathToRead(path), std::ios_base::in | std::ios_base::binary)
 {
 }
 
 CStdFileInStreamEx::~CStdFileInStreamEx() = default;
 
-void CStdFileInStreamEx::SkipLine()
-{
-    BTL::SkipLine(*this);
-}
-
-void CStdFileInStreamEx::SkipUntil(char c)
-{
-    BTL::SkipUntil(*this, c);
-}
-
-void CStdFileInStreamEx::SkipBytes(int count)
-{
-    BTL::SkipBytes(*this, count);
-}
-
-void CStdFileInStreamEx::SkipWhitespaces()
-{
-    BTL::SkipWhitespaces(*this);
-}
-
-char CStdFileInStreamEx::ReadTypeChar()
-{
-    char c = '\0';
-    get(c);
-    get();
-    return c;
-}
-
-char CStdFileInStreamEx::ReadOpChar()
-{
-    return ReadTypeChar();
-}
-
-bool CStdFileInStreamEx::ReadTypeCharEx(char& c, char marker)
-{
-    c = '\0';
-    const bool marked = get(c) && c == marker;
-    if (marked) {
-        c = '\0';
-        get(c);
-    }
-    get();
-    return marked;
-}
-
-int CStdFileInStreamEx::ReadInteger()
-{
-    return BTL::ReadInteger(*this);
-}
-
-int CStdFileInStreamEx::ReadIntegerDef(int defaultValue)
-{
-    return BTL::ReadIntegerDef(*this, defaultValue);
-}
-
-int CStdFileInStreamEx::ReadIntegerUnget(int defaultValue)
-{
-    return BTL::ReadIntegerUnget(*this, defaultValue);
-}
-
-Int64 CStdFileInStreamEx::ReadInt64()
-{
-    return BTL::ReadInt64(*this);
-}
-
-Int64 CStdFileInStreamEx::ReadInt64Unget(Int64 defaultValue)
-{
-    return BTL::ReadInt64Unget(*this, defaultValue);
-}
-
-int CStdFileInStreamEx::ReadInteger(char delimiter)
-{
-    return Sysutils::StrToInt(ReadUntil(delimiter));
-}
-
-Int64 CStdFileInStreamEx::ReadInt64(char delimiter)
-{
-    return Sysutils::StrToInt64(ReadUntil(delimiter));
-}
-
-AnsiString CStdFileInStreamEx::ReadString()
-{
-    AnsiString text;
-    BTL::operator>>(*this, text);
-    return text;
-}
-
-AnsiString CStdFileInStreamEx::ReadUntil(char delimiter)
-{
-    return ReadStringUntil(*this, delimiter);
-}
-
-AnsiString CStdFileInStreamEx::ReadUntil(const AnsiString& delimiters)
-{
-    return ReadStringUntil(*this, delimiters);
-}
-
-AnsiString CStdFileInStreamEx::ReadBytes(int count)
-{
-    return BTL::ReadBytes(*this, count);
-}
-
 int CStdFileInStreamEx::getCurrLine()
 {
+    clear();
     const std::streampos position = tellg();
     const int lines = CountLines(*this, static_cast<int>(std::clamp<std::streamoff>(position, 0, INT_MAX)));
     clear();
@@ -368,11 +278,6 @@ Int64 CStdFileInStreamEx::getPosition()
 Int64 CStdFileInStreamEx::getSize()
 {
     return GetSize(*this);
-}
-
-AnsiString CStdFileInStreamEx::getCurrStrLine()
-{
-    return GetCurrStrLine(*this);
 }
 
 // CStdFileOutStreamEx

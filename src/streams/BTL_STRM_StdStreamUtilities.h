@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/runtime/System_String.h"
+#include "streams/BTL_STRM_DataFile.h"
 
 #include <fstream>
 #include <istream>
@@ -54,51 +54,20 @@ TRS8_BTL_API System::Int64 ReadInt64Unget(StdInStream& stream, System::Int64 def
 /// Reads a word of up to 511 bytes; the rest of a longer one stays in the stream.
 TRS8_BTL_API StdInStream& operator>>(StdInStream& stream, System::AnsiString& text);
 
-/// Reads a simple data file. What isn't told here is as the function of that name above.
-class TRS8_BTL_API CStdFileInStreamEx : public std::ifstream
+extern template class GDataFile<std::ifstream>;
+
+/// Reads a simple data file.
+class TRS8_BTL_API CStdFileInStreamEx : public GDataFile<std::ifstream>
 {
 public:
     /// A file that can't be opened sets fail.
     explicit CStdFileInStreamEx(const System::UnicodeString& path);
     ~CStdFileInStreamEx() override;
 
-    const System::UnicodeString& getFileName() const noexcept { return mFileName; }
-
-    void SkipLine();
-    void SkipUntil(char c);
-    void SkipBytes(int count);
-    void SkipWhitespaces();
-
-    // Fields of one character: the one behind it is read too. The character is 0 if there is none.
-
-    char ReadTypeChar();
-    char ReadOpChar();
-    /// A field that `marker` may stand in front of; the result tells whether it did.
-    bool ReadTypeCharEx(char& c, char marker);
-
-    int ReadInteger();
-    int ReadIntegerDef(int defaultValue);
-    int ReadIntegerUnget(int defaultValue);
-    System::Int64 ReadInt64();
-    System::Int64 ReadInt64Unget(System::Int64 defaultValue);
-    /// All up to the delimiter must be a number, else `Sysutils::EConvertError`.
-    int ReadInteger(char delimiter);
-    System::Int64 ReadInt64(char delimiter);
-
-    /// As `operator>>`.
-    System::AnsiString ReadString();
-    System::AnsiString ReadUntil(char delimiter);
-    System::AnsiString ReadUntil(const System::AnsiString& delimiters);
-    System::AnsiString ReadBytes(int count);
-
     /// The count of line feeds in front of the position, which stays.
     int getCurrLine();
     System::Int64 getPosition();
     System::Int64 getSize();
-    System::AnsiString getCurrStrLine();
-
-private:
-    System::UnicodeString mFileName;
 };
 
 /// Writes a file, emptied if it exists. Raises `std::ios_base::failure` when it goes bad; a file that can't

@@ -260,6 +260,9 @@ AnsiString MStream::ReadAll()
         System::ThrowStringMemory();
     }
     mStream->setPosition(0);
+    if (size < 0) {
+        return Detail::ReadUpTo(*mStream, INT64_MAX);
+    }
     return ReadExactly(*mStream, static_cast<int>(size));
 }
 

@@ -45,9 +45,9 @@ TRS8_BTL_API Classes::TFileStream* CreateFileStream(const System::UnicodeString&
                                                     EFileShareMode share);
 
 /// Looks for `text` from `start` on, from the position on if that is negative. The result is the place of its
-/// first byte, with the position behind the match; -1, with the position at the end, if there is none. An
-/// empty text is nowhere and leaves the position at the start. A null stream is an internal fault, and has
-/// nothing if the user lets that pass.
+/// first byte, with the position behind the match. If there is none it is -1, and the position is at the end,
+/// or at a `start` behind that. An empty text is nowhere and leaves the position at the start. A null stream
+/// is an internal fault, and has nothing if the user lets that pass.
 TRS8_BTL_API System::Int64 Search(const System::AnsiString& text, Classes::TStream* stream, int start);
 
 /// Reads and writes binary values and lines on a stream that somebody else owns, at its position. Numbers are
@@ -89,7 +89,7 @@ public:
     int Write(const System::AnsiString& bytes);
     int Write(const char* bytes, int count);
 
-    /// The whole stream from its beginning on.
+    /// The whole stream from its beginning on; of one that can't tell its size, as a pipe, what is left.
     System::AnsiString ReadAll();
     /// Makes `text` the whole stream.
     void WriteAll(const System::AnsiString& text);
@@ -106,8 +106,8 @@ public:
     void WriteLine(const System::AnsiString& text);
     void WriteEOL();
 
-    /// The next word, with the place of its first byte; the byte behind it is read too. Letters begin a word,
-    /// letters and digits continue it. Empty if there is none; `position` then stays, but is the size if
+    /// The next word, with the place of its first byte; the byte behind it is read too. Letters and `_` begin
+    /// a word, digits continue it as well. Empty if there is none; `position` then stays, but is the size if
     /// nothing was left to read.
     System::AnsiString ReadWord(int& position);
     /// The same by two tables of 256 bytes, 1 for each character that begins or continues a word. With
@@ -188,14 +188,24 @@ public:
 };
 
 /// Streams that the list owns.
-class TRS8_BTL_API CStreams : public UTL::GSimpleVector<Classes::TStream*>
+class TRS8_BTL_API CStreams : private UTL::GSimpleVector<Classes::TStream*>
 {
+    using Base = UTL::GSimpleVector<Classes::TStream*>;
+
 public:
+    using Base::begin;
+    using Base::empty;
+    using Base::end;
+    using Base::size;
+
     CStreams() = default;
     CStreams(const CStreams&) = delete;
     CStreams& operator=(const CStreams&) = delete;
     ~CStreams();
 
+    Classes::TStream* operator[](unsigned index) const { return Base::operator[](index); }
+
+    /// Null takes a place too.
     void Add(Classes::TStream* stream);
     /// Deletes the streams.
     void Clear();

@@ -3,6 +3,7 @@
 
 #include "foundation/UTL_ASRT_Assert.h"
 #include "platform/runtime/Character.h"
+#include "platform/runtime/Classes_PositionInternal.h"
 #include "platform/runtime/Sysutils_Number.h"
 #include "streams/BTL_STRM_ScanInternal.h"
 
@@ -186,8 +187,10 @@ void SkipUntil(TStream* stream, char c)
 void SkipBytes(TStream* stream, int count)
 {
     CheckedStream checked(stream, 103);
-    const Int64 target = checked->getPosition() + count;
-    checked->setPosition(std::max(std::min(target, checked->getSize() - 1), Int64{0}));
+    const Int64 position = checked->getPosition();
+    const Int64 last = checked->getSize() - 1;
+    const Int64 target = std::max(std::min(Classes::AddClamped(position, count), last), Int64{0});
+    checked->Seek(target - position, Classes::soCurrent);
 }
 
 void SkipWhitespaces(TStream* stream)
@@ -297,10 +300,9 @@ void SaveStringToStream(TStream* stream, const AnsiString& text)
 AnsiString LoadStringFromStream(TStream* stream)
 {
     CheckedStream checked(stream, 215);
-    const Int64 left = Detail::BytesLeft(*checked);
-    // A pipe can't tell how much it has.
-    AnsiString text = Detail::ReadUpTo(*checked, left < 0 ? INT_MAX : left);
-    return text;
+    const Int64 left = checked->getSize() - checked->getPosition();
+    // The size of a pipe, or of a file that the host makes up while it is read, tells nothing.
+    return Detail::ReadUpTo(*checked, left > 0 ? left : INT64_MAX);
 }
 
 void SaveStringToFile(const UnicodeString& path, const AnsiString& text)
@@ -308,7 +310,7 @@ void SaveStringToFile(const UnicodeString& path, const AnsiString& text)
     Classes::TFileStream stream(path, Classes::fmCreate);
     SaveStringToStream(&stream, text);
     // A failure shall be told, which the destructor couldn't.
-    stream.getHandle();
+    stream.Flush();
 }
 
 AnsiString LoadStringFromFile(const UnicodeString& path)

@@ -66,9 +66,10 @@ TRS8_BTL_API System::Int64 ReadInt64Def(Classes::TStream* stream, System::Int64 
 TRS8_BTL_API System::Int64 ReadInt64Unget(Classes::TStream* stream, System::Int64 defaultValue);
 
 TRS8_BTL_API void SaveStringToStream(Classes::TStream* stream, const System::AnsiString& text);
-/// All from the position on.
+/// All from the position on, up to 2 GB; `Sysutils::EOutOfMemory` if there is more.
 TRS8_BTL_API System::AnsiString LoadStringFromStream(Classes::TStream* stream);
-/// Makes `text` the whole file. `Classes::EFCreateError` if it can't be made.
+/// Makes `text` the whole file. `Classes::EFCreateError` if it can't be made, `Classes::EWriteError` if the
+/// host doesn't take all of it.
 TRS8_BTL_API void SaveStringToFile(const System::UnicodeString& path, const System::AnsiString& text);
 /// `Classes::EFOpenError` if the file can't be opened.
 TRS8_BTL_API System::AnsiString LoadStringFromFile(const System::UnicodeString& path);

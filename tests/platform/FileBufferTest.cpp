@@ -181,6 +181,43 @@ TEST_F(FileBufferTest, OthersSeeWhatIsGathered)
     EXPECT_EQ(OnTheHost(mFile.string() + "2"), "oNE/TWO three++++");
 }
 
+TEST_F(FileBufferTest, WhatOthersWroteShowsBehindASeek)
+{
+    const auto writeElsewhere = [&](std::string_view text) {
+        std::ofstream(mFile, std::ios::binary) << text;
+    };
+    writeElsewhere("old content");
+    TFileStream stream(mPath, fmOpenRead | fmShareDenyNone);
+    EXPECT_EQ(ReadSome(stream, 3), "old");
+    writeElsewhere("new CONTENT");
+    stream.setPosition(0);
+    EXPECT_EQ(ReadSome(stream, 11), "new CONTENT");
+    writeElsewhere("abc");
+    stream.Seek(-3, soEnd);
+    EXPECT_EQ(ReadSome(stream, 9), "abc");
+    writeElsewhere("");
+    stream.setPosition(0);
+    EXPECT_EQ(ReadSome(stream, 9), "");
+    writeElsewhere("longer");
+    EXPECT_EQ(ReadSome(stream, 9), "longer") << "nothing was read ahead there";
+}
+
+TEST_F(FileBufferTest, AFlushHandsOverWhatIsGathered)
+{
+    TFileStream stream(mPath, fmCreate);
+    WriteText(stream, "abc");
+    stream.Flush();
+    EXPECT_EQ(OnTheHost(mFile), "abc");
+    WriteText(stream, "d");
+    EXPECT_EQ(OnTheHost(mFile), "abc") << "it is gathered again";
+    stream.Flush();
+    stream.Flush();
+    EXPECT_EQ(OnTheHost(mFile), "abcd");
+    THandleStream unbuffered(stream.getHandle());
+    EXPECT_NO_THROW(unbuffered.Flush());
+    EXPECT_EQ(unbuffered.getPosition(), 4);
+}
+
 TEST_F(FileBufferTest, WritersKeepTheOrderOfTheirWrites)
 {
     TFileStream first(mPath, fmCreate | fmShareDenyNone);
@@ -273,6 +310,12 @@ TEST_F(FileBufferTest, DISABLED_ChildThatFillsTheDisk)
         } catch (const EWriteError&) {
             told += "write ";
         }
+        WriteText(stream, "z");
+        try {
+            stream.Flush();
+        } catch (const EWriteError&) {
+            told += "flush ";
+        }
         EXPECT_NO_THROW(stream.Write("z", 1));
         SetLastError(0);
     }
@@ -282,7 +325,7 @@ TEST_F(FileBufferTest, DISABLED_ChildThatFillsTheDisk)
 
 TEST_F(FileBufferTest, LostWritesAreTold)
 {
-    EXPECT_EQ(Support::RunChildTest("FileBufferTest.DISABLED_ChildThatFillsTheDisk"), "size write end");
+    EXPECT_EQ(Support::RunChildTest("FileBufferTest.DISABLED_ChildThatFillsTheDisk"), "size write flush end");
 }
 
 TEST(FileBufferEndTest, DISABLED_ChildThatEnds)

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 using namespace Classes;
 using System::AnsiString;
 using System::Byte;
@@ -151,6 +153,29 @@ TEST(StreamTest, CopiesAllOrAPart)
     EXPECT_EQ(target.getPosition(), 0);
     target.LoadFromStream(&target);
     EXPECT_EQ(target.getSize(), 200'000);
+}
+
+TEST(StreamTest, CopiesAPipeToItsEnd)
+{
+    const auto pipeWith = [](std::string_view text) {
+        std::array<int, 2> ends{};
+        EXPECT_EQ(pipe(ends.data()), 0);
+        EXPECT_EQ(write(ends[1], text.data(), text.size()), static_cast<ssize_t>(text.size()));
+        close(ends[1]);
+        return ends[0];
+    };
+    const int first = pipeWith("abc");
+    const int second = pipeWith("defg");
+    THandleStream source(first);
+    TMemoryStream target;
+    EXPECT_EQ(target.CopyFrom(&source, 0), 3);
+    EXPECT_EQ(Content(target), "abc");
+    THandleStream other(second);
+    target.LoadFromStream(&other);
+    EXPECT_EQ(Content(target), "defg");
+    EXPECT_EQ(target.getPosition(), 0);
+    close(first);
+    close(second);
 }
 
 TEST(StreamTest, StringStreamsHoldTextInAnEncoding)

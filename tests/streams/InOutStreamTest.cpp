@@ -12,6 +12,7 @@
 
 #include <climits>
 #include <limits>
+#include <span>
 
 #include <gtest/gtest.h>
 
@@ -67,9 +68,80 @@ TEST(InStreamTest, ReadsNumbers)
     EXPECT_EQ(ReadOne<long double>("1e2"), "100 e3");
     EXPECT_EQ(ReadOne<double>((std::string(200, '0') + "7 ").c_str()), "7 201");
     EXPECT_EQ(ReadOne<char>("  x"), "x 3");
-    void* address = nullptr;
-    CInStream("17 ") >> address;
-    EXPECT_EQ(address, reinterpret_cast<void*>(17));
+}
+
+TEST(InStreamTest, PointersComeBack)
+{
+    const int target = 0;
+    for (const void* const written : {static_cast<const void*>(&target), static_cast<const void*>(nullptr)}) {
+        COutStream out;
+        out << written;
+        void* read = &out;
+        CInStream(out.str(0)) >> read;
+        EXPECT_EQ(read, written);
+    }
+}
+
+TEST(InStreamTest, LongDoublesHaveTheirOwnRangeAndPrecision)
+{
+    const struct
+    {
+        const char* text;
+        long double value;
+        const char* state;
+    } cases[] = {
+        {"0.1 ", 0.1L, "3"},     {"-123456789.0123456789 ", -123456789.0123456789L, "21"},
+        {"1e400 ", 1e400L, "5"}, {"+3.5e-4000 ", 3.5e-4000L, "10"},
+        {"1e-5000 ", 0, "7"},    {"1e5000 ", 0, "f6"},
+        {"1-1 ", 0, "f3"},       {"inf ", 0, "f0"},
+    };
+    for (const auto& [text, value, state] : cases) {
+        CInStream stream{AnsiString(text)};
+        long double read = 1;
+        stream >> read;
+        EXPECT_EQ(read, value) << text;
+        EXPECT_EQ(StateOf(stream), state) << text;
+    }
+    EXPECT_EQ(ReadOne<long double>("1E400"), "1E400 e5");
+    EXPECT_EQ(ReadOne<double>("1e400 "), "0 f5");
+}
+
+TEST(InStreamTest, ASignFailsWhateverTheStateWas)
+{
+    CInStream stream("-1");
+    int before = 0;
+    stream >> before;
+    EXPECT_EQ(StateOf(stream), "e2");
+    stream.seekg(0);
+    unsigned value = 1;
+    stream >> value;
+    EXPECT_EQ(value, 0U);
+    EXPECT_EQ(StateOf(stream), "ef2");
+}
+
+/// Opens what the library has no use for itself.
+class UntilStream : public CInStream
+{
+public:
+    using CInStream::CInStream;
+    std::string ReadUntil(Int64 count, bool stopAtLineFeed)
+    {
+        std::string buffer(8, '~');
+        DoReadUntil(buffer.data(), count, ';', stopAtLineFeed);
+        return buffer.substr(0, static_cast<std::size_t>(gcount()) + 1) + " " + StateOf(*this);
+    }
+};
+
+TEST(InStreamTest, ReadsUntilADelimiterOrALineFeed)
+{
+    UntilStream stream("ab;c\nde\nf", 9);
+    EXPECT_EQ(stream.ReadUntil(7, true), "ab~ 3");
+    EXPECT_EQ(stream.ReadUntil(7, true), "c\n~ 5");
+    EXPECT_EQ(stream.ReadUntil(1, true), "d~ 6");
+    EXPECT_EQ(stream.ReadUntil(0, true), "~ 6");
+    EXPECT_EQ(stream.ReadUntil(7, false), "e\nf~ e9");
+    stream.seekg(0);
+    EXPECT_EQ(stream.ReadUntil(7, true), "~ e0") << "only while the state is good";
 }
 
 TEST(InStreamTest, ReadsInARow)
@@ -199,6 +271,14 @@ public:
     }
 };
 
+/// Raises at the question whether it is at its end.
+class SizelessStream : public Classes::TMemoryStream
+{
+public:
+    ~SizelessStream() override = default;
+    Int64 getSize() const override { throw Classes::EStreamError(u"no size"); }
+};
+
 TEST(InStreamTest, ExceptionsOfTheStreamSetBad)
 {
     const auto reads = {+[](CInStream& stream) { stream.get(); },
@@ -225,6 +305,13 @@ TEST(InStreamTest, ExceptionsOfTheStreamSetBad)
         stream.seekg(3);
         EXPECT_THROW(read(stream), Classes::EReadError);
         EXPECT_EQ(StateOf(stream), "b3");
+    }
+    // A single character needs no size.
+    for (const auto& read : std::span(reads.begin(), reads.end()).subspan(1)) {
+        SizelessStream sizeless;
+        CInStream stream(&sizeless, BTL::ssKeep);
+        EXPECT_THROW(read(stream), Classes::EStreamError);
+        EXPECT_TRUE(stream.bad());
     }
     BrokenStream broken;
     COutStream stream(&broken, BTL::ssKeep);
@@ -371,6 +458,7 @@ TEST(StreamListsTest, SurplusReleasesAreInternalFaults)
         FAIL();
     } catch (const UTL::XAssert& fault) {
         EXPECT_EQ(fault.getExpression(), u"Unexpected AStream release.");
+        EXPECT_EQ(fault.getFile(), "BTL_STRM_AStream.cpp");
         EXPECT_EQ(fault.getLine(), 140);
     }
     EXPECT_THROW(CInStream(nullptr, BTL::ssKeep), UTL::XAssert);

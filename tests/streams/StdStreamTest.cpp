@@ -4,13 +4,17 @@
 #include "streams/BTL_STRM_StdIOStream.h"
 #include "streams/BTL_STRM_StdStreamUtilities.h"
 #include "streams/BTL_STRM_StreamUtilities.h"
+#include "support/ChildProgram.h"
 #include "support/ScriptedBoxes.h"
 #include "support/TempFolder.h"
 
 #include <climits>
+#include <csignal>
 #include <sstream>
 
 #include <gtest/gtest.h>
+
+#include <sys/resource.h>
 
 using BTL::CStdInStream;
 using BTL::CStdOutStream;
@@ -135,27 +139,121 @@ TEST(StdInStreamTest, StartsWhereItIsToldTo)
     }
 }
 
+TEST(StdInStreamTest, ExtremeTargetsStayWithinTheNumbers)
+{
+    const Support::TempFolder folder;
+    const UnicodeString path = System::FromUtf8((folder.Path() / "file").string());
+    BTL::SaveStringToFile(path, "0123456789");
+    Classes::TFileStream file(path, Classes::fmOpenRead);
+    CountingStream memory(10);
+    for (Classes::TStream* const bytes :
+         {static_cast<Classes::TStream*>(&file), static_cast<Classes::TStream*>(&memory)}) {
+        for (const auto direction : {std::ios_base::beg, std::ios_base::cur, std::ios_base::end}) {
+            for (const Int64 offset : {INT64_MAX, INT64_MIN, INT64_MIN + 1}) {
+                CStdInStream stream(bytes, BTL::ssKeep);
+                // In the middle of the buffer.
+                stream.seekg(1).get();
+                stream.seekg(offset, direction);
+                EXPECT_EQ(stream.tellg(), bytes->getPosition());
+                EXPECT_GE(stream.tellg(), 0) << offset;
+                stream.clear();
+                stream.seekg(3);
+                EXPECT_EQ(stream.get(), bytes == &file ? '3' : At(3));
+            }
+        }
+    }
+}
+
+/// Gives up to 100 bytes with each read, and raises from byte 300 on.
+class BrokenStream : public CountingStream
+{
+public:
+    BrokenStream() : CountingStream(600) {}
+    ~BrokenStream() override = default;
+    Int64 Read(void* buffer, Int64 count) override
+    {
+        if (getPosition() >= 300) {
+            throw Classes::EReadError(u"broken");
+        }
+        return CountingStream::Read(buffer, std::min<Int64>(count, 100));
+    }
+};
+
+TEST(StdInStreamTest, AStreamThatRaisesLeavesTheBufferInOrder)
+{
+    std::string bytes(600, ' ');
+    {
+        BrokenStream broken;
+        BTL::CStdInStreambuf buffer(&broken);
+        EXPECT_EQ(buffer.sgetn(bytes.data(), 10), 10);
+        EXPECT_THROW(buffer.sgetn(bytes.data(), 590), Classes::EReadError);
+        EXPECT_EQ(buffer.GetPosition(), 310);
+        EXPECT_EQ(buffer.sungetc(), At(309));
+    }
+    BrokenStream broken;
+    BTL::CStdInStreambuf buffer(&broken);
+    EXPECT_EQ(buffer.sgetc(), At(0));
+    EXPECT_EQ(buffer.sgetn(bytes.data(), 256), 256);
+    // The next filling reads 44 bytes and raises then.
+    EXPECT_THROW(buffer.sgetc(), Classes::EReadError);
+    EXPECT_EQ(buffer.sungetc(), At(255));
+    EXPECT_EQ(buffer.sbumpc(), At(255));
+}
+
+/// The place of the fault that `action` raises.
+template <class Action>
+std::string FaultOf(Action action)
+{
+    try {
+        action();
+    } catch (const UTL::XAssert& fault) {
+        return std::string(fault.getFile().c_str()) + " " + std::to_string(fault.getLine());
+    }
+    return "";
+}
+
 TEST(StdInStreamTest, MisuseIsAnInternalFault)
 {
-    Support::ScriptedBoxes boxes{IDYES, IDYES, IDYES, IDOK};
-    EXPECT_THROW(CStdInStream(nullptr, BTL::ssKeep), UTL::XAssert);
+    Support::ScriptedBoxes boxes{IDYES, IDYES, IDYES};
+    const std::string source = "BTL_STRM_StdIOStreambuf ";
+    EXPECT_EQ(FaultOf([] { CStdInStream(nullptr, BTL::ssKeep); }), source + "48");
     CountingStream bytes(300);
     BTL::CStdInStreambuf buffer(&bytes);
     BTL::CStdInStreambuf other(buffer);
-    EXPECT_THROW(other = buffer, UTL::XAssert);
+    EXPECT_EQ(FaultOf([&] { other = buffer; }), source + "55");
     buffer.Release();
-    EXPECT_THROW(buffer.Release(), UTL::XAssert);
-    EXPECT_EQ(buffer.sgetc(), At(0));
-    bytes.setPosition(0);
-    EXPECT_EQ(buffer.GetPosition(), 0);
-    const auto shown = boxes.TakeShown();
-    EXPECT_EQ(shown.size(), 4U) << "a position that can't be is shown";
+    EXPECT_EQ(FaultOf([&] { buffer.Release(); }), source + "63");
+    EXPECT_EQ(boxes.TakeShown().size(), 3U);
     auto* const counted = new BTL::CStdInStreambuf(&bytes);
     counted->AddRef();
     counted->AddRef();
     counted->Release();
     EXPECT_EQ(counted->getStream(), &bytes);
     counted->Release();
+}
+
+TEST(StdInStreamTest, AStreamMovedBehindItsBackIsAnInternalFault)
+{
+    Support::ScriptedBoxes boxes{IDOK, IDOK, IDOK, IDYES};
+    CountingStream bytes(300);
+    BTL::CStdInStreambuf buffer(&bytes);
+    EXPECT_EQ(buffer.sgetc(), At(0));
+    bytes.setPosition(0);
+    EXPECT_EQ(buffer.GetPosition(), 0);
+    const auto shown = boxes.TakeShown();
+    ASSERT_EQ(shown.size(), 1U);
+    EXPECT_EQ(shown[0].box.text,
+              UTL::XAssert::Msg("Unexpected Stream-Position", "BTL_STRM_StdIOStreambuf", 305));
+    EXPECT_EQ(FaultOf([&] { buffer.SetPosition(3); }), "BTL_STRM_StdIOStreambuf 268");
+}
+
+TEST(StdInStreamTest, EachNullStreamIsAnEmptyOneOfItsOwn)
+{
+    const Support::ScriptedBoxes boxes{IDNO, IDNO};
+    CStdOutStream out(nullptr, BTL::ssKeep);
+    out << "text";
+    CStdInStream in(nullptr, BTL::ssKeep);
+    EXPECT_EQ(in.get(), std::char_traits<char>::eof());
 }
 
 TEST(StdOutStreamTest, WritesAtOnce)
@@ -184,6 +282,42 @@ TEST(StdOutStreamTest, FailedWritesPassThrough)
     CStdOutStream stream(&full, BTL::ssKeep);
     stream << "ab";
     EXPECT_TRUE(stream.bad());
+}
+
+std::string OnTheHost(const std::filesystem::path& file)
+{
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+TEST(StdFileStreamTest, AFlushHandsTheBytesToTheHost)
+{
+    const Support::TempFolder folder;
+    const std::filesystem::path file = folder.Path() / "file";
+    BTL::CStdOutFileStream stream(System::FromUtf8(file.string()), BTL::fomCreate, BTL::fsmDenyNone);
+    stream << "ab" << std::flush;
+    EXPECT_EQ(OnTheHost(file), "ab");
+    stream << "cd" << std::endl;
+    EXPECT_EQ(OnTheHost(file), "abcd\n");
+}
+
+TEST(StdFileStreamTest, DISABLED_ChildThatFillsTheDisk)
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{100, 100};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    const Support::TempFolder folder;
+    BTL::CStdOutFileStream stream(System::FromUtf8((folder.Path() / "file").string()), BTL::fomCreate,
+                                  BTL::fsmDenyNone);
+    stream << std::string(110, 'x');
+    const bool wasGood = stream.good();
+    stream << std::flush;
+    Support::PrintResult(wasGood && stream.bad() ? "told" : "lost");
+}
+
+TEST(StdFileStreamTest, AFlushTellsOfAFullDisk)
+{
+    EXPECT_EQ(Support::RunChildTest("StdFileStreamTest.DISABLED_ChildThatFillsTheDisk"), "told");
 }
 
 TEST(StdFileStreamTest, OwnTheirFiles)
@@ -266,7 +400,12 @@ TEST(StdStreamUtilitiesTest, ReadADataFile)
 {
     const Support::TempFolder folder;
     const UnicodeString path = System::FromUtf8((folder.Path() / "file").string());
-    EXPECT_TRUE(BTL::CStdFileInStreamEx(path).fail());
+    BTL::CStdFileInStreamEx missing(path);
+    EXPECT_TRUE(missing.fail());
+    EXPECT_EQ(missing.getCurrLine(), 0);
+    EXPECT_EQ(missing.getCurrStrLine(), "");
+    EXPECT_TRUE(missing.fail()) << "stays so";
+    EXPECT_TRUE(BTL::CStdFileInStreamEx(System::FromUtf8(folder.Path().string())).fail());
     {
         BTL::CStdFileOutStreamEx out(path);
         out << "head\nT;*N;12;7 text a,b;\n";
@@ -292,6 +431,22 @@ TEST(StdStreamUtilitiesTest, ReadADataFile)
     EXPECT_EQ(file.getPosition(), 27);
     EXPECT_EQ(file.ReadOpChar(), 'd');
     EXPECT_TRUE(file.eof());
+    EXPECT_EQ(file.getCurrLine(), 2);
+    EXPECT_EQ(file.tellg(), 28);
+    EXPECT_EQ(file.get(), std::char_traits<char>::eof());
+    EXPECT_EQ(file.getCurrStrLine(), "end");
+    EXPECT_EQ(file.tellg(), 28);
+}
+
+TEST(StdStreamUtilitiesTest, WhatTheyWriteIsReadAnew)
+{
+    const Support::TempFolder folder;
+    const UnicodeString path = System::FromUtf8((folder.Path() / "file").string());
+    BTL::SaveStringToFile(path, "old content");
+    BTL::CFileStream reader(path);
+    EXPECT_EQ(reader.ReadAll(), "old content");
+    BTL::CStdFileOutStreamEx(path) << "new";
+    EXPECT_EQ(reader.ReadAll(), "new");
 }
 
 TEST(StdStreamUtilitiesTest, AFileThatGoesBadRaises)

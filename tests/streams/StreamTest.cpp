@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 using Classes::TMemoryStream;
 using System::AnsiString;
 using System::Int64;
@@ -386,6 +388,28 @@ TEST(StreamModelTest, FilesOpenInTheirModes)
     EXPECT_EQ(BTL::LoadStringFromFile(path), AnsiString("a\0b", 3));
 }
 
+TEST(StreamModelTest, StreamsWithoutASizeAreReadToTheirEnd)
+{
+    using Classes::TStream;
+    const auto reads = {
+        +[](TStream* stream) { return BTL::LoadStringFromStream(stream); },
+        +[](TStream* stream) { return BTL::MStream(stream).ReadAll(); },
+        +[](TStream* stream) { return BTL::ReadBytes(stream, INT_MAX); },
+        +[](TStream* stream) { return BTL::ReadStringUntil(stream, ';'); },
+    };
+    for (const auto& read : reads) {
+        std::array<int, 2> ends{};
+        ASSERT_EQ(pipe(ends.data()), 0);
+        ASSERT_EQ(write(ends[1], "abc", 3), 3);
+        close(ends[1]);
+        Classes::THandleStream stream(ends[0]);
+        EXPECT_EQ(read(&stream), "abc");
+        close(ends[0]);
+    }
+    // The host makes this file up while it is read, and tells no size.
+    EXPECT_GT(BTL::LoadStringFromFile(u"\\proc\\self\\status").Length(), 10);
+}
+
 TEST(StreamModelTest, StringStreamsAreCopiedAsText)
 {
     BTL::CStringStream utf8(u"ä\u4E2D", Sysutils::TEncoding::getUTF8(), false);
@@ -411,6 +435,8 @@ TEST(StreamModelTest, AListOwnsItsStreams)
         BTL::CStreams streams;
         streams.Add(new Witness(alive));
         streams.Add(nullptr);
+        EXPECT_EQ(streams[1], nullptr);
+        EXPECT_EQ(streams.size(), 2U);
         streams.Clear();
         EXPECT_EQ(alive, 0);
         EXPECT_TRUE(streams.empty());
@@ -421,8 +447,20 @@ TEST(StreamModelTest, AListOwnsItsStreams)
 
 TEST(StreamModelTest, ANullStreamIsAnInternalFault)
 {
-    const Support::ScriptedBoxes boxes{IDYES, IDNO, IDNO, IDNO};
-    EXPECT_THROW(BTL::ReadChar(nullptr), UTL::XAssert);
+    const Support::ScriptedBoxes boxes{IDYES, IDYES, IDNO, IDNO, IDNO};
+    try {
+        BTL::Search("a", nullptr, 0);
+        FAIL();
+    } catch (const UTL::XAssert& fault) {
+        EXPECT_EQ(fault.getFile(), "BTL_STRM_Stream.cpp");
+        EXPECT_EQ(fault.getLine(), 520);
+    }
+    try {
+        BTL::ReadChar(nullptr);
+        FAIL();
+    } catch (const UTL::XAssert& fault) {
+        EXPECT_EQ(fault.getFile(), "BTL_STRM_StreamUtilities.cpp");
+    }
     EXPECT_EQ(BTL::ReadChar(nullptr), '\0');
     EXPECT_EQ(BTL::Search("a", nullptr, 0), -1);
     EXPECT_EQ(BTL::ReadStringUntil(nullptr, "ab"), "");

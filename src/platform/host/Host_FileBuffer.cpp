@@ -297,6 +297,10 @@ Int64 FileBuffer::Seek(Int64 offset, int origin)
         Fail(ERROR_NEGATIVE_SEEK);
         return -1;
     }
+    if (origin != SEEK_CUR) {
+        // Other programs may have written meanwhile. Scanning moves by `SEEK_CUR` and keeps its bytes.
+        mWindowSize = 0;
+    }
     return mPosition = target;
 }
 

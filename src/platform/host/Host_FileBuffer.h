@@ -17,7 +17,8 @@ class FileRecord;
 /// A buffer over an open plain file that it doesn't own, which has a position of its own: bytes are read
 /// ahead, and written ones are gathered. Nobody else may use the handle meanwhile. The buffers over one file
 /// know each other, and the calls of `Host` know them: each sees what the others wrote, as if there were no
-/// buffers.
+/// buffers. What is written past them all, as by other programs, shows behind a seek from the beginning or
+/// the end.
 ///
 /// Belongs to one thread at a time. Gathered bytes may be written by another thread that uses the same file.
 class FileBuffer

@@ -109,13 +109,18 @@ void THandleStream::setSize(Int64 size)
     Seek(size, soBeginning);
 }
 
-NativeInt THandleStream::getHandle() const
+void THandleStream::Flush() const
 {
     if (mBuffer) {
         mBuffer->Flush();
         CheckGathered();
-        mBuffer.reset();
     }
+}
+
+NativeInt THandleStream::getHandle() const
+{
+    Flush();
+    mBuffer.reset();
     return mHandle;
 }
 

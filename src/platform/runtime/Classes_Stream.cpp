@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/Classes_Stream.h"
 
+#include "platform/runtime/Classes_PositionInternal.h"
 #include "platform/runtime/System_ClassBuilder.h"
 
 #include <algorithm>
@@ -52,14 +53,20 @@ void WithMemory(Int64 size, Grow grow)
     }
 }
 
-/// `base + offset`, held within the numbers.
-Int64 AddClamped(Int64 base, Int64 offset)
+/// How much is copied at a time.
+constexpr Int64 ChunkSize = 0x10000;
+
+/// For a source whose size tells nothing: that of a pipe, or of a file that the host makes up while it is
+/// read.
+Int64 CopyToEnd(TStream& source, TStream& target)
 {
-    Int64 sum = 0;
-    if (__builtin_add_overflow(base, offset, &sum)) {
-        return offset < 0 ? 0 : INT64_MAX;
+    std::vector<char> chunk(ChunkSize);
+    Int64 count = 0;
+    while (const Int64 size = std::max(source.Read(chunk.data(), ChunkSize), Int64{0})) {
+        target.WriteBuffer(chunk.data(), size);
+        count += size;
     }
-    return sum;
+    return count;
 }
 
 } // namespace
@@ -125,13 +132,15 @@ void TStream::WriteBuffer(const void* buffer, Int64 count)
 
 Int64 TStream::CopyFrom(TStream* source, Int64 count)
 {
-    constexpr Int64 ChunkSize = 0x10000;
     if (source == nullptr) {
         throw EReadError(u"Stream read error");
     }
     if (count <= 0) {
         source->setPosition(0);
         count = source->getSize();
+    }
+    if (count <= 0) {
+        return CopyToEnd(*source, *this);
     }
     std::vector<char> chunk(static_cast<std::size_t>(std::min(count, ChunkSize)));
     for (Int64 left = count; left > 0;) {
@@ -267,10 +276,15 @@ void TMemoryStream::LoadFromStream(TStream* stream)
         return;
     }
     stream->setPosition(0);
-    const Int64 count = stream->getSize();
+    const Int64 count = std::max(stream->getSize(), Int64{0});
     setSize(count);
     mPosition = 0;
-    stream->ReadBuffer(mBytes.data(), count);
+    if (count > 0) {
+        stream->ReadBuffer(mBytes.data(), count);
+    } else {
+        CopyToEnd(*stream, *this);
+        mPosition = 0;
+    }
 }
 
 void TMemoryStream::LoadFromFile(const UnicodeString& path)

@@ -51,7 +51,8 @@ public:
     /// Writes up to `count` bytes and tells how many; a `count` below 1 writes nothing.
     virtual System::Int64 Write(const void* buffer, System::Int64 count) = 0;
     /// Moves the position and tells the new one. It may lie behind the end; a target in front of the
-    /// beginning leads to the beginning in memory, and is ignored by files.
+    /// beginning leads to the beginning in memory. Files give -1 for it, as for one that the host can't have,
+    /// and stay where they are.
     virtual System::Int64 Seek(System::Int64 offset, TSeekOrigin origin) = 0;
 
     System::Int64 getPosition() const;
@@ -66,7 +67,8 @@ public:
     /// Writes `count` bytes; `EWriteError` if they can't all be written.
     void WriteBuffer(const void* buffer, System::Int64 count);
     /// Copies `count` bytes from the position of `source`, or all of it from its beginning if `count` is
-    /// below 1, and tells how many. `EReadError` if the source has fewer; null has none.
+    /// below 1, and tells how many. `EReadError` if the source has fewer; null has none. A source that can't
+    /// tell its size, as a pipe, is copied up to its end.
     System::Int64 CopyFrom(TStream* source, System::Int64 count);
 
 private:
@@ -195,8 +197,11 @@ public:
     System::Int64 getSize() const override;
     void setSize(System::Int64 size) override;
 
-    /// From here on the stream works without a buffer, at the handle's own position. `EWriteError` if
-    /// gathered bytes can't be written.
+    /// Hands gathered bytes to the host, so that other programs see them. `EWriteError` if it doesn't take
+    /// them.
+    void Flush() const;
+    /// From here on the stream works without a buffer, at the handle's own position. `EWriteError` as from
+    /// `Flush`.
     System::NativeInt getHandle() const;
 
 protected:
@@ -217,10 +222,14 @@ private:
 };
 
 /// A stream over a file that it opens and closes itself. Reads are buffered and small writes gathered, up to
-/// 64 KB, which shows nowhere: all streams and file routines of this process see at once what was written. It
-/// reaches the host when that is more than the buffer holds or goes on elsewhere, when the file is read or
-/// its size asked for, when the handle is given out, and when the stream or the program ends. Other programs
-/// see it only then, and a crash of the program loses what was gathered last.
+/// 64 KB. That shows nowhere among the streams and file routines of this process: each sees at once what the
+/// others wrote.
+///
+/// Others, which are standard streams and other programs, see gathered bytes once the host has them: when
+/// they are more than the buffer holds or go on elsewhere, when the file is read or its size asked for, with
+/// `Flush` and `getHandle`, and when the stream or the program ends. A crash of the program loses what was
+/// gathered last. What others write is seen where nothing was read ahead yet, and everywhere behind a seek
+/// from the beginning or the end.
 ///
 /// If the host refuses gathered bytes, the next operation raises `EWriteError`; the destructor sets the last
 /// error instead.

@@ -627,6 +627,75 @@ const WideChar* ScanDigits(const WideChar* first, const WideChar* last, UInt64& 
     return first;
 }
 
+template <class Float>
+bool ReadFloat(std::u16string_view text, WideChar decimalSeparator, Float& value)
+{
+    const auto isBlank = [](WideChar c) { return c == u' '; };
+    while (!text.empty() && isBlank(text.front())) {
+        text.remove_prefix(1);
+    }
+    while (!text.empty() && isBlank(text.back())) {
+        text.remove_suffix(1);
+    }
+    if (!text.empty() && text.front() == u'+') {
+        text.remove_prefix(1);
+        if (!text.empty() && text.front() == u'-') {
+            return false;
+        }
+    }
+    Float read = 0;
+    if constexpr (std::is_same_v<Float, double>) {
+        const WideChar* const textEnd = text.data() + text.size();
+        if (!text.empty() && ScanShortFloat(text.data(), textEnd, decimalSeparator, read) == textEnd) {
+            value = read;
+            return true;
+        }
+    }
+    // Only a number's own characters are let through, so that no "inf" and no "nan" is read.
+    constexpr std::size_t shortSize = 64;
+    std::array<char, shortSize> shortText;
+    std::string longText;
+    if (text.size() > shortSize) {
+        longText.resize(text.size());
+    }
+    char* const begin = longText.empty() ? shortText.data() : longText.data();
+    char* end = begin;
+    bool hasDigit = false;
+    for (const WideChar c : text) {
+        if (IsDigit(c)) {
+            hasDigit = true;
+            *end++ = static_cast<char>(c);
+        } else if (c == decimalSeparator) {
+            *end++ = '.';
+        } else if (c == u'e' || c == u'E' || c == u'+' || c == u'-') {
+            *end++ = static_cast<char>(c);
+        } else {
+            return false;
+        }
+    }
+    const auto result = std::from_chars(begin, end, read);
+    if (!hasDigit || result.ptr != end) {
+        return false;
+    }
+    if (result.ec == std::errc::result_out_of_range) {
+        // Too small for the type is zero, too large is no number.
+        static const locale_t plainLocale = newlocale(LC_ALL_MASK, "C", nullptr);
+        const std::string number(begin, end);
+        if constexpr (std::is_same_v<Float, double>) {
+            read = strtod_l(number.c_str(), nullptr, plainLocale);
+        } else {
+            read = strtold_l(number.c_str(), nullptr, plainLocale);
+        }
+        if (!(std::abs(read) <= 1)) {
+            return false;
+        }
+    } else if (result.ec != std::errc()) {
+        return false;
+    }
+    value = read;
+    return true;
+}
+
 /// The text of an integer, read as far as it fits.
 template <class Integer>
 struct TReading
@@ -892,7 +961,17 @@ bool TryStrToFloat(const UnicodeString& text, double& value)
     return TryStrToFloat(text, value, FormatSettings);
 }
 
+bool TryStrToFloat(const UnicodeString& text, long double& value)
+{
+    return TryStrToFloat(text, value, FormatSettings);
+}
+
 bool TryStrToFloat(const UnicodeString& text, double& value, const TFormatSettings& settings)
+{
+    return BufferToFloat(text.AsView(), settings.DecimalSeparator, value);
+}
+
+bool TryStrToFloat(const UnicodeString& text, long double& value, const TFormatSettings& settings)
 {
     return BufferToFloat(text.AsView(), settings.DecimalSeparator, value);
 }
@@ -942,63 +1021,12 @@ const WideChar* ScanShortFloat(const WideChar* first, const WideChar* last, Wide
 
 bool BufferToFloat(std::u16string_view text, WideChar decimalSeparator, double& value)
 {
-    const auto isBlank = [](WideChar c) { return c == u' '; };
-    while (!text.empty() && isBlank(text.front())) {
-        text.remove_prefix(1);
-    }
-    while (!text.empty() && isBlank(text.back())) {
-        text.remove_suffix(1);
-    }
-    if (!text.empty() && text.front() == u'+') {
-        text.remove_prefix(1);
-        if (!text.empty() && text.front() == u'-') {
-            return false;
-        }
-    }
-    const WideChar* const textEnd = text.data() + text.size();
-    double read = 0;
-    if (!text.empty() && ScanShortFloat(text.data(), textEnd, decimalSeparator, read) == textEnd) {
-        value = read;
-        return true;
-    }
-    // Only a number's own characters are let through, so that no "inf" and no "nan" is read.
-    constexpr std::size_t shortSize = 64;
-    std::array<char, shortSize> shortText;
-    std::string longText;
-    if (text.size() > shortSize) {
-        longText.resize(text.size());
-    }
-    char* const begin = longText.empty() ? shortText.data() : longText.data();
-    char* end = begin;
-    bool hasDigit = false;
-    for (const WideChar c : text) {
-        if (IsDigit(c)) {
-            hasDigit = true;
-            *end++ = static_cast<char>(c);
-        } else if (c == decimalSeparator) {
-            *end++ = '.';
-        } else if (c == u'e' || c == u'E' || c == u'+' || c == u'-') {
-            *end++ = static_cast<char>(c);
-        } else {
-            return false;
-        }
-    }
-    const auto result = std::from_chars(begin, end, read);
-    if (!hasDigit || result.ptr != end) {
-        return false;
-    }
-    if (result.ec == std::errc::result_out_of_range) {
-        // Too small for the type is zero, too large is no number.
-        static const locale_t plainLocale = newlocale(LC_ALL_MASK, "C", nullptr);
-        read = strtod_l(std::string(begin, end).c_str(), nullptr, plainLocale);
-        if (!(std::abs(read) <= 1)) {
-            return false;
-        }
-    } else if (result.ec != std::errc()) {
-        return false;
-    }
-    value = read;
-    return true;
+    return ReadFloat(text, decimalSeparator, value);
+}
+
+bool BufferToFloat(std::u16string_view text, WideChar decimalSeparator, long double& value)
+{
+    return ReadFloat(text, decimalSeparator, value);
 }
 
 } // namespace Sysutils

@@ -89,7 +89,10 @@ TRS8_BTL_API double StrToFloat(const System::UnicodeString& text);
 TRS8_BTL_API double StrToFloat(const System::UnicodeString& text, const TFormatSettings& settings);
 TRS8_BTL_API double StrToFloatDef(const System::UnicodeString& text, double defaultValue);
 TRS8_BTL_API bool TryStrToFloat(const System::UnicodeString& text, double& value);
+TRS8_BTL_API bool TryStrToFloat(const System::UnicodeString& text, long double& value);
 TRS8_BTL_API bool TryStrToFloat(const System::UnicodeString& text, double& value,
+                                const TFormatSettings& settings);
+TRS8_BTL_API bool TryStrToFloat(const System::UnicodeString& text, long double& value,
                                 const TFormatSettings& settings);
 /// Raises the `EConvertError` of `StrToFloat`.
 [[noreturn]] TRS8_BTL_API void ThrowNoFloat(std::u16string_view text);
@@ -109,5 +112,7 @@ TRS8_BTL_API const System::WideChar* ScanShortFloat(const System::WideChar* firs
                                                     System::WideChar decimalSeparator, double& value);
 /// As `TryStrToFloat`.
 TRS8_BTL_API bool BufferToFloat(std::u16string_view text, System::WideChar decimalSeparator, double& value);
+TRS8_BTL_API bool BufferToFloat(std::u16string_view text, System::WideChar decimalSeparator,
+                                long double& value);
 
 } // namespace Sysutils
