@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "support/Fuzz.h"
 #include "text/BTL_CommandLineParser.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
-#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -12,15 +11,9 @@ namespace
 {
 
 using BTL::CCommandLineParser;
+using Fuzz::Require;
 using System::Int64;
 using System::UnicodeString;
-
-void Require(bool condition)
-{
-    if (!condition) {
-        std::abort();
-    }
-}
 
 void RequireToken(const UnicodeString& token)
 {
@@ -79,9 +72,8 @@ void CheckLine(const UnicodeString& text, bool caseSensitive)
 /// A command line in UTF-8 and in 16-bit units.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
-    std::u16string units(size / 2, u'\0');
-    std::memcpy(units.data(), bytes.data(), units.size() * 2);
+    const std::string_view bytes = Fuzz::Bytes(data, size);
+    const std::u16string units = Fuzz::Units(bytes);
     CheckLine(System::FromUtf8(bytes), false);
     CheckLine(UnicodeString(std::u16string_view(units)), true);
     return 0;

@@ -4,10 +4,10 @@
 #include "streams/BTL_STRM_InStream.h"
 #include "streams/BTL_STRM_StdIOStream.h"
 #include "streams/BTL_STRM_StreamUtilities.h"
+#include "support/Fuzz.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,16 +17,10 @@ namespace
 
 using Classes::TMemoryStream;
 using Classes::TStream;
+using Fuzz::Require;
 using System::AnsiString;
 using System::Int64;
 using System::UnicodeString;
-
-void Require(bool condition)
-{
-    if (!condition) {
-        std::abort();
-    }
-}
 
 /// Gives its bytes only through `Read`, and few at a time.
 class SlowStream : public TMemoryStream
