@@ -12,6 +12,8 @@
 
 #include <climits>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace
 {
@@ -207,6 +209,12 @@ TEST(VariantUtilitiesTest, SumsArrays)
     const Variant none = ForEeachVar_Sum(Variant({0, -1}, System::varVariant));
     EXPECT_EQ(none.Type(), System::varInteger);
     EXPECT_EQ(none, 0);
+    const Variant texts = VarArrayOf({"a", Variant(), u"b"});
+    EXPECT_EQ(ForEeachVar_Sum(texts), u"ab");
+    EXPECT_EQ(texts.GetElement(0), "a") << "the elements stay";
+    // Joined anew each time, so many texts would take minutes.
+    const std::vector<Variant> many(100'000, u"ten digits");
+    EXPECT_EQ(ForEeachVar_Sum(Variant::ArrayOf(many)).As<UnicodeString>().Length(), 1'000'000);
 }
 
 TEST(VariantUtilitiesTest, FindsTheBestType)

@@ -204,12 +204,9 @@ public:
     std::span<const Byte> ArrayBytes() const;
     std::span<Byte> ArrayBytes();
 
-    /// As the operator.
-    template <class T>
-    Variant& operator+=(const T& other)
-    {
-        return *this = *this + other;
-    }
+    // As the operators. A text grows in place, so that gathering a long one costs no more than its length.
+
+    Variant& operator+=(const Variant& other);
     template <class T>
     Variant& operator-=(const T& other)
     {

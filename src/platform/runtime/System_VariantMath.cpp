@@ -226,3 +226,25 @@ bool AreEqual(const Variant& a, const Variant& b)
 }
 
 } // namespace System::Detail
+
+namespace System
+{
+
+Variant& Variant::operator+=(const Variant& other)
+{
+    if (IsText() && Detail::IsTextPair(*this, other)) {
+        auto* narrow = std::get_if<AnsiString>(&mValue);
+        if (narrow != nullptr && (other.Type() == varString || other.IsEmpty())) {
+            *narrow += other.As<AnsiString>();
+            return *this;
+        }
+        if (auto* wide = std::get_if<UnicodeString>(&mValue)) {
+            *wide += other.As<UnicodeString>();
+            mType = varUString;
+            return *this;
+        }
+    }
+    return *this = *this + other;
+}
+
+} // namespace System
