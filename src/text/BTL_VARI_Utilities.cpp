@@ -2,6 +2,7 @@
 #include "text/BTL_VARI_Utilities.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
+#include "platform/runtime/System_VariantInternal.h"
 #include "platform/runtime/Sysutils_Currency.h"
 #include "platform/runtime/Sysutils_Exception.h"
 #include "platform/runtime/Variants.h"
@@ -278,18 +279,8 @@ bool AreEqual(const Variant& a, const Variant& b)
     if (&a == &b) {
         return true;
     }
-    if (a.ArrayDimCount() != 1 || b.ArrayDimCount() != 1) {
-        return Variants::VarSameValue(a, b);
-    }
-    if (a.ArrayLowBound() != b.ArrayLowBound() || a.ArrayHighBound() != b.ArrayHighBound()) {
-        return false;
-    }
-    for (Int64 i = a.ArrayLowBound(); i <= a.ArrayHighBound(); ++i) {
-        if (!Variants::VarSameValue(a.GetElement(static_cast<int>(i)), b.GetElement(static_cast<int>(i)))) {
-            return false;
-        }
-    }
-    return true;
+    return a.IsArray() && b.IsArray() ? System::Detail::AreArraysEqual(a, b, AreEqual)
+                                      : Variants::VarSameValue(a, b);
 }
 
 bool ToBool(const Variant& value, bool& result)

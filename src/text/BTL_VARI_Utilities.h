@@ -55,8 +55,8 @@ TRS8_BTL_API bool IsStringType(const System::Variant& value);
 
 /// -1, 0 or 1. Null is first and equals Null; other values that can't be compared give -1.
 TRS8_BTL_API int Compare(const System::Variant& a, const System::Variant& b);
-/// As `Variants::VarSameValue`, and for the same object. One-dimensional arrays are equal if their bounds and
-/// each pair of their elements are.
+/// As `Variants::VarSameValue`, and for the same object. Arrays are equal if their bounds and, by this very
+/// function, all pairs of their elements are.
 TRS8_BTL_API bool AreEqual(const System::Variant& a, const System::Variant& b);
 
 /// Whether `ToInt` gives another number than 0.

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <cmath>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -142,7 +143,34 @@ TEST(VariantUtilitiesTest, Compares)
         EXPECT_EQ(Compare(a, b), result) << a << ' ' << b;
         EXPECT_EQ(AreEqual(a, b), result == 0);
     }
+    const std::pair<Variant, Variant> apart[] = {
+        {u"x", 5}, {u"x", true}, {VarArrayOf({1}), 1}, {std::nan(""), 1}};
+    for (const auto& [a, b] : apart) {
+        EXPECT_EQ(Compare(a, b), -1) << a << ' ' << b;
+        EXPECT_EQ(Compare(b, a), -1) << a << ' ' << b;
+    }
+    const Variant unordered = std::nan("");
+    const Variant sameUnordered = unordered;
+    EXPECT_TRUE(AreEqual(unordered, unordered)) << "the same object";
+    EXPECT_FALSE(AreEqual(unordered, sameUnordered));
+}
+
+TEST(VariantUtilitiesTest, ComparesArrays)
+{
     EXPECT_TRUE(AreEqual(VarArrayOf({1, u"x"}), VarArrayOf({1.0, "x"})));
+    EXPECT_TRUE(AreEqual(VarArrayOf({1, VarArrayOf({2, Null()})}), VarArrayOf({1, VarArrayOf({2, Null()})})));
+    EXPECT_FALSE(AreEqual(VarArrayOf({Variant()}), VarArrayOf({0})));
+    EXPECT_FALSE(AreEqual(VarArrayOf({VarArrayOf({Variant()})}), VarArrayOf({VarArrayOf({0})})))
+        << "the same rule on each level";
+    const auto grid = [](const Variant& last, int high = 1) {
+        Variant array({0, 1, 0, high}, System::varVariant);
+        array.PutElement(last, 1, 1);
+        return array;
+    };
+    EXPECT_TRUE(AreEqual(grid(3), grid(u"3")));
+    EXPECT_FALSE(AreEqual(grid(3), grid(4)));
+    EXPECT_FALSE(AreEqual(grid(0), grid(Variant())));
+    EXPECT_FALSE(AreEqual(grid(3), grid(3, 2)));
     EXPECT_FALSE(AreEqual(VarArrayOf({1, 2}), VarArrayOf({1, 3})));
     EXPECT_FALSE(AreEqual(VarArrayOf({1, 2}), VarArrayOf({1})));
     EXPECT_FALSE(AreEqual(VarArrayOf({1}), 1));

@@ -279,7 +279,7 @@ std::span<Byte> Variant::ArrayBytes()
 namespace Detail
 {
 
-bool AreArraysEqual(const Variant& a, const Variant& b)
+bool AreArraysEqual(const Variant& a, const Variant& b, bool (*areEqual)(const Variant&, const Variant&))
 {
     if (!a.IsArray() || !b.IsArray()) {
         return false;
@@ -293,7 +293,7 @@ bool AreArraysEqual(const Variant& a, const Variant& b)
     }
     const std::size_t count = CountOf(x.bounds);
     for (std::size_t i = 0; i < count; ++i) {
-        if (!AreEqual(ElementAt(x, i), ElementAt(y, i))) {
+        if (!areEqual(ElementAt(x, i), ElementAt(y, i))) {
             return false;
         }
     }

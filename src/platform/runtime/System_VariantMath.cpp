@@ -204,7 +204,8 @@ std::partial_ordering Compare(const Variant& a, const Variant& b)
         return Ordered(!a.IsNull(), !b.IsNull());
     }
     if (a.IsArray() || b.IsArray()) {
-        return AreArraysEqual(a, b) ? std::partial_ordering::equivalent : std::partial_ordering::unordered;
+        return AreArraysEqual(a, b, AreEqual) ? std::partial_ordering::equivalent
+                                              : std::partial_ordering::unordered;
     }
     if (IsTextPair(a, b)) {
         return CompareTexts(a, b);
