@@ -414,6 +414,26 @@ TEST_F(VariantTest, CopiesOfArraysAreValues)
     EXPECT_EQ(moved.GetElement(0), 9);
 }
 
+TEST_F(VariantTest, ArraysNestToALimit)
+{
+    Variant deep = VarArrayOf({7});
+    for (int depth = 1; depth < Variant::MaxArrayDepth; ++depth) {
+        deep = VarArrayOf({deep});
+    }
+    Variant copy = deep;
+    copy.PutElement(deep.GetElement(0), 0);
+    EXPECT_EQ(copy, deep);
+
+    EXPECT_THROW(VarArrayOf({1, deep}), EVariantError);
+    EXPECT_THROW(copy.PutElement(deep, 0), EVariantError);
+    EXPECT_EQ(copy, deep);
+    Variant outer({0, 1}, varVariant);
+    outer.PutElement(deep.GetElement(0), 1);
+    EXPECT_THROW(outer.PutElement(deep, 0), EVariantError);
+    EXPECT_TRUE(outer.GetElement(0).IsEmpty());
+    EXPECT_THROW(VarArrayOf({outer}), EVariantError) << "put in later, but as deep";
+}
+
 TEST_F(VariantTest, AnswersByType)
 {
     const struct

@@ -174,7 +174,10 @@ public:
     }
 
     // Arrays. An index outside the bounds, another count of indices than dimensions and a variant that is no
-    // array raise `Sysutils::EVariantError`. Dimensions count from 1.
+    // array raise `Sysutils::EVariantError`. So does an element that would nest arrays deeper than
+    // `MaxArrayDepth`; an array counts as deep as it has ever been. Dimensions count from 1.
+
+    static constexpr int MaxArrayDepth = 1000;
 
     /// An array of up to 64 dimensions, each with its lowest and its highest index; a highest index one below
     /// the lowest leaves it empty. The elements are of any type that a variant has, or `varVariant`.
