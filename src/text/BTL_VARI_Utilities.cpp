@@ -166,10 +166,13 @@ std::optional<Variant> ReadNumber(const UnicodeString& text)
     if (IsInt(text)) {
         Int64 whole = 0;
         int code = 0;
-        System::Val(text, whole, code);
+        // It skips blanks only, where `IsInt` skips tabs and line ends too.
+        System::Val(text.TrimLeft(), whole, code);
         using Limits = std::numeric_limits<int>;
         const bool isShort = whole >= Limits::min() && whole <= Limits::max();
-        return isShort ? Variant(static_cast<int>(whole)) : Variant(whole);
+        if (code == 0) {
+            return isShort ? Variant(static_cast<int>(whole)) : Variant(whole);
+        }
     }
     double real = 0;
     if (ToDouble(text, real)) {

@@ -94,6 +94,10 @@ TEST(VariantListTest, HasACommaText)
     EXPECT_EQ(list[2], u"abc");
     EXPECT_TRUE(list[3].IsNull());
     EXPECT_EQ(list.getCommaText(), u"1,2.5,abc,,\"a, b\"");
+    list.setCommaText(u"\"\t7\",\"\r\n8\"");
+    ASSERT_EQ(list.size(), 2U);
+    EXPECT_EQ(list[0], 7);
+    EXPECT_EQ(list[1], 8);
     list.setCommaText(u"");
     EXPECT_TRUE(list.empty());
 }

@@ -255,6 +255,10 @@ TEST(VariantUtilitiesTest, FindsTheBestType)
     } cases[] = {
         {u"12", 12, 12},
         {u"$1F", 31, 31},
+        {u"$FFFFFFFF", Int64(0xFFFF'FFFF), Int64(0xFFFF'FFFF)},
+        {u"\t12", 12, 12},
+        {u"\r\n -3", -3, -3},
+        {u" \t$1F", 31, 31},
         {u"1.5", 1.5, 1.5},
         {u"3000000000", 3e9, 3e9},
         {u"", Null(), Null()},
@@ -273,6 +277,7 @@ TEST(VariantUtilitiesTest, FindsTheBestType)
     EXPECT_EQ(ToPropertyIntDef(u"true", 5), 1);
     EXPECT_EQ(ToPropertyIntDef(u"True", 5), 5);
     EXPECT_EQ(ToPropertyIntDef(2, 5), 2);
+    EXPECT_EQ(ToPropertyIntDef(u"\r\n12", 5), 12);
 }
 
 } // namespace
