@@ -89,7 +89,12 @@ TEST(VariantUtilitiesTest, ConvertsByType)
 TEST(VariantUtilitiesTest, TellsFailures)
 {
     EXPECT_EQ(ToInt(Variant(u"8")), 8);
-    EXPECT_THROW(ToInt(Variant(TDateTime(1))), Sysutils::EConvertError);
+    try {
+        ToInt(Variant(TDateTime(1)));
+        FAIL();
+    } catch (const Sysutils::EConvertError& error) {
+        EXPECT_EQ(error.getMessage(), u"Variant-To-Int-Convert-Error, invalid type.");
+    }
     try {
         ToInt64(Variant(u"x"));
         FAIL();
@@ -187,7 +192,9 @@ TEST(VariantUtilitiesTest, StoresValuesWithTheirType)
     } cases[] = {
         {Variant(), u"0:", Variant()},
         {Null(), u"1:", Null()},
+        {short(-7), u"2:-7", -7},
         {5, u"3:5", 5},
+        {1.5F, u"4:1,5", 1.5},
         {true, u"11:-1", -1},
         {System::Byte(200), u"17:200", 200},
         {2.5, u"5:2,5", 2.5},
@@ -196,6 +203,7 @@ TEST(VariantUtilitiesTest, StoresValuesWithTheirType)
         {Variant(ULLONG_MAX).AsType(System::varDecimal), u"14:-1", Int64(-1)},
         {Wide, u"20:4294967301", Wide},
         {UInt64(9), u"21:9", Int64(9)},
+        {System::LongWord(7), u"19:7", AnsiString("7")},
         {u"a:\u00E4\n\u03B1", u"258:a:\u00E4\u0001+?", AnsiString(u"a:\u00E4\n?")},
         {AnsiString(), u"256:", AnsiString()},
     };
@@ -208,13 +216,16 @@ TEST(VariantUtilitiesTest, StoresValuesWithTheirType)
         EXPECT_TRUE(AreEqual(again, read)) << UnicodeString(text);
     }
     EXPECT_EQ(Sysutils::DecimalSeparator, u',');
-    for (const auto* text : {u"", u"3", u"x:5", u":5", u"1:x"}) {
+    for (const auto* text : {u"", u"3", u"x:5", u":5", u"1:x", u"-:5"}) {
         EXPECT_TRUE(VStrToVar(text).IsNull()) << UnicodeString(text);
     }
     for (const auto* text : {u"3:", u"3:x", u"5:2.5", u"6:x", u"7:1,5", u"20:99999999999999999999"}) {
         EXPECT_THROW(VStrToVar(text), Sysutils::EConvertError) << UnicodeString(text);
     }
+    EXPECT_EQ(VStrToVar(u"3x:7"), 7) << "the code is read as by ToInt";
+    EXPECT_EQ(VStrToVar(u"-1:7").Type(), System::varString);
     EXPECT_THROW(VarToVStr(VarArrayOf({1})), Sysutils::EVariantError);
+    EXPECT_THROW(VarToVStr(UInt64(ULLONG_MAX)), Sysutils::EVariantError);
 }
 
 TEST(VariantUtilitiesTest, TakesBytesFromArrays)
