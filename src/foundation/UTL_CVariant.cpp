@@ -52,6 +52,8 @@ CVariant Read(const Variant& value)
     case System::varBoolean:
         return value.As<bool>();
     case System::varDecimal:
+        // Its bits as they are, also where they are no number of the signed range.
+        return static_cast<Int64>(value.As<System::UInt64>());
     case System::varInt64:
         return value.As<Int64>();
     default:

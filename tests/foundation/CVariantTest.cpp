@@ -350,6 +350,7 @@ TEST_F(CVariantTest, ExchangesWithThePlatformsVariant)
         {Variant(true), UTL::vdtBool, "1", System::varBoolean},
         {Variant(Int64{5000000000}), UTL::vdtInt64, "5000000000", System::varInt64},
         {Variant(7).AsType(System::varDecimal), UTL::vdtInt64, "7", System::varInt64},
+        {Variant(ULLONG_MAX).AsType(System::varDecimal), UTL::vdtInt64, "-1", System::varInt64},
         {Variants::VarArrayOf({1, u"x", Variants::VarArrayOf({2.5})}), UTL::vdtArray, "[[1,\"x\",[[2.5]]]]",
          System::varArray | System::varVariant},
         {Variant({2, 1}, System::varInteger), UTL::vdtArray, "[[]]", System::varArray | System::varVariant},
