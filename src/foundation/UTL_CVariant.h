@@ -53,6 +53,7 @@ public:
                                                   int, System::Int64>>(value))
     {
     }
+    CVariant(System::WideChar) = delete;
     CVariant(double value) noexcept : mImp(GetImp(vdtDouble)) { mData.Double = value; }
     CVariant(const System::TDateTime& value) noexcept : mImp(GetImp(vdtDateTime)) { mData.Days = value.Val; }
     /// A null pointer gives null, any other text, also an empty one, a text.

@@ -16,6 +16,7 @@
 #include <functional>
 #include <limits>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -105,6 +106,8 @@ protected:
 private:
     Support::FormatSettingsGuard mGuard;
 };
+
+static_assert(!std::is_constructible_v<CVariant, WideChar>, "a character is no number");
 
 TEST_F(CVariantTest, ConvertsEachType)
 {
