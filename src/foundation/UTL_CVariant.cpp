@@ -66,7 +66,7 @@ bool IsDoubleText(const TVariantText<Char>& data, const TNumberLinks<Char>& link
 {
     const auto text = System::Detail::SafeView<Char>(data.Text, data.Length);
     double ignored = 0;
-    return links.IsDouble != nullptr ? links.IsDouble(text)
+    return links.ToDouble != nullptr ? links.ToDouble(text, ignored)
                                      : Sysutils::TextToFloat(UnicodeString(data.Text, data.Length), ignored);
 }
 

@@ -28,16 +28,12 @@ void Append(std::vector<CVariant>& target, const T* items, unsigned count)
     }
 }
 
-/// As `BTL::ToDouble`, but for any locale.
 bool ReadFloat(const UnicodeString& text, double& value)
 {
     constexpr WideChar point = u'.';
-    UnicodeString number = text.Trim();
-    const int comma = number.Pos(u',');
-    if (comma != 0 && number.Pos(point) == 0) {
-        number[comma] = point;
-    }
-    return Sysutils::BufferToFloat(number.AsView(), point, value);
+    const auto read = Links().ToDouble;
+    return read != nullptr ? read(text.AsView(), point, value)
+                           : Sysutils::BufferToFloat(text.AsView(), point, value);
 }
 
 } // namespace
