@@ -44,6 +44,8 @@ public:
     int GetCount() const noexcept { return static_cast<int>(mItems.size()); }
     /// A copy of an item. `Sysutils::ERangeError` for an `index` outside.
     CVariant getItem(int index) const { return At(index); }
+    /// The item itself, valid until the list changes; fails alike.
+    const CVariant& At(int index) const;
     void setItem(int index, CVariant value);
 
     /// Writes the items, each by its own `WriteTo`, with commas between and in brackets.
@@ -52,7 +54,8 @@ public:
     System::UnicodeString get_DebugInfo() const;
 
 private:
-    const CVariant& At(int index) const;
+    /// How deep a list is that holds `item`.
+    static int DepthAround(const CVariant& item);
 
     std::vector<CVariant> mItems;
 };
