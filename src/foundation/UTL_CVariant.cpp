@@ -178,8 +178,13 @@ void CVariant::CreateArray()
 void CVariant::AddItem(const CVariant& item)
 {
     CVariant copy(item);
-    CreateArray();
-    *mData.Array << std::move(copy);
+    if (Type() == vdtArray) {
+        *mData.Array << std::move(copy);
+        return;
+    }
+    CVariants items(1);
+    items << std::move(copy);
+    *this = CVariant(std::move(items));
 }
 
 void CVariant::SetItems(const int* items, int count)

@@ -314,6 +314,34 @@ TEST_F(CVariantTest, HoldsArraysByValue)
     EXPECT_EQ(Written(array), "[[]]");
 }
 
+TEST_F(CVariantTest, NestsToALimit)
+{
+    CVariant deep = ArrayOf(CVariants() << 7);
+    for (int depth = 1; depth < CVariants::MaxDepth; ++depth) {
+        CVariant outer;
+        outer.AddItem(deep);
+        deep = std::move(outer);
+    }
+    EXPECT_EQ(deep.ToInt(), 7);
+    EXPECT_EQ(Written(deep).size(), 4U * CVariants::MaxDepth + 1);
+    const Variant platform = deep;
+    EXPECT_EQ(CVariant(platform).ToInt(), 7);
+
+    CVariant kept = ArrayOf(CVariants() << 1);
+    CVariant number = 3;
+    CVariants list;
+    list << 2;
+    EXPECT_THROW(kept.AddItem(deep), Sysutils::EVariantError);
+    EXPECT_THROW(kept.SetItem(0, deep), Sysutils::EVariantError);
+    EXPECT_THROW(number.AddItem(deep), Sysutils::EVariantError);
+    EXPECT_THROW(list << deep, Sysutils::EVariantError);
+    list.AddItems(platform);
+    EXPECT_THROW(list.setItem(1, deep), Sysutils::EVariantError);
+    EXPECT_EQ(Written(kept), "[[1]]");
+    EXPECT_EQ(Written(number), "3");
+    EXPECT_EQ(list.GetCount(), 2);
+}
+
 TEST_F(CVariantTest, RefusesItemsOutside)
 {
     CVariant array = ArrayOf(CVariants() << 1);
