@@ -193,6 +193,13 @@ TYPED_TEST(StrVariantTest, ConvertsBothWays)
     Sysutils::DecimalSeparator = u',';
     EXPECT_EQ(UnicodeString(S(Variant(2.5))), u"2,5");
     EXPECT_EQ(UnicodeString(S(Null())), u"");
+    EXPECT_EQ(UnicodeString(S(2.5)), u"2,5");
+    EXPECT_EQ(UnicodeString(S(2.5F)), u"2,5");
+    EXPECT_EQ(UnicodeString(S(-7)), u"-7");
+    EXPECT_EQ(UnicodeString(S(-7L)), u"-7");
+    EXPECT_EQ(UnicodeString(S("abc")), u"abc");
+    EXPECT_EQ(UnicodeString(S(u"abc")), u"abc");
+    EXPECT_EQ(UnicodeString(S(static_cast<const char*>(nullptr))), u"");
     const Int64 wide = 0x1'0000'0005;
     const Int64 wideBack = S(wide);
     EXPECT_EQ(wideBack, wide);
