@@ -107,7 +107,7 @@ bool CVariants::operator==(const Variant& value) const
     return size() == 1 && front() == value;
 }
 
-bool CVariants::operator==(int value) const
+bool CVariants::EqualsInt(int value) const
 {
     return size() == 1 && TryInt(front()) == value;
 }
@@ -117,7 +117,7 @@ bool CVariants::operator<(const Variant& value) const
     return empty() || front() < value;
 }
 
-bool CVariants::operator<(int value) const
+bool CVariants::IsBelowInt(int value) const
 {
     return empty() || TryInt(front()).value_or(value) < value;
 }

@@ -78,6 +78,14 @@ TEST(VariantListTest, Compares)
     EXPECT_FALSE(ListOf({u"x"}) < 9);
     EXPECT_TRUE(oneTwo < 2);
     EXPECT_FALSE(two < Variant(2));
+    EXPECT_FALSE(one == 1.5);
+    EXPECT_FALSE(one == Int64{0x1'0000'0001});
+    EXPECT_TRUE(one < 1.5);
+    EXPECT_TRUE(one < Int64{0x1'0000'0000});
+    EXPECT_TRUE(ListOf({1.4}) == 1) << "by the int cast";
+    EXPECT_TRUE(oneTwo > one && oneTwo >= one && one <= oneTwo && one >= one && one <= ListOf({1.0}));
+    EXPECT_FALSE(one > oneTwo || one >= oneTwo || oneTwo <= one || one > one);
+    EXPECT_FALSE(one <= ListOf({u"x"}) || one >= ListOf({u"x"})) << "not to be compared";
     EXPECT_TRUE(CVariants() < Variant(0));
     EXPECT_TRUE(CVariants() < 0);
 }
