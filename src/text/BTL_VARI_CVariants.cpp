@@ -49,16 +49,12 @@ void CVariants::Assign(const UTL::CVariants& items)
 
 void CVariants::AddVariantsTo(UTL::CVariants& items) const
 {
-    for (const Variant& value : *this) {
-        items << UTL::CVariant(value);
-    }
+    items.AddItems(getVarArray());
 }
 
 void CVariants::GetVariants(UTL::CVariants& items) const
 {
-    UTL::CVariants values(static_cast<unsigned>(size()));
-    AddVariantsTo(values);
-    items = std::move(values);
+    items.SetItems(getVarArray());
 }
 
 void CVariants::AssignArray(const Variant& value)

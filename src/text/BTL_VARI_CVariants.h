@@ -26,7 +26,7 @@ public:
 
     /// Takes the values in place of the entries.
     void Assign(const UTL::CVariants& items);
-    /// `Sysutils::EVariantError` for an entry that no `UTL::CVariant` takes.
+    /// `Sysutils::EVariantError` for an entry that no `UTL::CVariant` takes, which leaves `items` alone.
     void AddVariantsTo(UTL::CVariants& items) const;
     /// The same in place of the former items.
     void GetVariants(UTL::CVariants& items) const;

@@ -56,6 +56,14 @@ TEST(VariantListTest, TakesArraysAndFoundationLists)
     EXPECT_TRUE(list == 7);
     list = other;
     EXPECT_TRUE(list[4].IsNull());
+    list[0] = VarArrayOf({8, 9});
+    list.AssignArray(list[0]);
+    EXPECT_EQ(list.getVarArray(), VarArrayOf({8, 9})) << "the argument may be of the list itself";
+
+    list.push_back(System::Byte{1});
+    EXPECT_THROW(list.AddVariantsTo(other), Sysutils::EVariantError);
+    EXPECT_THROW(list.GetVariants(other), Sysutils::EVariantError);
+    EXPECT_EQ(other.GetCount(), 6) << "refused as a whole";
     EXPECT_TRUE(CVariants(10U).empty());
 }
 
