@@ -135,6 +135,8 @@ TEST(VariantMapTest, FindsByText)
     EXPECT_EQ(map.FindInt(u"a", 5), 5);
     EXPECT_EQ(map.FindInt64(u"B", 5), 0);
     EXPECT_EQ(map.FindInt64(u"x", 5), 5);
+    EXPECT_EQ(map.FindInt(u"x", 5), 5);
+    EXPECT_EQ(map.FindPropertyInt(u"x", 5), 5);
     EXPECT_EQ(map.FindPropertyInt(u"a", 5), 1);
     EXPECT_EQ(map.size(), 3U) << "looking adds nothing";
 
@@ -193,6 +195,16 @@ TEST(NameValuePairsTest, WritesSqlAssignments)
     EXPECT_EQ(pairs._getDebugInfo(), u"a=1,\"b=x, 'y'\",\"a=1,5\",n=");
     pairs.Assign(pairs[1].name, pairs[1].value);
     EXPECT_EQ(pairs.GetSqlUpdateAssign(), u"b='x, ''y'''");
+
+    CStringList lines;
+    lines.Add(u"former");
+    pairs.AddSqlUpdateAssignTo(lines.getList());
+    pairs.AddSqlUpdateAssignTo(nullptr);
+    EXPECT_EQ(lines.GetDelimitedText(u'|'), u"former|b='x, ''y'''");
+    pairs.Assign(u"flag", true);
+    const Support::ScriptedBoxes boxes({IDYES, IDNO});
+    EXPECT_THROW(pairs.AddSqlUpdateAssignTo(lines.getList()), UTL::XAssert);
+    EXPECT_EQ(pairs.GetSqlUpdateAssign(), u"flag=") << "passed by the user";
 }
 
 template <class S>
