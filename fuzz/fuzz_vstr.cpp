@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/Sysutils_Exception.h"
 #include "platform/runtime/Variants.h"
+#include "text/BTL_NUM_Numbers.h"
 #include "text/BTL_VARI_Utilities.h"
 
 #include <cmath>
@@ -20,6 +21,12 @@ void Require(bool condition)
     if (!condition) {
         std::abort();
     }
+}
+
+/// Whether only decimal digits make the text an integer.
+bool IsDecimal(const UnicodeString& text)
+{
+    return BTL::IsInt(text) && text.AsView().find_first_of(u"$xX") == std::u16string_view::npos;
 }
 
 /// Whether 15 digits of a float may be beyond its range.
@@ -51,6 +58,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         UnicodeString sql;
         Require(BTL::VarToSqlValue(value, sql) != sql.IsEmpty());
     } catch (const Sysutils::EConvertError&) {
+    }
+
+    if (IsDecimal(text)) {
+        // What `IsInt` skips at the front is not all white space.
+        const UnicodeString digits = text.TrimLeft();
+        Require(BTL::ToIntDef(BTL::StringToBestVariant(text), 1) == BTL::ToIntDef(Variant(digits), 2));
     }
 
     const Variant best = BTL::StringToBestPropertyValue(text);

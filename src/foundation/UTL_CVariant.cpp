@@ -52,6 +52,8 @@ CVariant Read(const Variant& value)
     case System::varBoolean:
         return value.As<bool>();
     case System::varDecimal:
+        // Its bits as they are, also where they are no number of the signed range.
+        return static_cast<Int64>(value.As<System::UInt64>());
     case System::varInt64:
         return value.As<Int64>();
     default:
@@ -64,7 +66,7 @@ bool IsDoubleText(const TVariantText<Char>& data, const TNumberLinks<Char>& link
 {
     const auto text = System::Detail::SafeView<Char>(data.Text, data.Length);
     double ignored = 0;
-    return links.IsDouble != nullptr ? links.IsDouble(text)
+    return links.ToDouble != nullptr ? links.ToDouble(text, ignored)
                                      : Sysutils::TextToFloat(UnicodeString(data.Text, data.Length), ignored);
 }
 
@@ -176,8 +178,13 @@ void CVariant::CreateArray()
 void CVariant::AddItem(const CVariant& item)
 {
     CVariant copy(item);
-    CreateArray();
-    *mData.Array << std::move(copy);
+    if (Type() == vdtArray) {
+        *mData.Array << std::move(copy);
+        return;
+    }
+    CVariants items(1);
+    items << std::move(copy);
+    *this = CVariant(std::move(items));
 }
 
 void CVariant::SetItems(const int* items, int count)

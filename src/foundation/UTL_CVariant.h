@@ -14,7 +14,7 @@ namespace UTL
 
 /// A small value that knows its type: nothing, a bool, an integer of 32 or 64 bits, a double, a date, text of
 /// both widths or an array of such values. Copies are deep. An argument of an assignment may be a piece of
-/// the value itself.
+/// the value itself. Arrays nest as deep as `CVariants` allows.
 ///
 /// A conversion that can't be done raises `Sysutils::EVariantError`; the forms with a default give that
 /// instead. The rules:
@@ -53,6 +53,7 @@ public:
                                                   int, System::Int64>>(value))
     {
     }
+    CVariant(System::WideChar) = delete;
     CVariant(double value) noexcept : mImp(GetImp(vdtDouble)) { mData.Double = value; }
     CVariant(const System::TDateTime& value) noexcept : mImp(GetImp(vdtDateTime)) { mData.Days = value.Val; }
     /// A null pointer gives null, any other text, also an empty one, a text.
@@ -89,7 +90,7 @@ public:
 
     /// Makes the value an empty array, unless it is an array already.
     void CreateArray();
-    /// Appends to the array; what was none becomes an empty one before.
+    /// Appends to the array; what was none becomes an empty one before. An item too deep changes nothing.
     void AddItem(const CVariant& item);
     /// Replaces the items. A null pointer and a negative `count` give none.
     void SetItems(const int* items, int count);

@@ -368,7 +368,8 @@ public:
     void WriteTo(const UVariantData& data, COutStream& stream) const override
     {
         Write(stream, "[");
-        (data.Array == nullptr ? CVariants() : *data.Array).WriteTo(stream);
+        const CVariants none;
+        (data.Array == nullptr ? none : *data.Array).WriteTo(stream);
         Write(stream, "]");
     }
 
@@ -389,7 +390,7 @@ private:
         if (GetCount(data) != 1) {
             return false;
         }
-        const CVariant item = data.Array->getItem(0);
+        const CVariant& item = data.Array->At(0);
         return (item.getImp().*convert)(item.getData(), value);
     }
 };

@@ -28,19 +28,23 @@ void Append(std::vector<CVariant>& target, const T* items, unsigned count)
     }
 }
 
-/// As `BTL::ToDouble`, but for any locale.
 bool ReadFloat(const UnicodeString& text, double& value)
 {
     constexpr WideChar point = u'.';
-    UnicodeString number = text.Trim();
-    const int comma = number.Pos(u',');
-    if (comma != 0 && number.Pos(point) == 0) {
-        number[comma] = point;
-    }
-    return Sysutils::BufferToFloat(number.AsView(), point, value);
+    const auto read = Links().ToDouble;
+    return read != nullptr ? read(text.AsView(), point, value)
+                           : Sysutils::BufferToFloat(text.AsView(), point, value);
 }
 
 } // namespace
+
+CVariants& CVariants::operator<<(CVariant item)
+{
+    const int depth = DepthAround(item);
+    mItems.push_back(std::move(item));
+    mDepth = std::max(mDepth, depth);
+    return *this;
+}
 
 void CVariants::AddItems(const int* items, unsigned count)
 {
@@ -60,12 +64,13 @@ void CVariants::AddItems(const Variant& items)
     }
     const int low = items.ArrayLowBound();
     const int high = items.ArrayHighBound();
-    std::vector<CVariant> added;
-    added.reserve(static_cast<std::size_t>(System::Int64{high} - low + 1));
+    CVariants added(static_cast<unsigned>(System::Int64{high} - low + 1));
     for (System::Int64 i = low; i <= high; ++i) {
-        added.emplace_back(items.GetElement(static_cast<int>(i)));
+        added << items.GetElement(static_cast<int>(i));
     }
-    mItems.insert(mItems.end(), std::make_move_iterator(added.begin()), std::make_move_iterator(added.end()));
+    mItems.insert(mItems.end(), std::make_move_iterator(added.mItems.begin()),
+                  std::make_move_iterator(added.mItems.end()));
+    mDepth = std::max(mDepth, added.mDepth);
 }
 
 void CVariants::SetItems(const Variant& items)
@@ -92,7 +97,9 @@ Variant CVariants::ToVariant() const
 void CVariants::setItem(int index, CVariant value)
 {
     At(index);
+    const int depth = DepthAround(value);
     mItems[static_cast<std::size_t>(index)] = std::move(value);
+    mDepth = std::max(mDepth, depth);
 }
 
 void CVariants::WriteTo(BTL::COutStream& stream) const
@@ -127,6 +134,16 @@ const CVariant& CVariants::At(int index) const
         throw Sysutils::ERangeError(u"Index out of range: " + UnicodeString(index));
     }
     return mItems[static_cast<std::size_t>(index)];
+}
+
+int CVariants::DepthAround(const CVariant& item)
+{
+    const CVariants* inner = item.Type() == vdtArray ? item.getData().Array : nullptr;
+    const int depth = inner != nullptr ? inner->mDepth + 1 : 1;
+    if (depth > MaxDepth) {
+        throw Sysutils::EVariantError(u"Variant arrays are nested too deeply");
+    }
+    return depth;
 }
 
 void CommaTextToVariants(const UnicodeString& text, CVariants& result)

@@ -9,10 +9,13 @@ namespace UTL
 {
 
 /// A list of variants, and what a variant of the array type holds. A call that raises leaves the list as it
-/// was.
+/// was. An item that would nest lists deeper than `MaxDepth` raises `Sysutils::EVariantError`; a list counts
+/// as deep as it has been since it was last set as a whole.
 class TRS8_BTL_API CVariants
 {
 public:
+    static constexpr int MaxDepth = System::Variant::MaxArrayDepth;
+
     /// Empty, with room for `capacity` items.
     explicit CVariants(unsigned capacity = 0) { mItems.reserve(capacity); }
     /// A null pointer gives no items.
@@ -20,11 +23,7 @@ public:
     CVariants(const double* items, unsigned count) { AddItems(items, count); }
 
     /// Appends all that a variant is made of.
-    CVariants& operator<<(CVariant item)
-    {
-        mItems.push_back(std::move(item));
-        return *this;
-    }
+    CVariants& operator<<(CVariant item);
 
     /// Appends each item. A null pointer adds nothing.
     void AddItems(const int* items, unsigned count);
@@ -44,6 +43,8 @@ public:
     int GetCount() const noexcept { return static_cast<int>(mItems.size()); }
     /// A copy of an item. `Sysutils::ERangeError` for an `index` outside.
     CVariant getItem(int index) const { return At(index); }
+    /// The item itself, valid until the list changes; fails alike.
+    const CVariant& At(int index) const;
     void setItem(int index, CVariant value);
 
     /// Writes the items, each by its own `WriteTo`, with commas between and in brackets.
@@ -52,9 +53,11 @@ public:
     System::UnicodeString get_DebugInfo() const;
 
 private:
-    const CVariant& At(int index) const;
+    /// How deep a list is that holds `item`.
+    static int DepthAround(const CVariant& item);
 
     std::vector<CVariant> mItems;
+    int mDepth = 1;
 };
 
 /// Splits a comma text, as `Classes::TStrings` reads it, into the items of `result`: a double for each part

@@ -27,8 +27,6 @@ struct TNumberLinks
     bool (*ToInt64)(View text, System::Int64& value) = nullptr;
     /// As `BTL::ToDouble`: a float with `.` or `,`.
     bool (*ToDouble)(View text, double& value) = nullptr;
-    /// As `BTL::IsDouble`.
-    bool (*IsDouble)(View text) = nullptr;
 };
 
 /// What the foundation asks of the layers above it. A higher layer fills in its functions while the program
@@ -37,6 +35,8 @@ struct TLinks
 {
     TNumberLinks<char> Narrow;
     TNumberLinks<System::WideChar> Wide;
+    /// As `BTL::ToDouble` where `separator` is the active one.
+    bool (*ToDouble)(std::u16string_view text, System::WideChar separator, double& value) = nullptr;
     /// As `BTL::StrToDateTime`.
     System::TDateTime (*StrToDateTime)(const System::UnicodeString& text) = nullptr;
     /// Writes the bytes of `text` as they are.

@@ -168,38 +168,39 @@ bool IsIntegerOf(const S& text)
 template <class Char>
 using StringOf = std::conditional_t<std::is_same_v<Char, char>, AnsiString, UnicodeString>;
 
-/// What the run-time library is to read. It is made wide first, where any active separator has its place.
+/// What the run-time library is to read. It is made wide first, where any separator has its place.
 template <class S>
-UnicodeString NumberText(const S& text)
+UnicodeString NumberText(const S& text, WideChar separator = Sysutils::DecimalSeparator)
 {
-    return AdaptDecimalSeparator(UnicodeString(text)).Trim();
+    return SetDecimalSeparator(UnicodeString(text), separator).Trim();
 }
 
+/// `separator` is what the run-time library is to take the `.` or `,` for.
 template <class Char>
-bool DoubleInto(View<Char> text, double& value)
+bool DoubleInto(View<Char> text, WideChar separator, double& value)
 {
     // Most numbers are short and plain; they need no string.
     std::array<WideChar, 32> plain;
     const auto isPlain = [](Char c) { return c > 32 && c < 127; };
     if (text.size() > plain.size() || !std::all_of(text.begin(), text.end(), isPlain)) {
-        return Sysutils::TextToFloat(NumberText(StringOf<Char>(text)), value);
+        const UnicodeString number = NumberText(StringOf<Char>(text), separator);
+        return Sysutils::BufferToFloat(number.AsView(), separator, value);
     }
     WideChar* const end = std::copy(text.begin(), text.end(), plain.begin());
-    WideChar* separator = std::find(plain.begin(), end, u'.');
-    if (separator == end) {
-        separator = std::find(plain.begin(), end, u',');
+    WideChar* point = std::find(plain.begin(), end, u'.');
+    if (point == end) {
+        point = std::find(plain.begin(), end, u',');
     }
-    const WideChar active = Sysutils::DecimalSeparator;
-    if (separator != end) {
-        *separator = active;
+    if (point != end) {
+        *point = separator;
     }
-    return Sysutils::BufferToFloat({plain.data(), text.size()}, active, value);
+    return Sysutils::BufferToFloat({plain.data(), text.size()}, separator, value);
 }
 
 template <class S>
 bool DoubleInto(const S& text, double& value)
 {
-    return DoubleInto(text.AsView(), value);
+    return DoubleInto(text.AsView(), Sysutils::DecimalSeparator, value);
 }
 
 template <class S>
@@ -363,16 +364,13 @@ template <class Char>
 constexpr UTL::TNumberLinks<Char> NumberLinks{
     .ToInt = [](View<Char> text, int& value) { return ReadStartInto(text, value); },
     .ToInt64 = [](View<Char> text, Int64& value) { return ReadStartInto(text, value); },
-    .ToDouble = [](View<Char> text, double& value) { return DoubleInto(text, value); },
-    .IsDouble =
-        [](View<Char> text) {
-            double ignored = 0;
-            return DoubleInto(text, ignored);
-        }};
+    .ToDouble = [](View<Char> text,
+                   double& value) { return DoubleInto(text, Sysutils::DecimalSeparator, value); }};
 
 [[maybe_unused]] const bool linked = [] {
     UTL::Links().Narrow = NumberLinks<char>;
     UTL::Links().Wide = NumberLinks<WideChar>;
+    UTL::Links().ToDouble = &DoubleInto<WideChar>;
     return true;
 }();
 

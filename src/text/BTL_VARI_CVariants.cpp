@@ -49,16 +49,12 @@ void CVariants::Assign(const UTL::CVariants& items)
 
 void CVariants::AddVariantsTo(UTL::CVariants& items) const
 {
-    for (const Variant& value : *this) {
-        items << UTL::CVariant(value);
-    }
+    items.AddItems(getVarArray());
 }
 
 void CVariants::GetVariants(UTL::CVariants& items) const
 {
-    UTL::CVariants values(static_cast<unsigned>(size()));
-    AddVariantsTo(values);
-    items = std::move(values);
+    items.SetItems(getVarArray());
 }
 
 void CVariants::AssignArray(const Variant& value)
@@ -107,7 +103,7 @@ bool CVariants::operator==(const Variant& value) const
     return size() == 1 && front() == value;
 }
 
-bool CVariants::operator==(int value) const
+bool CVariants::EqualsInt(int value) const
 {
     return size() == 1 && TryInt(front()) == value;
 }
@@ -117,7 +113,7 @@ bool CVariants::operator<(const Variant& value) const
     return empty() || front() < value;
 }
 
-bool CVariants::operator<(int value) const
+bool CVariants::IsBelowInt(int value) const
 {
     return empty() || TryInt(front()).value_or(value) < value;
 }

@@ -3,6 +3,7 @@
 
 #include "platform/runtime/System_Variant.h"
 
+#include <concepts>
 #include <vector>
 
 namespace UTL
@@ -25,7 +26,7 @@ public:
 
     /// Takes the values in place of the entries.
     void Assign(const UTL::CVariants& items);
-    /// `Sysutils::EVariantError` for an entry that no `UTL::CVariant` takes.
+    /// `Sysutils::EVariantError` for an entry that no `UTL::CVariant` takes, which leaves `items` alone.
     void AddVariantsTo(UTL::CVariants& items) const;
     /// The same in place of the former items.
     void GetVariants(UTL::CVariants& items) const;
@@ -40,15 +41,28 @@ public:
 
     /// By `Variants::VarSameValue`.
     bool operator==(const CVariants& other) const;
-    /// By the first pair that differs, else by the count.
+    // By the first pair that differs, else by the count. Of two that can't be compared none is less.
+
     bool operator<(const CVariants& other) const;
+    bool operator>(const CVariants& other) const { return other < *this; }
+    bool operator<=(const CVariants& other) const { return *this < other || *this == other; }
+    bool operator>=(const CVariants& other) const { return other <= *this; }
     /// True for one entry with that value.
     bool operator==(const System::Variant& value) const;
-    bool operator==(int value) const;
+    /// Beside an `int` itself, the entry counts as one.
+    template <std::same_as<int> T>
+    bool operator==(T value) const
+    {
+        return EqualsInt(value);
+    }
     /// By the first entry; an empty list is less than any value.
     bool operator<(const System::Variant& value) const;
-    /// An entry that is no number isn't less.
-    bool operator<(int value) const;
+    /// Beside an `int` itself, the entry counts as one; what is no number isn't less.
+    template <std::same_as<int> T>
+    bool operator<(T value) const
+    {
+        return IsBelowInt(value);
+    }
 
     /// The texts of `VarToStrDef` as a comma text; empty where there is none.
     System::UnicodeString getCommaText() const;
@@ -56,6 +70,10 @@ public:
     void setCommaText(const System::UnicodeString& text);
     /// The texts for a log, ";" between; "?" for an array.
     System::UnicodeString _getDebugInfo() const;
+
+private:
+    bool EqualsInt(int value) const;
+    bool IsBelowInt(int value) const;
 };
 
 } // namespace BTL

@@ -3,6 +3,8 @@
 
 #include "platform/runtime/System_Variant.h"
 
+#include <concepts>
+
 namespace BTL
 {
 
@@ -12,11 +14,19 @@ class TRS8_BTL_API CStrVariant : public System::UnicodeString
 public:
     CStrVariant() = default;
     CStrVariant(const System::UnicodeString& text) : UnicodeString(text) {}
+    /// A null pointer gives the empty text.
+    CStrVariant(const System::WideChar* text) : UnicodeString(text) {}
+    CStrVariant(const char* text) : UnicodeString(text) {}
     /// As `VarToStrDef`, empty where there is no text.
     CStrVariant(const System::Variant& value);
     CStrVariant(System::Currency value);
     CStrVariant(System::TDateTime value);
     CStrVariant(System::Int64 value);
+    /// As a variant: a float must not turn into an integer.
+    template <std::floating_point T>
+    CStrVariant(T value) : CStrVariant(System::Variant(value))
+    {
+    }
 
     operator System::Int64() const;
     // `.` and `,` both do.
@@ -32,10 +42,16 @@ class TRS8_BTL_API CAStrVariant : public System::AnsiString
 public:
     CAStrVariant() = default;
     CAStrVariant(const System::AnsiString& text) : System::AnsiString(text) {}
+    CAStrVariant(const System::WideChar* text) : System::AnsiString(text) {}
+    CAStrVariant(const char* text) : System::AnsiString(text) {}
     CAStrVariant(const System::Variant& value);
     CAStrVariant(System::Currency value);
     CAStrVariant(System::TDateTime value);
     CAStrVariant(System::Int64 value);
+    template <std::floating_point T>
+    CAStrVariant(T value) : CAStrVariant(System::Variant(value))
+    {
+    }
 
     /// As `BTL::StrToInt64Def`: 0 if the text doesn't begin with an integer.
     operator System::Int64() const;

@@ -2,6 +2,7 @@
 #include "text/BTL_VARI_Utilities.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
+#include "platform/runtime/System_VariantInternal.h"
 #include "platform/runtime/Sysutils_Currency.h"
 #include "platform/runtime/Sysutils_Exception.h"
 #include "platform/runtime/Variants.h"
@@ -165,10 +166,13 @@ std::optional<Variant> ReadNumber(const UnicodeString& text)
     if (IsInt(text)) {
         Int64 whole = 0;
         int code = 0;
-        System::Val(text, whole, code);
+        // It skips blanks only, where `IsInt` skips tabs and line ends too.
+        System::Val(text.TrimLeft(), whole, code);
         using Limits = std::numeric_limits<int>;
         const bool isShort = whole >= Limits::min() && whole <= Limits::max();
-        return isShort ? Variant(static_cast<int>(whole)) : Variant(whole);
+        if (code == 0) {
+            return isShort ? Variant(static_cast<int>(whole)) : Variant(whole);
+        }
     }
     double real = 0;
     if (ToDouble(text, real)) {
@@ -278,18 +282,8 @@ bool AreEqual(const Variant& a, const Variant& b)
     if (&a == &b) {
         return true;
     }
-    if (a.ArrayDimCount() != 1 || b.ArrayDimCount() != 1) {
-        return Variants::VarSameValue(a, b);
-    }
-    if (a.ArrayLowBound() != b.ArrayLowBound() || a.ArrayHighBound() != b.ArrayHighBound()) {
-        return false;
-    }
-    for (Int64 i = a.ArrayLowBound(); i <= a.ArrayHighBound(); ++i) {
-        if (!Variants::VarSameValue(a.GetElement(static_cast<int>(i)), b.GetElement(static_cast<int>(i)))) {
-            return false;
-        }
-    }
-    return true;
+    return a.IsArray() && b.IsArray() ? System::Detail::AreArraysEqual(a, b, AreEqual)
+                                      : Variants::VarSameValue(a, b);
 }
 
 bool ToBool(const Variant& value, bool& result)

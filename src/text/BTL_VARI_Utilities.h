@@ -23,6 +23,7 @@ TRS8_BTL_API bool VariantToInt(const System::Variant& value, int& result);
 
 } // namespace Detail
 
+/// Empty, Null, dates, `varShortInt`, `varWord` and `varLongWord` fail.
 TRS8_BTL_API bool VarToDouble(const System::Variant& value, double& result);
 TRS8_BTL_API double VarToDoubleDef(const System::Variant& value, double defaultValue);
 
@@ -34,8 +35,8 @@ bool IsIntType(const V& value)
 {
     return Detail::IsIntVariant(value);
 }
-/// Empty and Null give 0. Numbers and booleans convert by the platform's cast, but of integers of 64 bits the
-/// low 32 bits count. False for all other types.
+/// Empty and Null give 0. Booleans and numbers but `varShortInt` and `varWord` convert by the platform's
+/// cast, but of integers of 64 bits the low 32 bits count. False for all other types.
 template <std::derived_from<System::Variant> V>
 bool ToInt(const V& value, int& result)
 {
@@ -54,8 +55,8 @@ TRS8_BTL_API bool IsStringType(const System::Variant& value);
 
 /// -1, 0 or 1. Null is first and equals Null; other values that can't be compared give -1.
 TRS8_BTL_API int Compare(const System::Variant& a, const System::Variant& b);
-/// As `Variants::VarSameValue`, and for the same object. One-dimensional arrays are equal if their bounds and
-/// each pair of their elements are.
+/// As `Variants::VarSameValue`, and for the same object. Arrays are equal if their bounds and, by this very
+/// function, all pairs of their elements are.
 TRS8_BTL_API bool AreEqual(const System::Variant& a, const System::Variant& b);
 
 /// Whether `ToInt` gives another number than 0.
@@ -76,8 +77,7 @@ inline System::Variant ToVariant(System::Int64 value)
     return value;
 }
 
-/// As `VarToDouble`, but a text may have a unit, see `ValueWithUnitToDouble`. Empty, Null, dates and
-/// `varLongWord` fail in both.
+/// As `VarToDouble`, but a text may have a unit, see `ValueWithUnitToDouble`.
 TRS8_BTL_API bool VarWithUnitToDouble(const System::Variant& value, double& result);
 
 /// The text of a text, an integer or a float; the latter as `Sysutils::FloatToStr`. All other types fail,

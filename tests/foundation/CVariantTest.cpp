@@ -16,6 +16,7 @@
 #include <functional>
 #include <limits>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -105,6 +106,8 @@ protected:
 private:
     Support::FormatSettingsGuard mGuard;
 };
+
+static_assert(!std::is_constructible_v<CVariant, WideChar>, "a character is no number");
 
 TEST_F(CVariantTest, ConvertsEachType)
 {
@@ -311,6 +314,34 @@ TEST_F(CVariantTest, HoldsArraysByValue)
     EXPECT_EQ(Written(array), "[[]]");
 }
 
+TEST_F(CVariantTest, NestsToALimit)
+{
+    CVariant deep = ArrayOf(CVariants() << 7);
+    for (int depth = 1; depth < CVariants::MaxDepth; ++depth) {
+        CVariant outer;
+        outer.AddItem(deep);
+        deep = std::move(outer);
+    }
+    EXPECT_EQ(deep.ToInt(), 7);
+    EXPECT_EQ(Written(deep).size(), 4U * CVariants::MaxDepth + 1);
+    const Variant platform = deep;
+    EXPECT_EQ(CVariant(platform).ToInt(), 7);
+
+    CVariant kept = ArrayOf(CVariants() << 1);
+    CVariant number = 3;
+    CVariants list;
+    list << 2;
+    EXPECT_THROW(kept.AddItem(deep), Sysutils::EVariantError);
+    EXPECT_THROW(kept.SetItem(0, deep), Sysutils::EVariantError);
+    EXPECT_THROW(number.AddItem(deep), Sysutils::EVariantError);
+    EXPECT_THROW(list << deep, Sysutils::EVariantError);
+    list.AddItems(platform);
+    EXPECT_THROW(list.setItem(1, deep), Sysutils::EVariantError);
+    EXPECT_EQ(Written(kept), "[[1]]");
+    EXPECT_EQ(Written(number), "3");
+    EXPECT_EQ(list.GetCount(), 2);
+}
+
 TEST_F(CVariantTest, RefusesItemsOutside)
 {
     CVariant array = ArrayOf(CVariants() << 1);
@@ -350,6 +381,7 @@ TEST_F(CVariantTest, ExchangesWithThePlatformsVariant)
         {Variant(true), UTL::vdtBool, "1", System::varBoolean},
         {Variant(Int64{5000000000}), UTL::vdtInt64, "5000000000", System::varInt64},
         {Variant(7).AsType(System::varDecimal), UTL::vdtInt64, "7", System::varInt64},
+        {Variant(ULLONG_MAX).AsType(System::varDecimal), UTL::vdtInt64, "-1", System::varInt64},
         {Variants::VarArrayOf({1, u"x", Variants::VarArrayOf({2.5})}), UTL::vdtArray, "[[1,\"x\",[[2.5]]]]",
          System::varArray | System::varVariant},
         {Variant({2, 1}, System::varInteger), UTL::vdtArray, "[[]]", System::varArray | System::varVariant},

@@ -302,6 +302,29 @@ TEST_F(VariantTest, PromotesInArithmetic)
     sum -= 1.5;
     sum /= 3;
     EXPECT_EQ(sum, 1.5);
+    // Texts grow in place, but to the type that their sum has.
+    const Variant first = "a";
+    Variant text = first;
+    text += "b";
+    text += text;
+    text += Variant();
+    EXPECT_EQ(text.Type(), varString);
+    text += u"\u4E2D";
+    text += text;
+    text += "c";
+    EXPECT_EQ(text, u"abab\u4E2Dabab\u4E2Dc");
+    EXPECT_EQ(text.Type(), varUString);
+    EXPECT_EQ(first, "a");
+    Variant former = Variant(u"x").AsType(varOleStr);
+    former += "y";
+    EXPECT_EQ(former.Type(), varUString);
+    EXPECT_THROW(former += 1, EVariantError);
+    EXPECT_EQ(former, u"xy");
+    former += Null();
+    EXPECT_TRUE(former.IsNull());
+    Variant digits = u"4";
+    digits += 1;
+    EXPECT_EQ(digits, 5);
     EXPECT_THROW(two + u"x", EVariantError);
     EXPECT_THROW(two + VarArrayOf({1}), EVariantError);
     EXPECT_THROW(two / 0, Sysutils::EDivByZero);
@@ -389,6 +412,26 @@ TEST_F(VariantTest, CopiesOfArraysAreValues)
     const Variant moved = std::move(second);
     EXPECT_TRUE(second.IsEmpty()); // NOLINT(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
     EXPECT_EQ(moved.GetElement(0), 9);
+}
+
+TEST_F(VariantTest, ArraysNestToALimit)
+{
+    Variant deep = VarArrayOf({7});
+    for (int depth = 1; depth < Variant::MaxArrayDepth; ++depth) {
+        deep = VarArrayOf({deep});
+    }
+    Variant copy = deep;
+    copy.PutElement(deep.GetElement(0), 0);
+    EXPECT_EQ(copy, deep);
+
+    EXPECT_THROW(VarArrayOf({1, deep}), EVariantError);
+    EXPECT_THROW(copy.PutElement(deep, 0), EVariantError);
+    EXPECT_EQ(copy, deep);
+    Variant outer({0, 1}, varVariant);
+    outer.PutElement(deep.GetElement(0), 1);
+    EXPECT_THROW(outer.PutElement(deep, 0), EVariantError);
+    EXPECT_TRUE(outer.GetElement(0).IsEmpty());
+    EXPECT_THROW(VarArrayOf({outer}), EVariantError) << "put in later, but as deep";
 }
 
 TEST_F(VariantTest, AnswersByType)

@@ -56,6 +56,14 @@ TEST(VariantListTest, TakesArraysAndFoundationLists)
     EXPECT_TRUE(list == 7);
     list = other;
     EXPECT_TRUE(list[4].IsNull());
+    list[0] = VarArrayOf({8, 9});
+    list.AssignArray(list[0]);
+    EXPECT_EQ(list.getVarArray(), VarArrayOf({8, 9})) << "the argument may be of the list itself";
+
+    list.push_back(System::Byte{1});
+    EXPECT_THROW(list.AddVariantsTo(other), Sysutils::EVariantError);
+    EXPECT_THROW(list.GetVariants(other), Sysutils::EVariantError);
+    EXPECT_EQ(other.GetCount(), 6) << "refused as a whole";
     EXPECT_TRUE(CVariants(10U).empty());
 }
 
@@ -78,6 +86,14 @@ TEST(VariantListTest, Compares)
     EXPECT_FALSE(ListOf({u"x"}) < 9);
     EXPECT_TRUE(oneTwo < 2);
     EXPECT_FALSE(two < Variant(2));
+    EXPECT_FALSE(one == 1.5);
+    EXPECT_FALSE(one == Int64{0x1'0000'0001});
+    EXPECT_TRUE(one < 1.5);
+    EXPECT_TRUE(one < Int64{0x1'0000'0000});
+    EXPECT_TRUE(ListOf({1.4}) == 1) << "by the int cast";
+    EXPECT_TRUE(oneTwo > one && oneTwo >= one && one <= oneTwo && one >= one && one <= ListOf({1.0}));
+    EXPECT_FALSE(one > oneTwo || one >= oneTwo || oneTwo <= one || one > one);
+    EXPECT_FALSE(one <= ListOf({u"x"}) || one >= ListOf({u"x"})) << "not to be compared";
     EXPECT_TRUE(CVariants() < Variant(0));
     EXPECT_TRUE(CVariants() < 0);
 }
@@ -94,6 +110,10 @@ TEST(VariantListTest, HasACommaText)
     EXPECT_EQ(list[2], u"abc");
     EXPECT_TRUE(list[3].IsNull());
     EXPECT_EQ(list.getCommaText(), u"1,2.5,abc,,\"a, b\"");
+    list.setCommaText(u"\"\t7\",\"\r\n8\"");
+    ASSERT_EQ(list.size(), 2U);
+    EXPECT_EQ(list[0], 7);
+    EXPECT_EQ(list[1], 8);
     list.setCommaText(u"");
     EXPECT_TRUE(list.empty());
 }
@@ -115,6 +135,8 @@ TEST(VariantMapTest, FindsByText)
     EXPECT_EQ(map.FindInt(u"a", 5), 5);
     EXPECT_EQ(map.FindInt64(u"B", 5), 0);
     EXPECT_EQ(map.FindInt64(u"x", 5), 5);
+    EXPECT_EQ(map.FindInt(u"x", 5), 5);
+    EXPECT_EQ(map.FindPropertyInt(u"x", 5), 5);
     EXPECT_EQ(map.FindPropertyInt(u"a", 5), 1);
     EXPECT_EQ(map.size(), 3U) << "looking adds nothing";
 
@@ -173,6 +195,16 @@ TEST(NameValuePairsTest, WritesSqlAssignments)
     EXPECT_EQ(pairs._getDebugInfo(), u"a=1,\"b=x, 'y'\",\"a=1,5\",n=");
     pairs.Assign(pairs[1].name, pairs[1].value);
     EXPECT_EQ(pairs.GetSqlUpdateAssign(), u"b='x, ''y'''");
+
+    CStringList lines;
+    lines.Add(u"former");
+    pairs.AddSqlUpdateAssignTo(lines.getList());
+    pairs.AddSqlUpdateAssignTo(nullptr);
+    EXPECT_EQ(lines.GetDelimitedText(u'|'), u"former|b='x, ''y'''");
+    pairs.Assign(u"flag", true);
+    const Support::ScriptedBoxes boxes({IDYES, IDNO});
+    EXPECT_THROW(pairs.AddSqlUpdateAssignTo(lines.getList()), UTL::XAssert);
+    EXPECT_EQ(pairs.GetSqlUpdateAssign(), u"flag=") << "passed by the user";
 }
 
 template <class S>
@@ -189,6 +221,13 @@ TYPED_TEST(StrVariantTest, ConvertsBothWays)
     Sysutils::DecimalSeparator = u',';
     EXPECT_EQ(UnicodeString(S(Variant(2.5))), u"2,5");
     EXPECT_EQ(UnicodeString(S(Null())), u"");
+    EXPECT_EQ(UnicodeString(S(2.5)), u"2,5");
+    EXPECT_EQ(UnicodeString(S(2.5F)), u"2,5");
+    EXPECT_EQ(UnicodeString(S(-7)), u"-7");
+    EXPECT_EQ(UnicodeString(S(-7L)), u"-7");
+    EXPECT_EQ(UnicodeString(S("abc")), u"abc");
+    EXPECT_EQ(UnicodeString(S(u"abc")), u"abc");
+    EXPECT_EQ(UnicodeString(S(static_cast<const char*>(nullptr))), u"");
     const Int64 wide = 0x1'0000'0005;
     const Int64 wideBack = S(wide);
     EXPECT_EQ(wideBack, wide);

@@ -11,7 +11,10 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <cmath>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace
 {
@@ -86,7 +89,12 @@ TEST(VariantUtilitiesTest, ConvertsByType)
 TEST(VariantUtilitiesTest, TellsFailures)
 {
     EXPECT_EQ(ToInt(Variant(u"8")), 8);
-    EXPECT_THROW(ToInt(Variant(TDateTime(1))), Sysutils::EConvertError);
+    try {
+        ToInt(Variant(TDateTime(1)));
+        FAIL();
+    } catch (const Sysutils::EConvertError& error) {
+        EXPECT_EQ(error.getMessage(), u"Variant-To-Int-Convert-Error, invalid type.");
+    }
     try {
         ToInt64(Variant(u"x"));
         FAIL();
@@ -140,7 +148,34 @@ TEST(VariantUtilitiesTest, Compares)
         EXPECT_EQ(Compare(a, b), result) << a << ' ' << b;
         EXPECT_EQ(AreEqual(a, b), result == 0);
     }
+    const std::pair<Variant, Variant> apart[] = {
+        {u"x", 5}, {u"x", true}, {VarArrayOf({1}), 1}, {std::nan(""), 1}};
+    for (const auto& [a, b] : apart) {
+        EXPECT_EQ(Compare(a, b), -1) << a << ' ' << b;
+        EXPECT_EQ(Compare(b, a), -1) << a << ' ' << b;
+    }
+    const Variant unordered = std::nan("");
+    const Variant sameUnordered = unordered;
+    EXPECT_TRUE(AreEqual(unordered, unordered)) << "the same object";
+    EXPECT_FALSE(AreEqual(unordered, sameUnordered));
+}
+
+TEST(VariantUtilitiesTest, ComparesArrays)
+{
     EXPECT_TRUE(AreEqual(VarArrayOf({1, u"x"}), VarArrayOf({1.0, "x"})));
+    EXPECT_TRUE(AreEqual(VarArrayOf({1, VarArrayOf({2, Null()})}), VarArrayOf({1, VarArrayOf({2, Null()})})));
+    EXPECT_FALSE(AreEqual(VarArrayOf({Variant()}), VarArrayOf({0})));
+    EXPECT_FALSE(AreEqual(VarArrayOf({VarArrayOf({Variant()})}), VarArrayOf({VarArrayOf({0})})))
+        << "the same rule on each level";
+    const auto grid = [](const Variant& last, int high = 1) {
+        Variant array({0, 1, 0, high}, System::varVariant);
+        array.PutElement(last, 1, 1);
+        return array;
+    };
+    EXPECT_TRUE(AreEqual(grid(3), grid(u"3")));
+    EXPECT_FALSE(AreEqual(grid(3), grid(4)));
+    EXPECT_FALSE(AreEqual(grid(0), grid(Variant())));
+    EXPECT_FALSE(AreEqual(grid(3), grid(3, 2)));
     EXPECT_FALSE(AreEqual(VarArrayOf({1, 2}), VarArrayOf({1, 3})));
     EXPECT_FALSE(AreEqual(VarArrayOf({1, 2}), VarArrayOf({1})));
     EXPECT_FALSE(AreEqual(VarArrayOf({1}), 1));
@@ -157,7 +192,9 @@ TEST(VariantUtilitiesTest, StoresValuesWithTheirType)
     } cases[] = {
         {Variant(), u"0:", Variant()},
         {Null(), u"1:", Null()},
+        {short(-7), u"2:-7", -7},
         {5, u"3:5", 5},
+        {1.5F, u"4:1,5", 1.5},
         {true, u"11:-1", -1},
         {System::Byte(200), u"17:200", 200},
         {2.5, u"5:2,5", 2.5},
@@ -166,6 +203,7 @@ TEST(VariantUtilitiesTest, StoresValuesWithTheirType)
         {Variant(ULLONG_MAX).AsType(System::varDecimal), u"14:-1", Int64(-1)},
         {Wide, u"20:4294967301", Wide},
         {UInt64(9), u"21:9", Int64(9)},
+        {System::LongWord(7), u"19:7", AnsiString("7")},
         {u"a:\u00E4\n\u03B1", u"258:a:\u00E4\u0001+?", AnsiString(u"a:\u00E4\n?")},
         {AnsiString(), u"256:", AnsiString()},
     };
@@ -178,13 +216,16 @@ TEST(VariantUtilitiesTest, StoresValuesWithTheirType)
         EXPECT_TRUE(AreEqual(again, read)) << UnicodeString(text);
     }
     EXPECT_EQ(Sysutils::DecimalSeparator, u',');
-    for (const auto* text : {u"", u"3", u"x:5", u":5", u"1:x"}) {
+    for (const auto* text : {u"", u"3", u"x:5", u":5", u"1:x", u"-:5"}) {
         EXPECT_TRUE(VStrToVar(text).IsNull()) << UnicodeString(text);
     }
     for (const auto* text : {u"3:", u"3:x", u"5:2.5", u"6:x", u"7:1,5", u"20:99999999999999999999"}) {
         EXPECT_THROW(VStrToVar(text), Sysutils::EConvertError) << UnicodeString(text);
     }
+    EXPECT_EQ(VStrToVar(u"3x:7"), 7) << "the code is read as by ToInt";
+    EXPECT_EQ(VStrToVar(u"-1:7").Type(), System::varString);
     EXPECT_THROW(VarToVStr(VarArrayOf({1})), Sysutils::EVariantError);
+    EXPECT_THROW(VarToVStr(UInt64(ULLONG_MAX)), Sysutils::EVariantError);
 }
 
 TEST(VariantUtilitiesTest, TakesBytesFromArrays)
@@ -207,6 +248,12 @@ TEST(VariantUtilitiesTest, SumsArrays)
     const Variant none = ForEeachVar_Sum(Variant({0, -1}, System::varVariant));
     EXPECT_EQ(none.Type(), System::varInteger);
     EXPECT_EQ(none, 0);
+    const Variant texts = VarArrayOf({"a", Variant(), u"b"});
+    EXPECT_EQ(ForEeachVar_Sum(texts), u"ab");
+    EXPECT_EQ(texts.GetElement(0), "a") << "the elements stay";
+    // Joined anew each time, so many texts would take minutes.
+    const std::vector<Variant> many(100'000, u"ten digits");
+    EXPECT_EQ(ForEeachVar_Sum(Variant::ArrayOf(many)).As<UnicodeString>().Length(), 1'000'000);
 }
 
 TEST(VariantUtilitiesTest, FindsTheBestType)
@@ -219,6 +266,10 @@ TEST(VariantUtilitiesTest, FindsTheBestType)
     } cases[] = {
         {u"12", 12, 12},
         {u"$1F", 31, 31},
+        {u"$FFFFFFFF", Int64(0xFFFF'FFFF), Int64(0xFFFF'FFFF)},
+        {u"\t12", 12, 12},
+        {u"\r\n -3", -3, -3},
+        {u" \t$1F", 31, 31},
         {u"1.5", 1.5, 1.5},
         {u"3000000000", 3e9, 3e9},
         {u"", Null(), Null()},
@@ -237,6 +288,7 @@ TEST(VariantUtilitiesTest, FindsTheBestType)
     EXPECT_EQ(ToPropertyIntDef(u"true", 5), 1);
     EXPECT_EQ(ToPropertyIntDef(u"True", 5), 5);
     EXPECT_EQ(ToPropertyIntDef(2, 5), 2);
+    EXPECT_EQ(ToPropertyIntDef(u"\r\n12", 5), 12);
 }
 
 } // namespace

@@ -174,7 +174,10 @@ public:
     }
 
     // Arrays. An index outside the bounds, another count of indices than dimensions and a variant that is no
-    // array raise `Sysutils::EVariantError`. Dimensions count from 1.
+    // array raise `Sysutils::EVariantError`. So does an element that would nest arrays deeper than
+    // `MaxArrayDepth`; an array counts as deep as it has ever been. Dimensions count from 1.
+
+    static constexpr int MaxArrayDepth = 1000;
 
     /// An array of up to 64 dimensions, each with its lowest and its highest index; a highest index one below
     /// the lowest leaves it empty. The elements are of any type that a variant has, or `varVariant`.
@@ -204,12 +207,9 @@ public:
     std::span<const Byte> ArrayBytes() const;
     std::span<Byte> ArrayBytes();
 
-    /// As the operator.
-    template <class T>
-    Variant& operator+=(const T& other)
-    {
-        return *this = *this + other;
-    }
+    // As the operators. A text grows in place, so that gathering a long one costs no more than its length.
+
+    Variant& operator+=(const Variant& other);
     template <class T>
     Variant& operator-=(const T& other)
     {
@@ -301,13 +301,13 @@ TRS8_BTL_API std::partial_ordering Compare(const Variant& a, const Variant& b);
 
 } // namespace Detail
 
-// Arithmetic. Null makes the result Null. Empty counts as 0, and beside text as the empty text; True is -1;
-// text beside another type is read as a float. Whole numbers give a `varInteger`, or a 64-bit integer if the
-// result or an operand is wider, and a float beyond that. Floats, and the quotient of whole numbers, give a
-// `varDouble`. Money with money or whole numbers gives money, but its quotient by money is a float; with a
-// float, sums are money and products floats. A date plus or minus a number is a date, the difference of two
-// dates a float. Text that is no number, and arrays, raise `Sysutils::EVariantError`; a divisor of 0 raises
-// `Sysutils::EDivByZero`, and money out of range `Sysutils::EIntOverflow`.
+// Arithmetic. Null makes the result Null. Empty counts as 0, but in a sum with text as the empty text; True
+// is -1; text beside another type is read as a float. Whole numbers give a `varInteger`, or a 64-bit integer
+// if the result or an operand is wider, and a float beyond that. Floats, and the quotient of whole numbers,
+// give a `varDouble`. Money with money or whole numbers gives money, but its quotient by money is a float;
+// with a float, sums are money and products floats. A date plus or minus a number is a date, the difference
+// of two dates a float. Text that is no number, and arrays, raise `Sysutils::EVariantError`; a divisor of 0
+// raises `Sysutils::EDivByZero`, and money out of range `Sysutils::EIntOverflow`.
 
 /// Two texts are joined, to 8-bit text if both are, else to wide text.
 template <class A, class B>

@@ -36,8 +36,8 @@ using TElements = TVectors<Variant, signed char, short, int, Int64, Byte, Word, 
 class TVariantArray : public TSharedBlock
 {
 public:
-    TVariantArray(Word type, std::vector<TBounds> givenBounds, TElements values)
-        : elementType(type), bounds(std::move(givenBounds)), elements(std::move(values))
+    TVariantArray(Word type, std::vector<TBounds> givenBounds, TElements values, int givenDepth = 1)
+        : elementType(type), bounds(std::move(givenBounds)), elements(std::move(values)), depth(givenDepth)
     {
     }
     ~TVariantArray() override = default;
@@ -46,6 +46,9 @@ public:
     std::vector<TBounds> bounds;
     /// The first index runs fastest, so that a change of the last bound moves nothing.
     TElements elements;
+    /// How deep arrays nest, this one included, or have nested. It bounds all that walks into them. The
+    /// arrays inside stay as they are, since each is shared with whoever changes it.
+    int depth;
 };
 
 [[noreturn]] void ThrowArray(const WideChar* message)
@@ -133,13 +136,24 @@ const TVariantArray& ArrayIn(const Variant& value)
     return static_cast<const TVariantArray&>(*std::get<Variant::TArray>(value.getValue()).get());
 }
 
+/// How deep an array is that holds `element`.
+int DepthAround(const Variant& element)
+{
+    const int depth = element.IsArray() ? ArrayIn(element).depth + 1 : 1;
+    if (depth > Variant::MaxArrayDepth) {
+        ThrowArray(u"Variant arrays are nested too deeply");
+    }
+    return depth;
+}
+
 /// The array of a variant that is one, for writing: `value` parts from all other holders first.
 TVariantArray& OwnArrayIn(Variant::TValue& value)
 {
     auto& holder = std::get<Variant::TArray>(value);
     if (!holder.IsUnique()) {
         const auto& array = static_cast<const TVariantArray&>(*holder.get());
-        holder = Variant::TArray(new TVariantArray(array.elementType, array.bounds, array.elements));
+        holder =
+            Variant::TArray(new TVariantArray(array.elementType, array.bounds, array.elements, array.depth));
     }
     return static_cast<TVariantArray&>(*holder.get());
 }
@@ -205,10 +219,14 @@ Variant Variant::ArrayOf(std::span<const Variant> values)
     if (values.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
         ThrowArray(u"Variant array is too large");
     }
+    int depth = 1;
+    for (const Variant& value : values) {
+        depth = std::max(depth, DepthAround(value));
+    }
     const TBounds bounds{0, static_cast<int>(values.size()) - 1};
-    return {
-        varArray | varVariant,
-        TArray(new TVariantArray(varVariant, {bounds}, std::vector<Variant>(values.begin(), values.end())))};
+    return {varArray | varVariant,
+            TArray(new TVariantArray(varVariant, {bounds}, std::vector<Variant>(values.begin(), values.end()),
+                                     depth))};
 }
 
 int Variant::ArrayDimCount() const noexcept
@@ -247,16 +265,19 @@ void Variant::PutElementAt(const Variant& value, std::span<const int> indices)
     const std::size_t place = PlaceOf(ArrayIn(*this), indices);
     // Held here, as the value may be this array itself.
     const Variant copy = value;
+    const int depth = DepthAround(copy);
+    TVariantArray& array = OwnArrayIn(mValue);
     std::visit(
         [&](auto& items) {
             using Item = typename std::remove_cvref_t<decltype(items)>::value_type;
             if constexpr (std::same_as<Item, Variant>) {
                 items[place] = copy;
+                array.depth = std::max(array.depth, depth);
             } else {
                 items[place] = copy.As<Item>();
             }
         },
-        OwnArrayIn(mValue).elements);
+        array.elements);
 }
 
 std::span<const Byte> Variant::ArrayBytes() const
@@ -279,7 +300,7 @@ std::span<Byte> Variant::ArrayBytes()
 namespace Detail
 {
 
-bool AreArraysEqual(const Variant& a, const Variant& b)
+bool AreArraysEqual(const Variant& a, const Variant& b, bool (*areEqual)(const Variant&, const Variant&))
 {
     if (!a.IsArray() || !b.IsArray()) {
         return false;
@@ -293,7 +314,7 @@ bool AreArraysEqual(const Variant& a, const Variant& b)
     }
     const std::size_t count = CountOf(x.bounds);
     for (std::size_t i = 0; i < count; ++i) {
-        if (!AreEqual(ElementAt(x, i), ElementAt(y, i))) {
+        if (!areEqual(ElementAt(x, i), ElementAt(y, i))) {
             return false;
         }
     }

@@ -20,8 +20,8 @@ std::optional<bool> TryBool(const Variant& value);
 /// Nothing for a text that is no date, for Null and for an array.
 std::optional<double> TryDate(const Variant& value);
 
-/// The arrays of both compared; see `operator==`.
-bool AreArraysEqual(const Variant& a, const Variant& b);
+/// True if both are arrays with equal bounds and `areEqual` holds for each pair of their elements.
+bool AreArraysEqual(const Variant& a, const Variant& b, bool (*areEqual)(const Variant&, const Variant&));
 
 /// Raise `Sysutils::EVariantError`.
 [[noreturn]] void ThrowVariantCast(Word from, Word to);

@@ -204,7 +204,8 @@ std::partial_ordering Compare(const Variant& a, const Variant& b)
         return Ordered(!a.IsNull(), !b.IsNull());
     }
     if (a.IsArray() || b.IsArray()) {
-        return AreArraysEqual(a, b) ? std::partial_ordering::equivalent : std::partial_ordering::unordered;
+        return AreArraysEqual(a, b, AreEqual) ? std::partial_ordering::equivalent
+                                              : std::partial_ordering::unordered;
     }
     if (IsTextPair(a, b)) {
         return CompareTexts(a, b);
@@ -226,3 +227,25 @@ bool AreEqual(const Variant& a, const Variant& b)
 }
 
 } // namespace System::Detail
+
+namespace System
+{
+
+Variant& Variant::operator+=(const Variant& other)
+{
+    if (IsText() && Detail::IsTextPair(*this, other)) {
+        auto* narrow = std::get_if<AnsiString>(&mValue);
+        if (narrow != nullptr && (other.Type() == varString || other.IsEmpty())) {
+            *narrow += other.As<AnsiString>();
+            return *this;
+        }
+        if (auto* wide = std::get_if<UnicodeString>(&mValue)) {
+            *wide += other.As<UnicodeString>();
+            mType = varUString;
+            return *this;
+        }
+    }
+    return *this = *this + other;
+}
+
+} // namespace System
