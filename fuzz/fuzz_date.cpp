@@ -1,27 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/Sysutils_Date.h"
 #include "platform/runtime/Sysutils_Exception.h"
+#include "support/Fuzz.h"
 #include "text/BTL_DT_Utilities.h"
 
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <string_view>
 
 namespace
 {
 
+using Fuzz::Require;
 using System::AnsiString;
 using System::TDateTime;
 using System::UnicodeString;
 using System::Word;
-
-void Require(bool condition)
-{
-    if (!condition) {
-        std::abort();
-    }
-}
 
 /// Calls what may refuse its input.
 template <class Call>

@@ -1,20 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/UTL_CVariants.h"
 #include "platform/runtime/Sysutils_Exception.h"
+#include "support/Fuzz.h"
 
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
 namespace
 {
 
-void Require(bool condition)
-{
-    if (!condition) {
-        std::abort();
-    }
-}
+using Fuzz::Require;
 
 /// All conversions; the forms with a default fail where the raising ones do.
 void Convert(const UTL::CVariant& value)
@@ -33,7 +28,7 @@ void Convert(const UTL::CVariant& value)
 /// Reads any text as a variant of both widths and as a list of variants.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const System::AnsiString narrow(std::string_view(reinterpret_cast<const char*>(data), size));
+    const System::AnsiString narrow(Fuzz::Bytes(data, size));
     const System::UnicodeString wide(narrow);
     Convert(narrow);
     Convert(wide);

@@ -1,27 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/Sysutils_Exception.h"
 #include "platform/runtime/Variants.h"
+#include "support/Fuzz.h"
 #include "text/BTL_NUM_Numbers.h"
 #include "text/BTL_VARI_Utilities.h"
 
 #include <cmath>
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
 namespace
 {
 
+using Fuzz::Require;
 using System::AnsiString;
 using System::UnicodeString;
 using System::Variant;
-
-void Require(bool condition)
-{
-    if (!condition) {
-        std::abort();
-    }
-}
 
 /// Whether only decimal digits make the text an integer.
 bool IsDecimal(const UnicodeString& text)
@@ -49,7 +43,7 @@ void CheckStored(const Variant& value)
 /// Reads any text as a typed variant, and as the best variant.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const UnicodeString text(AnsiString(std::string_view(reinterpret_cast<const char*>(data), size)));
+    const UnicodeString text(AnsiString(Fuzz::Bytes(data, size)));
     try {
         const Variant value = BTL::VStrToVar(text);
         if (!IsAtLimit(value)) {

@@ -38,6 +38,8 @@ public:
 
     /// `Sysutils::Exception` if the file doesn't take it.
     void Add(const UTL::CVariants& sample);
+    /// Lets others see the samples, so that they are there if this program doesn't end well. Fails alike.
+    void Flush() { mStream.getFileStream()->Flush(); }
 
 private:
     BTL::CFileOutStream mStream;

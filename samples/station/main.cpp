@@ -44,6 +44,7 @@ void SampleFor(double seconds, const std::vector<CChannel>& channels, CSampleWri
                 BTL::Log(channel.getName() + u": no value");
             }
         }
+        writer.Flush();
     }
 }
 
