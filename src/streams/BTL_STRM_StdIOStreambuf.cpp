@@ -37,9 +37,9 @@ AStdStreambuf::AStdStreambuf(TStream* stream)
 {
 }
 
-AStdStreambuf::AStdStreambuf(const AStdStreambuf& other)
-    : std::basic_streambuf<char>(), mEmpty(other.mEmpty), mStream(other.mStream)
+AStdStreambuf::AStdStreambuf(const AStdStreambuf& other) : AStdStreambuf(other.mStream)
 {
+    mEmpty = other.mEmpty;
 }
 
 AStdStreambuf& AStdStreambuf::operator=(const AStdStreambuf& /*other*/)

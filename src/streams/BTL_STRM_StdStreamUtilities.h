@@ -30,7 +30,7 @@ TRS8_BTL_API System::Int64 GetReadPosition(StdInStream& stream);
 /// The position stays.
 TRS8_BTL_API System::Int64 GetSize(StdInStream& stream);
 /// Up to 1023 bytes of the line in which the position lies, from its beginning on, without the line feed. The
-/// position stays, and the state is good after it.
+/// position stays, and the state is good after it. Empty, with fail, for a stream that has no position.
 TRS8_BTL_API System::AnsiString GetCurrStrLine(StdInStream& stream);
 
 TRS8_BTL_API System::AnsiString ReadStringUntil(StdInStream& stream, char delimiter);

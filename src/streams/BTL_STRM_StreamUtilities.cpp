@@ -154,7 +154,7 @@ AnsiString GetCurrStrLine(TStream* stream)
     CheckedStream checked(stream, 68);
     const Int64 position = checked->getPosition();
     checked->setPosition(LineStart(*checked, std::min(position, checked->getSize())));
-    const AnsiString line = ReadLine(&*checked);
+    AnsiString line = ReadLine(&*checked);
     checked->setPosition(position);
     return line;
 }

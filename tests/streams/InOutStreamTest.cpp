@@ -86,16 +86,16 @@ TEST(InStreamTest, LongDoublesHaveTheirOwnRangeAndPrecision)
 {
     const struct
     {
-        const char* text;
         long double value;
+        const char* text;
         const char* state;
     } cases[] = {
-        {"0.1 ", 0.1L, "3"},     {"-123456789.0123456789 ", -123456789.0123456789L, "21"},
-        {"1e400 ", 1e400L, "5"}, {"+3.5e-4000 ", 3.5e-4000L, "10"},
-        {"1e-5000 ", 0, "7"},    {"1e5000 ", 0, "f6"},
-        {"1-1 ", 0, "f3"},       {"inf ", 0, "f0"},
+        {0.1L, "0.1 ", "3"},     {-123456789.0123456789L, "-123456789.0123456789 ", "21"},
+        {1e400L, "1e400 ", "5"}, {3.5e-4000L, "+3.5e-4000 ", "10"},
+        {0, "1e-5000 ", "7"},    {0, "1e5000 ", "f6"},
+        {0, "1-1 ", "f3"},       {0, "inf ", "f0"},
     };
-    for (const auto& [text, value, state] : cases) {
+    for (const auto& [value, text, state] : cases) {
         CInStream stream{AnsiString(text)};
         long double read = 1;
         stream >> read;

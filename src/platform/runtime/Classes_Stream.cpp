@@ -224,7 +224,7 @@ Int64 TMemoryStream::Write(const void* buffer, Int64 count)
         return 0;
     }
     const auto* in = static_cast<const char*>(buffer);
-    const std::less<const char*> before;
+    const std::less<> before;
     if (!before(in, mBytes.data()) && before(in, mBytes.data() + mBytes.size())) {
         // Its own bytes would move away while they are copied.
         const std::vector<char> copy(in, in + std::min<Int64>(count, mBytes.data() + mBytes.size() - in));
