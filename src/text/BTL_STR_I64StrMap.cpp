@@ -31,7 +31,12 @@ CI64StrMap& CI64StrMap::operator=(const CI64StrMap& other)
 
 CI64StrMap& CI64StrMap::operator=(const CI64StrMap* other)
 {
-    return *this = other == nullptr ? CI64StrMap() : *other;
+    if (other == nullptr) {
+        Clear();
+    } else {
+        *this = *other;
+    }
+    return *this;
 }
 
 CI64StrMap::~CI64StrMap() = default;

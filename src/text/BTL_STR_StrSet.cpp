@@ -19,10 +19,14 @@ CStrSet::CStrSet(const CStrSet& other)
 
 CStrSet& CStrSet::operator=(const CStrSet& other)
 {
-    if (this != &other) {
-        Clear();
-        Add(other.mStrings.get());
+    if (this == &other) {
+        return *this;
     }
+    // The list stays the same one: `CreateStrings` gave it out.
+    if (mStrings != nullptr) {
+        mStrings->Clear();
+    }
+    Add(other.mStrings.get());
     return *this;
 }
 
@@ -63,7 +67,7 @@ void CStrSet::AddCommaText(const UnicodeString& text)
     CStrSet items;
     items.setCommaText(text);
     if (items.Contains(u"=")) {
-        *this = items;
+        setCommaText(text);
     } else {
         Add(items.mStrings.get());
     }

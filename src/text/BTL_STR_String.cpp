@@ -4,8 +4,10 @@
 #include "platform/runtime/Sysutils_Number.h"
 
 #include <algorithm>
+#include <climits>
 #include <istream>
 #include <ostream>
+#include <string>
 
 namespace BTL
 {
@@ -15,6 +17,41 @@ namespace
 
 using System::AnsiString;
 using System::UnicodeString;
+
+using Traits = std::istream::traits_type;
+
+bool IsBlank(Traits::int_type c)
+{
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+bool IsDigit(Traits::int_type c)
+{
+    return c >= '0' && c <= '9';
+}
+
+/// By hand: a stream reads numbers by the digit groups of its locale and in its base.
+int ReadSize(std::istream& stream)
+{
+    while (IsBlank(stream.peek())) {
+        stream.get();
+    }
+    const bool isNegative = stream.peek() == '-';
+    if (isNegative) {
+        stream.get();
+    }
+    constexpr System::Int64 bound = System::Int64{INT_MAX} + 1;
+    System::Int64 size = 0;
+    bool isNumber = false;
+    for (; IsDigit(stream.peek()); isNumber = true) {
+        size = std::min(size * 10 + (stream.get() - '0'), bound);
+    }
+    if (!isNumber || (size == bound && !isNegative)) {
+        stream.setstate(std::ios::failbit);
+        return 0;
+    }
+    return isNegative ? 0 : static_cast<int>(size);
+}
 
 /// Reads in pieces, so that a size alone takes no memory.
 AnsiString ReadBytes(std::istream& stream, int count)
@@ -43,16 +80,15 @@ const UnicodeString kEmptyString;
 
 void CAnsiString::Write(std::ostream& stream) const
 {
-    stream << size() << ' ';
+    // Unformatted, since a stream writes numbers with the digit groups of its locale and in its base.
+    const std::string head = std::to_string(size()) + ' ';
+    stream.write(head.data(), static_cast<std::streamsize>(head.size()));
     stream.write(c_str(), size());
 }
 
 void CAnsiString::Read(std::istream& stream)
 {
-    int count = 0;
-    if (!(stream >> count)) {
-        count = 0;
-    }
+    const int count = ReadSize(stream);
     stream.get();
     mText = ReadBytes(stream, count);
 }

@@ -4,6 +4,7 @@
 #include "foundation/UTL_STR_Utilities.h"
 #include "platform/runtime/System_String.h"
 
+#include <algorithm>
 #include <iosfwd>
 
 namespace BTL
@@ -12,7 +13,8 @@ namespace BTL
 /// The empty text.
 extern TRS8_BTL_API const System::UnicodeString kEmptyString;
 
-/// What the two string values share: operations of their text `S`, with results of the type `Self`.
+/// What the two string values share: operations of their text `S`, with results of the type `Self`. Unlike
+/// those of the text itself, all indices count from 0.
 template <class Self, class S>
 class GStringValue
 {
@@ -23,15 +25,19 @@ public:
     GStringValue(const S& text) : mText(text) {}
 
     const Char* c_str() const noexcept { return mText.c_str(); }
-    /// The position counts from 1.
-    Self SubString(int index, int count) const { return mText.SubString(index, count); }
+    /// Up to `count` characters from `index`. An `index` below 0 counts as 0; behind the end, or with a
+    /// `count` below 1, the result is empty.
+    Self SubString(int index, int count) const
+    {
+        return mText.SubString(std::clamp(index, 0, mText.Length()) + 1, count);
+    }
     Self LowerCase() const { return mText.LowerCase(); }
     Self UpperCase() const { return mText.UpperCase(); }
     Self Trim() const { return mText.Trim(); }
     Self TrimLeft() const { return mText.TrimLeft(); }
     Self TrimRight() const { return mText.TrimRight(); }
 
-    // As the functions of these names in `UTL`: indices count from 0, -1 means not found.
+    // As the functions of these names in `UTL`; -1 means not found.
 
     int find_first_of(Char c, int start) const { return UTL::find_first_of(c, c_str(), start); }
     int find_first_of2(Char c1, Char c2, int start) const
@@ -48,7 +54,7 @@ protected:
 };
 
 /// 8-bit text as a value that streams keep. In a stream it is its size in decimal digits, a blank, and that
-/// many bytes.
+/// many bytes, whatever the locale and the flags of the stream.
 class TRS8_BTL_API CAnsiString : public GStringValue<CAnsiString, System::AnsiString>
 {
 public:
@@ -63,8 +69,8 @@ public:
     const System::AnsiString& vcl_str() const noexcept { return mText; }
 
     void Write(std::ostream& stream) const;
-    /// The text is empty if there is no size, or one below 1. Where the stream ends early, the text is what
-    /// there was and the stream has failed.
+    /// The text is empty for a size below 1, and if there is no size that an `int` holds, which fails the
+    /// stream. Where the stream ends early, the text is what there was and the stream has failed.
     void Read(std::istream& stream);
 };
 
@@ -80,10 +86,13 @@ public:
     {
     }
     CUnicodeString(const System::UTF8String& text) : GStringValue(System::UnicodeString(text)) {}
+    // Other 8-bit text doesn't tell whether it is UTF-8: give its `UTF8String` or its `UnicodeString`.
+    CUnicodeString(const char*) = delete;
+    CUnicodeString(const System::AnsiString&) = delete;
 
     int length() const noexcept { return mText.Length(); }
-    /// The character at the 1-based `index`; `Sysutils::ERangeError` outside the text.
-    System::WideChar operator[](int index) const { return mText[index]; }
+    /// `Sysutils::ERangeError` outside the text.
+    System::WideChar operator[](int index) const { return mText[std::min(index, length()) + 1]; }
     /// As `Sysutils::StrToIntDef`.
     int ToIntDef(int defaultValue) const;
     const System::UnicodeString& vcl_str() const noexcept { return mText; }

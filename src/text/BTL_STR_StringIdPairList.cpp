@@ -2,8 +2,11 @@
 #include "text/BTL_STR_StringIdPairList.h"
 
 #include "platform/runtime/System_ClassBuilder.h"
+#include "text/BTL_STR_StringsUpdate.h"
 
 #include <memory>
+#include <unordered_set>
+#include <utility>
 
 namespace BTL
 {
@@ -14,11 +17,12 @@ namespace
 using Classes::TStringList;
 using Classes::TStrings;
 using System::Int64;
+using System::TObject;
 using System::UnicodeString;
 
-class TIdObject : public System::TObject
+class TIdObject : public TObject
 {
-    TRS8_BTL_CLASS(TIdObject, System::TObject)
+    TRS8_BTL_CLASS(TIdObject, TObject)
 
 public:
     explicit TIdObject(Int64 value) : id(value) {}
@@ -32,11 +36,42 @@ System::TMetaClass* TIdObject::ClassRecord()
     return record;
 }
 
-Int64 IdOf(const System::TObject* object)
+Int64 IdOf(const TObject* object)
 {
     const auto* const holder = dynamic_cast<const TIdObject*>(object);
     return holder == nullptr ? 0 : holder->id;
 }
+
+/// Ids for lines that a list is about to take. It destroys those that are not on a line in the end.
+class CNewIds
+{
+public:
+    explicit CNewIds(const TStringList& list) : mList(list), mFirst(list.getSorted() ? 0 : list.getCount()) {}
+    CNewIds(const CNewIds&) = delete;
+    CNewIds& operator=(const CNewIds&) = delete;
+    ~CNewIds()
+    {
+        for (int i = mFirst; i < mList.getCount(); ++i) {
+            mIds.erase(mList.getObjects(i));
+        }
+        for (const TObject* const object : mIds) {
+            delete object;
+        }
+    }
+
+    TObject* Make(Int64 id)
+    {
+        auto object = std::make_unique<TIdObject>(id);
+        mIds.insert(object.get());
+        return object.release();
+    }
+
+private:
+    const TStringList& mList;
+    /// Lines in front of it were there before.
+    int mFirst;
+    std::unordered_set<const TObject*> mIds;
+};
 
 } // namespace
 
@@ -50,6 +85,8 @@ void AddStringIdPair(TStringList* list, const UnicodeString& text, Int64 id)
         list->Add(text);
         return;
     }
+    // Handlers, which may raise or delete the line, run when the owner of the object is settled.
+    const CStringsUpdate update(list);
     auto object = std::make_unique<TIdObject>(id);
     const int index = list->AddObject(text, object.get());
     // A sorted list that has the line already doesn't take the object.
@@ -63,11 +100,13 @@ void SetIdAt(TStringList* list, int index, Int64 id)
     if (list == nullptr) {
         return;
     }
+    auto* const holder = dynamic_cast<TIdObject*>(list->getObjects(index));
     list->setOwnsObjects(true);
-    if (auto* const holder = dynamic_cast<TIdObject*>(list->getObjects(index)); holder != nullptr) {
+    if (holder != nullptr) {
         holder->id = id;
         return;
     }
+    const CStringsUpdate update(list);
     auto object = std::make_unique<TIdObject>(id);
     list->setObjects(index, object.get());
     static_cast<void>(object.release());
@@ -97,9 +136,14 @@ void TStringIdPairList::AddStringIdPair(const UnicodeString& text, Int64 id)
 /// The objects belong to the other list.
 void TStringIdPairList::AppendItems(std::vector<Classes::TStringItem>&& items)
 {
-    for (const Classes::TStringItem& item : items) {
-        AddStringIdPair(item.String, IdOf(item.Object));
+    setOwnsObjects(true);
+    const CStringsUpdate update(this);
+    CNewIds ids(*this);
+    for (Classes::TStringItem& item : items) {
+        const Int64 id = IdOf(item.Object);
+        item.Object = id == 0 ? nullptr : ids.Make(id);
     }
+    TStringList::AppendItems(std::move(items));
 }
 
 } // namespace BTL
