@@ -19,13 +19,14 @@ CStrSet::CStrSet(const CStrSet& other)
 
 CStrSet& CStrSet::operator=(const CStrSet& other)
 {
-    if (this != &other) {
-        // The list itself stays: others may know it.
-        if (mStrings != nullptr) {
-            mStrings->Clear();
-        }
-        Add(other.mStrings.get());
+    if (this == &other) {
+        return *this;
     }
+    // The list stays the same one: `CreateStrings` gave it out.
+    if (mStrings != nullptr) {
+        mStrings->Clear();
+    }
+    Add(other.mStrings.get());
     return *this;
 }
 

@@ -18,7 +18,8 @@ public:
     CStrSet& operator=(const CStrSet& other);
     ~CStrSet();
 
-    /// The texts, made if they aren't there. The list stays the set's, and must keep its order.
+    /// The texts, made if they aren't there. The list stays the set's, and must keep its order. It is there
+    /// until `Clear`, also by way of an empty comma text that is set.
     Classes::TStringList* CreateStrings();
 
     void Add(const System::UnicodeString& text);

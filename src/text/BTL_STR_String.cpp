@@ -4,9 +4,8 @@
 #include "platform/runtime/Sysutils_Number.h"
 
 #include <algorithm>
-#include <charconv>
+#include <climits>
 #include <istream>
-#include <iterator>
 #include <ostream>
 #include <string>
 
@@ -19,8 +18,40 @@ namespace
 using System::AnsiString;
 using System::UnicodeString;
 
-/// Room for the digits of a size, with a sign.
-constexpr std::size_t MaxSizeLength = 16;
+using Traits = std::istream::traits_type;
+
+bool IsBlank(Traits::int_type c)
+{
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+bool IsDigit(Traits::int_type c)
+{
+    return c >= '0' && c <= '9';
+}
+
+/// By hand: a stream reads numbers by the digit groups of its locale and in its base.
+int ReadSize(std::istream& stream)
+{
+    while (IsBlank(stream.peek())) {
+        stream.get();
+    }
+    const bool isNegative = stream.peek() == '-';
+    if (isNegative) {
+        stream.get();
+    }
+    constexpr System::Int64 bound = System::Int64{INT_MAX} + 1;
+    System::Int64 size = 0;
+    bool isNumber = false;
+    for (; IsDigit(stream.peek()); isNumber = true) {
+        size = std::min(size * 10 + (stream.get() - '0'), bound);
+    }
+    if (!isNumber || (size == bound && !isNegative)) {
+        stream.setstate(std::ios::failbit);
+        return 0;
+    }
+    return isNegative ? 0 : static_cast<int>(size);
+}
 
 /// Reads in pieces, so that a size alone takes no memory.
 AnsiString ReadBytes(std::istream& stream, int count)
@@ -36,23 +67,6 @@ AnsiString ReadBytes(std::istream& stream, int count)
     return bytes;
 }
 
-/// Not by `>>`, which follows the locale and the flags of the stream. 0 if there is no size, and the stream
-/// has failed then.
-int ReadSize(std::istream& stream)
-{
-    stream >> std::ws;
-    std::string text;
-    const auto isPart = [&](int c) { return (c >= '0' && c <= '9') || (c == '-' && text.empty()); };
-    while (text.size() < MaxSizeLength && isPart(stream.peek())) {
-        text += static_cast<char>(stream.get());
-    }
-    int size = 0;
-    if (std::from_chars(text.data(), text.data() + text.size(), size).ec != std::errc()) {
-        stream.setstate(std::ios::failbit);
-    }
-    return size;
-}
-
 AnsiString ReadWord(std::istream& stream)
 {
     char word[256] = "";
@@ -66,10 +80,9 @@ const UnicodeString kEmptyString;
 
 void CAnsiString::Write(std::ostream& stream) const
 {
-    char text[MaxSizeLength + 1];
-    char* const end = std::to_chars(std::begin(text), std::end(text) - 1, size()).ptr;
-    *end = ' ';
-    stream.write(text, end + 1 - text);
+    // Unformatted, since a stream writes numbers with the digit groups of its locale and in its base.
+    const std::string head = std::to_string(size()) + ' ';
+    stream.write(head.data(), static_cast<std::streamsize>(head.size()));
     stream.write(c_str(), size());
 }
 

@@ -5,7 +5,6 @@
 #include "platform/runtime/System_String.h"
 
 #include <algorithm>
-#include <climits>
 #include <iosfwd>
 
 namespace BTL
@@ -14,8 +13,8 @@ namespace BTL
 /// The empty text.
 extern TRS8_BTL_API const System::UnicodeString kEmptyString;
 
-/// What the two string values share: operations of their text `S`, with results of the type `Self`. Other
-/// than in the text itself, all positions count from 0.
+/// What the two string values share: operations of their text `S`, with results of the type `Self`. Unlike
+/// those of the text itself, all indices count from 0.
 template <class Self, class S>
 class GStringValue
 {
@@ -26,14 +25,12 @@ public:
     GStringValue(const S& text) : mText(text) {}
 
     const Char* c_str() const noexcept { return mText.c_str(); }
-    /// Up to `count` characters from the 0-based `index`, which counts as 0 if it is negative.
+    /// Up to `count` characters from `index`. An `index` below 0 counts as 0; behind the end, or with a
+    /// `count` below 1, the result is empty.
     Self SubString(int index, int count) const
     {
-        const auto start = static_cast<std::size_t>(std::clamp(index, 0, mText.Length()));
-        return S(mText.AsView().substr(start, static_cast<std::size_t>(std::max(count, 0))));
+        return mText.SubString(std::clamp(index, 0, mText.Length()) + 1, count);
     }
-    /// The character at the 0-based `index`; `Sysutils::ERangeError` outside the text.
-    Char operator[](int index) const { return mText[index == INT_MAX ? index : index + 1]; }
     Self LowerCase() const { return mText.LowerCase(); }
     Self UpperCase() const { return mText.UpperCase(); }
     Self Trim() const { return mText.Trim(); }
@@ -57,7 +54,7 @@ protected:
 };
 
 /// 8-bit text as a value that streams keep. In a stream it is its size in decimal digits, a blank, and that
-/// many bytes.
+/// many bytes, whatever the locale and the flags of the stream.
 class TRS8_BTL_API CAnsiString : public GStringValue<CAnsiString, System::AnsiString>
 {
 public:
@@ -72,8 +69,8 @@ public:
     const System::AnsiString& vcl_str() const noexcept { return mText; }
 
     void Write(std::ostream& stream) const;
-    /// The text is empty if there is no size, or one below 1. Where the stream ends early, the text is what
-    /// there was and the stream has failed.
+    /// The text is empty for a size below 1, and if there is no size that an `int` holds, which fails the
+    /// stream. Where the stream ends early, the text is what there was and the stream has failed.
     void Read(std::istream& stream);
 };
 
@@ -89,8 +86,13 @@ public:
     {
     }
     CUnicodeString(const System::UTF8String& text) : GStringValue(System::UnicodeString(text)) {}
+    // Other 8-bit text doesn't tell whether it is UTF-8: give its `UTF8String` or its `UnicodeString`.
+    CUnicodeString(const char*) = delete;
+    CUnicodeString(const System::AnsiString&) = delete;
 
     int length() const noexcept { return mText.Length(); }
+    /// `Sysutils::ERangeError` outside the text.
+    System::WideChar operator[](int index) const { return mText[std::min(index, length()) + 1]; }
     /// As `Sysutils::StrToIntDef`.
     int ToIntDef(int defaultValue) const;
     const System::UnicodeString& vcl_str() const noexcept { return mText; }

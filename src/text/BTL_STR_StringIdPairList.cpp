@@ -2,9 +2,11 @@
 #include "text/BTL_STR_StringIdPairList.h"
 
 #include "platform/runtime/System_ClassBuilder.h"
+#include "text/BTL_STR_StringsUpdate.h"
 
 #include <memory>
-#include <unordered_map>
+#include <unordered_set>
+#include <utility>
 
 namespace BTL
 {
@@ -15,11 +17,12 @@ namespace
 using Classes::TStringList;
 using Classes::TStrings;
 using System::Int64;
+using System::TObject;
 using System::UnicodeString;
 
-class TIdObject : public System::TObject
+class TIdObject : public TObject
 {
-    TRS8_BTL_CLASS(TIdObject, System::TObject)
+    TRS8_BTL_CLASS(TIdObject, TObject)
 
 public:
     explicit TIdObject(Int64 value) : id(value) {}
@@ -33,33 +36,42 @@ System::TMetaClass* TIdObject::ClassRecord()
     return record;
 }
 
-Int64 IdOf(const System::TObject* object)
+Int64 IdOf(const TObject* object)
 {
     const auto* const holder = dynamic_cast<const TIdObject*>(object);
     return holder == nullptr ? 0 : holder->id;
 }
 
-/// Lets `take` put an object for the id into the list. The list has it also where one of its handlers raised.
-template <class Take>
-void Give(TStringList& list, Int64 id, Take take)
+/// Ids for lines that a list is about to take. It destroys those that are not on a line in the end.
+class CNewIds
 {
-    auto object = std::make_unique<TIdObject>(id);
-    try {
-        take(object.get());
-    } catch (...) {
-        if (list.IndexOfObject(object.get()) >= 0) {
-            static_cast<void>(object.release());
+public:
+    explicit CNewIds(const TStringList& list) : mList(list), mFirst(list.getSorted() ? 0 : list.getCount()) {}
+    CNewIds(const CNewIds&) = delete;
+    CNewIds& operator=(const CNewIds&) = delete;
+    ~CNewIds()
+    {
+        for (int i = mFirst; i < mList.getCount(); ++i) {
+            mIds.erase(mList.getObjects(i));
         }
-        throw;
+        for (const TObject* const object : mIds) {
+            delete object;
+        }
     }
-    static_cast<void>(object.release());
-}
 
-bool Ignores(const TStringList& list, const UnicodeString& text)
-{
-    int index = 0;
-    return list.getSorted() && list.getDuplicates() == Classes::dupIgnore && list.Find(text, index);
-}
+    TObject* Make(Int64 id)
+    {
+        auto object = std::make_unique<TIdObject>(id);
+        mIds.insert(object.get());
+        return object.release();
+    }
+
+private:
+    const TStringList& mList;
+    /// Lines in front of it were there before.
+    int mFirst;
+    std::unordered_set<const TObject*> mIds;
+};
 
 } // namespace
 
@@ -71,8 +83,15 @@ void AddStringIdPair(TStringList* list, const UnicodeString& text, Int64 id)
     list->setOwnsObjects(true);
     if (id == 0) {
         list->Add(text);
-    } else if (!Ignores(*list, text)) {
-        Give(*list, id, [&](System::TObject* object) { list->AddObject(text, object); });
+        return;
+    }
+    // Handlers, which may raise or delete the line, run when the owner of the object is settled.
+    const CStringsUpdate update(list);
+    auto object = std::make_unique<TIdObject>(id);
+    const int index = list->AddObject(text, object.get());
+    // A sorted list that has the line already doesn't take the object.
+    if (list->getObjects(index) == object.get()) {
+        static_cast<void>(object.release());
     }
 }
 
@@ -85,9 +104,12 @@ void SetIdAt(TStringList* list, int index, Int64 id)
     list->setOwnsObjects(true);
     if (holder != nullptr) {
         holder->id = id;
-    } else {
-        Give(*list, id, [&](System::TObject* object) { list->setObjects(index, object); });
+        return;
     }
+    const CStringsUpdate update(list);
+    auto object = std::make_unique<TIdObject>(id);
+    list->setObjects(index, object.get());
+    static_cast<void>(object.release());
 }
 
 Int64 GetIdAt(const TStrings* strings, int index)
@@ -111,31 +133,17 @@ void TStringIdPairList::AddStringIdPair(const UnicodeString& text, Int64 id)
     BTL::AddStringIdPair(this, text, id);
 }
 
-/// The objects of the items belong to the other list.
+/// The objects belong to the other list.
 void TStringIdPairList::AppendItems(std::vector<Classes::TStringItem>&& items)
 {
-    std::unordered_map<const System::TObject*, std::unique_ptr<TIdObject>> objects;
+    setOwnsObjects(true);
+    const CStringsUpdate update(this);
+    CNewIds ids(*this);
     for (Classes::TStringItem& item : items) {
         const Int64 id = IdOf(item.Object);
-        auto object = id == 0 ? nullptr : std::make_unique<TIdObject>(id);
-        item.Object = object.get();
-        objects[item.Object] = std::move(object);
+        item.Object = id == 0 ? nullptr : ids.Make(id);
     }
-    const auto releaseTaken = [&] {
-        for (int i = 0; i < getCount(); ++i) {
-            if (const auto taken = objects.find(getObjects(i)); taken != objects.end()) {
-                static_cast<void>(taken->second.release());
-            }
-        }
-    };
-    setOwnsObjects(true);
-    try {
-        TStringList::AppendItems(std::move(items));
-    } catch (...) {
-        releaseTaken();
-        throw;
-    }
-    releaseTaken();
+    TStringList::AppendItems(std::move(items));
 }
 
 } // namespace BTL

@@ -9,7 +9,8 @@ namespace BTL
 // Lines with a 64-bit id each, which lies in an object on the line. A line without an object has the id 0. An
 // index that is not below the count raises `Classes::EStringListError`.
 
-/// Adds a line. The list owns its objects from then on. Nothing happens for a null list.
+/// Adds a line. The list owns its objects from then on. Nothing happens for a null list. A sorted list that
+/// has the line already, and ignores or refuses it, keeps its former id.
 TRS8_BTL_API void AddStringIdPair(Classes::TStringList* list, const System::UnicodeString& text,
                                   System::Int64 id);
 /// Gives the line an id. The list owns its objects from then on; another object that was on the line is the

@@ -15,6 +15,7 @@
 #include <iomanip>
 #include <locale>
 #include <sstream>
+#include <type_traits>
 
 namespace
 {
@@ -250,25 +251,6 @@ TEST(StringValueTest, KeepsAllCharactersInAStream)
     EXPECT_EQ(narrowRead, narrow);
 }
 
-TEST(StringValueTest, FormsDontFollowTheStream)
-{
-    struct Grouping : std::numpunct<char>
-    {
-        std::string do_grouping() const override { return "\3"; }
-        char do_thousands_sep() const override { return ' '; }
-    };
-    std::stringstream stream;
-    stream.imbue(std::locale(std::locale::classic(), new Grouping));
-    stream << std::hex << std::showpos << std::setw(9) << std::setfill('*');
-    const CAnsiString text(System::AnsiString::StringOfChar('x', 1234));
-    text.Write(stream);
-    EXPECT_EQ(stream.str().substr(0, 6), "1234 x");
-    stream.seekg(0);
-    CAnsiString read;
-    read.Read(stream);
-    EXPECT_EQ(read, text);
-}
-
 TEST(StringValueTest, ReadsWhatIsThereOfADamagedStream)
 {
     const struct
@@ -277,10 +259,13 @@ TEST(StringValueTest, ReadsWhatIsThereOfADamagedStream)
         const char* text;
         bool good;
     } cases[] = {
-        {"3 abcd", "abc", true}, {"2147483647 abc", "abc", false},
-        {"-5 abc", "", true},    {"99999999999 abc", "", false},
-        {"x abc", "", false},    {"", "", false},
-        {"2\nab", "ab", true},
+        {"3 abcd", "abc", true},  {"2147483647 abc", "abc", false},
+        {"-5 abc", "", true},     {"99999999999 abc", "", false},
+        {"x abc", "", false},     {"", "", false},
+        {"2\nab", "ab", true},    {" \n2 ab", "ab", true},
+        {"0002 ab", "ab", true},  {"2147483648 abc", "", false},
+        {"- abc", "", false},     {"-99999999999999999999 abc", "", true},
+        {"1,000 abc", "0", true}, {"0x2 ab", "", true},
     };
     for (const auto& test : cases) {
         std::istringstream stream(test.bytes);
@@ -288,6 +273,29 @@ TEST(StringValueTest, ReadsWhatIsThereOfADamagedStream)
         text.Read(stream);
         EXPECT_EQ(text, CAnsiString(test.text)) << test.bytes;
         EXPECT_EQ(stream.good(), test.good) << test.bytes;
+    }
+}
+
+TEST(StringValueTest, KeepsItsFormInAnyStream)
+{
+    struct Groups : std::numpunct<char>
+    {
+        char do_thousands_sep() const override { return '.'; }
+        std::string do_grouping() const override { return "\3"; }
+    };
+    const CAnsiString text(std::string(1234, 'x').c_str());
+    for (const auto base : {std::ios::dec, std::ios::hex, std::ios::oct}) {
+        std::stringstream stream;
+        stream.imbue(std::locale(std::locale::classic(), new Groups));
+        stream.setf(base, std::ios::basefield);
+        stream.setf(std::ios::showpos | std::ios::showbase);
+        stream << std::setfill('*') << std::setw(9);
+        text.Write(stream);
+        EXPECT_EQ(stream.str().substr(0, 6), "1234 x");
+        stream << std::setw(3);
+        CAnsiString read;
+        read.Read(stream);
+        EXPECT_EQ(read, text);
     }
 }
 
@@ -315,21 +323,33 @@ TEST(StringValueTest, HasTheOperationsOfItsText)
     const CUnicodeString wide(u"  aBc ");
     EXPECT_EQ(wide.Trim().UpperCase(), CUnicodeString(u"ABC"));
     EXPECT_EQ(wide.TrimLeft().LowerCase(), CUnicodeString(u"abc "));
-    EXPECT_EQ(wide.TrimRight().SubString(2, 2), CUnicodeString(u"aB"));
-    EXPECT_EQ(wide.SubString(wide.find_first_of(u'B', 0), INT_MAX), CUnicodeString(u"Bc "));
-    EXPECT_EQ(wide.SubString(-1, 3), CUnicodeString(u"  a"));
-    EXPECT_EQ(wide.SubString(INT_MAX, 1).length() + wide.SubString(0, INT_MIN).length(), 0);
+    const struct
+    {
+        int index;
+        int count;
+        const WideChar* text;
+    } parts[] = {
+        {2, 2, u"aB"},           {-5, 3, u"  a"},   {INT_MIN, INT_MAX, u"  aBc "}, {5, 1, u" "}, {6, 1, u""},
+        {INT_MAX, INT_MAX, u""}, {0, INT_MIN, u""},
+    };
+    for (const auto& part : parts) {
+        EXPECT_EQ(wide.SubString(part.index, part.count), CUnicodeString(part.text)) << part.index;
+    }
+    EXPECT_EQ(CAnsiString("abc").SubString(1, 1), CAnsiString("b"));
     EXPECT_EQ(wide.find_first_of(u'B', 0), 3);
     EXPECT_EQ(wide.find_first_of2(u'c', u'B', 4), 4);
     EXPECT_EQ(wide.find_first_not_of(u' ', 0), 2);
     EXPECT_EQ(wide[0], u' ');
-    EXPECT_EQ(wide[2], u'a');
-    for (const int index : {-1, 6, INT_MAX, INT_MIN}) {
-        EXPECT_THROW(wide[index], Sysutils::ERangeError);
+    EXPECT_EQ(wide[wide.find_first_of(u'B', 0)], u'B');
+    EXPECT_EQ(wide[5], u' ');
+    for (const int index : {-1, 6, INT_MIN, INT_MAX}) {
+        EXPECT_THROW(wide[index], Sysutils::ERangeError) << index;
     }
     EXPECT_EQ(CUnicodeString(u"42").ToIntDef(1), 42);
     EXPECT_EQ(wide.ToIntDef(1), 1);
     EXPECT_EQ(CUnicodeString(System::UTF8String("\xC3\xA4")).vcl_str(), u"ä");
+    static_assert(!std::is_convertible_v<const char*, CUnicodeString>);
+    static_assert(!std::is_convertible_v<AnsiString, CUnicodeString>);
     EXPECT_EQ(CUnicodeString(u"abc", 2), CUnicodeString(u"ab"));
     EXPECT_EQ(CAnsiString("abc").find_first_of('c', 0), 2);
     EXPECT_EQ(CAnsiString(nullptr).size(), 0);
