@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "text/BTL_DT_Calendar.h"
 
-#include "platform/runtime/Sysutils_Date.h"
+#include "platform/runtime/Sysutils_DateInternal.h"
 #include "platform/runtime/Sysutils_Number.h"
 #include "text/BTL_DT_Internal.h"
 
@@ -134,12 +134,12 @@ void AddMonths(Word& year, Word& month, Word& day, int months)
 {
     const Int64 total = Int64{year} * MonthsPerYear + std::min<int>(month, MonthsPerYear) + months - 1;
     if (total < MonthsPerYear || total / MonthsPerYear > LastYear) {
-        Detail::ThrowBadDate();
+        Detail::FaultOnDate();
         return;
     }
     const auto newYear = static_cast<Word>(total / MonthsPerYear);
     month = static_cast<Word>(total % MonthsPerYear + 1);
-    day = std::min(day, Sysutils::MonthDays[Sysutils::IsLeapYear(newYear)][month - 1U]);
+    day = std::min(day, Sysutils::Detail::DaysInMonth(newYear, month));
     year = YearCorrection(newYear);
 }
 

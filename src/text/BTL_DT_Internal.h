@@ -6,8 +6,8 @@
 namespace BTL::Detail
 {
 
-/// The fault of a date that no correct caller passes.
-inline void ThrowBadDate()
+/// The fault of a date that no correct caller passes. Comes back if the user lets it pass.
+inline void FaultOnDate()
 {
     UTL::THROW_XAssert("", "BTL_DateTimeUtilities", 250);
 }

@@ -190,7 +190,7 @@ TDateTime GetValidDate(const UnicodeString& text)
     DecodeDate(text, yearText, monthText, dayText);
     const auto year = static_cast<Word>(std::clamp(NumberOf(yearText, 0), 1, 9999));
     const auto month = static_cast<Word>(std::clamp(NumberOf(monthText, 1), 1, 12));
-    const int lastDay = Sysutils::MonthDays[Sysutils::IsLeapYear(year)][month - 1U];
+    const int lastDay = Sysutils::Detail::DaysInMonth(year, month);
     return Sysutils::EncodeDate(year, month, static_cast<Word>(std::clamp(NumberOf(dayText, 1), 1, lastDay)));
 }
 

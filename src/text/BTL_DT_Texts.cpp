@@ -174,7 +174,7 @@ UnicodeString GetValidFileName(const TDateTime& value)
 UnicodeString GetShortDate(const UnicodeString& date, const UnicodeString& months)
 {
     if (date.Length() < 6 || date.Length() > 10) {
-        Detail::ThrowBadDate();
+        Detail::FaultOnDate();
         return {};
     }
     UnicodeString rest = date;

@@ -134,7 +134,7 @@ TEST(CryptTest, ByteStringsKeepTheirLengthAndComeBack)
     EXPECT_NE(BTL::EncryptCLA("secret"), "secret");
 }
 
-/// The values are those of files that exist: a change of the tables would make them unreadable.
+/// Values once written must stay readable: a change of the tables would lose them.
 TEST(CryptTest, StoredValuesStayReadable)
 {
     EXPECT_EQ(BTL::Decrypt(u"bc2797763869254bcc682b34298a32"), u"Größe 4,7 €");

@@ -610,7 +610,7 @@ TDateTime EncodeDate(Word year, Word month, Word day)
 bool TryEncodeDate(Word year, Word month, Word day, TDateTime& value)
 {
     if (year < 1 || year > LastYear || month < 1 || month > 12 || day < 1 ||
-        day > MonthDays[IsLeapYear(year)][month - 1U]) {
+        day > Detail::DaysInMonth(year, month)) {
         return false;
     }
     value = DayNumber(std::chrono::year(year) / month / day);
@@ -674,7 +674,7 @@ TDateTime IncMonth(const TDateTime& value, int months)
     }
     const auto year = static_cast<Word>(total / 12);
     const auto month = static_cast<Word>(total % 12 + 1);
-    const Word day = std::min(fields.day, MonthDays[IsLeapYear(year)][month - 1U]);
+    const Word day = std::min(fields.day, Detail::DaysInMonth(year, month));
     return Join(EncodeDate(year, month, day),
                 EncodeTime(fields.hour, fields.minute, fields.second, fields.milliSecond));
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/runtime/System_DateTime.h"
+#include "platform/runtime/Sysutils_Date.h"
 
 #include <array>
 #include <optional>
@@ -9,6 +9,12 @@
 
 namespace Sysutils::Detail
 {
+
+/// `month` must be one.
+constexpr System::Word DaysInMonth(System::Word year, System::Word month)
+{
+    return MonthDays[IsLeapYear(year) ? 1 : 0][month - 1U];
+}
 
 /// The local time of the seconds since 1970 in universal time; nothing outside the years 1 to 9999.
 std::optional<System::TDateTime> LocalTimeOf(System::Int64 seconds);
