@@ -105,10 +105,10 @@ class CScientificText
 public:
     template <class... Precision>
     explicit CScientificText(std::floating_point auto value, Precision... precision)
-        : mEnd(std::to_chars(mText.data(), mText.data() + mText.size(), value, std::chars_format::scientific,
-                             precision...)
-                   .ptr)
     {
+        mEnd = std::to_chars(mText.data(), mText.data() + mText.size(), value, std::chars_format::scientific,
+                             precision...)
+                   .ptr;
     }
 
     TDecimal Read() const
@@ -130,7 +130,7 @@ public:
 
 private:
     std::array<char, 40> mText = {};
-    const char* mEnd;
+    const char* mEnd = nullptr;
 };
 
 TDecimal ToDecimal(double value)
