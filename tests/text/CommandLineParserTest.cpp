@@ -127,6 +127,23 @@ TEST(CommandLineParserTest, ReadsNumbersAndTruth)
     EXPECT_EQ(value, 8);
 }
 
+TEST(CommandLineParserTest, TellsWhereANameIs)
+{
+    const CCommandLineParser parser = Parsed(u"a=b c=5 b t=no");
+    EXPECT_EQ(parser.IndexOf(u"B"), 6);
+    EXPECT_EQ(parser.IndexOf(u"5"), -1);
+    System::Int64 number = 1;
+    EXPECT_TRUE(parser.Find(u"c", number, 2));
+    EXPECT_EQ(number, 5);
+    EXPECT_FALSE(parser.Find(u"x", number, 2));
+    EXPECT_EQ(number, 2);
+    bool truth = false;
+    EXPECT_TRUE(parser.Find(u"t", truth, true));
+    EXPECT_TRUE(truth) << "neither a number nor a truth";
+    EXPECT_FALSE(parser.Find(u"x", truth, false));
+    EXPECT_FALSE(truth);
+}
+
 TEST(CommandLineParserTest, AddsAndRemovesTokens)
 {
     CCommandLineParser parser = Parsed(u"a=1 b 2 a=3 c=");

@@ -215,6 +215,8 @@ TEST_F(DateTextTest, FaultsOnYearsBeyondTheCalendar)
         EXPECT_EQ(Day(year, month, day), Day(1, 2, 3)) << months;
         EXPECT_THROW(BTL::AddMonths(year, month, day, months), UTL::XAssert) << months;
     }
+    const Support::ScriptedBoxes boxes{IDNO};
+    EXPECT_EQ(BTL::AddMonths(Day(2024, 2, 29) + 0.75, 9999 * 12), Day(2024, 2, 29));
 }
 
 TEST_F(DateTextTest, MovesDates)

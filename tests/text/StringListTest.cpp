@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "foundation/UTL_AutoPtr.h"
 #include "platform/runtime/Classes.h"
 #include "platform/runtime/Sysutils_Encoding.h"
 #include "platform/runtime/Sysutils_File.h"
@@ -7,6 +8,7 @@
 #include "text/BTL_STR_StringBuilder.h"
 #include "text/BTL_STR_StringList.h"
 #include "text/BTL_STR_StringLists.h"
+#include "text/BTL_STR_StringsUpdate.h"
 
 #include <gtest/gtest.h>
 
@@ -54,6 +56,14 @@ TEST(MStringListTest, EditsLines)
     EXPECT_FALSE(list.Equals(CStringList(u"x,Y").getList()));
     EXPECT_THROW(list[2], Classes::EStringListError);
     EXPECT_THROW(list.DeleteAt(-1, 1), Classes::EStringListError);
+
+    System::TObject object;
+    CStringList marked;
+    marked->AddObject(u" x ", &object);
+    marked.TrimEachLine();
+    marked.InsertPrefixToEachLine(u"<");
+    EXPECT_EQ(marked[0], u"<x");
+    EXPECT_EQ(marked->getObjects(0), &object);
 
     CStringList six(6);
     six.DeleteAt(5, 3);
@@ -194,9 +204,39 @@ TEST(SortedStringListTest, HasEachLineOnce)
     EXPECT_TRUE(list.Contains(CStringList(u"b,a").getList()));
     EXPECT_FALSE(list.Contains(CStringList(u"b,c").getList()));
     EXPECT_EQ(list.Find(u"c"), -1);
+    const CSortedStringList copy(list);
     EXPECT_TRUE(list.Delete(u"a"));
     EXPECT_FALSE(list.Delete(u"a"));
+    EXPECT_EQ(copy.getCommaText(), u"a,b");
+    EXPECT_TRUE(copy->getSorted());
+    EXPECT_EQ(copy->getDuplicates(), Classes::dupAccept);
     EXPECT_EQ(list.Find(u"b"), 0);
+}
+
+TEST(StringsUpdateTest, EndsWithItsScope)
+{
+    CStringList list;
+    int changes = 0;
+    list->setOnChange([&](System::TObject*) { ++changes; });
+    try {
+        const CStringsUpdate update(list.getList());
+        list.Add(u"a");
+        list.Add(u"b");
+        EXPECT_EQ(changes, 0);
+        throw Sysutils::EAbort("leaves");
+    } catch (const Sysutils::EAbort&) {
+        EXPECT_EQ(changes, 1);
+    }
+    EXPECT_FALSE(list->IsUpdating());
+}
+
+TEST(AutoStringListTest, EndsWithItsLastHolder)
+{
+    UTL::GAutoPtr<CAutoStringList> list(new CAutoStringList(u"a,b"));
+    const UTL::GAutoPtr<CAutoStringList> other = list;
+    list = nullptr;
+    EXPECT_EQ(other->getCommaText(), u"a,b");
+    EXPECT_EQ(other->getRefCount(), 1);
 }
 
 TEST(StringListsTest, GrowsAndMakesListsWhenTold)
