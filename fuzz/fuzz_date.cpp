@@ -90,7 +90,7 @@ void CheckText(const UnicodeString& text)
     CheckValue(BTL::GetValidDate(text));
     Try([&] { BTL::GetValidDateTimeString(text); });
     const UnicodeString sql = BTL::GetSQLDateTimeString(text, true);
-    Require(sql.Length() >= 5 && sql[1] == u'\'' && *sql.LastChar() == u'\'');
+    Require(sql.Length() >= 3 && sql[1] == u'\'' && *sql.LastChar() == u'\'');
     BTL::GetSQLDateString(text, false);
     if (text.Length() >= 6 && text.Length() <= 10) {
         const int length = BTL::GetShortDate(text, text).Length();
