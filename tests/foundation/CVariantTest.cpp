@@ -364,28 +364,28 @@ TEST_F(CVariantTest, ExchangesWithThePlatformsVariant)
     const struct
     {
         Variant value;
-        UTL::EVariantDataType type;
         const char* written;
+        UTL::EVariantDataType type;
         System::Word back;
     } cases[] = {
-        {Variant(), UTL::vdtNull, "NULL", System::varNull},
-        {Variant::Null(), UTL::vdtNull, "NULL", System::varNull},
-        {Variant(short{-2}), UTL::vdtInt, "-2", System::varInteger},
-        {Variant(3), UTL::vdtInt, "3", System::varInteger},
-        {Variant(1.6F), UTL::vdtInt, "2", System::varInteger},
-        {Variant(1.6), UTL::vdtDouble, "1.6", System::varDouble},
-        {Variant(System::Currency(1.25)), UTL::vdtDouble, "1.25", System::varDouble},
-        {Variant(TDateTime(2)), UTL::vdtDateTime, "1900-01-01", System::varDate},
-        {Variant(AnsiString("a")), UTL::vdtWString, "\"a\"", System::varUString},
-        {Variant(u"b"), UTL::vdtWString, "\"b\"", System::varUString},
-        {Variant(true), UTL::vdtBool, "1", System::varBoolean},
-        {Variant(Int64{5000000000}), UTL::vdtInt64, "5000000000", System::varInt64},
-        {Variant(7).AsType(System::varDecimal), UTL::vdtInt64, "7", System::varInt64},
-        {Variant(ULLONG_MAX).AsType(System::varDecimal), UTL::vdtInt64, "-1", System::varInt64},
-        {Variants::VarArrayOf({1, u"x", Variants::VarArrayOf({2.5})}), UTL::vdtArray, "[[1,\"x\",[[2.5]]]]",
+        {Variant(), "NULL", UTL::vdtNull, System::varNull},
+        {Variant::Null(), "NULL", UTL::vdtNull, System::varNull},
+        {Variant(short{-2}), "-2", UTL::vdtInt, System::varInteger},
+        {Variant(3), "3", UTL::vdtInt, System::varInteger},
+        {Variant(1.6F), "2", UTL::vdtInt, System::varInteger},
+        {Variant(1.6), "1.6", UTL::vdtDouble, System::varDouble},
+        {Variant(System::Currency(1.25)), "1.25", UTL::vdtDouble, System::varDouble},
+        {Variant(TDateTime(2)), "1900-01-01", UTL::vdtDateTime, System::varDate},
+        {Variant(AnsiString("a")), "\"a\"", UTL::vdtWString, System::varUString},
+        {Variant(u"b"), "\"b\"", UTL::vdtWString, System::varUString},
+        {Variant(true), "1", UTL::vdtBool, System::varBoolean},
+        {Variant(Int64{5000000000}), "5000000000", UTL::vdtInt64, System::varInt64},
+        {Variant(7).AsType(System::varDecimal), "7", UTL::vdtInt64, System::varInt64},
+        {Variant(ULLONG_MAX).AsType(System::varDecimal), "-1", UTL::vdtInt64, System::varInt64},
+        {Variants::VarArrayOf({1, u"x", Variants::VarArrayOf({2.5})}), "[[1,\"x\",[[2.5]]]]", UTL::vdtArray,
          System::varArray | System::varVariant},
-        {Variant({2, 1}, System::varInteger), UTL::vdtArray, "[[]]", System::varArray | System::varVariant},
-        {Variant({-1, 0}, System::varDouble), UTL::vdtArray, "[[0,0]]",
+        {Variant({2, 1}, System::varInteger), "[[]]", UTL::vdtArray, System::varArray | System::varVariant},
+        {Variant({-1, 0}, System::varDouble), "[[0,0]]", UTL::vdtArray,
          System::varArray | System::varVariant},
     };
     for (const auto& test : cases) {
@@ -474,9 +474,9 @@ TEST(CVariantsTest, ReadsCommaTextInAnyLocale)
             const char* written;
         } cases[] = {
             {u"", "[]"},
-            {u"1.5,abc,\"a b\"", "[1.5,\"abc\",\"a b\"]"},
-            {u"-2,\"1,5\",\" 1e3 \",1;5", "[-2,1.5,1000,\"1;5\"]"},
-            {u"\"1.5,5\",\"1,5.5\",,inf,nan,1e999", "[\"1.5,5\",\"1,5.5\",\"\",\"inf\",\"nan\",\"1e999\"]"},
+            {uR"(1.5,abc,"a b")", R"([1.5,"abc","a b"])"},
+            {uR"(-2,"1,5"," 1e3 ",1;5)", R"([-2,1.5,1000,"1;5"])"},
+            {uR"("1.5,5","1,5.5",,inf,nan,1e999)", R"(["1.5,5","1,5.5","","inf","nan","1e999"])"},
         };
         for (const auto& test : cases) {
             CVariants list(3);

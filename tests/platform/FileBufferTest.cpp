@@ -328,10 +328,17 @@ TEST_F(FileBufferTest, LostWritesAreTold)
     EXPECT_EQ(Support::RunChildTest("FileBufferTest.DISABLED_ChildThatFillsTheDisk"), "size write flush end");
 }
 
+/// The file that the parent tells a child.
+UnicodeString PathOfChild()
+{
+    const char* const path = std::getenv("FILE_BUFFER_TEST");
+    return path == nullptr ? UnicodeString() : System::FromUtf8(path);
+}
+
 TEST(FileBufferEndTest, DISABLED_ChildThatEnds)
 {
     static TFileStream* stream = nullptr;
-    stream = new TFileStream(System::FromUtf8(std::getenv("FILE_BUFFER_TEST")), fmCreate);
+    stream = new TFileStream(PathOfChild(), fmCreate);
     WriteText(*stream, "written before");
     Support::PrintResult("");
 }
@@ -345,7 +352,7 @@ TEST_F(FileBufferTest, TheEndOfTheProgramWrites)
 
 TEST(FileBufferEndTest, DISABLED_ChildThatOpens)
 {
-    const UnicodeString path = System::FromUtf8(std::getenv("FILE_BUFFER_TEST"));
+    const UnicodeString path = PathOfChild();
     std::string told;
     for (const System::Word mode : {fmOpenRead, fmOpenWrite, fmOpenReadWrite}) {
         try {

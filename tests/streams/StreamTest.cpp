@@ -169,16 +169,16 @@ TEST_P(AnyStreamTest, LinesEndAtDelimitersAndLineFeeds)
     const struct
     {
         const char* content;
-        char delimiter;
         const char* line;
-        bool newLine;
         Int64 position;
+        char delimiter;
+        bool newLine;
     } cases[] = {
-        {"a\r\nb", 'x', "a", true, 3},   {"axb\n", 'x', "a", false, 2}, {"\ra\rb\r\nc", '\n', "ab", true, 6},
-        {"abc", 'x', "abc", false, 3},   {"", 'x', "", false, 0},       {"x\n", 'x', "", false, 1},
-        {"a\rb\n", '\r', "a", false, 2}, {"\r", 'x', "", false, 1},
+        {"a\r\nb", "a", 3, 'x', true},   {"axb\n", "a", 2, 'x', false}, {"\ra\rb\r\nc", "ab", 6, '\n', true},
+        {"abc", "abc", 3, 'x', false},   {"", "", 0, 'x', false},       {"x\n", "", 1, 'x', false},
+        {"a\rb\n", "a", 2, '\r', false}, {"\r", "", 1, 'x', false},
     };
-    for (const auto& [content, delimiter, line, newLine, position] : cases) {
+    for (const auto& [content, line, position, delimiter, newLine] : cases) {
         Classes::TStream* const stream = With(content);
         bool found = !newLine;
         EXPECT_EQ(BTL::MStream(stream).ReadLineUntil(delimiter, found), line) << content;
@@ -382,7 +382,9 @@ TEST(StreamModelTest, FilesOpenInTheirModes)
         const BTL::CFileStream exclusive(path, BTL::fomRead, BTL::fsmExclusive);
         EXPECT_THROW(BTL::CFileStream{path}, Classes::EFOpenError);
     }
-    BTL::CFileStream(path, BTL::fomCreate, BTL::fsmDenyWrite);
+    {
+        const BTL::CFileStream emptied(path, BTL::fomCreate, BTL::fsmDenyWrite);
+    }
     EXPECT_EQ(BTL::LoadStringFromFile(path), "");
     BTL::SaveStringToFile(path, AnsiString("a\0b", 3));
     EXPECT_EQ(BTL::LoadStringFromFile(path), AnsiString("a\0b", 3));

@@ -155,9 +155,9 @@ TEST(VariantUtilitiesTest, Compares)
         EXPECT_EQ(Compare(b, a), -1) << a << ' ' << b;
     }
     const Variant unordered = std::nan("");
-    const Variant sameUnordered = unordered;
+    const Variant another = std::nan("");
     EXPECT_TRUE(AreEqual(unordered, unordered)) << "the same object";
-    EXPECT_FALSE(AreEqual(unordered, sameUnordered));
+    EXPECT_FALSE(AreEqual(unordered, another));
 }
 
 TEST(VariantUtilitiesTest, ComparesArrays)
