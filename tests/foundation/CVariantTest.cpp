@@ -316,16 +316,14 @@ TEST_F(CVariantTest, HoldsArraysByValue)
 
 TEST_F(CVariantTest, NestsToALimit)
 {
-    CVariant deep = ArrayOf(CVariants() << 7);
+    Variant platform = Variants::VarArrayOf({7});
     for (int depth = 1; depth < CVariants::MaxDepth; ++depth) {
-        CVariant outer;
-        outer.AddItem(deep);
-        deep = std::move(outer);
+        platform = Variants::VarArrayOf({platform});
     }
+    const CVariant deep = platform;
     EXPECT_EQ(deep.ToInt(), 7);
     EXPECT_EQ(Written(deep).size(), 4U * CVariants::MaxDepth + 1);
-    const Variant platform = deep;
-    EXPECT_EQ(CVariant(platform).ToInt(), 7);
+    EXPECT_EQ(deep.ToVariant(), platform);
 
     CVariant kept = ArrayOf(CVariants() << 1);
     CVariant number = 3;
