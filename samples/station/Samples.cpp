@@ -83,7 +83,8 @@ void ReadSamples(const UnicodeString& path, System::Int64 position, const std::o
     BTL::CFileStream file(path);
     Classes::TStream& stream = *file.getStream();
     stream.setPosition(position);
-    while (stream.getPosition() < stream.getSize()) {
+    const System::Int64 size = stream.getSize();
+    while (stream.getPosition() < size) {
         const UnicodeString line(file.ReadLine());
         if (line.IsEmpty()) {
             continue;
