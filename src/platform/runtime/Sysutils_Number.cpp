@@ -99,52 +99,41 @@ private:
     }
 };
 
-/// A scientific form that `to_chars` writes, with room behind it.
-class CScientificText
+/// The digits of the scientific form that `to_chars` writes: the shortest one, or that of a precision.
+template <class... Precision>
+TDecimal ScientificDigits(std::floating_point auto value, Precision... precision)
 {
-public:
-    template <class... Precision>
-    explicit CScientificText(std::floating_point auto value, Precision... precision)
-    {
-        mEnd = std::to_chars(mText.data(), mText.data() + mText.size(), value, std::chars_format::scientific,
-                             precision...)
-                   .ptr;
-    }
-
-    TDecimal Read() const
-    {
-        TDecimal result;
-        result.negative = mText[0] == '-';
-        const char* const text = mText.data() + (result.negative ? 1 : 0);
-        // The exponent has at least two digits.
-        const auto* const mark =
-            std::find(std::reverse_iterator(mEnd - 3), std::reverse_iterator(text), 'e').base() - 1;
-        result.digits[0] = *text;
-        result.count = std::max(static_cast<int>(mark - text) - 1, 1);
-        // A fixed count, whatever stands there, costs less than a call for the few digits.
-        std::copy_n(text + 2, result.digits.size() - 1, result.digits.begin() + 1);
-        std::from_chars(mark[1] == '+' ? mark + 2 : mark + 1, mEnd, result.exponent);
-        ++result.exponent;
-        return result;
-    }
-
-private:
-    std::array<char, 40> mText = {};
-    const char* mEnd = nullptr;
-};
+    std::array<char, 40> buffer = {};
+    const char* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                          std::chars_format::scientific, precision...)
+                                .ptr;
+    TDecimal result;
+    result.negative = buffer[0] == '-';
+    const char* const text = buffer.data() + (result.negative ? 1 : 0);
+    // The exponent has at least two digits.
+    const auto* const mark =
+        std::find(std::reverse_iterator(end - 3), std::reverse_iterator(text), 'e').base() - 1;
+    result.digits[0] = *text;
+    result.count = std::max(static_cast<int>(mark - text) - 1, 1);
+    // A fixed count, whatever stands there, costs less than a call for the few digits.
+    std::copy_n(text + 2, result.digits.size() - 1, result.digits.begin() + 1);
+    std::from_chars(mark[1] == '+' ? mark + 2 : mark + 1, end, result.exponent);
+    ++result.exponent;
+    return result;
+}
 
 TDecimal ToDecimal(double value)
 {
     // The shortest form that reads back as the value: rounding it, and not the binary value, to 15 digits
     // spares a second conversion.
-    TDecimal result = CScientificText(value).Read();
+    TDecimal result = ScientificDigits(value);
     result.Round(DoubleDigits);
     return result;
 }
 
 TDecimal ToDecimal(long double value)
 {
-    TDecimal result = CScientificText(value, LongDoubleDigits - 1).Read();
+    TDecimal result = ScientificDigits(value, LongDoubleDigits - 1);
     result.Round(LongDoubleDigits);
     return result;
 }
