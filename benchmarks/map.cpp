@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "text/BTL_STR_IntSet.h"
-#include "text/BTL_STR_StrStrMap.h"
+#include "text/lists/BTL_STR_IntSet.h"
+#include "text/lists/BTL_STR_StrStrMap.h"
 
 #include <benchmark/benchmark.h>
 

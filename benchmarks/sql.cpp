@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "text/BTL_SQL_Text.h"
+#include "text/grammar/BTL_SQL_Text.h"
 
 #include <benchmark/benchmark.h>
 

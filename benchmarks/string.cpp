@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/runtime/System_String.h"
+#include "platform/base/System_String.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/runtime/Classes.h"
+#include "platform/runtime/classes/Classes.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "platform/runtime/Classes.h"
-#include "platform/runtime/Sysutils_Number.h"
-#include "platform/runtime/Sysutils_Text.h"
-#include "text/BTL_STR_Delimited.h"
-#include "text/BTL_STR_Replace.h"
+#include "platform/base/numbers/Sysutils_Number.h"
+#include "platform/runtime/classes/Classes.h"
+#include "platform/runtime/sysutils/Sysutils_Text.h"
+#include "text/editing/BTL_STR_Replace.h"
+#include "text/grammar/BTL_STR_Delimited.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "foundation/UTL_SV_DoubleVector.h"
-#include "foundation/UTL_SV_IntVector.h"
+#include "foundation/vectors/UTL_SV_DoubleVector.h"
+#include "foundation/vectors/UTL_SV_IntVector.h"
 
 #include <benchmark/benchmark.h>
 

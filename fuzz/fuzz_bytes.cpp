@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/Fuzz.h"
-#include "text/BTL_BIN_BinaryData.h"
-#include "text/BTL_CRYPT_Crypt.h"
+#include "text/bytes/BTL_BIN_BinaryData.h"
+#include "text/bytes/BTL_CRYPT_Crypt.h"
 
 #include <cstdint>
 #include <string_view>

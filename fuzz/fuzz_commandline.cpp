@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "support/Fuzz.h"
-#include "text/BTL_CommandLineParser.h"
+#include "text/grammar/BTL_CommandLineParser.h"
 
 #include <algorithm>
 #include <cstdint>

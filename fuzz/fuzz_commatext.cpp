@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "foundation/UTL_SV_BoolVector.h"
-#include "foundation/UTL_SV_DoubleVector.h"
-#include "foundation/UTL_SV_Int64Vector.h"
-#include "foundation/UTL_SV_IntVector.h"
-#include "platform/runtime/System_CodePage.h"
-#include "platform/runtime/Sysutils_Exception.h"
-#include "platform/runtime/Sysutils_Text.h"
+#include "foundation/vectors/UTL_SV_BoolVector.h"
+#include "foundation/vectors/UTL_SV_DoubleVector.h"
+#include "foundation/vectors/UTL_SV_Int64Vector.h"
+#include "foundation/vectors/UTL_SV_IntVector.h"
+#include "platform/base/System_CodePage.h"
+#include "platform/base/Sysutils_Exception.h"
+#include "platform/runtime/sysutils/Sysutils_Text.h"
 #include "support/Fuzz.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "platform/runtime/Sysutils_Date.h"
-#include "platform/runtime/Sysutils_Exception.h"
+#include "platform/base/Sysutils_Exception.h"
+#include "platform/base/dates/Sysutils_Date.h"
 #include "support/Fuzz.h"
-#include "text/BTL_DT_Utilities.h"
+#include "text/dates/BTL_DT_Utilities.h"
 
 #include <cstdint>
 #include <cstring>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/UTL_STR_Utilities.h"
-#include "platform/runtime/Sysutils_Number.h"
+#include "platform/base/numbers/Sysutils_Number.h"
 #include "streams/BTL_STRM_InStream.h"
 #include "streams/BTL_STRM_StdIOStream.h"
 #include "streams/BTL_STRM_StreamUtilities.h"

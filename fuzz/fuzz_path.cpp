@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "platform/base/Sysutils_Exception.h"
 #include "platform/host/Host_Path.h"
 #include "platform/host/Host_Shell.h"
-#include "platform/runtime/Ioutils.h"
-#include "platform/runtime/Sysutils_Exception.h"
-#include "platform/runtime/Sysutils_File.h"
+#include "platform/runtime/sysutils/Ioutils.h"
+#include "platform/runtime/sysutils/Sysutils_File.h"
 #include "support/Fuzz.h"
 
 #include <algorithm>

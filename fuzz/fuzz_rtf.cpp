@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "support/Fuzz.h"
-#include "text/BTL_RTF_Plain.h"
+#include "text/grammar/BTL_RTF_Plain.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "support/Fuzz.h"
-#include "text/BTL_SQL_Text.h"
+#include "text/grammar/BTL_SQL_Text.h"
 
 #include <cstdint>
 #include <string_view>

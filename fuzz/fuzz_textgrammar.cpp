@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/runtime/Sysutils_Exception.h"
+#include "platform/base/Sysutils_Exception.h"
 #include "support/Fuzz.h"
 #include "text/BTL_STR_Utilities.h"
 

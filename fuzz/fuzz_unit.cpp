@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/UTL_STR_Utilities.h"
 #include "support/Fuzz.h"
-#include "text/BTL_NUM_Numbers.h"
-#include "text/BTL_NUM_Units.h"
-#include "text/BTL_NUM_Version.h"
+#include "text/numbers/BTL_NUM_Numbers.h"
+#include "text/numbers/BTL_NUM_Units.h"
+#include "text/numbers/BTL_NUM_Version.h"
 
 #include <climits>
 #include <cstdint>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/UTL_CVariants.h"
-#include "platform/runtime/Sysutils_Exception.h"
+#include "platform/base/Sysutils_Exception.h"
 #include "support/Fuzz.h"
 
 #include <cstdint>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "platform/runtime/Sysutils_Exception.h"
-#include "platform/runtime/Variants.h"
+#include "platform/base/Sysutils_Exception.h"
+#include "platform/runtime/variants/Variants.h"
 #include "support/Fuzz.h"
-#include "text/BTL_NUM_Numbers.h"
-#include "text/BTL_VARI_Utilities.h"
+#include "text/numbers/BTL_NUM_Numbers.h"
+#include "text/variants/BTL_VARI_Utilities.h"
 
 #include <cmath>
 #include <cstdint>

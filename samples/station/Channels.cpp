@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Channels.h"
 
-#include <TRS8_BTL/text/BTL_NUM_Limits.h>
-#include <TRS8_BTL/text/BTL_NUM_Numbers.h>
-#include <TRS8_BTL/text/BTL_NUM_Units.h>
 #include <TRS8_BTL/text/BTL_STR_Utilities.h>
+#include <TRS8_BTL/text/numbers/BTL_NUM_Limits.h>
+#include <TRS8_BTL/text/numbers/BTL_NUM_Numbers.h>
+#include <TRS8_BTL/text/numbers/BTL_NUM_Units.h>
 
 #include <algorithm>
 #include <fstream>

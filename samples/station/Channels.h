@@ -3,8 +3,8 @@
 
 #include "Sources.h"
 
-#include <TRS8_BTL/foundation/UTL_SV_DoubleVector.h>
-#include <TRS8_BTL/platform/runtime/Sysutils_Exception.h>
+#include <TRS8_BTL/foundation/vectors/UTL_SV_DoubleVector.h>
+#include <TRS8_BTL/platform/base/Sysutils_Exception.h>
 
 #include <filesystem>
 #include <optional>

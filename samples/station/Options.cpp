@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "Options.h"
 
+#include <TRS8_BTL/platform/base/Sysutils_Locale.h>
+#include <TRS8_BTL/platform/base/dates/Sysutils_Date.h>
 #include <TRS8_BTL/platform/host/Host_Path.h>
-#include <TRS8_BTL/platform/runtime/Sysutils_Date.h>
-#include <TRS8_BTL/platform/runtime/Sysutils_Locale.h>
-#include <TRS8_BTL/platform/runtime/Sysutils_Text.h>
-#include <TRS8_BTL/text/BTL_CommandLineParser.h>
-#include <TRS8_BTL/text/BTL_DT_Reading.h>
-#include <TRS8_BTL/text/BTL_NUM_Numbers.h>
-#include <TRS8_BTL/text/BTL_STR_Cut.h>
-#include <TRS8_BTL/text/BTL_STR_Search.h>
+#include <TRS8_BTL/platform/runtime/sysutils/Sysutils_Text.h>
+#include <TRS8_BTL/text/dates/BTL_DT_Reading.h>
+#include <TRS8_BTL/text/editing/BTL_STR_Cut.h>
+#include <TRS8_BTL/text/editing/BTL_STR_Search.h>
+#include <TRS8_BTL/text/grammar/BTL_CommandLineParser.h>
+#include <TRS8_BTL/text/numbers/BTL_NUM_Numbers.h>
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <TRS8_BTL/platform/runtime/System_DateTime.h>
-#include <TRS8_BTL/platform/runtime/Sysutils_Exception.h>
+#include <TRS8_BTL/platform/base/Sysutils_Exception.h>
+#include <TRS8_BTL/platform/base/dates/System_DateTime.h>
 
 #include <filesystem>
 #include <optional>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Report.h"
 
-#include <TRS8_BTL/text/BTL_NUM_Limits.h>
 #include <TRS8_BTL/text/BTL_STR_Utilities.h>
+#include <TRS8_BTL/text/numbers/BTL_NUM_Limits.h>
 
 #include <algorithm>
 #include <array>

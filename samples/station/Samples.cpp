@@ -2,11 +2,11 @@
 #include "Samples.h"
 
 #include <TRS8_BTL/foundation/UTL_LOG_LogStream.h>
-#include <TRS8_BTL/platform/runtime/Sysutils_Date.h>
+#include <TRS8_BTL/platform/base/dates/Sysutils_Date.h>
 #include <TRS8_BTL/streams/BTL_STRM_Stream.h>
-#include <TRS8_BTL/text/BTL_DT_Reading.h>
-#include <TRS8_BTL/text/BTL_STR_Search.h>
-#include <TRS8_BTL/text/BTL_VARI_NameValuePairs.h>
+#include <TRS8_BTL/text/dates/BTL_DT_Reading.h>
+#include <TRS8_BTL/text/editing/BTL_STR_Search.h>
+#include <TRS8_BTL/text/variants/BTL_VARI_NameValuePairs.h>
 
 #include <ostream>
 

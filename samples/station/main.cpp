@@ -6,8 +6,8 @@
 
 #include <TRS8_BTL/environment/BTL_ENV_Folders.h>
 #include <TRS8_BTL/foundation/UTL_LOG_LogStream.h>
-#include <TRS8_BTL/platform/runtime/Sysutils_Date.h>
-#include <TRS8_BTL/platform/runtime/Sysutils_Locale.h>
+#include <TRS8_BTL/platform/base/Sysutils_Locale.h>
+#include <TRS8_BTL/platform/base/dates/Sysutils_Date.h>
 
 #include <algorithm>
 #include <chrono>

@@ -2,8 +2,8 @@
 #include "environment/BTL_ENV_Folders.h"
 
 #include "foundation/UTL_Links.h"
-#include "platform/runtime/Ioutils.h"
-#include "platform/runtime/Sysutils_File.h"
+#include "platform/runtime/sysutils/Ioutils.h"
+#include "platform/runtime/sysutils/Sysutils_File.h"
 #include "platform/visual/Forms.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/runtime/Classes_Strings.h"
-#include "platform/runtime/System_String.h"
+#include "platform/base/System_String.h"
+#include "platform/runtime/classes/Classes_Strings.h"
 
 namespace BTL
 {

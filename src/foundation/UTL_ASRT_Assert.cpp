@@ -92,6 +92,11 @@ void THROW_XAssert(const WideChar* expression, const char* file, int line)
     AskAndThrow(expression, file, line);
 }
 
+void THROW_XAssert(const CFaultPlace& place, const char* expression)
+{
+    AskAndThrow(expression, place.source, place.line);
+}
+
 void Warn(const char* expression, const char* file, int line)
 {
     ShowWarning(expression, file, line);
@@ -100,6 +105,11 @@ void Warn(const char* expression, const char* file, int line)
 void Warn(const WideChar* expression, const char* file, int line)
 {
     ShowWarning(expression, file, line);
+}
+
+void Warn(const CFaultPlace& place, const char* expression)
+{
+    ShowWarning(expression, place.source, place.line);
 }
 
 } // namespace UTL

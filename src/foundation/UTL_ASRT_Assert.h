@@ -1,10 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/runtime/Sysutils_Exception.h"
+#include "platform/base/Sysutils_Exception.h"
 
 namespace UTL
 {
+
+/// The name of a check: the source and line under which its fault is reported. They are identifiers, known to
+/// users and their helpers, and stay as they are when the code around the check moves. A unit keeps those of
+/// its checks as named constants.
+struct CFaultPlace
+{
+    /// A source name without folder.
+    const char* source;
+    int line;
+};
 
 /// An internal fault: a state that a correct program never reaches.
 class TRS8_BTL_API XAssert : public Sysutils::Exception
@@ -38,9 +48,11 @@ private:
 /// answer. The caller then goes on as if its check had passed, so it must not touch what it doesn't own.
 TRS8_BTL_API void THROW_XAssert(const char* expression, const char* file, int line);
 TRS8_BTL_API void THROW_XAssert(const System::WideChar* expression, const char* file, int line);
+TRS8_BTL_API void THROW_XAssert(const CFaultPlace& place, const char* expression = "");
 
 /// Shows an internal fault and returns.
 TRS8_BTL_API void Warn(const char* expression, const char* file, int line);
 TRS8_BTL_API void Warn(const System::WideChar* expression, const char* file, int line);
+TRS8_BTL_API void Warn(const CFaultPlace& place, const char* expression = "");
 
 } // namespace UTL

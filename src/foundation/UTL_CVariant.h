@@ -2,7 +2,7 @@
 #pragma once
 
 #include "foundation/UTL_CVariantImp.h"
-#include "platform/runtime/System_Variant.h"
+#include "platform/runtime/variants/System_Variant.h"
 
 #include <concepts>
 #include <cstddef>

@@ -4,9 +4,9 @@
 #include "foundation/UTL_ASRT_Assert.h"
 #include "foundation/UTL_CVariants.h"
 #include "foundation/UTL_Links.h"
-#include "platform/runtime/Sysutils_Date.h"
-#include "platform/runtime/Sysutils_Exception.h"
-#include "platform/runtime/Sysutils_Number.h"
+#include "platform/base/Sysutils_Exception.h"
+#include "platform/base/dates/Sysutils_Date.h"
+#include "platform/base/numbers/Sysutils_Number.h"
 
 #include <algorithm>
 #include <array>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "foundation/UTL_STR_SimpleString.h"
-#include "platform/runtime/System_DateTime.h"
-#include "platform/runtime/System_String.h"
+#include "platform/base/System_String.h"
+#include "platform/base/dates/System_DateTime.h"
 
 namespace BTL
 {

@@ -2,10 +2,10 @@
 #include "foundation/UTL_CVariants.h"
 
 #include "foundation/UTL_Links.h"
-#include "platform/runtime/Classes_Strings.h"
-#include "platform/runtime/Sysutils_Exception.h"
-#include "platform/runtime/Sysutils_Number.h"
-#include "platform/runtime/Variants.h"
+#include "platform/base/Sysutils_Exception.h"
+#include "platform/base/numbers/Sysutils_Number.h"
+#include "platform/runtime/classes/Classes_Strings.h"
+#include "platform/runtime/variants/Variants.h"
 
 #include <algorithm>
 #include <iterator>

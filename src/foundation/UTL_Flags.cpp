@@ -2,9 +2,9 @@
 #include "foundation/UTL_Flags.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
-#include "foundation/UTL_SV_IntVector.h"
-#include "platform/runtime/Classes_Strings.h"
-#include "platform/runtime/Sysutils_Number.h"
+#include "foundation/vectors/UTL_SV_IntVector.h"
+#include "platform/base/numbers/Sysutils_Number.h"
+#include "platform/runtime/classes/Classes_Strings.h"
 
 #include <algorithm>
 #include <climits>

@@ -3,7 +3,7 @@
 
 #include "platform/host/Host_Path.h"
 #include "platform/host/Host_Shell.h"
-#include "platform/runtime/Sysutils_File.h"
+#include "platform/runtime/sysutils/Sysutils_File.h"
 
 #include <iostream>
 

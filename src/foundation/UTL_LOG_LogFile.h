@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/runtime/System_String.h"
+#include "platform/base/System_String.h"
 
 #include <fstream>
 #include <optional>

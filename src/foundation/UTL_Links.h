@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/runtime/System_DateTime.h"
-#include "platform/runtime/System_String.h"
+#include "platform/base/System_String.h"
+#include "platform/base/dates/System_DateTime.h"
 
 #include <string_view>
 

@@ -4,7 +4,7 @@
 #include "foundation/UTL_ASRT_Assert.h"
 #include "foundation/UTL_Links.h"
 #include "foundation/UTL_STR_Utilities.h"
-#include "platform/runtime/Sysutils_Number.h"
+#include "platform/base/numbers/Sysutils_Number.h"
 
 #include <algorithm>
 #include <ostream>

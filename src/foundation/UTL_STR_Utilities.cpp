@@ -2,7 +2,7 @@
 #include "foundation/UTL_STR_Utilities.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
-#include "platform/runtime/Sysutils_File.h"
+#include "platform/runtime/sysutils/Sysutils_File.h"
 
 #include <unicode/uchar.h>
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "foundation/UTL_STR_String.h"
-#include "platform/runtime/System_Printf.h"
-#include "platform/runtime/System_String.h"
+#include "platform/base/System_String.h"
+#include "platform/runtime/sysutils/System_Printf.h"
 
 namespace UTL
 {

@@ -2,10 +2,10 @@
 #include "languages/Btl_messagebox.h"
 
 #include "os/WIN_LastError.h"
-#include "platform/runtime/Sysutils_Text.h"
+#include "platform/runtime/sysutils/Sysutils_Text.h"
 #include "platform/toolkit/MessageBox.h"
 #include "platform/visual/Forms.h"
-#include "text/BTL_STR_Escape.h"
+#include "text/grammar/BTL_STR_Escape.h"
 
 namespace BTL
 {

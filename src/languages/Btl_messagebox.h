@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/runtime/System_Printf.h"
+#include "platform/runtime/sysutils/System_Printf.h"
 
 namespace BTL
 {

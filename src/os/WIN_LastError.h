@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/runtime/Sysutils_Exception.h"
+#include "platform/base/Sysutils_Exception.h"
 
 namespace WIN
 {

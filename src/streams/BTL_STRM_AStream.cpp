@@ -2,9 +2,9 @@
 #include "streams/BTL_STRM_AStream.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
-#include "platform/runtime/Classes_PositionInternal.h"
-#include "platform/runtime/Sysutils_Number.h"
-#include "streams/BTL_STRM_ScanInternal.h"
+#include "platform/base/numbers/Sysutils_Number.h"
+#include "platform/runtime/classes/internal/Classes_Position.h"
+#include "streams/internal/BTL_STRM_Scan.h"
 
 #include <array>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/runtime/System_Set.h"
+#include "platform/base/System_Set.h"
 #include "streams/BTL_STRM_Stream.h"
 
 #include <ios>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "streams/BTL_STRM_FileInStream.h"
 
-#include "streams/BTL_STRM_DataFileInternal.h"
+#include "streams/internal/BTL_STRM_DataFileSource.h"
 
 namespace BTL
 {

@@ -2,8 +2,8 @@
 #include "streams/BTL_STRM_OutStream.h"
 
 #include "foundation/UTL_Links.h"
-#include "platform/runtime/Sysutils_Number.h"
-#include "streams/BTL_STRM_ScanInternal.h"
+#include "platform/base/numbers/Sysutils_Number.h"
+#include "streams/internal/BTL_STRM_Scan.h"
 
 #include <array>
 #include <charconv>

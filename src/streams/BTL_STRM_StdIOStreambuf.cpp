@@ -2,7 +2,7 @@
 #include "streams/BTL_STRM_StdIOStreambuf.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
-#include "platform/runtime/Classes_PositionInternal.h"
+#include "platform/runtime/classes/internal/Classes_Position.h"
 
 #include <algorithm>
 #include <cstring>

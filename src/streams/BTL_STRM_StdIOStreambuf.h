@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/runtime/Classes_Stream.h"
+#include "platform/runtime/classes/Classes_Stream.h"
 
 #include <array>
 #include <memory>

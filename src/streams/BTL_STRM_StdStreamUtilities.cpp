@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "streams/BTL_STRM_StdStreamUtilities.h"
 
+#include "platform/base/numbers/Sysutils_Number.h"
 #include "platform/host/Host_FileBuffer.h"
 #include "platform/host/Host_Path.h"
-#include "platform/runtime/Sysutils_File.h"
-#include "platform/runtime/Sysutils_Number.h"
-#include "streams/BTL_STRM_DataFileInternal.h"
+#include "platform/runtime/sysutils/Sysutils_File.h"
+#include "streams/internal/BTL_STRM_DataFileSource.h"
 
 #include <algorithm>
 #include <array>

@@ -3,7 +3,7 @@
 
 #include "foundation/UTL_ASRT_Assert.h"
 #include "foundation/UTL_STR_Utilities.h"
-#include "streams/BTL_STRM_ScanInternal.h"
+#include "streams/internal/BTL_STRM_Scan.h"
 
 #include <bit>
 #include <climits>

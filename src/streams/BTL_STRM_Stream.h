@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "foundation/UTL_SV_GSimpleVector.h"
-#include "platform/runtime/Classes_Stream.h"
-#include "platform/runtime/System_DynamicArray.h"
+#include "foundation/vectors/UTL_SV_GSimpleVector.h"
+#include "platform/base/System_DynamicArray.h"
+#include "platform/runtime/classes/Classes_Stream.h"
 
 #include <memory>
 

@@ -2,10 +2,10 @@
 #include "streams/BTL_STRM_StreamUtilities.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
-#include "platform/runtime/Character.h"
-#include "platform/runtime/Classes_PositionInternal.h"
-#include "platform/runtime/Sysutils_Number.h"
-#include "streams/BTL_STRM_ScanInternal.h"
+#include "platform/base/numbers/Sysutils_Number.h"
+#include "platform/runtime/classes/internal/Classes_Position.h"
+#include "platform/runtime/sysutils/Character.h"
+#include "streams/internal/BTL_STRM_Scan.h"
 
 #include <array>
 #include <bitset>

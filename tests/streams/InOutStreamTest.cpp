@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/UTL_ASRT_Assert.h"
-#include "platform/runtime/Sysutils_Locale.h"
+#include "platform/base/Sysutils_Locale.h"
 #include "platform/toolkit/MessageBox.h"
 #include "streams/BTL_STRM_FileInStream.h"
 #include "streams/BTL_STRM_FileOutStream.h"

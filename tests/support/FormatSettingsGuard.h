@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/runtime/Sysutils_Locale.h"
+#include "platform/base/Sysutils_Locale.h"
 
 namespace Support
 {

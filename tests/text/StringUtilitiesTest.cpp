@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "text/BTL_STR_Utilities.h"
 
-#include "platform/runtime/Sysutils_Exception.h"
-#include "platform/runtime/Sysutils_Text.h"
+#include "platform/base/Sysutils_Exception.h"
+#include "platform/runtime/sysutils/Sysutils_Text.h"
 
 #include <gtest/gtest.h>
 

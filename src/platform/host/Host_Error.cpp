@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/Host_Error.h"
 
-#include "platform/runtime/System_String.h"
+#include "platform/base/System_String.h"
 
 #include <algorithm>
 #include <cerrno>

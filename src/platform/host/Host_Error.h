@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/Export.h"
-#include "platform/runtime/System_Types.h"
+#include "platform/base/System_Types.h"
 
 // The numbers under which a failed call reports its reason.
 inline constexpr unsigned long ERROR_SUCCESS = 0;

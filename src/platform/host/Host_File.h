@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/base/System_String.h"
 #include "platform/host/Host_Path.h"
-#include "platform/runtime/System_String.h"
 
 #include <optional>
 #include <vector>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/runtime/System_CodePage.h"
-#include "platform/runtime/System_Currency.h"
-#include "platform/runtime/System_DateTime.h"
-#include "platform/runtime/System_DynamicArray.h"
-#include "platform/runtime/System_String.h"
-#include "platform/runtime/System_Types.h"
-#include "platform/runtime/System_Variant.h"
+#include "platform/base/System_CodePage.h"
+#include "platform/base/System_DynamicArray.h"
+#include "platform/base/System_String.h"
+#include "platform/base/System_Types.h"
+#include "platform/base/dates/System_DateTime.h"
+#include "platform/base/numbers/System_Currency.h"
+#include "platform/runtime/variants/System_Variant.h"

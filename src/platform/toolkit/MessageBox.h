@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/Export.h"
-#include "platform/runtime/System_Types.h"
+#include "platform/base/System_Types.h"
 
 // The flags of a box: a set of buttons, plus an icon.
 inline constexpr unsigned MB_OK = 0;

@@ -2,7 +2,7 @@
 #include "platform/visual/Forms.h"
 
 #include "platform/host/Host_Module.h"
-#include "platform/runtime/Sysutils_File.h"
+#include "platform/runtime/sysutils/Sysutils_File.h"
 #include "platform/toolkit/MessageBox.h"
 #include "platform/toolkit/Toolkit.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/runtime/System_String.h"
-#include "platform/runtime/Types.h"
+#include "platform/base/System_String.h"
+#include "platform/base/Types.h"
 
 #include <atomic>
 

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "foundation/vectors/UTL_SV_GSimpleVector.h"
+#include "platform/base/System_String.h"
+
+namespace UTL
+{
+
+/// A vector of truth values.
+class TRS8_BTL_API CBoolVector : public GSimpleVector<bool>
+{
+public:
+    using GSimpleVector<bool>::GSimpleVector;
+    CBoolVector() = default;
+    /// Null gives an empty vector.
+    explicit CBoolVector(const CBoolVector* other);
+
+    /// The elements as 0 or 1 with commas between.
+    System::UnicodeString getCommaText() const;
+    /// Reads integers up to the first empty part, any but 0 as true. `Sysutils::EConvertError` for a part
+    /// that is none; the elements read until then stay.
+    void setCommaText(System::UnicodeString text);
+};
+
+} // namespace UTL

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "foundation/vectors/UTL_SV_GSimpleVector.h"
+#include "platform/base/System_String.h"
+
+namespace UTL
+{
+
+/// A vector of 64-bit integers.
+class TRS8_BTL_API CInt64Vector : public GSimpleVector<System::Int64>
+{
+public:
+    using GSimpleVector<System::Int64>::GSimpleVector;
+    CInt64Vector() = default;
+    /// Null gives an empty vector.
+    explicit CInt64Vector(const CInt64Vector* other);
+
+    /// The elements in decimal with commas between.
+    System::UnicodeString getCommaText() const;
+    /// Reads integers up to the first empty part. `Sysutils::EConvertError` for a part that is none; the
+    /// elements read until then stay.
+    void setCommaText(System::UnicodeString text);
+
+    /// 0 in an empty vector.
+    System::Int64 GetMaxValue() const;
+    System::Int64 GetMinValue() const;
+    /// Wraps on an overflow.
+    System::Int64 GetSum() const;
+
+    /// `defaultValue` for an index out of range.
+    System::Int64 AtOrDef(int index, System::Int64 defaultValue) const;
+};
+
+} // namespace UTL

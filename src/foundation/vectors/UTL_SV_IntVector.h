@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "foundation/vectors/UTL_SV_GSimpleVector.h"
+#include "platform/base/System_String.h"
+
+namespace Classes
+{
+class TStrings;
+} // namespace Classes
+
+namespace UTL
+{
+
+/// A vector of integers.
+class TRS8_BTL_API CIntVector : public GSimpleVector<int>
+{
+public:
+    using GSimpleVector<int>::GSimpleVector;
+    CIntVector() = default;
+    /// Null gives an empty vector.
+    explicit CIntVector(const CIntVector* other);
+    /// As `setCommaText`.
+    explicit CIntVector(const System::UnicodeString& commaText);
+
+    /// The elements in decimal with commas between.
+    System::UnicodeString getCommaText() const;
+    /// Reads integers up to the first empty part. `Sysutils::EConvertError` for a part that is none; the
+    /// elements read until then stay.
+    void setCommaText(System::UnicodeString text);
+
+    /// 0 in an empty vector.
+    int GetMaxValue() const;
+    int GetMinValue() const;
+    /// Wraps on an overflow.
+    int GetSum() const;
+
+    /// `defaultValue` for an index out of range.
+    int AtOrDef(int index, int defaultValue) const;
+
+    // Integers in the object slots of a string list. A null list is an internal fault, and nothing happens if
+    // the user lets it pass.
+
+    /// Takes over the object slots of all lines as integers.
+    void SetObjects(Classes::TStrings* strings);
+    /// Stores the elements in the object slots, as far as there are lines.
+    void MoveObjectsTo(Classes::TStrings* strings) const;
+};
+
+} // namespace UTL

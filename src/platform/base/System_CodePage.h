@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/System_SharedText.h"
+
+#include <string_view>
+
+namespace System
+{
+
+/// The wide form of `bytes` in `codePage`. A byte sequence that is none in the code page becomes U+FFFD; the
+/// five unassigned codes of 1252 pass as the control characters of their number, so that bytes survive the
+/// way there and back. An unknown code page counts as 1252.
+TRS8_BTL_API GSharedText<WideChar> DecodeText(CodePage codePage, std::string_view bytes);
+
+/// The form of `text` in `codePage`. A character that the code page lacks becomes one `?`; a lone surrogate
+/// is such a character, in UTF-8 it becomes U+FFFD. An unknown code page counts as 1252.
+TRS8_BTL_API GSharedText<char> EncodeText(CodePage codePage, std::u16string_view text);
+
+} // namespace System

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/System_SharedBlock.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <limits>
+#include <memory>
+
+namespace System
+{
+
+/// Raises `Sysutils::ERangeError`: `index` is not in 0 to `length - 1`.
+[[noreturn]] TRS8_BTL_API void ThrowArrayRange(int index, int length);
+/// Raises `Sysutils::ERangeError`: no array has `length` elements.
+[[noreturn]] TRS8_BTL_API void ThrowArrayLength(int length);
+
+/// An array of `T`, counted from 0. A copy of the object shares the elements: what one writes, the other
+/// sees. `Copy` makes an array of its own, and a change of the length parts the array from those that it
+/// shared elements with.
+template <class T>
+class DynamicArray
+{
+public:
+    using value_type = T;
+    using iterator = T*;
+    using const_iterator = const T*;
+
+    DynamicArray() noexcept = default;
+    DynamicArray(std::initializer_list<T> items) : DynamicArray(items.begin(), items.size()) {}
+
+    int Length() const noexcept { return mBlock.get() == nullptr ? 0 : mBlock->length; }
+    int get_length() const noexcept { return Length(); }
+    /// Cuts, or adds elements of the value `T()`. `Sysutils::ERangeError` for a negative `length`.
+    void set_length(int length)
+    {
+        if (length < 0) {
+            ThrowArrayLength(length);
+        }
+        if (length == Length() && mBlock.IsUnique()) {
+            return;
+        }
+        DynamicArray fresh;
+        fresh.mBlock = Make(length);
+        const int kept = std::min(length, Length());
+        if (mBlock.IsUnique()) {
+            std::move(begin(), begin() + kept, fresh.begin());
+        } else {
+            std::copy_n(begin(), kept, fresh.begin());
+        }
+        *this = std::move(fresh);
+    }
+
+    /// 0; the highest index, -1 for an empty array.
+    static constexpr int Low() noexcept { return 0; }
+    int High() const noexcept { return Length() - 1; }
+
+    /// `Sysutils::ERangeError` outside 0 to `Length() - 1`.
+    T& operator[](int index)
+    {
+        CheckIndex(index);
+        return begin()[index];
+    }
+    const T& operator[](int index) const
+    {
+        CheckIndex(index);
+        return begin()[index];
+    }
+
+    DynamicArray Copy() const { return CopyRange(0, Length()); }
+    /// Up to `count` elements from `start`, as far as there are any; a negative `start` counts as 0.
+    DynamicArray CopyRange(int start, int count) const
+    {
+        const int from = std::clamp(start, 0, Length());
+        return DynamicArray(begin() + from, static_cast<std::size_t>(std::clamp(count, 0, Length() - from)));
+    }
+
+    /// The elements one behind the other, null for an empty array; valid until the length changes.
+    T* begin() noexcept { return mBlock.get() == nullptr ? nullptr : mBlock->items.get(); }
+    T* end() noexcept { return begin() + Length(); }
+    const T* begin() const noexcept { return mBlock.get() == nullptr ? nullptr : mBlock->items.get(); }
+    const T* end() const noexcept { return begin() + Length(); }
+
+private:
+    struct Block : TSharedBlock
+    {
+        explicit Block(int count)
+            : items(std::make_unique<T[]>(static_cast<std::size_t>(count))), length(count)
+        {
+        }
+
+        std::unique_ptr<T[]> items;
+        int length;
+    };
+    using Holder = GSharedBlock<Block>;
+
+    DynamicArray(const T* items, std::size_t count)
+    {
+        if (count > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
+            ThrowArrayLength(-1);
+        }
+        mBlock = Make(static_cast<int>(count));
+        std::copy_n(items, count, begin());
+    }
+
+    static Holder Make(int length) { return length == 0 ? Holder() : Holder(new Block(length)); }
+
+    void CheckIndex(int index) const
+    {
+        if (index < 0 || index >= Length()) {
+            ThrowArrayRange(index, Length());
+        }
+    }
+
+    Holder mBlock;
+};
+
+} // namespace System

@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Export.h"
+#include "platform/base/System_Types.h"
+
+#include <algorithm>
+#include <atomic>
+#include <climits>
+#include <cstddef>
+#include <cstdlib>
+#include <new>
+#include <string_view>
+#include <utility>
+
+namespace System
+{
+
+/// Raises `Sysutils::ERangeError`: `index` is not in 1 to `length`.
+[[noreturn]] TRS8_BTL_API void ThrowStringRange(int index, int length);
+/// Raises `Sysutils::EOutOfMemory`: the text is too long for a string, or the memory is used up.
+[[noreturn]] TRS8_BTL_API void ThrowStringMemory();
+
+/// A reference-counted, zero-terminated buffer of characters, one pointer wide; the store of both string
+/// widths. The empty text is a null pointer. Copies share the buffer; `Unique` parts from the other owners
+/// before a write. The count is atomic, so copies may live in different threads.
+template <class Char>
+class GSharedText
+{
+public:
+    using View = std::basic_string_view<Char>;
+
+    GSharedText() noexcept = default;
+    explicit GSharedText(View text) { Assign(text); }
+    GSharedText(const GSharedText& other) noexcept : mText(other.mText) { AddRef(); }
+    GSharedText(GSharedText&& other) noexcept : mText(std::exchange(other.mText, nullptr)) {}
+    ~GSharedText() { Release(mText); }
+
+    GSharedText& operator=(const GSharedText& other) noexcept
+    {
+        GSharedText copy(other);
+        std::swap(mText, copy.mText);
+        return *this;
+    }
+    GSharedText& operator=(GSharedText&& other) noexcept
+    {
+        std::swap(mText, other.mText);
+        return *this;
+    }
+
+    /// A buffer of `length` characters for the caller to fill; only its end is set.
+    static GSharedText Uninitialized(std::size_t length)
+    {
+        GSharedText result;
+        if (length != 0) {
+            result.mText = Allocate(length, length);
+        }
+        return result;
+    }
+
+    bool IsEmpty() const noexcept { return mText == nullptr; }
+    int Length() const noexcept { return static_cast<int>(Size()); }
+    std::size_t Size() const noexcept { return mText == nullptr ? 0 : HeaderOf(mText)->length; }
+    /// Never null; valid until the next change of this text.
+    const Char* c_str() const noexcept { return mText == nullptr ? &EmptyText : mText; }
+    View AsView() const noexcept { return {c_str(), Size()}; }
+
+    /// The characters for writing, null for the empty text; no other owner sees the change.
+    Char* Unique()
+    {
+        if (mText != nullptr && HeaderOf(mText)->references.load(std::memory_order_acquire) != 1) {
+            GSharedText copy(AsView());
+            std::swap(mText, copy.mText);
+        }
+        return mText;
+    }
+
+    void Assign(View text)
+    {
+        GSharedText fresh = Uninitialized(text.size());
+        std::copy(text.begin(), text.end(), fresh.mText);
+        std::swap(mText, fresh.mText);
+    }
+
+    /// Appends in amortised constant time per character; `text` may be a piece of this text itself.
+    void Append(View text)
+    {
+        if (text.empty()) {
+            return;
+        }
+        const auto oldLength = Size();
+        if (OwnsRoomFor(oldLength + text.size())) {
+            std::copy(text.begin(), text.end(), mText + oldLength);
+            SetLengthField(oldLength + text.size());
+            return;
+        }
+        const std::size_t length = oldLength + text.size();
+        GSharedText grown;
+        grown.mText = Allocate(length, oldLength == 0 ? length : std::max(length, oldLength * 2));
+        const View old = AsView();
+        std::copy(text.begin(), text.end(), std::copy(old.begin(), old.end(), grown.mText));
+        std::swap(mText, grown.mText);
+    }
+
+    void Append(Char character)
+    {
+        const auto length = Size();
+        if (!OwnsRoomFor(length + 1)) {
+            Append(View(&character, 1));
+            return;
+        }
+        mText[length] = character;
+        SetLengthField(length + 1);
+    }
+
+    /// Cuts to `length`, or lengthens with zero characters.
+    void Resize(std::size_t length)
+    {
+        const auto oldLength = Size();
+        if (length == oldLength) {
+            return;
+        }
+        if (length == 0) {
+            Release(std::exchange(mText, nullptr));
+            return;
+        }
+        if (!OwnsRoomFor(length)) {
+            GSharedText fresh = Uninitialized(length);
+            const View kept = AsView().substr(0, length);
+            std::copy(kept.begin(), kept.end(), fresh.mText);
+            std::swap(mText, fresh.mText);
+        } else {
+            SetLengthField(length);
+        }
+        if (length > oldLength) {
+            std::fill(mText + oldLength, mText + length, Char());
+        }
+    }
+
+    /// Makes room for `capacity` characters in all, so that appends up to there move nothing.
+    void Reserve(std::size_t capacity)
+    {
+        if (IsEmpty() || OwnsRoomFor(capacity)) {
+            return;
+        }
+        const View old = AsView();
+        GSharedText grown;
+        grown.mText = Allocate(old.size(), std::max(capacity, old.size()));
+        std::copy(old.begin(), old.end(), grown.mText);
+        std::swap(mText, grown.mText);
+    }
+
+private:
+    struct Header
+    {
+        std::atomic<int> references;
+        // Up to `MaxLength`. Without a sign, so that the compiler knows them to be no huge sizes.
+        unsigned length;
+        unsigned capacity;
+    };
+
+    static constexpr Char EmptyText = Char();
+    static constexpr std::size_t HeaderSize = (sizeof(Header) + alignof(std::max_align_t) - 1) /
+                                              alignof(std::max_align_t) * alignof(std::max_align_t);
+    static constexpr std::size_t MaxLength = static_cast<std::size_t>(INT_MAX) - 1;
+
+    static Header* HeaderOf(Char* text) noexcept
+    {
+        return reinterpret_cast<Header*>(reinterpret_cast<char*>(text) - HeaderSize);
+    }
+
+    static Char* Allocate(std::size_t length, std::size_t capacity)
+    {
+        if (length > MaxLength) {
+            ThrowStringMemory();
+        }
+        capacity = std::min(capacity, MaxLength);
+        void* block = std::malloc(HeaderSize + (capacity + 1) * sizeof(Char));
+        if (block == nullptr) {
+            ThrowStringMemory();
+        }
+        new (block) Header{1, static_cast<unsigned>(length), static_cast<unsigned>(capacity)};
+        Char* text = reinterpret_cast<Char*>(static_cast<char*>(block) + HeaderSize);
+        text[length] = Char();
+        return text;
+    }
+
+    void AddRef() const noexcept
+    {
+        if (mText != nullptr) {
+            HeaderOf(mText)->references.fetch_add(1, std::memory_order_relaxed);
+        }
+    }
+
+    static void Release(Char* text) noexcept
+    {
+        if (text == nullptr) {
+            return;
+        }
+        Header* header = HeaderOf(text);
+        // A sole owner needs no read-modify-write: nobody else can raise the count.
+        if (header->references.load(std::memory_order_acquire) == 1 ||
+            header->references.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+            std::free(header);
+        }
+    }
+
+    bool OwnsRoomFor(std::size_t length) const noexcept
+    {
+        return mText != nullptr && length <= HeaderOf(mText)->capacity &&
+               HeaderOf(mText)->references.load(std::memory_order_acquire) == 1;
+    }
+
+    void SetLengthField(std::size_t length) noexcept
+    {
+        HeaderOf(mText)->length = static_cast<unsigned>(length);
+        mText[length] = Char();
+    }
+
+    Char* mText = nullptr;
+};
+
+} // namespace System

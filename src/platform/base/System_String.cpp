@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "platform/base/System_String.h"
+
+#include <charconv>
+#include <ostream>
+
+#include <unicode/uchar.h>
+#include <unicode/ustring.h>
+
+namespace System
+{
+
+namespace Detail
+{
+
+namespace
+{
+
+template <class T>
+GSharedText<WideChar> DecimalText(T value)
+{
+    char digits[24];
+    const char* end = std::to_chars(digits, digits + sizeof digits, value).ptr;
+    auto text = GSharedText<WideChar>::Uninitialized(static_cast<std::size_t>(end - digits));
+    std::copy(static_cast<const char*>(digits), end, text.Unique());
+    return text;
+}
+
+} // namespace
+
+GSharedText<WideChar> IntegerText(long long value)
+{
+    return DecimalText(value);
+}
+
+GSharedText<WideChar> UnsignedText(unsigned long long value)
+{
+    return DecimalText(value);
+}
+
+GSharedText<WideChar> FromUtf32(std::wstring_view text)
+{
+    GSharedText<WideChar> result;
+    result.Reserve(text.size());
+    for (const wchar_t character : text) {
+        const auto code = static_cast<char32_t>(character);
+        if (code < 0x10000) {
+            const auto unit = static_cast<WideChar>(code);
+            result.Append({&unit, 1});
+        } else if (code < 0x110000) {
+            const WideChar pair[] = {static_cast<WideChar>(0xD7C0 + (code >> 10)),
+                                     static_cast<WideChar>(0xDC00 + (code & 0x3FF))};
+            result.Append({pair, 2});
+        } else {
+            result.Append(u"\uFFFD");
+        }
+    }
+    return result;
+}
+
+GSharedText<WideChar> MapCase(std::u16string_view text, bool upper)
+{
+    const auto map = upper ? u_strToUpper : u_strToLower;
+    const auto length = static_cast<int32_t>(text.size());
+    auto result = GSharedText<WideChar>::Uninitialized(text.size());
+    UErrorCode status = U_ZERO_ERROR;
+    int32_t needed = map(result.Unique(), length, text.data(), length, "", &status);
+    if (needed > length) {
+        result = GSharedText<WideChar>::Uninitialized(static_cast<std::size_t>(needed));
+        status = U_ZERO_ERROR;
+        needed = map(result.Unique(), needed, text.data(), length, "", &status);
+    }
+    result.Resize(static_cast<std::size_t>(needed));
+    return result;
+}
+
+int CompareIgnoreCase(std::u16string_view a, std::u16string_view b)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    return u_strCaseCompare(a.data(), static_cast<int32_t>(a.size()), b.data(),
+                            static_cast<int32_t>(b.size()), U_FOLD_CASE_DEFAULT, &status);
+}
+
+std::ostream& WriteBytes(std::ostream& stream, std::string_view bytes)
+{
+    return stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+}
+
+} // namespace Detail
+
+std::string ToUtf8(std::u16string_view text)
+{
+    return std::string(EncodeText(CP_UTF8, text).AsView());
+}
+
+UnicodeString FromUtf8(std::string_view bytes)
+{
+    return UnicodeString(DecodeText(CP_UTF8, bytes));
+}
+
+std::ostream& operator<<(std::ostream& stream, const UnicodeString& text)
+{
+    return Detail::WriteBytes(stream, EncodeText(CP_UTF8, text.AsView()).AsView());
+}
+
+} // namespace System

@@ -1,0 +1,537 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/System_CodePage.h"
+#include "platform/base/System_SharedText.h"
+
+#include <algorithm>
+#include <compare>
+#include <concepts>
+#include <cstdint>
+#include <cstring>
+#include <functional>
+#include <iosfwd>
+#include <string>
+#include <string_view>
+#include <type_traits>
+
+namespace System
+{
+
+class UnicodeString;
+
+template <CodePage CP>
+class AnsiStringT;
+
+/// 8-bit text in the system's code page.
+using AnsiString = AnsiStringT<DefaultSystemCodePage>;
+using UTF8String = AnsiStringT<CP_UTF8>;
+/// 8-bit text of any code page; a conversion from another 8-bit type keeps the bytes.
+using RawByteString = AnsiStringT<CP_RAW>;
+
+/// The integers that turn into text by their value: all but the character types and `bool`.
+template <class T>
+concept TextInteger =
+    std::integral<T> && !std::same_as<T, bool> && !std::same_as<T, char> && !std::same_as<T, wchar_t> &&
+    !std::same_as<T, char8_t> && !std::same_as<T, char16_t> && !std::same_as<T, char32_t>;
+
+namespace Detail
+{
+
+TRS8_BTL_API GSharedText<WideChar> IntegerText(long long value);
+TRS8_BTL_API GSharedText<WideChar> UnsignedText(unsigned long long value);
+/// As `Sysutils::FloatToStr`.
+TRS8_BTL_API GSharedText<WideChar> FloatText(long double value);
+TRS8_BTL_API GSharedText<WideChar> FromUtf32(std::wstring_view text);
+TRS8_BTL_API GSharedText<WideChar> MapCase(std::u16string_view text, bool upper);
+TRS8_BTL_API int CompareIgnoreCase(std::u16string_view a, std::u16string_view b);
+
+TRS8_BTL_API std::ostream& WriteBytes(std::ostream& stream, std::string_view bytes);
+
+template <class Char>
+std::basic_string_view<Char> SafeView(const Char* text)
+{
+    return text == nullptr ? std::basic_string_view<Char>() : std::basic_string_view<Char>(text);
+}
+
+template <class Char>
+std::basic_string_view<Char> SafeView(const Char* text, int count)
+{
+    return text == nullptr || count <= 0
+               ? std::basic_string_view<Char>()
+               : std::basic_string_view<Char>(text, static_cast<std::size_t>(count));
+}
+
+/// As `a.compare(b)`, but passes over what is alike at the front in words: the keys of a map often begin
+/// alike.
+template <class Char>
+int CompareViews(std::basic_string_view<Char> a, std::basic_string_view<Char> b) noexcept
+{
+    using Word = std::uint64_t;
+    constexpr std::size_t step = sizeof(Word) / sizeof(Char);
+    const std::size_t common = std::min(a.size(), b.size());
+    std::size_t at = 0;
+    for (; common - at >= step; at += step) {
+        Word first;
+        Word second;
+        std::memcpy(&first, a.data() + at, sizeof first);
+        std::memcpy(&second, b.data() + at, sizeof second);
+        if (first != second) {
+            break;
+        }
+    }
+    return a.substr(at).compare(b.substr(at));
+}
+
+} // namespace Detail
+
+/// What both string widths can do. `Self` is the string type, which adds its conversions. Positions are
+/// 1-based and 0 means not found. Strings are values: a copy shares the buffer until one of them changes.
+template <class Self, class Char>
+class GString
+{
+public:
+    using CharType = Char;
+    using View = std::basic_string_view<Char>;
+
+    bool IsEmpty() const noexcept { return mText.IsEmpty(); }
+    /// The count of `Char` units.
+    int Length() const noexcept { return mText.Length(); }
+    /// Never null; the empty text gives a pointer to a zero. Valid until the next change.
+    const Char* c_str() const noexcept { return mText.c_str(); }
+    const Char* data() const noexcept { return mText.c_str(); }
+    View AsView() const noexcept { return mText.AsView(); }
+
+    /// The character at the 1-based `index`; `Sysutils::ERangeError` outside 1 to `Length()`.
+    const Char& operator[](int index) const
+    {
+        CheckIndex(index);
+        return mText.c_str()[index - 1];
+    }
+    Char& operator[](int index)
+    {
+        CheckIndex(index);
+        return mText.Unique()[index - 1];
+    }
+
+    /// The buffer for writing `Length()` characters, shared with no other string; null for the empty text.
+    Char* UniqueData() { return mText.Unique(); }
+    Self& Unique()
+    {
+        mText.Unique();
+        return AsSelf();
+    }
+
+    /// Cuts, or lengthens with zero characters. A negative `length` counts as 0.
+    Self& SetLength(int length)
+    {
+        mText.Resize(length < 0 ? 0 : static_cast<std::size_t>(length));
+        return AsSelf();
+    }
+
+    /// Makes room for `length` characters in all; the text stays.
+    void Reserve(int length)
+    {
+        if (length > 0) {
+            mText.Reserve(static_cast<std::size_t>(length));
+        }
+    }
+
+    /// Up to `count` characters from the 1-based `index`. An `index` below 1 counts as 1; behind the end, or
+    /// with a `count` below 1, the result is empty.
+    Self SubString(int index, int count = INT_MAX) const
+    {
+        const auto [start, length] = Clip(index, count);
+        if (length == static_cast<std::size_t>(Length())) {
+            return AsSelf();
+        }
+        return Self(AsView().substr(start, length));
+    }
+
+    /// Removes up to `count` characters from the 1-based `index`; nothing if `index` lies outside the text.
+    Self& Delete(int index, int count)
+    {
+        if (index < 1) {
+            return AsSelf();
+        }
+        const auto [start, length] = Clip(index, count);
+        if (length == 0) {
+            return AsSelf();
+        }
+        const auto rest = static_cast<std::size_t>(Length()) - start - length;
+        Char* text = mText.Unique();
+        std::copy_n(text + start + length, rest, text + start);
+        mText.Resize(start + rest);
+        return AsSelf();
+    }
+
+    /// Puts `text` in front of the character at the 1-based `index`, which is held within 1 and
+    /// `Length() + 1`.
+    Self& Insert(const Self& text, int index)
+    {
+        const auto at = static_cast<std::size_t>(std::clamp(index, 1, Length() + 1) - 1);
+        const View old = AsView();
+        const View added = text.AsView();
+        auto result = GSharedText<Char>::Uninitialized(old.size() + added.size());
+        Char* out = result.Unique();
+        out = std::copy_n(old.data(), at, out);
+        out = std::copy(added.begin(), added.end(), out);
+        std::copy(old.begin() + static_cast<std::ptrdiff_t>(at), old.end(), out);
+        mText = std::move(result);
+        return AsSelf();
+    }
+
+    /// The 1-based place of the first `text`, 0 if there is none; an empty `text` is nowhere.
+    int Pos(const Self& text) const { return Find(text.AsView()); }
+    int Pos(const Char* text) const { return Find(Detail::SafeView(text)); }
+    int Pos(Char character) const { return static_cast<int>(AsView().find(character) + 1); }
+
+    /// The 1-based place of the last character that `delimiters` holds, 0 if there is none.
+    int LastDelimiter(const Self& delimiters) const
+    {
+        return static_cast<int>(AsView().find_last_of(delimiters.AsView()) + 1);
+    }
+    bool IsDelimiter(const Self& delimiters, int index) const
+    {
+        return index >= 1 && index <= Length() && delimiters.Pos((*this)[index]) != 0;
+    }
+
+    /// The last character; `Sysutils::ERangeError` for the empty text.
+    const Char* LastChar() const
+    {
+        CheckIndex(Length());
+        return c_str() + Length() - 1;
+    }
+
+    /// Without the characters up to and including the blank (code 32) at both ends.
+    Self Trim() const { return Trimmed(true, true); }
+    Self TrimLeft() const { return Trimmed(true, false); }
+    Self TrimRight() const { return Trimmed(false, true); }
+
+    /// Negative, 0 or positive, by the ordinals of the units.
+    int Compare(const Self& other) const { return Detail::CompareViews(AsView(), other.AsView()); }
+
+    Self& operator+=(const Self& text) { return AppendText(text); }
+    Self& operator+=(const Char* text)
+    {
+        mText.Append(Detail::SafeView(text));
+        return AsSelf();
+    }
+    Self& operator+=(Char character)
+    {
+        mText.Append(character);
+        return AsSelf();
+    }
+    Self& Append(View text)
+    {
+        mText.Append(text);
+        return AsSelf();
+    }
+
+    void swap(Self& other) noexcept { std::swap(mText, other.mText); }
+
+    friend Self operator+(const Self& a, const Self& b) { return Joined(a.AsView(), b.AsView()); }
+    friend Self operator+(Self&& a, const Self& b) { return std::move(a += b); }
+    friend Self operator+(const Self& a, const Char* b) { return Joined(a.AsView(), Detail::SafeView(b)); }
+    friend Self operator+(Self&& a, const Char* b) { return std::move(a += b); }
+    friend Self operator+(const Char* a, const Self& b) { return Joined(Detail::SafeView(a), b.AsView()); }
+    friend Self operator+(const Self& a, Char b) { return Joined(a.AsView(), View(&b, 1)); }
+    friend Self operator+(Self&& a, Char b) { return std::move(a += b); }
+    friend Self operator+(Char a, const Self& b) { return Joined(View(&a, 1), b.AsView()); }
+
+    friend bool operator==(const Self& a, const Self& b) noexcept
+    {
+        return a.Length() == b.Length() && a.Compare(b) == 0;
+    }
+    friend std::strong_ordering operator<=>(const Self& a, const Self& b) noexcept
+    {
+        return a.Compare(b) <=> 0;
+    }
+    friend bool operator==(const Self& a, const Char* b) noexcept
+    {
+        return a.AsView() == Detail::SafeView(b);
+    }
+    friend std::strong_ordering operator<=>(const Self& a, const Char* b) noexcept
+    {
+        return a.AsView() <=> Detail::SafeView(b);
+    }
+
+    /// `count` times `character`; a negative `count` counts as 0.
+    static Self StringOfChar(Char character, int count)
+    {
+        auto text = GSharedText<Char>::Uninitialized(static_cast<std::size_t>(std::max(count, 0)));
+        std::fill_n(text.Unique(), text.Length(), character);
+        return Self(std::move(text));
+    }
+
+protected:
+    GString() noexcept = default;
+    explicit GString(View text) : mText(text) {}
+    explicit GString(GSharedText<Char> text) noexcept : mText(std::move(text)) {}
+
+private:
+    Self& AsSelf() noexcept { return static_cast<Self&>(*this); }
+    const Self& AsSelf() const noexcept { return static_cast<const Self&>(*this); }
+    Self& AppendText(const Self& text)
+    {
+        if (IsEmpty()) {
+            mText = text.mText;
+        } else {
+            mText.Append(text.AsView());
+        }
+        return AsSelf();
+    }
+
+    int Find(View text) const { return text.empty() ? 0 : static_cast<int>(AsView().find(text) + 1); }
+
+    static Self Joined(View a, View b)
+    {
+        auto text = GSharedText<Char>::Uninitialized(a.size() + b.size());
+        std::copy(b.begin(), b.end(), std::copy(a.begin(), a.end(), text.Unique()));
+        return Self(std::move(text));
+    }
+
+    void CheckIndex(int index) const
+    {
+        if (index < 1 || index > Length()) {
+            ThrowStringRange(index, Length());
+        }
+    }
+
+    struct Piece
+    {
+        std::size_t start;
+        std::size_t length;
+    };
+
+    Piece Clip(int index, int count) const
+    {
+        const int start = std::max(index, 1) - 1;
+        if (start >= Length() || count <= 0) {
+            return {0, 0};
+        }
+        return {static_cast<std::size_t>(start), static_cast<std::size_t>(std::min(count, Length() - start))};
+    }
+
+    Self Trimmed(bool left, bool right) const
+    {
+        // The character types of both widths are compared as unsigned: a code above 127 is no blank.
+        const auto isText = [](Char c) { return static_cast<std::make_unsigned_t<Char>>(c) > 32; };
+        View text = AsView();
+        if (left) {
+            text.remove_prefix(
+                static_cast<std::size_t>(std::find_if(text.begin(), text.end(), isText) - text.begin()));
+        }
+        if (right) {
+            text.remove_suffix(
+                static_cast<std::size_t>(std::find_if(text.rbegin(), text.rend(), isText) - text.rbegin()));
+        }
+        return text.size() == static_cast<std::size_t>(Length()) ? AsSelf() : Self(text);
+    }
+
+    GSharedText<Char> mText;
+};
+
+/// Wide text in UTF-16. Narrow text enters as text of the system's code page.
+class UnicodeString : public GString<UnicodeString, WideChar>
+{
+    using Base = GString<UnicodeString, WideChar>;
+
+public:
+    UnicodeString() noexcept = default;
+    explicit UnicodeString(GSharedText<WideChar> text) noexcept : Base(std::move(text)) {}
+    explicit UnicodeString(std::u16string_view text) : Base(text) {}
+    /// A null pointer gives the empty text.
+    UnicodeString(const WideChar* text) : Base(Detail::SafeView(text)) {}
+    UnicodeString(const WideChar* text, int count) : Base(Detail::SafeView(text, count)) {}
+    template <std::same_as<WideChar> Character>
+    UnicodeString(Character character) : Base(View(&character, 1))
+    {
+    }
+    UnicodeString(const char* text) : Base(DecodeText(DefaultSystemCodePage, Detail::SafeView(text))) {}
+    UnicodeString(const char* text, int count)
+        : Base(DecodeText(DefaultSystemCodePage, Detail::SafeView(text, count)))
+    {
+    }
+    template <std::same_as<char> Character>
+    UnicodeString(Character character) : Base(DecodeText(DefaultSystemCodePage, {&character, 1}))
+    {
+    }
+    /// For callers that hold the host's 32-bit wide text.
+    UnicodeString(const wchar_t* text) : Base(Detail::FromUtf32(Detail::SafeView(text))) {}
+    template <CodePage CP>
+    UnicodeString(const AnsiStringT<CP>& text) : Base(DecodeText(CP, text.AsView()))
+    {
+    }
+
+    template <TextInteger T>
+    explicit UnicodeString(T value) : Base(FromInteger(value))
+    {
+    }
+    /// As `Sysutils::FloatToStr`.
+    template <std::floating_point T>
+    explicit UnicodeString(T value) : Base(Detail::FloatText(value))
+    {
+    }
+
+    using Base::operator+=;
+    UnicodeString& operator+=(const char* text) { return *this += UnicodeString(text); }
+
+    /// By the rules of Unicode, without regard to a locale.
+    UnicodeString UpperCase() const { return UnicodeString(Detail::MapCase(AsView(), true)); }
+    UnicodeString LowerCase() const { return UnicodeString(Detail::MapCase(AsView(), false)); }
+    /// Negative, 0 or positive; case is folded.
+    int CompareIC(const UnicodeString& other) const
+    {
+        return Detail::CompareIgnoreCase(AsView(), other.AsView());
+    }
+
+private:
+    template <TextInteger T>
+    static GSharedText<WideChar> FromInteger(T value)
+    {
+        if constexpr (std::is_signed_v<T>) {
+            return Detail::IntegerText(value);
+        } else {
+            return Detail::UnsignedText(value);
+        }
+    }
+};
+
+/// 8-bit text in the code page `CP`. Wide text is converted on the way in; what the code page lacks becomes
+/// `?`.
+template <CodePage CP>
+class AnsiStringT : public GString<AnsiStringT<CP>, char>
+{
+    using Base = GString<AnsiStringT<CP>, char>;
+    static constexpr CodePage TextCodePage = CP == CP_RAW ? DefaultSystemCodePage : CP;
+
+public:
+    AnsiStringT() noexcept = default;
+    explicit AnsiStringT(GSharedText<char> text) noexcept : Base(std::move(text)) {}
+    explicit AnsiStringT(std::string_view bytes) : Base(bytes) {}
+    /// A null pointer gives the empty text.
+    AnsiStringT(const char* text) : Base(Detail::SafeView(text)) {}
+    AnsiStringT(const char* text, int count) : Base(Detail::SafeView(text, count)) {}
+    /// Only for a `char` itself: a wide character is text of the wide type.
+    template <std::same_as<char> Character>
+    AnsiStringT(Character character) : Base(std::string_view(&character, 1))
+    {
+    }
+    AnsiStringT(const UnicodeString& text) : Base(EncodeText(TextCodePage, text.AsView())) {}
+    explicit AnsiStringT(std::u16string_view text) : Base(EncodeText(TextCodePage, text)) {}
+    explicit AnsiStringT(const WideChar* text) : AnsiStringT(Detail::SafeView(text)) {}
+    template <CodePage Other>
+    requires(Other != CP) AnsiStringT(const AnsiStringT<Other>& text) : Base(Recoded(text)) {}
+
+    template <class T>
+    requires(TextInteger<T> || std::floating_point<T>) explicit AnsiStringT(T value)
+        : AnsiStringT(UnicodeString(value))
+    {
+    }
+
+    AnsiStringT UpperCase() const { return UnicodeString(*this).UpperCase(); }
+    AnsiStringT LowerCase() const { return UnicodeString(*this).LowerCase(); }
+    int CompareIC(const AnsiStringT& other) const
+    {
+        return UnicodeString(*this).CompareIC(UnicodeString(other));
+    }
+
+private:
+    template <CodePage Other>
+    static GSharedText<char> Recoded(const AnsiStringT<Other>& text)
+    {
+        if constexpr (CP == CP_RAW || Other == CP_RAW) {
+            return GSharedText<char>(text.AsView());
+        } else {
+            return EncodeText(TextCodePage, UnicodeString(text).AsView());
+        }
+    }
+};
+
+// Wide and narrow text mix as wide text, which loses nothing.
+
+template <CodePage CP>
+bool operator==(const UnicodeString& a, const AnsiStringT<CP>& b)
+{
+    return a == UnicodeString(b);
+}
+template <CodePage CP>
+std::strong_ordering operator<=>(const UnicodeString& a, const AnsiStringT<CP>& b)
+{
+    return a <=> UnicodeString(b);
+}
+template <CodePage CP>
+UnicodeString operator+(const UnicodeString& a, const AnsiStringT<CP>& b)
+{
+    return a + UnicodeString(b);
+}
+template <CodePage CP>
+UnicodeString operator+(UnicodeString&& a, const AnsiStringT<CP>& b)
+{
+    return std::move(a += UnicodeString(b));
+}
+template <CodePage CP>
+UnicodeString operator+(const AnsiStringT<CP>& a, const UnicodeString& b)
+{
+    return UnicodeString(a) + b;
+}
+template <CodePage CP>
+UnicodeString operator+(AnsiStringT<CP>&& a, const UnicodeString& b)
+{
+    return UnicodeString(a) + b;
+}
+inline bool operator==(const UnicodeString& a, const char* b)
+{
+    return a == UnicodeString(b);
+}
+inline UnicodeString operator+(const UnicodeString& a, const char* b)
+{
+    return a + UnicodeString(b);
+}
+inline UnicodeString operator+(UnicodeString&& a, const char* b)
+{
+    return std::move(a += b);
+}
+inline UnicodeString operator+(const char* a, const UnicodeString& b)
+{
+    return UnicodeString(a) + b;
+}
+
+/// The UTF-8 form, as the host and other libraries want it; a lone surrogate becomes U+FFFD.
+TRS8_BTL_API std::string ToUtf8(std::u16string_view text);
+inline std::string ToUtf8(const UnicodeString& text)
+{
+    return ToUtf8(text.AsView());
+}
+/// A sequence that is no UTF-8 becomes U+FFFD.
+TRS8_BTL_API UnicodeString FromUtf8(std::string_view bytes);
+
+/// Writes UTF-8, which the terminals of the host read.
+TRS8_BTL_API std::ostream& operator<<(std::ostream& stream, const UnicodeString& text);
+/// Writes the bytes as they are.
+template <CodePage CP>
+std::ostream& operator<<(std::ostream& stream, const AnsiStringT<CP>& text)
+{
+    return Detail::WriteBytes(stream, text.AsView());
+}
+
+} // namespace System
+
+template <>
+struct std::hash<System::UnicodeString>
+{
+    std::size_t operator()(const System::UnicodeString& text) const noexcept
+    {
+        return std::hash<std::u16string_view>()(text.AsView());
+    }
+};
+
+template <System::CodePage CP>
+struct std::hash<System::AnsiStringT<CP>>
+{
+    std::size_t operator()(const System::AnsiStringT<CP>& text) const noexcept
+    {
+        return std::hash<std::string_view>()(text.AsView());
+    }
+};

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include "platform/base/Sysutils_Exception.h"
+
+namespace Sysutils
+{
+
+// The destructors stand here so that each class has its type information once, in the library: a handler in
+// another module catches what the library throws.
+Exception::~Exception() = default;
+EAbort::~EAbort() = default;
+EConvertError::~EConvertError() = default;
+EVariantError::~EVariantError() = default;
+EOutOfMemory::~EOutOfMemory() = default;
+EInOutError::~EInOutError() = default;
+EArgumentException::~EArgumentException() = default;
+EArgumentOutOfRangeException::~EArgumentOutOfRangeException() = default;
+EIntError::~EIntError() = default;
+EDivByZero::~EDivByZero() = default;
+ERangeError::~ERangeError() = default;
+EIntOverflow::~EIntOverflow() = default;
+EMathError::~EMathError() = default;
+EOSError::~EOSError() = default;
+
+} // namespace Sysutils
+
+namespace System
+{
+
+void ThrowStringRange(int index, int length)
+{
+    throw Sysutils::ERangeError(u"String index " + UnicodeString(index) + u" is not in 1 to " +
+                                UnicodeString(length) + u".");
+}
+
+void ThrowStringMemory()
+{
+    throw Sysutils::EOutOfMemory(UnicodeString(u"Out of memory."));
+}
+
+} // namespace System

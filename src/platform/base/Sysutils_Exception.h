@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/System_String.h"
+
+namespace Sysutils
+{
+
+/// Base of all exceptions that cross the library's interface.
+class TRS8_BTL_API Exception
+{
+public:
+    explicit Exception(System::UnicodeString message) noexcept : mMessage(std::move(message)) {}
+    Exception(const Exception&) = default;
+    Exception& operator=(const Exception&) = default;
+    virtual ~Exception();
+
+    const System::UnicodeString& getMessage() const noexcept { return mMessage; }
+    void setMessage(const System::UnicodeString& message) { mMessage = message; }
+
+private:
+    System::UnicodeString mMessage;
+};
+
+/// Ends what it is thrown through without a message to the user.
+class TRS8_BTL_API EAbort : public Exception
+{
+public:
+    using Exception::Exception;
+    ~EAbort() override;
+};
+
+/// A text that can't be converted to the type asked for, or back.
+class TRS8_BTL_API EConvertError : public Exception
+{
+public:
+    using Exception::Exception;
+    ~EConvertError() override;
+};
+
+class TRS8_BTL_API EVariantError : public Exception
+{
+public:
+    using Exception::Exception;
+    ~EVariantError() override;
+};
+
+class TRS8_BTL_API EOutOfMemory : public Exception
+{
+public:
+    using Exception::Exception;
+    ~EOutOfMemory() override;
+};
+
+class TRS8_BTL_API EInOutError : public Exception
+{
+public:
+    using Exception::Exception;
+    ~EInOutError() override;
+};
+
+class TRS8_BTL_API EArgumentException : public Exception
+{
+public:
+    using Exception::Exception;
+    ~EArgumentException() override;
+};
+
+class TRS8_BTL_API EArgumentOutOfRangeException : public EArgumentException
+{
+public:
+    using EArgumentException::EArgumentException;
+    ~EArgumentOutOfRangeException() override;
+};
+
+class TRS8_BTL_API EIntError : public Exception
+{
+public:
+    using Exception::Exception;
+    ~EIntError() override;
+};
+
+class TRS8_BTL_API EDivByZero : public EIntError
+{
+public:
+    using EIntError::EIntError;
+    ~EDivByZero() override;
+};
+
+class TRS8_BTL_API ERangeError : public EIntError
+{
+public:
+    using EIntError::EIntError;
+    ~ERangeError() override;
+};
+
+class TRS8_BTL_API EIntOverflow : public EIntError
+{
+public:
+    using EIntError::EIntError;
+    ~EIntOverflow() override;
+};
+
+class TRS8_BTL_API EMathError : public Exception
+{
+public:
+    using Exception::Exception;
+    ~EMathError() override;
+};
+
+/// A failed call of the host; `ErrorCode` is the platform's number.
+class TRS8_BTL_API EOSError : public Exception
+{
+public:
+    EOSError(const System::UnicodeString& message, unsigned long errorCode)
+        : Exception(message), ErrorCode(errorCode)
+    {
+    }
+    ~EOSError() override;
+
+    unsigned long ErrorCode;
+};
+
+} // namespace Sysutils

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/System_String.h"
+
+namespace System
+{
+
+/// A point in time: days since 30 December 1899, with the time of day in the fraction. Before that day the
+/// whole days are negative and the fraction still counts forwards, so that -1.25 is 29 December at six
+/// o'clock. A time of day alone has no whole days. The fields, texts and readings are those of
+/// `Sysutils_Date.h`: a value outside the years 1 to 9999, an infinite one and none at all have no date.
+class TRS8_BTL_API TDateTime
+{
+public:
+    /// What a text is read as.
+    enum TDateTimeFlag
+    {
+        Date,
+        Time,
+        DateTime
+    };
+
+    constexpr TDateTime() noexcept = default;
+    constexpr TDateTime(double days) noexcept : Val(days) {}
+    /// Reads the text by `Sysutils::FormatSettings`; `Sysutils::EConvertError` if it is none.
+    explicit TDateTime(const UnicodeString& text, TDateTimeFlag flag = DateTime);
+    /// `Sysutils::EConvertError` for a day that no calendar has.
+    TDateTime(Word year, Word month, Word day);
+    /// `Sysutils::EConvertError` for a time that no clock shows.
+    TDateTime(Word hour, Word minute, Word second, Word milliSecond);
+
+    constexpr operator double() const noexcept { return Val; }
+
+    constexpr TDateTime& operator+=(double days) noexcept
+    {
+        Val += days;
+        return *this;
+    }
+    constexpr TDateTime& operator-=(double days) noexcept
+    {
+        Val -= days;
+        return *this;
+    }
+
+    /// Texts by `Sysutils::FormatSettings`, as `Sysutils::DateToStr`, `TimeToStr`, `DateTimeToStr`.
+    UnicodeString DateString() const;
+    UnicodeString TimeString() const;
+    UnicodeString DateTimeString() const;
+    /// As `Sysutils::FormatDateTime`.
+    UnicodeString FormatString(const UnicodeString& format) const;
+    /// As `DateTimeString`.
+    explicit operator UnicodeString() const { return DateTimeString(); }
+
+    /// 1 for Sunday to 7; 0 for no date.
+    int DayOfWeek() const;
+    /// The fields of the value rounded to the millisecond; zeros for no date. No pointer may be null.
+    void DecodeDate(Word* year, Word* month, Word* day) const;
+    void DecodeTime(Word* hour, Word* minute, Word* second, Word* milliSecond) const;
+
+    /// Local time.
+    static TDateTime CurrentDate();
+    static TDateTime CurrentTime();
+    /// Local time.
+    static TDateTime CurrentDateTime();
+
+    double Val = 0;
+};
+
+} // namespace System

@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/runtime/classes/Classes_Exceptions.h"
+#include "platform/runtime/classes/Classes_Persistent.h"
+#include "platform/runtime/classes/Classes_Stream.h"
+#include "platform/runtime/classes/Classes_Strings.h"
+#include "platform/runtime/classes/Classes_Update.h"

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#include "platform/runtime/classes/Classes_Exceptions.h"
+
+namespace Classes
+{
+
+EStreamError::~EStreamError() = default;
+EFileStreamError::~EFileStreamError() = default;
+EFCreateError::~EFCreateError() = default;
+EFOpenError::~EFOpenError() = default;
+EFilerError::~EFilerError() = default;
+EReadError::~EReadError() = default;
+EWriteError::~EWriteError() = default;
+EClassNotFound::~EClassNotFound() = default;
+EResNotFound::~EResNotFound() = default;
+EListError::~EListError() = default;
+EStringListError::~EStringListError() = default;
+EComponentError::~EComponentError() = default;
+EInvalidOperation::~EInvalidOperation() = default;
+
+} // namespace Classes

@@ -1,0 +1,194 @@
+// SPDX-License-Identifier: MIT
+#include "platform/runtime/classes/Classes_Stream.h"
+
+#include "platform/host/Host_Error.h"
+#include "platform/host/Host_File.h"
+#include "platform/host/Host_FileBuffer.h"
+#include "platform/runtime/typinfo/System_ClassBuilder.h"
+
+#include <algorithm>
+#include <typeinfo>
+
+namespace Classes
+{
+
+using System::GClassBuilder;
+using System::Int64;
+using System::NativeInt;
+using System::TMetaClass;
+using System::UnicodeString;
+
+namespace
+{
+
+NativeInt Open(const UnicodeString& path, System::Word mode)
+{
+    const bool create = (mode & fmCreate) == fmCreate;
+    const NativeInt handle =
+        create ? Sysutils::FileCreate(path, unsigned{mode}, 0) : Sysutils::FileOpen(path, mode);
+    if (handle != Host::InvalidHandle) {
+        return handle;
+    }
+    const UnicodeString rest = u" file \"" + path + u"\". " + Sysutils::SysErrorMessage(GetLastError());
+    if (create) {
+        throw EFCreateError(u"Cannot create" + rest);
+    }
+    throw EFOpenError(u"Cannot open" + rest);
+}
+
+} // namespace
+
+// THandleStream
+
+TMetaClass* THandleStream::ClassRecord()
+{
+    static TMetaClass* const record = GClassBuilder<THandleStream>(u"THandleStream").Build();
+    return record;
+}
+
+THandleStream::THandleStream(NativeInt handle) noexcept : mHandle(handle) {}
+
+THandleStream::~THandleStream() = default;
+
+Int64 THandleStream::Read(void* buffer, Int64 count)
+{
+    if (buffer == nullptr || count <= 0) {
+        return 0;
+    }
+    if (!mBuffer) {
+        return std::max(Host::ReadFile(mHandle, buffer, count), Int64{0});
+    }
+    CheckGathered();
+    const Int64 done = mBuffer->Read(buffer, count);
+    CheckGathered();
+    return done;
+}
+
+Int64 THandleStream::Write(const void* buffer, Int64 count)
+{
+    if (buffer == nullptr || count <= 0) {
+        return 0;
+    }
+    if (!mBuffer) {
+        return std::max(Host::WriteFile(mHandle, buffer, count), Int64{0});
+    }
+    CheckGathered();
+    const Int64 done = mBuffer->Write(buffer, count);
+    CheckGathered();
+    return done;
+}
+
+Int64 THandleStream::Seek(Int64 offset, TSeekOrigin origin)
+{
+    if (!mBuffer) {
+        return Host::SeekFile(mHandle, offset, origin);
+    }
+    CheckGathered();
+    const Int64 position = mBuffer->Seek(offset, origin);
+    CheckGathered();
+    return position;
+}
+
+Int64 THandleStream::getSize() const
+{
+    if (!mBuffer) {
+        return TStream::getSize();
+    }
+    const Int64 size = mBuffer->Size();
+    CheckGathered();
+    return size;
+}
+
+void THandleStream::setSize(Int64 size)
+{
+    size = std::max(size, Int64{0});
+    const bool done = mBuffer ? mBuffer->Resize(size) : Host::ResizeFile(mHandle, size);
+    if (!done) {
+        throw EStreamError(Sysutils::SysErrorMessage(GetLastError()));
+    }
+    Seek(size, soBeginning);
+}
+
+void THandleStream::Flush() const
+{
+    if (mBuffer) {
+        mBuffer->Flush();
+        CheckGathered();
+    }
+}
+
+NativeInt THandleStream::getHandle() const
+{
+    Flush();
+    mBuffer.reset();
+    return mHandle;
+}
+
+void THandleStream::BeginBuffer()
+{
+    mBuffer = Host::FileBuffer::Attach(mHandle);
+}
+
+void THandleStream::EndBuffer() noexcept
+{
+    mBuffer.reset();
+}
+
+std::string_view THandleStream::Window()
+{
+    // A class derived elsewhere may read in another way.
+    if (typeid(*this) != typeid(TFileStream) && typeid(*this) != typeid(THandleStream)) {
+        return {};
+    }
+    if (!mBuffer) {
+        return Peek();
+    }
+    CheckGathered();
+    const std::string_view bytes = mBuffer->Window();
+    CheckGathered();
+    return bytes;
+}
+
+/// A look at what comes, taken anew each time.
+std::string_view THandleStream::Peek()
+{
+    constexpr std::size_t PeekSize = 4096;
+    if (!mPeeked) {
+        mPeeked = std::make_unique_for_overwrite<char[]>(PeekSize);
+    }
+    const Int64 count = Host::PeekFile(mHandle, mPeeked.get(), PeekSize);
+    return {mPeeked.get(), static_cast<std::size_t>(std::max(count, Int64{0}))};
+}
+
+/// Tells the user of the stream that gathered bytes were lost.
+void THandleStream::CheckGathered() const
+{
+    // Looked at with each operation, and nearly never true.
+    if (mBuffer->HasError()) {
+        const unsigned long error = mBuffer->TakeError();
+        SetLastError(error);
+        throw EWriteError(u"Stream write error. " + Sysutils::SysErrorMessage(error));
+    }
+}
+
+// TFileStream
+
+TMetaClass* TFileStream::ClassRecord()
+{
+    static TMetaClass* const record = GClassBuilder<TFileStream>(u"TFileStream").Build();
+    return record;
+}
+
+TFileStream::TFileStream(const UnicodeString& path, System::Word mode)
+    : THandleStream(Open(path, mode)), mFileName(path)
+{
+    BeginBuffer();
+}
+
+TFileStream::~TFileStream()
+{
+    EndBuffer();
+    Sysutils::FileClose(getHandle());
+}
+
+} // namespace Classes

@@ -1,0 +1,281 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/Sysutils_Encoding.h"
+#include "platform/runtime/classes/Classes_Exceptions.h"
+#include "platform/runtime/sysutils/Sysutils_File.h"
+#include "platform/runtime/typinfo/System_Object.h"
+
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace Host
+{
+class FileBuffer;
+}
+
+namespace Classes
+{
+
+enum TSeekOrigin
+{
+    soBeginning,
+    soCurrent,
+    soEnd
+};
+
+// The mode word of a file stream: how it is opened, plus what others may do with the file meanwhile.
+
+using Sysutils::fmCreate;
+using Sysutils::fmOpenRead;
+using Sysutils::fmOpenReadWrite;
+using Sysutils::fmOpenWrite;
+using Sysutils::fmShareCompat;
+using Sysutils::fmShareDenyNone;
+using Sysutils::fmShareDenyRead;
+using Sysutils::fmShareDenyWrite;
+using Sysutils::fmShareExclusive;
+
+/// A row of bytes with a position. A stream belongs to one thread at a time.
+class TRS8_BTL_API TStream : public System::TObject
+{
+    TRS8_BTL_CLASS(TStream, System::TObject)
+
+public:
+    ~TStream() override;
+
+    /// Reads up to `count` bytes and tells how many; less than asked for only at the end or on a failure. A
+    /// `count` below 1 reads nothing.
+    virtual System::Int64 Read(void* buffer, System::Int64 count) = 0;
+    /// Writes up to `count` bytes and tells how many; a `count` below 1 writes nothing.
+    virtual System::Int64 Write(const void* buffer, System::Int64 count) = 0;
+    /// Moves the position and tells the new one. It may lie behind the end; a target in front of the
+    /// beginning leads to the beginning in memory. Files give -1 for it, as for one that the host can't have,
+    /// and stay where they are.
+    virtual System::Int64 Seek(System::Int64 offset, TSeekOrigin origin) = 0;
+
+    System::Int64 getPosition() const;
+    void setPosition(System::Int64 position) { Seek(position, soBeginning); }
+    virtual System::Int64 getSize() const;
+    /// Cuts or lengthens the stream, with zeros where the store is memory. `EStreamError` if it can't;
+    /// nothing happens on a stream that can't be resized at all. A negative size counts as 0.
+    virtual void setSize(System::Int64 size);
+
+    /// Reads `count` bytes; `EReadError` if there are fewer.
+    void ReadBuffer(void* buffer, System::Int64 count);
+    /// Writes `count` bytes; `EWriteError` if they can't all be written.
+    void WriteBuffer(const void* buffer, System::Int64 count);
+    /// Copies `count` bytes from the position of `source`, or all of it from its beginning if `count` is
+    /// below 1, and tells how many. `EReadError` if the source has fewer; null has none. A source that can't
+    /// tell its size, as a pipe, is copied up to its end.
+    System::Int64 CopyFrom(TStream* source, System::Int64 count);
+
+private:
+    friend class StreamWindow;
+
+    /// Bytes from the position on that are in memory anyway, at least one if there is one; empty at the end
+    /// and where only `Read` can tell. Valid until the next call.
+    virtual std::string_view Window();
+};
+
+/// A stream over memory that somebody else may own.
+class TRS8_BTL_API TCustomMemoryStream : public TStream
+{
+    TRS8_BTL_CLASS(TCustomMemoryStream, TStream)
+
+public:
+    ~TCustomMemoryStream() override;
+
+    System::Int64 Read(void* buffer, System::Int64 count) override;
+    System::Int64 Seek(System::Int64 offset, TSeekOrigin origin) override;
+    System::Int64 getSize() const override { return static_cast<System::Int64>(AsView().size()); }
+
+    /// The content; null if there is none. Valid until the next write.
+    const void* getMemory() const { return AsView().data(); }
+    virtual std::string_view AsView() const noexcept = 0;
+    void SaveToStream(TStream* stream) const;
+    /// `EFCreateError` if the file can't be made.
+    void SaveToFile(const System::UnicodeString& path) const;
+
+protected:
+    System::Int64 mPosition = 0;
+
+private:
+    std::string_view Window() override;
+};
+
+/// A stream in memory of its own.
+class TRS8_BTL_API TMemoryStream : public TCustomMemoryStream
+{
+    TRS8_BTL_CLASS(TMemoryStream, TCustomMemoryStream)
+
+public:
+    TMemoryStream() = default;
+    ~TMemoryStream() override;
+
+    System::Int64 Write(const void* buffer, System::Int64 count) override;
+    /// `Sysutils::EOutOfMemory` if the memory isn't there.
+    void setSize(System::Int64 size) override;
+    std::string_view AsView() const noexcept override { return {mBytes.data(), mBytes.size()}; }
+
+    System::Int64 getCapacity() const noexcept { return static_cast<System::Int64>(mBytes.capacity()); }
+    /// Makes room, so that writes up to there move nothing. Less than the size is ignored.
+    void setCapacity(System::Int64 capacity);
+    void Clear();
+    /// Takes the whole of `stream`, from its beginning, in place of the content, and goes to the beginning.
+    void LoadFromStream(TStream* stream);
+    /// `EFOpenError` if the file can't be read.
+    void LoadFromFile(const System::UnicodeString& path);
+
+protected:
+    explicit TMemoryStream(std::string_view bytes) : mBytes(bytes.begin(), bytes.end()) {}
+
+private:
+    std::vector<char> mBytes;
+};
+
+/// A memory stream that hands its bytes over as a value.
+class TRS8_BTL_API TBytesStream : public TMemoryStream
+{
+    TRS8_BTL_CLASS(TBytesStream, TMemoryStream)
+
+public:
+    TBytesStream() = default;
+    explicit TBytesStream(std::span<const System::Byte> bytes);
+    ~TBytesStream() override;
+
+    std::vector<System::Byte> getBytes() const;
+
+protected:
+    explicit TBytesStream(std::string_view bytes) : TMemoryStream(bytes) {}
+};
+
+/// A memory stream that holds a text in an encoding.
+class TRS8_BTL_API TStringStream : public TBytesStream
+{
+    TRS8_BTL_CLASS(TStringStream, TBytesStream)
+
+public:
+    /// Empty, in the system's code page.
+    TStringStream();
+    /// Holds the bytes of `text`; the encoding is the system's code page.
+    explicit TStringStream(const System::AnsiString& text);
+    /// Holds the bytes of `text`; the encoding is UTF-8.
+    explicit TStringStream(const System::UTF8String& text);
+    /// Holds `text` in `encoding`, the system's code page if that is null. The stream deletes an encoding
+    /// that it owns, unless it is one of the standard ones.
+    explicit TStringStream(const System::UnicodeString& text, Sysutils::TEncoding* encoding = nullptr,
+                           bool ownsEncoding = true);
+    ~TStringStream() override;
+
+    Sysutils::TEncoding* getEncoding() const noexcept { return mEncoding; }
+    /// The whole content as text.
+    System::UnicodeString getDataString() const;
+    /// The text of up to `count` bytes from the position on.
+    System::UnicodeString ReadString(System::Int64 count);
+    void WriteString(const System::UnicodeString& text);
+
+private:
+    Sysutils::TEncoding* mEncoding;
+    bool mOwnsEncoding = false;
+};
+
+/// A stream over a file that somebody else opened and will close. It reads and writes at once, since others
+/// may use the handle too.
+class TRS8_BTL_API THandleStream : public TStream
+{
+    TRS8_BTL_CLASS(THandleStream, TStream)
+
+public:
+    explicit THandleStream(System::NativeInt handle) noexcept;
+    ~THandleStream() override;
+
+    System::Int64 Read(void* buffer, System::Int64 count) override;
+    System::Int64 Write(const void* buffer, System::Int64 count) override;
+    System::Int64 Seek(System::Int64 offset, TSeekOrigin origin) override;
+    System::Int64 getSize() const override;
+    void setSize(System::Int64 size) override;
+
+    /// Hands gathered bytes to the host, so that other programs see them. `EWriteError` if it doesn't take
+    /// them.
+    void Flush() const;
+    /// From here on the stream works without a buffer, at the handle's own position. `EWriteError` as from
+    /// `Flush`.
+    System::NativeInt getHandle() const;
+
+protected:
+    /// From here on nobody else uses the handle, and a plain file gets a buffer.
+    void BeginBuffer();
+    /// Writes what is gathered and works without a buffer again; a failure sets the last error.
+    void EndBuffer() noexcept;
+
+private:
+    std::string_view Window() override;
+    std::string_view Peek();
+    void CheckGathered() const;
+
+    System::NativeInt mHandle;
+    // Whoever asks for the handle ends the buffer.
+    mutable std::unique_ptr<Host::FileBuffer> mBuffer;
+    std::unique_ptr<char[]> mPeeked;
+};
+
+/// A stream over a file that it opens and closes itself. Reads are buffered and small writes gathered, up to
+/// 64 KB. That shows nowhere among the streams and file routines of this process: each sees at once what the
+/// others wrote.
+///
+/// Others, which are standard streams and other programs, see gathered bytes once the host has them: when
+/// they are more than the buffer holds or go on elsewhere, when the file is read or its size asked for, with
+/// `Flush` and `getHandle`, and when the stream or the program ends. A crash of the program loses what was
+/// gathered last. What others write is seen where nothing was read ahead yet, and everywhere behind a seek
+/// from the beginning or the end.
+///
+/// If the host refuses gathered bytes, the next operation raises `EWriteError`; the destructor sets the last
+/// error instead.
+class TRS8_BTL_API TFileStream : public THandleStream
+{
+    TRS8_BTL_CLASS(TFileStream, THandleStream)
+
+public:
+    /// `mode` is an open mode plus a share mode. `fmCreate` empties a file that exists. `EFCreateError` or
+    /// `EFOpenError` if the host refuses, or another opener does who doesn't share the file.
+    TFileStream(const System::UnicodeString& path, System::Word mode);
+    ~TFileStream() override;
+
+    const System::UnicodeString& getFileName() const noexcept { return mFileName; }
+
+private:
+    System::UnicodeString mFileName;
+};
+
+/// The type of binary resources.
+inline constexpr const System::WideChar* ResourceRawData = u"RCDATA";
+
+/// Adds a binary resource to those of the program, for the rest of its run, in place of an older one of the
+/// same name and type. Case doesn't count. `bytes` must live as long.
+TRS8_BTL_API void RegisterResource(const System::UnicodeString& name, std::span<const System::Byte> bytes,
+                                   const System::UnicodeString& type = ResourceRawData);
+TRS8_BTL_API bool ResourceExists(const System::UnicodeString& name,
+                                 const System::UnicodeString& type = ResourceRawData);
+
+/// A resource of the program as a stream, which can't be written.
+class TRS8_BTL_API TResourceStream : public TCustomMemoryStream
+{
+    TRS8_BTL_CLASS(TResourceStream, TCustomMemoryStream)
+
+public:
+    /// `EResNotFound` if the program has no such resource.
+    explicit TResourceStream(const System::UnicodeString& name,
+                             const System::UnicodeString& type = ResourceRawData);
+    ~TResourceStream() override;
+
+    /// Always raises `EStreamError`.
+    System::Int64 Write(const void* buffer, System::Int64 count) override;
+    std::string_view AsView() const noexcept override { return mBytes; }
+
+private:
+    std::string_view mBytes;
+};
+
+} // namespace Classes

@@ -1,0 +1,265 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/Sysutils_Encoding.h"
+#include "platform/runtime/classes/Classes_Persistent.h"
+
+#include <functional>
+#include <vector>
+
+namespace Classes
+{
+
+class TStream;
+class TStringList;
+
+/// What a sorted list does with a line that it has already.
+enum TDuplicates
+{
+    dupIgnore,
+    dupAccept,
+    dupError
+};
+
+/// A line and the object that goes with it.
+struct TStringItem
+{
+    System::UnicodeString String;
+    System::TObject* Object = nullptr;
+};
+
+/// A list of lines with an object pointer each, counted from 0. The store is a derived class's; all that
+/// lists of text can do stands here. An index out of range raises `EStringListError`. A null list as an
+/// argument counts as an empty one. Objects are pointers only, never looked at, unless a list says it owns
+/// them.
+class TRS8_BTL_API TStrings : public TPersistent
+{
+    TRS8_BTL_CLASS(TStrings, TPersistent)
+
+public:
+    ~TStrings() override;
+
+    int getCount() const { return GetCount(); }
+    int getCapacity() const { return GetCapacity(); }
+    /// Makes room for `capacity` lines. `EStringListError` for less than the count.
+    void setCapacity(int capacity) { SetCapacity(capacity); }
+    System::UnicodeString getStrings(int index) const { return Get(index); }
+    void setStrings(int index, const System::UnicodeString& text) { Put(index, text); }
+    System::UnicodeString operator[](int index) const { return Get(index); }
+    System::TObject* getObjects(int index) const { return GetObject(index); }
+    /// The former object stays the caller's, also in a list that owns its objects.
+    void setObjects(int index, System::TObject* object) { PutObject(index, object); }
+
+    /// The place of the new line.
+    virtual int Add(const System::UnicodeString& text);
+    virtual int AddObject(const System::UnicodeString& text, System::TObject* object);
+    void Append(const System::UnicodeString& text) { Add(text); }
+    /// Adds the lines and objects of `strings`, which may be this list.
+    void AddStrings(const TStrings* strings);
+    virtual void Insert(int index, const System::UnicodeString& text) = 0;
+    virtual void InsertObject(int index, const System::UnicodeString& text, System::TObject* object);
+    virtual void Delete(int index) = 0;
+    virtual void Clear() = 0;
+    virtual void Exchange(int first, int second);
+    /// Takes the line at `from` out and puts it back at `to`.
+    virtual void Move(int from, int to);
+
+    /// The first line equal to `text`, by the list's way to compare; -1 if there is none.
+    virtual int IndexOf(const System::UnicodeString& text) const;
+    /// The first line with that name in front of its name-value separator; -1 if there is none.
+    int IndexOfName(const System::UnicodeString& name) const;
+    int IndexOfObject(const System::TObject* object) const;
+    /// Whether both have the same lines, compared exactly, in the same order.
+    bool Equals(const TStrings* strings) const;
+
+    /// Takes over the lines and objects of another list in place of its own, and the characters and line
+    /// break that its text forms use. `Sysutils::EConvertError` for anything else.
+    void Assign(TPersistent* source) override;
+
+    /// Between the two no notice of a change is given; the last `EndUpdate` gives one. They may be nested.
+    void BeginUpdate();
+    void EndUpdate();
+    bool IsUpdating() const noexcept { return mUpdateCount > 0; }
+
+    // Lines of the form name, separator, value.
+
+    /// What stands in front of the first separator; empty for a line without one.
+    System::UnicodeString getNames(int index) const;
+    /// What stands behind the first separator; empty for a line without one.
+    System::UnicodeString getValueFromIndex(int index) const;
+    /// An empty `value` deletes the line. A negative `index` adds a line without a name.
+    void setValueFromIndex(int index, const System::UnicodeString& value);
+    /// The value of the first line with that name; empty if there is none.
+    System::UnicodeString getValues(const System::UnicodeString& name) const;
+    /// Changes the first line with that name, or adds one. An empty `value` deletes the line.
+    void setValues(const System::UnicodeString& name, const System::UnicodeString& value);
+
+    // The whole list as one text.
+
+    /// The lines with the line break behind each.
+    System::UnicodeString getText() const;
+    /// Lines end at the line break. While that is the usual CR LF, a CR or LF alone ends a line as well.
+    void setText(const System::UnicodeString& text);
+    /// The lines with commas between. A line with blanks, commas, quotes or control characters is put in
+    /// double quotes, so that any list comes back as it was. `Delimiter`, `QuoteChar` and `StrictDelimiter`
+    /// don't matter.
+    System::UnicodeString getCommaText() const;
+    /// Blanks and control characters outside quotes separate lines as commas do.
+    void setCommaText(const System::UnicodeString& text);
+    /// As the comma text, with `Delimiter` and `QuoteChar`. With `StrictDelimiter` blanks and control
+    /// characters are text as any other. Without a quote character (zero) nothing is quoted.
+    System::UnicodeString getDelimitedText() const;
+    void setDelimitedText(const System::UnicodeString& text);
+
+    System::WideChar getDelimiter() const noexcept { return mDelimiter; }
+    void setDelimiter(System::WideChar delimiter) noexcept { mDelimiter = delimiter; }
+    System::WideChar getQuoteChar() const noexcept { return mQuoteChar; }
+    void setQuoteChar(System::WideChar quoteChar) noexcept { mQuoteChar = quoteChar; }
+    bool getStrictDelimiter() const noexcept { return mStrictDelimiter; }
+    void setStrictDelimiter(bool strict) noexcept { mStrictDelimiter = strict; }
+    System::WideChar getNameValueSeparator() const noexcept { return mNameValueSeparator; }
+    void setNameValueSeparator(System::WideChar separator) noexcept { mNameValueSeparator = separator; }
+    const System::UnicodeString& getLineBreak() const noexcept { return mLineBreak; }
+    /// The empty text stands for the usual CR LF.
+    void setLineBreak(const System::UnicodeString& lineBreak);
+
+    /// Reads the rest of `stream` as the list's text. A byte order mark tells UTF-8 or UTF-16; without one
+    /// the bytes are in `encoding`, or the system's code page if that is null.
+    void LoadFromStream(TStream* stream, Sysutils::TEncoding* encoding = nullptr);
+    /// `EFOpenError` if the file can't be read.
+    void LoadFromFile(const System::UnicodeString& path, Sysutils::TEncoding* encoding = nullptr);
+    /// Writes the list's text, with the byte order mark of `encoding`; in the system's code page if that is
+    /// null.
+    void SaveToStream(TStream* stream, Sysutils::TEncoding* encoding = nullptr) const;
+    /// `EFCreateError` if the file can't be made.
+    void SaveToFile(const System::UnicodeString& path, Sysutils::TEncoding* encoding = nullptr) const;
+
+protected:
+    TStrings();
+
+    virtual System::UnicodeString Get(int index) const = 0;
+    virtual int GetCount() const = 0;
+    virtual System::TObject* GetObject(int index) const;
+    virtual void Put(int index, const System::UnicodeString& text);
+    virtual void PutObject(int index, System::TObject* object);
+    virtual int GetCapacity() const;
+    virtual void SetCapacity(int capacity);
+    /// Called when the first `BeginUpdate` begins a change and when the last `EndUpdate` ends it.
+    virtual void SetUpdateState(bool updating);
+    /// Adds many lines at once; by itself one by one.
+    virtual void AppendItems(std::vector<TStringItem>&& items);
+    /// Negative, 0 or positive. By the order of the user's language, without regard to case.
+    virtual int CompareStrings(const System::UnicodeString& a, const System::UnicodeString& b) const;
+    /// Whether `CompareStrings` gives 0.
+    virtual bool EqualStrings(const System::UnicodeString& a, const System::UnicodeString& b) const;
+
+    void CheckIndex(int index, int limit) const;
+
+private:
+    void StoreValue(int index, const System::UnicodeString& name, const System::UnicodeString& value);
+    void ReplaceLines(std::vector<TStringItem>&& items);
+
+    System::UnicodeString mLineBreak;
+    int mUpdateCount = 0;
+    System::WideChar mDelimiter = u',';
+    System::WideChar mQuoteChar = u'"';
+    System::WideChar mNameValueSeparator = u'=';
+    bool mStrictDelimiter = false;
+};
+
+/// Negative, 0 or positive for the lines at two places of the list.
+using TStringListSortCompare = std::function<int(TStringList* list, int first, int second)>;
+
+/// A list of lines in memory, which can keep itself sorted.
+class TRS8_BTL_API TStringList : public TStrings
+{
+    TRS8_BTL_CLASS(TStringList, TStrings)
+
+public:
+    explicit TStringList(bool ownsObjects = false);
+    ~TStringList() override;
+
+    /// In a sorted list the line goes to its place. If it is there already, `Duplicates` decides: `dupIgnore`
+    /// adds nothing and gives its place, `dupError` raises `EStringListError`.
+    int Add(const System::UnicodeString& text) override;
+    /// An object that comes with an ignored line stays the caller's.
+    int AddObject(const System::UnicodeString& text, System::TObject* object) override;
+    /// `EStringListError` in a sorted list.
+    void Insert(int index, const System::UnicodeString& text) override;
+    void InsertObject(int index, const System::UnicodeString& text, System::TObject* object) override;
+    void Delete(int index) override;
+    /// Deletes up to `count` lines from `index` on. `EStringListError` for a negative `index`.
+    void DeleteRange(int index, int count);
+    /// Deletes every line equal to `text`, by the list's way to compare.
+    void DeleteAll(const System::UnicodeString& text);
+    void Clear() override;
+    void Exchange(int first, int second) override;
+    /// `EStringListError` in a sorted list.
+    void Move(int from, int to) override;
+    int IndexOf(const System::UnicodeString& text) const override;
+    /// Whether the list has the line; `index` is the first such place. If not, it is the place where a sorted
+    /// list would put it, and the count in any other list.
+    virtual bool Find(const System::UnicodeString& text, int& index) const;
+    /// Sorts once. Equal lines keep their order.
+    void Sort();
+    /// Sorts by another order. Equal lines keep their order. Nothing happens in a sorted list.
+    virtual void CustomSort(const TStringListSortCompare& compare);
+
+    bool getSorted() const noexcept { return mSorted; }
+    /// Sorts the list and keeps it sorted. Duplicates that it has stay.
+    void setSorted(bool sorted);
+    TDuplicates getDuplicates() const noexcept { return mDuplicates; }
+    /// Matters only while the list is sorted. By default duplicates are ignored.
+    void setDuplicates(TDuplicates duplicates) noexcept { mDuplicates = duplicates; }
+    bool getCaseSensitive() const noexcept { return mCaseSensitive; }
+    /// A sorted list is sorted anew.
+    void setCaseSensitive(bool caseSensitive);
+    bool getOwnsObjects() const noexcept { return mOwnsObjects; }
+    /// Whether the list destroys an object when its line is deleted or the list is.
+    void setOwnsObjects(bool ownsObjects) noexcept { mOwnsObjects = ownsObjects; }
+
+    const TNotifyEvent& getOnChange() const noexcept { return mOnChange; }
+    /// Called after each change, or after the last of an update.
+    void setOnChange(const TNotifyEvent& event) { mOnChange = event; }
+    const TNotifyEvent& getOnChanging() const noexcept { return mOnChanging; }
+    /// Called before each change, or before the first of an update.
+    void setOnChanging(const TNotifyEvent& event) { mOnChanging = event; }
+
+protected:
+    System::UnicodeString Get(int index) const override;
+    int GetCount() const override { return static_cast<int>(mItems.size()); }
+    System::TObject* GetObject(int index) const override;
+    void Put(int index, const System::UnicodeString& text) override;
+    void PutObject(int index, System::TObject* object) override;
+    int GetCapacity() const override;
+    void SetCapacity(int capacity) override;
+    void SetUpdateState(bool updating) override;
+    void AppendItems(std::vector<TStringItem>&& items) override;
+    int CompareStrings(const System::UnicodeString& a, const System::UnicodeString& b) const override;
+    bool EqualStrings(const System::UnicodeString& a, const System::UnicodeString& b) const override;
+
+    virtual void Changing();
+    virtual void Changed();
+
+private:
+    TStringItem& ItemAt(int index);
+    const TStringItem& ItemAt(int index) const;
+    void InsertItem(int index, const System::UnicodeString& text, System::TObject* object);
+    void MergeItems(std::vector<TStringItem>&& items);
+    void SortItems();
+    void CheckUnsorted() const;
+    /// Takes lines out and destroys their objects.
+    void CutItems(std::vector<TStringItem>::iterator first, std::vector<TStringItem>::iterator last);
+    /// Destroys the objects of lines that have left the list.
+    void Dispose(const std::vector<TStringItem>& items) const;
+
+    std::vector<TStringItem> mItems;
+    TNotifyEvent mOnChange;
+    TNotifyEvent mOnChanging;
+    TDuplicates mDuplicates = dupIgnore;
+    bool mSorted = false;
+    bool mCaseSensitive = false;
+    bool mOwnsObjects;
+};
+
+} // namespace Classes

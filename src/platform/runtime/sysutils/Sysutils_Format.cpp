@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+#include "platform/runtime/sysutils/Sysutils_Format.h"
+
+#include "platform/base/numbers/Sysutils_Number.h"
+#include "platform/runtime/sysutils/internal/System_Conversion.h"
+
+namespace Sysutils
+{
+
+using System::UnicodeString;
+using System::WideChar;
+
+namespace
+{
+
+/// One conversion of a format.
+struct TConversion
+{
+    bool left = false;
+    int width = 0;
+    /// -1 if there is none.
+    int precision = -1;
+    char type = 0;
+};
+
+class CFormatter : private System::Detail::GFormatter<UnicodeString>
+{
+public:
+    CFormatter(const UnicodeString& format, System::TVarArgs arguments, const TFormatSettings& settings)
+        : GFormatter(format.AsView(), arguments), mSettings(settings)
+    {
+    }
+
+    UnicodeString Format()
+    {
+        return PrintAll([this] { PrintConversion(); });
+    }
+
+private:
+    void PrintConversion()
+    {
+        const TConversion conversion = ReadConversion();
+        switch (conversion.type) {
+        case 'd':
+        case 'u':
+        case 'x':
+            return PrintInteger(conversion);
+        case 's':
+            return PrintText(conversion);
+        case 'p':
+            return PrintPointer(conversion);
+        default:
+            return PrintFloat(conversion);
+        }
+    }
+
+    TConversion ReadConversion()
+    {
+        TConversion conversion;
+        conversion.left = Accept('-');
+        conversion.width = ReadNumber(0);
+        // What looked like a width is an index if a colon follows.
+        if (!conversion.left && Accept(':')) {
+            if (conversion.width < 0) {
+                Misfit();
+            }
+            mNext = static_cast<std::size_t>(conversion.width);
+            conversion.left = Accept('-');
+            conversion.width = ReadNumber(0);
+        }
+        FinishField(conversion);
+        conversion.type = ReadType();
+        return conversion;
+    }
+
+    char ReadType()
+    {
+        if (mRest.empty() || !IsOneOf(mRest[0], "duefgnmpsxDUEFGNMPSX")) {
+            Misfit();
+        }
+        const char type = static_cast<char>(mRest[0] | 0x20);
+        mRest.remove_prefix(1);
+        return type;
+    }
+
+    void PrintInteger(const TConversion& conversion)
+    {
+        const System::Detail::TMagnitude number = ToMagnitude(Next(), conversion.type == 'd');
+        PrintDigits(number, conversion.type == 'x' ? 16 : 10, conversion);
+    }
+
+    void PrintPointer(TConversion conversion)
+    {
+        const auto* value = std::get_if<const void*>(&Next().getValue());
+        if (value == nullptr) {
+            Misfit();
+        }
+        conversion.precision = 2 * sizeof(void*);
+        PrintDigits({reinterpret_cast<std::uintptr_t>(*value), false}, 16, conversion);
+    }
+
+    void PrintDigits(System::Detail::TMagnitude number, int base, const TConversion& conversion)
+    {
+        std::string text = System::Detail::DigitText(number.value, base, true);
+        const auto digitCount = static_cast<int>(text.size());
+        text.insert(0, static_cast<std::size_t>(std::max(conversion.precision - digitCount, 0)), '0');
+        PrintNumber(Widen((number.negative ? "-" : "") + text), conversion);
+    }
+
+    void PrintFloat(const TConversion& conversion)
+    {
+        const auto* value = std::get_if<long double>(&Next().getValue());
+        if (value == nullptr) {
+            Misfit();
+        }
+        // As far as a `double` holds the value, the noise behind its 15 digits doesn't show.
+        const auto asDouble = static_cast<double>(*value);
+        PrintNumber(static_cast<long double>(asDouble) == *value ? FloatText(asDouble, conversion)
+                                                                 : FloatText(*value, conversion),
+                    conversion);
+    }
+
+    template <class Float>
+    UnicodeString FloatText(Float value, const TConversion& conversion) const
+    {
+        constexpr int mostDigits = 18;
+        constexpr int exponentDigits = 3;
+        const int precision = conversion.precision;
+        const auto significant = [&](TFloatFormat format) {
+            return FloatToStrF(value, format, precision < 0 ? 15 : precision, exponentDigits, mSettings);
+        };
+        const auto fixed = [&](TFloatFormat format, int otherwise) {
+            return FloatToStrF(value, format, mostDigits, precision < 0 ? otherwise : precision, mSettings);
+        };
+        switch (conversion.type) {
+        case 'e':
+            return significant(ffExponent);
+        case 'g':
+            return significant(ffGeneral);
+        case 'n':
+            return fixed(ffNumber, 2);
+        case 'm':
+            return fixed(ffCurrency, mSettings.CurrencyDecimals);
+        default:
+            return fixed(ffFixed, 2);
+        }
+    }
+
+    void PrintText(const TConversion& conversion)
+    {
+        const System::TVarRec::TValue& value = Next().getValue();
+        UnicodeString text;
+        if (const auto* whole = std::get_if<UnicodeString>(&value)) {
+            text = *whole;
+        } else if (const auto* character = std::get_if<WideChar>(&value)) {
+            text = *character;
+        } else {
+            Misfit();
+        }
+        if (conversion.precision >= 0 && text.Length() > conversion.precision) {
+            text.SetLength(conversion.precision);
+        }
+        Pad(text, conversion.width, conversion.left);
+    }
+
+    void PrintNumber(const UnicodeString& text, const TConversion& conversion)
+    {
+        Charge(text.Length());
+        Pad(text, conversion.width, conversion.left);
+    }
+
+    const TFormatSettings& mSettings;
+};
+
+} // namespace
+
+UnicodeString Format(const UnicodeString& format, System::TVarArgs arguments)
+{
+    return Format(format, arguments, FormatSettings);
+}
+
+UnicodeString Format(const UnicodeString& format, System::TVarArgs arguments, const TFormatSettings& settings)
+{
+    return CFormatter(format, arguments, settings).Format();
+}
+
+void FmtStr(UnicodeString& result, const UnicodeString& format, System::TVarArgs arguments)
+{
+    result = Format(format, arguments);
+}
+
+} // namespace Sysutils

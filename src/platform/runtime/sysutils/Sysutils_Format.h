@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/Sysutils_Locale.h"
+#include "platform/runtime/sysutils/System_VarArgs.h"
+
+namespace Sysutils
+{
+
+// A conversion of a format is `%[index:][-][width][.precision]type`. `index` counts the arguments from 0; the
+// next conversion takes the argument behind it. `-` puts the padding behind the text. Index, width and
+// precision may be `*`, which takes them from the next argument; a negative width means `-`. `%%` is a
+// percent sign. The case of `type` doesn't matter:
+//
+//   d, u   an integer with and without sign, with at least `precision` digits
+//   x      upper-case hexadecimal digits, at least `precision`
+//   e      a float as `FloatToStrF` with `ffExponent`, `precision` significant digits (15)
+//   g      with `ffGeneral`, `precision` significant digits (15)
+//   f      with `ffFixed`, `precision` digits behind the separator (2)
+//   n      with `ffNumber`, `precision` digits behind the separator (2)
+//   m      with `ffCurrency`, `precision` digits behind the separator (as the settings write money)
+//   s      a text or a character, cut to `precision` characters
+//   p      a pointer as hexadecimal digits
+//
+// Width and precision end at 65535, and what they make in all at 16 million characters. A conversion that
+// doesn't fit its argument, a missing argument and an unknown conversion raise `EConvertError`; surplus
+// arguments don't matter. Forms without settings follow `FormatSettings`.
+
+TRS8_BTL_API System::UnicodeString Format(const System::UnicodeString& format, System::TVarArgs arguments);
+TRS8_BTL_API System::UnicodeString Format(const System::UnicodeString& format, System::TVarArgs arguments,
+                                          const TFormatSettings& settings);
+
+template <class... Arguments>
+requires(sizeof...(Arguments) > 0 &&
+         (std::constructible_from<System::TVarRec, const Arguments&> && ...)) System::UnicodeString
+    Format(const System::UnicodeString& format, const Arguments&... arguments)
+{
+    return Format(format, System::TVarArgs{System::TVarRec(arguments)...});
+}
+
+/// As `Format`; `result` keeps its text on failure.
+TRS8_BTL_API void FmtStr(System::UnicodeString& result, const System::UnicodeString& format,
+                         System::TVarArgs arguments);
+
+} // namespace Sysutils

@@ -1,0 +1,384 @@
+// SPDX-License-Identifier: MIT
+#include "platform/runtime/sysutils/Sysutils_Text.h"
+
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
+#include <unicode/ucol.h>
+#include <unicode/uloc.h>
+
+namespace Sysutils
+{
+
+namespace
+{
+
+using System::AnsiString;
+using System::UnicodeString;
+using System::WideChar;
+
+/// Finds a pattern in time with the length of the text, whatever both look like.
+template <class View>
+class GPatternSearch
+{
+public:
+    explicit GPatternSearch(View pattern) : mPattern(pattern), mBorders(pattern.size())
+    {
+        for (std::size_t i = 1; i < pattern.size(); ++i) {
+            mBorders[i] = Step(mBorders[i - 1], pattern[i]);
+        }
+    }
+
+    /// The place of the first pattern from `at` on.
+    std::size_t Find(View text, std::size_t at) const
+    {
+        std::size_t matched = 0;
+        for (; at < text.size(); ++at) {
+            if (matched == 0 && (at = text.find(mPattern[0], at)) == View::npos) {
+                break;
+            }
+            matched = Step(matched, text[at]);
+            if (matched == mPattern.size()) {
+                return at + 1 - matched;
+            }
+        }
+        return View::npos;
+    }
+
+private:
+    /// How much of the pattern matches with one more character behind `matched` of it.
+    std::size_t Step(std::size_t matched, typename View::value_type c) const
+    {
+        while (matched > 0 && mPattern[matched] != c) {
+            matched = mBorders[matched - 1];
+        }
+        return mPattern[matched] == c ? matched + 1 : 0;
+    }
+
+    View mPattern;
+    /// For each beginning of the pattern, the length of the longest shorter one that also ends it.
+    std::vector<std::size_t> mBorders;
+};
+
+/// Replaces in `text` at the places found in `searched`, which has the same length.
+template <class S>
+S ReplaceAt(typename S::View text, typename S::View searched, typename S::View pattern,
+            typename S::View replacement, bool all)
+{
+    const GPatternSearch search(pattern);
+    S result;
+    std::size_t from = 0;
+    while (true) {
+        const std::size_t found = search.Find(searched, from);
+        if (found == S::View::npos) {
+            break;
+        }
+        result.Append(text.substr(from, found - from));
+        result.Append(replacement);
+        from = found + pattern.size();
+        if (!all) {
+            break;
+        }
+    }
+    result.Append(text.substr(from));
+    return result;
+}
+
+/// Case folded character by character, so that places stay where they are.
+UnicodeString FoldInPlace(const UnicodeString& text)
+{
+    UnicodeString folded = text.LowerCase();
+    if (folded.Length() == text.Length()) {
+        return folded;
+    }
+    UnicodeString result = text;
+    WideChar* characters = result.UniqueData();
+    std::transform(characters, characters + result.Length(), characters, [](WideChar c) {
+        const UnicodeString lower = UnicodeString(c).LowerCase();
+        return lower.Length() == 1 ? lower[1] : c;
+    });
+    return result;
+}
+
+AnsiString FoldInPlace(const AnsiString& text)
+{
+    return FoldInPlace(UnicodeString(text));
+}
+
+template <class S>
+S Replace(const S& text, const S& oldPattern, const S& newPattern, const TReplaceFlags& flags)
+{
+    if (oldPattern.IsEmpty() || oldPattern.Length() > text.Length()) {
+        return text;
+    }
+    const bool all = flags.Contains(rfReplaceAll);
+    if (!flags.Contains(rfIgnoreCase)) {
+        return ReplaceAt<S>(text.AsView(), text.AsView(), oldPattern.AsView(), newPattern.AsView(), all);
+    }
+    const S foldedText = FoldInPlace(text);
+    const S foldedPattern = FoldInPlace(oldPattern);
+    return ReplaceAt<S>(text.AsView(), foldedText.AsView(), foldedPattern.AsView(), newPattern.AsView(), all);
+}
+
+template <class S>
+S Quoted(const S& text, typename S::CharType quote)
+{
+    S result = quote;
+    auto rest = text.AsView();
+    result.Reserve(text.Length() + 2 + static_cast<int>(std::count(rest.begin(), rest.end(), quote)));
+    while (true) {
+        const auto next = rest.find(quote);
+        result.Append(rest.substr(0, next));
+        result += quote;
+        if (next == S::View::npos) {
+            return result;
+        }
+        result += quote;
+        rest.remove_prefix(next + 1);
+    }
+}
+
+template <class S>
+S ExtractQuoted(typename S::View& source, typename S::CharType quote)
+{
+    S result;
+    if (source.empty() || source.front() != quote) {
+        return result;
+    }
+    source.remove_prefix(1);
+    while (true) {
+        const auto close = source.find(quote);
+        result.Append(source.substr(0, close));
+        if (close == S::View::npos) {
+            source.remove_prefix(source.size());
+            return result;
+        }
+        source.remove_prefix(close + 1);
+        if (source.empty() || source.front() != quote) {
+            return result;
+        }
+        result += quote;
+        source.remove_prefix(1);
+    }
+}
+
+template <class S>
+S ExtractQuotedAt(const typename S::CharType*& source, typename S::CharType quote)
+{
+    auto view = System::Detail::SafeView(source);
+    S result = ExtractQuoted<S>(view, quote);
+    source = source == nullptr ? nullptr : view.data();
+    return result;
+}
+
+template <WideChar First, WideChar Last>
+UnicodeString MapAscii(const UnicodeString& text)
+{
+    UnicodeString result = text;
+    WideChar* const characters = result.UniqueData();
+    std::transform(characters, characters + result.Length(), characters,
+                   [](WideChar c) { return c >= First && c <= Last ? static_cast<WideChar>(c ^ 0x20) : c; });
+    return result;
+}
+
+/// Null if the host has no collation data. Collators may be shared between threads.
+const UCollator* OpenCollator(UCollationStrength strength)
+{
+    // The collation of the plain C locale would set upper and lower case apart as different letters.
+    const std::string_view locale = uloc_getDefault();
+    UErrorCode status = U_ZERO_ERROR;
+    UCollator* collator = ucol_open(locale == "en_US_POSIX" ? "" : uloc_getDefault(), &status);
+    if (U_FAILURE(status) != 0) {
+        return nullptr;
+    }
+    ucol_setStrength(collator, strength);
+    return collator;
+}
+
+int Collate(const UCollator* collator, const UnicodeString& a, const UnicodeString& b)
+{
+    return collator == nullptr ? 0 : ucol_strcoll(collator, a.c_str(), a.Length(), b.c_str(), b.Length());
+}
+
+std::vector<const TStringResources*>& Resources()
+{
+    static std::vector<const TStringResources*> resources;
+    return resources;
+}
+
+} // namespace
+
+UnicodeString StringReplace(const UnicodeString& text, const UnicodeString& oldPattern,
+                            const UnicodeString& newPattern, TReplaceFlags flags)
+{
+    return Replace(text, oldPattern, newPattern, flags);
+}
+
+AnsiString StringReplace(const AnsiString& text, const AnsiString& oldPattern, const AnsiString& newPattern,
+                         TReplaceFlags flags)
+{
+    return Replace(text, oldPattern, newPattern, flags);
+}
+
+UnicodeString AnsiQuotedStr(const UnicodeString& text, WideChar quote)
+{
+    return Quoted(text, quote);
+}
+
+AnsiString AnsiQuotedStr(const AnsiString& text, char quote)
+{
+    return Quoted(text, quote);
+}
+
+UnicodeString QuotedStr(const UnicodeString& text)
+{
+    return Quoted(text, u'\'');
+}
+
+UnicodeString AnsiExtractQuotedStr(std::u16string_view& source, WideChar quote)
+{
+    return ExtractQuoted<UnicodeString>(source, quote);
+}
+
+AnsiString AnsiExtractQuotedStr(std::string_view& source, char quote)
+{
+    return ExtractQuoted<AnsiString>(source, quote);
+}
+
+UnicodeString AnsiExtractQuotedStr(const WideChar*& source, WideChar quote)
+{
+    return ExtractQuotedAt<UnicodeString>(source, quote);
+}
+
+AnsiString AnsiExtractQuotedStr(const char*& source, char quote)
+{
+    return ExtractQuotedAt<AnsiString>(source, quote);
+}
+
+UnicodeString AnsiDequotedStr(const UnicodeString& text, WideChar quote)
+{
+    if (text.IsEmpty() || text[1] != quote) {
+        return text;
+    }
+    std::u16string_view source = text.AsView();
+    return AnsiExtractQuotedStr(source, quote);
+}
+
+UnicodeString Trim(const UnicodeString& text)
+{
+    return text.Trim();
+}
+
+UnicodeString TrimLeft(const UnicodeString& text)
+{
+    return text.TrimLeft();
+}
+
+UnicodeString TrimRight(const UnicodeString& text)
+{
+    return text.TrimRight();
+}
+
+UnicodeString UpperCase(const UnicodeString& text)
+{
+    return MapAscii<u'a', u'z'>(text);
+}
+
+UnicodeString LowerCase(const UnicodeString& text)
+{
+    return MapAscii<u'A', u'Z'>(text);
+}
+
+UnicodeString AnsiUpperCase(const UnicodeString& text)
+{
+    return text.UpperCase();
+}
+
+UnicodeString AnsiLowerCase(const UnicodeString& text)
+{
+    return text.LowerCase();
+}
+
+int CompareStr(const UnicodeString& a, const UnicodeString& b)
+{
+    return a.Compare(b);
+}
+
+int CompareText(const UnicodeString& a, const UnicodeString& b)
+{
+    return UpperCase(a).Compare(UpperCase(b));
+}
+
+bool SameText(const UnicodeString& a, const UnicodeString& b)
+{
+    return CompareText(a, b) == 0;
+}
+
+int AnsiCompareStr(const UnicodeString& a, const UnicodeString& b)
+{
+    static const UCollator* const collator = OpenCollator(UCOL_TERTIARY);
+    const int order = a == b ? 0 : Collate(collator, a, b);
+    return order != 0 ? order : a.Compare(b);
+}
+
+int AnsiCompareText(const UnicodeString& a, const UnicodeString& b)
+{
+    static const UCollator* const collator = OpenCollator(UCOL_SECONDARY);
+    const int order = a == b ? 0 : Collate(collator, a, b);
+    return order != 0 ? order : a.CompareIC(b);
+}
+
+bool AnsiSameStr(const UnicodeString& a, const UnicodeString& b)
+{
+    return AnsiCompareStr(a, b) == 0;
+}
+
+bool AnsiSameText(const UnicodeString& a, const UnicodeString& b)
+{
+    return AnsiCompareText(a, b) == 0;
+}
+
+int AnsiPos(const UnicodeString& part, const UnicodeString& text)
+{
+    return text.Pos(part);
+}
+
+int LastDelimiter(const UnicodeString& delimiters, const UnicodeString& text)
+{
+    return text.LastDelimiter(delimiters);
+}
+
+bool IsDelimiter(const UnicodeString& delimiters, const UnicodeString& text, int index)
+{
+    return text.IsDelimiter(delimiters, index);
+}
+
+TStringResources::TStringResources(std::map<int, UnicodeString> texts) : mTexts(std::move(texts))
+{
+    Resources().push_back(this);
+}
+
+TStringResources::~TStringResources()
+{
+    std::erase(Resources(), this);
+}
+
+const UnicodeString* TStringResources::Find(int ident) const
+{
+    const auto found = mTexts.find(ident);
+    return found == mTexts.end() ? nullptr : &found->second;
+}
+
+UnicodeString LoadStr(int ident)
+{
+    const auto& resources = Resources();
+    for (auto owner = resources.end(); owner != resources.begin();) {
+        if (const UnicodeString* text = (*--owner)->Find(ident)) {
+            return *text;
+        }
+    }
+    return {};
+}
+
+} // namespace Sysutils

@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/Sysutils_Exception.h"
+#include "platform/runtime/sysutils/System_VarArgs.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <string>
+#include <string_view>
+
+namespace System::Detail
+{
+
+/// The largest width and precision of a conversion.
+inline constexpr int MaxField = 65535;
+
+/// The magnitude of an integer and its sign.
+struct TMagnitude
+{
+    UInt64 value = 0;
+    bool negative = false;
+};
+
+inline void ToUpperAscii(std::string& text)
+{
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
+}
+
+/// Digits in a base that has no sign, upper case if wanted.
+inline std::string DigitText(UInt64 value, int base, bool upper)
+{
+    std::array<char, 64> text;
+    const char* end = std::to_chars(text.data(), text.data() + text.size(), value, base).ptr;
+    std::string result(static_cast<const char*>(text.data()), end);
+    if (upper) {
+        ToUpperAscii(result);
+    }
+    return result;
+}
+
+/// What all languages of formats share: the walk over a format in one width, the arguments, and the padding.
+/// A language derives from it and prints one conversion at a time.
+template <class S>
+class GFormatter
+{
+public:
+    using Char = typename S::CharType;
+    using View = typename S::View;
+
+    GFormatter(const GFormatter&) = delete;
+    GFormatter& operator=(const GFormatter&) = delete;
+
+protected:
+    GFormatter(View format, TVarArgs arguments) : mFormat(format), mRest(format), mArguments(arguments) {}
+    ~GFormatter() = default;
+
+    /// Calls `printConversion` behind each `%` but a doubled one.
+    template <class PrintConversion>
+    S PrintAll(PrintConversion printConversion)
+    {
+        while (!mRest.empty()) {
+            const auto percent = std::min(mRest.find(Char('%')), mRest.size());
+            mOut.Append(mRest.substr(0, percent));
+            mRest.remove_prefix(percent);
+            if (mRest.empty()) {
+                break;
+            }
+            mRest.remove_prefix(1);
+            if (Accept('%')) {
+                mOut += Char('%');
+            } else {
+                printConversion();
+            }
+        }
+        return std::move(mOut);
+    }
+
+    static bool IsOneOf(Char c, std::string_view set)
+    {
+        const auto code = static_cast<std::make_unsigned_t<Char>>(c);
+        return code < 0x80 && set.find(static_cast<char>(code)) != std::string_view::npos;
+    }
+
+    bool Accept(char c)
+    {
+        if (mRest.empty() || mRest[0] != Char(c)) {
+            return false;
+        }
+        mRest.remove_prefix(1);
+        return true;
+    }
+
+    /// Digits, or `*` for the next argument; `otherwise` if there is neither.
+    int ReadNumber(int otherwise)
+    {
+        if (Accept('*')) {
+            const auto* value = std::get_if<Int64>(&Next().getValue());
+            if (value == nullptr) {
+                Misfit();
+            }
+            return static_cast<int>(std::clamp<Int64>(*value, -MaxField, MaxField));
+        }
+        if (mRest.empty() || !IsDigit(mRest[0])) {
+            return otherwise;
+        }
+        int number = 0;
+        while (!mRest.empty() && IsDigit(mRest[0])) {
+            number = std::min(number * 10 + static_cast<int>(mRest[0] - Char('0')), MaxField);
+            mRest.remove_prefix(1);
+        }
+        return number;
+    }
+
+    /// What stands behind the width, which `field` holds already: a point and the precision. A negative
+    /// width, which only an argument can give, means the left.
+    template <class Field>
+    void FinishField(Field& field)
+    {
+        if (field.width < 0) {
+            field.left = true;
+            field.width = -field.width;
+        }
+        if (Accept('.')) {
+            field.precision = std::max(ReadNumber(0), -1);
+        }
+    }
+
+    const TVarRec& Next()
+    {
+        if (mNext >= mArguments.size()) {
+            throw Sysutils::EConvertError(u"No argument for format '" + UnicodeString(S(mFormat)) + u"'");
+        }
+        return mArguments[mNext++];
+    }
+
+    [[noreturn]] void Misfit() const
+    {
+        throw Sysutils::EConvertError(u"Format '" + UnicodeString(S(mFormat)) +
+                                      u"' invalid or incompatible with argument");
+    }
+
+    /// An argument that has to be an integer. Without a sign a negative number gives the bits of its type, at
+    /// least those of an `int`.
+    TMagnitude ToMagnitude(const TVarRec& argument, bool isSigned) const
+    {
+        if (const auto* plain = std::get_if<UInt64>(&argument.getValue())) {
+            return {*plain, false};
+        }
+        const auto* value = std::get_if<Int64>(&argument.getValue());
+        if (value == nullptr) {
+            Misfit();
+        }
+        const auto bits = static_cast<UInt64>(*value);
+        if (isSigned) {
+            return {*value < 0 ? UInt64(0) - bits : bits, *value < 0};
+        }
+        return {argument.getSize() <= sizeof(int) ? static_cast<unsigned>(bits) : bits, false};
+    }
+
+    /// Blanks that `text` lacks to `width` stand in front of it, or behind it if `left`.
+    void Pad(const S& text, int width, bool left)
+    {
+        const int padding = std::max(width - text.Length(), 0);
+        Charge(padding);
+        const S blanks = S::StringOfChar(Char(' '), padding);
+        mOut += left ? text + blanks : blanks + text;
+    }
+
+    /// Accounts for characters that only the format makes. Without an end a format of many wide fields would
+    /// grow to thousands of times its size.
+    void Charge(int made)
+    {
+        constexpr int mostMade = 1 << 24;
+        if (made > mostMade - mMade) {
+            Misfit();
+        }
+        mMade += made;
+    }
+
+    static S Widen(std::string_view text)
+    {
+        S result;
+        result.SetLength(static_cast<int>(text.size()));
+        std::copy(text.begin(), text.end(), result.UniqueData());
+        return result;
+    }
+
+    View mFormat;
+    View mRest;
+    TVarArgs mArguments;
+    std::size_t mNext = 0;
+
+private:
+    static bool IsDigit(Char c) { return c >= Char('0') && c <= Char('9'); }
+
+    int mMade = 0;
+    S mOut;
+};
+
+} // namespace System::Detail

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/runtime/typinfo/Typinfo.h"
+
+#include <algorithm>
+
+namespace System
+{
+
+/// Describes the class `T`, once, in its own source file:
+///
+///     System::TMetaClass* TGauge::ClassRecord()
+///     {
+///         static System::TMetaClass* const record =
+///             System::GClassBuilder<TGauge>(u"TGauge")
+///                 .Property(u"Value", &TGauge::getValue, &TGauge::setValue, {.defaultValue = 0})
+///                 .Property(u"OnChange", &TGauge::OnChange)
+///                 .Method(u"Reset", &TGauge::Reset)
+///                 .Build();
+///         return record;
+///     }
+template <class T>
+class GClassBuilder
+{
+    static_assert(DescribedClass<T>, "the class lacks TRS8_BTL_CLASS in its body");
+
+public:
+    explicit GClassBuilder(const UnicodeString& name)
+    {
+        mDescription.name = name;
+        if constexpr (!std::is_void_v<typename T::ParentClass>) {
+            static_assert(std::derived_from<T, typename T::ParentClass>);
+            mDescription.parent = ClassOf<typename T::ParentClass>();
+        }
+        mDescription.moduleAddress = reinterpret_cast<const void*>(&T::ClassRecord);
+        if constexpr (std::is_default_constructible_v<T>) {
+            mDescription.create = [] { return std::unique_ptr<TObject>(std::make_unique<T>()); };
+        }
+        if constexpr (std::is_base_of_v<Classes::TComponent, T> &&
+                      std::is_constructible_v<T, Classes::TComponent*>) {
+            mDescription.createOwned = [](Classes::TComponent* owner) -> Classes::TComponent* {
+                return new T(owner);
+            };
+        }
+    }
+
+    /// A property behind a getter and a setter. Each is a member function, or any function that takes a `T`
+    /// first.
+    template <class Getter, class Setter>
+    requires std::invocable<Setter, T&, std::remove_cvref_t<std::invoke_result_t<Getter, const T&>>>
+        GClassBuilder& Property(const UnicodeString& name, Getter getter, Setter setter,
+                                Typinfo::TPropOptions options = {})
+    {
+        using Value = ValueOf<Getter>;
+        return Add<Value>(
+            name, ReaderOf(getter),
+            [setter](TObject* object, const Typinfo::TPropValue& value) {
+                std::invoke(setter, Cast(object), Typinfo::GPropTraits<Value>::FromValue(value));
+            },
+            std::move(options));
+    }
+
+    /// A property behind a getter alone, which can't be written; or a member variable, which can.
+    template <class Getter>
+    GClassBuilder& Property(const UnicodeString& name, Getter getter, Typinfo::TPropOptions options = {})
+    {
+        using Value = ValueOf<Getter>;
+        if constexpr (std::is_member_object_pointer_v<Getter>) {
+            return Property(
+                name, getter,
+                [getter](T& object, const Value& value) { std::invoke(getter, object) = value; },
+                std::move(options));
+        } else {
+            return Add<Value>(name, ReaderOf(getter), {}, std::move(options));
+        }
+    }
+
+    /// A published method, to be found by its name.
+    template <Detail::MemberFunction Member>
+    GClassBuilder& Method(const UnicodeString& name, Member member)
+    {
+        mDescription.methods.emplace_back(name, Detail::MakeMethodAddress(member));
+        return *this;
+    }
+
+    /// A published field: it points to the component of that name while the object owns one.
+    template <class Class, class Component>
+    GClassBuilder& Field(const UnicodeString& name, Component* Class::*field)
+    {
+        mDescription.fields.push_back({name, &ClassOf<Component>, [field](TObject* owner, TObject* value) {
+                                           auto* object = dynamic_cast<T*>(owner);
+                                           auto* typed = dynamic_cast<Component*>(value);
+                                           if (object != nullptr && (typed != nullptr || value == nullptr)) {
+                                               object->*field = typed;
+                                           }
+                                       }});
+        return *this;
+    }
+
+    /// The form resource of the class; `resource` must live as long as the module.
+    GClassBuilder& Resource(std::span<const Byte> resource)
+    {
+        mDescription.formResource = resource;
+        return *this;
+    }
+
+    /// The record. It is never destroyed: objects of static lifetime may outlive any record that were.
+    TMetaClass* Build() { return new TMetaClass(std::move(mDescription)); }
+
+private:
+    template <class Getter>
+    using ValueOf = std::remove_cvref_t<std::invoke_result_t<Getter, const T&>>;
+
+    template <class Object>
+    static auto& Cast(Object* object)
+    {
+        using Target = std::conditional_t<std::is_const_v<Object>, const T, T>;
+        auto* result = dynamic_cast<Target*>(object);
+        if (result == nullptr) {
+            Typinfo::Detail::ThrowBadObject();
+        }
+        return *result;
+    }
+
+    template <class Getter>
+    static Typinfo::TPropInfo::Reader ReaderOf(Getter getter)
+    {
+        return [getter](const TObject* object) {
+            return Typinfo::GPropTraits<ValueOf<Getter>>::ToValue(std::invoke(getter, Cast(object)));
+        };
+    }
+
+    template <class Value>
+    GClassBuilder& Add(const UnicodeString& name, Typinfo::TPropInfo::Reader read,
+                       Typinfo::TPropInfo::Writer write, Typinfo::TPropOptions options)
+    {
+        mDescription.properties.emplace_back(name, &Typinfo::TypeInfoOf<Value>, std::move(read),
+                                             std::move(write), std::move(options));
+        return *this;
+    }
+
+    TMetaClass::Description mDescription;
+};
+
+} // namespace System

@@ -1,0 +1,216 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/runtime/classes/internal/Classes_StreamWindow.h"
+
+#include <algorithm>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace BTL::Detail
+{
+
+// Reading byte by byte, as if with one call each, but in pieces where the stream has them in memory. Finders
+// tell where in a piece a byte is that ends the reading, or `npos`.
+
+struct FindByte
+{
+    char byte;
+    std::size_t operator()(std::string_view bytes) const { return bytes.find(byte); }
+};
+
+template <class Predicate>
+struct FindIf
+{
+    Predicate predicate;
+    std::size_t operator()(std::string_view bytes) const
+    {
+        const auto found = std::find_if(bytes.begin(), bytes.end(), predicate);
+        return found == bytes.end() ? std::string_view::npos
+                                    : static_cast<std::size_t>(found - bytes.begin());
+    }
+};
+
+template <class Predicate>
+FindIf(Predicate) -> FindIf<Predicate>;
+
+/// Looks no further than the nearer of the two.
+struct FindEither
+{
+    char a;
+    char b;
+    std::size_t operator()(std::string_view bytes) const
+    {
+        return FindIf{[this](char c) { return c == a || c == b; }}(bytes);
+    }
+};
+
+/// Reads one byte; nothing at the end.
+inline std::optional<char> ReadByte(Classes::TStream& stream)
+{
+    char byte = 0;
+    return stream.Read(&byte, 1) == 1 ? std::optional(byte) : std::nullopt;
+}
+
+/// Whether nothing is left. Asks the host only where the bytes in memory don't tell.
+inline bool AtEnd(Classes::TStream& stream)
+{
+    return Classes::StreamWindow::Of(stream).empty() && stream.getPosition() >= stream.getSize();
+}
+
+/// Reads up to and with the first byte that ends it, which is the result, and gives the bytes in front of it
+/// to `sink` in pieces. Nothing if the stream ends before.
+template <class Find, class Sink>
+std::optional<char> ReadTo(Classes::TStream& stream, Find find, Sink sink)
+{
+    for (;;) {
+        const std::string_view window = Classes::StreamWindow::Of(stream);
+        if (window.empty()) {
+            const std::optional<char> byte = ReadByte(stream);
+            if (!byte || find(std::string_view(&*byte, 1)) == 0) {
+                return byte;
+            }
+            sink(std::string_view(&*byte, 1));
+            continue;
+        }
+        const std::size_t at = find(window);
+        const std::optional<char> end =
+            at == std::string_view::npos ? std::nullopt : std::optional(window[at]);
+        sink(window.substr(0, at));
+        // The window may be gone by now.
+        stream.Seek(static_cast<System::Int64>(end ? at + 1 : window.size()), Classes::soCurrent);
+        if (end) {
+            return end;
+        }
+    }
+}
+
+/// Reads single bytes. The position of the stream is right again only after `Finish`.
+class ByteCursor
+{
+public:
+    explicit ByteCursor(Classes::TStream& stream) : mStream(stream) {}
+
+    /// Nothing at the end.
+    std::optional<char> Next()
+    {
+        if (mUsed == mWindow.size()) {
+            Finish();
+            mWindow = Classes::StreamWindow::Of(mStream);
+            if (mWindow.empty()) {
+                return ReadByte(mStream);
+            }
+        }
+        return mWindow[mUsed++];
+    }
+
+    /// Gives the last byte back.
+    void Back()
+    {
+        if (mUsed > 0) {
+            --mUsed;
+        } else {
+            mStream.Seek(-1, Classes::soCurrent);
+        }
+    }
+
+    void Finish()
+    {
+        if (mUsed > 0) {
+            mStream.Seek(static_cast<System::Int64>(mUsed), Classes::soCurrent);
+        }
+        mWindow = {};
+        mUsed = 0;
+    }
+
+private:
+    Classes::TStream& mStream;
+    std::string_view mWindow;
+    std::size_t mUsed = 0;
+};
+
+inline void Ignore(std::string_view) {}
+
+/// Appends to a string.
+template <class S>
+auto AppendTo(S& text)
+{
+    return [&text](std::string_view bytes) { text.Append(bytes); };
+}
+
+/// Reads up to `count` bytes. Takes no more memory than a few times what the stream holds, whatever the
+/// count.
+template <class S = System::AnsiString>
+S ReadUpTo(Classes::TStream& stream, System::Int64 count)
+{
+    constexpr System::Int64 FirstPiece = 0x10000;
+    S text;
+    System::Int64 done = 0;
+    while (done < count) {
+        // A stream that gives little at a time fills what there is before more is taken.
+        if (done == text.Length()) {
+            if (done == INT_MAX) {
+                System::ThrowStringMemory();
+            }
+            const System::Int64 length = done + std::min(count - done, std::max(done, FirstPiece));
+            text.SetLength(static_cast<int>(std::min(length, System::Int64{INT_MAX})));
+        }
+        const System::Int64 read = stream.Read(text.UniqueData() + done, text.Length() - done);
+        if (read <= 0) {
+            break;
+        }
+        done += read;
+    }
+    text.SetLength(static_cast<int>(done));
+    return text;
+}
+
+/// Looks for a pattern in bytes that come piece by piece, each of them looked at once.
+class PatternScan
+{
+public:
+    explicit PatternScan(std::string_view pattern) : mPattern(pattern), mFallback(pattern.size() + 1)
+    {
+        for (std::size_t i = 1, length = 0; i < pattern.size(); ++i) {
+            while (length > 0 && pattern[i] != pattern[length]) {
+                length = mFallback[length];
+            }
+            length += pattern[i] == pattern[length] ? 1 : 0;
+            mFallback[i + 1] = length;
+        }
+    }
+
+    /// A finder: where the last byte of the first occurrence is. An empty pattern is nowhere.
+    std::size_t operator()(std::string_view bytes)
+    {
+        if (mPattern.empty()) {
+            return std::string_view::npos;
+        }
+        for (std::size_t i = 0; i < bytes.size(); ++i) {
+            if (mMatched == 0) {
+                i = bytes.find(mPattern.front(), i);
+                if (i == std::string_view::npos) {
+                    break;
+                }
+            }
+            while (mMatched > 0 && bytes[i] != mPattern[mMatched]) {
+                mMatched = mFallback[mMatched];
+            }
+            mMatched += bytes[i] == mPattern[mMatched] ? 1 : 0;
+            if (mMatched == mPattern.size()) {
+                mMatched = 0;
+                return i;
+            }
+        }
+        return std::string_view::npos;
+    }
+
+private:
+    std::string_view mPattern;
+    /// The length of the longest proper prefix of so many matched bytes that they end in.
+    std::vector<std::size_t> mFallback;
+    std::size_t mMatched = 0;
+};
+
+} // namespace BTL::Detail

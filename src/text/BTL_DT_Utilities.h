@@ -1,8 +1,0 @@
-// SPDX-License-Identifier: MIT
-#pragma once
-
-// All date and time utilities at once.
-
-#include "text/BTL_DT_Calendar.h"
-#include "text/BTL_DT_Reading.h"
-#include "text/BTL_DT_Texts.h"

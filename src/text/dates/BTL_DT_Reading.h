@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/dates/System_DateTime.h"
+
+namespace BTL
+{
+
+// Dates and times as users type them. Separators and the order of day, month and year are those of
+// `Sysutils::FormatSettings`. What can't be read raises `Sysutils::EConvertError`, unless told otherwise.
+
+/// A text that is a number other than 0, with `.` or `,`, is the value itself; any other one is read by
+/// `Sysutils::StrToDateTime`.
+TRS8_BTL_API System::TDateTime StrToDateTime(const System::UnicodeString& text);
+/// The whole days of such a number, if it has any; else as `Sysutils::StrToDateTime`, with its time.
+TRS8_BTL_API System::TDateTime StrToDate(const System::UnicodeString& text);
+/// The fraction of such a number, without its sign; else as `Sysutils::StrToTime`.
+TRS8_BTL_API System::TDateTime StrToTime(const System::UnicodeString& text);
+
+/// Reads the digit at each place of `text` into the field that `mask` names at this place: `y` year, `m`
+/// month, `d` day, `h` hour, `n` minute, `s` second, `c` millisecond; any other character of the mask passes
+/// over its place. The shorter of both ends the reading. A date, a time or both, as the letters of the mask
+/// say; 0 without any. A character that is no digit spoils its field, which then hardly exists.
+TRS8_BTL_API System::TDateTime StrToDateTime(const System::UnicodeString& text,
+                                             const System::UnicodeString& mask);
+/// The date alone; 0 if its year, month or day is 0.
+TRS8_BTL_API System::TDateTime StrToDate(const System::UnicodeString& text,
+                                         const System::UnicodeString& mask);
+/// The time alone.
+TRS8_BTL_API System::TDateTime StrToTime(const System::UnicodeString& text,
+                                         const System::UnicodeString& mask);
+
+/// `text` trimmed and then without the date separators at both ends.
+TRS8_BTL_API System::UnicodeString TrimDate(const System::UnicodeString& text);
+
+/// The trimmed parts of a date as they stand; a missing one is empty.
+TRS8_BTL_API void DecodeDate(const System::UnicodeString& text, System::UnicodeString& year,
+                             System::UnicodeString& month, System::UnicodeString& day);
+/// The same of a date before and a time behind the first blank.
+TRS8_BTL_API void DecodeDateTime(const System::UnicodeString& text, System::UnicodeString& year,
+                                 System::UnicodeString& month, System::UnicodeString& day,
+                                 System::UnicodeString& hour, System::UnicodeString& minute,
+                                 System::UnicodeString& second, System::UnicodeString& milliSecond);
+
+/// A date from any text: parts that are no numbers, or missing, count as 1, and all are held within the
+/// calendar. `_` and `%` are passed over. A year of two digits stays. Never fails.
+TRS8_BTL_API System::TDateTime GetValidDate(const System::UnicodeString& text);
+/// The same of what stands before the first blank, with the time behind it by `Sysutils::StrToTime`, which
+/// may fail.
+TRS8_BTL_API System::TDateTime GetValidDateTime(const System::UnicodeString& text);
+
+} // namespace BTL

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/runtime/sysutils/System_Printf.h"
+
+namespace BTL
+{
+
+/// The string resource `id` as a format, filled. A format that misfits its arguments raises
+/// `Sysutils::EConvertError`.
+TRS8_BTL_API System::UnicodeString LoadSPrintf_V(int id, System::TVarArgs arguments);
+TRS8_BTL_API System::AnsiString LoadSPrintfA_V(int id, System::TVarArgs arguments);
+
+template <class... Arguments>
+System::UnicodeString LoadSPrintf(int id, const Arguments&... arguments)
+{
+    return LoadSPrintf_V(id, {arguments...});
+}
+
+template <class... Arguments>
+System::AnsiString LoadSPrintfA(int id, const Arguments&... arguments)
+{
+    return LoadSPrintfA_V(id, {arguments...});
+}
+
+} // namespace BTL

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/runtime/sysutils/Sysutils_StringBuilder.h"
+
+#include <memory>
+
+namespace BTL
+{
+
+/// Owns a `Sysutils::TStringBuilder`.
+class CStringBuilder
+{
+public:
+    CStringBuilder() : mBuilder(std::make_unique<Sysutils::TStringBuilder>()) {}
+    /// With room for `capacity` characters.
+    explicit CStringBuilder(int capacity) : mBuilder(std::make_unique<Sysutils::TStringBuilder>(capacity)) {}
+
+    Sysutils::TStringBuilder* get() const noexcept { return mBuilder.get(); }
+    Sysutils::TStringBuilder* operator->() const noexcept { return mBuilder.get(); }
+    Sysutils::TStringBuilder& operator*() const noexcept { return *mBuilder; }
+
+private:
+    std::unique_ptr<Sysutils::TStringBuilder> mBuilder;
+};
+
+} // namespace BTL

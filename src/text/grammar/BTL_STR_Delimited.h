@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/runtime/classes/Classes_Strings.h"
+
+namespace BTL
+{
+
+// Lists as one text. A null list counts as empty, and filling it does nothing.
+
+/// Appends a field to a line of comma separated values, which is also the result. Double quotes in the field
+/// are doubled; the field is put in quotes if it holds `delim`, or if it is the first one and begins with
+/// "ID", which would make readers take the line for another format.
+TRS8_BTL_API System::UnicodeString& AddCSVString(System::UnicodeString& csv,
+                                                 const System::UnicodeString& value, System::WideChar delim);
+
+/// The lines with `delim` between; a line that holds `delim` is quoted.
+TRS8_BTL_API System::UnicodeString GetDelimitedTextEx(Classes::TStrings* strings, System::WideChar delim,
+                                                      System::WideChar quote);
+TRS8_BTL_API System::AnsiString GetDelimitedTextEx(Classes::TStrings* strings, char delim, char quote);
+/// Fills the list from a text. Blanks and `delim` end an item unless it is quoted; a `delim` at the end adds
+/// no empty item. A zero `quote` quotes nothing.
+TRS8_BTL_API void SetDelimitedTextEx(Classes::TStrings* strings, const System::UnicodeString& text,
+                                     System::WideChar delim, System::WideChar quote);
+TRS8_BTL_API void SetDelimitedTextEx(Classes::TStrings* strings, const System::AnsiString& text, char delim,
+                                     char quote);
+
+/// The lines with `delim` between, nothing quoted.
+TRS8_BTL_API System::UnicodeString GetDelimitedText(Classes::TStrings* strings, System::WideChar delim);
+TRS8_BTL_API System::AnsiString GetDelimitedText(Classes::TStrings* strings, char delim);
+TRS8_BTL_API System::UnicodeString CommaText(Classes::TStrings* strings, System::WideChar delim = u',');
+TRS8_BTL_API System::AnsiString CommaTextA(Classes::TStrings* strings, char delim = ',');
+
+/// A text of several lines as the comma text of a string list; any other text as it is.
+TRS8_BTL_API System::UnicodeString LinesToCommaText(const System::UnicodeString& s);
+TRS8_BTL_API System::AnsiString LinesToCommaText(const System::AnsiString& s);
+
+} // namespace BTL

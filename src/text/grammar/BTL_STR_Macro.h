@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/System_String.h"
+
+namespace BTL
+{
+
+/// Replaces `macro` in `text` by `body`. A macro such as "NAME(a,b)" has parameters: "%a" in the body becomes
+/// the first value of the call "NAME(x,y)", and so on; a "%name" without a value stays, surplus values are
+/// dropped. Parameters and values are comma texts without nested brackets. What was inserted is searched
+/// again for calls; a body that goes on calling itself is expanded only to a bound and then stands as it is,
+/// as does a call without its brackets.
+TRS8_BTL_API System::UnicodeString ApplyMacro(const System::UnicodeString& text,
+                                              const System::UnicodeString& macro,
+                                              const System::UnicodeString& body);
+TRS8_BTL_API System::AnsiString ApplyMacro(const System::AnsiString& text, const System::AnsiString& macro,
+                                           const System::AnsiString& body);
+
+} // namespace BTL

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "text/lists/BTL_STR_StringIdPairList.h"
+
+#include <map>
+#include <memory>
+
+namespace BTL
+{
+
+/// Texts by 64-bit key, which can also be searched by text. Lookups look constant but may build the index of
+/// texts, so that even readers need a lock of their own.
+class TRS8_BTL_API CI64StrMap
+{
+public:
+    CI64StrMap();
+    CI64StrMap(const CI64StrMap& other);
+    /// Null gives an empty map.
+    explicit CI64StrMap(const CI64StrMap* other);
+    CI64StrMap& operator=(const CI64StrMap& other);
+    CI64StrMap& operator=(const CI64StrMap* other);
+    ~CI64StrMap();
+
+    /// Overwrites the value of a key that is there.
+    void Add(System::Int64 key, const System::UnicodeString& value);
+    void Clear() noexcept;
+
+    bool Contains(System::Int64 key) const { return mTexts.contains(key); }
+    bool IsEmpty() const noexcept { return mTexts.empty(); }
+    int GetCount() const noexcept { return static_cast<int>(mTexts.size()); }
+    /// Empty if the key is missing.
+    System::UnicodeString GetString(System::Int64 key) const;
+    /// A missing key is added with an empty text. `GetKey` may not learn of what is written through this.
+    System::UnicodeString& operator[](System::Int64 key) const { return mTexts[key]; }
+    /// A key with that text, compared exactly: the largest at the time of the first search, later the last
+    /// added. A text that was overwritten since then may still be found. False if there is none, which leaves
+    /// `key` alone.
+    bool GetKey(System::Int64& key, const System::UnicodeString& value) const;
+
+    // In the order of the keys. `Get` clears the list first. A null list counts as empty, and filling it does
+    // nothing.
+
+    void AddStringsTo(Classes::TStrings* strings) const;
+    void GetStrings(Classes::TStrings* strings) const;
+    /// The texts with their keys as ids.
+    void AddStringIdPairsTo(Classes::TStringList* list) const;
+    void GetStringIdPairs(Classes::TStringList* list) const;
+    /// Takes the lines with their ids in place of all entries, but no line with the id `excludedId`. Lines
+    /// without an id have the id 0, so of those only the last stays.
+    void SetStringIdPairs(const Classes::TStrings* list, System::Int64 excludedId);
+    /// The texts as the comma text of a string list.
+    System::UnicodeString GetCommaText() const;
+
+private:
+    using TIndex = std::map<System::UnicodeString, System::Int64>;
+
+    mutable std::map<System::Int64, System::UnicodeString> mTexts;
+    /// Null until it is needed.
+    mutable std::unique_ptr<TIndex> mKeys;
+};
+
+} // namespace BTL

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/runtime/classes/Classes_Strings.h"
+
+#include <memory>
+
+namespace BTL
+{
+
+/// A set of texts in the order of the user's language, in which case matters. It takes no memory until it is
+/// used. A null list as an argument counts as empty.
+class TRS8_BTL_API CStrSet
+{
+public:
+    CStrSet();
+    CStrSet(const CStrSet& other);
+    CStrSet& operator=(const CStrSet& other);
+    ~CStrSet();
+
+    /// The texts, made if they aren't there. The list stays the set's, and must keep its order. It is there
+    /// until `Clear`, also by way of an empty comma text that is set.
+    Classes::TStringList* CreateStrings();
+
+    void Add(const System::UnicodeString& text);
+    void Add(const Classes::TStrings* strings);
+    /// Adds the items. A text with the item `=` takes the place of all that was there instead.
+    void AddCommaText(const System::UnicodeString& text);
+    void Remove(const System::UnicodeString& text);
+    void Remove(const Classes::TStrings* strings);
+    void RemoveCommaText(const System::UnicodeString& text);
+    void Clear() noexcept;
+
+    bool Contains(const System::UnicodeString& text) const;
+    // True for an empty argument.
+    bool ContainsAll(const Classes::TStrings* strings) const;
+    bool ContainsAll(const System::UnicodeString& commaText) const;
+
+    System::UnicodeString getCommaText() const;
+    /// Takes the items in place of all that was there.
+    void setCommaText(const System::UnicodeString& text);
+
+private:
+    /// Null while the set is unused.
+    std::unique_ptr<Classes::TStringList> mStrings;
+};
+
+} // namespace BTL

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/System_String.h"
+
+#include <map>
+
+namespace BTL
+{
+
+/// Integers by text, in the exact order of the keys' characters, so that case matters.
+template <class T>
+class GStringIntegerMap
+{
+public:
+    GStringIntegerMap() = default;
+    /// Each of the `count` names with its index; a repeated one has its last. Null names count as none.
+    GStringIntegerMap(const char* const* names, int count)
+    {
+        for (int i = 0; names != nullptr && i < count; ++i) {
+            Add(names[i], i);
+        }
+    }
+
+    /// Overwrites the value of a key that is there.
+    void Add(const System::UnicodeString& key, T value) { mValues.insert_or_assign(key, value); }
+    void Clear() noexcept { mValues.clear(); }
+
+    bool Contains(const System::UnicodeString& key) const { return mValues.contains(key); }
+    bool IsEmpty() const noexcept { return mValues.empty(); }
+    int getCount() const noexcept { return static_cast<int>(mValues.size()); }
+    /// False if the key is missing, which leaves `value` alone.
+    bool GetValue(const System::UnicodeString& key, T& value) const
+    {
+        const auto found = mValues.find(key);
+        if (found == mValues.end()) {
+            return false;
+        }
+        value = found->second;
+        return true;
+    }
+    /// The same, but `value` becomes `defaultValue` then.
+    bool GetValue(const System::UnicodeString& key, T& value, T defaultValue) const
+    {
+        const bool found = GetValue(key, value);
+        if (!found) {
+            value = defaultValue;
+        }
+        return found;
+    }
+    T ToValue(const System::UnicodeString& key, T defaultValue) const
+    {
+        GetValue(key, defaultValue);
+        return defaultValue;
+    }
+
+protected:
+    std::map<System::UnicodeString, T> mValues;
+};
+
+class CStringInt32Map : public GStringIntegerMap<int>
+{
+public:
+    using GStringIntegerMap::GStringIntegerMap;
+
+    /// Adds `delta` to the value, which is 0 for a missing key, and gives the sum. It wraps on an overflow.
+    int IncValue(const System::UnicodeString& key, int delta)
+    {
+        int& value = mValues[key];
+        value = static_cast<int>(static_cast<unsigned>(value) + static_cast<unsigned>(delta));
+        return value;
+    }
+};
+
+class CStringKeyMap : public GStringIntegerMap<System::Int64>
+{
+public:
+    using GStringIntegerMap::GStringIntegerMap;
+};
+
+} // namespace BTL

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#include "text/lists/BTL_STR_StringLists.h"
+
+namespace BTL
+{
+
+using Classes::TStringList;
+
+CStringLists::CStringLists() = default;
+
+CStringLists::~CStringLists() = default;
+
+TStringList* CStringLists::getItem(int index) const noexcept
+{
+    return index >= 0 && index < getCount() ? mLists[static_cast<std::size_t>(index)].get() : nullptr;
+}
+
+TStringList* CStringLists::Add()
+{
+    return mLists.emplace_back(std::make_unique<TStringList>()).get();
+}
+
+TStringList* CStringLists::SetCount(int count, bool lazy)
+{
+    while (getCount() < count) {
+        mLists.emplace_back(lazy ? nullptr : std::make_unique<TStringList>());
+    }
+    if (mLists.empty()) {
+        return nullptr;
+    }
+    if (mLists.back() == nullptr) {
+        mLists.back() = std::make_unique<TStringList>();
+    }
+    return mLists.back().get();
+}
+
+} // namespace BTL

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/runtime/classes/Classes_Strings.h"
+
+#include <memory>
+#include <vector>
+
+namespace BTL
+{
+
+/// String lists, which it owns. A place may be empty.
+class TRS8_BTL_API CStringLists
+{
+public:
+    CStringLists();
+    CStringLists(const CStringLists&) = delete;
+    CStringLists& operator=(const CStringLists&) = delete;
+    ~CStringLists();
+
+    int getCount() const noexcept { return static_cast<int>(mLists.size()); }
+    /// Null for an empty place and for an index out of range.
+    Classes::TStringList* getItem(int index) const noexcept;
+
+    /// Appends a new list.
+    Classes::TStringList* Add();
+    void Clear() noexcept { mLists.clear(); }
+    /// Grows to `count` places, and never shrinks. The last place gets a list if it has none, with `lazy`
+    /// only that one, otherwise each new one. The result is the last list; null if there is no place at all.
+    Classes::TStringList* SetCount(int count, bool lazy);
+
+private:
+    std::vector<std::unique_ptr<Classes::TStringList>> mLists;
+};
+
+} // namespace BTL

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/runtime/classes/Classes_Strings.h"
+#include "platform/runtime/classes/Classes_Update.h"
+
+namespace BTL
+{
+
+/// Keeps a string list between `BeginUpdate` and `EndUpdate` for a scope.
+class CStringsUpdate : public Classes::GUpdateScope<Classes::TStrings>
+{
+public:
+    /// `strings` must not be null and must outlive the scope.
+    explicit CStringsUpdate(Classes::TStrings* strings) : GUpdateScope(*strings) {}
+};
+
+} // namespace BTL

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/System_String.h"
+
+namespace BTL
+{
+
+/// Reads up to four version numbers, parted by `.`; the ones that are missing are 0. An empty piece ends the
+/// reading, and text behind the digits of a piece is ignored. False if a piece doesn't begin with a digit or
+/// a fifth one follows; the numbers in front keep what was read.
+TRS8_BTL_API bool VersionStrToVersionNos(const System::UnicodeString& text, unsigned& a, unsigned& b,
+                                         unsigned& c, unsigned& d);
+/// The same, with the fourth number dropped.
+TRS8_BTL_API bool VersionStrToVersionNos(const System::UnicodeString& text, unsigned& a, unsigned& b,
+                                         unsigned& c);
+
+} // namespace BTL

@@ -1,0 +1,238 @@
+// SPDX-License-Identifier: MIT
+#include "platform/base/System_String.h"
+
+#include "platform/base/Sysutils_Exception.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+namespace
+{
+
+using System::AnsiString;
+using System::RawByteString;
+using System::UnicodeString;
+using System::UTF8String;
+using System::WideChar;
+
+template <class S>
+class StringTest : public testing::Test
+{
+protected:
+    /// A text of plain characters in the width under test.
+    static S T(const char* text) { return S(text); }
+};
+
+using Widths = testing::Types<UnicodeString, AnsiString>;
+TYPED_TEST_SUITE(StringTest, Widths);
+
+TYPED_TEST(StringTest, IsOnePointerWideAndNullWhenEmpty)
+{
+    static_assert(sizeof(TypeParam) == sizeof(void*));
+    TypeParam s;
+    EXPECT_TRUE(s.IsEmpty());
+    ASSERT_NE(s.c_str(), nullptr);
+    EXPECT_EQ(*s.c_str(), 0);
+    s = this->T("abc");
+    s.Delete(1, 3);
+    EXPECT_TRUE(s.IsEmpty());
+    EXPECT_EQ(TypeParam(static_cast<const typename TypeParam::CharType*>(nullptr)).Length(), 0);
+    EXPECT_EQ(TypeParam(this->T("x").c_str(), -1).Length(), 0);
+}
+
+TYPED_TEST(StringTest, CopiesShareUntilOneIsWritten)
+{
+    const TypeParam original = this->T("abc");
+    TypeParam copy = original;
+    EXPECT_EQ(copy.c_str(), original.c_str());
+    copy[2] = 'X';
+    EXPECT_EQ(copy, this->T("aXc"));
+    EXPECT_EQ(original, this->T("abc"));
+
+    TypeParam appended = original;
+    appended += this->T("d");
+    EXPECT_EQ(original, this->T("abc"));
+    TypeParam cut = original;
+    cut.SetLength(1);
+    EXPECT_EQ(original, this->T("abc"));
+    EXPECT_EQ(cut, this->T("a"));
+}
+
+TYPED_TEST(StringTest, IndexIsOneBasedAndChecked)
+{
+    TypeParam s = this->T("abc");
+    EXPECT_EQ(s[1], 'a');
+    EXPECT_EQ(std::as_const(s)[3], 'c');
+    for (const int bad : {INT_MIN, -1, 0, 4, INT_MAX}) {
+        EXPECT_THROW(s[bad], Sysutils::ERangeError) << bad;
+        EXPECT_THROW(std::as_const(s)[bad], Sysutils::ERangeError) << bad;
+    }
+    EXPECT_THROW(TypeParam().LastChar(), Sysutils::ERangeError);
+}
+
+TYPED_TEST(StringTest, SubStringClipsItsRange)
+{
+    const struct
+    {
+        int index;
+        int count;
+        const char* expected;
+    } cases[] = {{1, 6, "abcdef"}, {2, 3, "bcd"},   {0, 2, "ab"},          {INT_MIN, INT_MAX, "abcdef"},
+                 {6, 99, "f"},     {7, 1, ""},      {2, INT_MAX, "bcdef"}, {2, 0, ""},
+                 {2, INT_MIN, ""}, {INT_MAX, 1, ""}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(this->T("abcdef").SubString(c.index, c.count), this->T(c.expected))
+            << c.index << ' ' << c.count;
+    }
+}
+
+TYPED_TEST(StringTest, DeleteAndInsertClipTheirPlaces)
+{
+    const auto deleted = [&](int index, int count) { return this->T("abcdef").Delete(index, count); };
+    EXPECT_EQ(deleted(2, 2), this->T("adef"));
+    EXPECT_EQ(deleted(5, INT_MAX), this->T("abcd"));
+    EXPECT_EQ(deleted(0, 2), this->T("abcdef"));
+    EXPECT_EQ(deleted(7, 1), this->T("abcdef"));
+    EXPECT_EQ(deleted(1, -1), this->T("abcdef"));
+    const auto inserted = [&](int index) { return this->T("ab").Insert(this->T("XY"), index); };
+    EXPECT_EQ(inserted(2), this->T("aXYb"));
+    EXPECT_EQ(inserted(INT_MIN), this->T("XYab"));
+    EXPECT_EQ(inserted(INT_MAX), this->T("abXY"));
+    TypeParam self = this->T("ab");
+    EXPECT_EQ(self.Insert(self, 2), this->T("aabb"));
+}
+
+TYPED_TEST(StringTest, AppendsToItself)
+{
+    TypeParam s = this->T("ab");
+    for (int i = 0; i < 10; ++i) {
+        s += s;
+    }
+    EXPECT_EQ(s.Length(), 2048);
+    s += s.c_str();
+    EXPECT_EQ(s.Length(), 4096);
+    EXPECT_EQ(s.SubString(4095, 2), this->T("ab"));
+}
+
+TYPED_TEST(StringTest, KeepsEmbeddedZeros)
+{
+    TypeParam s = this->T("a");
+    s += typename TypeParam::CharType(0);
+    s += this->T("b");
+    EXPECT_EQ(s.Length(), 3);
+    EXPECT_EQ(s.Pos(this->T("b")), 3);
+    EXPECT_NE(s, this->T("a"));
+    EXPECT_LT(this->T("a"), s);
+}
+
+TYPED_TEST(StringTest, FindsAndTrims)
+{
+    EXPECT_EQ(this->T("abcabc").Pos(this->T("ca")), 3);
+    EXPECT_EQ(this->T("abc").Pos(TypeParam()), 0);
+    EXPECT_EQ(this->T("abc").Pos(this->T("abcd")), 0);
+    EXPECT_EQ(this->T("a\\b/c").LastDelimiter(this->T("/\\")), 4);
+    EXPECT_EQ(this->T("abc").LastDelimiter(this->T("/\\")), 0);
+    EXPECT_EQ(this->T("\t x\x01").Trim(), this->T("x"));
+    EXPECT_EQ(this->T(" x ").TrimLeft(), this->T("x "));
+    EXPECT_EQ(this->T(" x ").TrimRight(), this->T(" x"));
+    EXPECT_TRUE(this->T(" \r\n ").Trim().IsEmpty());
+    EXPECT_EQ(this->T("\xA0x\xFF").Trim().Length(), 3) << "characters above 127 are no blanks";
+}
+
+TYPED_TEST(StringTest, ComparesByOrdinals)
+{
+    EXPECT_LT(this->T("Z"), this->T("a"));
+    EXPECT_LT(this->T("z"), this->T("\xE4"));
+    EXPECT_LT(this->T("ab"), this->T("abc"));
+    EXPECT_GT(this->T("b").Compare(this->T("abc")), 0);
+    EXPECT_EQ(this->T("\xC4"
+                      "b")
+                  .CompareIC(this->T("\xE4"
+                                     "B")),
+              0);
+
+    // A difference at any place of a long text decides, whatever follows it.
+    for (int length = 1; length <= 20; ++length) {
+        for (int at = 1; at <= length; ++at) {
+            TypeParam low = this->T("aaaaaaaaaaaaaaaaaaaa").SubString(1, length);
+            TypeParam high = low;
+            high.Delete(at, 1).Insert(this->T("\xE4"), at);
+            low = low.SubString(1, at) + this->T("zzzz");
+            EXPECT_LT(low, high) << length << " " << at;
+            EXPECT_GT(high.Compare(low), 0) << length << " " << at;
+            EXPECT_NE(high, this->T("aaaaaaaaaaaaaaaaaaaa").SubString(1, length)) << length << " " << at;
+        }
+    }
+}
+
+TYPED_TEST(StringTest, GrowsByAppendingWithoutQuadraticCost)
+{
+    TypeParam s;
+    for (int i = 0; i < 5'000'000; ++i) {
+        s += typename TypeParam::CharType('x');
+    }
+    EXPECT_EQ(s.Length(), 5'000'000);
+}
+
+TEST(UnicodeStringTest, IsMadeFromNumbersAndCharacters)
+{
+    EXPECT_EQ(UnicodeString(0), u"0");
+    EXPECT_EQ(UnicodeString(LLONG_MIN), u"-9223372036854775808");
+    EXPECT_EQ(UnicodeString(ULLONG_MAX), u"18446744073709551615");
+    EXPECT_EQ(UnicodeString(static_cast<short>(-7)), u"-7");
+    EXPECT_EQ(UnicodeString(u'x'), u"x");
+    EXPECT_EQ(UnicodeString('\x80'), u"€");
+    EXPECT_EQ(UnicodeString(L"ä💡"), u"ä💡");
+    const wchar_t tooLarge[] = {static_cast<wchar_t>(0x110000), 0};
+    EXPECT_EQ(UnicodeString(tooLarge), u"\uFFFD");
+}
+
+TEST(UnicodeStringTest, MapsCaseByUnicode)
+{
+    EXPECT_EQ(UnicodeString(u"straße").UpperCase(), u"STRASSE");
+    EXPECT_EQ(UnicodeString(u"ÄΣ").LowerCase(), u"äς");
+    EXPECT_EQ(AnsiString("\xE4\xDF").UpperCase(), AnsiString("\xC4SS"));
+    EXPECT_TRUE(UnicodeString().UpperCase().IsEmpty());
+    const WideChar lone[] = {u'a', 0xD800, 0};
+    EXPECT_EQ(UnicodeString(lone).UpperCase().Length(), 2);
+}
+
+TEST(UnicodeStringTest, MixesWithNarrowTextAsWideText)
+{
+    const UnicodeString wide = u"€";
+    const AnsiString narrow = "\x80";
+    EXPECT_EQ(wide, narrow);
+    EXPECT_EQ(wide, "\x80");
+    EXPECT_EQ(wide + narrow, u"€€");
+    EXPECT_EQ(narrow + wide, u"€€");
+    EXPECT_EQ(AnsiString("1") + UnicodeString(u"→"), u"1→");
+    EXPECT_EQ(UTF8String(narrow).AsView(), "\xE2\x82\xAC");
+    EXPECT_EQ(RawByteString(UTF8String(wide)).AsView(), "\xE2\x82\xAC") << "raw bytes are not converted";
+}
+
+TEST(UnicodeStringTest, CopiesCrossThreads)
+{
+    const UnicodeString shared = u"shared text";
+    std::atomic<int> wrong = 0;
+    std::vector<std::thread> threads;
+    threads.reserve(4);
+    for (int t = 0; t < 4; ++t) {
+        threads.emplace_back([&shared, &wrong] {
+            for (int i = 0; i < 20'000; ++i) {
+                UnicodeString copy = shared;
+                const UnicodeString second = copy;
+                copy[1] = u'S';
+                wrong += copy != u"Shared text" || second != u"shared text";
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(wrong, 0);
+    EXPECT_EQ(shared, u"shared text");
+}
+
+} // namespace

@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+#include "text/numbers/BTL_NUM_Limits.h"
+
+#include "platform/base/Sysutils_Locale.h"
+#include "support/FormatSettingsGuard.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <type_traits>
+
+namespace
+{
+
+using System::AnsiString;
+using System::UnicodeString;
+
+/// The functions whose widths differ in their names, by the string type.
+template <class S>
+class LimitsTest : public testing::Test
+{
+protected:
+    static constexpr bool IsWide = std::is_same_v<S, UnicodeString>;
+
+    LimitsTest()
+    {
+        Sysutils::DecimalSeparator = u'.';
+        Sysutils::TimeSeparator = u':';
+        Sysutils::LongTimeFormat = u"hh:nn:ss";
+    }
+
+    static S T(const char* text) { return S(text); }
+
+    static S Measure(long double value, int precision, int digits)
+    {
+        if constexpr (IsWide) {
+            return BTL::MeasureFloatToStrW(value, precision, digits);
+        } else {
+            return BTL::MeasureFloatToStrA(value, precision, digits);
+        }
+    }
+
+    static S Limits(double upper, double lower, const S* unit = nullptr)
+    {
+        if constexpr (IsWide) {
+            return BTL::GetLimitTextW(upper, lower, unit);
+        } else {
+            return BTL::GetLimitTextA(upper, lower, unit);
+        }
+    }
+
+    static S TimeLimits(double upper, double lower, const S* unit = nullptr)
+    {
+        if constexpr (IsWide) {
+            return BTL::GetDateTimeLimitTextW(upper, lower, unit);
+        } else {
+            return BTL::GetDateTimeLimitTextA(upper, lower, unit);
+        }
+    }
+
+private:
+    Support::FormatSettingsGuard mGuard;
+};
+
+using Widths = testing::Types<UnicodeString, AnsiString>;
+TYPED_TEST_SUITE(LimitsTest, Widths);
+
+TYPED_TEST(LimitsTest, ShowsMeasuredValues)
+{
+    const long double infinity = std::numeric_limits<long double>::infinity();
+    const struct
+    {
+        long double value;
+        int precision;
+        int digits;
+        const char* expected;
+    } cases[] = {
+        {1.5L, -1, -1, "1.5"},
+        {0, -1, -1, "0.0"},
+        {2, -1, 0, "2"},
+        {2, -1, 3, "2.0"},
+        {2.1L, 6, 3, "2.1"},
+        {2.1239L, 6, 3, "2.124"},
+        {-2.5L, -1, 2, "-2.5"},
+        {100, -1, -1, "100.0"},
+        {999999, -1, -1, "999999.0"},
+        {-999999, -1, -1, "-999999.0"},
+        {1000000, -1, -1, "1000000"},
+        {1000000.9L, 3, 2, "1000000"},
+        {-1234567.9L, -1, 5, "-1234567"},
+        {1.23456789L, -1, -1, "1.23457"},
+        {1.23456789L, 3, -1, "1.23"},
+        {1e-6L, -1, -1, "1E-6"},
+        {2147483648.5L, -1, -1, "2147483648"},
+        {-9e18L, -1, -1, "-9000000000000000000"},
+        {1e20L, -1, -1, "1E20"},
+        {infinity, -1, -1, "INF"},
+        {-infinity, 3, 3, "-INF"},
+        {std::numeric_limits<long double>::quiet_NaN(), -1, 0, "NAN"},
+        {1.5L, -7, -7, "1.5"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(this->Measure(c.value, c.precision, c.digits), this->T(c.expected)) << c.value;
+    }
+    Sysutils::DecimalSeparator = u',';
+    EXPECT_EQ(this->Measure(1.5L, -1, -1), this->T("1,5"));
+    EXPECT_EQ(this->Measure(10, -1, -1), this->T("10,0"));
+    EXPECT_FALSE(
+        this->Measure(1.5L, std::numeric_limits<int>::max(), std::numeric_limits<int>::max()).IsEmpty());
+}
+
+TYPED_TEST(LimitsTest, ShowsRangesOfValues)
+{
+    const TypeParam unit = this->T("V");
+    const struct
+    {
+        double upper;
+        double lower;
+        const char* expected;
+    } cases[] = {
+        {5, 0, " <= 5.0"},     {0, 5, " >= 5.0"},         {1, 9, "1.0 ... 9.0"},
+        {9, 1, "1.0 ... 9.0"}, {5, 5, " = 5.0"},          {0, 0, ""},
+        {0, -5, " >= -5.0"},   {-1, -9, "-9.0 ... -1.0"}, {2000000, 1, "1.0 ... 2000000"},
+    };
+    for (const auto& c : cases) {
+        const TypeParam expected = this->T(c.expected);
+        EXPECT_EQ(this->Limits(c.upper, c.lower), expected) << c.expected;
+        EXPECT_EQ(this->Limits(c.upper, c.lower, &unit),
+                  expected.IsEmpty() ? expected : expected + this->T(" V"))
+            << c.expected;
+    }
+}
+
+TYPED_TEST(LimitsTest, ShowsRangesOfTimes)
+{
+    const double noon = 0.5;
+    const double evening = 0.75;
+    EXPECT_EQ(this->TimeLimits(evening, noon), this->T("12:00:00 ... 18:00:00"));
+    EXPECT_EQ(this->TimeLimits(noon, evening), this->T("12:00:00 ... 18:00:00"));
+    EXPECT_EQ(this->TimeLimits(noon, 0), this->T(" <= 12:00:00"));
+    EXPECT_EQ(this->TimeLimits(0, noon), this->T(" >= 12:00:00"));
+    EXPECT_EQ(this->TimeLimits(44000.5, 44000.5), this->T(" = 12:00:00"));
+    const TypeParam unit = this->T("h");
+    EXPECT_EQ(this->TimeLimits(noon, 0, &unit), this->T(" <= 12:00:00 h"));
+    EXPECT_TRUE(this->TimeLimits(0, 0, &unit).IsEmpty());
+    EXPECT_EQ(this->TimeLimits(std::numeric_limits<double>::quiet_NaN(), 0), this->T(" <= 00:00:00"));
+}
+
+TYPED_TEST(LimitsTest, ShowsRangesOfTexts)
+{
+    const struct
+    {
+        const char* upper;
+        const char* lower;
+        const char* expected;
+    } cases[] = {
+        {"0", "0", ""},
+        {"5", "0", "0 ... 5"},
+        {"0", "5", "5 ... 0"},
+        {" 9 ", " 1,5 ", "1,5 ... 9"},
+        {"5", "", "<= 5"},
+        {"", "5", ">= 5"},
+        {"0", "", "<= 0"},
+        {"", "", ""},
+        {"x", "", ""},
+        {"", "x", ""},
+        {"5", "x", ""},
+        {"x", "5", ""},
+        {"0.0", "0", "0 ... 0.0"},
+        {"  ", "7", ">= 7"},
+        {"1e999", "", ""},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(BTL::GetLimitText(this->T(c.upper), this->T(c.lower)), this->T(c.expected))
+            << c.upper << '|' << c.lower;
+    }
+}
+
+} // namespace

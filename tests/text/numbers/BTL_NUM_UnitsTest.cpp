@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "text/numbers/BTL_NUM_Units.h"
+
+#include "platform/base/Sysutils_Locale.h"
+#include "support/FormatSettingsGuard.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace
+{
+
+using System::AnsiString;
+using System::UnicodeString;
+
+template <class S>
+class UnitsTest : public testing::Test
+{
+protected:
+    /// `text` in the width under test.
+    static S T(const char* text) { return S(text); }
+
+private:
+    Support::FormatSettingsGuard mGuard;
+};
+
+using Widths = testing::Types<UnicodeString, AnsiString>;
+TYPED_TEST_SUITE(UnitsTest, Widths);
+
+TYPED_TEST(UnitsTest, KnowsPrefixesByTheirFirstLetter)
+{
+    const struct
+    {
+        const char* unit;
+        double factor;
+    } cases[] = {
+        {"a", 1e-18},  {"fF", 1e-15}, {"ps", 1e-12}, {"nA", 1e-9}, {"\xB5m", 1e-6}, {" mV", 1e-3},
+        {"cm", 1e-2},  {"dm", 0.1},   {"d", 0.1},    {"dag", 10},  {"h", 100},      {"kV", 1000},
+        {"K", 1000},   {"MB", 1e6},   {"GHz", 1e9},  {"T", 1e12},  {"P", 1e15},     {"EV", 1e18},
+        {"mol", 1e-3}, {"Hz", 1},     {"", 1},       {"  ", 1},    {"A", 1},        {"u", 1},
+        {"D", 1},      {"1", 1},      {"\xE4", 1},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(BTL::GetUnitPrefixFactor(this->T(c.unit)), c.factor) << c.unit;
+    }
+}
+
+TYPED_TEST(UnitsTest, ReadsValuesWithUnits)
+{
+    const struct
+    {
+        const char* text;
+        bool expected;
+        double value;
+    } cases[] = {
+        {"1,5 kV", true, 1500},
+        {"1.5kV", true, 1500},
+        {"3 ms", true, 0.003},
+        {"abc", false, 0},
+        {"1e3 V", true, 1000},
+        {"U = -2 V", true, -2},
+        {"", false, 0},
+        {"5E-V", false, 0},
+        {"5", true, 5},
+        {"  5  ", true, 5},
+        {"7 \xB5"
+         "A",
+         true, 7e-6},
+        {"5 E", true, 5e18},
+        {"1e999 V", false, 0},
+        {"1.234,56 V", true, 1.234},
+    };
+    for (const System::WideChar separator : {u'.', u','}) {
+        Sysutils::DecimalSeparator = separator;
+        for (const auto& c : cases) {
+            double value = 4711;
+            EXPECT_EQ(BTL::ValueWithUnitToDouble(this->T(c.text), value), c.expected) << c.text;
+            EXPECT_DOUBLE_EQ(value, c.expected ? c.value : 4711) << c.text;
+            double other = 4711;
+            EXPECT_EQ(BTL::ValueWithUnitToDoble(this->T(c.text), other), c.expected) << c.text;
+            EXPECT_EQ(other, value) << c.text;
+            EXPECT_EQ(BTL::ValueWithUnitToDoubleDef(UnicodeString(this->T(c.text)), 4711), value) << c.text;
+        }
+    }
+    double value = 0;
+    EXPECT_TRUE(BTL::ValueWithUnitToDouble(this->T("1e308 kV"), value));
+    EXPECT_TRUE(std::isinf(value));
+}
+
+TEST(UnitFactorTest, DividesThePrefixes)
+{
+    EXPECT_DOUBLE_EQ(BTL::GetUnitFactor("kV", "mV"), 1e6);
+    EXPECT_DOUBLE_EQ(BTL::GetUnitFactor("V", "kV"), 1e-3);
+    EXPECT_DOUBLE_EQ(BTL::GetUnitFactor("", ""), 1);
+}
+
+} // namespace
