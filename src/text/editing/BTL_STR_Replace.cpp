@@ -185,7 +185,7 @@ AnsiString Exchange1stSubStr(const AnsiString& s, const AnsiString& oldText, con
 UnicodeString Exchange1stSubStrIC(const UnicodeString& s, const UnicodeString& oldText,
                                   const UnicodeString& newText, int maxLen)
 {
-    const int at = Detail::LowerInPlace(s).Pos(Detail::LowerInPlace(oldText));
+    const int at = Detail::LowerByCharacter(s).Pos(Detail::LowerByCharacter(oldText));
     return ExchangeAt(s, at, oldText.Length(), newText, maxLen);
 }
 

@@ -106,21 +106,21 @@ bool IsEnd(int place, const UnicodeString& s, const UnicodeString& sub)
 namespace Detail
 {
 
-UnicodeString UpperInPlace(UnicodeString s)
+UnicodeString UpperByCharacter(UnicodeString s)
 {
     WideChar* const text = s.UniqueData();
     std::transform(text, text + s.Length(), text, [](WideChar c) { return CharUpperW(c); });
     return s;
 }
 
-AnsiString UpperInPlace(AnsiString s)
+AnsiString UpperByCharacter(AnsiString s)
 {
     char* const text = s.UniqueData();
     std::transform(text, text + s.Length(), text, [](char c) { return CharUpperW(c); });
     return s;
 }
 
-UnicodeString LowerInPlace(UnicodeString s)
+UnicodeString LowerByCharacter(UnicodeString s)
 {
     WideChar* const text = s.UniqueData();
     std::transform(text, text + s.Length(), text, [](WideChar c) {
@@ -174,12 +174,12 @@ int Pos_N2(const AnsiString& s, char c)
 
 int PosIC(const UnicodeString& s, const UnicodeString& sub)
 {
-    return Detail::UpperInPlace(s).Pos(Detail::UpperInPlace(sub));
+    return Detail::UpperByCharacter(s).Pos(Detail::UpperByCharacter(sub));
 }
 
 int PosIC(const AnsiString& s, const AnsiString& sub)
 {
-    return Detail::UpperInPlace(s).Pos(Detail::UpperInPlace(sub));
+    return Detail::UpperByCharacter(s).Pos(Detail::UpperByCharacter(sub));
 }
 
 int CharRPos(const UnicodeString& s, WideChar c, int from)
@@ -204,12 +204,12 @@ int RPos(const AnsiString& s, const AnsiString& sub, int end)
 
 int RIPos(const UnicodeString& s, const UnicodeString& sub, int end)
 {
-    return FindLast(Detail::UpperInPlace(s), Detail::UpperInPlace(sub), end);
+    return FindLast(Detail::UpperByCharacter(s), Detail::UpperByCharacter(sub), end);
 }
 
 int RIPos(const AnsiString& s, const AnsiString& sub, int end)
 {
-    return FindLast(Detail::UpperInPlace(s), Detail::UpperInPlace(sub), end);
+    return FindLast(Detail::UpperByCharacter(s), Detail::UpperByCharacter(sub), end);
 }
 
 bool BeginsWith(const UnicodeString& s, const UnicodeString& sub, int at)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "text/editing/BTL_STR_String.h"
 
+#include "platform/base/internal/System_Ascii.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 
 #include <algorithm>
@@ -17,23 +18,15 @@ namespace
 
 using System::AnsiString;
 using System::UnicodeString;
+using System::Detail::IsAsciiDigit;
+using System::Detail::IsAsciiSpace;
 
 using Traits = std::istream::traits_type;
-
-bool IsBlank(Traits::int_type c)
-{
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
-bool IsDigit(Traits::int_type c)
-{
-    return c >= '0' && c <= '9';
-}
 
 /// By hand: a stream reads numbers by the digit groups of its locale and in its base.
 int ReadSize(std::istream& stream)
 {
-    while (IsBlank(stream.peek())) {
+    while (IsAsciiSpace(stream.peek())) {
         stream.get();
     }
     const bool isNegative = stream.peek() == '-';
@@ -43,7 +36,7 @@ int ReadSize(std::istream& stream)
     constexpr System::Int64 bound = System::Int64{INT_MAX} + 1;
     System::Int64 size = 0;
     bool isNumber = false;
-    for (; IsDigit(stream.peek()); isNumber = true) {
+    for (; IsAsciiDigit(stream.peek()); isNumber = true) {
         size = std::min(size * 10 + (stream.get() - '0'), bound);
     }
     if (!isNumber || (size == bound && !isNegative)) {

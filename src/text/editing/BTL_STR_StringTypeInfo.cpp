@@ -7,12 +7,19 @@
 namespace BTL
 {
 
+namespace
+{
+
+constexpr UTL::CFaultPlace NoSuchProperty{"BTL_STR_StringTypeInfo", 48};
+
+} // namespace
+
 const Typinfo::TTypeInfo* StringTypeInfo(System::TMetaClass* classRef, const System::UnicodeString& name)
 {
     const Typinfo::TPropInfo* property = classRef == nullptr ? nullptr : Typinfo::GetPropInfo(classRef, name);
     const Typinfo::TTypeInfo* type = property == nullptr ? nullptr : property->getPropType();
     if (type == nullptr) {
-        UTL::THROW_XAssert("", "BTL_STR_StringTypeInfo", 48);
+        UTL::THROW_XAssert(NoSuchProperty);
     }
     return type;
 }

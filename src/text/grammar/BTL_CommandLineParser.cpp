@@ -23,14 +23,14 @@ using System::WideChar;
 constexpr WideChar Quote = u'"';
 constexpr WideChar EqualSign = u'=';
 
-bool IsBlank(WideChar c)
+bool IsUnicodeSpace(WideChar c)
 {
     return Character::TCharacter::IsWhiteSpace(c);
 }
 
 bool EndsArgument(WideChar c)
 {
-    return c == Quote || c == EqualSign || IsBlank(c);
+    return c == Quote || c == EqualSign || IsUnicodeSpace(c);
 }
 
 /// The 0-based index of the 1-based `position`; the length if it lies outside.
@@ -93,7 +93,7 @@ void CCommandLineParser::Parse(const UnicodeString& text)
         } else if (c == EqualSign) {
             Add(EqualSign);
             ++position;
-        } else if (IsBlank(c)) {
+        } else if (IsUnicodeSpace(c)) {
             ++position;
         } else {
             position = ParserArg(mText, position);

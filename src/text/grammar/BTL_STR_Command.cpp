@@ -17,8 +17,9 @@ using System::AnsiString;
 using System::UnicodeString;
 using System::WideChar;
 
+/// The space and every code below it, zero among them.
 template <class Char>
-bool IsBlank(Char c)
+bool IsCodeUpToSpace(Char c)
 {
     return static_cast<std::make_unsigned_t<Char>>(c) <= 32;
 }
@@ -79,11 +80,11 @@ std::size_t FindOpen(View text, std::size_t at, bool skipBlanks, Char open)
         return std::min(text.find(open, at), std::max(text.size(), at));
     }
     const std::size_t start = at;
-    while (at < text.size() && IsBlank(text[at])) {
+    while (at < text.size() && IsCodeUpToSpace(text[at])) {
         ++at;
     }
     // An `open` that is a blank itself was skipped too.
-    return IsBlank(open) && at > start ? at - 1 : at;
+    return IsCodeUpToSpace(open) && at > start ? at - 1 : at;
 }
 
 /// The place of the `close` that belongs to the piece, or the end of the text.

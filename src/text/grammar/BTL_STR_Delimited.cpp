@@ -48,9 +48,9 @@ S JoinPlain(TStrings* strings, typename S::CharType delim)
     return Join<S>(strings, delim, [](const S& line) { return line; });
 }
 
-/// A zero is no blank: it is text, so that nothing of the input is lost.
+/// The space and every code below it but zero: that is text, so that nothing of the input is lost.
 template <class Char>
-bool IsBlank(Char c)
+bool IsNonZeroUpToSpace(Char c)
 {
     const auto code = static_cast<std::make_unsigned_t<Char>>(c);
     return code >= 1 && code <= 32;
@@ -59,7 +59,8 @@ bool IsBlank(Char c)
 template <class View>
 void SkipBlanks(View& rest)
 {
-    const auto text = std::find_if_not(rest.begin(), rest.end(), [](auto c) { return IsBlank(c); });
+    const auto text =
+        std::find_if_not(rest.begin(), rest.end(), [](auto c) { return IsNonZeroUpToSpace(c); });
     rest.remove_prefix(static_cast<std::size_t>(text - rest.begin()));
 }
 
@@ -69,8 +70,8 @@ S TakeItem(typename S::View& rest, typename S::CharType delim, typename S::CharT
     if (quote != 0 && rest.front() == quote) {
         return Sysutils::AnsiExtractQuotedStr(rest, quote);
     }
-    const auto end =
-        std::find_if(rest.begin(), rest.end(), [delim](auto c) { return IsBlank(c) || c == delim; });
+    const auto end = std::find_if(rest.begin(), rest.end(),
+                                  [delim](auto c) { return IsNonZeroUpToSpace(c) || c == delim; });
     const auto length = static_cast<std::size_t>(end - rest.begin());
     S item(rest.substr(0, length));
     rest.remove_prefix(length);

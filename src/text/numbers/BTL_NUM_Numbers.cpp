@@ -3,6 +3,7 @@
 
 #include "foundation/UTL_Links.h"
 #include "platform/base/dates/Sysutils_Date.h"
+#include "platform/base/internal/System_Ascii.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "text/numbers/Pasu_stringtointeger.h"
 #include "text/numbers/internal/BTL_NUM_ActiveSeparator.h"
@@ -23,6 +24,8 @@ using System::Int64;
 using System::UInt64;
 using System::UnicodeString;
 using System::WideChar;
+using System::Detail::AsciiHexValue;
+using System::Detail::IsAsciiDigit;
 
 namespace
 {
@@ -31,20 +34,14 @@ template <class Char>
 using View = std::basic_string_view<Char>;
 
 template <class Char>
-constexpr bool IsDigit(Char c)
-{
-    return c >= '0' && c <= '9';
-}
-
-template <class Char>
-constexpr bool IsSign(Char c)
+constexpr bool IsPlusOrMinus(Char c)
 {
     return c == '+' || c == '-';
 }
 
 /// White space by Unicode; the narrow form knows what of it the code page has.
 template <class Char>
-constexpr bool IsSpace(Char character)
+constexpr bool IsUnicodeSpace(Char character)
 {
     const unsigned c = static_cast<std::make_unsigned_t<Char>>(character);
     if (c < 256) {
@@ -54,24 +51,11 @@ constexpr bool IsSpace(Char character)
            c == 0x205F || c == 0x3000;
 }
 
-/// The value of a hexadecimal digit, -1 for any other character.
-template <class Char>
-constexpr int HexDigit(Char c)
-{
-    if (IsDigit(c)) {
-        return static_cast<int>(c - '0');
-    }
-    if (c >= 'a' && c <= 'f') {
-        return static_cast<int>(c - 'a') + 10;
-    }
-    return c >= 'A' && c <= 'F' ? static_cast<int>(c - 'A') + 10 : -1;
-}
-
 template <class Char>
 std::size_t CountDigits(View<Char> text, std::size_t from)
 {
     const auto rest = text.substr(std::min(from, text.size()));
-    const auto end = std::find_if_not(rest.begin(), rest.end(), &IsDigit<Char>);
+    const auto end = std::find_if_not(rest.begin(), rest.end(), &IsAsciiDigit<Char>);
     return static_cast<std::size_t>(end - rest.begin());
 }
 
@@ -79,19 +63,19 @@ std::size_t CountDigits(View<Char> text, std::size_t from)
 template <class Int, class Char>
 std::optional<Int> ReadStart(View<Char> text)
 {
-    text.remove_prefix(
-        static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), &IsSpace<Char>) - text.begin()));
+    text.remove_prefix(static_cast<std::size_t>(
+        std::find_if_not(text.begin(), text.end(), &IsUnicodeSpace<Char>) - text.begin()));
     bool negative = false;
-    if (std::is_signed_v<Int> && !text.empty() && IsSign(text.front())) {
+    if (std::is_signed_v<Int> && !text.empty() && IsPlusOrMinus(text.front())) {
         negative = text.front() == '-';
         text.remove_prefix(1);
     }
-    if (text.empty() || !IsDigit(text.front())) {
+    if (text.empty() || !IsAsciiDigit(text.front())) {
         return std::nullopt;
     }
     Int value = 0;
     for (const Char c : text) {
-        if (!IsDigit(c)) {
+        if (!IsAsciiDigit(c)) {
             break;
         }
         const auto digit = static_cast<Int>(c - '0');
@@ -117,23 +101,23 @@ bool ReadStartInto(View<Char> text, Int& value)
 template <class Char>
 std::optional<int> ReadHex(View<Char> text)
 {
-    text.remove_prefix(
-        static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), &IsSpace<Char>) - text.begin()));
+    text.remove_prefix(static_cast<std::size_t>(
+        std::find_if_not(text.begin(), text.end(), &IsUnicodeSpace<Char>) - text.begin()));
     bool negative = false;
-    if (!text.empty() && IsSign(text.front())) {
+    if (!text.empty() && IsPlusOrMinus(text.front())) {
         negative = text.front() == '-';
         text.remove_prefix(1);
     }
     if (text.size() >= 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X')) {
         text.remove_prefix(2);
     }
-    if (text.empty() || HexDigit(text.front()) < 0) {
+    if (text.empty() || AsciiHexValue(text.front()) < 0) {
         return std::nullopt;
     }
     constexpr UInt64 limit = std::numeric_limits<unsigned>::max();
     UInt64 value = 0;
     for (const Char c : text) {
-        const int digit = HexDigit(c);
+        const int digit = AsciiHexValue(c);
         if (digit < 0) {
             break;
         }
@@ -170,7 +154,7 @@ using StringOf = std::conditional_t<std::is_same_v<Char, char>, AnsiString, Unic
 
 /// What the run-time library is to read. It is made wide first, where any separator has its place.
 template <class S>
-UnicodeString NumberText(const S& text, WideChar separator = Sysutils::DecimalSeparator)
+UnicodeString WideNumberText(const S& text, WideChar separator = Sysutils::DecimalSeparator)
 {
     return SetDecimalSeparator(UnicodeString(text), separator).Trim();
 }
@@ -183,7 +167,7 @@ bool DoubleInto(View<Char> text, WideChar separator, double& value)
     std::array<WideChar, 32> plain;
     const auto isPlain = [](Char c) { return c > 32 && c < 127; };
     if (text.size() > plain.size() || !std::all_of(text.begin(), text.end(), isPlain)) {
-        const UnicodeString number = NumberText(StringOf<Char>(text), separator);
+        const UnicodeString number = WideNumberText(StringOf<Char>(text), separator);
         return Sysutils::BufferToFloat(number.AsView(), separator, value);
     }
     WideChar* const end = std::copy(text.begin(), text.end(), plain.begin());
@@ -213,7 +197,7 @@ bool IsDoubleOf(const S& text)
 template <class S>
 double DoubleOf(const S& text)
 {
-    return Sysutils::StrToFloat(NumberText(text));
+    return Sysutils::StrToFloat(WideNumberText(text));
 }
 
 double DoubleOrTimeOf(const UnicodeString& text)
@@ -263,7 +247,7 @@ S TrimmedFloat(const S& text)
 template <class S>
 bool BeginsNumber(typename S::CharType c)
 {
-    return IsDigit(c) || c == Detail::ActiveSeparator<S>();
+    return IsAsciiDigit(c) || c == Detail::ActiveSeparator<S>();
 }
 
 template <class S>
@@ -305,10 +289,10 @@ struct TPiece
 
 TPiece FindInteger(std::u16string_view text)
 {
-    const auto first = std::find_if(text.begin(), text.end(), &IsDigit<WideChar>);
+    const auto first = std::find_if(text.begin(), text.end(), &IsAsciiDigit<WideChar>);
     const auto start = static_cast<std::size_t>(first - text.begin());
     const std::size_t digits = CountDigits(text, start);
-    if (digits != 0 && start > 0 && IsSign(text[start - 1])) {
+    if (digits != 0 && start > 0 && IsPlusOrMinus(text[start - 1])) {
         return {start - 1, digits + 1};
     }
     return {start, digits};
@@ -330,7 +314,7 @@ std::size_t ExponentLength(std::u16string_view text, std::size_t at)
     if (at >= text.size() || (text[at] != 'E' && text[at] != 'e')) {
         return 0;
     }
-    const std::size_t sign = at + 1 < text.size() && IsSign(text[at + 1]) ? 1 : 0;
+    const std::size_t sign = at + 1 < text.size() && IsPlusOrMinus(text[at + 1]) ? 1 : 0;
     const std::size_t digits = CountDigits(text, at + 1 + sign);
     if (sign + digits == 0) {
         return 0;

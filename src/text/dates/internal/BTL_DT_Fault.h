@@ -6,10 +6,12 @@
 namespace BTL::Detail
 {
 
+constexpr UTL::CFaultPlace DateBeyondCalendar{"BTL_DateTimeUtilities", 250};
+
 /// The fault of a date that no correct caller passes. Comes back if the user lets it pass.
 inline void FaultOnDate()
 {
-    UTL::THROW_XAssert("", "BTL_DateTimeUtilities", 250);
+    UTL::THROW_XAssert(DateBeyondCalendar);
 }
 
 } // namespace BTL::Detail

@@ -6,9 +6,9 @@
 namespace BTL::Detail
 {
 
-/// Case mapped character by character, so that each stays in its place.
-System::UnicodeString UpperInPlace(System::UnicodeString s);
-System::AnsiString UpperInPlace(System::AnsiString s);
-System::UnicodeString LowerInPlace(System::UnicodeString s);
+/// A copy with the case mapped character by character, so that each keeps its place and the length stays.
+[[nodiscard]] System::UnicodeString UpperByCharacter(System::UnicodeString s);
+[[nodiscard]] System::AnsiString UpperByCharacter(System::AnsiString s);
+[[nodiscard]] System::UnicodeString LowerByCharacter(System::UnicodeString s);
 
 } // namespace BTL::Detail
