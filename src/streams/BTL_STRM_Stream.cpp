@@ -23,6 +23,8 @@ using System::Word;
 
 static_assert(std::endian::native == std::endian::little, "numbers are stored as they are in memory");
 
+constexpr UTL::CFaultPlace NullStreamInSearch{"BTL_STRM_Stream.cpp", 520};
+
 constexpr std::string_view LineEnd = "\r\n";
 
 Word ShareWord(EFileShareMode share)
@@ -135,7 +137,7 @@ Classes::TFileStream* CreateFileStream(const UnicodeString& path, EFileOpenMode 
 Int64 Search(const AnsiString& text, TStream* stream, int start)
 {
     if (stream == nullptr) {
-        UTL::THROW_XAssert("", "BTL_STRM_Stream.cpp", 520);
+        UTL::THROW_XAssert(NullStreamInSearch);
         return -1;
     }
     if (start >= 0) {
