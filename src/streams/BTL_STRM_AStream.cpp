@@ -6,6 +6,7 @@
 #include "platform/runtime/classes/internal/Classes_Position.h"
 #include "streams/internal/BTL_STRM_Scan.h"
 
+#include <algorithm>
 #include <array>
 
 namespace BTL

@@ -5,6 +5,7 @@
 #include "foundation/UTL_STR_Utilities.h"
 #include "streams/internal/BTL_STRM_Scan.h"
 
+#include <algorithm>
 #include <bit>
 #include <climits>
 #include <functional>

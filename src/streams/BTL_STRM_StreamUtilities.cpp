@@ -8,6 +8,7 @@
 #include "platform/runtime/sysutils/Character.h"
 #include "streams/internal/BTL_STRM_Scan.h"
 
+#include <algorithm>
 #include <array>
 #include <bitset>
 #include <climits>

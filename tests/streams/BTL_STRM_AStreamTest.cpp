@@ -7,6 +7,7 @@
 #include "streams/StreamStateSupport.h"
 #include "support/ScriptedBoxes.h"
 
+#include <algorithm>
 #include <span>
 
 #include <gtest/gtest.h>

@@ -5,6 +5,7 @@
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
+#include <memory>
 
 using System::AnsiString;
 using System::UnicodeString;

@@ -6,6 +6,7 @@
 #include "streams/StreamStateSupport.h"
 #include "support/FormatSettingsGuard.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using BTL::CInStream;

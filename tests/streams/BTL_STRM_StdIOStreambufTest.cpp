@@ -8,6 +8,7 @@
 #include "support/ScriptedBoxes.h"
 #include "support/TempFolder.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using BTL::CStdInStream;

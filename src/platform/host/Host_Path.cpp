@@ -4,6 +4,7 @@
 #include "platform/host/Host_Error.h"
 #include "platform/host/internal/Host_PathText.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <memory>

@@ -6,6 +6,7 @@
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace Classes
 {

@@ -5,6 +5,7 @@
 #include "platform/runtime/typinfo/Typinfo.h"
 
 #include <gmock/gmock.h>
+#include <memory>
 
 using namespace Classes;
 using System::ClassOf;

@@ -6,6 +6,7 @@
 #include "platform/host/Host_File.h"
 #include "support/TempFolder.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include <climits>
