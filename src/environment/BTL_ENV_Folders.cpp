@@ -2,6 +2,7 @@
 #include "environment/BTL_ENV_Folders.h"
 
 #include "foundation/UTL_Links.h"
+#include "platform/host/internal/Host_PathText.h"
 #include "platform/runtime/sysutils/Ioutils.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"
 #include "platform/visual/Forms.h"
@@ -17,14 +18,9 @@ namespace
 
 using System::UnicodeString;
 
-bool IsSeparator(System::WideChar c)
-{
-    return c == u'\\' || c == u'/';
-}
-
 bool EndsWithSeparator(const UnicodeString& path)
 {
-    return !path.IsEmpty() && IsSeparator(path.AsView().back());
+    return !path.IsEmpty() && Sysutils::Detail::IsPathSeparator(path.AsView().back());
 }
 
 UnicodeString WorkOutRootPath()

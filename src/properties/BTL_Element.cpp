@@ -9,11 +9,16 @@ namespace BTL
 namespace
 {
 
-/// `condition`, or an internal fault of this unit.
-bool Check(bool condition, int line)
+constexpr UTL::CFaultPlace NoSuchElement{"BTL_Element", 41};
+constexpr UTL::CFaultPlace EmptyName{"BTL_Element", 53};
+constexpr UTL::CFaultPlace NameIsTaken{"BTL_Element", 53};
+constexpr UTL::CFaultPlace AddsNoElement{"BTL_Element", 54};
+
+/// `condition`, or an internal fault at `place`.
+bool Check(bool condition, const UTL::CFaultPlace& place)
 {
     if (!condition) {
-        UTL::THROW_XAssert("", "BTL_Element", line);
+        UTL::THROW_XAssert(place);
     }
     return condition;
 }
@@ -38,7 +43,7 @@ void CElementVector::AddElement(AElement* element)
 
 AElement* CElementVector::operator[](int i) const
 {
-    if (!Check(i >= 0 && i < GetCount(), __LINE__)) {
+    if (!Check(i >= 0 && i < GetCount(), NoSuchElement)) {
         return nullptr;
     }
     return mElements[static_cast<std::size_t>(i)].get();
@@ -50,8 +55,8 @@ CElementMap::~CElementMap() = default;
 
 void CElementMap::AddElement(const System::UnicodeString& name, AElement* element)
 {
-    if (Check(!name.IsEmpty(), __LINE__) && Check(!mElements.contains(name), __LINE__) &&
-        Check(element != nullptr, __LINE__)) {
+    if (Check(!name.IsEmpty(), EmptyName) && Check(!mElements.contains(name), NameIsTaken) &&
+        Check(element != nullptr, AddsNoElement)) {
         mElements[name].reset(element);
     }
 }

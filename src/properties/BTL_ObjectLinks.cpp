@@ -11,10 +11,14 @@ namespace BTL
 namespace
 {
 
-bool CheckLink(const AObjectLink* link, int line)
+constexpr UTL::CFaultPlace AddsNoLink{"BTL_ObjectLinks", 38};
+constexpr UTL::CFaultPlace RemovesNoLink{"BTL_ObjectLinks", 50};
+
+/// Whether there is a link; none is an internal fault.
+bool CheckLink(const AObjectLink* link, const UTL::CFaultPlace& place)
 {
     if (link == nullptr) {
-        UTL::THROW_XAssert("", "BTL_ObjectLinks", line);
+        UTL::THROW_XAssert(place);
     }
     return link != nullptr;
 }
@@ -35,7 +39,7 @@ CObjectLinks::~CObjectLinks()
 
 void CObjectLinks::Add(AObjectLink* link)
 {
-    if (!CheckLink(link, __LINE__) || link->mLinks == this) {
+    if (!CheckLink(link, AddsNoLink) || link->mLinks == this) {
         return;
     }
     mLinks->insert(link);
@@ -47,7 +51,7 @@ void CObjectLinks::Add(AObjectLink* link)
 
 void CObjectLinks::Remove(AObjectLink* link)
 {
-    if (CheckLink(link, __LINE__) && mLinks->erase(link) != 0) {
+    if (CheckLink(link, RemovesNoLink) && mLinks->erase(link) != 0) {
         link->mLinks = nullptr;
     }
 }

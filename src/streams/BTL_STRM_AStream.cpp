@@ -6,6 +6,7 @@
 #include "platform/runtime/classes/internal/Classes_Position.h"
 #include "streams/internal/BTL_STRM_Scan.h"
 
+#include <algorithm>
 #include <array>
 
 namespace BTL
@@ -22,7 +23,11 @@ using System::UInt64;
 using System::UnicodeString;
 using System::WideChar;
 
-bool IsWhiteSpace(char c)
+constexpr UTL::CFaultPlace NullStream{"BTL_STRM_AStream.cpp", 28};
+constexpr UTL::CFaultPlace SurplusRelease{"BTL_STRM_AStream.cpp", 140};
+
+/// The codes are signed: the bytes from 128 on count too.
+bool IsAtMostBlank(char c)
 {
     return static_cast<signed char>(c) <= 32;
 }
@@ -43,7 +48,7 @@ enum class EByteUse
 TStream* Checked(TStream* stream)
 {
     if (stream == nullptr) {
-        UTL::THROW_XAssert("", "BTL_STRM_AStream.cpp", 28);
+        UTL::THROW_XAssert(NullStream);
         return new Classes::TMemoryStream;
     }
     return stream;
@@ -76,7 +81,7 @@ AStream::~AStream()
 void AStream::Release()
 {
     if (mReferences < 0) {
-        UTL::THROW_XAssert("Unexpected AStream release.", "BTL_STRM_AStream.cpp", 140);
+        UTL::THROW_XAssert(SurplusRelease, "Unexpected AStream release.");
     }
     if (--mReferences == 0) {
         delete this;
@@ -135,7 +140,7 @@ void AStream::DoSkipWhiteSpaces()
             if (window.empty()) {
                 break;
             }
-            const auto* const end = std::find_if_not(window.begin(), window.end(), IsWhiteSpace);
+            const auto* const end = std::find_if_not(window.begin(), window.end(), IsAtMostBlank);
             if (end != window.begin()) {
                 mStream->Seek(end - window.begin(), Classes::soCurrent);
             }
@@ -145,7 +150,7 @@ void AStream::DoSkipWhiteSpaces()
         }
         const Int64 size = good() ? mStream->getSize() : 0;
         while (good() && mStream->getPosition() < size) {
-            if (!IsWhiteSpace(DoReadChar())) {
+            if (!IsAtMostBlank(DoReadChar())) {
                 mStream->Seek(-1, Classes::soCurrent);
                 return;
             }
@@ -299,7 +304,7 @@ void AStream::ReadWhile(Find findEnd, AnsiString& text)
 
 void AStream::DoReadTillWS(AnsiString& text)
 {
-    ReadWhile(Detail::FindIf{IsWhiteSpace}, text);
+    ReadWhile(Detail::FindIf{IsAtMostBlank}, text);
 }
 
 void AStream::DoReadNumStr(AnsiString& text)

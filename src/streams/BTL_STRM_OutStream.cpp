@@ -5,6 +5,7 @@
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "streams/internal/BTL_STRM_Scan.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdint>

@@ -17,6 +17,11 @@ namespace
 {
 
 constexpr const char* Source = "BTL_STRM_StdIOStreambuf";
+constexpr UTL::CFaultPlace NullStream{Source, 48};
+constexpr UTL::CFaultPlace Assigned{Source, 55};
+constexpr UTL::CFaultPlace SurplusRelease{Source, 63};
+constexpr UTL::CFaultPlace WrongPlaceInBuffer{Source, 268};
+constexpr UTL::CFaultPlace StreamMoved{Source, 305};
 
 /// What takes the place of a null stream.
 std::shared_ptr<TStream> EmptyFor(const TStream* stream)
@@ -24,7 +29,7 @@ std::shared_ptr<TStream> EmptyFor(const TStream* stream)
     if (stream != nullptr) {
         return nullptr;
     }
-    UTL::THROW_XAssert("", Source, 48);
+    UTL::THROW_XAssert(NullStream);
     return std::make_shared<Classes::TMemoryStream>();
 }
 
@@ -44,7 +49,7 @@ AStdStreambuf::AStdStreambuf(const AStdStreambuf& other) : AStdStreambuf(other.m
 
 AStdStreambuf& AStdStreambuf::operator=(const AStdStreambuf& /*other*/)
 {
-    UTL::THROW_XAssert("Unexpected 'AStdStreambuf::operator =' call.", Source, 55);
+    UTL::THROW_XAssert(Assigned, "Unexpected 'AStdStreambuf::operator =' call.");
     return *this;
 }
 
@@ -53,7 +58,7 @@ AStdStreambuf::~AStdStreambuf() = default;
 void AStdStreambuf::Release()
 {
     if (mReferences < 0) {
-        UTL::THROW_XAssert("Unexpected AStdStreambuf release", Source, 63);
+        UTL::THROW_XAssert(SurplusRelease, "Unexpected AStdStreambuf release");
     }
     if (--mReferences == 0) {
         delete this;
@@ -142,7 +147,7 @@ CStdInStreambuf::pos_type CStdInStreambuf::SetPosition(pos_type position)
         target <= current + (egptr() - gptr())) {
         setg(eback(), gptr() + (target - current), egptr());
         if (GetPosition() != position) {
-            UTL::THROW_XAssert("", Source, 268);
+            UTL::THROW_XAssert(WrongPlaceInBuffer);
         }
         return position;
     }
@@ -157,7 +162,7 @@ CStdInStreambuf::pos_type CStdInStreambuf::GetPosition() const
         return position;
     }
     if (position == 0) {
-        UTL::Warn("Unexpected Stream-Position", Source, 305);
+        UTL::Warn(StreamMoved, "Unexpected Stream-Position");
         return 0;
     }
     return position - (egptr() - gptr());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "streams/BTL_STRM_StdStreamUtilities.h"
 
+#include "platform/base/internal/System_Ascii.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "platform/host/Host_FileBuffer.h"
 #include "platform/host/Host_Path.h"
@@ -19,6 +20,7 @@ namespace BTL
 using System::AnsiString;
 using System::Int64;
 using System::UnicodeString;
+using System::Detail::IsAsciiDigit;
 
 namespace
 {
@@ -46,24 +48,19 @@ AnsiString ReadTextTo(StdInStream& stream, IsEnd isEnd)
     return text;
 }
 
-bool IsDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
 struct NumberText
 {
     AnsiString text;
     bool hasEnd;
 
-    bool HasDigit() const { return !text.IsEmpty() && IsDigit(*text.LastChar()); }
+    bool HasDigit() const { return !text.IsEmpty() && IsAsciiDigit(*text.LastChar()); }
 };
 
 NumberText ReadNumberText(StdInStream& stream)
 {
     AnsiString text;
     const auto end = ReadTo(
-        stream, [&](char c) { return !IsDigit(c) && !(c == '-' && text.IsEmpty()); },
+        stream, [&](char c) { return !IsAsciiDigit(c) && !(c == '-' && text.IsEmpty()); },
         [&](char c) { text += c; });
     return {text, end.has_value()};
 }

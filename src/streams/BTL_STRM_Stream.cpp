@@ -5,6 +5,7 @@
 #include "foundation/UTL_STR_Utilities.h"
 #include "streams/internal/BTL_STRM_Scan.h"
 
+#include <algorithm>
 #include <bit>
 #include <climits>
 #include <functional>
@@ -22,6 +23,8 @@ using System::UnicodeString;
 using System::Word;
 
 static_assert(std::endian::native == std::endian::little, "numbers are stored as they are in memory");
+
+constexpr UTL::CFaultPlace NullStreamInSearch{"BTL_STRM_Stream.cpp", 520};
 
 constexpr std::string_view LineEnd = "\r\n";
 
@@ -135,7 +138,7 @@ Classes::TFileStream* CreateFileStream(const UnicodeString& path, EFileOpenMode 
 Int64 Search(const AnsiString& text, TStream* stream, int start)
 {
     if (stream == nullptr) {
-        UTL::THROW_XAssert("", "BTL_STRM_Stream.cpp", 520);
+        UTL::THROW_XAssert(NullStreamInSearch);
         return -1;
     }
     if (start >= 0) {

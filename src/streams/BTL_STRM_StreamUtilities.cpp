@@ -2,11 +2,13 @@
 #include "streams/BTL_STRM_StreamUtilities.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
+#include "platform/base/internal/System_Ascii.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "platform/runtime/classes/internal/Classes_Position.h"
 #include "platform/runtime/sysutils/Character.h"
 #include "streams/internal/BTL_STRM_Scan.h"
 
+#include <algorithm>
 #include <array>
 #include <bitset>
 #include <climits>
@@ -24,15 +26,49 @@ using System::AnsiString;
 using System::Int64;
 using System::UnicodeString;
 using System::UTF8String;
+using System::Detail::IsAsciiDigit;
+
+/// The faults of a null stream, each by the operation that was given it.
+namespace NullStreamIn
+{
+
+constexpr const char* Source = "BTL_STRM_StreamUtilities.cpp";
+
+constexpr UTL::CFaultPlace Eof{Source, 31};
+constexpr UTL::CFaultPlace GetSize{Source, 38};
+constexpr UTL::CFaultPlace CountLines{Source, 45};
+constexpr UTL::CFaultPlace GetCurrStrLine{Source, 68};
+constexpr UTL::CFaultPlace ReadChar{Source, 78};
+constexpr UTL::CFaultPlace PeekChar{Source, 83};
+constexpr UTL::CFaultPlace SkipUntil{Source, 98};
+constexpr UTL::CFaultPlace SkipBytes{Source, 103};
+constexpr UTL::CFaultPlace SkipWhitespaces{Source, 110};
+constexpr UTL::CFaultPlace ReadStringUntil{Source, 120};
+constexpr UTL::CFaultPlace ReadUTF8StringUntil{Source, 125};
+constexpr UTL::CFaultPlace ReadStringUntil2{Source, 130};
+constexpr UTL::CFaultPlace ReadStringUntilText{Source, 135};
+constexpr UTL::CFaultPlace ReadBytes{Source, 155};
+constexpr UTL::CFaultPlace WriteString{Source, 160};
+constexpr UTL::CFaultPlace WriteUTF8String{Source, 170};
+constexpr UTL::CFaultPlace WriteEndOfLine{Source, 175};
+constexpr UTL::CFaultPlace ReadInteger{Source, 180};
+constexpr UTL::CFaultPlace ReadIntegerDef{Source, 185};
+constexpr UTL::CFaultPlace ReadIntegerUnget{Source, 190};
+constexpr UTL::CFaultPlace ReadInt64{Source, 195};
+constexpr UTL::CFaultPlace ReadInt64Def{Source, 200};
+constexpr UTL::CFaultPlace ReadInt64Unget{Source, 205};
+constexpr UTL::CFaultPlace LoadStringFromStream{Source, 215};
+
+} // namespace NullStreamIn
 
 /// The stream, or an empty one for a null pointer that the user lets pass.
 class CheckedStream
 {
 public:
-    CheckedStream(TStream* stream, int line) : mStream(stream)
+    CheckedStream(TStream* stream, const UTL::CFaultPlace& place) : mStream(stream)
     {
         if (stream == nullptr) {
-            UTL::THROW_XAssert("", "BTL_STRM_StreamUtilities.cpp", line);
+            UTL::THROW_XAssert(place);
             mEmpty = std::make_unique<Classes::TMemoryStream>();
             mStream = mEmpty.get();
         }
@@ -54,7 +90,8 @@ S ReadTextTo(TStream& stream, Find find)
     return text;
 }
 
-bool IsWhiteSpace(char c)
+/// By the rule of Unicode for the character that the byte is in the code page.
+bool IsUnicodeWhiteSpace(char c)
 {
     static const std::bitset<256> table = [] {
         std::bitset<256> result;
@@ -94,12 +131,12 @@ NumberText ReadNumberText(TStream& stream)
 {
     AnsiString text;
     const std::optional<char> first = Detail::ReadByte(stream);
-    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-    if (!first || (*first != '-' && !isDigit(*first))) {
+    if (!first || (*first != '-' && !IsAsciiDigit(*first))) {
         return {text, first.has_value()};
     }
     text = AnsiString(*first);
-    const auto end = Detail::ReadTo(stream, Detail::FindIf{std::not_fn(isDigit)}, Detail::AppendTo(text));
+    const auto end =
+        Detail::ReadTo(stream, Detail::FindIf{std::not_fn(IsAsciiDigit<char>)}, Detail::AppendTo(text));
     return {text, end.has_value()};
 }
 
@@ -122,18 +159,18 @@ void WriteBytes(TStream& stream, std::string_view bytes)
 
 bool Eof(TStream* stream)
 {
-    CheckedStream checked(stream, 31);
+    CheckedStream checked(stream, NullStreamIn::Eof);
     return Detail::AtEnd(*checked);
 }
 
 Int64 GetSize(TStream* stream)
 {
-    return CheckedStream(stream, 38)->getSize();
+    return CheckedStream(stream, NullStreamIn::GetSize)->getSize();
 }
 
 int CountLines(TStream* stream, Int64 limit)
 {
-    CheckedStream checked(stream, 45);
+    CheckedStream checked(stream, NullStreamIn::CountLines);
     checked->setPosition(0);
     Int64 left = limit < 0 ? INT_MAX : limit;
     Int64 count = 0;
@@ -151,7 +188,7 @@ int CountLines(TStream* stream, Int64 limit)
 
 AnsiString GetCurrStrLine(TStream* stream)
 {
-    CheckedStream checked(stream, 68);
+    CheckedStream checked(stream, NullStreamIn::GetCurrStrLine);
     const Int64 position = checked->getPosition();
     checked->setPosition(LineStart(*checked, std::min(position, checked->getSize())));
     AnsiString line = ReadLine(&*checked);
@@ -161,12 +198,12 @@ AnsiString GetCurrStrLine(TStream* stream)
 
 char ReadChar(TStream* stream)
 {
-    return Detail::ReadByte(*CheckedStream(stream, 78)).value_or('\0');
+    return Detail::ReadByte(*CheckedStream(stream, NullStreamIn::ReadChar)).value_or('\0');
 }
 
 char PeekChar(TStream* stream)
 {
-    CheckedStream checked(stream, 83);
+    CheckedStream checked(stream, NullStreamIn::PeekChar);
     const std::optional<char> c = Detail::ReadByte(*checked);
     if (c) {
         checked->Seek(-1, Classes::soCurrent);
@@ -181,12 +218,12 @@ void SkipLine(TStream* stream)
 
 void SkipUntil(TStream* stream, char c)
 {
-    Detail::ReadTo(*CheckedStream(stream, 98), Detail::FindByte{c}, Detail::Ignore);
+    Detail::ReadTo(*CheckedStream(stream, NullStreamIn::SkipUntil), Detail::FindByte{c}, Detail::Ignore);
 }
 
 void SkipBytes(TStream* stream, int count)
 {
-    CheckedStream checked(stream, 103);
+    CheckedStream checked(stream, NullStreamIn::SkipBytes);
     const Int64 position = checked->getPosition();
     const Int64 last = checked->getSize() - 1;
     const Int64 target = std::max(std::min(Classes::AddClamped(position, count), last), Int64{0});
@@ -195,7 +232,8 @@ void SkipBytes(TStream* stream, int count)
 
 void SkipWhitespaces(TStream* stream)
 {
-    Detail::ReadTo(*CheckedStream(stream, 110), Detail::FindIf{IsWhiteSpace}, Detail::Ignore);
+    Detail::ReadTo(*CheckedStream(stream, NullStreamIn::SkipWhitespaces), Detail::FindIf{IsUnicodeWhiteSpace},
+                   Detail::Ignore);
 }
 
 void ReadUntil(TStream* stream, char c)
@@ -205,22 +243,25 @@ void ReadUntil(TStream* stream, char c)
 
 AnsiString ReadStringUntil(TStream* stream, char delimiter)
 {
-    return ReadTextTo<AnsiString>(*CheckedStream(stream, 120), Detail::FindByte{delimiter});
+    return ReadTextTo<AnsiString>(*CheckedStream(stream, NullStreamIn::ReadStringUntil),
+                                  Detail::FindByte{delimiter});
 }
 
 UTF8String ReadUTF8StringUntil(TStream* stream, char delimiter)
 {
-    return ReadTextTo<UTF8String>(*CheckedStream(stream, 125), Detail::FindByte{delimiter});
+    return ReadTextTo<UTF8String>(*CheckedStream(stream, NullStreamIn::ReadUTF8StringUntil),
+                                  Detail::FindByte{delimiter});
 }
 
 AnsiString ReadStringUntil2(TStream* stream, char a, char b)
 {
-    return ReadTextTo<AnsiString>(*CheckedStream(stream, 130), Detail::FindEither{a, b});
+    return ReadTextTo<AnsiString>(*CheckedStream(stream, NullStreamIn::ReadStringUntil2),
+                                  Detail::FindEither{a, b});
 }
 
 AnsiString ReadStringUntil(TStream* stream, const AnsiString& text)
 {
-    CheckedStream checked(stream, 135);
+    CheckedStream checked(stream, NullStreamIn::ReadStringUntilText);
     AnsiString result;
     Detail::PatternScan scan(text.AsView());
     if (Detail::ReadTo(*checked, std::ref(scan), Detail::AppendTo(result))) {
@@ -239,12 +280,12 @@ AnsiString ReadLine(TStream* stream)
 
 AnsiString ReadBytes(TStream* stream, int count)
 {
-    return Detail::ReadUpTo(*CheckedStream(stream, 155), count);
+    return Detail::ReadUpTo(*CheckedStream(stream, NullStreamIn::ReadBytes), count);
 }
 
 void WriteString(TStream* stream, const AnsiString& text)
 {
-    WriteBytes(*CheckedStream(stream, 160), text.AsView());
+    WriteBytes(*CheckedStream(stream, NullStreamIn::WriteString), text.AsView());
 }
 
 void WriteAnsiString(TStream* stream, const AnsiString& text)
@@ -254,42 +295,46 @@ void WriteAnsiString(TStream* stream, const AnsiString& text)
 
 void WriteUTF8String(TStream* stream, const UTF8String& text)
 {
-    WriteBytes(*CheckedStream(stream, 170), text.AsView());
+    WriteBytes(*CheckedStream(stream, NullStreamIn::WriteUTF8String), text.AsView());
 }
 
 void WriteEndOfLine(TStream* stream)
 {
-    WriteBytes(*CheckedStream(stream, 175), "\r\n");
+    WriteBytes(*CheckedStream(stream, NullStreamIn::WriteEndOfLine), "\r\n");
 }
 
 int ReadInteger(TStream* stream)
 {
-    return Sysutils::StrToInt(ReadNumberText(*CheckedStream(stream, 180)).text);
+    return Sysutils::StrToInt(ReadNumberText(*CheckedStream(stream, NullStreamIn::ReadInteger)).text);
 }
 
 int ReadIntegerDef(TStream* stream, int defaultValue)
 {
-    return Sysutils::StrToIntDef(ReadNumberText(*CheckedStream(stream, 185)).text, defaultValue);
+    return Sysutils::StrToIntDef(ReadNumberText(*CheckedStream(stream, NullStreamIn::ReadIntegerDef)).text,
+                                 defaultValue);
 }
 
 int ReadIntegerUnget(TStream* stream, int defaultValue)
 {
-    return Sysutils::StrToIntDef(ReadNumberTextUnget(*CheckedStream(stream, 190)), defaultValue);
+    return Sysutils::StrToIntDef(ReadNumberTextUnget(*CheckedStream(stream, NullStreamIn::ReadIntegerUnget)),
+                                 defaultValue);
 }
 
 Int64 ReadInt64(TStream* stream)
 {
-    return Sysutils::StrToInt64(ReadNumberText(*CheckedStream(stream, 195)).text);
+    return Sysutils::StrToInt64(ReadNumberText(*CheckedStream(stream, NullStreamIn::ReadInt64)).text);
 }
 
 Int64 ReadInt64Def(TStream* stream, Int64 defaultValue)
 {
-    return Sysutils::StrToInt64Def(ReadNumberText(*CheckedStream(stream, 200)).text, defaultValue);
+    return Sysutils::StrToInt64Def(ReadNumberText(*CheckedStream(stream, NullStreamIn::ReadInt64Def)).text,
+                                   defaultValue);
 }
 
 Int64 ReadInt64Unget(TStream* stream, Int64 defaultValue)
 {
-    return Sysutils::StrToInt64Def(ReadNumberTextUnget(*CheckedStream(stream, 205)), defaultValue);
+    return Sysutils::StrToInt64Def(ReadNumberTextUnget(*CheckedStream(stream, NullStreamIn::ReadInt64Unget)),
+                                   defaultValue);
 }
 
 void SaveStringToStream(TStream* stream, const AnsiString& text)
@@ -299,7 +344,7 @@ void SaveStringToStream(TStream* stream, const AnsiString& text)
 
 AnsiString LoadStringFromStream(TStream* stream)
 {
-    CheckedStream checked(stream, 215);
+    CheckedStream checked(stream, NullStreamIn::LoadStringFromStream);
     const Int64 left = checked->getSize() - checked->getPosition();
     // The size of a pipe, or of a file that the host makes up while it is read, tells nothing.
     return Detail::ReadUpTo(*checked, left > 0 ? left : INT64_MAX);

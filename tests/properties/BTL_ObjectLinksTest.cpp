@@ -4,6 +4,7 @@
 #include "platform/toolkit/MessageBox.h"
 #include "support/ScriptedBoxes.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 #include <array>

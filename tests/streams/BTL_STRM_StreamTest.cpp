@@ -2,6 +2,7 @@
 #include "streams/BTL_STRM_Stream.h"
 #include "foundation/UTL_ASRT_Assert.h"
 #include "platform/toolkit/MessageBox.h"
+#include "streams/AnyStreamSupport.h"
 #include "streams/BTL_STRM_StreamUtilities.h"
 #include "support/ScriptedBoxes.h"
 #include "support/TempFolder.h"
@@ -11,87 +12,21 @@
 
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
 using Classes::TMemoryStream;
 using System::AnsiString;
 using System::Int64;
 using System::UnicodeString;
-using System::UTF8String;
 
 namespace
 {
 
-/// Every way in which a stream can come to its bytes: all in memory, from a file, or only by its own `Read`.
-class ReadOnlyByRead : public TMemoryStream
+class StreamTest : public Support::AnyStreamTest
 {
-public:
-    ~ReadOnlyByRead() override = default;
-    Int64 Read(void* buffer, Int64 count) override
-    {
-        return TMemoryStream::Read(buffer, std::min<Int64>(count, 2));
-    }
 };
 
-enum class EKind
-{
-    Memory,
-    File,
-    Handle,
-    Read
-};
+INSTANTIATE_TEST_SUITE_P(Kinds, StreamTest, Support::EveryStreamKind);
 
-class AnyStreamTest : public testing::TestWithParam<EKind>
-{
-protected:
-    Classes::TStream* With(std::string_view content)
-    {
-        auto stream = Make();
-        stream->WriteBuffer(content.data(), static_cast<Int64>(content.size()));
-        stream->setPosition(0);
-        mStreams.push_back(std::move(stream));
-        return mStreams.back().get();
-    }
-
-    /// What `read` gives on a stream, and where the position then is.
-    template <class Read>
-    auto After(std::string_view content, Read read)
-    {
-        Classes::TStream* const stream = With(content);
-        auto result = read(stream);
-        return std::pair(result, stream->getPosition());
-    }
-
-private:
-    std::unique_ptr<Classes::TStream> Make()
-    {
-        switch (GetParam()) {
-        case EKind::Memory:
-            return std::make_unique<TMemoryStream>();
-        case EKind::Read:
-            return std::make_unique<ReadOnlyByRead>();
-        default:
-            break;
-        }
-        const UnicodeString path =
-            System::FromUtf8((mFolder.Path() / std::to_string(mStreams.size())).string());
-        auto file = std::make_unique<Classes::TFileStream>(path, Classes::fmCreate);
-        if (GetParam() == EKind::Handle) {
-            auto handle = std::make_unique<Classes::THandleStream>(file->getHandle());
-            mStreams.push_back(std::move(file));
-            return handle;
-        }
-        return file;
-    }
-
-    Support::TempFolder mFolder;
-    std::vector<std::unique_ptr<Classes::TStream>> mStreams;
-};
-
-INSTANTIATE_TEST_SUITE_P(Kinds, AnyStreamTest,
-                         testing::Values(EKind::Memory, EKind::File, EKind::Handle, EKind::Read));
-
-TEST_P(AnyStreamTest, BinaryValuesAreLittleEndian)
+TEST_P(StreamTest, BinaryValuesAreLittleEndian)
 {
     Classes::TStream* const stream = With("");
     BTL::MStream binary(stream);
@@ -115,7 +50,7 @@ TEST_P(AnyStreamTest, BinaryValuesAreLittleEndian)
     EXPECT_THROW(binary.ReadChar(), Classes::EReadError);
 }
 
-TEST_P(AnyStreamTest, BytesComeAsArrays)
+TEST_P(StreamTest, BytesComeAsArrays)
 {
     using TBytes = System::DynamicArray<unsigned char>;
     Classes::TStream* const stream = With("");
@@ -129,7 +64,7 @@ TEST_P(AnyStreamTest, BytesComeAsArrays)
     EXPECT_TRUE(BTL::IsEqual(binary.ReadBytes(INT64_MAX), TBytes{255}));
 }
 
-TEST_P(AnyStreamTest, DamagedLengthsRaise)
+TEST_P(StreamTest, DamagedLengthsRaise)
 {
     for (const int length : {-1, INT_MIN, INT_MAX, 4}) {
         Classes::TStream* const stream = With("");
@@ -145,7 +80,7 @@ TEST_P(AnyStreamTest, DamagedLengthsRaise)
     EXPECT_THROW(binary.ReadBuffer(2), Classes::EReadError);
 }
 
-TEST_P(AnyStreamTest, AllIsReadAndReplaced)
+TEST_P(StreamTest, AllIsReadAndReplaced)
 {
     Classes::TStream* const stream = With("content");
     BTL::MStream binary(stream);
@@ -164,7 +99,7 @@ TEST_P(AnyStreamTest, AllIsReadAndReplaced)
     EXPECT_EQ(binary.ReadAll(), "xya\r\nb\r\n\r\n");
 }
 
-TEST_P(AnyStreamTest, LinesEndAtDelimitersAndLineFeeds)
+TEST_P(StreamTest, LinesEndAtDelimitersAndLineFeeds)
 {
     const struct
     {
@@ -192,7 +127,7 @@ TEST_P(AnyStreamTest, LinesEndAtDelimitersAndLineFeeds)
     EXPECT_EQ(BTL::MStream(With("ab,cd")).ReadUntil(','), "ab");
 }
 
-TEST_P(AnyStreamTest, WordsAreFoundWithTheirPlaces)
+TEST_P(StreamTest, WordsAreFoundWithTheirPlaces)
 {
     const struct
     {
@@ -222,7 +157,7 @@ TEST_P(AnyStreamTest, WordsAreFoundWithTheirPlaces)
     EXPECT_EQ(place, 1);
 }
 
-TEST_P(AnyStreamTest, CopiesUpToAMark)
+TEST_P(StreamTest, CopiesUpToAMark)
 {
     TMemoryStream target;
     BTL::MStream copy(&target);
@@ -248,7 +183,7 @@ TEST_P(AnyStreamTest, CopiesUpToAMark)
     EXPECT_THROW(copy.LoadTill(&target, 'a'), Classes::EReadError);
 }
 
-TEST_P(AnyStreamTest, SearchesFromAPlace)
+TEST_P(StreamTest, SearchesFromAPlace)
 {
     const struct
     {
@@ -273,91 +208,6 @@ TEST_P(AnyStreamTest, SearchesFromAPlace)
         const std::string content = std::string(place, 'a') + "aab" + std::string(9, 'a');
         EXPECT_EQ(BTL::Search("aaab", With(content), 0), static_cast<Int64>(place) - 1);
     }
-}
-
-TEST_P(AnyStreamTest, UtilitiesReadPieces)
-{
-    using Classes::TStream;
-    const auto until = [](const AnsiString& delimiter) {
-        return [=](TStream* stream) { return BTL::ReadStringUntil(stream, delimiter); };
-    };
-    const auto untilComma = [](TStream* stream) { return BTL::ReadStringUntil(stream, ','); };
-    const auto untilEither = [](TStream* stream) { return BTL::ReadStringUntil2(stream, ',', ';'); };
-    const auto line = [](TStream* stream) { return BTL::ReadLine(stream); };
-    const auto bytes = [](int count) {
-        return [=](TStream* stream) { return BTL::ReadBytes(stream, count); };
-    };
-    using TResult = std::pair<AnsiString, Int64>;
-    EXPECT_EQ(After("ab,cd", untilComma), TResult("ab", 3));
-    EXPECT_EQ(After("abcd", untilComma), TResult("abcd", 4));
-    EXPECT_EQ(After("ab;c,d", untilEither), TResult("ab", 3));
-    EXPECT_EQ(After("a--->b", until("-->")), TResult("a-", 5));
-    EXPECT_EQ(After("a--b", until("-->")), TResult("a--b", 4));
-    EXPECT_EQ(After("ab", until("")), TResult("ab", 2));
-    EXPECT_EQ(After("ab\r\ncd", line), TResult("ab", 4));
-    EXPECT_EQ(After("ab\rx\ncd", line), TResult("ab", 5));
-    EXPECT_EQ(After("ab\ncd", line), TResult("ab\ncd", 5));
-    EXPECT_EQ(After("abc", bytes(2)), TResult("ab", 2));
-    EXPECT_EQ(After("abc", bytes(INT_MAX)), TResult("abc", 3));
-    EXPECT_EQ(After("abc", bytes(-1)), TResult("", 0));
-    EXPECT_EQ(BTL::ReadUTF8StringUntil(With("\xC3\xA4,"), ','), UTF8String("\xC3\xA4"));
-    EXPECT_EQ(BTL::LoadStringFromStream(With("all")), "all");
-}
-
-TEST_P(AnyStreamTest, UtilitiesMoveThePosition)
-{
-    Classes::TStream* const stream = With("a b\nc;d\ne");
-    EXPECT_EQ(BTL::ReadChar(stream), 'a');
-    EXPECT_EQ(BTL::PeekChar(stream), ' ');
-    EXPECT_EQ(stream->getPosition(), 1);
-    BTL::SkipLine(stream);
-    EXPECT_EQ(stream->getPosition(), 4);
-    BTL::SkipUntil(stream, ';');
-    EXPECT_EQ(BTL::GetCurrStrLine(stream), "c;d\ne");
-    EXPECT_EQ(stream->getPosition(), 6);
-    BTL::SkipBytes(stream, -3);
-    EXPECT_EQ(stream->getPosition(), 3);
-    BTL::SkipBytes(stream, 100);
-    EXPECT_EQ(stream->getPosition(), 8);
-    BTL::SkipBytes(stream, -100);
-    EXPECT_EQ(stream->getPosition(), 0);
-    BTL::SkipWhitespaces(stream);
-    EXPECT_EQ(stream->getPosition(), 2);
-    BTL::ReadUntil(stream, 'x');
-    EXPECT_TRUE(BTL::Eof(stream));
-    EXPECT_EQ(BTL::ReadChar(stream), '\0');
-    EXPECT_EQ(BTL::PeekChar(stream), '\0');
-    EXPECT_EQ(BTL::CountLines(stream, -1), 2);
-    EXPECT_EQ(BTL::CountLines(stream, 4), 1);
-    EXPECT_EQ(stream->getPosition(), 4);
-    EXPECT_EQ(BTL::GetSize(stream), 9);
-
-    Classes::TStream* const lines = With("first\r\n" + std::string(2000, 'x') + "\r\nlast");
-    lines->setPosition(1500);
-    EXPECT_EQ(BTL::GetCurrStrLine(lines), AnsiString::StringOfChar('x', 2000));
-    EXPECT_EQ(lines->getPosition(), 1500);
-}
-
-TEST_P(AnyStreamTest, UtilitiesReadIntegers)
-{
-    using Classes::TStream;
-    const auto read = [](TStream* stream) { return BTL::ReadIntegerDef(stream, 7); };
-    const auto unget = [](TStream* stream) { return BTL::ReadIntegerUnget(stream, 7); };
-    using TResult = std::pair<int, Int64>;
-    EXPECT_EQ(After("12;", read), TResult(12, 3));
-    EXPECT_EQ(After("-12", read), TResult(-12, 3));
-    EXPECT_EQ(After("abc", read), TResult(7, 1));
-    EXPECT_EQ(After("", read), TResult(7, 0));
-    EXPECT_EQ(After("1-2", read), TResult(1, 2));
-    EXPECT_EQ(After("99999999999,", read), TResult(7, 12));
-    EXPECT_EQ(After("12;", unget), TResult(12, 2));
-    EXPECT_EQ(After("x", unget), TResult(7, 0));
-    EXPECT_EQ(After("12", unget), TResult(12, 2));
-    EXPECT_EQ(BTL::ReadInteger(With("5 ")), 5);
-    EXPECT_THROW(BTL::ReadInteger(With("")), Sysutils::EConvertError);
-    EXPECT_EQ(BTL::ReadInt64(With("-99999999999,")), -99'999'999'999);
-    EXPECT_EQ(BTL::ReadInt64Def(With("-"), 3), 3);
-    EXPECT_EQ(BTL::ReadInt64Unget(With("12x"), 3), 12);
 }
 
 TEST(StreamModelTest, FilesOpenInTheirModes)
@@ -388,28 +238,6 @@ TEST(StreamModelTest, FilesOpenInTheirModes)
     EXPECT_EQ(BTL::LoadStringFromFile(path), "");
     BTL::SaveStringToFile(path, AnsiString("a\0b", 3));
     EXPECT_EQ(BTL::LoadStringFromFile(path), AnsiString("a\0b", 3));
-}
-
-TEST(StreamModelTest, StreamsWithoutASizeAreReadToTheirEnd)
-{
-    using Classes::TStream;
-    const auto reads = {
-        +[](TStream* stream) { return BTL::LoadStringFromStream(stream); },
-        +[](TStream* stream) { return BTL::MStream(stream).ReadAll(); },
-        +[](TStream* stream) { return BTL::ReadBytes(stream, INT_MAX); },
-        +[](TStream* stream) { return BTL::ReadStringUntil(stream, ';'); },
-    };
-    for (const auto& read : reads) {
-        std::array<int, 2> ends{};
-        ASSERT_EQ(pipe(ends.data()), 0);
-        ASSERT_EQ(write(ends[1], "abc", 3), 3);
-        close(ends[1]);
-        Classes::THandleStream stream(ends[0]);
-        EXPECT_EQ(read(&stream), "abc");
-        close(ends[0]);
-    }
-    // The host makes this file up while it is read, and tells no size.
-    EXPECT_GT(BTL::LoadStringFromFile(u"\\proc\\self\\status").Length(), 10);
 }
 
 TEST(StreamModelTest, StringStreamsAreCopiedAsText)

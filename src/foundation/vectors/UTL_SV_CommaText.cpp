@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/vectors/internal/UTL_SV_CommaText.h"
 
+#include <algorithm>
 #include <charconv>
 #include <climits>
 

@@ -6,6 +6,7 @@
 #include "platform/runtime/classes/Classes_Strings.h"
 #include "platform/runtime/sysutils/Math.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace UTL

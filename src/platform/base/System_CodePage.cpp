@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/base/System_CodePage.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstring>

@@ -2,16 +2,15 @@
 #pragma once
 
 #include "platform/Export.h"
+#include "platform/base/System_HolderCount.h"
 
-#include <atomic>
 #include <type_traits>
 #include <utility>
 
 namespace System
 {
 
-/// Base of what several values hold in common. It counts its holders; the count is atomic, so copies of a
-/// value may live in different threads.
+/// Base of what several values hold in common, with the count of its holders.
 class TRS8_BTL_API TSharedBlock
 {
 public:
@@ -26,7 +25,7 @@ private:
     template <class>
     friend class GSharedBlock;
 
-    std::atomic<int> mHolders{0};
+    THolderCount mHolders{0};
 };
 
 /// One holder of a block, one pointer wide; the last one destroys it.
@@ -42,7 +41,7 @@ public:
     ~GSharedBlock()
     {
         static_assert(std::is_base_of_v<TSharedBlock, T>);
-        if (mBlock != nullptr && mBlock->mHolders.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+        if (mBlock != nullptr && mBlock->mHolders.Decrement()) {
             delete mBlock;
         }
     }
@@ -56,16 +55,13 @@ public:
     T* get() const noexcept { return mBlock; }
     T* operator->() const noexcept { return mBlock; }
     /// True if no other value sees a change of the block.
-    bool IsUnique() const noexcept
-    {
-        return mBlock != nullptr && mBlock->mHolders.load(std::memory_order_acquire) == 1;
-    }
+    bool IsUnique() const noexcept { return mBlock != nullptr && mBlock->mHolders.IsOne(); }
 
 private:
     void AddRef() const noexcept
     {
         if (mBlock != nullptr) {
-            mBlock->mHolders.fetch_add(1, std::memory_order_relaxed);
+            mBlock->mHolders.Increment();
         }
     }
 

@@ -2,10 +2,9 @@
 #pragma once
 
 #include "platform/Export.h"
+#include "platform/base/System_HolderCount.h"
 #include "platform/base/System_Types.h"
 
-#include <algorithm>
-#include <atomic>
 #include <climits>
 #include <cstddef>
 #include <cstdlib>
@@ -68,7 +67,7 @@ public:
     /// The characters for writing, null for the empty text; no other owner sees the change.
     Char* Unique()
     {
-        if (mText != nullptr && HeaderOf(mText)->references.load(std::memory_order_acquire) != 1) {
+        if (mText != nullptr && !HeaderOf(mText)->holders.IsOne()) {
             GSharedText copy(AsView());
             std::swap(mText, copy.mText);
         }
@@ -78,7 +77,7 @@ public:
     void Assign(View text)
     {
         GSharedText fresh = Uninitialized(text.size());
-        std::copy(text.begin(), text.end(), fresh.mText);
+        Traits::copy(fresh.mText, text.data(), text.size());
         std::swap(mText, fresh.mText);
     }
 
@@ -90,15 +89,15 @@ public:
         }
         const auto oldLength = Size();
         if (OwnsRoomFor(oldLength + text.size())) {
-            std::copy(text.begin(), text.end(), mText + oldLength);
+            Traits::copy(mText + oldLength, text.data(), text.size());
             SetLengthField(oldLength + text.size());
             return;
         }
         const std::size_t length = oldLength + text.size();
         GSharedText grown;
-        grown.mText = Allocate(length, oldLength == 0 ? length : std::max(length, oldLength * 2));
-        const View old = AsView();
-        std::copy(text.begin(), text.end(), std::copy(old.begin(), old.end(), grown.mText));
+        grown.mText = Allocate(length, length < oldLength * 2 ? oldLength * 2 : length);
+        Traits::copy(grown.mText, c_str(), oldLength);
+        Traits::copy(grown.mText + oldLength, text.data(), text.size());
         std::swap(mText, grown.mText);
     }
 
@@ -127,13 +126,13 @@ public:
         if (!OwnsRoomFor(length)) {
             GSharedText fresh = Uninitialized(length);
             const View kept = AsView().substr(0, length);
-            std::copy(kept.begin(), kept.end(), fresh.mText);
+            Traits::copy(fresh.mText, kept.data(), kept.size());
             std::swap(mText, fresh.mText);
         } else {
             SetLengthField(length);
         }
         if (length > oldLength) {
-            std::fill(mText + oldLength, mText + length, Char());
+            Traits::assign(mText + oldLength, length - oldLength, Char());
         }
     }
 
@@ -145,15 +144,17 @@ public:
         }
         const View old = AsView();
         GSharedText grown;
-        grown.mText = Allocate(old.size(), std::max(capacity, old.size()));
-        std::copy(old.begin(), old.end(), grown.mText);
+        grown.mText = Allocate(old.size(), capacity < old.size() ? old.size() : capacity);
+        Traits::copy(grown.mText, old.data(), old.size());
         std::swap(mText, grown.mText);
     }
 
 private:
+    using Traits = std::char_traits<Char>;
+
     struct Header
     {
-        std::atomic<int> references;
+        THolderCount holders;
         // Up to `MaxLength`. Without a sign, so that the compiler knows them to be no huge sizes.
         unsigned length;
         unsigned capacity;
@@ -174,12 +175,12 @@ private:
         if (length > MaxLength) {
             ThrowStringMemory();
         }
-        capacity = std::min(capacity, MaxLength);
+        capacity = capacity < MaxLength ? capacity : MaxLength;
         void* block = std::malloc(HeaderSize + (capacity + 1) * sizeof(Char));
         if (block == nullptr) {
             ThrowStringMemory();
         }
-        new (block) Header{1, static_cast<unsigned>(length), static_cast<unsigned>(capacity)};
+        new (block) Header{THolderCount(1), static_cast<unsigned>(length), static_cast<unsigned>(capacity)};
         Char* text = reinterpret_cast<Char*>(static_cast<char*>(block) + HeaderSize);
         text[length] = Char();
         return text;
@@ -188,7 +189,7 @@ private:
     void AddRef() const noexcept
     {
         if (mText != nullptr) {
-            HeaderOf(mText)->references.fetch_add(1, std::memory_order_relaxed);
+            HeaderOf(mText)->holders.Increment();
         }
     }
 
@@ -198,17 +199,14 @@ private:
             return;
         }
         Header* header = HeaderOf(text);
-        // A sole owner needs no read-modify-write: nobody else can raise the count.
-        if (header->references.load(std::memory_order_acquire) == 1 ||
-            header->references.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+        if (header->holders.Decrement()) {
             std::free(header);
         }
     }
 
     bool OwnsRoomFor(std::size_t length) const noexcept
     {
-        return mText != nullptr && length <= HeaderOf(mText)->capacity &&
-               HeaderOf(mText)->references.load(std::memory_order_acquire) == 1;
+        return mText != nullptr && length <= HeaderOf(mText)->capacity && HeaderOf(mText)->holders.IsOne();
     }
 
     void SetLengthField(std::size_t length) noexcept

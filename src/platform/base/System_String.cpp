@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/base/System_String.h"
 
+#include <algorithm>
 #include <charconv>
 #include <ostream>
 

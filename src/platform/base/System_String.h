@@ -4,12 +4,11 @@
 #include "platform/base/System_CodePage.h"
 #include "platform/base/System_SharedText.h"
 
-#include <algorithm>
+#include <climits>
 #include <compare>
 #include <concepts>
 #include <cstdint>
 #include <cstring>
-#include <functional>
 #include <iosfwd>
 #include <string>
 #include <string_view>
@@ -69,7 +68,7 @@ int CompareViews(std::basic_string_view<Char> a, std::basic_string_view<Char> b)
 {
     using Word = std::uint64_t;
     constexpr std::size_t step = sizeof(Word) / sizeof(Char);
-    const std::size_t common = std::min(a.size(), b.size());
+    const std::size_t common = a.size() < b.size() ? a.size() : b.size();
     std::size_t at = 0;
     for (; common - at >= step; at += step) {
         Word first;
@@ -142,10 +141,7 @@ public:
     Self SubString(int index, int count = INT_MAX) const
     {
         const auto [start, length] = Clip(index, count);
-        if (length == static_cast<std::size_t>(Length())) {
-            return AsSelf();
-        }
-        return Self(AsView().substr(start, length));
+        return OfPiece(AsView().substr(start, length));
     }
 
     /// Removes up to `count` characters from the 1-based `index`; nothing if `index` lies outside the text.
@@ -160,7 +156,7 @@ public:
         }
         const auto rest = static_cast<std::size_t>(Length()) - start - length;
         Char* text = mText.Unique();
-        std::copy_n(text + start + length, rest, text + start);
+        Traits::move(text + start, text + start + length, rest);
         mText.Resize(start + rest);
         return AsSelf();
     }
@@ -169,14 +165,16 @@ public:
     /// `Length() + 1`.
     Self& Insert(const Self& text, int index)
     {
-        const auto at = static_cast<std::size_t>(std::clamp(index, 1, Length() + 1) - 1);
         const View old = AsView();
         const View added = text.AsView();
+        const std::size_t at = index < 1          ? 0
+                               : index > Length() ? old.size()
+                                                  : static_cast<std::size_t>(index - 1);
         auto result = GSharedText<Char>::Uninitialized(old.size() + added.size());
-        Char* out = result.Unique();
-        out = std::copy_n(old.data(), at, out);
-        out = std::copy(added.begin(), added.end(), out);
-        std::copy(old.begin() + static_cast<std::ptrdiff_t>(at), old.end(), out);
+        Char* const out = result.Unique();
+        Traits::copy(out, old.data(), at);
+        Traits::copy(out + at, added.data(), added.size());
+        Traits::copy(out + at + added.size(), old.data() + at, old.size() - at);
         mText = std::move(result);
         return AsSelf();
     }
@@ -204,9 +202,9 @@ public:
     }
 
     /// Without the characters up to and including the blank (code 32) at both ends.
-    Self Trim() const { return Trimmed(true, true); }
-    Self TrimLeft() const { return Trimmed(true, false); }
-    Self TrimRight() const { return Trimmed(false, true); }
+    Self Trim() const { return OfPiece(WithoutBlanksBehind(WithoutBlanksInFront(AsView()))); }
+    Self TrimLeft() const { return OfPiece(WithoutBlanksInFront(AsView())); }
+    Self TrimRight() const { return OfPiece(WithoutBlanksBehind(AsView())); }
 
     /// Negative, 0 or positive, by the ordinals of the units.
     int Compare(const Self& other) const { return Detail::CompareViews(AsView(), other.AsView()); }
@@ -259,8 +257,8 @@ public:
     /// `count` times `character`; a negative `count` counts as 0.
     static Self StringOfChar(Char character, int count)
     {
-        auto text = GSharedText<Char>::Uninitialized(static_cast<std::size_t>(std::max(count, 0)));
-        std::fill_n(text.Unique(), text.Length(), character);
+        auto text = GSharedText<Char>::Uninitialized(count < 0 ? 0 : static_cast<std::size_t>(count));
+        Traits::assign(text.Unique(), text.Size(), character);
         return Self(std::move(text));
     }
 
@@ -270,6 +268,8 @@ protected:
     explicit GString(GSharedText<Char> text) noexcept : mText(std::move(text)) {}
 
 private:
+    using Traits = std::char_traits<Char>;
+
     Self& AsSelf() noexcept { return static_cast<Self&>(*this); }
     const Self& AsSelf() const noexcept { return static_cast<const Self&>(*this); }
     Self& AppendText(const Self& text)
@@ -287,7 +287,9 @@ private:
     static Self Joined(View a, View b)
     {
         auto text = GSharedText<Char>::Uninitialized(a.size() + b.size());
-        std::copy(b.begin(), b.end(), std::copy(a.begin(), a.end(), text.Unique()));
+        Char* const out = text.Unique();
+        Traits::copy(out, a.data(), a.size());
+        Traits::copy(out + a.size(), b.data(), b.size());
         return Self(std::move(text));
     }
 
@@ -306,27 +308,37 @@ private:
 
     Piece Clip(int index, int count) const
     {
-        const int start = std::max(index, 1) - 1;
+        const int start = index < 1 ? 0 : index - 1;
         if (start >= Length() || count <= 0) {
             return {0, 0};
         }
-        return {static_cast<std::size_t>(start), static_cast<std::size_t>(std::min(count, Length() - start))};
+        const int rest = Length() - start;
+        return {static_cast<std::size_t>(start), static_cast<std::size_t>(count < rest ? count : rest)};
     }
 
-    Self Trimmed(bool left, bool right) const
+    /// The character types of both widths are compared as unsigned: a code above 127 is no blank.
+    static constexpr bool IsUpToBlank(Char c) { return static_cast<std::make_unsigned_t<Char>>(c) <= 32; }
+
+    static View WithoutBlanksInFront(View text)
     {
-        // The character types of both widths are compared as unsigned: a code above 127 is no blank.
-        const auto isText = [](Char c) { return static_cast<std::make_unsigned_t<Char>>(c) > 32; };
-        View text = AsView();
-        if (left) {
-            text.remove_prefix(
-                static_cast<std::size_t>(std::find_if(text.begin(), text.end(), isText) - text.begin()));
+        while (!text.empty() && IsUpToBlank(text.front())) {
+            text.remove_prefix(1);
         }
-        if (right) {
-            text.remove_suffix(
-                static_cast<std::size_t>(std::find_if(text.rbegin(), text.rend(), isText) - text.rbegin()));
+        return text;
+    }
+
+    static View WithoutBlanksBehind(View text)
+    {
+        while (!text.empty() && IsUpToBlank(text.back())) {
+            text.remove_suffix(1);
         }
-        return text.size() == static_cast<std::size_t>(Length()) ? AsSelf() : Self(text);
+        return text;
+    }
+
+    /// `piece` is a piece of this text; all of it shares the buffer.
+    Self OfPiece(View piece) const
+    {
+        return piece.size() == static_cast<std::size_t>(Length()) ? AsSelf() : Self(piece);
     }
 
     GSharedText<Char> mText;

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/Host_FileBuffer.h"
 
-#include "platform/host/Host_Descriptor.h"
 #include "platform/host/Host_Error.h"
+#include "platform/host/internal/Host_Descriptor.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <map>

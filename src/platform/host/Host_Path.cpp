@@ -2,7 +2,9 @@
 #include "platform/host/Host_Path.h"
 
 #include "platform/host/Host_Error.h"
+#include "platform/host/internal/Host_PathText.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <memory>
@@ -51,11 +53,6 @@ bool HasDrive(std::u16string_view path)
     return path.size() >= 2 && path[1] == u':' && DriveIndex(path[0]);
 }
 
-bool IsSeparator(char16_t unit)
-{
-    return unit == u'\\' || unit == u'/';
-}
-
 /// Whether U+DC00 + `byte` is a form that `FromHostPath` gives.
 bool IsKeptByte(char16_t unit)
 {
@@ -74,7 +71,7 @@ bool AppendHostBytes(std::string& bytes, std::u16string_view path)
 {
     for (std::size_t i = 0; i < path.size(); ++i) {
         const char16_t unit = path[i];
-        if (IsSeparator(unit)) {
+        if (Detail::IsPathSeparator(unit)) {
             bytes += '/';
         } else if (U16_IS_LEAD(unit) && i + 1 < path.size() && U16_IS_TRAIL(path[i + 1])) {
             AppendUtf8(bytes, U16_GET_SUPPLEMENTARY(unit, path[i + 1]));
@@ -157,7 +154,7 @@ std::string HostPath(const System::UnicodeString& path)
         if (root.empty()) {
             return NoHostPath(ERROR_PATH_NOT_FOUND);
         }
-        bytes = DriveStart(root, !rest.empty() && IsSeparator(rest[0]), rest.empty());
+        bytes = DriveStart(root, !rest.empty() && Detail::IsPathSeparator(rest[0]), rest.empty());
     }
     bytes.reserve(bytes.size() + rest.size());
     return AppendHostBytes(bytes, rest) ? bytes : NoHostPath(ERROR_INVALID_NAME);

@@ -16,6 +16,8 @@ using Classes::TStringList;
 using Classes::TStrings;
 using System::UnicodeString;
 
+constexpr UTL::CFaultPlace UnequalCounts{"BTL_STR_StrStrMap", 50};
+
 int CountOf(const TStrings* strings)
 {
     return strings == nullptr ? 0 : strings->getCount();
@@ -61,7 +63,7 @@ bool CStrStrMap::AddPairs(const TStrings* keys, const TStrings* values)
 {
     const int count = CountOf(keys);
     if (count != CountOf(values)) {
-        UTL::THROW_XAssert("", "BTL_STR_StrStrMap", 50);
+        UTL::THROW_XAssert(UnequalCounts);
         return false;
     }
     for (int i = 0; i < count; ++i) {

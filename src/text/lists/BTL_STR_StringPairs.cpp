@@ -19,6 +19,8 @@ using Classes::TStrings;
 using System::TObject;
 using System::UnicodeString;
 
+constexpr UTL::CFaultPlace UnequalCounts{"BTL_STR_StringPairs", 68};
+
 using Pairs = std::vector<CStringPair>;
 using Column = UnicodeString CStringPair::*;
 
@@ -103,7 +105,7 @@ void CStringPairs::Add(const TStrings* firsts, const TStrings* seconds)
 {
     const int count = firsts == nullptr ? 0 : firsts->getCount();
     if (count != (seconds == nullptr ? 0 : seconds->getCount())) {
-        UTL::THROW_XAssert("", "BTL_STR_StringPairs", 68);
+        UTL::THROW_XAssert(UnequalCounts);
         return;
     }
     for (int i = 0; i < count; ++i) {

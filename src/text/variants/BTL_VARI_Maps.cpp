@@ -12,6 +12,13 @@ using System::Int64;
 using System::UnicodeString;
 using System::Variant;
 
+namespace
+{
+
+constexpr UTL::CFaultPlace KeyTaken{"BTL_VARI_CInt64VariantMap", 89};
+
+} // namespace
+
 int CStrVariantMap::FindInt(const UnicodeString& key, int defaultValue) const
 {
     return ToIntDef(FindDef(key, defaultValue), defaultValue);
@@ -57,7 +64,7 @@ Int64 CInt64VariantMap::Append(const Variant& value)
         key = 1;
     }
     if (!try_emplace(key, value).second) {
-        UTL::THROW_XAssert("", "BTL_VARI_CInt64VariantMap", 89);
+        UTL::THROW_XAssert(KeyTaken);
     }
     return key;
 }

@@ -33,6 +33,8 @@ using Sysutils::EConvertError;
 namespace
 {
 
+constexpr UTL::CFaultPlace NoSqlForm{"BTL_VARI_Utilities", 558};
+
 /// The code of an array stays apart from that of its elements.
 Word CodeOf(const Variant& value)
 {
@@ -139,10 +141,11 @@ std::optional<UnicodeString> IntegerText(const Variant& value)
     }
 }
 
-UnicodeString FloatText(double value, System::WideChar separator)
+/// With a point, whatever the locale.
+UnicodeString PointFloatText(double value)
 {
     std::array<System::WideChar, Sysutils::FloatBufferSize> buffer;
-    const std::size_t length = Sysutils::FloatToBuffer(value, separator, buffer.data());
+    const std::size_t length = Sysutils::FloatToBuffer(value, u'.', buffer.data());
     return {buffer.data(), static_cast<int>(length)};
 }
 
@@ -156,7 +159,7 @@ std::optional<UnicodeString> SqlText(const Variant& value)
     }
     const Word code = CodeOf(value);
     if (IsFloatCode(code)) {
-        return FloatText(value.As<double>(), u'.');
+        return PointFloatText(value.As<double>());
     }
     return code == System::varDate ? GetSQLDateString(value.As<TDateTime>(), true) : IntegerText(value);
 }
@@ -200,7 +203,7 @@ UnicodeString StoredValue(const Variant& value)
         return Sysutils::CurrToStr(value.As<Currency>());
     }
     case System::varDate:
-        return FloatText(value.As<TDateTime>().Val, u'.');
+        return PointFloatText(value.As<TDateTime>().Val);
     case System::varDecimal:
         return Sysutils::IntToStr(static_cast<Int64>(PayloadOf(value)));
     case System::varInt64:
@@ -400,7 +403,7 @@ UnicodeString VarToSqlValue(const Variant& value)
 {
     UnicodeString result;
     if (!VarToSqlValue(value, result)) {
-        UTL::THROW_XAssert("", "BTL_VARI_Utilities", 558);
+        UTL::THROW_XAssert(NoSqlForm);
     }
     return result;
 }

@@ -3,6 +3,7 @@
 
 #include "platform/base/numbers/internal/Sysutils_Scaled.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <optional>

@@ -3,6 +3,7 @@
 
 #include "platform/runtime/sysutils/internal/System_Conversion.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 

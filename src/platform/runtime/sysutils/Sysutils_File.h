@@ -3,10 +3,14 @@
 
 #include "platform/base/dates/System_DateTime.h"
 #include "platform/host/Host_Path.h"
+#include "platform/runtime/sysutils/Sysutils_FileName.h"
+#include "platform/runtime/sysutils/Sysutils_FindFile.h"
 
-#include <memory>
-
-// Files and file names. A path is text with `\` as separator, `/` counts as the same; names compare exactly.
+// Files, open and closed, drives and the errors of the host. It includes what else deals with files:
+// - `Sysutils_FileName.h`: the parts of a path, by its text,
+// - `Sysutils_FindFile.h`: searches by mask and along a list of folders.
+//
+// A path is text with `\` as separator, `/` counts as the same; names compare exactly.
 // Calls on the host that fail set the last error, see `::GetLastError`; a path with an embedded zero is an
 // invalid name to all of them and is never cut.
 
@@ -52,9 +56,11 @@ inline constexpr System::NativeInt INVALID_HANDLE_VALUE = -1;
 TRS8_BTL_API System::NativeInt FileOpen(const System::UnicodeString& file, unsigned mode);
 /// Creates the file, or empties it, for reading and writing by this opener alone.
 TRS8_BTL_API System::NativeInt FileCreate(const System::UnicodeString& file);
-/// The same; `rights` are not looked at, a new file gets the user's usual permissions.
+/// As `FileCreate` of the name alone; `rights` are not looked at, a new file gets the user's usual
+/// permissions.
 TRS8_BTL_API System::NativeInt FileCreate(const System::UnicodeString& file, int rights);
-/// The same with the share mode of `mode`; the rest of `mode` is not looked at but must be a mode word.
+/// Creates or empties the file with the share mode of `mode`; the rest of `mode` is not looked at but must be
+/// a mode word.
 TRS8_BTL_API System::NativeInt FileCreate(const System::UnicodeString& file, unsigned mode, int rights);
 
 /// The count of bytes read, less than `count` at the end of the file; -1 on a failure, and for a null buffer
@@ -82,15 +88,15 @@ TRS8_BTL_API bool DirectoryExists(const System::UnicodeString& folder);
 
 /// The date of the file's last change; -1 if there is no such file.
 TRS8_BTL_API int FileAge(const System::UnicodeString& file);
-/// The same in local time to the second; `false`, and `modified` stays, if there is no such file. A time
-/// outside the years 1 to 9999 gives an infinite value.
+/// The time of the file's last change in local time to the second; `false`, and `modified` stays, if there is
+/// no such file. A time outside the years 1 to 9999 gives an infinite value.
 TRS8_BTL_API bool FileAge(const System::UnicodeString& file, System::TDateTime& modified);
 TRS8_BTL_API int FileGetDate(System::NativeInt handle);
 /// 0, or the error; 87 for a date that doesn't exist.
 TRS8_BTL_API int FileSetDate(const System::UnicodeString& file, int age);
 TRS8_BTL_API int FileSetDate(System::NativeInt handle, int age);
-/// The same time in whole seconds since 1970 in universal time; `false`, and `seconds` stays, if there is no
-/// such file.
+/// The time of the file's last change in whole seconds since 1970 in universal time; `false`, and `seconds`
+/// stays, if there is no such file.
 TRS8_BTL_API bool FileModified(const System::UnicodeString& file, System::Int64& seconds);
 
 /// A sum of the `fa` bits, `faNormal` for none; -1 on a failure.
@@ -114,71 +120,6 @@ TRS8_BTL_API bool ForceDirectories(const System::UnicodeString& folder);
 /// Without a final separator, unless it is the root.
 TRS8_BTL_API System::UnicodeString GetCurrentDir();
 TRS8_BTL_API bool SetCurrentDir(const System::UnicodeString& folder);
-
-namespace Detail
-{
-struct FileSearch;
-}
-
-/// An entry that `FindFirst` or `FindNext` found. Copies share the search.
-struct TSearchRec
-{
-    /// The file date, as `FileAge` gives it.
-    int Time = 0;
-    /// In bytes; 0 for folders.
-    System::Int64 Size = 0;
-    int Attr = 0;
-    /// Without the folder.
-    System::UnicodeString Name;
-
-    std::shared_ptr<Detail::FileSearch> FindHandle;
-};
-
-/// Finds the first entry of a folder whose name fits the last part of `path`, in which `*` stands for any
-/// characters and `?` for one; ".*" at the end also fits a name without a dot. Entries that are hidden, of
-/// the system or folders come only if `attributes` has their bit; "." and ".." are such folders. The names
-/// are those at the time of this call, in the order of their characters. 0, or the error: 2 for no fitting
-/// name, 3 for a missing folder, 18 if `attributes` rules out all of them.
-TRS8_BTL_API int FindFirst(const System::UnicodeString& path, int attributes, TSearchRec& found);
-/// 0, or the error: 18 behind the last entry. An entry that is gone by now is passed over.
-TRS8_BTL_API int FindNext(TSearchRec& found);
-/// Frees the list of names. Left out, that happens with the end of the record.
-TRS8_BTL_API void FindClose(TSearchRec& found);
-
-/// Whether `name` fits `mask` as in `FindFirst`.
-TRS8_BTL_API bool FileNameFits(const System::UnicodeString& name, const System::UnicodeString& mask);
-
-// Parts of a path, by its text alone. A `:` ends a drive only behind the first letter; elsewhere it is part
-// of a name.
-
-/// Up to and with the last separator or the drive's colon.
-TRS8_BTL_API System::UnicodeString ExtractFilePath(const System::UnicodeString& path);
-/// The same without the final separator, unless it is the root.
-TRS8_BTL_API System::UnicodeString ExtractFileDir(const System::UnicodeString& path);
-/// "X:", "\\server\share" or empty.
-TRS8_BTL_API System::UnicodeString ExtractFileDrive(const System::UnicodeString& path);
-TRS8_BTL_API System::UnicodeString ExtractFileName(const System::UnicodeString& path);
-/// The last dot of the name and what follows, or empty.
-TRS8_BTL_API System::UnicodeString ExtractFileExt(const System::UnicodeString& path);
-/// `extension` begins with its dot; empty removes the extension.
-TRS8_BTL_API System::UnicodeString ChangeFileExt(const System::UnicodeString& path,
-                                                 const System::UnicodeString& extension);
-/// The full path from the current directory on, with `\` as separator and `.`, `..` and double separators
-/// resolved by the text. `..` ends at the root; a final separator stays. The empty text stays empty.
-TRS8_BTL_API System::UnicodeString ExpandFileName(const System::UnicodeString& path);
-/// `path` as it is told from the folder part of `base`, with `..` for the way up. `path` itself if the two
-/// have different drives.
-TRS8_BTL_API System::UnicodeString ExtractRelativePath(const System::UnicodeString& base,
-                                                       const System::UnicodeString& path);
-TRS8_BTL_API System::UnicodeString IncludeTrailingPathDelimiter(const System::UnicodeString& path);
-TRS8_BTL_API System::UnicodeString ExcludeTrailingPathDelimiter(const System::UnicodeString& path);
-/// Whether the character at the 1-based `index` is a separator.
-TRS8_BTL_API bool IsPathDelimiter(const System::UnicodeString& path, int index);
-
-/// The path of `name` in the current directory, else in the first of the folders, parted by `;`, that holds
-/// it; empty if none does.
-TRS8_BTL_API System::UnicodeString FileSearch(const System::UnicodeString& name,
-                                              const System::UnicodeString& folders);
 
 /// Free and whole bytes of a drive: 0 the current one, 1 `A:` and so on; -1 on a failure.
 TRS8_BTL_API System::Int64 DiskFree(System::Byte drive);

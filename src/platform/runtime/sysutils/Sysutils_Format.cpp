@@ -4,6 +4,8 @@
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "platform/runtime/sysutils/internal/System_Conversion.h"
 
+#include <algorithm>
+
 namespace Sysutils
 {
 

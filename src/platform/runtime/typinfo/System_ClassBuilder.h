@@ -4,6 +4,8 @@
 #include "platform/runtime/typinfo/Typinfo.h"
 
 #include <algorithm>
+#include <functional>
+#include <memory>
 
 namespace System
 {

@@ -5,6 +5,7 @@
 #include "platform/runtime/typinfo/System_Object.h"
 #include "platform/runtime/variants/System_Variant.h"
 
+#include <functional>
 #include <limits>
 #include <optional>
 #include <type_traits>

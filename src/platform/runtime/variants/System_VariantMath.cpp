@@ -2,6 +2,7 @@
 #include "platform/base/Sysutils_Exception.h"
 #include "platform/runtime/variants/internal/System_VariantValue.h"
 
+#include <algorithm>
 #include <functional>
 #include <limits>
 

@@ -2,6 +2,7 @@
 #include "platform/runtime/classes/Classes.h"
 #include "support/TempFolder.h"
 
+#include <algorithm>
 #include <array>
 #include <fstream>
 

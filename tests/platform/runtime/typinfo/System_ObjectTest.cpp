@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 
+#include <functional>
 #include <gtest/gtest.h>
+#include <memory>
 
 using namespace System;
 

@@ -1,55 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include "platform/toolkit/Toolkit.h"
+#include "platform/visual/Forms.h"
 
 #include "platform/toolkit/MessageBox.h"
-#include "platform/visual/Forms.h"
+#include "platform/toolkit/Toolkit.h"
 #include "support/ScriptedBoxes.h"
 
 #include <gtest/gtest.h>
 
-#include <stdexcept>
+#include <algorithm>
 #include <thread>
+#include <vector>
 
 namespace
 {
-
-using Toolkits::HeadlessToolkit;
-
-TEST(HeadlessToolkitTest, UnattendedBoxesGetTheAnswerThatLosesNothing)
-{
-    const struct
-    {
-        unsigned flags;
-        int answer;
-    } cases[] = {
-        {MB_YESNO, IDYES},
-        {MB_YESNO | MB_ICONQUESTION, IDNO},
-        {MB_YESNO | MB_ICONWARNING, IDNO},
-        {MB_YESNOCANCEL | MB_ICONQUESTION, IDNO},
-        {MB_OK, IDOK},
-        {MB_OK | MB_ICONSTOP, IDOK},
-        {MB_OKCANCEL | MB_ICONQUESTION, IDCANCEL},
-        {MB_RETRYCANCEL, IDCANCEL},
-        {MB_ABORTRETRYIGNORE, IDABORT},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(HeadlessToolkit::UnattendedAnswer(c.flags), c.answer) << c.flags;
-    }
-}
-
-TEST(HeadlessToolkitTest, WritesUnattendedBoxesToTheErrorStream)
-{
-    Support::ScriptedBoxes boxes;
-    testing::internal::CaptureStderr();
-    EXPECT_EQ(MessageBoxW(nullptr, u"Größe?", nullptr, MB_YESNO | MB_ICONQUESTION), IDNO);
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Error: Größe?\n[No]\n");
-}
-
-TEST(HeadlessToolkitTest, RefusesAScriptedAnswerWithoutAButton)
-{
-    Support::ScriptedBoxes boxes({IDYES});
-    EXPECT_THROW(MessageBoxW(nullptr, u"text", u"caption", MB_OK), std::logic_error);
-}
 
 TEST(ApplicationTest, ShowsItsTitleWhereNoCaptionIsGiven)
 {

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "platform/runtime/classes/Classes_ClassRegister.h"
+
+#include <mutex>
+#include <unordered_map>
+
+namespace Classes
+{
+
+using System::TMetaClass;
+using System::UnicodeString;
+
+namespace
+{
+
+struct ClassRegister
+{
+    std::mutex mutex;
+    /// By names in small letters.
+    std::unordered_map<UnicodeString, TMetaClass*> classes;
+};
+
+/// Never destroyed: a module that ends late may still ask.
+ClassRegister& Register()
+{
+    static auto* const instance = new ClassRegister;
+    return *instance;
+}
+
+} // namespace
+
+void RegisterClass(TMetaClass* type)
+{
+    if (type == nullptr) {
+        return;
+    }
+    const std::scoped_lock lock(Register().mutex);
+    const auto [entry, added] = Register().classes.try_emplace(type->getName().LowerCase(), type);
+    if (!added && entry->second != type) {
+        throw EFilerError(u"A class named " + type->getName() + u" already exists");
+    }
+}
+
+void UnRegisterClass(TMetaClass* type)
+{
+    const std::scoped_lock lock(Register().mutex);
+    std::erase_if(Register().classes, [type](const auto& entry) { return entry.second == type; });
+}
+
+TMetaClass* GetClass(const UnicodeString& name)
+{
+    const std::scoped_lock lock(Register().mutex);
+    const auto found = Register().classes.find(name.LowerCase());
+    return found == Register().classes.end() ? nullptr : found->second;
+}
+
+TMetaClass* FindClass(const UnicodeString& name)
+{
+    TMetaClass* type = GetClass(name);
+    if (type == nullptr) {
+        throw EClassNotFound(u"Class " + name + u" not found");
+    }
+    return type;
+}
+
+} // namespace Classes

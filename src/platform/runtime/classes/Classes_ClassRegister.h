@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/runtime/classes/Classes_Exceptions.h"
+#include "platform/runtime/typinfo/System_Object.h"
+
+namespace Classes
+{
+
+// The process-wide register of classes by name. It may be used from any thread.
+
+/// `EFilerError` if another class of that name, case aside, is registered; null is ignored.
+TRS8_BTL_API void RegisterClass(System::TMetaClass* type);
+TRS8_BTL_API void UnRegisterClass(System::TMetaClass* type);
+/// The registered class of that name, case aside; null if there is none.
+TRS8_BTL_API System::TMetaClass* GetClass(const System::UnicodeString& name);
+/// As `GetClass`, but raises `EClassNotFound`.
+TRS8_BTL_API System::TMetaClass* FindClass(const System::UnicodeString& name);
+
+} // namespace Classes

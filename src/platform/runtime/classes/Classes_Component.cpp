@@ -1,0 +1,319 @@
+// SPDX-License-Identifier: MIT
+#include "platform/runtime/classes/Classes_Component.h"
+
+#include "platform/runtime/classes/internal/Classes_ObjectList.h"
+#include "platform/runtime/typinfo/System_ClassBuilder.h"
+
+#include <algorithm>
+
+#include <unicode/uchar.h>
+
+namespace Classes
+{
+
+using System::GClassBuilder;
+using System::TMetaClass;
+using System::UnicodeString;
+using System::WideChar;
+
+namespace
+{
+
+bool IsIdentifier(const UnicodeString& name)
+{
+    const auto isLetter = [](WideChar c) { return c == u'_' || u_isalpha(c) != 0; };
+    const auto isPart = [&](WideChar c) { return isLetter(c) || u_isdigit(c) != 0; };
+    const auto text = name.AsView();
+    return !text.empty() && isLetter(text.front()) && std::ranges::all_of(text, isPart);
+}
+
+} // namespace
+
+TMetaClass* TComponent::ClassRecord()
+{
+    static TMetaClass* const record =
+        GClassBuilder<TComponent>(u"TComponent")
+            .Property(u"Name", &TComponent::getName, &TComponent::setName,
+                      {.stored = [](const System::TObject*) { return false; }})
+            .Property(u"Tag", &TComponent::getTag, &TComponent::setTag, {.defaultValue = 0})
+            .Build();
+    return record;
+}
+
+TComponent::TComponent(TComponent* owner)
+{
+    if (owner == nullptr) {
+        return;
+    }
+    try {
+        owner->InsertComponent(this);
+    } catch (...) {
+        // No destructor will run to take the component from the owner again.
+        if (mOwner != nullptr) {
+            mOwner->Detach(*this);
+        }
+        throw;
+    }
+}
+
+TComponent::~TComponent()
+{
+    Destroying();
+    // A component told of the end may drop links of its own, so the list is taken from its end.
+    while (!mFreeNotifies.empty()) {
+        TComponent* other = mFreeNotifies.back();
+        Unlink(*other);
+        other->Notification(this, opRemove);
+    }
+    DestroyComponents();
+    if (mOwner != nullptr) {
+        mOwner->RemoveComponent(this);
+    }
+}
+
+UnicodeString TComponent::GetNamePath() const
+{
+    return mName;
+}
+
+TComponent* TComponent::GetComponent(int index) const
+{
+    if (index < 0 || index >= GetComponentCount()) {
+        ThrowListIndex(index);
+    }
+    return mComponents[static_cast<std::size_t>(index)];
+}
+
+int TComponent::GetComponentIndex() const
+{
+    return mOwner == nullptr ? -1 : IndexIn(mOwner->mComponents, this);
+}
+
+void TComponent::SetComponentIndex(int index)
+{
+    if (mOwner != nullptr) {
+        MoveItem(mOwner->mComponents, GetComponentIndex(), index);
+    }
+}
+
+TComponent* TComponent::FindComponent(const UnicodeString& name) const
+{
+    const auto found = mByName.find(name.LowerCase());
+    return found == mByName.end() ? nullptr : found->second;
+}
+
+void TComponent::InsertComponent(TComponent* component)
+{
+    if (component == nullptr || component->mOwner == this) {
+        return;
+    }
+    for (const TComponent* outer = this; outer != nullptr; outer = outer->mOwner) {
+        if (outer == component) {
+            throw EComponentError(u"A component cannot own itself");
+        }
+    }
+    ValidateRename(component, {}, component->mName);
+    if (component->mOwner != nullptr) {
+        component->mOwner->RemoveComponent(component);
+    }
+    Attach(*component);
+    component->BindField();
+    if (mState.Contains(csDesigning)) {
+        component->SetDesigning(true);
+    }
+    Notification(component, opInsert);
+}
+
+void TComponent::RemoveComponent(TComponent* component)
+{
+    if (component == nullptr || component->mOwner != this) {
+        return;
+    }
+    // In the destructor only this class is left to be told, and no more is meant.
+    Notification(component, opRemove); // NOLINT(clang-analyzer-optin.cplusplus.VirtualCall)
+    // A handler of the notification may have removed it already.
+    if (component->mOwner == this) {
+        component->UnbindField();
+        Detach(*component);
+    }
+}
+
+void TComponent::DestroyComponents()
+{
+    while (!mComponents.empty()) {
+        TComponent* last = mComponents.back();
+        if (last->mState.Contains(csFreeNotification)) {
+            RemoveComponent(last);
+        } else {
+            last->UnbindField();
+            Detach(*last);
+        }
+        delete last;
+    }
+}
+
+void TComponent::Attach(TComponent& component)
+{
+    mComponents.push_back(&component);
+    component.mOwner = this;
+    if (!component.mName.IsEmpty()) {
+        mByName[component.mName.LowerCase()] = &component;
+    }
+}
+
+void TComponent::Detach(TComponent& component)
+{
+    // The one to leave is most often the last: the search begins there.
+    const auto found = std::find(mComponents.rbegin(), mComponents.rend(), &component);
+    mComponents.erase(std::next(found).base());
+    mByName.erase(component.mName.LowerCase());
+    component.mOwner = nullptr;
+}
+
+void TComponent::BindField()
+{
+    AssignField(this);
+}
+
+void TComponent::UnbindField()
+{
+    AssignField(nullptr);
+}
+
+void TComponent::AssignField(TComponent* target)
+{
+    const System::TFieldInfo* field =
+        mOwner == nullptr || mName.IsEmpty() ? nullptr : mOwner->ClassType()->FindField(mName);
+    if (field != nullptr) {
+        field->Assign(mOwner, target);
+    }
+}
+
+void TComponent::FreeNotification(TComponent* component)
+{
+    if (component == nullptr || component == this) {
+        return;
+    }
+    if (mOwner == nullptr || component->mOwner != mOwner) {
+        Link(*component);
+        component->Link(*this);
+    }
+    SetState(csFreeNotification, true);
+    component->SetState(csFreeNotification, true);
+}
+
+void TComponent::RemoveFreeNotification(TComponent* component)
+{
+    if (component != nullptr) {
+        Unlink(*component);
+    }
+}
+
+void TComponent::Link(TComponent& component)
+{
+    if (IndexIn(mFreeNotifies, &component) < 0) {
+        mFreeNotifies.push_back(&component);
+    }
+}
+
+void TComponent::Unlink(TComponent& component)
+{
+    std::erase(mFreeNotifies, &component);
+    std::erase(component.mFreeNotifies, this);
+}
+
+void TComponent::Notification(TComponent* component, TOperation operation)
+{
+    // From the end, and by index: a handler may remove the one that it looks at.
+    for (int i = GetComponentCount() - 1; i >= 0; --i) {
+        if (i < GetComponentCount()) {
+            mComponents[static_cast<std::size_t>(i)]->Notification(component, operation);
+        }
+    }
+}
+
+void TComponent::SetName(const UnicodeString& name)
+{
+    if (mName == name) {
+        return;
+    }
+    if (!name.IsEmpty() && !IsIdentifier(name)) {
+        throw EComponentError(u"'" + name + u"' is not a valid component name");
+    }
+    if (mOwner != nullptr) {
+        mOwner->ValidateRename(this, mName, name);
+    } else {
+        ValidateRename(nullptr, mName, name);
+    }
+    UnbindField();
+    ChangeName(name);
+    BindField();
+}
+
+void TComponent::ValidateRename(TComponent* component, const UnicodeString& current,
+                                const UnicodeString& name)
+{
+    if (component == nullptr || name.IsEmpty() || current.CompareIC(name) == 0) {
+        return;
+    }
+    TComponent* holder = FindComponent(name);
+    if (holder != nullptr && holder != component) {
+        throw EComponentError(u"A component named " + name + u" already exists");
+    }
+}
+
+void TComponent::ChangeName(const UnicodeString& name)
+{
+    if (mOwner != nullptr) {
+        mOwner->mByName.erase(mName.LowerCase());
+        if (!name.IsEmpty()) {
+            mOwner->mByName[name.LowerCase()] = this;
+        }
+    }
+    mName = name;
+}
+
+void TComponent::SetState(TComponentStateFlag flag, bool value)
+{
+    if (value) {
+        mState << flag;
+    } else {
+        mState >> flag;
+    }
+}
+
+void TComponent::SetDesigning(bool value, bool setChildren)
+{
+    SetState(csDesigning, value);
+    if (setChildren) {
+        for (TComponent* component : mComponents) {
+            component->SetDesigning(value, true);
+        }
+    }
+}
+
+void TComponent::SetAncestor(bool value)
+{
+    SetState(csAncestor, value);
+    for (TComponent* component : mComponents) {
+        component->SetAncestor(value);
+    }
+}
+
+void TComponent::Destroying()
+{
+    if (mState.Contains(csDestroying)) {
+        return;
+    }
+    SetState(csDestroying, true);
+    for (TComponent* component : mComponents) {
+        component->Destroying();
+    }
+}
+
+void TComponent::Loaded()
+{
+    SetState(csLoading, false);
+}
+
+} // namespace Classes

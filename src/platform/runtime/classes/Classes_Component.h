@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/System_Set.h"
+#include "platform/runtime/classes/Classes_Persistent.h"
+
+#include <unordered_map>
+#include <vector>
+
+namespace Classes
+{
+
+enum TComponentStateFlag
+{
+    csLoading,
+    csReading,
+    csWriting,
+    csDestroying,
+    csDesigning,
+    csAncestor,
+    csUpdating,
+    csFixups,
+    csFreeNotification,
+    csInline,
+    csDesignInstance
+};
+
+using TComponentState = System::Set<TComponentStateFlag, csLoading, csDesignInstance>;
+
+/// An object with a name that may own other components and destroys them, the last one first, when it goes
+/// itself. Components are made by `new`; one without an owner belongs to its maker. Names are unique within
+/// an owner, case aside.
+class TRS8_BTL_API TComponent : public TPersistent
+{
+    TRS8_BTL_CLASS(TComponent, TPersistent)
+
+public:
+    /// `owner` may be null.
+    explicit TComponent(TComponent* owner = nullptr);
+    ~TComponent() override;
+
+    const System::UnicodeString& getName() const noexcept { return mName; }
+    void setName(const System::UnicodeString& name) { SetName(name); }
+    /// Free for the use of the program.
+    System::Int64 getTag() const noexcept { return mTag; }
+    void setTag(System::Int64 tag) noexcept { mTag = tag; }
+
+    TComponent* getOwner() const noexcept { return mOwner; }
+    TPersistent* GetOwner() const override { return mOwner; }
+    /// The bare name: a component's path begins with itself.
+    System::UnicodeString GetNamePath() const override;
+
+    int GetComponentCount() const noexcept { return static_cast<int>(mComponents.size()); }
+    /// In the order of their insertion; `EListError` for an index out of range.
+    TComponent* GetComponent(int index) const;
+    /// The place among the owner's components; -1 without an owner.
+    int GetComponentIndex() const;
+    /// Moves the component among its owner's components; the index is held within their count.
+    void SetComponentIndex(int index);
+    /// The owned component of that name, case aside; null if there is none, or for an empty name.
+    TComponent* FindComponent(const System::UnicodeString& name) const;
+
+    /// Takes ownership of `component`, which leaves its former owner. `EComponentError` if its name is taken
+    /// here, or if `component` is this component or one of its owners. Null changes nothing.
+    void InsertComponent(TComponent* component);
+    /// Gives up ownership of `component`; nothing happens if it isn't owned here.
+    void RemoveComponent(TComponent* component);
+    /// Destroys all owned components, the last one first.
+    void DestroyComponents();
+
+    /// `component` will tell this one, by `Notification`, when it is destroyed. Either may be destroyed
+    /// first.
+    void FreeNotification(TComponent* component);
+    void RemoveFreeNotification(TComponent* component);
+
+    const TComponentState& getComponentState() const noexcept { return mState; }
+    /// `EComponentError` for a name that is no identifier, or that another component of the owner has. The
+    /// empty name is allowed.
+    virtual void SetName(const System::UnicodeString& name);
+    void SetDesigning(bool value, bool setChildren = true);
+    /// Marks this component and what it owns as inherited from an ancestor form, or not.
+    void SetAncestor(bool value);
+    void SetInline(bool value) { SetState(csInline, value); }
+    /// Sets or clears the flag that a reader raises while it reads the component.
+    void SetLoading(bool value) { SetState(csLoading, value); }
+    /// Marks this component and what it owns as being destroyed. Called by the destructor; a derived class
+    /// whose own destructor must know calls it earlier.
+    void Destroying();
+    /// Called when the component has been read completely.
+    virtual void Loaded();
+
+    /// Told of each component that comes or goes, among the owned ones or by `FreeNotification`. On
+    /// `opRemove` the component may be in its destructor: only its address is of use. Passes the news to all
+    /// owned components.
+    virtual void Notification(TComponent* component, TOperation operation);
+
+protected:
+    /// Raises `EComponentError` if `component`, which may be null, can't change its name from `current` to
+    /// `name` within this owner.
+    virtual void ValidateRename(TComponent* component, const System::UnicodeString& current,
+                                const System::UnicodeString& name);
+    /// Sets the name without a test.
+    void ChangeName(const System::UnicodeString& name);
+
+private:
+    void SetState(TComponentStateFlag flag, bool value);
+    void Attach(TComponent& component);
+    void Detach(TComponent& component);
+    void Link(TComponent& component);
+    void Unlink(TComponent& component);
+    /// Lets the owner's published field of the component's name point to it.
+    void BindField();
+    void UnbindField();
+    void AssignField(TComponent* target);
+
+    TComponent* mOwner = nullptr;
+    System::UnicodeString mName;
+    System::Int64 mTag = 0;
+    TComponentState mState;
+    std::vector<TComponent*> mComponents;
+    /// By names in small letters.
+    std::unordered_map<System::UnicodeString, TComponent*> mByName;
+    std::vector<TComponent*> mFreeNotifies;
+};
+
+} // namespace Classes

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include "streams/BTL_STRM_StdIOStream.h"
+#include "platform/toolkit/MessageBox.h"
+#include "streams/BTL_STRM_StreamUtilities.h"
+#include "streams/CountingStreamSupport.h"
+#include "support/ChildProgram.h"
+#include "support/ScriptedBoxes.h"
+#include "support/TempFolder.h"
+
+#include <csignal>
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+#include <sys/resource.h>
+
+using BTL::CStdInStream;
+using BTL::CStdOutStream;
+using Classes::TMemoryStream;
+using Support::At;
+using Support::CountingStream;
+using System::UnicodeString;
+
+namespace
+{
+
+TEST(StdInStreamTest, StartsWhereItIsToldTo)
+{
+    const struct
+    {
+        BTL::EStreamSync sync;
+        int first;
+    } cases[] = {{BTL::ssKeep, 10}, {BTL::ssSync, 10}, {BTL::ssRewind, 0}};
+    for (const auto& [sync, first] : cases) {
+        CountingStream bytes(300);
+        bytes.setPosition(10);
+        CStdInStream stream(&bytes, sync);
+        EXPECT_EQ(stream.tellg(), first);
+        EXPECT_EQ(stream.get(), At(first));
+    }
+}
+
+TEST(StdInStreamTest, EachNullStreamIsAnEmptyOneOfItsOwn)
+{
+    const Support::ScriptedBoxes boxes{IDNO, IDNO};
+    CStdOutStream out(nullptr, BTL::ssKeep);
+    out << "text";
+    CStdInStream in(nullptr, BTL::ssKeep);
+    EXPECT_EQ(in.get(), std::char_traits<char>::eof());
+}
+
+TEST(StdOutStreamTest, WritesAtOnce)
+{
+    TMemoryStream bytes;
+    bytes.WriteBuffer("0123456789", 10);
+    bytes.setPosition(4);
+    CStdOutStream stream(&bytes, BTL::ssSync);
+    stream << "ab" << 5;
+    EXPECT_EQ(bytes.AsView(), "0123ab5789");
+    EXPECT_EQ(stream.tellp(), 7);
+    stream.seekp(-1, std::ios_base::end).put('x');
+    EXPECT_EQ(bytes.AsView(), "0123ab578x");
+    CStdOutStream(&bytes, BTL::ssRewind).write("XY", 2);
+    EXPECT_EQ(bytes.AsView(), "XY23ab578x");
+    CStdOutStream(&bytes, BTL::ssKeep) << "z";
+    EXPECT_EQ(bytes.AsView(), "XYz3ab578x");
+}
+
+TEST(StdOutStreamTest, FailedWritesPassThrough)
+{
+    Classes::TFileStream full(u"\\dev\\full", Classes::fmOpenWrite | Classes::fmShareDenyNone);
+    BTL::CStdOutStreambuf buffer(&full);
+    EXPECT_THROW(buffer.sputn("ab", 2), Classes::EWriteError);
+    EXPECT_THROW(buffer.sputc('a'), Classes::EWriteError);
+    CStdOutStream stream(&full, BTL::ssKeep);
+    stream << "ab";
+    EXPECT_TRUE(stream.bad());
+}
+
+std::string OnTheHost(const std::filesystem::path& file)
+{
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+TEST(StdFileStreamTest, AFlushHandsTheBytesToTheHost)
+{
+    const Support::TempFolder folder;
+    const std::filesystem::path file = folder.Path() / "file";
+    BTL::CStdOutFileStream stream(System::FromUtf8(file.string()), BTL::fomCreate, BTL::fsmDenyNone);
+    stream << "ab" << std::flush;
+    EXPECT_EQ(OnTheHost(file), "ab");
+    stream << "cd" << std::endl;
+    EXPECT_EQ(OnTheHost(file), "abcd\n");
+}
+
+TEST(StdFileStreamTest, DISABLED_ChildThatFillsTheDisk)
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{100, 100};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    const Support::TempFolder folder;
+    BTL::CStdOutFileStream stream(System::FromUtf8((folder.Path() / "file").string()), BTL::fomCreate,
+                                  BTL::fsmDenyNone);
+    stream << std::string(110, 'x');
+    const bool wasGood = stream.good();
+    stream << std::flush;
+    Support::PrintResult(wasGood && stream.bad() ? "told" : "lost");
+}
+
+TEST(StdFileStreamTest, AFlushTellsOfAFullDisk)
+{
+    EXPECT_EQ(Support::RunChildTest("StdFileStreamTest.DISABLED_ChildThatFillsTheDisk"), "told");
+}
+
+TEST(StdFileStreamTest, OwnTheirFiles)
+{
+    const Support::TempFolder folder;
+    const UnicodeString path = System::FromUtf8((folder.Path() / "file").string());
+    EXPECT_THROW(BTL::CStdOutFileStream{path}, Classes::EFOpenError);
+    EXPECT_THROW(BTL::CStdInFileStream{path}, Classes::EFOpenError);
+    BTL::CStdOutFileStream(path, BTL::fomCreate, BTL::fsmDenyNone) << "one two";
+    BTL::CStdOutFileStream(path, BTL::fomAppend, BTL::fsmDenyNone) << " three";
+    BTL::CStdOutFileStream(path) << "ONE";
+    std::string word;
+    BTL::CStdInFileStream in(path);
+    in >> word >> word >> word;
+    EXPECT_EQ(word, "three");
+    EXPECT_EQ(BTL::LoadStringFromFile(path), "ONE two three");
+    EXPECT_THROW(BTL::CStdInFileStream(path, Classes::fmOpenRead | Classes::fmShareExclusive),
+                 Classes::EFOpenError);
+}
+
+} // namespace

@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#include "streams/BTL_STRM_StreamUtilities.h"
+#include "streams/AnyStreamSupport.h"
+#include "streams/BTL_STRM_Stream.h"
+
+#include <array>
+#include <climits>
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+using System::AnsiString;
+using System::Int64;
+using System::UTF8String;
+
+namespace
+{
+
+class StreamUtilitiesTest : public Support::AnyStreamTest
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(Kinds, StreamUtilitiesTest, Support::EveryStreamKind);
+
+TEST_P(StreamUtilitiesTest, UtilitiesReadPieces)
+{
+    using Classes::TStream;
+    const auto until = [](const AnsiString& delimiter) {
+        return [=](TStream* stream) { return BTL::ReadStringUntil(stream, delimiter); };
+    };
+    const auto untilComma = [](TStream* stream) { return BTL::ReadStringUntil(stream, ','); };
+    const auto untilEither = [](TStream* stream) { return BTL::ReadStringUntil2(stream, ',', ';'); };
+    const auto line = [](TStream* stream) { return BTL::ReadLine(stream); };
+    const auto bytes = [](int count) {
+        return [=](TStream* stream) { return BTL::ReadBytes(stream, count); };
+    };
+    using TResult = std::pair<AnsiString, Int64>;
+    EXPECT_EQ(After("ab,cd", untilComma), TResult("ab", 3));
+    EXPECT_EQ(After("abcd", untilComma), TResult("abcd", 4));
+    EXPECT_EQ(After("ab;c,d", untilEither), TResult("ab", 3));
+    EXPECT_EQ(After("a--->b", until("-->")), TResult("a-", 5));
+    EXPECT_EQ(After("a--b", until("-->")), TResult("a--b", 4));
+    EXPECT_EQ(After("ab", until("")), TResult("ab", 2));
+    EXPECT_EQ(After("ab\r\ncd", line), TResult("ab", 4));
+    EXPECT_EQ(After("ab\rx\ncd", line), TResult("ab", 5));
+    EXPECT_EQ(After("ab\ncd", line), TResult("ab\ncd", 5));
+    EXPECT_EQ(After("abc", bytes(2)), TResult("ab", 2));
+    EXPECT_EQ(After("abc", bytes(INT_MAX)), TResult("abc", 3));
+    EXPECT_EQ(After("abc", bytes(-1)), TResult("", 0));
+    EXPECT_EQ(BTL::ReadUTF8StringUntil(With("\xC3\xA4,"), ','), UTF8String("\xC3\xA4"));
+    EXPECT_EQ(BTL::LoadStringFromStream(With("all")), "all");
+}
+
+TEST_P(StreamUtilitiesTest, UtilitiesMoveThePosition)
+{
+    Classes::TStream* const stream = With("a b\nc;d\ne");
+    EXPECT_EQ(BTL::ReadChar(stream), 'a');
+    EXPECT_EQ(BTL::PeekChar(stream), ' ');
+    EXPECT_EQ(stream->getPosition(), 1);
+    BTL::SkipLine(stream);
+    EXPECT_EQ(stream->getPosition(), 4);
+    BTL::SkipUntil(stream, ';');
+    EXPECT_EQ(BTL::GetCurrStrLine(stream), "c;d\ne");
+    EXPECT_EQ(stream->getPosition(), 6);
+    BTL::SkipBytes(stream, -3);
+    EXPECT_EQ(stream->getPosition(), 3);
+    BTL::SkipBytes(stream, 100);
+    EXPECT_EQ(stream->getPosition(), 8);
+    BTL::SkipBytes(stream, -100);
+    EXPECT_EQ(stream->getPosition(), 0);
+    BTL::SkipWhitespaces(stream);
+    EXPECT_EQ(stream->getPosition(), 2);
+    BTL::ReadUntil(stream, 'x');
+    EXPECT_TRUE(BTL::Eof(stream));
+    EXPECT_EQ(BTL::ReadChar(stream), '\0');
+    EXPECT_EQ(BTL::PeekChar(stream), '\0');
+    EXPECT_EQ(BTL::CountLines(stream, -1), 2);
+    EXPECT_EQ(BTL::CountLines(stream, 4), 1);
+    EXPECT_EQ(stream->getPosition(), 4);
+    EXPECT_EQ(BTL::GetSize(stream), 9);
+
+    Classes::TStream* const lines = With("first\r\n" + std::string(2000, 'x') + "\r\nlast");
+    lines->setPosition(1500);
+    EXPECT_EQ(BTL::GetCurrStrLine(lines), AnsiString::StringOfChar('x', 2000));
+    EXPECT_EQ(lines->getPosition(), 1500);
+}
+
+TEST_P(StreamUtilitiesTest, UtilitiesReadIntegers)
+{
+    using Classes::TStream;
+    const auto read = [](TStream* stream) { return BTL::ReadIntegerDef(stream, 7); };
+    const auto unget = [](TStream* stream) { return BTL::ReadIntegerUnget(stream, 7); };
+    using TResult = std::pair<int, Int64>;
+    EXPECT_EQ(After("12;", read), TResult(12, 3));
+    EXPECT_EQ(After("-12", read), TResult(-12, 3));
+    EXPECT_EQ(After("abc", read), TResult(7, 1));
+    EXPECT_EQ(After("", read), TResult(7, 0));
+    EXPECT_EQ(After("1-2", read), TResult(1, 2));
+    EXPECT_EQ(After("99999999999,", read), TResult(7, 12));
+    EXPECT_EQ(After("12;", unget), TResult(12, 2));
+    EXPECT_EQ(After("x", unget), TResult(7, 0));
+    EXPECT_EQ(After("12", unget), TResult(12, 2));
+    EXPECT_EQ(BTL::ReadInteger(With("5 ")), 5);
+    EXPECT_THROW(BTL::ReadInteger(With("")), Sysutils::EConvertError);
+    EXPECT_EQ(BTL::ReadInt64(With("-99999999999,")), -99'999'999'999);
+    EXPECT_EQ(BTL::ReadInt64Def(With("-"), 3), 3);
+    EXPECT_EQ(BTL::ReadInt64Unget(With("12x"), 3), 12);
+}
+
+TEST(StreamModelTest, StreamsWithoutASizeAreReadToTheirEnd)
+{
+    using Classes::TStream;
+    const auto reads = {
+        +[](TStream* stream) { return BTL::LoadStringFromStream(stream); },
+        +[](TStream* stream) { return BTL::MStream(stream).ReadAll(); },
+        +[](TStream* stream) { return BTL::ReadBytes(stream, INT_MAX); },
+        +[](TStream* stream) { return BTL::ReadStringUntil(stream, ';'); },
+    };
+    for (const auto& read : reads) {
+        std::array<int, 2> ends{};
+        ASSERT_EQ(pipe(ends.data()), 0);
+        ASSERT_EQ(write(ends[1], "abc", 3), 3);
+        close(ends[1]);
+        Classes::THandleStream stream(ends[0]);
+        EXPECT_EQ(read(&stream), "abc");
+        close(ends[0]);
+    }
+    // The host makes this file up while it is read, and tells no size.
+    EXPECT_GT(BTL::LoadStringFromFile(u"\\proc\\self\\status").Length(), 10);
+}
+
+} // namespace

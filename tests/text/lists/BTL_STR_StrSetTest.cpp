@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "text/lists/BTL_STR_StrSet.h"
+#include "platform/runtime/classes/Classes.h"
+#include "text/lists/BTL_STR_StringList.h"
+
+#include <gmock/gmock.h>
+
+namespace
+{
+
+using namespace BTL;
+using Classes::TStringList;
+
+TEST(StrSetTest, WorksOnNothingAsOnAnEmptySet)
+{
+    CStrSet set;
+    EXPECT_FALSE(set.Contains(u"a"));
+    EXPECT_EQ(set.getCommaText(), u"");
+    EXPECT_TRUE(set.ContainsAll(u""));
+    EXPECT_TRUE(set.ContainsAll(nullptr));
+    EXPECT_FALSE(set.ContainsAll(u"a"));
+    set.Remove(u"a");
+    set.RemoveCommaText(u"a,b");
+    set.Remove(nullptr);
+    set.Add(nullptr);
+    CStrSet copy(set);
+    copy = set;
+    EXPECT_EQ(copy.getCommaText(), u"");
+}
+
+TEST(StrSetTest, AddsRemovesAndTests)
+{
+    CStrSet set;
+    set.Add(u"b");
+    set.Add(CStringList(u"B,a,b").getList());
+    set.AddCommaText(u"c");
+    set.AddCommaText(u"");
+    EXPECT_EQ(set.getCommaText(), u"a,b,B,c");
+    EXPECT_TRUE(set.ContainsAll(u"B,c"));
+    EXPECT_FALSE(set.Contains(u"C"));
+    CStrSet copy = set;
+    set.RemoveCommaText(u"a,x,b");
+    EXPECT_EQ(set.getCommaText(), u"B,c");
+    EXPECT_EQ(copy.getCommaText(), u"a,b,B,c");
+    const TStringList* const strings = set.CreateStrings();
+    set.AddCommaText(u"=,new");
+    EXPECT_EQ(set.getCommaText(), u"=,new") << "an equals sign replaces all";
+    EXPECT_EQ(strings->getCommaText(), u"=,new") << "in the same list";
+    set = copy;
+    EXPECT_EQ(strings->getCommaText(), u"a,b,B,c");
+    set = CStrSet();
+    EXPECT_EQ(strings->getCount(), 0);
+    set = copy;
+    set.Remove(set.CreateStrings());
+    EXPECT_EQ(set.getCommaText(), u"");
+    set.AddCommaText(u"d");
+    copy = set;
+    EXPECT_EQ(copy.getCommaText(), u"d");
+    set.setCommaText(u"e,e");
+    EXPECT_EQ(set.getCommaText(), u"e");
+    set.setCommaText(u"");
+    EXPECT_FALSE(set.Contains(u"e"));
+    copy.Clear();
+    EXPECT_EQ(copy.getCommaText(), u"");
+}
+
+} // namespace
