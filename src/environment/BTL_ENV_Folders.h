@@ -13,7 +13,7 @@ namespace BTL
 
 /// The folder of the running program.
 TRS8_BTL_API System::UnicodeString GetApplicationPath();
-/// The same.
+/// As `GetApplicationPath`.
 TRS8_BTL_API System::UnicodeString GetBinPath();
 /// The parent of the program's folder.
 TRS8_BTL_API System::UnicodeString GetRootPath();

@@ -9,7 +9,7 @@ namespace WIN
 /// The system's description of `code`, as the system gives it; "The function 'FormatMessage' fails." for a
 /// code that it can't describe.
 TRS8_BTL_API System::UnicodeString GetSystemMessage(unsigned long code);
-/// The same.
+/// As `GetSystemMessage`.
 TRS8_BTL_API System::UnicodeString GetErrorMessage(unsigned long code);
 /// The system's description of the thread's last error.
 TRS8_BTL_API System::UnicodeString GetLastError();
@@ -53,7 +53,7 @@ private:
 /// Raises `XLastError` if the thread's last error isn't 0. While the application terminates nobody could
 /// handle an exception any more, so a box tells the error and the function returns.
 TRS8_BTL_API void ThrowLastError();
-/// The same with the place of the fault in the message.
+/// As `ThrowLastError`, but with the place of the fault in the message.
 TRS8_BTL_API void ThrowLastError(const char* file, int line);
 
 /// How this layer shows a box; the message boxes of the language layer take its place.

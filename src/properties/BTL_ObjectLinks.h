@@ -41,7 +41,7 @@ public:
 
     /// Calls each link's `OnNotify`, in the order of their addresses. What one of them throws ends the round.
     void Notify(ANotifyMessage* message);
-    /// The same with `OnChanged`.
+    /// Calls each link's `OnChanged`, in the order of their addresses; else as `Notify`.
     void Changed(void* data);
 
 protected:

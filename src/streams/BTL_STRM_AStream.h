@@ -62,7 +62,7 @@ protected:
     void DoSkipWhiteSpaces();
     /// The next byte; 0, and eof, at the end.
     char DoReadChar();
-    /// The same, and fail with eof.
+    /// As `DoReadChar`, but sets fail with eof.
     char DoGetChar();
     /// Reads `count` bytes; fail if there are fewer, and eof if that is due to the end.
     void DoRead(char* buffer, System::Int64 count);
@@ -70,7 +70,7 @@ protected:
     /// that is 0 behind a line feed, which counts and is stored as 0; behind a zero, which sets fail too.
     /// Fail if there are none, or for a `count` below 2, which stores nothing.
     void DoGet(char* buffer, System::Int64 count, char delimiter);
-    /// The same, but ends behind the delimiter, which counts and is stored as 0. Without one it sets eof at
+    /// As `DoGet`, but ends behind the delimiter, which counts and is stored as 0. Without one it sets eof at
     /// the end of the stream.
     void DoGetLine(char* buffer, System::Int64 count, char delimiter);
     /// Reads at most `count` bytes while the state is good, up to and with the delimiter or, if wanted, a
@@ -78,7 +78,7 @@ protected:
     void DoReadUntil(char* buffer, System::Int64 count, char delimiter, bool stopAtLineFeed);
     /// The bytes in front of the next white space; eof if there is nothing left.
     void DoReadTillWS(System::AnsiString& text);
-    /// The same for digits, signs, points and the letter of an exponent.
+    /// The digits, signs, points and letters of an exponent up to another byte; eof if there is nothing left.
     void DoReadNumStr(System::AnsiString& text);
 
     // The number behind white space. 0 and fail if there is none; eof if nothing follows. Its point is `.`.

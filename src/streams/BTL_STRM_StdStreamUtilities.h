@@ -47,7 +47,7 @@ TRS8_BTL_API int ReadInteger(StdInStream& stream);
 TRS8_BTL_API int ReadIntegerDef(StdInStream& stream, int defaultValue);
 TRS8_BTL_API System::Int64 ReadInt64(StdInStream& stream);
 TRS8_BTL_API System::Int64 ReadInt64Def(StdInStream& stream, System::Int64 defaultValue);
-/// The same, but without a digit the last byte is put back.
+/// As `ReadIntegerDef`, but without a digit the last byte is put back.
 TRS8_BTL_API int ReadIntegerUnget(StdInStream& stream, int defaultValue);
 TRS8_BTL_API System::Int64 ReadInt64Unget(StdInStream& stream, System::Int64 defaultValue);
 

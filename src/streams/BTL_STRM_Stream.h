@@ -98,7 +98,7 @@ public:
     System::AnsiString ReadUntil(char delimiter);
     /// Up to a line feed or the end, without the carriage returns, wherever they stand.
     System::AnsiString ReadLine();
-    /// The same, or up to the delimiter; what ends the line is read too.
+    /// As `ReadLine`, or up to the delimiter; what ends the line is read too.
     System::AnsiString ReadLineUntil(char delimiter);
     /// `newLine` tells whether a line feed was the end.
     System::AnsiString ReadLineUntil(char delimiter, bool& newLine);
@@ -110,7 +110,7 @@ public:
     /// a word, digits continue it as well. Empty if there is none; `position` then stays, but is the size if
     /// nothing was left to read.
     System::AnsiString ReadWord(int& position);
-    /// The same by two tables of 256 bytes, 1 for each character that begins or continues a word. With
+    /// The next word by two tables of 256 bytes, 1 for each character that begins or continues a word. With
     /// `nextChars` null the first serves for both; with both null the usual tables do.
     System::AnsiString ReadWord(int& position, const unsigned char* firstChars,
                                 const unsigned char* nextChars);

@@ -22,7 +22,7 @@ TRS8_BTL_API System::AnsiString GetCurrStrLine(Classes::TStream* stream);
 
 /// The next byte; 0 at the end.
 TRS8_BTL_API char ReadChar(Classes::TStream* stream);
-/// The same; the position stays.
+/// As `ReadChar`, but the position stays.
 TRS8_BTL_API char PeekChar(Classes::TStream* stream);
 
 TRS8_BTL_API void SkipLine(Classes::TStream* stream);
@@ -59,7 +59,7 @@ TRS8_BTL_API void WriteEndOfLine(Classes::TStream* stream);
 /// `Sysutils::EConvertError` if there is none.
 TRS8_BTL_API int ReadInteger(Classes::TStream* stream);
 TRS8_BTL_API int ReadIntegerDef(Classes::TStream* stream, int defaultValue);
-/// The same, but the byte behind the number stays in the stream.
+/// As `ReadIntegerDef`, but the byte behind the number stays in the stream.
 TRS8_BTL_API int ReadIntegerUnget(Classes::TStream* stream, int defaultValue);
 TRS8_BTL_API System::Int64 ReadInt64(Classes::TStream* stream);
 TRS8_BTL_API System::Int64 ReadInt64Def(Classes::TStream* stream, System::Int64 defaultValue);

@@ -20,7 +20,7 @@ TRS8_BTL_API System::AnsiString BinaryDataToHexA(const System::AnsiString& bytes
 /// size below 1 takes nothing.
 TRS8_BTL_API void HexToBinaryData(const System::UnicodeString& hex, void* buffer, int size);
 TRS8_BTL_API void HexToBinaryData(const System::AnsiString& hex, void* buffer, int size);
-/// The same for all pairs.
+/// The bytes of all pairs of digits, read as `HexToBinaryData` with a buffer reads them.
 TRS8_BTL_API System::AnsiString HexToBinaryData(const System::UnicodeString& hex);
 TRS8_BTL_API System::AnsiString HexToBinaryData(const System::AnsiString& hex);
 

@@ -35,7 +35,8 @@ enum EDateIntervalUnit
 
 /// The first and the last day of the range. Of an unknown range, `from` is today and `to` is left alone.
 TRS8_BTL_API void GetCurrentDate(ECurrentDate range, System::TDateTime& from, System::TDateTime& to);
-/// The same as seen from the day of `today`.
+/// The first and the last day of the range as seen from the day of `today`; of an unknown one as without
+/// `today`.
 TRS8_BTL_API void GetCurrentDate(const System::TDateTime& today, ECurrentDate range, System::TDateTime& from,
                                  System::TDateTime& to);
 
@@ -44,9 +45,9 @@ constexpr int To4DigitYear(int year)
 {
     return year < 50 ? year + 2000 : year < 100 ? year + 1900 : year;
 }
-/// The same of the number that `text` is; a text that is none counts as 0.
+/// `To4DigitYear` of the number that `text` is; a text that is none counts as 0.
 TRS8_BTL_API System::UnicodeString To4DigitYear(const System::UnicodeString& text);
-/// The same of the year of `date`; all else of it stays, as does a value without a date.
+/// Applies `To4DigitYear` to the year of `date`; all else of it stays, as does a value without a date.
 TRS8_BTL_API System::TDateTime To4DigitYear(const System::TDateTime& date);
 TRS8_BTL_API void Set4DigitYear(System::TDateTime& date);
 /// A `year` below 50 plus 2000; all others stay.
@@ -59,7 +60,7 @@ constexpr System::Word YearCorrection(System::Word year)
 /// above 12 counts as 12, and the new year gets the `YearCorrection`. A new year outside 1 to 9999 is an
 /// internal fault, after which the fields are left alone.
 TRS8_BTL_API void AddMonths(System::Word& year, System::Word& month, System::Word& day, int months);
-/// The same of `date`, without its time of day.
+/// The day of `date` moved as by `AddMonths` of its fields, without its time of day.
 TRS8_BTL_API System::TDateTime AddMonths(const System::TDateTime& date, int months);
 
 // Moves by `n` units, which may be negative. The time of day stays or is carried on, also before 1899.

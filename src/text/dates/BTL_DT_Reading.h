@@ -36,7 +36,7 @@ TRS8_BTL_API System::UnicodeString TrimDate(const System::UnicodeString& text);
 /// The trimmed parts of a date as they stand; a missing one is empty.
 TRS8_BTL_API void DecodeDate(const System::UnicodeString& text, System::UnicodeString& year,
                              System::UnicodeString& month, System::UnicodeString& day);
-/// The same of a date before and a time behind the first blank.
+/// As `DecodeDate` of what stands before the first blank, with the parts of a time behind it.
 TRS8_BTL_API void DecodeDateTime(const System::UnicodeString& text, System::UnicodeString& year,
                                  System::UnicodeString& month, System::UnicodeString& day,
                                  System::UnicodeString& hour, System::UnicodeString& minute,
@@ -45,8 +45,8 @@ TRS8_BTL_API void DecodeDateTime(const System::UnicodeString& text, System::Unic
 /// A date from any text: parts that are no numbers, or missing, count as 1, and all are held within the
 /// calendar. `_` and `%` are passed over. A year of two digits stays. Never fails.
 TRS8_BTL_API System::TDateTime GetValidDate(const System::UnicodeString& text);
-/// The same of what stands before the first blank, with the time behind it by `Sysutils::StrToTime`, which
-/// may fail.
+/// As `GetValidDate` of what stands before the first blank, with the time behind it by `Sysutils::StrToTime`,
+/// which may fail.
 TRS8_BTL_API System::TDateTime GetValidDateTime(const System::UnicodeString& text);
 
 } // namespace BTL

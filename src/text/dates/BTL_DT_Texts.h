@@ -27,8 +27,8 @@ TRS8_BTL_API System::UnicodeString GetDateTimeStringWithMSec(const System::TDate
 /// left out, so that the text can serve `LIKE`, as can parts that are "%" or "_". The year is one of
 /// `To4DigitYear`. The quotes hold together whatever the parts are.
 TRS8_BTL_API System::UnicodeString GetSQLDateString(const System::UnicodeString& text, bool quoted);
-/// The same with the parts of a time, as "yyyy-mm-dd hh:nn:ss.ccc". A single digit of milliseconds becomes
-/// four.
+/// As `GetSQLDateString`, but with the parts of a time, as "yyyy-mm-dd hh:nn:ss.ccc". A single digit of
+/// milliseconds becomes four.
 TRS8_BTL_API System::UnicodeString GetSQLDateTimeString(const System::UnicodeString& text, bool quoted);
 /// "2022-2-1", without padding.
 TRS8_BTL_API System::UnicodeString GetSQLDateString(const System::TDateTime& value, bool quoted);
@@ -36,7 +36,7 @@ TRS8_BTL_API System::UnicodeString GetSQLDateString(const System::TDateTime& val
 /// time.
 TRS8_BTL_API System::UnicodeString GetSQLDateTimeString(const System::TDateTime& value, bool quoted);
 
-/// The same for the name of a file: "2022-2-1_10-5-9-123".
+/// As `GetSQLDateTimeString` without padding, but fit for the name of a file: "2022-2-1_10-5-9-123".
 TRS8_BTL_API System::UnicodeString GetValidFileName(const System::TDateTime& value);
 
 /// The month and year, "MMYY", that is `months` (12 if that is no number) after a date of day, month and

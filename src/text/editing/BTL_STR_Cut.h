@@ -43,7 +43,8 @@ TRS8_BTL_API void TrimEnd(System::AnsiString& s);
 /// Cuts `s` to `n` characters if it is longer; a negative `n` cuts nothing.
 TRS8_BTL_API void ReduceLength(System::UnicodeString& s, int n);
 TRS8_BTL_API void ReduceLength(System::AnsiString& s, int n);
-/// The same, and appends `suffix` behind the `n` characters if it cut; true if it did.
+/// Cuts `s` to `n` characters if it is longer, and then appends `suffix`; true if it did. A negative `n` cuts
+/// nothing.
 TRS8_BTL_API bool ReduceLength(System::UnicodeString& s, int n, const System::UnicodeString& suffix);
 TRS8_BTL_API bool ReduceLength(System::AnsiString& s, int n, const System::AnsiString& suffix);
 /// As `ReduceLength` on a copy.

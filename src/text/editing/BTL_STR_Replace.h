@@ -37,7 +37,7 @@ TRS8_BTL_API System::UnicodeString Exchange1stSubStr(const System::UnicodeString
 TRS8_BTL_API System::AnsiString Exchange1stSubStr(const System::AnsiString& s,
                                                   const System::AnsiString& oldText,
                                                   const System::AnsiString& newText, int maxLen);
-/// The same; the search doesn't regard case.
+/// As `Exchange1stSubStr`, but the search doesn't regard case.
 TRS8_BTL_API System::UnicodeString Exchange1stSubStrIC(const System::UnicodeString& s,
                                                        const System::UnicodeString& oldText,
                                                        const System::UnicodeString& newText, int maxLen);
@@ -58,7 +58,8 @@ TRS8_BTL_API System::UnicodeString ExchangeAll(const System::UnicodeString& s, S
                                                const System::UnicodeString& newText);
 TRS8_BTL_API System::AnsiString ExchangeAll(const System::AnsiString& s, char c,
                                             const System::AnsiString& newText);
-/// The same outside quotes. `quotes` holds the characters that open a quote; the same character closes it.
+/// Replaces every `oldText` that stands outside quotes. `quotes` holds the characters that open a quote; the
+/// same character closes it.
 TRS8_BTL_API System::UnicodeString ExchangeAll(const System::UnicodeString& s,
                                                const System::UnicodeString& oldText,
                                                const System::UnicodeString& newText,

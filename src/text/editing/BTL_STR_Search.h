@@ -34,7 +34,7 @@ TRS8_BTL_API int CharRPos(const System::AnsiString& s, char c, int from);
 /// means the end.
 TRS8_BTL_API int RPos(const System::UnicodeString& s, const System::UnicodeString& sub, int end);
 TRS8_BTL_API int RPos(const System::AnsiString& s, const System::AnsiString& sub, int end);
-/// The same without regard to case.
+/// As `RPos`, but without regard to case.
 TRS8_BTL_API int RIPos(const System::UnicodeString& s, const System::UnicodeString& sub, int end);
 TRS8_BTL_API int RIPos(const System::AnsiString& s, const System::AnsiString& sub, int end);
 
@@ -42,13 +42,13 @@ TRS8_BTL_API int RIPos(const System::AnsiString& s, const System::AnsiString& su
 TRS8_BTL_API bool BeginsWith(const System::UnicodeString& s, const System::UnicodeString& sub, int at);
 /// False for an empty `sub`.
 TRS8_BTL_API bool EndsWith(const System::UnicodeString& s, const System::UnicodeString& sub);
-/// The same without regard to case.
+/// As `EndsWith`, but without regard to case.
 TRS8_BTL_API bool IEndsWith(const System::UnicodeString& s, const System::UnicodeString& sub);
 
 /// How often `c` occurs; 0 for a null pointer or a zero `c`.
 TRS8_BTL_API int CountChar(const System::WideChar* text, System::WideChar c);
 TRS8_BTL_API int CountChar(const char* text, char c);
-/// The same; `c` is of the system's code page.
+/// How often the character occurs that `c` is in the system's code page; 0 for a zero `c`.
 TRS8_BTL_API int CountChar(const System::UnicodeString& s, char c);
 
 /// True if the low 8 bits of any character are the code of a letter of the Western code page.

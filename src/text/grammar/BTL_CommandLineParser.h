@@ -28,7 +28,7 @@ public:
     /// Adds the run of characters that begins at the 1-based `position`, and gives the position behind it. A
     /// position outside the text adds nothing and gives its end.
     int ParserArg(const System::UnicodeString& text, int position);
-    /// The same for the quoted token whose opening quote is at `position`.
+    /// As `ParserArg`, but for the quoted token whose opening quote is at `position`.
     int ParserStr(const System::UnicodeString& text, int position);
     /// Appends a token, unless it is empty.
     void Add(const System::UnicodeString& argument);

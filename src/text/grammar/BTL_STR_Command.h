@@ -15,7 +15,7 @@ TRS8_BTL_API System::UnicodeString DelimSubString2(const System::UnicodeString& 
                                                    System::WideChar close, int start);
 TRS8_BTL_API System::AnsiString DelimSubString2(const System::AnsiString& s, char open, char close,
                                                 int start);
-/// The same with one character for both.
+/// As `DelimSubString2`, with `delim` for both `open` and `close`.
 TRS8_BTL_API System::UnicodeString DelimSubString(const System::UnicodeString& s, System::WideChar delim,
                                                   int start);
 TRS8_BTL_API System::AnsiString DelimSubString(const System::AnsiString& s, char delim, int start);
@@ -25,7 +25,7 @@ TRS8_BTL_API System::AnsiString DelimSubString(const System::AnsiString& s, char
 /// begins there.
 TRS8_BTL_API System::UnicodeString GetWord(const System::UnicodeString& s, int& pos, System::WideChar prefix);
 TRS8_BTL_API System::AnsiString GetWord(const System::AnsiString& s, int& pos, char prefix);
-/// The same from the begin.
+/// The first word with its `prefix`, as `GetWord` with a place finds it.
 TRS8_BTL_API System::UnicodeString GetWord(const System::UnicodeString& s, System::WideChar prefix);
 TRS8_BTL_API System::AnsiString GetWord(const System::AnsiString& s, char prefix);
 
@@ -38,7 +38,7 @@ TRS8_BTL_API System::UnicodeString GetSubString(const System::UnicodeString& s, 
                                                 System::WideChar escape);
 TRS8_BTL_API System::AnsiString GetSubString(const System::AnsiString& s, int& pos, bool skipBlanks,
                                              char open, char close, char escape);
-/// The same from the begin.
+/// The first piece, as `GetSubString` with a place finds it.
 TRS8_BTL_API System::UnicodeString GetSubString(const System::UnicodeString& s, bool skipBlanks,
                                                 System::WideChar open, System::WideChar close,
                                                 System::WideChar escape);

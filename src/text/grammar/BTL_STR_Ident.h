@@ -11,8 +11,8 @@ namespace BTL
 TRS8_BTL_API System::UnicodeString TransformToValidIdent(const System::UnicodeString& s,
                                                          System::WideChar replacement);
 TRS8_BTL_API System::AnsiString TransformToValidIdent(const System::AnsiString& s, char replacement);
-/// The same; in place of an empty identifier `prefix` and a number that rises with each such call in the
-/// process, from 1 on.
+/// Makes an identifier as the form without `prefix`, but in place of an empty one gives `prefix` and a number
+/// that rises with each such call in the process, from 1 on.
 TRS8_BTL_API System::UnicodeString TransformToValidIdent(const System::UnicodeString& s,
                                                          System::WideChar replacement,
                                                          const System::UnicodeString& prefix);

@@ -27,7 +27,7 @@ public:
     /// Adds the lines of both lists in pairs; former entries stay. Unequal counts are an internal fault, and
     /// nothing is added if the user lets that pass.
     void SetValues(const Classes::TStrings* keys, const Classes::TStrings* values);
-    /// The same with the items of comma texts.
+    /// As `SetValues` of lists, with the items of comma texts.
     void SetValues(const System::UnicodeString& commaKeys, const System::UnicodeString& commaValues);
     /// Overwrites the value of a key that is there.
     void Add(const System::UnicodeString& key, const System::UnicodeString& value);

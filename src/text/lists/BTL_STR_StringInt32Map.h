@@ -39,7 +39,7 @@ public:
         value = found->second;
         return true;
     }
-    /// The same, but `value` becomes `defaultValue` then.
+    /// As `GetValue` without a default, but for a missing key `value` becomes `defaultValue`.
     bool GetValue(const System::UnicodeString& key, T& value, T defaultValue) const
     {
         const bool found = GetValue(key, value);

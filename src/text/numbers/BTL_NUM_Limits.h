@@ -20,7 +20,8 @@ TRS8_BTL_API System::UnicodeString GetLimitTextW(double upper, double lower,
                                                  const System::UnicodeString* unit);
 TRS8_BTL_API System::AnsiString GetLimitTextA(double upper, double lower, const System::AnsiString* unit);
 
-/// The same for `System::TDateTime` values, shown as `Sysutils::TimeToStr`.
+/// As `GetLimitTextW` and `GetLimitTextA`, but for `System::TDateTime` values, shown as
+/// `Sysutils::TimeToStr`.
 TRS8_BTL_API System::UnicodeString GetDateTimeLimitTextW(double upper, double lower,
                                                          const System::UnicodeString* unit);
 TRS8_BTL_API System::AnsiString GetDateTimeLimitTextA(double upper, double lower,

@@ -20,7 +20,7 @@ TRS8_BTL_API double GetUnitFactor(const System::UnicodeString& from, const Syste
 /// range of a `double` is infinite.
 TRS8_BTL_API bool ValueWithUnitToDouble(const System::UnicodeString& text, double& value);
 TRS8_BTL_API bool ValueWithUnitToDouble(const System::AnsiString& text, double& value);
-/// The same under its old name.
+/// As `ValueWithUnitToDouble`, its old name.
 TRS8_BTL_API bool ValueWithUnitToDoble(const System::UnicodeString& text, double& value);
 TRS8_BTL_API bool ValueWithUnitToDoble(const System::AnsiString& text, double& value);
 TRS8_BTL_API double ValueWithUnitToDoubleDef(const System::UnicodeString& text, double defaultValue);

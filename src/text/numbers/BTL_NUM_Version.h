@@ -11,7 +11,7 @@ namespace BTL
 /// a fifth one follows; the numbers in front keep what was read.
 TRS8_BTL_API bool VersionStrToVersionNos(const System::UnicodeString& text, unsigned& a, unsigned& b,
                                          unsigned& c, unsigned& d);
-/// The same, with the fourth number dropped.
+/// As the form with four numbers, but the fourth one is dropped.
 TRS8_BTL_API bool VersionStrToVersionNos(const System::UnicodeString& text, unsigned& a, unsigned& b,
                                          unsigned& c);
 

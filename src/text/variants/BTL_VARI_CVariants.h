@@ -28,7 +28,7 @@ public:
     void Assign(const UTL::CVariants& items);
     /// `Sysutils::EVariantError` for an entry that no `UTL::CVariant` takes, which leaves `items` alone.
     void AddVariantsTo(UTL::CVariants& items) const;
-    /// The same in place of the former items.
+    /// As `AddVariantsTo`, but in place of the former items.
     void GetVariants(UTL::CVariants& items) const;
 
     /// Takes each element of an array of one dimension, or the value that is no array, in place of the

@@ -30,7 +30,7 @@ public:
     /// A line `name=value` for each entry, the values and failures as of `VarToSqlValue`; names stand as they
     /// are. Null does nothing.
     void AddSqlUpdateAssignTo(Classes::TStrings* strings) const;
-    /// The same with commas between, for the `SET` of an SQL statement.
+    /// The lines of `AddSqlUpdateAssignTo` with commas between, for the `SET` of an SQL statement.
     System::UnicodeString GetSqlUpdateAssign() const;
 
     /// The entries as a comma text for a log.

@@ -36,7 +36,7 @@ public:
     operator System::TDateTime() const;
 };
 
-/// The same in 8 bits.
+/// As `CStrVariant`, but 8-bit text.
 class TRS8_BTL_API CAStrVariant : public System::AnsiString
 {
 public:

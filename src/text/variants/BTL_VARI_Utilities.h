@@ -85,7 +85,7 @@ TRS8_BTL_API bool VarWithUnitToDouble(const System::Variant& value, double& resu
 TRS8_BTL_API bool VarToStr(const System::Variant& value, System::UnicodeString& result);
 TRS8_BTL_API System::UnicodeString VarToStrDef(const System::Variant& value,
                                                const System::UnicodeString& defaultValue);
-/// The same.
+/// As `VarToStrDef`.
 TRS8_BTL_API System::UnicodeString ToStrDef(const System::Variant& value,
                                             const System::UnicodeString& defaultValue);
 
@@ -117,7 +117,7 @@ TRS8_BTL_API System::Variant ForEeachVar_Sum(const System::Variant& value);
 /// What the whole text is: an integer (decimal, or hexadecimal behind `$` or `0x`), a `double`, Null if
 /// empty, else the text.
 TRS8_BTL_API System::Variant StringToBestVariant(const System::UnicodeString& text);
-/// The same, but "false" is 0, "true" 1 and "null" Null, in small letters only.
+/// As `StringToBestVariant`, but "false" is 0, "true" 1 and "null" Null, in small letters only.
 TRS8_BTL_API System::Variant StringToBestPropertyValue(const System::UnicodeString& text);
 
 } // namespace BTL

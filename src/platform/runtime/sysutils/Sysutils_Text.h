@@ -65,7 +65,7 @@ TRS8_BTL_API bool SameText(const System::UnicodeString& a, const System::Unicode
 /// By the order of the user's language. What that takes for the same, such as control characters, is ordered
 /// by the characters: only equal texts give 0.
 TRS8_BTL_API int AnsiCompareStr(const System::UnicodeString& a, const System::UnicodeString& b);
-/// The same without regard to case.
+/// As `AnsiCompareStr`, but without regard to case.
 TRS8_BTL_API int AnsiCompareText(const System::UnicodeString& a, const System::UnicodeString& b);
 TRS8_BTL_API bool AnsiSameStr(const System::UnicodeString& a, const System::UnicodeString& b);
 TRS8_BTL_API bool AnsiSameText(const System::UnicodeString& a, const System::UnicodeString& b);

@@ -78,7 +78,7 @@ TRS8_BTL_API System::UnicodeString VarToStr(const System::Variant& value);
 /// The text of a value, `defaultValue` for Null.
 TRS8_BTL_API System::UnicodeString VarToStrDef(const System::Variant& value,
                                                const System::UnicodeString& defaultValue);
-/// The same under the names of the wide forms.
+/// As `VarToStr`; `VarToWideStrDef` is as `VarToStrDef`.
 inline System::UnicodeString VarToWideStr(const System::Variant& value)
 {
     return VarToStr(value);
