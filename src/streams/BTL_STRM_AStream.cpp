@@ -15,7 +15,7 @@ namespace BTL
 namespace
 {
 
-using Classes::StreamWindow;
+using Classes::CStreamWindow;
 using Classes::TStream;
 using System::AnsiString;
 using System::Int64;
@@ -136,7 +136,7 @@ void AStream::DoSkipWhiteSpaces()
 {
     Guarded([&] {
         while (good()) {
-            const std::string_view window = StreamWindow::Of(*mStream);
+            const std::string_view window = CStreamWindow::Of(*mStream);
             if (window.empty()) {
                 break;
             }
@@ -198,7 +198,7 @@ template <class Take>
 void AStream::ReadBytewise(Int64 count, Take take)
 {
     Guarded([&] {
-        Detail::ByteCursor bytes(*mStream);
+        Detail::CByteCursor bytes(*mStream);
         for (Int64 i = 0; i < count; ++i) {
             const std::optional<char> c = bytes.Next();
             if (!c) {
@@ -304,16 +304,16 @@ void AStream::ReadWhile(Find findEnd, AnsiString& text)
 
 void AStream::DoReadTillWS(AnsiString& text)
 {
-    ReadWhile(Detail::FindIf{IsAtMostBlank}, text);
+    ReadWhile(Detail::GFindIf{IsAtMostBlank}, text);
 }
 
 void AStream::DoReadNumStr(AnsiString& text)
 {
-    ReadWhile(Detail::FindIf{EndsNumber}, text);
+    ReadWhile(Detail::GFindIf{EndsNumber}, text);
 }
 
 /// A text of characters that numbers are made of.
-struct AStream::NumberText
+struct AStream::TScannedNumber
 {
     /// The text of a usual number fits in here, and needs no string of its own.
     std::array<WideChar, 40> shortText;
@@ -323,12 +323,12 @@ struct AStream::NumberText
     bool isLast = false;
 };
 
-void AStream::TakeNumber(NumberText& number)
+void AStream::TakeNumber(TScannedNumber& number)
 {
     DoSkipWhiteSpaces();
-    const std::string_view window = Guarded([&] { return StreamWindow::Of(*mStream); });
+    const std::string_view window = Guarded([&] { return CStreamWindow::Of(*mStream); });
     const std::string_view start = window.substr(0, number.shortText.size() + 1);
-    const std::size_t length = Detail::FindIf{EndsNumber}(start);
+    const std::size_t length = Detail::GFindIf{EndsNumber}(start);
     if (length != std::string_view::npos) {
         std::copy_n(start.begin(), length, number.shortText.begin());
         number.view = std::u16string_view(number.shortText.data(), length);
@@ -345,7 +345,7 @@ void AStream::TakeNumber(NumberText& number)
 
 /// `convert` takes the number's wide text and gives whether it is one.
 template <class Number, class Convert>
-Number AStream::Converted(const NumberText& number, Convert convert)
+Number AStream::Converted(const TScannedNumber& number, Convert convert)
 {
     Number value = 0;
     if (number.view.empty() || (good() && !convert(number.view, value))) {
@@ -358,7 +358,7 @@ Number AStream::Converted(const NumberText& number, Convert convert)
     return value;
 }
 
-Int64 AStream::ToInt64(const NumberText& number)
+Int64 AStream::ToInt64(const TScannedNumber& number)
 {
     return Converted<Int64>(number, [](std::u16string_view text, Int64& value) {
         return Sysutils::TryStrToInt64(UnicodeString(text), value);
@@ -367,14 +367,14 @@ Int64 AStream::ToInt64(const NumberText& number)
 
 Int64 AStream::ReadInt64()
 {
-    NumberText number;
+    TScannedNumber number;
     TakeNumber(number);
     return ToInt64(number);
 }
 
 UInt64 AStream::ReadUInt64()
 {
-    NumberText number;
+    TScannedNumber number;
     TakeNumber(number);
     if (number.view.starts_with(u'-')) {
         mState << esFail;
@@ -385,7 +385,7 @@ UInt64 AStream::ReadUInt64()
 template <class Float>
 Float AStream::ReadFloat()
 {
-    NumberText number;
+    TScannedNumber number;
     TakeNumber(number);
     return Converted<Float>(number, [](std::u16string_view text, Float& value) {
         return Sysutils::BufferToFloat(text, u'.', value);

@@ -96,17 +96,17 @@ protected:
     void DoWrite(const char* bytes, System::Int64 count);
 
 private:
-    struct NumberText;
+    struct TScannedNumber;
 
     template <class Operation>
     auto Guarded(Operation operation);
     bool AtEnd();
     template <class Find>
     void ReadWhile(Find findEnd, System::AnsiString& text);
-    void TakeNumber(NumberText& number);
+    void TakeNumber(TScannedNumber& number);
     template <class Number, class Convert>
-    Number Converted(const NumberText& number, Convert convert);
-    System::Int64 ToInt64(const NumberText& number);
+    Number Converted(const TScannedNumber& number, Convert convert);
+    System::Int64 ToInt64(const TScannedNumber& number);
     template <class Float>
     Float ReadFloat();
     template <class Take>

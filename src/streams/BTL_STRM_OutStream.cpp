@@ -95,7 +95,7 @@ AnsiString COutStream::str(int position) const
     const Int64 former = stream.getPosition();
     stream.setPosition(std::max(position, 0));
     AnsiString text;
-    Detail::ReadTo(stream, Detail::FindIf{[](char c) { return static_cast<unsigned char>(c) < 5; }},
+    Detail::ReadTo(stream, Detail::GFindIf{[](char c) { return static_cast<unsigned char>(c) < 5; }},
                    Detail::AppendTo(text));
     stream.setPosition(former);
     return text;

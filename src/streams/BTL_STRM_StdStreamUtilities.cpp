@@ -48,7 +48,7 @@ AnsiString ReadTextTo(StdInStream& stream, IsEnd isEnd)
     return text;
 }
 
-struct NumberText
+struct TStdIntegerText
 {
     AnsiString text;
     bool hasEnd;
@@ -56,7 +56,7 @@ struct NumberText
     bool HasDigit() const { return !text.IsEmpty() && IsAsciiDigit(*text.LastChar()); }
 };
 
-NumberText ReadNumberText(StdInStream& stream)
+TStdIntegerText ReadStdIntegerText(StdInStream& stream)
 {
     AnsiString text;
     const auto end = ReadTo(
@@ -68,7 +68,7 @@ NumberText ReadNumberText(StdInStream& stream)
 template <class Convert>
 auto ReadUnget(StdInStream& stream, Convert convert)
 {
-    const NumberText number = ReadNumberText(stream);
+    const TStdIntegerText number = ReadStdIntegerText(stream);
     if (!number.HasDigit() && number.hasEnd) {
         stream.unget();
     }
@@ -207,22 +207,22 @@ AnsiString ReadBytes(StdInStream& stream, int count)
 
 int ReadInteger(StdInStream& stream)
 {
-    return Sysutils::StrToInt(ReadNumberText(stream).text);
+    return Sysutils::StrToInt(ReadStdIntegerText(stream).text);
 }
 
 int ReadIntegerDef(StdInStream& stream, int defaultValue)
 {
-    return Sysutils::StrToIntDef(ReadNumberText(stream).text, defaultValue);
+    return Sysutils::StrToIntDef(ReadStdIntegerText(stream).text, defaultValue);
 }
 
 Int64 ReadInt64(StdInStream& stream)
 {
-    return Sysutils::StrToInt64(ReadNumberText(stream).text);
+    return Sysutils::StrToInt64(ReadStdIntegerText(stream).text);
 }
 
 Int64 ReadInt64Def(StdInStream& stream, Int64 defaultValue)
 {
-    return Sysutils::StrToInt64Def(ReadNumberText(stream).text, defaultValue);
+    return Sysutils::StrToInt64Def(ReadStdIntegerText(stream).text, defaultValue);
 }
 
 int ReadIntegerUnget(StdInStream& stream, int defaultValue)

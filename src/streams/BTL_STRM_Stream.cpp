@@ -91,7 +91,7 @@ AnsiString ReadExactly(TStream& stream, int count)
 
 auto FindInTable(const unsigned char* table, bool wanted)
 {
-    return Detail::FindIf{[=](char c) { return (table[static_cast<unsigned char>(c)] != 0) == wanted; }};
+    return Detail::GFindIf{[=](char c) { return (table[static_cast<unsigned char>(c)] != 0) == wanted; }};
 }
 
 /// The position as the type that words are told in.
@@ -147,7 +147,7 @@ Int64 Search(const AnsiString& text, TStream* stream, int start)
     if (text.IsEmpty()) {
         return -1;
     }
-    Detail::PatternScan scan(text.AsView());
+    Detail::CPatternScan scan(text.AsView());
     const auto found = Detail::ReadTo(*stream, std::ref(scan), Detail::Ignore);
     return found ? stream->getPosition() - text.Length() : -1;
 }
@@ -279,7 +279,7 @@ void MStream::WriteAll(const AnsiString& text)
 AnsiString MStream::ReadUntil(char delimiter)
 {
     AnsiString text;
-    Detail::ReadTo(*mStream, Detail::FindByte{delimiter}, Detail::AppendTo(text));
+    Detail::ReadTo(*mStream, Detail::CFindByte{delimiter}, Detail::AppendTo(text));
     return text;
 }
 
@@ -306,8 +306,8 @@ AnsiString MStream::ReadLineUntil(char delimiter, bool& newLine)
     };
     const std::optional<char> end =
         delimiter == '\n'
-            ? Detail::ReadTo(*mStream, Detail::FindByte{'\n'}, appendWithoutReturns)
-            : Detail::ReadTo(*mStream, Detail::FindEither{delimiter, '\n'}, appendWithoutReturns);
+            ? Detail::ReadTo(*mStream, Detail::CFindByte{'\n'}, appendWithoutReturns)
+            : Detail::ReadTo(*mStream, Detail::CFindEither{delimiter, '\n'}, appendWithoutReturns);
     newLine = end == '\n';
     return text;
 }
@@ -364,12 +364,12 @@ Int64 MStream::LoadRest(TStream* source)
 
 Int64 MStream::LoadTill(TStream* source, char delimiter)
 {
-    return CopyTo(SourceOf(source, mStream), *mStream, Detail::FindByte{delimiter});
+    return CopyTo(SourceOf(source, mStream), *mStream, Detail::CFindByte{delimiter});
 }
 
 Int64 MStream::LoadTill(TStream* source, const System::DynamicArray<unsigned char>& pattern)
 {
-    Detail::PatternScan scan(AsChars(pattern));
+    Detail::CPatternScan scan(AsChars(pattern));
     return CopyTo(SourceOf(source, mStream), *mStream, std::ref(scan));
 }
 

@@ -62,10 +62,10 @@ constexpr UTL::CFaultPlace LoadStringFromStream{Source, 215};
 } // namespace NullStreamIn
 
 /// The stream, or an empty one for a null pointer that the user lets pass.
-class CheckedStream
+class CCheckedStream
 {
 public:
-    CheckedStream(TStream* stream, const UTL::CFaultPlace& place) : mStream(stream)
+    CCheckedStream(TStream* stream, const UTL::CFaultPlace& place) : mStream(stream)
     {
         if (stream == nullptr) {
             UTL::THROW_XAssert(place);
@@ -120,14 +120,14 @@ Int64 LineStart(TStream& stream, Int64 position)
     return 0;
 }
 
-struct NumberText
+struct TIntegerText
 {
     UnicodeString text;
     /// Whether a byte and not the end of the stream ended the number.
     bool hasEnd;
 };
 
-NumberText ReadNumberText(TStream& stream)
+TIntegerText ReadIntegerText(TStream& stream)
 {
     AnsiString text;
     const std::optional<char> first = Detail::ReadByte(stream);
@@ -136,14 +136,14 @@ NumberText ReadNumberText(TStream& stream)
     }
     text = AnsiString(*first);
     const auto end =
-        Detail::ReadTo(stream, Detail::FindIf{std::not_fn(IsAsciiDigit<char>)}, Detail::AppendTo(text));
+        Detail::ReadTo(stream, Detail::GFindIf{std::not_fn(IsAsciiDigit<char>)}, Detail::AppendTo(text));
     return {text, end.has_value()};
 }
 
-/// As `ReadNumberText`, with the byte behind the number given back.
-UnicodeString ReadNumberTextUnget(TStream& stream)
+/// As `ReadIntegerText`, with the byte behind the number given back.
+UnicodeString ReadIntegerTextUnget(TStream& stream)
 {
-    const NumberText number = ReadNumberText(stream);
+    const TIntegerText number = ReadIntegerText(stream);
     if (number.hasEnd) {
         stream.Seek(-1, Classes::soCurrent);
     }
@@ -159,18 +159,18 @@ void WriteBytes(TStream& stream, std::string_view bytes)
 
 bool Eof(TStream* stream)
 {
-    CheckedStream checked(stream, NullStreamIn::Eof);
+    CCheckedStream checked(stream, NullStreamIn::Eof);
     return Detail::AtEnd(*checked);
 }
 
 Int64 GetSize(TStream* stream)
 {
-    return CheckedStream(stream, NullStreamIn::GetSize)->getSize();
+    return CCheckedStream(stream, NullStreamIn::GetSize)->getSize();
 }
 
 int CountLines(TStream* stream, Int64 limit)
 {
-    CheckedStream checked(stream, NullStreamIn::CountLines);
+    CCheckedStream checked(stream, NullStreamIn::CountLines);
     checked->setPosition(0);
     Int64 left = limit < 0 ? INT_MAX : limit;
     Int64 count = 0;
@@ -188,7 +188,7 @@ int CountLines(TStream* stream, Int64 limit)
 
 AnsiString GetCurrStrLine(TStream* stream)
 {
-    CheckedStream checked(stream, NullStreamIn::GetCurrStrLine);
+    CCheckedStream checked(stream, NullStreamIn::GetCurrStrLine);
     const Int64 position = checked->getPosition();
     checked->setPosition(LineStart(*checked, std::min(position, checked->getSize())));
     AnsiString line = ReadLine(&*checked);
@@ -198,12 +198,12 @@ AnsiString GetCurrStrLine(TStream* stream)
 
 char ReadChar(TStream* stream)
 {
-    return Detail::ReadByte(*CheckedStream(stream, NullStreamIn::ReadChar)).value_or('\0');
+    return Detail::ReadByte(*CCheckedStream(stream, NullStreamIn::ReadChar)).value_or('\0');
 }
 
 char PeekChar(TStream* stream)
 {
-    CheckedStream checked(stream, NullStreamIn::PeekChar);
+    CCheckedStream checked(stream, NullStreamIn::PeekChar);
     const std::optional<char> c = Detail::ReadByte(*checked);
     if (c) {
         checked->Seek(-1, Classes::soCurrent);
@@ -218,12 +218,12 @@ void SkipLine(TStream* stream)
 
 void SkipUntil(TStream* stream, char c)
 {
-    Detail::ReadTo(*CheckedStream(stream, NullStreamIn::SkipUntil), Detail::FindByte{c}, Detail::Ignore);
+    Detail::ReadTo(*CCheckedStream(stream, NullStreamIn::SkipUntil), Detail::CFindByte{c}, Detail::Ignore);
 }
 
 void SkipBytes(TStream* stream, int count)
 {
-    CheckedStream checked(stream, NullStreamIn::SkipBytes);
+    CCheckedStream checked(stream, NullStreamIn::SkipBytes);
     const Int64 position = checked->getPosition();
     const Int64 last = checked->getSize() - 1;
     const Int64 target = std::max(std::min(Classes::AddClamped(position, count), last), Int64{0});
@@ -232,8 +232,8 @@ void SkipBytes(TStream* stream, int count)
 
 void SkipWhitespaces(TStream* stream)
 {
-    Detail::ReadTo(*CheckedStream(stream, NullStreamIn::SkipWhitespaces), Detail::FindIf{IsUnicodeWhiteSpace},
-                   Detail::Ignore);
+    Detail::ReadTo(*CCheckedStream(stream, NullStreamIn::SkipWhitespaces),
+                   Detail::GFindIf{IsUnicodeWhiteSpace}, Detail::Ignore);
 }
 
 void ReadUntil(TStream* stream, char c)
@@ -243,27 +243,27 @@ void ReadUntil(TStream* stream, char c)
 
 AnsiString ReadStringUntil(TStream* stream, char delimiter)
 {
-    return ReadTextTo<AnsiString>(*CheckedStream(stream, NullStreamIn::ReadStringUntil),
-                                  Detail::FindByte{delimiter});
+    return ReadTextTo<AnsiString>(*CCheckedStream(stream, NullStreamIn::ReadStringUntil),
+                                  Detail::CFindByte{delimiter});
 }
 
 UTF8String ReadUTF8StringUntil(TStream* stream, char delimiter)
 {
-    return ReadTextTo<UTF8String>(*CheckedStream(stream, NullStreamIn::ReadUTF8StringUntil),
-                                  Detail::FindByte{delimiter});
+    return ReadTextTo<UTF8String>(*CCheckedStream(stream, NullStreamIn::ReadUTF8StringUntil),
+                                  Detail::CFindByte{delimiter});
 }
 
 AnsiString ReadStringUntil2(TStream* stream, char a, char b)
 {
-    return ReadTextTo<AnsiString>(*CheckedStream(stream, NullStreamIn::ReadStringUntil2),
-                                  Detail::FindEither{a, b});
+    return ReadTextTo<AnsiString>(*CCheckedStream(stream, NullStreamIn::ReadStringUntil2),
+                                  Detail::CFindEither{a, b});
 }
 
 AnsiString ReadStringUntil(TStream* stream, const AnsiString& text)
 {
-    CheckedStream checked(stream, NullStreamIn::ReadStringUntilText);
+    CCheckedStream checked(stream, NullStreamIn::ReadStringUntilText);
     AnsiString result;
-    Detail::PatternScan scan(text.AsView());
+    Detail::CPatternScan scan(text.AsView());
     if (Detail::ReadTo(*checked, std::ref(scan), Detail::AppendTo(result))) {
         // All of the delimiter but its last byte was taken for text.
         result.SetLength(result.Length() - (text.Length() - 1));
@@ -280,12 +280,12 @@ AnsiString ReadLine(TStream* stream)
 
 AnsiString ReadBytes(TStream* stream, int count)
 {
-    return Detail::ReadUpTo(*CheckedStream(stream, NullStreamIn::ReadBytes), count);
+    return Detail::ReadUpTo(*CCheckedStream(stream, NullStreamIn::ReadBytes), count);
 }
 
 void WriteString(TStream* stream, const AnsiString& text)
 {
-    WriteBytes(*CheckedStream(stream, NullStreamIn::WriteString), text.AsView());
+    WriteBytes(*CCheckedStream(stream, NullStreamIn::WriteString), text.AsView());
 }
 
 void WriteAnsiString(TStream* stream, const AnsiString& text)
@@ -295,46 +295,46 @@ void WriteAnsiString(TStream* stream, const AnsiString& text)
 
 void WriteUTF8String(TStream* stream, const UTF8String& text)
 {
-    WriteBytes(*CheckedStream(stream, NullStreamIn::WriteUTF8String), text.AsView());
+    WriteBytes(*CCheckedStream(stream, NullStreamIn::WriteUTF8String), text.AsView());
 }
 
 void WriteEndOfLine(TStream* stream)
 {
-    WriteBytes(*CheckedStream(stream, NullStreamIn::WriteEndOfLine), "\r\n");
+    WriteBytes(*CCheckedStream(stream, NullStreamIn::WriteEndOfLine), "\r\n");
 }
 
 int ReadInteger(TStream* stream)
 {
-    return Sysutils::StrToInt(ReadNumberText(*CheckedStream(stream, NullStreamIn::ReadInteger)).text);
+    return Sysutils::StrToInt(ReadIntegerText(*CCheckedStream(stream, NullStreamIn::ReadInteger)).text);
 }
 
 int ReadIntegerDef(TStream* stream, int defaultValue)
 {
-    return Sysutils::StrToIntDef(ReadNumberText(*CheckedStream(stream, NullStreamIn::ReadIntegerDef)).text,
+    return Sysutils::StrToIntDef(ReadIntegerText(*CCheckedStream(stream, NullStreamIn::ReadIntegerDef)).text,
                                  defaultValue);
 }
 
 int ReadIntegerUnget(TStream* stream, int defaultValue)
 {
-    return Sysutils::StrToIntDef(ReadNumberTextUnget(*CheckedStream(stream, NullStreamIn::ReadIntegerUnget)),
-                                 defaultValue);
+    return Sysutils::StrToIntDef(
+        ReadIntegerTextUnget(*CCheckedStream(stream, NullStreamIn::ReadIntegerUnget)), defaultValue);
 }
 
 Int64 ReadInt64(TStream* stream)
 {
-    return Sysutils::StrToInt64(ReadNumberText(*CheckedStream(stream, NullStreamIn::ReadInt64)).text);
+    return Sysutils::StrToInt64(ReadIntegerText(*CCheckedStream(stream, NullStreamIn::ReadInt64)).text);
 }
 
 Int64 ReadInt64Def(TStream* stream, Int64 defaultValue)
 {
-    return Sysutils::StrToInt64Def(ReadNumberText(*CheckedStream(stream, NullStreamIn::ReadInt64Def)).text,
+    return Sysutils::StrToInt64Def(ReadIntegerText(*CCheckedStream(stream, NullStreamIn::ReadInt64Def)).text,
                                    defaultValue);
 }
 
 Int64 ReadInt64Unget(TStream* stream, Int64 defaultValue)
 {
-    return Sysutils::StrToInt64Def(ReadNumberTextUnget(*CheckedStream(stream, NullStreamIn::ReadInt64Unget)),
-                                   defaultValue);
+    return Sysutils::StrToInt64Def(
+        ReadIntegerTextUnget(*CCheckedStream(stream, NullStreamIn::ReadInt64Unget)), defaultValue);
 }
 
 void SaveStringToStream(TStream* stream, const AnsiString& text)
@@ -344,7 +344,7 @@ void SaveStringToStream(TStream* stream, const AnsiString& text)
 
 AnsiString LoadStringFromStream(TStream* stream)
 {
-    CheckedStream checked(stream, NullStreamIn::LoadStringFromStream);
+    CCheckedStream checked(stream, NullStreamIn::LoadStringFromStream);
     const Int64 left = checked->getSize() - checked->getPosition();
     // The size of a pipe, or of a file that the host makes up while it is read, tells nothing.
     return Detail::ReadUpTo(*checked, left > 0 ? left : INT64_MAX);

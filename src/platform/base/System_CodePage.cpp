@@ -131,7 +131,7 @@ NarrowText EncodeWestern(std::u16string_view text)
 }
 
 /// The bytes of one UTF-8 character and what they stand for.
-struct Utf8Character
+struct TUtf8Character
 {
     char32_t code;
     std::size_t bytes;
@@ -139,7 +139,7 @@ struct Utf8Character
 
 /// Reads the character at the front of `bytes`, which isn't empty. An ill-formed sequence gives U+FFFD for
 /// its longest well-formed beginning, as Unicode recommends.
-Utf8Character ReadUtf8(std::string_view bytes)
+TUtf8Character ReadUtf8(std::string_view bytes)
 {
     const unsigned lead = ByteOf(bytes[0]);
     if (lead < 0x80) {

@@ -152,7 +152,7 @@ public:
 private:
     using Traits = std::char_traits<Char>;
 
-    struct Header
+    struct THeader
     {
         THolderCount holders;
         // Up to `MaxLength`. Without a sign, so that the compiler knows them to be no huge sizes.
@@ -161,13 +161,13 @@ private:
     };
 
     static constexpr Char EmptyText = Char();
-    static constexpr std::size_t HeaderSize = (sizeof(Header) + alignof(std::max_align_t) - 1) /
+    static constexpr std::size_t HeaderSize = (sizeof(THeader) + alignof(std::max_align_t) - 1) /
                                               alignof(std::max_align_t) * alignof(std::max_align_t);
     static constexpr std::size_t MaxLength = static_cast<std::size_t>(INT_MAX) - 1;
 
-    static Header* HeaderOf(Char* text) noexcept
+    static THeader* HeaderOf(Char* text) noexcept
     {
-        return reinterpret_cast<Header*>(reinterpret_cast<char*>(text) - HeaderSize);
+        return reinterpret_cast<THeader*>(reinterpret_cast<char*>(text) - HeaderSize);
     }
 
     static Char* Allocate(std::size_t length, std::size_t capacity)
@@ -180,7 +180,7 @@ private:
         if (block == nullptr) {
             ThrowStringMemory();
         }
-        new (block) Header{THolderCount(1), static_cast<unsigned>(length), static_cast<unsigned>(capacity)};
+        new (block) THeader{THolderCount(1), static_cast<unsigned>(length), static_cast<unsigned>(capacity)};
         Char* text = reinterpret_cast<Char*>(static_cast<char*>(block) + HeaderSize);
         text[length] = Char();
         return text;
@@ -198,7 +198,7 @@ private:
         if (text == nullptr) {
             return;
         }
-        Header* header = HeaderOf(text);
+        THeader* header = HeaderOf(text);
         if (header->holders.Decrement()) {
             std::free(header);
         }

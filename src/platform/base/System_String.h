@@ -300,13 +300,13 @@ private:
         }
     }
 
-    struct Piece
+    struct TPiece
     {
         std::size_t start;
         std::size_t length;
     };
 
-    Piece Clip(int index, int count) const
+    TPiece Clip(int index, int count) const
     {
         const int start = index < 1 ? 0 : index - 1;
         if (start >= Length() || count <= 0) {

@@ -16,17 +16,17 @@ namespace
 {
 
 /// Makes the two global objects and takes them away again.
-class GlobalObjects
+class CGlobalObjects
 {
 public:
-    GlobalObjects()
+    CGlobalObjects()
     {
         Application = &mApplication;
         Screen = &mScreen;
     }
-    GlobalObjects(const GlobalObjects&) = delete;
-    GlobalObjects& operator=(const GlobalObjects&) = delete;
-    ~GlobalObjects()
+    CGlobalObjects(const CGlobalObjects&) = delete;
+    CGlobalObjects& operator=(const CGlobalObjects&) = delete;
+    ~CGlobalObjects()
     {
         Application = nullptr;
         Screen = nullptr;
@@ -38,7 +38,7 @@ private:
 };
 
 // Units that ask for the program's folder while they start find the application there.
-[[gnu::init_priority(200)]] GlobalObjects globalObjects;
+[[gnu::init_priority(200)]] CGlobalObjects globalObjects;
 
 } // namespace
 

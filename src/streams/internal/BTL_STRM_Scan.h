@@ -14,14 +14,14 @@ namespace BTL::Detail
 // Reading byte by byte, as if with one call each, but in pieces where the stream has them in memory. Finders
 // tell where in a piece a byte is that ends the reading, or `npos`.
 
-struct FindByte
+struct CFindByte
 {
     char byte;
     std::size_t operator()(std::string_view bytes) const { return bytes.find(byte); }
 };
 
 template <class Predicate>
-struct FindIf
+struct GFindIf
 {
     Predicate predicate;
     std::size_t operator()(std::string_view bytes) const
@@ -33,16 +33,16 @@ struct FindIf
 };
 
 template <class Predicate>
-FindIf(Predicate) -> FindIf<Predicate>;
+GFindIf(Predicate) -> GFindIf<Predicate>;
 
 /// Looks no further than the nearer of the two.
-struct FindEither
+struct CFindEither
 {
     char a;
     char b;
     std::size_t operator()(std::string_view bytes) const
     {
-        return FindIf{[this](char c) { return c == a || c == b; }}(bytes);
+        return GFindIf{[this](char c) { return c == a || c == b; }}(bytes);
     }
 };
 
@@ -56,7 +56,7 @@ inline std::optional<char> ReadByte(Classes::TStream& stream)
 /// Whether nothing is left. Asks the host only where the bytes in memory don't tell.
 inline bool AtEnd(Classes::TStream& stream)
 {
-    return Classes::StreamWindow::Of(stream).empty() && stream.getPosition() >= stream.getSize();
+    return Classes::CStreamWindow::Of(stream).empty() && stream.getPosition() >= stream.getSize();
 }
 
 /// Reads up to and with the first byte that ends it, which is the result, and gives the bytes in front of it
@@ -65,7 +65,7 @@ template <class Find, class Sink>
 std::optional<char> ReadTo(Classes::TStream& stream, Find find, Sink sink)
 {
     for (;;) {
-        const std::string_view window = Classes::StreamWindow::Of(stream);
+        const std::string_view window = Classes::CStreamWindow::Of(stream);
         if (window.empty()) {
             const std::optional<char> byte = ReadByte(stream);
             if (!byte || find(std::string_view(&*byte, 1)) == 0) {
@@ -87,17 +87,17 @@ std::optional<char> ReadTo(Classes::TStream& stream, Find find, Sink sink)
 }
 
 /// Reads single bytes. The position of the stream is right again only after `Finish`.
-class ByteCursor
+class CByteCursor
 {
 public:
-    explicit ByteCursor(Classes::TStream& stream) : mStream(stream) {}
+    explicit CByteCursor(Classes::TStream& stream) : mStream(stream) {}
 
     /// Nothing at the end.
     std::optional<char> Next()
     {
         if (mUsed == mWindow.size()) {
             Finish();
-            mWindow = Classes::StreamWindow::Of(mStream);
+            mWindow = Classes::CStreamWindow::Of(mStream);
             if (mWindow.empty()) {
                 return ReadByte(mStream);
             }
@@ -167,10 +167,10 @@ S ReadUpTo(Classes::TStream& stream, System::Int64 count)
 }
 
 /// Looks for a pattern in bytes that come piece by piece, each of them looked at once.
-class PatternScan
+class CPatternScan
 {
 public:
-    explicit PatternScan(std::string_view pattern) : mPattern(pattern), mFallback(pattern.size() + 1)
+    explicit CPatternScan(std::string_view pattern) : mPattern(pattern), mFallback(pattern.size() + 1)
     {
         for (std::size_t i = 1, length = 0; i < pattern.size(); ++i) {
             while (length > 0 && pattern[i] != pattern[length]) {

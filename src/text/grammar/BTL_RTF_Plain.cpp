@@ -27,10 +27,10 @@ bool IsLineEnd(WideChar c)
 }
 
 /// Walks once over a text in RTF.
-class Reader
+class CRtfReader
 {
 public:
-    Reader(View text, View lineBreak) : mText(text), mLineBreak(lineBreak) {}
+    CRtfReader(View text, View lineBreak) : mText(text), mLineBreak(lineBreak) {}
 
     UnicodeString Read()
     {
@@ -116,7 +116,7 @@ bool IsRTF(const UnicodeString& text)
 UnicodeString RTF2Plain(const UnicodeString& text, const UnicodeString& lineBreak)
 {
     if (IsRTF(text)) {
-        return Reader(text.AsView(), lineBreak.AsView()).Read();
+        return CRtfReader(text.AsView(), lineBreak.AsView()).Read();
     }
     return lineBreak == u"\n" ? ExchangeAll(text, u"\r\n", u"\n") : text;
 }

@@ -13,7 +13,7 @@ using System::UnicodeString;
 namespace
 {
 
-struct ClassRegister
+struct TClassRegister
 {
     std::mutex mutex;
     /// By names in small letters.
@@ -21,9 +21,9 @@ struct ClassRegister
 };
 
 /// Never destroyed: a module that ends late may still ask.
-ClassRegister& Register()
+TClassRegister& Register()
 {
-    static auto* const instance = new ClassRegister;
+    static auto* const instance = new TClassRegister;
     return *instance;
 }
 

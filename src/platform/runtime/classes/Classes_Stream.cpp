@@ -373,16 +373,16 @@ namespace
 
 using ResourceKey = std::pair<UnicodeString, UnicodeString>;
 
-struct ResourceRegister
+struct TResourceRegister
 {
     std::mutex mutex;
     std::map<ResourceKey, std::string_view> resources;
 };
 
 /// Made at its first use: modules register while they start, in any order.
-ResourceRegister& Resources()
+TResourceRegister& Resources()
 {
-    static auto* const instance = new ResourceRegister;
+    static auto* const instance = new TResourceRegister;
     return *instance;
 }
 

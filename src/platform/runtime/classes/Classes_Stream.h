@@ -72,7 +72,7 @@ public:
     System::Int64 CopyFrom(TStream* source, System::Int64 count);
 
 private:
-    friend class StreamWindow;
+    friend class CStreamWindow;
 
     /// Bytes from the position on that are in memory anyway, at least one if there is one; empty at the end
     /// and where only `Read` can tell. Valid until the next call.

@@ -338,7 +338,7 @@ UnicodeString TStrings::getDelimitedText() const
 
 void TStrings::setDelimitedText(const UnicodeString& text)
 {
-    const DelimitedForm form{mDelimiter, mQuoteChar, mStrictDelimiter};
+    const TDelimitedForm form{mDelimiter, mQuoteChar, mStrictDelimiter};
     ReplaceLines(ReadDelimited(text.AsView(), form));
 }
 

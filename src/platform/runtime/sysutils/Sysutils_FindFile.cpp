@@ -18,7 +18,7 @@ namespace Sysutils
 namespace Detail
 {
 
-struct FileSearch
+struct TFileSearch
 {
     /// With the final separator.
     UnicodeString folder;
@@ -105,8 +105,8 @@ int FindFirst(const UnicodeString& path, int attributes, TSearchRec& found)
     if (names->empty()) {
         return NoMatch(found, ERROR_FILE_NOT_FOUND);
     }
-    found.FindHandle = std::make_shared<Detail::FileSearch>(
-        Detail::FileSearch{std::move(folder), std::move(*names), 0, ~attributes & Special});
+    found.FindHandle = std::make_shared<Detail::TFileSearch>(
+        Detail::TFileSearch{std::move(folder), std::move(*names), 0, ~attributes & Special});
     const int error = FindNext(found);
     if (error != 0) {
         FindClose(found);
@@ -119,7 +119,7 @@ int FindNext(TSearchRec& found)
     if (!found.FindHandle) {
         return NoMatch(found, ERROR_INVALID_HANDLE);
     }
-    Detail::FileSearch& search = *found.FindHandle;
+    Detail::TFileSearch& search = *found.FindHandle;
     while (search.next < search.names.size()) {
         const UnicodeString& name = search.names[search.next++];
         const auto info = Host::QueryFile(search.folder + name);

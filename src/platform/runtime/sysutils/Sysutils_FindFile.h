@@ -13,7 +13,7 @@ namespace Sysutils
 
 namespace Detail
 {
-struct FileSearch;
+struct TFileSearch;
 }
 
 /// An entry that `FindFirst` or `FindNext` found. Copies share the search.
@@ -27,7 +27,7 @@ struct TSearchRec
     /// Without the folder.
     System::UnicodeString Name;
 
-    std::shared_ptr<Detail::FileSearch> FindHandle;
+    std::shared_ptr<Detail::TFileSearch> FindHandle;
 };
 
 /// Finds the first entry of a folder whose name fits the last part of `path`, in which `*` stands for any

@@ -27,10 +27,10 @@ void AppendQuoted(UnicodeString& out, View text, WideChar quote)
     out += quote;
 }
 
-class DelimitedReader
+class CDelimitedReader
 {
 public:
-    DelimitedReader(View text, const DelimitedForm& form) : mRest(text), mForm(form) {}
+    CDelimitedReader(View text, const TDelimitedForm& form) : mRest(text), mForm(form) {}
 
     Items Read()
     {
@@ -94,13 +94,13 @@ private:
     }
 
     View mRest;
-    const DelimitedForm& mForm;
+    const TDelimitedForm& mForm;
     Items mItems;
 };
 
 } // namespace
 
-bool DelimitedForm::NeedsQuotes(View text) const
+bool TDelimitedForm::NeedsQuotes(View text) const
 {
     if (text.empty()) {
         // Between blanks an empty item would be lost.
@@ -109,12 +109,12 @@ bool DelimitedForm::NeedsQuotes(View text) const
     return std::ranges::any_of(text, [this](WideChar c) { return c == quote || EndsItem(c); });
 }
 
-Items ReadDelimited(View text, const DelimitedForm& form)
+Items ReadDelimited(View text, const TDelimitedForm& form)
 {
-    return DelimitedReader(text, form).Read();
+    return CDelimitedReader(text, form).Read();
 }
 
-UnicodeString WriteDelimited(const TStrings& strings, const DelimitedForm& form)
+UnicodeString WriteDelimited(const TStrings& strings, const TDelimitedForm& form)
 {
     const int count = strings.getCount();
     // Without quotes one empty line would be no line at all.

@@ -9,7 +9,7 @@ namespace Classes
 {
 
 /// How a list is written as one line.
-struct DelimitedForm
+struct TDelimitedForm
 {
     System::WideChar delimiter;
     /// Zero where nothing is quoted.
@@ -24,9 +24,9 @@ struct DelimitedForm
 };
 
 /// The form of comma texts.
-inline constexpr DelimitedForm CommaForm{.delimiter = u',', .quote = u'"', .strict = false};
+inline constexpr TDelimitedForm CommaForm{.delimiter = u',', .quote = u'"', .strict = false};
 
-[[nodiscard]] std::vector<TStringItem> ReadDelimited(std::u16string_view text, const DelimitedForm& form);
-[[nodiscard]] System::UnicodeString WriteDelimited(const TStrings& strings, const DelimitedForm& form);
+[[nodiscard]] std::vector<TStringItem> ReadDelimited(std::u16string_view text, const TDelimitedForm& form);
+[[nodiscard]] System::UnicodeString WriteDelimited(const TStrings& strings, const TDelimitedForm& form);
 
 } // namespace Classes

@@ -7,7 +7,7 @@ namespace Classes
 {
 
 /// Looks at bytes of a stream that are in memory anyway, so that reading byte by byte needs no call per byte.
-class StreamWindow
+class CStreamWindow
 {
 public:
     /// Bytes from the position on, which stays, at least one if there is one. Empty at the end, and for
