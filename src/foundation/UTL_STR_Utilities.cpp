@@ -242,13 +242,24 @@ bool IsLessOf(const Char* a, const Char* b, int count)
     return Compare(a, b, count, &AsItIs<Char>) < 0;
 }
 
-/// The index of the first character at or behind `start` that `matches`; `line` names the check of `start`.
+template <class Char>
+constexpr const char* Source = "UTL_STR_UtilitiesA.cpp";
+template <>
+constexpr const char* Source<WideChar> = "UTL_STR_UtilitiesW.cpp";
+
+template <class Char>
+constexpr CFaultPlace FindsOfFromNegative{Source<Char>, 158};
+template <class Char>
+constexpr CFaultPlace FindsNotOfFromNegative{Source<Char>, 173};
+template <class Char>
+constexpr CFaultPlace FindsOf2FromNegative{Source<Char>, 188};
+
+/// The index of the first character at or behind `start` that `matches`; `place` names the check of `start`.
 template <class Char, class Matches>
-int FindFirst(const Char* text, int start, int line, Matches matches)
+int FindFirst(const Char* text, int start, const CFaultPlace& place, Matches matches)
 {
     if (start < 0) {
-        constexpr bool isWide = std::is_same_v<Char, WideChar>;
-        THROW_XAssert("", isWide ? "UTL_STR_UtilitiesW.cpp" : "UTL_STR_UtilitiesA.cpp", line);
+        THROW_XAssert(place);
         return -1;
     }
     if (text == nullptr) {
@@ -265,19 +276,20 @@ int FindFirst(const Char* text, int start, int line, Matches matches)
 template <class Char>
 int FindFirstOf(Char c, const Char* text, int start)
 {
-    return FindFirst(text, start, 158, [c](Char other) { return other == c; });
+    return FindFirst(text, start, FindsOfFromNegative<Char>, [c](Char other) { return other == c; });
 }
 
 template <class Char>
 int FindFirstNotOf(Char c, const Char* text, int start)
 {
-    return FindFirst(text, start, 173, [c](Char other) { return other != c; });
+    return FindFirst(text, start, FindsNotOfFromNegative<Char>, [c](Char other) { return other != c; });
 }
 
 template <class Char>
 int FindFirstOf2(Char c1, Char c2, const Char* text, int start)
 {
-    return FindFirst(text, start, 188, [c1, c2](Char other) { return other == c1 || other == c2; });
+    return FindFirst(text, start, FindsOf2FromNegative<Char>,
+                     [c1, c2](Char other) { return other == c1 || other == c2; });
 }
 
 template <class Char>
