@@ -10,6 +10,9 @@
 namespace UTL
 {
 
+// Take this log for a file that tells of the last run alone and that its owner switches on and off; the logs
+// of `UTL_LOG_LogStream.h` and `UTL_LOG_Log.h` go on behind what former runs wrote.
+
 /// A log file that is created anew at each start of logging. Path and file name are shared by all objects,
 /// the open file is the object's own. Nothing reports an error: where the file can't be created, what is
 /// logged is lost.
