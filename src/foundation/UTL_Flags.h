@@ -36,7 +36,7 @@ public:
 
     /// Becomes equal to `other` and tells whether that changed anything.
     bool Assign(const CFlags& other);
-    /// The same; null makes all flags false.
+    /// As `Assign(const CFlags&)`, but null makes all flags false and keeps their count.
     bool Assign(const CFlags* other);
     /// Each number becomes a flag that is true unless the number is 0.
     void Assign(const CIntVector& values);

@@ -31,7 +31,7 @@ public:
     /// Ends logging, then stores both names for all objects and starts to log into a new file, which others
     /// may read. With an empty `fileName` logging only ends. The file is `path` + `fileName` as they stand.
     void Init(const System::UnicodeString& path, const System::UnicodeString& fileName);
-    /// The same with the path of now.
+    /// As `Init(path, fileName)`, but with the path stored last.
     void Init(const char* fileName);
 
     static void SetPath(const char* path);
@@ -41,7 +41,7 @@ public:
     void On();
     /// Closes the file and ends logging.
     void Off();
-    /// The same.
+    /// Closes the file and ends logging, as `Off`.
     void Clear();
 
     /// Writes `text` in the system's code page, with CR LF behind it if `newLine`.
