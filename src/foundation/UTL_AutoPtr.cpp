@@ -12,6 +12,9 @@ namespace
 {
 
 constexpr const char* Source = "UTL_AutoPtr";
+constexpr CFaultPlace DeletedWhileHeld{Source, 30};
+constexpr CFaultPlace SurplusRelease{Source, 35};
+constexpr CFaultPlace NullAccess{Source, 89};
 
 } // namespace
 
@@ -21,18 +24,17 @@ AAutoObj::~AAutoObj() noexcept(false)
         return;
     }
     constexpr const char* expression = "Unexpected AutoObj delete";
-    constexpr int line = 30;
     if (std::uncaught_exceptions() > 0) {
-        Warn(expression, Source, line);
+        Warn(DeletedWhileHeld, expression);
         return;
     }
-    THROW_XAssert(expression, Source, line);
+    THROW_XAssert(DeletedWhileHeld, expression);
 }
 
 void AAutoObj::Release()
 {
     if (mRefCount < 0) {
-        THROW_XAssert("Unexpected AutoObj release", Source, 35);
+        THROW_XAssert(SurplusRelease, "Unexpected AutoObj release");
         return;
     }
     if (--mRefCount == 0) {
@@ -45,7 +47,7 @@ MAutoObj::~MAutoObj() noexcept(false) = default;
 void Detail::FailNullAccess()
 {
     constexpr const char* expression = "null pointer access";
-    THROW_XAssert(expression, Source, 89);
+    THROW_XAssert(NullAccess, expression);
     throw Sysutils::Exception(expression);
 }
 

@@ -29,6 +29,9 @@ using System::WideChar;
 namespace
 {
 
+constexpr CFaultPlace ReadsNoItem{"UTL_CVariant.cpp", 722};
+constexpr CFaultPlace WritesNoItem{"UTL_CVariant.cpp", 729};
+
 void Write(COutStream& stream, std::string_view text)
 {
     if (const auto write = Links().Write) {
@@ -329,11 +332,11 @@ public:
     }
     CVariant GetItem(const UVariantData& data, int index) const override
     {
-        return IsInside(data, index, 722) ? data.Array->getItem(index) : CVariant();
+        return IsInside(data, index, ReadsNoItem) ? data.Array->getItem(index) : CVariant();
     }
     void SetItem(const UVariantData& data, int index, const CVariant& value) const override
     {
-        if (IsInside(data, index, 729)) {
+        if (IsInside(data, index, WritesNoItem)) {
             data.Array->setItem(index, value);
         }
     }
@@ -374,11 +377,11 @@ public:
     }
 
 private:
-    bool IsInside(const UVariantData& data, int index, int line) const
+    bool IsInside(const UVariantData& data, int index, const CFaultPlace& place) const
     {
         const bool isInside = index >= 0 && index < GetCount(data);
         if (!isInside) {
-            THROW_XAssert("", "UTL_CVariant.cpp", line);
+            THROW_XAssert(place);
         }
         return isInside;
     }

@@ -72,9 +72,9 @@ CFlags::CFlags(const CFlags& other, int count) : CFlags(count)
     ClearSurplus();
 }
 
-bool CFlags::Fail(int line)
+bool CFlags::Fail(const CFaultPlace& place)
 {
-    THROW_XAssert("", "UTL_Flags.cpp", line);
+    THROW_XAssert(place);
     return false;
 }
 
@@ -128,7 +128,7 @@ void CFlags::setCount(int count)
 
 bool CFlags::SetFlag(int i, bool value)
 {
-    if (!Check(i, 334) || IsSet(i) == value) {
+    if (!Check(i, ChangesNoFlag) || IsSet(i) == value) {
         return false;
     }
     Put(i, value);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "foundation/UTL_ASRT_FaultPlace.h"
 #include "platform/base/System_String.h"
 
 #include <cstdint>
@@ -35,7 +36,7 @@ public:
 
     /// Becomes equal to `other` and tells whether that changed anything.
     bool Assign(const CFlags& other);
-    /// The same; null makes all flags false.
+    /// As `Assign(const CFlags&)`, but null makes all flags false and keeps their count.
     bool Assign(const CFlags* other);
     /// Each number becomes a flag that is true unless the number is 0.
     void Assign(const CIntVector& values);
@@ -46,10 +47,10 @@ public:
     /// Flags that stay keep their value, new ones are false.
     void setCount(int count);
 
-    bool getItem(int i) const { return Check(i, 407) && IsSet(i); }
+    bool getItem(int i) const { return Check(i, GetsNoFlag) && IsSet(i); }
     void setItem(int i, bool value)
     {
-        if (Check(i, 415)) {
+        if (Check(i, SetsNoFlag)) {
             Put(i, value);
         }
     }
@@ -98,14 +99,19 @@ public:
 private:
     using Byte = std::uint8_t;
 
+    static constexpr const char* Source = "UTL_Flags.cpp";
+    static constexpr CFaultPlace ChangesNoFlag{Source, 334};
+    static constexpr CFaultPlace GetsNoFlag{Source, 407};
+    static constexpr CFaultPlace SetsNoFlag{Source, 415};
+
     static Byte MaskOf(int i) noexcept { return static_cast<Byte>(1U << (static_cast<unsigned>(i) % 8)); }
     static std::size_t ByteOf(int i) noexcept { return static_cast<unsigned>(i) / 8; }
 
-    bool Check(int i, int line) const
+    bool Check(int i, const CFaultPlace& place) const
     {
-        return static_cast<unsigned>(i) < static_cast<unsigned>(mCount) || Fail(line);
+        return static_cast<unsigned>(i) < static_cast<unsigned>(mCount) || Fail(place);
     }
-    static bool Fail(int line);
+    static bool Fail(const CFaultPlace& place);
     bool IsSet(int i) const noexcept { return (mBytes[ByteOf(i)] & MaskOf(i)) != 0; }
     void Put(int i, bool value) noexcept
     {

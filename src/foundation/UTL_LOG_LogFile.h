@@ -10,6 +10,9 @@
 namespace UTL
 {
 
+// Take this log for a file that tells of the last run alone and that its owner switches on and off; the logs
+// of `UTL_LOG_LogStream.h` and `UTL_LOG_Log.h` go on behind what former runs wrote.
+
 /// A log file that is created anew at each start of logging. Path and file name are shared by all objects,
 /// the open file is the object's own. Nothing reports an error: where the file can't be created, what is
 /// logged is lost.
@@ -28,7 +31,7 @@ public:
     /// Ends logging, then stores both names for all objects and starts to log into a new file, which others
     /// may read. With an empty `fileName` logging only ends. The file is `path` + `fileName` as they stand.
     void Init(const System::UnicodeString& path, const System::UnicodeString& fileName);
-    /// The same with the path of now.
+    /// As `Init(path, fileName)`, but with the path stored last.
     void Init(const char* fileName);
 
     static void SetPath(const char* path);
@@ -38,7 +41,7 @@ public:
     void On();
     /// Closes the file and ends logging.
     void Off();
-    /// The same.
+    /// Closes the file and ends logging, as `Off`.
     void Clear();
 
     /// Writes `text` in the system's code page, with CR LF behind it if `newLine`.

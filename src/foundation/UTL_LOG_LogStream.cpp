@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/UTL_LOG_LogStream.h"
 
-#include "foundation/UTL_Links.h"
+#include "foundation/internal/UTL_LOG_Folder.h"
 #include "platform/base/dates/Sysutils_Date.h"
 #include "platform/host/Host_Path.h"
 
@@ -10,17 +10,6 @@
 
 using System::AnsiString;
 using System::UnicodeString;
-
-namespace
-{
-
-UnicodeString InProgramFolder(const UnicodeString& name)
-{
-    const auto folder = UTL::Links().BinPath;
-    return folder == nullptr ? name : folder() + name;
-}
-
-} // namespace
 
 namespace UTL
 {
@@ -70,7 +59,7 @@ std::ostream* get_log_stream()
     }
     if (!log.stream) {
         if (log.fileName.IsEmpty()) {
-            log.fileName = InProgramFolder(u"TRS_Log.txt");
+            log.fileName = Detail::InProgramFolder(u"TRS_Log.txt");
         }
         log.stream.emplace(Sysutils::HostPath(log.fileName), std::ios::out | std::ios::app);
     }
@@ -82,34 +71,3 @@ std::ostream* get_log_stream()
 }
 
 } // namespace UTL
-
-namespace BTL
-{
-
-namespace
-{
-
-/// The folder is asked for on first use, when it is sure that the units that tell it have started.
-UnicodeString& LogFile()
-{
-    static UnicodeString name = InProgramFolder(u"Log.txt");
-    return name;
-}
-
-} // namespace
-
-void SetLogFile(const UnicodeString& name)
-{
-    LogFile() = name;
-}
-
-void Log(const UnicodeString& text)
-{
-    if (LogFile().IsEmpty()) {
-        return;
-    }
-    std::ofstream stream(Sysutils::HostPath(LogFile()), std::ios::out | std::ios::app);
-    stream << AnsiString(text) << std::endl;
-}
-
-} // namespace BTL

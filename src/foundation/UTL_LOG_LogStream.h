@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "foundation/UTL_LOG_Log.h"
 #include "platform/base/System_String.h"
 
 #include <iosfwd>
@@ -8,6 +9,9 @@
 namespace UTL
 {
 
+// Take this log for output that is built piece by piece with the operators of a stream; for a line now and
+// then there is `BTL::Log`.
+//
 // One process-wide stream for log lines, opened on first use behind what the file already holds. Nothing here
 // is locked, and nothing reports an error: a stream that can't be opened swallows what is written to it.
 
@@ -22,14 +26,3 @@ TRS8_BTL_API void set_logging(bool on);
 TRS8_BTL_API std::ostream* get_log_stream();
 
 } // namespace UTL
-
-namespace BTL
-{
-
-/// The file of `Log`; empty switches it off. At start it is "Log.txt" in the folder of the program.
-TRS8_BTL_API void SetLogFile(const System::UnicodeString& name);
-
-/// Appends `text` as a line to the log file, which is open only for the time of the call.
-TRS8_BTL_API void Log(const System::UnicodeString& text);
-
-} // namespace BTL

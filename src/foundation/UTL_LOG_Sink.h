@@ -6,6 +6,8 @@
 namespace UTL
 {
 
+// Take this where the application has a log of its own; the other logs write files of the library.
+//
 // A hook for the application's own log. What the kinds, the two texts and the number stand for is between the
 // application and its sink; the library only passes them on.
 

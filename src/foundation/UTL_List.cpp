@@ -9,11 +9,22 @@ namespace UTL
 namespace
 {
 
+constexpr const char* Source = "UTL_List";
+constexpr CFaultPlace RemovesFromEmptyList{Source, 205};
+constexpr CFaultPlace RemovesEnd{Source, 206};
+constexpr CFaultPlace RemovesBrokenNode{Source, 208};
+constexpr CFaultPlace RemovesForeignNode{Source, 209};
+constexpr CFaultPlace EmptyListKeepsLinks{Source, 219};
+constexpr CFaultPlace NoSuchPosition{Source, 230};
+constexpr CFaultPlace InsertsLinkedNode{Source, 231};
+constexpr CFaultPlace InsertsOwnedNode{Source, 232};
+constexpr CFaultPlace DeletesUnlinkedNode{Source, 246};
+
 /// `condition`, or an internal fault of this unit.
-bool Check(bool condition, int line)
+bool Check(bool condition, const CFaultPlace& place)
 {
     if (!condition) {
-        THROW_XAssert("", "UTL_List", line);
+        THROW_XAssert(place);
     }
     return condition;
 }
@@ -99,9 +110,9 @@ void AList::DoInsert(AListNode* position, AListNode* node)
 {
     const bool isPlace = position != nullptr && position->mNext != nullptr &&
                          position->mPrevious != nullptr && position->mList == this;
-    if (!Check(isPlace, 230) ||
-        !Check(node != nullptr && node->mNext == nullptr && node->mPrevious == nullptr, 231) ||
-        !Check(node->mList == nullptr, 232)) {
+    if (!Check(isPlace, NoSuchPosition) ||
+        !Check(node != nullptr && node->mNext == nullptr && node->mPrevious == nullptr, InsertsLinkedNode) ||
+        !Check(node->mList == nullptr, InsertsOwnedNode)) {
         return;
     }
     node->mList = this;
@@ -114,9 +125,10 @@ void AList::DoInsert(AListNode* position, AListNode* node)
 
 bool AList::CanRemove(const AListNode* node) const
 {
-    return Check(mCount != 0, 205) && Check(node != this, 206) &&
-           Check(node != nullptr && (node->mNext == nullptr) == (node->mPrevious == nullptr), 208) &&
-           Check(node->mList == this, 209);
+    return Check(mCount != 0, RemovesFromEmptyList) && Check(node != this, RemovesEnd) &&
+           Check(node != nullptr && (node->mNext == nullptr) == (node->mPrevious == nullptr),
+                 RemovesBrokenNode) &&
+           Check(node->mList == this, RemovesForeignNode);
 }
 
 bool AList::Take(AListNode* node)
@@ -125,7 +137,7 @@ bool AList::Take(AListNode* node)
         return false;
     }
     Unlink(*node);
-    Check(mCount != 0 || (mNext == this && mPrevious == this), 219);
+    Check(mCount != 0 || (mNext == this && mPrevious == this), EmptyListKeepsLinks);
     return true;
 }
 
@@ -150,7 +162,7 @@ void AList::Remove(AListNode* node)
 
 AListNode* AList::Delete(AListNode* node)
 {
-    if (!Check(node != nullptr && node->mNext != nullptr, 246)) {
+    if (!Check(node != nullptr && node->mNext != nullptr, DeletesUnlinkedNode)) {
         return nullptr;
     }
     AListNode* const next = node->mNext;

@@ -22,6 +22,9 @@ using System::WideChar;
 namespace
 {
 
+constexpr CFaultPlace WritesOutside{"UTL_STR_SimpleString.cpp", 363};
+constexpr CFaultPlace ReadsOutside{"UTL_STR_SimpleString.cpp", 369};
+
 /// What a write outside of a string goes to.
 thread_local char outside = 0;
 
@@ -186,7 +189,7 @@ bool CSimpleString::operator<(const WideChar* text) const
 
 char& CSimpleString::operator[](int index)
 {
-    if (!IsInside(index, 363)) {
+    if (!IsInside(index, WritesOutside)) {
         outside = 0;
         // The analyzer takes a thread's variable for null.
         return outside; // NOLINT(clang-analyzer-core.uninitialized.UndefReturn)
@@ -197,14 +200,14 @@ char& CSimpleString::operator[](int index)
 const char& CSimpleString::operator[](int index) const
 {
     static constexpr char zero = 0;
-    return IsInside(index, 369) ? mText[index] : zero;
+    return IsInside(index, ReadsOutside) ? mText[index] : zero;
 }
 
-bool CSimpleString::IsInside(int index, int line) const
+bool CSimpleString::IsInside(int index, const CFaultPlace& place) const
 {
     const bool isInside = index >= 0 && index < length();
     if (!isInside) {
-        THROW_XAssert("", "UTL_STR_SimpleString.cpp", line);
+        THROW_XAssert(place);
     }
     return isInside;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "foundation/UTL_ASRT_FaultPlace.h"
 #include "platform/base/System_String.h"
 
 #include <concepts>
@@ -133,7 +134,7 @@ private:
     void AssignUnsigned(System::UInt64 value);
     void AssignFloat(double value);
     void AssignFloat(long double value);
-    bool IsInside(int index, int line) const;
+    bool IsInside(int index, const CFaultPlace& place) const;
 
     char* mText = nullptr;
 };

@@ -2,6 +2,7 @@
 #include "foundation/UTL_STR_Utilities.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
+#include "platform/base/internal/System_Ascii.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"
 
 #include <unicode/uchar.h>
@@ -24,44 +25,32 @@ namespace
 {
 
 using System::WideChar;
+using System::Detail::AsciiLower;
+using System::Detail::IsAsciiDigit;
+using System::Detail::IsAsciiLetter;
+using System::Detail::IsAsciiSpace;
 using System::Detail::SafeView;
 
-template <class Char>
-constexpr bool IsDigit(Char c)
-{
-    return c >= '0' && c <= '9';
-}
-
-template <class Char>
-constexpr bool IsSpace(Char c)
-{
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
-template <class Char>
-constexpr Char Lower(Char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<Char>(c - 'A' + 'a') : c;
-}
-
-constexpr bool IsLetter(char c)
-{
-    return Lower(c) >= 'a' && Lower(c) <= 'z';
-}
-
-bool IsLetter(WideChar c)
+bool IsUnicodeLetter(WideChar c)
 {
     return u_isalpha(c) != 0;
 }
 
-bool IsLetterOrDigit(char c)
-{
-    return IsLetter(c) || IsDigit(c);
-}
-
-bool IsLetterOrDigit(WideChar c)
+bool IsUnicodeLetterOrDigit(WideChar c)
 {
     return u_isalnum(c) != 0;
+}
+
+/// The letters and digits of a parameter's name: those of ASCII in narrow text, all of the basic plane in
+/// wide.
+bool IsNameLetterOrDigit(char c)
+{
+    return IsAsciiLetter(c) || IsAsciiDigit(c);
+}
+
+bool IsNameLetterOrDigit(WideChar c)
+{
+    return IsUnicodeLetterOrDigit(c);
 }
 
 /// The start of `text`, one character for one, as far as it can belong to a number in ASCII.
@@ -69,11 +58,11 @@ template <class Char>
 std::string NumberStart(const Char* text)
 {
     const auto isNumberPart = [](Char c) {
-        return IsDigit(c) || (Lower(c) >= 'a' && Lower(c) <= 'z') || c == '+' || c == '-' || c == '.' ||
-               c == '(' || c == ')' || c == '_';
+        return IsAsciiDigit(c) || IsAsciiLetter(c) || c == '+' || c == '-' || c == '.' || c == '(' ||
+               c == ')' || c == '_';
     };
     const Char* end = text;
-    while (IsSpace(*end)) {
+    while (IsAsciiSpace(*end)) {
         ++end;
     }
     while (isNumberPart(*end)) {
@@ -96,20 +85,20 @@ template <class Char>
 TReading<long> ReadLong(const Char* text)
 {
     const Char* at = text;
-    while (IsSpace(*at)) {
+    while (IsAsciiSpace(*at)) {
         ++at;
     }
     const bool negative = *at == '-';
     if (*at == '-' || *at == '+') {
         ++at;
     }
-    if (!IsDigit(*at)) {
+    if (!IsAsciiDigit(*at)) {
         return {0, 0};
     }
     // Counted downwards, where there is room for the smallest number too.
     long value = 0;
     bool overflow = false;
-    for (; IsDigit(*at); ++at) {
+    for (; IsAsciiDigit(*at); ++at) {
         overflow = overflow || __builtin_mul_overflow(value, 10L, &value) ||
                    __builtin_sub_overflow(value, static_cast<long>(*at - '0'), &value);
     }
@@ -180,7 +169,7 @@ bool IsDigitStringOf(const Char* text, bool sign, bool blanks)
         return false;
     }
     const auto skipBlanks = [&text, blanks] {
-        while (blanks && IsSpace(*text)) {
+        while (blanks && IsAsciiSpace(*text)) {
             ++text;
         }
     };
@@ -188,7 +177,7 @@ bool IsDigitStringOf(const Char* text, bool sign, bool blanks)
     if (sign && (*text == '+' || *text == '-')) {
         ++text;
     }
-    while (IsDigit(*text)) {
+    while (IsAsciiDigit(*text)) {
         ++text;
     }
     skipBlanks();
@@ -242,13 +231,24 @@ bool IsLessOf(const Char* a, const Char* b, int count)
     return Compare(a, b, count, &AsItIs<Char>) < 0;
 }
 
-/// The index of the first character at or behind `start` that `matches`; `line` names the check of `start`.
+template <class Char>
+constexpr const char* Source = "UTL_STR_UtilitiesA.cpp";
+template <>
+constexpr const char* Source<WideChar> = "UTL_STR_UtilitiesW.cpp";
+
+template <class Char>
+constexpr CFaultPlace FindsOfFromNegative{Source<Char>, 158};
+template <class Char>
+constexpr CFaultPlace FindsNotOfFromNegative{Source<Char>, 173};
+template <class Char>
+constexpr CFaultPlace FindsOf2FromNegative{Source<Char>, 188};
+
+/// The index of the first character at or behind `start` that `matches`; `place` names the check of `start`.
 template <class Char, class Matches>
-int FindFirst(const Char* text, int start, int line, Matches matches)
+int FindFirst(const Char* text, int start, const CFaultPlace& place, Matches matches)
 {
     if (start < 0) {
-        constexpr bool isWide = std::is_same_v<Char, WideChar>;
-        THROW_XAssert("", isWide ? "UTL_STR_UtilitiesW.cpp" : "UTL_STR_UtilitiesA.cpp", line);
+        THROW_XAssert(place);
         return -1;
     }
     if (text == nullptr) {
@@ -265,19 +265,20 @@ int FindFirst(const Char* text, int start, int line, Matches matches)
 template <class Char>
 int FindFirstOf(Char c, const Char* text, int start)
 {
-    return FindFirst(text, start, 158, [c](Char other) { return other == c; });
+    return FindFirst(text, start, FindsOfFromNegative<Char>, [c](Char other) { return other == c; });
 }
 
 template <class Char>
 int FindFirstNotOf(Char c, const Char* text, int start)
 {
-    return FindFirst(text, start, 173, [c](Char other) { return other != c; });
+    return FindFirst(text, start, FindsNotOfFromNegative<Char>, [c](Char other) { return other != c; });
 }
 
 template <class Char>
 int FindFirstOf2(Char c1, Char c2, const Char* text, int start)
 {
-    return FindFirst(text, start, 188, [c1, c2](Char other) { return other == c1 || other == c2; });
+    return FindFirst(text, start, FindsOf2FromNegative<Char>,
+                     [c1, c2](Char other) { return other == c1 || other == c2; });
 }
 
 template <class Char>
@@ -290,7 +291,7 @@ bool FindSQLParamOf(const Char* text, int& position, int& length)
     }
     const Char* const name = text + position + 1;
     const Char* end = name;
-    while (IsLetterOrDigit(*end) || *end == '_') {
+    while (IsNameLetterOrDigit(*end) || *end == '_') {
         ++end;
     }
     length = 1 + static_cast<int>(end - name);
@@ -312,9 +313,9 @@ constexpr WordTable MakeWordTable(bool digits)
 {
     WordTable table = {};
     for (unsigned code = 0; code < table.size(); ++code) {
-        const bool isLetter = (code >= 'A' && code <= 'Z') || (code >= 'a' && code <= 'z') || code == '_';
+        const bool isLetter = IsAsciiLetter(code) || code == '_';
         const bool isWestern = code == 142 || code == 158 || code == 159 || (code >= 192 && code != 247);
-        const bool isDigit = code >= '0' && code <= '9';
+        const bool isDigit = IsAsciiDigit(code);
         table[code] = isLetter || isWestern || (digits && isDigit);
     }
     return table;
@@ -434,12 +435,12 @@ bool IsEqual(const WideChar* a, const WideChar* b, int count)
 
 bool IsIEqual(const char* a, const char* b, int count)
 {
-    return AreEqual(a, b, count, &Lower<char>);
+    return AreEqual(a, b, count, &AsciiLower<char>);
 }
 
 bool IsIEqual(const WideChar* a, const WideChar* b, int count)
 {
-    return AreEqual(a, b, count, &Lower<WideChar>);
+    return AreEqual(a, b, count, &AsciiLower<WideChar>);
 }
 
 bool IsLess(const char* a, const char* b)
@@ -540,8 +541,8 @@ bool GetWord(const char* text, unsigned& offset, unsigned& length)
 bool GetWord(const WideChar* text, unsigned& offset, unsigned& length)
 {
     return FindWord(
-        text, offset, length, [](WideChar c) { return IsLetter(c); },
-        [](WideChar c) { return IsLetterOrDigit(c); });
+        text, offset, length, [](WideChar c) { return IsUnicodeLetter(c); },
+        [](WideChar c) { return IsUnicodeLetterOrDigit(c); });
 }
 
 bool GetWord(const char* text, unsigned& offset, unsigned& length, const unsigned char* table)

@@ -87,7 +87,8 @@ TRS8_BTL_API System::WideChar* strnewdup(const System::WideChar* text, unsigned 
 /// Western code page from code 142 up.
 TRS8_BTL_API const unsigned char* GetWordCharsA();
 TRS8_BTL_API const unsigned char* GetWordCharsW();
-/// The same for each character that can continue a word: the former and `0` to `9`.
+/// As `GetWordCharsA`, but 1 for each character that can continue a word: those that begin one and `0` to
+/// `9`.
 TRS8_BTL_API const unsigned char* GetWordChars2A();
 TRS8_BTL_API const unsigned char* GetWordChars2W();
 

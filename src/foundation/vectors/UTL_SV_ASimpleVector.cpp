@@ -59,11 +59,11 @@ void ASimpleVector::FailMemory()
     throw Sysutils::EOutOfMemory(u"The vector grows too large.");
 }
 
-void ASimpleVector::FailRange(unsigned index, const char* file, int line) const
+void ASimpleVector::FailRange(unsigned index, const CFaultPlace& place) const
 {
     const System::AnsiString expression =
         System::PrintfA("SimpleVector out of range. Index = %d, Size = %d", static_cast<int>(index), mSize);
-    THROW_XAssert(expression.c_str(), file, line);
+    THROW_XAssert(place, expression.c_str());
     throw Sysutils::ERangeError(expression);
 }
 

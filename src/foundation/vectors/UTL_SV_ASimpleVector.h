@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "foundation/UTL_ASRT_FaultPlace.h"
 #include "platform/Export.h"
 
 namespace UTL
@@ -34,10 +35,11 @@ public:
 
     /// Raises an internal fault if `index` is not below the size; a negative index is large here. If the user
     /// lets that pass, `Sysutils::ERangeError`, since no element could be given.
-    void RangeCheck(unsigned index, const char* file, int line) const
+    void RangeCheck(unsigned index, const char* file, int line) const { RangeCheck(index, {file, line}); }
+    void RangeCheck(unsigned index, const CFaultPlace& place) const
     {
         if (index >= mSize) {
-            FailRange(index, file, line);
+            FailRange(index, place);
         }
     }
 
@@ -60,7 +62,7 @@ protected:
     unsigned mSize = 0;
 
 private:
-    [[noreturn]] void FailRange(unsigned index, const char* file, int line) const;
+    [[noreturn]] void FailRange(unsigned index, const CFaultPlace& place) const;
 };
 
 } // namespace UTL

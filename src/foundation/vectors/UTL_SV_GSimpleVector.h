@@ -9,6 +9,14 @@
 namespace UTL
 {
 
+namespace Detail
+{
+
+inline constexpr CFaultPlace WritesOutsideVector{"UTL_SV_GSimpleVector.h", 133};
+inline constexpr CFaultPlace ReadsOutsideVector{"UTL_SV_GSimpleVector.h", 134};
+
+} // namespace Detail
+
 /// A growable array of plain values. It grows by a fixed step that its creator sets, never shrinks, and can
 /// act as a sorted set. Positions are pointers into the array; `Sysutils::ERangeError` for one that lies
 /// outside. A reference to an own element is a valid argument everywhere.
@@ -44,12 +52,12 @@ public:
     const T& at(unsigned index) const;
     T& operator[](unsigned index)
     {
-        RangeCheck(index, "UTL_SV_GSimpleVector.h", 133);
+        RangeCheck(index, Detail::WritesOutsideVector);
         return mItems[index];
     }
     const T& operator[](unsigned index) const
     {
-        RangeCheck(index, "UTL_SV_GSimpleVector.h", 134);
+        RangeCheck(index, Detail::ReadsOutsideVector);
         return mItems[index];
     }
 

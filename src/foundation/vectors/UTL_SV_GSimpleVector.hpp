@@ -19,6 +19,15 @@ namespace Detail
 {
 
 inline constexpr const char* VectorSource = "UTL_SV_GSimpleVector.hpp";
+inline constexpr CFaultPlace AtWritesOutsideVector{VectorSource, 131};
+inline constexpr CFaultPlace AtReadsOutsideVector{VectorSource, 138};
+inline constexpr CFaultPlace InsertsBackwards{VectorSource, 324};
+inline constexpr CFaultPlace ErasesBackwards{VectorSource, 353};
+inline constexpr CFaultPlace SwapsNoFirstItem{VectorSource, 375};
+inline constexpr CFaultPlace SwapsNoSecondItem{VectorSource, 376};
+inline constexpr CFaultPlace DeletesNoItem{VectorSource, 386};
+inline constexpr CFaultPlace IntersectsItself{VectorSource, 509};
+inline constexpr CFaultPlace IntersectsWrongWayRound{VectorSource, 521};
 
 /// The order of sorted vectors. Floats that are no numbers stand behind all others: the standard algorithms
 /// run out of their array when an order contradicts itself.
@@ -109,14 +118,14 @@ bool GSimpleVector<T>::operator<(const GSimpleVector& other) const
 template <class T>
 T& GSimpleVector<T>::at(unsigned index)
 {
-    RangeCheck(index, Detail::VectorSource, 131);
+    RangeCheck(index, Detail::AtWritesOutsideVector);
     return mItems[index];
 }
 
 template <class T>
 const T& GSimpleVector<T>::at(unsigned index) const
 {
-    RangeCheck(index, Detail::VectorSource, 138);
+    RangeCheck(index, Detail::AtReadsOutsideVector);
     return mItems[index];
 }
 
@@ -247,7 +256,7 @@ T* GSimpleVector<T>::insert(T* position, const T* first, const T* last)
 {
     const unsigned offset = OffsetOf(position);
     if (std::less<const T*>()(last, first)) {
-        THROW_XAssert("", Detail::VectorSource, 324);
+        THROW_XAssert(Detail::InsertsBackwards);
         return position;
     }
     const auto count = static_cast<std::size_t>(last - first);
@@ -280,7 +289,7 @@ template <class T>
 T* GSimpleVector<T>::erase(T* first, T* last)
 {
     if (std::less<T*>()(last, first)) {
-        THROW_XAssert("", Detail::VectorSource, 353);
+        THROW_XAssert(Detail::ErasesBackwards);
         return first;
     }
     const unsigned count = OffsetOf(last) - OffsetOf(first);
@@ -292,9 +301,10 @@ T* GSimpleVector<T>::erase(T* first, T* last)
 template <class T>
 void GSimpleVector<T>::Swap(int i, int j)
 {
-    for (const auto& [index, line] : {std::pair(i, 375), std::pair(j, 376)}) {
+    for (const auto& [index, place] :
+         {std::pair(i, Detail::SwapsNoFirstItem), std::pair(j, Detail::SwapsNoSecondItem)}) {
         if (static_cast<unsigned>(index) >= mSize) {
-            THROW_XAssert("", Detail::VectorSource, line);
+            THROW_XAssert(place);
             return;
         }
     }
@@ -305,7 +315,7 @@ template <class T>
 void GSimpleVector<T>::Delete(int index)
 {
     if (static_cast<unsigned>(index) >= mSize) {
-        THROW_XAssert("", Detail::VectorSource, 386);
+        THROW_XAssert(Detail::DeletesNoItem);
         return;
     }
     erase(begin() + index);
@@ -410,7 +420,7 @@ template <class T>
 void GSimpleVector<T>::Intersect(const GSimpleVector& a, const GSimpleVector& b)
 {
     if (&a == this || &b == this) {
-        THROW_XAssert("", Detail::VectorSource, 509);
+        THROW_XAssert(Detail::IntersectsItself);
     }
     b.size() <= a.size() ? DoIntersect(b, a) : DoIntersect(a, b);
 }
@@ -419,7 +429,7 @@ template <class T>
 void GSimpleVector<T>::DoIntersect(const GSimpleVector& small, const GSimpleVector& large)
 {
     if (small.size() > large.size()) {
-        THROW_XAssert("", Detail::VectorSource, 521);
+        THROW_XAssert(Detail::IntersectsWrongWayRound);
     }
     GSimpleVector common;
     std::copy_if(small.begin(), small.end(), std::back_inserter(common),

@@ -17,7 +17,8 @@ namespace
 
 using System::UnicodeString;
 
-constexpr const char* Source = "UTL_SV_IntVector.cpp";
+constexpr CFaultPlace NoStringsToRead{"UTL_SV_IntVector.cpp", 90};
+constexpr CFaultPlace NoStringsToFill{"UTL_SV_IntVector.cpp", 105};
 
 } // namespace
 
@@ -67,7 +68,7 @@ int CIntVector::AtOrDef(int index, int defaultValue) const
 void CIntVector::SetObjects(Classes::TStrings* strings)
 {
     if (strings == nullptr) {
-        THROW_XAssert("", Source, 90);
+        THROW_XAssert(NoStringsToRead);
         return;
     }
     resize(0);
@@ -81,7 +82,7 @@ void CIntVector::SetObjects(Classes::TStrings* strings)
 void CIntVector::MoveObjectsTo(Classes::TStrings* strings) const
 {
     if (strings == nullptr) {
-        THROW_XAssert("", Source, 105);
+        THROW_XAssert(NoStringsToFill);
         return;
     }
     const int count = std::min(strings->getCount(), static_cast<int>(size()));
