@@ -7,7 +7,7 @@
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "text/editing/BTL_STR_Cut.h"
 #include "text/editing/BTL_STR_Replace.h"
-#include "text/numbers/BTL_NUM_Numbers.h"
+#include "text/numbers/BTL_NUM_Floats.h"
 
 #include <algorithm>
 #include <array>

@@ -6,7 +6,7 @@
 #include "platform/runtime/sysutils/Character.h"
 #include "platform/runtime/sysutils/Sysutils_Text.h"
 #include "text/editing/BTL_STR_Cut.h"
-#include "text/numbers/BTL_NUM_Numbers.h"
+#include "text/numbers/BTL_NUM_Integers.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 #include "text/grammar/BTL_RTF_Plain.h"
 
 #include "text/editing/BTL_STR_Replace.h"
-#include "text/numbers/BTL_NUM_Numbers.h"
+#include "text/numbers/BTL_NUM_Integers.h"
 
 #include <algorithm>
 #include <string>

@@ -3,7 +3,7 @@
 
 #include "platform/base/dates/Sysutils_Date.h"
 #include "platform/base/numbers/Sysutils_Number.h"
-#include "text/numbers/BTL_NUM_Numbers.h"
+#include "text/numbers/BTL_NUM_Floats.h"
 
 #include <algorithm>
 #include <cmath>

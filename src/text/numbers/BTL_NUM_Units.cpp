@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "text/numbers/BTL_NUM_Units.h"
 
-#include "text/numbers/BTL_NUM_Numbers.h"
+#include "text/numbers/BTL_NUM_FindNumber.h"
+#include "text/numbers/BTL_NUM_Floats.h"
 
 #include <algorithm>
 #include <array>

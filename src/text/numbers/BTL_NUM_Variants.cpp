@@ -2,7 +2,8 @@
 #include "text/numbers/BTL_NUM_Variants.h"
 
 #include "platform/base/numbers/Sysutils_Number.h"
-#include "text/numbers/BTL_NUM_Numbers.h"
+#include "text/numbers/BTL_NUM_Floats.h"
+#include "text/numbers/BTL_NUM_Integers.h"
 
 namespace BTL
 {

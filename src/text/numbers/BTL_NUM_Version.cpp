@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "text/numbers/BTL_NUM_Version.h"
 
-#include "text/numbers/BTL_NUM_Numbers.h"
+#include "text/numbers/BTL_NUM_Integers.h"
 
 #include <algorithm>
 #include <string_view>

@@ -3,7 +3,8 @@
 
 #include "platform/base/dates/Sysutils_Date.h"
 #include "platform/base/numbers/Sysutils_Currency.h"
-#include "text/numbers/BTL_NUM_Numbers.h"
+#include "text/numbers/BTL_NUM_Floats.h"
+#include "text/numbers/BTL_NUM_Integers.h"
 #include "text/variants/BTL_VARI_Utilities.h"
 
 namespace BTL

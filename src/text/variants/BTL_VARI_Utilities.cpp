@@ -9,7 +9,9 @@
 #include "text/bytes/BTL_BIN_BinaryData.h"
 #include "text/dates/BTL_DT_Texts.h"
 #include "text/grammar/BTL_SQL_Text.h"
-#include "text/numbers/BTL_NUM_Numbers.h"
+#include "text/numbers/BTL_NUM_Floats.h"
+#include "text/numbers/BTL_NUM_Integers.h"
+#include "text/numbers/BTL_NUM_SetDecimalSeparator.h"
 #include "text/numbers/BTL_NUM_Units.h"
 
 #include <algorithm>

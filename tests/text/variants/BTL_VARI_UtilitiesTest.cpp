@@ -6,7 +6,8 @@
 #include "platform/toolkit/MessageBox.h"
 #include "support/FormatSettingsGuard.h"
 #include "support/ScriptedBoxes.h"
-#include "text/numbers/BTL_NUM_Numbers.h"
+#include "text/numbers/BTL_NUM_Floats.h"
+#include "text/numbers/BTL_NUM_Integers.h"
 
 #include <gtest/gtest.h>
 

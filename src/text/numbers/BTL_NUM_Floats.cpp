@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+#include "text/numbers/BTL_NUM_Floats.h"
+
+#include "foundation/UTL_Links.h"
+#include "platform/base/Sysutils_Locale.h"
+#include "platform/base/dates/Sysutils_Date.h"
+#include "platform/base/numbers/Sysutils_Number.h"
+#include "text/numbers/BTL_NUM_SetDecimalSeparator.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <type_traits>
+
+namespace BTL
+{
+
+using System::AnsiString;
+using System::UnicodeString;
+using System::WideChar;
+
+namespace
+{
+
+template <class Char>
+using View = std::basic_string_view<Char>;
+
+template <class Char>
+using StringOf = std::conditional_t<std::is_same_v<Char, char>, AnsiString, UnicodeString>;
+
+/// What the run-time library is to read. It is made wide first, where any separator has its place.
+template <class S>
+UnicodeString WideNumberText(const S& text, WideChar separator = Sysutils::DecimalSeparator)
+{
+    return SetDecimalSeparator(UnicodeString(text), separator).Trim();
+}
+
+/// `separator` is what the run-time library is to take the `.` or `,` for.
+template <class Char>
+bool DoubleInto(View<Char> text, WideChar separator, double& value)
+{
+    // Most numbers are short and plain; they need no string.
+    std::array<WideChar, 32> plain;
+    const auto isPlain = [](Char c) { return c > 32 && c < 127; };
+    if (text.size() > plain.size() || !std::all_of(text.begin(), text.end(), isPlain)) {
+        const UnicodeString number = WideNumberText(StringOf<Char>(text), separator);
+        return Sysutils::BufferToFloat(number.AsView(), separator, value);
+    }
+    WideChar* const end = std::copy(text.begin(), text.end(), plain.begin());
+    WideChar* point = std::find(plain.begin(), end, u'.');
+    if (point == end) {
+        point = std::find(plain.begin(), end, u',');
+    }
+    if (point != end) {
+        *point = separator;
+    }
+    return Sysutils::BufferToFloat({plain.data(), text.size()}, separator, value);
+}
+
+template <class S>
+bool DoubleInto(const S& text, double& value)
+{
+    return DoubleInto(text.AsView(), Sysutils::DecimalSeparator, value);
+}
+
+template <class S>
+bool IsDoubleOf(const S& text)
+{
+    double ignored = 0;
+    return DoubleInto(text, ignored);
+}
+
+template <class S>
+double DoubleOf(const S& text)
+{
+    return Sysutils::StrToFloat(WideNumberText(text));
+}
+
+double DoubleOrTimeOf(const UnicodeString& text)
+{
+    if (text.Pos(Sysutils::TimeSeparator) != 0) {
+        return Sysutils::StrToTime(text.Trim());
+    }
+    return DoubleOf(text);
+}
+
+template <class S>
+double DoubleOrDefault(const S& text, double defaultValue)
+{
+    double value = defaultValue;
+    DoubleInto(text, value);
+    return value;
+}
+
+/// What the foundation asks of this unit.
+template <class Char>
+void LinkTo(UTL::TNumberLinks<Char>& links)
+{
+    links.ToDouble = [](View<Char> text, double& value) {
+        return DoubleInto(text, Sysutils::DecimalSeparator, value);
+    };
+}
+
+[[maybe_unused]] const bool linked = [] {
+    LinkTo(UTL::Links().Narrow);
+    LinkTo(UTL::Links().Wide);
+    UTL::Links().ToDouble = &DoubleInto<WideChar>;
+    return true;
+}();
+
+} // namespace
+
+bool IsDouble(const UnicodeString& text)
+{
+    return IsDoubleOf(text);
+}
+
+bool IsDouble(const AnsiString& text)
+{
+    return IsDoubleOf(text);
+}
+
+bool ToDouble(const UnicodeString& text, double& value)
+{
+    return DoubleInto(text, value);
+}
+
+bool ToDouble(const AnsiString& text, double& value)
+{
+    return DoubleInto(text, value);
+}
+
+double ToDouble(const UnicodeString& text)
+{
+    return DoubleOf(text);
+}
+
+double ToDouble(const AnsiString& text)
+{
+    return DoubleOf(text);
+}
+
+double ToDoubleEx(const UnicodeString& text)
+{
+    return DoubleOrTimeOf(text);
+}
+
+double ToDoubleEx(const AnsiString& text)
+{
+    return DoubleOrTimeOf(text);
+}
+
+double ToDoubleDef(const UnicodeString& text, double defaultValue)
+{
+    return DoubleOrDefault(text, defaultValue);
+}
+
+double ToDoubleDef(const AnsiString& text, double defaultValue)
+{
+    return DoubleOrDefault(text, defaultValue);
+}
+
+double ToDoubleDef(const WideChar* text, double defaultValue)
+{
+    return DoubleOrDefault(UnicodeString(text), defaultValue);
+}
+
+double ToDoubleDef(const char* text, double defaultValue)
+{
+    return DoubleOrDefault(AnsiString(text), defaultValue);
+}
+
+} // namespace BTL

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/System_String.h"
+
+namespace BTL
+{
+
+// Floats read from text. Input may use `.` or `,` whatever the active `Sysutils::DecimalSeparator` is; the
+// first of them is adapted to it, and there is no thousand separator. Forms with a `bool` result write their
+// target only on success.
+
+/// True if the whole `text`, trimmed, is a number with an optional exponent that a `double` can hold.
+TRS8_BTL_API bool IsDouble(const System::UnicodeString& text);
+TRS8_BTL_API bool IsDouble(const System::AnsiString& text);
+TRS8_BTL_API bool ToDouble(const System::UnicodeString& text, double& value);
+TRS8_BTL_API bool ToDouble(const System::AnsiString& text, double& value);
+/// `Sysutils::EConvertError` if `text` is no number.
+TRS8_BTL_API double ToDouble(const System::UnicodeString& text);
+TRS8_BTL_API double ToDouble(const System::AnsiString& text);
+/// A text with `Sysutils::TimeSeparator` is a time, which gives its part of a day; any other one a number as
+/// in `ToDouble`. `Sysutils::EConvertError` if it is neither.
+TRS8_BTL_API double ToDoubleEx(const System::UnicodeString& text);
+TRS8_BTL_API double ToDoubleEx(const System::AnsiString& text);
+TRS8_BTL_API double ToDoubleDef(const System::UnicodeString& text, double defaultValue);
+TRS8_BTL_API double ToDoubleDef(const System::AnsiString& text, double defaultValue);
+/// A null `text` gives `defaultValue`.
+TRS8_BTL_API double ToDoubleDef(const System::WideChar* text, double defaultValue);
+TRS8_BTL_API double ToDoubleDef(const char* text, double defaultValue);
+
+} // namespace BTL

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/System_String.h"
+
+namespace BTL
+{
+
+// Integers as text. Forms with a `bool` result write their target only on success.
+
+/// `value` by a format of `Sysutils::FormatFloat`.
+TRS8_BTL_API System::UnicodeString FormatInt(const System::UnicodeString& format, int value);
+TRS8_BTL_API System::AnsiString FormatInt(const System::AnsiString& format, int value);
+TRS8_BTL_API System::UnicodeString FormatInt64(const System::UnicodeString& format, System::Int64 value);
+TRS8_BTL_API System::AnsiString FormatInt64(const System::AnsiString& format, System::Int64 value);
+
+/// True if the whole `text` behind leading blanks is a 32-bit integer: an optional sign and decimal digits,
+/// or a `$` or `0x` prefix and hexadecimal digits. A leading `x` is refused.
+TRS8_BTL_API bool IsInt(const System::UnicodeString& text);
+TRS8_BTL_API bool IsInt(const System::AnsiString& text);
+/// As `IsInt`, with no blank allowed in front.
+TRS8_BTL_API bool IsIntStrong(const System::UnicodeString& text);
+TRS8_BTL_API bool IsIntStrong(const System::AnsiString& text);
+
+/// Reads the decimal integer at the start of `text`, behind white space; what follows its digits is ignored.
+/// False if no digit stands there, with at most a sign in front. A number beyond the range of the target
+/// gives the nearest limit.
+TRS8_BTL_API bool ToInt(const System::UnicodeString& text, int& value);
+TRS8_BTL_API bool ToInt(const System::AnsiString& text, int& value);
+TRS8_BTL_API bool ToInt(const System::UnicodeString& text, System::Int64& value);
+TRS8_BTL_API bool ToInt(const System::AnsiString& text, System::Int64& value);
+TRS8_BTL_API bool StrToInt64(const System::UnicodeString& text, System::Int64& value);
+TRS8_BTL_API bool StrToInt64(const System::AnsiString& text, System::Int64& value);
+TRS8_BTL_API System::Int64 StrToInt64Def(const System::UnicodeString& text, System::Int64 defaultValue);
+TRS8_BTL_API System::Int64 StrToInt64Def(const System::AnsiString& text, System::Int64 defaultValue);
+/// True if `StrToInt64` succeeds, so also for a text that merely begins like a number.
+TRS8_BTL_API bool IsIntType(const System::UnicodeString& text);
+TRS8_BTL_API bool IsIntType(const System::AnsiString& text);
+
+/// As `ToInt`, without a sign.
+TRS8_BTL_API bool StrToUInt(const System::UnicodeString& text, unsigned& value);
+TRS8_BTL_API bool StrToUInt64(const System::UnicodeString& text, System::UInt64& value);
+TRS8_BTL_API System::UInt64 StrToUInt64Def(const System::UnicodeString& text, System::UInt64 defaultValue);
+
+/// Reads the hexadecimal number at the start of `text`, behind blanks, an optional sign and an optional `0x`;
+/// what follows its digits is ignored. False without a digit. `FFFFFFFF` gives -1; what exceeds 32 bits
+/// counts as `FFFFFFFF`.
+TRS8_BTL_API bool HexToInt(const System::UnicodeString& text, int& value);
+TRS8_BTL_API bool HexToInt(const System::AnsiString& text, int& value);
+/// 0 if no number can be read.
+TRS8_BTL_API int HexToInt(const System::UnicodeString& text);
+TRS8_BTL_API int HexToInt(const System::AnsiString& text);
+
+/// 0 and 1 stay, any other value gives 2.
+constexpr int ToThreeState(int value)
+{
+    return value == 0 || value == 1 ? value : 2;
+}
+
+} // namespace BTL

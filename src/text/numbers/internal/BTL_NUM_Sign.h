@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace BTL::Detail
+{
+
+template <class Char>
+constexpr bool IsPlusOrMinus(Char c)
+{
+    return c == '+' || c == '-';
+}
+
+} // namespace BTL::Detail

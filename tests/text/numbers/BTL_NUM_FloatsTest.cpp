@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "text/numbers/BTL_NUM_Floats.h"
+
+#include "platform/base/Sysutils_Exception.h"
+#include "platform/base/Sysutils_Locale.h"
+#include "text/numbers/NumbersSupport.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+template <class S>
+using FloatsTest = Support::NumbersTest<S>;
+TYPED_TEST_SUITE(FloatsTest, Support::Widths);
+
+TYPED_TEST(FloatsTest, ReadsTimesAsPartsOfADay)
+{
+    Sysutils::TimeSeparator = u':';
+    Sysutils::DecimalSeparator = u',';
+    EXPECT_EQ(BTL::ToDoubleEx(this->T(" 18:00 ")), 0.75);
+    EXPECT_EQ(BTL::ToDoubleEx(this->T("6:00:00,000")), 0.25);
+    EXPECT_EQ(BTL::ToDoubleEx(this->T(" 1.5 ")), 1.5);
+    EXPECT_EQ(BTL::ToDoubleEx(this->T("18")), 18);
+    for (const char* const text : {"", "x", "25:00", ":", "1:5x", "1.5h"}) {
+        EXPECT_THROW(BTL::ToDoubleEx(this->T(text)), Sysutils::EConvertError) << text;
+    }
+    Sysutils::TimeSeparator = u'.';
+    EXPECT_EQ(BTL::ToDoubleEx(this->T("18.00")), 0.75);
+    EXPECT_THROW(BTL::ToDoubleEx(this->T("18:00")), Sysutils::EConvertError);
+}
+
+TYPED_TEST(FloatsTest, ReadsFloatsWithEitherSeparator)
+{
+    const struct
+    {
+        const char* text;
+        bool expected;
+        double value;
+    } cases[] = {
+        {"1,5", true, 1.5},      {"1.5", true, 1.5},  {" \t-1.5e3 ", true, -1500},
+        {"1,5E-2", true, 0.015}, {"12", true, 12},    {".5", true, 0.5},
+        {"", false, 0},          {"  ", false, 0},    {"1.5x", false, 0},
+        {"1.234,56", false, 0},  {"1,2,3", false, 0}, {"--1", false, 0},
+        {"5E-", false, 0},       {"1e999", false, 0}, {"-1e999", false, 0},
+        {"1 2", false, 0},
+    };
+    for (const System::WideChar separator : {u'.', u',', u'\u066B'}) {
+        Sysutils::DecimalSeparator = separator;
+        for (const auto& c : cases) {
+            const TypeParam text = this->T(c.text);
+            double value = 4711;
+            EXPECT_EQ(BTL::IsDouble(text), c.expected) << c.text;
+            EXPECT_EQ(BTL::ToDouble(text, value), c.expected) << c.text;
+            EXPECT_EQ(value, c.expected ? c.value : 4711) << c.text;
+            EXPECT_EQ(BTL::ToDoubleDef(text, 4711), value) << c.text;
+            EXPECT_EQ(BTL::ToDoubleDef(text.c_str(), 4711), value) << c.text;
+            if (c.expected) {
+                EXPECT_EQ(BTL::ToDouble(text), c.value) << c.text;
+            } else {
+                EXPECT_THROW(BTL::ToDouble(text), Sysutils::EConvertError) << c.text;
+            }
+        }
+    }
+    const typename TypeParam::CharType* const null = nullptr;
+    EXPECT_EQ(BTL::ToDoubleDef(null, 3), 3);
+    TypeParam withZero = this->T("1 2");
+    withZero[2] = 0;
+    EXPECT_FALSE(BTL::IsDouble(withZero));
+}
+
+} // namespace
