@@ -2,7 +2,7 @@
 #include "text/numbers/BTL_NUM_Numbers.h"
 
 #include "foundation/UTL_Links.h"
-#include "platform/base/dates/Sysutils_Date.h"
+#include "platform/base/dates/Sysutils_DateReading.h"
 #include "platform/base/internal/System_Ascii.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "text/numbers/Pasu_stringtointeger.h"
