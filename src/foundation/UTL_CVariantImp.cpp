@@ -5,7 +5,8 @@
 #include "foundation/UTL_CVariants.h"
 #include "foundation/UTL_Links.h"
 #include "platform/base/Sysutils_Exception.h"
-#include "platform/base/dates/Sysutils_Date.h"
+#include "platform/base/dates/Sysutils_DateReading.h"
+#include "platform/base/dates/Sysutils_DateText.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 
 #include <algorithm>

@@ -2,7 +2,8 @@
 #include "foundation/UTL_LOG_LogStream.h"
 
 #include "foundation/internal/UTL_LOG_Folder.h"
-#include "platform/base/dates/Sysutils_Date.h"
+#include "platform/base/dates/Sysutils_Calendar.h"
+#include "platform/base/dates/Sysutils_DateText.h"
 #include "platform/host/Host_Path.h"
 
 #include <fstream>

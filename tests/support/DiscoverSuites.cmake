@@ -1,4 +1,4 @@
-# One CTest entry for each test suite of a program: a process for each single test takes longer to start, under
+# One CTest entry, LABEL.SUITE, for each test suite of a program: a process for each single test takes longer to start, under
 # the sanitizers, than the tests do.
 #
 #   discover_suites(TARGET LABEL)
@@ -44,6 +44,6 @@ if(NOT suites)
     message(FATAL_ERROR "${program} has no tests")
 endif()
 foreach(suite IN LISTS suites)
-    add_test(${suite} ${program} --gtest_filter=${suite}.* --gtest_shuffle)
-    set_tests_properties(${suite} PROPERTIES LABELS ${label} TIMEOUT 120)
+    add_test(${label}.${suite} ${program} --gtest_filter=${suite}.* --gtest_shuffle)
+    set_tests_properties(${label}.${suite} PROPERTIES LABELS ${label} TIMEOUT 120)
 endforeach()

@@ -2,7 +2,8 @@
 #include "text/dates/BTL_DT_Reading.h"
 
 #include "foundation/UTL_Links.h"
-#include "platform/base/dates/Sysutils_Date.h"
+#include "platform/base/dates/Sysutils_Calendar.h"
+#include "platform/base/dates/Sysutils_DateReading.h"
 #include "platform/base/dates/internal/Sysutils_DateParts.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "text/editing/BTL_STR_Cut.h"

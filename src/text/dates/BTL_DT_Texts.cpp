@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "text/dates/BTL_DT_Texts.h"
 
-#include "platform/base/dates/Sysutils_Date.h"
+#include "platform/base/dates/Sysutils_Calendar.h"
+#include "platform/base/dates/Sysutils_DateText.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "platform/runtime/sysutils/Sysutils_Text.h"
 #include "text/dates/BTL_DT_Calendar.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "text/numbers/BTL_NUM_Limits.h"
 
-#include "platform/base/dates/Sysutils_Date.h"
+#include "platform/base/dates/Sysutils_DateText.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "text/numbers/BTL_NUM_Floats.h"
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "text/variants/BTL_VARI_StrVariant.h"
 
-#include "platform/base/dates/Sysutils_Date.h"
+#include "platform/base/dates/Sysutils_DateReading.h"
+#include "platform/base/dates/Sysutils_DateText.h"
 #include "platform/base/numbers/Sysutils_Currency.h"
 #include "text/numbers/BTL_NUM_Floats.h"
 #include "text/numbers/BTL_NUM_Integers.h"

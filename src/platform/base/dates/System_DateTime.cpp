@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/base/dates/System_DateTime.h"
 
-#include "platform/base/dates/Sysutils_Date.h"
+#include "platform/base/dates/Sysutils_Calendar.h"
+#include "platform/base/dates/Sysutils_DateReading.h"
+#include "platform/base/dates/Sysutils_DateText.h"
 
 namespace System
 {

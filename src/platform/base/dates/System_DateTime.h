@@ -9,7 +9,7 @@ namespace System
 /// A point in time: days since 30 December 1899, with the time of day in the fraction. Before that day the
 /// whole days are negative and the fraction still counts forwards, so that -1.25 is 29 December at six
 /// o'clock. A time of day alone has no whole days. The fields, texts and readings are those of
-/// `Sysutils_Date.h`: a value outside the years 1 to 9999, an infinite one and none at all have no date.
+/// `Sysutils_Calendar.h`: a value outside the years 1 to 9999, an infinite one and none at all have no date.
 class TRS8_BTL_API TDateTime
 {
 public:

@@ -2,7 +2,7 @@
 #include "platform/runtime/sysutils/Sysutils_File.h"
 
 #include "platform/base/Sysutils_Exception.h"
-#include "platform/base/dates/Sysutils_Date.h"
+#include "platform/base/dates/Sysutils_FileDate.h"
 #include "platform/base/dates/internal/Sysutils_DateParts.h"
 #include "platform/host/Host_Error.h"
 #include "platform/host/Host_File.h"

@@ -2,7 +2,8 @@
 #include "platform/runtime/variants/System_Variant.h"
 
 #include "platform/base/Sysutils_Exception.h"
-#include "platform/base/dates/Sysutils_Date.h"
+#include "platform/base/dates/Sysutils_DateReading.h"
+#include "platform/base/dates/Sysutils_DateText.h"
 #include "platform/base/numbers/Sysutils_Currency.h"
 #include "platform/runtime/variants/Variants.h"
 #include "platform/runtime/variants/internal/System_VariantValue.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/base/dates/Sysutils_Date.h"
+#include "platform/base/dates/Sysutils_Calendar.h"
 
 #include <array>
 #include <optional>

@@ -1,0 +1,307 @@
+// SPDX-License-Identifier: MIT
+#include "platform/base/dates/Sysutils_DateReading.h"
+
+#include "platform/base/Sysutils_Exception.h"
+#include "platform/base/dates/Sysutils_Calendar.h"
+#include "platform/base/dates/internal/Sysutils_DateFields.h"
+#include "platform/base/dates/internal/Sysutils_DateParts.h"
+#include "platform/base/internal/System_Ascii.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string_view>
+
+namespace Sysutils
+{
+
+using System::TDateTime;
+using System::UnicodeString;
+using System::WideChar;
+using System::Word;
+using System::Detail::IsAsciiDigit;
+
+namespace
+{
+
+using View = std::u16string_view;
+
+Word WithCentury(int year, Word window)
+{
+    const int start = std::max(CurrentYear() - window, 1);
+    const int inCentury = start / 100 * 100 + year;
+    return static_cast<Word>(window > 0 && inCentury < start ? inCentury + 100 : inCentury);
+}
+
+class CDateReader
+{
+public:
+    CDateReader(View text, const TFormatSettings& settings) : mText(text), mSettings(settings) {}
+
+    std::optional<TDateTime> Read(TDateTime::TDateTimeFlag what)
+    {
+        std::optional<TDateTime> value = what == TDateTime::Time ? ReadTime() : ReadDate();
+        if (value && what == TDateTime::DateTime && !IsAtEnd()) {
+            const std::optional<TDateTime> time = ReadTime();
+            value = time ? std::optional(Detail::JoinDayAndTime(*value, *time)) : std::nullopt;
+        }
+        return IsAtEnd() ? value : std::nullopt;
+    }
+
+private:
+    struct TNumber
+    {
+        Word value = 0;
+        std::size_t digits = 0;
+    };
+
+    std::optional<TDateTime> ReadDate()
+    {
+        std::array<TNumber, 3> parts;
+        std::size_t count = 0;
+        do {
+            const auto number = TakeNumber();
+            if (!number) {
+                break;
+            }
+            parts[count++] = *number;
+        } while (Take(mSettings.DateSeparator) && count < parts.size());
+        if (count < 2) {
+            return std::nullopt;
+        }
+        Word year = CurrentYear();
+        Word month = 0;
+        Word day = 0;
+        std::size_t next = 0;
+        for (const WideChar letter : Detail::DateOrder(mSettings.ShortDateFormat.AsView())) {
+            if (letter != u'y') {
+                (letter == u'm' ? month : day) = parts[next++].value;
+            } else if (count == parts.size()) {
+                const TNumber& part = parts[next++];
+                year = part.digits > 2 ? part.value
+                                       : WithCentury(part.value, mSettings.TwoDigitYearCenturyWindow);
+            }
+        }
+        TDateTime date;
+        return TryEncodeDate(year, month, day, date) ? std::optional(date) : std::nullopt;
+    }
+
+    std::optional<TDateTime> ReadTime()
+    {
+        std::optional<bool> afternoon = TakeHalfDay();
+        auto hour = TakeNumber();
+        std::optional<TNumber> minute = TNumber();
+        std::optional<TNumber> second = TNumber();
+        std::optional<TNumber> milliSecond = TNumber();
+        if (Take(mSettings.TimeSeparator)) {
+            minute = TakeNumber();
+            if (Take(mSettings.TimeSeparator)) {
+                second = TakeNumber();
+                if (Take(mSettings.DecimalSeparator) || Take(u'.')) {
+                    milliSecond = TakeNumber();
+                }
+            }
+        }
+        if (!hour || !minute || !second || !milliSecond) {
+            return std::nullopt;
+        }
+        if (!afternoon) {
+            afternoon = TakeHalfDay();
+        }
+        if (afternoon) {
+            if (hour->value > 12) {
+                return std::nullopt;
+            }
+            hour->value = static_cast<Word>(hour->value % 12 + (*afternoon ? 12 : 0));
+        }
+        TDateTime time;
+        const bool exists =
+            TryEncodeTime(hour->value, minute->value, second->value, milliSecond->value, time);
+        return exists ? std::optional(time) : std::nullopt;
+    }
+
+    void SkipBlanks() { mText.remove_prefix(std::min(mText.find_first_not_of(u' '), mText.size())); }
+
+    bool IsAtEnd()
+    {
+        SkipBlanks();
+        return mText.empty();
+    }
+
+    bool Take(WideChar separator)
+    {
+        if (separator != u' ') {
+            SkipBlanks();
+        }
+        if (mText.empty() || mText.front() != separator) {
+            return false;
+        }
+        mText.remove_prefix(1);
+        return true;
+    }
+
+    /// A number of at most four digits, the most that any part has.
+    std::optional<TNumber> TakeNumber()
+    {
+        constexpr std::size_t maxDigits = 4;
+        SkipBlanks();
+        const auto end = std::ranges::find_if_not(mText, IsAsciiDigit<WideChar>);
+        const auto digits = static_cast<std::size_t>(end - mText.begin());
+        if (digits == 0 || digits > maxDigits) {
+            return std::nullopt;
+        }
+        int value = 0;
+        for (const WideChar c : mText.substr(0, digits)) {
+            value = value * 10 + (c - u'0');
+        }
+        mText.remove_prefix(digits);
+        return TNumber{static_cast<Word>(value), digits};
+    }
+
+    /// Whether the half of the day that stands here is the second one; nothing if none does.
+    std::optional<bool> TakeHalfDay()
+    {
+        SkipBlanks();
+        std::optional<bool> afternoon;
+        View longest;
+        const auto look = [&](View mark, bool isAfternoon) {
+            // The settings' own mark may begin like the English one, or be a part of it.
+            if (mark.size() > longest.size() &&
+                UnicodeString(mText.substr(0, mark.size())).CompareIC(UnicodeString(mark)) == 0) {
+                longest = mark;
+                afternoon = isAfternoon;
+            }
+        };
+        look(mSettings.TimeAMString.AsView(), false);
+        look(mSettings.TimePMString.AsView(), true);
+        look(u"AM", false);
+        look(u"PM", true);
+        mText.remove_prefix(longest.size());
+        return afternoon;
+    }
+
+    View mText;
+    const TFormatSettings& mSettings;
+};
+
+bool TryInto(TDateTime::TDateTimeFlag what, const UnicodeString& text, TDateTime& value,
+             const TFormatSettings& settings)
+{
+    const auto read = CDateReader(text.AsView(), settings).Read(what);
+    value = read.value_or(value);
+    return read.has_value();
+}
+
+TDateTime OrDefault(TDateTime::TDateTimeFlag what, const UnicodeString& text, const TDateTime& defaultValue,
+                    const TFormatSettings& settings)
+{
+    return CDateReader(text.AsView(), settings).Read(what).value_or(defaultValue);
+}
+
+TDateTime OrThrow(TDateTime::TDateTimeFlag what, const UnicodeString& text, const TFormatSettings& settings)
+{
+    if (const auto value = CDateReader(text.AsView(), settings).Read(what)) {
+        return *value;
+    }
+    const WideChar* const name = what == TDateTime::Date   ? u"date"
+                                 : what == TDateTime::Time ? u"time"
+                                                           : u"date and time";
+    throw EConvertError(u"'" + text + u"' is not a valid " + name);
+}
+
+} // namespace
+
+TDateTime StrToDate(const UnicodeString& text)
+{
+    return StrToDate(text, FormatSettings);
+}
+
+TDateTime StrToDate(const UnicodeString& text, const TFormatSettings& settings)
+{
+    return OrThrow(TDateTime::Date, text, settings);
+}
+
+TDateTime StrToDateDef(const UnicodeString& text, const TDateTime& defaultValue)
+{
+    return StrToDateDef(text, defaultValue, FormatSettings);
+}
+
+TDateTime StrToDateDef(const UnicodeString& text, const TDateTime& defaultValue,
+                       const TFormatSettings& settings)
+{
+    return OrDefault(TDateTime::Date, text, defaultValue, settings);
+}
+
+bool TryStrToDate(const UnicodeString& text, TDateTime& value)
+{
+    return TryStrToDate(text, value, FormatSettings);
+}
+
+bool TryStrToDate(const UnicodeString& text, TDateTime& value, const TFormatSettings& settings)
+{
+    return TryInto(TDateTime::Date, text, value, settings);
+}
+
+TDateTime StrToTime(const UnicodeString& text)
+{
+    return StrToTime(text, FormatSettings);
+}
+
+TDateTime StrToTime(const UnicodeString& text, const TFormatSettings& settings)
+{
+    return OrThrow(TDateTime::Time, text, settings);
+}
+
+TDateTime StrToTimeDef(const UnicodeString& text, const TDateTime& defaultValue)
+{
+    return StrToTimeDef(text, defaultValue, FormatSettings);
+}
+
+TDateTime StrToTimeDef(const UnicodeString& text, const TDateTime& defaultValue,
+                       const TFormatSettings& settings)
+{
+    return OrDefault(TDateTime::Time, text, defaultValue, settings);
+}
+
+bool TryStrToTime(const UnicodeString& text, TDateTime& value)
+{
+    return TryStrToTime(text, value, FormatSettings);
+}
+
+bool TryStrToTime(const UnicodeString& text, TDateTime& value, const TFormatSettings& settings)
+{
+    return TryInto(TDateTime::Time, text, value, settings);
+}
+
+TDateTime StrToDateTime(const UnicodeString& text)
+{
+    return StrToDateTime(text, FormatSettings);
+}
+
+TDateTime StrToDateTime(const UnicodeString& text, const TFormatSettings& settings)
+{
+    return OrThrow(TDateTime::DateTime, text, settings);
+}
+
+TDateTime StrToDateTimeDef(const UnicodeString& text, const TDateTime& defaultValue)
+{
+    return StrToDateTimeDef(text, defaultValue, FormatSettings);
+}
+
+TDateTime StrToDateTimeDef(const UnicodeString& text, const TDateTime& defaultValue,
+                           const TFormatSettings& settings)
+{
+    return OrDefault(TDateTime::DateTime, text, defaultValue, settings);
+}
+
+bool TryStrToDateTime(const UnicodeString& text, TDateTime& value)
+{
+    return TryStrToDateTime(text, value, FormatSettings);
+}
+
+bool TryStrToDateTime(const UnicodeString& text, TDateTime& value, const TFormatSettings& settings)
+{
+    return TryInto(TDateTime::DateTime, text, value, settings);
+}
+
+} // namespace Sysutils
