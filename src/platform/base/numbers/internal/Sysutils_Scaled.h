@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/base/numbers/Sysutils_Number.h"
+#include "platform/base/numbers/Sysutils_FloatText.h"
 
 namespace Sysutils
 {
