@@ -16,6 +16,7 @@ namespace BTL
 namespace
 {
 
+using Character::TCharacter;
 using System::Int64;
 using System::UnicodeString;
 using System::WideChar;
@@ -23,14 +24,9 @@ using System::WideChar;
 constexpr WideChar Quote = u'"';
 constexpr WideChar EqualSign = u'=';
 
-bool IsUnicodeSpace(WideChar c)
-{
-    return Character::TCharacter::IsWhiteSpace(c);
-}
-
 bool EndsArgument(WideChar c)
 {
-    return c == Quote || c == EqualSign || IsUnicodeSpace(c);
+    return c == Quote || c == EqualSign || TCharacter::IsWhiteSpace(c);
 }
 
 /// The 0-based index of the 1-based `position`; the length if it lies outside.
@@ -93,7 +89,7 @@ void CCommandLineParser::Parse(const UnicodeString& text)
         } else if (c == EqualSign) {
             Add(EqualSign);
             ++position;
-        } else if (IsUnicodeSpace(c)) {
+        } else if (TCharacter::IsWhiteSpace(c)) {
             ++position;
         } else {
             position = ParserArg(mText, position);

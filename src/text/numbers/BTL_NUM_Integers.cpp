@@ -32,9 +32,9 @@ namespace
 template <class Char>
 using View = std::basic_string_view<Char>;
 
-/// White space by Unicode; the narrow form knows what of it the code page has.
+/// White space of the encoding: by Unicode if wide, and if narrow what of it the code page has.
 template <class Char>
-constexpr bool IsUnicodeSpace(Char character)
+constexpr bool IsSpaceInEncoding(Char character)
 {
     const unsigned c = static_cast<std::make_unsigned_t<Char>>(character);
     if (c < 256) {
@@ -49,7 +49,7 @@ template <class Int, class Char>
 std::optional<Int> ReadStart(View<Char> text)
 {
     text.remove_prefix(static_cast<std::size_t>(
-        std::find_if_not(text.begin(), text.end(), &IsUnicodeSpace<Char>) - text.begin()));
+        std::find_if_not(text.begin(), text.end(), &IsSpaceInEncoding<Char>) - text.begin()));
     bool negative = false;
     if (std::is_signed_v<Int> && !text.empty() && IsPlusOrMinus(text.front())) {
         negative = text.front() == '-';
@@ -87,7 +87,7 @@ template <class Char>
 std::optional<int> ReadHex(View<Char> text)
 {
     text.remove_prefix(static_cast<std::size_t>(
-        std::find_if_not(text.begin(), text.end(), &IsUnicodeSpace<Char>) - text.begin()));
+        std::find_if_not(text.begin(), text.end(), &IsSpaceInEncoding<Char>) - text.begin()));
     bool negative = false;
     if (!text.empty() && IsPlusOrMinus(text.front())) {
         negative = text.front() == '-';
