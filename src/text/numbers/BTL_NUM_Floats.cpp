@@ -3,7 +3,7 @@
 
 #include "foundation/UTL_Links.h"
 #include "platform/base/Sysutils_Locale.h"
-#include "platform/base/dates/Sysutils_Date.h"
+#include "platform/base/dates/Sysutils_DateReading.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "text/numbers/BTL_NUM_SetDecimalSeparator.h"
 

@@ -7,6 +7,7 @@
 #include "platform/base/Sysutils_Locale.h"
 #include "platform/base/numbers/internal/Sysutils_Decimal.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <string>
 #include <utility>
