@@ -1,5 +1,5 @@
-# One CTest entry, LABEL.SUITE, for each test suite of a program: a process for each single test takes longer to start, under
-# the sanitizers, than the tests do.
+# One CTest entry, LABEL.SUITE, for each test suite of a program: a process for each single test takes longer to
+# start, under the sanitizers, than the tests do.
 #
 #   discover_suites(TARGET LABEL)
 #

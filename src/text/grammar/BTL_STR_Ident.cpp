@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "text/grammar/BTL_STR_Ident.h"
 
+#include "platform/base/internal/System_Ascii.h"
 #include "text/editing/BTL_STR_Search.h"
 
 #include <atomic>
@@ -17,8 +18,8 @@ using System::WideChar;
 
 constexpr bool IsIdentChar(std::uint32_t c, bool first)
 {
-    const bool isLetter = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
-    return isLetter || (!first && c >= '0' && c <= '9');
+    const bool isLetter = System::Detail::IsAsciiLetter(c) || c == '_';
+    return isLetter || (!first && System::Detail::IsAsciiDigit(c));
 }
 
 template <class S>

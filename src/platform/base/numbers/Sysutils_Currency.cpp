@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/base/numbers/Sysutils_Currency.h"
 
+#include "platform/base/internal/System_Ascii.h"
 #include "platform/base/numbers/internal/Sysutils_Scaled.h"
 
 #include <algorithm>
@@ -34,7 +35,7 @@ std::optional<Int64> ReadUnits(std::u16string_view text, WideChar separator)
     for (const WideChar c : text.substr(0, mark)) {
         if (c == separator) {
             afterPoint = true;
-        } else if (c >= u'0' && c <= u'9') {
+        } else if (System::Detail::IsAsciiDigit(c)) {
             digits += static_cast<char>(c);
             exponent -= afterPoint ? 1 : 0;
         }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/base/Sysutils_Exception.h"
+#include "platform/base/internal/System_Ascii.h"
 #include "platform/runtime/sysutils/System_VarArgs.h"
 
 #include <algorithm>
@@ -25,8 +26,7 @@ struct TMagnitude
 
 inline void ToUpperAscii(std::string& text)
 {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
+    std::transform(text.begin(), text.end(), text.begin(), AsciiUpper<char>);
 }
 
 /// Digits in a base that has no sign, upper case if wanted.
@@ -103,11 +103,11 @@ protected:
             }
             return static_cast<int>(std::clamp<Int64>(*value, -MaxField, MaxField));
         }
-        if (mRest.empty() || !IsDigit(mRest[0])) {
+        if (mRest.empty() || !IsAsciiDigit(mRest[0])) {
             return otherwise;
         }
         int number = 0;
-        while (!mRest.empty() && IsDigit(mRest[0])) {
+        while (!mRest.empty() && IsAsciiDigit(mRest[0])) {
             number = std::min(number * 10 + static_cast<int>(mRest[0] - Char('0')), MaxField);
             mRest.remove_prefix(1);
         }
@@ -194,8 +194,6 @@ protected:
     std::size_t mNext = 0;
 
 private:
-    static bool IsDigit(Char c) { return c >= Char('0') && c <= Char('9'); }
-
     int mMade = 0;
     S mOut;
 };
