@@ -7,6 +7,7 @@
 #include <TRS8_BTL/text/dates/BTL_DT_Reading.h>
 #include <TRS8_BTL/text/editing/BTL_STR_Search.h>
 #include <TRS8_BTL/text/variants/BTL_VARI_NameValuePairs.h>
+#include <functional>
 
 #include <ostream>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/base/System_String.h"
-#include "platform/runtime/classes/Classes_Strings.h"
+#include "platform/runtime/classes/Classes_StringList.h"
 
 namespace BTL
 {

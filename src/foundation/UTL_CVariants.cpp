@@ -4,7 +4,7 @@
 #include "foundation/UTL_Links.h"
 #include "platform/base/Sysutils_Exception.h"
 #include "platform/base/numbers/Sysutils_Number.h"
-#include "platform/runtime/classes/Classes_Strings.h"
+#include "platform/runtime/classes/Classes_StringList.h"
 #include "platform/runtime/variants/Variants.h"
 
 #include <algorithm>

@@ -4,7 +4,7 @@
 #include "foundation/UTL_ASRT_Assert.h"
 #include "foundation/vectors/UTL_SV_IntVector.h"
 #include "platform/base/numbers/Sysutils_Number.h"
-#include "platform/runtime/classes/Classes_Strings.h"
+#include "platform/runtime/classes/Classes_StringList.h"
 
 #include <algorithm>
 #include <climits>

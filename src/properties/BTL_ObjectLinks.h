@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/runtime/typinfo/System_Object.h"
+#include "platform/runtime/typinfo/System_Closure.h"
 
 #include <memory>
 #include <set>

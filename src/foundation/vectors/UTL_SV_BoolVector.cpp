@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/vectors/UTL_SV_BoolVector.h"
 
+#include "foundation/vectors/UTL_SV_GSimpleVector.hpp"
 #include "foundation/vectors/internal/UTL_SV_CommaText.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 
 namespace UTL
 {
+
+template class GSimpleVector<bool>;
 
 using System::UnicodeString;
 using System::WideChar;

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "foundation/vectors/UTL_SV_GSimpleVector.h"
+#include "foundation/vectors/UTL_SV_GSimpleVectorClass.h"
 #include "platform/base/System_String.h"
 
 namespace UTL
 {
+
+extern template class TRS8_BTL_API GSimpleVector<bool>;
 
 /// A vector of truth values.
 class TRS8_BTL_API CBoolVector : public GSimpleVector<bool>

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "foundation/vectors/UTL_SV_GSimpleVector.h"
+#include "foundation/vectors/UTL_SV_GSimpleVectorClass.h"
 #include "platform/base/System_String.h"
 
 namespace UTL
 {
+
+extern template class TRS8_BTL_API GSimpleVector<double>;
 
 /// A vector of floats, with their statistics.
 class TRS8_BTL_API CDoubleVector : public GSimpleVector<double>

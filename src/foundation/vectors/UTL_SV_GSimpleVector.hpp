@@ -2,14 +2,13 @@
 #pragma once
 
 #include "foundation/UTL_ASRT_Assert.h"
-#include "foundation/vectors/UTL_SV_GSimpleVector.h"
+#include "foundation/vectors/UTL_SV_GSimpleVectorClass.h"
 
 #include <algorithm>
 #include <bit>
-#include <cmath>
-#include <cstdint>
+#include <cstddef>
 #include <functional>
-#include <memory>
+#include <iterator>
 #include <utility>
 
 namespace UTL
@@ -37,7 +36,7 @@ struct TVectorOrder
     bool operator()(const T& a, const T& b) const
     {
         if constexpr (std::is_floating_point_v<T>) {
-            return a < b || (std::isnan(b) && !std::isnan(a));
+            return a < b || (b != b && a == a);
         } else {
             return std::less<T>()(a, b);
         }
@@ -119,14 +118,14 @@ template <class T>
 T& GSimpleVector<T>::at(unsigned index)
 {
     RangeCheck(index, Detail::AtWritesOutsideVector);
-    return mItems[index];
+    return begin()[index];
 }
 
 template <class T>
 const T& GSimpleVector<T>::at(unsigned index) const
 {
     RangeCheck(index, Detail::AtReadsOutsideVector);
-    return mItems[index];
+    return begin()[index];
 }
 
 template <class T>
@@ -155,7 +154,7 @@ void GSimpleVector<T>::reserve(unsigned capacity)
         return;
     }
     if (mCapacity == 0 || Detail::VectorRoom(capacity) != Detail::VectorRoom(mCapacity)) {
-        std::unique_ptr<T[]> items = NewItems(capacity);
+        Detail::GVectorMemory<T> items = NewItems(capacity);
         std::copy(begin(), end(), items.get());
         mItems = std::move(items);
     }
@@ -209,16 +208,6 @@ template <class T>
 void GSimpleVector<T>::append(const GSimpleVector& other)
 {
     insert(end(), other.begin(), other.end());
-}
-
-template <class T>
-void GSimpleVector<T>::push_back(const T& value)
-{
-    const T copy = value;
-    if (mSize == mCapacity) {
-        reserve(CapacityWith(1));
-    }
-    mItems[mSize++] = copy;
 }
 
 template <class T>
@@ -308,7 +297,7 @@ void GSimpleVector<T>::Swap(int i, int j)
             return;
         }
     }
-    std::swap(mItems[static_cast<unsigned>(i)], mItems[static_cast<unsigned>(j)]);
+    std::swap(begin()[i], begin()[j]);
 }
 
 template <class T>
@@ -353,7 +342,7 @@ template <class T>
 bool GSimpleVector<T>::FindIndexOf(T value, unsigned& index) const
 {
     index = static_cast<unsigned>(InsIndexOf(value));
-    return index < mSize && mItems[index] == value;
+    return index < mSize && begin()[index] == value;
 }
 
 template <class T>
@@ -442,12 +431,13 @@ void GSimpleVector<T>::DoIntersect(const GSimpleVector& small, const GSimpleVect
 }
 
 template <class T>
-std::unique_ptr<T[]> GSimpleVector<T>::NewItems(unsigned capacity)
+Detail::GVectorMemory<T> GSimpleVector<T>::NewItems(unsigned capacity)
 {
     if (capacity > MaxSize) {
         FailMemory();
     }
-    return capacity == 0 ? nullptr : std::make_unique_for_overwrite<T[]>(Detail::VectorRoom(capacity));
+    return capacity == 0 ? Detail::GVectorMemory<T>()
+                         : Detail::GVectorMemory<T>(Detail::VectorRoom(capacity));
 }
 
 template <class T>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/vectors/UTL_SV_Int64Vector.h"
 
+#include "foundation/vectors/UTL_SV_GSimpleVector.hpp"
 #include "foundation/vectors/internal/UTL_SV_CommaText.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 
@@ -8,6 +9,8 @@
 
 namespace UTL
 {
+
+template class GSimpleVector<System::Int64>;
 
 namespace
 {

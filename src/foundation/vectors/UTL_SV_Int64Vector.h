@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "foundation/vectors/UTL_SV_GSimpleVector.h"
+#include "foundation/vectors/UTL_SV_GSimpleVectorClass.h"
 #include "platform/base/System_String.h"
 
 namespace UTL
 {
+
+extern template class TRS8_BTL_API GSimpleVector<System::Int64>;
 
 /// A vector of 64-bit integers.
 class TRS8_BTL_API CInt64Vector : public GSimpleVector<System::Int64>

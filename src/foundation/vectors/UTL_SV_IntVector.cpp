@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/vectors/UTL_SV_IntVector.h"
 
+#include "foundation/vectors/UTL_SV_GSimpleVector.hpp"
 #include "foundation/vectors/internal/UTL_SV_CommaText.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "platform/runtime/classes/Classes_Strings.h"
@@ -11,6 +12,8 @@
 
 namespace UTL
 {
+
+template class GSimpleVector<int>;
 
 namespace
 {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "foundation/vectors/UTL_SV_GSimpleVector.h"
+#include "foundation/vectors/UTL_SV_GSimpleVectorClass.h"
 #include "platform/base/System_String.h"
 
 namespace Classes
@@ -11,6 +11,8 @@ class TStrings;
 
 namespace UTL
 {
+
+extern template class TRS8_BTL_API GSimpleVector<int>;
 
 /// A vector of integers.
 class TRS8_BTL_API CIntVector : public GSimpleVector<int>

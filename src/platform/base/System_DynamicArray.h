@@ -83,9 +83,9 @@ public:
     const T* end() const noexcept { return begin() + Length(); }
 
 private:
-    struct Block : TSharedBlock
+    struct TBlock : TSharedBlock
     {
-        explicit Block(int count)
+        explicit TBlock(int count)
             : items(std::make_unique<T[]>(static_cast<std::size_t>(count))), length(count)
         {
         }
@@ -93,7 +93,7 @@ private:
         std::unique_ptr<T[]> items;
         int length;
     };
-    using Holder = GSharedBlock<Block>;
+    using Holder = GSharedBlock<TBlock>;
 
     DynamicArray(const T* items, std::size_t count)
     {
@@ -104,7 +104,7 @@ private:
         std::copy_n(items, count, begin());
     }
 
-    static Holder Make(int length) { return length == 0 ? Holder() : Holder(new Block(length)); }
+    static Holder Make(int length) { return length == 0 ? Holder() : Holder(new TBlock(length)); }
 
     void CheckIndex(int index) const
     {

@@ -4,6 +4,7 @@
 #include "platform/Export.h"
 #include "platform/base/System_HolderCount.h"
 
+#include <cstddef>
 #include <type_traits>
 #include <utility>
 
@@ -34,6 +35,7 @@ class GSharedBlock
 {
 public:
     GSharedBlock() noexcept = default;
+    GSharedBlock(std::nullptr_t) noexcept {}
     /// Takes a block made by `new`, or one that others hold.
     explicit GSharedBlock(T* block) noexcept : mBlock(block) { AddRef(); }
     GSharedBlock(const GSharedBlock& other) noexcept : mBlock(other.mBlock) { AddRef(); }
@@ -54,6 +56,13 @@ public:
 
     T* get() const noexcept { return mBlock; }
     T* operator->() const noexcept { return mBlock; }
+    T& operator*() const noexcept { return *mBlock; }
+    explicit operator bool() const noexcept { return mBlock != nullptr; }
+    /// Whether both hold the same block, or none.
+    friend bool operator==(const GSharedBlock& a, const GSharedBlock& b) noexcept
+    {
+        return a.mBlock == b.mBlock;
+    }
     /// True if no other value sees a change of the block.
     bool IsUnique() const noexcept { return mBlock != nullptr && mBlock->mHolders.IsOne(); }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/runtime/classes/Classes_Strings.h"
+#include "platform/runtime/classes/Classes_StringList.h"
 
 namespace BTL
 {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "text/grammar/BTL_STR_Macro.h"
 
-#include "platform/runtime/classes/Classes_Strings.h"
+#include "platform/runtime/classes/Classes_StringList.h"
 #include "text/editing/BTL_STR_Cut.h"
 #include "text/editing/BTL_STR_Replace.h"
 #include "text/grammar/BTL_STR_Command.h"

@@ -2,6 +2,7 @@
 #include "text/lists/BTL_STR_StrStrMap.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
+#include "platform/runtime/classes/Classes_StringList.h"
 #include "text/lists/BTL_STR_StringsUpdate.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "foundation/UTL_AutoPtr.h"
-#include "platform/runtime/classes/Classes_Strings.h"
+#include "platform/runtime/classes/Classes_StringList.h"
 #include "platform/runtime/sysutils/System_Printf.h"
 
 namespace BTL

@@ -4,7 +4,7 @@
 #include "foundation/UTL_ASRT_Assert.h"
 #include "foundation/vectors/TypedVectorSupport.h"
 #include "foundation/vectors/UTL_SV_Int64Vector.h"
-#include "platform/runtime/classes/Classes_Strings.h"
+#include "platform/runtime/classes/Classes_StringList.h"
 #include "platform/toolkit/MessageBox.h"
 #include "support/ScriptedBoxes.h"
 

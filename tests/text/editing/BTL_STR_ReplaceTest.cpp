@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "text/editing/BTL_STR_Replace.h"
 
-#include "platform/runtime/classes/Classes_Strings.h"
+#include "platform/runtime/classes/Classes_StringList.h"
 #include "text/BothWidthsSupport.h"
 #include "text/GrowthSupport.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "text/grammar/BTL_STR_Delimited.h"
 
-#include "platform/runtime/classes/Classes_Strings.h"
+#include "platform/runtime/classes/Classes_StringList.h"
 #include "text/BothWidthsSupport.h"
 #include "text/GrowthSupport.h"
 

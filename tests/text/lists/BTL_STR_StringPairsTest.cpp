@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "text/lists/BTL_STR_StringPairs.h"
 #include "foundation/UTL_ASRT_Assert.h"
-#include "platform/runtime/classes/Classes_Strings.h"
+#include "platform/runtime/classes/Classes_StringList.h"
 #include "platform/toolkit/MessageBox.h"
 #include "support/ScriptedBoxes.h"
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/classes/Classes_ClassRegister.h"
 
+#include "platform/runtime/typinfo/System_MetaClass.h"
+
 #include <mutex>
 #include <unordered_map>
 

@@ -38,9 +38,3 @@ protected:
 };
 
 } // namespace Classes
-
-// What was in this header before it was divided, so that a user finds it here still: components, collections
-// and the register of classes. Their headers need the class above.
-#include "platform/runtime/classes/Classes_ClassRegister.h"
-#include "platform/runtime/classes/Classes_Collection.h"
-#include "platform/runtime/classes/Classes_Component.h"

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "platform/runtime/classes/Classes_Strings.h"
+#include "platform/runtime/typinfo/System_Closure.h"
 
-#include <functional>
 #include <vector>
 
 namespace Classes
@@ -20,7 +20,7 @@ enum TDuplicates
 };
 
 /// Negative, 0 or positive for the lines at two places of the list.
-using TStringListSortCompare = std::function<int(TStringList* list, int first, int second)>;
+using TStringListSortCompare = System::TClosure<int(TStringList* list, int first, int second)>;
 
 /// A list of lines in memory, which can keep itself sorted.
 class TRS8_BTL_API TStringList : public TStrings

@@ -158,7 +158,3 @@ private:
 };
 
 } // namespace Classes
-
-// A user finds the list here still, which was in this header before it was divided. Its header needs the
-// class above.
-#include "platform/runtime/classes/Classes_StringList.h"

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/runtime/typinfo/System_Closure.h"
+#include "platform/runtime/typinfo/System_MetaClass.h"
 #include "platform/runtime/typinfo/Typinfo.h"
 
-#include <algorithm>
 #include <functional>
 #include <memory>
 
@@ -142,7 +143,7 @@ private:
         return *this;
     }
 
-    TMetaClass::Description mDescription;
+    TMetaClass::TDescription mDescription;
 };
 
 } // namespace System

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/typinfo/Typinfo.h"
 
+#include "platform/runtime/typinfo/System_MetaClass.h"
+
 #include <algorithm>
 #include <array>
 

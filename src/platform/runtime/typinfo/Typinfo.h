@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/base/System_Set.h"
-#include "platform/runtime/typinfo/System_Object.h"
+#include "platform/runtime/typinfo/System_Closure.h"
 #include "platform/runtime/variants/System_Variant.h"
 
 #include <functional>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/classes/Classes_Persistent.h"
 
+#include "platform/runtime/classes/Classes_Component.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/runtime/typinfo/Typinfo.h"
 

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "platform/runtime/typinfo/System_MetaClass.h"
+
+#include "platform/runtime/typinfo/System_ClassBuilder.h"
+#include "platform/runtime/typinfo/Typinfo.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+namespace System
+{
+
+/// All names of a class and its parents, folded.
+struct TMetaClass::NameIndex
+{
+    template <class T>
+    using Map = std::unordered_map<UnicodeString, T>;
+
+    Map<Typinfo::TPropInfo*> properties;
+    Map<TMethodAddress> methods;
+    Map<const TFieldInfo*> fields;
+};
+
+TMetaClass::TMetaClass(TDescription&& description)
+    : mDescription(std::move(description)),
+      mTypeInfo(std::make_unique<Typinfo::TTypeInfo>()),
+      mIndex(std::make_unique<NameIndex>())
+{
+    mTypeInfo->Kind = Typinfo::tkClass;
+    mTypeInfo->Name = mDescription.name;
+    mTypeInfo->ClassType = this;
+    if (const TMetaClass* parent = mDescription.parent; parent != nullptr) {
+        mProperties = parent->mProperties;
+        *mIndex = *parent->mIndex;
+    }
+    for (Typinfo::TPropInfo& property : mDescription.properties) {
+        Typinfo::TPropInfo*& known = mIndex->properties[property.getName().LowerCase()];
+        if (known == nullptr) {
+            mProperties.push_back(&property);
+        } else {
+            std::ranges::replace(mProperties, known, &property);
+        }
+        known = &property;
+    }
+    for (const auto& [name, method] : mDescription.methods) {
+        mIndex->methods[name.LowerCase()] = method;
+    }
+    for (const TFieldInfo& field : mDescription.fields) {
+        mIndex->fields[field.Name.LowerCase()] = &field;
+    }
+}
+
+TMetaClass::~TMetaClass() = default;
+
+TMetaClass* TMetaClass::ClassRecord()
+{
+    static TMetaClass* const record = GClassBuilder<TMetaClass>(u"TMetaClass").Build();
+    return record;
+}
+
+bool TMetaClass::Inherits(const TMetaClass* type) const noexcept
+{
+    const TMetaClass* ancestor = this;
+    while (ancestor != nullptr && ancestor != type) {
+        ancestor = ancestor->getParent();
+    }
+    return ancestor != nullptr;
+}
+
+std::unique_ptr<TObject> TMetaClass::Create() const
+{
+    return mDescription.create ? mDescription.create() : nullptr;
+}
+
+Classes::TComponent* TMetaClass::Create(Classes::TComponent* owner) const
+{
+    return mDescription.createOwned ? mDescription.createOwned(owner) : nullptr;
+}
+
+namespace
+{
+
+template <class T>
+T Lookup(const std::unordered_map<UnicodeString, T>& names, const UnicodeString& name)
+{
+    const auto found = names.find(name.LowerCase());
+    return found == names.end() ? T() : found->second;
+}
+
+} // namespace
+
+Typinfo::TPropInfo* TMetaClass::FindProperty(const UnicodeString& name) const
+{
+    return Lookup(mIndex->properties, name);
+}
+
+TMethodAddress TMetaClass::FindMethod(const UnicodeString& name) const
+{
+    return Lookup(mIndex->methods, name);
+}
+
+UnicodeString TMetaClass::FindMethodName(const TMethodAddress& method) const
+{
+    if (method == nullptr) {
+        return {};
+    }
+    for (const TMetaClass* type = this; type != nullptr; type = type->getParent()) {
+        for (const auto& [name, known] : type->mDescription.methods) {
+            if (known->Equals(*method)) {
+                return name;
+            }
+        }
+    }
+    return {};
+}
+
+const TFieldInfo* TMetaClass::FindField(const UnicodeString& name) const
+{
+    return Lookup(mIndex->fields, name);
+}
+
+} // namespace System
