@@ -27,6 +27,21 @@ GSharedText<WideChar> DecimalText(T value)
     return text;
 }
 
+GSharedText<WideChar> MapCase(std::u16string_view text, decltype(&u_strToUpper) map)
+{
+    const auto length = static_cast<int32_t>(text.size());
+    auto result = GSharedText<WideChar>::Uninitialized(text.size());
+    UErrorCode status = U_ZERO_ERROR;
+    int32_t needed = map(result.Unique(), length, text.data(), length, "", &status);
+    if (needed > length) {
+        result = GSharedText<WideChar>::Uninitialized(static_cast<std::size_t>(needed));
+        status = U_ZERO_ERROR;
+        needed = map(result.Unique(), needed, text.data(), length, "", &status);
+    }
+    result.Resize(static_cast<std::size_t>(needed));
+    return result;
+}
+
 } // namespace
 
 GSharedText<WideChar> IntegerText(long long value)
@@ -59,20 +74,14 @@ GSharedText<WideChar> FromUtf32(std::wstring_view text)
     return result;
 }
 
-GSharedText<WideChar> MapCase(std::u16string_view text, bool upper)
+GSharedText<WideChar> UpperText(std::u16string_view text)
 {
-    const auto map = upper ? u_strToUpper : u_strToLower;
-    const auto length = static_cast<int32_t>(text.size());
-    auto result = GSharedText<WideChar>::Uninitialized(text.size());
-    UErrorCode status = U_ZERO_ERROR;
-    int32_t needed = map(result.Unique(), length, text.data(), length, "", &status);
-    if (needed > length) {
-        result = GSharedText<WideChar>::Uninitialized(static_cast<std::size_t>(needed));
-        status = U_ZERO_ERROR;
-        needed = map(result.Unique(), needed, text.data(), length, "", &status);
-    }
-    result.Resize(static_cast<std::size_t>(needed));
-    return result;
+    return MapCase(text, u_strToUpper);
+}
+
+GSharedText<WideChar> LowerText(std::u16string_view text)
+{
+    return MapCase(text, u_strToLower);
 }
 
 int CompareIgnoreCase(std::u16string_view a, std::u16string_view b)
