@@ -198,8 +198,8 @@ void TComponent::FreeNotification(TComponent* component)
         Link(*component);
         component->Link(*this);
     }
-    SetState(csFreeNotification, true);
-    component->SetState(csFreeNotification, true);
+    mState << csFreeNotification;
+    component->mState << csFreeNotification;
 }
 
 void TComponent::RemoveFreeNotification(TComponent* component)
@@ -305,7 +305,7 @@ void TComponent::Destroying()
     if (mState.Contains(csDestroying)) {
         return;
     }
-    SetState(csDestroying, true);
+    mState << csDestroying;
     for (TComponent* component : mComponents) {
         component->Destroying();
     }
@@ -313,7 +313,7 @@ void TComponent::Destroying()
 
 void TComponent::Loaded()
 {
-    SetState(csLoading, false);
+    mState >> csLoading;
 }
 
 } // namespace Classes
