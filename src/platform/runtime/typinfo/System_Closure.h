@@ -104,24 +104,24 @@ private:
 };
 
 template <class Member>
-struct MemberTraits;
+struct GMemberTraits;
 
 template <class R, class T, class... Args>
-struct MemberTraits<R (T::*)(Args...)>
+struct GMemberTraits<R (T::*)(Args...)>
 {
     using Class = T;
     using Signature = R(Args...);
 };
 template <class R, class T, class... Args>
-struct MemberTraits<R (T::*)(Args...) const> : MemberTraits<R (T::*)(Args...)>
+struct GMemberTraits<R (T::*)(Args...) const> : GMemberTraits<R (T::*)(Args...)>
 {
 };
 template <class R, class T, class... Args>
-struct MemberTraits<R (T::*)(Args...) noexcept> : MemberTraits<R (T::*)(Args...)>
+struct GMemberTraits<R (T::*)(Args...) noexcept> : GMemberTraits<R (T::*)(Args...)>
 {
 };
 template <class R, class T, class... Args>
-struct MemberTraits<R (T::*)(Args...) const noexcept> : MemberTraits<R (T::*)(Args...)>
+struct GMemberTraits<R (T::*)(Args...) const noexcept> : GMemberTraits<R (T::*)(Args...)>
 {
 };
 
@@ -131,7 +131,7 @@ concept MemberFunction = std::is_member_function_pointer_v<Member>;
 template <MemberFunction Member>
 TMethodAddress MakeMethodAddress(Member member)
 {
-    using Traits = MemberTraits<Member>;
+    using Traits = GMemberTraits<Member>;
     using Code = GMemberCode<typename Traits::Class, Member, typename Traits::Signature>;
     return TMethodAddress(new Code(member));
 }
@@ -151,12 +151,12 @@ public:
 
     /// A null `object` or `member` gives the empty closure.
     template <class T, Detail::MemberFunction Member>
-    requires(std::same_as<typename Detail::MemberTraits<Member>::Signature, Signature>&&
-                 std::derived_from<T, typename Detail::MemberTraits<Member>::Class>)
+    requires(std::same_as<typename Detail::GMemberTraits<Member>::Signature, Signature>&&
+                 std::derived_from<T, typename Detail::GMemberTraits<Member>::Class>)
         TClosure(T* object, Member member)
     {
         if (object != nullptr && member != nullptr) {
-            using Class = typename Detail::MemberTraits<Member>::Class;
+            using Class = typename Detail::GMemberTraits<Member>::Class;
             mMethod = {Detail::MakeMethodAddress(member), Detail::ToMethodData(static_cast<Class*>(object))};
         }
     }
