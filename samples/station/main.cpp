@@ -110,7 +110,7 @@ int main(int argc, char* argv[])
     try {
         const TOptions options = ReadOptions({argv + 1, static_cast<std::size_t>(argc - 1)});
         if (options.help) {
-            std::cout << HelpText;
+            std::cout << HelpText();
         } else {
             Run(options);
         }
