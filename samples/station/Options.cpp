@@ -72,14 +72,14 @@ System::TDateTime ReadTime(const UnicodeString& text)
     }
 }
 
-/// A file for the host's own calls.
-std::string ReadHostFile(const UnicodeString& text)
+/// A path for the calls of the host.
+std::string ReadHostPath(const UnicodeString& text)
 {
     return System::ToUtf8(text);
 }
 
-/// A file for the library's calls.
-UnicodeString ReadFile(const UnicodeString& text)
+/// A path for the calls of the library.
+UnicodeString ReadPath(const UnicodeString& text)
 {
     return Sysutils::FromHostPath(System::ToUtf8(text));
 }
@@ -114,20 +114,20 @@ struct TOption
 constexpr std::array Table = {
     TOption{u"--seconds", u"N", u"how long to sample; default 5", Set<&TOptions::seconds, ReadSeconds>},
     TOption{u"--channels", u"FILE", u"the channels with their units and limits; default channels.txt",
-            Set<&TOptions::channels, ReadHostFile>},
+            Set<&TOptions::channels, ReadHostPath>},
     TOption{u"--decimal", u"C",
             u"the decimal separator of the table, '.' or ','; default: that of the locale",
             Set<&TOptions::decimal, ReadDecimal>},
     TOption{u"--samples", u"FILE",
             u"the text file that keeps the samples; default Samples.txt beside the program",
-            Set<&TOptions::samples, ReadFile>},
+            Set<&TOptions::samples, ReadPath>},
     TOption{u"--from", u"TIME",
             u"also take the samples kept since then, \"1.2.2026 10:00\" or in the form of the locale",
             Set<&TOptions::from, ReadTime>},
     TOption{u"--sql", nullptr, u"print the samples, as SET lists of SQL statements, in place of the table",
             SwitchOn<&TOptions::sql>},
     TOption{u"--log", u"FILE", u"where to log; default Log.txt beside the program",
-            Set<&TOptions::log, ReadFile>},
+            Set<&TOptions::log, ReadPath>},
     TOption{u"--help", nullptr, u"this text", SwitchOn<&TOptions::help>},
 };
 
