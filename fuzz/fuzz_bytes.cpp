@@ -4,7 +4,6 @@
 #include "text/bytes/BTL_CRYPT_Crypt.h"
 
 #include <cstdint>
-#include <string_view>
 #include <vector>
 
 namespace

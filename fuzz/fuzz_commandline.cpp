@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 namespace
@@ -73,8 +72,7 @@ void CheckLine(const UnicodeString& text, bool caseSensitive)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string_view bytes = Fuzz::Bytes(data, size);
-    const std::u16string units = Fuzz::Units(bytes);
     CheckLine(System::FromUtf8(bytes), false);
-    CheckLine(UnicodeString(std::u16string_view(units)), true);
+    CheckLine(Fuzz::WideText(bytes), true);
     return 0;
 }

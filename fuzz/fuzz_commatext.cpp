@@ -19,6 +19,13 @@ namespace
 using Fuzz::Require;
 using System::UnicodeString;
 
+/// Whether all of the text could be read.
+template <class Vector>
+bool SetCommaText(Vector& vector, const UnicodeString& text)
+{
+    return Fuzz::Try<Sysutils::EConvertError>([&] { vector.setCommaText(text); });
+}
+
 /// What a text holds writes and reads back to the same elements.
 template <class Vector>
 void RequireRoundTrip(const Vector& read)
@@ -33,9 +40,7 @@ void RequireRoundTrip(const UTL::CDoubleVector& read)
 {
     const UnicodeString text = read.getCommaText();
     UTL::CDoubleVector again;
-    try {
-        again.setCommaText(text);
-    } catch (const Sysutils::EConvertError&) {
+    if (!SetCommaText(again, text)) {
         // The largest floats round to a text beyond the range.
         Require(again.size() < read.size() && std::abs(read[again.size()]) > 1.7e308);
         return;
@@ -47,24 +52,15 @@ template <class Vector>
 void ReadText(const UnicodeString& text)
 {
     Vector vector;
-    bool isWhole = true;
-    try {
-        vector.setCommaText(text);
-    } catch (const Sysutils::EConvertError&) {
-        isWhole = false;
-    }
+    const bool isWhole = SetCommaText(vector, text);
     RequireRoundTrip(vector);
     const int commas = static_cast<int>(std::count(text.AsView().begin(), text.AsView().end(), u','));
     Require(static_cast<int>(vector.size()) <= commas + 1);
     // Behind blanks the long way is taken, which reads the same.
     Vector spaced;
-    bool isSpacedWhole = true;
-    try {
-        spaced.setCommaText(
-            Sysutils::StringReplace(text, u",", u" , ", Sysutils::TReplaceFlags() << Sysutils::rfReplaceAll));
-    } catch (const Sysutils::EConvertError&) {
-        isSpacedWhole = false;
-    }
+    const bool isSpacedWhole =
+        SetCommaText(spaced, Sysutils::StringReplace(text, u",", u" , ",
+                                                     Sysutils::TReplaceFlags() << Sysutils::rfReplaceAll));
     Require(isSpacedWhole == isWhole && spaced == vector);
 }
 

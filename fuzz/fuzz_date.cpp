@@ -5,27 +5,17 @@
 #include "text/dates/BTL_DT_Utilities.h"
 
 #include <cstdint>
-#include <cstring>
-#include <string_view>
 
 namespace
 {
 
 using Fuzz::Require;
+using Fuzz::Try;
 using System::AnsiString;
 using System::TDateTime;
 using System::UnicodeString;
 using System::Word;
-
-/// Calls what may refuse its input.
-template <class Call>
-void Try(Call call)
-{
-    try {
-        call();
-    } catch (const Sysutils::EConvertError&) {
-    }
-}
+using Sysutils::EConvertError;
 
 void UseSettings(unsigned choice)
 {
@@ -59,13 +49,14 @@ void CheckValue(const TDateTime& value)
     TDateTime read;
     Require(Sysutils::TryStrToDateTime(Sysutils::DateTimeToStr(value), read) && read == whole);
     Require(BTL::GetValidDate(Sysutils::DateToStr(value)) == Sysutils::EncodeDate(year, month, day));
-    Try([&] { Sysutils::IncMonth(value, milliSecond - 500); });
+    Try<EConvertError>([&] { Sysutils::IncMonth(value, milliSecond - 500); });
     BTL::To4DigitYear(value);
     BTL::GetValidFileName(value);
     BTL::GetSQLDateTimeString(value, true);
     BTL::GetDateTimeStringWithMSec(value);
     for (int unit = 1; unit <= 6; ++unit) {
-        Try([&] { BTL::CalcNextDate(value, 1 - minute, static_cast<BTL::EDateIntervalUnit>(unit)); });
+        Try<EConvertError>(
+            [&] { BTL::CalcNextDate(value, 1 - minute, static_cast<BTL::EDateIntervalUnit>(unit)); });
     }
     Sysutils::DateTimeToFileDate(value);
 }
@@ -82,13 +73,13 @@ void CheckText(const UnicodeString& text)
     if (Sysutils::TryStrToTime(text, value)) {
         Require(value >= 0 && value < 1);
     }
-    Try([&] { CheckValue(BTL::StrToDateTime(text)); });
-    Try([&] { BTL::StrToDate(text); });
-    Try([&] { BTL::StrToTime(text); });
-    Try([&] { BTL::StrToDateTime(text, u"yyyy-mm-dd hh:nn:ss.ccc"); });
-    Try([&] { BTL::StrToDateTime(u"9876543210987654321", text); });
+    Try<EConvertError>([&] { CheckValue(BTL::StrToDateTime(text)); });
+    Try<EConvertError>([&] { BTL::StrToDate(text); });
+    Try<EConvertError>([&] { BTL::StrToTime(text); });
+    Try<EConvertError>([&] { BTL::StrToDateTime(text, u"yyyy-mm-dd hh:nn:ss.ccc"); });
+    Try<EConvertError>([&] { BTL::StrToDateTime(u"9876543210987654321", text); });
     CheckValue(BTL::GetValidDate(text));
-    Try([&] { BTL::GetValidDateTimeString(text); });
+    Try<EConvertError>([&] { BTL::GetValidDateTimeString(text); });
     const UnicodeString sql = BTL::GetSQLDateTimeString(text, true);
     Require(sql.Length() >= 3 && sql[1] == u'\'' && *sql.LastChar() == u'\'');
     BTL::GetSQLDateString(text, false);
@@ -103,14 +94,13 @@ void CheckText(const UnicodeString& text)
 /// The first byte chooses the settings, eight more are a value; the rest is a text and a picture.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    double value = 0;
-    if (size < 1 + sizeof value) {
+    if (size < 1 + sizeof(double)) {
         return 0;
     }
-    UseSettings(data[0]);
-    std::memcpy(&value, data + 1, sizeof value);
-    const auto* const bytes = reinterpret_cast<const char*>(data);
-    const UnicodeString text(AnsiString(std::string_view(bytes, size).substr(1 + sizeof value)));
+    Fuzz::Input input(data, size);
+    UseSettings(input.Take<std::uint8_t>());
+    const auto value = input.Take<double>();
+    const UnicodeString text(AnsiString(input.getText()));
     CheckValue(value);
     CheckText(text);
     Sysutils::FormatDateTime(text, value);

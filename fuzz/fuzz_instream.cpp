@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -210,11 +209,8 @@ void CheckAll(TStream& bytes, std::string_view content, std::string_view pattern
     CheckBuffers(bytes, delimiter);
     CheckStandardStream(bytes, content);
     bytes.setPosition(0);
-    try {
-        BTL::MStream(&bytes).ReadString();
-    } catch (const Classes::EReadError&) {
-        // Most bytes are no string.
-    }
+    // Most bytes are no string.
+    Fuzz::Try<Classes::EReadError>([&] { BTL::MStream(&bytes).ReadString(); });
 }
 
 } // namespace
@@ -222,12 +218,11 @@ void CheckAll(TStream& bytes, std::string_view content, std::string_view pattern
 /// Reads any bytes as numbers, words and lines, and searches them for a pattern, the first line.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    std::string_view content(reinterpret_cast<const char*>(data), size);
-    const std::string_view pattern = content.substr(0, std::min<std::size_t>(content.find('\n'), 40));
-    content.remove_prefix(pattern.size());
+    Fuzz::Input input(data, size);
+    const std::string_view pattern = input.Take(std::min<std::size_t>(input.getText().find('\n'), 40));
     TMemoryStream memory;
-    CheckAll(memory, content, pattern);
+    CheckAll(memory, input.getText(), pattern);
     SlowStream slow;
-    CheckAll(slow, content, pattern);
+    CheckAll(slow, input.getText(), pattern);
     return 0;
 }

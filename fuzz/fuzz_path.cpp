@@ -6,8 +6,9 @@
 #include "platform/runtime/sysutils/Sysutils_File.h"
 #include "support/Fuzz.h"
 
-#include <algorithm>
 #include <cstdint>
+#include <string>
+#include <string_view>
 
 using Fuzz::Require;
 using System::UnicodeString;
@@ -48,15 +49,14 @@ void TakeApart(const UnicodeString& path)
 
 void Combine(const UnicodeString& first, const UnicodeString& second)
 {
-    try {
+    const bool isCombined = Fuzz::Try<Sysutils::EArgumentException>([&] {
         const UnicodeString combined = Ioutils::TPath::Combine(first, second);
         Require(combined.AsView().ends_with(second.AsView()));
         Ioutils::TPath::GetPathRoot(combined);
         Ioutils::TPath::ChangeExtension(first, second);
         Ioutils::TPath::GetFileNameWithoutExtension(combined);
-    } catch (const Sysutils::EArgumentException&) {
-        Require(first.Pos(u'\0') + second.Pos(u'\0') > 0);
-    }
+    });
+    Require(isCombined || first.Pos(u'\0') + second.Pos(u'\0') > 0);
     const UnicodeString relative = Sysutils::ExtractRelativePath(first, second);
     Require(relative.AsView().ends_with(Sysutils::ExtractFileName(second).AsView()));
     Sysutils::FileNameFits(first, second);
@@ -68,11 +68,12 @@ void Combine(const UnicodeString& first, const UnicodeString& second)
 /// Takes the bytes as a path of the host, and as 16-bit units as a path of the library, whole and in halves.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    RoundTrip(Fuzz::Bytes(data, size));
-    const std::u16string units = Fuzz::Units(Fuzz::Bytes(data, size));
-    const std::u16string_view text = units;
-    TakeApart(UnicodeString(text));
-    TakeApart(UnicodeString(System::FromUtf8(Fuzz::Bytes(data, size))));
-    Combine(UnicodeString(text.substr(0, text.size() / 2)), UnicodeString(text.substr(text.size() / 2)));
+    const std::string_view bytes = Fuzz::Bytes(data, size);
+    const UnicodeString wide = Fuzz::WideText(bytes);
+    RoundTrip(bytes);
+    TakeApart(wide);
+    TakeApart(System::FromUtf8(bytes));
+    const int half = wide.Length() / 2;
+    Combine(wide.SubString(1, half), wide.SubString(half + 1));
     return 0;
 }

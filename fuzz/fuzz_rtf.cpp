@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 namespace
@@ -35,8 +34,7 @@ void CheckText(const UnicodeString& text)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string_view bytes = Fuzz::Bytes(data, size);
-    const std::u16string units = Fuzz::Units(bytes);
-    for (const UnicodeString& text : {System::FromUtf8(bytes), UnicodeString(std::u16string_view(units))}) {
+    for (const UnicodeString& text : {System::FromUtf8(bytes), Fuzz::WideText(bytes)}) {
         CheckText(text);
         CheckText(u"{\\rtf1 " + text);
         CheckText(u"{\\rtf1 " + text + u"}");

@@ -3,7 +3,6 @@
 #include "text/grammar/BTL_SQL_Text.h"
 
 #include <cstdint>
-#include <string_view>
 
 namespace
 {

@@ -42,14 +42,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size < 3) {
         return 0;
     }
+    Fuzz::Input input(data, size);
     TStringList list;
-    list.setDelimiter(data[0]);
-    list.setQuoteChar(data[1]);
-    list.setStrictDelimiter((data[2] & 1) != 0);
-    const std::string_view bytes(reinterpret_cast<const char*>(data) + 3, size - 3);
-    const std::u16string units = Fuzz::Units(bytes);
+    list.setDelimiter(input.Take<std::uint8_t>());
+    list.setQuoteChar(input.Take<std::uint8_t>());
+    list.setStrictDelimiter((input.Take<std::uint8_t>() & 1) != 0);
 
-    for (const UnicodeString& text : {UnicodeString(std::u16string_view(units)), System::FromUtf8(bytes)}) {
+    for (const UnicodeString& text : {Fuzz::WideText(input.getText()), System::FromUtf8(input.getText())}) {
         list.setCommaText(text);
         CheckForms(list);
         list.setDelimitedText(text);
@@ -67,7 +66,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }
     }
     TStringList loaded;
-    Classes::TBytesStream stream(std::span(data, size).subspan(3));
+    Classes::TBytesStream stream(input.getRest());
     loaded.LoadFromStream(&stream);
     RequireSame(loaded, &TStringList::setText, &TStringList::getText);
     return 0;

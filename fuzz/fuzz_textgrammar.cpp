@@ -5,8 +5,9 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <string>
+#include <iterator>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 namespace
@@ -18,7 +19,7 @@ using System::UnicodeString;
 
 /// The marks and texts that an input chooses.
 template <class S>
-struct TInput
+struct TCase
 {
     typename S::CharType open;
     typename S::CharType close;
@@ -43,7 +44,7 @@ S Joined(Classes::TStrings& list)
 
 /// All pieces of the text one after the other: the position moves on until it is at the end.
 template <class S>
-void CheckPieces(const TInput<S>& in, S& trace)
+void CheckPieces(const TCase<S>& in, S& trace)
 {
     for (int pos = 1; pos <= in.text.Length();) {
         const int former = pos;
@@ -66,15 +67,13 @@ void CheckPieces(const TInput<S>& in, S& trace)
     trace += between;
 
     int pos = in.position;
-    try {
-        trace += BTL::GetSubString(in.text, pos, in.skipBlanks, in.open, in.close, in.escape);
-    } catch (const Sysutils::ERangeError&) {
-        Require(in.position < 1);
-    }
+    const bool isInRange = Fuzz::Try<Sysutils::ERangeError>(
+        [&] { trace += BTL::GetSubString(in.text, pos, in.skipBlanks, in.open, in.close, in.escape); });
+    Require(isInRange || in.position < 1);
 }
 
 template <class S>
-void CheckCommands(const TInput<S>& in, S& trace)
+void CheckCommands(const TCase<S>& in, S& trace)
 {
     const int place = BTL::GetCommandPosition(in.text, in.name);
     Require(place == 0 || place == in.text.Pos(in.name));
@@ -91,7 +90,7 @@ void CheckCommands(const TInput<S>& in, S& trace)
 }
 
 template <class S>
-void CheckMacros(const TInput<S>& in, S& trace)
+void CheckMacros(const TCase<S>& in, S& trace)
 {
     trace += BTL::ApplyMacro(in.text, in.name, in.other);
     if (in.recursion) {
@@ -107,7 +106,7 @@ void CheckMacros(const TInput<S>& in, S& trace)
 }
 
 template <class S>
-void CheckEscapes(const TInput<S>& in, S& trace)
+void CheckEscapes(const TCase<S>& in, S& trace)
 {
     const S inserted = BTL::InsertEscapeSequences(in.text);
     const auto isBreak = [](auto c) { return c == '\n' || c == '\r' || c == '\t'; };
@@ -122,7 +121,7 @@ void CheckEscapes(const TInput<S>& in, S& trace)
 }
 
 template <class S>
-void CheckLists(const TInput<S>& in, S& trace)
+void CheckLists(const TCase<S>& in, S& trace)
 {
     using Char = typename S::CharType;
     Classes::TStringList list;
@@ -159,7 +158,7 @@ void CheckLists(const TInput<S>& in, S& trace)
 }
 
 template <class S>
-void CheckReplacing(const TInput<S>& in, S& trace)
+void CheckReplacing(const TCase<S>& in, S& trace)
 {
     const S exchanged = BTL::ExchangeAll(in.text, in.name, in.other);
     Require(in.name.IsEmpty() || in.name.Pos(in.open) != 0 || in.other.Pos(in.open) != 0 ||
@@ -172,7 +171,7 @@ void CheckReplacing(const TInput<S>& in, S& trace)
 }
 
 template <class S>
-void CheckIdentifiers(const TInput<S>& in, S& trace)
+void CheckIdentifiers(const TCase<S>& in, S& trace)
 {
     using Char = typename S::CharType;
     const S ident = BTL::TransformToValidIdent(in.text, Char('_'));
@@ -189,7 +188,7 @@ void CheckIdentifiers(const TInput<S>& in, S& trace)
 
 /// All results in a row, to be compared between the widths.
 template <class S>
-S Check(const TInput<S>& in)
+S Check(const TCase<S>& in)
 {
     S trace;
     CheckPieces(in, trace);
@@ -223,7 +222,7 @@ std::vector<UnicodeString> ReadCsv(std::u16string_view line, System::WideChar de
     return fields;
 }
 
-void CheckWide(const TInput<UnicodeString>& in)
+void CheckWide(const TCase<UnicodeString>& in)
 {
     UnicodeString csv;
     const UnicodeString fields[] = {u"ID" + in.name, BTL::DeleteChars(in.text, u'"'), u";" + in.other};
@@ -246,8 +245,24 @@ void CheckWide(const TInput<UnicodeString>& in)
     Require(found ? rest.Length() <= in.text.Length() - in.name.Length() : rest == in.text);
 }
 
+TCase<AnsiString> ReadCase(Fuzz::Input input)
+{
+    TCase<AnsiString> result = {};
+    result.open = input.Take<char>();
+    result.close = input.Take<char>();
+    result.escape = input.Take<char>();
+    const auto flags = input.Take<std::uint8_t>();
+    result.skipBlanks = (flags & 1) != 0;
+    result.recursion = (flags & 2) != 0;
+    result.position = input.Take<std::uint8_t>() - 128;
+    result.name = AnsiString(input.TakeLine());
+    result.other = AnsiString(input.TakeLine());
+    result.text = AnsiString(input.getText());
+    return result;
+}
+
 template <class S>
-TInput<S> Widened(const TInput<AnsiString>& in)
+TCase<S> Widened(const TCase<AnsiString>& in)
 {
     const auto unit = [](char c) { return UnicodeString(c)[1]; };
     return {unit(in.open), unit(in.close), unit(in.escape), in.skipBlanks, in.recursion,
@@ -263,25 +278,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size < 5) {
         return 0;
     }
-    std::string_view rest(reinterpret_cast<const char*>(data), size);
-    const auto take = [&rest] {
-        const auto length = std::min(rest.find('\n'), rest.size());
-        AnsiString piece(rest.substr(0, length));
-        rest.remove_prefix(std::min(length + 1, rest.size()));
-        return piece;
-    };
-    TInput<AnsiString> narrow = {};
-    narrow.open = rest[0];
-    narrow.close = rest[1];
-    narrow.escape = rest[2];
-    narrow.skipBlanks = (rest[3] & 1) != 0;
-    narrow.recursion = (rest[3] & 2) != 0;
-    narrow.position = static_cast<int>(data[4]) - 128;
-    rest.remove_prefix(5);
-    narrow.name = take();
-    narrow.other = take();
-    narrow.text = AnsiString(rest);
-
+    const TCase<AnsiString> narrow = ReadCase(Fuzz::Input(data, size));
     const auto wide = Widened<UnicodeString>(narrow);
     const AnsiString narrowTrace = Check(narrow);
     const UnicodeString wideTrace = Check(wide);

@@ -7,8 +7,6 @@
 
 #include <climits>
 #include <cstdint>
-#include <string>
-#include <string_view>
 
 namespace
 {

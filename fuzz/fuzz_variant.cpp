@@ -4,7 +4,6 @@
 #include "support/Fuzz.h"
 
 #include <cstdint>
-#include <string_view>
 
 namespace
 {
@@ -17,10 +16,7 @@ void Convert(const UTL::CVariant& value)
     value.ToBoolDef(false);
     Require(value.ToIntDef(1) == value.ToIntDef(2) || value.ToInt64Def(1) != value.ToInt64Def(2));
     Require(value.IsDouble() == (value.ToDoubleDef(1) == value.ToDoubleDef(2)));
-    try {
-        value.ToDateTime();
-    } catch (const Sysutils::EConvertError&) {
-    }
+    Fuzz::Try<Sysutils::EConvertError>([&] { value.ToDateTime(); });
 }
 
 } // namespace

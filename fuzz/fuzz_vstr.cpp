@@ -44,15 +44,14 @@ void CheckStored(const Variant& value)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const UnicodeString text(AnsiString(Fuzz::Bytes(data, size)));
-    try {
+    Fuzz::Try<Sysutils::EConvertError>([&] {
         const Variant value = BTL::VStrToVar(text);
         if (!IsAtLimit(value)) {
             CheckStored(value);
         }
         UnicodeString sql;
         Require(BTL::VarToSqlValue(value, sql) != sql.IsEmpty());
-    } catch (const Sysutils::EConvertError&) {
-    }
+    });
 
     if (IsDecimal(text)) {
         // What `IsInt` skips at the front is not all white space.

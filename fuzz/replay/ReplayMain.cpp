@@ -6,7 +6,6 @@
 #include <exception>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <stdexcept>
 #include <vector>
 
@@ -19,8 +18,9 @@ std::vector<std::filesystem::path> FilesBelow(const std::filesystem::path& folde
 {
     std::vector<std::filesystem::path> files;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-        if (entry.is_regular_file())
+        if (entry.is_regular_file()) {
             files.push_back(entry.path());
+        }
     }
     std::sort(files.begin(), files.end());
     return files;
@@ -32,8 +32,9 @@ std::vector<std::uint8_t> ReadAll(const std::filesystem::path& file)
     std::ifstream stream(file, std::ios::binary);
     std::vector<std::uint8_t> bytes(std::filesystem::file_size(file));
     const auto size = static_cast<std::streamsize>(bytes.size());
-    if (!stream.read(reinterpret_cast<char*>(bytes.data()), size))
+    if (!stream.read(reinterpret_cast<char*>(bytes.data()), size)) {
         throw std::runtime_error("cannot read " + file.string());
+    }
     return bytes;
 }
 

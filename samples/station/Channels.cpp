@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "Channels.h"
 
-#include <TRS8_BTL/text/BTL_STR_Utilities.h>
+#include <TRS8_BTL/text/editing/BTL_STR_Cut.h>
+#include <TRS8_BTL/text/editing/BTL_STR_Search.h>
+#include <TRS8_BTL/text/numbers/BTL_NUM_FindNumber.h>
 #include <TRS8_BTL/text/numbers/BTL_NUM_Limits.h>
-#include <TRS8_BTL/text/numbers/BTL_NUM_Numbers.h>
 #include <TRS8_BTL/text/numbers/BTL_NUM_Units.h>
 
-#include <algorithm>
 #include <fstream>
 #include <string>
+#include <utility>
 
 namespace Station
 {
@@ -86,7 +87,8 @@ bool Matches(const UnicodeString& pattern, const UnicodeString& name)
     if (!BTL::EndsWith(pattern, AllOfKind)) {
         return pattern == name;
     }
-    return BTL::BeginsWith(name, pattern.SubString(1, pattern.Length() - 1), 1);
+    // Of ".*" the point stays.
+    return BTL::BeginsWith(name, BTL::LeftSubString(pattern, pattern.Length() - 1), 1);
 }
 
 void AddChannels(std::vector<CChannel>& channels, UnicodeString line, const std::vector<TSource>& sources)

@@ -23,21 +23,24 @@ struct TOptions
 {
     double seconds = 5;
     std::filesystem::path channels = "channels.txt";
-    /// Empty for the file beside the program.
-    System::UnicodeString log;
-    System::UnicodeString samples;
     /// The decimal separator of all numbers shown; without it that of the user's locale.
     std::optional<System::WideChar> decimal;
-    /// Whether the samples are printed, in place of their statistics.
-    bool sql = false;
+    /// Where the samples are kept; empty for the file beside the program.
+    System::UnicodeString samples;
     /// Samples kept since then count too.
     std::optional<System::TDateTime> from;
+    /// Whether the samples are printed, in place of their statistics.
+    bool sql = false;
+    /// Where to log; empty for the file beside the program.
+    System::UnicodeString log;
     bool help = false;
 };
 
+/// What the words of the command line ask for; of an option that is given twice, the first counts.
 /// `XBadOption` for an unknown word, a missing or a bad value.
 TOptions ReadOptions(std::span<char* const> words);
 
-extern const char* const HelpText;
+/// How the program is called, with all options.
+System::UnicodeString HelpText();
 
 } // namespace Station

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Samples.h"
 
-#include <TRS8_BTL/foundation/UTL_LOG_LogStream.h>
-#include <TRS8_BTL/platform/base/dates/Sysutils_Date.h>
+#include <TRS8_BTL/foundation/UTL_LOG_Log.h>
+#include <TRS8_BTL/platform/base/dates/Sysutils_DateText.h>
 #include <TRS8_BTL/streams/BTL_STRM_Stream.h>
 #include <TRS8_BTL/text/dates/BTL_DT_Reading.h>
 #include <TRS8_BTL/text/editing/BTL_STR_Search.h>

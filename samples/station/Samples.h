@@ -38,7 +38,7 @@ public:
 
     /// `Sysutils::Exception` if the file doesn't take it.
     void Add(const UTL::CVariants& sample);
-    /// Lets others see the samples, so that they are there if this program doesn't end well. Fails alike.
+    /// Lets others see the samples, so that they are there if this program doesn't end well. Fails as `Add`.
     void Flush() { mStream.getFileStream()->Flush(); }
 
 private:

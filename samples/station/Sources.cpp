@@ -2,7 +2,6 @@
 #include "Sources.h"
 
 #include <algorithm>
-#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -53,9 +52,8 @@ TValue CountProcesses()
     const fs::directory_iterator entries("/proc", error);
     return static_cast<double>(
         std::count_if(begin(entries), end(entries), [](const fs::directory_entry& entry) {
-            const std::string name = entry.path().filename().string();
-            return std::all_of(name.begin(), name.end(),
-                               [](unsigned char c) { return std::isdigit(c) != 0; });
+            // Each process has a folder that is named by its number.
+            return entry.path().filename().string().find_first_not_of("0123456789") == std::string::npos;
         }));
 }
 

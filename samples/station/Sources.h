@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <TRS8_BTL/platform/runtime/System.h>
+#include <TRS8_BTL/platform/base/System_String.h>
 
 #include <functional>
 #include <optional>

@@ -5,9 +5,9 @@
 #include "Samples.h"
 
 #include <TRS8_BTL/environment/BTL_ENV_Folders.h>
-#include <TRS8_BTL/foundation/UTL_LOG_LogStream.h>
+#include <TRS8_BTL/foundation/UTL_LOG_Log.h>
 #include <TRS8_BTL/platform/base/Sysutils_Locale.h>
-#include <TRS8_BTL/platform/base/dates/Sysutils_Date.h>
+#include <TRS8_BTL/platform/base/dates/Sysutils_Calendar.h>
 
 #include <algorithm>
 #include <chrono>
@@ -22,7 +22,7 @@ using System::UnicodeString;
 
 constexpr std::chrono::milliseconds Interval(250);
 
-enum ExitCode : int
+enum EExitCode : int
 {
     Done = 0,
     Failed = 1,
@@ -97,7 +97,7 @@ void Run(const TOptions& options)
     }
 }
 
-int Fail(ExitCode code, const UnicodeString& message)
+int Fail(EExitCode code, const UnicodeString& message)
 {
     std::cerr << "station: " << message << '\n';
     return code;
@@ -110,7 +110,7 @@ int main(int argc, char* argv[])
     try {
         const TOptions options = ReadOptions({argv + 1, static_cast<std::size_t>(argc - 1)});
         if (options.help) {
-            std::cout << HelpText;
+            std::cout << HelpText();
         } else {
             Run(options);
         }

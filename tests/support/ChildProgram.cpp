@@ -4,8 +4,8 @@
 #include <array>
 #include <cstdio>
 #include <iostream>
-#include <memory>
 #include <stdexcept>
+#include <string_view>
 
 namespace Support
 {

@@ -12,7 +12,7 @@ namespace Support
 /// this way. A child that fails throws `std::runtime_error`.
 std::string RunChildTest(const std::string& test);
 
-/// The same with the program copied to `program` first.
+/// As `RunChildTest` of the test alone, but with a copy of the program at `program`.
 std::string RunChildTest(const std::string& test, const std::filesystem::path& program);
 
 /// Called by the child: hands `text` to the parent.
