@@ -3,7 +3,6 @@
 
 #include <TRS8_BTL/text/editing/BTL_STR_Cut.h>
 #include <TRS8_BTL/text/editing/BTL_STR_Search.h>
-#include <TRS8_BTL/text/numbers/BTL_NUM_FindNumber.h>
 #include <TRS8_BTL/text/numbers/BTL_NUM_Limits.h>
 #include <TRS8_BTL/text/numbers/BTL_NUM_Units.h>
 
@@ -28,27 +27,12 @@ public:
     using Exception::Exception;
 };
 
-/// The unit without its prefix: "B" for "kB".
-UnicodeString BaseUnit(const UnicodeString& unit)
-{
-    const bool hasPrefix = unit.Length() > 1 && BTL::GetUnitPrefixFactor(unit) != 1.0;
-    return hasPrefix ? BTL::RightSubStringAt(unit, BTL::BeginsWith(unit, u"da", 1) ? 3 : 2) : unit;
-}
-
-/// The unit behind the number of `text`.
-UnicodeString UnitOf(const UnicodeString& text)
-{
-    int position = 0;
-    const UnicodeString number = BTL::Cut1stFloat(text, position);
-    return BTL::RightSubStringAt(text, position + number.Length()).Trim();
-}
-
 /// The value of a limit in `unit`. The limit functions take 0 for no limit, so it is refused as one.
 double ReadLimit(const UnicodeString& text, const UnicodeString& unit)
 {
-    const UnicodeString ownUnit = UnitOf(text);
+    UnicodeString ownUnit;
     double value = 0;
-    if (!BTL::ValueWithUnitToDouble(text, value)) {
+    if (!BTL::ValueWithUnitToDouble(text, value, ownUnit)) {
         throw XBadLine(u"'" + text + u"' is no number");
     }
     if (value == 0) {
@@ -57,7 +41,7 @@ double ReadLimit(const UnicodeString& text, const UnicodeString& unit)
     if (ownUnit.IsEmpty()) {
         return value;
     }
-    if (BaseUnit(ownUnit) != BaseUnit(unit)) {
+    if (BTL::CutUnitPrefix(ownUnit) != BTL::CutUnitPrefix(unit)) {
         throw XBadLine(u"the limit '" + text + u"' is not in " + (unit.IsEmpty() ? u"a plain number" : unit));
     }
     return value / BTL::GetUnitPrefixFactor(unit);
@@ -111,7 +95,7 @@ void AddChannels(std::vector<CChannel>& channels, UnicodeString line, const std:
         if (!Matches(name, source.name)) {
             continue;
         }
-        if (BaseUnit(unit) != source.unit) {
+        if (BTL::CutUnitPrefix(unit) != source.unit) {
             throw XBadLine(u"the unit '" + unit + u"' does not fit " + source.name);
         }
         channels.emplace_back(source, unit, limits.lower, limits.upper);

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 
 namespace BTL
 {
@@ -19,41 +20,32 @@ namespace
 
 struct TPrefix
 {
-    WideChar letter;
+    std::u16string_view name;
     double factor;
 };
 
-constexpr std::array<TPrefix, 16> Prefixes = {{
-    {u'a', 1e-18},
-    {u'f', 1e-15},
-    {u'p', 1e-12},
-    {u'n', 1e-9},
-    {u'\u00B5', 1e-6},
-    {u'm', 1e-3},
-    {u'c', 1e-2},
-    {u'd', 1e-1},
-    {u'h', 100},
-    {u'k', 1000},
-    {u'K', 1000},
-    {u'M', 1e6},
-    {u'G', 1e9},
-    {u'T', 1e12},
-    {u'P', 1e15},
-    {u'E', 1e18},
-}};
+// `da` stands in front of `d`, which it begins with.
+constexpr std::array Prefixes = {
+    TPrefix{u"a", 1e-18},     TPrefix{u"f", 1e-15}, TPrefix{u"p", 1e-12}, TPrefix{u"n", 1e-9},
+    TPrefix{u"\u00B5", 1e-6}, TPrefix{u"m", 1e-3},  TPrefix{u"c", 1e-2},  TPrefix{u"da", 10},
+    TPrefix{u"d", 1e-1},      TPrefix{u"h", 100},   TPrefix{u"k", 1000},  TPrefix{u"K", 1000},
+    TPrefix{u"M", 1e6},       TPrefix{u"G", 1e9},   TPrefix{u"T", 1e12},  TPrefix{u"P", 1e15},
+    TPrefix{u"E", 1e18},
+};
+
+/// The prefix that `unit`, which has no blanks in front, begins with; one without a name if it has none.
+TPrefix PrefixOf(const UnicodeString& unit)
+{
+    const auto* const found = std::ranges::find_if(
+        Prefixes, [&](const TPrefix& prefix) { return unit.AsView().starts_with(prefix.name); });
+    return found == Prefixes.end() ? TPrefix{u"", 1.0} : *found;
+}
 
 } // namespace
 
 double GetUnitPrefixFactor(const UnicodeString& unit)
 {
-    const UnicodeString trimmed = unit.TrimLeft();
-    const WideChar* const text = trimmed.c_str();
-    if (text[0] == 'd' && text[1] == 'a') {
-        return 10;
-    }
-    const auto* const found = std::find_if(
-        Prefixes.begin(), Prefixes.end(), [text](const TPrefix& prefix) { return prefix.letter == text[0]; });
-    return found == Prefixes.end() ? 1.0 : found->factor;
+    return PrefixOf(unit.TrimLeft()).factor;
 }
 
 double GetUnitPrefixFactor(const AnsiString& unit)
@@ -66,7 +58,20 @@ double GetUnitFactor(const UnicodeString& from, const UnicodeString& to)
     return GetUnitPrefixFactor(from) / GetUnitPrefixFactor(to);
 }
 
+UnicodeString CutUnitPrefix(const UnicodeString& unit)
+{
+    const UnicodeString trimmed = unit.Trim();
+    const auto length = static_cast<int>(PrefixOf(trimmed).name.size());
+    return length < trimmed.Length() ? trimmed.SubString(length + 1) : trimmed;
+}
+
 bool ValueWithUnitToDouble(const UnicodeString& text, double& value)
+{
+    UnicodeString unit;
+    return ValueWithUnitToDouble(text, value, unit);
+}
+
+bool ValueWithUnitToDouble(const UnicodeString& text, double& value, UnicodeString& unit)
 {
     const UnicodeString trimmed = text.TrimLeft();
     int position = 0;
@@ -75,7 +80,8 @@ bool ValueWithUnitToDouble(const UnicodeString& text, double& value)
     if (!ToDouble(number, read)) {
         return false;
     }
-    value = read * GetUnitPrefixFactor(trimmed.SubString(position + number.Length()));
+    unit = trimmed.SubString(position + number.Length()).Trim();
+    value = read * GetUnitPrefixFactor(unit);
     return true;
 }
 

@@ -12,6 +12,10 @@ namespace BTL
 TRS8_BTL_API double GetUnitPrefixFactor(const System::UnicodeString& unit);
 TRS8_BTL_API double GetUnitPrefixFactor(const System::AnsiString& unit);
 
+/// The unit without the prefix that `GetUnitPrefixFactor` sees, and without blanks around: `V` for `kV`. A
+/// unit that is nothing but such a letter, as `m`, stays.
+[[nodiscard]] TRS8_BTL_API System::UnicodeString CutUnitPrefix(const System::UnicodeString& unit);
+
 /// The factor that turns a value in `from` into one in `to`.
 TRS8_BTL_API double GetUnitFactor(const System::UnicodeString& from, const System::UnicodeString& to);
 
@@ -20,6 +24,10 @@ TRS8_BTL_API double GetUnitFactor(const System::UnicodeString& from, const Syste
 /// range of a `double` is infinite.
 TRS8_BTL_API bool ValueWithUnitToDouble(const System::UnicodeString& text, double& value);
 TRS8_BTL_API bool ValueWithUnitToDouble(const System::AnsiString& text, double& value);
+/// As `ValueWithUnitToDouble` of two arguments, but tells the unit with its prefix too: all behind the
+/// number, without blanks around.
+TRS8_BTL_API bool ValueWithUnitToDouble(const System::UnicodeString& text, double& value,
+                                        System::UnicodeString& unit);
 /// As `ValueWithUnitToDouble`, its old name.
 TRS8_BTL_API bool ValueWithUnitToDoble(const System::UnicodeString& text, double& value);
 TRS8_BTL_API bool ValueWithUnitToDoble(const System::AnsiString& text, double& value);

@@ -13,6 +13,7 @@ namespace
 
 using System::AnsiString;
 using System::UnicodeString;
+using System::WideChar;
 
 template <class S>
 class UnitsTest : public testing::Test
@@ -44,6 +45,34 @@ TYPED_TEST(UnitsTest, KnowsPrefixesByTheirFirstLetter)
     for (const auto& c : cases) {
         EXPECT_EQ(BTL::GetUnitPrefixFactor(this->T(c.unit)), c.factor) << c.unit;
     }
+}
+
+TEST(UnitPrefixTest, LeavesTheUnit)
+{
+    const struct
+    {
+        const WideChar* unit;
+        const WideChar* expected;
+    } cases[] = {
+        {u"kV", u"V"}, {u" mA ", u"A"}, {u"daN", u"N"}, {u"\u00B5m", u"m"}, {u"V", u"V"},
+        {u"m", u"m"},  {u"da", u"da"},  {u"%", u"%"},   {u"", u""},         {u"  ", u""},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(BTL::CutUnitPrefix(c.unit), c.expected) << UnicodeString(c.unit);
+    }
+}
+
+TEST(UnitPrefixTest, IsToldWithTheValue)
+{
+    double value = 0;
+    UnicodeString unit = u"as it was";
+    EXPECT_FALSE(BTL::ValueWithUnitToDouble(u"none", value, unit));
+    EXPECT_EQ(unit, u"as it was");
+    EXPECT_TRUE(BTL::ValueWithUnitToDouble(u"U = 5 kV ", value, unit));
+    EXPECT_EQ(value, 5000);
+    EXPECT_EQ(unit, u"kV");
+    EXPECT_TRUE(BTL::ValueWithUnitToDouble(u"5", value, unit));
+    EXPECT_EQ(unit, u"");
 }
 
 TYPED_TEST(UnitsTest, ReadsValuesWithUnits)
