@@ -2,8 +2,10 @@
 #include "platform/host/Host_Shell.h"
 
 #include "platform/host/Host_Error.h"
-#include "platform/host/Host_File.h"
 #include "platform/host/Host_FileBuffer.h"
+#include "platform/host/Host_FileInfo.h"
+#include "platform/host/Host_Folder.h"
+#include "platform/host/Host_Path.h"
 #include "platform/host/internal/Host_Descriptor.h"
 
 #include <algorithm>

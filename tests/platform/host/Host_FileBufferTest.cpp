@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/Host_Error.h"
-#include "platform/host/Host_File.h"
+#include "platform/host/Host_FileMove.h"
 #include "platform/runtime/classes/Classes.h"
 #include "support/ChildProgram.h"
 #include "support/TempFolder.h"

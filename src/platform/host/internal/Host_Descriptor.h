@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <utility>
 
 #include <unistd.h>
@@ -37,6 +38,16 @@ public:
 private:
     int mDescriptor;
 };
+
+/// The descriptor behind a handle; -1, and the last error set, for what can't be one.
+inline int DescriptorOf(System::NativeInt handle)
+{
+    if (handle <= 0 || handle > INT_MAX) {
+        SetLastError(ERROR_INVALID_HANDLE);
+        return -1;
+    }
+    return static_cast<int>(handle);
+}
 
 /// Repeats a call of the host that a signal broke off.
 template <class Call>

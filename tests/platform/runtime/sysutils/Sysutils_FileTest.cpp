@@ -3,7 +3,8 @@
 
 #include "platform/base/Sysutils_Exception.h"
 #include "platform/host/Host_Error.h"
-#include "platform/host/Host_File.h"
+#include "platform/host/Host_FileInfo.h"
+#include "platform/host/Host_FileMove.h"
 #include "support/TempFolder.h"
 
 #include <algorithm>
