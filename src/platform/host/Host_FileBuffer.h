@@ -7,8 +7,6 @@
 #include <memory>
 #include <string_view>
 
-struct stat;
-
 namespace Host
 {
 
@@ -83,16 +81,5 @@ private:
 
     std::atomic<unsigned long> mError{0};
 };
-
-/// To be called before the file is read, queried or written past the buffers: writes what they gathered for
-/// it.
-void FlushBuffersOf(int descriptor);
-void FlushBuffersOf(const char* path);
-void FlushBuffersOf(const struct stat& status);
-/// To be called after the file was written past the buffers: what they read ahead is old.
-void AgeBuffersOf(int descriptor);
-
-/// Writes what is gathered for any file of the process, for those who open the files by other means.
-void FlushAllBuffers();
 
 } // namespace Host

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/Host_FileInfo.h"
 
+#include "platform/host/Host_BufferedFiles.h"
 #include "platform/host/Host_Error.h"
-#include "platform/host/Host_FileBuffer.h"
 #include "platform/host/Host_Path.h"
 #include "platform/host/internal/Host_Descriptor.h"
 #include "platform/host/internal/Host_PathCall.h"

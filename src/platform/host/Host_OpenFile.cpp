@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/Host_OpenFile.h"
 
+#include "platform/host/Host_BufferedFiles.h"
 #include "platform/host/Host_Error.h"
-#include "platform/host/Host_FileBuffer.h"
 #include "platform/host/Host_FileSharing.h"
 #include "platform/host/Host_Path.h"
 #include "platform/host/internal/Host_Descriptor.h"

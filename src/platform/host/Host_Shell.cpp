@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/Host_Shell.h"
 
+#include "platform/host/Host_BufferedFiles.h"
 #include "platform/host/Host_Error.h"
-#include "platform/host/Host_FileBuffer.h"
 #include "platform/host/Host_FileInfo.h"
 #include "platform/host/Host_Folder.h"
 #include "platform/host/Host_Path.h"
