@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/Host_Path.h"
 
+#include "platform/base/internal/System_Ascii.h"
 #include "platform/host/Host_Error.h"
 #include "platform/host/internal/Host_PathText.h"
 
@@ -39,13 +40,10 @@ DriveTable& Drives()
 
 std::optional<std::size_t> DriveIndex(char16_t letter)
 {
-    if (letter >= u'A' && letter <= u'Z') {
-        return letter - u'A';
+    if (!System::Detail::IsAsciiLetter(letter)) {
+        return std::nullopt;
     }
-    if (letter >= u'a' && letter <= u'z') {
-        return letter - u'a';
-    }
-    return std::nullopt;
+    return System::Detail::AsciiUpper(letter) - u'A';
 }
 
 bool HasDrive(std::u16string_view path)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/Host_Shell.h"
 
+#include "platform/base/internal/System_Ascii.h"
 #include "platform/host/Host_BufferedFiles.h"
 #include "platform/host/Host_Error.h"
 #include "platform/host/Host_FileInfo.h"
@@ -100,12 +101,11 @@ std::future<int> Reap(pid_t process)
 bool IsAddress(std::u16string_view text)
 {
     const auto isSchemeCharacter = [](char16_t unit) {
-        return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') ||
-               (unit >= u'0' && unit <= u'9') || unit == u'+' || unit == u'-' || unit == u'.';
+        return System::Detail::IsAsciiLetter(unit) || System::Detail::IsAsciiDigit(unit) || unit == u'+' ||
+               unit == u'-' || unit == u'.';
     };
     const auto end = std::ranges::find_if_not(text, isSchemeCharacter);
-    const auto first = text.empty() ? u'\0' : text[0];
-    const bool beginsWithLetter = (first >= u'a' && first <= u'z') || (first >= u'A' && first <= u'Z');
+    const bool beginsWithLetter = !text.empty() && System::Detail::IsAsciiLetter(text[0]);
     return beginsWithLetter && end != text.end() && *end == u':' && end - text.begin() > 1;
 }
 
