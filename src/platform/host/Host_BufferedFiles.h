@@ -14,10 +14,10 @@ namespace Host
 class FileRecord;
 
 /// The record that all buffers over this file share; made with the first of them, gone with the last.
-std::shared_ptr<FileRecord> RecordOf(const struct stat& status);
+[[nodiscard]] std::shared_ptr<FileRecord> RecordOf(const struct stat& status);
 
 /// Whether the process ends, so that nobody comes after to write what is gathered now.
-bool IsGatheringOver();
+[[nodiscard]] bool IsGatheringOver();
 
 /// To be called before the file is read, queried or written past the buffers: writes what they gathered for
 /// it.

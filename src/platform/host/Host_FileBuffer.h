@@ -23,7 +23,7 @@ class FileBuffer
 {
 public:
     /// Null if the handle is no plain file.
-    static std::unique_ptr<FileBuffer> Attach(System::NativeInt handle);
+    [[nodiscard]] static std::unique_ptr<FileBuffer> Attach(System::NativeInt handle);
     FileBuffer(const FileBuffer&) = delete;
     FileBuffer& operator=(const FileBuffer&) = delete;
     /// Writes what is gathered; a failure sets the last error.
@@ -35,7 +35,7 @@ public:
     System::Int64 Read(void* buffer, System::Int64 count);
     System::Int64 Write(const void* buffer, System::Int64 count);
     System::Int64 Seek(System::Int64 offset, int origin);
-    bool Resize(System::Int64 size);
+    [[nodiscard]] bool Resize(System::Int64 size);
 
     /// Bytes from the position on that are in memory already, some of them read just now if there were none.
     /// Empty at the end and on a failure. Valid until the next call.

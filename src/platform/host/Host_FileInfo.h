@@ -45,14 +45,14 @@ struct FileInfo
 };
 
 /// What the host tells of the file that a link leads to, or of the link itself if that is nowhere.
-TRS8_BTL_API std::optional<FileInfo> QueryFile(const System::UnicodeString& file);
+[[nodiscard]] TRS8_BTL_API std::optional<FileInfo> QueryFile(const System::UnicodeString& file);
 /// What the host tells of an open file; the name, and with it `FILE_ATTRIBUTE_HIDDEN`, isn't known.
-TRS8_BTL_API std::optional<FileInfo> QueryFile(System::NativeInt handle);
+[[nodiscard]] TRS8_BTL_API std::optional<FileInfo> QueryFile(System::NativeInt handle);
 /// Whether the name is a link that leads nowhere.
-TRS8_BTL_API bool IsBrokenLink(const System::UnicodeString& file);
+[[nodiscard]] TRS8_BTL_API bool IsBrokenLink(const System::UnicodeString& file);
 /// Sets the time of the last change of the content, in seconds since 1970 in universal time.
-TRS8_BTL_API bool SetModified(const System::UnicodeString& file, System::Int64 seconds);
+[[nodiscard]] TRS8_BTL_API bool SetModified(const System::UnicodeString& file, System::Int64 seconds);
 /// As `SetModified` of a path, but of an open file.
-TRS8_BTL_API bool SetModified(System::NativeInt handle, System::Int64 seconds);
+[[nodiscard]] TRS8_BTL_API bool SetModified(System::NativeInt handle, System::Int64 seconds);
 
 } // namespace Host

@@ -23,12 +23,12 @@ namespace Host
 {
 
 /// The names in a folder, with "." and "..", in the order of their characters.
-TRS8_BTL_API std::optional<std::vector<System::UnicodeString>>
+[[nodiscard]] TRS8_BTL_API std::optional<std::vector<System::UnicodeString>>
 ListFolder(const System::UnicodeString& folder);
 
 /// The folder from which paths without a root count, without a final separator, unless it is the root; empty
 /// on a failure.
-TRS8_BTL_API System::UnicodeString CurrentDirectory();
+[[nodiscard]] TRS8_BTL_API System::UnicodeString CurrentDirectory();
 
 struct DiskSpace
 {
@@ -38,6 +38,6 @@ struct DiskSpace
 };
 
 /// Of the disk that the folder lies on.
-TRS8_BTL_API std::optional<DiskSpace> QueryDisk(const System::UnicodeString& folder);
+[[nodiscard]] TRS8_BTL_API std::optional<DiskSpace> QueryDisk(const System::UnicodeString& folder);
 
 } // namespace Host

@@ -32,22 +32,25 @@ inline constexpr System::NativeInt InvalidHandle = -1;
 /// wants. Programs beside this library aren't held off. Ends with `CloseFile` or with the process, however
 /// that ends. Folders, and for writing files with the read-only attribute, are refused with 5.
 /// The handle is the host's descriptor, always above 2 and not inherited by programs that are started.
-TRS8_BTL_API System::NativeInt OpenFile(const System::UnicodeString& file, unsigned access, unsigned share,
-                                        Disposition disposition);
+[[nodiscard]] TRS8_BTL_API System::NativeInt OpenFile(const System::UnicodeString& file, unsigned access,
+                                                      unsigned share, Disposition disposition);
 TRS8_BTL_API bool CloseFile(System::NativeInt handle);
 
 /// The count done, less than `count` only at the end or, for what is no plain file, when no more is there
 /// yet; -1 on a failure.
-TRS8_BTL_API System::Int64 ReadFile(System::NativeInt handle, void* buffer, System::Int64 count);
+[[nodiscard]] TRS8_BTL_API System::Int64 ReadFile(System::NativeInt handle, void* buffer,
+                                                  System::Int64 count);
 /// As `ReadFile`, but the position stays; fails for what has no position.
-TRS8_BTL_API System::Int64 PeekFile(System::NativeInt handle, void* buffer, System::Int64 count);
+[[nodiscard]] TRS8_BTL_API System::Int64 PeekFile(System::NativeInt handle, void* buffer,
+                                                  System::Int64 count);
 /// The count done, less than `count` only if the host failed on the way; -1 on a failure at once.
-TRS8_BTL_API System::Int64 WriteFile(System::NativeInt handle, const void* buffer, System::Int64 count);
+[[nodiscard]] TRS8_BTL_API System::Int64 WriteFile(System::NativeInt handle, const void* buffer,
+                                                   System::Int64 count);
 /// The new position; -1 on a failure. `origin` is 0 for the beginning, 1 for the position, 2 for the end.
 TRS8_BTL_API System::Int64 SeekFile(System::NativeInt handle, System::Int64 offset, int origin);
 /// Cuts or lengthens the file; the position stays.
-TRS8_BTL_API bool ResizeFile(System::NativeInt handle, System::Int64 size);
+[[nodiscard]] TRS8_BTL_API bool ResizeFile(System::NativeInt handle, System::Int64 size);
 /// Waits until all that was written is on the disk.
-TRS8_BTL_API bool FlushFile(System::NativeInt handle);
+[[nodiscard]] TRS8_BTL_API bool FlushFile(System::NativeInt handle);
 
 } // namespace Host

@@ -10,12 +10,12 @@ namespace Host
 
 /// Makes a new empty file in `folder` with a name of `prefix` and a random rest, which only the user may
 /// read, and gives its path; empty on a failure, with the last error set.
-TRS8_BTL_API System::UnicodeString MakeTempFile(const System::UnicodeString& folder,
-                                                const System::UnicodeString& prefix);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString MakeTempFile(const System::UnicodeString& folder,
+                                                              const System::UnicodeString& prefix);
 
 /// A variable of the environment as a path of the library; empty if it is unset.
-TRS8_BTL_API System::UnicodeString EnvironmentPath(const char* name);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString EnvironmentPath(const char* name);
 /// The user's own folder without a final separator; `\` if the host knows none.
-TRS8_BTL_API System::UnicodeString HomeFolder();
+[[nodiscard]] TRS8_BTL_API System::UnicodeString HomeFolder();
 
 } // namespace Host
