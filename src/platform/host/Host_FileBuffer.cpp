@@ -54,13 +54,13 @@ std::unique_ptr<FileBuffer> FileBuffer::Attach(NativeInt handle)
     if (flags == -1 || fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) {
         return nullptr;
     }
-    const bool canWrite = (flags & O_ACCMODE) != O_RDONLY;
-    return std::unique_ptr<FileBuffer>(new FileBuffer(descriptor, canWrite, RecordOf(status)));
+    const Rights rights = (flags & O_ACCMODE) == O_RDONLY ? Rights::Read : Rights::Write;
+    return std::unique_ptr<FileBuffer>(new FileBuffer(descriptor, rights, RecordOf(status)));
 }
 
-FileBuffer::FileBuffer(int descriptor, bool canWrite, std::shared_ptr<FileRecord> record)
+FileBuffer::FileBuffer(int descriptor, Rights rights, std::shared_ptr<FileRecord> record)
     : mDescriptor(descriptor),
-      mCanWrite(canWrite),
+      mCanWrite(rights == Rights::Write),
       mRecord(std::move(record)),
       mPosition(std::max(lseek(descriptor, 0, SEEK_CUR), off_t{0}))
 {

@@ -54,7 +54,13 @@ public:
 private:
     friend class FileRecord;
 
-    FileBuffer(int descriptor, bool canWrite, std::shared_ptr<FileRecord> record);
+    enum class Rights
+    {
+        Read,
+        Write,
+    };
+
+    FileBuffer(int descriptor, Rights rights, std::shared_ptr<FileRecord> record);
     void Synchronize();
     void Fill();
     std::string_view AtPosition() const;

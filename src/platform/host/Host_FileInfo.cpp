@@ -28,9 +28,16 @@ std::string_view LastName(std::string_view path)
     return path.substr(path.rfind('/') + 1);
 }
 
-LongWord AttributesOf(const struct stat& status, std::string_view name, bool isLink)
+/// How a name leads to its file.
+enum class Way
 {
-    LongWord attributes = isLink ? FILE_ATTRIBUTE_REPARSE_POINT : 0;
+    Straight,
+    ByLink,
+};
+
+LongWord AttributesOf(const struct stat& status, std::string_view name, Way way)
+{
+    LongWord attributes = way == Way::ByLink ? FILE_ATTRIBUTE_REPARSE_POINT : 0;
     if (S_ISDIR(status.st_mode)) {
         attributes |= FILE_ATTRIBUTE_DIRECTORY;
     } else if (!S_ISREG(status.st_mode) && !S_ISLNK(status.st_mode)) {
@@ -45,9 +52,9 @@ LongWord AttributesOf(const struct stat& status, std::string_view name, bool isL
     return attributes == 0 ? FILE_ATTRIBUTE_NORMAL : attributes;
 }
 
-Host::FileInfo InfoOf(const struct stat& status, std::string_view name, bool isLink)
+Host::FileInfo InfoOf(const struct stat& status, std::string_view name, Way way)
 {
-    return {AttributesOf(status, name, isLink), S_ISREG(status.st_mode) ? Int64{status.st_size} : 0,
+    return {AttributesOf(status, name, way), S_ISREG(status.st_mode) ? Int64{status.st_size} : 0,
             Int64{status.st_mtim.tv_sec}};
 }
 
@@ -103,7 +110,7 @@ std::optional<FileInfo> QueryFile(const UnicodeString& file)
     if (isLink && stat(path.c_str(), &target) == 0) {
         status = target;
     }
-    return InfoOf(status, LastName(path), isLink);
+    return InfoOf(status, LastName(path), isLink ? Way::ByLink : Way::Straight);
 }
 
 std::optional<FileInfo> QueryFile(NativeInt handle)
@@ -118,7 +125,7 @@ std::optional<FileInfo> QueryFile(NativeInt handle)
         FailErrno();
         return std::nullopt;
     }
-    return InfoOf(status, {}, false);
+    return InfoOf(status, {}, Way::Straight);
 }
 
 bool IsBrokenLink(const UnicodeString& file)

@@ -95,16 +95,17 @@ bool CurrentDirectoryIsIn(const std::string& root)
     return root == "/" || folder == root || (folder.starts_with(root) && folder[root.size()] == '/');
 }
 
-/// The start of a path on `root`, to which the rest of the path behind the drive is appended.
-std::string DriveStart(const std::string& root, bool rooted, bool empty)
+/// The start of a path on `root`, to which `rest`, the path behind the drive, is appended.
+std::string DriveStart(const std::string& root, std::u16string_view rest)
 {
+    const bool rooted = !rest.empty() && Detail::IsPathSeparator(rest[0]);
     if (!rooted && CurrentDirectoryIsIn(root)) {
-        return empty ? "." : std::string();
+        return rest.empty() ? "." : std::string();
     }
     if (root == "/") {
         return rooted ? std::string() : root;
     }
-    return rooted || empty ? root : root + "/";
+    return rooted || rest.empty() ? root : root + "/";
 }
 
 std::string NoHostPath(unsigned long code)
@@ -152,7 +153,7 @@ std::string HostPath(const System::UnicodeString& path)
         if (root.empty()) {
             return NoHostPath(ERROR_PATH_NOT_FOUND);
         }
-        bytes = DriveStart(root, !rest.empty() && Detail::IsPathSeparator(rest[0]), rest.empty());
+        bytes = DriveStart(root, rest);
     }
     bytes.reserve(bytes.size() + rest.size());
     return AppendHostBytes(bytes, rest) ? bytes : NoHostPath(ERROR_INVALID_NAME);

@@ -31,6 +31,13 @@ namespace
 
 constexpr NativeInt Started = 42;
 
+enum class Verb
+{
+    Open,
+    /// Shows a folder, and nothing else.
+    Explore,
+};
+
 struct SpawnActions
 {
     posix_spawn_file_actions_t files;
@@ -179,7 +186,7 @@ std::string AbsolutePath(const UnicodeString& file, const std::string& folder)
 }
 
 NativeInt OpenFileOrFolder(const UnicodeString& file, const UnicodeString& parameters,
-                           const std::string& folder, bool explore)
+                           const std::string& folder, Verb verb)
 {
     const std::string path = AbsolutePath(file, folder);
     if (path.empty()) {
@@ -189,7 +196,7 @@ NativeInt OpenFileOrFolder(const UnicodeString& file, const UnicodeString& param
     if (!info) {
         return LastErrorResult();
     }
-    if (explore && (info->attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+    if (verb == Verb::Explore && (info->attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
         return SE_ERR_NOASSOC;
     }
     return IsProgram(path) ? StartProgram(path, parameters, folder) : OpenOnDesktop(path, folder);
@@ -222,7 +229,7 @@ NativeInt ShellExecuteW(void* /*owner*/, const System::WideChar* verb, const Sys
     if (IsAddress(target.AsView()) && !Host::QueryFile(target)) {
         return OpenOnDesktop(System::ToUtf8(target), folder);
     }
-    return OpenFileOrFolder(target, UnicodeString(parameters), folder, explore);
+    return OpenFileOrFolder(target, UnicodeString(parameters), folder, explore ? Verb::Explore : Verb::Open);
 }
 
 namespace Host

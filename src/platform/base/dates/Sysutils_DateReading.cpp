@@ -33,6 +33,12 @@ Word WithCentury(int year, Word window)
     return static_cast<Word>(window > 0 && inCentury < start ? inCentury + 100 : inCentury);
 }
 
+enum class EHalfDay
+{
+    Morning,
+    Afternoon,
+};
+
 class CDateReader
 {
 public:
@@ -88,7 +94,7 @@ private:
 
     std::optional<TDateTime> ReadTime()
     {
-        std::optional<bool> afternoon = TakeHalfDay();
+        std::optional<EHalfDay> halfDay = TakeHalfDay();
         auto hour = TakeNumber();
         std::optional<TNumber> minute = TNumber();
         std::optional<TNumber> second = TNumber();
@@ -105,14 +111,14 @@ private:
         if (!hour || !minute || !second || !milliSecond) {
             return std::nullopt;
         }
-        if (!afternoon) {
-            afternoon = TakeHalfDay();
+        if (!halfDay) {
+            halfDay = TakeHalfDay();
         }
-        if (afternoon) {
+        if (halfDay) {
             if (hour->value > 12) {
                 return std::nullopt;
             }
-            hour->value = static_cast<Word>(hour->value % 12 + (*afternoon ? 12 : 0));
+            hour->value = static_cast<Word>(hour->value % 12 + (halfDay == EHalfDay::Afternoon ? 12 : 0));
         }
         TDateTime time;
         const bool exists =
@@ -158,26 +164,26 @@ private:
         return TNumber{static_cast<Word>(value), digits};
     }
 
-    /// Whether the half of the day that stands here is the second one; nothing if none does.
-    std::optional<bool> TakeHalfDay()
+    /// The half of the day that stands here; nothing if none does.
+    std::optional<EHalfDay> TakeHalfDay()
     {
         SkipBlanks();
-        std::optional<bool> afternoon;
+        std::optional<EHalfDay> halfDay;
         View longest;
-        const auto look = [&](View mark, bool isAfternoon) {
+        const auto look = [&](View mark, EHalfDay marked) {
             // The settings' own mark may begin like the English one, or be a part of it.
             if (mark.size() > longest.size() &&
                 UnicodeString(mText.substr(0, mark.size())).CompareIC(UnicodeString(mark)) == 0) {
                 longest = mark;
-                afternoon = isAfternoon;
+                halfDay = marked;
             }
         };
-        look(mSettings.TimeAMString.AsView(), false);
-        look(mSettings.TimePMString.AsView(), true);
-        look(u"AM", false);
-        look(u"PM", true);
+        look(mSettings.TimeAMString.AsView(), EHalfDay::Morning);
+        look(mSettings.TimePMString.AsView(), EHalfDay::Afternoon);
+        look(u"AM", EHalfDay::Morning);
+        look(u"PM", EHalfDay::Afternoon);
         mText.remove_prefix(longest.size());
-        return afternoon;
+        return halfDay;
     }
 
     View mText;

@@ -61,10 +61,16 @@ private:
     std::vector<std::size_t> mBorders;
 };
 
+enum class EOccurrences
+{
+    First,
+    All,
+};
+
 /// Replaces in `text` at the places found in `searched`, which has the same length.
 template <class S>
 S ReplaceAt(typename S::View text, typename S::View searched, typename S::View pattern,
-            typename S::View replacement, bool all)
+            typename S::View replacement, EOccurrences occurrences)
 {
     const GPatternSearch search(pattern);
     S result;
@@ -77,7 +83,7 @@ S ReplaceAt(typename S::View text, typename S::View searched, typename S::View p
         result.Append(text.substr(from, found - from));
         result.Append(replacement);
         from = found + pattern.size();
-        if (!all) {
+        if (occurrences == EOccurrences::First) {
             break;
         }
     }
@@ -112,13 +118,15 @@ S Replace(const S& text, const S& oldPattern, const S& newPattern, const TReplac
     if (oldPattern.IsEmpty() || oldPattern.Length() > text.Length()) {
         return text;
     }
-    const bool all = flags.Contains(rfReplaceAll);
+    const auto occurrences = flags.Contains(rfReplaceAll) ? EOccurrences::All : EOccurrences::First;
     if (!flags.Contains(rfIgnoreCase)) {
-        return ReplaceAt<S>(text.AsView(), text.AsView(), oldPattern.AsView(), newPattern.AsView(), all);
+        return ReplaceAt<S>(text.AsView(), text.AsView(), oldPattern.AsView(), newPattern.AsView(),
+                            occurrences);
     }
     const S foldedText = FoldInPlace(text);
     const S foldedPattern = FoldInPlace(oldPattern);
-    return ReplaceAt<S>(text.AsView(), foldedText.AsView(), foldedPattern.AsView(), newPattern.AsView(), all);
+    return ReplaceAt<S>(text.AsView(), foldedText.AsView(), foldedPattern.AsView(), newPattern.AsView(),
+                        occurrences);
 }
 
 template <class S>
