@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/sysutils/Sysutils_Text.h"
 
+#include "platform/base/internal/System_Ascii.h"
+
 #include <algorithm>
 #include <string_view>
 #include <vector>
@@ -180,13 +182,12 @@ S ExtractQuotedAt(const typename S::CharType*& source, typename S::CharType quot
     return result;
 }
 
-template <WideChar First, WideChar Last>
-UnicodeString MapAscii(const UnicodeString& text)
+template <WideChar (*Map)(WideChar)>
+UnicodeString MapEach(const UnicodeString& text)
 {
     UnicodeString result = text;
     WideChar* const characters = result.UniqueData();
-    std::transform(characters, characters + result.Length(), characters,
-                   [](WideChar c) { return c >= First && c <= Last ? static_cast<WideChar>(c ^ 0x20) : c; });
+    std::transform(characters, characters + result.Length(), characters, [](WideChar c) { return Map(c); });
     return result;
 }
 
@@ -290,12 +291,12 @@ UnicodeString TrimRight(const UnicodeString& text)
 
 UnicodeString UpperCase(const UnicodeString& text)
 {
-    return MapAscii<u'a', u'z'>(text);
+    return MapEach<System::Detail::AsciiUpper<WideChar>>(text);
 }
 
 UnicodeString LowerCase(const UnicodeString& text)
 {
-    return MapAscii<u'A', u'Z'>(text);
+    return MapEach<System::Detail::AsciiLower<WideChar>>(text);
 }
 
 UnicodeString AnsiUpperCase(const UnicodeString& text)
