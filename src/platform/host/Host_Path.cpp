@@ -32,10 +32,11 @@ struct DriveTable
     DriveTable() { roots['C' - 'A'].push_back('/'); }
 };
 
+/// Never destroyed: streams and log files may open paths when the process ends.
 DriveTable& Drives()
 {
-    static DriveTable drives;
-    return drives;
+    static auto* const drives = new DriveTable;
+    return *drives;
 }
 
 std::optional<std::size_t> DriveIndex(char16_t letter)

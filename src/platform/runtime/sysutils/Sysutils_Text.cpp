@@ -210,10 +210,11 @@ int Collate(const UCollator* collator, const UnicodeString& a, const UnicodeStri
     return collator == nullptr ? 0 : ucol_strcoll(collator, a.c_str(), a.Length(), b.c_str(), b.Length());
 }
 
+/// Never destroyed: texts may be asked for when the process ends.
 std::vector<const TStringResources*>& Resources()
 {
-    static std::vector<const TStringResources*> resources;
-    return resources;
+    static auto* const resources = new std::vector<const TStringResources*>;
+    return *resources;
 }
 
 } // namespace
