@@ -44,7 +44,7 @@ void TakeApart(const UnicodeString& path)
     const UnicodeString full = Sysutils::ExpandFileName(path);
     Require(Sysutils::ExpandFileName(full) == full);
     Require(Sysutils::FileNameFits(path, path.IsEmpty() ? UnicodeString(u"*") : path));
-    Host::SplitArguments(path);
+    Require(Host::SplitArguments(path).size() <= path.AsView().size());
 }
 
 void Combine(const UnicodeString& first, const UnicodeString& second)
@@ -59,7 +59,8 @@ void Combine(const UnicodeString& first, const UnicodeString& second)
     Require(isCombined || first.Pos(u'\0') + second.Pos(u'\0') > 0);
     const UnicodeString relative = Sysutils::ExtractRelativePath(first, second);
     Require(relative.AsView().ends_with(Sysutils::ExtractFileName(second).AsView()));
-    Sysutils::FileNameFits(first, second);
+    const bool isMask = second.AsView().find_first_of(u"*?") != std::u16string_view::npos;
+    Require(isMask || Sysutils::FileNameFits(first, second) == (first == second));
     Require(Sysutils::FileNameFits(first + second, first + u"*"));
 }
 

@@ -3,7 +3,7 @@
 
 #include "platform/base/internal/System_Ascii.h"
 #include "platform/base/numbers/Sysutils_Number.h"
-#include "platform/host/Host_FileBuffer.h"
+#include "platform/host/Host_BufferedFiles.h"
 #include "platform/host/Host_Path.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"
 #include "streams/internal/BTL_STRM_DataFileSource.h"

@@ -18,8 +18,8 @@ class Set
 public:
     Set() = default;
 
-    Set& operator<<(T value) { return Put(value, true); }
-    Set& operator>>(T value) { return Put(value, false); }
+    Set& operator<<(T value) { return Put(value, EMember::In); }
+    Set& operator>>(T value) { return Put(value, EMember::Out); }
 
     bool Contains(T value) const { return IsInside(value) && mBits[IndexOf(value)]; }
     bool Empty() const { return mBits.none(); }
@@ -62,10 +62,16 @@ private:
         return static_cast<std::size_t>(static_cast<long long>(value) - First);
     }
 
-    Set& Put(T value, bool in)
+    enum class EMember
+    {
+        Out,
+        In,
+    };
+
+    Set& Put(T value, EMember member)
     {
         if (IsInside(value)) {
-            mBits[IndexOf(value)] = in;
+            mBits[IndexOf(value)] = member == EMember::In;
         }
         return *this;
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/base/Sysutils_Locale.h"
 
+#include "platform/base/internal/System_Ascii.h"
+
 #include <climits>
 #include <string_view>
 
@@ -134,7 +136,7 @@ UnicodeString TranslateFormat(const UnicodeString& format)
 WideChar SeparatorOf(const UnicodeString& picture, WideChar otherwise)
 {
     for (const WideChar c : picture.AsView()) {
-        if (c < 0x80 && !(c >= u'a' && c <= u'z') && !(c >= u'A' && c <= u'Z') && c != u' ') {
+        if (c < 0x80 && !System::Detail::IsAsciiLetter(c) && c != u' ') {
             return c;
         }
     }

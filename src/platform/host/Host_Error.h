@@ -84,7 +84,7 @@ namespace Host
 inline constexpr unsigned long HostErrorMark = 0x20000000;
 
 /// The number for an `errno`; 0 for 0.
-TRS8_BTL_API unsigned long ErrorFromErrno(int hostError);
+[[nodiscard]] TRS8_BTL_API unsigned long ErrorFromErrno(int hostError);
 
 /// Sets the last error and gives `false`, as the result of a failed call.
 TRS8_BTL_API bool Fail(unsigned long code);

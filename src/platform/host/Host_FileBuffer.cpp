@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/Host_FileBuffer.h"
 
+#include "platform/host/Host_BufferedFiles.h"
 #include "platform/host/Host_Error.h"
 #include "platform/host/internal/Host_Descriptor.h"
+#include "platform/host/internal/Host_FileRecord.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
-#include <map>
 #include <mutex>
-#include <vector>
+#include <utility>
 
 #include <fcntl.h>
-#include <pthread.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace Host
 {
@@ -29,20 +29,6 @@ constexpr std::size_t BufferSize = std::size_t{1} << 16;
 constexpr std::size_t FirstFill = std::size_t{1} << 12;
 /// From here on the host tells which positions it can have.
 constexpr Int64 FarAway = Int64{1} << 40;
-
-/// How many buffers hold gathered bytes.
-std::atomic<int> gatheringBuffers{0};
-/// How many files have buffers.
-std::atomic<int> bufferedFiles{0};
-/// Set when the process ends, and nobody comes after to write what is gathered then.
-std::atomic<bool> writeThrough{false};
-
-using FileKey = std::pair<dev_t, ino_t>;
-
-FileKey KeyOf(const struct stat& status)
-{
-    return {status.st_dev, status.st_ino};
-}
 
 Int64 ReadAt(int descriptor, Int64 position, char* buffer, Int64 count)
 {
@@ -60,138 +46,6 @@ Int64 WriteAt(int descriptor, Int64 position, const char* buffer, Int64 count)
 
 } // namespace
 
-/// What the buffers over one file know of each other.
-class FileRecord
-{
-public:
-    explicit FileRecord(const FileKey& key) : mKey(key) { ++bufferedFiles; }
-    FileRecord(const FileRecord&) = delete;
-    FileRecord& operator=(const FileRecord&) = delete;
-    ~FileRecord();
-
-    /// Guards the list and the gathered bytes of the buffers in it.
-    std::mutex& Gate() { return mGate; }
-
-    bool IsGathering() const { return mCount.load(std::memory_order_acquire) != 0; }
-    /// Changes with each write to the file.
-    unsigned Version() const { return mVersion.load(std::memory_order_acquire); }
-    void Age() { mVersion.fetch_add(1, std::memory_order_acq_rel); }
-
-    void Flush()
-    {
-        const std::scoped_lock lock(mGate);
-        FlushLocked();
-    }
-    void FlushLocked();
-    /// Whether a buffer besides `own` gathers.
-    bool OthersGather(const FileBuffer* own) const
-    {
-        return !mGathering.empty() && (mGathering.size() > 1 || mGathering.front() != own);
-    }
-    void Add(FileBuffer* buffer);
-
-private:
-    const FileKey mKey;
-    std::mutex mGate;
-    std::vector<FileBuffer*> mGathering;
-    std::atomic<std::size_t> mCount{0};
-    std::atomic<unsigned> mVersion{0};
-};
-
-namespace
-{
-
-struct Registry
-{
-    Registry()
-    {
-        std::atexit([] {
-            writeThrough = true;
-            FlushAllBuffers();
-        });
-        // A child that runs the same code would write the bytes a second time.
-        pthread_atfork(&FlushAllBuffers, nullptr, nullptr);
-    }
-
-    std::shared_ptr<FileRecord> Find(const FileKey& key)
-    {
-        const std::scoped_lock lock(gate);
-        const auto found = files.find(key);
-        return found == files.end() ? nullptr : found->second.lock();
-    }
-
-    std::shared_ptr<FileRecord> FindOrAdd(const FileKey& key)
-    {
-        const std::scoped_lock lock(gate);
-        std::weak_ptr<FileRecord>& entry = files[key];
-        std::shared_ptr<FileRecord> record = entry.lock();
-        if (!record) {
-            record = std::make_shared<FileRecord>(key);
-            entry = record;
-        }
-        return record;
-    }
-
-    void Remove(const FileKey& key)
-    {
-        const std::scoped_lock lock(gate);
-        const auto found = files.find(key);
-        // Another thread may have opened the file again.
-        if (found != files.end() && found->second.expired()) {
-            files.erase(found);
-        }
-    }
-
-    std::vector<std::shared_ptr<FileRecord>> All()
-    {
-        const std::scoped_lock lock(gate);
-        std::vector<std::shared_ptr<FileRecord>> records;
-        for (const auto& [key, entry] : files) {
-            records.push_back(entry.lock());
-        }
-        return records;
-    }
-
-    std::mutex gate;
-    std::map<FileKey, std::weak_ptr<FileRecord>> files;
-};
-
-/// Never destroyed: streams may end after it would be.
-Registry& Files()
-{
-    static auto* const instance = new Registry;
-    return *instance;
-}
-
-} // namespace
-
-// FileRecord
-
-FileRecord::~FileRecord()
-{
-    --bufferedFiles;
-    Files().Remove(mKey);
-}
-
-void FileRecord::FlushLocked()
-{
-    for (FileBuffer* const buffer : mGathering) {
-        buffer->WriteGathered();
-    }
-    gatheringBuffers -= static_cast<int>(mGathering.size());
-    mGathering.clear();
-    mCount = 0;
-}
-
-void FileRecord::Add(FileBuffer* buffer)
-{
-    mGathering.push_back(buffer);
-    ++mCount;
-    ++gatheringBuffers;
-}
-
-// FileBuffer
-
 std::unique_ptr<FileBuffer> FileBuffer::Attach(NativeInt handle)
 {
     const auto descriptor = static_cast<int>(handle);
@@ -200,14 +54,13 @@ std::unique_ptr<FileBuffer> FileBuffer::Attach(NativeInt handle)
     if (flags == -1 || fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) {
         return nullptr;
     }
-    const bool canWrite = (flags & O_ACCMODE) != O_RDONLY;
-    return std::unique_ptr<FileBuffer>(
-        new FileBuffer(descriptor, canWrite, Files().FindOrAdd(KeyOf(status))));
+    const Rights rights = (flags & O_ACCMODE) == O_RDONLY ? Rights::Read : Rights::Write;
+    return std::unique_ptr<FileBuffer>(new FileBuffer(descriptor, rights, RecordOf(status)));
 }
 
-FileBuffer::FileBuffer(int descriptor, bool canWrite, std::shared_ptr<FileRecord> record)
+FileBuffer::FileBuffer(int descriptor, Rights rights, std::shared_ptr<FileRecord> record)
     : mDescriptor(descriptor),
-      mCanWrite(canWrite),
+      mCanWrite(rights == Rights::Write),
       mRecord(std::move(record)),
       mPosition(std::max(lseek(descriptor, 0, SEEK_CUR), off_t{0}))
 {
@@ -258,7 +111,7 @@ Int64 FileBuffer::Write(const void* buffer, Int64 count)
     const bool isLarge = count >= static_cast<Int64>(BufferSize);
     const bool isInRow =
         mGatheredSize == 0 || mPosition == mGatheredStart + static_cast<Int64>(mGatheredSize);
-    const bool isDirect = isLarge || !mCanWrite || mPosition > FarAway || writeThrough;
+    const bool isDirect = isLarge || !mCanWrite || mPosition > FarAway || IsGatheringOver();
     if (isDirect || !isInRow || mGatheredSize + static_cast<std::size_t>(count) > BufferSize ||
         mRecord->OthersGather(this)) {
         mRecord->FlushLocked();
@@ -396,57 +249,6 @@ void FileBuffer::WriteGathered()
         mLostStart = mGatheredStart + done;
         mLostEnd = mGatheredStart + size;
         mError = GetLastError();
-    }
-}
-
-// The other users of files
-
-void FlushBuffersOf(const struct stat& status)
-{
-    if (gatheringBuffers == 0) {
-        return;
-    }
-    if (const auto record = Files().Find(KeyOf(status))) {
-        record->Flush();
-    }
-}
-
-void FlushBuffersOf(int descriptor)
-{
-    struct stat status;
-    if (gatheringBuffers != 0 && fstat(descriptor, &status) == 0) {
-        FlushBuffersOf(status);
-    }
-}
-
-void FlushBuffersOf(const char* path)
-{
-    struct stat status;
-    if (gatheringBuffers != 0 && stat(path, &status) == 0) {
-        FlushBuffersOf(status);
-    }
-}
-
-void AgeBuffersOf(int descriptor)
-{
-    struct stat status;
-    if (bufferedFiles == 0 || fstat(descriptor, &status) != 0) {
-        return;
-    }
-    if (const auto record = Files().Find(KeyOf(status))) {
-        record->Age();
-    }
-}
-
-void FlushAllBuffers()
-{
-    if (gatheringBuffers == 0) {
-        return;
-    }
-    for (const auto& record : Files().All()) {
-        if (record) {
-            record->Flush();
-        }
     }
 }
 

@@ -7,8 +7,6 @@
 #include <memory>
 #include <string_view>
 
-struct stat;
-
 namespace Host
 {
 
@@ -25,7 +23,7 @@ class FileBuffer
 {
 public:
     /// Null if the handle is no plain file.
-    static std::unique_ptr<FileBuffer> Attach(System::NativeInt handle);
+    [[nodiscard]] static std::unique_ptr<FileBuffer> Attach(System::NativeInt handle);
     FileBuffer(const FileBuffer&) = delete;
     FileBuffer& operator=(const FileBuffer&) = delete;
     /// Writes what is gathered; a failure sets the last error.
@@ -37,7 +35,7 @@ public:
     System::Int64 Read(void* buffer, System::Int64 count);
     System::Int64 Write(const void* buffer, System::Int64 count);
     System::Int64 Seek(System::Int64 offset, int origin);
-    bool Resize(System::Int64 size);
+    [[nodiscard]] bool Resize(System::Int64 size);
 
     /// Bytes from the position on that are in memory already, some of them read just now if there were none.
     /// Empty at the end and on a failure. Valid until the next call.
@@ -56,7 +54,13 @@ public:
 private:
     friend class FileRecord;
 
-    FileBuffer(int descriptor, bool canWrite, std::shared_ptr<FileRecord> record);
+    enum class Rights
+    {
+        Read,
+        Write,
+    };
+
+    FileBuffer(int descriptor, Rights rights, std::shared_ptr<FileRecord> record);
     void Synchronize();
     void Fill();
     std::string_view AtPosition() const;
@@ -83,16 +87,5 @@ private:
 
     std::atomic<unsigned long> mError{0};
 };
-
-/// To be called before the file is read, queried or written past the buffers: writes what they gathered for
-/// it.
-void FlushBuffersOf(int descriptor);
-void FlushBuffersOf(const char* path);
-void FlushBuffersOf(const struct stat& status);
-/// To be called after the file was written past the buffers: what they read ahead is old.
-void AgeBuffersOf(int descriptor);
-
-/// Writes what is gathered for any file of the process, for those who open the files by other means.
-void FlushAllBuffers();
 
 } // namespace Host

@@ -59,12 +59,18 @@ bool AnyMarked(int descriptor, unsigned regions)
     return false;
 }
 
+enum class Opener
+{
+    Reads,
+    OnlyWrites,
+};
+
 /// Readers share the first byte of a region. The host gives an opener that can't read exclusive locks only,
 /// so each of those needs a byte of its own.
-void MarkRegion(int descriptor, unsigned region, bool canRead)
+void MarkRegion(int descriptor, unsigned region, Opener opener)
 {
     const off_t start = Regions + region * RegionSize;
-    if (canRead) {
+    if (opener == Opener::Reads) {
         SetLock(descriptor, F_RDLCK, start, 1);
         return;
     }
@@ -75,11 +81,11 @@ void MarkRegion(int descriptor, unsigned region, bool canRead)
     }
 }
 
-void MarkRegions(int descriptor, unsigned regions, bool canRead)
+void MarkRegions(int descriptor, unsigned regions, Opener opener)
 {
     for (unsigned region = 0; region < RegionCount; ++region) {
         if ((regions >> region & 1) != 0) {
-            MarkRegion(descriptor, region, canRead);
+            MarkRegion(descriptor, region, opener);
         }
     }
 }
@@ -103,7 +109,7 @@ Claim TryClaim(int descriptor, unsigned access, unsigned share)
     if (AnyMarked(descriptor, clashing)) {
         return Claim::Refused;
     }
-    MarkRegions(descriptor, access | deny << 2, (access & 1) != 0);
+    MarkRegions(descriptor, access | deny << 2, (access & 1) != 0 ? Opener::Reads : Opener::OnlyWrites);
     if (!AnyMarked(descriptor, clashing)) {
         return Claim::Granted;
     }

@@ -7,6 +7,6 @@ namespace Host
 /// Marks the open file as used for `access` (1 read, 2 write) with others allowed `share`, for as long as it
 /// stays open; `false` if another opener stands against it. On a file system without locks nothing is marked
 /// and nothing stands against it.
-bool ClaimSharing(int descriptor, unsigned access, unsigned share);
+[[nodiscard]] bool ClaimSharing(int descriptor, unsigned access, unsigned share);
 
 } // namespace Host

@@ -17,6 +17,6 @@ namespace Host
 {
 
 /// The full path of the running program, links resolved; empty on a failure.
-TRS8_BTL_API System::UnicodeString ProgramPath();
+[[nodiscard]] TRS8_BTL_API System::UnicodeString ProgramPath();
 
 } // namespace Host

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/Host_Path.h"
 
+#include "platform/base/internal/System_Ascii.h"
 #include "platform/host/Host_Error.h"
 #include "platform/host/internal/Host_PathText.h"
 
@@ -31,21 +32,19 @@ struct DriveTable
     DriveTable() { roots['C' - 'A'].push_back('/'); }
 };
 
+/// Never destroyed: streams and log files may open paths when the process ends.
 DriveTable& Drives()
 {
-    static DriveTable drives;
-    return drives;
+    static auto* const drives = new DriveTable;
+    return *drives;
 }
 
 std::optional<std::size_t> DriveIndex(char16_t letter)
 {
-    if (letter >= u'A' && letter <= u'Z') {
-        return letter - u'A';
+    if (!System::Detail::IsAsciiLetter(letter)) {
+        return std::nullopt;
     }
-    if (letter >= u'a' && letter <= u'z') {
-        return letter - u'a';
-    }
-    return std::nullopt;
+    return System::Detail::AsciiUpper(letter) - u'A';
 }
 
 bool HasDrive(std::u16string_view path)
@@ -97,16 +96,17 @@ bool CurrentDirectoryIsIn(const std::string& root)
     return root == "/" || folder == root || (folder.starts_with(root) && folder[root.size()] == '/');
 }
 
-/// The start of a path on `root`, to which the rest of the path behind the drive is appended.
-std::string DriveStart(const std::string& root, bool rooted, bool empty)
+/// The start of a path on `root`, to which `rest`, the path behind the drive, is appended.
+std::string DriveStart(const std::string& root, std::u16string_view rest)
 {
+    const bool rooted = !rest.empty() && Detail::IsPathSeparator(rest[0]);
     if (!rooted && CurrentDirectoryIsIn(root)) {
-        return empty ? "." : std::string();
+        return rest.empty() ? "." : std::string();
     }
     if (root == "/") {
         return rooted ? std::string() : root;
     }
-    return rooted || empty ? root : root + "/";
+    return rooted || rest.empty() ? root : root + "/";
 }
 
 std::string NoHostPath(unsigned long code)
@@ -154,7 +154,7 @@ std::string HostPath(const System::UnicodeString& path)
         if (root.empty()) {
             return NoHostPath(ERROR_PATH_NOT_FOUND);
         }
-        bytes = DriveStart(root, !rest.empty() && Detail::IsPathSeparator(rest[0]), rest.empty());
+        bytes = DriveStart(root, rest);
     }
     bytes.reserve(bytes.size() + rest.size());
     return AppendHostBytes(bytes, rest) ? bytes : NoHostPath(ERROR_INVALID_NAME);

@@ -20,18 +20,18 @@ namespace Sysutils
 /// The prefix `\\?\` in front of a drive is passed over.
 /// An empty result means that there is no such path, and the last error tells why: 3 for the empty text and
 /// an unknown drive, 123 for a text with a zero character or with a surrogate that stands for no byte.
-TRS8_BTL_API std::string HostPath(const System::UnicodeString& path);
+[[nodiscard]] TRS8_BTL_API std::string HostPath(const System::UnicodeString& path);
 
 /// The path as text of the library, never with a drive. Several separators at the begin become one.
-TRS8_BTL_API System::UnicodeString FromHostPath(std::string_view hostPath);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString FromHostPath(std::string_view hostPath);
 
 /// Lets the drive `letter` (A to Z, in either case) stand for the folder `hostRoot`, an absolute path of the
 /// host; an empty `hostRoot` removes the drive. At start there is `C:` alone, which is the root `/`.
 /// `false` with the last error 87 for another letter or for a relative root.
-TRS8_BTL_API bool SetDrive(System::WideChar letter, std::string_view hostRoot);
+[[nodiscard]] TRS8_BTL_API bool SetDrive(System::WideChar letter, std::string_view hostRoot);
 
 /// The folder for which the drive stands, without a final `/` unless it is the root; empty if there is no
 /// such drive.
-TRS8_BTL_API std::string GetDrive(System::WideChar letter);
+[[nodiscard]] TRS8_BTL_API std::string GetDrive(System::WideChar letter);
 
 } // namespace Sysutils

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/Host_Shell.h"
 
+#include "platform/base/internal/System_Ascii.h"
+#include "platform/host/Host_BufferedFiles.h"
 #include "platform/host/Host_Error.h"
-#include "platform/host/Host_File.h"
-#include "platform/host/Host_FileBuffer.h"
+#include "platform/host/Host_FileInfo.h"
+#include "platform/host/Host_Folder.h"
+#include "platform/host/Host_Path.h"
 #include "platform/host/internal/Host_Descriptor.h"
 
 #include <algorithm>
@@ -27,6 +30,13 @@ namespace
 {
 
 constexpr NativeInt Started = 42;
+
+enum class Verb
+{
+    Open,
+    /// Shows a folder, and nothing else.
+    Explore,
+};
 
 struct SpawnActions
 {
@@ -98,12 +108,11 @@ std::future<int> Reap(pid_t process)
 bool IsAddress(std::u16string_view text)
 {
     const auto isSchemeCharacter = [](char16_t unit) {
-        return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') ||
-               (unit >= u'0' && unit <= u'9') || unit == u'+' || unit == u'-' || unit == u'.';
+        return System::Detail::IsAsciiLetter(unit) || System::Detail::IsAsciiDigit(unit) || unit == u'+' ||
+               unit == u'-' || unit == u'.';
     };
     const auto end = std::ranges::find_if_not(text, isSchemeCharacter);
-    const auto first = text.empty() ? u'\0' : text[0];
-    const bool beginsWithLetter = (first >= u'a' && first <= u'z') || (first >= u'A' && first <= u'Z');
+    const bool beginsWithLetter = !text.empty() && System::Detail::IsAsciiLetter(text[0]);
     return beginsWithLetter && end != text.end() && *end == u':' && end - text.begin() > 1;
 }
 
@@ -177,7 +186,7 @@ std::string AbsolutePath(const UnicodeString& file, const std::string& folder)
 }
 
 NativeInt OpenFileOrFolder(const UnicodeString& file, const UnicodeString& parameters,
-                           const std::string& folder, bool explore)
+                           const std::string& folder, Verb verb)
 {
     const std::string path = AbsolutePath(file, folder);
     if (path.empty()) {
@@ -187,7 +196,7 @@ NativeInt OpenFileOrFolder(const UnicodeString& file, const UnicodeString& param
     if (!info) {
         return LastErrorResult();
     }
-    if (explore && (info->attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+    if (verb == Verb::Explore && (info->attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
         return SE_ERR_NOASSOC;
     }
     return IsProgram(path) ? StartProgram(path, parameters, folder) : OpenOnDesktop(path, folder);
@@ -220,7 +229,7 @@ NativeInt ShellExecuteW(void* /*owner*/, const System::WideChar* verb, const Sys
     if (IsAddress(target.AsView()) && !Host::QueryFile(target)) {
         return OpenOnDesktop(System::ToUtf8(target), folder);
     }
-    return OpenFileOrFolder(target, UnicodeString(parameters), folder, explore);
+    return OpenFileOrFolder(target, UnicodeString(parameters), folder, explore ? Verb::Explore : Verb::Open);
 }
 
 namespace Host

@@ -29,6 +29,7 @@ namespace Host
 
 /// The arguments in a text: parted at blanks and tabs outside of double quotes. Of backslashes in front of a
 /// quote each pair is one, and one left over makes the quote a plain character; elsewhere they are plain.
-TRS8_BTL_API std::vector<System::UnicodeString> SplitArguments(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API std::vector<System::UnicodeString>
+SplitArguments(const System::UnicodeString& text);
 
 } // namespace Host

@@ -1,57 +1,30 @@
 // SPDX-License-Identifier: MIT
+#include "platform/host/Host_FileBuffer.h"
+
 #include "platform/host/Host_Error.h"
-#include "platform/host/Host_File.h"
+#include "platform/host/Host_FileBufferSupport.h"
 #include "platform/runtime/classes/Classes.h"
 #include "support/ChildProgram.h"
-#include "support/TempFolder.h"
 
-#include <array>
 #include <csignal>
-#include <cstdlib>
 #include <fstream>
 #include <memory>
 #include <random>
-#include <thread>
 
 #include <gtest/gtest.h>
 
 #include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 using namespace Classes;
+using Support::OnTheHost;
+using Support::ReadSome;
+using Support::WriteText;
 using System::Int64;
-using System::UnicodeString;
 
 namespace
 {
 
-/// What others than this library see.
-std::string OnTheHost(const std::filesystem::path& file)
-{
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-std::string ReadSome(TStream& stream, Int64 count)
-{
-    std::string bytes(static_cast<std::size_t>(count), '\0');
-    bytes.resize(static_cast<std::size_t>(stream.Read(bytes.data(), count)));
-    return bytes;
-}
-
-void WriteText(TStream& stream, std::string_view text)
-{
-    stream.WriteBuffer(text.data(), static_cast<Int64>(text.size()));
-}
-
-class FileBufferTest : public testing::Test
-{
-protected:
-    Support::TempFolder mFolder;
-    const std::filesystem::path mFile = mFolder.Path() / "data";
-    const UnicodeString mPath = System::FromUtf8(mFile.string());
-};
+using FileBufferTest = Support::BufferedFileTest;
 
 TEST_F(FileBufferTest, BehavesAsMemoryDoes)
 {
@@ -142,45 +115,6 @@ TEST_F(FileBufferTest, TheHandleIsAtThePosition)
     EXPECT_EQ(ReadSome(stream, 2), "xy");
 }
 
-TEST_F(FileBufferTest, OthersSeeWhatIsGathered)
-{
-    TFileStream writer(mPath, fmCreate | fmShareDenyNone);
-    WriteText(writer, "one ");
-    TFileStream reader(mPath, fmOpenRead | fmShareDenyNone);
-    EXPECT_EQ(ReadSome(reader, 100), "one ");
-    EXPECT_EQ(ReadSome(reader, 100), "");
-    WriteText(writer, "two ");
-    EXPECT_EQ(ReadSome(reader, 100), "two ");
-    WriteText(writer, "three");
-    EXPECT_EQ(reader.getSize(), 13);
-    // What the reader has in memory gets old.
-    reader.setPosition(0);
-    EXPECT_EQ(ReadSome(reader, 1), "o");
-    writer.setPosition(1);
-    WriteText(writer, "NE");
-    EXPECT_EQ(ReadSome(reader, 3), "NE ");
-
-    const System::NativeInt handle = Sysutils::FileOpen(mPath, fmOpenReadWrite | fmShareDenyNone);
-    std::array<char, 8> bytes{};
-    WriteText(writer, "/");
-    EXPECT_EQ(Sysutils::FileRead(handle, bytes.data(), 4), 4);
-    EXPECT_EQ(std::string_view(bytes.data(), 4), "oNE/");
-    EXPECT_EQ(Sysutils::FileWrite(handle, "TWO", 3), 3);
-    EXPECT_EQ(ReadSome(reader, 100), "TWO three");
-    writer.Seek(0, soEnd);
-    WriteText(writer, "+");
-    EXPECT_EQ(Sysutils::FileSeek(handle, 0, 2), 14);
-    Sysutils::FileClose(handle);
-
-    WriteText(writer, "++");
-    Sysutils::TSearchRec found;
-    ASSERT_EQ(Sysutils::FindFirst(mPath, Sysutils::faAnyFile, found), 0);
-    EXPECT_EQ(found.Size, 16);
-    WriteText(writer, "+");
-    ASSERT_TRUE(CopyFileW(mPath, mPath + u"2", true));
-    EXPECT_EQ(OnTheHost(mFile.string() + "2"), "oNE/TWO three++++");
-}
-
 TEST_F(FileBufferTest, WhatOthersWroteShowsBehindASeek)
 {
     const auto writeElsewhere = [&](std::string_view text) {
@@ -216,40 +150,6 @@ TEST_F(FileBufferTest, AFlushHandsOverWhatIsGathered)
     THandleStream unbuffered(stream.getHandle());
     EXPECT_NO_THROW(unbuffered.Flush());
     EXPECT_EQ(unbuffered.getPosition(), 4);
-}
-
-TEST_F(FileBufferTest, WritersKeepTheOrderOfTheirWrites)
-{
-    TFileStream first(mPath, fmCreate | fmShareDenyNone);
-    TFileStream second(mPath, fmOpenWrite | fmShareDenyNone);
-    WriteText(first, "aaaa");
-    WriteText(second, "bb");
-    first.setPosition(1);
-    WriteText(first, "c");
-    EXPECT_EQ(second.getSize(), 4);
-    EXPECT_EQ(OnTheHost(mFile), "bcaa");
-    WriteText(first, "d");
-    const TFileStream third(mPath, fmCreate | fmShareDenyNone);
-    EXPECT_EQ(third.getSize(), 0);
-    EXPECT_EQ(first.getSize(), 0);
-}
-
-TEST_F(FileBufferTest, OtherThreadsMayOpenWhatIsWritten)
-{
-    TFileStream writer(mPath, fmCreate | fmShareDenyNone);
-    std::thread reader([&] {
-        Int64 size = 0;
-        while (size < 10'000) {
-            const Int64 now = TFileStream(mPath, fmOpenRead | fmShareDenyNone).getSize();
-            EXPECT_GE(now, size);
-            size = now;
-        }
-    });
-    for (int i = 0; i < 10'000; ++i) {
-        WriteText(writer, "x");
-    }
-    reader.join();
-    EXPECT_EQ(writer.getSize(), 10'000);
 }
 
 TEST_F(FileBufferTest, WithoutThePermissionToWriteNothingIsGathered)
@@ -326,68 +226,6 @@ TEST_F(FileBufferTest, DISABLED_ChildThatFillsTheDisk)
 TEST_F(FileBufferTest, LostWritesAreTold)
 {
     EXPECT_EQ(Support::RunChildTest("FileBufferTest.DISABLED_ChildThatFillsTheDisk"), "size write flush end");
-}
-
-/// The file that the parent tells a child.
-UnicodeString PathOfChild()
-{
-    const char* const path = std::getenv("FILE_BUFFER_TEST");
-    return path == nullptr ? UnicodeString() : System::FromUtf8(path);
-}
-
-TEST(FileBufferEndTest, DISABLED_ChildThatEnds)
-{
-    static TFileStream* stream = nullptr;
-    stream = new TFileStream(PathOfChild(), fmCreate);
-    WriteText(*stream, "written before");
-    Support::PrintResult("");
-}
-
-TEST_F(FileBufferTest, TheEndOfTheProgramWrites)
-{
-    setenv("FILE_BUFFER_TEST", mFile.c_str(), 1);
-    Support::RunChildTest("FileBufferEndTest.DISABLED_ChildThatEnds");
-    EXPECT_EQ(OnTheHost(mFile), "written before");
-}
-
-TEST(FileBufferEndTest, DISABLED_ChildThatOpens)
-{
-    const UnicodeString path = PathOfChild();
-    std::string told;
-    for (const System::Word mode : {fmOpenRead, fmOpenWrite, fmOpenReadWrite}) {
-        try {
-            const TFileStream stream(path, static_cast<System::Word>(mode | fmShareDenyNone));
-            told += "opened ";
-        } catch (const EFOpenError&) {
-            told += std::to_string(GetLastError()) + " ";
-        }
-    }
-    Support::PrintResult(told);
-}
-
-TEST_F(FileBufferTest, ExclusiveFilesAreRefusedToAnotherProcess)
-{
-    setenv("FILE_BUFFER_TEST", mFile.c_str(), 1);
-    auto stream = std::make_unique<TFileStream>(mPath, fmCreate | fmShareExclusive);
-    EXPECT_THROW(TFileStream(mPath, fmOpenRead | fmShareDenyNone), EFOpenError);
-    EXPECT_EQ(GetLastError(), ERROR_SHARING_VIOLATION);
-    EXPECT_EQ(Support::RunChildTest("FileBufferEndTest.DISABLED_ChildThatOpens"), "32 32 32 ");
-    stream.reset();
-    EXPECT_EQ(Support::RunChildTest("FileBufferEndTest.DISABLED_ChildThatOpens"), "opened opened opened ");
-}
-
-TEST_F(FileBufferTest, AChildOfTheProcessWritesNothingTwice)
-{
-    TFileStream stream(mPath, fmCreate);
-    WriteText(stream, "once");
-    const pid_t child = fork();
-    if (child == 0) {
-        stream.setSize(4);
-        _exit(0);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    EXPECT_EQ(OnTheHost(mFile), "once");
 }
 
 } // namespace

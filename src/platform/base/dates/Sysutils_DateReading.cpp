@@ -36,7 +36,7 @@ Word WithCentury(int year, Word window)
 enum class EHalfDay
 {
     Morning,
-    Afternoon
+    Afternoon,
 };
 
 class CDateReader
@@ -94,7 +94,7 @@ private:
 
     std::optional<TDateTime> ReadTime()
     {
-        std::optional<EHalfDay> half = TakeHalfDay();
+        std::optional<EHalfDay> halfDay = TakeHalfDay();
         auto hour = TakeNumber();
         std::optional<TNumber> minute = TNumber();
         std::optional<TNumber> second = TNumber();
@@ -111,14 +111,14 @@ private:
         if (!hour || !minute || !second || !milliSecond) {
             return std::nullopt;
         }
-        if (!half) {
-            half = TakeHalfDay();
+        if (!halfDay) {
+            halfDay = TakeHalfDay();
         }
-        if (half) {
+        if (halfDay) {
             if (hour->value > 12) {
                 return std::nullopt;
             }
-            hour->value = static_cast<Word>(hour->value % 12 + (half == EHalfDay::Afternoon ? 12 : 0));
+            hour->value = static_cast<Word>(hour->value % 12 + (halfDay == EHalfDay::Afternoon ? 12 : 0));
         }
         TDateTime time;
         const bool exists =
@@ -168,14 +168,14 @@ private:
     std::optional<EHalfDay> TakeHalfDay()
     {
         SkipBlanks();
-        std::optional<EHalfDay> found;
+        std::optional<EHalfDay> halfDay;
         View longest;
-        const auto look = [&](View mark, EHalfDay half) {
+        const auto look = [&](View mark, EHalfDay marked) {
             // The settings' own mark may begin like the English one, or be a part of it.
             if (mark.size() > longest.size() &&
                 UnicodeString(mText.substr(0, mark.size())).CompareIC(UnicodeString(mark)) == 0) {
                 longest = mark;
-                found = half;
+                halfDay = marked;
             }
         };
         look(mSettings.TimeAMString.AsView(), EHalfDay::Morning);
@@ -183,7 +183,7 @@ private:
         look(u"AM", EHalfDay::Morning);
         look(u"PM", EHalfDay::Afternoon);
         mText.remove_prefix(longest.size());
-        return found;
+        return halfDay;
     }
 
     View mText;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <utility>
 
 #include <unistd.h>
@@ -38,6 +39,16 @@ private:
     int mDescriptor;
 };
 
+/// The descriptor behind a handle; -1, and the last error set, for what can't be one.
+[[nodiscard]] inline int DescriptorOf(System::NativeInt handle)
+{
+    if (handle <= 0 || handle > INT_MAX) {
+        SetLastError(ERROR_INVALID_HANDLE);
+        return -1;
+    }
+    return static_cast<int>(handle);
+}
+
 /// Repeats a call of the host that a signal broke off.
 template <class Call>
 auto Uninterrupted(Call call)
@@ -51,7 +62,7 @@ auto Uninterrupted(Call call)
 
 /// Reads up to `count` bytes by calls of `read(offset, piece)`: the count done, -1 on a failure at once.
 template <class Call>
-System::Int64 ReadPieces(System::Int64 count, Call read)
+[[nodiscard]] System::Int64 ReadPieces(System::Int64 count, Call read)
 {
     // The host reads at most this much at once.
     constexpr System::Int64 MaxPiece = 1 << 30;
@@ -72,7 +83,7 @@ System::Int64 ReadPieces(System::Int64 count, Call read)
 
 /// Writes `count` bytes by calls of `write(offset, piece)`: the count done, -1 on a failure at once.
 template <class Call>
-System::Int64 WritePieces(System::Int64 count, Call write)
+[[nodiscard]] System::Int64 WritePieces(System::Int64 count, Call write)
 {
     System::Int64 done = 0;
     do {

@@ -5,7 +5,7 @@ namespace Sysutils::Detail
 {
 
 /// Whether `unit` parts the levels of a path: `\` as the library writes it, `/` as it also reads it.
-constexpr bool IsPathSeparator(char16_t unit)
+[[nodiscard]] constexpr bool IsPathSeparator(char16_t unit)
 {
     return unit == u'\\' || unit == u'/';
 }

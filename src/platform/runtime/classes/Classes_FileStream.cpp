@@ -2,8 +2,8 @@
 #include "platform/runtime/classes/Classes_Stream.h"
 
 #include "platform/host/Host_Error.h"
-#include "platform/host/Host_File.h"
 #include "platform/host/Host_FileBuffer.h"
+#include "platform/host/Host_OpenFile.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 #include "platform/runtime/sysutils/Ioutils.h"
 
 #include "platform/base/Sysutils_Exception.h"
-#include "platform/host/Host_File.h"
+#include "platform/host/Host_UserFiles.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"
 
 #include <algorithm>

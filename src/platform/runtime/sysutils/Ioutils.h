@@ -42,25 +42,27 @@ public:
     /// Whether the path begins with a separator or a drive.
     TRS8_BTL_API static bool IsPathRooted(const System::UnicodeString& path);
     /// Whether the path begins with "\\?\".
-    TRS8_BTL_API static bool IsExtendedPrefixed(const System::UnicodeString& path);
+    [[nodiscard]] TRS8_BTL_API static bool IsExtendedPrefixed(const System::UnicodeString& path);
 
     /// The folder for files of a short life, with a final separator.
-    TRS8_BTL_API static System::UnicodeString GetTempPath();
+    [[nodiscard]] TRS8_BTL_API static System::UnicodeString GetTempPath();
     /// Makes a new empty file in the folder of `GetTempPath` and gives its path; empty on a failure.
-    TRS8_BTL_API static System::UnicodeString GetTempFileName();
+    [[nodiscard]] TRS8_BTL_API static System::UnicodeString GetTempFileName();
     /// The user's own folder without a final separator.
-    TRS8_BTL_API static System::UnicodeString GetHomePath();
+    [[nodiscard]] TRS8_BTL_API static System::UnicodeString GetHomePath();
 
     /// The names may be matched by masks, so `*` and `?` count as valid in paths with `useWildcards`.
-    TRS8_BTL_API static bool HasValidPathChars(const System::UnicodeString& path, bool useWildcards);
-    TRS8_BTL_API static bool HasValidFileNameChars(const System::UnicodeString& name, bool useWildcards);
-    TRS8_BTL_API static bool IsValidPathChar(System::WideChar character);
-    TRS8_BTL_API static bool IsValidFileNameChar(System::WideChar character);
+    [[nodiscard]] TRS8_BTL_API static bool HasValidPathChars(const System::UnicodeString& path,
+                                                             bool useWildcards);
+    [[nodiscard]] TRS8_BTL_API static bool HasValidFileNameChars(const System::UnicodeString& name,
+                                                                 bool useWildcards);
+    [[nodiscard]] TRS8_BTL_API static bool IsValidPathChar(System::WideChar character);
+    [[nodiscard]] TRS8_BTL_API static bool IsValidFileNameChar(System::WideChar character);
     /// The characters that `IsValidPathChar` denies: the controls below the blank and `"`, `<`, `>`, `|`. The
     /// host could keep all but the zero, but other machines of a user may not.
-    TRS8_BTL_API static std::vector<System::WideChar> GetInvalidPathChars();
+    [[nodiscard]] TRS8_BTL_API static std::vector<System::WideChar> GetInvalidPathChars();
     /// Those, and `*`, `/`, `:`, `?`, `\`.
-    TRS8_BTL_API static std::vector<System::WideChar> GetInvalidFileNameChars();
+    [[nodiscard]] TRS8_BTL_API static std::vector<System::WideChar> GetInvalidFileNameChars();
 };
 
 } // namespace Ioutils

@@ -11,30 +11,30 @@
 namespace Math
 {
 
-TRS8_BTL_API double MaxValue(std::span<const double> values);
-TRS8_BTL_API double MinValue(std::span<const double> values);
-TRS8_BTL_API int MaxIntValue(std::span<const int> values);
-TRS8_BTL_API int MinIntValue(std::span<const int> values);
+[[nodiscard]] TRS8_BTL_API double MaxValue(std::span<const double> values);
+[[nodiscard]] TRS8_BTL_API double MinValue(std::span<const double> values);
+[[nodiscard]] TRS8_BTL_API int MaxIntValue(std::span<const int> values);
+[[nodiscard]] TRS8_BTL_API int MinIntValue(std::span<const int> values);
 
-TRS8_BTL_API long double Sum(std::span<const double> values);
+[[nodiscard]] TRS8_BTL_API long double Sum(std::span<const double> values);
 /// The sum wraps on an overflow.
-TRS8_BTL_API int SumInt(std::span<const int> values);
-TRS8_BTL_API long double SumOfSquares(std::span<const double> values);
-TRS8_BTL_API long double Mean(std::span<const double> values);
+[[nodiscard]] TRS8_BTL_API int SumInt(std::span<const int> values);
+[[nodiscard]] TRS8_BTL_API long double SumOfSquares(std::span<const double> values);
+[[nodiscard]] TRS8_BTL_API long double Mean(std::span<const double> values);
 
 /// The sum of the squared deviations from the mean.
-TRS8_BTL_API long double TotalVariance(std::span<const double> values);
+[[nodiscard]] TRS8_BTL_API long double TotalVariance(std::span<const double> values);
 /// Of a sample: divided by the count less 1.
-TRS8_BTL_API long double Variance(std::span<const double> values);
+[[nodiscard]] TRS8_BTL_API long double Variance(std::span<const double> values);
 /// Of a whole population: divided by the count.
-TRS8_BTL_API long double PopnVariance(std::span<const double> values);
+[[nodiscard]] TRS8_BTL_API long double PopnVariance(std::span<const double> values);
 /// The root of `Variance`.
-TRS8_BTL_API long double StdDev(std::span<const double> values);
+[[nodiscard]] TRS8_BTL_API long double StdDev(std::span<const double> values);
 /// The root of `PopnVariance`.
-TRS8_BTL_API long double PopnStdDev(std::span<const double> values);
+[[nodiscard]] TRS8_BTL_API long double PopnStdDev(std::span<const double> values);
 TRS8_BTL_API void MeanAndStdDev(std::span<const double> values, long double& mean, long double& stdDev);
 
 /// The Euclidean length.
-TRS8_BTL_API long double Norm(std::span<const double> values);
+[[nodiscard]] TRS8_BTL_API long double Norm(std::span<const double> values);
 
 } // namespace Math

@@ -14,16 +14,12 @@ namespace
 {
 
 /// One conversion of a format.
-struct TConversion
+struct TConversion : Detail::TField
 {
-    bool left = false;
     bool plus = false;
     bool blank = false;
     bool alternate = false;
     bool zeros = false;
-    int width = 0;
-    /// -1 if there is none.
-    int precision = -1;
     char type = 0;
 };
 
@@ -47,7 +43,8 @@ TNumberText IntegerText(Detail::TMagnitude number, const TConversion& conversion
     const bool isHex = conversion.type == 'x' || conversion.type == 'X';
     const int base = isHex ? 16 : conversion.type == 'o' ? 8 : 10;
     if (number.value != 0 || conversion.precision != 0) {
-        text.digits = Detail::DigitText(number.value, base, conversion.type == 'X');
+        const auto hex = conversion.type == 'X' ? Detail::EHexDigits::Upper : Detail::EHexDigits::Lower;
+        text.digits = Detail::DigitText(number.value, base, hex);
     }
     const auto digitCount = static_cast<int>(text.digits.size());
     if (conversion.precision > digitCount) {
@@ -111,10 +108,10 @@ void AddPoint(std::string& text, char type, int precision)
     text.insert(mantissaEnd, static_cast<std::size_t>(std::max<std::ptrdiff_t>(wanted, 0)), '0');
 }
 
-TNumberText FloatText(long double value, const TConversion& conversion)
+TNumberText PrintfFloatText(long double value, const TConversion& conversion)
 {
     constexpr int defaultPrecision = 6;
-    const char type = static_cast<char>(conversion.type | 0x20);
+    const char type = Detail::AsciiLower(conversion.type);
     const bool upper = conversion.type != type;
     TNumberText text;
     text.prefix = SignText(std::signbit(value), conversion);
@@ -215,11 +212,7 @@ private:
 
     char ReadType()
     {
-        if (mRest.empty() || !Base::IsOneOf(mRest[0], "diuoxXcCsSeEfFgGaAp")) {
-            Misfit();
-        }
-        const char type = static_cast<char>(mRest[0]);
-        mRest.remove_prefix(1);
+        const char type = Base::TakeLetter("diuoxXcCsSeEfFgGaAp");
         switch (type) {
         case 'i':
             return 'd';
@@ -245,27 +238,21 @@ private:
         if (const auto* character = std::get_if<WideChar>(&argument.getValue())) {
             return PrintNumber(IntegerText({*character, false}, conversion), conversion);
         }
-        PrintNumber(IntegerText(Base::ToMagnitude(argument, conversion.type == 'd'), conversion), conversion);
+        const auto sign = conversion.type == 'd' ? Base::ESign::Apart : Base::ESign::InTheBits;
+        PrintNumber(IntegerText(Base::ToMagnitude(argument, sign), conversion), conversion);
     }
 
     void PrintFloat(const TConversion& conversion)
     {
-        const auto* value = std::get_if<long double>(&Next().getValue());
-        if (value == nullptr) {
-            Misfit();
-        }
-        PrintNumber(FloatText(*value, conversion), conversion);
+        PrintNumber(PrintfFloatText(Base::template NextAs<long double>(), conversion), conversion);
     }
 
     void PrintPointer(TConversion conversion)
     {
-        const auto* value = std::get_if<const void*>(&Next().getValue());
-        if (value == nullptr) {
-            Misfit();
-        }
+        const void* value = Base::template NextAs<const void*>();
         conversion.type = 'X';
         conversion.precision = 2 * sizeof(void*);
-        PrintNumber(IntegerText({reinterpret_cast<std::uintptr_t>(*value), false}, conversion), conversion);
+        PrintNumber(IntegerText({reinterpret_cast<std::uintptr_t>(value), false}, conversion), conversion);
     }
 
     void PrintCharacter(const TConversion& conversion)
@@ -281,20 +268,12 @@ private:
         } else {
             Misfit();
         }
-        Base::Pad(S(UnicodeString(character)), conversion.width, conversion.left);
+        Base::Pad(S(UnicodeString(character)), conversion);
     }
 
     void PrintText(const TConversion& conversion)
     {
-        const auto* text = std::get_if<UnicodeString>(&Next().getValue());
-        if (text == nullptr) {
-            Misfit();
-        }
-        S own(*text);
-        if (conversion.precision >= 0 && own.Length() > conversion.precision) {
-            own.SetLength(conversion.precision);
-        }
-        Base::Pad(own, conversion.width, conversion.left);
+        Base::PadCut(S(Base::template NextAs<UnicodeString>()), conversion);
     }
 
     void PrintNumber(const TNumberText& text, const TConversion& conversion)
@@ -304,9 +283,7 @@ private:
             const auto length = static_cast<int>(text.prefix.size() + text.digits.size());
             digits.insert(0, static_cast<std::size_t>(std::max(conversion.width - length, 0)), '0');
         }
-        const S number = Base::Widen(text.prefix + digits);
-        Base::Charge(number.Length());
-        Base::Pad(number, conversion.width, conversion.left);
+        Base::PadNumber(Base::Widen(text.prefix + digits), conversion);
     }
 
     static constexpr Char Digits64[] = {'6', '4', 0};

@@ -5,7 +5,10 @@
 #include "platform/base/dates/Sysutils_FileDate.h"
 #include "platform/base/dates/internal/Sysutils_DateParts.h"
 #include "platform/host/Host_Error.h"
-#include "platform/host/Host_File.h"
+#include "platform/host/Host_FileInfo.h"
+#include "platform/host/Host_FileMove.h"
+#include "platform/host/Host_Folder.h"
+#include "platform/host/Host_OpenFile.h"
 #include "platform/runtime/sysutils/internal/Sysutils_FileParts.h"
 
 #include <algorithm>

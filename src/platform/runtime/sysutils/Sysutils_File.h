@@ -53,15 +53,16 @@ inline constexpr System::NativeInt INVALID_HANDLE_VALUE = -1;
 
 /// `mode` is an open mode plus a share mode. The result is -1 and the last error 32 if another opener stands
 /// against it, 5 for a folder and for writing to a read-only file.
-TRS8_BTL_API System::NativeInt FileOpen(const System::UnicodeString& file, unsigned mode);
+[[nodiscard]] TRS8_BTL_API System::NativeInt FileOpen(const System::UnicodeString& file, unsigned mode);
 /// Creates the file, or empties it, for reading and writing by this opener alone.
-TRS8_BTL_API System::NativeInt FileCreate(const System::UnicodeString& file);
+[[nodiscard]] TRS8_BTL_API System::NativeInt FileCreate(const System::UnicodeString& file);
 /// As `FileCreate` of the name alone; `rights` are not looked at, a new file gets the user's usual
 /// permissions.
-TRS8_BTL_API System::NativeInt FileCreate(const System::UnicodeString& file, int rights);
+[[nodiscard]] TRS8_BTL_API System::NativeInt FileCreate(const System::UnicodeString& file, int rights);
 /// Creates or empties the file with the share mode of `mode`; the rest of `mode` is not looked at but must be
 /// a mode word.
-TRS8_BTL_API System::NativeInt FileCreate(const System::UnicodeString& file, unsigned mode, int rights);
+[[nodiscard]] TRS8_BTL_API System::NativeInt FileCreate(const System::UnicodeString& file, unsigned mode,
+                                                        int rights);
 
 /// The count of bytes read, less than `count` at the end of the file; -1 on a failure, and for a null buffer
 /// or a `count` above 2^31-1.
@@ -79,19 +80,19 @@ inline System::Int64 FileSeek(System::NativeInt handle, long offset, int origin)
 TRS8_BTL_API void FileClose(System::NativeInt handle);
 
 /// Whether there is such a file, or what a link leads to is one; a folder is none.
-TRS8_BTL_API bool FileExists(const System::UnicodeString& file);
-TRS8_BTL_API bool DirectoryExists(const System::UnicodeString& folder);
+[[nodiscard]] TRS8_BTL_API bool FileExists(const System::UnicodeString& file);
+[[nodiscard]] TRS8_BTL_API bool DirectoryExists(const System::UnicodeString& folder);
 
 // File dates are local times packed in 32 bits: from the top 7 bits of years since 1980, 4 of the month, 5 of
 // the day, 5 of the hour, 6 of the minute, 5 of the seconds halved. A time before 1980 or after 2107 gives
 // the first or last date of this range.
 
 /// The date of the file's last change; -1 if there is no such file.
-TRS8_BTL_API int FileAge(const System::UnicodeString& file);
+[[nodiscard]] TRS8_BTL_API int FileAge(const System::UnicodeString& file);
 /// The time of the file's last change in local time to the second; `false`, and `modified` stays, if there is
 /// no such file. A time outside the years 1 to 9999 gives an infinite value.
 TRS8_BTL_API bool FileAge(const System::UnicodeString& file, System::TDateTime& modified);
-TRS8_BTL_API int FileGetDate(System::NativeInt handle);
+[[nodiscard]] TRS8_BTL_API int FileGetDate(System::NativeInt handle);
 /// 0, or the error; 87 for a date that doesn't exist.
 TRS8_BTL_API int FileSetDate(const System::UnicodeString& file, int age);
 TRS8_BTL_API int FileSetDate(System::NativeInt handle, int age);
@@ -100,11 +101,11 @@ TRS8_BTL_API int FileSetDate(System::NativeInt handle, int age);
 TRS8_BTL_API bool FileModified(const System::UnicodeString& file, System::Int64& seconds);
 
 /// A sum of the `fa` bits, `faNormal` for none; -1 on a failure.
-TRS8_BTL_API int FileGetAttr(const System::UnicodeString& file);
+[[nodiscard]] TRS8_BTL_API int FileGetAttr(const System::UnicodeString& file);
 /// 0, or the error. Only `faReadOnly` of files can be changed, the other bits are passed over.
 TRS8_BTL_API int FileSetAttr(const System::UnicodeString& file, int attributes);
 /// `false` also for a missing file.
-TRS8_BTL_API bool FileIsReadOnly(const System::UnicodeString& file);
+[[nodiscard]] TRS8_BTL_API bool FileIsReadOnly(const System::UnicodeString& file);
 TRS8_BTL_API bool FileSetReadOnly(const System::UnicodeString& file, bool readOnly);
 
 /// A read-only file is refused.
@@ -118,15 +119,15 @@ TRS8_BTL_API bool CreateDir(const System::UnicodeString& folder);
 /// Makes all missing levels; `true` if the folder exists in the end. `EInOutError` for the empty text.
 TRS8_BTL_API bool ForceDirectories(const System::UnicodeString& folder);
 /// Without a final separator, unless it is the root.
-TRS8_BTL_API System::UnicodeString GetCurrentDir();
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetCurrentDir();
 TRS8_BTL_API bool SetCurrentDir(const System::UnicodeString& folder);
 
 /// Free and whole bytes of a drive: 0 the current one, 1 `A:` and so on; -1 on a failure.
-TRS8_BTL_API System::Int64 DiskFree(System::Byte drive);
-TRS8_BTL_API System::Int64 DiskSize(System::Byte drive);
+[[nodiscard]] TRS8_BTL_API System::Int64 DiskFree(System::Byte drive);
+[[nodiscard]] TRS8_BTL_API System::Int64 DiskSize(System::Byte drive);
 
 /// The host's text for the error, without blanks and line ends behind it; empty for an unknown one.
-TRS8_BTL_API System::UnicodeString SysErrorMessage(unsigned long error);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString SysErrorMessage(unsigned long error);
 /// Raises `EOSError` with the text of the thread's last error.
 [[noreturn]] TRS8_BTL_API void RaiseLastOSError();
 [[noreturn]] TRS8_BTL_API void RaiseLastOSError(unsigned long error);

@@ -2,7 +2,8 @@
 #include "platform/runtime/sysutils/Sysutils_FileName.h"
 
 #include "platform/base/internal/System_Ascii.h"
-#include "platform/host/Host_File.h"
+#include "platform/host/Host_Folder.h"
+#include "platform/host/Host_Path.h"
 #include "platform/host/internal/Host_PathText.h"
 #include "platform/runtime/sysutils/internal/Sysutils_FileParts.h"
 

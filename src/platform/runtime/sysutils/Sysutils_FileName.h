@@ -10,27 +10,29 @@ namespace Sysutils
 // of a name.
 
 /// Up to and with the last separator or the drive's colon.
-TRS8_BTL_API System::UnicodeString ExtractFilePath(const System::UnicodeString& path);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString ExtractFilePath(const System::UnicodeString& path);
 /// As `ExtractFilePath`, but without the final separator, unless it is the root.
-TRS8_BTL_API System::UnicodeString ExtractFileDir(const System::UnicodeString& path);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString ExtractFileDir(const System::UnicodeString& path);
 /// "X:", "\\server\share" or empty.
-TRS8_BTL_API System::UnicodeString ExtractFileDrive(const System::UnicodeString& path);
-TRS8_BTL_API System::UnicodeString ExtractFileName(const System::UnicodeString& path);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString ExtractFileDrive(const System::UnicodeString& path);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString ExtractFileName(const System::UnicodeString& path);
 /// The last dot of the name and what follows, or empty.
-TRS8_BTL_API System::UnicodeString ExtractFileExt(const System::UnicodeString& path);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString ExtractFileExt(const System::UnicodeString& path);
 /// `extension` begins with its dot; empty removes the extension.
-TRS8_BTL_API System::UnicodeString ChangeFileExt(const System::UnicodeString& path,
-                                                 const System::UnicodeString& extension);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString ChangeFileExt(const System::UnicodeString& path,
+                                                               const System::UnicodeString& extension);
 /// The full path from the current directory on, with `\` as separator and `.`, `..` and double separators
 /// resolved by the text. `..` ends at the root; a final separator stays. The empty text stays empty.
-TRS8_BTL_API System::UnicodeString ExpandFileName(const System::UnicodeString& path);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString ExpandFileName(const System::UnicodeString& path);
 /// `path` as it is told from the folder part of `base`, with `..` for the way up. `path` itself if the two
 /// have different drives.
-TRS8_BTL_API System::UnicodeString ExtractRelativePath(const System::UnicodeString& base,
-                                                       const System::UnicodeString& path);
-TRS8_BTL_API System::UnicodeString IncludeTrailingPathDelimiter(const System::UnicodeString& path);
-TRS8_BTL_API System::UnicodeString ExcludeTrailingPathDelimiter(const System::UnicodeString& path);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString ExtractRelativePath(const System::UnicodeString& base,
+                                                                     const System::UnicodeString& path);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString
+IncludeTrailingPathDelimiter(const System::UnicodeString& path);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString
+ExcludeTrailingPathDelimiter(const System::UnicodeString& path);
 /// Whether the character at the 1-based `index` is a separator.
-TRS8_BTL_API bool IsPathDelimiter(const System::UnicodeString& path, int index);
+[[nodiscard]] TRS8_BTL_API bool IsPathDelimiter(const System::UnicodeString& path, int index);
 
 } // namespace Sysutils

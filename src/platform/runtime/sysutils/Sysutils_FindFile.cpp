@@ -2,7 +2,8 @@
 #include "platform/runtime/sysutils/Sysutils_FindFile.h"
 
 #include "platform/host/Host_Error.h"
-#include "platform/host/Host_File.h"
+#include "platform/host/Host_FileInfo.h"
+#include "platform/host/Host_Folder.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"
 #include "platform/runtime/sysutils/internal/Sysutils_FileParts.h"
 

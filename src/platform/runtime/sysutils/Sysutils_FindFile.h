@@ -42,11 +42,12 @@ TRS8_BTL_API int FindNext(TSearchRec& found);
 TRS8_BTL_API void FindClose(TSearchRec& found);
 
 /// Whether `name` fits `mask` as in `FindFirst`.
-TRS8_BTL_API bool FileNameFits(const System::UnicodeString& name, const System::UnicodeString& mask);
+[[nodiscard]] TRS8_BTL_API bool FileNameFits(const System::UnicodeString& name,
+                                             const System::UnicodeString& mask);
 
 /// The path of `name` in the current directory, else in the first of the folders, parted by `;`, that holds
 /// it; empty if none does.
-TRS8_BTL_API System::UnicodeString FileSearch(const System::UnicodeString& name,
-                                              const System::UnicodeString& folders);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString FileSearch(const System::UnicodeString& name,
+                                                            const System::UnicodeString& folders);
 
 } // namespace Sysutils

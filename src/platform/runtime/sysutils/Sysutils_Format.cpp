@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/sysutils/Sysutils_Format.h"
 
+#include "platform/base/internal/System_Ascii.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "platform/runtime/sysutils/internal/System_Conversion.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Sysutils
 {
@@ -16,12 +18,8 @@ namespace
 {
 
 /// One conversion of a format.
-struct TConversion
+struct TConversion : System::Detail::TField
 {
-    bool left = false;
-    int width = 0;
-    /// -1 if there is none.
-    int precision = -1;
     char type = 0;
 };
 
@@ -75,55 +73,42 @@ private:
         return conversion;
     }
 
-    char ReadType()
-    {
-        if (mRest.empty() || !IsOneOf(mRest[0], "duefgnmpsxDUEFGNMPSX")) {
-            Misfit();
-        }
-        const char type = static_cast<char>(mRest[0] | 0x20);
-        mRest.remove_prefix(1);
-        return type;
-    }
+    char ReadType() { return System::Detail::AsciiLower(TakeLetter("duefgnmpsxDUEFGNMPSX")); }
 
     void PrintInteger(const TConversion& conversion)
     {
-        const System::Detail::TMagnitude number = ToMagnitude(Next(), conversion.type == 'd');
-        PrintDigits(number, conversion.type == 'x' ? 16 : 10, conversion);
+        const ESign sign = conversion.type == 'd' ? ESign::Apart : ESign::InTheBits;
+        PrintDigits(ToMagnitude(Next(), sign), conversion.type == 'x' ? 16 : 10, conversion);
     }
 
     void PrintPointer(TConversion conversion)
     {
-        const auto* value = std::get_if<const void*>(&Next().getValue());
-        if (value == nullptr) {
-            Misfit();
-        }
+        const void* value = NextAs<const void*>();
         conversion.precision = 2 * sizeof(void*);
-        PrintDigits({reinterpret_cast<std::uintptr_t>(*value), false}, 16, conversion);
+        PrintDigits({reinterpret_cast<std::uintptr_t>(value), false}, 16, conversion);
     }
 
     void PrintDigits(System::Detail::TMagnitude number, int base, const TConversion& conversion)
     {
-        std::string text = System::Detail::DigitText(number.value, base, true);
+        std::string text = System::Detail::DigitText(number.value, base, System::Detail::EHexDigits::Upper);
         const auto digitCount = static_cast<int>(text.size());
         text.insert(0, static_cast<std::size_t>(std::max(conversion.precision - digitCount, 0)), '0');
-        PrintNumber(Widen((number.negative ? "-" : "") + text), conversion);
+        PadNumber(Widen((number.negative ? "-" : "") + text), conversion);
     }
 
     void PrintFloat(const TConversion& conversion)
     {
-        const auto* value = std::get_if<long double>(&Next().getValue());
-        if (value == nullptr) {
-            Misfit();
-        }
+        const long double value = NextAs<long double>();
         // As far as a `double` holds the value, the noise behind its 15 digits doesn't show.
-        const auto asDouble = static_cast<double>(*value);
-        PrintNumber(static_cast<long double>(asDouble) == *value ? FloatText(asDouble, conversion)
-                                                                 : FloatText(*value, conversion),
-                    conversion);
+        const auto asDouble = static_cast<double>(value);
+        const bool fitsDouble = static_cast<long double>(asDouble) == value;
+        PadNumber(fitsDouble ? FloatTextBySettings(asDouble, conversion)
+                             : FloatTextBySettings(value, conversion),
+                  conversion);
     }
 
     template <class Float>
-    UnicodeString FloatText(Float value, const TConversion& conversion) const
+    UnicodeString FloatTextBySettings(Float value, const TConversion& conversion) const
     {
         constexpr int mostDigits = 18;
         constexpr int exponentDigits = 3;
@@ -159,16 +144,7 @@ private:
         } else {
             Misfit();
         }
-        if (conversion.precision >= 0 && text.Length() > conversion.precision) {
-            text.SetLength(conversion.precision);
-        }
-        Pad(text, conversion.width, conversion.left);
-    }
-
-    void PrintNumber(const UnicodeString& text, const TConversion& conversion)
-    {
-        Charge(text.Length());
-        Pad(text, conversion.width, conversion.left);
+        PadCut(std::move(text), conversion);
     }
 
     const TFormatSettings& mSettings;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/sysutils/Sysutils_Text.h"
 
+#include "platform/base/internal/System_Ascii.h"
+
 #include <algorithm>
 #include <string_view>
 #include <vector>
@@ -61,10 +63,16 @@ private:
     std::vector<std::size_t> mBorders;
 };
 
+enum class EOccurrences
+{
+    First,
+    All,
+};
+
 /// Replaces in `text` at the places found in `searched`, which has the same length.
 template <class S>
 S ReplaceAt(typename S::View text, typename S::View searched, typename S::View pattern,
-            typename S::View replacement, bool all)
+            typename S::View replacement, EOccurrences occurrences)
 {
     const GPatternSearch search(pattern);
     S result;
@@ -77,7 +85,7 @@ S ReplaceAt(typename S::View text, typename S::View searched, typename S::View p
         result.Append(text.substr(from, found - from));
         result.Append(replacement);
         from = found + pattern.size();
-        if (!all) {
+        if (occurrences == EOccurrences::First) {
             break;
         }
     }
@@ -112,13 +120,15 @@ S Replace(const S& text, const S& oldPattern, const S& newPattern, const TReplac
     if (oldPattern.IsEmpty() || oldPattern.Length() > text.Length()) {
         return text;
     }
-    const bool all = flags.Contains(rfReplaceAll);
+    const auto occurrences = flags.Contains(rfReplaceAll) ? EOccurrences::All : EOccurrences::First;
     if (!flags.Contains(rfIgnoreCase)) {
-        return ReplaceAt<S>(text.AsView(), text.AsView(), oldPattern.AsView(), newPattern.AsView(), all);
+        return ReplaceAt<S>(text.AsView(), text.AsView(), oldPattern.AsView(), newPattern.AsView(),
+                            occurrences);
     }
     const S foldedText = FoldInPlace(text);
     const S foldedPattern = FoldInPlace(oldPattern);
-    return ReplaceAt<S>(text.AsView(), foldedText.AsView(), foldedPattern.AsView(), newPattern.AsView(), all);
+    return ReplaceAt<S>(text.AsView(), foldedText.AsView(), foldedPattern.AsView(), newPattern.AsView(),
+                        occurrences);
 }
 
 template <class S>
@@ -172,13 +182,12 @@ S ExtractQuotedAt(const typename S::CharType*& source, typename S::CharType quot
     return result;
 }
 
-template <WideChar First, WideChar Last>
-UnicodeString MapAscii(const UnicodeString& text)
+template <WideChar (*Map)(WideChar)>
+UnicodeString MapEach(const UnicodeString& text)
 {
     UnicodeString result = text;
     WideChar* const characters = result.UniqueData();
-    std::transform(characters, characters + result.Length(), characters,
-                   [](WideChar c) { return c >= First && c <= Last ? static_cast<WideChar>(c ^ 0x20) : c; });
+    std::transform(characters, characters + result.Length(), characters, [](WideChar c) { return Map(c); });
     return result;
 }
 
@@ -201,10 +210,11 @@ int Collate(const UCollator* collator, const UnicodeString& a, const UnicodeStri
     return collator == nullptr ? 0 : ucol_strcoll(collator, a.c_str(), a.Length(), b.c_str(), b.Length());
 }
 
+/// Never destroyed: texts may be asked for when the process ends.
 std::vector<const TStringResources*>& Resources()
 {
-    static std::vector<const TStringResources*> resources;
-    return resources;
+    static auto* const resources = new std::vector<const TStringResources*>;
+    return *resources;
 }
 
 } // namespace
@@ -282,12 +292,12 @@ UnicodeString TrimRight(const UnicodeString& text)
 
 UnicodeString UpperCase(const UnicodeString& text)
 {
-    return MapAscii<u'a', u'z'>(text);
+    return MapEach<System::Detail::AsciiUpper<WideChar>>(text);
 }
 
 UnicodeString LowerCase(const UnicodeString& text)
 {
-    return MapAscii<u'A', u'Z'>(text);
+    return MapEach<System::Detail::AsciiLower<WideChar>>(text);
 }
 
 UnicodeString AnsiUpperCase(const UnicodeString& text)

@@ -20,19 +20,21 @@ using TReplaceFlags = System::Set<TReplaceFlag, rfReplaceAll, rfIgnoreCase>;
 
 /// `text` with the first `oldPattern` replaced, or all of them from left to right. An empty pattern replaces
 /// nothing. Takes time in proportion to the text.
-TRS8_BTL_API System::UnicodeString StringReplace(const System::UnicodeString& text,
-                                                 const System::UnicodeString& oldPattern,
-                                                 const System::UnicodeString& newPattern,
-                                                 TReplaceFlags flags);
-TRS8_BTL_API System::AnsiString StringReplace(const System::AnsiString& text,
-                                              const System::AnsiString& oldPattern,
-                                              const System::AnsiString& newPattern, TReplaceFlags flags);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString StringReplace(const System::UnicodeString& text,
+                                                               const System::UnicodeString& oldPattern,
+                                                               const System::UnicodeString& newPattern,
+                                                               TReplaceFlags flags);
+[[nodiscard]] TRS8_BTL_API System::AnsiString StringReplace(const System::AnsiString& text,
+                                                            const System::AnsiString& oldPattern,
+                                                            const System::AnsiString& newPattern,
+                                                            TReplaceFlags flags);
 
 /// `text` in quotes, with each quote inside doubled.
-TRS8_BTL_API System::UnicodeString AnsiQuotedStr(const System::UnicodeString& text, System::WideChar quote);
-TRS8_BTL_API System::AnsiString AnsiQuotedStr(const System::AnsiString& text, char quote);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString AnsiQuotedStr(const System::UnicodeString& text,
+                                                               System::WideChar quote);
+[[nodiscard]] TRS8_BTL_API System::AnsiString AnsiQuotedStr(const System::AnsiString& text, char quote);
 /// In single quotes.
-TRS8_BTL_API System::UnicodeString QuotedStr(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString QuotedStr(const System::UnicodeString& text);
 
 /// Reads the quoted text at the front of `source` and moves `source` behind it; doubled quotes become one. An
 /// unclosed quote takes all that is left. Empty, with `source` unmoved, if no quote stands there.
@@ -42,40 +44,43 @@ TRS8_BTL_API System::UnicodeString AnsiExtractQuotedStr(const System::WideChar*&
                                                         System::WideChar quote);
 TRS8_BTL_API System::AnsiString AnsiExtractQuotedStr(const char*& source, char quote);
 /// The text without its quotes, or as it is if it doesn't begin with one.
-TRS8_BTL_API System::UnicodeString AnsiDequotedStr(const System::UnicodeString& text, System::WideChar quote);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString AnsiDequotedStr(const System::UnicodeString& text,
+                                                                 System::WideChar quote);
 
-TRS8_BTL_API System::UnicodeString Trim(const System::UnicodeString& text);
-TRS8_BTL_API System::UnicodeString TrimLeft(const System::UnicodeString& text);
-TRS8_BTL_API System::UnicodeString TrimRight(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString Trim(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString TrimLeft(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString TrimRight(const System::UnicodeString& text);
 
 /// Only the letters of ASCII change.
-TRS8_BTL_API System::UnicodeString UpperCase(const System::UnicodeString& text);
-TRS8_BTL_API System::UnicodeString LowerCase(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString UpperCase(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString LowerCase(const System::UnicodeString& text);
 /// All letters change, by the rules of Unicode.
-TRS8_BTL_API System::UnicodeString AnsiUpperCase(const System::UnicodeString& text);
-TRS8_BTL_API System::UnicodeString AnsiLowerCase(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString AnsiUpperCase(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString AnsiLowerCase(const System::UnicodeString& text);
 
 // Negative, 0 or positive.
 
 /// By ordinals.
-TRS8_BTL_API int CompareStr(const System::UnicodeString& a, const System::UnicodeString& b);
+[[nodiscard]] TRS8_BTL_API int CompareStr(const System::UnicodeString& a, const System::UnicodeString& b);
 /// By ordinals, the letters of ASCII without regard to case.
-TRS8_BTL_API int CompareText(const System::UnicodeString& a, const System::UnicodeString& b);
-TRS8_BTL_API bool SameText(const System::UnicodeString& a, const System::UnicodeString& b);
+[[nodiscard]] TRS8_BTL_API int CompareText(const System::UnicodeString& a, const System::UnicodeString& b);
+[[nodiscard]] TRS8_BTL_API bool SameText(const System::UnicodeString& a, const System::UnicodeString& b);
 /// By the order of the user's language. What that takes for the same, such as control characters, is ordered
 /// by the characters: only equal texts give 0.
-TRS8_BTL_API int AnsiCompareStr(const System::UnicodeString& a, const System::UnicodeString& b);
+[[nodiscard]] TRS8_BTL_API int AnsiCompareStr(const System::UnicodeString& a, const System::UnicodeString& b);
 /// As `AnsiCompareStr`, but without regard to case.
-TRS8_BTL_API int AnsiCompareText(const System::UnicodeString& a, const System::UnicodeString& b);
-TRS8_BTL_API bool AnsiSameStr(const System::UnicodeString& a, const System::UnicodeString& b);
-TRS8_BTL_API bool AnsiSameText(const System::UnicodeString& a, const System::UnicodeString& b);
+[[nodiscard]] TRS8_BTL_API int AnsiCompareText(const System::UnicodeString& a,
+                                               const System::UnicodeString& b);
+[[nodiscard]] TRS8_BTL_API bool AnsiSameStr(const System::UnicodeString& a, const System::UnicodeString& b);
+[[nodiscard]] TRS8_BTL_API bool AnsiSameText(const System::UnicodeString& a, const System::UnicodeString& b);
 
 /// The 1-based place of the first `part`, 0 if there is none.
-TRS8_BTL_API int AnsiPos(const System::UnicodeString& part, const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API int AnsiPos(const System::UnicodeString& part, const System::UnicodeString& text);
 /// The 1-based place of the last character of `text` that `delimiters` holds, 0 if there is none.
-TRS8_BTL_API int LastDelimiter(const System::UnicodeString& delimiters, const System::UnicodeString& text);
-TRS8_BTL_API bool IsDelimiter(const System::UnicodeString& delimiters, const System::UnicodeString& text,
-                              int index);
+[[nodiscard]] TRS8_BTL_API int LastDelimiter(const System::UnicodeString& delimiters,
+                                             const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API bool IsDelimiter(const System::UnicodeString& delimiters,
+                                            const System::UnicodeString& text, int index);
 
 /// The texts of a program by number, which `LoadStr` finds for the life of the object. A later object's text
 /// hides an earlier one's of the same number. To be made and destroyed on the main thread.
@@ -94,6 +99,6 @@ private:
 };
 
 /// The string resource of that number; empty if there is none.
-TRS8_BTL_API System::UnicodeString LoadStr(int ident);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString LoadStr(int ident);
 
 } // namespace Sysutils

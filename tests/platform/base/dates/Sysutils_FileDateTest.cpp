@@ -3,20 +3,14 @@
 
 #include "platform/base/Sysutils_Exception.h"
 #include "platform/base/dates/Sysutils_DateSupport.h"
-#include "platform/runtime/sysutils/Sysutils_File.h"
-#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
-
-#include <fstream>
-#include <string>
 
 using namespace Sysutils;
 using Support::Infinity;
 using Support::LastDay;
 using Support::NotANumber;
 using System::TDateTime;
-using System::UnicodeString;
 
 namespace
 {
@@ -41,21 +35,6 @@ TEST(FileDateTest, PacksFileDates)
     for (const int bad : {0, -1, 13 << 21 | 1 << 16, 2 << 21 | 30 << 16, 1 << 21 | 1 << 16 | 24 << 11}) {
         EXPECT_THROW(FileDateToDateTime(bad), EConvertError) << bad;
     }
-}
-
-TEST(FileDateTest, TellsTheTimeOfFiles)
-{
-    const Support::TempFolder folder;
-    const std::string path = (folder.Path() / "f").string();
-    std::ofstream(path) << 'x';
-    const UnicodeString name = FromHostPath(path);
-    const TDateTime value = EncodeDate(2022, 7, 22) + EncodeTime(10, 5, 8, 0);
-    ASSERT_EQ(FileSetDate(name, DateTimeToFileDate(value)), 0);
-    TDateTime modified;
-    ASSERT_TRUE(FileAge(name, modified));
-    EXPECT_EQ(modified, value);
-    EXPECT_FALSE(FileAge(name + u"x", modified));
-    EXPECT_EQ(modified, value);
 }
 
 } // namespace

@@ -121,7 +121,7 @@ TEST(SysutilsPlainTextTest, ChangesCase)
     EXPECT_EQ(Sysutils::AnsiUpperCase(u"azäжé"), u"AZÄЖÉ");
     EXPECT_EQ(Sysutils::AnsiLowerCase(u"AZÄЖÉ"), u"azäжé");
     const UnicodeString kept = u"abc";
-    Sysutils::UpperCase(kept);
+    EXPECT_EQ(Sysutils::UpperCase(kept), u"ABC");
     EXPECT_EQ(kept, u"abc");
 }
 

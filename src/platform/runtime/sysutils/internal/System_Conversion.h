@@ -10,6 +10,8 @@
 #include <charconv>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <variant>
 
 namespace System::Detail
 {
@@ -24,18 +26,34 @@ struct TMagnitude
     bool negative = false;
 };
 
+/// How a conversion places its text.
+struct TField
+{
+    /// The text stands at the left, the blanks behind it.
+    bool left = false;
+    int width = 0;
+    /// -1 if there is none.
+    int precision = -1;
+};
+
 inline void ToUpperAscii(std::string& text)
 {
     std::transform(text.begin(), text.end(), text.begin(), AsciiUpper<char>);
 }
 
-/// Digits in a base that has no sign, upper case if wanted.
-inline std::string DigitText(UInt64 value, int base, bool upper)
+enum class EHexDigits
+{
+    Lower,
+    Upper,
+};
+
+/// Digits without a sign; `hex` matters to bases above 10.
+[[nodiscard]] inline std::string DigitText(UInt64 value, int base, EHexDigits hex)
 {
     std::array<char, 64> text;
     const char* end = std::to_chars(text.data(), text.data() + text.size(), value, base).ptr;
     std::string result(static_cast<const char*>(text.data()), end);
-    if (upper) {
+    if (hex == EHexDigits::Upper) {
         ToUpperAscii(result);
     }
     return result;
@@ -97,11 +115,7 @@ protected:
     int ReadNumber(int otherwise)
     {
         if (Accept('*')) {
-            const auto* value = std::get_if<Int64>(&Next().getValue());
-            if (value == nullptr) {
-                Misfit();
-            }
-            return static_cast<int>(std::clamp<Int64>(*value, -MaxField, MaxField));
+            return static_cast<int>(std::clamp<Int64>(NextAs<Int64>(), -MaxField, MaxField));
         }
         if (mRest.empty() || !IsAsciiDigit(mRest[0])) {
             return otherwise;
@@ -116,8 +130,7 @@ protected:
 
     /// What stands behind the width, which `field` holds already: a point and the precision. A negative
     /// width, which only an argument can give, means the left.
-    template <class Field>
-    void FinishField(Field& field)
+    void FinishField(TField& field)
     {
         if (field.width < 0) {
             field.left = true;
@@ -128,6 +141,17 @@ protected:
         }
     }
 
+    /// The letter of a conversion, which has to be one of `letters`.
+    char TakeLetter(std::string_view letters)
+    {
+        if (mRest.empty() || !IsOneOf(mRest[0], letters)) {
+            Misfit();
+        }
+        const char letter = static_cast<char>(mRest[0]);
+        mRest.remove_prefix(1);
+        return letter;
+    }
+
     const TVarRec& Next()
     {
         if (mNext >= mArguments.size()) {
@@ -136,15 +160,32 @@ protected:
         return mArguments[mNext++];
     }
 
+    /// The next argument, which has to be of this type.
+    template <class T>
+    const T& NextAs()
+    {
+        const T* value = std::get_if<T>(&Next().getValue());
+        if (value == nullptr) {
+            Misfit();
+        }
+        return *value;
+    }
+
     [[noreturn]] void Misfit() const
     {
         throw Sysutils::EConvertError(u"Format '" + UnicodeString(S(mFormat)) +
                                       u"' invalid or incompatible with argument");
     }
 
-    /// An argument that has to be an integer. Without a sign a negative number gives the bits of its type, at
-    /// least those of an `int`.
-    TMagnitude ToMagnitude(const TVarRec& argument, bool isSigned) const
+    enum class ESign
+    {
+        /// A negative number gives the bits of its type, at least those of an `int`.
+        InTheBits,
+        Apart,
+    };
+
+    /// An argument that has to be an integer.
+    TMagnitude ToMagnitude(const TVarRec& argument, ESign sign) const
     {
         if (const auto* plain = std::get_if<UInt64>(&argument.getValue())) {
             return {*plain, false};
@@ -154,19 +195,35 @@ protected:
             Misfit();
         }
         const auto bits = static_cast<UInt64>(*value);
-        if (isSigned) {
+        if (sign == ESign::Apart) {
             return {*value < 0 ? UInt64(0) - bits : bits, *value < 0};
         }
         return {argument.getSize() <= sizeof(int) ? static_cast<unsigned>(bits) : bits, false};
     }
 
-    /// Blanks that `text` lacks to `width` stand in front of it, or behind it if `left`.
-    void Pad(const S& text, int width, bool left)
+    /// Writes `text` and the blanks that it lacks to the width of its field.
+    void Pad(const S& text, const TField& field)
     {
-        const int padding = std::max(width - text.Length(), 0);
+        const int padding = std::max(field.width - text.Length(), 0);
         Charge(padding);
         const S blanks = S::StringOfChar(Char(' '), padding);
-        mOut += left ? text + blanks : blanks + text;
+        mOut += field.left ? text + blanks : blanks + text;
+    }
+
+    /// As `Pad`, but only as much of `text` as the precision lets through.
+    void PadCut(S text, const TField& field)
+    {
+        if (field.precision >= 0 && text.Length() > field.precision) {
+            text.SetLength(field.precision);
+        }
+        Pad(text, field);
+    }
+
+    /// As `Pad`, but for a number, whose own characters a precision makes.
+    void PadNumber(const S& text, const TField& field)
+    {
+        Charge(text.Length());
+        Pad(text, field);
     }
 
     /// Accounts for characters that only the format makes. Without an end a format of many wide fields would

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/System_String.h"
+
+// Files are moved, copied and deleted.
+//
+// All calls answer a failure with `false`, -1 or their invalid value and set the last error. A path with an
+// embedded zero fails with 123; it is never cut.
+
+inline constexpr System::LongWord MOVEFILE_REPLACE_EXISTING = 1;
+inline constexpr System::LongWord MOVEFILE_COPY_ALLOWED = 2;
+
+/// Deletes a file or link; a file with the read-only attribute is refused with 5.
+TRS8_BTL_API bool DeleteFileW(const System::UnicodeString& file);
+
+/// Moves a file or folder, a file also to another device; fails with 183 if `to` exists.
+TRS8_BTL_API bool MoveFileW(const System::UnicodeString& from, const System::UnicodeString& to);
+/// As `MoveFileW`, but with `MOVEFILE_REPLACE_EXISTING` the file moves onto one that exists, and without
+/// `MOVEFILE_COPY_ALLOWED` another device fails with 17, which it always does for folders.
+TRS8_BTL_API bool MoveFileExW(const System::UnicodeString& from, const System::UnicodeString& to,
+                              System::LongWord flags);
+/// Copies content, permissions and date. A copy onto the file itself fails with 32, onto an existing file
+/// with `failIfExists` with 80. A new file that can't be written to its end is removed again.
+TRS8_BTL_API bool CopyFileW(const System::UnicodeString& from, const System::UnicodeString& to,
+                            bool failIfExists);

@@ -1,0 +1,216 @@
+// SPDX-License-Identifier: MIT
+#include "platform/host/Host_OpenFile.h"
+
+#include "platform/host/Host_BufferedFiles.h"
+#include "platform/host/Host_Error.h"
+#include "platform/host/Host_FileSharing.h"
+#include "platform/host/Host_Path.h"
+#include "platform/host/internal/Host_Descriptor.h"
+#include "platform/host/internal/Host_PathCall.h"
+
+#include <cerrno>
+#include <string>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace Host
+{
+
+using System::Int64;
+using System::NativeInt;
+using System::UnicodeString;
+
+namespace
+{
+
+/// Standard streams that a program closed leave low numbers free, which would pass for "no file" or be
+/// written to as output.
+Descriptor AboveStandardStreams(Descriptor file)
+{
+    if (!file.IsOpen() || file.Get() > STDERR_FILENO) {
+        return file;
+    }
+    return Descriptor(fcntl(file.Get(), F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+}
+
+int OpenFlags(unsigned access, Disposition disposition)
+{
+    // Without `O_NONBLOCK` the opening of a pipe would wait for its other end.
+    int flags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+    flags |= access == ReadAccess ? O_RDONLY : access == WriteAccess ? O_WRONLY : O_RDWR;
+    switch (disposition) {
+    case Disposition::Open:
+        return flags;
+    case Disposition::Create:
+        return flags | O_CREAT;
+    case Disposition::CreateNew:
+        return flags | O_CREAT | O_EXCL;
+    }
+    return flags;
+}
+
+void BlockAgain(int descriptor)
+{
+    const int flags = fcntl(descriptor, F_GETFL);
+    if (flags != -1) {
+        fcntl(descriptor, F_SETFL, flags & ~O_NONBLOCK);
+    }
+}
+
+/// Tests what the host doesn't: folders, the read-only attribute, the sharing with others.
+bool MayUse(const Descriptor& file, const struct stat& status, unsigned access, unsigned share)
+{
+    if (S_ISDIR(status.st_mode)) {
+        return Fail(ERROR_ACCESS_DENIED);
+    }
+    if (!S_ISREG(status.st_mode)) {
+        return true;
+    }
+    // The host lets its administrator write to such a file.
+    if ((access & WriteAccess) != 0 && IsReadOnly(status)) {
+        return Fail(ERROR_ACCESS_DENIED);
+    }
+    return ClaimSharing(file.Get(), access, share) || Fail(ERROR_SHARING_VIOLATION);
+}
+
+} // namespace
+
+NativeInt OpenFile(const UnicodeString& file, unsigned access, unsigned share, Disposition disposition)
+{
+    const std::string path = Sysutils::HostPath(file);
+    if (path.empty()) {
+        return InvalidHandle;
+    }
+    const int flags = OpenFlags(access, disposition);
+    Descriptor opened =
+        AboveStandardStreams(Descriptor(Uninterrupted([&] { return open(path.c_str(), flags, 0666); })));
+    if (!opened.IsOpen()) {
+        if (errno == EEXIST) {
+            Fail(ERROR_FILE_EXISTS);
+        } else {
+            FailPath(path);
+        }
+        return InvalidHandle;
+    }
+    struct stat status;
+    if (fstat(opened.Get(), &status) != 0) {
+        FailErrno();
+        return InvalidHandle;
+    }
+    if (!MayUse(opened, status, access, share)) {
+        return InvalidHandle;
+    }
+    FlushBuffersOf(status);
+    // Emptied only now: before the claim the content belongs to the other opener.
+    if (disposition == Disposition::Create && S_ISREG(status.st_mode)) {
+        if (ftruncate(opened.Get(), 0) != 0) {
+            FailErrno();
+            return InvalidHandle;
+        }
+        AgeBuffersOf(opened.Get());
+    }
+    BlockAgain(opened.Get());
+    return opened.Release();
+}
+
+bool CloseFile(NativeInt handle)
+{
+    const int descriptor = DescriptorOf(handle);
+    // After an interruption the descriptor is gone all the same.
+    return descriptor >= 0 && (close(descriptor) == 0 || errno == EINTR || FailErrno());
+}
+
+Int64 ReadFile(NativeInt handle, void* buffer, Int64 count)
+{
+    const int descriptor = DescriptorOf(handle);
+    if (descriptor < 0) {
+        return -1;
+    }
+    if (count < 0 || (buffer == nullptr && count > 0)) {
+        Fail(ERROR_INVALID_PARAMETER);
+        return -1;
+    }
+    FlushBuffersOf(descriptor);
+    return ReadPieces(count, [&](Int64 offset, std::size_t piece) {
+        return read(descriptor, static_cast<char*>(buffer) + offset, piece);
+    });
+}
+
+Int64 PeekFile(NativeInt handle, void* buffer, Int64 count)
+{
+    const Int64 position = SeekFile(handle, 0, SEEK_CUR);
+    if (position < 0 || buffer == nullptr || count < 0) {
+        return -1;
+    }
+    const auto descriptor = static_cast<int>(handle);
+    FlushBuffersOf(descriptor);
+    return ReadPieces(count, [&](Int64 offset, std::size_t piece) {
+        return pread(descriptor, static_cast<char*>(buffer) + offset, piece, position + offset);
+    });
+}
+
+Int64 WriteFile(NativeInt handle, const void* buffer, Int64 count)
+{
+    const int descriptor = DescriptorOf(handle);
+    if (descriptor < 0) {
+        return -1;
+    }
+    if (count < 0 || (buffer == nullptr && count > 0)) {
+        Fail(ERROR_INVALID_PARAMETER);
+        return -1;
+    }
+    FlushBuffersOf(descriptor);
+    const Int64 done = WritePieces(count, [&](Int64 offset, std::size_t piece) {
+        return write(descriptor, static_cast<const char*>(buffer) + offset, piece);
+    });
+    AgeBuffersOf(descriptor);
+    return done;
+}
+
+Int64 SeekFile(NativeInt handle, Int64 offset, int origin)
+{
+    const int descriptor = DescriptorOf(handle);
+    if (descriptor < 0) {
+        return -1;
+    }
+    if (origin < SEEK_SET || origin > SEEK_END) {
+        Fail(ERROR_INVALID_PARAMETER);
+        return -1;
+    }
+    if (origin == SEEK_END) {
+        FlushBuffersOf(descriptor);
+    }
+    const off_t position = lseek(descriptor, offset, origin);
+    if (position < 0) {
+        errno == EINVAL ? Fail(ERROR_NEGATIVE_SEEK) : FailErrno();
+    }
+    return position;
+}
+
+bool ResizeFile(NativeInt handle, Int64 size)
+{
+    const int descriptor = DescriptorOf(handle);
+    if (descriptor < 0) {
+        return false;
+    }
+    FlushBuffersOf(descriptor);
+    if (Uninterrupted([&] { return ftruncate(descriptor, size); }) != 0) {
+        return FailErrno();
+    }
+    AgeBuffersOf(descriptor);
+    return true;
+}
+
+bool FlushFile(NativeInt handle)
+{
+    const int descriptor = DescriptorOf(handle);
+    if (descriptor < 0) {
+        return false;
+    }
+    FlushBuffersOf(descriptor);
+    return Uninterrupted([&] { return fsync(descriptor); }) == 0 || FailErrno();
+}
+
+} // namespace Host

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/System_String.h"
+
+// Where a user's own files lie: the home folder, folders that the environment names, new temporary files.
+
+namespace Host
+{
+
+/// Makes a new empty file in `folder` with a name of `prefix` and a random rest, which only the user may
+/// read, and gives its path; empty on a failure, with the last error set.
+[[nodiscard]] TRS8_BTL_API System::UnicodeString MakeTempFile(const System::UnicodeString& folder,
+                                                              const System::UnicodeString& prefix);
+
+/// A variable of the environment as a path of the library; empty if it is unset.
+[[nodiscard]] TRS8_BTL_API System::UnicodeString EnvironmentPath(const char* name);
+/// The user's own folder without a final separator; `\` if the host knows none.
+[[nodiscard]] TRS8_BTL_API System::UnicodeString HomeFolder();
+
+} // namespace Host
