@@ -2,7 +2,7 @@
 #include "streams/BTL_STRM_Stream.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
-#include "foundation/UTL_STR_Utilities.h"
+#include "foundation/UTL_STR_Words.h"
 #include "streams/internal/BTL_STRM_Scan.h"
 
 #include <algorithm>
