@@ -33,12 +33,12 @@ TRS8_BTL_API float ToFloat(const System::WideChar* text);
 
 /// True if `text` is not empty and holds nothing but digits, with `sign` also one `+` or `-` in front of
 /// them, with `blanks` also white space at both ends. No digit is required.
-TRS8_BTL_API bool IsDigitString(const char* text, bool sign, bool blanks);
-TRS8_BTL_API bool IsDigitString(const System::WideChar* text, bool sign, bool blanks);
+[[nodiscard]] TRS8_BTL_API bool IsDigitString(const char* text, bool sign, bool blanks);
+[[nodiscard]] TRS8_BTL_API bool IsDigitString(const System::WideChar* text, bool sign, bool blanks);
 
 /// The decimal text of `value`.
-TRS8_BTL_API CString IntToString(int value);
+[[nodiscard]] TRS8_BTL_API CString IntToString(int value);
 /// `value` with up to 6 significant digits, as a stream writes it.
-TRS8_BTL_API CString FloatToString(float value);
+[[nodiscard]] TRS8_BTL_API CString FloatToString(float value);
 
 } // namespace UTL

@@ -15,10 +15,10 @@ namespace UTL
 
 /// A copy of `text` in an array of at least `minimum` characters, the rest of which is zero. The caller frees
 /// it with `delete[]`.
-TRS8_BTL_API char* strnewdup(const char* text, unsigned minimum = 0);
-TRS8_BTL_API System::WideChar* strnewdup(const System::WideChar* text, unsigned minimum = 0);
+[[nodiscard]] TRS8_BTL_API char* strnewdup(const char* text, unsigned minimum = 0);
+[[nodiscard]] TRS8_BTL_API System::WideChar* strnewdup(const System::WideChar* text, unsigned minimum = 0);
 
 /// As `Sysutils::FileExists`.
-TRS8_BTL_API bool FileExists(const System::UnicodeString& file);
+[[nodiscard]] TRS8_BTL_API bool FileExists(const System::UnicodeString& file);
 
 } // namespace UTL

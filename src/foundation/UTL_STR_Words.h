@@ -12,12 +12,12 @@ namespace UTL
 
 /// 256 bytes, 1 for each character that can begin a word: `A` to `Z`, `a` to `z`, `_` and the letters of the
 /// Western code page from code 142 up.
-TRS8_BTL_API const unsigned char* GetWordCharsA();
-TRS8_BTL_API const unsigned char* GetWordCharsW();
+[[nodiscard]] TRS8_BTL_API const unsigned char* GetWordCharsA();
+[[nodiscard]] TRS8_BTL_API const unsigned char* GetWordCharsW();
 /// As `GetWordCharsA`, but 1 for each character that can continue a word: those that begin one and `0` to
 /// `9`.
-TRS8_BTL_API const unsigned char* GetWordChars2A();
-TRS8_BTL_API const unsigned char* GetWordChars2W();
+[[nodiscard]] TRS8_BTL_API const unsigned char* GetWordChars2A();
+[[nodiscard]] TRS8_BTL_API const unsigned char* GetWordChars2W();
 
 /// Finds the first word by the tables above: its 0-based `offset` and its `length`. Without one the result is
 /// false, `offset` the length of `text` and `length` 0.

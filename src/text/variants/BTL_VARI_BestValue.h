@@ -8,8 +8,8 @@ namespace BTL
 
 /// What the whole text is: an integer (decimal, or hexadecimal behind `$` or `0x`), a `double`, Null if
 /// empty, else the text.
-TRS8_BTL_API System::Variant StringToBestVariant(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API System::Variant StringToBestVariant(const System::UnicodeString& text);
 /// As `StringToBestVariant`, but "false" is 0, "true" 1 and "null" Null, in small letters only.
-TRS8_BTL_API System::Variant StringToBestPropertyValue(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API System::Variant StringToBestPropertyValue(const System::UnicodeString& text);
 
 } // namespace BTL

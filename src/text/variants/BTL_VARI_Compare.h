@@ -7,9 +7,9 @@ namespace BTL
 {
 
 /// -1, 0 or 1. Null is first and equals Null; other values that can't be compared give -1.
-TRS8_BTL_API int Compare(const System::Variant& a, const System::Variant& b);
+[[nodiscard]] TRS8_BTL_API int Compare(const System::Variant& a, const System::Variant& b);
 /// As `Variants::VarSameValue`, and for the same object. Arrays are equal if their bounds and, by this very
 /// function, all pairs of their elements are.
-TRS8_BTL_API bool AreEqual(const System::Variant& a, const System::Variant& b);
+[[nodiscard]] TRS8_BTL_API bool AreEqual(const System::Variant& a, const System::Variant& b);
 
 } // namespace BTL

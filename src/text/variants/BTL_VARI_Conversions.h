@@ -17,7 +17,7 @@ namespace BTL
 namespace Detail
 {
 
-TRS8_BTL_API bool IsIntVariant(const System::Variant& value);
+[[nodiscard]] TRS8_BTL_API bool IsIntVariant(const System::Variant& value);
 TRS8_BTL_API bool VariantToInt(const System::Variant& value, int& result);
 
 } // namespace Detail
@@ -49,8 +49,8 @@ double ToDoubleDef(const V& value, double defaultValue)
 }
 
 /// True for integers and floats, and for a text that is a float.
-TRS8_BTL_API bool IsFloatType(const System::Variant& value);
-TRS8_BTL_API bool IsStringType(const System::Variant& value);
+[[nodiscard]] TRS8_BTL_API bool IsFloatType(const System::Variant& value);
+[[nodiscard]] TRS8_BTL_API bool IsStringType(const System::Variant& value);
 
 /// Whether `ToInt` gives another number than 0.
 TRS8_BTL_API bool ToBool(const System::Variant& value, bool& result);
