@@ -53,7 +53,7 @@ void CheckValue(const TDateTime& value)
     BTL::To4DigitYear(value);
     BTL::GetValidFileName(value);
     BTL::GetSQLDateTimeString(value, true);
-    BTL::GetDateTimeStringWithMSec(value);
+    static_cast<void>(BTL::GetDateTimeStringWithMSec(value));
     for (int unit = 1; unit <= 6; ++unit) {
         Try<EConvertError>(
             [&] { BTL::CalcNextDate(value, 1 - minute, static_cast<BTL::EDateIntervalUnit>(unit)); });

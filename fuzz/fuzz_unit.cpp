@@ -56,12 +56,12 @@ void ReadText(const S& text)
     Int64 wideInteger = 0;
     Require(BTL::ToInt(text, integer) == BTL::ToInt(text, wideInteger));
     BTL::HexToInt(text, integer);
-    BTL::IsInt(text);
+    static_cast<void>(BTL::IsInt(text));
     if (BTL::IsDouble(text)) {
         Require(BTL::ToDouble(text, value) && BTL::ToDouble(text) == value);
     }
     BTL::ValueWithUnitToDouble(text, value);
-    BTL::ClearPrefix(text);
+    static_cast<void>(BTL::ClearPrefix(text));
 }
 
 } // namespace

@@ -12,51 +12,51 @@ namespace BTL
 // folder is made. The main thread makes the first calls.
 
 /// The folder of the running program.
-TRS8_BTL_API System::UnicodeString GetApplicationPath();
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetApplicationPath();
 /// As `GetApplicationPath`.
-TRS8_BTL_API System::UnicodeString GetBinPath();
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetBinPath();
 /// The parent of the program's folder.
-TRS8_BTL_API System::UnicodeString GetRootPath();
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetRootPath();
 /// "Help" in the program's folder.
-TRS8_BTL_API System::UnicodeString GetHelpPath();
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetHelpPath();
 
 /// "AddIns" in the root.
-TRS8_BTL_API System::UnicodeString GetAddInsPath();
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetAddInsPath();
 /// "UserRightsManager" in the root.
-TRS8_BTL_API System::UnicodeString GetUserRightsManagerAddInPath();
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetUserRightsManagerAddInPath();
 /// "PrintingAddIns" in the root.
-TRS8_BTL_API System::UnicodeString GetPrintingAddInsPath();
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetPrintingAddInsPath();
 /// "Plugins" in the root.
-TRS8_BTL_API System::UnicodeString GetPluginsPath();
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetPluginsPath();
 
 /// "ProgramData" in the root.
-TRS8_BTL_API System::UnicodeString GetProgramDataPath();
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetProgramDataPath();
 /// "Product" in the program data.
-TRS8_BTL_API System::UnicodeString GetProductPath();
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetProductPath();
 /// "IDS" in the program data.
-TRS8_BTL_API System::UnicodeString GetProgramIDSPath();
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetProgramIDSPath();
 /// "Ini" in the program data.
-TRS8_BTL_API System::UnicodeString GetProgramIniPath();
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetProgramIniPath();
 /// "DBDef" in the program data.
-TRS8_BTL_API System::UnicodeString GetProgramDBDefPath();
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetProgramDBDefPath();
 /// The folder `name` in "DBDef"; the result for the last name is kept.
-TRS8_BTL_API System::UnicodeString GetProgramDBDefPath(const System::UnicodeString& name);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetProgramDBDefPath(const System::UnicodeString& name);
 
 /// `path` with a final separator; an empty text stays.
-TRS8_BTL_API System::UnicodeString AddPathDelimiter(const System::UnicodeString& path);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString AddPathDelimiter(const System::UnicodeString& path);
 /// `path` without its final separator, of which only one is removed.
-TRS8_BTL_API System::UnicodeString DelPathDelimiter(const System::UnicodeString& path);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString DelPathDelimiter(const System::UnicodeString& path);
 /// `path` with `.` and `..` resolved, from the current directory if it isn't rooted; a text without a folder
 /// part stays.
-TRS8_BTL_API System::UnicodeString GetFullPath(const System::UnicodeString& path);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetFullPath(const System::UnicodeString& path);
 /// The folder part of `path` as a full path with a final separator; empty if there is none.
-TRS8_BTL_API System::UnicodeString ExtractFilePath(const System::UnicodeString& path);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString ExtractFilePath(const System::UnicodeString& path);
 /// The last `count` parts of the full path, each followed by a separator. A drive is the first part. All
 /// parts if there are not more than `count`; empty for a `count` below 1.
-TRS8_BTL_API System::UnicodeString GetEndSubPath(const System::UnicodeString& path, int count);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetEndSubPath(const System::UnicodeString& path, int count);
 
 /// True if the file exists and is read-only.
-TRS8_BTL_API bool FileReadOnly(const System::UnicodeString& file);
+[[nodiscard]] TRS8_BTL_API bool FileReadOnly(const System::UnicodeString& file);
 /// Fills `list` with the names, without the folder, of what matches `mask` in `folder` and is no folder
 /// itself; true if there is any. A null `list` gives false.
 TRS8_BTL_API bool GetFiles(const System::UnicodeString& folder, const System::UnicodeString& mask,

@@ -3,7 +3,8 @@
 
 #include "foundation/UTL_ASRT_Assert.h"
 #include "foundation/UTL_Links.h"
-#include "foundation/UTL_STR_Utilities.h"
+#include "foundation/UTL_STR_Compare.h"
+#include "foundation/UTL_STR_Numbers.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 
 #include <algorithm>

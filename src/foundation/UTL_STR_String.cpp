@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/UTL_STR_String.h"
 
-#include "foundation/UTL_STR_Utilities.h"
+#include "foundation/UTL_STR_Numbers.h"
 
 #include <algorithm>
 #include <cstring>

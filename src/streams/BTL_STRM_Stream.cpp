@@ -2,7 +2,7 @@
 #include "streams/BTL_STRM_Stream.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
-#include "foundation/UTL_STR_Utilities.h"
+#include "foundation/UTL_STR_Words.h"
 #include "streams/internal/BTL_STRM_Scan.h"
 
 #include <algorithm>
@@ -89,9 +89,14 @@ AnsiString ReadExactly(TStream& stream, int count)
     return bytes;
 }
 
-auto FindInTable(const unsigned char* table, bool wanted)
+auto FindInTable(const unsigned char* table)
 {
-    return Detail::GFindIf{[=](char c) { return (table[static_cast<unsigned char>(c)] != 0) == wanted; }};
+    return Detail::GFindIf{[=](char c) { return table[static_cast<unsigned char>(c)] != 0; }};
+}
+
+auto FindNotInTable(const unsigned char* table)
+{
+    return Detail::GFindIf{[=](char c) { return table[static_cast<unsigned char>(c)] == 0; }};
 }
 
 /// The position as the type that words are told in.
@@ -340,13 +345,13 @@ AnsiString MStream::ReadWord(int& position, const unsigned char* firstChars, con
         position = AsInt(mStream->getSize());
         return {};
     }
-    const std::optional<char> first = Detail::ReadTo(*mStream, FindInTable(firstChars, true), Detail::Ignore);
+    const std::optional<char> first = Detail::ReadTo(*mStream, FindInTable(firstChars), Detail::Ignore);
     if (!first) {
         return {};
     }
     position = AsInt(mStream->getPosition() - 1);
     AnsiString word(*first);
-    Detail::ReadTo(*mStream, FindInTable(nextChars == nullptr ? firstChars : nextChars, false),
+    Detail::ReadTo(*mStream, FindNotInTable(nextChars == nullptr ? firstChars : nextChars),
                    Detail::AppendTo(word));
     return word;
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/UTL_ASRT_Assert.h"
 
-#include "foundation/UTL_I18N_Texts.h"
 #include "platform/toolkit/MessageBox.h"
 #include "platform/visual/Forms.h"
 #include "support/ScriptedBoxes.h"
@@ -76,17 +75,6 @@ TEST(AssertTest, TellsAFaultWithoutAnApplication)
     Forms::TApplication* const application = std::exchange(Forms::Application, nullptr);
     EXPECT_THROW(Throw(), UTL::XAssert);
     Forms::Application = application;
-}
-
-TEST(FoundationTextsTest, KeepTheirPlace)
-{
-    const char* text = UTL::Ci18n::GetString(UTL::EXStrings::IniFileReadOnly);
-    EXPECT_EQ(UTL::Ci18n::GetString(UTL::EXStrings::IniFileReadOnly), text);
-    EXPECT_EQ(
-        UnicodeString(text),
-        u"Die Ini-Datei \n'%s'\nist schreibgeschützt.\nEntfernen Sie bitte den Schreibschutz, damit die "
-        u"Daten gespeichert werden können.");
-    EXPECT_STREQ(UTL::Ci18n::GetString(static_cast<UTL::EXStrings>(99)), "");
 }
 
 } // namespace

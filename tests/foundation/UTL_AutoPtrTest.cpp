@@ -2,8 +2,6 @@
 #include "foundation/UTL_AutoPtr.h"
 #include "foundation/UTL_ASRT_Assert.h"
 #include "foundation/UTL_List.h"
-#include "foundation/UTL_Tag.h"
-#include "foundation/UTL_Toggle.h"
 #include "platform/runtime/typinfo/System_Object.h"
 #include "platform/toolkit/MessageBox.h"
 #include "support/ScriptedBoxes.h"
@@ -11,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <optional>
 
 namespace
 {
@@ -139,39 +136,6 @@ TEST(AutoPtrTest, AnyClassMayHoldOne)
         EXPECT_EQ(holder->held->getRefCount(), 2);
     }
     EXPECT_EQ(holder->held->getRefCount(), 1);
-}
-
-TEST(TagTest, CountsOnlyTheLowFiveBitsOfANumber)
-{
-    UTL::CTag tag(33, true);
-    EXPECT_TRUE(tag.GetBit(1));
-    EXPECT_FALSE(tag.GetBit(0));
-    tag.SetBit(31, true);
-    tag.SetBit(1, false);
-    EXPECT_FALSE(tag.GetBit(33));
-    EXPECT_TRUE(tag.GetBit(63));
-    EXPECT_FALSE(UTL::CTag(5, false).GetBit(5));
-}
-
-TEST(ToggleTest, FlagsComeBackAtTheEndOfTheScope)
-{
-    bool flag = true;
-    {
-        const UTL::CToggle toggle(flag);
-        EXPECT_FALSE(flag);
-        {
-            const UTL::CSetBool set(flag, true);
-            EXPECT_TRUE(flag);
-            flag = true;
-        }
-        EXPECT_FALSE(flag);
-    }
-    EXPECT_TRUE(flag);
-    {
-        const UTL::CToggle toggle(flag);
-        flag = true;
-    }
-    EXPECT_FALSE(flag) << "it flips what it finds";
 }
 
 } // namespace

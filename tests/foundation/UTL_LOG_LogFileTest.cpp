@@ -1,89 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/UTL_LOG_LogFile.h"
-#include "foundation/UTL_LOG_LogStream.h"
-#include "foundation/UTL_LOG_Sink.h"
-#include "platform/host/Host_Path.h"
-#include "support/ChildProgram.h"
+
+#include "foundation/LogSupport.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <iterator>
-#include <regex>
-#include <vector>
 
 namespace
 {
 
 namespace fs = std::filesystem;
+using Support::LibraryPath;
+using Support::ReadFile;
 using System::UnicodeString;
-
-std::string ReadFile(const fs::path& file)
-{
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-UnicodeString LibraryPath(const fs::path& file)
-{
-    return Sysutils::FromHostPath(file.string());
-}
-
-/// A folder whose name the child process finds in its environment.
-class LogFolder : public Support::TempFolder
-{
-public:
-    LogFolder() { setenv("TRS8_BTL_TEST_LOG", Path().c_str(), 1); }
-    static fs::path File() { return fs::path(std::getenv("TRS8_BTL_TEST_LOG")) / "stream.txt"; }
-};
-
-TEST(LogChild, DISABLED_WritesToTheStream)
-{
-    const bool wasThere = fs::exists(LogFolder::File());
-    UTL::set_log_file(LibraryPath(LogFolder::File()));
-    UTL::set_logging(false);
-    EXPECT_EQ(UTL::get_log_stream(), nullptr);
-    EXPECT_EQ(fs::exists(LogFolder::File()), wasThere) << "nothing is opened while logging is off";
-    UTL::set_logging(true);
-    ASSERT_NE(UTL::get_log_stream(), nullptr);
-    UTL::set_log_file(LibraryPath(LogFolder::File()) + u".other");
-    *UTL::get_log_stream() << "line\n";
-    EXPECT_FALSE(fs::exists(LogFolder::File().string() + ".other"));
-    Support::PrintResult("done");
-}
-
-TEST(LogChild, DISABLED_WritesToTheDefaultFiles)
-{
-    *UTL::get_log_stream() << "stream";
-    BTL::Log(u"größer →");
-    BTL::SetLogFile(u"");
-    BTL::Log(u"lost");
-    Support::PrintResult("done");
-}
-
-TEST(LogTest, StreamHasAStartLineForEachRun)
-{
-    const LogFolder folder;
-    for (int run = 0; run < 2; ++run) {
-        Support::RunChildTest("LogChild.DISABLED_WritesToTheStream");
-    }
-    const std::string run = "\n[^\n]*\\d\\d[^\n]* -{52}\nline\n";
-    EXPECT_TRUE(std::regex_match(ReadFile(LogFolder::File()), std::regex(run + run)))
-        << ReadFile(LogFolder::File());
-}
-
-TEST(LogTest, DefaultFilesLieBesideTheProgram)
-{
-    const Support::TempFolder folder;
-    Support::RunChildTest("LogChild.DISABLED_WritesToTheDefaultFiles", folder.Path() / "program");
-    EXPECT_TRUE(ReadFile(folder.Path() / "TRS_Log.txt").ends_with("-\nstream"));
-    EXPECT_EQ(ReadFile(folder.Path() / "Log.txt"), "gr\xF6\xDF"
-                                                   "er ?\n");
-}
 
 TEST(LogFileTest, ObjectsShareTheNameButNotTheFile)
 {
@@ -146,39 +79,6 @@ TEST(CoutToFileTest, RedirectsOnlyWhenAskedFor)
     }
     EXPECT_EQ(std::cout.rdbuf(), former);
     EXPECT_EQ(ReadFile(file), "redirected");
-}
-
-struct TLogged
-{
-    UnicodeString text;
-    UTL::ELogType type;
-    UTL::ELogSeverity severity;
-    std::string rest;
-
-    friend bool operator==(const TLogged&, const TLogged&) = default;
-};
-
-std::vector<TLogged> logged;
-
-void Sink(const UnicodeString& text, UTL::ELogType type, UTL::ELogSeverity severity, const char* a, int b,
-          const char* c)
-{
-    logged.push_back({text, type, severity, a + std::to_string(b) + c});
-}
-
-TEST(LoggingSinkTest, GetsWhatIsLogged)
-{
-    constexpr auto type = static_cast<UTL::ELogType>(42);
-    constexpr auto severity = static_cast<UTL::ELogSeverity>(43);
-    UTL::LogTrace(u"lost", type, "a", 1, "c");
-    UTL::SetLoggingSink(Sink);
-    UTL::LogTrace(u"trace", type, "a", 1, "c");
-    UTL::LogMessage(u"message", severity, "d", 2, "e");
-    UTL::SetLoggingSink(nullptr);
-    UTL::LogMessage(u"lost", severity, "d", 2, "e");
-    const std::vector<TLogged> expected = {{u"trace", type, static_cast<UTL::ELogSeverity>(1), "a1c"},
-                                           {u"message", static_cast<UTL::ELogType>(5), severity, "d2e"}};
-    EXPECT_TRUE(logged == expected);
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 
 #include "foundation/UTL_ASRT_Assert.h"
 #include "foundation/UTL_Links.h"
-#include "foundation/UTL_STR_String.h"
 #include "platform/toolkit/MessageBox.h"
 #include "support/FormatSettingsGuard.h"
 #include "support/ScriptedBoxes.h"
@@ -22,7 +21,6 @@ using System::AnsiString;
 using System::UnicodeString;
 using System::WideChar;
 using UTL::CSimpleString;
-using UTL::CString;
 
 /// Null and an empty array print alike; only the comparison tells them apart.
 bool IsNull(const CSimpleString& text)
@@ -233,55 +231,6 @@ TEST(SimpleStringTest, ReadsFloatsWithoutTheLayerAbove)
     EXPECT_EQ(CSimpleString("1.5x").ToDoubleDef(3), 3);
     EXPECT_EQ(CSimpleString().ToDoubleDef(3), 3);
     UTL::Links().Narrow.ToDouble = former;
-}
-
-TEST(StringTest, CutsAtItsBounds)
-{
-    EXPECT_EQ(CString(static_cast<const char*>(nullptr)), "");
-    EXPECT_EQ(CString("abc", 2), "ab");
-    EXPECT_EQ(CString("abc", 99), "abc");
-    EXPECT_EQ(CString("abc", -1), "");
-    EXPECT_EQ(CString(static_cast<const char*>(nullptr), 3), "");
-    EXPECT_EQ(CString(std::string("abc"), 1), "bc");
-    EXPECT_EQ(CString(std::string("abc"), 99), "");
-    EXPECT_EQ(CString(std::string("abc"), -1), "abc");
-}
-
-TEST(StringTest, MixesWithTheRunTimeString)
-{
-    const AnsiString other("b");
-    CString text(other);
-    EXPECT_TRUE(text == other);
-    text = AnsiString("a");
-    text += other;
-    text += "c";
-    EXPECT_EQ(text, "abc");
-    EXPECT_EQ(text + other, "abcb");
-    EXPECT_EQ(text + "d", "abcd");
-    EXPECT_TRUE(text < other);
-    EXPECT_FALSE(CString("b") < other);
-    const AnsiString back = text;
-    EXPECT_EQ(back, "abc");
-}
-
-TEST(StringTest, TrimsAndReadsNumbers)
-{
-    EXPECT_EQ(CString("  x ").Trim(), "x");
-    EXPECT_EQ(CString("\t\x01 x \n").TrimLeft(), "x \n");
-    EXPECT_EQ(CString(" x \n").TrimRight(), " x");
-    EXPECT_EQ(CString("a\xE4").UpperCase(), "A\xC4");
-    long integer = 7;
-    double number = 7;
-    EXPECT_FALSE(CString("").GetLong(integer));
-    EXPECT_FALSE(CString("").GetDouble(number));
-    EXPECT_EQ(integer, 7);
-    EXPECT_EQ(number, 7);
-    EXPECT_TRUE(CString(" 12").GetLong(integer));
-    EXPECT_EQ(integer, 12);
-    EXPECT_EQ(CString("12x").ToInt(), 12);
-    EXPECT_EQ(CString("1.5x").ToFloat(), 1.5F);
-    EXPECT_TRUE(CString("-").IsDigitString(true, false));
-    EXPECT_FALSE(CString("").IsDigitString(true, true));
 }
 
 } // namespace

@@ -49,7 +49,7 @@ public:
     Int64 getSize() const override { throw Classes::EStreamError(u"no size"); }
 };
 
-TEST(InStreamTest, ExceptionsOfTheStreamSetBad)
+TEST(AStreamTest, ExceptionsOfTheStreamSetBad)
 {
     const auto reads = {+[](CInStream& stream) { stream.get(); },
                         +[](CInStream& stream) {
@@ -89,7 +89,7 @@ TEST(InStreamTest, ExceptionsOfTheStreamSetBad)
     EXPECT_TRUE(stream.bad());
 }
 
-TEST(StreamListsTest, SurplusReleasesAreInternalFaults)
+TEST(AStreamTest, SurplusReleasesAreInternalFaults)
 {
     const Support::ScriptedBoxes boxes{IDYES, IDYES, IDNO};
     COutStream stream;

@@ -31,7 +31,7 @@ TRS8_BTL_API System::TDateTime StrToTime(const System::UnicodeString& text,
                                          const System::UnicodeString& mask);
 
 /// `text` trimmed and then without the date separators at both ends.
-TRS8_BTL_API System::UnicodeString TrimDate(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString TrimDate(const System::UnicodeString& text);
 
 /// The trimmed parts of a date as they stand; a missing one is empty.
 TRS8_BTL_API void DecodeDate(const System::UnicodeString& text, System::UnicodeString& year,

@@ -9,9 +9,9 @@ namespace BTL
 // Dates and times for users, by `Sysutils::FormatSettings`.
 
 /// Local date and time, as `Sysutils::DateTimeToStr`.
-TRS8_BTL_API System::UnicodeString GetLocalTime();
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetLocalTime();
 /// The local day, as `Sysutils::DateToStr`.
-TRS8_BTL_API System::UnicodeString GetCurrentDate();
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetCurrentDate();
 
 /// The text of `GetValidDate`.
 TRS8_BTL_API System::UnicodeString GetValidDateString(const System::UnicodeString& text);
@@ -19,7 +19,7 @@ TRS8_BTL_API System::UnicodeString GetValidDateString(const System::UnicodeStrin
 TRS8_BTL_API System::UnicodeString GetValidDateTimeString(const System::UnicodeString& text);
 /// As `Sysutils::DateTimeToStr`, and with milliseconds behind it if there are any and `LongTimeFormat` shows
 /// none.
-TRS8_BTL_API System::UnicodeString GetDateTimeStringWithMSec(const System::TDateTime& value);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetDateTimeStringWithMSec(const System::TDateTime& value);
 
 // Dates and times for SQL, in single quotes if `quoted`.
 

@@ -57,12 +57,24 @@ bool ReduceTo(S& s, int n, const S& suffix)
     return true;
 }
 
+/// What is taken of a text without the delimiter.
+enum class EUndivided
+{
+    Nothing,
+    Whole,
+};
+
+constexpr EUndivided UndividedIf(bool wholeIfMissing)
+{
+    return wholeIfMissing ? EUndivided::Whole : EUndivided::Nothing;
+}
+
 template <class S, class Delimiter>
-S ConsumeLeft(S& s, const Delimiter& delim, int delimLength, bool wholeIfMissing)
+S ConsumeLeft(S& s, const Delimiter& delim, int delimLength, EUndivided undivided)
 {
     const int at = s.Pos(delim);
     if (at == 0) {
-        return wholeIfMissing ? std::exchange(s, S()) : S();
+        return undivided == EUndivided::Whole ? std::exchange(s, S()) : S();
     }
     S left = s.SubString(1, at - 1);
     s.Delete(1, at - 1 + delimLength);
@@ -73,7 +85,7 @@ template <class S>
 void Split(const S& s, typename S::CharType delim, S& left, S& right)
 {
     S rest = s;
-    left = ConsumeLeft(rest, delim, 1, true);
+    left = ConsumeLeft(rest, delim, 1, EUndivided::Whole);
     right = rest;
 }
 
@@ -207,22 +219,22 @@ UnicodeString ShrinkString(const UnicodeString& s, int n, const UnicodeString& s
 
 UnicodeString ConsumeLeftSubString(UnicodeString& s, WideChar delim, bool wholeIfMissing)
 {
-    return ConsumeLeft(s, delim, 1, wholeIfMissing);
+    return ConsumeLeft(s, delim, 1, UndividedIf(wholeIfMissing));
 }
 
 AnsiString ConsumeLeftSubString(AnsiString& s, char delim, bool wholeIfMissing)
 {
-    return ConsumeLeft(s, delim, 1, wholeIfMissing);
+    return ConsumeLeft(s, delim, 1, UndividedIf(wholeIfMissing));
 }
 
 UnicodeString ConsumeLeftSubString(UnicodeString& s, const UnicodeString& delim, bool wholeIfMissing)
 {
-    return ConsumeLeft(s, delim, delim.Length(), wholeIfMissing);
+    return ConsumeLeft(s, delim, delim.Length(), UndividedIf(wholeIfMissing));
 }
 
 AnsiString ConsumeLeftSubString(AnsiString& s, const AnsiString& delim, bool wholeIfMissing)
 {
-    return ConsumeLeft(s, delim, delim.Length(), wholeIfMissing);
+    return ConsumeLeft(s, delim, delim.Length(), UndividedIf(wholeIfMissing));
 }
 
 void GetSubStrings(const UnicodeString& s, WideChar delim, UnicodeString& left, UnicodeString& right)

@@ -9,20 +9,21 @@ namespace BTL
 // Cutting text at its ends. A negative count counts as 0 unless told otherwise.
 
 /// The first `n` characters.
-TRS8_BTL_API System::UnicodeString LeftSubString(const System::UnicodeString& s, int n);
-TRS8_BTL_API System::AnsiString LeftSubString(const System::AnsiString& s, int n);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString LeftSubString(const System::UnicodeString& s, int n);
+[[nodiscard]] TRS8_BTL_API System::AnsiString LeftSubString(const System::AnsiString& s, int n);
 
 /// What stands before the first `c`; all of `s` if there is none.
-TRS8_BTL_API System::UnicodeString LeftSubStringUntil(const System::UnicodeString& s, System::WideChar c);
-TRS8_BTL_API System::AnsiString LeftSubStringUntil(const System::AnsiString& s, char c);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString LeftSubStringUntil(const System::UnicodeString& s,
+                                                                    System::WideChar c);
+[[nodiscard]] TRS8_BTL_API System::AnsiString LeftSubStringUntil(const System::AnsiString& s, char c);
 
 /// The last `n` characters.
-TRS8_BTL_API System::UnicodeString RightSubString(const System::UnicodeString& s, int n);
-TRS8_BTL_API System::AnsiString RightSubString(const System::AnsiString& s, int n);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString RightSubString(const System::UnicodeString& s, int n);
+[[nodiscard]] TRS8_BTL_API System::AnsiString RightSubString(const System::AnsiString& s, int n);
 
 /// From position `at` to the end; all of `s` for an `at` of 0 or less.
-TRS8_BTL_API System::UnicodeString RightSubStringAt(const System::UnicodeString& s, int at);
-TRS8_BTL_API System::AnsiString RightSubStringAt(const System::AnsiString& s, int at);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString RightSubStringAt(const System::UnicodeString& s, int at);
+[[nodiscard]] TRS8_BTL_API System::AnsiString RightSubStringAt(const System::AnsiString& s, int at);
 
 /// Deletes the first `n` characters of `s`, which is also the result.
 TRS8_BTL_API System::UnicodeString& DeleteLeft(System::UnicodeString& s, int n);
@@ -48,8 +49,8 @@ TRS8_BTL_API void ReduceLength(System::AnsiString& s, int n);
 TRS8_BTL_API bool ReduceLength(System::UnicodeString& s, int n, const System::UnicodeString& suffix);
 TRS8_BTL_API bool ReduceLength(System::AnsiString& s, int n, const System::AnsiString& suffix);
 /// As `ReduceLength` on a copy.
-TRS8_BTL_API System::UnicodeString ShrinkString(const System::UnicodeString& s, int n,
-                                                const System::UnicodeString& suffix);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString ShrinkString(const System::UnicodeString& s, int n,
+                                                              const System::UnicodeString& suffix);
 
 /// Takes what stands before the first `delim` out of `s`, together with `delim`. If there is none: all of `s`
 /// with `wholeIfMissing`, else nothing.
@@ -68,11 +69,12 @@ TRS8_BTL_API void GetSubStrings(const System::AnsiString& s, char delim, System:
                                 System::AnsiString& right);
 
 /// True if `s` has at least two characters and begins and ends with `quote`.
-TRS8_BTL_API bool IsQuotedStr(const System::UnicodeString& s, System::WideChar quote);
-TRS8_BTL_API bool IsQuotedStr(const System::AnsiString& s, char quote);
+[[nodiscard]] TRS8_BTL_API bool IsQuotedStr(const System::UnicodeString& s, System::WideChar quote);
+[[nodiscard]] TRS8_BTL_API bool IsQuotedStr(const System::AnsiString& s, char quote);
 
 /// Without one `quote` at the start and one at the end, each if it is there.
-TRS8_BTL_API System::UnicodeString ExtractQuotedStr(const System::UnicodeString& s, System::WideChar quote);
-TRS8_BTL_API System::AnsiString ExtractQuotedStr(const System::AnsiString& s, char quote);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString ExtractQuotedStr(const System::UnicodeString& s,
+                                                                  System::WideChar quote);
+[[nodiscard]] TRS8_BTL_API System::AnsiString ExtractQuotedStr(const System::AnsiString& s, char quote);
 
 } // namespace BTL

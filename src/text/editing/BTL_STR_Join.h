@@ -15,35 +15,38 @@ TRS8_BTL_API System::AnsiString& AddString(System::AnsiString& s, const System::
                                            const System::AnsiString& delim);
 
 /// Both texts with `delim` between; the other one alone if one is empty.
-TRS8_BTL_API System::UnicodeString StrCat(const System::UnicodeString& a, const System::UnicodeString& b,
-                                          const System::UnicodeString& delim);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString
+StrCat(const System::UnicodeString& a, const System::UnicodeString& b, const System::UnicodeString& delim);
 
 /// `a` and `b`. If that is longer than `maxLen`, the end of `a` gives way to `filler`.
-TRS8_BTL_API System::UnicodeString ConcatenateStrings(const System::UnicodeString& a,
-                                                      const System::UnicodeString& b, int maxLen,
-                                                      const System::UnicodeString& filler);
-TRS8_BTL_API System::AnsiString ConcatenateStrings(const System::AnsiString& a, const System::AnsiString& b,
-                                                   int maxLen, const System::AnsiString& filler);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString ConcatenateStrings(const System::UnicodeString& a,
+                                                                    const System::UnicodeString& b,
+                                                                    int maxLen,
+                                                                    const System::UnicodeString& filler);
+[[nodiscard]] TRS8_BTL_API System::AnsiString ConcatenateStrings(const System::AnsiString& a,
+                                                                 const System::AnsiString& b, int maxLen,
+                                                                 const System::AnsiString& filler);
 
 /// Pads with `c` on the right up to `width`.
-TRS8_BTL_API System::UnicodeString FillString(const System::UnicodeString& s, int width, System::WideChar c);
-TRS8_BTL_API System::AnsiString FillString(const System::AnsiString& s, int width, char c);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString FillString(const System::UnicodeString& s, int width,
+                                                            System::WideChar c);
+[[nodiscard]] TRS8_BTL_API System::AnsiString FillString(const System::AnsiString& s, int width, char c);
 /// Pads with `c` on the left up to `width`.
-TRS8_BTL_API System::UnicodeString FillStringLeft(const System::UnicodeString& s, int width,
-                                                  System::WideChar c);
-TRS8_BTL_API System::AnsiString FillStringLeft(const System::AnsiString& s, int width, char c);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString FillStringLeft(const System::UnicodeString& s, int width,
+                                                                System::WideChar c);
+[[nodiscard]] TRS8_BTL_API System::AnsiString FillStringLeft(const System::AnsiString& s, int width, char c);
 
 /// `value` in decimal, its digits padded with zeros to as many as `maxValue` has, behind a minus sign if
 /// there is one. No padding for a `maxValue` below 1.
-TRS8_BTL_API System::UnicodeString FillNumberLeftW(int value, int maxValue);
-TRS8_BTL_API System::AnsiString FillNumberLeftA(int value, int maxValue);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString FillNumberLeftW(int value, int maxValue);
+[[nodiscard]] TRS8_BTL_API System::AnsiString FillNumberLeftA(int value, int maxValue);
 
 /// Puts `n` in place of the first `placeholder`, with at least as many digits as that has characters; the
 /// rest of `s` is taken as the picture of a number too, see `Sysutils::FormatFloat`. Without a placeholder
 /// `n` is appended.
-TRS8_BTL_API System::UnicodeString InsertNumber(const System::UnicodeString& s,
-                                                const System::UnicodeString& placeholder, int n);
-TRS8_BTL_API System::AnsiString InsertNumber(const System::AnsiString& s,
-                                             const System::AnsiString& placeholder, int n);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString
+InsertNumber(const System::UnicodeString& s, const System::UnicodeString& placeholder, int n);
+[[nodiscard]] TRS8_BTL_API System::AnsiString InsertNumber(const System::AnsiString& s,
+                                                           const System::AnsiString& placeholder, int n);
 
 } // namespace BTL

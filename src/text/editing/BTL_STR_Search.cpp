@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "text/editing/BTL_STR_Search.h"
 
-#include "foundation/UTL_STR_Utilities.h"
+#include "foundation/UTL_STR_Words.h"
 #include "text/editing/internal/BTL_STR_Fold.h"
 
 #include <algorithm>

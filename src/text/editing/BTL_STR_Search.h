@@ -9,54 +9,58 @@ namespace BTL
 // Searching in text. Places are 1-based and 0 means not found; an empty text is found nowhere.
 
 /// The first `c`; 0 for a null pointer.
-TRS8_BTL_API int CharPos(const System::WideChar* text, System::WideChar c);
-TRS8_BTL_API int CharPos(const char* text, char c);
-TRS8_BTL_API int Pos(const System::UnicodeString& s, System::WideChar c);
-TRS8_BTL_API int Pos(const System::AnsiString& s, char c);
+[[nodiscard]] TRS8_BTL_API int CharPos(const System::WideChar* text, System::WideChar c);
+[[nodiscard]] TRS8_BTL_API int CharPos(const char* text, char c);
+[[nodiscard]] TRS8_BTL_API int Pos(const System::UnicodeString& s, System::WideChar c);
+[[nodiscard]] TRS8_BTL_API int Pos(const System::AnsiString& s, char c);
 
 /// The first `sub` at or after `from`, which counts as 1 if it is less.
-TRS8_BTL_API int Pos(const System::UnicodeString& s, const System::UnicodeString& sub, int from);
-TRS8_BTL_API int Pos(const System::AnsiString& s, const System::AnsiString& sub, int from);
+[[nodiscard]] TRS8_BTL_API int Pos(const System::UnicodeString& s, const System::UnicodeString& sub,
+                                   int from);
+[[nodiscard]] TRS8_BTL_API int Pos(const System::AnsiString& s, const System::AnsiString& sub, int from);
 
 /// The first `c` that isn't one of a pair.
-TRS8_BTL_API int Pos_N2(const System::UnicodeString& s, System::WideChar c);
-TRS8_BTL_API int Pos_N2(const System::AnsiString& s, char c);
+[[nodiscard]] TRS8_BTL_API int Pos_N2(const System::UnicodeString& s, System::WideChar c);
+[[nodiscard]] TRS8_BTL_API int Pos_N2(const System::AnsiString& s, char c);
 
 /// The first `sub` without regard to case.
-TRS8_BTL_API int PosIC(const System::UnicodeString& s, const System::UnicodeString& sub);
-TRS8_BTL_API int PosIC(const System::AnsiString& s, const System::AnsiString& sub);
+[[nodiscard]] TRS8_BTL_API int PosIC(const System::UnicodeString& s, const System::UnicodeString& sub);
+[[nodiscard]] TRS8_BTL_API int PosIC(const System::AnsiString& s, const System::AnsiString& sub);
 
 /// The last `c` at or before `from`; a negative `from`, or one past the end, means the end.
-TRS8_BTL_API int CharRPos(const System::UnicodeString& s, System::WideChar c, int from);
-TRS8_BTL_API int CharRPos(const System::AnsiString& s, char c, int from);
+[[nodiscard]] TRS8_BTL_API int CharRPos(const System::UnicodeString& s, System::WideChar c, int from);
+[[nodiscard]] TRS8_BTL_API int CharRPos(const System::AnsiString& s, char c, int from);
 
 /// The place of the last `sub` that lies wholly at or before `end`; a negative `end`, or one past the end,
 /// means the end.
-TRS8_BTL_API int RPos(const System::UnicodeString& s, const System::UnicodeString& sub, int end);
-TRS8_BTL_API int RPos(const System::AnsiString& s, const System::AnsiString& sub, int end);
+[[nodiscard]] TRS8_BTL_API int RPos(const System::UnicodeString& s, const System::UnicodeString& sub,
+                                    int end);
+[[nodiscard]] TRS8_BTL_API int RPos(const System::AnsiString& s, const System::AnsiString& sub, int end);
 /// As `RPos`, but without regard to case.
-TRS8_BTL_API int RIPos(const System::UnicodeString& s, const System::UnicodeString& sub, int end);
-TRS8_BTL_API int RIPos(const System::AnsiString& s, const System::AnsiString& sub, int end);
+[[nodiscard]] TRS8_BTL_API int RIPos(const System::UnicodeString& s, const System::UnicodeString& sub,
+                                     int end);
+[[nodiscard]] TRS8_BTL_API int RIPos(const System::AnsiString& s, const System::AnsiString& sub, int end);
 
 /// True if `sub` stands at `at`; an empty `sub` stands everywhere from 1 to one past the end.
-TRS8_BTL_API bool BeginsWith(const System::UnicodeString& s, const System::UnicodeString& sub, int at);
+[[nodiscard]] TRS8_BTL_API bool BeginsWith(const System::UnicodeString& s, const System::UnicodeString& sub,
+                                           int at);
 /// False for an empty `sub`.
-TRS8_BTL_API bool EndsWith(const System::UnicodeString& s, const System::UnicodeString& sub);
+[[nodiscard]] TRS8_BTL_API bool EndsWith(const System::UnicodeString& s, const System::UnicodeString& sub);
 /// As `EndsWith`, but without regard to case.
-TRS8_BTL_API bool IEndsWith(const System::UnicodeString& s, const System::UnicodeString& sub);
+[[nodiscard]] TRS8_BTL_API bool IEndsWith(const System::UnicodeString& s, const System::UnicodeString& sub);
 
 /// How often `c` occurs; 0 for a null pointer or a zero `c`.
-TRS8_BTL_API int CountChar(const System::WideChar* text, System::WideChar c);
-TRS8_BTL_API int CountChar(const char* text, char c);
+[[nodiscard]] TRS8_BTL_API int CountChar(const System::WideChar* text, System::WideChar c);
+[[nodiscard]] TRS8_BTL_API int CountChar(const char* text, char c);
 /// How often the character occurs that `c` is in the system's code page; 0 for a zero `c`.
-TRS8_BTL_API int CountChar(const System::UnicodeString& s, char c);
+[[nodiscard]] TRS8_BTL_API int CountChar(const System::UnicodeString& s, char c);
 
 /// True if the low 8 bits of any character are the code of a letter of the Western code page.
-TRS8_BTL_API bool IsText(const System::UnicodeString& s);
-TRS8_BTL_API bool IsText(const System::AnsiString& s);
+[[nodiscard]] TRS8_BTL_API bool IsText(const System::UnicodeString& s);
+[[nodiscard]] TRS8_BTL_API bool IsText(const System::AnsiString& s);
 
 /// The upper case of one character. A character whose upper case takes more than one stays.
-TRS8_BTL_API System::WideChar CharUpperW(System::WideChar c);
-TRS8_BTL_API char CharUpperW(char c);
+[[nodiscard]] TRS8_BTL_API System::WideChar CharUpperW(System::WideChar c);
+[[nodiscard]] TRS8_BTL_API char CharUpperW(char c);
 
 } // namespace BTL

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "foundation/UTL_STR_Utilities.h"
+#include "foundation/UTL_STR_Find.h"
 #include "platform/base/System_String.h"
 
 #include <algorithm>

@@ -12,15 +12,15 @@ namespace BTL
 // what follows the break.
 
 /// Whether the text begins with `{\rtf` and goes on.
-TRS8_BTL_API bool IsRTF(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API bool IsRTF(const System::UnicodeString& text);
 
 /// The visible text with `lineBreak` for each paragraph; empty if it is nothing but one paragraph without
 /// text. An escape `\'` that the end of the text cuts off gives nothing. Text in no RTF comes back as it is,
 /// but with each CR LF as a line feed if that is the line break.
-TRS8_BTL_API System::UnicodeString RTF2Plain(const System::UnicodeString& text,
-                                             const System::UnicodeString& lineBreak);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString RTF2Plain(const System::UnicodeString& text,
+                                                           const System::UnicodeString& lineBreak);
 /// With a line feed.
-TRS8_BTL_API System::UnicodeString RTF2PlainStd(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString RTF2PlainStd(const System::UnicodeString& text);
 /// With CR LF.
 TRS8_BTL_API System::UnicodeString RTF2PlainFile(const System::UnicodeString& text);
 

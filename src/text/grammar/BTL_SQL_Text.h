@@ -7,7 +7,7 @@ namespace BTL
 {
 
 /// `text` with every apostrophe doubled, for a literal; the quotes around it are the caller's.
-TRS8_BTL_API System::UnicodeString SQLValueDelim(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString SQLValueDelim(const System::UnicodeString& text);
 
 /// The token of `statement` at the 1-based `index` or behind the white space there; `index` then stands on
 /// its first character, and adding the length of the token leads behind it. Empty at the end; an `index`

@@ -72,11 +72,23 @@ S Word(const S& s, int& pos, typename S::CharType prefix)
     return S(text.substr(at, length));
 }
 
+/// What may stand in front of a piece.
+enum class EBefore
+{
+    Anything,
+    Blanks,
+};
+
+constexpr EBefore BeforeIf(bool skipBlanks)
+{
+    return skipBlanks ? EBefore::Blanks : EBefore::Anything;
+}
+
 /// Where `GetSubString` looks for its `open`.
 template <class View, class Char>
-std::size_t FindOpen(View text, std::size_t at, bool skipBlanks, Char open)
+std::size_t FindOpen(View text, std::size_t at, EBefore before, Char open)
 {
-    if (!skipBlanks) {
+    if (before == EBefore::Anything) {
         return std::min(text.find(open, at), std::max(text.size(), at));
     }
     const std::size_t start = at;
@@ -125,11 +137,11 @@ auto WithoutEscapes(View piece, Char escape)
 }
 
 template <class S>
-S Piece(const S& s, int& pos, bool skipBlanks, typename S::CharType open, typename S::CharType close,
+S Piece(const S& s, int& pos, EBefore before, typename S::CharType open, typename S::CharType close,
         typename S::CharType escape)
 {
     const auto text = s.AsView();
-    const std::size_t at = FindOpen(text, IndexOf(s, pos), skipBlanks, open);
+    const std::size_t at = FindOpen(text, IndexOf(s, pos), before, open);
     pos = static_cast<int>(at) + 1;
     if (at >= text.size() || text[at] != open) {
         return S();
@@ -170,7 +182,7 @@ TCommand<S> FindCommand(const S& s, const S& cmd, typename S::CharType open, typ
     command.begin = CommandPosition(s, cmd);
     if (command.begin != 0) {
         command.end = command.begin + cmd.Length();
-        command.parameter = Piece(s, command.end, true, open, close, escape);
+        command.parameter = Piece(s, command.end, EBefore::Blanks, open, close, escape);
     }
     return command;
 }
@@ -242,25 +254,25 @@ AnsiString GetWord(const AnsiString& s, char prefix)
 UnicodeString GetSubString(const UnicodeString& s, int& pos, bool skipBlanks, WideChar open, WideChar close,
                            WideChar escape)
 {
-    return Piece(s, pos, skipBlanks, open, close, escape);
+    return Piece(s, pos, BeforeIf(skipBlanks), open, close, escape);
 }
 
 AnsiString GetSubString(const AnsiString& s, int& pos, bool skipBlanks, char open, char close, char escape)
 {
-    return Piece(s, pos, skipBlanks, open, close, escape);
+    return Piece(s, pos, BeforeIf(skipBlanks), open, close, escape);
 }
 
 UnicodeString GetSubString(const UnicodeString& s, bool skipBlanks, WideChar open, WideChar close,
                            WideChar escape)
 {
     int pos = 1;
-    return Piece(s, pos, skipBlanks, open, close, escape);
+    return Piece(s, pos, BeforeIf(skipBlanks), open, close, escape);
 }
 
 AnsiString GetSubString(const AnsiString& s, bool skipBlanks, char open, char close, char escape)
 {
     int pos = 1;
-    return Piece(s, pos, skipBlanks, open, close, escape);
+    return Piece(s, pos, BeforeIf(skipBlanks), open, close, escape);
 }
 
 int GetCommandPosition(const UnicodeString& s, const UnicodeString& cmd)

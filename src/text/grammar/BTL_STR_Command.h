@@ -39,26 +39,26 @@ TRS8_BTL_API System::UnicodeString GetSubString(const System::UnicodeString& s, 
 TRS8_BTL_API System::AnsiString GetSubString(const System::AnsiString& s, int& pos, bool skipBlanks,
                                              char open, char close, char escape);
 /// The first piece, as `GetSubString` with a place finds it.
-TRS8_BTL_API System::UnicodeString GetSubString(const System::UnicodeString& s, bool skipBlanks,
-                                                System::WideChar open, System::WideChar close,
-                                                System::WideChar escape);
-TRS8_BTL_API System::AnsiString GetSubString(const System::AnsiString& s, bool skipBlanks, char open,
-                                             char close, char escape);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetSubString(const System::UnicodeString& s, bool skipBlanks,
+                                                              System::WideChar open, System::WideChar close,
+                                                              System::WideChar escape);
+[[nodiscard]] TRS8_BTL_API System::AnsiString GetSubString(const System::AnsiString& s, bool skipBlanks,
+                                                           char open, char close, char escape);
 
 /// The place of the first `cmd`; 0 if there is none or a word goes on behind it.
-TRS8_BTL_API int GetCommandPosition(const System::UnicodeString& s, const System::UnicodeString& cmd);
-TRS8_BTL_API int GetCommandPosition(const System::AnsiString& s, const System::AnsiString& cmd);
+[[nodiscard]] TRS8_BTL_API int GetCommandPosition(const System::UnicodeString& s,
+                                                  const System::UnicodeString& cmd);
+[[nodiscard]] TRS8_BTL_API int GetCommandPosition(const System::AnsiString& s, const System::AnsiString& cmd);
 
 // The parameter of a command is the piece that begins behind it, with blanks between, see `GetSubString`.
 
 /// The parameter; empty if there is no command.
-TRS8_BTL_API System::UnicodeString GetCommandParameter(const System::UnicodeString& s,
-                                                       const System::UnicodeString& cmd,
-                                                       System::WideChar open, System::WideChar close,
-                                                       System::WideChar escape);
-TRS8_BTL_API System::AnsiString GetCommandParameter(const System::AnsiString& s,
-                                                    const System::AnsiString& cmd, char open, char close,
-                                                    char escape);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString
+GetCommandParameter(const System::UnicodeString& s, const System::UnicodeString& cmd, System::WideChar open,
+                    System::WideChar close, System::WideChar escape);
+[[nodiscard]] TRS8_BTL_API System::AnsiString GetCommandParameter(const System::AnsiString& s,
+                                                                  const System::AnsiString& cmd, char open,
+                                                                  char close, char escape);
 /// True if there is the command; only then `param` is written.
 TRS8_BTL_API bool GetCommandParameter2(System::UnicodeString& param, const System::UnicodeString& s,
                                        const System::UnicodeString& cmd, System::WideChar open,

@@ -32,7 +32,7 @@ TRS8_BTL_API System::UnicodeString CommaText(Classes::TStrings* strings, System:
 TRS8_BTL_API System::AnsiString CommaTextA(Classes::TStrings* strings, char delim = ',');
 
 /// A text of several lines as the comma text of a string list; any other text as it is.
-TRS8_BTL_API System::UnicodeString LinesToCommaText(const System::UnicodeString& s);
-TRS8_BTL_API System::AnsiString LinesToCommaText(const System::AnsiString& s);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString LinesToCommaText(const System::UnicodeString& s);
+[[nodiscard]] TRS8_BTL_API System::AnsiString LinesToCommaText(const System::AnsiString& s);
 
 } // namespace BTL

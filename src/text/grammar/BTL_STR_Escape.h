@@ -10,17 +10,17 @@ namespace BTL
 
 /// Replaces "\n", "\r", "\t" and "\\" one after the other, each in the whole text: a backslash and an n
 /// behind another backslash are a line feed too.
-TRS8_BTL_API System::UnicodeString ApplyEscapeSequences(const System::UnicodeString& s);
-TRS8_BTL_API System::AnsiString ApplyEscapeSequences(const System::AnsiString& s);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString ApplyEscapeSequences(const System::UnicodeString& s);
+[[nodiscard]] TRS8_BTL_API System::AnsiString ApplyEscapeSequences(const System::AnsiString& s);
 /// As `ApplyEscapeSequences`, and then the escaped double quote and apostrophe.
-TRS8_BTL_API System::UnicodeString ApplyEscapeSequences2(const System::UnicodeString& s);
-TRS8_BTL_API System::AnsiString ApplyEscapeSequences2(const System::AnsiString& s);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString ApplyEscapeSequences2(const System::UnicodeString& s);
+[[nodiscard]] TRS8_BTL_API System::AnsiString ApplyEscapeSequences2(const System::AnsiString& s);
 
 /// Writes backslash, line feed, carriage return and tab as escapes.
-TRS8_BTL_API System::UnicodeString InsertEscapeSequences(const System::UnicodeString& s);
-TRS8_BTL_API System::AnsiString InsertEscapeSequences(const System::AnsiString& s);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString InsertEscapeSequences(const System::UnicodeString& s);
+[[nodiscard]] TRS8_BTL_API System::AnsiString InsertEscapeSequences(const System::AnsiString& s);
 /// As `InsertEscapeSequences`, and then puts a backslash in front of each apostrophe and double quote.
-TRS8_BTL_API System::UnicodeString InsertEscapeSequences2(const System::UnicodeString& s);
-TRS8_BTL_API System::AnsiString InsertEscapeSequences2(const System::AnsiString& s);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString InsertEscapeSequences2(const System::UnicodeString& s);
+[[nodiscard]] TRS8_BTL_API System::AnsiString InsertEscapeSequences2(const System::AnsiString& s);
 
 } // namespace BTL

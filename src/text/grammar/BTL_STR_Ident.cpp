@@ -16,10 +16,14 @@ using System::AnsiString;
 using System::UnicodeString;
 using System::WideChar;
 
-constexpr bool IsIdentChar(std::uint32_t c, bool first)
+constexpr bool StartsIdent(std::uint32_t c)
 {
-    const bool isLetter = System::Detail::IsAsciiLetter(c) || c == '_';
-    return isLetter || (!first && System::Detail::IsAsciiDigit(c));
+    return System::Detail::IsAsciiLetter(c) || c == '_';
+}
+
+constexpr bool ContinuesIdent(std::uint32_t c)
+{
+    return StartsIdent(c) || System::Detail::IsAsciiDigit(c);
 }
 
 template <class S>
@@ -28,7 +32,8 @@ S ToIdent(const S& s, typename S::CharType replacement)
     S result;
     bool first = true;
     for (const auto c : s.AsView()) {
-        if (IsIdentChar(static_cast<std::make_unsigned_t<typename S::CharType>>(c), first)) {
+        const auto code = static_cast<std::make_unsigned_t<typename S::CharType>>(c);
+        if (first ? StartsIdent(code) : ContinuesIdent(code)) {
             result += c;
         } else if (replacement != 0) {
             result += replacement;

@@ -8,24 +8,26 @@ namespace BTL
 
 /// Makes an identifier of ASCII letters, digits and `_`: any other character, and a digit in front, becomes
 /// `replacement`, or is deleted if that is 0. A deletion can leave a digit in front.
-TRS8_BTL_API System::UnicodeString TransformToValidIdent(const System::UnicodeString& s,
-                                                         System::WideChar replacement);
-TRS8_BTL_API System::AnsiString TransformToValidIdent(const System::AnsiString& s, char replacement);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString TransformToValidIdent(const System::UnicodeString& s,
+                                                                       System::WideChar replacement);
+[[nodiscard]] TRS8_BTL_API System::AnsiString TransformToValidIdent(const System::AnsiString& s,
+                                                                    char replacement);
 /// Makes an identifier as the form without `prefix`, but in place of an empty one gives `prefix` and a number
 /// that rises with each such call in the process, from 1 on.
-TRS8_BTL_API System::UnicodeString TransformToValidIdent(const System::UnicodeString& s,
-                                                         System::WideChar replacement,
-                                                         const System::UnicodeString& prefix);
-TRS8_BTL_API System::AnsiString TransformToValidIdent(const System::AnsiString& s, char replacement,
-                                                      const System::AnsiString& prefix);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString TransformToValidIdent(const System::UnicodeString& s,
+                                                                       System::WideChar replacement,
+                                                                       const System::UnicodeString& prefix);
+[[nodiscard]] TRS8_BTL_API System::AnsiString
+TransformToValidIdent(const System::AnsiString& s, char replacement, const System::AnsiString& prefix);
 
 /// The 1-based place of the first `marker` that marks a shortcut: one of no pair, with a character behind it.
 /// 0 if there is none.
-TRS8_BTL_API int ShortCutPos(const System::UnicodeString& s, System::WideChar marker);
-TRS8_BTL_API int ShortCutPos(const System::AnsiString& s, char marker);
+[[nodiscard]] TRS8_BTL_API int ShortCutPos(const System::UnicodeString& s, System::WideChar marker);
+[[nodiscard]] TRS8_BTL_API int ShortCutPos(const System::AnsiString& s, char marker);
 
 /// `s` without its single markers; pairs stay.
-TRS8_BTL_API System::UnicodeString ClearShortCut(const System::UnicodeString& s, System::WideChar marker);
-TRS8_BTL_API System::AnsiString ClearShortCut(const System::AnsiString& s, char marker);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString ClearShortCut(const System::UnicodeString& s,
+                                                               System::WideChar marker);
+[[nodiscard]] TRS8_BTL_API System::AnsiString ClearShortCut(const System::AnsiString& s, char marker);
 
 } // namespace BTL

@@ -11,10 +11,10 @@ namespace BTL
 /// dropped. Parameters and values are comma texts without nested brackets. What was inserted is searched
 /// again for calls; a body that goes on calling itself is expanded only to a bound and then stands as it is,
 /// as does a call without its brackets.
-TRS8_BTL_API System::UnicodeString ApplyMacro(const System::UnicodeString& text,
-                                              const System::UnicodeString& macro,
-                                              const System::UnicodeString& body);
-TRS8_BTL_API System::AnsiString ApplyMacro(const System::AnsiString& text, const System::AnsiString& macro,
-                                           const System::AnsiString& body);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString ApplyMacro(const System::UnicodeString& text,
+                                                            const System::UnicodeString& macro,
+                                                            const System::UnicodeString& body);
+[[nodiscard]] TRS8_BTL_API System::AnsiString
+ApplyMacro(const System::AnsiString& text, const System::AnsiString& macro, const System::AnsiString& body);
 
 } // namespace BTL

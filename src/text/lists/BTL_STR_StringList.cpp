@@ -188,7 +188,10 @@ CStringList::CStringList(int count) : CStringList()
     AddEmptyLines(*mStrings, count);
 }
 
-CStringList::CStringList(const UnicodeString& commaText) : CStringList(commaText, false) {}
+CStringList::CStringList(const UnicodeString& commaText) : CStringList()
+{
+    mStrings->setCommaText(commaText);
+}
 
 CStringList::CStringList(const UnicodeString& text, bool asLines) : CStringList()
 {
@@ -223,7 +226,10 @@ CAutoStringList::CAutoStringList(int count) : CAutoStringList()
     AddEmptyLines(*mStrings, count);
 }
 
-CAutoStringList::CAutoStringList(const UnicodeString& commaText) : CAutoStringList(commaText, false) {}
+CAutoStringList::CAutoStringList(const UnicodeString& commaText) : CAutoStringList()
+{
+    mStrings->setCommaText(commaText);
+}
 
 CAutoStringList::CAutoStringList(const UnicodeString& text, bool asLines) : CAutoStringList()
 {

@@ -15,6 +15,6 @@ TRS8_BTL_API bool Find1stInt(const System::UnicodeString& text, int& position, i
 TRS8_BTL_API bool Find1stFloat(const System::UnicodeString& text, int& position, int& length);
 /// The text of the first float and its 1-based position; an empty text and 0 if there is none.
 TRS8_BTL_API System::UnicodeString Cut1stFloat(const System::UnicodeString& text, int& position);
-TRS8_BTL_API System::UnicodeString Cut1stFloat(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString Cut1stFloat(const System::UnicodeString& text);
 
 } // namespace BTL

@@ -11,8 +11,8 @@ namespace BTL
 // target only on success.
 
 /// True if the whole `text`, trimmed, is a number with an optional exponent that a `double` can hold.
-TRS8_BTL_API bool IsDouble(const System::UnicodeString& text);
-TRS8_BTL_API bool IsDouble(const System::AnsiString& text);
+[[nodiscard]] TRS8_BTL_API bool IsDouble(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API bool IsDouble(const System::AnsiString& text);
 TRS8_BTL_API bool ToDouble(const System::UnicodeString& text, double& value);
 TRS8_BTL_API bool ToDouble(const System::AnsiString& text, double& value);
 /// `Sysutils::EConvertError` if `text` is no number.

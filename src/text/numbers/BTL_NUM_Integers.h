@@ -9,18 +9,20 @@ namespace BTL
 // Integers as text. Forms with a `bool` result write their target only on success.
 
 /// `value` by a format of `Sysutils::FormatFloat`.
-TRS8_BTL_API System::UnicodeString FormatInt(const System::UnicodeString& format, int value);
-TRS8_BTL_API System::AnsiString FormatInt(const System::AnsiString& format, int value);
-TRS8_BTL_API System::UnicodeString FormatInt64(const System::UnicodeString& format, System::Int64 value);
-TRS8_BTL_API System::AnsiString FormatInt64(const System::AnsiString& format, System::Int64 value);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString FormatInt(const System::UnicodeString& format, int value);
+[[nodiscard]] TRS8_BTL_API System::AnsiString FormatInt(const System::AnsiString& format, int value);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString FormatInt64(const System::UnicodeString& format,
+                                                             System::Int64 value);
+[[nodiscard]] TRS8_BTL_API System::AnsiString FormatInt64(const System::AnsiString& format,
+                                                          System::Int64 value);
 
 /// True if the whole `text` behind leading blanks is a 32-bit integer: an optional sign and decimal digits,
 /// or a `$` or `0x` prefix and hexadecimal digits. A leading `x` is refused.
-TRS8_BTL_API bool IsInt(const System::UnicodeString& text);
-TRS8_BTL_API bool IsInt(const System::AnsiString& text);
+[[nodiscard]] TRS8_BTL_API bool IsInt(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API bool IsInt(const System::AnsiString& text);
 /// As `IsInt`, with no blank allowed in front.
-TRS8_BTL_API bool IsIntStrong(const System::UnicodeString& text);
-TRS8_BTL_API bool IsIntStrong(const System::AnsiString& text);
+[[nodiscard]] TRS8_BTL_API bool IsIntStrong(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API bool IsIntStrong(const System::AnsiString& text);
 
 /// Reads the decimal integer at the start of `text`, behind white space; what follows its digits is ignored.
 /// False if no digit stands there, with at most a sign in front. A number beyond the range of the target
@@ -34,8 +36,8 @@ TRS8_BTL_API bool StrToInt64(const System::AnsiString& text, System::Int64& valu
 TRS8_BTL_API System::Int64 StrToInt64Def(const System::UnicodeString& text, System::Int64 defaultValue);
 TRS8_BTL_API System::Int64 StrToInt64Def(const System::AnsiString& text, System::Int64 defaultValue);
 /// True if `StrToInt64` succeeds, so also for a text that merely begins like a number.
-TRS8_BTL_API bool IsIntType(const System::UnicodeString& text);
-TRS8_BTL_API bool IsIntType(const System::AnsiString& text);
+[[nodiscard]] TRS8_BTL_API bool IsIntType(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API bool IsIntType(const System::AnsiString& text);
 
 /// As `ToInt`, without a sign.
 TRS8_BTL_API bool StrToUInt(const System::UnicodeString& text, unsigned& value);
@@ -48,8 +50,8 @@ TRS8_BTL_API System::UInt64 StrToUInt64Def(const System::UnicodeString& text, Sy
 TRS8_BTL_API bool HexToInt(const System::UnicodeString& text, int& value);
 TRS8_BTL_API bool HexToInt(const System::AnsiString& text, int& value);
 /// 0 if no number can be read.
-TRS8_BTL_API int HexToInt(const System::UnicodeString& text);
-TRS8_BTL_API int HexToInt(const System::AnsiString& text);
+[[nodiscard]] TRS8_BTL_API int HexToInt(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API int HexToInt(const System::AnsiString& text);
 
 /// 0 and 1 stay, any other value gives 2.
 constexpr int ToThreeState(int value)

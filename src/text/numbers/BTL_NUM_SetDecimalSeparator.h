@@ -22,12 +22,13 @@ private:
 };
 
 /// `text` with its first `.`, or if there is none its first `,`, replaced by `separator`.
-TRS8_BTL_API System::UnicodeString SetDecimalSeparator(const System::UnicodeString& text,
-                                                       System::WideChar separator);
-TRS8_BTL_API System::AnsiString SetDecimalSeparator(const System::AnsiString& text, char separator);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString SetDecimalSeparator(const System::UnicodeString& text,
+                                                                     System::WideChar separator);
+[[nodiscard]] TRS8_BTL_API System::AnsiString SetDecimalSeparator(const System::AnsiString& text,
+                                                                  char separator);
 
 /// As `SetDecimalSeparator` with `Sysutils::DecimalSeparator`.
-TRS8_BTL_API System::UnicodeString AdaptDecimalSeparator(const System::UnicodeString& text);
-TRS8_BTL_API System::AnsiString AdaptDecimalSeparator(const System::AnsiString& text);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString AdaptDecimalSeparator(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API System::AnsiString AdaptDecimalSeparator(const System::AnsiString& text);
 
 } // namespace BTL

@@ -5,7 +5,8 @@
 #include "platform/base/Sysutils_Exception.h"
 #include "platform/runtime/variants/Variants.h"
 #include "text/lists/BTL_STR_StringList.h"
-#include "text/variants/BTL_VARI_Utilities.h"
+#include "text/variants/BTL_VARI_BestValue.h"
+#include "text/variants/BTL_VARI_Conversions.h"
 
 #include <algorithm>
 #include <optional>

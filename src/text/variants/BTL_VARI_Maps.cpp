@@ -3,7 +3,8 @@
 
 #include "foundation/UTL_ASRT_Assert.h"
 #include "text/lists/BTL_STR_StringsUpdate.h"
-#include "text/variants/BTL_VARI_Utilities.h"
+#include "text/variants/BTL_VARI_Conversions.h"
+#include "text/variants/BTL_VARI_Stored.h"
 
 namespace BTL
 {

@@ -3,7 +3,8 @@
 
 #include "text/lists/BTL_STR_StringList.h"
 #include "text/lists/BTL_STR_StringsUpdate.h"
-#include "text/variants/BTL_VARI_Utilities.h"
+#include "text/variants/BTL_VARI_Conversions.h"
+#include "text/variants/BTL_VARI_SqlValue.h"
 
 namespace BTL
 {

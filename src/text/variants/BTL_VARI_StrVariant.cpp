@@ -6,7 +6,7 @@
 #include "platform/base/numbers/Sysutils_Currency.h"
 #include "text/numbers/BTL_NUM_Floats.h"
 #include "text/numbers/BTL_NUM_Integers.h"
-#include "text/variants/BTL_VARI_Utilities.h"
+#include "text/variants/BTL_VARI_Conversions.h"
 
 namespace BTL
 {

@@ -1,25 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "text/bytes/BTL_BIN_BinaryData.h"
 
-#include <array>
+#include "text/bytes/BytesSupport.h"
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <string_view>
+
+using Support::AllBytes;
 using System::AnsiString;
 using System::UnicodeString;
 using System::UTF8String;
 
 namespace
 {
-
-AnsiString AllBytes()
-{
-    AnsiString bytes;
-    for (int i = 0; i < 256; ++i) {
-        bytes += static_cast<char>(i);
-    }
-    return bytes;
-}
 
 TEST(BinaryDataTest, HexHasTwoLowerDigitsPerByte)
 {

@@ -1,23 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "text/bytes/BTL_CRYPT_Crypt.h"
+
 #include "text/bytes/BTL_BIN_BinaryData.h"
+#include "text/bytes/BytesSupport.h"
 
 #include <gtest/gtest.h>
 
+using Support::AllBytes;
 using System::AnsiString;
 using System::UnicodeString;
 
 namespace
 {
-
-AnsiString AllBytes()
-{
-    AnsiString bytes;
-    for (int i = 0; i < 256; ++i) {
-        bytes += static_cast<char>(i);
-    }
-    return bytes;
-}
 
 TEST(CryptTest, ScrambledTextComesBack)
 {

@@ -94,14 +94,24 @@ TEST(StringIdPairListTest, HandlersThatRaiseLeaveTheListWhole)
     EXPECT_FALSE(foreign.getOwnsObjects()) << "nothing was given to it";
 }
 
+/// In the order of the codes, which costs little to ask for.
+class OrdinalPairs : public TStringIdPairList
+{
+public:
+    ~OrdinalPairs() override = default;
+
+protected:
+    int CompareStrings(const UnicodeString& a, const UnicodeString& b) const override { return a.Compare(b); }
+};
+
 TEST(StringIdPairListTest, TakesManyLinesAtOnce)
 {
-    constexpr int count = 200'000;
+    constexpr int count = 100'000;
     TStringIdPairList source;
     for (int i = 0; i < count; ++i) {
         source.AddStringIdPair(UnicodeString(count - i), i);
     }
-    TStringIdPairList sorted;
+    OrdinalPairs sorted;
     sorted.setSorted(true);
     sorted.AddStringIdPair(u"1", 7);
     sorted.AddStrings(&source);
@@ -109,9 +119,21 @@ TEST(StringIdPairListTest, TakesManyLinesAtOnce)
     EXPECT_EQ(sorted.getId(sorted.IndexOf(u"1")), 7);
     EXPECT_EQ(sorted.getId(sorted.IndexOf(u"2")), count - 2);
     EXPECT_EQ(sorted.getObjects(sorted.IndexOf(UnicodeString(count))), nullptr) << "the id 0";
+}
+
+TEST(StringIdPairListTest, RefusedLinesLeaveNoIds)
+{
+    TStringIdPairList source;
+    TStringIdPairList sorted;
+    sorted.setSorted(true);
+    for (int i = 1; i <= 20; ++i) {
+        source.AddStringIdPair(UnicodeString(i), i);
+        sorted.AddStringIdPair(UnicodeString(i), -i);
+    }
     sorted.setDuplicates(Classes::dupError);
     EXPECT_THROW(sorted.AddStrings(&source), Classes::EStringListError);
-    EXPECT_EQ(sorted.getCount(), count);
+    EXPECT_EQ(sorted.getCount(), 20);
+    EXPECT_EQ(sorted.getId(sorted.IndexOf(u"7")), -7);
 }
 
 } // namespace

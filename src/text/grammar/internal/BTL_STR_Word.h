@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "foundation/UTL_STR_Utilities.h"
+#include "foundation/UTL_STR_Words.h"
+#include "platform/base/System_Types.h"
+
+#include <type_traits>
 
 namespace BTL::Detail
 {

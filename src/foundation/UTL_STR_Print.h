@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "foundation/UTL_STR_String.h"
+#include "platform/runtime/sysutils/System_Printf.h"
+
+namespace UTL
+{
+
+/// Formats by the rules of `System::PrintfA`, which raises `Sysutils::EConvertError` where the arguments
+/// don't fit. A result of more than 511 characters is cut there. The result of a wide format is narrowed.
+TRS8_BTL_API CString VSPrintf(const char* format, System::TVarArgs arguments);
+TRS8_BTL_API CString VSPrintf(const System::WideChar* format, System::TVarArgs arguments);
+
+template <class... Arguments>
+CString SPrintf(const char* format, const Arguments&... arguments)
+{
+    return VSPrintf(format, System::TVarArgs{System::TVarRec(arguments)...});
+}
+
+template <class... Arguments>
+CString SPrintf(const System::WideChar* format, const Arguments&... arguments)
+{
+    return VSPrintf(format, System::TVarArgs{System::TVarRec(arguments)...});
+}
+
+} // namespace UTL

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/runtime/variants/System_Variant.h"
+
+namespace BTL
+{
+
+/// What the whole text is: an integer (decimal, or hexadecimal behind `$` or `0x`), a `double`, Null if
+/// empty, else the text.
+[[nodiscard]] TRS8_BTL_API System::Variant StringToBestVariant(const System::UnicodeString& text);
+/// As `StringToBestVariant`, but "false" is 0, "true" 1 and "null" Null, in small letters only.
+[[nodiscard]] TRS8_BTL_API System::Variant StringToBestPropertyValue(const System::UnicodeString& text);
+
+} // namespace BTL
