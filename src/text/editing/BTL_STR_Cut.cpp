@@ -2,6 +2,7 @@
 #include "text/editing/BTL_STR_Cut.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace BTL
 {
