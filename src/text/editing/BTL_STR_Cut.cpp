@@ -52,7 +52,8 @@ bool ReduceTo(S& s, int n, const S& suffix)
     if (n < 0 || s.Length() <= n) {
         return false;
     }
-    const S added = suffix;
+    // `suffix` may be `s` itself.
+    const S added = suffix; // NOLINT(performance-unnecessary-copy-initialization)
     s.SetLength(n);
     s += added;
     return true;
