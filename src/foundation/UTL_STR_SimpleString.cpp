@@ -46,10 +46,10 @@ std::basic_string_view<Char> Tail(const Char* text, int offset)
 }
 
 /// The narrow form of `text` that keeps a null pointer null.
-class NarrowText
+class CNarrowText
 {
 public:
-    explicit NarrowText(const WideChar* text) : mText(text), mIsNull(text == nullptr) {}
+    explicit CNarrowText(const WideChar* text) : mText(text), mIsNull(text == nullptr) {}
 
     const char* Get() const { return mIsNull ? nullptr : mText.c_str(); }
 
@@ -127,7 +127,7 @@ CSimpleString& CSimpleString::operator=(const char* text)
 
 CSimpleString& CSimpleString::operator=(const WideChar* text)
 {
-    return *this = NarrowText(text).Get();
+    return *this = CNarrowText(text).Get();
 }
 
 void CSimpleString::_assign(const char* text, int offset)
@@ -153,7 +153,7 @@ CSimpleString& CSimpleString::operator+=(const char* text)
 
 CSimpleString& CSimpleString::operator+=(const WideChar* text)
 {
-    return *this += NarrowText(text).Get();
+    return *this += CNarrowText(text).Get();
 }
 
 CSimpleString CSimpleString::operator+(const char* text) const
@@ -165,7 +165,7 @@ CSimpleString CSimpleString::operator+(const char* text) const
 
 CSimpleString CSimpleString::operator+(const WideChar* text) const
 {
-    return *this + NarrowText(text).Get();
+    return *this + CNarrowText(text).Get();
 }
 
 bool CSimpleString::operator==(const char* text) const
@@ -175,7 +175,7 @@ bool CSimpleString::operator==(const char* text) const
 
 bool CSimpleString::operator==(const WideChar* text) const
 {
-    return *this == NarrowText(text).Get();
+    return *this == CNarrowText(text).Get();
 }
 
 bool CSimpleString::operator<(const char* text) const
@@ -185,7 +185,7 @@ bool CSimpleString::operator<(const char* text) const
 
 bool CSimpleString::operator<(const WideChar* text) const
 {
-    return *this < NarrowText(text).Get();
+    return *this < CNarrowText(text).Get();
 }
 
 char& CSimpleString::operator[](int index)
@@ -201,6 +201,8 @@ char& CSimpleString::operator[](int index)
 const char& CSimpleString::operator[](int index) const
 {
     static constexpr char zero = 0;
+    // Nothing is inside of null, which the analyzer doesn't see.
+    // NOLINTNEXTLINE(clang-analyzer-core.uninitialized.UndefReturn)
     return IsInside(index, ReadsOutside) ? mText[index] : zero;
 }
 

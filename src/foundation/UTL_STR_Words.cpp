@@ -40,7 +40,7 @@ bool IsNameLetterOrDigit(WideChar c)
     return IsUnicodeLetterOrDigit(c);
 }
 
-using WordTable = std::array<unsigned char, 256>;
+using TWordTable = std::array<unsigned char, 256>;
 
 enum class EDigits
 {
@@ -48,9 +48,9 @@ enum class EDigits
     Taken,
 };
 
-constexpr WordTable MakeWordTable(EDigits digits)
+constexpr TWordTable MakeWordTable(EDigits digits)
 {
-    WordTable table = {};
+    TWordTable table = {};
     for (unsigned code = 0; code < table.size(); ++code) {
         const bool isLetter = IsAsciiLetter(code) || code == '_';
         const bool isWestern = code == 142 || code == 158 || code == 159 || (code >= 192 && code != 247);
@@ -60,8 +60,8 @@ constexpr WordTable MakeWordTable(EDigits digits)
     return table;
 }
 
-constexpr WordTable WordChars = MakeWordTable(EDigits::Left);
-constexpr WordTable WordChars2 = MakeWordTable(EDigits::Taken);
+constexpr TWordTable WordChars = MakeWordTable(EDigits::Left);
+constexpr TWordTable WordChars2 = MakeWordTable(EDigits::Taken);
 
 bool IsInTable(char c, const unsigned char* table)
 {

@@ -9,6 +9,8 @@
 #include <bit>
 #include <climits>
 #include <functional>
+#include <optional>
+#include <string_view>
 
 namespace BTL
 {

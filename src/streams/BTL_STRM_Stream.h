@@ -41,8 +41,8 @@ enum EStreamSync : int
 
 /// The caller owns the stream. Raises what the constructor of `Classes::TFileStream` raises. A mode that is
 /// none of the values counts as `fomRead`, a share mode as `fsmDenyNone`.
-TRS8_BTL_API Classes::TFileStream* CreateFileStream(const System::UnicodeString& path, EFileOpenMode mode,
-                                                    EFileShareMode share);
+[[nodiscard]] TRS8_BTL_API Classes::TFileStream* CreateFileStream(const System::UnicodeString& path,
+                                                                  EFileOpenMode mode, EFileShareMode share);
 
 /// Looks for `text` from `start` on, from the position on if that is negative. The result is the place of its
 /// first byte, with the position behind the match. If there is none it is -1, and the position is at the end,

@@ -28,12 +28,12 @@ inline bool ReadAlone(const System::UnicodeString& text, double& value)
     return Sysutils::TextToFloat(text, value);
 }
 
-inline const TNumberLinks<char>& LinksFor(std::string_view)
+[[nodiscard]] inline const TNumberLinks<char>& LinksFor(std::string_view)
 {
     return Links().Narrow;
 }
 
-inline const TNumberLinks<System::WideChar>& LinksFor(std::u16string_view)
+[[nodiscard]] inline const TNumberLinks<System::WideChar>& LinksFor(std::u16string_view)
 {
     return Links().Wide;
 }

@@ -9,7 +9,7 @@ namespace UTL::Detail
 
 /// `name` in the folder of the program, where the logs lie by default; `name` alone if nothing tells the
 /// folder.
-inline System::UnicodeString InProgramFolder(const System::UnicodeString& name)
+[[nodiscard]] inline System::UnicodeString InProgramFolder(const System::UnicodeString& name)
 {
     const auto folder = Links().BinPath;
     return folder == nullptr ? name : folder() + name;

@@ -2,6 +2,7 @@
 #include "text/editing/BTL_STR_Cut.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace BTL
 {
@@ -51,7 +52,8 @@ bool ReduceTo(S& s, int n, const S& suffix)
     if (n < 0 || s.Length() <= n) {
         return false;
     }
-    const S added = suffix;
+    // `suffix` may be `s` itself.
+    const S added = suffix; // NOLINT(performance-unnecessary-copy-initialization)
     s.SetLength(n);
     s += added;
     return true;

@@ -4,6 +4,7 @@
 #include "text/grammar/internal/BTL_STR_Word.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace BTL
 {

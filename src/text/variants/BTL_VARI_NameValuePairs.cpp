@@ -6,6 +6,8 @@
 #include "text/variants/BTL_VARI_Conversions.h"
 #include "text/variants/BTL_VARI_SqlValue.h"
 
+#include <utility>
+
 namespace BTL
 {
 

@@ -11,28 +11,28 @@ namespace BTL::Detail
 
 /// Whether a table of word characters has `c`; no character above 255 is one.
 template <class Char>
-bool IsInWordTable(Char c, const unsigned char* table)
+[[nodiscard]] bool IsInWordTable(Char c, const unsigned char* table)
 {
     const auto code = static_cast<std::make_unsigned_t<Char>>(c);
     return code < 256 && table[code] != 0;
 }
 
-inline bool StartsWord(char c)
+[[nodiscard]] inline bool StartsWord(char c)
 {
     return IsInWordTable(c, UTL::GetWordCharsA());
 }
 
-inline bool StartsWord(System::WideChar c)
+[[nodiscard]] inline bool StartsWord(System::WideChar c)
 {
     return IsInWordTable(c, UTL::GetWordCharsW());
 }
 
-inline bool ContinuesWord(char c)
+[[nodiscard]] inline bool ContinuesWord(char c)
 {
     return IsInWordTable(c, UTL::GetWordChars2A());
 }
 
-inline bool ContinuesWord(System::WideChar c)
+[[nodiscard]] inline bool ContinuesWord(System::WideChar c)
 {
     return IsInWordTable(c, UTL::GetWordChars2W());
 }

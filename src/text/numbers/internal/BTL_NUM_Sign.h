@@ -5,7 +5,7 @@ namespace BTL::Detail
 {
 
 template <class Char>
-constexpr bool IsPlusOrMinus(Char c)
+[[nodiscard]] constexpr bool IsPlusOrMinus(Char c)
 {
     return c == '+' || c == '-';
 }

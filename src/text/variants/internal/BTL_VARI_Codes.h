@@ -13,29 +13,29 @@ namespace BTL::Detail
 {
 
 /// The code of an array stays apart from that of its elements.
-inline System::Word CodeOf(const System::Variant& value)
+[[nodiscard]] inline System::Word CodeOf(const System::Variant& value)
 {
     return value.IsArray() ? System::varArray : value.Type();
 }
 
-inline bool HasNoValue(const System::Variant& value)
+[[nodiscard]] inline bool HasNoValue(const System::Variant& value)
 {
     return value.IsEmpty() || value.IsNull();
 }
 
-inline bool IsFloatCode(System::Word code)
+[[nodiscard]] inline bool IsFloatCode(System::Word code)
 {
     return code == System::varSingle || code == System::varDouble || code == System::varCurrency;
 }
 
-inline System::UnicodeString TextOf(const System::Variant& value)
+[[nodiscard]] inline System::UnicodeString TextOf(const System::Variant& value)
 {
     return value.As<System::UnicodeString>();
 }
 
 /// The platform's cast; nothing if it can't be done.
 template <class T>
-std::optional<T> TryCast(const System::Variant& value)
+[[nodiscard]] std::optional<T> TryCast(const System::Variant& value)
 {
     try {
         return value.As<T>();
@@ -45,13 +45,13 @@ std::optional<T> TryCast(const System::Variant& value)
 }
 
 /// The bits of a `varDecimal`.
-inline System::UInt64 PayloadOf(const System::Variant& decimal)
+[[nodiscard]] inline System::UInt64 PayloadOf(const System::Variant& decimal)
 {
     return decimal.As<System::UInt64>();
 }
 
 /// The decimal text of a number that is an integer.
-inline std::optional<System::UnicodeString> IntegerText(const System::Variant& value)
+[[nodiscard]] inline std::optional<System::UnicodeString> IntegerText(const System::Variant& value)
 {
     switch (CodeOf(value)) {
     case System::varInt64:
@@ -71,7 +71,7 @@ inline std::optional<System::UnicodeString> IntegerText(const System::Variant& v
 }
 
 /// With a point, whatever the locale.
-inline System::UnicodeString PointFloatText(double value)
+[[nodiscard]] inline System::UnicodeString PointFloatText(double value)
 {
     std::array<System::WideChar, Sysutils::FloatBufferSize> buffer;
     const std::size_t length = Sysutils::FloatToBuffer(value, u'.', buffer.data());
