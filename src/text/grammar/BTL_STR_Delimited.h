@@ -28,6 +28,7 @@ TRS8_BTL_API void SetDelimitedTextEx(Classes::TStrings* strings, const System::A
 /// The lines with `delim` between, nothing quoted.
 TRS8_BTL_API System::UnicodeString GetDelimitedText(Classes::TStrings* strings, System::WideChar delim);
 TRS8_BTL_API System::AnsiString GetDelimitedText(Classes::TStrings* strings, char delim);
+/// As `GetDelimitedText`: nothing is quoted, so that only `TStrings::getCommaText` brings any list back.
 TRS8_BTL_API System::UnicodeString CommaText(Classes::TStrings* strings, System::WideChar delim = u',');
 TRS8_BTL_API System::AnsiString CommaTextA(Classes::TStrings* strings, char delim = ',');
 

@@ -2,6 +2,7 @@
 #include "platform/host/Host_Shell.h"
 
 #include "platform/host/Host_Path.h"
+#include "platform/runtime/classes/Classes_Stream.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -62,6 +63,18 @@ TEST(HostShellTest, StartsProgramsWithTheirArguments)
               32);
     EXPECT_EQ(WaitForContent(folder.Path() / "out"),
               "[a]\n[b c]\n[;reboot]\n[$(x)]\n" + folder.Path().string() + "\n");
+}
+
+TEST(HostShellTest, StartedProgramsSeeWhatStreamsGathered)
+{
+    const Support::TempFolder folder;
+    WriteScript(folder.Path() / "program", "cp data out.part; mv out.part out\n");
+    Classes::TFileStream stream(FromHostPath((folder.Path() / "data").string()), Classes::fmCreate);
+    stream.WriteBuffer("gathered", 8);
+    ASSERT_EQ(std::filesystem::file_size(folder.Path() / "data"), 0) << "nothing is gathered";
+    const UnicodeString directory = FromHostPath(folder.Path().string());
+    EXPECT_GT(ShellExecuteW(nullptr, u"open", u"program", nullptr, directory.c_str(), 1), 32);
+    EXPECT_EQ(WaitForContent(folder.Path() / "out"), "gathered");
 }
 
 TEST(HostShellTest, HandsFilesToTheDesktop)
