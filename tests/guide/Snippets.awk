@@ -1,7 +1,7 @@
 # Makes a program of the C++ blocks of a page. Each block is the body of a function, run in the order of the page; its
 # includes go to the top, and a block behind the line "<!-- declarations -->" stands outside of functions. The block
 # of text behind a block of code is what that code prints.
-# Usage: awk -v page=NAME -v expected=FILE -f Snippets.awk PAGE >PROGRAM
+# Usage: awk -v page=NAME -v program=FILE -v expected=FILE -f Snippets.awk PAGE
 
 function endOfCode() {
     if (isDeclaration) {
@@ -33,6 +33,6 @@ END {
         print page ": the block from line " start " on has no end" >"/dev/stderr"
         exit 1
     }
-    print includes "#include <iostream>\n\nnamespace\n{\n"
-    print declarations functions "} // namespace\n\nint main()\n{\n" calls "}"
+    print includes "#include <iostream>\n\nnamespace\n{\n" >program
+    print declarations functions "} // namespace\n\nint main()\n{\n" calls "}" >program
 }
