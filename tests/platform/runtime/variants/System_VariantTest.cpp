@@ -164,4 +164,16 @@ TEST_F(VariantTest, TellsWhatCouldNotBeConverted)
     EXPECT_EQ(kept, u"x");
 }
 
+TEST_F(VariantTest, TakesTextsOfTheStandard)
+{
+    const std::string utf8 = "gr\xC3\xB6\xC3\x9F"
+                             "er";
+    const System::Variant value = utf8;
+    EXPECT_EQ(value.Type(), System::varUString);
+    EXPECT_EQ(value, u"größer");
+    EXPECT_EQ(System::Variant(std::string_view(utf8)), value);
+    EXPECT_EQ(System::Variant(std::u16string_view(u"größer")), value);
+    EXPECT_EQ(System::Variant(System::TDateTime(1) + 1).Type(), System::varDate);
+}
+
 } // namespace
