@@ -145,7 +145,7 @@ TEST_F(VariantTest, TellsWhatCouldNotBeConverted)
         return u"nothing raised";
     };
     EXPECT_EQ(message([] { Variant(u"x").As<int>(); }),
-              u"Could not convert variant of type (UnicodeString) into type (Integer)");
+              u"Could not convert variant 'x' of type (UnicodeString) into type (Integer)");
     EXPECT_EQ(message([] { Null().As<AnsiString>(); }),
               u"Could not convert variant of type (Null) into type (UnicodeString)");
     EXPECT_EQ(message([] { Variant(300).As<Byte>(); }),
