@@ -65,11 +65,12 @@ Place FaultInWestern(std::string_view bytes)
 
 Place LoneSurrogate(std::u16string_view text)
 {
+    const WideChar* const units = text.data();
     const auto length = static_cast<int32_t>(text.size());
     for (int32_t next = 0; next < length;) {
         const int32_t start = next;
         UChar32 character = 0;
-        U16_NEXT(text.data(), next, length, character);
+        U16_NEXT(units, next, length, character);
         if (U_IS_SURROGATE(character)) {
             return static_cast<std::size_t>(start);
         }
@@ -140,7 +141,7 @@ Place FaultByIcu(CodePage codePage, std::string_view bytes)
         },
         [&] {
             std::array<char, 32> invalid;
-            int8_t length = static_cast<int8_t>(invalid.size());
+            auto length = static_cast<int8_t>(invalid.size());
             UErrorCode error = U_ZERO_ERROR;
             ucnv_getInvalidChars(converter.get(), invalid.data(), &length, &error);
             return static_cast<std::size_t>(length);
@@ -159,7 +160,7 @@ Place MissingByIcu(CodePage codePage, std::u16string_view text)
         },
         [&] {
             std::array<UChar, 32> invalid;
-            int8_t length = static_cast<int8_t>(invalid.size());
+            auto length = static_cast<int8_t>(invalid.size());
             UErrorCode error = U_ZERO_ERROR;
             ucnv_getInvalidUChars(converter.get(), invalid.data(), &length, &error);
             return static_cast<std::size_t>(length);

@@ -92,7 +92,7 @@ Int64 CharacterOf(const TTypeInfo& type, const Variant& value)
     }
     if (type.Kind == tkChar) {
         const auto text = value.As<System::AnsiString>();
-        const UnicodeString wide = value.As<UnicodeString>();
+        const auto wide = value.As<UnicodeString>();
         // What the code page lacks would become a question mark.
         if (text.Length() != 1 || UnicodeString(text) != wide) {
             throw TUnfit();
