@@ -60,7 +60,7 @@ XAssert::XAssert(const WideChar* expression, const char* file, int line)
 
 XAssert::~XAssert() = default;
 
-const WideChar* XAssert::what() const
+const WideChar* XAssert::what(EWide) const
 {
     return Msg(mExpression.c_str(), mFile.c_str(), mLine);
 }

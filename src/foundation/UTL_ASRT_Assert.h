@@ -7,6 +7,12 @@
 namespace UTL
 {
 
+// `what` is wide here and hides that of `std::exception` on purpose.
+#if defined(__clang__) || __GNUC__ >= 13
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Woverloaded-virtual"
+#endif
+
 /// An internal fault: a state that a correct program never reaches.
 class TRS8_BTL_API XAssert : public Sysutils::Exception
 {
@@ -17,8 +23,14 @@ public:
     XAssert(const System::WideChar* expression, const char* file, int line);
     ~XAssert() override;
 
-    /// The text for the user, the same as the message.
-    virtual const System::WideChar* what() const;
+    /// Sets the wide `what` apart from that of `std::exception`. Nobody writes it.
+    enum class EWide
+    {
+        Text
+    };
+
+    /// The text for the user, the same as the message; `what()` of the base classes gives it in UTF-8.
+    virtual const System::WideChar* what(EWide = EWide::Text) const;
 
     const System::UnicodeString& getExpression() const noexcept { return mExpression; }
     const System::AnsiString& getFile() const noexcept { return mFile; }
@@ -34,6 +46,10 @@ private:
     System::AnsiString mFile;
     int mLine;
 };
+
+#if defined(__clang__) || __GNUC__ >= 13
+#pragma GCC diagnostic pop
+#endif
 
 /// Shows an internal fault and asks whether to raise it: throws `XAssert` on Yes, returns on any other
 /// answer. The caller then goes on as if its check had passed, so it must not touch what it doesn't own.

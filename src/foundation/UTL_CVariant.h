@@ -63,6 +63,11 @@ public:
     CVariant(const CSimpleString& value);
     CVariant(const System::AnsiString& value);
     CVariant(const System::UnicodeString& value);
+    /// Wide text; bytes are UTF-8.
+    template <System::StandardText T>
+    CVariant(const T& value) : CVariant(System::ToUnicodeString(value))
+    {
+    }
     /// As `AssignVariant`.
     CVariant(const System::Variant& value);
     ~CVariant() { mImp->Clear(mData); }

@@ -38,6 +38,13 @@ bool ReadFloat(const UnicodeString& text, double& value)
 
 } // namespace
 
+CVariants::CVariants(std::initializer_list<CVariant> items) : mItems(items)
+{
+    for (const CVariant& item : mItems) {
+        mDepth = std::max(mDepth, DepthAround(item));
+    }
+}
+
 CVariants& CVariants::operator<<(CVariant item)
 {
     const int depth = DepthAround(item);

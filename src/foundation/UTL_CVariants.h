@@ -3,6 +3,7 @@
 
 #include "foundation/UTL_CVariant.h"
 
+#include <initializer_list>
 #include <vector>
 
 namespace UTL
@@ -11,6 +12,10 @@ namespace UTL
 /// A list of variants, and what a variant of the array type holds. A call that raises leaves the list as it
 /// was. An item that would nest lists deeper than `MaxDepth` raises `Sysutils::EVariantError`; a list counts
 /// as deep as it has been since it was last set as a whole.
+///
+///     UTL::CVariants row{1, 2.5, u"text"};
+///     row << true;
+///     for (const UTL::CVariant& item : row) { ... }
 class TRS8_BTL_API CVariants
 {
 public:
@@ -18,6 +23,8 @@ public:
 
     /// Empty, with room for `capacity` items.
     explicit CVariants(unsigned capacity = 0) { mItems.reserve(capacity); }
+    /// Braces hold items: `CVariants{5}` has the one item 5, `CVariants(5)` room for five.
+    CVariants(std::initializer_list<CVariant> items);
     /// A null pointer gives no items.
     CVariants(const int* items, unsigned count) { AddItems(items, count); }
     CVariants(const double* items, unsigned count) { AddItems(items, count); }
@@ -41,6 +48,13 @@ public:
     System::Variant ToVariant() const;
 
     int GetCount() const noexcept { return static_cast<int>(mItems.size()); }
+
+    // The items as a range, valid until the list changes. `setItem` changes an item.
+
+    std::vector<CVariant>::const_iterator begin() const noexcept { return mItems.begin(); }
+    std::vector<CVariant>::const_iterator end() const noexcept { return mItems.end(); }
+    std::size_t size() const noexcept { return mItems.size(); }
+    [[nodiscard]] bool empty() const noexcept { return mItems.empty(); }
     /// A copy of an item. `Sysutils::ERangeError` for an `index` outside.
     CVariant getItem(int index) const { return At(index); }
     /// The item itself, valid until the list changes; fails alike.

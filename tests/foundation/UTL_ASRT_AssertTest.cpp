@@ -42,6 +42,7 @@ TEST(AssertTest, RaisesAfterYesWithTheTextWithoutTheQuestion)
         FAIL() << "nothing was raised";
     } catch (const UTL::XAssert& fault) {
         EXPECT_EQ(fault.what(), Fault);
+        EXPECT_EQ(System::FromUtf8(static_cast<const std::exception&>(fault).what()), Fault);
         EXPECT_EQ(fault.getMessage(), Fault);
         EXPECT_EQ(fault.getFile(), "UTL_SV_GSimpleVector.hpp");
         EXPECT_EQ(fault.getLine(), 386);

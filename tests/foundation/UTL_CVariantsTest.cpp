@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <ranges>
 
 namespace
 {
@@ -87,6 +88,43 @@ TEST(CVariantsTest, ReadsCommaTextInAnyLocale)
             EXPECT_EQ(Sysutils::FormatSettings.DecimalSeparator, separator);
         }
     }
+}
+
+TEST(CVariantsTest, HoldsWhatItsBracesHold)
+{
+    EXPECT_EQ(Written(CVariants{1, 2.5, u"a", "b", true, std::string("c")}), "[1,2.5,\"a\",\"b\",1,\"c\"]");
+    EXPECT_EQ(CVariants{5}.GetCount(), 1);
+    EXPECT_EQ(CVariants(5).GetCount(), 0) << "room alone";
+    EXPECT_EQ(CVariants{}.GetCount(), 0);
+    CVariants list;
+    list = {1, 2};
+    list << ArrayOf(CVariants{3});
+    EXPECT_EQ(Written(list), "[1,2,[[3]]]");
+}
+
+TEST(CVariantsTest, CountsTheDepthOfWhatItsBracesHold)
+{
+    CVariants list;
+    for (int depth = 2; depth < CVariants::MaxDepth; ++depth) {
+        list = CVariants{ArrayOf(list)};
+    }
+    const CVariants deepest{ArrayOf(list)};
+    EXPECT_THROW(CVariants() << ArrayOf(deepest), Sysutils::EVariantError);
+    EXPECT_THROW(CVariants({1, ArrayOf(deepest)}), Sysutils::EVariantError);
+}
+
+TEST(CVariantsTest, IsARangeOfItsItems)
+{
+    static_assert(std::ranges::random_access_range<const CVariants>);
+    const CVariants list{1, 2, 3};
+    EXPECT_EQ(list.size(), 3U);
+    EXPECT_FALSE(list.empty());
+    EXPECT_TRUE(CVariants().empty());
+    int sum = 0;
+    for (const CVariant& item : list) {
+        sum += item.ToInt();
+    }
+    EXPECT_EQ(sum, 6);
 }
 
 } // namespace

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "foundation/vectors/UTL_SV_ASimpleVector.h"
+#include "platform/base/System_Range.h"
 
 #include <cstddef>
+#include <initializer_list>
 #include <type_traits>
 #include <utility>
 
@@ -54,6 +56,11 @@ private:
 /// A growable array of plain values. It grows by a fixed step that its creator sets, never shrinks, and can
 /// act as a sorted set. Positions are pointers into the array; `Sysutils::ERangeError` for one that lies
 /// outside. A reference to an own element is a valid argument everywhere.
+///
+///     UTL::CIntVector numbers{3, 1, 2};                 // braces hold elements
+///     numbers.Sort();
+///     std::span<const int> view = numbers;              // any algorithm that takes a span or a range
+///     const UTL::CIntVector copy(std::vector{4, 5});    // from any range of the same type
 template <class T>
 class GSimpleVector : public ASimpleVector
 {
@@ -68,6 +75,16 @@ public:
     /// `count` elements of value zero; none for a negative count.
     explicit GSimpleVector(int count);
     GSimpleVector(int count, T value);
+    GSimpleVector(std::initializer_list<T> values) { assign(values.begin(), values.end()); }
+    /// The elements of a range, which are of the type `T` itself.
+    template <System::RangeOf<T> Range>
+    requires(!std::derived_from<std::remove_cvref_t<Range>, ASimpleVector>) explicit GSimpleVector(
+        Range&& range)
+    {
+        for (auto&& value : range) {
+            push_back(value);
+        }
+    }
     /// Empty, with room for `capacity` elements.
     GSimpleVector(ECapacity, int capacity, int increment);
     /// The copy has the same capacity and increment.
@@ -95,6 +112,8 @@ public:
         return begin()[index];
     }
 
+    T* data() noexcept { return mItems.get(); }
+    const T* data() const noexcept { return mItems.get(); }
     T* begin() noexcept { return mItems.get(); }
     T* end() noexcept { return mItems.get() + mSize; }
     const T* begin() const noexcept { return mItems.get(); }

@@ -1,17 +1,28 @@
 // SPDX-License-Identifier: MIT
 #include "platform/base/System_CodePage.h"
 
+#include "platform/base/internal/System_Converter.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
 #include <cstring>
-#include <memory>
 #include <string>
-
-#include <unicode/ucnv.h>
 
 namespace System
 {
+
+Detail::Converter Detail::OpenConverter(CodePage codePage)
+{
+    for (const char* prefix : {"windows-", "ibm-", "cp"}) {
+        UErrorCode status = U_ZERO_ERROR;
+        Converter converter(ucnv_open((prefix + std::to_string(codePage)).c_str(), &status), &ucnv_close);
+        if (U_SUCCESS(status)) {
+            return converter;
+        }
+    }
+    return {nullptr, &ucnv_close};
+}
 
 namespace
 {
@@ -233,21 +244,6 @@ NarrowText EncodeUtf8(std::u16string_view text)
     return bytes;
 }
 
-using Converter = std::unique_ptr<UConverter, decltype(&ucnv_close)>;
-
-/// Null for a code page that ICU doesn't know either.
-Converter OpenConverter(CodePage codePage)
-{
-    for (const char* prefix : {"windows-", "ibm-", "cp"}) {
-        UErrorCode status = U_ZERO_ERROR;
-        Converter converter(ucnv_open((prefix + std::to_string(codePage)).c_str(), &status), &ucnv_close);
-        if (U_SUCCESS(status)) {
-            return converter;
-        }
-    }
-    return {nullptr, &ucnv_close};
-}
-
 void SubstituteQuestionMark(UConverter* converter)
 {
     UErrorCode status = U_ZERO_ERROR;
@@ -282,7 +278,23 @@ bool IsWestern(CodePage codePage)
     return codePage == DefaultSystemCodePage || codePage == CP_RAW || codePage == 0;
 }
 
+WideChar WesternUnit(char byte)
+{
+    const unsigned code = ByteOf(byte);
+    return IsWesternSpecial(code) ? WesternSpecials[code - 0x80U] : static_cast<WideChar>(code);
+}
+
 } // namespace
+
+int CompareWithAnsi(std::u16string_view text, std::string_view bytes) noexcept
+{
+    const auto [unit, byte] = std::mismatch(text.begin(), text.end(), bytes.begin(), bytes.end(),
+                                            [](WideChar a, char b) { return a == WesternUnit(b); });
+    if (unit == text.end() || byte == bytes.end()) {
+        return static_cast<int>(unit != text.end()) - static_cast<int>(byte != bytes.end());
+    }
+    return *unit < WesternUnit(*byte) ? -1 : 1;
+}
 
 GSharedText<WideChar> DecodeText(CodePage codePage, std::string_view bytes)
 {
@@ -295,7 +307,7 @@ GSharedText<WideChar> DecodeText(CodePage codePage, std::string_view bytes)
     if (codePage == CP_UTF8) {
         return DecodeUtf8(bytes);
     }
-    const Converter converter = OpenConverter(codePage);
+    const Detail::Converter converter = Detail::OpenConverter(codePage);
     return converter != nullptr ? DecodeByIcu(converter.get(), bytes) : DecodeWestern(bytes);
 }
 
@@ -310,7 +322,7 @@ GSharedText<char> EncodeText(CodePage codePage, std::u16string_view text)
     if (codePage == CP_UTF8) {
         return EncodeUtf8(text);
     }
-    const Converter converter = OpenConverter(codePage);
+    const Detail::Converter converter = Detail::OpenConverter(codePage);
     return converter != nullptr ? EncodeByIcu(converter.get(), text) : EncodeWestern(text);
 }
 

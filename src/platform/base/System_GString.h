@@ -5,12 +5,20 @@
 
 #include <climits>
 #include <compare>
+#include <concepts>
 #include <cstdint>
 #include <cstring>
+#include <string>
 #include <string_view>
+#include <type_traits>
 
 namespace System
 {
+
+/// The arithmetic types that are no characters of a string: a number becomes text by an explicit conversion
+/// only, as in `text + UnicodeString(66)`.
+template <class T>
+concept NoStringCharacter = std::is_arithmetic_v<T> && !std::same_as<T, char> && !std::same_as<T, WideChar>;
 
 namespace Detail
 {
@@ -54,6 +62,11 @@ int CompareViews(std::basic_string_view<Char> a, std::basic_string_view<Char> b)
 
 /// What both string widths can do. `Self` is the string type, which adds its conversions. Positions are
 /// 1-based and 0 means not found. Strings are values: a copy shares the buffer until one of them changes.
+///
+///     UnicodeString line = u"Range=" + UnicodeString(66) + u' ';   // a number never appends itself
+///     line.Trim().Pos(u"=");                                       // 6
+///     for (const WideChar c : line) { ... }                        // also a range for algorithms
+///     std::u16string_view view = line;                             // no copy
 template <class Self, class Char>
 class GString
 {
@@ -68,6 +81,15 @@ public:
     const Char* c_str() const noexcept { return mText.c_str(); }
     const Char* data() const noexcept { return mText.c_str(); }
     View AsView() const noexcept { return mText.AsView(); }
+    /// As `AsView`: valid until the next change.
+    operator View() const noexcept { return AsView(); }
+
+    // The characters as a range. It is for reading: a write goes by index, so that no copy sees it.
+
+    const Char* begin() const noexcept { return c_str(); }
+    const Char* end() const noexcept { return c_str() + Length(); }
+    std::size_t size() const noexcept { return mText.Size(); }
+    [[nodiscard]] bool empty() const noexcept { return IsEmpty(); }
 
     /// The character at the 1-based `index`; `Sysutils::ERangeError` outside 1 to `Length()`.
     const Char& operator[](int index) const
@@ -183,11 +205,14 @@ public:
         mText.Append(Detail::SafeView(text));
         return AsSelf();
     }
-    Self& operator+=(Char character)
+    template <std::same_as<Char> Character>
+    Self& operator+=(Character character)
     {
         mText.Append(character);
         return AsSelf();
     }
+    template <NoStringCharacter Number>
+    Self& operator+=(Number) = delete;
     Self& Append(View text)
     {
         mText.Append(text);
@@ -201,9 +226,25 @@ public:
     friend Self operator+(const Self& a, const Char* b) { return Joined(a.AsView(), Detail::SafeView(b)); }
     friend Self operator+(Self&& a, const Char* b) { return std::move(a += b); }
     friend Self operator+(const Char* a, const Self& b) { return Joined(Detail::SafeView(a), b.AsView()); }
-    friend Self operator+(const Self& a, Char b) { return Joined(a.AsView(), View(&b, 1)); }
-    friend Self operator+(Self&& a, Char b) { return std::move(a += b); }
-    friend Self operator+(Char a, const Self& b) { return Joined(View(&a, 1), b.AsView()); }
+    template <std::same_as<Char> Character>
+    friend Self operator+(const Self& a, Character b)
+    {
+        return Joined(a.AsView(), View(&b, 1));
+    }
+    template <std::same_as<Char> Character>
+    friend Self operator+(Self&& a, Character b)
+    {
+        return std::move(a += b);
+    }
+    template <std::same_as<Char> Character>
+    friend Self operator+(Character a, const Self& b)
+    {
+        return Joined(View(&a, 1), b.AsView());
+    }
+    template <NoStringCharacter Number>
+    friend Self operator+(const Self&, Number) = delete;
+    template <NoStringCharacter Number>
+    friend Self operator+(Number, const Self&) = delete;
 
     friend bool operator==(const Self& a, const Self& b) noexcept
     {
@@ -220,6 +261,16 @@ public:
     friend std::strong_ordering operator<=>(const Self& a, const Char* b) noexcept
     {
         return a.AsView() <=> Detail::SafeView(b);
+    }
+    template <std::same_as<std::basic_string<Char>> Text>
+    friend bool operator==(const Self& a, const Text& b) noexcept
+    {
+        return a.AsView() == View(b);
+    }
+    template <std::same_as<std::basic_string<Char>> Text>
+    friend std::strong_ordering operator<=>(const Self& a, const Text& b) noexcept
+    {
+        return a.AsView() <=> View(b);
     }
 
     /// `count` times `character`; a negative `count` counts as 0.

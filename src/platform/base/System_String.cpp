@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "platform/base/System_String.h"
 
+#include "platform/base/internal/System_Ascii.h"
+
 #include <algorithm>
 #include <charconv>
 #include <ostream>
 
 #include <unicode/uchar.h>
 #include <unicode/ustring.h>
+#include <unicode/utf16.h>
+#include <unicode/utf8.h>
 
 namespace System
 {
@@ -42,7 +46,45 @@ GSharedText<WideChar> MapCase(std::u16string_view text, decltype(&u_strToUpper) 
     return result;
 }
 
+constexpr WideChar ByteSurrogate = 0xDC00;
+
+/// Writes one character of `bytes` from `position` on to `out`, and gives the position behind it.
+std::size_t WriteHostCharacter(WideChar*& out, std::string_view bytes, std::size_t position)
+{
+    const auto* start = reinterpret_cast<const std::uint8_t*>(bytes.data()) + position;
+    const auto room = static_cast<int32_t>(std::min<std::size_t>(bytes.size() - position, U8_MAX_LENGTH));
+    int32_t length = 0;
+    UChar32 character = 0;
+    U8_NEXT(start, length, room, character);
+    if (character < 0 || character == '\\') {
+        *out++ = static_cast<WideChar>(ByteSurrogate + *start);
+        return position + 1;
+    }
+    if (character > 0xFFFF) {
+        *out++ = U16_LEAD(character);
+        *out++ = U16_TRAIL(character);
+    } else {
+        *out++ = static_cast<WideChar>(character);
+    }
+    return position + static_cast<std::size_t>(length);
+}
+
 } // namespace
+
+GSharedText<WideChar> FromHostName(std::string_view bytes)
+{
+    auto text = GSharedText<WideChar>::Uninitialized(bytes.size());
+    WideChar* const begin = text.Unique();
+    WideChar* out = begin;
+    for (std::size_t position = 0; position < bytes.size();) {
+        position = WriteHostCharacter(out, bytes, position);
+    }
+    if (out - begin >= 2 && begin[1] == u':' && IsAsciiLetter(begin[0])) {
+        begin[1] = ByteSurrogate + ':';
+    }
+    text.Resize(static_cast<std::size_t>(out - begin));
+    return text;
+}
 
 GSharedText<WideChar> IntegerText(long long value)
 {

@@ -25,6 +25,23 @@ using UTF8String = AnsiStringT<CP_UTF8>;
 /// 8-bit text of any code page; a conversion from another 8-bit type keeps the bytes.
 using RawByteString = AnsiStringT<CP_RAW>;
 
+/// The texts of the standard library. Their bytes are UTF-8, and what is none there becomes U+FFFD; units are
+/// taken as they are.
+template <class T>
+concept StandardText = std::same_as<T, std::string> || std::same_as<T, std::string_view> ||
+    std::same_as<T, std::u16string> || std::same_as<T, std::u16string_view>;
+
+/// A `std::filesystem::path`, told by its members: its header is too large for this one.
+template <class T>
+concept StandardPath = requires(const T& path)
+{
+    T::preferred_separator;
+    {
+        path.native()
+        } -> std::same_as<const std::string&>;
+    path.lexically_normal();
+};
+
 /// The integers that turn into text by their value: all but the character types and `bool`.
 template <class T>
 concept TextInteger =
@@ -39,6 +56,10 @@ TRS8_BTL_API GSharedText<WideChar> UnsignedText(unsigned long long value);
 /// As `Sysutils::FloatToStr`.
 TRS8_BTL_API GSharedText<WideChar> FloatText(long double value);
 TRS8_BTL_API GSharedText<WideChar> FromUtf32(std::wstring_view text);
+/// The name of a file of the host as text: each byte that can't stand as text is kept as the lone surrogate
+/// U+DC00 + byte. That is every byte that is no part of valid UTF-8, a backslash, which would separate names,
+/// and the colon of a name such as "a:b" at the begin, which would be read as a drive.
+TRS8_BTL_API GSharedText<WideChar> FromHostName(std::string_view bytes);
 TRS8_BTL_API GSharedText<WideChar> UpperText(std::u16string_view text);
 TRS8_BTL_API GSharedText<WideChar> LowerText(std::u16string_view text);
 TRS8_BTL_API int CompareIgnoreCase(std::u16string_view a, std::u16string_view b);
@@ -78,6 +99,11 @@ public:
     UnicodeString(const AnsiStringT<CP>& text) : Base(DecodeText(CP, text.AsView()))
     {
     }
+    /// The path of a file, as every function that takes a file name reads it: no byte of it is lost.
+    template <StandardPath Path>
+    UnicodeString(const Path& path) : Base(Detail::FromHostName(path.native()))
+    {
+    }
 
     template <TextInteger T>
     explicit UnicodeString(T value) : Base(FromInteger(value))
@@ -91,6 +117,11 @@ public:
 
     using Base::operator+=;
     UnicodeString& operator+=(const char* text) { return *this += UnicodeString(text); }
+    template <std::same_as<char> Character>
+    UnicodeString& operator+=(Character character)
+    {
+        return *this += UnicodeString(character);
+    }
 
     /// By the rules of Unicode, without regard to a locale.
     UnicodeString UpperCase() const { return UnicodeString(Detail::UpperText(AsView())); }
@@ -196,9 +227,13 @@ UnicodeString operator+(AnsiStringT<CP>&& a, const UnicodeString& b)
 {
     return UnicodeString(a) + b;
 }
-inline bool operator==(const UnicodeString& a, const char* b)
+inline bool operator==(const UnicodeString& a, const char* b) noexcept
 {
-    return a == UnicodeString(b);
+    return CompareWithAnsi(a.AsView(), Detail::SafeView(b)) == 0;
+}
+inline std::strong_ordering operator<=>(const UnicodeString& a, const char* b) noexcept
+{
+    return CompareWithAnsi(a.AsView(), Detail::SafeView(b)) <=> 0;
 }
 inline UnicodeString operator+(const UnicodeString& a, const char* b)
 {
@@ -221,6 +256,23 @@ inline std::string ToUtf8(const UnicodeString& text)
 }
 /// A sequence that is no UTF-8 becomes U+FFFD.
 TRS8_BTL_API UnicodeString FromUtf8(std::string_view bytes);
+
+/// What becomes wide text: all that is one by itself, and the texts of the standard library.
+template <class T>
+concept TextSource = StandardText<T> || std::convertible_to<const T&, UnicodeString>;
+
+/// The wide text of any `TextSource`.
+template <TextSource T>
+[[nodiscard]] UnicodeString ToUnicodeString(const T& text)
+{
+    if constexpr (std::same_as<T, std::string> || std::same_as<T, std::string_view>) {
+        return FromUtf8(text);
+    } else if constexpr (StandardText<T>) {
+        return UnicodeString(std::u16string_view(text));
+    } else {
+        return text;
+    }
+}
 
 /// Writes UTF-8, which the terminals of the host read.
 TRS8_BTL_API std::ostream& operator<<(std::ostream& stream, const UnicodeString& text);

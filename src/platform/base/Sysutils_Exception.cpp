@@ -4,6 +4,32 @@
 namespace Sysutils
 {
 
+namespace
+{
+
+/// Empty if there is no memory for it: an exception under way must not be replaced by another.
+System::UTF8String Utf8Of(const System::UnicodeString& text) noexcept
+{
+    try {
+        return text;
+    } catch (...) {
+        return {};
+    }
+}
+
+} // namespace
+
+Exception::Exception(System::UnicodeString message) noexcept
+    : mMessage(std::move(message)), mUtf8(Utf8Of(mMessage))
+{
+}
+
+void Exception::setMessage(const System::UnicodeString& message) noexcept
+{
+    mMessage = message;
+    mUtf8 = Utf8Of(message);
+}
+
 // The destructors stand here so that each class has its type information once, in the library: a handler in
 // another module catches what the library throws.
 Exception::~Exception() = default;

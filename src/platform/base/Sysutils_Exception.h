@@ -3,23 +3,36 @@
 
 #include "platform/base/System_String.h"
 
+#include <exception>
+
 namespace Sysutils
 {
 
-/// Base of all exceptions that cross the library's interface.
-class TRS8_BTL_API Exception
+/// Base of all exceptions that cross the library's interface. A handler for `std::exception` has them too,
+/// and one that nobody catches shows its message.
+///
+///     try {
+///         value = Sysutils::StrToInt(text);
+///     } catch (const Sysutils::EConvertError& error) {
+///         std::cerr << error.what() << '\n';   // or getMessage(), as wide text
+///     }
+class TRS8_BTL_API Exception : public std::exception
 {
 public:
-    explicit Exception(System::UnicodeString message) noexcept : mMessage(std::move(message)) {}
+    explicit Exception(System::UnicodeString message) noexcept;
     Exception(const Exception&) = default;
     Exception& operator=(const Exception&) = default;
-    virtual ~Exception();
+    ~Exception() override;
 
     const System::UnicodeString& getMessage() const noexcept { return mMessage; }
-    void setMessage(const System::UnicodeString& message) { mMessage = message; }
+    void setMessage(const System::UnicodeString& message) noexcept;
+    /// The message in UTF-8, valid until it is set anew.
+    const char* what() const noexcept override { return mUtf8.c_str(); }
 
 private:
     System::UnicodeString mMessage;
+    // Made beforehand: several threads may look at one exception.
+    System::UTF8String mUtf8;
 };
 
 /// Ends what it is thrown through without a message to the user.

@@ -115,27 +115,6 @@ std::string NoHostPath(unsigned long code)
     return {};
 }
 
-/// Appends one character of `bytes` from `position` on, and gives the position behind it.
-std::size_t AppendText(System::UnicodeString& text, std::string_view bytes, std::size_t position)
-{
-    const auto* start = reinterpret_cast<const std::uint8_t*>(bytes.data()) + position;
-    const auto room = static_cast<int32_t>(std::min<std::size_t>(bytes.size() - position, U8_MAX_LENGTH));
-    int32_t length = 0;
-    UChar32 character = 0;
-    U8_NEXT(start, length, room, character);
-    if (character < 0 || character == '\\') {
-        text += static_cast<char16_t>(ByteSurrogate + *start);
-        return position + 1;
-    }
-    if (character > 0xFFFF) {
-        text += U16_LEAD(character);
-        text += U16_TRAIL(character);
-    } else {
-        text += character == '/' ? u'\\' : static_cast<char16_t>(character);
-    }
-    return position + static_cast<std::size_t>(length);
-}
-
 } // namespace
 
 std::string HostPath(const System::UnicodeString& path)
@@ -165,14 +144,8 @@ System::UnicodeString FromHostPath(std::string_view hostPath)
     while (hostPath.starts_with("//")) {
         hostPath.remove_prefix(1);
     }
-    System::UnicodeString text;
-    std::size_t position = 0;
-    while (position < hostPath.size()) {
-        position = AppendText(text, hostPath, position);
-    }
-    if (HasDrive(text.AsView())) {
-        text[2] = ByteSurrogate + ':';
-    }
+    System::UnicodeString text(System::Detail::FromHostName(hostPath));
+    std::replace(text.UniqueData(), text.UniqueData() + text.Length(), u'/', u'\\');
     return text;
 }
 

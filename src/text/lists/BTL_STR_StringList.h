@@ -21,7 +21,16 @@ public:
     Classes::TStringList* getList() const noexcept { return mList; }
     Classes::TStringList* operator->() const noexcept { return mList; }
 
-    System::UnicodeString operator[](int index) const { return mList->getStrings(index); }
+    /// The line by value; constant, so that nobody takes it for the list's own. `setStrings` of the list sets
+    /// a line: `list->setStrings(0, u"new")`.
+    // NOLINTNEXTLINE(readability-const-return-type)
+    const System::UnicodeString operator[](int index) const { return mList->getStrings(index); }
+    /// The lines as a range, by value.
+    Classes::TStrings::CIterator begin() const { return mList->begin(); }
+    Classes::TStrings::CIterator end() const { return mList->end(); }
+    std::size_t size() const { return mList->size(); }
+    [[nodiscard]] bool empty() const { return mList->empty(); }
+
     int GetCount() const { return mList->getCount(); }
     int getCount() const { return mList->getCount(); }
     System::UnicodeString GetCommaText() const { return mList->getCommaText(); }

@@ -11,6 +11,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <span>
+#include <vector>
+
 #include <climits>
 #include <cstdint>
 #include <functional>
@@ -116,6 +119,30 @@ TEST(IntVectorTest, IntsInTheObjectSlotsOfAList)
         EXPECT_NO_THROW(call());
         EXPECT_THAT(v, ElementsAre(1, 2, 3));
     }
+}
+
+TEST(IntVectorTest, HoldsWhatItsBracesHold)
+{
+    UTL::CIntVector numbers{3, 1, 2};
+    EXPECT_EQ(numbers.getCommaText(), u"3,1,2");
+    numbers = {5};
+    EXPECT_EQ(numbers.getCommaText(), u"5");
+    EXPECT_EQ(UTL::CIntVector(5).getCommaText(), u"0,0,0,0,0") << "a count";
+    EXPECT_TRUE(UTL::CIntVector{}.empty());
+}
+
+TEST(IntVectorTest, GoesFromAndToSpansAndRanges)
+{
+    const std::vector<int> source{1, 2, 3};
+    const UTL::CIntVector numbers(source);
+    EXPECT_EQ(numbers.getCommaText(), u"1,2,3");
+    const std::span<const int> view = numbers;
+    EXPECT_EQ(view.data(), numbers.data());
+    EXPECT_EQ(UTL::CIntVector(view.subspan(1)).getCommaText(), u"2,3");
+    UTL::CIntVector copy(numbers);
+    EXPECT_EQ(copy, numbers);
+    EXPECT_EQ(UTL::CIntVector(u"4,5").getCommaText(), u"4,5") << "a text is no range of numbers";
+    static_assert(!std::constructible_from<UTL::CIntVector, std::vector<double>>, "it would cut the values");
 }
 
 } // namespace

@@ -5,7 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
+#include <ranges>
+#include <span>
 #include <thread>
 
 namespace
@@ -233,6 +236,116 @@ TEST(UnicodeStringTest, CopiesCrossThreads)
     }
     EXPECT_EQ(wrong, 0);
     EXPECT_EQ(shared, u"shared text");
+}
+
+template <class A, class B>
+concept Joins = requires(A a, B b)
+{
+    a + b;
+};
+
+template <class A, class B>
+concept Appends = requires(A a, B b)
+{
+    a += b;
+};
+
+// A number must not become the character of its code.
+template <class S, class... Numbers>
+constexpr bool TakesNone =
+    !(Joins<S, Numbers> || ...) && !(Joins<Numbers, S> || ...) && !(Appends<S&, Numbers> || ...);
+static_assert(TakesNone<UnicodeString, bool, int, unsigned, short, long long, double, signed char, wchar_t>);
+static_assert(TakesNone<AnsiString, bool, int, unsigned, short, long long, double, unsigned char, wchar_t>);
+static_assert(Joins<UnicodeString, WideChar> && Joins<WideChar, UnicodeString> &&
+              Joins<UnicodeString, char> && Joins<char, UnicodeString> && Appends<UnicodeString&, WideChar> &&
+              Appends<UnicodeString&, char>);
+static_assert(Joins<AnsiString, char> && Joins<char, AnsiString> && Appends<AnsiString&, char>);
+static_assert(!Appends<AnsiString&, WideChar>, "it would lose characters");
+
+TEST(StringCharacterTest, JoinsCharactersOfBothWidths)
+{
+    EXPECT_EQ(UnicodeString(u"n=") + u'x' + 'y', u"n=xy");
+    EXPECT_EQ('y' + (u'x' + UnicodeString(u"=n")), u"yx=n");
+    EXPECT_EQ(UnicodeString(u"n=") + '\x80', u"n=€") << "a narrow character is one of the code page";
+    UnicodeString text;
+    text += '\x80';
+    text += u'→';
+    EXPECT_EQ(text, u"€→");
+    EXPECT_EQ(AnsiString("a") + 'b', "ab");
+    EXPECT_EQ(UnicodeString(u"n=") + UnicodeString(66), u"n=66");
+}
+
+TYPED_TEST(StringTest, IsARangeAndAView)
+{
+    using View = typename TypeParam::View;
+    static_assert(std::ranges::contiguous_range<const TypeParam> && std::ranges::sized_range<TypeParam>);
+    static_assert(std::is_convertible_v<TypeParam, View>);
+    const TypeParam text = this->T("b\x41"
+                                   "c");
+    EXPECT_EQ(text.size(), 3U);
+    EXPECT_FALSE(text.empty());
+    EXPECT_TRUE(TypeParam().empty());
+    EXPECT_EQ(TypeParam().begin(), TypeParam().end() - 0);
+    std::vector<typename TypeParam::CharType> sorted(text.begin(), text.end());
+    std::ranges::sort(sorted);
+    EXPECT_EQ(TypeParam(View(sorted.data(), sorted.size())), this->T("Abc"));
+    const View view = text;
+    EXPECT_EQ(view.data(), text.c_str());
+    EXPECT_EQ(std::span(text).size(), 3U);
+}
+
+TYPED_TEST(StringTest, ComparesWithTheTextsOfTheStandard)
+{
+    using View = typename TypeParam::View;
+    const TypeParam text = this->T("abc");
+    const std::basic_string<typename TypeParam::CharType> same(text.begin(), text.end());
+    EXPECT_TRUE(text == View(same) && View(same) == text && text == same && same == text);
+    EXPECT_TRUE(text < same + same && same + same > text && text >= View(same));
+}
+
+TEST(StringComparisonTest, GoesByTheCodePageOfNarrowLiterals)
+{
+    const struct
+    {
+        const char16_t* wide;
+        const char* narrow;
+        int expected;
+    } cases[] = {
+        {u"", "", 0},
+        {u"", nullptr, 0},
+        {u"a", "", 1},
+        {u"", "a", -1},
+        {u"abc", "abc", 0},
+        {u"abc", "abcd", -1},
+        {u"abcd", "abc", 1},
+        {u"abd", "abc", 1},
+        {u"\u20AC", "\x80", 0},
+        {u"\u0081", "\x81", 0},
+        {u"\u00FF", "\xFF", 0},
+        {u"\u2122", "\x80", 1},
+        {u"\u0080", "\x80", -1},
+    };
+    for (const auto& [wide, narrow, expected] : cases) {
+        SCOPED_TRACE(UnicodeString(wide));
+        const UnicodeString text(wide);
+        EXPECT_EQ(text == narrow, expected == 0);
+        EXPECT_EQ(text < narrow, expected < 0);
+        EXPECT_EQ(narrow<text, expected> 0);
+        EXPECT_EQ(text <=> narrow, text <=> UnicodeString(narrow));
+    }
+    EXPECT_NE(UnicodeString(u"a\0b", 3), "a");
+}
+
+TEST(StringSourceTest, TakesTheTextsOfTheStandard)
+{
+    EXPECT_EQ(System::ToUnicodeString(std::string("gr\xC3\xB6\xC3\x9F"
+                                                  "er")),
+              u"größer");
+    EXPECT_EQ(System::ToUnicodeString(std::string_view("\xFF")), u"\uFFFD");
+    EXPECT_EQ(System::ToUnicodeString(std::u16string(u"größer")), u"größer");
+    EXPECT_EQ(System::ToUnicodeString(std::u16string_view()), u"");
+    EXPECT_EQ(System::ToUnicodeString(AnsiString("\x80")), u"€");
+    EXPECT_EQ(System::ToUnicodeString("\x80"), u"€");
 }
 
 } // namespace

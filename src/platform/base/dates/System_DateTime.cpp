@@ -34,6 +34,11 @@ TDateTime::TDateTime(Word hour, Word minute, Word second, Word milliSecond)
 {
 }
 
+std::ostream& operator<<(std::ostream& stream, const TDateTime& value)
+{
+    return stream << value.DateTimeString();
+}
+
 UnicodeString TDateTime::DateString() const
 {
     return Sysutils::DateToStr(*this);

@@ -3,6 +3,9 @@
 
 #include "platform/base/System_String.h"
 
+#include <iosfwd>
+#include <type_traits>
+
 namespace System
 {
 
@@ -10,6 +13,11 @@ namespace System
 /// whole days are negative and the fraction still counts forwards, so that -1.25 is 29 December at six
 /// o'clock. A time of day alone has no whole days. The fields, texts and readings are those of
 /// `Sysutils_Calendar.h`: a value outside the years 1 to 9999, an infinite one and none at all have no date.
+///
+///     const TDateTime noon = TDateTime(2022, 2, 28) + 0.5;   // a date plus days is a date
+///     const double days = noon - TDateTime(2022, 1, 1);       // 58.5
+///     std::cout << noon;                                      // as DateTimeString
+///     const TDateTime later = noon + TDateTime(1, 30, 0, 0);  // a time of day adds as well
 class TRS8_BTL_API TDateTime
 {
 public:
@@ -42,6 +50,38 @@ public:
         Val -= days;
         return *this;
     }
+
+    // A date plus or minus days is a date, and so is a date plus a time of day. All other arithmetic is that
+    // of the days as a `double`. Before day zero, where the fraction counts forwards, whole days alone add
+    // up.
+
+    template <class Days>
+    requires std::is_arithmetic_v<Days>
+    friend constexpr TDateTime operator+(const TDateTime& date, Days days) noexcept
+    {
+        return date.Val + static_cast<double>(days);
+    }
+    template <class Days>
+    requires std::is_arithmetic_v<Days>
+    friend constexpr TDateTime operator+(Days days, const TDateTime& date) noexcept { return date + days; }
+    template <class Days>
+    requires std::is_arithmetic_v<Days>
+    friend constexpr TDateTime operator-(const TDateTime& date, Days days) noexcept
+    {
+        return date.Val - static_cast<double>(days);
+    }
+    friend constexpr TDateTime operator+(const TDateTime& date, const TDateTime& time) noexcept
+    {
+        return date.Val + time.Val;
+    }
+    /// The days from `earlier` to `later`.
+    friend constexpr double operator-(const TDateTime& later, const TDateTime& earlier) noexcept
+    {
+        return later.Val - earlier.Val;
+    }
+
+    /// Writes `DateTimeString` in UTF-8.
+    friend TRS8_BTL_API std::ostream& operator<<(std::ostream& stream, const TDateTime& value);
 
     /// Texts by `Sysutils::FormatSettings`, as `Sysutils::DateToStr`, `TimeToStr`, `DateTimeToStr`.
     UnicodeString DateString() const;

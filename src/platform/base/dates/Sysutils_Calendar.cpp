@@ -19,6 +19,7 @@ using Detail::JoinDayAndTime;
 using Detail::TDateFields;
 using System::Int64;
 using System::TDateTime;
+using System::UnicodeString;
 using System::Word;
 
 namespace
@@ -160,7 +161,8 @@ TDateTime EncodeDate(Word year, Word month, Word day)
 {
     TDateTime value;
     if (!TryEncodeDate(year, month, day, value)) {
-        throw EConvertError(u"Invalid argument to date encode");
+        throw EConvertError(u"'" + UnicodeString(year) + u'-' + UnicodeString(month) + u'-' +
+                            UnicodeString(day) + u"' is no date");
     }
     return value;
 }
@@ -179,7 +181,8 @@ TDateTime EncodeTime(Word hour, Word minute, Word second, Word milliSecond)
 {
     TDateTime value;
     if (!TryEncodeTime(hour, minute, second, milliSecond, value)) {
-        throw EConvertError(u"Invalid argument to time encode");
+        throw EConvertError(u"'" + UnicodeString(hour) + u':' + UnicodeString(minute) + u':' +
+                            UnicodeString(second) + u'.' + UnicodeString(milliSecond) + u"' is no time");
     }
     return value;
 }
@@ -228,7 +231,7 @@ TDateTime IncMonth(const TDateTime& value, int months)
     const TDateFields fields = FieldsOf(value);
     const Int64 total = fields.year * 12 + fields.month - 1 + Int64{months};
     if (fields.year == 0 || total < 12 || total / 12 > LastYear) {
-        throw EConvertError(u"Invalid argument to date encode");
+        throw EConvertError(u"'" + UnicodeString(months) + u"' months lead to no date");
     }
     const auto year = static_cast<Word>(total / 12);
     const auto month = static_cast<Word>(total % 12 + 1);

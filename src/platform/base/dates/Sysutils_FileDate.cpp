@@ -62,7 +62,7 @@ TDateTime FileDateToDateTime(int fileDate)
     if (const auto value = Detail::UnpackFileDate(fileDate)) {
         return *value;
     }
-    throw EConvertError(u"Invalid file date");
+    throw EConvertError(u"'" + System::UnicodeString(fileDate) + u"' is no date of a file");
 }
 
 } // namespace Sysutils

@@ -1,6 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+// Components, lists and streams, all at once:
+// - `Classes_Strings.h`: `TStrings`, what every list of lines can; `Classes_StringList.h`: `TStringList`
+// - `Classes_Stream.h`: streams of files, memory, texts and resources
+// - `Classes_Persistent.h`: objects that can be assigned; `Classes_Component.h`: `TComponent`, which owns
+// others
+// - `Classes_Collection.h`: `TCollection`, a list of items of one class
+// - `Classes_ClassRegister.h`: classes by their names
+// - `Classes_Update.h`: the scope of a change; `Classes_Exceptions.h`: what all of them throw
+
 #include "platform/runtime/classes/Classes_ClassRegister.h"
 #include "platform/runtime/classes/Classes_Collection.h"
 #include "platform/runtime/classes/Classes_Component.h"

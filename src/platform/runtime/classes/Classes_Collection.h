@@ -61,6 +61,14 @@ public:
     int GetCount() const noexcept { return static_cast<int>(mItems.size()); }
     /// `EListError` for an index out of range.
     TCollectionItem* GetItem(int index) const;
+
+    // The items as a range, valid until one comes, goes or moves.
+
+    TCollectionItem* const* begin() const noexcept { return mItems.data(); }
+    TCollectionItem* const* end() const noexcept { return mItems.data() + mItems.size(); }
+    std::size_t size() const noexcept { return mItems.size(); }
+    [[nodiscard]] bool empty() const noexcept { return mItems.empty(); }
+
     TCollectionItem* Add();
     /// `EListError` for an index outside 0 to the count.
     TCollectionItem* Insert(int index);

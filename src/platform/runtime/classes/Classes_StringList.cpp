@@ -42,6 +42,11 @@ TMetaClass* TStringList::ClassRecord()
 
 TStringList::TStringList(bool ownsObjects) : mOwnsObjects(ownsObjects) {}
 
+TStringList::TStringList(std::initializer_list<UnicodeString> lines) : TStringList()
+{
+    AddStrings(lines);
+}
+
 TStringList::~TStringList()
 {
     Dispose(mItems);

@@ -29,6 +29,7 @@ class TRS8_BTL_API TStringList : public TStrings
 
 public:
     explicit TStringList(bool ownsObjects = false);
+    TStringList(std::initializer_list<System::UnicodeString> lines);
     ~TStringList() override;
 
     /// In a sorted list the line goes to its place. If it is there already, `Duplicates` decides: `dupIgnore`

@@ -134,8 +134,23 @@ void TStrings::AddStrings(const TStrings* strings)
     if (strings == nullptr) {
         return;
     }
+    AddItems(ItemsOf(*strings));
+}
+
+void TStrings::AddStrings(std::initializer_list<UnicodeString> lines)
+{
+    Items items;
+    items.reserve(lines.size());
+    for (const UnicodeString& line : lines) {
+        items.push_back({line, nullptr});
+    }
+    AddItems(std::move(items));
+}
+
+void TStrings::AddItems(Items&& items)
+{
     const GUpdateScope scope(*this);
-    AppendItems(ItemsOf(*strings));
+    AppendItems(std::move(items));
 }
 
 void TStrings::InsertObject(int index, const UnicodeString& text, TObject* object)

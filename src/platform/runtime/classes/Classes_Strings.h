@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/base/System_Range.h"
 #include "platform/base/Sysutils_Encoding.h"
 #include "platform/runtime/classes/Classes_Persistent.h"
 
+#include <initializer_list>
 #include <vector>
 
 namespace Classes
@@ -22,6 +24,11 @@ struct TStringItem
 /// lists of text can do stands here. An index out of range raises `EStringListError`. A null list as an
 /// argument counts as an empty one. Objects are pointers only, never looked at, unless a list says it owns
 /// them.
+///
+///     TStringList list{u"pear", u"fig"};
+///     list.setStrings(0, u"apple");                        // lines are set by this, not by list[0]
+///     for (const UnicodeString& line : list) { ... }
+///     list.AddStrings(std::vector<std::string>{"UTF-8"});  // any range of texts
 class TRS8_BTL_API TStrings : public TPersistent
 {
     TRS8_BTL_CLASS(TStrings, TPersistent)
@@ -35,10 +42,20 @@ public:
     void setCapacity(int capacity) { SetCapacity(capacity); }
     System::UnicodeString getStrings(int index) const { return Get(index); }
     void setStrings(int index, const System::UnicodeString& text) { Put(index, text); }
-    System::UnicodeString operator[](int index) const { return Get(index); }
+    /// The line by value; constant, so that nobody takes it for the list's own. `setStrings` sets a line.
+    // NOLINTNEXTLINE(readability-const-return-type)
+    const System::UnicodeString operator[](int index) const { return Get(index); }
     System::TObject* getObjects(int index) const { return GetObject(index); }
     /// The former object stays the caller's, also in a list that owns its objects.
     void setObjects(int index, System::TObject* object) { PutObject(index, object); }
+
+    // The lines as a range. They come by value: the store is a derived class's.
+
+    using CIterator = System::GIndexIterator<TStrings, System::UnicodeString>;
+    CIterator begin() const { return {*this, 0}; }
+    CIterator end() const { return {*this, GetCount()}; }
+    std::size_t size() const { return static_cast<std::size_t>(GetCount()); }
+    [[nodiscard]] bool empty() const { return GetCount() == 0; }
 
     /// The place of the new line.
     virtual int Add(const System::UnicodeString& text);
@@ -46,6 +63,17 @@ public:
     void Append(const System::UnicodeString& text) { Add(text); }
     /// Adds the lines and objects of `strings`, which may be this list.
     void AddStrings(const TStrings* strings);
+    void AddStrings(std::initializer_list<System::UnicodeString> lines);
+    /// Adds each text of a range, without objects.
+    template <System::RangeOfTexts Range>
+    void AddStrings(Range&& lines)
+    {
+        std::vector<TStringItem> items;
+        for (auto&& line : lines) {
+            items.push_back({System::ToUnicodeString(line), nullptr});
+        }
+        AddItems(std::move(items));
+    }
     virtual void Insert(int index, const System::UnicodeString& text) = 0;
     virtual void InsertObject(int index, const System::UnicodeString& text, System::TObject* object);
     virtual void Delete(int index) = 0;
@@ -146,6 +174,7 @@ protected:
     void CheckIndex(int index, int limit) const;
 
 private:
+    void AddItems(std::vector<TStringItem>&& items);
     void StoreValue(int index, const System::UnicodeString& name, const System::UnicodeString& value);
     void ReplaceLines(std::vector<TStringItem>&& items);
 

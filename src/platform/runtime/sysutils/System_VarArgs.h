@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/base/System_String.h"
+#include "platform/base/dates/System_DateTime.h"
 
 #include <concepts>
 #include <initializer_list>
@@ -33,6 +34,13 @@ public:
     TVarRec(const AnsiStringT<CP>& value) : mValue(UnicodeString(value))
     {
     }
+    /// Bytes are UTF-8.
+    template <StandardText T>
+    TVarRec(const T& value) : mValue(ToUnicodeString(value))
+    {
+    }
+    /// The text, as `TDateTime::DateTimeString`.
+    TVarRec(const TDateTime& value) : mValue(value.DateTimeString()) {}
     TVarRec(const WideChar* value) : mValue(UnicodeString(value)) {}
     TVarRec(const char* value) : mValue(UnicodeString(value)) {}
     TVarRec(const void* value) : mValue(value) {}

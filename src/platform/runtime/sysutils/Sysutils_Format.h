@@ -37,6 +37,11 @@ requires(sizeof...(Arguments) > 0 &&
 {
     return Format(format, System::TVarArgs{System::TVarRec(arguments)...});
 }
+/// The text of a format without arguments, in which `%%` alone may stand.
+inline System::UnicodeString Format(const System::UnicodeString& format)
+{
+    return Format(format, System::TVarArgs());
+}
 
 /// As `Format`; `result` keeps its text on failure.
 TRS8_BTL_API void FmtStr(System::UnicodeString& result, const System::UnicodeString& format,

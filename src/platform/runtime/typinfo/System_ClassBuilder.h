@@ -113,7 +113,20 @@ public:
 
 private:
     template <class Getter>
-    using ValueOf = std::remove_cvref_t<std::invoke_result_t<Getter, const T&>>;
+    using ResultOf = std::remove_cvref_t<std::invoke_result_t<Getter, const T&>>;
+
+    template <class Value>
+    struct GCheckedValue
+    {
+        static_assert(!std::is_enum_v<Value> || Typinfo::DescribedEnum<Value>,
+                      "the enumeration of the property lacks a specialisation of Typinfo::GEnumType");
+        static_assert(Typinfo::PropertyType<Value>,
+                      "the type of the property lacks a specialisation of Typinfo::GPropTraits");
+        using Type = Value;
+    };
+    /// The type of a property, or a compile error that tells what it lacks.
+    template <class Getter>
+    using ValueOf = typename GCheckedValue<ResultOf<Getter>>::Type;
 
     template <class Object>
     static auto& Cast(Object* object)

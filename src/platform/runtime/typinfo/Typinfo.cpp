@@ -2,6 +2,7 @@
 #include "platform/runtime/typinfo/Typinfo.h"
 
 #include "platform/runtime/typinfo/System_MetaClass.h"
+#include "platform/runtime/typinfo/internal/Typinfo_NeedProp.h"
 
 #include <algorithm>
 #include <array>
@@ -158,7 +159,7 @@ void TPropInfo::Write(TObject* object, const TPropValue& value) const
     try {
         mWrite(object, value);
     } catch (const std::bad_variant_access&) {
-        Detail::ThrowBadValue();
+        throw EPropertyConvertError(u"Invalid value for property " + mName);
     }
 }
 
@@ -213,10 +214,7 @@ TTypeKind PropType(const TObject* object, const UnicodeString& name)
     return info == nullptr ? tkUnknown : info->getKind();
 }
 
-namespace
-{
-
-const TPropInfo* NeedProp(const TObject* object, const UnicodeString& name)
+const TPropInfo* Detail::NeedProp(const TObject* object, const UnicodeString& name)
 {
     const TPropInfo* info = GetPropInfo(object, name);
     if (info == nullptr) {
@@ -224,6 +222,11 @@ const TPropInfo* NeedProp(const TObject* object, const UnicodeString& name)
     }
     return info;
 }
+
+namespace
+{
+
+using Detail::NeedProp;
 
 template <class... Kinds>
 TTypeKind NeedKind(const TPropInfo* info, Kinds... kinds)
@@ -262,7 +265,7 @@ void SetOrdinal(TObject* object, const TPropInfo* info, Int64 value)
     const TTypeInfo& type = *info->getPropType();
     // A value that the type lacks would be cut to another one on its way.
     if (value < type.MinValue || value > type.MaxValue) {
-        Detail::ThrowBadValue();
+        throw EPropertyConvertError(UnicodeString(value) + u" is no value of property " + info->getName());
     }
     info->Write(object, value);
 }

@@ -8,6 +8,7 @@
 #include <functional>
 #include <limits>
 #include <optional>
+#include <string>
 #include <type_traits>
 #include <variant>
 
@@ -77,6 +78,8 @@ struct TTypeInfo
     System::TMetaClass* ClassType = nullptr;
     /// The type of a set's elements.
     const TTypeInfo* ElementType = nullptr;
+    /// The element that the lowest bit of a set stands for.
+    System::Int64 LowestElement = 0;
 };
 
 /// A property's value between its accessors and a caller who doesn't know its type: ordinals of all kinds,
@@ -214,6 +217,7 @@ struct GPropTraits<System::Set<T, Min, Max>>
             TTypeInfo set{.Kind = tkSet, .Name = u"Set"};
             set.MaxValue = (System::Int64{1} << Count) - 1;
             set.ElementType = GPropTraits<T>::TypeInfo();
+            set.LowestElement = static_cast<System::Int64>(Min);
             return set;
         }();
         return &info;
@@ -264,6 +268,18 @@ struct GPropTraits<System::UnicodeString>
     static System::UnicodeString FromValue(const TPropValue& value)
     {
         return std::get<System::UnicodeString>(value);
+    }
+};
+
+/// Text in UTF-8.
+template <>
+struct GPropTraits<std::string>
+{
+    static const TTypeInfo* TypeInfo() { return Detail::TextTypeInfo(tkUString); }
+    static TPropValue ToValue(const std::string& value) { return System::FromUtf8(value); }
+    static std::string FromValue(const TPropValue& value)
+    {
+        return System::ToUtf8(std::get<System::UnicodeString>(value));
     }
 };
 
@@ -337,6 +353,20 @@ struct GPropTraits<System::TClosure<Signature>>
         }
         return System::TClosure<Signature>(method);
     }
+};
+
+/// A type with a `GPropTraits`, so that a property may have it.
+template <class T>
+concept PropertyType = requires
+{
+    GPropTraits<T>::TypeInfo();
+};
+
+/// An enumeration with a `GEnumType`.
+template <class E>
+concept DescribedEnum = requires
+{
+    GEnumType<E>::Make();
 };
 
 /// The record of the C++ type `T`.

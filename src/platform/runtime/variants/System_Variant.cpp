@@ -60,10 +60,12 @@ UnicodeString TextOf(const Variant& text)
 
 } // namespace
 
-void ThrowVariantCast(Word from, Word to)
+void ThrowVariantCast(const Variant& value, Word to)
 {
-    throw EVariantError(u"Could not convert variant of type (" + Variants::VarTypeAsText(from) +
-                        u") into type (" + Variants::VarTypeAsText(to) + u")");
+    const UnicodeString text = value.IsText() ? u" '" + TextOf(value) + u"'" : UnicodeString();
+    throw EVariantError(u"Could not convert variant" + text + u" of type (" +
+                        Variants::VarTypeAsText(value.Type()) + u") into type (" +
+                        Variants::VarTypeAsText(to) + u")");
 }
 
 void ThrowVariantOverflow(Word from, Word to)
@@ -178,7 +180,7 @@ Detail::TVariantNumber NumberOf(const Variant& value, Word target)
 {
     const auto number = Detail::TryNumber(value);
     if (!number) {
-        ThrowVariantCast(value.Type(), target);
+        ThrowVariantCast(value, target);
     }
     return *number;
 }
@@ -260,7 +262,7 @@ Variant Variant::AsType(Word type) const
     case varOleStr:
         return {type, ToText()};
     default:
-        ThrowVariantCast(mType, type);
+        ThrowVariantCast(*this, type);
     }
 }
 
@@ -268,7 +270,7 @@ bool Variant::ToBool() const
 {
     const auto value = Detail::TryBool(*this);
     if (!value) {
-        ThrowVariantCast(mType, varBoolean);
+        ThrowVariantCast(*this, varBoolean);
     }
     return *value;
 }
@@ -323,7 +325,7 @@ TDateTime Variant::ToDateTime() const
 {
     const auto days = Detail::TryDate(*this);
     if (!days) {
-        ThrowVariantCast(mType, varDate);
+        ThrowVariantCast(*this, varDate);
     }
     return *days;
 }
@@ -354,7 +356,7 @@ UnicodeString Variant::ToText() const
         return Detail::TextOf(*this);
     }
     if (IsArray() || IsNull()) {
-        ThrowVariantCast(mType, varUString);
+        ThrowVariantCast(*this, varUString);
     }
     return Sysutils::IntToStr(std::get<Int64>(mValue));
 }

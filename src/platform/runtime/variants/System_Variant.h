@@ -109,6 +109,11 @@ public:
         : Variant(UnicodeString(value))
     {
     }
+    /// Wide text; bytes are UTF-8.
+    template <StandardText T>
+    Variant(const T& value) : Variant(ToUnicodeString(value))
+    {
+    }
     /// A null pointer gives the empty text.
     Variant(const WideChar* value) : Variant(UnicodeString(value)) {}
     Variant(const char* value) : Variant(AnsiString(value)) {}

@@ -40,7 +40,7 @@ TOperand OperandOf(const Variant& value)
     const auto number = TryNumber(value);
     if (!number) {
         if (value.IsText()) {
-            ThrowVariantCast(value.Type(), varDouble);
+            ThrowVariantCast(value, varDouble);
         }
         ThrowVariantOperation();
     }

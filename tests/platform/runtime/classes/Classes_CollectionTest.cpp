@@ -127,4 +127,15 @@ TEST(CollectionTest, TellsOfChangesOnceForAnUpdate)
     EXPECT_EQ(a->GetNamePath(), u"Grid1.Items[0]");
 }
 
+TEST(CollectionTest, IsARangeOfItsItems)
+{
+    TCollection collection(ClassOf<Column>());
+    EXPECT_TRUE(collection.empty());
+    EXPECT_EQ(collection.begin(), collection.end());
+    TCollectionItem* const first = collection.Add();
+    TCollectionItem* const second = collection.Add();
+    EXPECT_EQ(collection.size(), 2U);
+    EXPECT_THAT(std::vector(collection.begin(), collection.end()), ElementsAre(first, second));
+}
+
 } // namespace

@@ -259,4 +259,15 @@ TEST(StringListTest, GivesOneNoticeForAnUpdate)
     EXPECT_EQ(changed, before) << "nothing to clear";
 }
 
+TEST(StringListTest, HoldsWhatItsBracesHold)
+{
+    TStringList list{u"pear", "fig"};
+    EXPECT_EQ(list.getCommaText(), u"pear,fig");
+    list.setSorted(true);
+    list.AddStrings({u"apple", u"fig"});
+    EXPECT_EQ(list.getCommaText(), u"apple,fig,pear");
+    EXPECT_EQ(TStringList{}.getCount(), 0);
+    EXPECT_TRUE(TStringList{true}.getOwnsObjects());
+}
+
 } // namespace

@@ -6,6 +6,7 @@
 #include "platform/runtime/classes/Classes_StringsSupport.h"
 #include "support/TempFolder.h"
 #include <fstream>
+#include <ranges>
 
 #include <gmock/gmock.h>
 
@@ -207,6 +208,65 @@ TEST(StringsTest, LoadsAndSavesFiles)
     EXPECT_THROW(list.LoadFromFile(path + u"x"), EFOpenError);
     EXPECT_THROW(list.SaveToFile(path + u"/x/y"), EFCreateError);
     EXPECT_EQ(list.getCount(), 2);
+}
+
+template <class List>
+concept SetsByIndex = requires(List list)
+{
+    list[0] = u"new";
+};
+static_assert(!SetsByIndex<TStringList&> && !SetsByIndex<TStrings&>, "it would set a copy");
+
+TEST(StringsTest, GivesLinesByIndex)
+{
+    const TStringList list{u"one", u"two"};
+    UnicodeString line = list[0];
+    line += u"!";
+    EXPECT_EQ(line, u"one!");
+    EXPECT_EQ(list[0], u"one");
+    EXPECT_TRUE(list[1] == "two" && list[0] < list[1]);
+}
+
+TEST(StringsTest, IsARangeOfItsLines)
+{
+    static_assert(std::random_access_iterator<TStrings::CIterator>);
+    static_assert(std::ranges::sized_range<const TStrings>);
+    Memo memo;
+    EXPECT_TRUE(memo.empty());
+    EXPECT_EQ(memo.begin(), memo.end());
+    memo.AddStrings({u"b", u"a", u"c"});
+    EXPECT_EQ(memo.size(), 3U);
+    UnicodeString joined;
+    for (const UnicodeString& line : memo) {
+        joined += line;
+    }
+    EXPECT_EQ(joined, u"bac");
+    EXPECT_EQ(memo.end() - memo.begin(), 3);
+    EXPECT_EQ(memo.begin()[2], u"c");
+    EXPECT_EQ(std::ranges::find(memo, u"a") - memo.begin(), 1);
+    const std::vector<UnicodeString> copy(memo.begin(), memo.end());
+    EXPECT_THAT(copy, ElementsAre(u"b", u"a", u"c"));
+    EXPECT_THROW(*memo.end(), EStringListError);
+}
+
+TEST(StringsTest, TakesRangesOfTexts)
+{
+    Memo memo;
+    memo.AddStrings(std::vector<std::string>{"gr\xC3\xB6\xC3\x9F"
+                                             "er",
+                                             "b"});
+    memo.AddStrings(std::vector<UnicodeString>{u"c"});
+    const char16_t* const pointers[] = {u"d", u"e"};
+    memo.AddStrings(pointers);
+    EXPECT_EQ(memo.updates, 6) << "each is one change";
+    TStringList list;
+    list.AddStrings(std::vector(memo.begin() + 1, memo.end()));
+    EXPECT_EQ(list.getCommaText(), u"b,c,d,e");
+    list.AddStrings(list);
+    list.AddStrings({});
+    EXPECT_EQ(list.getCommaText(), u"b,c,d,e,b,c,d,e");
+    static_assert(!System::RangeOfTexts<UnicodeString> && !System::RangeOfTexts<const char(&)[3]>,
+                  "a text is one line");
 }
 
 } // namespace

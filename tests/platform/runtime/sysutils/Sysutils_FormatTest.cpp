@@ -37,6 +37,23 @@ UnicodeString FailureOf(const UnicodeString& format, TVarArgs arguments)
     }
 }
 
+TEST(FormatTest, TakesTextsOfTheStandardAndDates)
+{
+    const std::string utf8 = "gr\xC3\xB6\xC3\x9F"
+                             "er";
+    EXPECT_EQ(Sysutils::Format(u"%s %s %s", utf8, std::string_view(utf8).substr(4, 2), std::u16string(u"→")),
+              u"größer ß →");
+    const System::TDateTime date(2022, 2, 28);
+    EXPECT_EQ(Sysutils::Format(u"%s", date + 1), (date + 1).DateTimeString());
+}
+
+TEST(FormatTest, NeedsNoArguments)
+{
+    EXPECT_EQ(Sysutils::Format(u"100 %%"), u"100 %");
+    EXPECT_EQ(Sysutils::Format(u""), u"");
+    EXPECT_THROW(Sysutils::Format(u"%d"), Sysutils::EConvertError);
+}
+
 } // namespace
 
 TEST(FormatTest, FillsEachType)

@@ -145,7 +145,7 @@ TEST_F(VariantTest, TellsWhatCouldNotBeConverted)
         return u"nothing raised";
     };
     EXPECT_EQ(message([] { Variant(u"x").As<int>(); }),
-              u"Could not convert variant of type (UnicodeString) into type (Integer)");
+              u"Could not convert variant 'x' of type (UnicodeString) into type (Integer)");
     EXPECT_EQ(message([] { Null().As<AnsiString>(); }),
               u"Could not convert variant of type (Null) into type (UnicodeString)");
     EXPECT_EQ(message([] { Variant(300).As<Byte>(); }),
@@ -162,6 +162,18 @@ TEST_F(VariantTest, TellsWhatCouldNotBeConverted)
     EXPECT_THROW(kept.ChangeType(varInteger), EVariantError);
     EXPECT_THROW(VarCast(kept, Null(), varInteger), EVariantError);
     EXPECT_EQ(kept, u"x");
+}
+
+TEST_F(VariantTest, TakesTextsOfTheStandard)
+{
+    const std::string utf8 = "gr\xC3\xB6\xC3\x9F"
+                             "er";
+    const System::Variant value = utf8;
+    EXPECT_EQ(value.Type(), System::varUString);
+    EXPECT_EQ(value, u"größer");
+    EXPECT_EQ(System::Variant(std::string_view(utf8)), value);
+    EXPECT_EQ(System::Variant(std::u16string_view(u"größer")), value);
+    EXPECT_EQ(System::Variant(System::TDateTime(1) + 1).Type(), System::varDate);
 }
 
 } // namespace

@@ -24,7 +24,7 @@ std::optional<double> TryDate(const Variant& value);
 bool AreArraysEqual(const Variant& a, const Variant& b, bool (*areEqual)(const Variant&, const Variant&));
 
 /// Raise `Sysutils::EVariantError`.
-[[noreturn]] void ThrowVariantCast(Word from, Word to);
+[[noreturn]] void ThrowVariantCast(const Variant& value, Word to);
 [[noreturn]] void ThrowVariantOverflow(Word from, Word to);
 [[noreturn]] void ThrowVariantOperation();
 

@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: MIT
+#include "platform/runtime/typinfo/Typinfo_PropValue.h"
+
+#include "platform/runtime/typinfo/System_ClassBuilder.h"
+#include "support/FormatSettingsGuard.h"
+
+#include <gtest/gtest.h>
+
+using namespace System;
+using namespace Typinfo;
+
+namespace
+{
+
+enum EKind
+{
+    Round = 3,
+    Square,
+    Free
+};
+
+using Kinds = Set<EKind, Square, Free>;
+
+class Gauge : public TObject
+{
+    TRS8_BTL_CLASS(Gauge, TObject)
+
+public:
+    Byte small = 0;
+    Int64 large = 0;
+    UInt64 unsignedLarge = 0;
+    bool flag = false;
+    char narrow = 'a';
+    WideChar wide = u'a';
+    EKind kind = Round;
+    Kinds kinds;
+    double number = 0;
+    TDateTime date;
+    Currency money;
+    UnicodeString text;
+    AnsiString narrowText;
+    std::string utf8;
+    Variant any;
+    Gauge* next = nullptr;
+    int getFixed() const { return 5; }
+};
+
+} // namespace
+
+template <>
+struct Typinfo::GEnumType<EKind>
+{
+    static TTypeInfo Make() { return EnumType(u"EKind", {u"gkRound", u"gkSquare", u"gkFree"}, Round); }
+};
+
+namespace
+{
+
+TMetaClass* Gauge::ClassRecord()
+{
+    static TMetaClass* const record = GClassBuilder<Gauge>(u"Gauge")
+                                          .Property(u"Small", &Gauge::small)
+                                          .Property(u"Large", &Gauge::large)
+                                          .Property(u"UnsignedLarge", &Gauge::unsignedLarge)
+                                          .Property(u"Flag", &Gauge::flag)
+                                          .Property(u"Narrow", &Gauge::narrow)
+                                          .Property(u"Wide", &Gauge::wide)
+                                          .Property(u"Kind", &Gauge::kind)
+                                          .Property(u"Kinds", &Gauge::kinds)
+                                          .Property(u"Number", &Gauge::number)
+                                          .Property(u"Date", &Gauge::date)
+                                          .Property(u"Money", &Gauge::money)
+                                          .Property(u"Text", &Gauge::text)
+                                          .Property(u"NarrowText", &Gauge::narrowText)
+                                          .Property(u"Utf8", &Gauge::utf8)
+                                          .Property(u"Any", &Gauge::any)
+                                          .Property(u"Next", &Gauge::next)
+                                          .Property(u"Fixed", &Gauge::getFixed)
+                                          .Build();
+    return record;
+}
+
+struct Undescribed
+{
+};
+static_assert(PropertyType<std::string> && PropertyType<Kinds> && PropertyType<Gauge*>);
+static_assert(!PropertyType<Undescribed> && !PropertyType<Undescribed*>);
+enum class EUndescribed
+{
+};
+static_assert(DescribedEnum<EKind> && !DescribedEnum<EUndescribed>);
+
+TEST(PropValueTest, ReadsAndWritesEveryKindAsText)
+{
+    const Support::FormatSettingsGuard guard;
+    Sysutils::FormatSettings.DecimalSeparator = u',';
+    const struct
+    {
+        const char16_t* name;
+        const char16_t* written;
+        const char16_t* read;
+        Word type;
+    } cases[] = {
+        {u"Small", u"255", u"255", varInt64},
+        {u"Large", u"-9223372036854775808", u"-9223372036854775808", varInt64},
+        {u"UnsignedLarge", u"18446744073709551615", u"18446744073709551615", varUInt64},
+        {u"Flag", u"true", u"True", varBoolean},
+        {u"Flag", u"0", u"False", varBoolean},
+        {u"Narrow", u"€", u"€", varUString},
+        {u"Wide", u"→", u"→", varUString},
+        {u"Kind", u"GKSQUARE", u"gkSquare", varUString},
+        {u"Kind", u"5", u"gkFree", varUString},
+        {u"Kinds", u"[gkFree, gkSquare]", u"[gkSquare,gkFree]", varUString},
+        {u"Kinds", u"gkfree", u"[gkFree]", varUString},
+        {u"Kinds", u"5,4", u"[gkSquare,gkFree]", varUString},
+        {u"Kinds", u"[]", u"[]", varUString},
+        {u"Number", u"-1,5", u"-1,5", varDouble},
+        {u"Date", u"2022-02-28", u"2022-02-28", varDate},
+        {u"Text", u"größer →", u"größer →", varUString},
+        {u"NarrowText", u"größer →", u"größer ?", varUString},
+        {u"Utf8", u"größer →", u"größer →", varUString},
+        {u"Any", u"x", u"x", varUString},
+    };
+    Gauge gauge;
+    for (const auto& [name, written, read, type] : cases) {
+        SCOPED_TRACE(UnicodeString(name) + u" " + written);
+        SetPropText(&gauge, name, written);
+        EXPECT_EQ(GetPropText(&gauge, name), read);
+        const Variant value = GetPropValue(&gauge, name);
+        EXPECT_EQ(value.Type(), type);
+        SetPropValue(&gauge, name, value);
+        EXPECT_EQ(GetPropText(&gauge, name), read) << "the value comes back";
+    }
+    EXPECT_EQ(gauge.utf8, "größer →");
+    EXPECT_EQ(gauge.narrow, '\x80');
+}
+
+TEST(PropValueTest, TakesValuesOfOtherTypes)
+{
+    Gauge gauge;
+    SetPropValue(&gauge, u"Small", 7.4);
+    SetPropValue(&gauge, u"Number", 3);
+    SetPropValue(&gauge, u"Kind", int{Free});
+    SetPropValue(&gauge, u"Kinds", 2);
+    SetPropValue(&gauge, u"Text", 12);
+    SetPropValue(&gauge, u"Money", 1.5);
+    SetPropValue(&gauge, u"Any", Variant::Null());
+    EXPECT_EQ(gauge.small, 7);
+    EXPECT_EQ(gauge.number, 3);
+    EXPECT_EQ(gauge.kind, Free);
+    EXPECT_EQ(gauge.kinds, Kinds{Free});
+    EXPECT_EQ(gauge.text, u"12");
+    EXPECT_EQ(gauge.money, Currency(1.5));
+    EXPECT_EQ(GetPropValue(&gauge, u"Money").Type(), varCurrency);
+    EXPECT_EQ(GetPropText(&gauge, u"Any"), u"");
+    gauge.kind = static_cast<EKind>(7);
+    EXPECT_EQ(GetPropText(&gauge, u"Kind"), u"7") << "a value without a name is its number";
+}
+
+TEST(PropValueTest, NamesTheValueAndThePropertyItCannotHold)
+{
+    const struct
+    {
+        const char16_t* name;
+        const char16_t* value;
+    } cases[] = {
+        {u"Small", u"256"},  {u"Small", u"-1"},         {u"Small", u""},           {u"Small", u"x"},
+        {u"Large", u"1e30"}, {u"UnsignedLarge", u"-1"}, {u"Flag", u"maybe"},       {u"Narrow", u"→"},
+        {u"Narrow", u""},    {u"Wide", u"ab"},          {u"Wide", u"💡"},           {u"Kind", u"gkBlue"},
+        {u"Kind", u"6"},     {u"Kinds", u"[gkRound]"},  {u"Kinds", u"[gkFree,]x"}, {u"Kinds", u"99"},
+        {u"Number", u"one"}, {u"Date", u"31.2.2022"},
+    };
+    Gauge gauge;
+    for (const auto& [name, value] : cases) {
+        SCOPED_TRACE(UnicodeString(name) + u" " + value);
+        const UnicodeString before = GetPropText(&gauge, name);
+        try {
+            SetPropText(&gauge, name, value);
+            ADD_FAILURE() << "it was taken";
+        } catch (const EPropertyConvertError& error) {
+            EXPECT_EQ(error.getMessage(), u"'" + UnicodeString(value) + u"' is no value of property " + name);
+        }
+        EXPECT_EQ(GetPropText(&gauge, name), before);
+    }
+    EXPECT_THROW(SetPropValue(&gauge, u"Small", Variant::Null()), EPropertyConvertError);
+    EXPECT_THROW(SetPropValue(&gauge, u"Text", Variant::ArrayOf({})), EPropertyConvertError);
+}
+
+TEST(PropValueTest, RefusesWhatIsNoValue)
+{
+    Gauge gauge;
+    EXPECT_THROW(GetPropValue(&gauge, u"Next"), EPropertyError);
+    EXPECT_THROW(SetPropText(&gauge, u"Next", u"x"), EPropertyError);
+    EXPECT_THROW(GetPropText(&gauge, u"Missing"), EPropertyError);
+    EXPECT_THROW(SetPropText(&gauge, u"Fixed", u"1"), EPropertyError);
+    EXPECT_EQ(GetPropText(&gauge, u"Fixed"), u"5");
+    EXPECT_THROW(GetPropValue(&gauge, static_cast<TPropInfo*>(nullptr)), EPropertyError);
+    EXPECT_THROW(SetPropValue(&gauge, static_cast<TPropInfo*>(nullptr), 1), EPropertyError);
+    EXPECT_THROW(GetPropValue(nullptr, u"Small"), EPropertyError);
+}
+
+} // namespace
