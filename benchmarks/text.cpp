@@ -3,9 +3,12 @@
 #include "platform/runtime/classes/Classes.h"
 #include "platform/runtime/sysutils/Sysutils_Text.h"
 #include "text/editing/BTL_STR_Replace.h"
+#include "text/editing/BTL_STR_Split.h"
 #include "text/grammar/BTL_STR_Delimited.h"
 
 #include <benchmark/benchmark.h>
+
+#include <malloc.h>
 
 #include <charconv>
 #include <random>
@@ -214,6 +217,93 @@ void WritePlain(benchmark::State& state)
 }
 BENCHMARK(WritePlain)->Name("write_comma_text/plain_loop")->Apply(Sizes);
 BENCHMARK(WritePlain)->Name("write_delimited_text/plain_loop")->Apply(Sizes);
+
+// Splitting one long line.
+
+constexpr std::u16string_view Fields = u"4711;channel;12,5;;V;2026-02-01 10:00:00;";
+
+/// What each field gives to do.
+std::size_t LengthsPlain(std::u16string_view text, char16_t delim)
+{
+    std::size_t sum = 0;
+    std::size_t start = 0;
+    for (auto at = text.find(delim); at != text.npos; at = text.find(delim, start)) {
+        sum += text.substr(start, at - start).size();
+        start = at + 1;
+    }
+    return sum + text.substr(start).size();
+}
+
+std::vector<std::u16string> FieldsPlain(std::u16string_view text, char16_t delim)
+{
+    std::vector<std::u16string> fields;
+    std::size_t start = 0;
+    for (auto at = text.find(delim); at != text.npos; at = text.find(delim, start)) {
+        fields.emplace_back(text.substr(start, at - start));
+        start = at + 1;
+    }
+    fields.emplace_back(text.substr(start));
+    return fields;
+}
+
+/// A line of 600 KB and one of ten times that.
+void LineSizes(benchmark::internal::Benchmark* benchmark)
+{
+    benchmark->Arg(600 * 1024)->Arg(6000 * 1024)->Unit(benchmark::kMillisecond);
+}
+
+void SplitOurs(benchmark::State& state)
+{
+    const UnicodeString text = Repeated(state, Fields);
+    for (auto _ : state) {
+        std::size_t sum = 0;
+        for (const std::u16string_view field : BTL::Split(text, u';')) {
+            sum += field.size();
+        }
+        benchmark::DoNotOptimize(sum);
+    }
+    Report(state);
+}
+BENCHMARK(SplitOurs)->Name("split_view/ours")->Apply(LineSizes);
+
+void SplitPlain(benchmark::State& state)
+{
+    const UnicodeString text = Repeated(state, Fields);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(LengthsPlain(text.AsView(), u';'));
+    }
+    Report(state);
+}
+BENCHMARK(SplitPlain)->Name("split_view/plain_loop")->Apply(LineSizes);
+
+/// Else most of what is measured is how the memory of the fields goes back to the host and comes again.
+void KeepFreedMemory()
+{
+    mallopt(M_TRIM_THRESHOLD, 1 << 30);
+    mallopt(M_MMAP_THRESHOLD, 1 << 30);
+}
+
+void SplitToVectorOurs(benchmark::State& state)
+{
+    KeepFreedMemory();
+    const UnicodeString text = Repeated(state, Fields);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(BTL::SplitToVector(text, u';'));
+    }
+    Report(state);
+}
+BENCHMARK(SplitToVectorOurs)->Name("split_to_vector/ours")->Apply(LineSizes);
+
+void SplitToVectorPlain(benchmark::State& state)
+{
+    KeepFreedMemory();
+    const UnicodeString text = Repeated(state, Fields);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(FieldsPlain(text.AsView(), u';'));
+    }
+    Report(state);
+}
+BENCHMARK(SplitToVectorPlain)->Name("split_to_vector/plain_loop")->Apply(LineSizes);
 
 // Numbers.
 

@@ -4,17 +4,13 @@
 #include <TRS8_BTL/platform/base/Sysutils_Locale.h>
 #include <TRS8_BTL/platform/base/dates/Sysutils_DateReading.h>
 #include <TRS8_BTL/platform/host/Host_Path.h>
-#include <TRS8_BTL/platform/runtime/sysutils/Sysutils_Text.h>
 #include <TRS8_BTL/text/dates/BTL_DT_Reading.h>
-#include <TRS8_BTL/text/editing/BTL_STR_Cut.h>
-#include <TRS8_BTL/text/editing/BTL_STR_Join.h>
-#include <TRS8_BTL/text/editing/BTL_STR_Search.h>
-#include <TRS8_BTL/text/grammar/BTL_CommandLineParser.h>
+#include <TRS8_BTL/text/grammar/BTL_CommandLineOptions.h>
 #include <TRS8_BTL/text/numbers/BTL_NUM_Floats.h>
 
-#include <algorithm>
 #include <array>
 #include <string>
+#include <vector>
 
 namespace Station
 {
@@ -26,8 +22,6 @@ using System::UnicodeString;
 using System::WideChar;
 
 constexpr double MaxSeconds = 24 * 3600;
-constexpr WideChar Quote = u'"';
-constexpr WideChar EqualSign = u'=';
 
 // The values of the options.
 
@@ -107,8 +101,6 @@ struct TOption
     const WideChar* valueName;
     const WideChar* help;
     void (*set)(TOptions& options, const UnicodeString& value);
-
-    bool TakesValue() const { return valueName != nullptr; }
 };
 
 constexpr std::array Table = {
@@ -131,58 +123,14 @@ constexpr std::array Table = {
     TOption{u"--help", nullptr, u"this text", SwitchOn<&TOptions::help>},
 };
 
-/// Null if there is no option of this name.
-const TOption* FindOption(const UnicodeString& name)
+/// The table as the library reads it.
+BTL::CCommandLineOptions KnownOptions()
 {
-    const auto* const found =
-        std::find_if(Table.begin(), Table.end(), [&](const TOption& option) { return name == option.name; });
-    return found == Table.end() ? nullptr : found;
-}
-
-/// The words as one line: values are quoted, names and the `=` behind them are not.
-UnicodeString CommandLine(std::span<char* const> words)
-{
-    UnicodeString line;
-    for (const char* const bytes : words) {
-        const UnicodeString word = System::FromUtf8(bytes);
-        UnicodeString name;
-        UnicodeString value;
-        BTL::GetSubStrings(word, EqualSign, name, value);
-        if (FindOption(name) == nullptr) {
-            line += Sysutils::AnsiQuotedStr(word, Quote);
-        } else if (name == word) {
-            line += name;
-        } else {
-            line += name + EqualSign + Sysutils::AnsiQuotedStr(value, Quote);
-        }
-        line += u' ';
+    BTL::CCommandLineOptions options(BTL::EOtherWords::Refused);
+    for (const TOption& option : Table) {
+        options.Add({option.name, option.valueName, option.help});
     }
-    return line;
-}
-
-/// Every token must be a name, the `=` behind one or its value.
-void CheckTokens(const Classes::TStringList& tokens)
-{
-    const auto beginsAt = [&](int index, const UnicodeString& start) {
-        return index < tokens.getCount() && BTL::BeginsWith(tokens[index], start, 1);
-    };
-    for (int i = 0; i < tokens.getCount(); ++i) {
-        const UnicodeString name = tokens[i];
-        const TOption* const option = FindOption(name);
-        if (option == nullptr) {
-            throw XBadOption(u"unknown option '" + BTL::ExtractQuotedStr(name, Quote) +
-                             u"'; --help tells all");
-        }
-        const bool hasEqualSign = beginsAt(i + 1, EqualSign);
-        if (option->TakesValue()) {
-            i += hasEqualSign ? 2 : 1;
-            if (!beginsAt(i, Quote)) {
-                throw XBadOption(name + u": the value is missing");
-            }
-        } else if (hasEqualSign) {
-            throw XBadOption(name + u" takes no value");
-        }
-    }
+    return options;
 }
 
 // The help around the table.
@@ -199,43 +147,29 @@ Numbers may be written with either decimal separator. Exit code 0: all was print
 1: something failed; 2: the command line or the channel file is bad.
 )";
 
-/// How an option is written, with the name of its value.
-UnicodeString Usage(const TOption& option)
-{
-    return BTL::StrCat(option.name, option.valueName, u" ");
-}
-
 } // namespace
 
 UnicodeString HelpText()
 {
-    int width = 0;
-    for (const TOption& option : Table) {
-        width = std::max(width, Usage(option).Length());
-    }
-    UnicodeString text = Introduction;
-    for (const TOption& option : Table) {
-        text += u"  " + BTL::FillString(Usage(option), width, u' ') + u"  " + option.help + u'\n';
-    }
-    return text + Conclusion;
+    return Introduction + KnownOptions().GetHelpText() + Conclusion;
 }
 
-TOptions ReadOptions(std::span<char* const> words)
+TOptions ReadOptions(int argc, const char* const* argv)
 {
-    BTL::CCommandLineParser line(true);
-    line.Parse(CommandLine(words));
-    CheckTokens(line.getTokens());
+    BTL::CCommandLineOptions line = KnownOptions();
+    line.Parse(argc, argv);
 
     TOptions options;
     for (const TOption& option : Table) {
-        UnicodeString value;
-        if (!line.Find(option.name, value, true)) {
+        const std::vector<UnicodeString>& values = line.GetValues(option.name);
+        if (values.empty()) {
             continue;
         }
         try {
-            option.set(options, value);
+            option.set(options, values.front());
         } catch (const XBadValue& fault) {
-            throw XBadOption(UnicodeString(option.name) + u": '" + value + u"' " + fault.getMessage());
+            throw BTL::XCommandLine(UnicodeString(option.name) + u": '" + values.front() + u"' " +
+                                    fault.getMessage());
         }
     }
     return options;

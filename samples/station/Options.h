@@ -1,22 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <TRS8_BTL/platform/base/Sysutils_Exception.h>
 #include <TRS8_BTL/platform/base/dates/System_DateTime.h>
+#include <TRS8_BTL/text/grammar/BTL_CommandLineOptions.h>
 
 #include <filesystem>
 #include <optional>
-#include <span>
 
 namespace Station
 {
-
-/// A command line that makes no sense.
-class XBadOption : public Sysutils::Exception
-{
-public:
-    using Exception::Exception;
-};
 
 /// What the user asks for.
 struct TOptions
@@ -36,9 +28,9 @@ struct TOptions
     bool help = false;
 };
 
-/// What the words of the command line ask for; of an option that is given twice, the first counts.
-/// `XBadOption` for an unknown word, a missing or a bad value.
-TOptions ReadOptions(std::span<char* const> words);
+/// What the command line asks for; of an option that is given twice, the first counts.
+/// `BTL::XCommandLine` for an unknown word, a missing or a bad value.
+TOptions ReadOptions(int argc, const char* const* argv);
 
 /// How the program is called, with all options.
 System::UnicodeString HelpText();

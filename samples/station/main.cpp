@@ -108,14 +108,14 @@ int Fail(EExitCode code, const UnicodeString& message)
 int main(int argc, char* argv[])
 {
     try {
-        const TOptions options = ReadOptions({argv + 1, static_cast<std::size_t>(argc - 1)});
+        const TOptions options = ReadOptions(argc, argv);
         if (options.help) {
             std::cout << HelpText();
         } else {
             Run(options);
         }
         return std::cout.flush() ? Done : Failed;
-    } catch (const XBadOption& fault) {
+    } catch (const BTL::XCommandLine& fault) {
         return Fail(BadInput, fault.getMessage());
     } catch (const XBadChannelFile& fault) {
         return Fail(BadInput, fault.getMessage());

@@ -8,6 +8,10 @@ namespace BTL
 {
 
 // Text that stands for bytes. Byte strings are `System::AnsiString` values that are never taken for text.
+//
+//     const auto hex = BTL::BinaryDataToHexW(System::AnsiString("\x01\xFF")); // "01ff"
+//     const System::AnsiString bytes = BTL::HexToBinaryData(hex);
+//     const auto stored = BTL::BinaryDataToStringW(bytes); // text without control characters
 
 /// Two lower-case digits per byte. A null pointer or a size below 1 gives the empty text.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString BinaryDataToHexW(const void* data, int size);

@@ -8,6 +8,9 @@ namespace BTL
 
 // Keeps a stored value from being read in passing. Neither scrambler is a cipher: whoever has this library
 // can undo both.
+//
+//     const auto stored = BTL::Encrypt(u"word");
+//     const auto word = BTL::Decrypt(stored); // "word"
 
 /// `text` as lower-case hex of its 8-bit form, other digits with each call; the empty text stays empty.
 /// Characters that the system's code page lacks become `?`.

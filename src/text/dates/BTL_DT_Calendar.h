@@ -8,6 +8,11 @@ namespace BTL
 
 // Reckoning with dates. The routines that need the fields of a date raise `Sysutils::EConvertError` for a
 // value without one, and for a result outside the years 1 to 9999.
+//
+//     const TDateTime day = Sysutils::EncodeDate(2024, 1, 31);
+//     const TDateTime next = BTL::IncMonth(day, 1);                    // 29.2.2024
+//     TDateTime from, to;
+//     BTL::GetCurrentDate(day, BTL::kCD_LastMonth, from, to);          // 1.12.2023 to 31.12.2023
 
 /// A range of days as seen from today.
 enum ECurrentDate

@@ -2,6 +2,7 @@
 #include "text/dates/BTL_DT_Reading.h"
 
 #include "foundation/UTL_Links.h"
+#include "platform/base/Sysutils_Exception.h"
 #include "platform/base/dates/Sysutils_Calendar.h"
 #include "platform/base/dates/Sysutils_DateReading.h"
 #include "platform/base/dates/internal/Sysutils_DateParts.h"
@@ -79,6 +80,18 @@ private:
     std::array<int, Letters.size()> mValues = {};
 };
 
+/// What `read` gives. A failure, which knows only of fields, becomes one that names the text.
+template <class Read>
+TDateTime NamingText(const UnicodeString& text, const UnicodeString& mask, Read read)
+{
+    try {
+        return read();
+    } catch (const Sysutils::EConvertError&) {
+        throw Sysutils::EConvertError(u"'" + text + u"' is not a valid date or time of the form '" + mask +
+                                      u"'");
+    }
+}
+
 bool HasAnyOf(const UnicodeString& mask, View letters)
 {
     return mask.AsView().find_first_of(letters) != View::npos;
@@ -138,19 +151,22 @@ TDateTime StrToTime(const UnicodeString& text)
 TDateTime StrToDateTime(const UnicodeString& text, const UnicodeString& mask)
 {
     const CMaskFields fields(text, mask);
-    const TDateTime date = HasAnyOf(mask, u"ymd") ? fields.Date() : TDateTime();
-    return HasAnyOf(mask, u"hnsc") ? Joined(date, fields.Time()) : date;
+    return NamingText(text, mask, [&] {
+        const TDateTime date = HasAnyOf(mask, u"ymd") ? fields.Date() : TDateTime();
+        return HasAnyOf(mask, u"hnsc") ? Joined(date, fields.Time()) : date;
+    });
 }
 
 TDateTime StrToDate(const UnicodeString& text, const UnicodeString& mask)
 {
     const CMaskFields fields(text, mask);
-    return fields.IsDateWhole() ? fields.Date() : TDateTime();
+    return NamingText(text, mask, [&] { return fields.IsDateWhole() ? fields.Date() : TDateTime(); });
 }
 
 TDateTime StrToTime(const UnicodeString& text, const UnicodeString& mask)
 {
-    return CMaskFields(text, mask).Time();
+    const CMaskFields fields(text, mask);
+    return NamingText(text, mask, [&] { return fields.Time(); });
 }
 
 UnicodeString TrimDate(const UnicodeString& text)

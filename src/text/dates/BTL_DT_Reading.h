@@ -7,7 +7,12 @@ namespace BTL
 {
 
 // Dates and times as users type them. Separators and the order of day, month and year are those of
-// `Sysutils::FormatSettings`. What can't be read raises `Sysutils::EConvertError`, unless told otherwise.
+// `Sysutils::FormatSettings`. What can't be read raises `Sysutils::EConvertError`, which names the text,
+// unless told otherwise.
+//
+//     const TDateTime typed = BTL::StrToDateTime(u"1.2.2022 18:30");   // in a locale that writes it so
+//     const TDateTime stored = BTL::StrToDateTime(u"20220201", u"yyyymmdd");
+//     const TDateTime any = BTL::GetValidDate(u"31.2.2022");           // 28.2.2022: never fails
 
 /// A text that is a number other than 0, with `.` or `,`, is the value itself; any other one is read by
 /// `Sysutils::StrToDateTime`.

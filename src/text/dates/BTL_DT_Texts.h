@@ -7,6 +7,10 @@ namespace BTL
 {
 
 // Dates and times for users, by `Sysutils::FormatSettings`.
+//
+//     const auto shown = BTL::GetDateTimeStringWithMSec(Sysutils::Now());
+//     const auto sql = u"SELECT * FROM t WHERE day = " + BTL::GetSQLDateString(Sysutils::Now(), true);
+//     const auto file = u"Log_" + BTL::GetValidFileName(Sysutils::Now()) + u".txt";
 
 /// Local date and time, as `Sysutils::DateTimeToStr`.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString GetLocalTime();

@@ -3,10 +3,17 @@
 
 #include "platform/base/System_String.h"
 
+#include <concepts>
+
 namespace BTL
 {
 
-// Cutting text at its ends. A negative count counts as 0 unless told otherwise.
+// Cutting text at its ends. A negative count counts as 0 unless told otherwise. `Split` takes a whole text
+// apart.
+//
+//     UnicodeString name, value;
+//     BTL::GetSubStrings(u"port=80", u'=', name, value);       // "port" and "80"
+//     const auto stem = BTL::LeftSubStringUntil(u"a.b.c", u'.'); // "a"
 
 /// The first `n` characters.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString LeftSubString(const System::UnicodeString& s, int n);
@@ -16,6 +23,12 @@ namespace BTL
 [[nodiscard]] TRS8_BTL_API System::UnicodeString LeftSubStringUntil(const System::UnicodeString& s,
                                                                     System::WideChar c);
 [[nodiscard]] TRS8_BTL_API System::AnsiString LeftSubStringUntil(const System::AnsiString& s, char c);
+/// As `LeftSubStringUntil`, with the character that `c` is in the system's code page.
+template <std::same_as<char> Narrow>
+[[nodiscard]] System::UnicodeString LeftSubStringUntil(const System::UnicodeString& s, Narrow c)
+{
+    return LeftSubStringUntil(s, System::UnicodeString(c)[1]);
+}
 
 /// The last `n` characters.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString RightSubString(const System::UnicodeString& s, int n);
@@ -71,10 +84,22 @@ TRS8_BTL_API void GetSubStrings(const System::AnsiString& s, char delim, System:
 /// True if `s` has at least two characters and begins and ends with `quote`.
 [[nodiscard]] TRS8_BTL_API bool IsQuotedStr(const System::UnicodeString& s, System::WideChar quote);
 [[nodiscard]] TRS8_BTL_API bool IsQuotedStr(const System::AnsiString& s, char quote);
+/// As `IsQuotedStr`, with the character that `quote` is in the system's code page.
+template <std::same_as<char> Narrow>
+[[nodiscard]] bool IsQuotedStr(const System::UnicodeString& s, Narrow quote)
+{
+    return IsQuotedStr(s, System::UnicodeString(quote)[1]);
+}
 
 /// Without one `quote` at the start and one at the end, each if it is there.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString ExtractQuotedStr(const System::UnicodeString& s,
                                                                   System::WideChar quote);
 [[nodiscard]] TRS8_BTL_API System::AnsiString ExtractQuotedStr(const System::AnsiString& s, char quote);
+/// As `ExtractQuotedStr`, with the character that `quote` is in the system's code page.
+template <std::same_as<char> Narrow>
+[[nodiscard]] System::UnicodeString ExtractQuotedStr(const System::UnicodeString& s, Narrow quote)
+{
+    return ExtractQuotedStr(s, System::UnicodeString(quote)[1]);
+}
 
 } // namespace BTL

@@ -3,10 +3,17 @@
 
 #include "platform/base/System_String.h"
 
+#include <concepts>
+
 namespace BTL
 {
 
 // Joining and padding text.
+//
+//     UnicodeString names;
+//     BTL::AddString(names, u"a", u", ");                      // "a"
+//     BTL::AddString(names, u"b", u", ");                      // "a, b"
+//     const auto cell = BTL::FillStringLeft(u"7", 3, u' ');    // "  7"
 
 /// `s` becomes `add` if it is empty, else `s`, `delim`, `add`. `s` is also the result.
 TRS8_BTL_API System::UnicodeString& AddString(System::UnicodeString& s, const System::UnicodeString& add,
@@ -31,10 +38,22 @@ StrCat(const System::UnicodeString& a, const System::UnicodeString& b, const Sys
 [[nodiscard]] TRS8_BTL_API System::UnicodeString FillString(const System::UnicodeString& s, int width,
                                                             System::WideChar c);
 [[nodiscard]] TRS8_BTL_API System::AnsiString FillString(const System::AnsiString& s, int width, char c);
+/// As `FillString`, with the character that `c` is in the system's code page.
+template <std::same_as<char> Narrow>
+[[nodiscard]] System::UnicodeString FillString(const System::UnicodeString& s, int width, Narrow c)
+{
+    return FillString(s, width, System::UnicodeString(c)[1]);
+}
 /// Pads with `c` on the left up to `width`.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString FillStringLeft(const System::UnicodeString& s, int width,
                                                                 System::WideChar c);
 [[nodiscard]] TRS8_BTL_API System::AnsiString FillStringLeft(const System::AnsiString& s, int width, char c);
+/// As `FillStringLeft`, with the character that `c` is in the system's code page.
+template <std::same_as<char> Narrow>
+[[nodiscard]] System::UnicodeString FillStringLeft(const System::UnicodeString& s, int width, Narrow c)
+{
+    return FillStringLeft(s, width, System::UnicodeString(c)[1]);
+}
 
 /// `value` in decimal, its digits padded with zeros to as many as `maxValue` has, behind a minus sign if
 /// there is one. No padding for a `maxValue` below 1.

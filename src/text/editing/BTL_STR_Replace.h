@@ -3,6 +3,8 @@
 
 #include "platform/base/System_String.h"
 
+#include <concepts>
+
 namespace Classes
 {
 class TStrings;
@@ -12,11 +14,21 @@ namespace BTL
 {
 
 // Deleting and replacing in text. An empty text to be replaced occurs nowhere.
+//
+//     const auto plain = BTL::ExchangeAll(text, u"%unit", u"kV");
+//     const auto path = BTL::CharReplace(u"a\\b", u'\\', u'/'); // "a/b"
+//     const auto digits = BTL::DeleteChars(u"1 000", u' ');    // "1000"
 
 /// `s` without any `c`.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString DeleteChars(const System::UnicodeString& s,
                                                              System::WideChar c);
 [[nodiscard]] TRS8_BTL_API System::AnsiString DeleteChars(const System::AnsiString& s, char c);
+/// As `DeleteChars`, with the character that `c` is in the system's code page.
+template <std::same_as<char> Narrow>
+[[nodiscard]] System::UnicodeString DeleteChars(const System::UnicodeString& s, Narrow c)
+{
+    return DeleteChars(s, System::UnicodeString(c)[1]);
+}
 
 /// `s` trimmed and without its space characters.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString ClearBlanks(const System::UnicodeString& s);
@@ -26,6 +38,12 @@ namespace BTL
 [[nodiscard]] TRS8_BTL_API System::UnicodeString CharReplace(const System::UnicodeString& s,
                                                              System::WideChar from, System::WideChar to);
 [[nodiscard]] TRS8_BTL_API System::AnsiString CharReplace(const System::AnsiString& s, char from, char to);
+/// As `CharReplace`, with the characters that `from` and `to` are in the system's code page.
+template <std::same_as<char> Narrow>
+[[nodiscard]] System::UnicodeString CharReplace(const System::UnicodeString& s, Narrow from, Narrow to)
+{
+    return CharReplace(s, System::UnicodeString(from)[1], System::UnicodeString(to)[1]);
+}
 
 /// Removes the first `sub` from `s`; gives the new `s`.
 TRS8_BTL_API System::UnicodeString Delete1stSubString(System::UnicodeString& s,

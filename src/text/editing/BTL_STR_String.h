@@ -4,7 +4,6 @@
 #include "foundation/UTL_STR_Find.h"
 #include "platform/base/System_String.h"
 
-#include <algorithm>
 #include <iosfwd>
 
 namespace BTL
@@ -29,7 +28,7 @@ public:
     /// `count` below 1, the result is empty.
     Self SubString(int index, int count) const
     {
-        return mText.SubString(std::clamp(index, 0, mText.Length()) + 1, count);
+        return mText.SubString((index < 0 ? 0 : index < mText.Length() ? index : mText.Length()) + 1, count);
     }
     Self LowerCase() const { return mText.LowerCase(); }
     Self UpperCase() const { return mText.UpperCase(); }
@@ -92,7 +91,7 @@ public:
 
     int length() const noexcept { return mText.Length(); }
     /// `Sysutils::ERangeError` outside the text.
-    System::WideChar operator[](int index) const { return mText[std::min(index, length()) + 1]; }
+    System::WideChar operator[](int index) const { return mText[(index < length() ? index : length()) + 1]; }
     /// As `Sysutils::StrToIntDef`.
     int ToIntDef(int defaultValue) const;
     const System::UnicodeString& vcl_str() const noexcept { return mText; }

@@ -9,6 +9,10 @@ namespace BTL
 {
 
 /// Owns a `Sysutils::TStringBuilder`.
+///
+///     BTL::CStringBuilder text;
+///     text->Append(u"n=").Append(5);
+///     const UnicodeString result = text->ToString();
 class CStringBuilder
 {
 public:

@@ -29,6 +29,29 @@ bool EndsArgument(WideChar c)
     return c == Quote || c == EqualSign || TCharacter::IsWhiteSpace(c);
 }
 
+bool IsArgument(std::u16string_view text)
+{
+    return !text.empty() && std::none_of(text.begin(), text.end(), EndsArgument);
+}
+
+/// `word` so that it is one token.
+UnicodeString AsToken(std::u16string_view word)
+{
+    const UnicodeString text(word);
+    return IsArgument(word) ? text : Sysutils::AnsiQuotedStr(text, Quote);
+}
+
+/// `word` so that it is one token, or a name, `=` and a value.
+UnicodeString AsTokens(const UnicodeString& word)
+{
+    const std::u16string_view text = word.AsView();
+    const std::size_t equalSign = text.find(EqualSign);
+    if (equalSign == std::u16string_view::npos || !IsArgument(text.substr(0, equalSign))) {
+        return AsToken(text);
+    }
+    return UnicodeString(text.substr(0, equalSign + 1)) + AsToken(text.substr(equalSign + 1));
+}
+
 /// The 0-based index of the 1-based `position`; the length if it lies outside.
 std::size_t IndexIn(std::u16string_view text, int position)
 {
@@ -95,6 +118,18 @@ void CCommandLineParser::Parse(const UnicodeString& text)
             position = ParserArg(mText, position);
         }
     }
+}
+
+void CCommandLineParser::Parse(int argc, const char* const* argv)
+{
+    UnicodeString text;
+    for (int i = 1; i < argc; ++i) {
+        if (i > 1) {
+            text += u' ';
+        }
+        text += AsTokens(System::FromUtf8(argv[i]));
+    }
+    Parse(text);
 }
 
 int CCommandLineParser::ParserArg(const UnicodeString& text, int position)

@@ -10,6 +10,13 @@ namespace BTL
 /// token that follows no `=`, with the switch character that the caller uses, if any. Its value is the next
 /// token, or the one behind a `=` that follows; that may also be another switch.
 ///
+///     BTL::CCommandLineParser line(true);
+///     line.Parse(argc, argv);                              // program --port=8080 "--name=My station"
+///     const int port = line.GetInt(u"--port", 80);
+///     const UnicodeString name = line.GetString(u"--name", u"station");
+///
+/// Where the options are known, `CCommandLineOptions` refuses others and writes the help.
+///
 /// Tokens are `=`, text in double quotes, and runs of other characters without white space. A quoted token
 /// keeps its quotes; a doubled quote inside is one. An unclosed quote ends with the text.
 class TRS8_BTL_API CCommandLineParser
@@ -25,6 +32,11 @@ public:
 
     /// Takes the tokens of `text` in place of all that was there.
     void Parse(const System::UnicodeString& text);
+    /// Takes the words that `main` gets, in UTF-8, without the program's name, so that none has to be quoted
+    /// again: of `name=value` the value, blanks and quotes included, is that of the name; any other word with
+    /// a blank, a quote or a `=` is a quoted token, as is an empty one. `getText` is the text with these
+    /// tokens.
+    void Parse(int argc, const char* const* argv);
     /// Adds the run of characters that begins at the 1-based `position`, and gives the position behind it. A
     /// position outside the text adds nothing and gives its end.
     int ParserArg(const System::UnicodeString& text, int position);

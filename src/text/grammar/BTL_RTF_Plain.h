@@ -10,6 +10,10 @@ namespace BTL
 // the escapes `\\`, `\{`, `\}` and `\'hh`, whose code is taken as the character's own, and the plain
 // characters. All other control words and groups give nothing. Broken input ends somewhere, and loses at most
 // what follows the break.
+//
+//     if (BTL::IsRTF(text)) {
+//         text = BTL::RTF2PlainStd(text); // a line feed for each paragraph
+//     }
 
 /// Whether the text begins with `{\rtf` and goes on.
 [[nodiscard]] TRS8_BTL_API bool IsRTF(const System::UnicodeString& text);

@@ -6,6 +6,13 @@
 namespace BTL
 {
 
+// Texts of SQL.
+//
+//     const auto literal = u"'" + BTL::SQLValueDelim(u"it's") + u"'";   // 'it''s'
+//     int at = 1;
+//     const auto token = BTL::GetNextSqlToken(u"select a.b", at);       // "select", at stays 1
+//     at += token.Length();
+
 /// `text` with every apostrophe doubled, for a literal; the quotes around it are the caller's.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString SQLValueDelim(const System::UnicodeString& text);
 

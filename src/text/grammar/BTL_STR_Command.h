@@ -8,6 +8,10 @@ namespace BTL
 
 // Delimited pieces, words and commands with parameters inside a larger text. A start position of 0 or less
 // raises `Sysutils::ERangeError`, unless the text is empty.
+//
+//     const auto inner = BTL::DelimSubString2(u"f(x)", u'(', u')', 1);                    // "x"
+//     const auto name = BTL::GetWord(u"to @anna and @bob", u'@');                         // "@anna"
+//     const auto text = BTL::GetCommandParameter(u"a @bold{b{c}}", u"@bold", u'{', u'}', 0); // "b{c}"
 
 /// What stands between the first `open` at or behind `start` and the next `close`; empty if either is
 /// missing. The last character of `s` is no `open`. There is no nesting.

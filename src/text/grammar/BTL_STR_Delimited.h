@@ -7,6 +7,12 @@ namespace BTL
 {
 
 // Lists as one text. A null list counts as empty, and filling it does nothing.
+//
+//     Classes::TStringList list;
+//     BTL::SetDelimitedTextEx(&list, u"a;'b;c'", u';', u'\'');          // "a" and "b;c"
+//     const auto text = BTL::GetDelimitedTextEx(&list, u';', u'\'');   // the text again
+//     UnicodeString csv;
+//     BTL::AddCSVString(csv, u"a;b", u';');                            // "\"a;b\""
 
 /// Appends a field to a line of comma separated values, which is also the result. Double quotes in the field
 /// are doubled; the field is put in quotes if it holds `delim`, or if it is the first one and begins with

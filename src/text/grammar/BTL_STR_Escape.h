@@ -7,6 +7,9 @@ namespace BTL
 {
 
 // Escapes of line breaks in values that stand in one line.
+//
+//     const auto line = BTL::InsertEscapeSequences(u"a\nb");           // a, a backslash, n, b
+//     const auto text = BTL::ApplyEscapeSequences(line);               // as it was
 
 /// Replaces "\n", "\r", "\t" and "\\" one after the other, each in the whole text: a backslash and an n
 /// behind another backslash are a line feed too.

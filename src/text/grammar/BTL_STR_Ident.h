@@ -6,6 +6,12 @@
 namespace BTL
 {
 
+// Identifiers, and captions with a marked shortcut.
+//
+//     const auto name = BTL::TransformToValidIdent(u"1st value", u'_'); // "_st_value"
+//     const int place = BTL::ShortCutPos(u"Save && &quit", u'&');       // 9
+//     const auto caption = BTL::ClearShortCut(u"&File", u'&');          // "File"
+
 /// Makes an identifier of ASCII letters, digits and `_`: any other character, and a digit in front, becomes
 /// `replacement`, or is deleted if that is 0. A deletion can leave a digit in front.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString TransformToValidIdent(const System::UnicodeString& s,

@@ -6,6 +6,10 @@
 namespace BTL
 {
 
+// Macros in text.
+//
+//     const auto text = BTL::ApplyMacro(u"SUM(1,2)", u"SUM(a,b)", u"%a+%b"); // "1+2"
+
 /// Replaces `macro` in `text` by `body`. A macro such as "NAME(a,b)" has parameters: "%a" in the body becomes
 /// the first value of the call "NAME(x,y)", and so on; a "%name" without a value stays, surplus values are
 /// dropped. Parameters and values are comma texts without nested brackets. What was inserted is searched

@@ -13,6 +13,8 @@ using System::UnicodeString;
 
 CI64StrMap::CI64StrMap() = default;
 
+CI64StrMap::CI64StrMap(std::initializer_list<value_type> entries) : mTexts(entries) {}
+
 CI64StrMap::CI64StrMap(const CI64StrMap& other) : mTexts(other.mTexts) {}
 
 CI64StrMap::CI64StrMap(const CI64StrMap* other)

@@ -3,6 +3,7 @@
 
 #include "text/lists/BTL_STR_StringIdPairList.h"
 
+#include <initializer_list>
 #include <map>
 #include <memory>
 
@@ -11,10 +12,20 @@ namespace BTL
 
 /// Texts by 64-bit key, which can also be searched by text. Lookups look constant but may build the index of
 /// texts, so that even readers need a lock of their own.
+///
+///     BTL::CI64StrMap names = {{1, u"one"}, {2, u"two"}};
+///     System::Int64 key = 0;
+///     if (names.GetKey(key, u"two")) { ... }     // 2
+///     for (const auto& [id, name] : names) { ... }
 class TRS8_BTL_API CI64StrMap
 {
 public:
+    using value_type = std::pair<const System::Int64, System::UnicodeString>;
+    using const_iterator = std::map<System::Int64, System::UnicodeString>::const_iterator;
+
     CI64StrMap();
+    /// Of entries with one key the first counts.
+    CI64StrMap(std::initializer_list<value_type> entries);
     CI64StrMap(const CI64StrMap& other);
     /// Null gives an empty map.
     explicit CI64StrMap(const CI64StrMap* other);
@@ -29,6 +40,14 @@ public:
     bool Contains(System::Int64 key) const { return mTexts.contains(key); }
     bool IsEmpty() const noexcept { return mTexts.empty(); }
     int GetCount() const noexcept { return static_cast<int>(mTexts.size()); }
+
+    // The entries as a range.
+
+    const_iterator begin() const noexcept { return mTexts.begin(); }
+    const_iterator end() const noexcept { return mTexts.end(); }
+    std::size_t size() const noexcept { return mTexts.size(); }
+    [[nodiscard]] bool empty() const noexcept { return mTexts.empty(); }
+
     /// Empty if the key is missing.
     System::UnicodeString GetString(System::Int64 key) const;
     /// A missing key is added with an empty text. `GetKey` may not learn of what is written through this.

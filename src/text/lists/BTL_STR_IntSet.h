@@ -3,12 +3,18 @@
 
 #include "platform/base/System_String.h"
 
+#include <initializer_list>
 #include <set>
+#include <span>
 
 namespace BTL
 {
 
 /// A set of integers; for `int` and `System::Int64`.
+///
+///     BTL::CIntSet ids = {1, 2, 5};
+///     const int id = ids.NextFreeValue(1); // 3
+///     ids.insert(id);
 template <class T>
 class TRS8_BTL_API GIntegerSet : public std::set<T>
 {
@@ -16,6 +22,8 @@ public:
     GIntegerSet() = default;
     /// Null `values` count as none.
     GIntegerSet(const T* values, int count);
+    GIntegerSet(std::initializer_list<T> values) : std::set<T>(values) {}
+    explicit GIntegerSet(std::span<const T> values) : std::set<T>(values.begin(), values.end()) {}
 
     bool Contains(T value) const { return this->contains(value); }
     /// The first value from `start` on, and below the largest, that the set lacks; if it lacks none of them,

@@ -12,6 +12,13 @@ using System::UnicodeString;
 
 CStrSet::CStrSet() = default;
 
+CStrSet::CStrSet(std::initializer_list<UnicodeString> texts)
+{
+    for (const UnicodeString& text : texts) {
+        Add(text);
+    }
+}
+
 CStrSet::CStrSet(const CStrSet& other)
 {
     Add(other.mStrings.get());

@@ -3,6 +3,7 @@
 
 #include "platform/runtime/classes/Classes_StringList.h"
 
+#include <initializer_list>
 #include <memory>
 
 namespace BTL
@@ -10,10 +11,15 @@ namespace BTL
 
 /// A set of texts in the order of the user's language, in which case matters. It takes no memory until it is
 /// used. A null list as an argument counts as empty.
+///
+///     BTL::CStrSet names = {u"Zoe", u"\u00C4nne"};
+///     names.AddCommaText(u"Bob,Zoe");
+///     const UnicodeString text = names.getCommaText(); // "\u00C4nne,Bob,Zoe"
 class TRS8_BTL_API CStrSet
 {
 public:
     CStrSet();
+    CStrSet(std::initializer_list<System::UnicodeString> texts);
     CStrSet(const CStrSet& other);
     CStrSet& operator=(const CStrSet& other);
     ~CStrSet();
@@ -31,6 +37,9 @@ public:
     void RemoveCommaText(const System::UnicodeString& text);
     void Clear() noexcept;
 
+    int GetCount() const { return mStrings == nullptr ? 0 : mStrings->getCount(); }
+    std::size_t size() const { return static_cast<std::size_t>(GetCount()); }
+    [[nodiscard]] bool empty() const { return GetCount() == 0; }
     bool Contains(const System::UnicodeString& text) const;
     // True for an empty argument.
     bool ContainsAll(const Classes::TStrings* strings) const;

@@ -145,6 +145,13 @@ UnicodeString CStrStrMap::getDebugInfo() const
     return text;
 }
 
+CStrStrMapEx::CStrStrMapEx(std::initializer_list<value_type> entries)
+{
+    for (const auto& [key, value] : entries) {
+        Add(key, value);
+    }
+}
+
 void CStrStrMapEx::Add(const UnicodeString& key, const UnicodeString& value)
 {
     CStrStrMap::Add(key, value);

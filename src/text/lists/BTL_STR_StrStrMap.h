@@ -3,6 +3,7 @@
 
 #include "platform/base/System_String.h"
 
+#include <initializer_list>
 #include <map>
 #include <vector>
 
@@ -16,10 +17,16 @@ namespace BTL
 
 /// Texts by text, in the exact order of the keys' characters, so that case matters. A null list as an
 /// argument counts as empty, and filling it does nothing.
+///
+///     BTL::CStrStrMap colours = {{u"sky", u"blue"}, {u"grass", u"green"}};
+///     colours.Add(u"sky", u"grey");
+///     const UnicodeString colour = colours.GetValue(u"sky"); // "grey"; empty for a missing key
+///     for (const auto& [thing, value] : colours) { ... }
 class TRS8_BTL_API CStrStrMap : public std::map<System::UnicodeString, System::UnicodeString>
 {
 public:
     CStrStrMap() = default;
+    CStrStrMap(std::initializer_list<value_type> entries) : map(entries) {}
     /// As `SetValues`.
     CStrStrMap(const Classes::TStrings* keys, const Classes::TStrings* values);
     CStrStrMap(const System::UnicodeString& commaKeys, const System::UnicodeString& commaValues);
@@ -58,6 +65,10 @@ protected:
 class TRS8_BTL_API CStrStrMapEx : public CStrStrMap
 {
 public:
+    CStrStrMapEx() = default;
+    /// As `Add` of each.
+    CStrStrMapEx(std::initializer_list<value_type> entries);
+
     /// A key added twice stands twice among the keys in their order.
     void Add(const System::UnicodeString& key, const System::UnicodeString& value);
     /// The keys in their order become `keys`, without those that were there before.

@@ -8,6 +8,10 @@ namespace BTL
 
 // Lines with a 64-bit id each, which lies in an object on the line. A line without an object has the id 0. An
 // index that is not below the count raises `Classes::EStringListError`.
+//
+//     BTL::TStringIdPairList list;
+//     list.AddStringIdPair(u"Anna", 4711);
+//     const System::Int64 id = BTL::GetIdAt(&list, 0); // 4711
 
 /// Adds a line. The list owns its objects from then on. Nothing happens for a null list. A sorted list that
 /// has the line already, and ignores or refuses it, keeps its former id.

@@ -3,17 +3,29 @@
 
 #include "platform/base/System_String.h"
 
+#include <initializer_list>
 #include <map>
+#include <utility>
 
 namespace BTL
 {
 
 /// Integers by text, in the exact order of the keys' characters, so that case matters.
+///
+///     BTL::CStringInt32Map counts = {{u"error", 0}};
+///     counts.IncValue(u"warning", 1);                // 1
+///     const int errors = counts.ToValue(u"error", -1);
+///     for (const auto& [name, count] : counts) { ... }
 template <class T>
 class GStringIntegerMap
 {
 public:
+    using value_type = std::pair<const System::UnicodeString, T>;
+    using const_iterator = typename std::map<System::UnicodeString, T>::const_iterator;
+
     GStringIntegerMap() = default;
+    /// Of entries with one key the first counts.
+    GStringIntegerMap(std::initializer_list<value_type> entries) : mValues(entries) {}
     /// Each of the `count` names with its index; a repeated one has its last. Null names count as none.
     GStringIntegerMap(const char* const* names, int count)
     {
@@ -28,6 +40,14 @@ public:
 
     bool Contains(const System::UnicodeString& key) const { return mValues.contains(key); }
     bool IsEmpty() const noexcept { return mValues.empty(); }
+
+    // The entries as a range.
+
+    const_iterator begin() const noexcept { return mValues.begin(); }
+    const_iterator end() const noexcept { return mValues.end(); }
+    std::size_t size() const noexcept { return mValues.size(); }
+    [[nodiscard]] bool empty() const noexcept { return mValues.empty(); }
+
     int getCount() const noexcept { return static_cast<int>(mValues.size()); }
     /// False if the key is missing, which leaves `value` alone.
     bool GetValue(const System::UnicodeString& key, T& value) const

@@ -10,6 +10,11 @@ namespace BTL
 {
 
 /// String lists, which it owns. A place may be empty.
+///
+///     BTL::CStringLists columns;
+///     columns.Add()->Add(u"first line of the first column");
+///     columns.SetCount(3, false);
+///     const Classes::TStringList* const last = columns.getItem(2);
 class TRS8_BTL_API CStringLists
 {
 public:
@@ -19,6 +24,8 @@ public:
     ~CStringLists();
 
     int getCount() const noexcept { return static_cast<int>(mLists.size()); }
+    std::size_t size() const noexcept { return mLists.size(); }
+    [[nodiscard]] bool empty() const noexcept { return mLists.empty(); }
     /// Null for an empty place and for an index out of range.
     Classes::TStringList* getItem(int index) const noexcept;
 

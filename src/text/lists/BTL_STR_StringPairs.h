@@ -3,6 +3,8 @@
 
 #include "platform/base/System_String.h"
 
+#include <initializer_list>
+#include <span>
 #include <vector>
 
 namespace Classes
@@ -31,9 +33,26 @@ struct CStringPair
 
 /// Pairs of texts in the order in which they were added; a pair may be there more than once. A null list as
 /// an argument counts as empty, and filling it does nothing.
+///
+///     BTL::CStringPairs macros = {{u"$(HOME)", u"/home/me"}, {u"$(TMP)", u"/tmp"}};
+///     const UnicodeString path = macros.ReplaceMacroToPath(u"$(TMP)/a.txt");
+///     for (const auto& [macro, folder] : macros) { ... }
 class TRS8_BTL_API CStringPairs
 {
 public:
+    CStringPairs() = default;
+    CStringPairs(std::initializer_list<CStringPair> pairs) : mPairs(pairs) {}
+    explicit CStringPairs(std::span<const CStringPair> pairs) : mPairs(pairs.begin(), pairs.end()) {}
+
+    // The pairs as a range, which a `std::span` takes as well; valid until a pair comes or goes.
+
+    const CStringPair* begin() const noexcept { return mPairs.data(); }
+    const CStringPair* end() const noexcept { return mPairs.data() + mPairs.size(); }
+    CStringPair* begin() noexcept { return mPairs.data(); }
+    CStringPair* end() noexcept { return mPairs.data() + mPairs.size(); }
+    std::size_t size() const noexcept { return mPairs.size(); }
+    [[nodiscard]] bool empty() const noexcept { return mPairs.empty(); }
+
     void Add(const System::UnicodeString& first, const System::UnicodeString& second);
     /// Adds each line with a `=` as what stands in front of the first one and behind it, both trimmed.
     void Add(const Classes::TStrings* lines);

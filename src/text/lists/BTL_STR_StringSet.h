@@ -3,18 +3,28 @@
 
 #include "platform/runtime/classes/Classes_Strings.h"
 
+#include <initializer_list>
 #include <set>
+#include <span>
 
 namespace BTL
 {
 
 /// A set of texts in the exact order of their characters, so that case matters. A null list as an argument
 /// counts as empty, and filling it does nothing.
+///
+///     BTL::CStringSet names = {u"fig", u"pear"};
+///     names << u"apple" >> u"fig";
+///     const bool hasBoth = names.ContainsAll(u"apple,pear");
+///     const UnicodeString text = names.getCommaText(); // "apple,pear"
 class TRS8_BTL_API CStringSet : public std::set<System::UnicodeString>
 {
 public:
     CStringSet() = default;
+    /// In parentheses: in braces a text is an element.
     explicit CStringSet(const System::UnicodeString& commaText);
+    CStringSet(std::initializer_list<System::UnicodeString> texts);
+    explicit CStringSet(std::span<const System::UnicodeString> texts);
 
     // Insertion, and removal of what is there.
 

@@ -8,6 +8,10 @@ namespace BTL
 {
 
 /// Keeps a string list between `BeginUpdate` and `EndUpdate` for a scope.
+///
+///     const BTL::CStringsUpdate update(list);
+///     list->Add(u"a");
+///     list->Add(u"b"); // observers hear of both at once
 class CStringsUpdate : public Classes::GUpdateScope<Classes::TStrings>
 {
 public:

@@ -6,7 +6,12 @@
 namespace BTL
 {
 
-// Numbers within a text. The forms with a `bool` result write their targets only on success.
+// Numbers within a text. The forms with a `bool` result write their targets only on success. A sign is `+`,
+// `-` or the minus sign U+2212.
+//
+//     int position = 0;
+//     const auto number = BTL::Cut1stFloat(u"U=-3.5E-2V", position); // "-3.5E-2" at 3
+//     const double value = BTL::ToDoubleDef(number, 0);
 
 /// The 1-based position and the length of the first integer in `text`, with the sign in front of it.
 TRS8_BTL_API bool Find1stInt(const System::UnicodeString& text, int& position, int& length);

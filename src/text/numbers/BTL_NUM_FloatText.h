@@ -8,6 +8,10 @@ namespace BTL
 
 // The text of a float and its parts. Input may use `.` or `,` whatever the active
 // `Sysutils::DecimalSeparator` is; the first of them is adapted to it, and there is no thousand separator.
+//
+//     const auto text = BTL::TrimFloat(u"0012.3400");         // "12.34"
+//     const int decimals = BTL::GetDigits(text);              // 2
+//     const auto number = BTL::ClearPrefix(u">= 5");          // "5", where `GetPrefix` gives '>'
 
 /// The canonical text of a number: adapted and trimmed; if it has a separator, without needless zeros at both
 /// ends and with a digit on each side of the separator. A sign keeps the zeros behind it.
@@ -30,5 +34,32 @@ namespace BTL
 [[nodiscard]] TRS8_BTL_API int GetDigits(const System::AnsiString& text);
 TRS8_BTL_API void GetFloatFormat(const System::UnicodeString& text, int& precision, int& digits);
 TRS8_BTL_API void GetFloatFormat(const System::AnsiString& text, int& precision, int& digits);
+
+// A literal of 8-bit text.
+
+[[nodiscard]] inline System::AnsiString TrimFloat(const char* text)
+{
+    return TrimFloat(System::AnsiString(text));
+}
+[[nodiscard]] inline char GetPrefix(const char* text)
+{
+    return GetPrefix(System::AnsiString(text));
+}
+[[nodiscard]] inline System::AnsiString ClearPrefix(const char* text)
+{
+    return ClearPrefix(System::AnsiString(text));
+}
+[[nodiscard]] inline int GetPrecision(const char* text)
+{
+    return GetPrecision(System::AnsiString(text));
+}
+[[nodiscard]] inline int GetDigits(const char* text)
+{
+    return GetDigits(System::AnsiString(text));
+}
+inline void GetFloatFormat(const char* text, int& precision, int& digits)
+{
+    GetFloatFormat(System::AnsiString(text), precision, digits);
+}
 
 } // namespace BTL

@@ -6,6 +6,7 @@
 #include "platform/base/dates/Sysutils_DateReading.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "text/numbers/BTL_NUM_SetDecimalSeparator.h"
+#include "text/numbers/internal/BTL_NUM_Sign.h"
 
 #include <algorithm>
 #include <array>
@@ -32,7 +33,7 @@ using StringOf = std::conditional_t<std::is_same_v<Char, char>, AnsiString, Unic
 template <class S>
 UnicodeString WideNumberText(const S& text, WideChar separator = Sysutils::DecimalSeparator)
 {
-    return SetDecimalSeparator(UnicodeString(text), separator).Trim();
+    return Detail::WithHyphens(SetDecimalSeparator(UnicodeString(text), separator).Trim());
 }
 
 /// `separator` is what the run-time library is to take the `.` or `,` for.

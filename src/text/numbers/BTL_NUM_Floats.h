@@ -7,8 +7,13 @@ namespace BTL
 {
 
 // Floats read from text. Input may use `.` or `,` whatever the active `Sysutils::DecimalSeparator` is; the
-// first of them is adapted to it, and there is no thousand separator. Forms with a `bool` result write their
-// target only on success.
+// first of them is adapted to it, and there is no thousand separator. The minus sign U+2212 counts as `-`.
+// Forms with a `bool` result write their target only on success.
+//
+//     double volts = 0;
+//     if (BTL::ToDouble(edit, volts)) { ... }                  // "1,5" and "1.5" alike
+//     const double limit = BTL::ToDoubleDef(text, 10);         // 10 for what is no number
+//     const double factor = BTL::ToDouble(text);               // `EConvertError` for what is no number
 
 /// True if the whole `text`, trimmed, is a number with an optional exponent that a `double` can hold.
 [[nodiscard]] TRS8_BTL_API bool IsDouble(const System::UnicodeString& text);
@@ -27,5 +32,24 @@ TRS8_BTL_API double ToDoubleDef(const System::AnsiString& text, double defaultVa
 /// A null `text` gives `defaultValue`.
 TRS8_BTL_API double ToDoubleDef(const System::WideChar* text, double defaultValue);
 TRS8_BTL_API double ToDoubleDef(const char* text, double defaultValue);
+
+// A literal of 8-bit text. A null `text` is no number.
+
+[[nodiscard]] inline bool IsDouble(const char* text)
+{
+    return IsDouble(System::AnsiString(text));
+}
+inline bool ToDouble(const char* text, double& value)
+{
+    return ToDouble(System::AnsiString(text), value);
+}
+inline double ToDouble(const char* text)
+{
+    return ToDouble(System::AnsiString(text));
+}
+inline double ToDoubleEx(const char* text)
+{
+    return ToDoubleEx(System::AnsiString(text));
+}
 
 } // namespace BTL

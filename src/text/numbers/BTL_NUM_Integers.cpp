@@ -17,6 +17,7 @@
 namespace BTL
 {
 
+using Detail::IsMinus;
 using Detail::IsPlusOrMinus;
 using System::AnsiString;
 using System::Int64;
@@ -52,7 +53,7 @@ std::optional<Int> ReadStart(View<Char> text)
         std::find_if_not(text.begin(), text.end(), &IsSpaceInEncoding<Char>) - text.begin()));
     bool negative = false;
     if (std::is_signed_v<Int> && !text.empty() && IsPlusOrMinus(text.front())) {
-        negative = text.front() == '-';
+        negative = IsMinus(text.front());
         text.remove_prefix(1);
     }
     if (text.empty() || !IsAsciiDigit(text.front())) {
@@ -90,7 +91,7 @@ std::optional<int> ReadHex(View<Char> text)
         std::find_if_not(text.begin(), text.end(), &IsSpaceInEncoding<Char>) - text.begin()));
     bool negative = false;
     if (!text.empty() && IsPlusOrMinus(text.front())) {
-        negative = text.front() == '-';
+        negative = IsMinus(text.front());
         text.remove_prefix(1);
     }
     if (text.size() >= 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X')) {
@@ -130,7 +131,7 @@ bool IsIntegerOf(const S& text)
     }
     int value = 0;
     int code = 0;
-    Pasu_stringtointeger::StringToInteger(text, value, code);
+    Pasu_stringtointeger::StringToInteger(Detail::WithHyphens(text), value, code);
     return code == 0;
 }
 

@@ -6,7 +6,13 @@
 namespace BTL
 {
 
-// Integers as text. Forms with a `bool` result write their target only on success.
+// Integers as text. The minus sign U+2212 counts as `-`. Forms with a `bool` result write their target only
+// on success.
+//
+//     int count = 0;
+//     if (BTL::IsInt(text) && BTL::ToInt(text, count)) { ... } // the whole text; `ToInt` alone takes "12abc"
+//     const auto id = BTL::StrToInt64Def(text, -1);
+//     const auto name = BTL::FormatInt(u"0000", 42);           // "0042"
 
 /// `value` by a format of `Sysutils::FormatFloat`.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString FormatInt(const System::UnicodeString& format, int value);
@@ -52,6 +58,53 @@ TRS8_BTL_API bool HexToInt(const System::AnsiString& text, int& value);
 /// 0 if no number can be read.
 [[nodiscard]] TRS8_BTL_API int HexToInt(const System::UnicodeString& text);
 [[nodiscard]] TRS8_BTL_API int HexToInt(const System::AnsiString& text);
+
+// A literal of 8-bit text. A null `text` is no number.
+
+[[nodiscard]] inline bool IsInt(const char* text)
+{
+    return IsInt(System::AnsiString(text));
+}
+[[nodiscard]] inline bool IsIntStrong(const char* text)
+{
+    return IsIntStrong(System::AnsiString(text));
+}
+inline bool ToInt(const char* text, int& value)
+{
+    return ToInt(System::AnsiString(text), value);
+}
+inline bool ToInt(const char* text, System::Int64& value)
+{
+    return ToInt(System::AnsiString(text), value);
+}
+inline bool StrToInt64(const char* text, System::Int64& value)
+{
+    return StrToInt64(System::AnsiString(text), value);
+}
+inline System::Int64 StrToInt64Def(const char* text, System::Int64 defaultValue)
+{
+    return StrToInt64Def(System::AnsiString(text), defaultValue);
+}
+[[nodiscard]] inline bool IsIntType(const char* text)
+{
+    return IsIntType(System::AnsiString(text));
+}
+inline bool HexToInt(const char* text, int& value)
+{
+    return HexToInt(System::AnsiString(text), value);
+}
+[[nodiscard]] inline int HexToInt(const char* text)
+{
+    return HexToInt(System::AnsiString(text));
+}
+[[nodiscard]] inline System::AnsiString FormatInt(const char* format, int value)
+{
+    return FormatInt(System::AnsiString(format), value);
+}
+[[nodiscard]] inline System::AnsiString FormatInt64(const char* format, System::Int64 value)
+{
+    return FormatInt64(System::AnsiString(format), value);
+}
 
 /// 0 and 1 stay, any other value gives 2.
 constexpr int ToThreeState(int value)

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "text/numbers/BTL_NUM_Limits.h"
 
+#include "platform/base/Sysutils_Exception.h"
 #include "platform/base/dates/Sysutils_DateText.h"
 #include "platform/base/numbers/Sysutils_Number.h"
+#include "text/numbers/BTL_NUM_FindNumber.h"
 #include "text/numbers/BTL_NUM_Floats.h"
+#include "text/numbers/BTL_NUM_Units.h"
 
 #include <algorithm>
 #include <cmath>
@@ -91,7 +94,166 @@ S RangeOfTexts(const S& upper, const S& lower)
     return upper == none && lower == none ? S() : lower + S(" ... ") + upper;
 }
 
+// Limits with optional ends.
+
+/// A number with what stands behind it.
+struct TQuantity
+{
+    double value = 0;
+    UnicodeString unit;
+};
+
+/// False where a number goes on or more limits follow.
+bool IsUnitText(std::u16string_view text)
+{
+    using View = std::u16string_view;
+    return text.find_first_of(u"<=>\u2264\u2265\u2026") == View::npos && text.find(u"..") == View::npos &&
+           (text.empty() || View(u"0123456789.,+-\u2212").find(text.front()) == View::npos);
+}
+
+/// Nothing for a text that begins with anything but a number, or has more than a unit behind it.
+std::optional<TQuantity> ReadQuantity(std::u16string_view text)
+{
+    const UnicodeString trimmed = UnicodeString(text).Trim();
+    int position = 0;
+    int length = 0;
+    if (!Find1stFloat(trimmed, position, length)) {
+        return std::nullopt;
+    }
+    // From the start of the text, since ".5" is found as 5.
+    const int end = position + length;
+    TQuantity result;
+    if (!ToDouble(trimmed.SubString(1, end - 1), result.value) || !std::isfinite(result.value)) {
+        return std::nullopt;
+    }
+    result.unit = trimmed.SubString(end).Trim();
+    return IsUnitText(result.unit.AsView()) ? std::optional(result) : std::nullopt;
+}
+
+/// `value` times the power of ten `factor`. A fraction is no exact number, but what it divides by is.
+double Scaled(double value, double factor)
+{
+    return factor < 1 ? value / std::round(1 / factor) : value * factor;
+}
+
+/// Gives the value in the unit without its prefix.
+void TakePrefixOff(TQuantity& quantity)
+{
+    double factor = 1;
+    if (FindUnit(quantity.unit, factor, quantity.unit)) {
+        quantity.value = Scaled(quantity.value, factor);
+    }
+}
+
+/// The ends of a range as they are written; a missing end is nothing.
+struct TLimitTexts
+{
+    std::optional<std::u16string_view> lower;
+    std::optional<std::u16string_view> upper;
+};
+
+std::optional<TLimitTexts> CutLimits(std::u16string_view text)
+{
+    const auto behind = [&](std::u16string_view sign) { return text.substr(sign.size()); };
+    for (const std::u16string_view sign : {u"<=", u"\u2264"}) {
+        if (text.starts_with(sign)) {
+            return TLimitTexts{std::nullopt, behind(sign)};
+        }
+    }
+    for (const std::u16string_view sign : {u">=", u"\u2265"}) {
+        if (text.starts_with(sign)) {
+            return TLimitTexts{behind(sign), std::nullopt};
+        }
+    }
+    if (text.starts_with(u'=')) {
+        return TLimitTexts{behind(u"="), behind(u"=")};
+    }
+    for (const std::u16string_view sign : {u"...", u"\u2026"}) {
+        if (const std::size_t at = text.find(sign); at != std::u16string_view::npos) {
+            return TLimitTexts{text.substr(0, at), text.substr(at + sign.size())};
+        }
+    }
+    return std::nullopt;
+}
+
 } // namespace
+
+bool IsWithin(double value, const TLimits& limits) noexcept
+{
+    return (!limits.lower || value >= *limits.lower) && (!limits.upper || value <= *limits.upper);
+}
+
+bool ParseLimits(const UnicodeString& text, TLimits& limits, UnicodeString& unit)
+{
+    const UnicodeString trimmed = text.Trim();
+    if (trimmed.IsEmpty()) {
+        limits = TLimits();
+        unit = UnicodeString();
+        return true;
+    }
+    const auto texts = CutLimits(trimmed.AsView());
+    if (!texts) {
+        return false;
+    }
+    // An absent limit stands for the other one until the units are settled.
+    auto lower = ReadQuantity(texts->lower ? *texts->lower : *texts->upper);
+    auto upper = ReadQuantity(texts->upper ? *texts->upper : *texts->lower);
+    if (!lower || !upper) {
+        return false;
+    }
+    if (lower->unit.IsEmpty()) {
+        lower->unit = upper->unit;
+    } else if (upper->unit.IsEmpty()) {
+        upper->unit = lower->unit;
+    }
+    TakePrefixOff(*lower);
+    TakePrefixOff(*upper);
+    if (lower->unit != upper->unit || lower->value > upper->value || !std::isfinite(lower->value) ||
+        !std::isfinite(upper->value)) {
+        return false;
+    }
+    limits.lower = texts->lower ? std::optional(lower->value) : std::nullopt;
+    limits.upper = texts->upper ? std::optional(upper->value) : std::nullopt;
+    unit = lower->unit;
+    return true;
+}
+
+bool ParseLimits(const UnicodeString& text, TLimits& limits)
+{
+    UnicodeString ignored;
+    return ParseLimits(text, limits, ignored);
+}
+
+TLimits ParseLimits(const UnicodeString& text)
+{
+    TLimits limits;
+    if (!ParseLimits(text, limits)) {
+        throw Sysutils::EConvertError(u"'" + text + u"' tells no limits");
+    }
+    return limits;
+}
+
+UnicodeString LimitsToStr(const TLimits& limits, const UnicodeString& unit)
+{
+    if (!limits.lower && !limits.upper) {
+        return UnicodeString();
+    }
+    double factor = 1;
+    UnicodeString ignored;
+    FindUnit(unit, factor, ignored);
+    const auto textOf = [&](double value) { return Sysutils::FloatToStr(Scaled(value, 1 / factor)); };
+    UnicodeString result;
+    if (!limits.upper) {
+        result = u">= " + textOf(*limits.lower);
+    } else if (!limits.lower) {
+        result = u"<= " + textOf(*limits.upper);
+    } else if (*limits.lower == *limits.upper) {
+        result = u"= " + textOf(*limits.upper);
+    } else {
+        result = textOf(*limits.lower) + u" ... " + textOf(*limits.upper);
+    }
+    return unit.IsEmpty() ? result : result + u' ' + unit;
+}
 
 UnicodeString MeasureFloatToStrW(long double value, int precision, int digits)
 {

@@ -3,8 +3,50 @@
 
 #include "platform/base/System_String.h"
 
+#include <optional>
+
 namespace BTL
 {
+
+// Measured values and their limits as text.
+//
+//     UnicodeString unit;
+//     BTL::TLimits limits;
+//     if (BTL::ParseLimits(u"-0,5 ... 2 kV", limits, unit) && !BTL::IsWithin(volts, limits)) {
+//         std::cerr << "out of " << BTL::LimitsToStr(limits, u"kV") << '\n'; // out of -0.5 ... 2 kV
+//     }
+
+/// Limits of a value, each of which may be absent; 0 is a limit like any other.
+struct TLimits
+{
+    std::optional<double> lower;
+    std::optional<double> upper;
+
+    friend bool operator==(const TLimits&, const TLimits&) = default;
+};
+
+/// Whether `value` is no less than the lower limit and no more than the upper one. A value that is no number
+/// is within none but those that are both absent.
+[[nodiscard]] TRS8_BTL_API bool IsWithin(double value, const TLimits& limits) noexcept;
+
+/// Reads "<= 5 kV", ">= 5 kV", "= 5 kV" or "1 ... 9 kV", also with the signs for these (U+2264, U+2265 and
+/// U+2026); an empty text has no limits. Numbers are written as `ToDouble` reads them. Both limits may have a
+/// unit of their own, as in "5 mV ... 1 V"; one without takes that of the other one. `unit` becomes the unit
+/// without its prefix, and the limits are in it: 1000 and 9000 of "V". What a prefix is tells `FindUnit`; a
+/// unit that it doesn't know is taken as it stands. False for any other text, for two units that differ and
+/// for a lower limit above the upper one, which leaves the targets alone.
+TRS8_BTL_API bool ParseLimits(const System::UnicodeString& text, TLimits& limits,
+                              System::UnicodeString& unit);
+/// As `ParseLimits` with a unit, which may be any.
+TRS8_BTL_API bool ParseLimits(const System::UnicodeString& text, TLimits& limits);
+/// The limits of a text with any unit. `Sysutils::EConvertError` if `ParseLimits` refuses it.
+TRS8_BTL_API TLimits ParseLimits(const System::UnicodeString& text);
+
+/// The text that `ParseLimits` reads: "<= 5 kV", ">= 5 kV", "= 5 kV" or "1 ... 9 kV", with the active
+/// separator and up to 15 digits; empty if both limits are absent. If `FindUnit` knows the unit, its prefix
+/// scales the numbers: a limit of 5000 is "5 kV" in `kV`.
+[[nodiscard]] TRS8_BTL_API System::UnicodeString
+LimitsToStr(const TLimits& limits, const System::UnicodeString& unit = System::UnicodeString());
 
 /// A measured value for the user, with the active separator and at least one decimal. `precision` is the
 /// count of significant digits, 6 by default; `digits` bounds the decimals and doesn't fill them up, 0 gives
@@ -18,6 +60,7 @@ namespace BTL
 
 /// The range of a value with its `unit`, which may be null: " <= 5.0", " >= 5.0", " = 5.0" or "1.0 ... 9.0",
 /// with the smaller limit first. A limit of 0 is none; two of them give an empty text, also without the unit.
+/// Where 0 may be a limit, take `LimitsToStr`.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString GetLimitTextW(double upper, double lower,
                                                                const System::UnicodeString* unit);
 [[nodiscard]] TRS8_BTL_API System::AnsiString GetLimitTextA(double upper, double lower,

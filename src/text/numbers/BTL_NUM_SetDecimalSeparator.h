@@ -8,6 +8,11 @@ namespace BTL
 
 /// Sets `Sysutils::DecimalSeparator` for the whole process as long as the object lives, and then puts the
 /// former one back. Meant for one thread while no other formats numbers.
+///
+///     {
+///         const BTL::CSetDecimalSeparator guard('.');
+///         text = Sysutils::FloatToStr(1.5); // "1.5" whatever the locale
+///     }
 class TRS8_BTL_API CSetDecimalSeparator
 {
 public:
@@ -30,5 +35,10 @@ private:
 /// As `SetDecimalSeparator` with `Sysutils::DecimalSeparator`.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString AdaptDecimalSeparator(const System::UnicodeString& text);
 [[nodiscard]] TRS8_BTL_API System::AnsiString AdaptDecimalSeparator(const System::AnsiString& text);
+/// A literal of 8-bit text; null counts as the empty text.
+[[nodiscard]] inline System::AnsiString AdaptDecimalSeparator(const char* text)
+{
+    return AdaptDecimalSeparator(System::AnsiString(text));
+}
 
 } // namespace BTL

@@ -18,30 +18,117 @@ using System::WideChar;
 namespace
 {
 
-struct TPrefix
-{
-    std::u16string_view name;
-    double factor;
-};
-
-// `da` stands in front of `d`, which it begins with.
+// `da` stands in front of `d`, which it begins with. Micro is both a sign of its own and the Greek letter.
 constexpr std::array Prefixes = {
-    TPrefix{u"a", 1e-18},     TPrefix{u"f", 1e-15}, TPrefix{u"p", 1e-12}, TPrefix{u"n", 1e-9},
-    TPrefix{u"\u00B5", 1e-6}, TPrefix{u"m", 1e-3},  TPrefix{u"c", 1e-2},  TPrefix{u"da", 10},
-    TPrefix{u"d", 1e-1},      TPrefix{u"h", 100},   TPrefix{u"k", 1000},  TPrefix{u"K", 1000},
-    TPrefix{u"M", 1e6},       TPrefix{u"G", 1e9},   TPrefix{u"T", 1e12},  TPrefix{u"P", 1e15},
-    TPrefix{u"E", 1e18},
+    TUnitPrefix{u"a", 1e-18}, TUnitPrefix{u"f", 1e-15},     TUnitPrefix{u"p", 1e-12},
+    TUnitPrefix{u"n", 1e-9},  TUnitPrefix{u"\u00B5", 1e-6}, TUnitPrefix{u"\u03BC", 1e-6},
+    TUnitPrefix{u"m", 1e-3},  TUnitPrefix{u"c", 1e-2},      TUnitPrefix{u"da", 10},
+    TUnitPrefix{u"d", 1e-1},  TUnitPrefix{u"h", 100},       TUnitPrefix{u"k", 1000},
+    TUnitPrefix{u"K", 1000},  TUnitPrefix{u"M", 1e6},       TUnitPrefix{u"G", 1e9},
+    TUnitPrefix{u"T", 1e12},  TUnitPrefix{u"P", 1e15},      TUnitPrefix{u"E", 1e18},
 };
 
-/// The prefix that `unit`, which has no blanks in front, begins with; one without a name if it has none.
-TPrefix PrefixOf(const UnicodeString& unit)
+constexpr std::array Units = {
+    TUnit{u"m", u"metre", true},
+    TUnit{u"g", u"gram", true},
+    TUnit{u"s", u"second", true},
+    TUnit{u"A", u"ampere", true},
+    TUnit{u"K", u"kelvin", true},
+    TUnit{u"mol", u"mole", true},
+    TUnit{u"cd", u"candela", true},
+    TUnit{u"rad", u"radian", true},
+    TUnit{u"sr", u"steradian", true},
+    TUnit{u"Hz", u"hertz", true},
+    TUnit{u"N", u"newton", true},
+    TUnit{u"Pa", u"pascal", true},
+    TUnit{u"J", u"joule", true},
+    TUnit{u"W", u"watt", true},
+    TUnit{u"C", u"coulomb", true},
+    TUnit{u"V", u"volt", true},
+    TUnit{u"F", u"farad", true},
+    TUnit{u"\u03A9", u"ohm", true},
+    TUnit{u"\u2126", u"ohm", true},
+    TUnit{u"Ohm", u"ohm", true},
+    TUnit{u"S", u"siemens", true},
+    TUnit{u"Wb", u"weber", true},
+    TUnit{u"T", u"tesla", true},
+    TUnit{u"H", u"henry", true},
+    TUnit{u"\u00B0C", u"degree Celsius", false},
+    TUnit{u"lm", u"lumen", true},
+    TUnit{u"lx", u"lux", true},
+    TUnit{u"Bq", u"becquerel", true},
+    TUnit{u"Gy", u"gray", true},
+    TUnit{u"Sv", u"sievert", true},
+    TUnit{u"kat", u"katal", true},
+    TUnit{u"min", u"minute", false},
+    TUnit{u"h", u"hour", false},
+    TUnit{u"d", u"day", false},
+    TUnit{u"\u00B0", u"degree", false},
+    TUnit{u"l", u"litre", true},
+    TUnit{u"L", u"litre", true},
+    TUnit{u"t", u"tonne", true},
+    TUnit{u"bar", u"bar", true},
+    TUnit{u"eV", u"electronvolt", true},
+    TUnit{u"VA", u"volt-ampere", true},
+    TUnit{u"var", u"var", true},
+    TUnit{u"Ah", u"ampere-hour", true},
+    TUnit{u"Wh", u"watt-hour", true},
+    TUnit{u"B", u"byte", true},
+    TUnit{u"bit", u"bit", true},
+    TUnit{u"dB", u"decibel", false},
+    TUnit{u"%", u"percent", false},
+    TUnit{u"\u2030", u"per mille", false},
+    TUnit{u"ppm", u"parts per million", false},
+};
+
+const TUnit* UnitOf(std::u16string_view symbol)
+{
+    const auto* const found = std::ranges::find(Units, symbol, &TUnit::symbol);
+    return found == Units.end() ? nullptr : found;
+}
+
+/// The prefix that `unit`, which has no blanks in front, begins with; one without a symbol if it has none.
+TUnitPrefix PrefixOf(const UnicodeString& unit)
 {
     const auto* const found = std::ranges::find_if(
-        Prefixes, [&](const TPrefix& prefix) { return unit.AsView().starts_with(prefix.name); });
-    return found == Prefixes.end() ? TPrefix{u"", 1.0} : *found;
+        Prefixes, [&](const TUnitPrefix& prefix) { return unit.AsView().starts_with(prefix.symbol); });
+    return found == Prefixes.end() ? TUnitPrefix{u"", 1.0} : *found;
 }
 
 } // namespace
+
+std::span<const TUnitPrefix> GetUnitPrefixes() noexcept
+{
+    return Prefixes;
+}
+
+std::span<const TUnit> GetUnits() noexcept
+{
+    return Units;
+}
+
+bool FindUnit(const UnicodeString& text, double& factor, UnicodeString& unit)
+{
+    const UnicodeString trimmed = text.Trim();
+    if (UnitOf(trimmed.AsView()) != nullptr) {
+        factor = 1;
+        unit = trimmed;
+        return true;
+    }
+    // Of `da` and `d`, either may be meant.
+    for (const TUnitPrefix& prefix : Prefixes) {
+        if (!trimmed.AsView().starts_with(prefix.symbol)) {
+            continue;
+        }
+        const std::u16string_view rest = trimmed.AsView().substr(prefix.symbol.size());
+        if (const TUnit* const found = UnitOf(rest); found != nullptr && found->takesPrefix) {
+            factor = prefix.factor;
+            unit = UnicodeString(rest);
+            return true;
+        }
+    }
+    return false;
+}
 
 double GetUnitPrefixFactor(const UnicodeString& unit)
 {
@@ -61,7 +148,7 @@ double GetUnitFactor(const UnicodeString& from, const UnicodeString& to)
 UnicodeString CutUnitPrefix(const UnicodeString& unit)
 {
     const UnicodeString trimmed = unit.Trim();
-    const auto length = static_cast<int>(PrefixOf(trimmed).name.size());
+    const auto length = static_cast<int>(PrefixOf(trimmed).symbol.size());
     return length < trimmed.Length() ? trimmed.SubString(length + 1) : trimmed;
 }
 

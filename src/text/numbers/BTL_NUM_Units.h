@@ -3,12 +3,49 @@
 
 #include "platform/base/System_String.h"
 
+#include <span>
+#include <string_view>
+
 namespace BTL
 {
 
+// Values with units.
+//
+//     double volts = 0;
+//     BTL::ValueWithUnitToDouble(u"1,5 kV", volts);            // 1500
+//     UnicodeString unit;
+//     double factor = 0;
+//     BTL::FindUnit(u"mmol", factor, unit);                    // 1e-3 and "mol"
+
+struct TUnitPrefix
+{
+    std::u16string_view symbol;
+    double factor;
+};
+
+struct TUnit
+{
+    std::u16string_view symbol;
+    std::u16string_view name;
+    /// Whether prefixes stand in front of it: `kV`, but no `kmin`.
+    bool takesPrefix;
+};
+
+/// The prefixes that are read, one that begins like a shorter one in front of it.
+[[nodiscard]] TRS8_BTL_API std::span<const TUnitPrefix> GetUnitPrefixes() noexcept;
+/// The units that `FindUnit` knows: those of the SI, and those of time, volume, pressure, data and ratios
+/// that are used beside them. A unit with several symbols stands there with each.
+[[nodiscard]] TRS8_BTL_API std::span<const TUnit> GetUnits() noexcept;
+
+/// Reads `text`, without blanks around, as a unit of `GetUnits`, alone or behind a prefix, and tells the
+/// prefix's factor and the symbol without it: `mol` is 1 and `mol`, `mmol` 1e-3 and `mol`. False if there is
+/// no such unit, which leaves the targets alone. Case matters.
+TRS8_BTL_API bool FindUnit(const System::UnicodeString& text, double& factor, System::UnicodeString& unit);
+
 /// The factor of the unit prefix that `unit` begins with, behind blanks: from `a` (1e-18) to `E` (1e18), with
-/// `da` (10) and both `k` and `K` (1000); case matters. There is no table of units: the first letter alone
-/// counts, so `mol` gives 1e-3 and `h` 100. Any other text gives 1.
+/// `da` (10), both `k` and `K` (1000) and both signs of micro (U+00B5 and the Greek letter U+03BC); case
+/// matters. The first letter alone counts, so `mol` gives 1e-3 and `h` 100; `FindUnit` knows better. Any
+/// other text gives 1.
 [[nodiscard]] TRS8_BTL_API double GetUnitPrefixFactor(const System::UnicodeString& unit);
 [[nodiscard]] TRS8_BTL_API double GetUnitPrefixFactor(const System::AnsiString& unit);
 
@@ -34,5 +71,20 @@ TRS8_BTL_API bool ValueWithUnitToDoble(const System::UnicodeString& text, double
 TRS8_BTL_API bool ValueWithUnitToDoble(const System::AnsiString& text, double& value);
 [[nodiscard]] TRS8_BTL_API double ValueWithUnitToDoubleDef(const System::UnicodeString& text,
                                                            double defaultValue);
+
+// A literal of 8-bit text; null counts as the empty text.
+
+[[nodiscard]] inline double GetUnitPrefixFactor(const char* unit)
+{
+    return GetUnitPrefixFactor(System::AnsiString(unit));
+}
+inline bool ValueWithUnitToDouble(const char* text, double& value)
+{
+    return ValueWithUnitToDouble(System::AnsiString(text), value);
+}
+inline bool ValueWithUnitToDoble(const char* text, double& value)
+{
+    return ValueWithUnitToDouble(System::AnsiString(text), value);
+}
 
 } // namespace BTL

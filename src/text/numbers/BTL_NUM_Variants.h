@@ -11,6 +11,11 @@ namespace BTL
 /// "1.5" gives 1.
 TRS8_BTL_API System::Variant GetVariant(const System::UnicodeString& text);
 TRS8_BTL_API System::Variant GetVariant(const System::AnsiString& text);
+/// A literal of 8-bit text; null counts as the empty text.
+inline System::Variant GetVariant(const char* text)
+{
+    return GetVariant(System::AnsiString(text));
+}
 
 /// The text of `value`; floats of both widths as `Sysutils::FloatToStr` writes a `double`, all else as the
 /// variant converts. `Sysutils::EVariantError` for Null and arrays.

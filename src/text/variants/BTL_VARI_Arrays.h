@@ -7,6 +7,12 @@
 namespace BTL
 {
 
+// Arrays in variants.
+//
+//     const System::Variant bytes = BTL::BytesToVar({1, 2, 255});
+//     const int count = BTL::VarToBytes(bytes).get_length();            // 3
+//     const System::Variant sum = BTL::ForEeachVar_Sum(bytes);          // 258
+
 /// The elements of a one-dimensional array of `varByte`; empty for any other value.
 TRS8_BTL_API System::DynamicArray<unsigned char> VarToBytes(const System::Variant& value);
 /// A one-dimensional array of `varByte` from 0 with these `bytes`; Null for no bytes.

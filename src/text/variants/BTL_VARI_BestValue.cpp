@@ -4,6 +4,7 @@
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "text/numbers/BTL_NUM_Floats.h"
 #include "text/numbers/BTL_NUM_Integers.h"
+#include "text/numbers/internal/BTL_NUM_Sign.h"
 
 #include <limits>
 #include <optional>
@@ -24,7 +25,7 @@ std::optional<Variant> ReadNumber(const UnicodeString& text)
         Int64 whole = 0;
         int code = 0;
         // It skips blanks only, where `IsInt` skips tabs and line ends too.
-        System::Val(text.TrimLeft(), whole, code);
+        System::Val(Detail::WithHyphens(text.TrimLeft()), whole, code);
         using Limits = std::numeric_limits<int>;
         const bool isShort = whole >= Limits::min() && whole <= Limits::max();
         if (code == 0) {

@@ -6,6 +6,12 @@
 namespace BTL
 {
 
+// The value that a text stands for.
+//
+//     const auto number = BTL::StringToBestVariant(u"12");              // an `int`
+//     const auto text = BTL::StringToBestVariant(u"12abc");             // the text
+//     const auto flag = BTL::StringToBestPropertyValue(u"true");        // 1
+
 /// What the whole text is: an integer (decimal, or hexadecimal behind `$` or `0x`), a `double`, Null if
 /// empty, else the text.
 [[nodiscard]] TRS8_BTL_API System::Variant StringToBestVariant(const System::UnicodeString& text);

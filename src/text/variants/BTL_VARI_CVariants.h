@@ -15,6 +15,11 @@ namespace BTL
 {
 
 /// A list of the platform's variants.
+///
+///     BTL::CVariants values;
+///     values.setCommaText(u"1,2.5,abc");           // an `int`, a `double`, a text
+///     values.push_back(u"a b");
+///     const auto text = values.getCommaText();     // "1,2.5,abc,\"a b\""
 class TRS8_BTL_API CVariants : public std::vector<System::Variant>
 {
 public:

@@ -13,6 +13,11 @@ namespace BTL
 // functions on text of the same name. Arrays are none of these. Forms with a `bool` result write their target
 // only on success; what the platform's cast refuses, such as a number out of range, is a failure like any
 // other.
+//
+//     const int count = BTL::ToIntDef(value, 0);
+//     double volts = 0;
+//     if (BTL::VarWithUnitToDouble(u"1,5 kV", volts)) { ... }           // 1500
+//     const auto text = BTL::VarToStrDef(value, u"-");
 
 namespace Detail
 {

@@ -39,6 +39,11 @@ public:
 };
 
 /// Keys are in the exact order of their characters, so that case matters.
+///
+///     BTL::CStrVariantMap settings;
+///     settings[u"port"] = u"8080";
+///     const int port = settings.FindInt(u"port", 80);
+///     const System::Variant name = settings.FindDef(u"name", u"none");
 class TRS8_BTL_API CStrVariantMap : public GVariantMap<System::UnicodeString>
 {
 public:

@@ -6,6 +6,12 @@
 namespace BTL
 {
 
+// Values in statements of SQL.
+//
+//     const auto sql = u"UPDATE t SET a=" + BTL::VarToSqlValue(u"it's"); // a='it''s'
+//     UnicodeString text;
+//     if (!BTL::VarToSqlValue(true, text)) { ... }                       // booleans have no form
+
 /// The value as an SQL literal: NULL for Empty and Null, text in apostrophes, numbers with `.`, dates as
 /// `GetSQLDateString` quotes them. Booleans, `varByte`, `varLongWord` and arrays have none: `result` is then
 /// empty.

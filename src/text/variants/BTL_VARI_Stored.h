@@ -6,6 +6,11 @@
 namespace BTL
 {
 
+// Values with their type as text.
+//
+//     const auto text = BTL::VarToVStr(5);                              // "3:5"
+//     const System::Variant value = BTL::VStrToVar(text);               // 5
+
 /// The code of the type, a colon and the value, for storing: booleans and `varByte` as integers, floats with
 /// the active separator and 15 digits, money and dates with `.`, text as 8-bit text in the text-safe form.
 /// `Sysutils::EVariantError` for arrays and for unsigned integers above the signed ones of 64 bits.

@@ -9,6 +9,10 @@ namespace BTL
 {
 
 /// A text made of a typed value, and read as one. Conversions raise `Sysutils::EConvertError`.
+///
+///     const BTL::CStrVariant text = 1.5;
+///     const double value = text;
+///     const System::TDateTime day = BTL::CStrVariant(u"1.2.2022");
 class TRS8_BTL_API CStrVariant : public System::UnicodeString
 {
 public:

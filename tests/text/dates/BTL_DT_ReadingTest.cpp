@@ -159,4 +159,24 @@ TEST_F(DateReadingTest, FindsAValidDate)
     EXPECT_THROW(BTL::GetValidDateTime(u"31.2.2021 x"), EConvertError);
 }
 
+TEST(DateReadingFailureTest, NamesTheText)
+{
+    const auto messageOf = [](auto read) {
+        try {
+            read();
+        } catch (const EConvertError& fault) {
+            return fault.getMessage();
+        }
+        return UnicodeString(u"no failure");
+    };
+    const UnicodeString form = u" is not a valid date or time of the form ";
+    EXPECT_EQ(messageOf([] { BTL::StrToDate(u"31.02.2022", u"dd.mm.yyyy"); }),
+              u"'31.02.2022'" + form + u"'dd.mm.yyyy'");
+    EXPECT_EQ(messageOf([] { BTL::StrToTime(u"25:00", u"hh:nn"); }), u"'25:00'" + form + u"'hh:nn'");
+    EXPECT_EQ(messageOf([] { BTL::StrToDateTime(u"20220201x5", u"yyyymmddhh"); }),
+              u"'20220201x5'" + form + u"'yyyymmddhh'");
+    EXPECT_NE(messageOf([] { BTL::StrToDateTime(u"31.2.2022"); }).Pos(u"'31.2.2022'"), 0);
+    EXPECT_NE(messageOf([] { BTL::StrToTime(u"25:00"); }).Pos(u"'25:00'"), 0);
+}
+
 } // namespace

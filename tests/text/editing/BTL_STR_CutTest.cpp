@@ -108,4 +108,12 @@ TYPED_TEST(CutTest, Quotes)
     }
 }
 
+TEST(CutLiteralTest, TakesNarrowCharacters)
+{
+    const System::UnicodeString text = u"\"a\u20ACb\"";
+    EXPECT_EQ(BTL::LeftSubStringUntil(text, '\x80'), u"\"a");
+    EXPECT_TRUE(BTL::IsQuotedStr(text, '"'));
+    EXPECT_EQ(BTL::ExtractQuotedStr(text, '"'), u"a\u20ACb");
+}
+
 } // namespace

@@ -46,4 +46,11 @@ TEST(JoinWideTest, PadsNumbers)
     EXPECT_EQ(BTL::StrCat(u"a", u"", u"/"), u"a");
 }
 
+TEST(JoinLiteralTest, TakesNarrowCharacters)
+{
+    const System::UnicodeString text = u"a";
+    EXPECT_EQ(BTL::FillString(text, 3, '\x80'), u"a\u20AC\u20AC");
+    EXPECT_EQ(BTL::FillStringLeft(text, 3, ' '), u"  a");
+}
+
 } // namespace

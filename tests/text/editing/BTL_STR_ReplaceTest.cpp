@@ -61,4 +61,11 @@ TEST(ReplaceWideTest, TakesLongTexts)
     EXPECT_EQ(BTL::ExchangeAll(text, u"b", u"xyz", u"'").Length(), 7 * Support::LongText);
 }
 
+TEST(ReplaceLiteralTest, TakesNarrowCharacters)
+{
+    const System::UnicodeString text = u"a\u20ACb";
+    EXPECT_EQ(BTL::DeleteChars(text, '\x80'), u"ab");
+    EXPECT_EQ(BTL::CharReplace(text, '\x80', '/'), u"a/b");
+}
+
 } // namespace

@@ -62,4 +62,16 @@ TEST(SearchWideTest, ComparesBeginsAndEnds)
     EXPECT_EQ(BTL::CountChar(UnicodeString(u"€a€"), '\x80'), 2);
 }
 
+TEST(SearchLiteralTest, TakesTextsAndNarrowCharacters)
+{
+    const System::UnicodeString text = u"a\u20ACb\u20AC";
+    EXPECT_EQ(BTL::Pos(text, u"b"), 3);
+    EXPECT_EQ(BTL::Pos(text, "b"), 3);
+    EXPECT_EQ(BTL::Pos(text, 'b'), 3);
+    EXPECT_EQ(BTL::Pos(text, '\x80'), 2) << "the sign of the euro in the code page";
+    EXPECT_EQ(BTL::Pos_N2(text, '\x80'), 2);
+    EXPECT_EQ(BTL::CharRPos(text, '\x80', -1), 4);
+    EXPECT_EQ(BTL::Pos(System::AnsiString("ab"), "b"), 2);
+}
+
 } // namespace

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include <climits>
+#include <iterator>
 #include <limits>
 
 namespace
@@ -178,6 +179,41 @@ TEST(CommandLineParserTest, CutsFromAPosition)
         EXPECT_EQ(parser.ParserStr(u"abc", position), 4);
     }
     EXPECT_EQ(TokensOf(parser), Tokens({u"cd", u"\"y\""}));
+}
+
+TEST(CommandLineParserTest, TakesTheWordsOfMain)
+{
+    const char* const argv[] = {"program",  "--port=80",      "--name=My \"big\" one",
+                                "plain",    "two words",      "",
+                                "--empty=", "a=b=c",          "x \"y\"=z",
+                                "\"",       "--path=C:\\a\\", "--umlaut=\xC3\xA4",
+                                "=",        "--quote=\""};
+    CCommandLineParser parser(true);
+    parser.Parse(static_cast<int>(std::size(argv)), argv);
+    const struct
+    {
+        const WideChar* name;
+        const WideChar* value;
+    } cases[] = {
+        {u"--port", u"80"},      {u"--name", u"My \"big\" one"}, {u"--empty", u""},   {u"a", u"b=c"},
+        {u"--path", u"C:\\a\\"}, {u"--umlaut", u"\u00E4"},       {u"--quote", u"\""},
+    };
+    for (const auto& c : cases) {
+        UnicodeString value = u"missing";
+        EXPECT_TRUE(parser.Find(c.name, value, true)) << UnicodeString(c.name);
+        EXPECT_EQ(value, c.value);
+    }
+    EXPECT_EQ(parser.GetInt(u"--port", 0), 80);
+    for (const WideChar* const token : {u"plain", u"\"two words\"", u"\"\"", u"\"x \"y\"=z\"", u"\"=\""}) {
+        EXPECT_THAT(TokensOf(parser), testing::Contains(UnicodeString(token)));
+    }
+    CCommandLineParser same(true);
+    same.Parse(parser.getText());
+    EXPECT_EQ(TokensOf(same), TokensOf(parser));
+    parser.Parse(1, argv);
+    EXPECT_TRUE(TokensOf(parser).empty());
+    parser.Parse(0, nullptr);
+    EXPECT_TRUE(TokensOf(parser).empty());
 }
 
 } // namespace

@@ -92,4 +92,16 @@ TEST(I64StrMapTest, ExchangesLinesWithIds)
     EXPECT_TRUE(read.IsEmpty());
 }
 
+TEST(I64StrMapTest, IsMadeOfEntriesAndIsARange)
+{
+    const CI64StrMap map = {{2, u"two"}, {-1, u"one"}, {2, u"second"}};
+    EXPECT_THAT(map, testing::ElementsAre(testing::Pair(-1, u"one"), testing::Pair(2, u"two")));
+    EXPECT_EQ(map.size(), 2U);
+    EXPECT_FALSE(map.empty());
+    EXPECT_TRUE(CI64StrMap{}.empty());
+    Int64 key = 0;
+    EXPECT_TRUE(map.GetKey(key, u"two"));
+    EXPECT_EQ(key, 2);
+}
+
 } // namespace

@@ -66,4 +66,13 @@ TEST(IntSetTest, SavesItsValues)
     EXPECT_THROW(CIntSet().SaveToFile(name + u"\\x"), Classes::EFCreateError);
 }
 
+TEST(IntSetTest, IsMadeOfValues)
+{
+    const CIntSet set = {3, 1, 3};
+    const std::vector<int> values = {3, 1};
+    EXPECT_EQ(set, CIntSet(values));
+    EXPECT_THAT(set, testing::ElementsAre(1, 3));
+    EXPECT_EQ(CInt64Set{7}.NextFreeValue(7), 8);
+}
+
 } // namespace

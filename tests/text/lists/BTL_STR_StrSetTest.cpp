@@ -64,4 +64,14 @@ TEST(StrSetTest, AddsRemovesAndTests)
     EXPECT_EQ(copy.getCommaText(), u"");
 }
 
+TEST(StrSetTest, IsMadeOfTexts)
+{
+    const CStrSet set = {u"b", u"a", u"b"};
+    EXPECT_EQ(set.getCommaText(), u"a,b");
+    EXPECT_EQ(set.size(), 2U);
+    EXPECT_FALSE(set.empty());
+    EXPECT_TRUE(CStrSet().empty());
+    EXPECT_EQ(CStrSet().GetCount(), 0);
+}
+
 } // namespace

@@ -82,4 +82,15 @@ TEST(StrStrMapTest, KnowsTheOrderOfItsKeys)
     EXPECT_TRUE(map.getKeysInOrder().empty());
 }
 
+TEST(StrStrMapTest, IsMadeOfEntries)
+{
+    const CStrStrMap map = {{u"b", u"2"}, {u"a", u"1"}};
+    EXPECT_EQ(map.GetValue(u"b"), u"2");
+    EXPECT_EQ(map.size(), 2U);
+    EXPECT_EQ((CStrStrMap{u"a,b", u"1,2"}), map) << "two comma texts, also in braces";
+    const CStrStrMapEx ordered = {{u"b", u"2"}, {u"a", u"1"}};
+    EXPECT_THAT(ordered.getKeysInOrder(), ElementsAre(u"b", u"a"));
+    EXPECT_EQ(ordered.GetValue(u"a"), u"1");
+}
+
 } // namespace

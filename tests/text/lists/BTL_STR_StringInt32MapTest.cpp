@@ -41,4 +41,14 @@ TEST(StringIntegerMapTest, AnswersQuietly)
     EXPECT_EQ(copy.ToValue(u"big", 0), std::numeric_limits<Int64>::min());
 }
 
+TEST(StringInt32MapTest, IsMadeOfEntriesAndIsARange)
+{
+    CStringInt32Map map = {{u"b", 2}, {u"a", 1}};
+    map.IncValue(u"b", 3);
+    EXPECT_THAT(map, testing::ElementsAre(testing::Pair(u"a", 1), testing::Pair(u"b", 5)));
+    EXPECT_EQ(map.size(), 2U);
+    EXPECT_FALSE(map.empty());
+    EXPECT_EQ((CStringKeyMap{{u"k", 5000000000}}).ToValue(u"k", 0), 5000000000);
+}
+
 } // namespace

@@ -34,4 +34,13 @@ TEST(StringListsTest, GrowsAndMakesListsWhenTold)
     EXPECT_EQ(lists.getCount(), 0);
 }
 
+TEST(StringListsTest, TellTheirSize)
+{
+    CStringLists lists;
+    EXPECT_TRUE(lists.empty());
+    lists.SetCount(3, true);
+    EXPECT_EQ(lists.size(), 3U);
+    EXPECT_FALSE(lists.empty());
+}
+
 } // namespace

@@ -164,4 +164,19 @@ TEST(StringPairsTest, MacrosThatBringMacrosComeToAnEnd)
               UnicodeString::StringOfChar(u'b', 3000));
 }
 
+TEST(StringPairsTest, AreMadeOfPairsAndAreARange)
+{
+    CStringPairs pairs = {{u"a", u"1"}, {u"b", u"2"}};
+    EXPECT_EQ(pairs.size(), 2U);
+    EXPECT_FALSE(pairs.empty());
+    EXPECT_TRUE(CStringPairs().empty());
+    for (auto& [first, second] : pairs) {
+        second += first;
+    }
+    const std::span<const BTL::CStringPair> all = pairs;
+    EXPECT_EQ(all[1].second, u"2b");
+    EXPECT_EQ(CStringPairs(all.subspan(1)).GetText(u"=", u";"), u"b=2b");
+    EXPECT_EQ(std::as_const(pairs).begin()->first, u"a");
+}
+
 } // namespace

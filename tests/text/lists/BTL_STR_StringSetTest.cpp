@@ -42,4 +42,14 @@ TEST(StringSetTest, AddsRemovesAndTests)
     EXPECT_EQ(set.getCommaText(), u"3");
 }
 
+TEST(StringSetTest, IsMadeOfTexts)
+{
+    const CStringSet set = {u"b", u"a,c", u"b"};
+    EXPECT_THAT(set, testing::ElementsAre(u"a,c", u"b"));
+    EXPECT_THAT(CStringSet{u"a,c"}, testing::ElementsAre(u"a,c"));
+    EXPECT_THAT(CStringSet(u"a,c"), testing::ElementsAre(u"a", u"c"));
+    const std::vector<System::UnicodeString> texts = {u"x", u"x"};
+    EXPECT_THAT(CStringSet(texts), testing::ElementsAre(u"x"));
+}
+
 } // namespace

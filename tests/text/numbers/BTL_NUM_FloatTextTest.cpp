@@ -75,4 +75,18 @@ TYPED_TEST(FloatTextTest, PartsThePrefixFromTheNumber)
     }
 }
 
+TEST(FloatTextLiteralTest, TakesNarrowLiterals)
+{
+    const Support::FormatSettingsGuard guard;
+    Sysutils::DecimalSeparator = u'.';
+    EXPECT_EQ(BTL::TrimFloat("0012.3400"), System::AnsiString("12.34"));
+    EXPECT_EQ(BTL::GetPrefix("<5"), '<');
+    EXPECT_EQ(BTL::ClearPrefix("<5"), System::AnsiString("5"));
+    int precision = 0;
+    int digits = 0;
+    BTL::GetFloatFormat("12.34", precision, digits);
+    EXPECT_EQ(precision, BTL::GetPrecision("12.34"));
+    EXPECT_EQ(digits, BTL::GetDigits("12.34"));
+}
+
 } // namespace

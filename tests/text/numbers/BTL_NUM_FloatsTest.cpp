@@ -69,4 +69,53 @@ TYPED_TEST(FloatsTest, ReadsFloatsWithEitherSeparator)
     EXPECT_FALSE(BTL::IsDouble(withZero));
 }
 
+TEST(FloatsMinusTest, ReadTheMinusSignAsTheHyphen)
+{
+    const Support::FormatSettingsGuard guard;
+    const struct
+    {
+        const System::WideChar* text;
+        double expected;
+    } cases[] = {
+        {u"\u22121,5", -1.5},
+        {u" \u2212.5 ", -0.5},
+        {u"2e\u22123", 0.002},
+        {u"\u22122E\u22123", -0.002},
+        {u"\u2212", 4711},
+        {u"1\u22122", 4711},
+        {u"\u2212\u22121", 4711},
+        {u"\u20131", 4711},
+        {u"\u2212123456789012345678901234567890123", -123456789012345678901234567890123.0},
+    };
+    for (const System::WideChar separator : {u'.', u','}) {
+        Sysutils::DecimalSeparator = separator;
+        for (const auto& c : cases) {
+            SCOPED_TRACE(System::UnicodeString(c.text));
+            EXPECT_EQ(BTL::ToDoubleDef(c.text, 4711), c.expected);
+            EXPECT_EQ(BTL::IsDouble(c.text), c.expected != 4711);
+        }
+    }
+    EXPECT_EQ(BTL::ToDouble(System::UnicodeString(u"\u22122")), -2);
+}
+
+TEST(FloatsLiteralTest, TakeNarrowLiterals)
+{
+    double value = 0;
+    EXPECT_EQ(BTL::ToDouble("1.5"), 1.5);
+    EXPECT_TRUE(BTL::ToDouble("2,5", value) && BTL::IsDouble("2.5"));
+    EXPECT_EQ(value, BTL::ToDoubleEx("2.5"));
+    const char* const null = nullptr;
+    EXPECT_FALSE(BTL::ToDouble(null, value));
+}
+
+TEST(FloatsFailureTest, NamesTheText)
+{
+    try {
+        BTL::ToDouble("1.5x");
+        FAIL();
+    } catch (const Sysutils::EConvertError& fault) {
+        EXPECT_NE(fault.getMessage().Pos(u"'1.5x'"), 0) << fault.getMessage();
+    }
+}
+
 } // namespace

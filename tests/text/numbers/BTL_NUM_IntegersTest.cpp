@@ -13,6 +13,7 @@ namespace
 using System::Int64;
 using System::UInt64;
 using System::UnicodeString;
+using System::WideChar;
 
 template <class S>
 using IntegersTest = Support::BothWidths<S>;
@@ -174,6 +175,55 @@ TEST(ThreeStateTest, FoldsOtherValues)
 {
     static_assert(BTL::ToThreeState(0) == 0 && BTL::ToThreeState(1) == 1);
     static_assert(BTL::ToThreeState(2) == 2 && BTL::ToThreeState(-1) == 2 && BTL::ToThreeState(INT_MAX) == 2);
+}
+
+TEST(IntegersMinusTest, ReadTheMinusSignAsTheHyphen)
+{
+    const struct
+    {
+        const WideChar* text;
+        bool isInt;
+        bool isStart;
+        int value;
+    } cases[] = {
+        {u"\u221212", true, true, -12},
+        {u"  \u221212abc", false, true, -12},
+        {u"\u2212", false, false, 4711},
+        {u"\u2212\u22125", false, false, 4711},
+        {u"\u2212-5", false, false, 4711},
+        {u"5\u2212", false, true, 5},
+        {u"\u2212 5", false, false, 4711},
+        {u"\u20135", false, false, 4711},
+        {u"\u22122147483648", true, true, INT_MIN},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(UnicodeString(c.text));
+        int value = 4711;
+        EXPECT_EQ(BTL::IsInt(c.text), c.isInt);
+        EXPECT_EQ(BTL::ToInt(c.text, value), c.isStart);
+        EXPECT_EQ(value, c.value);
+        EXPECT_EQ(BTL::StrToInt64Def(c.text, 4711), c.value);
+        EXPECT_EQ(BTL::IsIntType(c.text), c.isStart);
+    }
+    unsigned none = 0;
+    EXPECT_FALSE(BTL::StrToUInt(u"\u22121", none));
+    EXPECT_EQ(BTL::HexToInt(u"\u2212A"), -10);
+}
+
+TEST(IntegersLiteralTest, TakeNarrowLiterals)
+{
+    int value = 0;
+    Int64 wide = 0;
+    EXPECT_TRUE(BTL::ToInt("12", value) && BTL::ToInt("13", wide));
+    EXPECT_EQ(value + wide, 25);
+    EXPECT_TRUE(BTL::StrToInt64("-7", wide));
+    EXPECT_EQ(wide, BTL::StrToInt64Def("-7", 0));
+    EXPECT_TRUE(BTL::IsInt(" 5") && !BTL::IsIntStrong(" 5") && BTL::IsIntType("5x"));
+    EXPECT_TRUE(BTL::HexToInt("ff", value));
+    EXPECT_EQ(value, BTL::HexToInt("0xFF"));
+    EXPECT_EQ(BTL::FormatInt("000", 7), System::AnsiString("007"));
+    const char* const null = nullptr;
+    EXPECT_FALSE(BTL::ToInt(null, value));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "text/numbers/BTL_NUM_Limits.h"
 
+#include "platform/base/Sysutils_Exception.h"
 #include "platform/base/Sysutils_Locale.h"
 #include "support/FormatSettingsGuard.h"
 
@@ -173,6 +174,117 @@ TYPED_TEST(LimitsTest, ShowsRangesOfTexts)
     for (const auto& c : cases) {
         EXPECT_EQ(BTL::GetLimitText(this->T(c.upper), this->T(c.lower)), this->T(c.expected))
             << c.upper << '|' << c.lower;
+    }
+}
+
+using BTL::TLimits;
+
+struct TLimitsCase
+{
+    const char16_t* text;
+    TLimits limits;
+    const char16_t* unit;
+};
+
+TEST(OptionalLimitsTest, AreReadFromText)
+{
+    const Support::FormatSettingsGuard guard;
+    const TLimitsCase cases[] = {
+        {u"", {}, u""},
+        {u"  ", {}, u""},
+        {u"<= 5", {std::nullopt, 5}, u""},
+        {u" <=-5 kV ", {std::nullopt, -5000}, u"V"},
+        {u">= 0 V", {0, std::nullopt}, u"V"},
+        {u"\u2265\u22121,5", {-1.5, std::nullopt}, u""},
+        {u"\u2264 .5", {std::nullopt, 0.5}, u""},
+        {u"= 5 \u03BCA", {5e-6, 5e-6}, u"A"},
+        {u"1 ... 9 kV", {1000, 9000}, u"V"},
+        {u"1kV...9", {1000, 9000}, u"V"},
+        {u"5 mV ... 1 V", {0.005, 1}, u"V"},
+        {u"-1e-3\u20261e3 mol", {-0.001, 1000}, u"mol"},
+        {u"1 ... 1", {1, 1}, u""},
+        {u"50 ... 130 km/h", {50, 130}, u"km/h"},
+    };
+    for (const char16_t separator : {u'.', u','}) {
+        Sysutils::DecimalSeparator = separator;
+        for (const auto& c : cases) {
+            SCOPED_TRACE(UnicodeString(c.text));
+            TLimits limits = {4711, 4711};
+            UnicodeString unit = u"as it was";
+            EXPECT_TRUE(BTL::ParseLimits(c.text, limits, unit));
+            EXPECT_EQ(limits, c.limits);
+            EXPECT_EQ(unit, c.unit);
+            EXPECT_EQ(BTL::ParseLimits(c.text), c.limits);
+        }
+    }
+}
+
+TEST(OptionalLimitsTest, RefuseOtherText)
+{
+    for (const char16_t* const text :
+         {u"5",        u"x",       u"<= ",         u"<= x",          u"< 5",         u"= =5",     u"9 ... 1",
+          u"1 ...",    u"... 1",   u"1 V ... 9 A", u"1 ... 2 ... 3", u"<= 1.234,56", u"<= 1 2",   u"<= a5",
+          u"<= 1e999", u"<= 5E-V", u"<= 1e308 kV", u"<= 1 kV ... 2", u"1 \u2212 9",  u"= 1 ... 9"}) {
+        SCOPED_TRACE(UnicodeString(text));
+        TLimits limits = {4711, std::nullopt};
+        UnicodeString unit = u"as it was";
+        EXPECT_FALSE(BTL::ParseLimits(text, limits, unit));
+        EXPECT_EQ(limits, (TLimits{4711, std::nullopt}));
+        EXPECT_EQ(unit, u"as it was");
+        EXPECT_FALSE(BTL::ParseLimits(text, limits));
+        try {
+            BTL::ParseLimits(text);
+            ADD_FAILURE();
+        } catch (const Sysutils::EConvertError& fault) {
+            EXPECT_NE(fault.getMessage().Pos(UnicodeString(text)), 0) << fault.getMessage();
+        }
+    }
+}
+
+TEST(OptionalLimitsTest, ComeBackFromTheirText)
+{
+    const Support::FormatSettingsGuard guard;
+    const TLimitsCase cases[] = {
+        {u"", {}, u"kV"},
+        {u"<= 0 kV", {std::nullopt, 0}, u"kV"},
+        {u">= 5 kV", {5000, std::nullopt}, u"kV"},
+        {u"= -5", {-5, -5}, u""},
+        {u"1000 ... 2.5E15", {1000, 2.5e15}, u""},
+        {u"0.1 ... 0.3 mV", {1e-4, 3e-4}, u"mV"},
+        {u"1234567.25 ... 1234567.5 km/h", {1234567.25, 1234567.5}, u"km/h"},
+    };
+    Sysutils::DecimalSeparator = u'.';
+    for (const auto& c : cases) {
+        const UnicodeString text = BTL::LimitsToStr(c.limits, c.unit);
+        EXPECT_EQ(text, c.text);
+        EXPECT_EQ(BTL::ParseLimits(text), c.limits) << text;
+    }
+}
+
+TEST(OptionalLimitsTest, ContainTheirEnds)
+{
+    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    const struct
+    {
+        TLimits limits;
+        double value;
+        bool expected;
+    } cases[] = {
+        {{}, 5, true},
+        {{}, nan, true},
+        {{0, 1}, 0, true},
+        {{0, 1}, 1, true},
+        {{0, 1}, -0.1, false},
+        {{0, 1}, 1.1, false},
+        {{0, std::nullopt}, infinity, true},
+        {{std::nullopt, 0}, 1, false},
+        {{std::nullopt, 0}, -infinity, true},
+        {{0, 1}, nan, false},
+        {{0, std::nullopt}, nan, false},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(BTL::IsWithin(c.value, c.limits), c.expected) << c.value << BTL::LimitsToStr(c.limits);
     }
 }
 

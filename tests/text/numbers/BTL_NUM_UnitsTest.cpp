@@ -124,4 +124,78 @@ TEST(UnitFactorTest, DividesThePrefixes)
     EXPECT_DOUBLE_EQ(BTL::GetUnitFactor("", ""), 1);
 }
 
+TEST(UnitPrefixTest, MicroIsASignOrAGreekLetter)
+{
+    for (const WideChar* const micro : {u"\u00B5", u"\u03BC"}) {
+        const UnicodeString unit = UnicodeString(micro) + u"A";
+        EXPECT_EQ(BTL::GetUnitPrefixFactor(unit), 1e-6);
+        EXPECT_EQ(BTL::CutUnitPrefix(unit), u"A");
+        double value = 0;
+        EXPECT_TRUE(BTL::ValueWithUnitToDouble(u"\u22125 " + unit, value));
+        EXPECT_DOUBLE_EQ(value, -5e-6);
+    }
+    EXPECT_EQ(BTL::GetUnitPrefixFactor(u"\u039C"), 1) << "the capital letter";
+}
+
+TEST(UnitPrefixTest, TakesNarrowLiterals)
+{
+    double value = 0;
+    EXPECT_TRUE(BTL::ValueWithUnitToDouble("2 kV", value));
+    EXPECT_EQ(value, 2000);
+    EXPECT_EQ(BTL::GetUnitPrefixFactor("kV"), 1000);
+}
+
+TEST(UnitTableTest, TellsAUnitFromAPrefix)
+{
+    const struct
+    {
+        const WideChar* text;
+        double factor;
+        const WideChar* unit;
+    } cases[] = {
+        {u"m", 1, u"m"},          {u"mm", 1e-3, u"m"},
+        {u"mol", 1, u"mol"},      {u" mmol ", 1e-3, u"mol"},
+        {u"h", 1, u"h"},          {u"hPa", 100, u"Pa"},
+        {u"Pa", 1, u"Pa"},        {u"min", 1, u"min"},
+        {u"cd", 1, u"cd"},        {u"dam", 10, u"m"},
+        {u"dA", 0.1, u"A"},       {u"kV", 1000, u"V"},
+        {u"\u03BCs", 1e-6, u"s"}, {u"k\u03A9", 1000, u"\u03A9"},
+        {u"%", 1, u"%"},          {u"\u00B0C", 1, u"\u00B0C"},
+        {u"T", 1, u"T"},          {u"TB", 1e12, u"B"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(UnicodeString(c.text));
+        double factor = 0;
+        UnicodeString unit;
+        EXPECT_TRUE(BTL::FindUnit(c.text, factor, unit));
+        EXPECT_EQ(factor, c.factor);
+        EXPECT_EQ(unit, c.unit);
+    }
+    for (const WideChar* const none : {u"", u" ", u"k", u"kmin", u"k%", u"kkV", u"km/h", u"v", u"V2"}) {
+        double factor = 4711;
+        UnicodeString unit = u"as it was";
+        EXPECT_FALSE(BTL::FindUnit(none, factor, unit)) << UnicodeString(none);
+        EXPECT_EQ(factor, 4711);
+        EXPECT_EQ(unit, u"as it was");
+    }
+}
+
+TEST(UnitTableTest, ReadsAllThatItLists)
+{
+    for (const BTL::TUnit& unit : BTL::GetUnits()) {
+        const UnicodeString symbol(unit.symbol);
+        SCOPED_TRACE(symbol);
+        double factor = 0;
+        UnicodeString found;
+        EXPECT_TRUE(BTL::FindUnit(symbol, factor, found));
+        EXPECT_EQ(factor, 1);
+        EXPECT_EQ(found, symbol);
+        EXPECT_EQ(BTL::FindUnit(u"M" + symbol, factor, found), unit.takesPrefix);
+        EXPECT_FALSE(unit.name.empty());
+    }
+    for (const BTL::TUnitPrefix& prefix : BTL::GetUnitPrefixes()) {
+        EXPECT_EQ(BTL::GetUnitPrefixFactor(UnicodeString(prefix.symbol)), prefix.factor);
+    }
+}
+
 } // namespace

@@ -36,10 +36,29 @@ TEST(NameValuePairsTest, WritesSqlAssignments)
     pairs.AddSqlUpdateAssignTo(lines.getList());
     pairs.AddSqlUpdateAssignTo(nullptr);
     EXPECT_EQ(lines.GetDelimitedText(u'|'), u"former|b='x, ''y'''");
-    pairs.Assign(u"flag", true);
+    pairs.Assign(u"flag", System::Variant(true));
     const Support::ScriptedBoxes boxes({IDYES, IDNO});
     EXPECT_THROW(pairs.AddSqlUpdateAssignTo(lines.getList()), UTL::XAssert);
     EXPECT_EQ(pairs.GetSqlUpdateAssign(), u"flag=") << "passed by the user";
+}
+
+TEST(NameValuePairsTest, TakeSmallValuesInAFormOfSql)
+{
+    CNameValuePairs pairs;
+    pairs.Add(u"a", true);
+    pairs.Add(u"b", 4000000000U);
+    pairs.Add(u"c", 'x');
+    pairs.Add(u"d", u'\u00E4');
+    pairs.Add(u"e", static_cast<signed char>(-3));
+    pairs.Add(u"f", static_cast<unsigned char>(200));
+    pairs.Add(u"g", static_cast<unsigned short>(65535));
+    pairs.Add(u"h", static_cast<short>(-7));
+    pairs.Add(u"i", 18446744073709551615ULL);
+    pairs.Add(u"j", 1.5F);
+    EXPECT_EQ(pairs.GetSqlUpdateAssign(),
+              u"a=1,b=4000000000,c='x',d='\u00E4',e=-3,f=200,g=65535,h=-7,i=18446744073709551615,j=1.5");
+    pairs.Assign(u"a", false);
+    EXPECT_EQ(pairs.GetSqlUpdateAssign(), u"a=0");
 }
 
 } // namespace

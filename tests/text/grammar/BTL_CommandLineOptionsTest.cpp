@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+#include "text/grammar/BTL_CommandLineOptions.h"
+
+#include "foundation/UTL_ASRT_Assert.h"
+#include "platform/toolkit/MessageBox.h"
+#include "support/ScriptedBoxes.h"
+
+#include <gmock/gmock.h>
+
+#include <string>
+
+namespace
+{
+
+using BTL::CCommandLineOptions;
+using BTL::EOtherWords;
+using BTL::XCommandLine;
+using System::UnicodeString;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+using Words = std::vector<UnicodeString>;
+
+CCommandLineOptions Options(EOtherWords otherWords = EOtherWords::Kept)
+{
+    return CCommandLineOptions({{u"--seconds", u"N", u"how long"},
+                                {u"--sql", u"", u"for SQL"},
+                                {u"--include", u"FOLDER", u"where to look"},
+                                {u"--help", u"", u"this text"}},
+                               otherWords);
+}
+
+CCommandLineOptions Parsed(const Words& words, EOtherWords otherWords = EOtherWords::Kept)
+{
+    CCommandLineOptions options = Options(otherWords);
+    options.Parse(words);
+    return options;
+}
+
+UnicodeString FaultOf(const Words& words, EOtherWords otherWords = EOtherWords::Kept)
+{
+    try {
+        Parsed(words, otherWords);
+    } catch (const XCommandLine& fault) {
+        return fault.getMessage();
+    }
+    return u"none";
+}
+
+TEST(CommandLineOptionsTest, GivesTheValues)
+{
+    const auto options = Parsed({u"--seconds", u"1,5", u"--include=a b", u"in.txt", u"--sql", u"--include",
+                                 u"-c", u"--include=", u"-", u"-5"});
+    EXPECT_EQ(options.GetDouble(u"--seconds", 0), 1.5);
+    EXPECT_TRUE(options.Contains(u"--sql"));
+    EXPECT_FALSE(options.Contains(u"--help"));
+    EXPECT_THAT(options.GetValues(u"--include"), ElementsAre(u"a b", u"-c", u""));
+    EXPECT_EQ(options.GetString(u"--include", u"x"), u"");
+    EXPECT_THAT(options.getWords(), ElementsAre(u"in.txt", u"-", u"-5"));
+    EXPECT_THAT(options.GetValues(u"--help"), IsEmpty());
+}
+
+TEST(CommandLineOptionsTest, GivesDefaults)
+{
+    const auto options = Parsed({});
+    EXPECT_EQ(options.GetDouble(u"--seconds", 2.5), 2.5);
+    EXPECT_EQ(options.GetInt(u"--seconds", 7), 7);
+    EXPECT_EQ(options.GetString(u"--include"), u"");
+    EXPECT_EQ(options.GetString(u"--include", u"x"), u"x");
+    EXPECT_THAT(options.getWords(), IsEmpty());
+}
+
+TEST(CommandLineOptionsTest, ReadsTheWordsOfMain)
+{
+    const char* const argv[] = {"program", "--include", "a \"b\"=\xC3\xA4", "--seconds=3"};
+    CCommandLineOptions options = Options();
+    options.Parse({u"--sql", u"before"});
+    options.Parse(4, argv);
+    EXPECT_EQ(options.GetString(u"--include"), u"a \"b\"=\u00E4");
+    EXPECT_EQ(options.GetInt(u"--seconds", 0), 3);
+    EXPECT_FALSE(options.Contains(u"--sql")) << "of an earlier line";
+    EXPECT_THAT(options.getWords(), IsEmpty());
+    options.Parse(0, nullptr);
+    EXPECT_FALSE(options.Contains(u"--seconds"));
+}
+
+TEST(CommandLineOptionsTest, EndsAtTwoDashes)
+{
+    const auto options = Parsed({u"--sql", u"--", u"--help", u"--colour", u"--"});
+    EXPECT_TRUE(options.Contains(u"--sql"));
+    EXPECT_FALSE(options.Contains(u"--help"));
+    EXPECT_THAT(options.getWords(), ElementsAre(u"--help", u"--colour", u"--"));
+}
+
+TEST(CommandLineOptionsTest, NamesTheFault)
+{
+    const struct
+    {
+        Words words;
+        EOtherWords otherWords;
+        const char16_t* fault;
+    } cases[] = {
+        {{u"--colour"}, EOtherWords::Kept, u"unknown option '--colour'; --help tells all"},
+        {{u"--colour=red"}, EOtherWords::Kept, u"unknown option '--colour=red'; --help tells all"},
+        {{u"--SQL"}, EOtherWords::Kept, u"unknown option '--SQL'; --help tells all"},
+        {{u"word"}, EOtherWords::Refused, u"unknown option 'word'; --help tells all"},
+        {{u""}, EOtherWords::Refused, u"unknown option ''; --help tells all"},
+        {{u"--"}, EOtherWords::Refused, u"unknown option '--'; --help tells all"},
+        {{u"--seconds"}, EOtherWords::Kept, u"--seconds: the value is missing"},
+        {{u"--seconds", u"--sql"}, EOtherWords::Kept, u"--seconds: the value is missing"},
+        {{u"--seconds", u"--include=x"}, EOtherWords::Kept, u"--seconds: the value is missing"},
+        {{u"--sql=yes"}, EOtherWords::Kept, u"--sql takes no value"},
+        {{u"--sql="}, EOtherWords::Kept, u"--sql takes no value"},
+        {{u"--seconds", u"--colour"}, EOtherWords::Kept, u"none"},
+        {{u"=", u"", u"word"}, EOtherWords::Kept, u"none"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(FaultOf(c.words, c.otherWords), c.fault);
+    }
+    CCommandLineOptions empty;
+    EXPECT_THROW(empty.Parse(Words{u"-x"}), XCommandLine);
+    const auto options = Parsed({u"--seconds=0x"});
+    EXPECT_THROW(options.GetInt(u"--seconds", 0), XCommandLine);
+    try {
+        options.GetDouble(u"--seconds", 0);
+        FAIL();
+    } catch (const XCommandLine& fault) {
+        EXPECT_EQ(fault.getMessage(), u"--seconds: '0x' is no number");
+    }
+}
+
+TEST(CommandLineOptionsTest, WritesTheHelp)
+{
+    CCommandLineOptions options = Options();
+    options.Add({u"-v", u"", u"tell more"});
+    EXPECT_EQ(options.GetHelpText(), u"  --seconds N       how long\n"
+                                     u"  --sql             for SQL\n"
+                                     u"  --include FOLDER  where to look\n"
+                                     u"  --help            this text\n"
+                                     u"  -v                tell more\n");
+    EXPECT_EQ(options.getOptions().size(), 5U);
+    options.Parse({u"-v", u"-v"});
+    EXPECT_EQ(options.GetValues(u"-v").size(), 2U);
+    EXPECT_EQ(CCommandLineOptions().GetHelpText(), u"");
+}
+
+TEST(CommandLineOptionsTest, ToAskForNoOptionIsAFault)
+{
+    const auto options = Parsed({u"--sql"});
+    const Support::ScriptedBoxes boxes({IDYES, IDNO});
+    EXPECT_THROW((void)options.Contains(u"--sqll"), UTL::XAssert);
+    EXPECT_EQ(options.GetInt(u"--sqll", 5), 5) << "passed by the user";
+}
+
+} // namespace
