@@ -2,7 +2,9 @@
 #include "platform/host/Host_Path.h"
 #include "streams/BTL_STRM_InStream.h"
 #include "streams/BTL_STRM_OutStream.h"
+#include "streams/BTL_STRM_StdIOStream.h"
 #include "streams/BTL_STRM_StreamUtilities.h"
+#include "streams/BTL_STRM_TextReader.h"
 
 #include <benchmark/benchmark.h>
 
@@ -249,6 +251,30 @@ void ReadPiecesStd(benchmark::State& state, char delimiter)
     });
 }
 
+void GetLineOurs(benchmark::State& state)
+{
+    OverFile(state, [](const BenchmarkFile& file) {
+        BTL::CStdInFileStream stream(file.Name());
+        std::size_t sum = 0;
+        for (std::string piece; std::getline(stream, piece);) {
+            sum += piece.size();
+        }
+        return sum;
+    });
+}
+
+void TextReaderOurs(benchmark::State& state)
+{
+    OverFile(state, [](const BenchmarkFile& file) {
+        BTL::CTextReader reader(file.Name());
+        Int64 sum = 0;
+        for (UnicodeString line; reader.ReadLine(line);) {
+            sum += line.Length();
+        }
+        return sum;
+    });
+}
+
 void ReadWholeOurs(benchmark::State& state)
 {
     OverFile(state, [](const BenchmarkFile& file) {
@@ -295,6 +321,10 @@ BENCHMARK(ReadStringUntilOurs)->Name("read_string_until/ours")->Apply(&Sizes);
 BENCHMARK_CAPTURE(ReadPiecesStd, semicolon, ';')->Name("read_string_until/getline")->Apply(&Sizes);
 BENCHMARK(ReadLineOurs)->Name("read_line/ours")->Apply(&Sizes);
 BENCHMARK_CAPTURE(ReadPiecesStd, line, '\n')->Name("read_line/getline")->Apply(&Sizes);
+BENCHMARK(GetLineOurs)->Name("getline/ours")->Apply(&Sizes);
+BENCHMARK_CAPTURE(ReadPiecesStd, getline, '\n')->Name("getline/ifstream")->Apply(&Sizes);
+BENCHMARK(TextReaderOurs)->Name("text_reader/ours")->Apply(&Sizes);
+BENCHMARK_CAPTURE(ReadPiecesStd, text, '\n')->Name("text_reader/getline")->Apply(&Sizes);
 BENCHMARK(ReadWholeOurs)->Name("read_whole/ours")->Apply(&Sizes);
 BENCHMARK(ReadWholeStd)->Name("read_whole/getline")->Apply(&Sizes);
 BENCHMARK(SearchOurs)->Name("search/ours")->Apply(&Sizes);

@@ -4,10 +4,12 @@
 #include "foundation/UTL_ASRT_Assert.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "platform/runtime/classes/internal/Classes_Position.h"
+#include "streams/BTL_STRM_ReadAheadStream.h"
 #include "streams/internal/BTL_STRM_Scan.h"
 
 #include <algorithm>
 #include <array>
+#include <typeinfo>
 
 namespace BTL
 {
@@ -54,12 +56,20 @@ TStream* Checked(TStream* stream)
     return stream;
 }
 
+/// Whether the stream itself shows what comes next. The bytes of a handle that can't seek are better taken in
+/// blocks than one by one.
+bool LooksAhead(TStream& stream)
+{
+    return CStreamWindow::ShowsEnd(stream) &&
+           (typeid(stream) != typeid(Classes::THandleStream) || Classes::ToldPosition(stream));
+}
+
 } // namespace
 
 AStream::AStream(TStream* stream, EStreamSync sync, bool ownsStream)
     : mOwnsStream(ownsStream || stream == nullptr), mStream(Checked(stream))
 {
-    if (sync == ssRewind) {
+    if (sync == ssRewind && Classes::ToldPosition(*mStream)) {
         mStream->setPosition(0);
     }
 }
@@ -106,20 +116,32 @@ Int64 AStream::seekoff(Int64 offset, std::ios_base::seekdir direction)
 
 Int64 AStream::SetPosition(Int64 position)
 {
-    mStream->setPosition(position);
-    return mStream->getPosition();
+    TStream& stream = mReadAhead ? *mReadAhead : *mStream;
+    stream.setPosition(position);
+    const Int64 reached = GetPosition();
+    if (reached < 0) {
+        Detail::ThrowCantSeek();
+    }
+    return reached;
 }
 
 Int64 AStream::GetPosition() const
 {
-    return mStream->getPosition();
+    return Classes::ToldPosition(mReadAhead ? *mReadAhead : *mStream).value_or(-1);
 }
 
 /// Runs an operation on the stream; one that raises leaves bad in the state.
 template <class Operation>
 auto AStream::Guarded(Operation operation)
 {
+    struct TRun
+    {
+        AStream& stream;
+        explicit TRun(AStream& running) : stream(running) { ++stream.mRunning; }
+        ~TRun() { stream.EndOperation(); }
+    };
     try {
+        const TRun run(*this);
         return operation();
     } catch (...) {
         mState << esBad;
@@ -127,31 +149,41 @@ auto AStream::Guarded(Operation operation)
     }
 }
 
+/// Behind the last of the operations that run, a stream that can seek stands behind what was read.
+void AStream::EndOperation()
+{
+    if (--mRunning == 0 && mReadAhead) {
+        mReadAhead->GiveBack();
+    }
+}
+
+TStream& AStream::Source()
+{
+    if (mSource == nullptr) {
+        if (!LooksAhead(*mStream)) {
+            mReadAhead = std::make_unique<CReadAheadStream>(mStream);
+        }
+        mSource = mReadAhead ? mReadAhead.get() : mStream;
+    }
+    return *mSource;
+}
+
 bool AStream::AtEnd()
 {
-    return Guarded([&] { return Detail::AtEnd(*mStream); });
+    return Guarded([&] { return Detail::AtEnd(Source()); });
 }
 
 void AStream::DoSkipWhiteSpaces()
 {
     Guarded([&] {
         while (good()) {
-            const std::string_view window = CStreamWindow::Of(*mStream);
+            const std::string_view window = CStreamWindow::Of(Source());
             if (window.empty()) {
-                break;
-            }
-            const auto* const end = std::find_if_not(window.begin(), window.end(), IsAtMostBlank);
-            if (end != window.begin()) {
-                mStream->Seek(end - window.begin(), Classes::soCurrent);
-            }
-            if (end != window.end()) {
                 return;
             }
-        }
-        const Int64 size = good() ? mStream->getSize() : 0;
-        while (good() && mStream->getPosition() < size) {
-            if (!IsAtMostBlank(DoReadChar())) {
-                mStream->Seek(-1, Classes::soCurrent);
+            const auto* const end = std::find_if_not(window.begin(), window.end(), IsAtMostBlank);
+            CStreamWindow::Pass(Source(), static_cast<std::size_t>(end - window.begin()));
+            if (end != window.end()) {
                 return;
             }
         }
@@ -162,7 +194,7 @@ char AStream::DoReadChar()
 {
     return Guarded([&] {
         char c = 0;
-        mLastCount = mStream->Read(&c, 1);
+        mLastCount = Source().Read(&c, 1);
         if (mLastCount < 1) {
             mState << esEof;
             return '\0';
@@ -183,7 +215,15 @@ char AStream::DoGetChar()
 void AStream::DoRead(char* buffer, Int64 count)
 {
     Guarded([&] {
-        mLastCount = mStream->Read(buffer, count);
+        mLastCount = std::max(Source().Read(buffer, count), Int64{0});
+        // What can't seek gives what it has, and more later.
+        while (mLastCount < count && !Classes::ToldPosition(Source())) {
+            const Int64 more = Source().Read(buffer + mLastCount, count - mLastCount);
+            if (more <= 0) {
+                break;
+            }
+            mLastCount += more;
+        }
         if (mLastCount < count) {
             if (AtEnd()) {
                 mState << esEof;
@@ -198,7 +238,7 @@ template <class Take>
 void AStream::ReadBytewise(Int64 count, Take take)
 {
     Guarded([&] {
-        Detail::CByteCursor bytes(*mStream);
+        Detail::CByteCursor bytes(Source());
         for (Int64 i = 0; i < count; ++i) {
             const std::optional<char> c = bytes.Next();
             if (!c) {
@@ -295,9 +335,7 @@ void AStream::ReadWhile(Find findEnd, AnsiString& text)
         return;
     }
     Guarded([&] {
-        if (Detail::ReadTo(*mStream, findEnd, Detail::AppendTo(text))) {
-            mStream->Seek(-1, Classes::soCurrent);
-        }
+        Detail::ReadInFrontOf(Source(), findEnd, Detail::AppendTo(text));
         mLastCount = text.Length();
     });
 }
@@ -305,6 +343,14 @@ void AStream::ReadWhile(Find findEnd, AnsiString& text)
 void AStream::DoReadTillWS(AnsiString& text)
 {
     ReadWhile(Detail::GFindIf{IsAtMostBlank}, text);
+}
+
+void AStream::DoReadWord(AnsiString& text)
+{
+    Guarded([&] {
+        DoSkipWhiteSpaces();
+        DoReadTillWS(text);
+    });
 }
 
 void AStream::DoReadNumStr(AnsiString& text)
@@ -326,14 +372,14 @@ struct AStream::TScannedNumber
 void AStream::TakeNumber(TScannedNumber& number)
 {
     DoSkipWhiteSpaces();
-    const std::string_view window = Guarded([&] { return CStreamWindow::Of(*mStream); });
+    const std::string_view window = CStreamWindow::Of(Source());
     const std::string_view start = window.substr(0, number.shortText.size() + 1);
     const std::size_t length = Detail::GFindIf{EndsNumber}(start);
     if (length != std::string_view::npos) {
         std::copy_n(start.begin(), length, number.shortText.begin());
         number.view = std::u16string_view(number.shortText.data(), length);
         mLastCount = static_cast<Int64>(length);
-        Guarded([&] { mStream->Seek(mLastCount, Classes::soCurrent); });
+        CStreamWindow::Pass(Source(), length);
         return;
     }
     AnsiString bytes;
@@ -368,14 +414,14 @@ Int64 AStream::ToInt64(const TScannedNumber& number)
 Int64 AStream::ReadInt64()
 {
     TScannedNumber number;
-    TakeNumber(number);
+    Guarded([&] { TakeNumber(number); });
     return ToInt64(number);
 }
 
 UInt64 AStream::ReadUInt64()
 {
     TScannedNumber number;
-    TakeNumber(number);
+    Guarded([&] { TakeNumber(number); });
     if (number.view.starts_with(u'-')) {
         mState << esFail;
     }
@@ -386,7 +432,7 @@ template <class Float>
 Float AStream::ReadFloat()
 {
     TScannedNumber number;
-    TakeNumber(number);
+    Guarded([&] { TakeNumber(number); });
     return Converted<Float>(number, [](std::u16string_view text, Float& value) {
         return Sysutils::BufferToFloat(text, u'.', value);
     });

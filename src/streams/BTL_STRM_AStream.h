@@ -5,9 +5,12 @@
 #include "streams/BTL_STRM_Stream.h"
 
 #include <ios>
+#include <memory>
 
 namespace BTL
 {
+
+class CReadAheadStream;
 
 enum EStreamState
 {
@@ -20,6 +23,10 @@ using TStreamState = System::Set<EStreamState, esEof, esBad>;
 
 /// A text stream in the manner of the standard streams on a `Classes::TStream`: operations that can't be done
 /// set bits of its state and raise nothing. An exception of the stream itself sets bad and goes on.
+///
+/// A stream that can seek stands exactly behind what was read after each operation. One that only reads, as a
+/// pipe, a socket or a class whose `Seek` gives -1 or raises, is read in blocks, and the rest of a block is
+/// kept here for the next operation; only a `Classes::TFileStream` keeps it itself.
 class TRS8_BTL_API AStream
 {
 public:
@@ -40,6 +47,10 @@ public:
     bool eof() const noexcept { return mState.Contains(esEof); }
     bool fail() const noexcept { return mState.Contains(esFail); }
     bool bad() const noexcept { return mState.Contains(esBad); }
+    /// Whether the last operation worked: neither fail nor bad, nor eof with nothing read, so that
+    /// `while (in >> word)` ends behind the last word. `fail` alone doesn't tell that of a text.
+    explicit operator bool() const noexcept { return !fail() && !bad() && !(eof() && mLastCount == 0); }
+    bool operator!() const noexcept { return !static_cast<bool>(*this); }
     const TStreamState& getState() const noexcept { return mState; }
     void clear() noexcept { mState = TStreamState(); }
     /// The count of characters that the last read operation delivered.
@@ -50,6 +61,7 @@ public:
     void Release();
 
     // Seeking gives the position that the stream then has, and leaves the state alone.
+    // `Classes::EStreamError` for a stream that can't seek, whose position is -1.
 
     System::Int64 seekoff(System::Int64 offset, std::ios_base::seekdir direction);
     System::Int64 seekpos(System::Int64 position) { return SetPosition(position); }
@@ -76,8 +88,10 @@ protected:
     /// Reads at most `count` bytes while the state is good, up to and with the delimiter or, if wanted, a
     /// line feed; stores all but the delimiter, without a zero.
     void DoReadUntil(char* buffer, System::Int64 count, char delimiter, bool stopAtLineFeed);
-    /// The bytes in front of the next white space; eof if there is nothing left.
+    /// The bytes in front of the next white space; eof, without fail, if there is nothing left.
     void DoReadTillWS(System::AnsiString& text);
+    /// As `DoReadTillWS`, behind `DoSkipWhiteSpaces`.
+    void DoReadWord(System::AnsiString& text);
     /// The digits, signs, points and letters of an exponent up to another byte; eof if there is nothing left.
     void DoReadNumStr(System::AnsiString& text);
 
@@ -100,6 +114,8 @@ private:
 
     template <class Operation>
     auto Guarded(Operation operation);
+    void EndOperation();
+    Classes::TStream& Source();
     bool AtEnd();
     template <class Find>
     void ReadWhile(Find findEnd, System::AnsiString& text);
@@ -117,6 +133,10 @@ private:
     Classes::TStream* mStream;
     TStreamState mState;
     System::Int64 mLastCount = 0;
+    /// What the stream is read through; null before it is read first.
+    Classes::TStream* mSource = nullptr;
+    std::unique_ptr<CReadAheadStream> mReadAhead;
+    int mRunning = 0;
 };
 
 } // namespace BTL

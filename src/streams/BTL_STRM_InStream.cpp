@@ -199,8 +199,7 @@ CInStream& CInStream::operator>>(void*& value)
 
 CInStream& CInStream::operator>>(AnsiString& value)
 {
-    DoSkipWhiteSpaces();
-    DoReadTillWS(value);
+    DoReadWord(value);
     return *this;
 }
 

@@ -6,6 +6,12 @@
 namespace BTL
 {
 
+//     CFileInStream in(u"words.txt");
+//     AnsiString word;
+//     while (in >> word) {
+//         Count(word);
+//     }
+
 /// Reads texts and numbers, in a form that depends on no locale. White space, which is passed over in front
 /// of all values, is every byte up to 32 and from 128 on.
 class TRS8_BTL_API CInStream : public AStream
@@ -56,8 +62,10 @@ public:
     CInStream& operator>>(long double& value);
     /// Reads a signed integer as wide as a pointer, so that what `COutStream` wrote comes back.
     CInStream& operator>>(void*& value);
-    /// The bytes up to the next white space.
+    /// The bytes up to the next white space. At the end the text is empty, with eof but without fail; the
+    /// stream as a condition tells it, as in `while (in >> word)`.
     CInStream& operator>>(System::AnsiString& value);
+    /// As for 8-bit text, which is read in the system's code page. For UTF-8 there is `CTextReader`.
     CInStream& operator>>(System::UnicodeString& value);
 
 private:

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "streams/BTL_STRM_StdIOStream.h"
 
+#include "platform/runtime/classes/internal/Classes_StreamWindow.h"
+
 namespace BTL
 {
 
@@ -15,13 +17,16 @@ namespace
 template <class Seek>
 void Synchronize(TStream& stream, EStreamSync sync, Seek seek)
 {
-    const System::Int64 position = stream.getPosition();
-    if (position == 0 || (sync != ssSync && sync != ssRewind)) {
+    if (sync != ssSync && sync != ssRewind) {
+        return;
+    }
+    const std::optional<System::Int64> position = Classes::ToldPosition(stream);
+    if (position.value_or(0) == 0) {
         return;
     }
     stream.setPosition(0);
     if (sync == ssSync) {
-        seek(position);
+        seek(*position);
     }
 }
 

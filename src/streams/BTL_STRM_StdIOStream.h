@@ -12,7 +12,12 @@ namespace BTL
 {
 
 // Standard streams on a `Classes::TStream`. `ssSync` lets reading and writing go on at the position of the
-// stream, `ssRewind` begins at 0.
+// stream, `ssRewind` begins at 0. A stream that can't seek, as a pipe, is read and written where it is.
+//
+//     CStdInFileStream in(u"values.txt");
+//     for (std::string line; std::getline(in, line);) {
+//         Use(line);
+//     }
 
 /// Doesn't own the stream, which must live as long.
 class TRS8_BTL_API CStdOutStream : public CStdOutStreambuf, public std::basic_ostream<char>

@@ -3,9 +3,11 @@
 
 #include "foundation/UTL_ASRT_Assert.h"
 #include "platform/runtime/classes/internal/Classes_Position.h"
+#include "platform/runtime/classes/internal/Classes_StreamWindow.h"
 
 #include <algorithm>
 #include <cstring>
+#include <span>
 
 namespace BTL
 {
@@ -15,6 +17,9 @@ using System::Int64;
 
 namespace
 {
+
+/// What the standard streams take for a failure.
+constexpr Int64 NoPosition = -1;
 
 constexpr const char* Source = "BTL_STRM_StdIOStreambuf";
 constexpr UTL::CFaultPlace NullStream{Source, 48};
@@ -31,6 +36,26 @@ std::shared_ptr<TStream> EmptyFor(const TStream* stream)
     }
     UTL::THROW_XAssert(NullStream);
     return std::make_shared<Classes::TMemoryStream>();
+}
+
+/// Fills `piece` as far as the stream has bytes, or as far as one that can't seek gives them at once.
+std::size_t ReadPiece(TStream& stream, std::span<char> piece)
+{
+    const auto size = static_cast<Int64>(piece.size());
+    const std::optional<Int64> position = Classes::ToldPosition(stream);
+    if (!position) {
+        return static_cast<std::size_t>(std::max(stream.Read(piece.data(), size), Int64{0}));
+    }
+    const std::string_view window = Classes::CStreamWindow::Of(stream);
+    if (window.size() >= piece.size()) {
+        // What is in memory is there, without asking the host for the size.
+        std::copy_n(window.begin(), piece.size(), piece.begin());
+        Classes::CStreamWindow::Pass(stream, piece.size());
+        return piece.size();
+    }
+    const Int64 count = std::clamp(stream.getSize() - *position, Int64{0}, size);
+    stream.ReadBuffer(piece.data(), count);
+    return static_cast<std::size_t>(count);
 }
 
 } // namespace
@@ -67,13 +92,16 @@ void AStdStreambuf::Release()
 
 AStdStreambuf::pos_type AStdStreambuf::SetPosition(pos_type position)
 {
+    if (!Classes::ToldPosition(*mStream)) {
+        return NoPosition;
+    }
     mStream->setPosition(position);
     return mStream->getPosition();
 }
 
 AStdStreambuf::pos_type AStdStreambuf::GetPosition() const
 {
-    return mStream->getPosition();
+    return Classes::ToldPosition(*mStream).value_or(NoPosition);
 }
 
 AStdStreambuf::pos_type AStdStreambuf::seekoff(off_type offset, std::ios_base::seekdir direction,
@@ -85,7 +113,7 @@ AStdStreambuf::pos_type AStdStreambuf::seekoff(off_type offset, std::ios_base::s
         if (offset == 0) {
             return base;
         }
-    } else if (direction == std::ios_base::end) {
+    } else if (direction == std::ios_base::end && Classes::ToldPosition(*mStream)) {
         base = mStream->getSize();
     }
     return SetPosition(Classes::AddClamped(base, offset));
@@ -140,6 +168,9 @@ CStdInStreambuf::pos_type CStdInStreambuf::SetPosition(pos_type position)
 {
     const off_type target = position;
     const off_type current = GetPosition();
+    if (current == NoPosition) {
+        return NoPosition;
+    }
     if (target == current) {
         return position;
     }
@@ -157,8 +188,8 @@ CStdInStreambuf::pos_type CStdInStreambuf::SetPosition(pos_type position)
 
 CStdInStreambuf::pos_type CStdInStreambuf::GetPosition() const
 {
-    const Int64 position = getStream()->getPosition();
-    if (gptr() == nullptr) {
+    const Int64 position = Classes::ToldPosition(*getStream()).value_or(NoPosition);
+    if (gptr() == nullptr || position == NoPosition) {
         return position;
     }
     if (position == 0) {
@@ -173,14 +204,12 @@ CStdInStreambuf::int_type CStdInStreambuf::underflow()
     if (gptr() < egptr()) {
         return traits_type::to_int_type(*gptr());
     }
-    const Int64 left = getStream()->getSize() - getStream()->getPosition();
-    if (left <= 0) {
-        return traits_type::eof();
-    }
-    const auto size = static_cast<std::size_t>(std::min(left, static_cast<Int64>(BufferSize)));
     // Read aside, so that a stream that raises leaves the buffer as it is.
     std::array<char, BufferSize> bytes;
-    getStream()->ReadBuffer(bytes.data(), static_cast<Int64>(size));
+    const std::size_t size = ReadPiece(*getStream(), bytes);
+    if (size == 0) {
+        return traits_type::eof();
+    }
     SetBuffer({eback(), static_cast<std::size_t>(egptr() - eback())}, size);
     std::copy_n(bytes.begin(), size, Buffer());
     return traits_type::to_int_type(*gptr());

@@ -11,7 +11,8 @@ namespace BTL
 {
 
 /// The buffer of a standard stream on a `Classes::TStream`, which it doesn't own. What the stream raises
-/// passes through.
+/// passes through. The position in one that can't seek, as a pipe, is -1, which the standard streams take for
+/// a failed seek.
 class TRS8_BTL_API AStdStreambuf : public std::basic_streambuf<char>
 {
 public:

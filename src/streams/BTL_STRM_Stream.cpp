@@ -148,6 +148,7 @@ Int64 Search(const AnsiString& text, TStream* stream, int start)
         UTL::THROW_XAssert(NullStreamInSearch);
         return -1;
     }
+    Detail::NeedPosition(*stream);
     if (start >= 0) {
         stream->setPosition(start);
     }
@@ -262,6 +263,9 @@ int MStream::Write(const char* bytes, int count)
 
 AnsiString MStream::ReadAll()
 {
+    if (!Classes::ToldPosition(*mStream)) {
+        return Detail::ReadUpTo(*mStream, INT64_MAX);
+    }
     const Int64 size = mStream->getSize();
     if (size == 0) {
         return {};
@@ -343,7 +347,10 @@ AnsiString MStream::ReadWord(int& position, const unsigned char* firstChars, con
         firstChars = UTL::GetWordCharsA();
         nextChars = nextChars == nullptr ? UTL::GetWordChars2A() : nextChars;
     }
-    if (Detail::AtEnd(*mStream)) {
+    const bool hasPosition = Classes::ToldPosition(*mStream).has_value();
+    if (!hasPosition) {
+        position = -1;
+    } else if (Detail::AtEnd(*mStream)) {
         position = AsInt(mStream->getSize());
         return {};
     }
@@ -351,7 +358,9 @@ AnsiString MStream::ReadWord(int& position, const unsigned char* firstChars, con
     if (!first) {
         return {};
     }
-    position = AsInt(mStream->getPosition() - 1);
+    if (hasPosition) {
+        position = AsInt(mStream->getPosition() - 1);
+    }
     AnsiString word(*first);
     Detail::ReadTo(*mStream, FindNotInTable(nextChars == nullptr ? firstChars : nextChars),
                    Detail::AppendTo(word));

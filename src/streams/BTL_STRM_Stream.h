@@ -35,7 +35,7 @@ enum EStreamSync : int
     ssKeep = 0,
     /// Matters to the standard streams only; the others keep the position.
     ssSync = 1,
-    /// Goes to the beginning.
+    /// Goes to the beginning; a stream that can't seek goes on where it is.
     ssRewind = 2
 };
 
@@ -46,13 +46,16 @@ enum EStreamSync : int
 
 /// Looks for `text` from `start` on, from the position on if that is negative. The result is the place of its
 /// first byte, with the position behind the match. If there is none it is -1, and the position is at the end,
-/// or at a `start` behind that. An empty text is nowhere and leaves the position at the start. A null stream
-/// is an internal fault, and has nothing if the user lets that pass.
+/// or at a `start` behind that. An empty text is nowhere and leaves the position at the start.
+/// `Classes::EStreamError` for a stream that can't seek, where no place can be told. A null stream is an
+/// internal fault, and has nothing if the user lets that pass.
 TRS8_BTL_API System::Int64 Search(const System::AnsiString& text, Classes::TStream* stream, int start);
 
 /// Reads and writes binary values and lines on a stream that somebody else owns, at its position. Numbers are
 /// little-endian. What the stream can't give raises `Classes::EReadError`, what it can't take
-/// `Classes::EWriteError`. Bytes are `System::AnsiString` values.
+/// `Classes::EWriteError`. Bytes are `System::AnsiString` values. A stream of one's own class that is read up
+/// to some byte is asked for single bytes, so that it stands exactly behind it; on a `CReadAheadStream` it is
+/// read in blocks.
 class TRS8_BTL_API MStream
 {
 public:
@@ -89,7 +92,7 @@ public:
     int Write(const System::AnsiString& bytes);
     int Write(const char* bytes, int count);
 
-    /// The whole stream from its beginning on; of one that can't tell its size, as a pipe, what is left.
+    /// The whole stream from its beginning on; of one that can't seek, as a pipe, what is left.
     System::AnsiString ReadAll();
     /// Makes `text` the whole stream.
     void WriteAll(const System::AnsiString& text);
@@ -108,7 +111,7 @@ public:
 
     /// The next word, with the place of its first byte; the byte behind it is read too. Letters and `_` begin
     /// a word, digits continue it as well. Empty if there is none; `position` then stays, but is the size if
-    /// nothing was left to read.
+    /// nothing was left to read. In a stream that can't seek it is -1.
     System::AnsiString ReadWord(int& position);
     /// The next word by two tables of 256 bytes, 1 for each character that begins or continues a word. With
     /// `nextChars` null the first serves for both; with both null the usual tables do.

@@ -14,6 +14,7 @@
 #include <climits>
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace BTL
 {
@@ -120,34 +121,48 @@ Int64 LineStart(TStream& stream, Int64 position)
     return 0;
 }
 
-struct TIntegerText
+/// A finder for the byte that ends an integer: no digit, and no `-` at its very front. To be used once.
+class CFindIntegerEnd
 {
-    UnicodeString text;
-    /// Whether a byte and not the end of the stream ended the number.
-    bool hasEnd;
+public:
+    std::size_t operator()(std::string_view bytes)
+    {
+        const std::size_t sign = std::exchange(mIsFirst, false) && bytes.starts_with('-') ? 1 : 0;
+        const std::size_t end = Detail::GFindIf{std::not_fn(IsAsciiDigit<char>)}(bytes.substr(sign));
+        return end == std::string_view::npos ? end : end + sign;
+    }
+
+private:
+    bool mIsFirst = true;
 };
 
-TIntegerText ReadIntegerText(TStream& stream)
+UnicodeString ReadIntegerText(TStream& stream)
 {
     AnsiString text;
-    const std::optional<char> first = Detail::ReadByte(stream);
-    if (!first || (*first != '-' && !IsAsciiDigit(*first))) {
-        return {text, first.has_value()};
-    }
-    text = AnsiString(*first);
-    const auto end =
-        Detail::ReadTo(stream, Detail::GFindIf{std::not_fn(IsAsciiDigit<char>)}, Detail::AppendTo(text));
-    return {text, end.has_value()};
+    Detail::ReadTo(stream, CFindIntegerEnd(), Detail::AppendTo(text));
+    return text;
 }
 
-/// As `ReadIntegerText`, with the byte behind the number given back.
+/// As `ReadIntegerText`, but the byte behind the number stays in the stream.
 UnicodeString ReadIntegerTextUnget(TStream& stream)
 {
-    const TIntegerText number = ReadIntegerText(stream);
-    if (number.hasEnd) {
-        stream.Seek(-1, Classes::soCurrent);
+    Detail::NeedLookAhead(stream);
+    AnsiString text;
+    Detail::ReadInFrontOf(stream, CFindIntegerEnd(), Detail::AppendTo(text));
+    return text;
+}
+
+/// Passes over bytes by reading them.
+void ReadOver(TStream& stream, Int64 count)
+{
+    std::array<char, 512> block;
+    while (count > 0) {
+        const Int64 read = stream.Read(block.data(), std::min(count, static_cast<Int64>(block.size())));
+        if (read <= 0) {
+            return;
+        }
+        count -= read;
     }
-    return number.text;
 }
 
 void WriteBytes(TStream& stream, std::string_view bytes)
@@ -171,6 +186,7 @@ Int64 GetSize(TStream* stream)
 int CountLines(TStream* stream, Int64 limit)
 {
     CCheckedStream checked(stream, NullStreamIn::CountLines);
+    Detail::NeedPosition(*checked);
     checked->setPosition(0);
     Int64 left = limit < 0 ? INT_MAX : limit;
     Int64 count = 0;
@@ -189,7 +205,7 @@ int CountLines(TStream* stream, Int64 limit)
 AnsiString GetCurrStrLine(TStream* stream)
 {
     CCheckedStream checked(stream, NullStreamIn::GetCurrStrLine);
-    const Int64 position = checked->getPosition();
+    const Int64 position = Detail::NeedPosition(*checked);
     checked->setPosition(LineStart(*checked, std::min(position, checked->getSize())));
     AnsiString line = ReadLine(&*checked);
     checked->setPosition(position);
@@ -204,6 +220,11 @@ char ReadChar(TStream* stream)
 char PeekChar(TStream* stream)
 {
     CCheckedStream checked(stream, NullStreamIn::PeekChar);
+    Detail::NeedLookAhead(*checked);
+    const std::string_view window = Classes::CStreamWindow::Of(*checked);
+    if (!window.empty()) {
+        return window.front();
+    }
     const std::optional<char> c = Detail::ReadByte(*checked);
     if (c) {
         checked->Seek(-1, Classes::soCurrent);
@@ -224,7 +245,11 @@ void SkipUntil(TStream* stream, char c)
 void SkipBytes(TStream* stream, int count)
 {
     CCheckedStream checked(stream, NullStreamIn::SkipBytes);
-    const Int64 position = checked->getPosition();
+    if (count >= 0 && !Classes::ToldPosition(*checked)) {
+        ReadOver(*checked, count);
+        return;
+    }
+    const Int64 position = Detail::NeedPosition(*checked);
     const Int64 last = checked->getSize() - 1;
     const Int64 target = std::max(std::min(Classes::AddClamped(position, count), last), Int64{0});
     checked->Seek(target - position, Classes::soCurrent);
@@ -305,12 +330,12 @@ void WriteEndOfLine(TStream* stream)
 
 int ReadInteger(TStream* stream)
 {
-    return Sysutils::StrToInt(ReadIntegerText(*CCheckedStream(stream, NullStreamIn::ReadInteger)).text);
+    return Sysutils::StrToInt(ReadIntegerText(*CCheckedStream(stream, NullStreamIn::ReadInteger)));
 }
 
 int ReadIntegerDef(TStream* stream, int defaultValue)
 {
-    return Sysutils::StrToIntDef(ReadIntegerText(*CCheckedStream(stream, NullStreamIn::ReadIntegerDef)).text,
+    return Sysutils::StrToIntDef(ReadIntegerText(*CCheckedStream(stream, NullStreamIn::ReadIntegerDef)),
                                  defaultValue);
 }
 
@@ -322,12 +347,12 @@ int ReadIntegerUnget(TStream* stream, int defaultValue)
 
 Int64 ReadInt64(TStream* stream)
 {
-    return Sysutils::StrToInt64(ReadIntegerText(*CCheckedStream(stream, NullStreamIn::ReadInt64)).text);
+    return Sysutils::StrToInt64(ReadIntegerText(*CCheckedStream(stream, NullStreamIn::ReadInt64)));
 }
 
 Int64 ReadInt64Def(TStream* stream, Int64 defaultValue)
 {
-    return Sysutils::StrToInt64Def(ReadIntegerText(*CCheckedStream(stream, NullStreamIn::ReadInt64Def)).text,
+    return Sysutils::StrToInt64Def(ReadIntegerText(*CCheckedStream(stream, NullStreamIn::ReadInt64Def)),
                                    defaultValue);
 }
 
@@ -345,7 +370,8 @@ void SaveStringToStream(TStream* stream, const AnsiString& text)
 AnsiString LoadStringFromStream(TStream* stream)
 {
     CCheckedStream checked(stream, NullStreamIn::LoadStringFromStream);
-    const Int64 left = checked->getSize() - checked->getPosition();
+    const std::optional<Int64> position = Classes::ToldPosition(*checked);
+    const Int64 left = position ? checked->getSize() - *position : 0;
     // The size of a pipe, or of a file that the host makes up while it is read, tells nothing.
     return Detail::ReadUpTo(*checked, left > 0 ? left : INT64_MAX);
 }

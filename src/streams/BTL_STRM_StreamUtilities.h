@@ -9,26 +9,33 @@ namespace BTL
 // Reading and writing at the position of a stream. A null stream is an internal fault, and an empty one if
 // the user lets that pass. What ends a piece of text is read too and isn't part of the result; the end of the
 // stream ends it as well. Bytes are `System::AnsiString` values.
+//
+// Streams that only read, as pipes and sockets, are read as others. What needs a position there raises
+// `Classes::EStreamError`, and so does what looks ahead in a stream of one's own class: on it take a
+// `CReadAheadStream`. One's own classes are asked for single bytes, so that they stand exactly behind what
+// was read; `CInStream`, `CTextReader` and `CReadAheadStream` read them in blocks.
 
-/// Whether nothing is left behind the position.
+/// Whether nothing is left behind the position. At a pipe, waits until it is known. Looks ahead.
 TRS8_BTL_API bool Eof(Classes::TStream* stream);
+/// -1 for what has none, as a pipe.
 TRS8_BTL_API System::Int64 GetSize(Classes::TStream* stream);
 
 /// The line feeds among the first `limit` bytes of the stream, where the position then is; a negative limit
-/// means 2147483647.
+/// means 2147483647. Needs a position.
 TRS8_BTL_API int CountLines(Classes::TStream* stream, System::Int64 limit);
 /// The line in which the position lies, as `ReadLine` gives it from its beginning on; the position stays.
+/// Needs a position.
 TRS8_BTL_API System::AnsiString GetCurrStrLine(Classes::TStream* stream);
 
 /// The next byte; 0 at the end.
 TRS8_BTL_API char ReadChar(Classes::TStream* stream);
-/// As `ReadChar`, but the position stays.
+/// As `ReadChar`, but the position stays. Looks ahead.
 TRS8_BTL_API char PeekChar(Classes::TStream* stream);
 
 TRS8_BTL_API void SkipLine(Classes::TStream* stream);
 TRS8_BTL_API void SkipUntil(Classes::TStream* stream, char c);
 /// Moves by `count`, backwards if it is negative. Where that would reach the end, the position is the last
-/// byte; in front of the beginning, the beginning.
+/// byte; in front of the beginning, the beginning. Forwards without a position too, and then up to the end.
 TRS8_BTL_API void SkipBytes(Classes::TStream* stream, int count);
 /// Moves behind the next white space.
 TRS8_BTL_API void SkipWhitespaces(Classes::TStream* stream);
@@ -59,7 +66,7 @@ TRS8_BTL_API void WriteEndOfLine(Classes::TStream* stream);
 /// `Sysutils::EConvertError` if there is none.
 TRS8_BTL_API int ReadInteger(Classes::TStream* stream);
 TRS8_BTL_API int ReadIntegerDef(Classes::TStream* stream, int defaultValue);
-/// As `ReadIntegerDef`, but the byte behind the number stays in the stream.
+/// As `ReadIntegerDef`, but the byte behind the number stays in the stream. Looks ahead.
 TRS8_BTL_API int ReadIntegerUnget(Classes::TStream* stream, int defaultValue);
 TRS8_BTL_API System::Int64 ReadInt64(Classes::TStream* stream);
 TRS8_BTL_API System::Int64 ReadInt64Def(Classes::TStream* stream, System::Int64 defaultValue);

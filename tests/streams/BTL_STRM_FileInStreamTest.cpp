@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "streams/BTL_STRM_FileInStream.h"
 #include "streams/BTL_STRM_StreamUtilities.h"
+#include "streams/ForwardOnlySupport.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -39,6 +40,28 @@ TEST(FileStreamsTest, ReadADataFile)
     EXPECT_EQ(file.getPosition(), file.getSize());
     EXPECT_EQ(file.ReadInt64Unget(3), 3);
     EXPECT_TRUE(file.good());
+}
+
+class FileOfForwardOnlyTest : public Support::ForwardOnlyTest
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(NamedPipe, FileOfForwardOnlyTest, testing::Values(Support::EForwardKind::NamedPipe));
+
+TEST_P(FileOfForwardOnlyTest, ADataFileMayBeANamedPipe)
+{
+    BTL::CFileInStreamEx file(NamedPipe("t,12,word rest;of\nlast"));
+    EXPECT_EQ(file.ReadTypeChar(), 't');
+    EXPECT_EQ(file.ReadInteger(','), 12);
+    EXPECT_EQ(file.ReadString(), "word");
+    EXPECT_EQ(file.ReadUntil(';'), " rest");
+    file.SkipLine();
+    System::AnsiString word;
+    EXPECT_TRUE(file >> word);
+    EXPECT_EQ(word, "last");
+    EXPECT_FALSE(file >> word);
+    EXPECT_EQ(file.getPosition(), -1);
+    EXPECT_THROW(file.getCurrLine(), Classes::EStreamError);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "platform/toolkit/MessageBox.h"
 #include "streams/BTL_STRM_StreamUtilities.h"
 #include "streams/CountingStreamSupport.h"
+#include "streams/ForwardOnlySupport.h"
 #include "support/ChildProgram.h"
 #include "support/ScriptedBoxes.h"
 #include "support/TempFolder.h"
@@ -129,6 +130,64 @@ TEST(StdFileStreamTest, OwnTheirFiles)
     EXPECT_EQ(BTL::LoadStringFromFile(path), "ONE two three");
     EXPECT_THROW(BTL::CStdInFileStream(path, Classes::fmOpenRead | Classes::fmShareExclusive),
                  Classes::EFOpenError);
+}
+
+class StdOfForwardOnlyTest : public Support::ForwardOnlyTest
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(Kinds, StdOfForwardOnlyTest, Support::EveryForwardKind);
+
+TEST_P(StdOfForwardOnlyTest, LinesAreRead)
+{
+    std::string content;
+    for (int i = 0; i < 5000; ++i) {
+        content += "line " + std::to_string(i) + "\n";
+    }
+    for (const auto sync : {BTL::ssKeep, BTL::ssSync, BTL::ssRewind}) {
+        BTL::CStdInStream stream(With(content), sync);
+        int count = 0;
+        for (std::string line; std::getline(stream, line); ++count) {
+            ASSERT_EQ(line, "line " + std::to_string(count));
+        }
+        EXPECT_EQ(count, 5000);
+        EXPECT_TRUE(stream.eof());
+    }
+}
+
+TEST_P(StdOfForwardOnlyTest, SeeksFailAndLoseNothing)
+{
+    BTL::CStdInStream stream(With("abcdef"), BTL::ssSync);
+    EXPECT_EQ(stream.get(), 'a');
+    EXPECT_EQ(stream.tellg(), std::streampos(-1));
+    for (const auto direction : {std::ios_base::beg, std::ios_base::cur, std::ios_base::end}) {
+        EXPECT_TRUE(stream.seekg(1, direction).fail());
+        EXPECT_FALSE(stream.bad());
+        stream.clear();
+    }
+    EXPECT_EQ(stream.get(), 'b');
+    EXPECT_EQ(stream.unget().get(), 'b');
+    std::string rest(10, '.');
+    stream.read(rest.data(), 10);
+    EXPECT_EQ(rest.substr(0, 4), "cdef");
+    EXPECT_EQ(stream.gcount(), 4);
+}
+
+class StdFileOfForwardOnlyTest : public Support::ForwardOnlyTest
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(NamedPipe, StdFileOfForwardOnlyTest,
+                         testing::Values(Support::EForwardKind::NamedPipe));
+
+TEST_P(StdFileOfForwardOnlyTest, AFileMayBeANamedPipe)
+{
+    BTL::CStdInFileStream stream(NamedPipe("one\ntwo\n"));
+    std::string first;
+    std::string second;
+    EXPECT_TRUE(std::getline(std::getline(stream, first), second));
+    EXPECT_EQ(first + second, "onetwo");
+    EXPECT_FALSE(std::getline(stream, first));
 }
 
 } // namespace

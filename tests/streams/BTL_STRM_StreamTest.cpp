@@ -4,6 +4,7 @@
 #include "platform/toolkit/MessageBox.h"
 #include "streams/AnyStreamSupport.h"
 #include "streams/BTL_STRM_StreamUtilities.h"
+#include "streams/ForwardOnlySupport.h"
 #include "support/ScriptedBoxes.h"
 #include "support/TempFolder.h"
 #include "text/bytes/BTL_BIN_BinaryData.h"
@@ -294,6 +295,53 @@ TEST(StreamModelTest, ANullStreamIsAnInternalFault)
     EXPECT_EQ(BTL::ReadChar(nullptr), '\0');
     EXPECT_EQ(BTL::Search("a", nullptr, 0), -1);
     EXPECT_EQ(BTL::ReadStringUntil(nullptr, "ab"), "");
+}
+
+class BinaryOfForwardOnlyTest : public Support::ForwardOnlyTest
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(Kinds, BinaryOfForwardOnlyTest, Support::EveryForwardKind);
+
+TEST_P(BinaryOfForwardOnlyTest, ValuesLinesAndWordsAreRead)
+{
+    using namespace std::string_literals;
+    BTL::CStream stream(With("\1\0\0\0\3\0\0\0abcline one\r\nline two\n 2word;rest"s));
+    EXPECT_EQ(stream.ReadInteger(), 1);
+    EXPECT_EQ(stream.ReadString(), "abc");
+    EXPECT_EQ(stream.ReadLine(), "line one");
+    EXPECT_EQ(stream.ReadUntil('\n'), "line two");
+    int position = 5;
+    EXPECT_EQ(stream.ReadWord(position), "word");
+    EXPECT_EQ(position, -1);
+    EXPECT_EQ(stream.ReadAll(), "rest");
+    EXPECT_EQ(stream.ReadWord(position), "");
+    EXPECT_EQ(stream.ReadLine(), "");
+    EXPECT_THROW(stream.ReadInteger(), Classes::EReadError);
+}
+
+TEST_P(BinaryOfForwardOnlyTest, CopiesComeWhole)
+{
+    const std::string content = "head;" + std::string(100'000, 'x');
+    Classes::TStream* const source = With(content);
+    BTL::CMemoryStream target;
+    EXPECT_EQ(target.LoadTill(source, ';'), 5);
+    EXPECT_EQ(target.CopyFrom(source, 10), 10);
+    EXPECT_EQ(target.LoadRest(source), 99'990);
+    EXPECT_EQ(target.ReadAll().AsView(), content);
+    EXPECT_EQ(target.CopyFrom(With(content), 0), 100'005);
+    Classes::TMemoryStream loaded;
+    loaded.LoadFromStream(With(content));
+    EXPECT_EQ(loaded.AsView(), content);
+    EXPECT_EQ(loaded.getPosition(), 0);
+}
+
+TEST_P(BinaryOfForwardOnlyTest, SearchesNeedAPlace)
+{
+    Classes::TStream* const stream = With("abc");
+    EXPECT_THROW(BTL::Search("b", stream, 0), Classes::EStreamError);
+    EXPECT_THROW(BTL::Search("b", stream, -1), Classes::EStreamError);
+    EXPECT_EQ(BTL::ReadBytes(stream, 3), "abc") << "nothing was read before";
 }
 
 } // namespace

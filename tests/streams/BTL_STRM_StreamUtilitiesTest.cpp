@@ -2,6 +2,7 @@
 #include "streams/BTL_STRM_StreamUtilities.h"
 #include "streams/AnyStreamSupport.h"
 #include "streams/BTL_STRM_Stream.h"
+#include "streams/ForwardOnlySupport.h"
 
 #include <array>
 #include <climits>
@@ -128,6 +129,77 @@ TEST(StreamModelTest, StreamsWithoutASizeAreReadToTheirEnd)
     }
     // The host makes this file up while it is read, and tells no size.
     EXPECT_GT(BTL::LoadStringFromFile(u"\\proc\\self\\status").Length(), 10);
+}
+
+class UtilitiesOfForwardOnlyTest : public Support::ForwardOnlyTest
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(Kinds, UtilitiesOfForwardOnlyTest, Support::EveryForwardKind);
+
+TEST_P(UtilitiesOfForwardOnlyTest, PiecesAreRead)
+{
+    Classes::TStream* const stream = With("a\xC3\xA4;b|c<->line\r\n12;skipped\nxyz w rest");
+    EXPECT_EQ(BTL::ReadUTF8StringUntil(stream, ';'), System::UTF8String("a\xC3\xA4"));
+    EXPECT_EQ(BTL::ReadStringUntil2(stream, '|', '!'), "b");
+    EXPECT_EQ(BTL::ReadStringUntil(stream, AnsiString("<->")), "c");
+    EXPECT_EQ(BTL::ReadLine(stream), "line");
+    EXPECT_EQ(BTL::ReadInteger(stream), 12);
+    BTL::SkipLine(stream);
+    BTL::SkipBytes(stream, 2);
+    EXPECT_EQ(BTL::ReadChar(stream), 'z');
+    BTL::SkipWhitespaces(stream);
+    BTL::SkipUntil(stream, ' ');
+    EXPECT_EQ(BTL::LoadStringFromStream(stream), "rest");
+    EXPECT_EQ(BTL::ReadChar(stream), '\0');
+    BTL::SkipBytes(stream, 5);
+    EXPECT_EQ(BTL::ReadStringUntil(stream, ';'), "");
+}
+
+TEST_P(UtilitiesOfForwardOnlyTest, TheEndIsKnownOrRefusedAtOnce)
+{
+    Classes::TStream* const stream = With("one\r\n22;end");
+    if (IsOwnClass()) {
+        EXPECT_THROW(BTL::Eof(stream), Classes::EStreamError);
+        EXPECT_THROW(BTL::PeekChar(stream), Classes::EStreamError);
+        EXPECT_THROW(BTL::ReadIntegerUnget(stream, 0), Classes::EStreamError);
+        EXPECT_EQ(BTL::LoadStringFromStream(stream), "one\r\n22;end") << "nothing was read before";
+        return;
+    }
+    std::vector<AnsiString> lines;
+    for (int i = 0; !BTL::Eof(stream); ++i) {
+        lines.push_back(i == 1 ? AnsiString(BTL::ReadIntegerUnget(stream, 0)) : BTL::ReadLine(stream));
+        lines.emplace_back(BTL::PeekChar(stream));
+    }
+    EXPECT_EQ(lines, (std::vector<AnsiString>{"one", "2", "22", ";", ";end", AnsiString('\0')}));
+}
+
+TEST_P(UtilitiesOfForwardOnlyTest, PlacesAreRefused)
+{
+    Classes::TStream* const stream = With("a\nb");
+    EXPECT_THROW(BTL::CountLines(stream, -1), Classes::EStreamError);
+    EXPECT_THROW(BTL::GetCurrStrLine(stream), Classes::EStreamError);
+    EXPECT_THROW(BTL::SkipBytes(stream, -1), Classes::EStreamError);
+    EXPECT_EQ(BTL::ReadBytes(stream, 10), "a\nb") << "nothing was read before";
+}
+
+TEST(StreamModelTest, AHandleThatOthersUseLosesOneByteAtMost)
+{
+    std::array<int, 2> ends{};
+    ASSERT_EQ(pipe(ends.data()), 0);
+    ASSERT_EQ(write(ends[1], "abcdef", 6), 6);
+    Classes::THandleStream stream(ends[0]);
+    EXPECT_EQ(BTL::ReadStringUntil(&stream, 'b'), "a");
+    char c = 0;
+    EXPECT_EQ(read(ends[0], &c, 1), 1);
+    EXPECT_EQ(c, 'c');
+    EXPECT_EQ(BTL::PeekChar(&stream), 'd');
+    EXPECT_EQ(read(ends[0], &c, 1), 1);
+    EXPECT_EQ(c, 'e');
+    EXPECT_EQ(BTL::ReadChar(&stream), 'd');
+    EXPECT_EQ(BTL::ReadChar(&stream), 'f');
+    close(ends[0]);
+    close(ends[1]);
 }
 
 } // namespace

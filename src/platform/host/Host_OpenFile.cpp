@@ -12,6 +12,7 @@
 #include <string>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -75,6 +76,22 @@ bool MayUse(const Descriptor& file, const struct stat& status, unsigned access, 
     return ClaimSharing(file.Get(), access, share) || Fail(ERROR_SHARING_VIOLATION);
 }
 
+/// Whether the descriptor is a named pipe that nobody has opened for writing yet, which isn't its end. Comes
+/// back when somebody has.
+bool WaitedForWriter(int descriptor)
+{
+    struct stat status;
+    if (fstat(descriptor, &status) != 0 || !S_ISFIFO(status.st_mode)) {
+        return false;
+    }
+    pollfd pipe{descriptor, POLLIN, 0};
+    // At its end a pipe is ready at once, to tell that the writers hung up.
+    if (Uninterrupted([&] { return poll(&pipe, 1, 0); }) != 0) {
+        return false;
+    }
+    return Uninterrupted([&] { return poll(&pipe, 1, -1); }) > 0;
+}
+
 } // namespace
 
 NativeInt OpenFile(const UnicodeString& file, unsigned access, unsigned share, Disposition disposition)
@@ -133,9 +150,13 @@ Int64 ReadFile(NativeInt handle, void* buffer, Int64 count)
         return -1;
     }
     FlushBuffersOf(descriptor);
-    return ReadPieces(count, [&](Int64 offset, std::size_t piece) {
-        return read(descriptor, static_cast<char*>(buffer) + offset, piece);
-    });
+    const auto readOn = [&] {
+        return ReadPieces(count, [&](Int64 offset, std::size_t piece) {
+            return read(descriptor, static_cast<char*>(buffer) + offset, piece);
+        });
+    };
+    const Int64 done = readOn();
+    return done == 0 && count > 0 && WaitedForWriter(descriptor) ? readOn() : done;
 }
 
 Int64 PeekFile(NativeInt handle, void* buffer, Int64 count)

@@ -37,7 +37,7 @@ inline constexpr System::NativeInt InvalidHandle = -1;
 TRS8_BTL_API bool CloseFile(System::NativeInt handle);
 
 /// The count done, less than `count` only at the end or, for what is no plain file, when no more is there
-/// yet; -1 on a failure.
+/// yet; -1 on a failure. At a named pipe that nobody writes to yet, waits until somebody does.
 [[nodiscard]] TRS8_BTL_API System::Int64 ReadFile(System::NativeInt handle, void* buffer,
                                                   System::Int64 count);
 /// As `ReadFile`, but the position stays; fails for what has no position.

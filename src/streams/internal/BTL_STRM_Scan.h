@@ -53,10 +53,40 @@ inline std::optional<char> ReadByte(Classes::TStream& stream)
     return stream.Read(&byte, 1) == 1 ? std::optional(byte) : std::nullopt;
 }
 
+/// What a stream that only reads can't do.
+[[noreturn]] inline void ThrowCantSeek()
+{
+    throw Classes::EStreamError(u"The stream can't seek");
+}
+
+/// The position, for what can't be done without one.
+inline System::Int64 NeedPosition(Classes::TStream& stream)
+{
+    const std::optional<System::Int64> position = Classes::ToldPosition(stream);
+    if (!position) {
+        ThrowCantSeek();
+    }
+    return *position;
+}
+
+/// Raises where a byte can be neither looked at nor given back: in a stream that only reads.
+inline void NeedLookAhead(Classes::TStream& stream)
+{
+    if (!Classes::CStreamWindow::ShowsEnd(stream) && !Classes::ToldPosition(stream)) {
+        throw Classes::EStreamError(
+            u"The stream can't seek, and so can't look ahead; on it a CReadAheadStream can");
+    }
+}
+
 /// Whether nothing is left. Asks the host only where the bytes in memory don't tell.
 inline bool AtEnd(Classes::TStream& stream)
 {
-    return Classes::CStreamWindow::Of(stream).empty() && stream.getPosition() >= stream.getSize();
+    if (!Classes::CStreamWindow::Of(stream).empty()) {
+        return false;
+    }
+    NeedLookAhead(stream);
+    const std::optional<System::Int64> position = Classes::ToldPosition(stream);
+    return !position || *position >= stream.getSize();
 }
 
 /// Reads up to and with the first byte that ends it, which is the result, and gives the bytes in front of it
@@ -79,14 +109,43 @@ std::optional<char> ReadTo(Classes::TStream& stream, Find find, Sink sink)
             at == std::string_view::npos ? std::nullopt : std::optional(window[at]);
         sink(window.substr(0, at));
         // The window may be gone by now.
-        stream.Seek(static_cast<System::Int64>(end ? at + 1 : window.size()), Classes::soCurrent);
+        Classes::CStreamWindow::Pass(stream, end ? at + 1 : window.size());
         if (end) {
             return end;
         }
     }
 }
 
-/// Reads single bytes. The position of the stream is right again only after `Finish`.
+/// As `ReadTo`, but the byte that ends it stays in the stream, which must be able to look ahead. Whether
+/// there is one.
+template <class Find, class Sink>
+bool ReadInFrontOf(Classes::TStream& stream, Find find, Sink sink)
+{
+    for (;;) {
+        const std::string_view window = Classes::CStreamWindow::Of(stream);
+        if (window.empty()) {
+            const std::optional<char> byte = ReadByte(stream);
+            if (!byte) {
+                return false;
+            }
+            if (find(std::string_view(&*byte, 1)) == 0) {
+                stream.Seek(-1, Classes::soCurrent);
+                return true;
+            }
+            sink(std::string_view(&*byte, 1));
+            continue;
+        }
+        const std::size_t at = find(window);
+        sink(window.substr(0, at));
+        Classes::CStreamWindow::Pass(stream, std::min(at, window.size()));
+        if (at != std::string_view::npos) {
+            return true;
+        }
+    }
+}
+
+/// Reads single bytes of a stream that looks ahead. The position of the stream is right again only after
+/// `Finish`.
 class CByteCursor
 {
 public:
@@ -99,26 +158,19 @@ public:
             Finish();
             mWindow = Classes::CStreamWindow::Of(mStream);
             if (mWindow.empty()) {
-                return ReadByte(mStream);
+                return std::nullopt;
             }
         }
         return mWindow[mUsed++];
     }
 
     /// Gives the last byte back.
-    void Back()
-    {
-        if (mUsed > 0) {
-            --mUsed;
-        } else {
-            mStream.Seek(-1, Classes::soCurrent);
-        }
-    }
+    void Back() { --mUsed; }
 
     void Finish()
     {
         if (mUsed > 0) {
-            mStream.Seek(static_cast<System::Int64>(mUsed), Classes::soCurrent);
+            Classes::CStreamWindow::Pass(mStream, mUsed);
         }
         mWindow = {};
         mUsed = 0;

@@ -21,6 +21,8 @@ using System::UnicodeString;
 namespace
 {
 
+constexpr Int64 PeekSize = 4096;
+
 NativeInt Open(const UnicodeString& path, System::Word mode)
 {
     const bool create = (mode & fmCreate) == fmCreate;
@@ -54,6 +56,12 @@ Int64 THandleStream::Read(void* buffer, Int64 count)
 {
     if (buffer == nullptr || count <= 0) {
         return 0;
+    }
+    if (mAheadSize > 0) {
+        const auto done = std::min(static_cast<std::size_t>(count), mAheadSize);
+        std::copy_n(mPeeked.get() + mAheadStart, done, static_cast<char*>(buffer));
+        PassWindow(static_cast<Int64>(done));
+        return static_cast<Int64>(done);
     }
     if (!mBuffer) {
         return std::max(Host::ReadFile(mHandle, buffer, count), Int64{0});
@@ -121,12 +129,14 @@ NativeInt THandleStream::getHandle() const
 {
     Flush();
     mBuffer.reset();
+    mIsShared = true;
     return mHandle;
 }
 
 void THandleStream::BeginBuffer()
 {
     mBuffer = Host::FileBuffer::Attach(mHandle);
+    mIsShared = false;
 }
 
 void THandleStream::EndBuffer() noexcept
@@ -134,10 +144,15 @@ void THandleStream::EndBuffer() noexcept
     mBuffer.reset();
 }
 
+/// A class derived elsewhere may read in another way.
+bool THandleStream::ShowsEnd() const noexcept
+{
+    return typeid(*this) == typeid(TFileStream) || typeid(*this) == typeid(THandleStream);
+}
+
 std::string_view THandleStream::Window()
 {
-    // A class derived elsewhere may read in another way.
-    if (typeid(*this) != typeid(TFileStream) && typeid(*this) != typeid(THandleStream)) {
+    if (!ShowsEnd()) {
         return {};
     }
     if (!mBuffer) {
@@ -149,15 +164,39 @@ std::string_view THandleStream::Window()
     return bytes;
 }
 
+void THandleStream::PassWindow(Int64 count)
+{
+    if (mAheadSize == 0) {
+        Seek(count, soCurrent);
+        return;
+    }
+    mAheadStart += static_cast<std::size_t>(count);
+    mAheadSize -= static_cast<std::size_t>(count);
+}
+
 /// A look at what comes, taken anew each time.
 std::string_view THandleStream::Peek()
 {
-    constexpr std::size_t PeekSize = 4096;
     if (!mPeeked) {
         mPeeked = std::make_unique_for_overwrite<char[]>(PeekSize);
     }
+    if (mAheadSize > 0 || Host::SeekFile(mHandle, 0, soCurrent) < 0) {
+        return Ahead();
+    }
     const Int64 count = Host::PeekFile(mHandle, mPeeked.get(), PeekSize);
     return {mPeeked.get(), static_cast<std::size_t>(std::max(count, Int64{0}))};
+}
+
+/// What a handle that can't seek has next. That can't be given back to it, so that a handle which others use
+/// too loses no more than the byte that must be known.
+std::string_view THandleStream::Ahead()
+{
+    if (mAheadSize == 0) {
+        const Int64 count = Host::ReadFile(mHandle, mPeeked.get(), mIsShared ? 1 : PeekSize);
+        mAheadStart = 0;
+        mAheadSize = static_cast<std::size_t>(std::max(count, Int64{0}));
+    }
+    return {mPeeked.get() + mAheadStart, mAheadSize};
 }
 
 /// Tells the user of the stream that gathered bytes were lost.

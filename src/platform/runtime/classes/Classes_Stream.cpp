@@ -2,6 +2,7 @@
 #include "platform/runtime/classes/Classes_Stream.h"
 
 #include "platform/runtime/classes/internal/Classes_Position.h"
+#include "platform/runtime/classes/internal/Classes_StreamWindow.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 
 #include <algorithm>
@@ -103,6 +104,16 @@ std::string_view TStream::Window()
     return {};
 }
 
+bool TStream::ShowsEnd() const noexcept
+{
+    return false;
+}
+
+void TStream::PassWindow(Int64 count)
+{
+    Seek(count, soCurrent);
+}
+
 void TStream::ReadBuffer(void* buffer, Int64 count)
 {
     auto* out = static_cast<char*>(buffer);
@@ -135,7 +146,7 @@ Int64 TStream::CopyFrom(TStream* source, Int64 count)
     if (source == nullptr) {
         throw EReadError(u"Stream read error");
     }
-    if (count <= 0) {
+    if (count <= 0 && ToldPosition(*source)) {
         source->setPosition(0);
         count = source->getSize();
     }
@@ -182,12 +193,17 @@ Int64 TCustomMemoryStream::Seek(Int64 offset, TSeekOrigin origin)
     return mPosition;
 }
 
+/// A class derived elsewhere may read in another way.
+bool TCustomMemoryStream::ShowsEnd() const noexcept
+{
+    const std::type_info& type = typeid(*this);
+    return type == typeid(TMemoryStream) || type == typeid(TStringStream) || type == typeid(TBytesStream) ||
+           type == typeid(TResourceStream);
+}
+
 std::string_view TCustomMemoryStream::Window()
 {
-    // A class derived elsewhere may read in another way.
-    const std::type_info& type = typeid(*this);
-    if (type != typeid(TMemoryStream) && type != typeid(TStringStream) && type != typeid(TBytesStream) &&
-        type != typeid(TResourceStream)) {
+    if (!ShowsEnd()) {
         return {};
     }
     const std::string_view bytes = AsView();
@@ -275,8 +291,11 @@ void TMemoryStream::LoadFromStream(TStream* stream)
         mPosition = 0;
         return;
     }
-    stream->setPosition(0);
-    const Int64 count = std::max(stream->getSize(), Int64{0});
+    Int64 count = 0;
+    if (ToldPosition(*stream)) {
+        stream->setPosition(0);
+        count = std::max(stream->getSize(), Int64{0});
+    }
     setSize(count);
     mPosition = 0;
     if (count > 0) {

@@ -68,7 +68,7 @@ public:
     void WriteBuffer(const void* buffer, System::Int64 count);
     /// Copies `count` bytes from the position of `source`, or all of it from its beginning if `count` is
     /// below 1, and tells how many. `EReadError` if the source has fewer; null has none. A source that can't
-    /// tell its size, as a pipe, is copied up to its end.
+    /// seek, as a pipe, is copied from where it is up to its end.
     System::Int64 CopyFrom(TStream* source, System::Int64 count);
 
 private:
@@ -77,6 +77,10 @@ private:
     /// Bytes from the position on that are in memory anyway, at least one if there is one; empty at the end
     /// and where only `Read` can tell. Valid until the next call.
     virtual std::string_view Window();
+    /// Whether an empty `Window` is the end of what can be read.
+    virtual bool ShowsEnd() const noexcept;
+    /// Moves behind `count` bytes that `Window` has just shown.
+    virtual void PassWindow(System::Int64 count);
 };
 
 /// A stream over memory that somebody else may own.
@@ -103,6 +107,7 @@ protected:
 
 private:
     std::string_view Window() override;
+    bool ShowsEnd() const noexcept override;
 };
 
 /// A stream in memory of its own.
@@ -182,7 +187,8 @@ private:
 };
 
 /// A stream over a file that somebody else opened and will close. It reads and writes at once, since others
-/// may use the handle too.
+/// may use the handle too. A pipe, a socket or a terminal has no position, which shows as -1; who looks ahead
+/// there takes a single byte from it.
 class TRS8_BTL_API THandleStream : public TStream
 {
     TRS8_BTL_CLASS(THandleStream, TStream)
@@ -212,13 +218,20 @@ protected:
 
 private:
     std::string_view Window() override;
+    bool ShowsEnd() const noexcept override;
+    void PassWindow(System::Int64 count) override;
     std::string_view Peek();
+    std::string_view Ahead();
     void CheckGathered() const;
 
     System::NativeInt mHandle;
-    // Whoever asks for the handle ends the buffer.
+    // Whoever asks for the handle ends the buffer, and uses it from then on.
     mutable std::unique_ptr<Host::FileBuffer> mBuffer;
+    mutable bool mIsShared = true;
     std::unique_ptr<char[]> mPeeked;
+    // What was taken from a handle that can't seek, and not yet read.
+    std::size_t mAheadStart = 0;
+    std::size_t mAheadSize = 0;
 };
 
 /// A stream over a file that it opens and closes itself. Reads are buffered and small writes gathered, up to
@@ -230,6 +243,8 @@ private:
 /// `Flush` and `getHandle`, and when the stream or the program ends. A crash of the program loses what was
 /// gathered last. What others write is seen where nothing was read ahead yet, and everywhere behind a seek
 /// from the beginning or the end.
+///
+/// What can't seek, as a named pipe, is read ahead too; the stream keeps what it has taken from it.
 ///
 /// If the host refuses gathered bytes, the next operation raises `EWriteError`; the destructor sets the last
 /// error instead.
