@@ -1,11 +1,10 @@
-# The installed library: headers, a CMake package and a pkg-config file.
+# The installed library, with a CMake package and a pkg-config file; src/CMakeLists.txt sees to the headers.
 
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/TRS8_BTL)
 
-install(TARGETS TRS8_BTL EXPORT TRS8_BTLTargets FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/TRS8_BTL
-                         FILE_SET lone DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/TRS8_BTL)
+install(TARGETS TRS8_BTL EXPORT TRS8_BTLTargets)
 install(EXPORT TRS8_BTLTargets NAMESPACE TRS8_BTL:: DESTINATION ${package_dir})
 
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/TRS8_BTLConfig.cmake.in
