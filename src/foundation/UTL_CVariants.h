@@ -40,6 +40,7 @@ public:
     void GetItems(System::Variant& result) const;
     System::Variant ToVariant() const;
 
+    /// How many items there are, those inside an item not counted.
     int GetCount() const noexcept { return static_cast<int>(mItems.size()); }
     /// A copy of an item. `Sysutils::ERangeError` for an `index` outside.
     CVariant getItem(int index) const { return At(index); }

@@ -9,6 +9,7 @@
 namespace BTL
 {
 
+/// The bits of the state: the end was met, the operation failed, the stream itself failed.
 enum EStreamState
 {
     esEof = 1,
@@ -16,6 +17,7 @@ enum EStreamState
     esBad
 };
 
+/// The bits that are set.
 using TStreamState = System::Set<EStreamState, esEof, esBad>;
 
 /// A text stream in the manner of the standard streams on a `Classes::TStream`: operations that can't be done
@@ -45,6 +47,7 @@ public:
     /// The count of characters that the last read operation delivered.
     System::Int64 gcount() const noexcept { return mLastCount; }
 
+    /// One reference more.
     void AddRef() noexcept { ++mReferences; }
     /// Gives up one reference; the last one deletes the object.
     void Release();
@@ -90,6 +93,7 @@ protected:
     /// With the range and the precision of the type.
     long double ReadLDouble();
 
+    /// Writes one byte; fails as `DoWrite`.
     void DoWriteChar(char c);
     /// Fail if not all bytes can be written. A file gathers small writes, and one that the host doesn't take
     /// shows later: see `Classes::TFileStream`.

@@ -21,8 +21,11 @@ public:
     Set& operator<<(T value) { return Put(value, EMember::In); }
     Set& operator>>(T value) { return Put(value, EMember::Out); }
 
+    /// Whether the value is in the set; false for one outside `Min` to `Max`.
     bool Contains(T value) const { return IsInside(value) && mBits[IndexOf(value)]; }
+    /// Whether no value is in the set.
     bool Empty() const { return mBits.none(); }
+    /// Takes all values out.
     Set& Clear()
     {
         mBits.reset();

@@ -17,6 +17,7 @@ public:
     /// Null `values` count as none.
     GIntegerSet(const T* values, int count);
 
+    /// Whether the value is in the set.
     bool Contains(T value) const { return this->contains(value); }
     /// The first value from `start` on, and below the largest, that the set lacks; if it lacks none of them,
     /// the largest plus 1, which is less than a `start` far above. `start` if the set is empty. Where the
@@ -27,6 +28,7 @@ public:
     void SaveToFile(const System::UnicodeString& path) const;
 };
 
+/// The sets of integers of 32 and of 64 bits.
 using CIntSet = GIntegerSet<int>;
 using CInt64Set = GIntegerSet<System::Int64>;
 

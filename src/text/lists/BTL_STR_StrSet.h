@@ -22,6 +22,7 @@ public:
     /// until `Clear`, also by way of an empty comma text that is set.
     Classes::TStringList* CreateStrings();
 
+    /// Adds a text, or each line; what is there already stays as it is.
     void Add(const System::UnicodeString& text);
     void Add(const Classes::TStrings* strings);
     /// Adds the items. A text with the item `=` takes the place of all that was there instead.
@@ -31,6 +32,7 @@ public:
     void RemoveCommaText(const System::UnicodeString& text);
     void Clear() noexcept;
 
+    /// Whether the text is in the set.
     bool Contains(const System::UnicodeString& text) const;
     // True for an empty argument.
     bool ContainsAll(const Classes::TStrings* strings) const;

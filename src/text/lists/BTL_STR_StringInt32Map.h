@@ -26,6 +26,7 @@ public:
     void Add(const System::UnicodeString& key, T value) { mValues.insert_or_assign(key, value); }
     void Clear() noexcept { mValues.clear(); }
 
+    /// Whether the key is there, and whether none is.
     bool Contains(const System::UnicodeString& key) const { return mValues.contains(key); }
     bool IsEmpty() const noexcept { return mValues.empty(); }
     int getCount() const noexcept { return static_cast<int>(mValues.size()); }
@@ -48,6 +49,7 @@ public:
         }
         return found;
     }
+    /// The value of the key; `defaultValue` if it is missing.
     T ToValue(const System::UnicodeString& key, T defaultValue) const
     {
         GetValue(key, defaultValue);
@@ -58,6 +60,7 @@ protected:
     std::map<System::UnicodeString, T> mValues;
 };
 
+/// Integers of 32 bits by text.
 class CStringInt32Map : public GStringIntegerMap<int>
 {
 public:
@@ -72,6 +75,7 @@ public:
     }
 };
 
+/// Integers of 64 bits by text.
 class CStringKeyMap : public GStringIntegerMap<System::Int64>
 {
 public:

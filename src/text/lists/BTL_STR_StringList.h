@@ -22,6 +22,7 @@ public:
     Classes::TStringList* operator->() const noexcept { return mList; }
 
     System::UnicodeString operator[](int index) const { return mList->getStrings(index); }
+    /// As the functions of these names of the list itself.
     int GetCount() const { return mList->getCount(); }
     int getCount() const { return mList->getCount(); }
     System::UnicodeString GetCommaText() const { return mList->getCommaText(); }
@@ -49,6 +50,7 @@ public:
     {
         return Add(System::PrintfA(format, System::TVarArgs{System::TVarRec(arguments)...}));
     }
+    /// Sets the line at `index`; `Classes::EStringListError` if there is none.
     template <class... Arguments>
     void Set_VA(int index, const System::WideChar* format, const Arguments&... arguments)
     {

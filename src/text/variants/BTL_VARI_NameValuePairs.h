@@ -13,6 +13,7 @@ class TStrings;
 namespace BTL
 {
 
+/// A value and its name.
 struct TNameValuePair
 {
     System::UnicodeString name;
@@ -23,6 +24,7 @@ struct TNameValuePair
 class TRS8_BTL_API CNameValuePairs : public std::vector<TNameValuePair>
 {
 public:
+    /// Appends an entry, also where one of this name is there.
     void Add(const System::UnicodeString& name, const System::Variant& value);
     /// Makes this the only entry.
     void Assign(const System::UnicodeString& name, const System::Variant& value);
