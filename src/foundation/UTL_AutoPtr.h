@@ -20,6 +20,7 @@ public:
     /// only shown, since a second one would end the program.
     virtual ~AAutoObj() noexcept(false);
 
+    /// One holder more.
     void Retain() noexcept { ++mRefCount; }
     /// Destroys the object, which then comes from `new`, when the count reaches 0. A negative count is an
     /// internal fault; nothing happens if the user lets it pass.
@@ -93,6 +94,7 @@ public:
         }
     }
 
+    /// The object, null if none is held; it stays held.
     T* get() const noexcept { return mObject; }
     /// Raises an internal fault if nothing is held; `Sysutils::Exception` if the user lets that pass.
     T* operator->() const

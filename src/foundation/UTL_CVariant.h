@@ -81,6 +81,7 @@ public:
         return *this;
     }
 
+    /// What the value holds.
     EVariantDataType Type() const noexcept { return mImp->Type(); }
     /// The behaviour, and the payload that goes with it.
     const AVariantImp& getImp() const noexcept { return *mImp; }
@@ -107,6 +108,8 @@ public:
     CVariant GetItem(int index) const { return mImp->GetItem(mData, index); }
     void SetItem(int index, const CVariant& value) { mImp->SetItem(mData, index, value); }
 
+    /// The value in the type named, by the rules of the class; `Sysutils::EVariantError` if it can't be
+    /// had.
     bool ToBool() const;
     int ToInt() const;
     System::Int64 ToInt64() const;
@@ -118,6 +121,7 @@ public:
     /// A value of the like type; of an array, one of `varVariant` from 0.
     System::Variant ToVariant() const;
 
+    /// The value in the type named, by the rules of the class; `defaultValue` if it can't be had.
     bool ToBoolDef(bool defaultValue) const;
     int ToIntDef(int defaultValue) const;
     System::Int64 ToInt64Def(System::Int64 defaultValue) const;

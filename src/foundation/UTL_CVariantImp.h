@@ -65,6 +65,7 @@ public:
     AVariantImp(const AVariantImp&) = delete;
     AVariantImp& operator=(const AVariantImp&) = delete;
 
+    /// The type whose behaviour this is.
     EVariantDataType Type() const noexcept { return mType; }
 
     /// Makes `target`, whose former content counts for nothing, a copy of `source` that owns what it holds.

@@ -47,6 +47,7 @@ public:
     void GetItems(System::Variant& result) const;
     System::Variant ToVariant() const;
 
+    /// How many items there are, those inside an item not counted.
     int GetCount() const noexcept { return static_cast<int>(mItems.size()); }
 
     // The items as a range, valid until the list changes. `setItem` changes an item.

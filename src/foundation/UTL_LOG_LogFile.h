@@ -34,6 +34,7 @@ public:
     /// As `Init(path, fileName)`, but with the path stored last.
     void Init(const char* fileName);
 
+    /// Stores the path for the forms of `Init` without one.
     static void SetPath(const char* path);
     static void SetPath(const System::WideChar* path);
 

@@ -17,12 +17,14 @@ enum class ELogType : int
     Message = 5,
 };
 
+/// How grave a message to the sink is.
 enum class ELogSeverity : int
 {
     /// What `LogTrace` passes.
     Trace = 1,
 };
 
+/// The application's own log, as `SetLoggingSink` takes it.
 using FLoggingSink = void (*)(const System::UnicodeString& text, ELogType type, ELogSeverity severity,
                               const char* a, int b, const char* c);
 

@@ -12,12 +12,14 @@ namespace UTL
 TRS8_BTL_API CString VSPrintf(const char* format, System::TVarArgs arguments);
 TRS8_BTL_API CString VSPrintf(const System::WideChar* format, System::TVarArgs arguments);
 
+/// As `VSPrintf`, with the arguments one by one.
 template <class... Arguments>
 CString SPrintf(const char* format, const Arguments&... arguments)
 {
     return VSPrintf(format, System::TVarArgs{System::TVarRec(arguments)...});
 }
 
+/// As `VSPrintf` of a wide format, with the arguments one by one.
 template <class... Arguments>
 CString SPrintf(const System::WideChar* format, const Arguments&... arguments)
 {

@@ -13,6 +13,7 @@ public:
     /// All bits clear but `bit`, which becomes `value`.
     CTag(unsigned bit, bool value) noexcept { SetBit(bit, value); }
 
+    /// One bit of the word; of a number above 31 only the low 5 bits count.
     void SetBit(unsigned bit, bool value) noexcept { mWord = value ? mWord | Mask(bit) : mWord & ~Mask(bit); }
     bool GetBit(unsigned bit) const noexcept { return (mWord & Mask(bit)) != 0; }
 

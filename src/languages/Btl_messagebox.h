@@ -27,12 +27,14 @@ TRS8_BTL_API int LoadMessageBox2(int resourceId, int captionId, int flags);
 TRS8_BTL_API int LoadMessageBox1_V(int resourceId, int flags, System::TVarArgs arguments);
 TRS8_BTL_API int LoadMessageBox2_V(int resourceId, int captionId, int flags, System::TVarArgs arguments);
 
+/// As `MessageBox1_V`, with the arguments one by one.
 template <class... Arguments>
 int MessageBox1_VA(const System::UnicodeString& format, int flags, const Arguments&... arguments)
 {
     return MessageBox1_V(format, flags, {arguments...});
 }
 
+/// As `MessageBox2_V`, with the arguments one by one.
 template <class... Arguments>
 int MessageBox2_VA(const System::UnicodeString& format, const System::UnicodeString& caption, int flags,
                    const Arguments&... arguments)
@@ -40,12 +42,14 @@ int MessageBox2_VA(const System::UnicodeString& format, const System::UnicodeStr
     return MessageBox2_V(format, caption, flags, {arguments...});
 }
 
+/// As `LoadMessageBox1_V`, with the arguments one by one.
 template <class... Arguments>
 int LoadMessageBox1_VA(int resourceId, int flags, const Arguments&... arguments)
 {
     return LoadMessageBox1_V(resourceId, flags, {arguments...});
 }
 
+/// As `LoadMessageBox2_V`, with the arguments one by one.
 template <class... Arguments>
 int LoadMessageBox2_VA(int resourceId, int captionId, int flags, const Arguments&... arguments)
 {

@@ -64,6 +64,7 @@ private:
 class TRS8_BTL_API AObjectLink
 {
 public:
+    /// What a link calls with a message, and when what it links to has changed.
     using TOnNotify = System::TClosure<void(ANotifyMessage*)>;
     using TOnChanged = System::TClosure<void(void*)>;
 

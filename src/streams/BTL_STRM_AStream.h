@@ -12,6 +12,7 @@ namespace BTL
 
 class CReadAheadStream;
 
+/// The bits of the state: the end was met, the operation failed, the stream itself failed.
 enum EStreamState
 {
     esEof = 1,
@@ -19,6 +20,7 @@ enum EStreamState
     esBad
 };
 
+/// The bits that are set.
 using TStreamState = System::Set<EStreamState, esEof, esBad>;
 
 /// A text stream in the manner of the standard streams on a `Classes::TStream`: operations that can't be done
@@ -56,6 +58,7 @@ public:
     /// The count of characters that the last read operation delivered.
     System::Int64 gcount() const noexcept { return mLastCount; }
 
+    /// One reference more.
     void AddRef() noexcept { ++mReferences; }
     /// Gives up one reference; the last one deletes the object.
     void Release();
@@ -104,6 +107,7 @@ protected:
     /// With the range and the precision of the type.
     long double ReadLDouble();
 
+    /// Writes one byte; fails as `DoWrite`.
     void DoWriteChar(char c);
     /// Fail if not all bytes can be written. A file gathers small writes, and one that the host doesn't take
     /// shows later: see `Classes::TFileStream`.

@@ -16,6 +16,7 @@ class TRS8_BTL_API GDataFile : public Stream
 public:
     const System::UnicodeString& getFileName() const noexcept { return mFileName; }
 
+    /// As the functions of these names in the utilities for the stream.
     void SkipLine();
     void SkipUntil(char c);
     void SkipBytes(int count);
@@ -28,6 +29,7 @@ public:
     /// A field that `marker` may stand in front of; the result tells whether it did.
     bool ReadTypeCharEx(char& c, char marker);
 
+    /// As the functions of these names in the utilities for the stream.
     int ReadInteger();
     int ReadIntegerDef(int defaultValue);
     int ReadIntegerUnget(int defaultValue);

@@ -20,10 +20,12 @@ public:
     COutStream(const System::UnicodeString& path, EFileOpenMode mode, EFileShareMode share);
     ~COutStream() override;
 
+    /// Writes one byte.
     COutStream& put(char c);
     /// Nothing for a count below 1.
     COutStream& write(const char* bytes, System::Int64 count);
 
+    /// The position, and setting it, which leaves the state alone.
     System::Int64 tellp() const;
     COutStream& seekp(System::Int64 position);
     COutStream& seekp(System::Int64 offset, std::ios_base::seekdir direction);
@@ -36,6 +38,7 @@ public:
     {
         return Write_V(format, System::TVarArgs{System::TVarRec(arguments)...});
     }
+    /// As `Write_V` of a wide format, with the arguments one by one.
     template <class... Arguments>
     COutStream& Write_VA(const System::WideChar* format, const Arguments&... arguments)
     {

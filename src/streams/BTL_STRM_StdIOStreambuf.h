@@ -26,6 +26,7 @@ public:
 
     Classes::TStream* getStream() const noexcept { return mStream; }
 
+    /// One reference more.
     void AddRef() noexcept { ++mReferences; }
     /// Gives up one reference; the last one deletes the object.
     void Release();

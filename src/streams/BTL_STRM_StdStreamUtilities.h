@@ -15,6 +15,7 @@ namespace BTL
 
 using StdInStream = std::basic_istream<char>;
 
+/// Moves behind the next line feed, or behind the next `c`.
 TRS8_BTL_API void SkipLine(StdInStream& stream);
 TRS8_BTL_API void SkipUntil(StdInStream& stream, char c);
 /// Seeks forward from the position.

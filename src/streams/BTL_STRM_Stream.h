@@ -10,6 +10,7 @@
 namespace BTL
 {
 
+/// How a file is opened.
 enum EFileOpenMode : int
 {
     /// Created, an existing file is emptied.
@@ -64,6 +65,7 @@ public:
 
     Classes::TStream* getStream() const noexcept { return mStream; }
 
+    /// One byte.
     char ReadChar();
     unsigned char ReadUChar();
     /// Any byte but 0 is true.
@@ -163,6 +165,7 @@ private:
     std::unique_ptr<Stream> mOwned;
 };
 
+/// A stream on a file, which is closed with it.
 class TRS8_BTL_API CFileStream : public GOwnedStream<Classes::TFileStream>
 {
 public:
@@ -172,6 +175,7 @@ public:
     CFileStream(const System::UnicodeString& path, EFileOpenMode mode, EFileShareMode share);
 };
 
+/// A stream on a text in memory.
 class TRS8_BTL_API CStringStream : public GOwnedStream<Classes::TStringStream>
 {
 public:
@@ -182,6 +186,7 @@ public:
     CStringStream(const CStringStream& other);
 };
 
+/// A stream on bytes in memory.
 class TRS8_BTL_API CMemoryStream : public GOwnedStream<Classes::TMemoryStream>
 {
 public:

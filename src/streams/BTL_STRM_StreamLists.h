@@ -66,6 +66,7 @@ private:
     }
 };
 
+/// Lists of text streams for reading and for writing.
 using CInStreams = GStreamList<CInStream>;
 using COutStreams = GStreamList<COutStream>;
 

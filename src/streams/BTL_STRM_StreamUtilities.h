@@ -32,6 +32,7 @@ TRS8_BTL_API char ReadChar(Classes::TStream* stream);
 /// As `ReadChar`, but the position stays. Looks ahead.
 TRS8_BTL_API char PeekChar(Classes::TStream* stream);
 
+/// Moves behind the next line feed, or behind the next `c`.
 TRS8_BTL_API void SkipLine(Classes::TStream* stream);
 TRS8_BTL_API void SkipUntil(Classes::TStream* stream, char c);
 /// Moves by `count`, backwards if it is negative. Where that would reach the end, the position is the last
@@ -42,6 +43,7 @@ TRS8_BTL_API void SkipWhitespaces(Classes::TStream* stream);
 /// As `SkipUntil`.
 TRS8_BTL_API void ReadUntil(Classes::TStream* stream, char c);
 
+/// All up to the next `delimiter`, which is read too.
 TRS8_BTL_API System::AnsiString ReadStringUntil(Classes::TStream* stream, char delimiter);
 TRS8_BTL_API System::UTF8String ReadUTF8StringUntil(Classes::TStream* stream, char delimiter);
 /// Either of the two is the delimiter.
@@ -72,6 +74,7 @@ TRS8_BTL_API System::Int64 ReadInt64(Classes::TStream* stream);
 TRS8_BTL_API System::Int64 ReadInt64Def(Classes::TStream* stream, System::Int64 defaultValue);
 TRS8_BTL_API System::Int64 ReadInt64Unget(Classes::TStream* stream, System::Int64 defaultValue);
 
+/// Writes the bytes alone; `Classes::EWriteError` if they can't all be written.
 TRS8_BTL_API void SaveStringToStream(Classes::TStream* stream, const System::AnsiString& text);
 /// All from the position on, up to 2 GB; `Sysutils::EOutOfMemory` if there is more.
 TRS8_BTL_API System::AnsiString LoadStringFromStream(Classes::TStream* stream);

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# Installs the library into an empty prefix, then builds and runs a small program against it: once
-# through the CMake package, once through pkg-config.
+# Installs the library into an empty prefix, then builds and runs a small program against it: once through the CMake
+# package, once through pkg-config. Either way the program gets one include folder.
 include(${CMAKE_CURRENT_LIST_DIR}/Steps.cmake)
 
 function(expect_version output how)
@@ -9,8 +9,36 @@ function(expect_version output how)
     endif()
 endfunction()
 
+# No header includes another by a quoted name: that would be looked for in folders of the user's, too.
+function(expect_no_quoted_includes headers)
+    foreach(header IN LISTS headers)
+        file(STRINGS "${prefix}/include/TRS8_BTL/${header}" includes REGEX "^[ \t]*#[ \t]*include[ \t]*\"")
+        if(includes)
+            message(FATAL_ERROR "The installed ${header} says ${includes}")
+        endif()
+    endforeach()
+endfunction()
+
+# Compiles a source that includes all headers, with `text/`, `platform/` and the other rooms as folders of the user's
+# own before ours in the order of search.
+function(expect_no_clash_with_own_folders headers)
+    set(includes "")
+    foreach(header IN LISTS headers)
+        file(WRITE "${workFolder}/own/${header}" "#error this is the user's own ${header}\n")
+        string(APPEND includes "#include <TRS8_BTL/${header}>\n")
+    endforeach()
+    file(WRITE "${workFolder}/own/all.cpp" "${includes}")
+    run_step(DESCRIPTION "The compilation of all headers beside folders of their names"
+        COMMAND "${compiler}" -std=c++20 ${flags} -fsyntax-only "-I${workFolder}/own" "-I${prefix}/include"
+            "${workFolder}/own/all.cpp")
+endfunction()
+
 set(consumerFolder "${CMAKE_CURRENT_LIST_DIR}/consumer")
 install_library()
+file(GLOB_RECURSE headers RELATIVE "${prefix}/include/TRS8_BTL" "${prefix}/include/TRS8_BTL/*")
+expect_no_quoted_includes("${headers}")
+expect_no_clash_with_own_folders("${headers}")
+
 build_against_library("${consumerFolder}" "${workFolder}/cmake" "-DwantedVersion=${libraryVersion}")
 run_step(DESCRIPTION "The program built with find_package"
     COMMAND "${workFolder}/cmake/consumer" OUTPUT printed)
@@ -20,6 +48,9 @@ find_program(pkgConfig NAMES pkg-config pkgconf REQUIRED)
 set(ENV{PKG_CONFIG_PATH} "${prefix}/${libFolder}/pkgconfig")
 run_step(DESCRIPTION "pkg-config" OUTPUT pkgFlags
     COMMAND ${pkgConfig} --cflags --libs "TRS8_BTL = ${libraryVersion}")
+if(NOT pkgFlags MATCHES "^-I[^ ]*/include -L")
+    message(FATAL_ERROR "pkg-config tells more than one include folder: ${pkgFlags}")
+endif()
 separate_arguments(pkgFlags UNIX_COMMAND "${pkgFlags}")
 run_step(DESCRIPTION "The build with pkg-config"
     COMMAND "${compiler}" -std=c++20 ${flags} "${consumerFolder}/main.cpp" -o "${workFolder}/consumer"

@@ -25,6 +25,7 @@ public:
     /// A `size` above the capacity counts as the capacity.
     ASimpleVector(int capacity, int size, int increment);
 
+    /// The step of growth, the room and the count, all in elements.
     unsigned increment() const noexcept { return mIncrement; }
     unsigned capacity() const noexcept { return mCapacity; }
     unsigned size() const noexcept { return mSize; }

@@ -131,6 +131,7 @@ public:
     void resize(unsigned size);
     void resize(unsigned size, const T& value);
 
+    /// Takes these elements in place of all that was there.
     void assign(unsigned count, const T& value);
     void assign(const T* first, const T* last);
     /// Takes over the elements of `other` and keeps the own increment and capacity; null empties the vector.
@@ -162,6 +163,7 @@ public:
     /// Deletes the first element equal to `value` and gives its index; -1 if there is none.
     int Remove(const T& value);
 
+    /// The last element becomes the first.
     void Reverse();
     /// An index out of range is an internal fault, and swaps nothing if the user lets it pass.
     void Swap(int i, int j);

@@ -30,6 +30,7 @@ public:
     DynamicArray() noexcept = default;
     DynamicArray(std::initializer_list<T> items) : DynamicArray(items.begin(), items.size()) {}
 
+    /// The count of elements.
     int Length() const noexcept { return mBlock.get() == nullptr ? 0 : mBlock->length; }
     int get_length() const noexcept { return Length(); }
     /// Cuts, or adds elements of the value `T()`. `Sysutils::ERangeError` for a negative `length`.
@@ -68,6 +69,7 @@ public:
         return begin()[index];
     }
 
+    /// An array with elements of its own, equal to these.
     DynamicArray Copy() const { return CopyRange(0, Length()); }
     /// Up to `count` elements from `start`, as far as there are any; a negative `start` counts as 0.
     DynamicArray CopyRange(int start, int count) const

@@ -74,6 +74,7 @@ public:
     using CharType = Char;
     using View = std::basic_string_view<Char>;
 
+    /// Whether the length is 0.
     bool IsEmpty() const noexcept { return mText.IsEmpty(); }
     /// The count of `Char` units.
     int Length() const noexcept { return mText.Length(); }
@@ -179,6 +180,7 @@ public:
     {
         return static_cast<int>(AsView().find_last_of(delimiters.AsView()) + 1);
     }
+    /// Whether the character at `index` is one of `delimiters`; false outside the text.
     bool IsDelimiter(const Self& delimiters, int index) const
     {
         return index >= 1 && index <= Length() && delimiters.Pos((*this)[index]) != 0;
@@ -213,6 +215,7 @@ public:
     }
     template <NoStringCharacter Number>
     Self& operator+=(Number) = delete;
+    /// Adds a text at the end, which may be a piece of this one.
     Self& Append(View text)
     {
         mText.Append(text);

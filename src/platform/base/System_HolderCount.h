@@ -14,7 +14,9 @@ public:
     THolderCount(const THolderCount&) = delete;
     THolderCount& operator=(const THolderCount&) = delete;
 
+    /// Whether there is one holder alone, who may then write.
     bool IsOne() const noexcept { return __atomic_load_n(&mCount, __ATOMIC_ACQUIRE) == 1; }
+    /// One holder more.
     void Increment() noexcept { __atomic_fetch_add(&mCount, 1, __ATOMIC_RELAXED); }
     /// True for the last holder.
     bool Decrement() noexcept

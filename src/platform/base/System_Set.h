@@ -35,7 +35,9 @@ public:
     Set& operator<<(T value) { return Put(value, EMember::In); }
     Set& operator>>(T value) { return Put(value, EMember::Out); }
 
+    /// Whether the value is in the set; false for one outside `Min` to `Max`.
     bool Contains(T value) const { return IsInside(value) && mBits[IndexOf(value)]; }
+    /// Whether no value is in the set.
     bool Empty() const { return mBits.none(); }
     [[nodiscard]] bool empty() const { return mBits.none(); }
     std::size_t size() const { return mBits.count(); }
@@ -44,6 +46,7 @@ public:
     CIterator begin() const { return CIterator(*this, 0); }
     CIterator end() const { return CIterator(*this, Count); }
 
+    /// Takes all values out.
     Set& Clear()
     {
         mBits.reset();

@@ -54,6 +54,7 @@ public:
         return *this;
     }
 
+    /// The block, null if none is held; it stays held.
     T* get() const noexcept { return mBlock; }
     T* operator->() const noexcept { return mBlock; }
     T& operator*() const noexcept { return *mBlock; }

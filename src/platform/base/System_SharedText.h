@@ -57,6 +57,7 @@ public:
         return result;
     }
 
+    /// Whether there are no characters, and how many there are.
     bool IsEmpty() const noexcept { return mText == nullptr; }
     int Length() const noexcept { return static_cast<int>(Size()); }
     std::size_t Size() const noexcept { return mText == nullptr ? 0 : HeaderOf(mText)->length; }
@@ -74,6 +75,7 @@ public:
         return mText;
     }
 
+    /// Takes `text` in place of the former one, of which it may be a piece.
     void Assign(View text)
     {
         GSharedText fresh = Uninitialized(text.size());

@@ -176,6 +176,7 @@ public:
     {
     }
 
+    /// As of `UnicodeString`, by way of UTF-16.
     AnsiStringT UpperCase() const { return UnicodeString(*this).UpperCase(); }
     AnsiStringT LowerCase() const { return UnicodeString(*this).LowerCase(); }
     int CompareIC(const AnsiStringT& other) const

@@ -10,6 +10,7 @@ namespace System
 using WideChar = char16_t;
 using AnsiChar = char;
 
+/// Integers without a sign, of 8, 16 and 32 bits.
 using Byte = std::uint8_t;
 using Word = std::uint16_t;
 using LongWord = std::uint32_t;
@@ -24,6 +25,7 @@ using NativeInt = std::intptr_t;
 /// A code page by its number.
 using CodePage = std::uint16_t;
 
+/// The code page of UTF-8.
 inline constexpr CodePage CP_UTF8 = 65001;
 /// Bytes without a known code page: they pass between 8-bit types untouched.
 inline constexpr CodePage CP_RAW = 65535;

@@ -51,6 +51,7 @@ public:
     ~EConvertError() override;
 };
 
+/// A variant that can't be converted, or that an operation doesn't take.
 class TRS8_BTL_API EVariantError : public Exception
 {
 public:
@@ -58,6 +59,7 @@ public:
     ~EVariantError() override;
 };
 
+/// There is no memory for what was asked for, or it is too large to be had.
 class TRS8_BTL_API EOutOfMemory : public Exception
 {
 public:
@@ -65,6 +67,7 @@ public:
     ~EOutOfMemory() override;
 };
 
+/// A failed operation on files or folders.
 class TRS8_BTL_API EInOutError : public Exception
 {
 public:
@@ -72,6 +75,7 @@ public:
     ~EInOutError() override;
 };
 
+/// An argument that the function doesn't take.
 class TRS8_BTL_API EArgumentException : public Exception
 {
 public:
@@ -79,6 +83,7 @@ public:
     ~EArgumentException() override;
 };
 
+/// An argument outside the range that the function takes.
 class TRS8_BTL_API EArgumentOutOfRangeException : public EArgumentException
 {
 public:
@@ -86,6 +91,7 @@ public:
     ~EArgumentOutOfRangeException() override;
 };
 
+/// The base of faults in whole numbers.
 class TRS8_BTL_API EIntError : public Exception
 {
 public:
@@ -93,6 +99,7 @@ public:
     ~EIntError() override;
 };
 
+/// A division of a whole number, an amount or a variant by 0.
 class TRS8_BTL_API EDivByZero : public EIntError
 {
 public:
@@ -100,6 +107,7 @@ public:
     ~EDivByZero() override;
 };
 
+/// An index or a value outside its range.
 class TRS8_BTL_API ERangeError : public EIntError
 {
 public:
@@ -107,6 +115,7 @@ public:
     ~ERangeError() override;
 };
 
+/// A result that its type doesn't hold.
 class TRS8_BTL_API EIntOverflow : public EIntError
 {
 public:
@@ -114,6 +123,7 @@ public:
     ~EIntOverflow() override;
 };
 
+/// The base of faults in the arithmetic of floats.
 class TRS8_BTL_API EMathError : public Exception
 {
 public:

@@ -4,6 +4,7 @@
 namespace Types
 {
 
+/// A place on a plane, `Y` downwards.
 struct TPoint
 {
     int X = 0;
@@ -20,6 +21,7 @@ struct TRect
     int Right = 0;
     int Bottom = 0;
 
+    /// The extent; negative where the edges are the wrong way round.
     constexpr int Width() const { return Right - Left; }
     constexpr int Height() const { return Bottom - Top; }
 

@@ -35,6 +35,7 @@ TRS8_BTL_API bool SetFileAttributesW(const System::UnicodeString& file, System::
 namespace Host
 {
 
+/// What the host tells of a file.
 struct FileInfo
 {
     System::LongWord attributes;

@@ -30,6 +30,7 @@ ListFolder(const System::UnicodeString& folder);
 /// on a failure.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString CurrentDirectory();
 
+/// The room on the device of a folder.
 struct DiskSpace
 {
     /// For this user, in bytes.

@@ -15,6 +15,7 @@ namespace Host
 inline constexpr unsigned ReadAccess = 1;
 inline constexpr unsigned WriteAccess = 2;
 
+/// What `OpenFile` does with a file that is there, or isn't.
 enum class Disposition
 {
     /// The file must exist.
@@ -25,6 +26,7 @@ enum class Disposition
     CreateNew,
 };
 
+/// What stands for no handle.
 inline constexpr System::NativeInt InvalidHandle = -1;
 
 /// Opens the file for `access`, while others may open it for `share`: fails with 32 if another opener of this

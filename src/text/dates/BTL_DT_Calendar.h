@@ -28,6 +28,7 @@ enum ECurrentDate
     kCD_LastYear
 };
 
+/// The unit in which an interval is counted.
 enum EDateIntervalUnit
 {
     kDIU_Year = 1,

@@ -11,12 +11,14 @@ namespace BTL
 TRS8_BTL_API System::UnicodeString LoadSPrintf_V(int id, System::TVarArgs arguments);
 TRS8_BTL_API System::AnsiString LoadSPrintfA_V(int id, System::TVarArgs arguments);
 
+/// As `LoadSPrintf_V`, with the arguments one by one.
 template <class... Arguments>
 System::UnicodeString LoadSPrintf(int id, const Arguments&... arguments)
 {
     return LoadSPrintf_V(id, {arguments...});
 }
 
+/// As `LoadSPrintfA_V`, with the arguments one by one.
 template <class... Arguments>
 System::AnsiString LoadSPrintfA(int id, const Arguments&... arguments)
 {

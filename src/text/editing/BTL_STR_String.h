@@ -30,6 +30,7 @@ public:
     {
         return mText.SubString((index < 0 ? 0 : index < mText.Length() ? index : mText.Length()) + 1, count);
     }
+    /// As the functions of these names of the text itself.
     Self LowerCase() const { return mText.LowerCase(); }
     Self UpperCase() const { return mText.UpperCase(); }
     Self Trim() const { return mText.Trim(); }
@@ -43,6 +44,7 @@ public:
     {
         return UTL::find_first_of2(c1, c2, c_str(), start);
     }
+    /// As `UTL::find_first_not_of`; -1 means not found.
     int find_first_not_of(Char c, int start) const { return UTL::find_first_not_of(c, c_str(), start); }
 
     friend bool operator==(const Self& a, const Self& b) noexcept { return a.mText == b.mText; }
@@ -64,9 +66,11 @@ public:
     CAnsiString(const char* text, int length) : GStringValue(System::AnsiString(text, length)) {}
 
     int size() const noexcept { return mText.Length(); }
+    /// The count of bytes, and the text itself.
     int Length() const noexcept { return mText.Length(); }
     const System::AnsiString& vcl_str() const noexcept { return mText; }
 
+    /// Writes the form that `Read` reads.
     void Write(std::ostream& stream) const;
     /// The text is empty for a size below 1, and if there is no size that an `int` holds, which fails the
     /// stream. Where the stream ends early, the text is what there was and the stream has failed.
@@ -89,6 +93,7 @@ public:
     CUnicodeString(const char*) = delete;
     CUnicodeString(const System::AnsiString&) = delete;
 
+    /// The count of characters.
     int length() const noexcept { return mText.Length(); }
     /// `Sysutils::ERangeError` outside the text.
     System::WideChar operator[](int index) const { return mText[(index < length() ? index : length()) + 1]; }
@@ -96,6 +101,7 @@ public:
     int ToIntDef(int defaultValue) const;
     const System::UnicodeString& vcl_str() const noexcept { return mText; }
 
+    /// The form that streams keep: as of `CAnsiString`, in UTF-8.
     void Write(std::ostream& stream) const;
     void Read(std::istream& stream);
 };

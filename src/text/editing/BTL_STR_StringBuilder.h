@@ -20,6 +20,7 @@ public:
     /// With room for `capacity` characters.
     explicit CStringBuilder(int capacity) : mBuilder(std::make_unique<Sysutils::TStringBuilder>(capacity)) {}
 
+    /// The builder itself, which this object owns.
     Sysutils::TStringBuilder* get() const noexcept { return mBuilder.get(); }
     Sysutils::TStringBuilder* operator->() const noexcept { return mBuilder.get(); }
     Sysutils::TStringBuilder& operator*() const noexcept { return *mBuilder; }

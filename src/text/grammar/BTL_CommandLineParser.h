@@ -28,6 +28,7 @@ public:
     CCommandLineParser& operator=(const CCommandLineParser& other);
     ~CCommandLineParser();
 
+    /// As the assignment of `other`.
     void Assign(const CCommandLineParser& other);
 
     /// Takes the tokens of `text` in place of all that was there.

@@ -37,6 +37,7 @@ public:
     void Add(System::Int64 key, const System::UnicodeString& value);
     void Clear() noexcept;
 
+    /// Whether the key is there, whether none is, and how many there are.
     bool Contains(System::Int64 key) const { return mTexts.contains(key); }
     bool IsEmpty() const noexcept { return mTexts.empty(); }
     int GetCount() const noexcept { return static_cast<int>(mTexts.size()); }

@@ -25,6 +25,7 @@ public:
     GIntegerSet(std::initializer_list<T> values) : std::set<T>(values) {}
     explicit GIntegerSet(std::span<const T> values) : std::set<T>(values.begin(), values.end()) {}
 
+    /// Whether the value is in the set.
     bool Contains(T value) const { return this->contains(value); }
     /// The first value from `start` on, and below the largest, that the set lacks; if it lacks none of them,
     /// the largest plus 1, which is less than a `start` far above. `start` if the set is empty. Where the
@@ -35,6 +36,7 @@ public:
     void SaveToFile(const System::UnicodeString& path) const;
 };
 
+/// The sets of integers of 32 and of 64 bits.
 using CIntSet = GIntegerSet<int>;
 using CInt64Set = GIntegerSet<System::Int64>;
 

@@ -28,6 +28,7 @@ public:
     /// until `Clear`, also by way of an empty comma text that is set.
     Classes::TStringList* CreateStrings();
 
+    /// Adds a text, or each line; what is there already stays as it is.
     void Add(const System::UnicodeString& text);
     void Add(const Classes::TStrings* strings);
     /// Adds the items. A text with the item `=` takes the place of all that was there instead.
@@ -40,6 +41,7 @@ public:
     int GetCount() const { return mStrings == nullptr ? 0 : mStrings->getCount(); }
     std::size_t size() const { return static_cast<std::size_t>(GetCount()); }
     [[nodiscard]] bool empty() const { return GetCount() == 0; }
+    /// Whether the text is in the set.
     bool Contains(const System::UnicodeString& text) const;
     // True for an empty argument.
     bool ContainsAll(const Classes::TStrings* strings) const;

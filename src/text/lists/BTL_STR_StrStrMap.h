@@ -39,6 +39,7 @@ public:
     /// Overwrites the value of a key that is there.
     void Add(const System::UnicodeString& key, const System::UnicodeString& value);
 
+    /// Whether the key is there.
     bool Contains(const System::UnicodeString& key) const { return contains(key); }
     /// Empty if the key is missing.
     System::UnicodeString GetValue(const System::UnicodeString& key) const;

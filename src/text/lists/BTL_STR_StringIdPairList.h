@@ -32,6 +32,7 @@ public:
     TStringIdPairList();
     ~TStringIdPairList() override;
 
+    /// As the function of this name, on this list.
     void AddStringIdPair(const System::UnicodeString& text, System::Int64 id);
     System::Int64 getId(int index) const { return GetIdAt(this, index); }
     void setId(int index, System::Int64 id) { SetIdAt(this, index, id); }

@@ -38,6 +38,7 @@ public:
     void Add(const System::UnicodeString& key, T value) { mValues.insert_or_assign(key, value); }
     void Clear() noexcept { mValues.clear(); }
 
+    /// Whether the key is there, and whether none is.
     bool Contains(const System::UnicodeString& key) const { return mValues.contains(key); }
     bool IsEmpty() const noexcept { return mValues.empty(); }
 
@@ -68,6 +69,7 @@ public:
         }
         return found;
     }
+    /// The value of the key; `defaultValue` if it is missing.
     T ToValue(const System::UnicodeString& key, T defaultValue) const
     {
         GetValue(key, defaultValue);
@@ -78,6 +80,7 @@ protected:
     std::map<System::UnicodeString, T> mValues;
 };
 
+/// Integers of 32 bits by text.
 class CStringInt32Map : public GStringIntegerMap<int>
 {
 public:
@@ -92,6 +95,7 @@ public:
     }
 };
 
+/// Integers of 64 bits by text.
 class CStringKeyMap : public GStringIntegerMap<System::Int64>
 {
 public:

@@ -34,6 +34,7 @@ public:
     std::size_t size() const { return mList->size(); }
     [[nodiscard]] bool empty() const { return mList->empty(); }
 
+    /// As the functions of these names of the list itself.
     int GetCount() const { return mList->getCount(); }
     int getCount() const { return mList->getCount(); }
     System::UnicodeString GetCommaText() const { return mList->getCommaText(); }
@@ -61,6 +62,7 @@ public:
     {
         return Add(System::PrintfA(format, System::TVarArgs{System::TVarRec(arguments)...}));
     }
+    /// Sets the line at `index`; `Classes::EStringListError` if there is none.
     template <class... Arguments>
     void Set_VA(int index, const System::WideChar* format, const Arguments&... arguments)
     {

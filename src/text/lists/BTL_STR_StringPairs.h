@@ -20,6 +20,7 @@ class TObject;
 namespace BTL
 {
 
+/// Two texts that belong together.
 struct CStringPair
 {
     CStringPair(const System::UnicodeString& firstText, const System::UnicodeString& secondText)

@@ -36,12 +36,14 @@ public:
     CStringSet& operator>>(const Classes::TStrings* strings);
     void AddCommaText(const System::UnicodeString& text);
 
+    /// Whether the text is in the set.
     bool Contains(const System::UnicodeString& text) const { return contains(text); }
     // True for an empty argument.
     bool ContainsAll(const CStringSet& other) const;
     bool ContainsAll(const Classes::TStrings* strings) const;
     bool ContainsAll(const System::UnicodeString& commaText) const;
 
+    /// Adds each text as a line, in the order of the set; null does nothing.
     void AddStringsTo(Classes::TStrings* strings) const;
     /// Clears the list first.
     void GetStrings(Classes::TStrings* strings) const;

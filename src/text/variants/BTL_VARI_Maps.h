@@ -60,9 +60,11 @@ public:
     System::UnicodeString getDebugText() const;
 };
 
+/// Variants by numbers of 64 bits.
 class TRS8_BTL_API CInt64VariantMap : public GVariantMap<System::Int64>
 {
 public:
+    /// Takes the entry out, if there is one.
     void Delete(System::Int64 key) { erase(key); }
     /// Adds `value` under a new key and gives that: 1 in an empty map, else one more than the largest, but
     /// never 0. Behind the last number follows the first one; if that is taken, it is an internal fault, and
@@ -70,6 +72,7 @@ public:
     System::Int64 Append(const System::Variant& value);
 };
 
+/// Variants by numbers of 32 bits.
 class TRS8_BTL_API CIntToVarMap : public GVariantMap<int>
 {
 public:

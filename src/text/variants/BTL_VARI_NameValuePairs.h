@@ -15,6 +15,7 @@ class TStrings;
 namespace BTL
 {
 
+/// A value and its name.
 struct TNameValuePair
 {
     System::UnicodeString name;
@@ -55,6 +56,7 @@ System::Variant WithSqlType(T value)
 class TRS8_BTL_API CNameValuePairs : public std::vector<TNameValuePair>
 {
 public:
+    /// Appends an entry, also where one of this name is there.
     void Add(const System::UnicodeString& name, const System::Variant& value);
     /// As `Add` of a variant, but of a kind that SQL takes: 1 or 0 for a `bool`, a text for a character, an
     /// `Int64` for the other small and unsigned integers.

@@ -12,11 +12,13 @@
 namespace Sysutils
 {
 
+/// How many of each a day has.
 inline constexpr int HoursPerDay = 24;
 inline constexpr int MinsPerDay = 1440;
 inline constexpr int SecsPerDay = 86'400;
 inline constexpr int MSecsPerDay = 86'400'000;
 
+/// The days of the twelve months of a year.
 using TDayTable = std::array<System::Word, 12>;
 /// The days of each month, January first, of a common year and of a leap year: `MonthDays[leap][month - 1]`.
 inline constexpr std::array<TDayTable, 2> MonthDays = {{

@@ -41,6 +41,7 @@ public:
     }
 
     explicit operator double() const noexcept { return static_cast<double>(AsExtended()); }
+    /// The amount as a float.
     Extended AsExtended() const noexcept { return static_cast<Extended>(Val) / Scale; }
     /// As `Sysutils::CurrToStr`.
     explicit operator UnicodeString() const;

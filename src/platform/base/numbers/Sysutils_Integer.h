@@ -17,6 +17,7 @@ TRS8_BTL_API void Val(const UnicodeString& text, Int64& value, int& code);
 namespace Sysutils
 {
 
+/// Decimal digits, behind a `-` if the value is negative.
 TRS8_BTL_API System::UnicodeString IntToStr(System::Int64 value);
 TRS8_BTL_API System::UnicodeString UIntToStr(System::UInt64 value);
 /// At least `digits` upper-case hexadecimal digits; a negative value as its two's complement.

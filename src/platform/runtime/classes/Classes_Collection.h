@@ -58,6 +58,7 @@ public:
     ~TCollection() override;
 
     System::TMetaClass* getItemClass() const noexcept { return mItemClass; }
+    /// The count of items.
     int GetCount() const noexcept { return static_cast<int>(mItems.size()); }
     /// `EListError` for an index out of range.
     TCollectionItem* GetItem(int index) const;

@@ -10,6 +10,7 @@
 namespace Classes
 {
 
+/// What a component is doing, or is part of.
 enum TComponentStateFlag
 {
     csLoading,
@@ -25,6 +26,7 @@ enum TComponentStateFlag
     csDesignInstance
 };
 
+/// All that holds for a component at a time.
 using TComponentState = System::Set<TComponentStateFlag, csLoading, csDesignInstance>;
 
 /// An object with a name that may own other components and destroys them, the last one first, when it goes
@@ -50,6 +52,7 @@ public:
     /// The bare name: a component's path begins with itself.
     System::UnicodeString GetNamePath() const override;
 
+    /// How many components this one owns, those of its own components not counted.
     int GetComponentCount() const noexcept { return static_cast<int>(mComponents.size()); }
     /// In the order of their insertion; `EListError` for an index out of range.
     TComponent* GetComponent(int index) const;

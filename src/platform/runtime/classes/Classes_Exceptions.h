@@ -6,6 +6,7 @@
 namespace Classes
 {
 
+/// The base of faults in streams; also a stream that is missing or takes no writing.
 class TRS8_BTL_API EStreamError : public Sysutils::Exception
 {
 public:
@@ -13,6 +14,7 @@ public:
     ~EStreamError() override;
 };
 
+/// The base of faults in making and opening files for streams.
 class TRS8_BTL_API EFileStreamError : public EStreamError
 {
 public:
@@ -36,6 +38,7 @@ public:
     ~EFOpenError() override;
 };
 
+/// The base of faults in reading and writing; also a class that is registered twice under one name.
 class TRS8_BTL_API EFilerError : public EStreamError
 {
 public:
@@ -59,6 +62,7 @@ public:
     ~EWriteError() override;
 };
 
+/// No class of that name is registered.
 class TRS8_BTL_API EClassNotFound : public EFilerError
 {
 public:
@@ -66,6 +70,7 @@ public:
     ~EClassNotFound() override;
 };
 
+/// The program has no resource of that name.
 class TRS8_BTL_API EResNotFound : public Sysutils::Exception
 {
 public:
@@ -97,6 +102,7 @@ public:
     ~EComponentError() override;
 };
 
+/// An operation that the object doesn't allow, as an item of the wrong class for a collection.
 class TRS8_BTL_API EInvalidOperation : public Sysutils::Exception
 {
 public:

@@ -18,6 +18,7 @@ class FileBuffer;
 namespace Classes
 {
 
+/// From where `Seek` counts.
 enum TSeekOrigin
 {
     soBeginning,

@@ -91,6 +91,7 @@ protected:
     int CompareStrings(const System::UnicodeString& a, const System::UnicodeString& b) const override;
     bool EqualStrings(const System::UnicodeString& a, const System::UnicodeString& b) const override;
 
+    /// Called before and after each change, for the events of these names.
     virtual void Changing();
     virtual void Changed();
 

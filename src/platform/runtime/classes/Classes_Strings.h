@@ -155,6 +155,7 @@ public:
 protected:
     TStrings();
 
+    /// The store, which a derived class keeps. It checks indices, as by `CheckIndex`.
     virtual System::UnicodeString Get(int index) const = 0;
     virtual int GetCount() const = 0;
     virtual System::TObject* GetObject(int index) const;
@@ -171,6 +172,7 @@ protected:
     /// Whether `CompareStrings` gives 0.
     virtual bool EqualStrings(const System::UnicodeString& a, const System::UnicodeString& b) const;
 
+    /// Raises `EStringListError` unless `index` is in 0 to `limit` - 1.
     void CheckIndex(int index, int limit) const;
 
 private:

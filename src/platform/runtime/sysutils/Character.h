@@ -14,6 +14,7 @@ class TRS8_BTL_API TCharacter
 public:
     TCharacter() = delete;
 
+    /// A letter of any script.
     static bool IsLetter(System::WideChar c);
     static bool IsLetter(const System::UnicodeString& text, int index);
     /// A decimal digit of any script.

@@ -11,11 +11,13 @@
 namespace Math
 {
 
+/// The largest and the smallest value; 0 for an empty row.
 [[nodiscard]] TRS8_BTL_API double MaxValue(std::span<const double> values);
 [[nodiscard]] TRS8_BTL_API double MinValue(std::span<const double> values);
 [[nodiscard]] TRS8_BTL_API int MaxIntValue(std::span<const int> values);
 [[nodiscard]] TRS8_BTL_API int MinIntValue(std::span<const int> values);
 
+/// The sum of the values; 0 for an empty row.
 [[nodiscard]] TRS8_BTL_API long double Sum(std::span<const double> values);
 /// The sum wraps on an overflow.
 [[nodiscard]] TRS8_BTL_API int SumInt(std::span<const int> values);

@@ -16,6 +16,7 @@ namespace System
 TRS8_BTL_API UnicodeString Printf(const UnicodeString& format, TVarArgs arguments);
 TRS8_BTL_API AnsiString PrintfA(const AnsiString& format, TVarArgs arguments);
 
+/// As `Printf` of a `TVarArgs`, with the arguments one by one.
 template <class... Arguments>
 requires(sizeof...(Arguments) > 0 &&
          (std::constructible_from<TVarRec, const Arguments&> && ...)) UnicodeString
@@ -24,6 +25,7 @@ requires(sizeof...(Arguments) > 0 &&
     return Printf(format, TVarArgs{TVarRec(arguments)...});
 }
 
+/// As `PrintfA` of a `TVarArgs`, with the arguments one by one.
 template <class... Arguments>
 requires(sizeof...(Arguments) > 0 && (std::constructible_from<TVarRec, const Arguments&> && ...)) AnsiString
     PrintfA(const AnsiString& format, const Arguments&... arguments)

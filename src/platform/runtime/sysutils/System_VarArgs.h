@@ -16,6 +16,7 @@ namespace System
 class TVarRec
 {
 public:
+    /// What an argument is kept as.
     using TValue = std::variant<Int64, UInt64, long double, WideChar, UnicodeString, const void*>;
 
     template <TextInteger T>

@@ -32,6 +32,7 @@ inline constexpr System::Word fmShareDenyWrite = 0x20;
 inline constexpr System::Word fmShareDenyRead = 0x30;
 inline constexpr System::Word fmShareDenyNone = 0x40;
 
+/// The attributes of a file that nobody may write.
 inline constexpr int faReadOnly = 0x01;
 /// Names that begin with a dot.
 inline constexpr int faHidden = 0x02;
@@ -46,6 +47,7 @@ inline constexpr int faNormal = 0x80;
 inline constexpr int faSymLink = 0x400;
 inline constexpr int faAnyFile = 0x1FF;
 
+/// What stands for no handle.
 inline constexpr System::NativeInt INVALID_HANDLE_VALUE = -1;
 
 // Open files. A handle is above 2, so that 0 can mean "no file"; -1 is the failed one, on which all calls
@@ -77,6 +79,7 @@ inline System::Int64 FileSeek(System::NativeInt handle, long offset, int origin)
 {
     return FileSeek(handle, System::Int64{offset}, origin);
 }
+/// Closes the file; the handle is none from then on.
 TRS8_BTL_API void FileClose(System::NativeInt handle);
 
 /// Whether there is such a file, or what a link leads to is one; a folder is none.

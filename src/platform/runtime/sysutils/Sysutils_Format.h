@@ -30,6 +30,7 @@ TRS8_BTL_API System::UnicodeString Format(const System::UnicodeString& format, S
 TRS8_BTL_API System::UnicodeString Format(const System::UnicodeString& format, System::TVarArgs arguments,
                                           const TFormatSettings& settings);
 
+/// As `Format` of a `TVarArgs`, with the arguments one by one.
 template <class... Arguments>
 requires(sizeof...(Arguments) > 0 &&
          (std::constructible_from<System::TVarRec, const Arguments&> && ...)) System::UnicodeString

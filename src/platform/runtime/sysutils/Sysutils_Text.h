@@ -9,6 +9,7 @@
 namespace Sysutils
 {
 
+/// How `StringReplace` replaces: all places rather than the first, and without regard to case.
 enum TReplaceFlag
 {
     rfReplaceAll,
@@ -47,6 +48,7 @@ TRS8_BTL_API System::AnsiString AnsiExtractQuotedStr(const char*& source, char q
 [[nodiscard]] TRS8_BTL_API System::UnicodeString AnsiDequotedStr(const System::UnicodeString& text,
                                                                  System::WideChar quote);
 
+/// Without the characters up to and including the blank (code 32) at both ends, in front, or behind.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString Trim(const System::UnicodeString& text);
 [[nodiscard]] TRS8_BTL_API System::UnicodeString TrimLeft(const System::UnicodeString& text);
 [[nodiscard]] TRS8_BTL_API System::UnicodeString TrimRight(const System::UnicodeString& text);
@@ -92,6 +94,7 @@ public:
     TStringResources& operator=(const TStringResources&) = delete;
     ~TStringResources();
 
+    /// The text of that number, valid as long as the object; null if it has none.
     const System::UnicodeString* Find(int ident) const;
 
 private:

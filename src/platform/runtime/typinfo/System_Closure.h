@@ -13,6 +13,7 @@
 namespace System
 {
 
+/// A method of an object as a value; `TClosure<R(Args...)>` is the one form that there is.
 template <class Signature>
 class TClosure;
 
@@ -110,6 +111,7 @@ template <class R, class T, class... Args>
 struct GMemberTraits<R (T::*)(Args...)>
 {
     using Class = T;
+    /// What the closure is called with, and what it gives.
     using Signature = R(Args...);
 };
 template <class R, class T, class... Args>
@@ -144,6 +146,7 @@ template <class R, class... Args>
 class TClosure<R(Args...)>
 {
 public:
+    /// What the closure is called with, and what it gives.
     using Signature = R(Args...);
 
     TClosure() noexcept = default;
@@ -188,6 +191,7 @@ public:
         return !method || method.Code->Signature() == typeid(Signature);
     }
 
+    /// The method as a value without a type; that of an empty closure is empty.
     const TMethod& AsMethod() const noexcept { return mMethod; }
 
     explicit operator bool() const noexcept { return static_cast<bool>(mMethod); }

@@ -31,6 +31,7 @@ public:
     ~EPropertyConvertError() override;
 };
 
+/// The kinds of types that a property can have.
 enum TTypeKind
 {
     tkUnknown,
@@ -54,6 +55,7 @@ enum TTypeKind
     tkUString
 };
 
+/// The kinds of floats.
 enum TFloatType
 {
     ftSingle,
@@ -105,6 +107,7 @@ struct TPropOptions
 class TRS8_BTL_API TPropInfo
 {
 public:
+    /// What reads a property of an object, and what writes it.
     using Reader = std::function<TPropValue(const System::TObject*)>;
     using Writer = std::function<void(System::TObject*, const TPropValue&)>;
 
@@ -116,6 +119,7 @@ public:
     const TTypeInfo* getPropType() const { return mType(); }
     TTypeKind getKind() const;
     const std::optional<System::Int64>& getDefault() const noexcept { return mOptions.defaultValue; }
+    /// Whether the property has a reader, a writer, and whether the object's value is to be stored.
     bool CanRead() const noexcept { return static_cast<bool>(mRead); }
     bool CanWrite() const noexcept { return static_cast<bool>(mWrite); }
     bool IsStored(const System::TObject* object) const { return !mOptions.stored || mOptions.stored(object); }
@@ -417,12 +421,14 @@ TRS8_BTL_API void SetStrProp(System::TObject* object, const TPropInfo* info,
 TRS8_BTL_API void SetStrProp(System::TObject* object, const System::UnicodeString& name,
                              const System::UnicodeString& value);
 
+/// Floats, dates and amounts.
 TRS8_BTL_API System::Extended GetFloatProp(const System::TObject* object, const TPropInfo* info);
 TRS8_BTL_API System::Extended GetFloatProp(const System::TObject* object, const System::UnicodeString& name);
 TRS8_BTL_API void SetFloatProp(System::TObject* object, const TPropInfo* info, System::Extended value);
 TRS8_BTL_API void SetFloatProp(System::TObject* object, const System::UnicodeString& name,
                                System::Extended value);
 
+/// Properties whose type is a variant.
 TRS8_BTL_API System::Variant GetVariantProp(const System::TObject* object, const TPropInfo* info);
 TRS8_BTL_API System::Variant GetVariantProp(const System::TObject* object, const System::UnicodeString& name);
 TRS8_BTL_API void SetVariantProp(System::TObject* object, const TPropInfo* info,
@@ -430,12 +436,14 @@ TRS8_BTL_API void SetVariantProp(System::TObject* object, const TPropInfo* info,
 TRS8_BTL_API void SetVariantProp(System::TObject* object, const System::UnicodeString& name,
                                  const System::Variant& value);
 
+/// Properties that are a pointer to an object; null is a value.
 TRS8_BTL_API System::TObject* GetObjectProp(const System::TObject* object, const TPropInfo* info);
 TRS8_BTL_API System::TObject* GetObjectProp(const System::TObject* object, const System::UnicodeString& name);
 TRS8_BTL_API void SetObjectProp(System::TObject* object, const TPropInfo* info, System::TObject* value);
 TRS8_BTL_API void SetObjectProp(System::TObject* object, const System::UnicodeString& name,
                                 System::TObject* value);
 
+/// Properties that are a closure, as a method.
 TRS8_BTL_API System::TMethod GetMethodProp(const System::TObject* object, const TPropInfo* info);
 TRS8_BTL_API System::TMethod GetMethodProp(const System::TObject* object, const System::UnicodeString& name);
 TRS8_BTL_API void SetMethodProp(System::TObject* object, const TPropInfo* info, const System::TMethod& value);

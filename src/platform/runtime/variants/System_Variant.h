@@ -133,6 +133,7 @@ public:
         return *this;
     }
 
+    /// The variant that says that there is no value.
     static Variant Null() noexcept { return {varNull, TValue()}; }
 
     /// The code, with `varArray` for an array.
@@ -206,6 +207,7 @@ public:
     {
         PutElementAt(value, std::array<int, sizeof...(Index)>{static_cast<int>(index)...});
     }
+    /// As `GetElement` and `PutElement`, with the indices in a row.
     Variant GetElementAt(std::span<const int> indices) const;
     void PutElementAt(const Variant& value, std::span<const int> indices);
     /// The elements of an array of `varByte`, the first index fastest; valid until the variant changes.

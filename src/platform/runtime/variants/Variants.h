@@ -21,10 +21,12 @@ enum TVariantRelationship
     vrNotEqual
 };
 
+/// The variant that says that there is no value.
 inline System::Variant Null() noexcept
 {
     return System::Variant::Null();
 }
+/// The empty variant, which nothing was assigned to.
 inline System::Variant Unassigned() noexcept
 {
     return {};
@@ -38,10 +40,12 @@ inline System::Word VarType(const System::Variant& value) noexcept
 /// Such as "Integer", "UnicodeString", "Array Byte"; the hexadecimal number of a code without a name.
 TRS8_BTL_API System::UnicodeString VarTypeAsText(System::Word type);
 
+/// Whether the variant is `Null`.
 inline bool VarIsNull(const System::Variant& value) noexcept
 {
     return value.IsNull();
 }
+/// Whether nothing was assigned to the variant.
 inline bool VarIsEmpty(const System::Variant& value) noexcept
 {
     return value.IsEmpty();
@@ -51,6 +55,7 @@ inline bool VarIsClear(const System::Variant& value) noexcept
 {
     return value.IsEmpty();
 }
+/// Whether the variant holds an array.
 inline bool VarIsArray(const System::Variant& value) noexcept
 {
     return value.IsArray();
@@ -83,20 +88,24 @@ inline System::UnicodeString VarToWideStr(const System::Variant& value)
 {
     return VarToStr(value);
 }
+/// As `VarToStrDef`.
 inline System::UnicodeString VarToWideStrDef(const System::Variant& value,
                                              const System::UnicodeString& defaultValue)
 {
     return VarToStrDef(value, defaultValue);
 }
+/// As `Variant::As<TDateTime>`.
 inline System::TDateTime VarToDateTime(const System::Variant& value)
 {
     return value.As<System::TDateTime>();
 }
+/// A variant of `varDate`.
 inline System::Variant VarFromDateTime(System::TDateTime value) noexcept
 {
     return value;
 }
 
+/// As `Variant::AsType`.
 inline System::Variant VarAsType(const System::Variant& value, System::Word type)
 {
     return value.AsType(type);
@@ -106,6 +115,7 @@ inline void VarCast(System::Variant& target, const System::Variant& source, Syst
 {
     target = source.AsType(type);
 }
+/// Makes the variant empty.
 inline void VarClear(System::Variant& value) noexcept
 {
     value.Clear();
@@ -135,26 +145,32 @@ inline System::Variant VarArrayOf(std::initializer_list<System::Variant> values)
 {
     return System::Variant::ArrayOf({values.begin(), values.size()});
 }
+/// As `Variant::ArrayDimCount`.
 inline int VarArrayDimCount(const System::Variant& value) noexcept
 {
     return value.ArrayDimCount();
 }
+/// As `Variant::ArrayLowBound`.
 inline int VarArrayLowBound(const System::Variant& value, int dimension)
 {
     return value.ArrayLowBound(dimension);
 }
+/// As `Variant::ArrayHighBound`.
 inline int VarArrayHighBound(const System::Variant& value, int dimension)
 {
     return value.ArrayHighBound(dimension);
 }
+/// As `Variant::ArrayRedim`.
 inline void VarArrayRedim(System::Variant& value, int highBound)
 {
     value.ArrayRedim(highBound);
 }
+/// As `Variant::GetElementAt`.
 inline System::Variant VarArrayGet(const System::Variant& value, std::initializer_list<int> indices)
 {
     return value.GetElementAt({indices.begin(), indices.size()});
 }
+/// As `Variant::PutElementAt`.
 inline void VarArrayPut(System::Variant& value, const System::Variant& element,
                         std::initializer_list<int> indices)
 {
