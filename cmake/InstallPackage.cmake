@@ -13,6 +13,7 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/TRS8_BTLConfigVersion.cma
 install(FILES ${PROJECT_BINARY_DIR}/TRS8_BTLConfig.cmake ${PROJECT_BINARY_DIR}/TRS8_BTLConfigVersion.cmake
         DESTINATION ${package_dir})
 
+file(RELATIVE_PATH pkgconfig_to_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(${CMAKE_CURRENT_LIST_DIR}/TRS8_BTL.pc.in ${PROJECT_BINARY_DIR}/TRS8_BTL.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/TRS8_BTL.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})

@@ -1,10 +1,13 @@
 # Makes a program of the C++ blocks of a page. Each block is the body of a function, run in the order of the page; its
 # includes go to the top, and a block behind the line "<!-- declarations -->" stands outside of functions. The block
 # of text behind a block of code is what that code prints.
+# A page whose one block is a whole program is read with "-v whole=1".
 # Usage: awk -v page=NAME -v program=FILE -v expected=FILE -f Snippets.awk PAGE
 
 function endOfCode() {
-    if (isDeclaration) {
+    if (whole) {
+        printf "%s", code >program
+    } else if (isDeclaration) {
         declarations = declarations code
     } else {
         functions = functions "void Snippet" start "()\n{\n" code "}\n\n"
@@ -19,7 +22,7 @@ BEGIN { printf "" >expected }
 fence == "cpp" && /^```/ { endOfCode(); fence = ""; next }
 fence == "text" && /^```/ { fence = ""; next }
 fence == "other" && /^```/ { fence = ""; next }
-fence == "cpp" && /^#include / { if (!seen[$0]++) includes = includes $0 "\n"; code = code "\n"; next }
+fence == "cpp" && !whole && /^#include / { if (!seen[$0]++) includes = includes $0 "\n"; code = code "\n"; next }
 fence == "cpp" { code = code $0 "\n"; next }
 fence == "text" { print >expected; next }
 fence == "other" { next }
@@ -32,6 +35,9 @@ END {
     if (fence != "") {
         print page ": the block from line " start " on has no end" >"/dev/stderr"
         exit 1
+    }
+    if (whole) {
+        exit
     }
     print includes "#include <iostream>\n\nnamespace\n{\n" >program
     print declarations functions "} // namespace\n\nint main()\n{\n" calls "}" >program

@@ -198,11 +198,6 @@ CStringList::CStringList(const UnicodeString& text, bool asLines) : CStringList(
     SetText(*mStrings, text, asLines);
 }
 
-CStringList::CStringList(std::initializer_list<UnicodeString> lines)
-    : CStringList(std::span<const UnicodeString>(lines.begin(), lines.size()))
-{
-}
-
 CStringList::CStringList(std::span<const UnicodeString> lines) : CStringList()
 {
     const CStringsUpdate update(mStrings);

@@ -5,7 +5,6 @@
 #include "platform/runtime/classes/Classes_StringList.h"
 #include "platform/runtime/sysutils/System_Printf.h"
 
-#include <initializer_list>
 #include <span>
 
 namespace BTL
@@ -133,7 +132,7 @@ struct TListPointer
 /// A string list as a value. Copies take the lines and objects and whether the list is sorted, with its
 /// `Duplicates`; objects aren't owned.
 ///
-///     BTL::CStringList lines = {u"b", u"a"};
+///     BTL::CStringList lines(u"b,a");
 ///     lines.Add_VA(u"%d of %s", 3, u"c");
 ///     lines->Sort();
 ///     const UnicodeString text = lines.GetDelimitedText(u';'); // "3 of c;a;b"
@@ -143,10 +142,9 @@ public:
     CStringList();
     /// `count` empty lines.
     explicit CStringList(int count);
-    /// In parentheses: in braces a text is a line.
+    /// The items of a comma text; lines as they stand are a `std::span` or go in by `Add`.
     explicit CStringList(const System::UnicodeString& commaText);
     CStringList(const System::UnicodeString& text, bool asLines);
-    CStringList(std::initializer_list<System::UnicodeString> lines);
     explicit CStringList(std::span<const System::UnicodeString> lines);
     CStringList(const CStringList& other);
     CStringList& operator=(const CStringList& other);

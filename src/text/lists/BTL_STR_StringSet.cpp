@@ -18,8 +18,6 @@ CStringSet::CStringSet(const UnicodeString& commaText)
     setCommaText(commaText);
 }
 
-CStringSet::CStringSet(std::initializer_list<UnicodeString> texts) : set(texts) {}
-
 CStringSet::CStringSet(std::span<const UnicodeString> texts) : set(texts.begin(), texts.end()) {}
 
 CStringSet& CStringSet::operator<<(const UnicodeString& text)

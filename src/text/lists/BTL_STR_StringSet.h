@@ -3,7 +3,6 @@
 
 #include "platform/runtime/classes/Classes_Strings.h"
 
-#include <initializer_list>
 #include <set>
 #include <span>
 
@@ -13,7 +12,7 @@ namespace BTL
 /// A set of texts in the exact order of their characters, so that case matters. A null list as an argument
 /// counts as empty, and filling it does nothing.
 ///
-///     BTL::CStringSet names = {u"fig", u"pear"};
+///     BTL::CStringSet names(u"fig,pear");
 ///     names << u"apple" >> u"fig";
 ///     const bool hasBoth = names.ContainsAll(u"apple,pear");
 ///     const UnicodeString text = names.getCommaText(); // "apple,pear"
@@ -21,9 +20,8 @@ class TRS8_BTL_API CStringSet : public std::set<System::UnicodeString>
 {
 public:
     CStringSet() = default;
-    /// In parentheses: in braces a text is an element.
+    /// The items of a comma text; texts as they stand are a `std::span` or go in by `<<`.
     explicit CStringSet(const System::UnicodeString& commaText);
-    CStringSet(std::initializer_list<System::UnicodeString> texts);
     explicit CStringSet(std::span<const System::UnicodeString> texts);
 
     // Insertion, and removal of what is there.
