@@ -88,6 +88,7 @@ public:
     class TRS8_BTL_API CLineIterator
     {
     public:
+        /// Lines are read once, so that only one walk is possible.
         using iterator_concept = std::input_iterator_tag;
         using value_type = System::UnicodeString;
         using difference_type = std::ptrdiff_t;

@@ -21,6 +21,7 @@ concept IterableRange = requires(R&& range)
     std::end(range);
 };
 
+/// What the elements of `R` are, without reference and `const`.
 template <IterableRange R>
 using RangeElement = std::remove_cvref_t<decltype(*std::begin(std::declval<R&>()))>;
 

@@ -106,6 +106,7 @@ public:
     using Char = std::remove_cvref_t<decltype(Detail::ViewOf(std::declval<const Text&>())[0])>;
     using View = std::basic_string_view<Char>;
 
+    /// Walks over the fields; each one is found when it is reached.
     class iterator
     {
     public:

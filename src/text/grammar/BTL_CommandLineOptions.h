@@ -27,6 +27,7 @@ struct TCommandLineOption
     System::UnicodeString valueName;
     System::UnicodeString help;
 
+    /// Whether a value follows the name; a switch takes none.
     bool TakesValue() const noexcept { return !valueName.IsEmpty(); }
 };
 
@@ -75,6 +76,7 @@ public:
         Parse(std::span<const System::UnicodeString>(words.begin(), words.size()));
     }
 
+    /// Whether the option was given.
     bool Contains(const System::UnicodeString& name) const { return !GetValues(name).empty(); }
     /// All values of the option, in their order; of a switch an empty text each time that it is given.
     const std::vector<System::UnicodeString>& GetValues(const System::UnicodeString& name) const;

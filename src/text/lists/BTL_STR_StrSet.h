@@ -38,6 +38,7 @@ public:
     void RemoveCommaText(const System::UnicodeString& text);
     void Clear() noexcept;
 
+    /// The count of texts in the set.
     int GetCount() const { return mStrings == nullptr ? 0 : mStrings->getCount(); }
     std::size_t size() const { return static_cast<std::size_t>(GetCount()); }
     [[nodiscard]] bool empty() const { return GetCount() == 0; }

@@ -57,6 +57,7 @@ TRS8_BTL_API void GetFloatFormat(const System::AnsiString& text, int& precision,
 {
     return GetDigits(System::AnsiString(text));
 }
+/// As `GetFloatFormat` of a `System::AnsiString`, for a literal.
 inline void GetFloatFormat(const char* text, int& precision, int& digits)
 {
     GetFloatFormat(System::AnsiString(text), precision, digits);

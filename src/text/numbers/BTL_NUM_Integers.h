@@ -77,10 +77,12 @@ inline bool ToInt(const char* text, System::Int64& value)
 {
     return ToInt(System::AnsiString(text), value);
 }
+/// As `StrToInt64` of a `System::AnsiString`, for a literal.
 inline bool StrToInt64(const char* text, System::Int64& value)
 {
     return StrToInt64(System::AnsiString(text), value);
 }
+/// As `StrToInt64Def` of a `System::AnsiString`, for a literal.
 inline System::Int64 StrToInt64Def(const char* text, System::Int64 defaultValue)
 {
     return StrToInt64Def(System::AnsiString(text), defaultValue);
@@ -101,6 +103,7 @@ inline bool HexToInt(const char* text, int& value)
 {
     return FormatInt(System::AnsiString(format), value);
 }
+/// As `FormatInt64` of a `System::AnsiString`, for a literal.
 [[nodiscard]] inline System::AnsiString FormatInt64(const char* format, System::Int64 value)
 {
     return FormatInt64(System::AnsiString(format), value);

@@ -23,6 +23,7 @@ struct TUnitPrefix
     double factor;
 };
 
+/// A unit by its symbol, such as `V`, and its name.
 struct TUnit
 {
     std::u16string_view symbol;

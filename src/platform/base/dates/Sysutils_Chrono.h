@@ -55,6 +55,7 @@ System::TDateTime ToLocalDateTime(std::chrono::sys_time<Duration> time)
     return Detail::LocalTimeOfMilliSeconds(Detail::WholeMilliSeconds(time));
 }
 
+/// A time of the system clock in whole milliseconds, as a `TDateTime` has them.
 using TSysMilliSeconds = std::chrono::sys_time<std::chrono::milliseconds>;
 
 /// The moment of a date and time in universal time, rounded to the millisecond. `EConvertError` for a value

@@ -70,6 +70,7 @@ public:
     std::size_t size() const noexcept { return mItems.size(); }
     [[nodiscard]] bool empty() const noexcept { return mItems.empty(); }
 
+    /// A new item at the end, which the collection owns.
     TCollectionItem* Add();
     /// `EListError` for an index outside 0 to the count.
     TCollectionItem* Insert(int index);

@@ -74,10 +74,15 @@ public:
         }
         AddItems(std::move(items));
     }
+    /// The line goes in front of the one at `index`, or to the end if that is the count.
     virtual void Insert(int index, const System::UnicodeString& text) = 0;
+    /// As `Insert`, with the object of the line.
     virtual void InsertObject(int index, const System::UnicodeString& text, System::TObject* object);
+    /// Takes the line at `index` out.
     virtual void Delete(int index) = 0;
+    /// Takes all lines out.
     virtual void Clear() = 0;
+    /// The lines at both places, with their objects, change places.
     virtual void Exchange(int first, int second);
     /// Takes the line at `from` out and puts it back at `to`.
     virtual void Move(int from, int to);

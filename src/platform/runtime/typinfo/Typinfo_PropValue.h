@@ -20,6 +20,7 @@
 namespace Typinfo
 {
 
+/// The value of a property of any kind but objects and methods, see above.
 TRS8_BTL_API System::Variant GetPropValue(const System::TObject* object, const TPropInfo* info);
 TRS8_BTL_API System::Variant GetPropValue(const System::TObject* object, const System::UnicodeString& name);
 /// Takes the value that `GetPropValue` gives, and all that a variant converts to the property's type: numbers
