@@ -92,6 +92,18 @@ bool WaitedForWriter(int descriptor)
     return Uninterrupted([&] { return poll(&pipe, 1, -1); }) > 0;
 }
 
+/// The descriptor for a transfer of `count` bytes; -1, with the last error set, if there is none or the bytes
+/// have no place.
+int DescriptorFor(NativeInt handle, const void* buffer, Int64 count)
+{
+    const int descriptor = DescriptorOf(handle);
+    if (descriptor >= 0 && (count < 0 || (buffer == nullptr && count > 0))) {
+        Fail(ERROR_INVALID_PARAMETER);
+        return -1;
+    }
+    return descriptor;
+}
+
 } // namespace
 
 NativeInt OpenFile(const UnicodeString& file, unsigned access, unsigned share, Disposition disposition)
@@ -141,12 +153,8 @@ bool CloseFile(NativeInt handle)
 
 Int64 ReadFile(NativeInt handle, void* buffer, Int64 count)
 {
-    const int descriptor = DescriptorOf(handle);
+    const int descriptor = DescriptorFor(handle, buffer, count);
     if (descriptor < 0) {
-        return -1;
-    }
-    if (count < 0 || (buffer == nullptr && count > 0)) {
-        Fail(ERROR_INVALID_PARAMETER);
         return -1;
     }
     FlushBuffersOf(descriptor);
@@ -174,12 +182,8 @@ Int64 PeekFile(NativeInt handle, void* buffer, Int64 count)
 
 Int64 WriteFile(NativeInt handle, const void* buffer, Int64 count)
 {
-    const int descriptor = DescriptorOf(handle);
+    const int descriptor = DescriptorFor(handle, buffer, count);
     if (descriptor < 0) {
-        return -1;
-    }
-    if (count < 0 || (buffer == nullptr && count > 0)) {
-        Fail(ERROR_INVALID_PARAMETER);
         return -1;
     }
     FlushBuffersOf(descriptor);
