@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "streams/BTL_STRM_TextReader.h"
 
-#include "streams/internal/BTL_STRM_DecodingFault.h"
+#include "platform/base/Sysutils_StrictEncoding.h"
 
 #include <algorithm>
 #include <array>
@@ -223,12 +223,13 @@ bool CTextReader::Read(UnicodeString& line, EKeepEnd keepEnd)
     ++mLineNumber;
     const std::size_t end = keepEnd == EKeepEnd::Yes ? found.next : found.end;
     const std::string_view bytes = std::string_view(mBytes).substr(found.begin, end - found.begin);
-    line = mEncoding.GetString(bytes);
-    if (mDecoding == EDecoding::Strict) {
-        if (const std::optional<std::size_t> fault = Detail::FindDecodingFault(mEncoding, bytes, line)) {
-            const auto place = static_cast<Int64>(*fault) + 1;
-            throw ETextFault(mLineNumber, place, mPassed + static_cast<Int64>(found.begin) + place);
-        }
+    if (mDecoding == EDecoding::Lenient) {
+        line = mEncoding.GetString(bytes);
+        return true;
+    }
+    int fault = 0;
+    if (!Sysutils::TryDecode(&mEncoding, bytes, line, &fault)) {
+        throw ETextFault(mLineNumber, fault, mPassed + static_cast<Int64>(found.begin) + fault);
     }
     return true;
 }

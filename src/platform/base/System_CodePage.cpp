@@ -273,11 +273,6 @@ NarrowText EncodeByIcu(UConverter* converter, std::u16string_view text)
     return bytes;
 }
 
-bool IsWestern(CodePage codePage)
-{
-    return codePage == DefaultSystemCodePage || codePage == CP_RAW || codePage == 0;
-}
-
 WideChar WesternUnit(char byte)
 {
     const unsigned code = ByteOf(byte);
@@ -301,7 +296,7 @@ GSharedText<WideChar> DecodeText(CodePage codePage, std::string_view bytes)
     if (bytes.empty()) {
         return {};
     }
-    if (IsWestern(codePage)) {
+    if (Detail::IsWestern(codePage)) {
         return DecodeWestern(bytes);
     }
     if (codePage == CP_UTF8) {
@@ -316,7 +311,7 @@ GSharedText<char> EncodeText(CodePage codePage, std::u16string_view text)
     if (text.empty()) {
         return {};
     }
-    if (IsWestern(codePage)) {
+    if (Detail::IsWestern(codePage)) {
         return EncodeWestern(text);
     }
     if (codePage == CP_UTF8) {

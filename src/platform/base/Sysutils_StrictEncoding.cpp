@@ -25,11 +25,6 @@ namespace
 /// The 0-based place of the first fault; nothing if there is none.
 using Place = std::optional<std::size_t>;
 
-bool IsWestern(CodePage codePage)
-{
-    return codePage == System::DefaultSystemCodePage || codePage == System::CP_RAW || codePage == 0;
-}
-
 bool IsUtf16(CodePage codePage)
 {
     return codePage == TEncoding::Utf16 || codePage == TEncoding::Utf16BigEndian;
@@ -172,7 +167,7 @@ Place FirstFault(CodePage codePage, std::string_view bytes)
     if (bytes.empty()) {
         return {};
     }
-    if (IsWestern(codePage)) {
+    if (System::Detail::IsWestern(codePage)) {
         return FaultInWestern(bytes);
     }
     if (codePage == System::CP_UTF8) {
@@ -186,7 +181,7 @@ Place FirstMissing(CodePage codePage, std::u16string_view text)
     if (text.empty()) {
         return {};
     }
-    if (IsWestern(codePage)) {
+    if (System::Detail::IsWestern(codePage)) {
         return MissingInWestern(text);
     }
     if (codePage == System::CP_UTF8 || IsUtf16(codePage)) {

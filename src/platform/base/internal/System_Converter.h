@@ -12,6 +12,12 @@ namespace System::Detail
 
 using Converter = std::unique_ptr<UConverter, decltype(&ucnv_close)>;
 
+/// Whether the code page is 1252, which needs no converter; 0 and raw bytes count as it.
+constexpr bool IsWestern(CodePage codePage)
+{
+    return codePage == DefaultSystemCodePage || codePage == CP_RAW || codePage == 0;
+}
+
 /// Null for a code page that ICU doesn't know.
 Converter OpenConverter(CodePage codePage);
 
