@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <initializer_list>
 #include <limits>
-#include <memory>
 
 namespace System
 {
@@ -79,20 +78,21 @@ public:
     }
 
     /// The elements one behind the other, null for an empty array; valid until the length changes.
-    T* begin() noexcept { return mBlock.get() == nullptr ? nullptr : mBlock->items.get(); }
+    T* begin() noexcept { return mBlock.get() == nullptr ? nullptr : mBlock->items; }
     T* end() noexcept { return begin() + Length(); }
-    const T* begin() const noexcept { return mBlock.get() == nullptr ? nullptr : mBlock->items.get(); }
+    const T* begin() const noexcept { return mBlock.get() == nullptr ? nullptr : mBlock->items; }
     const T* end() const noexcept { return begin() + Length(); }
 
 private:
+    // The array is owned by hand, since <memory> would double the cost of this header.
     struct TBlock : TSharedBlock
     {
-        explicit TBlock(int count)
-            : items(std::make_unique<T[]>(static_cast<std::size_t>(count))), length(count)
-        {
-        }
+        explicit TBlock(int count) : items(new T[static_cast<std::size_t>(count)]()), length(count) {}
+        TBlock(const TBlock&) = delete;
+        TBlock& operator=(const TBlock&) = delete;
+        ~TBlock() { delete[] items; }
 
-        std::unique_ptr<T[]> items;
+        T* items;
         int length;
     };
     using Holder = GSharedBlock<TBlock>;
