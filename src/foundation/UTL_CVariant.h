@@ -27,6 +27,11 @@ namespace UTL
 /// - Text is a bool only if it is "0" or "1". It is read by `BTL::ToInt`, `BTL::StrToInt64`, `BTL::ToDouble`
 ///   and `BTL::StrToDateTime`; what the last raises passes through, also where a default is given.
 /// - An array with exactly one item converts as this does, but is no date.
+///
+///     UTL::CVariant value = 2.5;
+///     const int whole = value.ToInt();               // 2
+///     value = System::UnicodeString(u"none");
+///     const double number = value.ToDoubleDef(0);    // 0
 class TRS8_BTL_API CVariant
 {
 public:

@@ -15,6 +15,10 @@ TRS8_BTL_API System::UnicodeString GetErrorMessage(unsigned long code);
 TRS8_BTL_API System::UnicodeString GetLastError();
 
 /// A failed system call.
+///
+///     if (!CopyFileW(from, to, true)) {
+///         WIN::ThrowLastError();                                  // `XLastError`, with the host's words
+///     }
 class TRS8_BTL_API XWinError : public Sysutils::Exception
 {
 public:

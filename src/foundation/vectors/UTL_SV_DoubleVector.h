@@ -10,6 +10,10 @@ namespace UTL
 extern template class TRS8_BTL_API GSimpleVector<double>;
 
 /// A vector of floats, with their statistics.
+///
+///     UTL::CDoubleVector values;
+///     values.setCommaText(u"1.5,2.5,5");
+///     const double mean = static_cast<double>(values.GetMean());  // 3
 class TRS8_BTL_API CDoubleVector : public GSimpleVector<double>
 {
 public:

@@ -19,6 +19,11 @@ namespace System
 /// An array of `T`, counted from 0. A copy of the object shares the elements: what one writes, the other
 /// sees. `Copy` makes an array of its own, and a change of the length parts the array from those that it
 /// shared elements with.
+///
+///     DynamicArray<int> a{1, 2, 3};
+///     DynamicArray<int> b = a;
+///     b[0] = 9;                                                   // a[0] too
+///     b = a.Copy();                                               // elements of its own
 template <class T>
 class DynamicArray
 {

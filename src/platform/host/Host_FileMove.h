@@ -7,6 +7,10 @@
 //
 // All calls answer a failure with `false`, -1 or their invalid value and set the last error. A path with an
 // embedded zero fails with 123; it is never cut.
+//
+//     if (!MoveFileExW(u"a.txt.new", u"a.txt", MOVEFILE_REPLACE_EXISTING)) {
+//         WIN::ThrowLastError();
+//     }
 
 inline constexpr System::LongWord MOVEFILE_REPLACE_EXISTING = 1;
 inline constexpr System::LongWord MOVEFILE_COPY_ALLOWED = 2;

@@ -10,6 +10,12 @@ namespace Forms
 {
 
 /// The running program as an object: its title, its message loop, its boxes.
+///
+///     Forms::Application->setTitle(u"Station");
+///     Forms::Application->MessageBox(u"Done.", nullptr, MB_OK);
+///     while (!Forms::Application->getTerminated()) {
+///         Forms::Application->HandleMessage();
+///     }
 class TRS8_BTL_API TApplication
 {
 public:

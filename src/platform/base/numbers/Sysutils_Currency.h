@@ -8,6 +8,10 @@ namespace Sysutils
 {
 
 // Text of money, exact in all its digits. Forms without settings follow `FormatSettings`.
+//
+//     const System::Currency sum = StrToCurr(u"1234.5");
+//     CurrToStr(sum);                                             // "1234.5"
+//     CurrToStrF(sum, ffNumber, 2);                               // "1,234.50"
 
 /// The shortest text: no thousand separators, no needless decimals, no currency.
 TRS8_BTL_API System::UnicodeString CurrToStr(System::Currency value);

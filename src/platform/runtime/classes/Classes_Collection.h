@@ -47,6 +47,11 @@ private:
 };
 
 /// A list of items of one class, which it owns.
+///
+///     TCollection columns(System::ClassOf<TColumn>());            // a class from TCollectionItem
+///     auto* const column = System::CheckedCast<TColumn>(columns.Add());
+///     for (TCollectionItem* item : columns) { ... }
+///     delete columns.GetItem(0);                                  // leaves the collection
 class TRS8_BTL_API TCollection : public TPersistent
 {
     TRS8_BTL_CLASS(TCollection, TPersistent)

@@ -32,6 +32,11 @@ using TComponentState = System::Set<TComponentStateFlag, csLoading, csDesignInst
 /// An object with a name that may own other components and destroys them, the last one first, when it goes
 /// itself. Components are made by `new`; one without an owner belongs to its maker. Names are unique within
 /// an owner, case aside.
+///
+///     TComponent bench;
+///     auto* const gauge = new TComponent(&bench);                 // the bench destroys it
+///     gauge->setName(u"Gauge1");
+///     bench.FindComponent(u"gauge1") == gauge;                    // true
 class TRS8_BTL_API TComponent : public TPersistent
 {
     TRS8_BTL_CLASS(TComponent, TPersistent)

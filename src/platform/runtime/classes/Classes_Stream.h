@@ -39,6 +39,12 @@ using Sysutils::fmShareDenyWrite;
 using Sysutils::fmShareExclusive;
 
 /// A row of bytes with a position. A stream belongs to one thread at a time.
+///
+///     TFileStream file(u"data.bin", fmOpenRead | fmShareDenyWrite);
+///     char head[4];
+///     file.ReadBuffer(head, sizeof head);                         // `EReadError` if there are fewer
+///     TMemoryStream copy;
+///     copy.CopyFrom(&file, 0);                                    // all of it
 class TRS8_BTL_API TStream : public System::TObject
 {
     TRS8_BTL_CLASS(TStream, System::TObject)

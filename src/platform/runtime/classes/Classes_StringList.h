@@ -23,6 +23,12 @@ enum TDuplicates
 using TStringListSortCompare = System::TClosure<int(TStringList* list, int first, int second)>;
 
 /// A list of lines in memory, which can keep itself sorted.
+///
+///     TStringList names;
+///     names.setSorted(true);                                      // each line goes to its place, once
+///     names.Add(u"pear");
+///     int place = 0;
+///     if (names.Find(u"PEAR", place)) { ... }                     // log n
 class TRS8_BTL_API TStringList : public TStrings
 {
     TRS8_BTL_CLASS(TStringList, TStrings)

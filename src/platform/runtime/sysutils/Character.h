@@ -9,6 +9,10 @@ namespace Character
 /// What Unicode says of a character. The forms with a text take the character at the 1-based `index`, where
 /// a surrogate pair is one character; an `index` outside the text raises
 /// `Sysutils::EArgumentOutOfRangeException`. A surrogate without its partner is a surrogate and nothing else.
+///
+///     TCharacter::IsLetter(u'\u00B5');                            // true
+///     TCharacter::ToUpper(u"gr\u00F6\u00DFe");                    // "GR\u00D6SSE"
+///     const UnicodeString clef = TCharacter::ConvertFromUtf32(0x1D11E);   // two units, one character
 class TRS8_BTL_API TCharacter
 {
 public:

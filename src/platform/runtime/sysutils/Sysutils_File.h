@@ -13,6 +13,11 @@
 // A path is text with `\` as separator, `/` counts as the same; names compare exactly.
 // Calls on the host that fail set the last error, see `::GetLastError`; a path with an embedded zero is an
 // invalid name to all of them and is never cut.
+//
+//     if (FileExists(u"a.txt") && !RenameFile(u"a.txt", u"b.txt")) {
+//         RaiseLastOSError();                                     // `EOSError` with the host's words
+//     }
+//     ForceDirectories(u"out/2022/02");
 
 namespace Sysutils
 {

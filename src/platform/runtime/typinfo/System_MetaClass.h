@@ -34,6 +34,10 @@ struct TFieldInfo
 
 /// The record of one class. There is exactly one per class, made at the first use of it and living to the end
 /// of the process; it never changes after that, so any thread may read it.
+///
+///     const TMetaClass* const type = ClassOf<TGauge>();
+///     const std::unique_ptr<TObject> made = type->Create();
+///     for (const Typinfo::TPropInfo* property : type->Properties()) { ... }
 class TRS8_BTL_API TMetaClass final : public TObject
 {
     TRS8_BTL_CLASS(TMetaClass, TObject)

@@ -382,6 +382,12 @@ const TTypeInfo* TypeInfoOf()
 
 // Names of properties and enumeration values are compared without regard to case. A null class or object
 // has no properties.
+//
+//     SetOrdProp(gauge, u"value", 7);
+//     if (TPropInfo* const info = GetPropInfo(gauge, u"Caption")) {
+//         SetStrProp(gauge, info, u"Pressure");
+//     }
+//     for (const TPropInfo* info : GetPropList(gauge)) { ... }
 
 /// Null if there is no such property.
 TRS8_BTL_API TPropInfo* GetPropInfo(const System::TMetaClass* type, const System::UnicodeString& name);
