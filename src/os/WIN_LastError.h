@@ -51,7 +51,7 @@ private:
     XLastError(const System::UnicodeString& text, unsigned long code);
 };
 
-/// Raises `XWinError`.
+/// Raises `XWinError` with the system's description of `code`, also for 0.
 [[noreturn]] TRS8_BTL_API void ThrowSystemError(unsigned long code);
 
 /// Raises `XLastError` if the thread's last error isn't 0. While the application terminates nobody could

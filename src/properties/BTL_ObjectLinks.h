@@ -42,7 +42,8 @@ public:
     /// The link leaves the list that it was in. Null is an internal fault, and ignored if the user lets it
     /// pass.
     void Add(AObjectLink* link);
-    /// A link that isn't in the list is ignored. Null as above.
+    /// A link that isn't in the list is ignored. Null is an internal fault, and ignored if the user lets it
+    /// pass.
     void Remove(AObjectLink* link);
 
     /// Calls each link's `OnNotify`, in the order of their addresses. What one of them throws ends the round.

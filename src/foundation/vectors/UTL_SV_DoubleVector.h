@@ -37,7 +37,7 @@ public:
     long double GetMean() const;
     /// Of a sample: divided by the count less 1.
     long double GetStdDev() const;
-    /// The Euclidean length.
+    /// The root of the sum of the squares.
     long double GetNorm() const;
     long double GetSum() const;
     long double GetSumOfSquares() const;

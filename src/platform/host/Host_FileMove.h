@@ -12,7 +12,9 @@
 //         WIN::ThrowLastError();
 //     }
 
+/// A file takes the place of one that exists; on the same device in one step.
 inline constexpr System::LongWord MOVEFILE_REPLACE_EXISTING = 1;
+/// A file may go to another device, by a copy.
 inline constexpr System::LongWord MOVEFILE_COPY_ALLOWED = 2;
 
 /// Deletes a file or link; a file with the read-only attribute is refused with 5.

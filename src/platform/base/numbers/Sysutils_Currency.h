@@ -20,7 +20,7 @@ TRS8_BTL_API System::UnicodeString CurrToStr(System::Currency value, const TForm
 TRS8_BTL_API System::UnicodeString CurrToStrF(System::Currency value, TFloatFormat format, int digits);
 TRS8_BTL_API System::UnicodeString CurrToStrF(System::Currency value, TFloatFormat format, int digits,
                                               const TFormatSettings& settings);
-/// As `FormatFloat`.
+/// Writes the amount by a picture of `FormatFloat`, exact in all its digits.
 TRS8_BTL_API System::UnicodeString FormatCurr(const System::UnicodeString& format, System::Currency value);
 TRS8_BTL_API System::UnicodeString FormatCurr(const System::UnicodeString& format, System::Currency value,
                                               const TFormatSettings& settings);

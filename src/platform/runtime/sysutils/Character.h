@@ -57,7 +57,8 @@ public:
     /// True if a pair begins at `index`.
     static bool IsSurrogatePair(const System::UnicodeString& text, int index);
 
-    /// A character whose other case is no single unit stays.
+    /// By the rules of Unicode, whatever the locale. A single character whose other case is no single unit
+    /// stays; a text may grow, as U+00DF becomes SS.
     static System::WideChar ToUpper(System::WideChar c);
     static System::UnicodeString ToUpper(const System::UnicodeString& text);
     static System::WideChar ToLower(System::WideChar c);

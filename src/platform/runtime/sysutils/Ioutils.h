@@ -65,7 +65,7 @@ public:
     /// The characters that `IsValidPathChar` denies: the controls below the blank and `"`, `<`, `>`, `|`. The
     /// host could keep all but the zero, but other machines of a user may not.
     [[nodiscard]] TRS8_BTL_API static std::vector<System::WideChar> GetInvalidPathChars();
-    /// Those, and `*`, `/`, `:`, `?`, `\`.
+    /// The characters of `GetInvalidPathChars`, and `*`, `/`, `:`, `?`, `\`.
     [[nodiscard]] TRS8_BTL_API static std::vector<System::WideChar> GetInvalidFileNameChars();
 };
 

@@ -76,7 +76,7 @@ public:
     /// All published properties: those of the parent first, each in the order of its description. A property
     /// that a class describes again stands in the place of the parent's.
     const std::vector<Typinfo::TPropInfo*>& Properties() const noexcept { return mProperties; }
-    /// Case aside; null if there is none.
+    /// The published property of that name, of this class or its parents, case aside; null if there is none.
     Typinfo::TPropInfo* FindProperty(const UnicodeString& name) const;
     /// The published method of this class or its parents, case aside; null if there is none.
     TMethodAddress FindMethod(const UnicodeString& name) const;
