@@ -15,6 +15,12 @@ namespace UTL
 extern template class TRS8_BTL_API GSimpleVector<int>;
 
 /// A vector of integers, with a comma text, their sum and extremes.
+///
+///     UTL::CIntVector set;
+///     set.AddSorted(5, false);
+///     set.AddSorted(1, false);
+///     const bool isIn = set.Contains(5);                          // true
+///     const auto text = set.getCommaText();                       // "1,5"
 class TRS8_BTL_API CIntVector : public GSimpleVector<int>
 {
 public:
