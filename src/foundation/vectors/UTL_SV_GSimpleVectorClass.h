@@ -138,8 +138,8 @@ public:
     void Assign(const GSimpleVector* other);
     void append(const GSimpleVector& other);
 
-    /// Appends a value. A full vector grows by its increment, which moves all elements: who adds many calls
-    /// `reserve` first.
+    /// Appends a value. The capacity of a full vector grows by its increment, the memory by more: many values
+    /// take time in proportion to their count.
     void push_back(const T& value)
     {
         const T copy = value;
