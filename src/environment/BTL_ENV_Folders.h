@@ -10,6 +10,11 @@ namespace BTL
 // The folders that follow from the place of the running program alone. The program's folder (the bin folder)
 // lies in the root. Each result ends with a separator, is worked out once and then kept for the run; no
 // folder is made. The main thread makes the first calls.
+//
+//     const auto settings = BTL::GetProgramIniPath() + u"station.ini";
+//     const auto folder = BTL::GetEndSubPath(BTL::GetBinPath(), 1);       // the last part, as "bin\"
+//     Classes::TStringList names;
+//     if (BTL::GetFiles(BTL::GetHelpPath(), u"*.txt", &names)) { ... }
 
 /// The folder of the running program.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString GetApplicationPath();
@@ -39,7 +44,7 @@ namespace BTL
 [[nodiscard]] TRS8_BTL_API System::UnicodeString GetProgramIniPath();
 /// "DBDef" in the program data.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString GetProgramDBDefPath();
-/// The folder `name` in "DBDef"; the result for the last name is kept.
+/// The folder `name` in "DBDef". The result for the last name is kept without a lock: one thread at a time.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString GetProgramDBDefPath(const System::UnicodeString& name);
 
 /// `path` with a final separator; an empty text stays.

@@ -14,6 +14,12 @@ namespace UTL
 #endif
 
 /// An internal fault: a state that a correct program never reaches.
+///
+///     constexpr UTL::CFaultPlace NoChannel{"Channels.cpp", 12};   // stays as it is when the code moves
+///     if (channel < 0) {
+///         UTL::THROW_XAssert(NoChannel, "channel >= 0");
+///         return;                                                 // where the user let it pass
+///     }
 class TRS8_BTL_API XAssert : public Sysutils::Exception
 {
 public:

@@ -7,6 +7,11 @@ namespace UTL
 {
 
 /// An object that counts its holders and ends with the last of them. The count isn't guarded against threads.
+///
+///     class CShared : public UTL::AAutoObj { ... };
+///     UTL::GAutoPtr<CShared> first = new CShared;
+///     const UTL::GAutoPtr<CShared> second = first;   // two holders
+///     first = nullptr;                               // still there; destroyed with `second`
 class TRS8_BTL_API AAutoObj
 {
 public:

@@ -27,6 +27,11 @@ namespace UTL
 /// - Text is a bool only if it is "0" or "1". It is read by `BTL::ToInt`, `BTL::StrToInt64`, `BTL::ToDouble`
 ///   and `BTL::StrToDateTime`; what the last raises passes through, also where a default is given.
 /// - An array with exactly one item converts as this does, but is no date.
+///
+///     UTL::CVariant value = 2.5;
+///     const int whole = value.ToInt();               // 2
+///     value = System::UnicodeString(u"none");
+///     const double number = value.ToDoubleDef(0);    // 0
 class TRS8_BTL_API CVariant
 {
 public:
@@ -101,9 +106,12 @@ public:
     /// Replaces the items. A null pointer and a negative `count` give none.
     void SetItems(const int* items, int count);
     void SetItems(const double* items, int count);
-    /// As `CVariants::SetItems`.
+    /// The elements of an array of one dimension, or the value that is no array, become the items.
+    /// `Sysutils::EVariantError` for more dimensions and for values that no `CVariant` takes.
     void SetItems(const System::Variant& items);
-    /// As the functions of `AVariantImp`.
+    /// The count of items of an array, else 0; a copy of an item; an item set. `Sysutils::EVariantError` for
+    /// an item of what is no array; an `index` outside is an internal fault, and gives null or sets nothing
+    /// if the user lets that pass.
     int GetCount() const { return mImp->GetCount(mData); }
     CVariant GetItem(int index) const { return mImp->GetItem(mData, index); }
     void SetItem(int index, const CVariant& value) { mImp->SetItem(mData, index, value); }

@@ -17,6 +17,8 @@ enum class EXStrings
 
 /// The fixed texts of the foundation. They are German in every language setting: this layer stands below the
 /// language files.
+///
+///     const System::UnicodeString title = UTL::Ci18n::GetString(UTL::EXStrings::InternalError);
 class Ci18n
 {
 public:

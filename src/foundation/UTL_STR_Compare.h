@@ -8,6 +8,10 @@ namespace UTL
 {
 
 // Comparisons of zero-terminated text in both widths, whatever the locale of the process.
+//
+//     UTL::IsEqual("abc", "abcd", 3);                // true
+//     UTL::IsIEqual(u"Abc", u"aBC", 3);              // true
+//     UTL::IsLess("a", "b");                         // true
 
 /// Exact equality. A null text equals only another null.
 [[nodiscard]] TRS8_BTL_API bool IsEqual(const char* a, const char* b);

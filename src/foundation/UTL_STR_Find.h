@@ -8,6 +8,10 @@ namespace UTL
 {
 
 // Where a character stands in zero-terminated text, in both widths. A null text counts as empty.
+//
+//     UTL::find_first_of(',', "a,b,c", 2);           // 3
+//     UTL::find_first_not_of(' ', "  a", 0);         // 2
+//     UTL::find_first_of2(u';', u',', u"a,b;c", 0);  // 1
 
 /// The 0-based index of the first `c` at or behind `start`, -1 if there is none. A negative `start` raises an
 /// assertion, and gives -1 if that returns.

@@ -11,6 +11,11 @@ namespace UTL
 // Numbers and zero-terminated text in both widths. The rules are those of the C library in its "C" locale,
 // whatever the locale of the process: the decimal point is `.`, white space and digits are those of ASCII. A
 // null text counts as empty.
+//
+//     long count = 0;
+//     if (UTL::GetLong("42", count)) { ... }         // the whole text is a number
+//     const int number = UTL::ToInt("42 V");         // 42: what the text begins with
+//     const UTL::CString text = UTL::IntToString(7);
 
 /// Reads the whole `text` as a decimal number. An empty text gives false and leaves `value` alone; any other
 /// writes what could be read, 0 at worst and the nearest limit on an overflow. True if nothing was left over;

@@ -9,6 +9,8 @@ namespace UTL
 
 /// Formats by the rules of `System::PrintfA`, which raises `Sysutils::EConvertError` where the arguments
 /// don't fit. A result of more than 511 characters is cut there. The result of a wide format is narrowed.
+///
+///     const UTL::CString line = UTL::SPrintf("%s: %.2f V", "U", 12.5); // "U: 12.50 V"
 TRS8_BTL_API CString VSPrintf(const char* format, System::TVarArgs arguments);
 TRS8_BTL_API CString VSPrintf(const System::WideChar* format, System::TVarArgs arguments);
 

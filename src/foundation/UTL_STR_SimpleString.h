@@ -15,6 +15,11 @@ namespace UTL
 /// The smallest string: one pointer to a zero-terminated text of its own, or null. The text is 8-bit in the
 /// system's code page; wide text is narrowed on the way in. The null state and an empty array both print
 /// nothing, but they are not equal. A text ends at its first zero.
+///
+///     UTL::CSimpleString name = "U";
+///     name += u" [V]";                               // narrowed
+///     const int length = name.length();              // 5
+///     const System::UnicodeString wide = name;
 class TRS8_BTL_API CSimpleString
 {
 public:

@@ -10,6 +10,10 @@ namespace UTL
 {
 
 /// A `std::string` with the helpers of this layer. The text is 8-bit in the system's code page.
+///
+///     UTL::CString text = "  12 ";
+///     const int number = text.Trim().ToInt();        // 12
+///     text += System::AnsiString("V");
 class TRS8_BTL_API CString : public std::string
 {
 public:

@@ -15,6 +15,8 @@ namespace UTL
 
 /// A copy of `text` in an array of at least `minimum` characters, the rest of which is zero. The caller frees
 /// it with `delete[]`.
+///
+///     const std::unique_ptr<char[]> copy(UTL::strnewdup("abc", 10));
 [[nodiscard]] TRS8_BTL_API char* strnewdup(const char* text, unsigned minimum = 0);
 [[nodiscard]] TRS8_BTL_API System::WideChar* strnewdup(const System::WideChar* text, unsigned minimum = 0);
 

@@ -9,6 +9,10 @@ namespace UTL
 
 // Words of zero-terminated text in both widths, whatever the locale of the process. Narrow letters and digits
 // are those of ASCII or of a table, wide ones all of Unicode's basic plane. A null text counts as empty.
+//
+//     unsigned offset = 0;
+//     unsigned length = 0;
+//     if (UTL::GetWord("= u_1 + 2", offset, length)) { ... } // 2 and 3: "u_1"
 
 /// 256 bytes, 1 for each character that can begin a word: `A` to `Z`, `a` to `z`, `_` and the letters of the
 /// Western code page from code 142 up.

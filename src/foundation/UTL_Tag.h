@@ -7,6 +7,10 @@ namespace UTL
 {
 
 /// A word of 32 independent bits. Only the low five bits of a bit's number count.
+///
+///     UTL::CTag tag(3, true);
+///     tag.SetBit(0, true);
+///     const bool isSet = tag.GetBit(3);              // true
 class CTag
 {
 public:

@@ -5,6 +5,12 @@ namespace UTL
 {
 
 /// Flips a flag for a scope. The flag must outlive it.
+///
+///     bool isLoading = false;
+///     {
+///         const UTL::CSetBool scope(isLoading, true);
+///         Load();
+///     }                                              // false again, also after an exception
 class CToggle
 {
 public:

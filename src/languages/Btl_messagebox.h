@@ -10,6 +10,9 @@ namespace BTL
 // is given it is the application's title. All of them work also before the application object exists and
 // after it is gone. A formatted text holds at most 4095 characters, the rest is cut; a format that misfits
 // its arguments raises `Sysutils::EConvertError`.
+//
+//     BTL::MessageBox1_VA(u"%d files\\nread", MB_OK, 3);          // two lines
+//     if (BTL::MessageBoxW(u"Go on?", MB_YESNO | MB_ICONQUESTION) == IDYES) { ... }
 
 TRS8_BTL_API int MessageBoxW(const System::WideChar* text, int flags);
 TRS8_BTL_API int MessageBoxW(const System::WideChar* text, const System::WideChar* caption, int flags);

@@ -15,6 +15,10 @@ TRS8_BTL_API System::UnicodeString GetErrorMessage(unsigned long code);
 TRS8_BTL_API System::UnicodeString GetLastError();
 
 /// A failed system call.
+///
+///     if (!CopyFileW(from, to, true)) {
+///         WIN::ThrowLastError();                                  // `XLastError`, with the host's words
+///     }
 class TRS8_BTL_API XWinError : public Sysutils::Exception
 {
 public:
@@ -47,7 +51,7 @@ private:
     XLastError(const System::UnicodeString& text, unsigned long code);
 };
 
-/// Raises `XWinError`.
+/// Raises `XWinError` with the system's description of `code`, also for 0.
 [[noreturn]] TRS8_BTL_API void ThrowSystemError(unsigned long code);
 
 /// Raises `XLastError` if the thread's last error isn't 0. While the application terminates nobody could

@@ -11,6 +11,12 @@ namespace BTL
 {
 
 /// An object of an application's own kind that a vector or map below keeps.
+///
+///     class CScale : public BTL::AElement { ... };
+///     BTL::CElementMap common(nullptr);
+///     common.AddElement(u"y", new CScale);
+///     BTL::CElementMap own(&common);                              // asks `common` for what it lacks
+///     auto* const scale = dynamic_cast<CScale*>(own[u"y"]);
 class TRS8_BTL_API AElement
 {
 public:

@@ -24,6 +24,12 @@ public:
 /// The subscribers of an object. It doesn't own them: a subscriber and the list may go in any order. While
 /// they are told something, links may come and go, and the list itself may be destroyed: who has left by then
 /// is passed over, who comes is told from the next time on.
+///
+///     BTL::CObjectLinks links;
+///     BTL::AObjectLink link;                                      // leaves the list when it goes
+///     link.setOnChanged([](void*) { Redraw(); });
+///     link.Subscribe(&links);
+///     links.Changed(nullptr);
 class TRS8_BTL_API CObjectLinks
 {
 public:
@@ -36,7 +42,8 @@ public:
     /// The link leaves the list that it was in. Null is an internal fault, and ignored if the user lets it
     /// pass.
     void Add(AObjectLink* link);
-    /// A link that isn't in the list is ignored. Null as above.
+    /// A link that isn't in the list is ignored. Null is an internal fault, and ignored if the user lets it
+    /// pass.
     void Remove(AObjectLink* link);
 
     /// Calls each link's `OnNotify`, in the order of their addresses. What one of them throws ends the round.

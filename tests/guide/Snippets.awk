@@ -39,6 +39,7 @@ END {
     if (whole) {
         exit
     }
-    print includes "#include <iostream>\n\nnamespace\n{\n" >program
-    print declarations functions "} // namespace\n\nint main()\n{\n" calls "}" >program
+    print includes "#include <iostream>\n" >program
+    print declarations "\nnamespace\n{\n" >program
+    print functions "} // namespace\n\nint main()\n{\n" calls "}" >program
 }

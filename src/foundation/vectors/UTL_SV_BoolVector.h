@@ -9,7 +9,7 @@ namespace UTL
 
 extern template class TRS8_BTL_API GSimpleVector<bool>;
 
-/// A vector of truth values.
+/// A vector of truth values, a byte each, with a comma text. `UTL::CFlags` has eight to the byte.
 class TRS8_BTL_API CBoolVector : public GSimpleVector<bool>
 {
 public:

@@ -10,6 +10,10 @@ namespace UTL
 extern template class TRS8_BTL_API GSimpleVector<double>;
 
 /// A vector of floats, with their statistics.
+///
+///     UTL::CDoubleVector values;
+///     values.setCommaText(u"1.5,2.5,5");
+///     const double mean = static_cast<double>(values.GetMean());  // 3
 class TRS8_BTL_API CDoubleVector : public GSimpleVector<double>
 {
 public:
@@ -33,7 +37,7 @@ public:
     long double GetMean() const;
     /// Of a sample: divided by the count less 1.
     long double GetStdDev() const;
-    /// The Euclidean length.
+    /// The root of the sum of the squares.
     long double GetNorm() const;
     long double GetSum() const;
     long double GetSumOfSquares() const;

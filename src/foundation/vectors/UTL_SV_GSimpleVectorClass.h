@@ -138,7 +138,8 @@ public:
     void Assign(const GSimpleVector* other);
     void append(const GSimpleVector& other);
 
-    /// A full vector grows by its increment.
+    /// Appends a value. The capacity of a full vector grows by its increment, the memory by more: many values
+    /// take time in proportion to their count.
     void push_back(const T& value)
     {
         const T copy = value;
@@ -163,7 +164,7 @@ public:
     /// Deletes the first element equal to `value` and gives its index; -1 if there is none.
     int Remove(const T& value);
 
-    /// The last element becomes the first.
+    /// Puts the elements in the opposite order.
     void Reverse();
     /// An index out of range is an internal fault, and swaps nothing if the user lets it pass.
     void Swap(int i, int j);

@@ -9,7 +9,7 @@ namespace UTL
 
 extern template class TRS8_BTL_API GSimpleVector<System::Int64>;
 
-/// A vector of 64-bit integers.
+/// A vector of 64-bit integers, with a comma text, their sum and extremes.
 class TRS8_BTL_API CInt64Vector : public GSimpleVector<System::Int64>
 {
 public:
@@ -24,13 +24,13 @@ public:
     /// elements read until then stay.
     void setCommaText(System::UnicodeString text);
 
-    /// 0 in an empty vector.
+    /// The largest and the smallest element; 0 in an empty vector.
     System::Int64 GetMaxValue() const;
     System::Int64 GetMinValue() const;
-    /// Wraps on an overflow.
+    /// The sum of the elements, which wraps on an overflow.
     System::Int64 GetSum() const;
 
-    /// `defaultValue` for an index out of range.
+    /// The element at `index`; `defaultValue` for one out of range.
     System::Int64 AtOrDef(int index, System::Int64 defaultValue) const;
 };
 

@@ -14,7 +14,13 @@ namespace UTL
 
 extern template class TRS8_BTL_API GSimpleVector<int>;
 
-/// A vector of integers.
+/// A vector of integers, with a comma text, their sum and extremes.
+///
+///     UTL::CIntVector set;
+///     set.AddSorted(5, false);
+///     set.AddSorted(1, false);
+///     const bool isIn = set.Contains(5);                          // true
+///     const auto text = set.getCommaText();                       // "1,5"
 class TRS8_BTL_API CIntVector : public GSimpleVector<int>
 {
 public:
@@ -31,13 +37,13 @@ public:
     /// elements read until then stay.
     void setCommaText(System::UnicodeString text);
 
-    /// 0 in an empty vector.
+    /// The largest and the smallest element; 0 in an empty vector.
     int GetMaxValue() const;
     int GetMinValue() const;
-    /// Wraps on an overflow.
+    /// The sum of the elements, which wraps on an overflow.
     int GetSum() const;
 
-    /// `defaultValue` for an index out of range.
+    /// The element at `index`; `defaultValue` for one out of range.
     int AtOrDef(int index, int defaultValue) const;
 
     // Integers in the object slots of a string list. A null list is an internal fault, and nothing happens if

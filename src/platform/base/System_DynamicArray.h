@@ -16,8 +16,13 @@ namespace System
 [[noreturn]] TRS8_BTL_API void ThrowArrayLength(int length);
 
 /// An array of `T`, counted from 0. A copy of the object shares the elements: what one writes, the other
-/// sees. `Copy` makes an array of its own, and a change of the length parts the array from those that it
-/// shared elements with.
+/// sees, also in another thread. `Copy` makes an array of its own, and a change of the length parts the array
+/// from those that it shared elements with.
+///
+///     DynamicArray<int> a{1, 2, 3};
+///     DynamicArray<int> b = a;
+///     b[0] = 9;                                                   // a[0] too
+///     b = a.Copy();                                               // elements of its own
 template <class T>
 class DynamicArray
 {

@@ -35,6 +35,13 @@ concept RangeOfTexts = IterableRange<R> && TextSource<RangeElement<R>> && !TextS
 
 /// Walks over a container that gives its elements by index, as values. It stays valid while the container
 /// lives; one that stands behind the end fails as the container's `operator[]` does.
+///
+///     struct CRow {
+///         using CIterator = GIndexIterator<CRow, int>;
+///         int operator[](int index) const { return mFirst + index; }
+///         CIterator begin() const { return {*this, 0}; }
+///         CIterator end() const { return {*this, mCount}; } ...
+///     };
 template <class Container, class Value>
 class GIndexIterator
 {

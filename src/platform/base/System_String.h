@@ -69,6 +69,11 @@ TRS8_BTL_API std::ostream& WriteBytes(std::ostream& stream, std::string_view byt
 } // namespace Detail
 
 /// Wide text in UTF-16. Narrow text enters as text of the system's code page.
+///
+///     UnicodeString text = u"5 \u00B5m";
+///     const AnsiString narrow = text;                             // Windows-1252
+///     const std::string utf8 = ToUtf8(text);
+///     text = FromUtf8(utf8) + u' ' + UnicodeString(0.5);
 class UnicodeString : public GString<UnicodeString, WideChar>
 {
     using Base = GString<UnicodeString, WideChar>;

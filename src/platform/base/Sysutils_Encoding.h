@@ -8,6 +8,10 @@ namespace Sysutils
 
 /// The form of a text in bytes. The standard encodings live to the end of the process; callers hold pointers
 /// to them.
+///
+///     const TEncoding* const utf8 = TEncoding::getUTF8();
+///     const System::RawByteString bytes = utf8->GetBytes(u"5 \u00B5m");
+///     const System::UnicodeString text = TEncoding(1252).GetString("5 \xB5m");
 class TRS8_BTL_API TEncoding
 {
 public:

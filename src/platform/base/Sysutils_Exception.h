@@ -35,7 +35,8 @@ private:
     System::UTF8String mUtf8;
 };
 
-/// Ends what it is thrown through without a message to the user.
+/// A quiet end: a program throws it to leave what it does, and who shows exceptions passes over it. The
+/// library itself raises none.
 class TRS8_BTL_API EAbort : public Exception
 {
 public:
@@ -43,7 +44,8 @@ public:
     ~EAbort() override;
 };
 
-/// A text that can't be converted to the type asked for, or back.
+/// A text that is no value of the type asked for, a value that has no text, a format that doesn't fit its
+/// arguments, or an object that another one can't take over by `Assign`. The message names the text.
 class TRS8_BTL_API EConvertError : public Exception
 {
 public:
@@ -51,7 +53,8 @@ public:
     ~EConvertError() override;
 };
 
-/// A variant that can't be converted, or that an operation doesn't take.
+/// A variant that has no value of the type asked for, or one that this type can't hold; also an index outside
+/// an array in a variant, and arrays that nest too deep.
 class TRS8_BTL_API EVariantError : public Exception
 {
 public:
@@ -59,7 +62,7 @@ public:
     ~EVariantError() override;
 };
 
-/// There is no memory for what was asked for, or it is too large to be had.
+/// There is no memory for a text, a vector or a stream, or it would have more elements than it can count.
 class TRS8_BTL_API EOutOfMemory : public Exception
 {
 public:
@@ -67,7 +70,8 @@ public:
     ~EOutOfMemory() override;
 };
 
-/// A failed operation on files or folders.
+/// A name that is no path of the host, or no folder that could be made. Calls on files that fail in the host
+/// don't raise it: they answer by their result, and `RaiseLastOSError` tells the reason.
 class TRS8_BTL_API EInOutError : public Exception
 {
 public:
@@ -75,7 +79,7 @@ public:
     ~EInOutError() override;
 };
 
-/// An argument that the function doesn't take.
+/// An argument that a function can't work with, such as an unknown code page or a path with a zero in it.
 class TRS8_BTL_API EArgumentException : public Exception
 {
 public:
@@ -83,7 +87,7 @@ public:
     ~EArgumentException() override;
 };
 
-/// An argument outside the range that the function takes.
+/// A place outside a text, as of `TStringBuilder` and `TCharacter`, or a code that is no character.
 class TRS8_BTL_API EArgumentOutOfRangeException : public EArgumentException
 {
 public:
@@ -91,7 +95,7 @@ public:
     ~EArgumentOutOfRangeException() override;
 };
 
-/// The base of faults in whole numbers.
+/// The base of faults in whole numbers, for handlers; never raised itself.
 class TRS8_BTL_API EIntError : public Exception
 {
 public:
@@ -99,7 +103,7 @@ public:
     ~EIntError() override;
 };
 
-/// A division of a whole number, an amount or a variant by 0.
+/// An amount or a variant is divided by 0. Plain numbers are the language's and raise nothing.
 class TRS8_BTL_API EDivByZero : public EIntError
 {
 public:
@@ -107,7 +111,7 @@ public:
     ~EDivByZero() override;
 };
 
-/// An index or a value outside its range.
+/// An index outside a string, an array, a vector or a list of pairs or variants.
 class TRS8_BTL_API ERangeError : public EIntError
 {
 public:
@@ -115,7 +119,7 @@ public:
     ~ERangeError() override;
 };
 
-/// A result that its type doesn't hold.
+/// An amount beyond the range of `System::Currency`.
 class TRS8_BTL_API EIntOverflow : public EIntError
 {
 public:
@@ -123,7 +127,8 @@ public:
     ~EIntOverflow() override;
 };
 
-/// The base of faults in the arithmetic of floats.
+/// The base of faults in the arithmetic of floats, for a program's own classes: the library raises none, and
+/// its floats become infinite or no number.
 class TRS8_BTL_API EMathError : public Exception
 {
 public:
@@ -131,7 +136,8 @@ public:
     ~EMathError() override;
 };
 
-/// A failed call of the host; `ErrorCode` is the platform's number.
+/// A failed call of the host, as `RaiseLastOSError` raises it. The message is the host's description;
+/// `ErrorCode` is the number of `::GetLastError`.
 class TRS8_BTL_API EOSError : public Exception
 {
 public:

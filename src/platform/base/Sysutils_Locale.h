@@ -9,6 +9,11 @@ namespace Sysutils
 {
 
 /// All that number, date and money texts follow.
+///
+///     TFormatSettings german;                                     // in place of the user's
+///     german.DecimalSeparator = u',';
+///     german.ThousandSeparator = u'.';
+///     FloatToStr(1.5, german);                                    // "1,5"
 struct TFormatSettings
 {
     System::UnicodeString CurrencyString = u"€";

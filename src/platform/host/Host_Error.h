@@ -64,6 +64,10 @@ inline constexpr unsigned long ERROR_CANT_RESOLVE_FILENAME = 1921;
 inline constexpr unsigned long FORMAT_MESSAGE_FROM_SYSTEM = 4096;
 
 /// The reason of the thread's last failed call; 0 in a new thread. Calls that succeed leave it alone.
+///
+///     if (!DeleteFileW(u"a.txt") && GetLastError() != ERROR_FILE_NOT_FOUND) {
+///         WIN::ThrowLastError();
+///     }
 TRS8_BTL_API unsigned long GetLastError();
 TRS8_BTL_API void SetLastError(unsigned long code);
 

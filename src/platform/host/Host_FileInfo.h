@@ -9,6 +9,11 @@
 //
 // All calls answer a failure with `false`, -1 or their invalid value and set the last error. A path with an
 // embedded zero fails with 123; it is never cut.
+//
+//     if (const auto info = Host::QueryFile(u"a.txt")) {
+//         const bool isFolder = (info->attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+//         Use(info->size, isFolder);
+//     }
 
 /// The owner has no permission to write.
 inline constexpr System::LongWord FILE_ATTRIBUTE_READONLY = 0x01;

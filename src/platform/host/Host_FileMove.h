@@ -7,8 +7,14 @@
 //
 // All calls answer a failure with `false`, -1 or their invalid value and set the last error. A path with an
 // embedded zero fails with 123; it is never cut.
+//
+//     if (!MoveFileExW(u"a.txt.new", u"a.txt", MOVEFILE_REPLACE_EXISTING)) {
+//         WIN::ThrowLastError();
+//     }
 
+/// A file takes the place of one that exists; on the same device in one step.
 inline constexpr System::LongWord MOVEFILE_REPLACE_EXISTING = 1;
+/// A file may go to another device, by a copy.
 inline constexpr System::LongWord MOVEFILE_COPY_ALLOWED = 2;
 
 /// Deletes a file or link; a file with the read-only attribute is refused with 5.

@@ -10,6 +10,10 @@
 //
 // All calls answer a failure with `false`, -1 or their invalid value and set the last error. A path with an
 // embedded zero fails with 123; it is never cut.
+//
+//     CreateDirectoryW(u"out");
+//     for (const System::UnicodeString& name : Host::ListFolder(u"out").value()) { ... }  // "." and ".."
+//     const auto disk = Host::QueryDisk(u"out");
 
 /// Makes one level; 183 if the name is taken. `security` is not looked at.
 TRS8_BTL_API bool CreateDirectoryW(const System::UnicodeString& folder, void* security = nullptr);

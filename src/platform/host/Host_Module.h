@@ -10,6 +10,9 @@ TRS8_BTL_API unsigned long GetCurrentProcessId();
 /// of the running program for null, else of the program or library that holds the address `module`. Gives the
 /// count of characters; 0 with the last error 126 if no module holds it. A longer path is cut: the result is
 /// `size` then, and the last error 122.
+///
+///     System::WideChar path[1000];
+///     const unsigned long length = GetModuleFileNameW(nullptr, path, 1000);   // of the program
 TRS8_BTL_API unsigned long GetModuleFileNameW(const void* module, System::WideChar* buffer,
                                               unsigned long size);
 

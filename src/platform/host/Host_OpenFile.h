@@ -7,6 +7,12 @@
 //
 // All calls answer a failure with `false`, -1 or their invalid value and set the last error. A path with an
 // embedded zero fails with 123; it is never cut.
+//
+//     using namespace Host;
+//     const System::NativeInt file = OpenFile(u"a.txt", ReadAccess, ReadAccess, Disposition::Open);
+//     char bytes[100];
+//     const System::Int64 count = ReadFile(file, bytes, sizeof bytes);
+//     CloseFile(file);
 
 namespace Host
 {

@@ -11,6 +11,9 @@
 // - a byte that isn't part of valid UTF-8 (U+DC80 to U+DCFF),
 // - a `\` inside a name (U+DC5C),
 // - the `:` of a name such as "a:b" at the begin of a path, where it would be read as a drive (U+DC3A).
+//
+//     std::ofstream stream(Sysutils::HostPath(u"\\tmp\\a.txt"));   // "/tmp/a.txt"
+//     Sysutils::FromHostPath("/home/u/x");                        // "\home\u\x"
 
 namespace Sysutils
 {

@@ -20,6 +20,8 @@ inline constexpr System::NativeInt SE_ERR_NOASSOC = 31;
 /// `directory` is the folder to start in, and that from which a relative `file` counts. What was started runs
 /// apart from the caller and outlives it. Whether the desktop opens a file at last is known only if it
 /// refuses within half a second. `owner` and `show` are not looked at.
+///
+///     if (ShellExecuteW(nullptr, u"open", u"help.html", nullptr, nullptr, SW_SHOWNORMAL) <= 32) { ... }
 TRS8_BTL_API System::NativeInt ShellExecuteW(void* owner, const System::WideChar* verb,
                                              const System::WideChar* file, const System::WideChar* parameters,
                                              const System::WideChar* directory, int show);

@@ -4,6 +4,9 @@
 #include "platform/base/System_String.h"
 
 // Where a user's own files lie: the home folder, folders that the environment names, new temporary files.
+//
+//     const auto file = Host::MakeTempFile(Host::HomeFolder(), u"copy");
+//     const auto folder = Host::EnvironmentPath("XDG_CONFIG_HOME");       // empty if it is unset
 
 namespace Host
 {

@@ -29,5 +29,7 @@ inline constexpr int IDNO = 7;
 
 /// Shows a box through the current toolkit and waits for its answer. `owner` is the window it belongs to, or
 /// null. A null `text` counts as empty; a null `caption` as "Error".
+///
+///     if (MessageBoxW(nullptr, u"Overwrite?", u"Station", MB_YESNO | MB_ICONQUESTION) == IDYES) { ... }
 TRS8_BTL_API int MessageBoxW(void* owner, const System::WideChar* text, const System::WideChar* caption,
                              unsigned flags);

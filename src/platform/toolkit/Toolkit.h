@@ -23,6 +23,9 @@ struct TBox
 };
 
 /// The seam to a graphical toolkit. All operations but `Post` belong to the main thread.
+///
+///     Toolkits::CurrentToolkit().Post([text] { Show(text); });    // from any thread, to run in the main one
+///     Forms::Application->ProcessMessages();                      // in the main thread: runs it
 class TRS8_BTL_API Toolkit
 {
 public:

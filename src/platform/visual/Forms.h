@@ -9,7 +9,14 @@
 namespace Forms
 {
 
-/// The running program as an object: its title, its message loop, its boxes.
+/// The running program as an object: its title, its message loop, its boxes. It belongs to the main thread,
+/// but for `Terminate`.
+///
+///     Forms::Application->setTitle(u"Station");
+///     Forms::Application->MessageBox(u"Done.", nullptr, MB_OK);
+///     while (!Forms::Application->getTerminated()) {
+///         Forms::Application->HandleMessage();
+///     }
 class TRS8_BTL_API TApplication
 {
 public:
@@ -49,7 +56,7 @@ private:
     std::atomic<bool> mTerminated = false;
 };
 
-/// The screens of the machine.
+/// The screens of the machine, as one rectangle in pixels. Of the main thread.
 class TRS8_BTL_API TScreen
 {
 public:

@@ -81,7 +81,7 @@ TRS8_BTL_API System::TDateTime IncMinute(const System::TDateTime& date, int n);
 /// The move by that unit; an unknown unit gives `date`.
 TRS8_BTL_API System::TDateTime CalcNextDate(const System::TDateTime& date, int n, EDateIntervalUnit unit);
 
-/// 0 for a value without a date.
+/// The day, the month and the year of a date; 0 for a value without one.
 TRS8_BTL_API System::Word GetDayOf(const System::TDateTime& date);
 TRS8_BTL_API System::Word GetMonthOf(const System::TDateTime& date);
 TRS8_BTL_API System::Word GetYearOf(const System::TDateTime& date);

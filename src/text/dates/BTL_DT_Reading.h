@@ -31,7 +31,7 @@ TRS8_BTL_API System::TDateTime StrToDateTime(const System::UnicodeString& text,
 /// The date alone; 0 if its year, month or day is 0.
 TRS8_BTL_API System::TDateTime StrToDate(const System::UnicodeString& text,
                                          const System::UnicodeString& mask);
-/// The time alone.
+/// The time alone, by the letters `h`, `n`, `s` and `c` of `mask`; midnight without any.
 TRS8_BTL_API System::TDateTime StrToTime(const System::UnicodeString& text,
                                          const System::UnicodeString& mask);
 

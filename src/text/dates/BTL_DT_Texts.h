@@ -12,14 +12,14 @@ namespace BTL
 //     const auto sql = u"SELECT * FROM t WHERE day = " + BTL::GetSQLDateString(Sysutils::Now(), true);
 //     const auto file = u"Log_" + BTL::GetValidFileName(Sysutils::Now()) + u".txt";
 
-/// Local date and time, as `Sysutils::DateTimeToStr`.
+/// The text of `Sysutils::Now`, as `Sysutils::DateTimeToStr` writes it.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString GetLocalTime();
-/// The local day, as `Sysutils::DateToStr`.
+/// The text of the local day, as `Sysutils::DateToStr` writes it.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString GetCurrentDate();
 
-/// The text of `GetValidDate`.
+/// The date that `GetValidDate` makes of any text, as `Sysutils::DateToStr` writes it.
 TRS8_BTL_API System::UnicodeString GetValidDateString(const System::UnicodeString& text);
-/// The text of `GetValidDateTime`, with its milliseconds.
+/// The value that `GetValidDateTime` makes of a text, as `GetDateTimeStringWithMSec` writes it.
 TRS8_BTL_API System::UnicodeString GetValidDateTimeString(const System::UnicodeString& text);
 /// As `Sysutils::DateTimeToStr`, and with milliseconds behind it if there are any and `LongTimeFormat` shows
 /// none.

@@ -68,7 +68,7 @@ template <std::same_as<char> Narrow>
 /// True if `sub` stands at `at`; an empty `sub` stands everywhere from 1 to one past the end.
 [[nodiscard]] TRS8_BTL_API bool BeginsWith(const System::UnicodeString& s, const System::UnicodeString& sub,
                                            int at);
-/// False for an empty `sub`.
+/// Whether `sub` stands at the end; false for an empty `sub`.
 [[nodiscard]] TRS8_BTL_API bool EndsWith(const System::UnicodeString& s, const System::UnicodeString& sub);
 /// As `EndsWith`, but without regard to case.
 [[nodiscard]] TRS8_BTL_API bool IEndsWith(const System::UnicodeString& s, const System::UnicodeString& sub);

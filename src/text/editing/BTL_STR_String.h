@@ -14,6 +14,11 @@ extern TRS8_BTL_API const System::UnicodeString kEmptyString;
 
 /// What the two string values share: operations of their text `S`, with results of the type `Self`. Unlike
 /// those of the text itself, all indices count from 0.
+///
+///     const BTL::CUnicodeString text(u"a=b");
+///     const int place = text.find_first_of(u'=', 0);              // 1
+///     const BTL::CUnicodeString value = text.SubString(place + 1, 1);
+///     text.Write(stream);                                         // "3 a=b"; `Read` takes it back
 template <class Self, class S>
 class GStringValue
 {

@@ -32,6 +32,7 @@ namespace BTL
 /// The count of characters behind the separator of `TrimFloat(text)`.
 [[nodiscard]] TRS8_BTL_API int GetDigits(const System::UnicodeString& text);
 [[nodiscard]] TRS8_BTL_API int GetDigits(const System::AnsiString& text);
+/// Both at once: the count of `GetPrecision` and that of `GetDigits`.
 TRS8_BTL_API void GetFloatFormat(const System::UnicodeString& text, int& precision, int& digits);
 TRS8_BTL_API void GetFloatFormat(const System::AnsiString& text, int& precision, int& digits);
 

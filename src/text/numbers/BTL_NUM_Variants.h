@@ -9,6 +9,10 @@ namespace BTL
 /// The value of `text` in the type that fits best: a `varInt64` if `ToInt` reads it, else a `varDouble` if
 /// `ToDouble` does, else the text itself. `ToInt` ignores what follows the digits, so "12abc" gives 12 and
 /// "1.5" gives 1.
+///
+///     const System::Variant number = BTL::GetVariant(u"12");      // a whole number
+///     const System::Variant text = BTL::GetVariant(u"abc");
+///     const auto shown = BTL::GetStringW(number);                 // "12"
 TRS8_BTL_API System::Variant GetVariant(const System::UnicodeString& text);
 TRS8_BTL_API System::Variant GetVariant(const System::AnsiString& text);
 /// A literal of 8-bit text; null counts as the empty text.

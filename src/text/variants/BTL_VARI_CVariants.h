@@ -31,7 +31,8 @@ public:
 
     /// Takes the values in place of the entries.
     void Assign(const UTL::CVariants& items);
-    /// `Sysutils::EVariantError` for an entry that no `UTL::CVariant` takes, which leaves `items` alone.
+    /// Appends the entries to `items`. `Sysutils::EVariantError` for one that no `UTL::CVariant` takes, which
+    /// leaves `items` alone.
     void AddVariantsTo(UTL::CVariants& items) const;
     /// As `AddVariantsTo`, but in place of the former items.
     void GetVariants(UTL::CVariants& items) const;

@@ -76,8 +76,9 @@ public:
 class TRS8_BTL_API CIntToVarMap : public GVariantMap<int>
 {
 public:
-    /// Makes the value of each key empty.
+    /// Gives each of the keys the empty variant, also those that have a value.
     void Add(const UTL::CIntVector& keys) { Add(keys, System::Variant()); }
+    /// Gives each of the keys that value, also those that have one.
     void Add(const UTL::CIntVector& keys, const System::Variant& value);
 };
 

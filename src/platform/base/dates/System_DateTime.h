@@ -98,10 +98,10 @@ public:
     void DecodeDate(Word* year, Word* month, Word* day) const;
     void DecodeTime(Word* hour, Word* minute, Word* second, Word* milliSecond) const;
 
-    /// Local time.
+    /// The local day without a time, and the local time of day without a date.
     static TDateTime CurrentDate();
     static TDateTime CurrentTime();
-    /// Local time.
+    /// Local date and time, to the millisecond.
     static TDateTime CurrentDateTime();
 
     double Val = 0;

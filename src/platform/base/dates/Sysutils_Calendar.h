@@ -8,6 +8,12 @@
 // Days and times of day, as numbers. The calendar is the Gregorian one, also for days before its time, from
 // year 1 to 9999. A value outside these years, an infinite one and none at all have no date: all their fields
 // are 0, the time of day too. Local time is that of the host.
+//
+//     const TDateTime day = EncodeDate(2024, 1, 31);
+//     const TDateTime next = IncMonth(day);                       // 29 February
+//     Word year = 0, month = 0, date = 0;
+//     DecodeDate(next, year, month, date);
+//     const bool isWeekend = DayOfWeek(day) == 1 || DayOfWeek(day) == 7;
 
 namespace Sysutils
 {

@@ -7,6 +7,12 @@
 // Reading dates and times. The whole text must fit; blanks may stand around its parts. `EConvertError` on
 // failure; the other forms give false and leave `value` alone, or the default. Forms without settings follow
 // `FormatSettings`.
+//
+//     TFormatSettings settings;
+//     settings.ShortDateFormat = u"d.M.yyyy";
+//     settings.DateSeparator = u'.';
+//     TDateTime value;
+//     if (TryStrToDateTime(u"28.2.2022 12:30", value, settings)) { ... }
 
 namespace Sysutils
 {

@@ -6,6 +6,10 @@
 
 // The texts of dates and times. No date is written with zeros and without names. Forms without settings
 // follow `FormatSettings`.
+//
+//     FormatDateTime(u"yyyy-mm-dd hh:nn", value);                 // "2022-02-28 12:30"
+//     FormatDateTime(u"d. mmmm 'at' h am/pm", value);             // "28. February at 12 pm"
+//     DateTimeToStr(value);                                       // as the user's locale writes it
 
 namespace Sysutils
 {

@@ -4,6 +4,9 @@
 #include "platform/base/dates/System_DateTime.h"
 
 // The packed file dates of `FileAge`, in steps of two seconds.
+//
+//     const int packed = DateTimeToFileDate(EncodeDate(2022, 2, 28));
+//     const TDateTime value = FileDateToDateTime(packed);         // 28 February 2022
 
 namespace Sysutils
 {

@@ -12,6 +12,10 @@ namespace System
 /// An amount of money, exact to four decimals, from -922337203685477.5808 to 922337203685477.5807. What has
 /// more decimals is rounded, a half away from zero. A result beyond the range raises
 /// `Sysutils::EIntOverflow`, as does a float that is no number.
+///
+///     const Currency price = 19.99;
+///     const Currency sum = price * 3;                             // 59.97, to the last digit
+///     const UnicodeString text(sum);
 class TRS8_BTL_API Currency
 {
 public:

@@ -8,6 +8,10 @@ namespace Sysutils
 {
 
 // Text of money, exact in all its digits. Forms without settings follow `FormatSettings`.
+//
+//     const System::Currency sum = StrToCurr(u"1234.5");
+//     CurrToStr(sum);                                             // "1234.5"
+//     CurrToStrF(sum, ffNumber, 2);                               // "1,234.50"
 
 /// The shortest text: no thousand separators, no needless decimals, no currency.
 TRS8_BTL_API System::UnicodeString CurrToStr(System::Currency value);
@@ -16,7 +20,7 @@ TRS8_BTL_API System::UnicodeString CurrToStr(System::Currency value, const TForm
 TRS8_BTL_API System::UnicodeString CurrToStrF(System::Currency value, TFloatFormat format, int digits);
 TRS8_BTL_API System::UnicodeString CurrToStrF(System::Currency value, TFloatFormat format, int digits,
                                               const TFormatSettings& settings);
-/// As `FormatFloat`.
+/// Writes the amount by a picture of `FormatFloat`, exact in all its digits.
 TRS8_BTL_API System::UnicodeString FormatCurr(const System::UnicodeString& format, System::Currency value);
 TRS8_BTL_API System::UnicodeString FormatCurr(const System::UnicodeString& format, System::Currency value,
                                               const TFormatSettings& settings);

@@ -12,6 +12,10 @@ namespace Sysutils
 /// or one too small for the number, gives the general form. 15 significant digits of a `double`
 /// count, 18 of a `long double`, and a half is rounded away from zero on these digits. Forms without settings
 /// follow `FormatSettings`.
+///
+///     FormatFloat(u"#,##0.00", 1234.5);                           // "1,234.50"
+///     FormatFloat(u"0.0##", 0.5);                                 // "0.5"
+///     FormatFloat(u"0.00;(0.00);'-'", -2.0);                      // "(2.00)"
 TRS8_BTL_API System::UnicodeString FormatFloat(const System::UnicodeString& format, double value);
 TRS8_BTL_API System::UnicodeString FormatFloat(const System::UnicodeString& format, long double value);
 TRS8_BTL_API System::UnicodeString FormatFloat(const System::UnicodeString& format, double value,

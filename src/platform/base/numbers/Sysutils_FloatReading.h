@@ -12,6 +12,10 @@ namespace Sysutils
 /// whole text must fit; there are no thousand separators, and texts such as "inf" or "nan" and numbers beyond
 /// the range of the type are refused. Forms without settings follow `FormatSettings`. `EConvertError` on
 /// failure; the other forms give false and leave `value` alone, or the default.
+///
+///     double volts = 0;
+///     if (TryStrToFloat(text, volts)) { ... }   // "1.5", or "1,5" where the user writes so
+///     const double limit = StrToFloatDef(text, 10);
 TRS8_BTL_API double StrToFloat(const System::UnicodeString& text);
 TRS8_BTL_API double StrToFloat(const System::UnicodeString& text, const TFormatSettings& settings);
 TRS8_BTL_API double StrToFloatDef(const System::UnicodeString& text, double defaultValue);

@@ -25,6 +25,10 @@ enum TFloatFormat
 // Text of floats. 15 significant digits of a `double` count, 18 of a `long double`; a half is rounded away
 // from zero on these digits, so that the noise of the binary form doesn't show. A value that is no number
 // gives "NAN", "INF" or "-INF". Forms without settings follow `FormatSettings`.
+//
+//     FloatToStr(0.1 + 0.2);                                      // "0.3"
+//     FloatToStrF(1234.5, ffFixed, 15, 2);                        // "1234.50"
+//     FloatToStrF(1234.5, ffExponent, 3, 2);                      // "1.23E+03"
 
 /// The general form with 15 significant digits.
 TRS8_BTL_API System::UnicodeString FloatToStr(double value);

@@ -26,6 +26,10 @@ TRS8_BTL_API System::UnicodeString IntToHex(System::Int64 value, int digits);
 
 /// The forms of an integer that `System::Val` reads. `EConvertError` for any other text or a number out of
 /// range; the other forms give false and leave `value` alone, or the default.
+///
+///     int count = 0;
+///     if (TryStrToInt(text, count)) { ... }                       // "42", "-1", "$FF"
+///     const int port = StrToIntDef(text, 80);
 TRS8_BTL_API int StrToInt(const System::UnicodeString& text);
 TRS8_BTL_API int StrToIntDef(const System::UnicodeString& text, int defaultValue);
 TRS8_BTL_API bool TryStrToInt(const System::UnicodeString& text, int& value);

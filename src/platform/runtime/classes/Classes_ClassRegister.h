@@ -8,6 +8,9 @@ namespace Classes
 {
 
 // The process-wide register of classes by name. It may be used from any thread.
+//
+//     RegisterClass(System::ClassOf<TGauge>());
+//     const std::unique_ptr<System::TObject> gauge = FindClass(u"TGauge")->Create();
 
 /// `EFilerError` if another class of that name, case aside, is registered; null is ignored.
 TRS8_BTL_API void RegisterClass(System::TMetaClass* type);

@@ -47,6 +47,11 @@ private:
 };
 
 /// A list of items of one class, which it owns.
+///
+///     TCollection columns(System::ClassOf<TColumn>());            // a class from TCollectionItem
+///     auto* const column = System::CheckedCast<TColumn>(columns.Add());
+///     for (TCollectionItem* item : columns) { ... }
+///     delete columns.GetItem(0);                                  // leaves the collection
 class TRS8_BTL_API TCollection : public TPersistent
 {
     TRS8_BTL_CLASS(TCollection, TPersistent)
@@ -60,7 +65,7 @@ public:
     System::TMetaClass* getItemClass() const noexcept { return mItemClass; }
     /// The count of items.
     int GetCount() const noexcept { return static_cast<int>(mItems.size()); }
-    /// `EListError` for an index out of range.
+    /// The item at the 0-based `index`, which stays the collection's. `EListError` for one out of range.
     TCollectionItem* GetItem(int index) const;
 
     // The items as a range, valid until one comes, goes or moves.
@@ -70,11 +75,14 @@ public:
     std::size_t size() const noexcept { return mItems.size(); }
     [[nodiscard]] bool empty() const noexcept { return mItems.empty(); }
 
-    /// A new item at the end, which the collection owns.
+    /// A new item at the end, which the collection owns. `EInvalidOperation` if its class is abstract or
+    /// can't be made without arguments.
     TCollectionItem* Add();
     /// `EListError` for an index outside 0 to the count.
     TCollectionItem* Insert(int index);
+    /// Destroys the item. `EListError` for an index out of range.
     void Delete(int index);
+    /// Destroys all items, the last one first.
     void Clear();
     /// Null if no item has that id.
     TCollectionItem* FindItemID(int id) const;

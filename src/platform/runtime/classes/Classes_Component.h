@@ -10,7 +10,10 @@
 namespace Classes
 {
 
-/// What a component is doing, or is part of.
+/// What a component is doing, or is part of. The component itself sets `csDestroying`, from the begin of its
+/// end, and `csFreeNotification`, once it tells others of that end or is told. `csDesigning`, `csAncestor`,
+/// `csInline` and `csLoading` are set by the operations of these names, for those who edit and read
+/// components; the rest stands for them too, and nothing here sets it.
 enum TComponentStateFlag
 {
     csLoading,
@@ -32,6 +35,11 @@ using TComponentState = System::Set<TComponentStateFlag, csLoading, csDesignInst
 /// An object with a name that may own other components and destroys them, the last one first, when it goes
 /// itself. Components are made by `new`; one without an owner belongs to its maker. Names are unique within
 /// an owner, case aside.
+///
+///     TComponent bench;
+///     auto* const gauge = new TComponent(&bench);                 // the bench destroys it
+///     gauge->setName(u"Gauge1");
+///     bench.FindComponent(u"gauge1") == gauge;                    // true
 class TRS8_BTL_API TComponent : public TPersistent
 {
     TRS8_BTL_CLASS(TComponent, TPersistent)
@@ -74,22 +82,26 @@ public:
     /// `component` will tell this one, by `Notification`, when it is destroyed. Either may be destroyed
     /// first.
     void FreeNotification(TComponent* component);
+    /// Neither tells the other one any more. The flag `csFreeNotification` stays.
     void RemoveFreeNotification(TComponent* component);
 
     const TComponentState& getComponentState() const noexcept { return mState; }
     /// `EComponentError` for a name that is no identifier, or that another component of the owner has. The
     /// empty name is allowed.
     virtual void SetName(const System::UnicodeString& name);
+    /// Marks this component, and with `setChildren` what it owns, as edited rather than run, or not. What is
+    /// inserted into a component so marked gets the mark too.
     void SetDesigning(bool value, bool setChildren = true);
     /// Marks this component and what it owns as inherited from an ancestor form, or not.
     void SetAncestor(bool value);
+    /// Marks the component as a part that has a design of its own, or not.
     void SetInline(bool value) { SetState(csInline, value); }
     /// Sets or clears the flag that a reader raises while it reads the component.
     void SetLoading(bool value) { SetState(csLoading, value); }
     /// Marks this component and what it owns as being destroyed. Called by the destructor; a derived class
     /// whose own destructor must know calls it earlier.
     void Destroying();
-    /// Called when the component has been read completely.
+    /// To be called when the component has been read completely. Clears `csLoading`.
     virtual void Loaded();
 
     /// Told of each component that comes or goes, among the owned ones or by `FreeNotification`. On

@@ -6,7 +6,15 @@
 namespace Classes
 {
 
-/// The base of faults in streams; also a stream that is missing or takes no writing.
+/// The base of faults in streams. Raised itself for a null stream, for one that takes no writing or can't
+/// seek where a place is needed, and for a size that can't be set.
+///
+///     try {
+///         TFileStream file(path, fmOpenRead | fmShareDenyWrite);
+///         file.ReadBuffer(head, sizeof head);
+///     } catch (const EStreamError& error) {   // `EFOpenError` or `EReadError`
+///         std::cerr << error.what() << '\n';
+///     }
 class TRS8_BTL_API EStreamError : public Sysutils::Exception
 {
 public:
@@ -14,7 +22,7 @@ public:
     ~EStreamError() override;
 };
 
-/// The base of faults in making and opening files for streams.
+/// The base of `EFCreateError` and `EFOpenError`, for handlers; never raised itself.
 class TRS8_BTL_API EFileStreamError : public EStreamError
 {
 public:
@@ -22,7 +30,8 @@ public:
     ~EFileStreamError() override;
 };
 
-/// A file that can't be created.
+/// A file that the host doesn't let be made or emptied, or that somebody has open without sharing it. The
+/// message has the path and the host's reason.
 class TRS8_BTL_API EFCreateError : public EFileStreamError
 {
 public:
@@ -30,7 +39,8 @@ public:
     ~EFCreateError() override;
 };
 
-/// A file that can't be opened.
+/// A file that is missing, that the user may not open so, or that somebody has open without sharing it. The
+/// message has the path and the host's reason.
 class TRS8_BTL_API EFOpenError : public EFileStreamError
 {
 public:
@@ -38,7 +48,7 @@ public:
     ~EFOpenError() override;
 };
 
-/// The base of faults in reading and writing; also a class that is registered twice under one name.
+/// The base of faults in reading and writing. Raised itself if two classes are registered under one name.
 class TRS8_BTL_API EFilerError : public EStreamError
 {
 public:
@@ -46,7 +56,8 @@ public:
     ~EFilerError() override;
 };
 
-/// A stream that holds less than is to be read.
+/// A stream ends, or fails, before all bytes are read that were asked for; it then stands behind those that
+/// there were.
 class TRS8_BTL_API EReadError : public EFilerError
 {
 public:
@@ -54,7 +65,8 @@ public:
     ~EReadError() override;
 };
 
-/// A stream that takes less than is to be written.
+/// A stream takes fewer bytes than it was given, as on a full disk. A file stream may raise it for bytes that
+/// it took before and had gathered.
 class TRS8_BTL_API EWriteError : public EFilerError
 {
 public:
@@ -62,7 +74,7 @@ public:
     ~EWriteError() override;
 };
 
-/// No class of that name is registered.
+/// No class of the name in the message is registered, see `FindClass`.
 class TRS8_BTL_API EClassNotFound : public EFilerError
 {
 public:
@@ -70,7 +82,7 @@ public:
     ~EClassNotFound() override;
 };
 
-/// The program has no resource of that name.
+/// The program has no resource of the name in the message, see `RegisterResource`.
 class TRS8_BTL_API EResNotFound : public Sysutils::Exception
 {
 public:
@@ -78,7 +90,7 @@ public:
     ~EResNotFound() override;
 };
 
-/// An index outside a list of objects.
+/// An index outside the items of a collection or the parts of a component.
 class TRS8_BTL_API EListError : public Sysutils::Exception
 {
 public:
@@ -86,7 +98,8 @@ public:
     ~EListError() override;
 };
 
-/// An index outside a string list, or an operation that its settings forbid.
+/// An index outside a string list; a change of lines or places in a sorted one, which keeps its order itself;
+/// a line that it has already, with `dupError`; a capacity below the count.
 class TRS8_BTL_API EStringListError : public Sysutils::Exception
 {
 public:
@@ -94,7 +107,8 @@ public:
     ~EStringListError() override;
 };
 
-/// A component's name that is no identifier or is taken.
+/// A name of a component that is no identifier, or that another component of its owner has; an owner that
+/// would own itself.
 class TRS8_BTL_API EComponentError : public Sysutils::Exception
 {
 public:
@@ -102,7 +116,7 @@ public:
     ~EComponentError() override;
 };
 
-/// An operation that the object doesn't allow, as an item of the wrong class for a collection.
+/// An item of another class than its collection holds, or a collection of a class that makes no items.
 class TRS8_BTL_API EInvalidOperation : public Sysutils::Exception
 {
 public:

@@ -15,6 +15,13 @@ enum TOperation
 };
 
 /// Base of all objects whose state can be copied and whose properties can be stored.
+///
+///     void TGauge::Assign(TPersistent* source)
+///     {
+///         auto* const other = dynamic_cast<TGauge*>(source);
+///         if (other == nullptr) { return TPersistent::Assign(source); }   // asks the source, or raises
+///         mValue = other->mValue;
+///     }
 class TRS8_BTL_API TPersistent : public System::TObject
 {
     TRS8_BTL_CLASS(TPersistent, System::TObject)

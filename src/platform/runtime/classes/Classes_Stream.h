@@ -39,6 +39,12 @@ using Sysutils::fmShareDenyWrite;
 using Sysutils::fmShareExclusive;
 
 /// A row of bytes with a position. A stream belongs to one thread at a time.
+///
+///     TFileStream file(u"data.bin", fmOpenRead | fmShareDenyWrite);
+///     char head[4];
+///     file.ReadBuffer(head, sizeof head);                         // `EReadError` if there are fewer
+///     TMemoryStream copy;
+///     copy.CopyFrom(&file, 0);                                    // all of it
 class TRS8_BTL_API TStream : public System::TObject
 {
     TRS8_BTL_CLASS(TStream, System::TObject)
@@ -59,8 +65,9 @@ public:
     System::Int64 getPosition() const;
     void setPosition(System::Int64 position) { Seek(position, soBeginning); }
     virtual System::Int64 getSize() const;
-    /// Cuts or lengthens the stream, with zeros where the store is memory. `EStreamError` if it can't;
-    /// nothing happens on a stream that can't be resized at all. A negative size counts as 0.
+    /// Cuts or lengthens the stream, with zeros. A file is at its new end then; in memory the position stays
+    /// within the size. `EStreamError` if it can't; nothing happens on a stream that can't be resized at all.
+    /// A negative size counts as 0.
     virtual void setSize(System::Int64 size);
 
     /// Reads `count` bytes; `EReadError` if there are fewer.
@@ -99,8 +106,10 @@ public:
     /// The content; null if there is none. Valid until the next write.
     const void* getMemory() const { return AsView().data(); }
     virtual std::string_view AsView() const noexcept = 0;
+    /// Writes the whole content to `stream`, at its position.
     void SaveToStream(TStream* stream) const;
-    /// `EFCreateError` if the file can't be made.
+    /// Makes the content the whole file. It isn't done in one step: a crash leaves a part. `EFCreateError` if
+    /// the file can't be made, `EWriteError` if the host doesn't take all of it.
     void SaveToFile(const System::UnicodeString& path) const;
 
 protected:
@@ -128,10 +137,12 @@ public:
     System::Int64 getCapacity() const noexcept { return static_cast<System::Int64>(mBytes.capacity()); }
     /// Makes room, so that writes up to there move nothing. Less than the size is ignored.
     void setCapacity(System::Int64 capacity);
+    /// Gives the memory up; the position is 0.
     void Clear();
     /// Takes the whole of `stream`, from its beginning, in place of the content, and goes to the beginning.
     void LoadFromStream(TStream* stream);
-    /// `EFOpenError` if the file can't be read.
+    /// Takes the whole file in place of the content, and goes to the beginning. `EFOpenError` if the file
+    /// can't be opened.
     void LoadFromFile(const System::UnicodeString& path);
 
 protected:
@@ -180,6 +191,7 @@ public:
     System::UnicodeString getDataString() const;
     /// The text of up to `count` bytes from the position on.
     System::UnicodeString ReadString(System::Int64 count);
+    /// Writes the text in the encoding, without a byte order mark.
     void WriteString(const System::UnicodeString& text);
 
 private:
@@ -195,6 +207,7 @@ class TRS8_BTL_API THandleStream : public TStream
     TRS8_BTL_CLASS(THandleStream, TStream)
 
 public:
+    /// A handle up to 2 is none and gives nothing: standard input is the file "/dev/stdin".
     explicit THandleStream(System::NativeInt handle) noexcept;
     ~THandleStream() override;
 

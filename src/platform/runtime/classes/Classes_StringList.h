@@ -23,6 +23,12 @@ enum TDuplicates
 using TStringListSortCompare = System::TClosure<int(TStringList* list, int first, int second)>;
 
 /// A list of lines in memory, which can keep itself sorted.
+///
+///     TStringList names;
+///     names.setSorted(true);                                      // each line goes to its place, once
+///     names.Add(u"pear");
+///     int place = 0;
+///     if (names.Find(u"PEAR", place)) { ... }                     // log n
 class TRS8_BTL_API TStringList : public TStrings
 {
     TRS8_BTL_CLASS(TStringList, TStrings)
@@ -37,7 +43,7 @@ public:
     int Add(const System::UnicodeString& text) override;
     /// An object that comes with an ignored line stays the caller's.
     int AddObject(const System::UnicodeString& text, System::TObject* object) override;
-    /// `EStringListError` in a sorted list.
+    /// As of `TStrings`; `EStringListError` in a sorted list, which finds the places itself.
     void Insert(int index, const System::UnicodeString& text) override;
     void InsertObject(int index, const System::UnicodeString& text, System::TObject* object) override;
     void Delete(int index) override;
@@ -47,7 +53,7 @@ public:
     void DeleteAll(const System::UnicodeString& text);
     void Clear() override;
     void Exchange(int first, int second) override;
-    /// `EStringListError` in a sorted list.
+    /// As of `TStrings`; `EStringListError` in a sorted list.
     void Move(int from, int to) override;
     int IndexOf(const System::UnicodeString& text) const override;
     /// Whether the list has the line; `index` is the first such place. If not, it is the place where a sorted
@@ -65,7 +71,8 @@ public:
     /// Matters only while the list is sorted. By default duplicates are ignored.
     void setDuplicates(TDuplicates duplicates) noexcept { mDuplicates = duplicates; }
     bool getCaseSensitive() const noexcept { return mCaseSensitive; }
-    /// A sorted list is sorted anew.
+    /// Whether upper and lower case are different lines to `IndexOf`, `Find` and sorting; they aren't at
+    /// first. A sorted list is sorted anew.
     void setCaseSensitive(bool caseSensitive);
     bool getOwnsObjects() const noexcept { return mOwnsObjects; }
     /// Whether the list destroys an object when its line is deleted or the list is.

@@ -149,11 +149,12 @@ public:
     /// Reads the rest of `stream` as the list's text. A byte order mark tells UTF-8 or UTF-16; without one
     /// the bytes are in `encoding`, or the system's code page if that is null.
     void LoadFromStream(TStream* stream, Sysutils::TEncoding* encoding = nullptr);
-    /// `EFOpenError` if the file can't be read.
+    /// Takes the file as the lines, as `LoadFromStream` reads it. `EFOpenError` if it can't be opened.
     void LoadFromFile(const System::UnicodeString& path, Sysutils::TEncoding* encoding = nullptr);
     /// Writes the list's text, with the byte order mark of `encoding`; in the system's code page if that is
     /// null.
     void SaveToStream(TStream* stream, Sysutils::TEncoding* encoding = nullptr) const;
+    /// Makes what `SaveToStream` writes the whole file. It isn't done in one step: a crash leaves a part.
     /// `EFCreateError` if the file can't be made.
     void SaveToFile(const System::UnicodeString& path, Sysutils::TEncoding* encoding = nullptr) const;
 

@@ -7,6 +7,10 @@ namespace Classes
 {
 
 /// Keeps a list or collection between `BeginUpdate` and `EndUpdate` for a scope.
+///
+///     const GUpdateScope scope(list);
+///     list.Add(u"a");
+///     list.Add(u"b");                                             // observers hear of both at once
 template <class T>
 class GUpdateScope
 {

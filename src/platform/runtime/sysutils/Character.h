@@ -9,6 +9,10 @@ namespace Character
 /// What Unicode says of a character. The forms with a text take the character at the 1-based `index`, where
 /// a surrogate pair is one character; an `index` outside the text raises
 /// `Sysutils::EArgumentOutOfRangeException`. A surrogate without its partner is a surrogate and nothing else.
+///
+///     TCharacter::IsLetter(u'\u00B5');                            // true
+///     TCharacter::ToUpper(u"gr\u00F6\u00DFe");                    // "GR\u00D6SSE"
+///     const UnicodeString clef = TCharacter::ConvertFromUtf32(0x1D11E);   // two units, one character
 class TRS8_BTL_API TCharacter
 {
 public:
@@ -53,7 +57,8 @@ public:
     /// True if a pair begins at `index`.
     static bool IsSurrogatePair(const System::UnicodeString& text, int index);
 
-    /// A character whose other case is no single unit stays.
+    /// By the rules of Unicode, whatever the locale. A single character whose other case is no single unit
+    /// stays; a text may grow, as U+00DF becomes SS.
     static System::WideChar ToUpper(System::WideChar c);
     static System::UnicodeString ToUpper(const System::UnicodeString& text);
     static System::WideChar ToLower(System::WideChar c);

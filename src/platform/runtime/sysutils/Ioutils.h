@@ -11,6 +11,10 @@ namespace Ioutils
 /// Operations on the text of paths. A character that no path may hold, which is the zero alone, makes
 /// `Combine`, `GetFullPath`, `ChangeExtension` and the `Get` operations on parts raise
 /// `Sysutils::EArgumentException`.
+///
+///     const auto file = TPath::Combine(TPath::GetTempPath(), u"a.txt");
+///     TPath::GetFileNameWithoutExtension(file);                   // "a"
+///     TPath::ChangeExtension(file, u"log");                       // ends with "a.log"
 class TPath
 {
 public:
@@ -61,7 +65,7 @@ public:
     /// The characters that `IsValidPathChar` denies: the controls below the blank and `"`, `<`, `>`, `|`. The
     /// host could keep all but the zero, but other machines of a user may not.
     [[nodiscard]] TRS8_BTL_API static std::vector<System::WideChar> GetInvalidPathChars();
-    /// Those, and `*`, `/`, `:`, `?`, `\`.
+    /// The characters of `GetInvalidPathChars`, and `*`, `/`, `:`, `?`, `\`.
     [[nodiscard]] TRS8_BTL_API static std::vector<System::WideChar> GetInvalidFileNameChars();
 };
 

@@ -8,6 +8,10 @@
 
 /// Statistics over rows of values. They are summed in extended precision and around the mean, so that a large
 /// common part of the values costs no digits. An empty row gives 0, as does the spread of a single value.
+///
+///     const std::array values = {1.5, 2.5, 5.0};
+///     const double mean = static_cast<double>(Math::Mean(values));        // 3
+///     const double spread = static_cast<double>(Math::StdDev(values));
 namespace Math
 {
 

@@ -12,6 +12,9 @@ namespace System
 // or its code. The decimal point is `.` in every locale. Width and precision end at 65535, and what they
 // make in all at 16 million characters. A conversion that doesn't fit its argument, a missing argument, `%n`
 // and an unknown conversion raise `Sysutils::EConvertError`; surplus arguments don't matter.
+//
+//     Printf(u"%-5s|%04d|%.2f", "ab", 42, 1.5);                   // "ab   |0042|1.50"
+//     PrintfA("%x", 255);                                         // "ff"
 
 TRS8_BTL_API UnicodeString Printf(const UnicodeString& format, TVarArgs arguments);
 TRS8_BTL_API AnsiString PrintfA(const AnsiString& format, TVarArgs arguments);

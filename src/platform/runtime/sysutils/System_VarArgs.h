@@ -66,6 +66,9 @@ private:
 };
 
 /// The arguments of a call, alive until it ends.
+///
+///     void Tell(const UnicodeString& format, TVarArgs arguments); // a function of your own that formats
+///     Tell(u"%s: %d", {u"a", 5});
 class TVarArgs
 {
 public:

@@ -13,6 +13,11 @@
 // A path is text with `\` as separator, `/` counts as the same; names compare exactly.
 // Calls on the host that fail set the last error, see `::GetLastError`; a path with an embedded zero is an
 // invalid name to all of them and is never cut.
+//
+//     if (FileExists(u"a.txt") && !RenameFile(u"a.txt", u"b.txt")) {
+//         RaiseLastOSError();                                     // `EOSError` with the host's words
+//     }
+//     ForceDirectories(u"out/2022/02");
 
 namespace Sysutils
 {
@@ -38,13 +43,17 @@ inline constexpr int faReadOnly = 0x01;
 inline constexpr int faHidden = 0x02;
 /// Devices, pipes and sockets.
 inline constexpr int faSysFile = 0x04;
+/// No file of the host is one.
 inline constexpr int faVolumeID = 0x08;
 inline constexpr int faDirectory = 0x10;
+/// No file of the host has it.
 inline constexpr int faArchive = 0x20;
+/// What a file has that has none of the others.
 inline constexpr int faNormal = 0x80;
 /// A symbolic link; with `faDirectory` it leads to a folder elsewhere, so that who removes a tree must not
 /// walk into it.
 inline constexpr int faSymLink = 0x400;
+/// For `FindFirst`: entries of all kinds.
 inline constexpr int faAnyFile = 0x1FF;
 
 /// What stands for no handle.

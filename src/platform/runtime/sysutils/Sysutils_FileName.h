@@ -8,6 +8,11 @@ namespace Sysutils
 
 // Parts of a path, by its text alone. A `:` ends a drive only behind the first letter; elsewhere it is part
 // of a name.
+//
+//     ExtractFileName(u"/data/a.b.txt");                          // "a.b.txt"
+//     ExtractFileExt(u"/data/a.b.txt");                           // ".txt"
+//     ChangeFileExt(u"a.b.txt", u".log");                         // "a.b.log"
+//     ExpandFileName(u"../x.txt");                                // from the root on, with "\"
 
 /// Up to and with the last separator or the drive's colon.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString ExtractFilePath(const System::UnicodeString& path);

@@ -7,6 +7,11 @@
 
 // Searches for files: by a mask in one folder, by a name along a list of folders. The attributes are the `fa`
 // bits of `Sysutils_File.h`.
+//
+//     TSearchRec found;
+//     for (int error = FindFirst(u"logs/*.txt", faAnyFile, found); error == 0; error = FindNext(found)) {
+//         Use(found.Name, found.Size);
+//     }
 
 namespace Sysutils
 {

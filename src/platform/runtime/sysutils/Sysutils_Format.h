@@ -25,6 +25,10 @@ namespace Sysutils
 // Width and precision end at 65535, and what they make in all at 16 million characters. A conversion that
 // doesn't fit its argument, a missing argument and an unknown conversion raise `EConvertError`; surplus
 // arguments don't matter. Forms without settings follow `FormatSettings`.
+//
+//     Format(u"%s: %.2f V, %d times", {u"U", 12.5, 3});           // "U: 12.50 V, 3 times"
+//     Format(u"%-6s|%6s|%.3d", {u"a", u"b", 7});                  // "a     |     b|007"
+//     Format(u"%1:s %0:s", {u"a", u"b"});                         // "b a"
 
 TRS8_BTL_API System::UnicodeString Format(const System::UnicodeString& format, System::TVarArgs arguments);
 TRS8_BTL_API System::UnicodeString Format(const System::UnicodeString& format, System::TVarArgs arguments,

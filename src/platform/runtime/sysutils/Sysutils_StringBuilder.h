@@ -11,6 +11,11 @@ namespace Sysutils
 /// Builds a long text piece by piece. Positions count from 0; one that lies outside the text raises
 /// `EArgumentOutOfRangeException`. Numbers become text as `System::UnicodeString` makes it. What no string
 /// could hold raises `EOutOfMemory`.
+///
+///     TStringBuilder text;
+///     text.Append(u"n=").Append(5).AppendLine();
+///     text.Insert(0, u"> ");
+///     const System::UnicodeString result = text.ToString();       // "> n=5" and CR LF
 class TRS8_BTL_API TStringBuilder : public System::TObject
 {
     TRS8_BTL_CLASS(TStringBuilder, System::TObject)

@@ -21,6 +21,10 @@ using TReplaceFlags = System::Set<TReplaceFlag, rfReplaceAll, rfIgnoreCase>;
 
 /// `text` with the first `oldPattern` replaced, or all of them from left to right. An empty pattern replaces
 /// nothing. Takes time in proportion to the text.
+///
+///     StringReplace(u"a-b-c", u"-", u"+", TReplaceFlags() << rfReplaceAll);   // "a+b+c"
+///     SameText(u"Port", u"PORT");                                 // true
+///     AnsiQuotedStr(u"it's", u'\'');                              // "'it''s'"
 [[nodiscard]] TRS8_BTL_API System::UnicodeString StringReplace(const System::UnicodeString& text,
                                                                const System::UnicodeString& oldPattern,
                                                                const System::UnicodeString& newPattern,

@@ -142,6 +142,12 @@ TMethodAddress MakeMethodAddress(Member member)
 
 /// What an event holds: a member function with its object, or any callable. A small value; copies share the
 /// callable. It doesn't own the object, so the object must outlive the last call.
+///
+///     TClosure<void(int)> onChange(&gauge, &TGauge::Show);        // or any callable
+///     if (onChange) {
+///         onChange(5);
+///     }
+///     onChange = nullptr;
 template <class R, class... Args>
 class TClosure<R(Args...)>
 {

@@ -34,6 +34,10 @@ struct TFieldInfo
 
 /// The record of one class. There is exactly one per class, made at the first use of it and living to the end
 /// of the process; it never changes after that, so any thread may read it.
+///
+///     const TMetaClass* const type = ClassOf<TGauge>();
+///     const std::unique_ptr<TObject> made = type->Create();
+///     for (const Typinfo::TPropInfo* property : type->Properties()) { ... }
 class TRS8_BTL_API TMetaClass final : public TObject
 {
     TRS8_BTL_CLASS(TMetaClass, TObject)
@@ -72,7 +76,7 @@ public:
     /// All published properties: those of the parent first, each in the order of its description. A property
     /// that a class describes again stands in the place of the parent's.
     const std::vector<Typinfo::TPropInfo*>& Properties() const noexcept { return mProperties; }
-    /// Case aside; null if there is none.
+    /// The published property of that name, of this class or its parents, case aside; null if there is none.
     Typinfo::TPropInfo* FindProperty(const UnicodeString& name) const;
     /// The published method of this class or its parents, case aside; null if there is none.
     TMethodAddress FindMethod(const UnicodeString& name) const;

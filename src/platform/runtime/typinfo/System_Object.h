@@ -30,6 +30,12 @@ namespace System
 class TMetaClass;
 
 /// The root of all classes that know at run time what they are.
+///
+///     class TGauge : public System::TObject
+///     {
+///         TRS8_BTL_CLASS(TGauge, System::TObject)
+///     };                                                          // its source has `TGauge::ClassRecord`
+///     gauge.ClassName();                                          // "TGauge"
 class TRS8_BTL_API TObject
 {
 public:

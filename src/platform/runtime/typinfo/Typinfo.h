@@ -31,7 +31,15 @@ public:
     ~EPropertyConvertError() override;
 };
 
-/// The kinds of types that a property can have.
+/// What kind a type is. Properties of C++ types have these:
+/// - `tkInteger`: integers up to 32 bits, `tkInt64`: those of 64
+/// - `tkChar`, `tkWChar`: a `char`, a `WideChar`
+/// - `tkEnumeration`: `bool` and described enumerations, `tkSet`: sets of them
+/// - `tkFloat`: floats, dates and money
+/// - `tkUString`: `UnicodeString` and `std::string`, `tkLString`: 8-bit text
+/// - `tkVariant`: variants, `tkClass`: pointers to objects, `tkMethod`: closures.
+///
+/// The others are for types that a program describes itself; `tkUnknown` is the kind of what isn't there.
 enum TTypeKind
 {
     tkUnknown,
@@ -55,7 +63,8 @@ enum TTypeKind
     tkUString
 };
 
-/// The kinds of floats.
+/// What a type of the kind `tkFloat` is made of: a `float`, a `double`, a `long double`, or money with
+/// `ftCurr`. A date is a `double`. `ftComp` no type here has.
 enum TFloatType
 {
     ftSingle,
@@ -382,8 +391,14 @@ const TTypeInfo* TypeInfoOf()
 
 // Names of properties and enumeration values are compared without regard to case. A null class or object
 // has no properties.
+//
+//     SetOrdProp(gauge, u"value", 7);
+//     if (TPropInfo* const info = GetPropInfo(gauge, u"Caption")) {
+//         SetStrProp(gauge, info, u"Pressure");
+//     }
+//     for (const TPropInfo* info : GetPropList(gauge)) { ... }
 
-/// Null if there is no such property.
+/// The property of that name; null if there is none.
 TRS8_BTL_API TPropInfo* GetPropInfo(const System::TMetaClass* type, const System::UnicodeString& name);
 TRS8_BTL_API TPropInfo* GetPropInfo(const System::TObject* object, const System::UnicodeString& name);
 /// All properties in the order of the description, the parent's first; or by name if `sorted`.
@@ -392,7 +407,7 @@ TRS8_BTL_API std::vector<TPropInfo*> GetPropList(const System::TObject* object, 
 TRS8_BTL_API bool IsPublishedProp(const System::TMetaClass* type, const System::UnicodeString& name);
 TRS8_BTL_API bool IsPublishedProp(const System::TObject* object, const System::UnicodeString& name);
 TRS8_BTL_API bool IsStoredProp(const System::TObject* object, const TPropInfo* info);
-/// `tkUnknown` if there is no such property.
+/// The kind of the property of that name; `tkUnknown` if there is none.
 TRS8_BTL_API TTypeKind PropType(const System::TObject* object, const System::UnicodeString& name);
 
 // The accessors come by record and by name. They raise `EPropertyError` if there is no such property or it is
@@ -412,7 +427,7 @@ TRS8_BTL_API void SetInt64Prop(System::TObject* object, const TPropInfo* info, S
 TRS8_BTL_API void SetInt64Prop(System::TObject* object, const System::UnicodeString& name,
                                System::Int64 value);
 
-/// Strings of both widths.
+/// Texts of both widths. The call reads and writes wide text; what an 8-bit property lacks becomes `?`.
 TRS8_BTL_API System::UnicodeString GetStrProp(const System::TObject* object, const TPropInfo* info);
 TRS8_BTL_API System::UnicodeString GetStrProp(const System::TObject* object,
                                               const System::UnicodeString& name);
@@ -450,9 +465,9 @@ TRS8_BTL_API void SetMethodProp(System::TObject* object, const TPropInfo* info, 
 TRS8_BTL_API void SetMethodProp(System::TObject* object, const System::UnicodeString& name,
                                 const System::TMethod& value);
 
-/// Empty for a value without a name.
+/// The name of a value of the enumeration; empty for one without a name.
 TRS8_BTL_API System::UnicodeString GetEnumName(const TTypeInfo* type, System::Int64 value);
-/// -1 for a name that the type hasn't.
+/// The value of that name, case aside; -1 if the enumeration hasn't got it.
 TRS8_BTL_API int GetEnumValue(const TTypeInfo* type, const System::UnicodeString& name);
 
 } // namespace Typinfo

@@ -80,6 +80,11 @@ concept VariantTarget = VariantNumber<T> || std::same_as<T, bool> || std::same_a
 ///   dates as by `StrToDateTime`, booleans as "True" and "False" in any case, or as numbers. A single has 7
 ///   digits, a double 15.
 /// - To 8-bit text, characters outside the code page become `?`.
+///
+///     Variant value = u"40";
+///     value = value + 2.5;                                        // a text is read: 42.5
+///     const UnicodeString text = value;
+///     const int whole = value.As<int>();                          // 42: a half goes to the even neighbour
 class TRS8_BTL_API Variant
 {
 public:

@@ -11,6 +11,10 @@ namespace Variants
 
 // The functions on `System::Variant` under their free names. Conversions follow the rules of the class and
 // raise as it does.
+//
+//     const double number = VarIsNumeric(value) ? value.As<double>() : 0.0;
+//     const System::Variant row = VarArrayOf({1, u"two", 2.5});
+//     VarArrayGet(row, {1});                                      // the text "two"
 
 /// How two values stand to each other; values that can't be compared are `vrNotEqual`.
 enum TVariantRelationship

@@ -15,6 +15,10 @@ namespace Toolkits
 /// A toolkit without a screen: the default of a machine that has none, and of the tests. A box takes the next
 /// answer of the script. Where the script is at its end nobody attends: the box is written to the standard
 /// error stream and gets the answer that loses nothing.
+///
+///     auto toolkit = std::make_unique<Toolkits::HeadlessToolkit>();
+///     toolkit->Answer(IDYES);                                     // for the next box
+///     const auto former = Toolkits::ExchangeToolkit(std::move(toolkit));
 class TRS8_BTL_API HeadlessToolkit final : public Toolkit
 {
 public:
