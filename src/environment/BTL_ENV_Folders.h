@@ -39,7 +39,7 @@ namespace BTL
 [[nodiscard]] TRS8_BTL_API System::UnicodeString GetProgramIniPath();
 /// "DBDef" in the program data.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString GetProgramDBDefPath();
-/// The folder `name` in "DBDef"; the result for the last name is kept.
+/// The folder `name` in "DBDef". An empty name is an internal fault.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString GetProgramDBDefPath(const System::UnicodeString& name);
 
 /// `path` with a final separator; an empty text stays.
