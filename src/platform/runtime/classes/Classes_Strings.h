@@ -154,7 +154,7 @@ public:
     /// Writes the list's text, with the byte order mark of `encoding`; in the system's code page if that is
     /// null.
     void SaveToStream(TStream* stream, Sysutils::TEncoding* encoding = nullptr) const;
-    /// `EFCreateError` if the file can't be made.
+    /// `EFCreateError` if the file can't be made, `EWriteError` if the host doesn't take all of it.
     void SaveToFile(const System::UnicodeString& path, Sysutils::TEncoding* encoding = nullptr) const;
 
 protected:
