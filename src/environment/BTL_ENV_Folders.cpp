@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "environment/BTL_ENV_Folders.h"
 
+#include "foundation/UTL_ASRT_Assert.h"
 #include "foundation/UTL_Links.h"
 #include "platform/host/internal/Host_PathText.h"
 #include "platform/runtime/sysutils/Ioutils.h"
@@ -18,9 +19,17 @@ namespace
 
 using System::UnicodeString;
 
+constexpr UTL::CFaultPlace NoName{"BTL_ENV_Folders", 135};
+
 bool EndsWithSeparator(const UnicodeString& path)
 {
     return !path.IsEmpty() && Sysutils::Detail::IsPathSeparator(path.AsView().back());
+}
+
+/// Never destroyed: global objects of programs and add-ins ask for folders in their destructors too.
+const UnicodeString& Kept(const UnicodeString& path)
+{
+    return *new UnicodeString(path);
 }
 
 UnicodeString WorkOutRootPath()
@@ -38,92 +47,89 @@ UnicodeString WorkOutRootPath()
 
 UnicodeString GetApplicationPath()
 {
-    static const UnicodeString path =
-        Forms::Application == nullptr ? UnicodeString() : ExtractFilePath(Forms::Application->getExeName());
+    static const auto& path = Kept(
+        Forms::Application == nullptr ? UnicodeString() : ExtractFilePath(Forms::Application->getExeName()));
     return path;
 }
 
 UnicodeString GetBinPath()
 {
-    static const UnicodeString path = GetApplicationPath();
+    static const auto& path = Kept(GetApplicationPath());
     return path;
 }
 
 UnicodeString GetRootPath()
 {
-    static const UnicodeString path = WorkOutRootPath();
+    static const auto& path = Kept(WorkOutRootPath());
     return path;
 }
 
 UnicodeString GetHelpPath()
 {
-    static const UnicodeString path = GetApplicationPath() + u"Help\\";
+    static const auto& path = Kept(GetApplicationPath() + u"Help\\");
     return path;
 }
 
 UnicodeString GetAddInsPath()
 {
-    static const UnicodeString path = GetRootPath() + u"AddIns\\";
+    static const auto& path = Kept(GetRootPath() + u"AddIns\\");
     return path;
 }
 
 UnicodeString GetUserRightsManagerAddInPath()
 {
-    static const UnicodeString path = GetRootPath() + u"UserRightsManager\\";
+    static const auto& path = Kept(GetRootPath() + u"UserRightsManager\\");
     return path;
 }
 
 UnicodeString GetPrintingAddInsPath()
 {
-    static const UnicodeString path = GetRootPath() + u"PrintingAddIns\\";
+    static const auto& path = Kept(GetRootPath() + u"PrintingAddIns\\");
     return path;
 }
 
 UnicodeString GetPluginsPath()
 {
-    static const UnicodeString path = GetRootPath() + u"Plugins\\";
+    static const auto& path = Kept(GetRootPath() + u"Plugins\\");
     return path;
 }
 
 UnicodeString GetProgramDataPath()
 {
-    static const UnicodeString path = GetRootPath() + u"ProgramData\\";
+    static const auto& path = Kept(GetRootPath() + u"ProgramData\\");
     return path;
 }
 
 UnicodeString GetProductPath()
 {
-    static const UnicodeString path = GetProgramDataPath() + u"Product\\";
+    static const auto& path = Kept(GetProgramDataPath() + u"Product\\");
     return path;
 }
 
 UnicodeString GetProgramIDSPath()
 {
-    static const UnicodeString path = GetProgramDataPath() + u"IDS\\";
+    static const auto& path = Kept(GetProgramDataPath() + u"IDS\\");
     return path;
 }
 
 UnicodeString GetProgramIniPath()
 {
-    static const UnicodeString path = GetProgramDataPath() + u"Ini\\";
+    static const auto& path = Kept(GetProgramDataPath() + u"Ini\\");
     return path;
 }
 
 UnicodeString GetProgramDBDefPath()
 {
-    static const UnicodeString path = GetProgramDataPath() + u"DBDef\\";
+    static const auto& path = Kept(GetProgramDataPath() + u"DBDef\\");
     return path;
 }
 
 UnicodeString GetProgramDBDefPath(const UnicodeString& name)
 {
-    static UnicodeString keptName;
-    static UnicodeString keptPath;
-    if (keptPath.IsEmpty() || keptName != name) {
-        keptPath = GetProgramDBDefPath() + name + u'\\';
-        keptName = name;
+    if (name.IsEmpty()) {
+        UTL::THROW_XAssert(NoName);
     }
-    return keptPath;
+    return GetProgramDBDefPath() + name + u'\\';
 }
 
 UnicodeString AddPathDelimiter(const UnicodeString& path)

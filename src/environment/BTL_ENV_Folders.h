@@ -44,7 +44,7 @@ namespace BTL
 [[nodiscard]] TRS8_BTL_API System::UnicodeString GetProgramIniPath();
 /// "DBDef" in the program data.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString GetProgramDBDefPath();
-/// The folder `name` in "DBDef". The result for the last name is kept without a lock: one thread at a time.
+/// The folder `name` in "DBDef". An empty name is an internal fault.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString GetProgramDBDefPath(const System::UnicodeString& name);
 
 /// `path` with a final separator; an empty text stays.

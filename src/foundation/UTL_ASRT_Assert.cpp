@@ -5,6 +5,9 @@
 #include "platform/toolkit/MessageBox.h"
 #include "platform/visual/Forms.h"
 
+#include <deque>
+#include <mutex>
+
 namespace UTL
 {
 
@@ -28,6 +31,43 @@ int ShowBox(const UnicodeString& text, const WideChar* caption, unsigned flags)
         return MessageBoxW(nullptr, text.c_str(), caption, flags);
     }
     return Forms::Application->MessageBox(text.c_str(), caption, static_cast<int>(flags));
+}
+
+/// The last text of an overload of `Msg`. Each thread has its own, so that a fault in a second thread can't
+/// pull the text from under the first.
+struct TThreadText
+{
+    ~TThreadText() { gone = true; }
+
+    UnicodeString text;
+    static thread_local constinit bool gone;
+};
+
+thread_local constinit bool TThreadText::gone = false;
+
+/// Keeps the text for a thread that has begun to end. These few stay until the process is gone.
+const WideChar* KeepLateText(const UnicodeString& text)
+{
+    struct TLateTexts
+    {
+        std::mutex gate;
+        std::deque<UnicodeString> texts;
+    };
+    static auto& late = *new TLateTexts;
+    const std::lock_guard lock(late.gate);
+    return late.texts.emplace_back(text).c_str();
+}
+
+/// In the buffer of the overload for `Char`.
+template <class Char>
+const WideChar* KeepText(const UnicodeString& text)
+{
+    if (TThreadText::gone) {
+        return KeepLateText(text);
+    }
+    thread_local TThreadText last;
+    last.text = text;
+    return last.text.c_str();
 }
 
 template <class Char>
@@ -65,21 +105,14 @@ const WideChar* XAssert::what(EWide) const
     return Msg(mExpression.c_str(), mFile.c_str(), mLine);
 }
 
-// The buffers are the thread's own, so that a fault in a second thread can't pull the text from under the
-// first.
-
 const WideChar* XAssert::Msg(const char* expression, const char* file, int line)
 {
-    thread_local UnicodeString text;
-    text = BuildMessage(expression, file, line);
-    return text.c_str();
+    return KeepText<char>(BuildMessage(expression, file, line));
 }
 
 const WideChar* XAssert::Msg(const WideChar* expression, const char* file, int line)
 {
-    thread_local UnicodeString text;
-    text = BuildMessage(AnsiString(expression), file, line);
-    return text.c_str();
+    return KeepText<WideChar>(BuildMessage(AnsiString(expression), file, line));
 }
 
 void THROW_XAssert(const char* expression, const char* file, int line)

@@ -181,9 +181,9 @@ COutStream& COutStream::operator<<(double value)
 
 COutStream& COutStream::operator<<(long double value)
 {
-    static const Sysutils::TFormatSettings settings = [] {
-        Sysutils::TFormatSettings result;
-        result.DecimalSeparator = u'.';
+    static const auto& settings = *[] {
+        auto* const result = new Sysutils::TFormatSettings;
+        result->DecimalSeparator = u'.';
         return result;
     }();
     return *this << Sysutils::FloatToStr(value, settings);

@@ -381,7 +381,7 @@ void SaveStringToFile(const UnicodeString& path, const AnsiString& text)
     Classes::TFileStream stream(path, Classes::fmCreate);
     SaveStringToStream(&stream, text);
     // A failure shall be told, which the destructor couldn't.
-    stream.Flush();
+    stream.Close();
 }
 
 AnsiString LoadStringFromFile(const UnicodeString& path)

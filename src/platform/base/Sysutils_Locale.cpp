@@ -223,9 +223,24 @@ TFormatSettings GetUserFormatSettings()
     return settings;
 }
 
-// Before all units with static objects of their own, which may format numbers while they start.
-[[gnu::init_priority(150)]] TFormatSettings FormatSettings = GetUserFormatSettings();
+namespace
+{
 
+/// The user's settings outlive the global objects of every program, which format numbers in their destructors
+/// too: this has a destructor that leaves them as they are.
+union UUserSettings {
+    UUserSettings() : value(GetUserFormatSettings()) {}
+    ~UUserSettings() {} // NOLINT(modernize-use-equals-default): the default one would be deleted.
+
+    TFormatSettings value;
+};
+
+// Before all units with static objects of their own, which may format numbers while they start.
+[[gnu::init_priority(150)]] UUserSettings userSettings;
+
+} // namespace
+
+constinit TFormatSettings& FormatSettings = userSettings.value;
 constinit WideChar& DecimalSeparator = FormatSettings.DecimalSeparator;
 constinit WideChar& ThousandSeparator = FormatSettings.ThousandSeparator;
 constinit WideChar& DateSeparator = FormatSettings.DateSeparator;

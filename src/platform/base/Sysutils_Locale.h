@@ -49,7 +49,7 @@ struct TFormatSettings
 TRS8_BTL_API TFormatSettings GetUserFormatSettings();
 
 /// The settings that all functions without settings of their own follow. Process-wide and unguarded.
-TRS8_BTL_API extern TFormatSettings FormatSettings;
+TRS8_BTL_API extern TFormatSettings& FormatSettings;
 
 // The members of `FormatSettings` under their old single names.
 TRS8_BTL_API extern System::WideChar& DecimalSeparator;

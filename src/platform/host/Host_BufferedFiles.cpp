@@ -156,7 +156,7 @@ void AgeBuffersOf(int descriptor)
         return;
     }
     if (const auto record = Files().Find(KeyOf(status))) {
-        record->Age();
+        record->Cut();
     }
 }
 

@@ -24,7 +24,8 @@ class FileRecord;
 void FlushBuffersOf(int descriptor);
 void FlushBuffersOf(const char* path);
 void FlushBuffersOf(const struct stat& status);
-/// To be called after the file was written past the buffers: what they read ahead is old.
+/// To be called after the file was written or cut past the buffers: what they read ahead is old, and room
+/// that the host set aside may be gone.
 void AgeBuffersOf(int descriptor);
 
 /// Writes what is gathered for any file of the process, for those who open the files by other means.

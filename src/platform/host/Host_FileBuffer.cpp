@@ -7,11 +7,13 @@
 #include "platform/host/internal/Host_FileRecord.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <mutex>
 #include <utility>
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -29,6 +31,8 @@ constexpr std::size_t BufferSize = std::size_t{1} << 16;
 constexpr std::size_t FirstFill = std::size_t{1} << 12;
 /// From here on the host tells which positions it can have.
 constexpr Int64 FarAway = Int64{1} << 40;
+/// What hosts hand out at least.
+constexpr Int64 BlockSize = 4096;
 
 Int64 ReadAt(int descriptor, Int64 position, char* buffer, Int64 count)
 {
@@ -108,23 +112,68 @@ Int64 FileBuffer::Write(const void* buffer, Int64 count)
 {
     const auto* const bytes = static_cast<const char*>(buffer);
     const std::scoped_lock lock(mRecord->Gate());
-    const bool isLarge = count >= static_cast<Int64>(BufferSize);
-    const bool isInRow =
-        mGatheredSize == 0 || mPosition == mGatheredStart + static_cast<Int64>(mGatheredSize);
-    const bool isDirect = isLarge || !mCanWrite || mPosition > FarAway || IsGatheringOver();
-    if (isDirect || !isInRow || mGatheredSize + static_cast<std::size_t>(count) > BufferSize ||
+    const bool mayGather = MayGather(count);
+    if (!mayGather || mGatheredSize + static_cast<std::size_t>(count) > BufferSize ||
         mRecord->OthersGather(this)) {
         mRecord->FlushLocked();
     }
     if (mError != 0) {
         return 0;
     }
-    if (isDirect) {
-        const Int64 done = std::max(WriteAt(mDescriptor, mPosition, bytes, count), Int64{0});
-        mRecord->Age();
-        mPosition += done;
-        return done;
+    if (mPosition != mRowEnd) {
+        mRowStart = mPosition;
     }
+    if (mayGather) {
+        Gather(bytes, count);
+    } else {
+        count = WriteNow(bytes, count);
+    }
+    mPosition += count;
+    mRowEnd = mPosition;
+    return count;
+}
+
+/// Whether the next bytes go on where the last ones ended, and have room there.
+bool FileBuffer::MayGather(Int64 count)
+{
+    if (mPosition != mRowEnd || count >= static_cast<Int64>(BufferSize) || !mCanWrite ||
+        mPosition > FarAway || IsGatheringOver()) {
+        return false;
+    }
+    const bool isThere = mPosition + count <= mRoomEnd && mRoomCuts == mRecord->Cuts();
+    return isThere || (mCanSetAside && SetAside(count));
+}
+
+/// Has the host set aside room for the next bytes, and the more beyond them the longer the row is: what isn't
+/// used stays with the file until it is written anew.
+bool FileBuffer::SetAside(Int64 count)
+{
+    const Int64 beyond = std::min((mPosition - mRowStart) / 8, static_cast<Int64>(BufferSize));
+    const Int64 end = (mPosition + count + beyond + BlockSize - 1) / BlockSize * BlockSize;
+    rlimit limit;
+    if (getrlimit(RLIMIT_FSIZE, &limit) != 0 || static_cast<rlim_t>(end) > limit.rlim_cur) {
+        return false;
+    }
+    mRoomCuts = mRecord->Cuts();
+    const int failure = Uninterrupted(
+        [&] { return fallocate(mDescriptor, FALLOC_FL_KEEP_SIZE, mPosition, end - mPosition); });
+    if (failure != 0) {
+        mCanSetAside = errno != EOPNOTSUPP && errno != ENOSYS;
+        return false;
+    }
+    mRoomEnd = end;
+    return true;
+}
+
+Int64 FileBuffer::WriteNow(const char* bytes, Int64 count)
+{
+    const Int64 done = std::max(WriteAt(mDescriptor, mPosition, bytes, count), Int64{0});
+    mRecord->Age();
+    return done;
+}
+
+void FileBuffer::Gather(const char* bytes, Int64 count)
+{
     if (!mGathered) {
         mGathered = std::make_unique_for_overwrite<char[]>(BufferSize);
     }
@@ -134,8 +183,6 @@ Int64 FileBuffer::Write(const void* buffer, Int64 count)
     }
     std::memcpy(mGathered.get() + mGatheredSize, bytes, static_cast<std::size_t>(count));
     mGatheredSize += static_cast<std::size_t>(count);
-    mPosition += count;
-    return count;
 }
 
 Int64 FileBuffer::Seek(Int64 offset, int origin)
@@ -162,10 +209,10 @@ bool FileBuffer::Resize(Int64 size)
 {
     const std::scoped_lock lock(mRecord->Gate());
     mRecord->FlushLocked();
-    if (Uninterrupted([&] { return ftruncate(mDescriptor, size); }) != 0) {
-        return FailErrno();
+    if (!SetSize(mDescriptor, size)) {
+        return false;
     }
-    mRecord->Age();
+    mRecord->Cut();
     return true;
 }
 

@@ -13,7 +13,9 @@ namespace Host
 class FileRecord;
 
 /// A buffer over an open plain file that it doesn't own, which has a position of its own: bytes are read
-/// ahead, and written ones are gathered. Nobody else may use the handle meanwhile. The buffers over one file
+/// ahead, and written ones are gathered. Bytes are gathered only where they go on behind those written last
+/// and the host has set aside room for them, so that a full disk shows with the write that it refuses; all
+/// others are written at once. Nobody else may use the handle meanwhile. The buffers over one file
 /// know each other, and the calls of `Host` know them: each sees what the others wrote, as if there were no
 /// buffers. What is written past them all, as by other programs, shows behind a seek from the beginning or
 /// the end.
@@ -46,7 +48,8 @@ public:
     void Flush();
 
     /// The error with which writing gathered bytes failed since the last call; 0 for none. These bytes are
-    /// lost. Where the position stood behind them, it goes back to the first lost one.
+    /// lost: the disk itself failed, or another program took away the room that they had. Where the position
+    /// stood behind them, it goes back to the first lost one.
     unsigned long TakeError();
     /// Whether `TakeError` has one to give.
     bool HasError() const noexcept { return mError.load(std::memory_order_acquire) != 0; }
@@ -64,6 +67,10 @@ private:
     void Synchronize();
     void Fill();
     std::string_view AtPosition() const;
+    bool MayGather(System::Int64 count);
+    bool SetAside(System::Int64 count);
+    System::Int64 WriteNow(const char* bytes, System::Int64 count);
+    void Gather(const char* bytes, System::Int64 count);
     /// Called by the record under its lock.
     void WriteGathered();
 
@@ -77,6 +84,14 @@ private:
     std::size_t mWindowSize = 0;
     unsigned mWindowVersion = 0;
     std::size_t mFillSize = 0;
+
+    /// The bytes written last, one behind the other.
+    System::Int64 mRowStart = 0;
+    System::Int64 mRowEnd = -1;
+    /// Up to where the host has set aside room for the row, unless the file was cut since.
+    System::Int64 mRoomEnd = 0;
+    unsigned mRoomCuts = 0;
+    bool mCanSetAside = true;
 
     // Guarded by the record.
     std::unique_ptr<char[]> mGathered;

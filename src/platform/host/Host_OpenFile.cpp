@@ -221,8 +221,8 @@ bool ResizeFile(NativeInt handle, Int64 size)
         return false;
     }
     FlushBuffersOf(descriptor);
-    if (Uninterrupted([&] { return ftruncate(descriptor, size); }) != 0) {
-        return FailErrno();
+    if (!SetSize(descriptor, size)) {
+        return false;
     }
     AgeBuffersOf(descriptor);
     return true;

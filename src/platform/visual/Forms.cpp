@@ -15,30 +15,19 @@ constinit TScreen* Screen = nullptr;
 namespace
 {
 
-/// Makes the two global objects and takes them away again.
-class CGlobalObjects
+/// Makes the two global objects. They are never destroyed: a fault in the destructor of a program's global
+/// object still finds them.
+struct TGlobalObjects
 {
-public:
-    CGlobalObjects()
+    TGlobalObjects()
     {
-        Application = &mApplication;
-        Screen = &mScreen;
+        Application = new TApplication;
+        Screen = new TScreen;
     }
-    CGlobalObjects(const CGlobalObjects&) = delete;
-    CGlobalObjects& operator=(const CGlobalObjects&) = delete;
-    ~CGlobalObjects()
-    {
-        Application = nullptr;
-        Screen = nullptr;
-    }
-
-private:
-    TApplication mApplication;
-    TScreen mScreen;
 };
 
 // Units that ask for the program's folder while they start find the application there.
-[[gnu::init_priority(200)]] CGlobalObjects globalObjects;
+[[gnu::init_priority(200)]] TGlobalObjects globalObjects;
 
 } // namespace
 

@@ -67,8 +67,8 @@ public:
     int getDesktopHeight() const { return getDesktopRect().Height(); }
 };
 
-/// The program's application object. It stands before any other unit of the library starts, and is null from
-/// its end on.
+/// The program's application object. It stands before any other unit of the library starts, and stays until
+/// the process is gone.
 TRS8_BTL_API extern TApplication* Application;
 TRS8_BTL_API extern TScreen* Screen;
 

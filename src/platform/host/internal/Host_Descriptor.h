@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/host/Host_Error.h"
+#include "platform/host/internal/Host_WriteSignals.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -81,10 +82,12 @@ template <class Call>
     }
 }
 
-/// Writes `count` bytes by calls of `write(offset, piece)`: the count done, -1 on a failure at once.
+/// Writes `count` bytes by calls of `write(offset, piece)`: the count done, -1 on a failure at once. No
+/// signal ends the program.
 template <class Call>
 [[nodiscard]] System::Int64 WritePieces(System::Int64 count, Call write)
 {
+    const WriteSignals errorsAlone;
     System::Int64 done = 0;
     do {
         const ssize_t result =
@@ -99,6 +102,13 @@ template <class Call>
         done += result;
     } while (done < count);
     return done;
+}
+
+/// Cuts or lengthens an open file. No signal ends the program.
+[[nodiscard]] inline bool SetSize(int descriptor, System::Int64 size)
+{
+    const WriteSignals errorsAlone;
+    return Uninterrupted([&] { return ftruncate(descriptor, size); }) == 0 || FailErrno();
 }
 
 } // namespace Host

@@ -28,6 +28,13 @@ public:
     /// Changes with each write to the file.
     unsigned Version() const { return mVersion.load(std::memory_order_acquire); }
     void Age() { mVersion.fetch_add(1, std::memory_order_acq_rel); }
+    /// Changes when the file may have lost the room that the host set aside for it.
+    unsigned Cuts() const { return mCuts.load(std::memory_order_acquire); }
+    void Cut()
+    {
+        mCuts.fetch_add(1, std::memory_order_acq_rel);
+        Age();
+    }
 
     /// Writes what the buffers gathered.
     void Flush();
@@ -52,6 +59,7 @@ private:
     std::vector<FileBuffer*> mGathering;
     std::atomic<std::size_t> mCount{0};
     std::atomic<unsigned> mVersion{0};
+    std::atomic<unsigned> mCuts{0};
 };
 
 } // namespace Host

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <typeinfo>
+#include <utility>
 
 namespace Classes
 {
@@ -36,6 +37,11 @@ NativeInt Open(const UnicodeString& path, System::Word mode)
         throw EFCreateError(u"Cannot create" + rest);
     }
     throw EFOpenError(u"Cannot open" + rest);
+}
+
+[[noreturn]] void ThrowWriteError(unsigned long error)
+{
+    throw EWriteError(u"Stream write error. " + Sysutils::SysErrorMessage(error));
 }
 
 } // namespace
@@ -133,6 +139,11 @@ NativeInt THandleStream::getHandle() const
     return mHandle;
 }
 
+NativeInt THandleStream::ReleaseHandle() noexcept
+{
+    return std::exchange(mHandle, Host::InvalidHandle);
+}
+
 void THandleStream::BeginBuffer()
 {
     mBuffer = Host::FileBuffer::Attach(mHandle);
@@ -206,7 +217,7 @@ void THandleStream::CheckGathered() const
     if (mBuffer->HasError()) {
         const unsigned long error = mBuffer->TakeError();
         SetLastError(error);
-        throw EWriteError(u"Stream write error. " + Sysutils::SysErrorMessage(error));
+        ThrowWriteError(error);
     }
 }
 
@@ -227,7 +238,19 @@ TFileStream::TFileStream(const UnicodeString& path, System::Word mode)
 TFileStream::~TFileStream()
 {
     EndBuffer();
-    Sysutils::FileClose(getHandle());
+    if (const NativeInt handle = ReleaseHandle(); handle != Host::InvalidHandle) {
+        Host::CloseFile(handle);
+    }
+}
+
+void TFileStream::Close()
+{
+    Flush();
+    EndBuffer();
+    const NativeInt handle = ReleaseHandle();
+    if (handle != Host::InvalidHandle && !Host::CloseFile(handle)) {
+        ThrowWriteError(GetLastError());
+    }
 }
 
 } // namespace Classes

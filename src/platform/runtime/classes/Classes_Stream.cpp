@@ -222,6 +222,7 @@ void TCustomMemoryStream::SaveToFile(const UnicodeString& path) const
 {
     TFileStream stream(path, fmCreate);
     SaveToStream(&stream);
+    stream.Close();
 }
 
 // TMemoryStream

@@ -229,6 +229,8 @@ protected:
     void BeginBuffer();
     /// Writes what is gathered and works without a buffer again; a failure sets the last error.
     void EndBuffer() noexcept;
+    /// The handle, which the stream has no more from here on. To be called without a buffer.
+    System::NativeInt ReleaseHandle() noexcept;
 
 private:
     std::string_view Window() override;
@@ -248,9 +250,10 @@ private:
     std::size_t mAheadSize = 0;
 };
 
-/// A stream over a file that it opens and closes itself. Reads are buffered and small writes gathered, up to
-/// 64 KB. That shows nowhere among the streams and file routines of this process: each sees at once what the
-/// others wrote.
+/// A stream over a file that it opens and closes itself. Reads are buffered. Small writes in a row are
+/// gathered, up to 64 KB, once the host has set aside room for them: a full disk shows at once, in fewer
+/// bytes written. That they are gathered shows nowhere among the streams and file routines of this process:
+/// each sees at once what the others wrote.
 ///
 /// Others, which are standard streams and other programs, see gathered bytes once the host has them: when
 /// they are more than the buffer holds or go on elsewhere, when the file is read or its size asked for, with
@@ -260,8 +263,8 @@ private:
 ///
 /// What can't seek, as a named pipe, is read ahead too; the stream keeps what it has taken from it.
 ///
-/// If the host refuses gathered bytes, the next operation raises `EWriteError`; the destructor sets the last
-/// error instead.
+/// If gathered bytes can't be written after all, as when the disk itself fails, the next operation raises
+/// `EWriteError`; the destructor sets the last error instead. `Close` leaves nothing to it.
 class TRS8_BTL_API TFileStream : public THandleStream
 {
     TRS8_BTL_CLASS(TFileStream, THandleStream)
@@ -273,6 +276,10 @@ public:
     ~TFileStream() override;
 
     const System::UnicodeString& getFileName() const noexcept { return mFileName; }
+
+    /// Writes what is gathered and closes the file; nothing can be done with the stream after that.
+    /// `EWriteError` if the host refuses either: what was written may be lost then. Once closed it stays so.
+    void Close();
 
 private:
     System::UnicodeString mFileName;

@@ -390,6 +390,7 @@ void TStrings::SaveToFile(const UnicodeString& path, Sysutils::TEncoding* encodi
 {
     TFileStream stream(path, fmCreate);
     SaveToStream(&stream, encoding);
+    stream.Close();
 }
 
 TObject* TStrings::GetObject(int index) const

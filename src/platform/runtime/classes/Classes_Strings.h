@@ -155,7 +155,7 @@ public:
     /// null.
     void SaveToStream(TStream* stream, Sysutils::TEncoding* encoding = nullptr) const;
     /// Makes what `SaveToStream` writes the whole file. It isn't done in one step: a crash leaves a part.
-    /// `EFCreateError` if the file can't be made.
+    /// `EFCreateError` if the file can't be made, `EWriteError` if the host doesn't take all of it.
     void SaveToFile(const System::UnicodeString& path, Sysutils::TEncoding* encoding = nullptr) const;
 
 protected:

@@ -49,7 +49,7 @@ TTypeInfo OrdinalType(TTypeKind kind, const UnicodeString& name, Int64 min, Int6
 
 const TTypeInfo* IntegerTypeInfo(std::size_t size, bool isSigned)
 {
-    static const std::array types{
+    static const auto& types = *new std::array{
         OrdinalType(tkInteger, u"Byte", 0, UINT8_MAX),
         OrdinalType(tkInteger, u"ShortInt", INT8_MIN, INT8_MAX),
         OrdinalType(tkInteger, u"Word", 0, UINT16_MAX),
@@ -65,25 +65,25 @@ const TTypeInfo* IntegerTypeInfo(std::size_t size, bool isSigned)
 
 const TTypeInfo* CharTypeInfo(bool wide)
 {
-    static const std::array types{OrdinalType(tkChar, u"AnsiChar", 0, UINT8_MAX),
-                                  OrdinalType(tkWChar, u"Char", 0, UINT16_MAX)};
+    static const auto& types = *new std::array{OrdinalType(tkChar, u"AnsiChar", 0, UINT8_MAX),
+                                               OrdinalType(tkWChar, u"Char", 0, UINT16_MAX)};
     return &types[wide ? 1 : 0];
 }
 
 const TTypeInfo* BooleanTypeInfo()
 {
-    static const TTypeInfo type = EnumType(u"Boolean", {u"False", u"True"});
-    return &type;
+    static const auto* const type = new TTypeInfo(EnumType(u"Boolean", {u"False", u"True"}));
+    return type;
 }
 
 const TTypeInfo* FloatTypeInfo(TFloatType type)
 {
-    static const auto types = [] {
-        std::array<TTypeInfo, 5> infos;
+    static const auto& types = *[] {
+        auto* const infos = new std::array<TTypeInfo, 5>;
         const std::array names{u"Single", u"Double", u"Extended", u"Comp", u"Currency"};
-        for (std::size_t i = 0; i < infos.size(); ++i) {
-            infos[i] = {.Kind = tkFloat, .Name = names[i]};
-            infos[i].FloatType = static_cast<TFloatType>(i);
+        for (std::size_t i = 0; i < infos->size(); ++i) {
+            (*infos)[i] = {.Kind = tkFloat, .Name = names[i]};
+            (*infos)[i].FloatType = static_cast<TFloatType>(i);
         }
         return infos;
     }();
@@ -92,28 +92,28 @@ const TTypeInfo* FloatTypeInfo(TFloatType type)
 
 const TTypeInfo* TextTypeInfo(TTypeKind kind)
 {
-    static const TTypeInfo narrow{.Kind = tkLString, .Name = u"AnsiString"};
-    static const TTypeInfo wide{.Kind = tkUString, .Name = u"string"};
-    return kind == tkLString ? &narrow : &wide;
+    static const auto* const narrow = new TTypeInfo{.Kind = tkLString, .Name = u"AnsiString"};
+    static const auto* const wide = new TTypeInfo{.Kind = tkUString, .Name = u"string"};
+    return kind == tkLString ? narrow : wide;
 }
 
 const TTypeInfo* DateTimeTypeInfo()
 {
-    static const TTypeInfo type{.Kind = tkFloat, .Name = u"TDateTime"};
-    return &type;
+    static const auto* const type = new TTypeInfo{.Kind = tkFloat, .Name = u"TDateTime"};
+    return type;
 }
 
 const TTypeInfo* VariantTypeInfo()
 {
-    static const TTypeInfo type{.Kind = tkVariant, .Name = u"Variant"};
-    return &type;
+    static const auto* const type = new TTypeInfo{.Kind = tkVariant, .Name = u"Variant"};
+    return type;
 }
 
 const TTypeInfo* MethodTypeInfo(const std::type_info& signature)
 {
-    static const TTypeInfo notify{.Kind = tkMethod, .Name = u"TNotifyEvent"};
-    static const TTypeInfo other{.Kind = tkMethod, .Name = u"TMethod"};
-    return signature == typeid(Classes::TNotifyEvent::Signature) ? &notify : &other;
+    static const auto* const notify = new TTypeInfo{.Kind = tkMethod, .Name = u"TNotifyEvent"};
+    static const auto* const other = new TTypeInfo{.Kind = tkMethod, .Name = u"TMethod"};
+    return signature == typeid(Classes::TNotifyEvent::Signature) ? notify : other;
 }
 
 } // namespace Detail

@@ -209,8 +209,8 @@ struct GPropTraits<T>
 {
     static const TTypeInfo* TypeInfo()
     {
-        static const TTypeInfo info = GEnumType<T>::Make();
-        return &info;
+        static const auto* const info = new TTypeInfo(GEnumType<T>::Make());
+        return info;
     }
     static TPropValue ToValue(T value) { return static_cast<System::Int64>(value); }
     static T FromValue(const TPropValue& value) { return static_cast<T>(std::get<System::Int64>(value)); }
@@ -226,14 +226,14 @@ struct GPropTraits<System::Set<T, Min, Max>>
 
     static const TTypeInfo* TypeInfo()
     {
-        static const TTypeInfo info = [] {
+        static const auto* const info = [] {
             TTypeInfo set{.Kind = tkSet, .Name = u"Set"};
             set.MaxValue = (System::Int64{1} << Count) - 1;
             set.ElementType = GPropTraits<T>::TypeInfo();
             set.LowestElement = static_cast<System::Int64>(Min);
-            return set;
+            return new TTypeInfo(std::move(set));
         }();
-        return &info;
+        return info;
     }
     static TPropValue ToValue(const Set& value)
     {

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+// A program that ends in the way that its first argument names. Its logs lie in the folder of the second; the
+// third is its add-in.
+
+#include "Witness.h"
+#include "foundation/UTL_LOG_Log.h"
+#include "foundation/UTL_LOG_LogStream.h"
+
+#include <cstdlib>
+#include <dlfcn.h>
+#include <string>
+#include <thread>
+
+namespace
+{
+
+const Lifetime::CWitness global("global");
+thread_local const Lifetime::CWitness ofMain("main thread");
+thread_local const Lifetime::CWitness ofThread("second thread");
+
+} // namespace
+
+int main(int, char** argv)
+{
+    const std::string way = argv[1];
+    const std::string folder = argv[2];
+    BTL::SetLogFile((folder + "/log.txt").c_str());
+    UTL::set_log_file((folder + "/stream.txt").c_str());
+
+    std::atexit([] { Lifetime::Testify("atexit"); });
+    ofMain.Appear();
+    void* const addIn = dlopen(argv[3], RTLD_NOW);
+    if (addIn == nullptr) {
+        return 2;
+    }
+    Lifetime::Testify("main");
+    if (way == "unload") {
+        dlclose(addIn);
+    }
+    std::thread([&way] {
+        ofThread.Appear();
+        if (way == "exit in thread") {
+            std::exit(0);
+        }
+    }).join();
+    if (way == "exit") {
+        std::exit(0);
+    }
+}
