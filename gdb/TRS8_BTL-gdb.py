@@ -237,7 +237,7 @@ def dynamic_array(value, label):
     if int(block) == 0:
         return Items(label, 0, [])
     count = int(block["length"])
-    return Items(label, count, array_items(only_pointer(block["items"]), count))
+    return Items(label, count, array_items(block["items"], count))
 
 
 def enumeration_set(value, _label):

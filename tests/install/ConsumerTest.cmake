@@ -44,17 +44,10 @@ run_step(DESCRIPTION "The program built with find_package"
     COMMAND "${workFolder}/cmake/consumer" OUTPUT printed)
 expect_version("${printed}" "with find_package")
 
-find_program(pkgConfig NAMES pkg-config pkgconf REQUIRED)
-set(ENV{PKG_CONFIG_PATH} "${prefix}/${libFolder}/pkgconfig")
-run_step(DESCRIPTION "pkg-config" OUTPUT pkgFlags
-    COMMAND ${pkgConfig} --cflags --libs "TRS8_BTL = ${libraryVersion}")
+build_with_pkg_config("${consumerFolder}/main.cpp" "${workFolder}/consumer")
 if(NOT pkgFlags MATCHES "^-I[^ ]*/include -L")
     message(FATAL_ERROR "pkg-config tells more than one include folder: ${pkgFlags}")
 endif()
-separate_arguments(pkgFlags UNIX_COMMAND "${pkgFlags}")
-run_step(DESCRIPTION "The build with pkg-config"
-    COMMAND "${compiler}" -std=c++20 ${flags} "${consumerFolder}/main.cpp" -o "${workFolder}/consumer"
-        ${pkgFlags} "-Wl,-rpath,${prefix}/${libFolder}")
 run_step(DESCRIPTION "The program built with pkg-config"
     COMMAND "${workFolder}/consumer" OUTPUT printed)
 expect_version("${printed}" "with pkg-config")

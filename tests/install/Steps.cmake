@@ -33,3 +33,25 @@ function(build_against_library source folder)
             ${ARGN})
     run_step(DESCRIPTION "The build with find_package" COMMAND ${CMAKE_COMMAND} --build "${folder}")
 endfunction()
+
+# Builds a program of one source by what pkg-config tells of the installed library. Sets `pkgFlags` to that.
+function(build_with_pkg_config source program)
+    find_program(pkgConfig NAMES pkg-config pkgconf REQUIRED)
+    set(ENV{PKG_CONFIG_PATH} "${prefix}/${libFolder}/pkgconfig")
+    run_step(DESCRIPTION "pkg-config" OUTPUT pkgFlags
+        COMMAND ${pkgConfig} --cflags --libs "TRS8_BTL = ${libraryVersion}")
+    set(pkgFlags "${pkgFlags}" PARENT_SCOPE)
+    separate_arguments(pkgFlags UNIX_COMMAND "${pkgFlags}")
+    run_step(DESCRIPTION "The build with pkg-config"
+        COMMAND "${compiler}" -std=c++20 ${flags} "${source}" -o "${program}" ${pkgFlags}
+            "-Wl,-rpath,${prefix}/${libFolder}")
+endfunction()
+
+# Compares the values of the program of debugger/ as gdb shows them; further arguments go to gdb.
+function(compare_in_gdb program)
+    find_program(gdb NAMES gdb REQUIRED)
+    # The plain locale has no letters beyond ASCII.
+    run_step(DESCRIPTION "The comparison in gdb"
+        COMMAND "${gdb}" -nx -batch -iex "set host-charset UTF-8" ${ARGN}
+            -x "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/debugger/compare.py" "${program}")
+endfunction()
