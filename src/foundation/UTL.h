@@ -21,6 +21,7 @@
 #include "foundation/UTL_CVariants.h"
 #include "foundation/UTL_Flags.h"
 #include "foundation/UTL_I18N_Texts.h"
+#include "foundation/UTL_LOG_Form.h"
 #include "foundation/UTL_LOG_Log.h"
 #include "foundation/UTL_LOG_LogFile.h"
 #include "foundation/UTL_LOG_LogStream.h"

@@ -7,6 +7,7 @@
 #include "platform/runtime/classes/Classes_StringList.h"
 
 #include <algorithm>
+#include <bit>
 #include <climits>
 #include <cstring>
 
@@ -124,6 +125,23 @@ void CFlags::setCount(int count)
     mBytes.resize(ByteCount(count));
     mCount = count;
     ClearSurplus();
+}
+
+int CFlags::NextTrue(int from) const noexcept
+{
+    const int start = std::max(from, 0);
+    if (start >= mCount) {
+        return -1;
+    }
+    const auto first = mBytes.begin() + static_cast<std::ptrdiff_t>(ByteOf(start));
+    const auto inFirst = static_cast<Byte>(*first & ~(MaskOf(start) - 1U));
+    const auto found =
+        inFirst != 0 ? first : std::find_if(first + 1, mBytes.end(), [](Byte byte) { return byte != 0; });
+    if (found == mBytes.end()) {
+        return -1;
+    }
+    const Byte byte = found == first ? inFirst : *found;
+    return 8 * static_cast<int>(found - mBytes.begin()) + std::countr_zero(byte);
 }
 
 bool CFlags::SetFlag(int i, bool value)

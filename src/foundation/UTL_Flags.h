@@ -2,9 +2,12 @@
 #pragma once
 
 #include "foundation/UTL_ASRT_FaultPlace.h"
+#include "platform/base/System_Range.h"
 #include "platform/base/System_String.h"
 
+#include <concepts>
 #include <cstdint>
+#include <initializer_list>
 #include <vector>
 
 namespace UTL
@@ -15,12 +18,26 @@ class CIntVector;
 /// A growable row of flags, packed eight to the byte, the lowest bit first. A negative count counts as 0. A
 /// position outside the row is an internal fault; if the user lets it pass, the flag reads as false and
 /// nothing is set.
+///
+///     UTL::CFlags alarms{true, false, true};
+///     alarms.setItem(1, true);
+///     for (const bool alarm : alarms) { ... }
+///     for (int i = alarms.NextTrue(0); i >= 0; i = alarms.NextTrue(i + 1)) { ... }
 class TRS8_BTL_API CFlags
 {
 public:
     /// All flags false.
     explicit CFlags(int count = 0);
     CFlags(int count, bool value);
+    /// Braces of `bool` hold the flags: `CFlags{true, false}`, but `CFlags{2, true}` has two that are true.
+    template <std::same_as<bool> Bool>
+    CFlags(std::initializer_list<Bool> flags) : CFlags(static_cast<int>(flags.size()))
+    {
+        int i = 0;
+        for (const bool flag : flags) {
+            Put(i++, flag);
+        }
+    }
     /// The first flags of `other`; those that it lacks are false.
     CFlags(const CFlags& other, int count);
     // Only copies: a row that was moved from would lack the byte that it always has.
@@ -46,6 +63,18 @@ public:
     int getCount() const noexcept { return mCount; }
     /// Flags that stay keep their value, new ones are false.
     void setCount(int count);
+
+    // The flags as a range, by value. `setItem` sets one.
+
+    using const_iterator = System::GIndexIterator<CFlags, bool>;
+    const_iterator begin() const noexcept { return {*this, 0}; }
+    const_iterator end() const noexcept { return {*this, mCount}; }
+    std::size_t size() const noexcept { return static_cast<std::size_t>(mCount); }
+    [[nodiscard]] bool empty() const noexcept { return mCount == 0; }
+    /// As `getItem`.
+    bool operator[](int i) const { return getItem(i); }
+    /// The first position from `from` on whose flag is true; -1 if there is none.
+    int NextTrue(int from) const noexcept;
 
     bool getItem(int i) const { return Check(i, GetsNoFlag) && IsSet(i); }
     void setItem(int i, bool value)

@@ -2,11 +2,12 @@
 #include "foundation/UTL_LOG_Log.h"
 
 #include "foundation/internal/UTL_LOG_Folder.h"
+#include "foundation/internal/UTL_LOG_Lines.h"
 #include "platform/host/Host_Path.h"
 
 #include <fstream>
+#include <mutex>
 
-using System::AnsiString;
 using System::UnicodeString;
 
 namespace BTL
@@ -15,27 +16,43 @@ namespace BTL
 namespace
 {
 
-/// The folder is asked for on first use, when it is sure that the units that tell it have started.
-UnicodeString& LogFile()
+struct TLineLog
 {
-    static UnicodeString name = UTL::Detail::InProgramFolder(u"Log.txt");
-    return name;
+    /// The folder is asked for on first use, when it is sure that the units that tell it have started.
+    UnicodeString fileName = UTL::Detail::InProgramFolder(u"Log.txt");
+    UTL::TLogForm form;
+    std::mutex gate;
+};
+
+/// Never destroyed: the global objects of a program may log while they end.
+TLineLog& LineLog()
+{
+    static TLineLog& log = *new TLineLog;
+    return log;
 }
 
 } // namespace
 
 void SetLogFile(const UnicodeString& name)
 {
-    LogFile() = name;
+    LineLog().fileName = name;
+}
+
+void SetLogForm(const UTL::TLogForm& form)
+{
+    LineLog().form = form;
 }
 
 void Log(const UnicodeString& text)
 {
-    if (LogFile().IsEmpty()) {
+    TLineLog& log = LineLog();
+    if (log.fileName.IsEmpty()) {
         return;
     }
-    std::ofstream stream(Sysutils::HostPath(LogFile()), std::ios::out | std::ios::app);
-    stream << AnsiString(text) << std::endl;
+    std::string bytes = UTL::Detail::LogBytes(text, log.form.encoding) + '\n';
+    const std::lock_guard lock(log.gate);
+    std::ofstream stream(Sysutils::HostPath(log.fileName), std::ios::out | std::ios::app);
+    stream << UTL::Detail::TakeLogLines(bytes, log.form.time) << std::flush;
 }
 
 } // namespace BTL

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "foundation/UTL_LOG_Form.h"
 #include "platform/base/System_String.h"
 
 namespace BTL
@@ -8,11 +9,22 @@ namespace BTL
 
 // Take this log for a line now and then: each call leaves a whole line in a closed file, whatever happens to
 // the program next. For much output there is the stream of `UTL_LOG_LogStream.h`.
+//
+//     BTL::SetLogFile(u"run.txt");
+//     BTL::SetLogForm({.encoding = UTL::ELogEncoding::Utf8, .time = UTL::ELogTime::Local});
+//     BTL::Log(u"20 \u00B0C");          // "2022-02-28T12:30:00.250+01:00 20 °C"
 
-/// The file of `Log`; empty switches it off. At start it is "Log.txt" in the folder of the program.
+/// The file of `Log`; empty switches it off. At start it is "Log.txt" in the folder of the program. To be
+/// called before threads start.
 TRS8_BTL_API void SetLogFile(const System::UnicodeString& name);
 
-/// Appends `text` as a line to the log file, which is open only for the time of the call.
+/// How the lines of `Log` look from now on; at start without times, in the system's code page. What the file
+/// holds stays as it is. To be called before threads start.
+TRS8_BTL_API void SetLogForm(const UTL::TLogForm& form);
+
+/// Appends `text` as a line to the log file, which is open only for the time of the call. With times, each
+/// line of a text that has several begins with one. Threads may call it at once, and the global objects of a
+/// program while they end.
 TRS8_BTL_API void Log(const System::UnicodeString& text);
 
 } // namespace BTL

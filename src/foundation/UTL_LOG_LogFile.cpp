@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/UTL_LOG_LogFile.h"
 
+#include "foundation/internal/UTL_LOG_Lines.h"
 #include "platform/host/Host_Path.h"
 #include "platform/host/Host_Shell.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"
@@ -13,13 +14,13 @@ namespace UTL
 namespace
 {
 
-using System::AnsiString;
 using System::UnicodeString;
 using System::WideChar;
 
 /// Create, overwriting what exists; others may read but not write.
 constexpr unsigned CreateDenyWrite = 65312;
 constexpr int ShowDefault = 10;
+constexpr const char* LineEnd = "\r\n";
 
 } // namespace
 
@@ -69,6 +70,13 @@ void CLogFile::SetPath(const WideChar* path)
     smPath = path;
 }
 
+void CLogFile::setForm(const TLogForm& form)
+{
+    WriteUnfinished();
+    mForm = form;
+    mPieces = form == TLogForm() ? nullptr : std::make_unique<Detail::CLogPieces>();
+}
+
 void CLogFile::On()
 {
     if (!mOn) {
@@ -78,6 +86,7 @@ void CLogFile::On()
 
 void CLogFile::Off()
 {
+    WriteUnfinished();
     if (mFile > 0) {
         Sysutils::FileClose(mFile);
     }
@@ -95,12 +104,26 @@ void CLogFile::Log(UnicodeString text, bool newLine)
     if (!mOn) {
         return;
     }
-    if (newLine) {
-        text += u"\r\n";
+    const std::string bytes = Detail::LogBytes(text, mForm.encoding) + (newLine ? LineEnd : "");
+    if (mPieces == nullptr) {
+        Write(bytes);
+        return;
     }
-    const AnsiString bytes = text;
+    mPieces->Add(bytes, mForm.time, [this](const std::string& lines) { Write(lines); });
+}
+
+void CLogFile::Write(std::string_view bytes) const
+{
     if (mFile > 0) {
-        Sysutils::FileWrite(mFile, bytes.c_str(), static_cast<unsigned>(bytes.Length()));
+        Sysutils::FileWrite(mFile, bytes.data(), static_cast<unsigned>(bytes.size()));
+    }
+}
+
+/// Ends the lines that have no end yet.
+void CLogFile::WriteUnfinished()
+{
+    if (mPieces != nullptr) {
+        mPieces->Finish(mForm.time, LineEnd, [this](const std::string& lines) { Write(lines); });
     }
 }
 

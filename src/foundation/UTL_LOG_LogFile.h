@@ -1,17 +1,30 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "foundation/UTL_LOG_Form.h"
 #include "platform/base/System_String.h"
 
 #include <fstream>
+#include <memory>
 #include <optional>
 #include <streambuf>
+#include <string_view>
 
 namespace UTL
 {
 
+namespace Detail
+{
+class CLogPieces;
+} // namespace Detail
+
 // Take this log for a file that tells of the last run alone and that its owner switches on and off; the logs
 // of `UTL_LOG_LogStream.h` and `UTL_LOG_Log.h` go on behind what former runs wrote.
+//
+//     UTL::CLogFile log;
+//     log.setForm({.encoding = UTL::ELogEncoding::Utf8, .time = UTL::ELogTime::Local});
+//     log.Init(u"C:\\data\\", u"run.txt");
+//     log.Log(u"started", true);
 
 /// A log file that is created anew at each start of logging. Path and file name are shared by all objects,
 /// the open file is the object's own. Nothing reports an error: where the file can't be created, what is
@@ -38,6 +51,11 @@ public:
     static void SetPath(const char* path);
     static void SetPath(const System::WideChar* path);
 
+    /// How the lines of this object look from now on; at start without times, in the system's code page. The
+    /// file stays as it is.
+    void setForm(const TLogForm& form);
+    const TLogForm& getForm() const noexcept { return mForm; }
+
     /// Starts to log into a new file, unless this object logs already.
     void On();
     /// Closes the file and ends logging.
@@ -45,7 +63,8 @@ public:
     /// Closes the file and ends logging, as `Off`.
     void Clear();
 
-    /// Writes `text` in the system's code page, with CR LF behind it if `newLine`.
+    /// Writes `text`, with CR LF behind it if `newLine`. With a form other than the usual one threads may
+    /// call it at once; a line that has no end yet is written when it comes, or when logging ends.
     void Log(System::UnicodeString text, bool newLine);
 
     /// Shows the file in the program that the user reads such files with.
@@ -53,12 +72,17 @@ public:
 
 private:
     void Create(std::optional<unsigned> mode);
+    void Write(std::string_view bytes) const;
+    void WriteUnfinished();
 
     static System::UnicodeString smPath;
     static System::UnicodeString smFileName;
 
     System::NativeInt mFile = 0;
     bool mOn = false;
+    TLogForm mForm;
+    /// Null with the usual form.
+    std::unique_ptr<Detail::CLogPieces> mPieces;
 };
 
 /// Sends `std::cout` to a file for the life of the object.

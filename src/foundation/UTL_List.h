@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <iterator>
+#include <type_traits>
 
 namespace UTL
 {
@@ -60,12 +61,13 @@ public:
     AListNode* Clone() const override;
 };
 
-/// Steps over the nodes of a list; it is no more than a pointer to one.
+/// Steps over the nodes of a list; it is no more than a pointer to one. A node may leave the list once the
+/// iterator is past it.
 template <class Node>
 class GListIterator
 {
 public:
-    using iterator_category = std::forward_iterator_tag;
+    using iterator_category = std::bidirectional_iterator_tag;
     using value_type = AListNode;
     using difference_type = std::ptrdiff_t;
     using pointer = Node*;
@@ -73,6 +75,11 @@ public:
 
     GListIterator() noexcept = default;
     explicit GListIterator(Node* node) noexcept : mNode(node) {}
+    /// From one that may change the node.
+    template <class Other>
+    requires(!std::is_same_v<Node, Other> && std::is_convertible_v<Other*, Node*>)
+        GListIterator(const GListIterator<Other>& other)
+    noexcept : mNode(other.getNode()) {}
 
     Node* getNode() const noexcept { return mNode; }
     Node& operator*() const noexcept { return *mNode; }
@@ -89,6 +96,17 @@ public:
         ++*this;
         return former;
     }
+    GListIterator& operator--() noexcept
+    {
+        mNode = mNode->getPrevious();
+        return *this;
+    }
+    GListIterator operator--(int) noexcept
+    {
+        const GListIterator former = *this;
+        --*this;
+        return former;
+    }
     friend bool operator==(const GListIterator&, const GListIterator&) noexcept = default;
 
 private:
@@ -97,6 +115,12 @@ private:
 
 /// A doubly linked list of the nodes themselves, which it owns: they must come from `new`. A call that
 /// doesn't fit the state of the list or node is an internal fault; nothing happens if the user lets it pass.
+///
+///     UTL::AList list;
+///     list.PushBack(new CChannel(u"U"));                  // a class of one's own on AListNode
+///     for (UTL::AListNode& node : list) {
+///         dynamic_cast<CChannel&>(node).Measure();
+///     }
 class TRS8_BTL_API AList : public CListEndNode
 {
 public:
@@ -110,6 +134,8 @@ public:
     ~AList() override;
 
     int getCount() const noexcept { return mCount; }
+    std::size_t size() const noexcept { return static_cast<std::size_t>(mCount); }
+    [[nodiscard]] bool empty() const noexcept { return mCount == 0; }
 
     iterator begin() noexcept { return iterator(getNext()); }
     const_iterator begin() const noexcept { return const_iterator(getNext()); }

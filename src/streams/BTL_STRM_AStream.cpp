@@ -98,6 +98,17 @@ void AStream::Release()
     }
 }
 
+void AStream::NoteRead(Int64 count, bool metEnd) noexcept
+{
+    mLastCount = count;
+    if (metEnd) {
+        mState << esEof;
+        if (count == 0) {
+            mState << esFail;
+        }
+    }
+}
+
 Int64 AStream::seekoff(Int64 offset, std::ios_base::seekdir direction)
 {
     Int64 base = 0;
@@ -122,6 +133,7 @@ Int64 AStream::SetPosition(Int64 position)
     if (reached < 0) {
         Detail::ThrowCantSeek();
     }
+    mState >> esEof;
     return reached;
 }
 

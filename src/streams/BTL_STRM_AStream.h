@@ -26,6 +26,17 @@ using TStreamState = System::Set<EStreamState, esEof, esBad>;
 /// A text stream in the manner of the standard streams on a `Classes::TStream`: operations that can't be done
 /// set bits of its state and raise nothing. An exception of the stream itself sets bad and goes on.
 ///
+/// One rule for the state holds for all streams of files, those of the standard among them:
+///
+/// - Eof: an operation wanted a byte, and the stream had no more. The last byte itself sets nothing yet, nor
+///   does a text that a delimiter ends; a number or a line that the end cuts off does.
+/// - Fail: there was nothing of what was asked for, or it was none, or `read` got less.
+/// - As a condition the stream tells whether the last operation worked: `while (in >> value)`.
+/// - Seeking takes eof back. `clear` takes all back.
+///
+/// What differs says so: `>>` of a text sets no eof with the last word, and no fail behind it. To know before
+/// reading whether something is left there is `BTL::Eof`, which looks ahead.
+///
 /// A stream that can seek stands exactly behind what was read after each operation. One that only reads, as a
 /// pipe, a socket or a class whose `Seek` gives -1 or raises, is read in blocks, and the rest of a block is
 /// kept here for the next operation; only a `Classes::TFileStream` keeps it itself.
@@ -58,12 +69,16 @@ public:
     /// The count of characters that the last read operation delivered.
     System::Int64 gcount() const noexcept { return mLastCount; }
 
+    /// For what reads `getStream()` itself: it got `count` bytes, and ended because the stream did, or not.
+    /// With nothing and the end that is a failure.
+    void NoteRead(System::Int64 count, bool metEnd) noexcept;
+
     /// One reference more.
     void AddRef() noexcept { ++mReferences; }
     /// Gives up one reference; the last one deletes the object.
     void Release();
 
-    // Seeking gives the position that the stream then has, and leaves the state alone.
+    // Seeking gives the position that the stream then has, and takes eof out of the state.
     // `Classes::EStreamError` for a stream that can't seek, whose position is -1.
 
     System::Int64 seekoff(System::Int64 offset, std::ios_base::seekdir direction);

@@ -9,7 +9,14 @@ namespace BTL
 {
 
 /// Adds to a file's stream what reads a simple data file. What isn't told here is as the function of that
-/// name in the utilities for the stream. For `CFileInStream` and `std::ifstream`.
+/// name in the utilities for the stream. For `CFileInStream` and `std::ifstream`. The state follows the rule
+/// that stands with `AStream`; a `std::ifstream` sets fail also for a last piece without its end, whose text
+/// it gives nevertheless.
+///
+///     CFileInStreamEx in(u"row.txt");
+///     for (AnsiString field = in.ReadUntil(';'); in; field = in.ReadUntil(';')) {
+///         Use(field);
+///     }
 template <class Stream>
 class TRS8_BTL_API GDataFile : public Stream
 {

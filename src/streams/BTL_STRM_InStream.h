@@ -62,8 +62,8 @@ public:
     CInStream& operator>>(long double& value);
     /// Reads a signed integer as wide as a pointer, so that what `COutStream` wrote comes back.
     CInStream& operator>>(void*& value);
-    /// The bytes up to the next white space. At the end the text is empty, with eof but without fail; the
-    /// stream as a condition tells it, as in `while (in >> word)`.
+    /// The bytes up to the next white space; the last word sets no eof. At the end the text is empty, with
+    /// eof but without fail; the stream as a condition tells it, as in `while (in >> word)`.
     CInStream& operator>>(System::AnsiString& value);
     /// As for 8-bit text, which is read in the system's code page. For UTF-8 there is `CTextReader`.
     CInStream& operator>>(System::UnicodeString& value);

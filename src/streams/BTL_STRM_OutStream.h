@@ -25,7 +25,7 @@ public:
     /// Nothing for a count below 1.
     COutStream& write(const char* bytes, System::Int64 count);
 
-    /// The position, and setting it, which leaves the state alone.
+    /// The position, and setting it, which leaves fail and bad alone.
     System::Int64 tellp() const;
     COutStream& seekp(System::Int64 position);
     COutStream& seekp(System::Int64 offset, std::ios_base::seekdir direction);

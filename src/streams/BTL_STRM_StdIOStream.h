@@ -12,7 +12,8 @@ namespace BTL
 {
 
 // Standard streams on a `Classes::TStream`. `ssSync` lets reading and writing go on at the position of the
-// stream, `ssRewind` begins at 0. A stream that can't seek, as a pipe, is read and written where it is.
+// stream, `ssRewind` begins at 0. A stream that can't seek, as a pipe, is read and written where it is. Eof
+// and fail are those of the standard, which `AStream` shares.
 //
 //     CStdInFileStream in(u"values.txt");
 //     for (std::string line; std::getline(in, line);) {

@@ -11,7 +11,8 @@ namespace BTL
 
 // Reading of standard streams, as the functions of the same names do it with a `Classes::TStream`. What ends
 // a piece of text is read too and isn't part of the result; a failed read ends it as well. Failures show in
-// the state.
+// the state: a piece that the end of the stream cuts off sets eof and fail, though it is given. To tell it
+// from none take `std::getline`, which then sets eof alone.
 
 using StdInStream = std::basic_istream<char>;
 

@@ -54,9 +54,10 @@ TRS8_BTL_API System::Int64 Search(const System::AnsiString& text, Classes::TStre
 
 /// Reads and writes binary values and lines on a stream that somebody else owns, at its position. Numbers are
 /// little-endian. What the stream can't give raises `Classes::EReadError`, what it can't take
-/// `Classes::EWriteError`. Bytes are `System::AnsiString` values. A stream of one's own class that is read up
-/// to some byte is asked for single bytes, so that it stands exactly behind it; on a `CReadAheadStream` it is
-/// read in blocks.
+/// `Classes::EWriteError`. It has no state: a text that the end cuts off is as one that its delimiter ends,
+/// and none is empty, so that `BTL::Eof` tells whether there is one. Bytes are `System::AnsiString` values. A
+/// stream of one's own class that is read up to some byte is asked for single bytes, so that it stands
+/// exactly behind it; on a `CReadAheadStream` it is read in blocks.
 class TRS8_BTL_API MStream
 {
 public:

@@ -6,6 +6,7 @@
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "platform/runtime/classes/internal/Classes_Position.h"
 #include "platform/runtime/sysutils/Character.h"
+#include "streams/internal/BTL_STRM_Reading.h"
 #include "streams/internal/BTL_STRM_Scan.h"
 
 #include <algorithm>
@@ -84,11 +85,27 @@ private:
 };
 
 template <class S, class Find>
-S ReadTextTo(TStream& stream, Find find)
+Detail::TReadEnd ReadTextTo(TStream& stream, Find find, S& text)
+{
+    const bool metEnd = !Detail::ReadTo(stream, find, Detail::AppendTo(text));
+    return {text.Length(), metEnd};
+}
+
+template <class S, class Find>
+S TextTo(TStream& stream, Find find)
 {
     S text;
-    Detail::ReadTo(stream, find, Detail::AppendTo(text));
+    ReadTextTo(stream, find, text);
     return text;
+}
+
+template <class Find>
+Detail::TReadEnd SkipTo(TStream& stream, Find find)
+{
+    Int64 count = 0;
+    const auto countBytes = [&count](std::string_view bytes) { count += static_cast<Int64>(bytes.size()); };
+    const bool metEnd = !Detail::ReadTo(stream, find, countBytes);
+    return {count, metEnd};
 }
 
 /// By the rule of Unicode for the character that the byte is in the code page.
@@ -136,19 +153,11 @@ private:
     bool mIsFirst = true;
 };
 
-UnicodeString ReadIntegerText(TStream& stream)
+/// The integer's text up to the byte behind it.
+UnicodeString IntegerText(TStream& stream, Detail::EByteBehind byteBehind = Detail::EByteBehind::Read)
 {
-    AnsiString text;
-    Detail::ReadTo(stream, CFindIntegerEnd(), Detail::AppendTo(text));
-    return text;
-}
-
-/// As `ReadIntegerText`, but the byte behind the number stays in the stream.
-UnicodeString ReadIntegerTextUnget(TStream& stream)
-{
-    Detail::NeedLookAhead(stream);
-    AnsiString text;
-    Detail::ReadInFrontOf(stream, CFindIntegerEnd(), Detail::AppendTo(text));
+    UnicodeString text;
+    Detail::ReadIntegerText(stream, byteBehind, text);
     return text;
 }
 
@@ -171,6 +180,59 @@ void WriteBytes(TStream& stream, std::string_view bytes)
 }
 
 } // namespace
+
+namespace Detail
+{
+
+TReadEnd SkipUntil(TStream& stream, char c)
+{
+    return SkipTo(stream, CFindByte{c});
+}
+
+TReadEnd SkipWhitespaces(TStream& stream)
+{
+    return SkipTo(stream, GFindIf{IsUnicodeWhiteSpace});
+}
+
+TReadEnd ReadStringUntil(TStream& stream, char delimiter, AnsiString& text)
+{
+    return ReadTextTo(stream, CFindByte{delimiter}, text);
+}
+
+TReadEnd ReadStringUntil(TStream& stream, const AnsiString& delimiter, AnsiString& text)
+{
+    CPatternScan scan(delimiter.AsView());
+    TReadEnd end = ReadTextTo(stream, std::ref(scan), text);
+    if (!end.metEnd) {
+        // All of the delimiter but its last byte was taken for text.
+        text.SetLength(text.Length() - (delimiter.Length() - 1));
+        end.count = text.Length();
+    }
+    return end;
+}
+
+TReadEnd ReadBytes(TStream& stream, int count, AnsiString& bytes)
+{
+    bytes = ReadUpTo(stream, count);
+    return {bytes.Length(), bytes.Length() < count};
+}
+
+TReadEnd ReadIntegerText(TStream& stream, EByteBehind byteBehind, UnicodeString& text)
+{
+    AnsiString bytes;
+    TReadEnd end;
+    if (byteBehind == EByteBehind::Read) {
+        end = ReadTextTo(stream, CFindIntegerEnd(), bytes);
+    } else {
+        NeedLookAhead(stream);
+        end.metEnd = !ReadInFrontOf(stream, CFindIntegerEnd(), AppendTo(bytes));
+        end.count = bytes.Length();
+    }
+    text = bytes;
+    return end;
+}
+
+} // namespace Detail
 
 bool Eof(TStream* stream)
 {
@@ -239,7 +301,7 @@ void SkipLine(TStream* stream)
 
 void SkipUntil(TStream* stream, char c)
 {
-    Detail::ReadTo(*CCheckedStream(stream, NullStreamIn::SkipUntil), Detail::CFindByte{c}, Detail::Ignore);
+    Detail::SkipUntil(*CCheckedStream(stream, NullStreamIn::SkipUntil), c);
 }
 
 void SkipBytes(TStream* stream, int count)
@@ -257,8 +319,7 @@ void SkipBytes(TStream* stream, int count)
 
 void SkipWhitespaces(TStream* stream)
 {
-    Detail::ReadTo(*CCheckedStream(stream, NullStreamIn::SkipWhitespaces),
-                   Detail::GFindIf{IsUnicodeWhiteSpace}, Detail::Ignore);
+    Detail::SkipWhitespaces(*CCheckedStream(stream, NullStreamIn::SkipWhitespaces));
 }
 
 void ReadUntil(TStream* stream, char c)
@@ -268,31 +329,26 @@ void ReadUntil(TStream* stream, char c)
 
 AnsiString ReadStringUntil(TStream* stream, char delimiter)
 {
-    return ReadTextTo<AnsiString>(*CCheckedStream(stream, NullStreamIn::ReadStringUntil),
-                                  Detail::CFindByte{delimiter});
+    return TextTo<AnsiString>(*CCheckedStream(stream, NullStreamIn::ReadStringUntil),
+                              Detail::CFindByte{delimiter});
 }
 
 UTF8String ReadUTF8StringUntil(TStream* stream, char delimiter)
 {
-    return ReadTextTo<UTF8String>(*CCheckedStream(stream, NullStreamIn::ReadUTF8StringUntil),
-                                  Detail::CFindByte{delimiter});
+    return TextTo<UTF8String>(*CCheckedStream(stream, NullStreamIn::ReadUTF8StringUntil),
+                              Detail::CFindByte{delimiter});
 }
 
 AnsiString ReadStringUntil2(TStream* stream, char a, char b)
 {
-    return ReadTextTo<AnsiString>(*CCheckedStream(stream, NullStreamIn::ReadStringUntil2),
-                                  Detail::CFindEither{a, b});
+    return TextTo<AnsiString>(*CCheckedStream(stream, NullStreamIn::ReadStringUntil2),
+                              Detail::CFindEither{a, b});
 }
 
 AnsiString ReadStringUntil(TStream* stream, const AnsiString& text)
 {
-    CCheckedStream checked(stream, NullStreamIn::ReadStringUntilText);
     AnsiString result;
-    Detail::CPatternScan scan(text.AsView());
-    if (Detail::ReadTo(*checked, std::ref(scan), Detail::AppendTo(result))) {
-        // All of the delimiter but its last byte was taken for text.
-        result.SetLength(result.Length() - (text.Length() - 1));
-    }
+    Detail::ReadStringUntil(*CCheckedStream(stream, NullStreamIn::ReadStringUntilText), text, result);
     return result;
 }
 
@@ -330,36 +386,38 @@ void WriteEndOfLine(TStream* stream)
 
 int ReadInteger(TStream* stream)
 {
-    return Sysutils::StrToInt(ReadIntegerText(*CCheckedStream(stream, NullStreamIn::ReadInteger)));
+    return Sysutils::StrToInt(IntegerText(*CCheckedStream(stream, NullStreamIn::ReadInteger)));
 }
 
 int ReadIntegerDef(TStream* stream, int defaultValue)
 {
-    return Sysutils::StrToIntDef(ReadIntegerText(*CCheckedStream(stream, NullStreamIn::ReadIntegerDef)),
+    return Sysutils::StrToIntDef(IntegerText(*CCheckedStream(stream, NullStreamIn::ReadIntegerDef)),
                                  defaultValue);
 }
 
 int ReadIntegerUnget(TStream* stream, int defaultValue)
 {
     return Sysutils::StrToIntDef(
-        ReadIntegerTextUnget(*CCheckedStream(stream, NullStreamIn::ReadIntegerUnget)), defaultValue);
+        IntegerText(*CCheckedStream(stream, NullStreamIn::ReadIntegerUnget), Detail::EByteBehind::Kept),
+        defaultValue);
 }
 
 Int64 ReadInt64(TStream* stream)
 {
-    return Sysutils::StrToInt64(ReadIntegerText(*CCheckedStream(stream, NullStreamIn::ReadInt64)));
+    return Sysutils::StrToInt64(IntegerText(*CCheckedStream(stream, NullStreamIn::ReadInt64)));
 }
 
 Int64 ReadInt64Def(TStream* stream, Int64 defaultValue)
 {
-    return Sysutils::StrToInt64Def(ReadIntegerText(*CCheckedStream(stream, NullStreamIn::ReadInt64Def)),
+    return Sysutils::StrToInt64Def(IntegerText(*CCheckedStream(stream, NullStreamIn::ReadInt64Def)),
                                    defaultValue);
 }
 
 Int64 ReadInt64Unget(TStream* stream, Int64 defaultValue)
 {
     return Sysutils::StrToInt64Def(
-        ReadIntegerTextUnget(*CCheckedStream(stream, NullStreamIn::ReadInt64Unget)), defaultValue);
+        IntegerText(*CCheckedStream(stream, NullStreamIn::ReadInt64Unget), Detail::EByteBehind::Kept),
+        defaultValue);
 }
 
 void SaveStringToStream(TStream* stream, const AnsiString& text)

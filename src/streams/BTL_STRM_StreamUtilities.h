@@ -15,7 +15,8 @@ namespace BTL
 // `CReadAheadStream`. One's own classes are asked for single bytes, so that they stand exactly behind what
 // was read; `CInStream`, `CTextReader` and `CReadAheadStream` read them in blocks.
 
-/// Whether nothing is left behind the position. At a pipe, waits until it is known. Looks ahead.
+/// Whether nothing is left behind the position, also if no read has met the end yet, unlike the eof of a text
+/// stream. At a pipe, waits until it is known. Looks ahead.
 TRS8_BTL_API bool Eof(Classes::TStream* stream);
 /// -1 for what has none, as a pipe.
 TRS8_BTL_API System::Int64 GetSize(Classes::TStream* stream);

@@ -32,6 +32,15 @@ enum class EDecoding
     Strict
 };
 
+/// What a writer does with characters that its encoding lacks, lone surrogates among them.
+enum class EEncoding
+{
+    /// They become `?`, in Unicode U+FFFD.
+    Lenient,
+    /// They raise `ECharacterFault`.
+    Strict
+};
+
 /// How a text lies in a file. Each member has its usual value:
 /// `CTextWriter out(path, {.mark = EByteOrderMark::With, .lineEnd = ELineEnd::CRLF});`
 struct TTextForm
@@ -40,6 +49,8 @@ struct TTextForm
     EByteOrderMark mark = EByteOrderMark::Without;
     /// `None` for lines without ends.
     ELineEnd lineEnd = ELineEnd::LF;
+    /// `Strict` loses nothing.
+    EEncoding strictness = EEncoding::Lenient;
 };
 
 } // namespace BTL

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "streams/BTL_STRM_TextWriter.h"
 
+#include "platform/base/Sysutils_StrictEncoding.h"
 #include "platform/runtime/classes/internal/Classes_StreamWindow.h"
 
+#include <array>
+#include <cstdio>
 #include <utility>
 
 namespace BTL
@@ -18,6 +21,26 @@ namespace
 bool IsFirstHalf(System::WideChar unit)
 {
     return unit >= 0xD800 && unit < 0xDC00;
+}
+
+bool IsSecondHalf(System::WideChar unit)
+{
+    return unit >= 0xDC00 && unit < 0xE000;
+}
+
+/// The character at an index.
+char32_t CharacterAt(std::u16string_view text, std::size_t at)
+{
+    const bool isPair = IsFirstHalf(text[at]) && at + 1 < text.size() && IsSecondHalf(text[at + 1]);
+    return isPair ? 0x10000 + ((text[at] - 0xD800U) << 10) + (text[at + 1] - 0xDC00U) : text[at];
+}
+
+UnicodeString FaultMessage(int place, char32_t character)
+{
+    std::array<char, 16> code{};
+    std::snprintf(code.data(), code.size(), "U+%04X", static_cast<unsigned>(character));
+    return u"Character " + UnicodeString(place) + u", " + UnicodeString(code.data()) +
+           u": not in the encoding that is written";
 }
 
 UnicodeString EndText(ELineEnd lineEnd)
@@ -41,6 +64,17 @@ bool NeedsMark(TStream& stream, EByteOrderMark mark)
 }
 
 } // namespace
+
+// ECharacterFault
+
+ECharacterFault::ECharacterFault(int place, char32_t character)
+    : EConvertError(FaultMessage(place, character)), mPlace(place), mCharacter(character)
+{
+}
+
+ECharacterFault::~ECharacterFault() = default;
+
+// CTextWriter
 
 CTextWriter::CTextWriter(const UnicodeString& path, EFileOpenMode mode, const TTextForm& form)
     : CTextWriter(std::unique_ptr<TStream>(CreateFileStream(path, mode, fsmDenyWrite)), form)
@@ -105,8 +139,13 @@ void CTextWriter::Close()
             writer.mOwned.reset();
         }
     } const end{*this};
-    WriteHalf();
     Flush();
+    if (mHalf != 0) {
+        // A half whose other half never came; a fault of it must not keep back what came before.
+        WriteBytes(Encoded(UnicodeString(mHalf), 1).AsView());
+        mHalf = 0;
+        Flush();
+    }
 }
 
 void CTextWriter::WriteText(UnicodeString text)
@@ -120,14 +159,18 @@ void CTextWriter::WriteText(UnicodeString text)
     if (text.IsEmpty()) {
         return;
     }
-    if (mHalf != 0) {
-        text = UnicodeString(std::exchange(mHalf, u'\0')) + text;
+    const int before = mHalf == 0 ? 0 : 1;
+    if (before != 0) {
+        text = UnicodeString(mHalf) + text;
     }
+    System::WideChar half = 0;
     if (IsFirstHalf(*text.LastChar())) {
-        mHalf = *text.LastChar();
+        half = *text.LastChar();
         text.SetLength(text.Length() - 1);
     }
-    WriteBytes(mForm.encoding.GetBytes(text).AsView());
+    const System::RawByteString bytes = Encoded(text, before);
+    mHalf = half;
+    WriteBytes(bytes.AsView());
 }
 
 void CTextWriter::WriteBytes(std::string_view bytes)
@@ -135,13 +178,22 @@ void CTextWriter::WriteBytes(std::string_view bytes)
     mStream->WriteBuffer(bytes.data(), static_cast<Int64>(bytes.size()));
 }
 
-/// Writes a half whose other half never came.
-void CTextWriter::WriteHalf()
+/// The bytes of a text, whose first `before` units came with a text before it.
+System::RawByteString CTextWriter::Encoded(const UnicodeString& text, int before)
 {
-    if (mHalf != 0) {
-        const UnicodeString half(std::exchange(mHalf, u'\0'));
-        WriteBytes(mForm.encoding.GetBytes(half).AsView());
+    if (mForm.strictness == EEncoding::Lenient) {
+        return mForm.encoding.GetBytes(text);
     }
+    System::RawByteString bytes;
+    int fault = 0;
+    if (!Sysutils::TryEncode(&mForm.encoding, text.AsView(), bytes, &fault)) {
+        if (fault <= before) {
+            mHalf = 0;
+        }
+        throw ECharacterFault(fault - before,
+                              CharacterAt(text.AsView(), static_cast<std::size_t>(fault) - 1));
+    }
+    return bytes;
 }
 
 } // namespace BTL

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/base/Sysutils_Exception.h"
 #include "platform/runtime/classes/Classes_Stream.h"
 #include "streams/BTL_STRM_Stream.h"
 #include "streams/BTL_STRM_TextForm.h"
@@ -9,6 +10,24 @@
 
 namespace BTL
 {
+
+/// A character that the encoding of a `CTextWriter` lacks, where that encodes strictly.
+class TRS8_BTL_API ECharacterFault : public Sysutils::EConvertError
+{
+public:
+    ECharacterFault(int place, char32_t character);
+    ~ECharacterFault() override;
+
+    /// The place of the character in the text that was to be written, in units of that text from 1 on; 0 if
+    /// it came with a text before.
+    int getPlace() const noexcept { return mPlace; }
+    /// Its code; that of a lone surrogate is in 0xD800 to 0xDFFF.
+    char32_t getCharacter() const noexcept { return mCharacter; }
+
+private:
+    int mPlace;
+    char32_t mCharacter;
+};
 
 // Writes a text file, or text to any stream:
 //
@@ -19,10 +38,12 @@ namespace BTL
 //     out.Close();                         // raises if the disk is full
 //
 //     CTextWriter log(u"log.txt", fomAppend, {.lineEnd = ELineEnd::CRLF});
+//     CTextWriter old(u"old.txt", {.encoding = TEncoding(1252), .strictness = EEncoding::Strict});
 
 /// Writes text in an encoding, usually UTF-8. What can't be written raises `Classes::EWriteError`; a file
 /// gathers small pieces, so that a full disk may show no sooner than at `Flush` or `Close`. Characters that a
-/// code page lacks become `?`.
+/// code page lacks become `?`, or raise `ECharacterFault` with `EEncoding::Strict`: nothing of that text is
+/// written then, and writing can go on with another one.
 class TRS8_BTL_API CTextWriter
 {
 public:
@@ -40,7 +61,8 @@ public:
     /// As `Close`, but a failure is lost.
     ~CTextWriter();
 
-    /// Writes the text as it is. A surrogate pair may come in two pieces.
+    /// Writes the text as it is. A surrogate pair may come in two pieces; a first half whose second one
+    /// doesn't come is a fault of the text behind it, or of `Close`, and is given up with that.
     void Write(const System::UnicodeString& text);
     /// Writes the text and the line end of the form.
     void WriteLine(const System::UnicodeString& text = {});
@@ -54,7 +76,7 @@ public:
 private:
     void WriteText(System::UnicodeString text);
     void WriteBytes(std::string_view bytes);
-    void WriteHalf();
+    System::RawByteString Encoded(const System::UnicodeString& text, int before);
 
     std::unique_ptr<Classes::TStream> mOwned;
     /// Null when closed.

@@ -7,9 +7,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <climits>
+#include <cstring>
 #include <functional>
 #include <random>
+#include <ranges>
 
 namespace
 {
@@ -187,6 +190,35 @@ TEST(FlagsTest, PositionsOutsideAreFaults)
     EXPECT_FALSE(flags.SetFlag(8, true));
     EXPECT_TRUE(flags.ChangeFlag(8, false));
     EXPECT_EQ(BitsOf(flags), std::vector<bool>({true, true, true, true, true, true, true, true, false}));
+}
+
+TEST(FlagsTest, IsARangeOfItsFlags)
+{
+    static_assert(std::ranges::random_access_range<const CFlags>);
+    const CFlags flags{true, false, true};
+    EXPECT_EQ(flags, Flags("101"));
+    EXPECT_EQ(std::vector<bool>(flags.begin(), flags.end()), BitsOf(flags));
+    EXPECT_EQ(std::count(flags.begin(), flags.end(), true), 2);
+    EXPECT_EQ(flags.size(), 3U);
+    EXPECT_TRUE(CFlags().empty() && CFlags().begin() == CFlags().end());
+    EXPECT_EQ((CFlags{2, true}), Flags("11")) << "a count and a value";
+    EXPECT_EQ(CFlags{2}, Flags("00"));
+}
+
+TEST(FlagsTest, FindsThePositionsThatAreTrue)
+{
+    for (const char* const digits : {"", "0", "1", "00000000", "000000001", "10000001",
+                                     "0100000000000000000100010", "11111111111111111"}) {
+        SCOPED_TRACE(digits);
+        const CFlags flags = Flags(digits);
+        std::string found(std::strlen(digits), '0');
+        for (int i = flags.NextTrue(0); i >= 0; i = flags.NextTrue(i + 1)) {
+            found[static_cast<std::size_t>(i)] = '1';
+        }
+        EXPECT_EQ(found, digits);
+        EXPECT_EQ(flags.NextTrue(-5), flags.NextTrue(0));
+        EXPECT_EQ(flags.NextTrue(INT_MAX), -1);
+    }
 }
 
 } // namespace

@@ -58,6 +58,45 @@ TEST(LogFileTest, SwallowsWhatItCannotWrite)
     EXPECT_FALSE(fs::exists(folder.Path() / "missing"));
 }
 
+TEST(LogFileTest, WritesItsFormAndWholeLines)
+{
+    const Support::TempFolder folder;
+    const auto content = [&] { return Support::WithoutTimes(ReadFile(folder.Path() / "log.txt")); };
+    UTL::CLogFile log;
+    log.setForm({.encoding = UTL::ELogEncoding::Utf8, .time = UTL::ELogTime::Local});
+    log.Init(LibraryPath(folder.Path()) + u"\\", u"log.txt");
+    log.Log(u"\u2192", false);
+    EXPECT_EQ(content(), "") << "the line isn't whole";
+    log.Log(u" a", true);
+    EXPECT_EQ(content(), "T \xE2\x86\x92 a\r\n");
+    log.Log(u"b\nc", false);
+    EXPECT_EQ(content(), "T \xE2\x86\x92 a\r\nT b\n");
+    log.setForm({.time = UTL::ELogTime::Local});
+    log.Log(u"\u00E4", false);
+    log.Off();
+    EXPECT_EQ(content(), "T \xE2\x86\x92 a\r\nT b\nT c\r\nT \xE4\r\n");
+    log.On();
+    log.setForm({});
+    log.Log(u"\u00E4", false);
+    EXPECT_EQ(content(), "\xE4");
+}
+
+TEST(LogFileTest, LinesOfThreadsDontMix)
+{
+    const Support::TempFolder folder;
+    UTL::CLogFile log;
+    log.setForm({.time = UTL::ELogTime::Local});
+    log.Init(LibraryPath(folder.Path()) + u"\\", u"log.txt");
+    Support::LogFromThreads([&](const std::string& name) {
+        for (int i = 0; i < 100; ++i) {
+            log.Log(System::FromUtf8(name + ' '), false);
+            log.Log(System::FromUtf8(name), i < 99);
+        }
+    });
+    log.Off();
+    EXPECT_EQ(Support::SortedLines(ReadFile(folder.Path() / "log.txt")), Support::LinesOfThreads(100, "\r"));
+}
+
 TEST(CoutToFileTest, RedirectsOnlyWhenAskedFor)
 {
     const Support::TempFolder folder;

@@ -6,8 +6,10 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
+#include <ranges>
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -113,6 +115,33 @@ TEST(ListTest, ANodeMayLeaveOrDieFirst)
     *taken = copy;
     list.PushBack(taken.release());
     EXPECT_THAT(NumbersOf(list), ElementsAre(1, 1)) << "only the value was assigned";
+}
+
+TEST(ListTest, IsARangeInBothDirections)
+{
+    static_assert(std::ranges::bidirectional_range<AList> && std::ranges::sized_range<const AList>);
+    AList list;
+    EXPECT_TRUE(list.empty());
+    for (const int number : {1, 2, 3}) {
+        Push(list, number);
+    }
+    EXPECT_EQ(list.size(), 3U);
+    const auto numberOf = [](const AListNode& node) { return dynamic_cast<const Item&>(node).Number(); };
+    std::vector<int> backward;
+    const AList& constant = list;
+    std::transform(std::make_reverse_iterator(constant.end()), std::make_reverse_iterator(constant.begin()),
+                   std::back_inserter(backward), numberOf);
+    EXPECT_THAT(backward, ElementsAre(3, 2, 1));
+    // A node may go while the list is walked over.
+    for (AList::iterator at = list.begin(); at != list.end();) {
+        AListNode& node = *at++;
+        if (numberOf(node) == 2) {
+            list.DoDelete(&node);
+        }
+    }
+    const AList::const_iterator first = list.begin();
+    EXPECT_TRUE(first == constant.begin());
+    EXPECT_THAT(NumbersOf(list), ElementsAre(1, 3));
 }
 
 TEST(ListTest, MisuseIsAFaultAndChangesNothing)

@@ -123,8 +123,9 @@ TEST(InStreamTest, ReadsUntilADelimiterOrALineFeed)
     EXPECT_EQ(stream.ReadUntil(1, true), "d~ 6");
     EXPECT_EQ(stream.ReadUntil(0, true), "~ 6");
     EXPECT_EQ(stream.ReadUntil(7, false), "e\nf~ e9");
+    EXPECT_EQ(stream.ReadUntil(7, true), "~ e9") << "only while the state is good";
     stream.seekg(0);
-    EXPECT_EQ(stream.ReadUntil(7, true), "~ e0") << "only while the state is good";
+    EXPECT_EQ(stream.ReadUntil(7, true), "ab~ 3") << "a seek takes eof back";
 }
 
 TEST(InStreamTest, ReadsInARow)

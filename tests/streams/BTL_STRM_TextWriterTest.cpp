@@ -113,6 +113,71 @@ TEST_F(TextWriterTest, PairsMayComeInHalves)
                                "c\xEF\xBF\xBD");
 }
 
+/// The place and the code of what `write` can't write; 0 and 0 if it can.
+template <class Write>
+std::pair<int, unsigned> FaultOf(Write write)
+{
+    try {
+        write();
+    } catch (const BTL::ECharacterFault& fault) {
+        return {fault.getPlace(), static_cast<unsigned>(fault.getCharacter())};
+    }
+    return {};
+}
+
+TEST_F(TextWriterTest, StrictEncodingTellsWhatItLacks)
+{
+    const struct
+    {
+        System::CodePage codePage;
+        const char16_t* text;
+        std::pair<int, unsigned> fault;
+    } rows[] = {
+        {1252, u"\u00E4\u20AC", {}},
+        {1252, u"ab\u2192", {3, 0x2192}},
+        {1252, u"a\U0001F600", {2, 0x1F600}},
+        {1251, u"\u044F\u00E4", {2, 0xE4}},
+        {65001, u"\u2192\U0001F600", {}},
+        {65001, u"\xDE00", {1, 0xDE00}},
+        {TEncoding::Utf16, u"a\xD83D!", {2, 0xD83D}},
+    };
+    for (const auto& [codePage, text, fault] : rows) {
+        SCOPED_TRACE(UnicodeString(text));
+        Classes::TMemoryStream stream;
+        CTextWriter out(&stream, {.encoding = TEncoding(codePage), .strictness = BTL::EEncoding::Strict});
+        EXPECT_EQ(FaultOf([&, line = text] { out.WriteLine(line); }), fault);
+        EXPECT_EQ(stream.getSize() == 0, fault.first != 0) << "all of the text or nothing";
+        const System::Int64 size = stream.getSize();
+        out.Write(u"!");
+        EXPECT_GT(stream.getSize(), size) << "writing goes on";
+    }
+}
+
+TEST_F(TextWriterTest, StrictEncodingNamesTheCharacter)
+{
+    Classes::TMemoryStream stream;
+    CTextWriter out(&stream, {.encoding = TEncoding(1252), .strictness = BTL::EEncoding::Strict});
+    try {
+        out.Write(u"1 \u2126");
+        FAIL();
+    } catch (const Sysutils::EConvertError& fault) {
+        EXPECT_EQ(fault.getMessage(), u"Character 3, U+2126: not in the encoding that is written");
+    }
+}
+
+TEST_F(TextWriterTest, StrictEncodingGivesUpAHalfWithItsFault)
+{
+    CTextWriter out(Path(), {.strictness = BTL::EEncoding::Strict});
+    out.Write(u"a\xD83D");
+    EXPECT_EQ(FaultOf([&] { out.Write(u"b"); }), std::pair(0, 0xD83DU));
+    out.Write(u"b\xD83D");
+    EXPECT_EQ(FaultOf([&] { out.Write(u"\xDE00\xDE01"); }), std::pair(2, 0xDE01U));
+    out.Write(u"\xDE00\xD83D");
+    EXPECT_EQ(FaultOf([&] { out.Close(); }), std::pair(0, 0xD83DU));
+    EXPECT_EQ(Content(), "ab\xF0\x9F\x98\x80");
+    out.Close();
+}
+
 /// Takes a few bytes and then none.
 class FullStream : public Classes::TMemoryStream
 {

@@ -143,11 +143,18 @@ Place FaultByIcu(CodePage codePage, std::string_view bytes)
         });
 }
 
+/// Stops at what the code page lacks. The callback of ICU for that passes over invisible characters, such as
+/// joiners and variation selectors, in silence.
+void StopAtMissing(const void*, UConverterFromUnicodeArgs*, const UChar*, int32_t, UChar32,
+                   UConverterCallbackReason, UErrorCode*)
+{
+}
+
 Place MissingByIcu(CodePage codePage, std::u16string_view text)
 {
     const auto converter = NeedConverter(codePage);
     UErrorCode status = U_ZERO_ERROR;
-    ucnv_setFromUCallBack(converter.get(), UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
+    ucnv_setFromUCallBack(converter.get(), StopAtMissing, nullptr, nullptr, nullptr, &status);
     return FaultByIcu<WideChar, char>(
         text,
         [&](char** out, const char* outEnd, const UChar** next, const UChar* end, UErrorCode& error) {

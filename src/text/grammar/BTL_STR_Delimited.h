@@ -3,10 +3,13 @@
 
 #include "platform/runtime/classes/Classes_StringList.h"
 
+#include <concepts>
+
 namespace BTL
 {
 
-// Lists as one text. A null list counts as empty, and filling it does nothing.
+// Lists as one text. A null list counts as empty, and filling it does nothing. Narrow characters beside wide
+// texts are those that they are in the system's code page.
 //
 //     Classes::TStringList list;
 //     BTL::SetDelimitedTextEx(&list, u"a;'b;c'", u';', u'\'');          // "a" and "b;c"
@@ -19,6 +22,12 @@ namespace BTL
 /// "ID", which would make readers take the line for another format.
 TRS8_BTL_API System::UnicodeString& AddCSVString(System::UnicodeString& csv,
                                                  const System::UnicodeString& value, System::WideChar delim);
+template <std::same_as<char> Narrow>
+System::UnicodeString& AddCSVString(System::UnicodeString& csv, const System::UnicodeString& value,
+                                    Narrow delim)
+{
+    return AddCSVString(csv, value, System::UnicodeString(delim)[1]);
+}
 
 /// The lines with `delim` between; a line that holds `delim` is quoted.
 TRS8_BTL_API System::UnicodeString GetDelimitedTextEx(Classes::TStrings* strings, System::WideChar delim,
@@ -30,6 +39,12 @@ TRS8_BTL_API void SetDelimitedTextEx(Classes::TStrings* strings, const System::U
                                      System::WideChar delim, System::WideChar quote);
 TRS8_BTL_API void SetDelimitedTextEx(Classes::TStrings* strings, const System::AnsiString& text, char delim,
                                      char quote);
+template <std::same_as<char> Narrow>
+void SetDelimitedTextEx(Classes::TStrings* strings, const System::UnicodeString& text, Narrow delim,
+                        char quote)
+{
+    SetDelimitedTextEx(strings, text, System::UnicodeString(delim)[1], System::UnicodeString(quote)[1]);
+}
 
 /// The lines with `delim` between, nothing quoted.
 TRS8_BTL_API System::UnicodeString GetDelimitedText(Classes::TStrings* strings, System::WideChar delim);
@@ -37,6 +52,12 @@ TRS8_BTL_API System::AnsiString GetDelimitedText(Classes::TStrings* strings, cha
 /// As `GetDelimitedText`: nothing is quoted, so that only `TStrings::getCommaText` brings any list back.
 TRS8_BTL_API System::UnicodeString CommaText(Classes::TStrings* strings, System::WideChar delim = u',');
 TRS8_BTL_API System::AnsiString CommaTextA(Classes::TStrings* strings, char delim = ',');
+/// As `CommaText`, with a narrow delimiter.
+template <std::same_as<char> Narrow>
+System::UnicodeString CommaText(Classes::TStrings* strings, Narrow delim)
+{
+    return CommaText(strings, System::UnicodeString(delim)[1]);
+}
 
 /// A text of several lines as the comma text of a string list; any other text as it is.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString LinesToCommaText(const System::UnicodeString& s);

@@ -15,6 +15,7 @@ namespace BTL
 ///     BTL::CStrSet names = {u"Zoe", u"\u00C4nne"};
 ///     names.AddCommaText(u"Bob,Zoe");
 ///     const UnicodeString text = names.getCommaText(); // "\u00C4nne,Bob,Zoe"
+///     for (const UnicodeString& name : names) { ... }  // in that order
 class TRS8_BTL_API CStrSet
 {
 public:
@@ -40,6 +41,12 @@ public:
 
     /// The count of texts in the set.
     int GetCount() const { return mStrings == nullptr ? 0 : mStrings->getCount(); }
+
+    // The texts as a range, valid until the set changes. They come by value.
+
+    using const_iterator = Classes::TStrings::CIterator;
+    const_iterator begin() const { return mStrings == nullptr ? const_iterator() : mStrings->begin(); }
+    const_iterator end() const { return mStrings == nullptr ? const_iterator() : mStrings->end(); }
     std::size_t size() const { return static_cast<std::size_t>(GetCount()); }
     [[nodiscard]] bool empty() const { return GetCount() == 0; }
     /// Whether the text is in the set.

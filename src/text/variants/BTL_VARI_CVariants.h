@@ -4,6 +4,7 @@
 #include "platform/runtime/variants/System_Variant.h"
 
 #include <concepts>
+#include <initializer_list>
 #include <vector>
 
 namespace UTL
@@ -16,18 +17,24 @@ namespace BTL
 
 /// A list of the platform's variants.
 ///
-///     BTL::CVariants values;
-///     values.setCommaText(u"1,2.5,abc");           // an `int`, a `double`, a text
+///     BTL::CVariants values{1, 2.5, u"abc"};       // an `int`, a `double`, a text
 ///     values.push_back(u"a b");
 ///     const auto text = values.getCommaText();     // "1,2.5,abc,\"a b\""
 class TRS8_BTL_API CVariants : public std::vector<System::Variant>
 {
 public:
     CVariants() = default;
+    /// Braces hold entries: `CVariants{5U}` has the one entry 5, `CVariants(5U)` room for five.
+    CVariants(std::initializer_list<System::Variant> entries) : std::vector<System::Variant>(entries) {}
     CVariants(const UTL::CVariants& items) { Assign(items); }
     /// Empty, with room for `count` entries.
     explicit CVariants(unsigned count) { reserve(count); }
     CVariants& operator=(const UTL::CVariants& items);
+    CVariants& operator=(std::initializer_list<System::Variant> entries)
+    {
+        assign(entries);
+        return *this;
+    }
 
     /// Takes the values in place of the entries.
     void Assign(const UTL::CVariants& items);

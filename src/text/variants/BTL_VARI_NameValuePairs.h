@@ -4,6 +4,7 @@
 #include "platform/runtime/variants/System_Variant.h"
 
 #include <concepts>
+#include <initializer_list>
 #include <type_traits>
 #include <vector>
 
@@ -45,17 +46,37 @@ System::Variant WithSqlType(T value)
     }
 }
 
+/// A pair in braces, with a value of a kind that SQL takes.
+struct TPairForSql : TNameValuePair
+{
+    TPairForSql(const System::UnicodeString& pairName, const System::Variant& pairValue)
+        : TNameValuePair{pairName, pairValue}
+    {
+    }
+    template <ValueWithoutSqlType T>
+    TPairForSql(const System::UnicodeString& pairName, T pairValue)
+        : TNameValuePair{pairName, WithSqlType(pairValue)}
+    {
+    }
+};
+
 } // namespace Detail
 
 /// Values with names, in the order they were added; names may repeat.
 ///
-///     BTL::CNameValuePairs values;
-///     values.Add(u"name", u"it's");
+///     BTL::CNameValuePairs values{{u"name", u"it's"}};
 ///     values.Add(u"state", 1.5);
 ///     const auto sql = u"UPDATE t SET " + values.GetSqlUpdateAssign(); // name='it''s',state=1.5
 class TRS8_BTL_API CNameValuePairs : public std::vector<TNameValuePair>
 {
 public:
+    CNameValuePairs() = default;
+    /// Each pair as `Add` takes it.
+    CNameValuePairs(std::initializer_list<Detail::TPairForSql> pairs)
+        : std::vector<TNameValuePair>(pairs.begin(), pairs.end())
+    {
+    }
+
     /// Appends an entry, also where one of this name is there.
     void Add(const System::UnicodeString& name, const System::Variant& value);
     /// As `Add` of a variant, but of a kind that SQL takes: 1 or 0 for a `bool`, a text for a character, an

@@ -114,6 +114,8 @@ TEST(StrictEncodingTest, TellsTheFirstCharacterThatTheCodePageLacks)
         {CP_UTF8, u"ab\xD800z", 3},
         {TEncoding::Utf16, u"\xDC00", 1},
         {Japanese, u"ä", 1},
+        {Japanese, u"\u65E5\uFE00", 2},
+        {Japanese, u"a\u200Db", 2},
     };
     for (const auto& [codePage, text, expected] : cases) {
         SCOPED_TRACE(testing::Message() << codePage << " at " << expected);

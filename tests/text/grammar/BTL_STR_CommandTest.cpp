@@ -133,4 +133,26 @@ TEST(CommandWideTest, CutsCommandsWithTheirParameters)
     }
 }
 
+TEST(CommandWideTest, TakesNarrowMarks)
+{
+    const UnicodeString text = u"\u20ACto x @bold {b{c}\u20AC}}";
+    int pos = 1;
+    EXPECT_EQ(BTL::GetWord(text, '\x80'), u"\u20ACto");
+    EXPECT_EQ(BTL::GetWord(text, pos, '@'), u"@bold");
+    EXPECT_EQ(BTL::DelimSubString2(text, '{', '}', 1), u"b{c");
+    EXPECT_EQ(BTL::DelimSubString(text, '\x80', 1), u"to x @bold {b{c}");
+    EXPECT_EQ(BTL::GetSubString(text, false, '{', '}', '\x80'), u"b{c}}");
+    EXPECT_EQ(BTL::GetSubString(text, pos, true, '{', '}', 0), u"b{c}\u20AC");
+    EXPECT_EQ(BTL::GetCommandParameter(text, u"@bold", '{', '}', 0), u"b{c}\u20AC");
+    UnicodeString parameter;
+    EXPECT_TRUE(BTL::GetCommandParameter2(parameter, text, u"@bold", '{', '}', 0));
+    EXPECT_EQ(parameter, u"b{c}\u20AC");
+    UnicodeString rest = text;
+    EXPECT_EQ(BTL::CutCommandParameter(rest, u"@bold", '{', '}', 0), u"b{c}\u20AC");
+    EXPECT_EQ(rest, u"\u20ACto x }");
+    rest = text;
+    EXPECT_TRUE(BTL::CutCommand(rest, parameter, u"@bold", '{', '}', 0));
+    EXPECT_EQ(rest, u"\u20ACto x }");
+}
+
 } // namespace

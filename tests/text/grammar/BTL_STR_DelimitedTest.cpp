@@ -70,4 +70,18 @@ TEST(DelimitedWideTest, TakesLongTexts)
     EXPECT_EQ(list.getCount(), 2 * Support::LongText);
 }
 
+TEST(DelimitedWideTest, TakesNarrowMarks)
+{
+    Classes::TStringList list;
+    BTL::SetDelimitedTextEx(&list, UnicodeString(u"a\u20AC'b\u20ACc'"), '\x80', '\'');
+    EXPECT_EQ(list.getCount(), 2);
+    EXPECT_EQ(list.getStrings(1), u"b\u20ACc");
+    BTL::SetDelimitedTextEx(&list, UnicodeString(u"'a'"), ';', 0);
+    EXPECT_EQ(list.getStrings(0), u"'a'") << "nothing quotes";
+    list.Add(u"b");
+    EXPECT_EQ(BTL::CommaText(&list, '\x80'), u"'a'\u20ACb");
+    UnicodeString csv = u"1";
+    EXPECT_EQ(BTL::AddCSVString(csv, u"a\u20ACb", '\x80'), u"1\u20AC\"a\u20ACb\"");
+}
+
 } // namespace

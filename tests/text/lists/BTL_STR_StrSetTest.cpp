@@ -3,6 +3,8 @@
 #include "platform/runtime/classes/Classes.h"
 #include "text/lists/BTL_STR_StringList.h"
 
+#include <ranges>
+
 #include <gmock/gmock.h>
 
 namespace
@@ -72,6 +74,22 @@ TEST(StrSetTest, IsMadeOfTexts)
     EXPECT_FALSE(set.empty());
     EXPECT_TRUE(CStrSet().empty());
     EXPECT_EQ(CStrSet().GetCount(), 0);
+}
+
+TEST(StrSetTest, IsARange)
+{
+    CStrSet set;
+    EXPECT_TRUE(set.begin() == set.end());
+    set = {u"c", u"a", u"b", u"a"};
+    EXPECT_THAT(std::vector<System::UnicodeString>(set.begin(), set.end()),
+                testing::ElementsAre(u"a", u"b", u"c"));
+    EXPECT_EQ(set.size(), 3U);
+    static_assert(std::ranges::random_access_range<const CStrSet>);
+    TStringList list;
+    list.AddStrings(set);
+    EXPECT_EQ(list.getCommaText(), u"a,b,c");
+    set.Clear();
+    EXPECT_TRUE(set.empty() && set.begin() == set.end());
 }
 
 } // namespace

@@ -54,6 +54,12 @@ TEST(VariantListTest, TakesArraysAndFoundationLists)
     EXPECT_THROW(list.GetVariants(other), Sysutils::EVariantError);
     EXPECT_EQ(other.GetCount(), 6) << "refused as a whole";
     EXPECT_TRUE(CVariants(10U).empty());
+    EXPECT_EQ(CVariants{10U}.size(), 1U);
+    EXPECT_EQ(CVariants{other}.size(), 6U);
+    EXPECT_EQ((CVariants{1, u"a b", 2.5}).getCommaText(), ListOf({1, u"a b", 2.5}).getCommaText());
+    CVariants assigned;
+    assigned = {true, u"x"};
+    EXPECT_TRUE(assigned == ListOf({true, u"x"}));
 }
 
 TEST(VariantListTest, Compares)

@@ -59,6 +59,8 @@ TEST(NameValuePairsTest, TakeSmallValuesInAFormOfSql)
               u"a=1,b=4000000000,c='x',d='\u00E4',e=-3,f=200,g=65535,h=-7,i=18446744073709551615,j=1.5");
     pairs.Assign(u"a", false);
     EXPECT_EQ(pairs.GetSqlUpdateAssign(), u"a=0");
+    pairs = {{u"a", true}, {u"b", u"it's"}, {u"c", 2.5}, {u"c", 'x'}};
+    EXPECT_EQ(pairs.GetSqlUpdateAssign(), u"a=1,b='it''s',c=2.5,c='x'");
 }
 
 } // namespace
