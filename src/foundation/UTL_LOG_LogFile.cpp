@@ -22,10 +22,26 @@ constexpr unsigned CreateDenyWrite = 65312;
 constexpr int ShowDefault = 10;
 constexpr const char* LineEnd = "\r\n";
 
-} // namespace
+/// What all objects share.
+struct TPlace
+{
+    UnicodeString path;
+    UnicodeString fileName;
+};
 
-UnicodeString CLogFile::smPath;
-UnicodeString CLogFile::smFileName;
+/// Never destroyed: the global objects of a program may log while they end.
+TPlace& Place()
+{
+    static TPlace& place = *new TPlace;
+    return place;
+}
+
+UnicodeString FullName()
+{
+    return Place().path + Place().fileName;
+}
+
+} // namespace
 
 CLogFile::CLogFile() = default;
 
@@ -50,24 +66,23 @@ void CLogFile::Init(const UnicodeString& path, const UnicodeString& fileName)
     if (fileName.IsEmpty()) {
         return;
     }
-    smPath = path;
-    smFileName = fileName;
+    Place() = {path, fileName};
     Create(CreateDenyWrite);
 }
 
 void CLogFile::Init(const char* fileName)
 {
-    Init(smPath, fileName);
+    Init(Place().path, fileName);
 }
 
 void CLogFile::SetPath(const char* path)
 {
-    smPath = path;
+    Place().path = path;
 }
 
 void CLogFile::SetPath(const WideChar* path)
 {
-    smPath = path;
+    Place().path = path;
 }
 
 void CLogFile::setForm(const TLogForm& form)
@@ -129,12 +144,12 @@ void CLogFile::WriteUnfinished()
 
 void CLogFile::View()
 {
-    ShellExecuteW(nullptr, u"open", (smPath + smFileName).c_str(), u"", u"", ShowDefault);
+    ShellExecuteW(nullptr, u"open", FullName().c_str(), u"", u"", ShowDefault);
 }
 
 void CLogFile::Create(std::optional<unsigned> mode)
 {
-    const UnicodeString name = smPath + smFileName;
+    const UnicodeString name = FullName();
     mFile = mode ? Sysutils::FileCreate(name, *mode, 0) : Sysutils::FileCreate(name);
     mOn = true;
 }

@@ -75,9 +75,6 @@ private:
     void Write(std::string_view bytes) const;
     void WriteUnfinished();
 
-    static System::UnicodeString smPath;
-    static System::UnicodeString smFileName;
-
     System::NativeInt mFile = 0;
     bool mOn = false;
     TLogForm mForm;

@@ -13,7 +13,7 @@ namespace
 
 using testing::UnorderedElementsAreArray;
 
-/// What stands in front of and behind the first quote of each line that a witness wrote.
+/// What stands in front of and behind the bar of each line that a witness wrote.
 struct TLog
 {
     std::vector<std::string> names;
@@ -25,10 +25,10 @@ TLog ReadLog(const std::filesystem::path& path)
     TLog log;
     std::ifstream file(path);
     for (std::string line; std::getline(file, line);) {
-        const std::size_t quote = line.find('"');
-        if (quote != std::string::npos) {
-            log.names.push_back(line.substr(0, quote - 1));
-            log.evidence.push_back(line.substr(quote));
+        const std::size_t bar = line.find('|');
+        if (bar != std::string::npos) {
+            log.names.push_back(line.substr(0, bar));
+            log.evidence.push_back(line.substr(bar));
         }
     }
     return log;

@@ -15,8 +15,6 @@ namespace
 {
 
 const Lifetime::CWitness global("global");
-thread_local const Lifetime::CWitness ofMain("main thread");
-thread_local const Lifetime::CWitness ofThread("second thread");
 
 } // namespace
 
@@ -28,7 +26,7 @@ int main(int, char** argv)
     UTL::set_log_file((folder + "/stream.txt").c_str());
 
     std::atexit([] { Lifetime::Testify("atexit"); });
-    ofMain.Appear();
+    thread_local const Lifetime::CWitness ofMain("main thread");
     void* const addIn = dlopen(argv[3], RTLD_NOW);
     if (addIn == nullptr) {
         return 2;
@@ -38,7 +36,7 @@ int main(int, char** argv)
         dlclose(addIn);
     }
     std::thread([&way] {
-        ofThread.Appear();
+        thread_local const Lifetime::CWitness ofThread("second thread");
         if (way == "exit in thread") {
             std::exit(0);
         }

@@ -51,7 +51,7 @@ UnicodeString Evidence()
 
 void Testify(const char* name)
 {
-    UnicodeString line = UnicodeString(name) + u' ' + Evidence();
+    UnicodeString line = UnicodeString(name) + u'|' + Evidence();
     for (int i = 1; i <= line.Length(); ++i) {
         if (line[i] < u' ') {
             line[i] = u' ';

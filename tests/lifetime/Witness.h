@@ -4,8 +4,8 @@
 namespace Lifetime
 {
 
-/// Uses what the library keeps for the whole process, and writes a line of it, headed by `name`, into each
-/// log.
+/// Uses what the library keeps for the whole process, and writes a line of it into each log, behind `name`
+/// and a bar.
 void Testify(const char* name);
 
 /// Testifies when its life ends.
@@ -17,9 +17,6 @@ public:
     CWitness(const CWitness&) = delete;
     CWitness& operator=(const CWitness&) = delete;
     ~CWitness() { Testify(mName); }
-
-    /// Makes a thread's own witness, which a thread makes at the first use.
-    void Appear() const {}
 
 private:
     const char* mName;

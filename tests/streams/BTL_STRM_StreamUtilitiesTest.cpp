@@ -1,11 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "streams/BTL_STRM_StreamUtilities.h"
 #include "streams/AnyStreamSupport.h"
+#include "streams/BTL_STRM_FileOutStream.h"
 #include "streams/BTL_STRM_Stream.h"
 #include "streams/ForwardOnlySupport.h"
+#include "support/ChildProgram.h"
+#include "support/FileSizeLimit.h"
+#include "support/TempFolder.h"
+#include "text/lists/BTL_STR_IntSet.h"
 
 #include <array>
 #include <climits>
+#include <functional>
 
 #include <gtest/gtest.h>
 
@@ -200,6 +206,45 @@ TEST(StreamModelTest, AHandleThatOthersUseLosesOneByteAtMost)
     EXPECT_EQ(BTL::ReadChar(&stream), 'f');
     close(ends[0]);
     close(ends[1]);
+}
+
+/// In a child in which no file can grow beyond 100 bytes, as if the disk were full.
+TEST(FullDiskTest, DISABLED_Child)
+{
+    const Support::TempFolder folder;
+    const System::UnicodeString path = System::FromUtf8((folder.Path() / "file").string());
+    const System::AnsiString text(std::string(101, 'x'));
+    Classes::TStringList list;
+    list.setText(text);
+    Classes::TMemoryStream memory;
+    memory.WriteBuffer(text.c_str(), text.Length());
+    BTL::CIntSet numbers;
+    for (int i = 0; i < 60; ++i) {
+        numbers.insert(i);
+    }
+    const std::pair<const char*, std::function<void()>> savers[] = {
+        {"list", [&] { list.SaveToFile(path); }},
+        {"memory", [&] { memory.SaveToFile(path); }},
+        {"text", [&] { BTL::SaveStringToFile(path, text); }},
+        {"numbers", [&] { numbers.SaveToFile(path); }},
+        {"stream", [&] { Classes::TFileStream(path, Classes::fmCreate).CopyFrom(&memory, 0); }},
+    };
+    Support::LimitFileSize(100);
+    for (const auto& [name, save] : savers) {
+        SCOPED_TRACE(name);
+        EXPECT_THROW(save(), Classes::EWriteError);
+    }
+    BTL::CFileOutStream words(path);
+    for (int i = 0; i < 101 && words.good(); ++i) {
+        words << 'x';
+    }
+    EXPECT_TRUE(words.fail());
+    Support::PrintResult(HasFailure() ? "lost" : "told");
+}
+
+TEST(FullDiskTest, WhateverSavesTellsOfIt)
+{
+    EXPECT_EQ(Support::RunChildTest("FullDiskTest.DISABLED_Child"), "told");
 }
 
 } // namespace

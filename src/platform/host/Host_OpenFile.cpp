@@ -76,8 +76,8 @@ bool MayUse(const Descriptor& file, const struct stat& status, unsigned access, 
     return ClaimSharing(file.Get(), access, share) || Fail(ERROR_SHARING_VIOLATION);
 }
 
-/// Whether the descriptor is a named pipe that nobody has opened for writing yet, which isn't its end. Comes
-/// back when somebody has.
+/// Whether there is more to read where a read gave nothing: a named pipe that nobody has opened for writing
+/// yet gives nothing too, and so does one whose writer came only now. Comes back when somebody has written.
 bool WaitedForWriter(int descriptor)
 {
     struct stat status;
@@ -85,11 +85,11 @@ bool WaitedForWriter(int descriptor)
         return false;
     }
     pollfd pipe{descriptor, POLLIN, 0};
-    // At its end a pipe is ready at once, to tell that the writers hung up.
-    if (Uninterrupted([&] { return poll(&pipe, 1, 0); }) != 0) {
-        return false;
+    if (Uninterrupted([&] { return poll(&pipe, 1, 0); }) == 0) {
+        Uninterrupted([&] { return poll(&pipe, 1, -1); });
     }
-    return Uninterrupted([&] { return poll(&pipe, 1, -1); }) > 0;
+    // At its end a pipe only tells that the writers hung up.
+    return (pipe.revents & POLLIN) != 0;
 }
 
 /// The descriptor for a transfer of `count` bytes; -1, with the last error set, if there is none or the bytes
