@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/classes/Classes_Stream.h"
 
+#include "platform/base/internal/System_Memory.h"
 #include "platform/runtime/classes/internal/Classes_Position.h"
 #include "platform/runtime/classes/internal/Classes_StreamWindow.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
@@ -10,7 +11,6 @@
 #include <functional>
 #include <map>
 #include <mutex>
-#include <stdexcept>
 #include <typeinfo>
 
 namespace Classes
@@ -30,28 +30,19 @@ std::string_view AsChars(std::span<const Byte> bytes)
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-[[noreturn]] void ThrowStreamMemory()
-{
-    throw Sysutils::EOutOfMemory(u"Out of memory while expanding memory stream");
-}
+constexpr const System::WideChar* NoStreamMemory = u"Out of memory while expanding memory stream";
 
 /// More than any machine gives one program; such a size is a damaged one.
 constexpr Int64 MaxMemory = Int64{1} << 39;
 
 /// Runs what may use up the memory by needing `size` bytes.
 template <class Grow>
-void WithMemory(Int64 size, Grow grow)
+void WithStreamMemory(Int64 size, Grow grow)
 {
     if (size > MaxMemory) {
-        ThrowStreamMemory();
+        throw Sysutils::EOutOfMemory(NoStreamMemory);
     }
-    try {
-        grow();
-    } catch (const std::bad_alloc&) {
-        ThrowStreamMemory();
-    } catch (const std::length_error&) {
-        ThrowStreamMemory();
-    }
+    System::WithMemory(NoStreamMemory, grow);
 }
 
 /// How much is copied at a time.
@@ -248,8 +239,9 @@ Int64 TMemoryStream::Write(const void* buffer, Int64 count)
         return Write(copy.data(), static_cast<Int64>(copy.size()));
     }
     const Int64 end = AddClamped(mPosition, count);
-    const Int64 size = getSize();
-    WithMemory(end, [&] {
+    // A derived class may tell another size.
+    const auto size = static_cast<Int64>(mBytes.size());
+    WithStreamMemory(end, [&] {
         if (mPosition == size) {
             // The usual way, without filling first what is written over at once.
             mBytes.insert(mBytes.end(), in, in + count);
@@ -266,14 +258,14 @@ Int64 TMemoryStream::Write(const void* buffer, Int64 count)
 
 void TMemoryStream::setSize(Int64 size)
 {
-    WithMemory(size, [&] { mBytes.resize(static_cast<std::size_t>(std::max(size, Int64{0}))); });
+    WithStreamMemory(size, [&] { mBytes.resize(static_cast<std::size_t>(std::max(size, Int64{0}))); });
     mPosition = std::min(mPosition, getSize());
 }
 
 void TMemoryStream::setCapacity(Int64 capacity)
 {
     if (capacity > getSize()) {
-        WithMemory(capacity, [&] { mBytes.reserve(static_cast<std::size_t>(capacity)); });
+        WithStreamMemory(capacity, [&] { mBytes.reserve(static_cast<std::size_t>(capacity)); });
     }
 }
 

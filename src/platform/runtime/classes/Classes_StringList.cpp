@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/classes/Classes_StringList.h"
 
+#include "platform/base/internal/System_Memory.h"
 #include "platform/runtime/sysutils/Sysutils_Text.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 
@@ -317,7 +318,8 @@ void TStringList::SetCapacity(int capacity)
     if (capacity < GetCount()) {
         throw EStringListError(u"List capacity out of bounds (" + UnicodeString(capacity) + u")");
     }
-    mItems.reserve(static_cast<std::size_t>(capacity));
+    System::WithMemory(u"There is no memory for the lines of a list.",
+                       [&] { mItems.reserve(static_cast<std::size_t>(capacity)); });
 }
 
 void TStringList::SetUpdateState(bool updating)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/classes/Classes_Strings.h"
 
+#include "platform/base/internal/System_Memory.h"
 #include "platform/runtime/classes/Classes_Stream.h"
 #include "platform/runtime/classes/Classes_Update.h"
 #include "platform/runtime/classes/internal/Classes_DelimitedText.h"
@@ -64,7 +65,8 @@ std::string ReadToEnd(TStream& stream)
     std::size_t size = 0;
     for (;;) {
         if (size == bytes.size()) {
-            bytes.resize(std::max(FirstChunk, 2 * size));
+            System::WithMemory(u"There is no memory for all that a stream holds.",
+                               [&] { bytes.resize(std::max(FirstChunk, 2 * size)); });
         }
         const System::Int64 count =
             stream.Read(bytes.data() + size, static_cast<System::Int64>(bytes.size() - size));

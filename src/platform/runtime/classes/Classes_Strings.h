@@ -38,7 +38,8 @@ public:
 
     int getCount() const { return GetCount(); }
     int getCapacity() const { return GetCapacity(); }
-    /// Makes room for `capacity` lines. `EStringListError` for less than the count.
+    /// Makes room for `capacity` lines. `EStringListError` for less than the count, `Sysutils::EOutOfMemory`
+    /// if the memory isn't there.
     void setCapacity(int capacity) { SetCapacity(capacity); }
     System::UnicodeString getStrings(int index) const { return Get(index); }
     void setStrings(int index, const System::UnicodeString& text) { Put(index, text); }

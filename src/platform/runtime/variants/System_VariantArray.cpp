@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/base/Sysutils_Exception.h"
+#include "platform/base/internal/System_Memory.h"
 #include "platform/runtime/variants/internal/System_VariantValue.h"
 
 #include <algorithm>
 #include <limits>
-#include <new>
-#include <stdexcept>
+#include <set>
+#include <utility>
 #include <vector>
 
 namespace System
@@ -111,13 +112,8 @@ std::size_t CountOf(const std::vector<TBounds>& bounds)
 
 void Resize(TElements& elements, std::size_t count)
 {
-    try {
-        std::visit([count](auto& items) { items.resize(count); }, elements);
-    } catch (const std::length_error&) {
-        ThrowArray(u"Variant array is too large");
-    } catch (const std::bad_alloc&) {
-        throw Sysutils::EOutOfMemory(UnicodeString(u"Out of memory"));
-    }
+    WithMemory(u"There is no memory for the elements of a variant array.",
+               [&] { std::visit([count](auto& items) { items.resize(count); }, elements); });
 }
 
 TBounds MakeBounds(int low, int high)

@@ -3,6 +3,10 @@
 
 #include "platform/runtime/classes/Classes_Component.h"
 #include "platform/runtime/classes/Classes_StringsSupport.h"
+#include "support/MemoryLimit.h"
+
+#include <climits>
+#include <random>
 
 #include <gmock/gmock.h>
 
@@ -268,6 +272,13 @@ TEST(StringListTest, HoldsWhatItsBracesHold)
     EXPECT_EQ(list.getCommaText(), u"apple,fig,pear");
     EXPECT_EQ(TStringList{}.getCount(), 0);
     EXPECT_TRUE(TStringList{true}.getOwnsObjects());
+}
+
+using StringListMemoryTest = Support::OutOfMemoryTest;
+
+TEST_F(StringListMemoryTest, RaisesForTooMuchRoom)
+{
+    EXPECT_TRUE(Support::RaisesOutOfMemory([] { TStringList().setCapacity(INT_MAX); }));
 }
 
 } // namespace

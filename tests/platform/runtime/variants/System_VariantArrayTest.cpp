@@ -3,6 +3,7 @@
 
 #include "platform/base/Sysutils_Exception.h"
 #include "platform/runtime/variants/System_VariantSupport.h"
+#include "support/MemoryLimit.h"
 
 #include <climits>
 #include <vector>
@@ -123,6 +124,13 @@ TEST_F(VariantArrayTest, ArraysNestToALimit)
     EXPECT_THROW(outer.PutElement(deep, 0), EVariantError);
     EXPECT_TRUE(outer.GetElement(0).IsEmpty());
     EXPECT_THROW(VarArrayOf({outer}), EVariantError) << "put in later, but as deep";
+}
+
+using VariantArrayMemoryTest = Support::OutOfMemoryTest;
+
+TEST_F(VariantArrayMemoryTest, RaisesForTooManyElements)
+{
+    EXPECT_TRUE(Support::RaisesOutOfMemory([] { const Variant array({0, INT_MAX - 1}, varVariant); }));
 }
 
 } // namespace
