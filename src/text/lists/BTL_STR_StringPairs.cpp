@@ -77,10 +77,33 @@ void AddColumnInFront(const Pairs& pairs, Column column, TStrings* strings, TObj
     }
 }
 
+bool IsSeparatorAt(const UnicodeString& text, int index)
+{
+    return text.IsDelimiter(u"\\/", index);
+}
+
+/// The path without a separator at its end, which that of a root keeps.
 UnicodeString PathOf(const CStringPair& pair)
 {
     const UnicodeString& path = pair.second;
-    return path.IsDelimiter(u"\\/", path.Length()) ? Sysutils::ExtractFileDir(path) : path;
+    return IsSeparatorAt(path, path.Length()) ? Sysutils::ExtractFileDir(path) : path;
+}
+
+/// The path that takes the place of the macro in `text`. The separator of a root is not written twice.
+UnicodeString PathFor(const CStringPair& pair, const UnicodeString& text)
+{
+    UnicodeString path = PathOf(pair);
+    const int behind = text.Pos(pair.first) + pair.first.Length();
+    if (IsSeparatorAt(path, path.Length()) && IsSeparatorAt(text, behind)) {
+        path.SetLength(path.Length() - 1);
+    }
+    return path;
+}
+
+/// The macro that takes the place of `path`, with the separator that the path of a root has.
+UnicodeString MacroFor(const CStringPair& pair, const UnicodeString& path)
+{
+    return IsSeparatorAt(path, path.Length()) ? pair.first + path[path.Length()] : pair.first;
 }
 
 } // namespace
@@ -232,7 +255,7 @@ UnicodeString CStringPairs::GetSQLMasterLink() const
 UnicodeString CStringPairs::ReplaceMacroToPath(const UnicodeString& text) const
 {
     for (const CStringPair& pair : mPairs) {
-        UnicodeString result = Exchange1stSubStr(text, pair.first, PathOf(pair), 0);
+        UnicodeString result = Exchange1stSubStr(text, pair.first, PathFor(pair, text), 0);
         if (result != text) {
             return result;
         }
@@ -259,7 +282,8 @@ UnicodeString CStringPairs::ReplaceMacroToPathRecursive(const UnicodeString& tex
 UnicodeString CStringPairs::ReplacePathToMacro(const UnicodeString& text) const
 {
     for (const CStringPair& pair : mPairs) {
-        UnicodeString result = Sysutils::StringReplace(text, PathOf(pair), pair.first,
+        const UnicodeString path = PathOf(pair);
+        UnicodeString result = Sysutils::StringReplace(text, path, MacroFor(pair, path),
                                                        Sysutils::TReplaceFlags() << Sysutils::rfIgnoreCase);
         if (result != text) {
             return result;

@@ -157,6 +157,9 @@ TEST(StringPairsTest, ReplacesMacrosAndPaths)
 
 TEST(StringPairsTest, MacrosThatBringMacrosComeToAnEnd)
 {
+        {u"%B\\g", u"D:\\g", u"D:\\g"},
+        {u"%B/g%B", u"D:/g%B", u"D:/gD:\\"},
+        {u"x%Bg", u"xD:\\g", u"xD:\\g"},
     EXPECT_LE(Pairs({{u"a", u"b"}, {u"b", u"a"}}).ReplaceMacroToPathRecursive(u"a").Length(), 1);
     EXPECT_GT(Pairs({{u"a", u"aa"}}).ReplaceMacroToPathRecursive(u"a").Length(), 500);
     const UnicodeString many = UnicodeString::StringOfChar(u'a', 3000);
@@ -167,6 +170,9 @@ TEST(StringPairsTest, MacrosThatBringMacrosComeToAnEnd)
 TEST(StringPairsTest, AreMadeOfPairsAndAreARange)
 {
     CStringPairs pairs = {{u"a", u"1"}, {u"b", u"2"}};
+    EXPECT_EQ(pairs.ReplacePathToMacro(u"d:\\g"), u"%B\\g");
+    EXPECT_EQ(pairs.ReplaceMacroToPath(pairs.ReplacePathToMacro(u"D:\\")), u"D:\\");
+    EXPECT_EQ(Pairs({{u"%R", u"\\"}}).ReplaceMacroToPath(u"%R\\x"), u"\\x");
     EXPECT_EQ(pairs.size(), 2U);
     EXPECT_FALSE(pairs.empty());
     EXPECT_TRUE(CStringPairs().empty());
