@@ -64,17 +64,30 @@ void GetColumn(const Pairs& pairs, Column column, TStrings* strings, TObject* ob
     AddColumn(pairs, column, strings, object);
 }
 
-/// The lines that were there go behind the column.
+/// Puts the lines from `begin` to `end` in the opposite order.
+void Reverse(TStrings& strings, int begin, int end)
+{
+    while (begin < --end) {
+        strings.Exchange(begin++, end);
+    }
+}
+
+/// The lines that were there go behind the column. Each of them moves twice at most, however many pairs there
+/// are: the column goes to the end, and the parts change places.
 void AddColumnInFront(const Pairs& pairs, Column column, TStrings* strings, TObject* object)
 {
     if (strings == nullptr) {
         return;
     }
     const CStringsUpdate update(strings);
-    int index = 0;
+    const int middle = strings->getCount();
+    int end = middle;
     for (const CStringPair& pair : pairs) {
-        strings->InsertObject(index++, pair.*column, object);
+        strings->InsertObject(end++, pair.*column, object);
     }
+    Reverse(*strings, 0, middle);
+    Reverse(*strings, middle, end);
+    Reverse(*strings, 0, end);
 }
 
 bool IsSeparatorAt(const UnicodeString& text, int index)
