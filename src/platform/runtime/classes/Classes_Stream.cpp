@@ -206,7 +206,8 @@ void TCustomMemoryStream::SaveToStream(TStream* stream) const
     if (stream == nullptr) {
         throw EWriteError(u"Stream write error");
     }
-    stream->WriteBuffer(getMemory(), getSize());
+    const std::string_view bytes = AsView();
+    stream->WriteBuffer(bytes.data(), static_cast<Int64>(bytes.size()));
 }
 
 void TCustomMemoryStream::SaveToFile(const UnicodeString& path) const
@@ -292,7 +293,8 @@ void TMemoryStream::LoadFromStream(TStream* stream)
     setSize(count);
     mPosition = 0;
     if (count > 0) {
-        stream->ReadBuffer(mBytes.data(), count);
+        // A derived class may have another idea of its size.
+        stream->ReadBuffer(mBytes.data(), std::min(count, static_cast<Int64>(mBytes.size())));
     } else {
         CopyToEnd(*stream, *this);
         mPosition = 0;
@@ -365,11 +367,13 @@ UnicodeString TStringStream::getDataString() const
 
 UnicodeString TStringStream::ReadString(Int64 count)
 {
-    const Int64 position = std::min(mPosition, getSize());
-    count = std::clamp(count, Int64{0}, getSize() - position);
+    const std::string_view bytes = AsView();
+    const auto size = static_cast<Int64>(bytes.size());
+    const Int64 position = std::min(mPosition, size);
+    count = std::clamp(count, Int64{0}, size - position);
     mPosition = position + count;
     return mEncoding->GetString(
-        AsView().substr(static_cast<std::size_t>(position), static_cast<std::size_t>(count)));
+        bytes.substr(static_cast<std::size_t>(position), static_cast<std::size_t>(count)));
 }
 
 void TStringStream::WriteString(const UnicodeString& text)
