@@ -218,6 +218,19 @@ bool ResizeFile(NativeInt handle, Int64 size)
 {
     const int descriptor = DescriptorOf(handle);
     if (descriptor < 0) {
+bool IsEndless(NativeInt handle)
+{
+    struct stat status;
+    const auto descriptor = static_cast<int>(handle);
+    if (handle <= 0 || fstat(descriptor, &status) != 0 || !S_ISCHR(status.st_mode) ||
+        lseek(descriptor, 0, SEEK_CUR) != 0) {
+        return false;
+    }
+    const bool hasNoSize = lseek(descriptor, 0, SEEK_END) == 0;
+    lseek(descriptor, 0, SEEK_SET);
+    return hasNoSize;
+}
+
         return false;
     }
     FlushBuffersOf(descriptor);

@@ -55,6 +55,9 @@ Int64 CopyToEnd(TStream& source, TStream& target)
     std::vector<char> chunk(ChunkSize);
     Int64 count = 0;
     while (const Int64 size = std::max(source.Read(chunk.data(), ChunkSize), Int64{0})) {
+        if (count == 0) {
+            CStreamWindow::CheckHasEnd(source);
+        }
         target.WriteBuffer(chunk.data(), size);
         count += size;
     }
@@ -96,6 +99,11 @@ std::string_view TStream::Window()
 }
 
 bool TStream::ShowsEnd() const noexcept
+{
+    return false;
+}
+
+bool TStream::IsEndless() const noexcept
 {
     return false;
 }

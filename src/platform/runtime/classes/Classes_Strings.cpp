@@ -5,6 +5,7 @@
 #include "platform/runtime/classes/Classes_Stream.h"
 #include "platform/runtime/classes/Classes_Update.h"
 #include "platform/runtime/classes/internal/Classes_DelimitedText.h"
+#include "platform/runtime/classes/internal/Classes_StreamWindow.h"
 #include "platform/runtime/sysutils/Sysutils_Text.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 
@@ -72,6 +73,9 @@ std::string ReadToEnd(TStream& stream)
             stream.Read(bytes.data() + size, static_cast<System::Int64>(bytes.size() - size));
         if (count <= 0) {
             break;
+        }
+        if (size == 0) {
+            CStreamWindow::CheckHasEnd(stream);
         }
         size += static_cast<std::size_t>(count);
     }
