@@ -147,8 +147,12 @@ NativeInt OpenFile(const UnicodeString& file, unsigned access, unsigned share, D
 bool CloseFile(NativeInt handle)
 {
     const int descriptor = DescriptorOf(handle);
+    if (descriptor < 0) {
+        return false;
+    }
+    ReleaseSharing(descriptor);
     // After an interruption the descriptor is gone all the same.
-    return descriptor >= 0 && (close(descriptor) == 0 || errno == EINTR || FailErrno());
+    return close(descriptor) == 0 || errno == EINTR || FailErrno();
 }
 
 Int64 ReadFile(NativeInt handle, void* buffer, Int64 count)
@@ -214,10 +218,6 @@ Int64 SeekFile(NativeInt handle, Int64 offset, int origin)
     return position;
 }
 
-bool ResizeFile(NativeInt handle, Int64 size)
-{
-    const int descriptor = DescriptorOf(handle);
-    if (descriptor < 0) {
 bool IsEndless(NativeInt handle)
 {
     struct stat status;
@@ -231,6 +231,10 @@ bool IsEndless(NativeInt handle)
     return hasNoSize;
 }
 
+bool ResizeFile(NativeInt handle, Int64 size)
+{
+    const int descriptor = DescriptorOf(handle);
+    if (descriptor < 0) {
         return false;
     }
     FlushBuffersOf(descriptor);
