@@ -6,6 +6,7 @@
 #include "support/MemoryLimit.h"
 
 #include <climits>
+#include <limits>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -104,6 +105,25 @@ TEST_F(VariantArrayTest, CopiesOfArraysAreValues)
     const Variant moved = std::move(second);
     EXPECT_TRUE(second.IsEmpty()); // NOLINT(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
     EXPECT_EQ(moved.GetElement(0), 9);
+}
+
+TEST_F(VariantArrayTest, ArraysThatHoldOthersManyTimesAreComparedOnce)
+{
+    const auto nested = [](const Variant& innermost) {
+        Variant array = innermost;
+        for (int level = 0; level < 200; ++level) {
+            array = VarArrayOf({array, array});
+        }
+        return array;
+    };
+    EXPECT_EQ(nested(1), nested(1));
+    EXPECT_NE(nested(1), nested(2));
+    EXPECT_EQ(nested(VarArrayOf({1, u"a"})), nested(VarArrayOf({1, u"a"})));
+    EXPECT_NE(nested(VarArrayOf({1, u"a"})), nested(VarArrayOf({1})));
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const Variant none = nested(nan);
+    EXPECT_NE(none, none) << "an array is equal as its elements are";
+    EXPECT_EQ(VarCompareValue(none, none), vrNotEqual);
 }
 
 TEST_F(VariantArrayTest, ArraysNestToALimit)
