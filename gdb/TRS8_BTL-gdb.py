@@ -210,6 +210,12 @@ def vector_in(member):
     return show
 
 
+def small_variants(value, label):
+    block = value["mItems"]["mBlock"]
+    items = list(vector_items(block["list"])) if int(block) else []
+    return Items(label, len(items), items)
+
+
 def pair_list(value, label):
     pairs = list(vector_items(value["mPairs"]))
     return Map(label, len(pairs), (side for pair in pairs for side in (("", pair["first"]), ("", pair["second"]))))
@@ -326,7 +332,7 @@ def small_variant(value, label):
     if kind == "DateTime":
         return Text(date_text(float(data["Days"])))
     if kind == "Array":
-        return vector_in("mItems")(data["Array"].dereference(), label)
+        return small_variants(data["Array"].dereference(), label)
     if kind in ("AString", "WString"):
         text = data[kind]
         if int(text["Text"]) == 0:
@@ -349,7 +355,7 @@ PRINTERS = {
     "UTL::CSimpleString": simple_string,
     "UTL::CString": standard_string,
     "UTL::CVariant": small_variant,
-    "UTL::CVariants": vector_in("mItems"),
+    "UTL::CVariants": small_variants,
     "BTL::GStringValue": wrapped_string,
     "BTL::MStringList": list_behind(lambda value: value["mList"].referenced_value()),
     "BTL::CStrSet": list_behind(lambda value: only_pointer(value["mStrings"])),

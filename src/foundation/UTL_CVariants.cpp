@@ -3,12 +3,16 @@
 
 #include "foundation/UTL_Links.h"
 #include "platform/base/Sysutils_Exception.h"
+#include "platform/base/internal/System_Memory.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "platform/runtime/classes/Classes_StringList.h"
 #include "platform/runtime/variants/Variants.h"
+#include "platform/runtime/variants/internal/System_VariantValue.h"
 
 #include <algorithm>
 #include <iterator>
+#include <map>
+#include <utility>
 
 namespace UTL
 {
@@ -38,9 +42,18 @@ bool ReadFloat(const UnicodeString& text, double& value)
 
 } // namespace
 
-CVariants::CVariants(std::initializer_list<CVariant> items) : mItems(items)
+CVariants::CVariants(unsigned capacity)
 {
-    for (const CVariant& item : mItems) {
+    if (capacity > 0) {
+        System::WithMemory(u"There is no memory for the items of a list.",
+                           [&] { OwnItems().reserve(capacity); });
+    }
+}
+
+CVariants::CVariants(std::initializer_list<CVariant> items)
+{
+    OwnItems() = items;
+    for (const CVariant& item : items) {
         mDepth = std::max(mDepth, DepthAround(item));
     }
 }
@@ -48,20 +61,83 @@ CVariants::CVariants(std::initializer_list<CVariant> items) : mItems(items)
 CVariants& CVariants::operator<<(CVariant item)
 {
     const int depth = DepthAround(item);
-    mItems.push_back(std::move(item));
+    OwnItems().push_back(std::move(item));
     mDepth = std::max(mDepth, depth);
     return *this;
 }
 
 void CVariants::AddItems(const int* items, unsigned count)
 {
-    Append(mItems, items, count);
+    Append(OwnItems(), items, count);
 }
 
 void CVariants::AddItems(const double* items, unsigned count)
 {
-    Append(mItems, items, count);
+    Append(OwnItems(), items, count);
 }
+
+/// Turns arrays into lists, each of them once: one that holds another one twice, which holds a third one
+/// twice and so on would take twice the time and memory with each level.
+class CVariants::CFromVariant
+{
+public:
+    CVariants ListOf(const Variant& array)
+    {
+        const int low = array.ArrayLowBound();
+        const int high = array.ArrayHighBound();
+        CVariants list(static_cast<unsigned>(System::Int64{high} - low + 1));
+        for (System::Int64 i = low; i <= high; ++i) {
+            const Variant element = array.GetElement(static_cast<int>(i));
+            list << (element.IsArray() ? KnownList(element) : CVariant(element));
+        }
+        return list;
+    }
+
+private:
+    CVariant KnownList(const Variant& array)
+    {
+        const void* const identity = System::Detail::ArrayIdentity(array);
+        if (const auto found = mKnown.find(identity); found != mKnown.end()) {
+            return found->second;
+        }
+        CVariant list;
+        list.CreateArray();
+        *list.getData().Array = ListOf(array);
+        return mKnown.emplace(identity, std::move(list)).first->second;
+    }
+
+    std::map<const void*, CVariant> mKnown;
+};
+
+/// The opposite of `CFromVariant`, for lists that share their items.
+class CVariants::CToVariant
+{
+public:
+    Variant ArrayOf(const CVariants& list)
+    {
+        std::vector<Variant> values;
+        values.reserve(list.size());
+        for (const CVariant& item : list) {
+            values.push_back(item.Type() == vdtArray ? KnownArray(*item.getData().Array) : item.ToVariant());
+        }
+        return Variants::VarArrayOf(values);
+    }
+
+private:
+    Variant KnownArray(const CVariants& list)
+    {
+        if (list.empty()) {
+            return ArrayOf(list);
+        }
+        const TItems* const identity = list.mItems.get();
+        if (const auto found = mKnown.find(identity); found != mKnown.end()) {
+            return found->second;
+        }
+        return mKnown.emplace(identity, ArrayOf(list)).first->second;
+    }
+
+    std::map<const TItems*, Variant> mKnown;
+};
 
 void CVariants::AddItems(const Variant& items)
 {
@@ -69,15 +145,19 @@ void CVariants::AddItems(const Variant& items)
         *this << items;
         return;
     }
-    const int low = items.ArrayLowBound();
-    const int high = items.ArrayHighBound();
-    CVariants added(static_cast<unsigned>(System::Int64{high} - low + 1));
-    for (System::Int64 i = low; i <= high; ++i) {
-        added << items.GetElement(static_cast<int>(i));
+    CVariants added = CFromVariant().ListOf(items);
+    if (added.empty()) {
+        return;
     }
-    mItems.insert(mItems.end(), std::make_move_iterator(added.mItems.begin()),
-                  std::make_move_iterator(added.mItems.end()));
-    mDepth = std::max(mDepth, added.mDepth);
+    const int depth = std::max(mDepth, added.mDepth);
+    if (empty()) {
+        *this = std::move(added);
+    } else {
+        std::vector<CVariant>& own = OwnItems();
+        own.insert(own.end(), std::make_move_iterator(added.mItems->list.begin()),
+                   std::make_move_iterator(added.mItems->list.end()));
+    }
+    mDepth = depth;
 }
 
 void CVariants::SetItems(const Variant& items)
@@ -94,18 +174,14 @@ void CVariants::GetItems(Variant& result) const
 
 Variant CVariants::ToVariant() const
 {
-    Variant result = Variants::VarArrayCreate({0, GetCount() - 1}, System::varVariant);
-    for (int i = 0; i < GetCount(); ++i) {
-        result.PutElement(At(i).ToVariant(), i);
-    }
-    return result;
+    return CToVariant().ArrayOf(*this);
 }
 
 void CVariants::setItem(int index, CVariant value)
 {
     At(index);
     const int depth = DepthAround(value);
-    mItems[static_cast<std::size_t>(index)] = std::move(value);
+    OwnItems()[static_cast<std::size_t>(index)] = std::move(value);
     mDepth = std::max(mDepth, depth);
 }
 
@@ -116,8 +192,8 @@ void CVariants::WriteTo(BTL::COutStream& stream) const
         return;
     }
     write(stream, "[");
-    for (const CVariant& item : mItems) {
-        if (&item != mItems.data()) {
+    for (const CVariant& item : *this) {
+        if (&item != &*begin()) {
             write(stream, ",");
         }
         item.WriteTo(stream);
@@ -128,7 +204,7 @@ void CVariants::WriteTo(BTL::COutStream& stream) const
 UnicodeString CVariants::get_DebugInfo() const
 {
     UnicodeString text = u"[" + UnicodeString(GetCount()) + u"]";
-    for (const CVariant& item : mItems) {
+    for (const CVariant& item : *this) {
         text += u"; ";
         text += item.ToStringDef(u"?");
     }
@@ -140,7 +216,19 @@ const CVariant& CVariants::At(int index) const
     if (index < 0 || index >= GetCount()) {
         throw Sysutils::ERangeError(u"Index out of range: " + UnicodeString(index));
     }
-    return mItems[static_cast<std::size_t>(index)];
+    return mItems->list[static_cast<std::size_t>(index)];
+}
+
+std::vector<CVariant>& CVariants::OwnItems()
+{
+    if (!mItems.IsUnique()) {
+        System::GSharedBlock<TItems> own(new TItems);
+        if (mItems) {
+            own->list = mItems->list;
+        }
+        mItems = std::move(own);
+    }
+    return mItems->list;
 }
 
 int CVariants::DepthAround(const CVariant& item)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/UTL_CVariant.h"
+#include "platform/base/System_SharedBlock.h"
 
 #include <initializer_list>
 #include <vector>
@@ -9,9 +10,10 @@
 namespace UTL
 {
 
-/// A list of variants, and what a variant of the array type holds. A call that raises leaves the list as it
-/// was. An item that would nest lists deeper than `MaxDepth` raises `Sysutils::EVariantError`; a list counts
-/// as deep as it has been since it was last set as a whole.
+/// A list of variants, and what a variant of the array type holds. Copies share their items until one of them
+/// changes. A call that raises leaves the list as it was. An item that would nest lists deeper than
+/// `MaxDepth` raises `Sysutils::EVariantError`; a list counts as deep as it has been since it was last set as
+/// a whole.
 ///
 ///     UTL::CVariants row{1, 2.5, u"text"};
 ///     row << true;
@@ -21,8 +23,10 @@ class TRS8_BTL_API CVariants
 public:
     static constexpr int MaxDepth = System::Variant::MaxArrayDepth;
 
-    /// Empty, with room for `capacity` items.
-    explicit CVariants(unsigned capacity = 0) { mItems.reserve(capacity); }
+    /// Empty.
+    CVariants() = default;
+    /// Empty, with room for `capacity` items. `Sysutils::EOutOfMemory` if the memory isn't there.
+    explicit CVariants(unsigned capacity);
     /// Braces hold items: `CVariants{5}` has the one item 5, `CVariants(5)` room for five.
     CVariants(std::initializer_list<CVariant> items);
     /// A null pointer gives no items.
@@ -48,14 +52,20 @@ public:
     System::Variant ToVariant() const;
 
     /// How many items there are, those inside an item not counted.
-    int GetCount() const noexcept { return static_cast<int>(mItems.size()); }
+    int GetCount() const noexcept { return static_cast<int>(size()); }
 
     // The items as a range, valid until the list changes. `setItem` changes an item.
 
-    std::vector<CVariant>::const_iterator begin() const noexcept { return mItems.begin(); }
-    std::vector<CVariant>::const_iterator end() const noexcept { return mItems.end(); }
-    std::size_t size() const noexcept { return mItems.size(); }
-    [[nodiscard]] bool empty() const noexcept { return mItems.empty(); }
+    std::vector<CVariant>::const_iterator begin() const noexcept
+    {
+        return mItems ? mItems->list.cbegin() : std::vector<CVariant>::const_iterator();
+    }
+    std::vector<CVariant>::const_iterator end() const noexcept
+    {
+        return mItems ? mItems->list.cend() : std::vector<CVariant>::const_iterator();
+    }
+    std::size_t size() const noexcept { return mItems ? mItems->list.size() : 0; }
+    [[nodiscard]] bool empty() const noexcept { return size() == 0; }
     /// A copy of an item. `Sysutils::ERangeError` for an `index` outside.
     CVariant getItem(int index) const { return At(index); }
     /// The item itself, valid until the list changes; fails alike.
@@ -68,10 +78,19 @@ public:
     System::UnicodeString get_DebugInfo() const;
 
 private:
+    struct TItems : System::TSharedBlock
+    {
+        std::vector<CVariant> list;
+    };
+    class CToVariant;
+    class CFromVariant;
+
     /// How deep a list is that holds `item`.
     static int DepthAround(const CVariant& item);
+    /// The items for writing: the list parts from all others that hold them.
+    std::vector<CVariant>& OwnItems();
 
-    std::vector<CVariant> mItems;
+    System::GSharedBlock<TItems> mItems;
     int mDepth = 1;
 };
 

@@ -3,6 +3,7 @@
 
 #include "foundation/UTL_ASRT_Assert.h"
 #include "foundation/vectors/UTL_SV_IntVector.h"
+#include "platform/base/internal/System_Memory.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "platform/runtime/classes/Classes_StringList.h"
 
@@ -58,7 +59,10 @@ bool AreAll(const std::uint8_t* bytes, std::size_t count, std::uint8_t value) no
 
 } // namespace
 
-CFlags::CFlags(int count) : mCount(std::max(count, 0)), mBytes(ByteCount(mCount)) {}
+CFlags::CFlags(int count)
+{
+    setCount(count);
+}
 
 CFlags::CFlags(int count, bool value) : CFlags(count)
 {
@@ -122,7 +126,7 @@ void CFlags::Clear()
 void CFlags::setCount(int count)
 {
     count = std::max(count, 0);
-    mBytes.resize(ByteCount(count));
+    System::WithMemory(u"There is no memory for the flags.", [&] { mBytes.resize(ByteCount(count)); });
     mCount = count;
     ClearSurplus();
 }

@@ -61,7 +61,8 @@ public:
     void Clear();
 
     int getCount() const noexcept { return mCount; }
-    /// Flags that stay keep their value, new ones are false.
+    /// Flags that stay keep their value, new ones are false. `Sysutils::EOutOfMemory`, with the row as it
+    /// was, if the memory isn't there.
     void setCount(int count);
 
     // The flags as a range, by value. `setItem` sets one.
@@ -151,7 +152,7 @@ private:
     template <class Operation>
     CFlags& Combine(const CFlags& other, Operation operation) noexcept;
 
-    int mCount;
+    int mCount = 0;
     /// Never empty. Bits behind the last flag are zero, so that rows can be compared byte by byte.
     std::vector<Byte> mBytes;
 };

@@ -2,6 +2,7 @@
 #include "foundation/UTL_STR_Utilities.h"
 
 #include "platform/base/System_String.h"
+#include "platform/base/internal/System_Memory.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"
 
 #include <algorithm>
@@ -20,7 +21,9 @@ template <class Char>
 Char* NewDuplicate(const Char* text, unsigned minimum)
 {
     const std::basic_string_view<Char> view = System::Detail::SafeView(text);
-    auto* const result = new Char[std::max(view.size() + 1, static_cast<std::size_t>(minimum))]();
+    const std::size_t size = std::max(view.size() + 1, static_cast<std::size_t>(minimum));
+    auto* const result =
+        System::WithMemory(u"There is no memory for a copy of a text.", [&] { return new Char[size](); });
     std::copy(view.begin(), view.end(), result);
     return result;
 }

@@ -14,7 +14,7 @@ namespace UTL
 {
 
 /// A copy of `text` in an array of at least `minimum` characters, the rest of which is zero. The caller frees
-/// it with `delete[]`.
+/// it with `delete[]`. `Sysutils::EOutOfMemory` if the memory isn't there.
 ///
 ///     const std::unique_ptr<char[]> copy(UTL::strnewdup("abc", 10));
 [[nodiscard]] TRS8_BTL_API char* strnewdup(const char* text, unsigned minimum = 0);

@@ -28,18 +28,6 @@ bool IsUnicodeLetterOrDigit(WideChar c)
     return u_isalnum(c) != 0;
 }
 
-/// The letters and digits of a parameter's name: those of ASCII in narrow text, all of the basic plane in
-/// wide.
-bool IsNameLetterOrDigit(char c)
-{
-    return IsAsciiLetter(c) || IsAsciiDigit(c);
-}
-
-bool IsNameLetterOrDigit(WideChar c)
-{
-    return IsUnicodeLetterOrDigit(c);
-}
-
 using TWordTable = std::array<unsigned char, 256>;
 
 enum class EDigits
@@ -110,7 +98,7 @@ bool FindSQLParamOf(const Char* text, int& position, int& length)
     }
     const Char* const name = text + position + 1;
     const Char* end = name;
-    while (IsNameLetterOrDigit(*end) || *end == '_') {
+    while (IsAsciiLetter(*end) || IsAsciiDigit(*end) || *end == '_') {
         ++end;
     }
     length = 1 + static_cast<int>(end - name);

@@ -40,9 +40,10 @@ TRS8_BTL_API bool GetWord(const char* text, unsigned& offset, unsigned& length,
 TRS8_BTL_API int GetWords(const char* text, int count, unsigned& offset, unsigned& length);
 TRS8_BTL_API int GetWords(const System::WideChar* text, int count, unsigned& offset, unsigned& length);
 
-/// Finds the first colon and the name behind it, made of letters, digits and `_`. `position` becomes the
-/// index of the colon, `length` the count of characters with the colon. False if the name is empty; also if
-/// there is no colon, which gives the position -1 and the length 0. Later colons are not tried.
+/// Finds the first colon and the name behind it, made of letters and digits of ASCII and `_`. `position`
+/// becomes the index of the colon, `length` the count of characters with the colon. False if the name is
+/// empty; also if there is no colon, which gives the position -1 and the length 0. Later colons are not
+/// tried.
 TRS8_BTL_API bool FindSQLParam(const char* text, int& position, int& length);
 TRS8_BTL_API bool FindSQLParam(const System::WideChar* text, int& position, int& length);
 

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <type_traits>
 #include <typeinfo>
 
 namespace BTL
@@ -441,23 +443,35 @@ UInt64 AStream::ReadUInt64()
 }
 
 template <class Float>
-Float AStream::ReadFloat()
+Float AStream::ReadFloating()
 {
     TScannedNumber number;
     Guarded([&] { TakeNumber(number); });
     return Converted<Float>(number, [](std::u16string_view text, Float& value) {
-        return Sysutils::BufferToFloat(text, u'.', value);
+        if constexpr (std::is_same_v<Float, float>) {
+            double wide = 0;
+            const bool isNumber = Sysutils::BufferToFloat(text, u'.', wide);
+            value = static_cast<float>(wide);
+            return isNumber && std::isfinite(value);
+        } else {
+            return Sysutils::BufferToFloat(text, u'.', value);
+        }
     });
+}
+
+float AStream::ReadFloat()
+{
+    return ReadFloating<float>();
 }
 
 double AStream::ReadDouble()
 {
-    return ReadFloat<double>();
+    return ReadFloating<double>();
 }
 
 long double AStream::ReadLDouble()
 {
-    return ReadFloat<long double>();
+    return ReadFloating<long double>();
 }
 
 void AStream::DoWriteChar(char c)

@@ -118,8 +118,9 @@ protected:
     System::Int64 ReadInt64();
     /// A text that begins with `-` fails, whatever the state was, and a number above 2^63-1.
     System::UInt64 ReadUInt64();
+    /// Each with the range and the precision of its type: a number above it fails, one too small for it is 0.
+    float ReadFloat();
     double ReadDouble();
-    /// With the range and the precision of the type.
     long double ReadLDouble();
 
     /// Writes one byte; fails as `DoWrite`.
@@ -143,7 +144,7 @@ private:
     Number Converted(const TScannedNumber& number, Convert convert);
     System::Int64 ToInt64(const TScannedNumber& number);
     template <class Float>
-    Float ReadFloat();
+    Float ReadFloating();
     template <class Take>
     void ReadBytewise(System::Int64 count, Take take);
 

@@ -174,7 +174,7 @@ CInStream& CInStream::operator>>(UInt64& value)
 
 CInStream& CInStream::operator>>(float& value)
 {
-    value = static_cast<float>(ReadDouble());
+    value = ReadFloat();
     return *this;
 }
 

@@ -53,7 +53,7 @@ std::size_t ReadPiece(TStream& stream, std::span<char> piece)
         Classes::CStreamWindow::Pass(stream, piece.size());
         return piece.size();
     }
-    const Int64 count = std::clamp(stream.getSize() - *position, Int64{0}, size);
+    const Int64 count = std::clamp(Classes::BytesBehind(*position, stream.getSize()), Int64{0}, size);
     stream.ReadBuffer(piece.data(), count);
     return static_cast<std::size_t>(count);
 }

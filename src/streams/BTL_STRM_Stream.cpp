@@ -374,8 +374,11 @@ Int64 MStream::CopyFrom(TStream* source, Int64 count)
 
 Int64 MStream::LoadRest(TStream* source)
 {
-    return CopyTo(SourceOf(source, mStream), *mStream,
-                  [](std::string_view) { return std::string_view::npos; });
+    TStream& from = SourceOf(source, mStream);
+    return CopyTo(from, *mStream, [&](std::string_view) {
+        Classes::CStreamWindow::CheckHasEnd(from);
+        return std::string_view::npos;
+    });
 }
 
 Int64 MStream::LoadTill(TStream* source, char delimiter)

@@ -122,7 +122,8 @@ public:
                                 const unsigned char* nextChars);
 
     // Copying from another stream at its position. A null source, and the own stream, raise
-    // `Classes::EReadError`. The results are the counts of bytes copied.
+    // `Classes::EReadError`, and so does a device without an end of which all is to be copied. The results
+    // are the counts of bytes copied.
 
     /// As `Classes::TStream::CopyFrom`.
     System::Int64 CopyFrom(Classes::TStream* source, System::Int64 count);

@@ -312,8 +312,8 @@ void SkipBytes(TStream* stream, int count)
         return;
     }
     const Int64 position = Detail::NeedPosition(*checked);
-    const Int64 last = checked->getSize() - 1;
-    const Int64 target = std::max(std::min(Classes::AddClamped(position, count), last), Int64{0});
+    const Int64 last = std::max(checked->getSize(), Int64{1}) - 1;
+    const Int64 target = std::clamp(Classes::AddClamped(position, count), Int64{0}, last);
     checked->Seek(target - position, Classes::soCurrent);
 }
 
@@ -429,7 +429,7 @@ AnsiString LoadStringFromStream(TStream* stream)
 {
     CCheckedStream checked(stream, NullStreamIn::LoadStringFromStream);
     const std::optional<Int64> position = Classes::ToldPosition(*checked);
-    const Int64 left = position ? checked->getSize() - *position : 0;
+    const Int64 left = position ? Classes::BytesBehind(*position, checked->getSize()) : 0;
     // The size of a pipe, or of a file that the host makes up while it is read, tells nothing.
     return Detail::ReadUpTo(*checked, left > 0 ? left : INT64_MAX);
 }

@@ -6,6 +6,7 @@
 #include "platform/base/dates/System_DateTime.h"
 #include "platform/runtime/variants/Variants.h"
 #include "support/FormatSettingsGuard.h"
+#include "support/MemoryLimit.h"
 
 #include <gtest/gtest.h>
 
@@ -113,6 +114,43 @@ TEST(CVariantsTest, CountsTheDepthOfWhatItsBracesHold)
     EXPECT_THROW(CVariants({1, ArrayOf(deepest)}), Sysutils::EVariantError);
 }
 
+TEST(CVariantsTest, CopiesChangeAlone)
+{
+    CVariants first{1, ArrayOf(CVariants{2, 3})};
+    CVariants second = first;
+    first.setItem(0, 9);
+    CVariant inner = second.getItem(1);
+    inner.SetItem(0, 8);
+    second << inner;
+    EXPECT_EQ(Written(first), "[9,[[2,3]]]");
+    EXPECT_EQ(Written(second), "[1,[[2,3]],[[8,3]]]");
+    const CVariants moved = std::move(second);
+    EXPECT_EQ(moved.GetCount(), 3);
+    EXPECT_TRUE(second.empty()); // NOLINT(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
+    second << 1;
+    EXPECT_EQ(second.GetCount(), 1);
+}
+
+TEST(CVariantsTest, ListsThatHoldOthersManyTimesCostWhatTheyShow)
+{
+    CVariant list = ArrayOf(CVariants{1});
+    Variant array = Variants::VarArrayOf({1});
+    // Each level twice as many items, if each of them was an own one.
+    constexpr int levels = 200;
+    for (int level = 0; level < levels; ++level) {
+        list = ArrayOf(CVariants{list, list});
+        array = Variants::VarArrayOf({array, array});
+    }
+    EXPECT_EQ(list.ToVariant(), array);
+    CVariant read(array);
+    for (int level = 0; level < levels; ++level) {
+        ASSERT_EQ(read.GetCount(), 2);
+        const CVariant item = read.GetItem(level % 2);
+        read = item;
+    }
+    EXPECT_EQ(read.ToInt(), 1);
+}
+
 TEST(CVariantsTest, IsARangeOfItsItems)
 {
     static_assert(std::ranges::random_access_range<const CVariants>);
@@ -125,6 +163,13 @@ TEST(CVariantsTest, IsARangeOfItsItems)
         sum += item.ToInt();
     }
     EXPECT_EQ(sum, 6);
+}
+
+using CVariantsMemoryTest = Support::OutOfMemoryTest;
+
+TEST_F(CVariantsMemoryTest, RaisesForTooManyItems)
+{
+    EXPECT_TRUE(Support::RaisesOutOfMemory([] { const CVariants list(UINT_MAX); }));
 }
 
 } // namespace

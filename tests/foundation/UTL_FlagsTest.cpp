@@ -3,6 +3,7 @@
 #include "foundation/UTL_ASRT_Assert.h"
 #include "foundation/vectors/UTL_SV_IntVector.h"
 #include "platform/toolkit/MessageBox.h"
+#include "support/MemoryLimit.h"
 #include "support/ScriptedBoxes.h"
 
 #include <gtest/gtest.h>
@@ -219,6 +220,14 @@ TEST(FlagsTest, FindsThePositionsThatAreTrue)
         EXPECT_EQ(flags.NextTrue(-5), flags.NextTrue(0));
         EXPECT_EQ(flags.NextTrue(INT_MAX), -1);
     }
+}
+
+using FlagsMemoryTest = Support::OutOfMemoryTest;
+
+TEST_F(FlagsMemoryTest, RaisesForTooManyFlags)
+{
+    EXPECT_TRUE(Support::RaisesOutOfMemory([] { const CFlags flags(INT_MAX); }));
+    EXPECT_TRUE(Support::RaisesOutOfMemory([] { CFlags().setCount(INT_MAX); }));
 }
 
 } // namespace

@@ -3,8 +3,10 @@
 
 #include "foundation/PlainTextSupport.h"
 #include "platform/host/Host_Path.h"
+#include "support/MemoryLimit.h"
 #include "support/TempFolder.h"
 
+#include <climits>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -41,6 +43,14 @@ TEST(FileExistsTest, FindsFilesOnly)
     EXPECT_FALSE(UTL::FileExists(path(folder.Path() / "b.txt")));
     EXPECT_FALSE(UTL::FileExists(path(folder.Path())));
     EXPECT_FALSE(UTL::FileExists(u""));
+}
+
+using StrnewdupMemoryTest = Support::OutOfMemoryTest;
+
+TEST_F(StrnewdupMemoryTest, RaisesForTooMuchRoom)
+{
+    EXPECT_TRUE(Support::RaisesOutOfMemory([] { delete[] UTL::strnewdup("a", UINT_MAX); }));
+    EXPECT_TRUE(Support::RaisesOutOfMemory([] { delete[] UTL::strnewdup(u"a", UINT_MAX); }));
 }
 
 } // namespace

@@ -139,8 +139,8 @@ TYPED_TEST(StringWordsTest, FindSQLParamTriesTheFirstColon)
         int position;
         int length;
     } cases[] = {
-        {"a=:name and", true, 2, 5}, {"a::b", false, 1, 1},  {":", false, 0, 1},
-        {":_1;", true, 0, 3},        {"none", false, -1, 0}, {"", false, -1, 0},
+        {"a=:name and", true, 2, 5}, {"a::b", false, 1, 1}, {":", false, 0, 1},     {":_1;", true, 0, 3},
+        {"none", false, -1, 0},      {"", false, -1, 0},    {":a\xE4", true, 0, 2}, {":\xE4", false, 0, 1},
     };
     for (const auto& c : cases) {
         int position = 99;

@@ -48,6 +48,10 @@ TEST(InStreamTest, ReadsNumbers)
     EXPECT_EQ(ReadOne<double>("3,5"), "3 1");
     EXPECT_EQ(ReadOne<double>("1e999 "), "0 f5");
     EXPECT_EQ(ReadOne<float>("-.5 "), "-0.5 3");
+    EXPECT_EQ(ReadOne<float>("1e39 "), "0 f4");
+    EXPECT_EQ(ReadOne<float>("-1e39 "), "0 f5");
+    EXPECT_EQ(ReadOne<float>("1e400 "), "0 f5");
+    EXPECT_EQ(ReadOne<float>("1e-60 "), "0 5");
     EXPECT_EQ(ReadOne<long double>("1e2"), "100 e3");
     EXPECT_EQ(ReadOne<double>((std::string(200, '0') + "7 ").c_str()), "7 201");
     EXPECT_EQ(ReadOne<char>("  x"), "x 3");

@@ -181,6 +181,9 @@ TEST_P(StreamTest, CopiesUpToAMark)
     EXPECT_EQ(copy.LoadTill(pattern, TBytes()), 1);
     EXPECT_EQ(target.AsView(), "aaab-aab++");
     EXPECT_THROW(copy.LoadRest(nullptr), Classes::EReadError);
+    Classes::TFileStream zeros(u"\\dev\\zero", Classes::fmOpenRead | Classes::fmShareDenyNone);
+    EXPECT_THROW(copy.LoadRest(&zeros), Classes::EReadError);
+    EXPECT_EQ(copy.LoadTill(&zeros, '\0'), 1);
     EXPECT_THROW(copy.LoadTill(&target, 'a'), Classes::EReadError);
 }
 

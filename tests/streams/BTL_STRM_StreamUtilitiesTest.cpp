@@ -2,6 +2,7 @@
 #include "streams/BTL_STRM_StreamUtilities.h"
 #include "streams/AnyStreamSupport.h"
 #include "streams/BTL_STRM_FileOutStream.h"
+#include "streams/BTL_STRM_StdIOStream.h"
 #include "streams/BTL_STRM_Stream.h"
 #include "streams/ForwardOnlySupport.h"
 #include "support/ChildProgram.h"
@@ -187,6 +188,42 @@ TEST_P(UtilitiesOfForwardOnlyTest, PlacesAreRefused)
     EXPECT_THROW(BTL::GetCurrStrLine(stream), Classes::EStreamError);
     EXPECT_THROW(BTL::SkipBytes(stream, -1), Classes::EStreamError);
     EXPECT_EQ(BTL::ReadBytes(stream, 10), "a\nb") << "nothing was read before";
+}
+
+/// Tells a size that is none.
+class OddStream : public Classes::TMemoryStream
+{
+public:
+    explicit OddStream(Int64 size) : mSize(size) { WriteBuffer("abc", 3); }
+    Int64 getSize() const override { return mSize; }
+
+private:
+    Int64 mSize;
+};
+
+TEST(StreamModelTest, StreamsMayTellAnySize)
+{
+    for (const Int64 size : {Int64{INT64_MIN}, Int64{INT64_MIN + 1}, Int64{-1}, Int64{0}}) {
+        OddStream stream(size);
+        stream.setPosition(1);
+        EXPECT_EQ(BTL::LoadStringFromStream(&stream), "bc") << size;
+        for (const int count : {1, 0, -1, INT_MAX, INT_MIN}) {
+            stream.setPosition(2);
+            BTL::SkipBytes(&stream, count);
+            EXPECT_EQ(stream.getPosition(), 0) << size;
+        }
+        std::string bytes(2, ' ');
+        stream.setPosition(1);
+        BTL::CStdInStream in(&stream, BTL::ssSync);
+        in.read(bytes.data(), 2);
+        EXPECT_EQ(bytes, "bc") << size;
+    }
+    OddStream large(INT64_MAX);
+    BTL::SkipBytes(&large, INT_MAX);
+    EXPECT_EQ(large.getPosition(), Int64{INT_MAX} + 3);
+    large.setPosition(1);
+    large.WriteBuffer("xyz", 3);
+    EXPECT_EQ(large.AsView(), "axyz");
 }
 
 TEST(StreamModelTest, AHandleThatOthersUseLosesOneByteAtMost)

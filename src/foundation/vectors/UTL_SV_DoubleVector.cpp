@@ -7,6 +7,10 @@
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "platform/runtime/sysutils/Math.h"
 
+#include <algorithm>
+#include <limits>
+#include <optional>
+
 namespace UTL
 {
 
@@ -24,13 +28,37 @@ const System::WideChar* ScanDouble(const System::WideChar* first, const System::
     return Sysutils::ScanShortFloat(first, last, u'.', value);
 }
 
+char* WriteDouble(double value, char* out)
+{
+    return out + Sysutils::FloatToBuffer(value, '.', out);
+}
+
+/// The value whose text, as the vector writes it, is `part` and isn't read as a number: those that are none,
+/// and the largest, which rounding takes beyond its range.
+std::optional<double> FindUnreadable(std::u16string_view part)
+{
+    using Limits = std::numeric_limits<double>;
+    for (const double value : {Limits::quiet_NaN(), Limits::infinity(), Limits::max()}) {
+        for (const double signedValue : {value, -value}) {
+            char text[Detail::NumberRoom];
+            if (std::equal(part.begin(), part.end(), text, WriteDouble(signedValue, text))) {
+                return signedValue;
+            }
+        }
+    }
+    return std::nullopt;
+}
+
 double ReadDouble(std::u16string_view part)
 {
     double value = 0;
-    if (!Sysutils::BufferToFloat(part, u'.', value)) {
-        Sysutils::ThrowNoFloat(part);
+    if (Sysutils::BufferToFloat(part, u'.', value)) {
+        return value;
     }
-    return value;
+    if (const auto unreadable = FindUnreadable(part)) {
+        return *unreadable;
+    }
+    Sysutils::ThrowNoFloat(part);
 }
 
 } // namespace
@@ -49,8 +77,7 @@ CDoubleVector::CDoubleVector(const UnicodeString& commaText)
 
 UnicodeString CDoubleVector::getCommaText() const
 {
-    return Detail::JoinNumbers(
-        *this, [](double value, char* out) { return out + Sysutils::FloatToBuffer(value, '.', out); });
+    return Detail::JoinNumbers(*this, WriteDouble);
 }
 
 void CDoubleVector::setCommaText(UnicodeString text)

@@ -24,10 +24,11 @@ public:
     /// As `setCommaText`.
     explicit CDoubleVector(const System::UnicodeString& commaText);
 
-    /// The elements with 15 significant digits, a `.` in every locale, and commas between.
+    /// The elements with 15 significant digits, a `.` in every locale, and commas between; "NAN", "INF" and
+    /// "-INF" for what is no number.
     System::UnicodeString getCommaText() const;
-    /// Reads floats, with a `.` in every locale, up to the first empty part. `Sysutils::EConvertError` for a
-    /// part that is none; the elements read until then stay.
+    /// Reads floats, as `getCommaText` writes them and with a `.` in every locale, up to the first empty
+    /// part. `Sysutils::EConvertError` for a part that is none; the elements read until then stay.
     void setCommaText(System::UnicodeString text);
 
     // All of these are 0 in an empty vector.

@@ -3,6 +3,7 @@
 
 #include "foundation/UTL_ASRT_Assert.h"
 #include "foundation/vectors/UTL_SV_GSimpleVectorClass.h"
+#include "platform/base/System_StableSort.h"
 
 #include <algorithm>
 #include <bit>
@@ -28,8 +29,8 @@ inline constexpr CFaultPlace DeletesNoItem{VectorSource, 386};
 inline constexpr CFaultPlace IntersectsItself{VectorSource, 509};
 inline constexpr CFaultPlace IntersectsWrongWayRound{VectorSource, 521};
 
-/// The order of sorted vectors. Floats that are no numbers stand behind all others: the standard algorithms
-/// run out of their array when an order contradicts itself.
+/// The order of sorted vectors. Floats that are no numbers stand behind all others: the order of numbers
+/// must not contradict itself.
 struct TVectorOrder
 {
     template <class T>
@@ -329,7 +330,12 @@ void GSimpleVector<T>::Reverse()
 template <class T>
 void GSimpleVector<T>::Sort()
 {
-    std::sort(begin(), end(), Detail::TVectorOrder());
+    if constexpr (std::is_class_v<T>) {
+        // The order of a user's type may contradict itself, which the standard's sort doesn't survive.
+        System::StableSort(std::span(begin(), mSize), Detail::TVectorOrder());
+    } else {
+        std::sort(begin(), end(), Detail::TVectorOrder());
+    }
 }
 
 template <class T>
@@ -396,7 +402,7 @@ void GSimpleVector<T>::Union(const GSimpleVector& other)
     const unsigned oldSize = mSize;
     reserve(CapacityWith(added.size()));
     append(added);
-    std::inplace_merge(begin(), begin() + oldSize, end(), Detail::TVectorOrder());
+    System::StableMerge(std::span(begin(), mSize), oldSize, Detail::TVectorOrder());
 }
 
 template <class T>

@@ -168,7 +168,8 @@ public:
     void Reverse();
     /// An index out of range is an internal fault, and swaps nothing if the user lets it pass.
     void Swap(int i, int j);
-    /// Ascending; pointers by address, a float that is no number behind all others.
+    /// Ascending; pointers by address, a float that is no number behind all others. If the order of an own
+    /// type contradicts itself, the elements come in any.
     void Sort();
 
     // What follows wants the vector sorted ascending, and doesn't check that.

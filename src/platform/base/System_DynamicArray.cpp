@@ -19,4 +19,9 @@ void ThrowArrayLength(int length)
     throw Sysutils::ERangeError(u"An array can't have " + UnicodeString(length) + u" elements.");
 }
 
+void ThrowArrayMemory()
+{
+    throw Sysutils::EOutOfMemory(u"There is no memory for the elements of an array.");
+}
+
 } // namespace System

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <initializer_list>
 #include <limits>
+#include <new>
 
 namespace System
 {
@@ -14,6 +15,8 @@ namespace System
 [[noreturn]] TRS8_BTL_API void ThrowArrayRange(int index, int length);
 /// Raises `Sysutils::ERangeError`: no array has `length` elements.
 [[noreturn]] TRS8_BTL_API void ThrowArrayLength(int length);
+/// Raises `Sysutils::EOutOfMemory`: there is no memory for the elements of an array.
+[[noreturn]] TRS8_BTL_API void ThrowArrayMemory();
 
 /// An array of `T`, counted from 0. A copy of the object shares the elements: what one writes, the other
 /// sees, also in another thread. `Copy` makes an array of its own, and a change of the length parts the array
@@ -37,7 +40,8 @@ public:
     /// The count of elements.
     int Length() const noexcept { return mBlock.get() == nullptr ? 0 : mBlock->length; }
     int get_length() const noexcept { return Length(); }
-    /// Cuts, or adds elements of the value `T()`. `Sysutils::ERangeError` for a negative `length`.
+    /// Cuts, or adds elements of the value `T()`. `Sysutils::ERangeError` for a negative `length`,
+    /// `Sysutils::EOutOfMemory` if the memory isn't there; then the array stays as it was.
     void set_length(int length)
     {
         if (length < 0) {
@@ -92,10 +96,16 @@ private:
     // The array is owned by hand, since <memory> would double the cost of this header.
     struct TBlock : TSharedBlock
     {
-        explicit TBlock(int count) : items(new T[static_cast<std::size_t>(count)]()), length(count) {}
+        explicit TBlock(int count)
+            : items(new (std::nothrow) T[static_cast<std::size_t>(count)]()), length(count)
+        {
+            if (items == nullptr) {
+                ThrowArrayMemory();
+            }
+        }
         TBlock(const TBlock&) = delete;
         TBlock& operator=(const TBlock&) = delete;
-        ~TBlock() { delete[] items; }
+        ~TBlock() override { delete[] items; }
 
         T* items;
         int length;

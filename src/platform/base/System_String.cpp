@@ -2,8 +2,10 @@
 #include "platform/base/System_String.h"
 
 #include "platform/base/internal/System_Ascii.h"
+#include "platform/base/internal/System_Converter.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <ostream>
 
@@ -44,6 +46,82 @@ GSharedText<WideChar> MapCase(std::u16string_view text, decltype(&u_strToUpper) 
     }
     result.Resize(static_cast<std::size_t>(needed));
     return result;
+}
+
+using CaseMap = GSharedText<WideChar> (*)(std::u16string_view text);
+
+/// Maps the one character `text` and gives it in `codePage`; as it was, if the code page lacks the outcome.
+GSharedText<char> MapCharacter(CodePage codePage, std::u16string_view text, CaseMap map)
+{
+    const GSharedText<WideChar> mapped = map(text);
+    GSharedText<char> bytes = EncodeText(codePage, mapped.AsView());
+    const bool isThere = DecodeText(codePage, bytes.AsView()).AsView() == mapped.AsView();
+    return isThere ? bytes : EncodeText(codePage, text);
+}
+
+GSharedText<char> MapByCharacters(CodePage codePage, std::string_view bytes, CaseMap map)
+{
+    const GSharedText<WideChar> text = DecodeText(codePage, bytes);
+    const auto length = static_cast<int32_t>(text.Size());
+    GSharedText<char> result;
+    for (int32_t i = 0; i < length;) {
+        const int32_t begin = i;
+        U16_FWD_1(text.c_str(), i, length);
+        const auto character =
+            text.AsView().substr(static_cast<std::size_t>(begin), static_cast<std::size_t>(i - begin));
+        result.Append(MapCharacter(codePage, character, map).AsView());
+    }
+    return result;
+}
+
+/// What the 256 characters of the system's code page become.
+class CWesternCase
+{
+public:
+    explicit CWesternCase(CaseMap map)
+    {
+        for (std::size_t code = 0; code < mFirst.size(); ++code) {
+            const auto byte = static_cast<char>(code);
+            const GSharedText<char> mapped = MapByCharacters(DefaultSystemCodePage, {&byte, 1}, map);
+            mFirst[code] = mapped.AsView().front();
+            mSecond[code] = mapped.Size() > 1 ? mapped.AsView()[1] : '\0';
+        }
+    }
+
+    GSharedText<char> Map(std::string_view bytes) const
+    {
+        const auto isDoubled = [this](char byte) { return mSecond[IndexOf(byte)] != '\0'; };
+        const auto doubled = static_cast<std::size_t>(std::count_if(bytes.begin(), bytes.end(), isDoubled));
+        auto result = GSharedText<char>::Uninitialized(bytes.size() + doubled);
+        char* out = result.Unique();
+        for (const char byte : bytes) {
+            *out++ = mFirst[IndexOf(byte)];
+            if (doubled != 0 && isDoubled(byte)) {
+                *out++ = mSecond[IndexOf(byte)];
+            }
+        }
+        return result;
+    }
+
+private:
+    static std::size_t IndexOf(char byte) { return static_cast<unsigned char>(byte); }
+
+    std::array<char, 256> mFirst;
+    /// The second letter that the sharp s has in upper case; zero for all that stay one.
+    std::array<char, 256> mSecond;
+};
+
+/// `western` is what `map` does to the system's code page.
+GSharedText<char> MapBytes(CodePage codePage, std::string_view bytes, CaseMap map,
+                           const CWesternCase& western)
+{
+    if (IsWestern(codePage)) {
+        return western.Map(bytes);
+    }
+    if (codePage == CP_UTF8) {
+        return EncodeText(codePage, map(DecodeText(codePage, bytes).AsView()).AsView());
+    }
+    return MapByCharacters(codePage, bytes, map);
 }
 
 constexpr WideChar ByteSurrogate = 0xDC00;
@@ -124,6 +202,20 @@ GSharedText<WideChar> UpperText(std::u16string_view text)
 GSharedText<WideChar> LowerText(std::u16string_view text)
 {
     return MapCase(text, u_strToLower);
+}
+
+GSharedText<char> UpperText(CodePage codePage, std::string_view bytes)
+{
+    // Never destroyed, so that it serves to the end of the program.
+    static const auto* const western = new CWesternCase(UpperText);
+    return MapBytes(codePage, bytes, UpperText, *western);
+}
+
+GSharedText<char> LowerText(CodePage codePage, std::string_view bytes)
+{
+    // Never destroyed, so that it serves to the end of the program.
+    static const auto* const western = new CWesternCase(LowerText);
+    return MapBytes(codePage, bytes, LowerText, *western);
 }
 
 int CompareIgnoreCase(std::u16string_view a, std::u16string_view b)

@@ -62,6 +62,8 @@ TRS8_BTL_API GSharedText<WideChar> FromUtf32(std::wstring_view text);
 TRS8_BTL_API GSharedText<WideChar> FromHostName(std::string_view bytes);
 TRS8_BTL_API GSharedText<WideChar> UpperText(std::u16string_view text);
 TRS8_BTL_API GSharedText<WideChar> LowerText(std::u16string_view text);
+TRS8_BTL_API GSharedText<char> UpperText(CodePage codePage, std::string_view bytes);
+TRS8_BTL_API GSharedText<char> LowerText(CodePage codePage, std::string_view bytes);
 TRS8_BTL_API int CompareIgnoreCase(std::u16string_view a, std::u16string_view b);
 
 TRS8_BTL_API std::ostream& WriteBytes(std::ostream& stream, std::string_view bytes);
@@ -181,9 +183,10 @@ public:
     {
     }
 
+    /// As of `UnicodeString`; a letter whose other case the code page lacks, such as the micro sign, stays.
+    AnsiStringT UpperCase() const { return AnsiStringT(Detail::UpperText(TextCodePage, Base::AsView())); }
+    AnsiStringT LowerCase() const { return AnsiStringT(Detail::LowerText(TextCodePage, Base::AsView())); }
     /// As of `UnicodeString`, by way of UTF-16.
-    AnsiStringT UpperCase() const { return UnicodeString(*this).UpperCase(); }
-    AnsiStringT LowerCase() const { return UnicodeString(*this).LowerCase(); }
     int CompareIC(const AnsiStringT& other) const
     {
         return UnicodeString(*this).CompareIC(UnicodeString(other));

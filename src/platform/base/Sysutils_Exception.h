@@ -62,7 +62,8 @@ public:
     ~EVariantError() override;
 };
 
-/// There is no memory for a text, a vector or a stream, or it would have more elements than it can count.
+/// There is no memory for a text, a vector, a list or a stream, or it would have more elements than it can
+/// count.
 class TRS8_BTL_API EOutOfMemory : public Exception
 {
 public:

@@ -1,21 +1,25 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/Host_FileSharing.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <cstddef>
 #include <initializer_list>
 #include <mutex>
 #include <random>
 #include <thread>
+#include <vector>
 
 #include <fcntl.h>
+#include <pthread.h>
 #include <unistd.h>
 
 // The host knows no sharing modes, but locks on ranges of bytes that belong to one opening of a file and end
-// with it, also when the process dies. Far behind any data lie four regions: "is read", "is written", "must
-// not be read", "must not be written". Each opener holds a lock in the regions that apply to it, and looks
-// for locks of others in the regions that clash with it. Such locks work between two openings in one process
-// as well.
+// with it, also when the process dies, unless a child that was forked still has it. Far behind any data lie
+// four regions: "is read", "is written", "must not be read", "must not be written". Each opener holds a lock
+// in the regions that apply to it, and looks for locks of others in the regions that clash with it. Such
+// locks work between two openings in one process as well.
 
 namespace Host
 {
@@ -90,6 +94,58 @@ void MarkRegions(int descriptor, unsigned regions, Opener opener)
     }
 }
 
+/// What this process has claimed, by descriptor. A number that stays without its file does no harm: there is
+/// no mark to take back.
+class ClaimedFiles
+{
+public:
+    ClaimedFiles()
+    {
+        // A child has the openings of its parent, whose marks are not its own to take back.
+        pthread_atfork([] { Instance().gate.lock(); }, [] { Instance().gate.unlock(); },
+                       [] {
+                           Instance().mClaimed.clear();
+                           Instance().gate.unlock();
+                       });
+    }
+
+    /// Never destroyed: files are closed until the very end of a program.
+    static ClaimedFiles& Instance()
+    {
+        static auto* const instance = new ClaimedFiles;
+        return *instance;
+    }
+
+    void Add(int descriptor)
+    {
+        const auto index = static_cast<std::size_t>(descriptor);
+        mClaimed.resize(std::max(mClaimed.size(), index + 1));
+        mClaimed[index] = true;
+    }
+
+    bool Remove(int descriptor)
+    {
+        const auto index = static_cast<std::size_t>(descriptor);
+        const bool isClaimed = index < mClaimed.size() && mClaimed[index];
+        if (isClaimed) {
+            mClaimed[index] = false;
+        }
+        return isClaimed;
+    }
+
+    /// Guards the rest. Also makes the openers of this process come one by one: only those of other processes
+    /// can race.
+    std::mutex gate;
+
+private:
+    std::vector<bool> mClaimed;
+};
+
+void UnmarkAll(int descriptor)
+{
+    SetLock(descriptor, F_UNLCK, Regions, RegionCount * RegionSize);
+}
+
 enum class Claim
 {
     Granted,
@@ -100,9 +156,8 @@ enum class Claim
 
 Claim TryClaim(int descriptor, unsigned access, unsigned share)
 {
-    // Within the process the openers come one by one; only those of other processes can race.
-    static std::mutex gate;
-    const std::lock_guard lock(gate);
+    ClaimedFiles& claimed = ClaimedFiles::Instance();
+    const std::lock_guard lock(claimed.gate);
 
     const unsigned deny = ~share & 3U;
     const unsigned clashing = deny | access << 2;
@@ -111,9 +166,10 @@ Claim TryClaim(int descriptor, unsigned access, unsigned share)
     }
     MarkRegions(descriptor, access | deny << 2, (access & 1) != 0 ? Opener::Reads : Opener::OnlyWrites);
     if (!AnyMarked(descriptor, clashing)) {
+        claimed.Add(descriptor);
         return Claim::Granted;
     }
-    SetLock(descriptor, F_UNLCK, Regions, RegionCount * RegionSize);
+    UnmarkAll(descriptor);
     return Claim::Raced;
 }
 
@@ -131,6 +187,15 @@ bool ClaimSharing(int descriptor, unsigned access, unsigned share)
         std::this_thread::sleep_for(std::chrono::microseconds(random() % (500U << i)));
     }
     return false;
+}
+
+void ReleaseSharing(int descriptor)
+{
+    ClaimedFiles& claimed = ClaimedFiles::Instance();
+    const std::lock_guard lock(claimed.gate);
+    if (claimed.Remove(descriptor)) {
+        UnmarkAll(descriptor);
+    }
 }
 
 } // namespace Host

@@ -9,4 +9,8 @@ namespace Host
 /// and nothing stands against it.
 [[nodiscard]] bool ClaimSharing(int descriptor, unsigned access, unsigned share);
 
+/// To be called before the file is closed: takes the marks back, so that a child that has the file too, since
+/// it was forked meanwhile, doesn't keep them. Does nothing in such a child, nor for a file that has none.
+void ReleaseSharing(int descriptor);
+
 } // namespace Host

@@ -147,8 +147,12 @@ NativeInt OpenFile(const UnicodeString& file, unsigned access, unsigned share, D
 bool CloseFile(NativeInt handle)
 {
     const int descriptor = DescriptorOf(handle);
+    if (descriptor < 0) {
+        return false;
+    }
+    ReleaseSharing(descriptor);
     // After an interruption the descriptor is gone all the same.
-    return descriptor >= 0 && (close(descriptor) == 0 || errno == EINTR || FailErrno());
+    return close(descriptor) == 0 || errno == EINTR || FailErrno();
 }
 
 Int64 ReadFile(NativeInt handle, void* buffer, Int64 count)
@@ -212,6 +216,19 @@ Int64 SeekFile(NativeInt handle, Int64 offset, int origin)
         errno == EINVAL ? Fail(ERROR_NEGATIVE_SEEK) : FailErrno();
     }
     return position;
+}
+
+bool IsEndless(NativeInt handle)
+{
+    struct stat status;
+    const auto descriptor = static_cast<int>(handle);
+    if (handle <= 0 || fstat(descriptor, &status) != 0 || !S_ISCHR(status.st_mode) ||
+        lseek(descriptor, 0, SEEK_CUR) != 0) {
+        return false;
+    }
+    const bool hasNoSize = lseek(descriptor, 0, SEEK_END) == 0;
+    lseek(descriptor, 0, SEEK_SET);
+    return hasNoSize;
 }
 
 bool ResizeFile(NativeInt handle, Int64 size)

@@ -56,6 +56,9 @@ TRS8_BTL_API bool CloseFile(System::NativeInt handle);
                                                    System::Int64 count);
 /// The new position; -1 on a failure. `origin` is 0 for the beginning, 1 for the position, 2 for the end.
 TRS8_BTL_API System::Int64 SeekFile(System::NativeInt handle, System::Int64 offset, int origin);
+/// Whether the handle is a device that gives bytes for ever, as those of zeros and of random numbers do, or
+/// one that gives none: it has a position, but no size.
+[[nodiscard]] TRS8_BTL_API bool IsEndless(System::NativeInt handle);
 /// Cuts or lengthens the file; the position stays.
 [[nodiscard]] TRS8_BTL_API bool ResizeFile(System::NativeInt handle, System::Int64 size);
 /// Waits until all that was written is on the disk.

@@ -20,7 +20,8 @@ using System::UnicodeString;
 
 UnicodeString MakeTempFile(const UnicodeString& folder, const UnicodeString& prefix)
 {
-    const std::string start = Sysutils::HostPath(folder + u"\\" + prefix);
+    const bool isClosed = folder.IsDelimiter(u"\\/", folder.Length());
+    const std::string start = Sysutils::HostPath((isClosed ? folder : folder + u'\\') + prefix);
     if (start.empty()) {
         return {};
     }

@@ -11,8 +11,9 @@
 namespace Host
 {
 
-/// Makes a new empty file in `folder` with a name of `prefix` and a random rest, which only the user may
-/// read, and gives its path; empty on a failure, with the last error set.
+/// Makes a new empty file in `folder`, with or without a final separator, with a name of `prefix` and a
+/// random rest, which only the user may read, and gives its path; empty on a failure, with the last error
+/// set.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString MakeTempFile(const System::UnicodeString& folder,
                                                               const System::UnicodeString& prefix);
 

@@ -105,7 +105,7 @@ TDateTime Joined(TDateTime date, const TDateTime& time)
 
 UnicodeString TakePart(UnicodeString& rest, WideChar separator)
 {
-    return ConsumeLeftSubString(rest, separator, true).Trim();
+    return ConsumeLeftSubString(rest, separator, true);
 }
 
 int NumberOf(const UnicodeString& part, int defaultValue)
@@ -180,9 +180,13 @@ UnicodeString TrimDate(const UnicodeString& text)
 void DecodeDate(const UnicodeString& text, UnicodeString& year, UnicodeString& month, UnicodeString& day)
 {
     UnicodeString rest = text;
-    for (const WideChar letter : Sysutils::Detail::DateOrder(Sysutils::ShortDateFormat.AsView())) {
+    year = month = day = UnicodeString();
+    const View picture = Sysutils::ShortDateFormat.AsView();
+    const bool hasBlanks = picture.find(u' ') != View::npos;
+    for (const WideChar letter : Sysutils::Detail::DateOrder(picture)) {
+        const UnicodeString found = TakePart(rest, Sysutils::DateSeparator);
         UnicodeString& part = letter == u'y' ? year : letter == u'm' ? month : day;
-        part = TakePart(rest, Sysutils::DateSeparator);
+        part = hasBlanks ? found.Trim() : found;
     }
 }
 

@@ -38,7 +38,8 @@ TRS8_BTL_API System::TDateTime StrToTime(const System::UnicodeString& text,
 /// `text` trimmed and then without the date separators at both ends.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString TrimDate(const System::UnicodeString& text);
 
-/// The trimmed parts of a date as they stand; a missing one is empty.
+/// The parts of a date as they stand between the separators, in the order of the locale's short date format.
+/// One that the text or the format lacks is empty. Blanks around them stay, unless the format has some too.
 TRS8_BTL_API void DecodeDate(const System::UnicodeString& text, System::UnicodeString& year,
                              System::UnicodeString& month, System::UnicodeString& day);
 /// As `DecodeDate` of what stands before the first blank, with the parts of a time behind it.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "text/lists/BTL_STR_StringLists.h"
 
+#include "platform/base/internal/System_Memory.h"
+
 namespace BTL
 {
 
@@ -22,9 +24,11 @@ TStringList* CStringLists::Add()
 
 TStringList* CStringLists::SetCount(int count, bool lazy)
 {
-    while (getCount() < count) {
-        mLists.emplace_back(lazy ? nullptr : std::make_unique<TStringList>());
-    }
+    System::WithMemory(u"There is no memory for the lists.", [&] {
+        while (getCount() < count) {
+            mLists.emplace_back(lazy ? nullptr : std::make_unique<TStringList>());
+        }
+    });
     if (mLists.empty()) {
         return nullptr;
     }

@@ -34,6 +34,7 @@ public:
     void Clear() noexcept { mLists.clear(); }
     /// Grows to `count` places, and never shrinks. The last place gets a list if it has none, with `lazy`
     /// only that one, otherwise each new one. The result is the last list; null if there is no place at all.
+    /// `Sysutils::EOutOfMemory` where the memory ends, with the places made so far.
     Classes::TStringList* SetCount(int count, bool lazy);
 
 private:

@@ -64,23 +64,59 @@ void GetColumn(const Pairs& pairs, Column column, TStrings* strings, TObject* ob
     AddColumn(pairs, column, strings, object);
 }
 
-/// The lines that were there go behind the column.
+/// Puts the lines from `begin` to `end` in the opposite order.
+void Reverse(TStrings& strings, int begin, int end)
+{
+    while (begin < --end) {
+        strings.Exchange(begin++, end);
+    }
+}
+
+/// The lines that were there go behind the column. Each of them moves twice at most, however many pairs there
+/// are: the column goes to the end, and the parts change places.
 void AddColumnInFront(const Pairs& pairs, Column column, TStrings* strings, TObject* object)
 {
     if (strings == nullptr) {
         return;
     }
     const CStringsUpdate update(strings);
-    int index = 0;
+    const int middle = strings->getCount();
+    int end = middle;
     for (const CStringPair& pair : pairs) {
-        strings->InsertObject(index++, pair.*column, object);
+        strings->InsertObject(end++, pair.*column, object);
     }
+    Reverse(*strings, 0, middle);
+    Reverse(*strings, middle, end);
+    Reverse(*strings, 0, end);
 }
 
+bool IsSeparatorAt(const UnicodeString& text, int index)
+{
+    return text.IsDelimiter(u"\\/", index);
+}
+
+/// The path without a separator at its end, which that of a root keeps.
 UnicodeString PathOf(const CStringPair& pair)
 {
     const UnicodeString& path = pair.second;
-    return path.IsDelimiter(u"\\/", path.Length()) ? Sysutils::ExtractFileDir(path) : path;
+    return IsSeparatorAt(path, path.Length()) ? Sysutils::ExtractFileDir(path) : path;
+}
+
+/// The path that takes the place of the macro in `text`. The separator of a root is not written twice.
+UnicodeString PathFor(const CStringPair& pair, const UnicodeString& text)
+{
+    UnicodeString path = PathOf(pair);
+    const int behind = text.Pos(pair.first) + pair.first.Length();
+    if (IsSeparatorAt(path, path.Length()) && IsSeparatorAt(text, behind)) {
+        path.SetLength(path.Length() - 1);
+    }
+    return path;
+}
+
+/// The macro that takes the place of `path`, with the separator that the path of a root has.
+UnicodeString MacroFor(const CStringPair& pair, const UnicodeString& path)
+{
+    return IsSeparatorAt(path, path.Length()) ? pair.first + path[path.Length()] : pair.first;
 }
 
 } // namespace
@@ -232,7 +268,7 @@ UnicodeString CStringPairs::GetSQLMasterLink() const
 UnicodeString CStringPairs::ReplaceMacroToPath(const UnicodeString& text) const
 {
     for (const CStringPair& pair : mPairs) {
-        UnicodeString result = Exchange1stSubStr(text, pair.first, PathOf(pair), 0);
+        UnicodeString result = Exchange1stSubStr(text, pair.first, PathFor(pair, text), 0);
         if (result != text) {
             return result;
         }
@@ -259,7 +295,8 @@ UnicodeString CStringPairs::ReplaceMacroToPathRecursive(const UnicodeString& tex
 UnicodeString CStringPairs::ReplacePathToMacro(const UnicodeString& text) const
 {
     for (const CStringPair& pair : mPairs) {
-        UnicodeString result = Sysutils::StringReplace(text, PathOf(pair), pair.first,
+        const UnicodeString path = PathOf(pair);
+        UnicodeString result = Sysutils::StringReplace(text, path, MacroFor(pair, path),
                                                        Sysutils::TReplaceFlags() << Sysutils::rfIgnoreCase);
         if (result != text) {
             return result;

@@ -97,7 +97,7 @@ public:
     System::UnicodeString GetSQLMasterLink() const;
 
     // Macros and the paths that they stand for, as first and second texts. A separator at the end of a path
-    // doesn't count.
+    // doesn't count, and that of a root such as `D:\` is written once: `%D\x` is `D:\x`.
 
     /// Puts the path in the place of the first occurrence of one macro: that of the first pair that changes
     /// the text. Case matters.

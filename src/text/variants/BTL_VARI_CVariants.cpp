@@ -3,6 +3,7 @@
 
 #include "foundation/UTL_CVariants.h"
 #include "platform/base/Sysutils_Exception.h"
+#include "platform/base/internal/System_Memory.h"
 #include "platform/runtime/variants/Variants.h"
 #include "text/lists/BTL_STR_StringList.h"
 #include "text/variants/BTL_VARI_BestValue.h"
@@ -31,6 +32,11 @@ std::optional<int> TryInt(const Variant& value)
 }
 
 } // namespace
+
+CVariants::CVariants(unsigned count)
+{
+    System::WithMemory(u"There is no memory for the entries of a list.", [&] { reserve(count); });
+}
 
 CVariants& CVariants::operator=(const UTL::CVariants& items)
 {

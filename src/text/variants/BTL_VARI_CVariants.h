@@ -27,8 +27,8 @@ public:
     /// Braces hold entries: `CVariants{5U}` has the one entry 5, `CVariants(5U)` room for five.
     CVariants(std::initializer_list<System::Variant> entries) : std::vector<System::Variant>(entries) {}
     CVariants(const UTL::CVariants& items) { Assign(items); }
-    /// Empty, with room for `count` entries.
-    explicit CVariants(unsigned count) { reserve(count); }
+    /// Empty, with room for `count` entries. `Sysutils::EOutOfMemory` if the memory isn't there.
+    explicit CVariants(unsigned count);
     CVariants& operator=(const UTL::CVariants& items);
     CVariants& operator=(std::initializer_list<System::Variant> entries)
     {

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 namespace
 {
@@ -57,6 +58,22 @@ TEST(DoubleVectorTest, LongTextsComeBack)
     UTL::CInt64Vector readIntegers;
     readIntegers.setCommaText(integers.getCommaText());
     EXPECT_EQ(readIntegers, integers);
+}
+
+TEST(DoubleVectorTest, ReadsBackWhatIsNoNumber)
+{
+    using Limits = std::numeric_limits<double>;
+    const UTL::CDoubleVector v{Limits::quiet_NaN(), Limits::infinity(), -Limits::infinity(),  Limits::max(),
+                               -Limits::max(),      Limits::min(),      Limits::denorm_min(), 0};
+    const UnicodeString text = v.getCommaText();
+    EXPECT_TRUE(text.AsView().starts_with(u"NAN,INF,-INF,"));
+    const UTL::CDoubleVector read(text);
+    ASSERT_EQ(read.size(), v.size());
+    EXPECT_TRUE(std::isnan(read[0]));
+    for (unsigned i = 1; i < v.size(); ++i) {
+        EXPECT_DOUBLE_EQ(read[i], v[i]);
+    }
+    EXPECT_EQ(read.getCommaText(), text);
 }
 
 TEST(DoubleVectorTest, StatisticsOfDoubles)

@@ -371,6 +371,44 @@ TEST(VectorTest, AgreesWithAStandardSet)
     EXPECT_THAT(v, ElementsAreArray(expected.begin(), expected.end()));
 }
 
+/// Its order answers anything.
+struct Restless
+{
+    int value;
+
+    bool operator==(const Restless& other) const { return value == other.value; }
+    bool operator<(const Restless&) const
+    {
+        static std::mt19937 random(1);
+        return random() % 3 != 0;
+    }
+};
+
+TEST(VectorTest, KeepsItsElementsInAnOrderThatContradictsItself)
+{
+    UTL::GSimpleVector<Restless> v;
+    std::vector<int> expected;
+    for (int i = 0; i < 1'000; ++i) {
+        v.push_back({i});
+        expected.push_back(i);
+    }
+    for (int i = 0; i < 20; ++i) {
+        v.Sort();
+    }
+    std::vector<int> values;
+    std::transform(v.begin(), v.end(), std::back_inserter(values), [](Restless r) { return r.value; });
+    EXPECT_THAT(values, testing::UnorderedElementsAreArray(expected));
+    for (int i = 0; i < 100; ++i) {
+        UTL::GSimpleVector<Restless> other = v;
+        other.resize(100);
+        v.DelAllSorted(Restless{i});
+        v.Union(other);
+        v.AddSorted(Restless{i}, true);
+        v.Intersect(other, other);
+    }
+    EXPECT_LE(v.size(), 101U);
+}
+
 TEST(VectorTest, SortsWhatIsNoNumberToTheEnd)
 {
     const double nan = std::numeric_limits<double>::quiet_NaN();

@@ -3,6 +3,7 @@
 
 #include "platform/base/System_String.h"
 #include "platform/base/Sysutils_Exception.h"
+#include "support/MemoryLimit.h"
 
 #include <array>
 #include <climits>
@@ -88,6 +89,14 @@ TEST(DynamicArrayTest, DestroysItsElementsOnceWhateverTheThread)
         }
     }
     EXPECT_EQ(alive.use_count(), 1);
+}
+
+using DynamicArrayMemoryTest = Support::OutOfMemoryTest;
+
+TEST_F(DynamicArrayMemoryTest, RaisesForTooManyElements)
+{
+    EXPECT_TRUE(Support::RaisesOutOfMemory([] { DynamicArray<int>().set_length(INT_MAX); }));
+    EXPECT_TRUE(Support::RaisesOutOfMemory([] { DynamicArray<UnicodeString>{u"a"}.set_length(INT_MAX); }));
 }
 
 } // namespace

@@ -202,6 +202,26 @@ TEST(UnicodeStringTest, MapsCaseByUnicode)
     EXPECT_EQ(UnicodeString(lone).UpperCase().Length(), 2);
 }
 
+TEST(AnsiStringTest, KeepsLettersWhoseOtherCaseItsCodePageLacks)
+{
+    EXPECT_EQ(AnsiString("5 \xB5m").UpperCase(), "5 \xB5M");
+    EXPECT_EQ(AnsiString("\x83\xFF\x9A?").UpperCase(), "\x83\x9F\x8A?");
+    EXPECT_EQ(AnsiString("\x81 \x9F\xB5").LowerCase(), "\x81 \xFF\xB5");
+    EXPECT_EQ(System::AnsiStringT<437>("\xE2\x8E-\xE6").LowerCase(), "\xE2\x84-\xE6");
+    EXPECT_EQ(System::AnsiStringT<437>("\x84\x98\xE6x").UpperCase(), "\x8E\x98\xE6X");
+    EXPECT_EQ(System::UTF8String("5 \xC2\xB5m").UpperCase(), "5 \xCE\x9CM");
+    EXPECT_EQ(System::RawByteString("\xB5\xE4").UpperCase(), "\xB5\xC4");
+    EXPECT_EQ(AnsiString().UpperCase(), "");
+    for (int code = 0; code < 256; ++code) {
+        const AnsiString letter(static_cast<char>(code));
+        const UnicodeString wide(letter);
+        for (const auto& [mapped, wanted] : {std::pair(letter.UpperCase(), wide.UpperCase()),
+                                             std::pair(letter.LowerCase(), wide.LowerCase())}) {
+            EXPECT_TRUE(mapped == wanted || (mapped == letter && AnsiString(wanted) == "?")) << code;
+        }
+    }
+}
+
 TEST(UnicodeStringTest, MixesWithNarrowTextAsWideText)
 {
     const UnicodeString wide = u"€";

@@ -94,6 +94,35 @@ TEST_F(FileSharingTest, SharesAsTheModesTell)
     }
 }
 
+TEST_F(FileSharingTest, AForkedChildNeitherKeepsNorTakesAClaim)
+{
+    Write("f", "x");
+    const NativeInt file = FileOpen(Name(u"f"), fmOpenReadWrite | fmShareExclusive);
+    ASSERT_NE(file, -1);
+    EXPECT_EQ(InSecondProcess([&] {
+                  FileClose(file);
+                  return 0;
+              }),
+              0);
+    EXPECT_EQ(OpenError(Name(u"f"), fmOpenRead), 32) << "the child closed its own copy";
+
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        close(ends[1]);
+        char byte = 0;
+        _exit(read(ends[0], &byte, 1) == 0 ? 0 : 1);
+    }
+    FileClose(file);
+    EXPECT_EQ(OpenError(Name(u"f"), fmOpenReadWrite | fmShareExclusive), 0) << "the child is still there";
+    close(ends[0]);
+    close(ends[1]);
+    int status = -1;
+    EXPECT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+}
+
 TEST_F(FileSharingTest, WriteOnlyOpenersShareWithEachOther)
 {
     Write("f", "x");

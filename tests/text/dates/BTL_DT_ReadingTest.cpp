@@ -82,13 +82,17 @@ TEST_F(DateReadingTest, SplitsDates)
         UnicodeString expected;
     } cases[] = {
         {u"dd.MM.yyyy", u'.', u"1.2.2022", u"2022|2|1"},
-        {u"dd.MM.yyyy", u'.', u" 01 . x", u"|x|01"},
+        {u"dd.MM.yyyy", u'.', u"1. 2 .2022", u"2022| 2 |1"},
+        {u"dd.MM.yyyy", u'.', u" 01 . x", u"| x| 01 "},
         {u"dd.MM.yyyy", u'.', u".2", u"|2|"},
         {u"dd.MM.yyyy", u'.', u"", u"||"},
         {u"dd.MM.yyyy", u'.', u"1.2.3.4", u"3|2|1"},
         {u"M/d/yyyy", u'/', u"2/1/2022", u"2022|2|1"},
         {u"yyyy-MM-dd", u'-', u"2022-2-%", u"2022|2|%"},
         {u"d. M. yyyy", u'.', u"1. 2. 2022", u"2022|2|1"},
+        {u"MM.yyyy", u'.', u"3.2022.17", u"2022|3|"},
+        {u"dd.MM", u'.', u"17.3.2022", u"|3|17"},
+        {u"yyyy", u'.', u"2022", u"2022||"},
     };
     for (const auto& c : cases) {
         SetOrder(c.picture, c.separator);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "text/lists/BTL_STR_StringLists.h"
 #include "platform/runtime/classes/Classes.h"
+#include "support/MemoryLimit.h"
 
 #include <climits>
 
@@ -41,6 +42,14 @@ TEST(StringListsTest, TellTheirSize)
     lists.SetCount(3, true);
     EXPECT_EQ(lists.size(), 3U);
     EXPECT_FALSE(lists.empty());
+}
+
+using StringListsMemoryTest = Support::OutOfMemoryTest;
+
+TEST_F(StringListsMemoryTest, RaisesForTooManyLists)
+{
+    EXPECT_TRUE(Support::RaisesOutOfMemory([] { CStringLists().SetCount(INT_MAX, true); }));
+    EXPECT_TRUE(Support::RaisesOutOfMemory([] { CStringLists().SetCount(INT_MAX, false); }));
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "platform/runtime/classes/Classes_StringList.h"
 #include "platform/toolkit/MessageBox.h"
 #include "support/ScriptedBoxes.h"
+#include "text/GrowthSupport.h"
 
 #include <gtest/gtest.h>
 
@@ -97,6 +98,25 @@ TEST(StringPairsTest, FillsLists)
     pairs.GetPairs(nullptr);
 }
 
+TEST(StringPairsTest, PutsManyPairsInFrontOfManyLines)
+{
+    CStringPairs pairs;
+    TStringList list;
+    for (int i = 0; i < Support::LongText; ++i) {
+        pairs.Add(u"front", UnicodeString(i));
+        list.Add(UnicodeString(i));
+    }
+    pairs.AddSecondsInFrontTo(&list);
+    ASSERT_EQ(list.getCount(), 2 * Support::LongText);
+    for (int i = 0; i < list.getCount(); ++i) {
+        ASSERT_EQ(list[i], UnicodeString(i % Support::LongText));
+    }
+    TStringList sorted{u"a"};
+    sorted.setSorted(true);
+    EXPECT_THROW(pairs.AddFirstsInFrontTo(&sorted), Classes::EStringListError);
+    EXPECT_EQ(sorted.getCount(), 1);
+}
+
 TEST(StringPairsTest, FindsAndSorts)
 {
     CStringPairs pairs = Pairs({{u"aa", u"1"}, {u"b", u"333"}, {u"aa", u"22"}, {u"", u"1"}});
@@ -137,6 +157,9 @@ TEST(StringPairsTest, ReplacesMacrosAndPaths)
         {u"%A %B", u"C:\\x %B", u"C:\\x D:\\"},
         {u"%A%A", u"C:\\x%A", u"C:\\xC:\\x"},
         {u"%C", u"%A\\sub", u"C:\\x\\sub"},
+        {u"%B\\g", u"D:\\g", u"D:\\g"},
+        {u"%B/g%B", u"D:/g%B", u"D:/gD:\\"},
+        {u"x%Bg", u"xD:\\g", u"xD:\\g"},
         {u"%a", u"%a", u"%a"},
         {u"", u"", u""},
     };
@@ -147,6 +170,9 @@ TEST(StringPairsTest, ReplacesMacrosAndPaths)
     EXPECT_EQ(pairs.ReplacePathToMacro(u"c:\\X\\f c:\\x"), u"%A\\f c:\\x");
     EXPECT_EQ(pairs.ReplacePathToMacro(u"e:\\f"), u"e:\\f");
     EXPECT_EQ(pairs.ReplacePathToMacro(u"%a\\SUB/x"), u"%C/x");
+    EXPECT_EQ(pairs.ReplacePathToMacro(u"d:\\g"), u"%B\\g");
+    EXPECT_EQ(pairs.ReplaceMacroToPath(pairs.ReplacePathToMacro(u"D:\\")), u"D:\\");
+    EXPECT_EQ(Pairs({{u"%R", u"\\"}}).ReplaceMacroToPath(u"%R\\x"), u"\\x");
 
     CStringPairs nested = Pairs({{u"%Root", u"C:\\p"}, {u"%Bin", u"C:\\p\\bin"}});
     EXPECT_EQ(nested.ReplacePathToMacro(u"C:\\p\\bin\\x"), u"%Root\\bin\\x");

@@ -4,7 +4,9 @@
 #include "platform/base/Sysutils_Exception.h"
 #include "platform/runtime/variants/Variants.h"
 #include "support/FormatSettingsGuard.h"
+#include "support/MemoryLimit.h"
 
+#include <climits>
 #include <gtest/gtest.h>
 
 namespace
@@ -111,6 +113,13 @@ TEST(VariantListTest, HasACommaText)
     EXPECT_EQ(list[1], 8);
     list.setCommaText(u"");
     EXPECT_TRUE(list.empty());
+}
+
+using VariantListMemoryTest = Support::OutOfMemoryTest;
+
+TEST_F(VariantListMemoryTest, RaisesForTooManyEntries)
+{
+    EXPECT_TRUE(Support::RaisesOutOfMemory([] { const CVariants list(UINT_MAX); }));
 }
 
 } // namespace

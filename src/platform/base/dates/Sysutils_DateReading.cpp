@@ -55,6 +55,8 @@ public:
     }
 
 private:
+    static constexpr std::size_t MaxParts = 3;
+
     struct TNumber
     {
         Word value = 0;
@@ -63,7 +65,17 @@ private:
 
     std::optional<TDateTime> ReadDate()
     {
-        std::array<TNumber, 3> parts;
+        // A text may hold a year that the format lacks, and lack one that it has between day and month.
+        std::u16string order = Detail::DateOrder(mSettings.ShortDateFormat.AsView());
+        if (order.empty()) {
+            order = u"md";
+        }
+        const bool addsYear = order.find(u'y') == View::npos;
+        const std::size_t fewest = order.size() == MaxParts ? MaxParts - 1 : order.size();
+        if (addsYear) {
+            order += u'y';
+        }
+        std::array<TNumber, MaxParts> parts;
         std::size_t count = 0;
         do {
             const auto number = TakeNumber();
@@ -71,18 +83,18 @@ private:
                 break;
             }
             parts[count++] = *number;
-        } while (Take(mSettings.DateSeparator) && count < parts.size());
-        if (count < 2) {
+        } while (Take(mSettings.DateSeparator) && count < order.size());
+        if (count < fewest) {
             return std::nullopt;
         }
         Word year = CurrentYear();
-        Word month = 0;
-        Word day = 0;
+        Word month = 1;
+        Word day = 1;
         std::size_t next = 0;
-        for (const WideChar letter : Detail::DateOrder(mSettings.ShortDateFormat.AsView())) {
+        for (const WideChar letter : order) {
             if (letter != u'y') {
                 (letter == u'm' ? month : day) = parts[next++].value;
-            } else if (count == parts.size()) {
+            } else if (count == order.size()) {
                 const TNumber& part = parts[next++];
                 year = part.digits > 2 ? part.value
                                        : WithCentury(part.value, mSettings.TwoDigitYearCenturyWindow);

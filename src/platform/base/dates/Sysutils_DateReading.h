@@ -19,7 +19,8 @@ namespace Sysutils
 
 /// Reads day, month and year as numbers in the order of `ShortDateFormat`, with `DateSeparator` between them
 /// and perhaps behind them. Without a year it is the current one; one of up to two digits gets its century by
-/// `TwoDigitYearCenturyWindow`.
+/// `TwoDigitYearCenturyWindow`. Where the format lacks the day or the month, the text has none and it is the
+/// first; a year that the format lacks may stand behind.
 TRS8_BTL_API System::TDateTime StrToDate(const System::UnicodeString& text);
 TRS8_BTL_API System::TDateTime StrToDate(const System::UnicodeString& text, const TFormatSettings& settings);
 /// As `StrToDate`, but gives `defaultValue` for a text that doesn't fit.

@@ -223,24 +223,19 @@ private:
 namespace Detail
 {
 
-std::array<WideChar, 3> DateOrder(View picture)
+std::u16string DateOrder(View picture)
 {
-    std::array<WideChar, 3> order = {};
-    std::size_t count = 0;
-    const auto add = [&](WideChar letter) {
-        if (View(u"dmy").find(letter) != View::npos &&
-            std::find(order.begin(), order.end(), letter) == order.end()) {
-            order[count++] = letter;
-        }
-    };
+    std::u16string order;
     for (std::size_t at = 0; at < picture.size(); ++at) {
         if (IsQuote(picture[at])) {
             at = QuoteEnd(picture, at);
-        } else {
-            add(AsciiLower(picture[at]));
+            continue;
+        }
+        const WideChar letter = AsciiLower(picture[at]);
+        if (View(u"dmy").find(letter) != View::npos && order.find(letter) == View::npos) {
+            order += letter;
         }
     }
-    std::ranges::for_each(View(u"mdy"), add);
     return order;
 }
 

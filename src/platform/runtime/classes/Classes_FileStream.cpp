@@ -161,6 +161,11 @@ bool THandleStream::ShowsEnd() const noexcept
     return typeid(*this) == typeid(TFileStream) || typeid(*this) == typeid(THandleStream);
 }
 
+bool THandleStream::IsEndless() const noexcept
+{
+    return !mBuffer && Host::IsEndless(mHandle);
+}
+
 std::string_view THandleStream::Window()
 {
     if (!ShowsEnd()) {

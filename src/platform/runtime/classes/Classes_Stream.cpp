@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/classes/Classes_Stream.h"
 
+#include "platform/base/internal/System_Memory.h"
 #include "platform/runtime/classes/internal/Classes_Position.h"
 #include "platform/runtime/classes/internal/Classes_StreamWindow.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
@@ -10,7 +11,6 @@
 #include <functional>
 #include <map>
 #include <mutex>
-#include <stdexcept>
 #include <typeinfo>
 
 namespace Classes
@@ -30,28 +30,19 @@ std::string_view AsChars(std::span<const Byte> bytes)
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-[[noreturn]] void ThrowStreamMemory()
-{
-    throw Sysutils::EOutOfMemory(u"Out of memory while expanding memory stream");
-}
+constexpr const System::WideChar* NoStreamMemory = u"Out of memory while expanding memory stream";
 
 /// More than any machine gives one program; such a size is a damaged one.
 constexpr Int64 MaxMemory = Int64{1} << 39;
 
 /// Runs what may use up the memory by needing `size` bytes.
 template <class Grow>
-void WithMemory(Int64 size, Grow grow)
+void WithStreamMemory(Int64 size, Grow grow)
 {
     if (size > MaxMemory) {
-        ThrowStreamMemory();
+        throw Sysutils::EOutOfMemory(NoStreamMemory);
     }
-    try {
-        grow();
-    } catch (const std::bad_alloc&) {
-        ThrowStreamMemory();
-    } catch (const std::length_error&) {
-        ThrowStreamMemory();
-    }
+    System::WithMemory(NoStreamMemory, grow);
 }
 
 /// How much is copied at a time.
@@ -64,6 +55,9 @@ Int64 CopyToEnd(TStream& source, TStream& target)
     std::vector<char> chunk(ChunkSize);
     Int64 count = 0;
     while (const Int64 size = std::max(source.Read(chunk.data(), ChunkSize), Int64{0})) {
+        if (count == 0) {
+            CStreamWindow::CheckHasEnd(source);
+        }
         target.WriteBuffer(chunk.data(), size);
         count += size;
     }
@@ -105,6 +99,11 @@ std::string_view TStream::Window()
 }
 
 bool TStream::ShowsEnd() const noexcept
+{
+    return false;
+}
+
+bool TStream::IsEndless() const noexcept
 {
     return false;
 }
@@ -215,7 +214,8 @@ void TCustomMemoryStream::SaveToStream(TStream* stream) const
     if (stream == nullptr) {
         throw EWriteError(u"Stream write error");
     }
-    stream->WriteBuffer(getMemory(), getSize());
+    const std::string_view bytes = AsView();
+    stream->WriteBuffer(bytes.data(), static_cast<Int64>(bytes.size()));
 }
 
 void TCustomMemoryStream::SaveToFile(const UnicodeString& path) const
@@ -248,8 +248,9 @@ Int64 TMemoryStream::Write(const void* buffer, Int64 count)
         return Write(copy.data(), static_cast<Int64>(copy.size()));
     }
     const Int64 end = AddClamped(mPosition, count);
-    const Int64 size = getSize();
-    WithMemory(end, [&] {
+    // A derived class may tell another size.
+    const auto size = static_cast<Int64>(mBytes.size());
+    WithStreamMemory(end, [&] {
         if (mPosition == size) {
             // The usual way, without filling first what is written over at once.
             mBytes.insert(mBytes.end(), in, in + count);
@@ -266,14 +267,14 @@ Int64 TMemoryStream::Write(const void* buffer, Int64 count)
 
 void TMemoryStream::setSize(Int64 size)
 {
-    WithMemory(size, [&] { mBytes.resize(static_cast<std::size_t>(std::max(size, Int64{0}))); });
+    WithStreamMemory(size, [&] { mBytes.resize(static_cast<std::size_t>(std::max(size, Int64{0}))); });
     mPosition = std::min(mPosition, getSize());
 }
 
 void TMemoryStream::setCapacity(Int64 capacity)
 {
     if (capacity > getSize()) {
-        WithMemory(capacity, [&] { mBytes.reserve(static_cast<std::size_t>(capacity)); });
+        WithStreamMemory(capacity, [&] { mBytes.reserve(static_cast<std::size_t>(capacity)); });
     }
 }
 
@@ -300,7 +301,8 @@ void TMemoryStream::LoadFromStream(TStream* stream)
     setSize(count);
     mPosition = 0;
     if (count > 0) {
-        stream->ReadBuffer(mBytes.data(), count);
+        // A derived class may have another idea of its size.
+        stream->ReadBuffer(mBytes.data(), std::min(count, static_cast<Int64>(mBytes.size())));
     } else {
         CopyToEnd(*stream, *this);
         mPosition = 0;
@@ -373,11 +375,13 @@ UnicodeString TStringStream::getDataString() const
 
 UnicodeString TStringStream::ReadString(Int64 count)
 {
-    const Int64 position = std::min(mPosition, getSize());
-    count = std::clamp(count, Int64{0}, getSize() - position);
+    const std::string_view bytes = AsView();
+    const auto size = static_cast<Int64>(bytes.size());
+    const Int64 position = std::min(mPosition, size);
+    count = std::clamp(count, Int64{0}, size - position);
     mPosition = position + count;
     return mEncoding->GetString(
-        AsView().substr(static_cast<std::size_t>(position), static_cast<std::size_t>(count)));
+        bytes.substr(static_cast<std::size_t>(position), static_cast<std::size_t>(count)));
 }
 
 void TStringStream::WriteString(const UnicodeString& text)

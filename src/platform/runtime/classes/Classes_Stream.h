@@ -76,7 +76,8 @@ public:
     void WriteBuffer(const void* buffer, System::Int64 count);
     /// Copies `count` bytes from the position of `source`, or all of it from its beginning if `count` is
     /// below 1, and tells how many. `EReadError` if the source has fewer; null has none. A source that can't
-    /// seek, as a pipe, is copied from where it is up to its end.
+    /// seek, as a pipe, is copied from where it is up to its end; `EReadError` for a device that has none, as
+    /// that of zeros.
     System::Int64 CopyFrom(TStream* source, System::Int64 count);
 
 private:
@@ -89,6 +90,8 @@ private:
     virtual bool ShowsEnd() const noexcept;
     /// Moves behind `count` bytes that `Window` has just shown.
     virtual void PassWindow(System::Int64 count);
+    /// Whether the stream, once it gave a byte, never ends.
+    virtual bool IsEndless() const noexcept;
 };
 
 /// A stream over memory that somebody else may own.
@@ -140,6 +143,7 @@ public:
     /// Gives the memory up; the position is 0.
     void Clear();
     /// Takes the whole of `stream`, from its beginning, in place of the content, and goes to the beginning.
+    /// `EReadError` for a device without an end, `Sysutils::EOutOfMemory` if the memory isn't there.
     void LoadFromStream(TStream* stream);
     /// Takes the whole file in place of the content, and goes to the beginning. `EFOpenError` if the file
     /// can't be opened.
@@ -236,6 +240,7 @@ private:
     std::string_view Window() override;
     bool ShowsEnd() const noexcept override;
     void PassWindow(System::Int64 count) override;
+    bool IsEndless() const noexcept override;
     std::string_view Peek();
     std::string_view Ahead();
     void CheckGathered() const;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/classes/Classes_StringList.h"
 
+#include "platform/base/System_StableSort.h"
+#include "platform/base/internal/System_Memory.h"
 #include "platform/runtime/sysutils/Sysutils_Text.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 
@@ -233,11 +235,16 @@ void TStringList::Sort()
     Changed();
 }
 
+/// The order of the lines. A derived class may have one that contradicts itself.
+auto TStringList::ByText() const
+{
+    return
+        [this](const TStringItem& a, const TStringItem& b) { return CompareStrings(a.String, b.String) < 0; };
+}
+
 void TStringList::SortItems()
 {
-    std::ranges::stable_sort(
-        mItems, [this](const auto& a, const auto& b) { return CompareStrings(a, b) < 0; },
-        &TStringItem::String);
+    System::StableSort(std::span(mItems), ByText());
 }
 
 void TStringList::CustomSort(const TStringListSortCompare& compare)
@@ -249,7 +256,7 @@ void TStringList::CustomSort(const TStringListSortCompare& compare)
     // The order is found on numbers, so that the lines stand still while the caller compares them.
     std::vector<int> order(mItems.size());
     std::iota(order.begin(), order.end(), 0);
-    std::ranges::stable_sort(order, [&](int a, int b) { return compare(this, a, b) < 0; });
+    System::StableSort(std::span(order), [&](int a, int b) { return compare(this, a, b) < 0; });
     Items sorted;
     sorted.reserve(order.size());
     for (const int index : order) {
@@ -317,7 +324,8 @@ void TStringList::SetCapacity(int capacity)
     if (capacity < GetCount()) {
         throw EStringListError(u"List capacity out of bounds (" + UnicodeString(capacity) + u")");
     }
-    mItems.reserve(static_cast<std::size_t>(capacity));
+    System::WithMemory(u"There is no memory for the lines of a list.",
+                       [&] { mItems.reserve(static_cast<std::size_t>(capacity)); });
 }
 
 void TStringList::SetUpdateState(bool updating)
@@ -348,11 +356,9 @@ void TStringList::AppendItems(Items&& items)
 
 void TStringList::MergeItems(Items&& items)
 {
-    const auto less = [this](const TStringItem& a, const TStringItem& b) {
-        return CompareStrings(a.String, b.String) < 0;
-    };
+    const auto less = ByText();
     const std::size_t count = items.size();
-    std::ranges::stable_sort(items, less);
+    System::StableSort(std::span(items), less);
     if (mDuplicates != dupAccept) {
         const auto isSame = [&](const TStringItem& a, const TStringItem& b) { return !less(a, b); };
         items.erase(std::unique(items.begin(), items.end(), isSame), items.end());
@@ -363,9 +369,9 @@ void TStringList::MergeItems(Items&& items)
         });
     }
     const bool hasDuplicates = items.size() != count;
-    const auto middle = static_cast<std::ptrdiff_t>(mItems.size());
+    const std::size_t middle = mItems.size();
     mItems.insert(mItems.end(), std::make_move_iterator(items.begin()), std::make_move_iterator(items.end()));
-    std::inplace_merge(mItems.begin(), mItems.begin() + middle, mItems.end(), less);
+    System::StableMerge(std::span(mItems), middle, less);
     if (hasDuplicates && mDuplicates == dupError) {
         ThrowDuplicate();
     }

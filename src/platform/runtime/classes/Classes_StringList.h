@@ -61,7 +61,8 @@ public:
     virtual bool Find(const System::UnicodeString& text, int& index) const;
     /// Sorts once. Equal lines keep their order.
     void Sort();
-    /// Sorts by another order. Equal lines keep their order. Nothing happens in a sorted list.
+    /// Sorts by another order. Equal lines keep their order; if the order contradicts itself, the lines come
+    /// in any. Nothing happens in a sorted list.
     virtual void CustomSort(const TStringListSortCompare& compare);
 
     bool getSorted() const noexcept { return mSorted; }
@@ -107,6 +108,7 @@ private:
     const TStringItem& ItemAt(int index) const;
     void InsertItem(int index, const System::UnicodeString& text, System::TObject* object);
     void MergeItems(std::vector<TStringItem>&& items);
+    auto ByText() const;
     void SortItems();
     void CheckUnsorted() const;
     /// Takes lines out and destroys their objects.

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/classes/Classes_Strings.h"
 
+#include "platform/base/internal/System_Memory.h"
 #include "platform/runtime/classes/Classes_Stream.h"
 #include "platform/runtime/classes/Classes_Update.h"
 #include "platform/runtime/classes/internal/Classes_DelimitedText.h"
+#include "platform/runtime/classes/internal/Classes_StreamWindow.h"
 #include "platform/runtime/sysutils/Sysutils_Text.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 
@@ -64,12 +66,16 @@ std::string ReadToEnd(TStream& stream)
     std::size_t size = 0;
     for (;;) {
         if (size == bytes.size()) {
-            bytes.resize(std::max(FirstChunk, 2 * size));
+            System::WithMemory(u"There is no memory for all that a stream holds.",
+                               [&] { bytes.resize(std::max(FirstChunk, 2 * size)); });
         }
         const System::Int64 count =
             stream.Read(bytes.data() + size, static_cast<System::Int64>(bytes.size() - size));
         if (count <= 0) {
             break;
+        }
+        if (size == 0) {
+            CStreamWindow::CheckHasEnd(stream);
         }
         size += static_cast<std::size_t>(count);
     }

@@ -38,7 +38,8 @@ public:
 
     int getCount() const { return GetCount(); }
     int getCapacity() const { return GetCapacity(); }
-    /// Makes room for `capacity` lines. `EStringListError` for less than the count.
+    /// Makes room for `capacity` lines. `EStringListError` for less than the count, `Sysutils::EOutOfMemory`
+    /// if the memory isn't there.
     void setCapacity(int capacity) { SetCapacity(capacity); }
     System::UnicodeString getStrings(int index) const { return Get(index); }
     void setStrings(int index, const System::UnicodeString& text) { Put(index, text); }
@@ -147,7 +148,8 @@ public:
     void setLineBreak(const System::UnicodeString& lineBreak);
 
     /// Reads the rest of `stream` as the list's text. A byte order mark tells UTF-8 or UTF-16; without one
-    /// the bytes are in `encoding`, or the system's code page if that is null.
+    /// the bytes are in `encoding`, or the system's code page if that is null. `EReadError` for a device
+    /// without an end, `Sysutils::EOutOfMemory` if the memory isn't there; the lines stay then.
     void LoadFromStream(TStream* stream, Sysutils::TEncoding* encoding = nullptr);
     /// Takes the file as the lines, as `LoadFromStream` reads it. `EFOpenError` if it can't be opened.
     void LoadFromFile(const System::UnicodeString& path, Sysutils::TEncoding* encoding = nullptr);

@@ -2,6 +2,7 @@
 #include "platform/runtime/sysutils/Sysutils_StringBuilder.h"
 
 #include "platform/base/Sysutils_Exception.h"
+#include "platform/base/internal/System_Memory.h"
 #include "platform/runtime/sysutils/Sysutils_Text.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 
@@ -27,12 +28,23 @@ void CheckPiece(int index, int count, int length)
     }
 }
 
-/// There is room in a string for `count` more characters.
-void CheckRoom(std::size_t length, std::size_t count)
+constexpr const WideChar* TooLong = u"The text grows too long.";
+
+/// Runs what may use up the memory.
+template <class Change>
+void WithRoom(Change change)
+{
+    System::WithMemory(TooLong, change);
+}
+
+/// Runs what adds `count` characters to the `length` that are there.
+template <class Change>
+void WithRoom(std::size_t length, std::size_t count, Change change)
 {
     if (count >= static_cast<std::size_t>(INT_MAX) - length) {
-        throw EOutOfMemory(u"The text grows too long.");
+        throw EOutOfMemory(TooLong);
     }
+    WithRoom(change);
 }
 
 } // namespace
@@ -48,7 +60,7 @@ TStringBuilder::TStringBuilder() : TStringBuilder(DefaultCapacity) {}
 
 TStringBuilder::TStringBuilder(int capacity)
 {
-    mText.reserve(static_cast<std::size_t>(std::max(capacity, 0)));
+    WithRoom([&] { mText.reserve(static_cast<std::size_t>(std::max(capacity, 0))); });
 }
 
 TStringBuilder::TStringBuilder(const UnicodeString& text) : mText(text.AsView()) {}
@@ -58,7 +70,7 @@ TStringBuilder::~TStringBuilder() = default;
 void TStringBuilder::setLength(int length)
 {
     CheckPiece(0, length, INT_MAX - 1);
-    mText.resize(static_cast<std::size_t>(length));
+    WithRoom([&] { mText.resize(static_cast<std::size_t>(length)); });
 }
 
 int TStringBuilder::getCapacity() const noexcept
@@ -69,7 +81,7 @@ int TStringBuilder::getCapacity() const noexcept
 void TStringBuilder::setCapacity(int capacity)
 {
     CheckPiece(0, getLength(), capacity);
-    mText.reserve(static_cast<std::size_t>(capacity));
+    WithRoom([&] { mText.reserve(static_cast<std::size_t>(capacity)); });
 }
 
 WideChar TStringBuilder::getChars(int index) const
@@ -86,16 +98,14 @@ void TStringBuilder::setChars(int index, WideChar character)
 
 TStringBuilder& TStringBuilder::Append(std::u16string_view text)
 {
-    CheckRoom(mText.size(), text.size());
-    mText += text;
+    WithRoom(mText.size(), text.size(), [&] { mText += text; });
     return *this;
 }
 
 TStringBuilder& TStringBuilder::Append(WideChar character, int count)
 {
     const auto characters = static_cast<std::size_t>(std::max(count, 0));
-    CheckRoom(mText.size(), characters);
-    mText.append(characters, character);
+    WithRoom(mText.size(), characters, [&] { mText.append(characters, character); });
     return *this;
 }
 
@@ -107,8 +117,8 @@ TStringBuilder& TStringBuilder::AppendLine(const UnicodeString& text)
 TStringBuilder& TStringBuilder::Insert(int index, const UnicodeString& text)
 {
     CheckPiece(index, 0, getLength());
-    CheckRoom(mText.size(), text.AsView().size());
-    mText.insert(static_cast<std::size_t>(index), text.AsView());
+    WithRoom(mText.size(), text.AsView().size(),
+             [&] { mText.insert(static_cast<std::size_t>(index), text.AsView()); });
     return *this;
 }
 

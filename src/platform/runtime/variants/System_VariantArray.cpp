@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/base/Sysutils_Exception.h"
+#include "platform/base/internal/System_Memory.h"
 #include "platform/runtime/variants/internal/System_VariantValue.h"
 
 #include <algorithm>
 #include <limits>
-#include <new>
-#include <stdexcept>
+#include <set>
+#include <utility>
 #include <vector>
 
 namespace System
@@ -111,13 +112,8 @@ std::size_t CountOf(const std::vector<TBounds>& bounds)
 
 void Resize(TElements& elements, std::size_t count)
 {
-    try {
-        std::visit([count](auto& items) { items.resize(count); }, elements);
-    } catch (const std::length_error&) {
-        ThrowArray(u"Variant array is too large");
-    } catch (const std::bad_alloc&) {
-        throw Sysutils::EOutOfMemory(UnicodeString(u"Out of memory"));
-    }
+    WithMemory(u"There is no memory for the elements of a variant array.",
+               [&] { std::visit([count](auto& items) { items.resize(count); }, elements); });
 }
 
 TBounds MakeBounds(int low, int high)
@@ -297,28 +293,66 @@ std::span<Byte> Variant::ArrayBytes()
     return std::get<std::vector<Byte>>(OwnArrayIn(mValue).elements);
 }
 
+namespace
+{
+
+/// Compares arrays, and remembers which pairs it found equal: an array that holds another one twice, which
+/// holds a third one twice and so on would take twice the time with each level.
+class CArrayComparison
+{
+public:
+    using AreEqual = bool (*)(const Variant&, const Variant&);
+
+    explicit CArrayComparison(AreEqual areEqual) : mAreEqual(areEqual) {}
+
+    bool AreArraysEqual(const TVariantArray& a, const TVariantArray& b)
+    {
+        const auto haveSameBounds = [](const TBounds& m, const TBounds& n) {
+            return m.low == n.low && m.high == n.high;
+        };
+        if (!std::ranges::equal(a.bounds, b.bounds, haveSameBounds)) {
+            return false;
+        }
+        const std::pair pair(&a, &b);
+        if (mEqual.contains(pair)) {
+            return true;
+        }
+        const std::size_t count = CountOf(a.bounds);
+        for (std::size_t i = 0; i < count; ++i) {
+            if (!AreElementsEqual(ElementAt(a, i), ElementAt(b, i))) {
+                return false;
+            }
+        }
+        // The flat ones are compared as often as others hold them.
+        if (a.depth > 1) {
+            mEqual.insert(pair);
+        }
+        return true;
+    }
+
+private:
+    bool AreElementsEqual(const Variant& a, const Variant& b)
+    {
+        return a.IsArray() && b.IsArray() ? AreArraysEqual(ArrayIn(a), ArrayIn(b)) : mAreEqual(a, b);
+    }
+
+    AreEqual mAreEqual;
+    std::set<std::pair<const TVariantArray*, const TVariantArray*>> mEqual;
+};
+
+} // namespace
+
 namespace Detail
 {
 
 bool AreArraysEqual(const Variant& a, const Variant& b, bool (*areEqual)(const Variant&, const Variant&))
 {
-    if (!a.IsArray() || !b.IsArray()) {
-        return false;
-    }
-    const TVariantArray& x = ArrayIn(a);
-    const TVariantArray& y = ArrayIn(b);
-    if (!std::ranges::equal(x.bounds, y.bounds, [](const TBounds& m, const TBounds& n) {
-            return m.low == n.low && m.high == n.high;
-        })) {
-        return false;
-    }
-    const std::size_t count = CountOf(x.bounds);
-    for (std::size_t i = 0; i < count; ++i) {
-        if (!areEqual(ElementAt(x, i), ElementAt(y, i))) {
-            return false;
-        }
-    }
-    return true;
+    return a.IsArray() && b.IsArray() && CArrayComparison(areEqual).AreArraysEqual(ArrayIn(a), ArrayIn(b));
+}
+
+const void* ArrayIdentity(const Variant& array)
+{
+    return &ArrayIn(array);
 }
 
 } // namespace Detail

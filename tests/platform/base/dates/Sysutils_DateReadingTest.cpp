@@ -44,7 +44,9 @@ TEST(DateReadingTest, ReadsDatesInTheOrderOfTheSettings)
         {u"M/d/yyyy", u"2.1.2022", {2022, 2, 1}},   {u"M/d/yyyy", u"2.1", {thisYear, 2, 1}},
         {u"yyyy/MM/dd", u"2022.2.1", {2022, 2, 1}}, {u"yyyy/MM/dd", u"2.1", {thisYear, 2, 1}},
         {u"yyyy/dd/MM", u"2022.1.2", {2022, 2, 1}}, {u"'my' dd/mm", u"1.2.2022", {2022, 2, 1}},
-        {u"", u"2.1.2022", {2022, 2, 1}},
+        {u"", u"2.1.2022", {2022, 2, 1}},           {u"MM.yyyy", u"3.2022", {2022, 3, 1}},
+        {u"yyyy", u"2022", {2022, 1, 1}},           {u"dd.MM", u"1.2", {thisYear, 2, 1}},
+        {u"dd.MM", u"1.2.2022", {2022, 2, 1}},
     };
     for (const auto& c : cases) {
         const TFormatSettings settings = SettingsFor(c.picture);
@@ -71,6 +73,9 @@ TEST(DateReadingTest, ReadsDatesInTheOrderOfTheSettings)
         TDateTime value = 47;
         EXPECT_FALSE(TryStrToDate(text, value, GermanSettings())) << text;
         EXPECT_EQ(value, 47);
+    }
+    for (const UnicodeString text : {u"3.2022.17", u"3", u"17.3.2022"}) {
+        EXPECT_THROW(StrToDate(text, SettingsFor(u"MM.yyyy")), EConvertError) << text;
     }
     TFormatSettings blanks = SettingsFor(u"d m yyyy");
     blanks.DateSeparator = u' ';

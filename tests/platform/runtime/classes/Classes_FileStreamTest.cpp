@@ -94,4 +94,25 @@ TEST(FileStreamTest, FilesAreSharedAsTheirOpenersAllow)
     EXPECT_NO_THROW(TFileStream(path, fmOpenRead | fmShareDenyNone));
 }
 
+TEST(FileStreamTest, DevicesWithoutAnEndAreReadAsFarAsTold)
+{
+    TMemoryStream target;
+    for (const UnicodeString device : {u"\\dev\\zero", u"\\dev\\urandom"}) {
+        TFileStream source(device, fmOpenRead | fmShareDenyNone);
+        EXPECT_EQ(target.CopyFrom(&source, 100'000), 100'000) << device;
+        EXPECT_THROW(target.CopyFrom(&source, 0), EReadError) << device;
+        EXPECT_EQ(target.getSize(), 100'000) << device;
+        EXPECT_THROW(TMemoryStream().LoadFromFile(device), EReadError) << device;
+        TStringList list{u"kept"};
+        EXPECT_THROW(list.LoadFromFile(device), EReadError) << device;
+        EXPECT_EQ(list.getCount(), 1);
+        target.Clear();
+    }
+    TFileStream nothing(u"\\dev\\null", fmOpenRead | fmShareDenyNone);
+    EXPECT_EQ(target.CopyFrom(&nothing, 0), 0);
+    TMemoryStream status;
+    status.LoadFromFile(u"\\proc\\self\\status");
+    EXPECT_GT(status.getSize(), 100) << "a file whose size tells nothing";
+}
+
 } // namespace

@@ -3,6 +3,10 @@
 
 #include "platform/runtime/classes/Classes_Component.h"
 #include "platform/runtime/classes/Classes_StringsSupport.h"
+#include "support/MemoryLimit.h"
+
+#include <climits>
+#include <random>
 
 #include <gmock/gmock.h>
 
@@ -224,6 +228,62 @@ TEST(StringListTest, SortsByACallersOrder)
     list.CustomSort({});
 }
 
+UnicodeString ManyLines(int count)
+{
+    UnicodeString text;
+    for (int i = 0; i < count; ++i) {
+        text += UnicodeString(i) + u"\r\n";
+    }
+    return text;
+}
+
+TEST(StringListTest, LosesNoLineByAnOrderThatContradictsItself)
+{
+    std::mt19937 random(1);
+    const TStringListSortCompare orders[] = {
+        [](TStringList*, int, int) { return -1; },
+        [](TStringList*, int a, int b) { return a % 3 - b % 2 - 1; },
+        [&](TStringList*, int, int) { return static_cast<int>(random() % 3) - 1; },
+    };
+    for (const TStringListSortCompare& order : orders) {
+        TStringList list;
+        list.setText(ManyLines(1'000));
+        list.CustomSort(order);
+        list.Sort();
+        TStringList expected;
+        expected.setText(ManyLines(1'000));
+        expected.Sort();
+        EXPECT_EQ(list.getText(), expected.getText());
+    }
+}
+
+/// A list whose order changes from look to look.
+class RestlessList : public TStringList
+{
+protected:
+    int CompareStrings(const UnicodeString&, const UnicodeString&) const override
+    {
+        return static_cast<int>(mRandom() % 3) - 1;
+    }
+
+private:
+    mutable std::mt19937 mRandom{2};
+};
+
+TEST(StringListTest, LosesNoLineByAnOwnOrderThatContradictsItself)
+{
+    RestlessList list;
+    list.setDuplicates(dupAccept);
+    for (int i = 0; i < 20; ++i) {
+        list.setSorted(false);
+        list.setText(ManyLines(200));
+        list.setSorted(true);
+        list.AddStrings({u"a", u"b", u"c"});
+        list.Add(u"d");
+        EXPECT_EQ(list.getCount(), 204);
+    }
+}
+
 TEST(StringListTest, GivesOneNoticeForAnUpdate)
 {
     TStringList list;
@@ -268,6 +328,13 @@ TEST(StringListTest, HoldsWhatItsBracesHold)
     EXPECT_EQ(list.getCommaText(), u"apple,fig,pear");
     EXPECT_EQ(TStringList{}.getCount(), 0);
     EXPECT_TRUE(TStringList{true}.getOwnsObjects());
+}
+
+using StringListMemoryTest = Support::OutOfMemoryTest;
+
+TEST_F(StringListMemoryTest, RaisesForTooMuchRoom)
+{
+    EXPECT_TRUE(Support::RaisesOutOfMemory([] { TStringList().setCapacity(INT_MAX); }));
 }
 
 } // namespace

@@ -57,8 +57,7 @@ TEST(IoutilsTest, KnowsTheFoldersOfTheHost)
 {
     const UnicodeString file = TPath::GetTempFileName();
     ASSERT_TRUE(Sysutils::FileExists(file));
-    EXPECT_EQ(Sysutils::ExpandFileName(Sysutils::ExtractFilePath(file)),
-              Sysutils::ExpandFileName(TPath::GetTempPath()));
+    EXPECT_EQ(Sysutils::ExtractFilePath(file), TPath::GetTempPath());
     EXPECT_TRUE(Sysutils::DeleteFile(file));
     EXPECT_TRUE(Sysutils::IsPathDelimiter(TPath::GetTempPath(), TPath::GetTempPath().Length()));
     EXPECT_TRUE(TPath::IsPathRooted(TPath::GetHomePath()));

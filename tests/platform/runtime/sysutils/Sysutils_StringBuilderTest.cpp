@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/sysutils/Sysutils_StringBuilder.h"
 #include "platform/base/Sysutils_Exception.h"
+#include "support/MemoryLimit.h"
 
 #include <gtest/gtest.h>
 
@@ -51,6 +52,16 @@ TEST(StringBuilderTest, RefusesPositionsOutside)
     EXPECT_THROW(builder.setCapacity(2), Outside);
     EXPECT_THROW(builder.Append(u'x', INT_MAX), Sysutils::EOutOfMemory);
     EXPECT_EQ(builder.ToString(), u"abc");
+}
+
+using StringBuilderMemoryTest = Support::OutOfMemoryTest;
+
+TEST_F(StringBuilderMemoryTest, RaisesForTooMuchRoom)
+{
+    EXPECT_TRUE(Support::RaisesOutOfMemory([] { const TStringBuilder builder(INT_MAX); }));
+    EXPECT_TRUE(Support::RaisesOutOfMemory([] { TStringBuilder().setCapacity(INT_MAX); }));
+    EXPECT_TRUE(Support::RaisesOutOfMemory([] { TStringBuilder().setLength(INT_MAX - 1); }));
+    EXPECT_TRUE(Support::RaisesOutOfMemory([] { TStringBuilder().Append(u'x', INT_MAX - 1); }));
 }
 
 } // namespace

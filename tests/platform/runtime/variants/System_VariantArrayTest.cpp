@@ -3,8 +3,10 @@
 
 #include "platform/base/Sysutils_Exception.h"
 #include "platform/runtime/variants/System_VariantSupport.h"
+#include "support/MemoryLimit.h"
 
 #include <climits>
+#include <limits>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -105,6 +107,25 @@ TEST_F(VariantArrayTest, CopiesOfArraysAreValues)
     EXPECT_EQ(moved.GetElement(0), 9);
 }
 
+TEST_F(VariantArrayTest, ArraysThatHoldOthersManyTimesAreComparedOnce)
+{
+    const auto nested = [](const Variant& innermost) {
+        Variant array = innermost;
+        for (int level = 0; level < 200; ++level) {
+            array = VarArrayOf({array, array});
+        }
+        return array;
+    };
+    EXPECT_EQ(nested(1), nested(1));
+    EXPECT_NE(nested(1), nested(2));
+    EXPECT_EQ(nested(VarArrayOf({1, u"a"})), nested(VarArrayOf({1, u"a"})));
+    EXPECT_NE(nested(VarArrayOf({1, u"a"})), nested(VarArrayOf({1})));
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const Variant none = nested(nan);
+    EXPECT_NE(none, none) << "an array is equal as its elements are";
+    EXPECT_EQ(VarCompareValue(none, none), vrNotEqual);
+}
+
 TEST_F(VariantArrayTest, ArraysNestToALimit)
 {
     Variant deep = VarArrayOf({7});
@@ -123,6 +144,13 @@ TEST_F(VariantArrayTest, ArraysNestToALimit)
     EXPECT_THROW(outer.PutElement(deep, 0), EVariantError);
     EXPECT_TRUE(outer.GetElement(0).IsEmpty());
     EXPECT_THROW(VarArrayOf({outer}), EVariantError) << "put in later, but as deep";
+}
+
+using VariantArrayMemoryTest = Support::OutOfMemoryTest;
+
+TEST_F(VariantArrayMemoryTest, RaisesForTooManyElements)
+{
+    EXPECT_TRUE(Support::RaisesOutOfMemory([] { const Variant array({0, INT_MAX - 1}, varVariant); }));
 }
 
 } // namespace

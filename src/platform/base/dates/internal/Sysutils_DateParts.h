@@ -3,8 +3,8 @@
 
 #include "platform/base/dates/Sysutils_Calendar.h"
 
-#include <array>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace Sysutils::Detail
@@ -24,7 +24,7 @@ System::Int64 SecondsOfLocalTime(const System::TDateTime& local);
 /// Nothing for a packed date that doesn't exist.
 std::optional<System::TDateTime> UnpackFileDate(int fileDate);
 
-/// The letters `d`, `m` and `y` in the order of a date picture; those that it lacks follow as `m`, `d`, `y`.
-std::array<System::WideChar, 3> DateOrder(std::u16string_view picture);
+/// The letters `d`, `m` and `y`, as far as a date picture has them, in its order.
+std::u16string DateOrder(std::u16string_view picture);
 
 } // namespace Sysutils::Detail

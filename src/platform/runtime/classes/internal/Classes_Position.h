@@ -18,4 +18,10 @@ inline System::Int64 AddClamped(System::Int64 base, System::Int64 offset)
     return sum;
 }
 
+/// The bytes from a position to the end of a stream that tells `size`, which may be none: 0 or less.
+inline System::Int64 BytesBehind(System::Int64 position, System::Int64 size)
+{
+    return size > 0 ? size - position : 0;
+}
+
 } // namespace Classes

@@ -20,6 +20,14 @@ public:
     /// Whether an empty window is the end of what can be read.
     static bool ShowsEnd(const TStream& stream) { return stream.ShowsEnd(); }
 
+    /// For those who read up to the end, once they got a first byte: `EReadError` for a device that has none.
+    static void CheckHasEnd(const TStream& stream)
+    {
+        if (stream.IsEndless()) {
+            throw EReadError(u"A device without an end can't be read as a whole");
+        }
+    }
+
     /// Moves behind `count` bytes of the window that was just shown, which a stream that can't seek can too.
     static void Pass(TStream& stream, std::size_t count)
     {

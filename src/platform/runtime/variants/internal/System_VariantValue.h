@@ -20,8 +20,12 @@ std::optional<bool> TryBool(const Variant& value);
 /// Nothing for a text that is no date, for Null and for an array.
 std::optional<double> TryDate(const Variant& value);
 
-/// True if both are arrays with equal bounds and `areEqual` holds for each pair of their elements.
+/// True if both are arrays with equal bounds, whose elements are arrays that are equal so or else hold by
+/// `areEqual`. Arrays that are elements many times are compared once.
 bool AreArraysEqual(const Variant& a, const Variant& b, bool (*areEqual)(const Variant&, const Variant&));
+
+/// What the array of a variant is known by while a variant holds it: copies of it have the same.
+const void* ArrayIdentity(const Variant& array);
 
 /// Raise `Sysutils::EVariantError`.
 [[noreturn]] void ThrowVariantCast(const Variant& value, Word to);
