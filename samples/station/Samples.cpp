@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Samples.h"
 
-#include <TRS8_BTL/foundation/UTL_LOG_Log.h>
+#include <TRS8_BTL/foundation/logs/UTL_LOG_Log.h>
 #include <TRS8_BTL/platform/base/dates/Sysutils_DateText.h>
 #include <TRS8_BTL/streams/BTL_STRM_Stream.h>
 #include <TRS8_BTL/text/dates/BTL_DT_Reading.h>

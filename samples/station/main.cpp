@@ -5,7 +5,7 @@
 #include "Samples.h"
 
 #include <TRS8_BTL/environment/BTL_ENV_Folders.h>
-#include <TRS8_BTL/foundation/UTL_LOG_Log.h>
+#include <TRS8_BTL/foundation/logs/UTL_LOG_Log.h>
 #include <TRS8_BTL/platform/base/Sysutils_Locale.h>
 #include <TRS8_BTL/platform/base/dates/Sysutils_Calendar.h>
 

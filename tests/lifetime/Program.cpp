@@ -3,8 +3,8 @@
 // third is its add-in.
 
 #include "Witness.h"
-#include "foundation/UTL_LOG_Log.h"
-#include "foundation/UTL_LOG_LogStream.h"
+#include "foundation/logs/UTL_LOG_Log.h"
+#include "foundation/logs/UTL_LOG_LogStream.h"
 
 #include <cstdlib>
 #include <dlfcn.h>

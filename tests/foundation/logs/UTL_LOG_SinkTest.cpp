@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "foundation/UTL_LOG_Sink.h"
+#include "foundation/logs/UTL_LOG_Sink.h"
 
 #include <gtest/gtest.h>
 

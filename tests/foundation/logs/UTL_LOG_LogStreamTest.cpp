@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "foundation/UTL_LOG_LogStream.h"
+#include "foundation/logs/UTL_LOG_LogStream.h"
 
-#include "foundation/LogSupport.h"
+#include "foundation/logs/LogSupport.h"
 #include "support/ChildProgram.h"
 #include "support/TempFolder.h"
 

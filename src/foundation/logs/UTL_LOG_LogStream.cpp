@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "foundation/UTL_LOG_LogStream.h"
+#include "foundation/logs/UTL_LOG_LogStream.h"
 
-#include "foundation/internal/UTL_LOG_Folder.h"
-#include "foundation/internal/UTL_LOG_Lines.h"
+#include "foundation/logs/internal/UTL_LOG_Folder.h"
+#include "foundation/logs/internal/UTL_LOG_Lines.h"
 #include "platform/base/dates/Sysutils_Calendar.h"
 #include "platform/base/dates/Sysutils_DateText.h"
 #include "platform/host/Host_Path.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "foundation/UTL_LOG_Log.h"
+#include "foundation/logs/UTL_LOG_Log.h"
 
-#include "foundation/internal/UTL_LOG_Folder.h"
-#include "foundation/internal/UTL_LOG_Lines.h"
+#include "foundation/logs/internal/UTL_LOG_Folder.h"
+#include "foundation/logs/internal/UTL_LOG_Lines.h"
 #include "platform/host/Host_Path.h"
 
 #include <fstream>

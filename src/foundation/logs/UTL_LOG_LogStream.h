@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "foundation/UTL_LOG_Form.h"
-#include "foundation/UTL_LOG_Log.h"
+#include "foundation/logs/UTL_LOG_Form.h"
+#include "foundation/logs/UTL_LOG_Log.h"
 #include "platform/base/System_String.h"
 
 #include <iosfwd>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "foundation/UTL_LOG_LogFile.h"
+#include "foundation/logs/UTL_LOG_LogFile.h"
 
-#include "foundation/LogSupport.h"
+#include "foundation/logs/LogSupport.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "foundation/UTL_LOG_Form.h"
+#include "foundation/logs/UTL_LOG_Form.h"
 #include "platform/base/System_String.h"
 
 #include <map>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "foundation/UTL_LOG_LogFile.h"
+#include "foundation/logs/UTL_LOG_LogFile.h"
 
-#include "foundation/internal/UTL_LOG_Lines.h"
+#include "foundation/logs/internal/UTL_LOG_Lines.h"
 #include "platform/host/Host_Path.h"
 #include "platform/host/Host_Shell.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"

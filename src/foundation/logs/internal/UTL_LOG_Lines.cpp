@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "foundation/internal/UTL_LOG_Lines.h"
+#include "foundation/logs/internal/UTL_LOG_Lines.h"
 
 #include "platform/base/dates/Sysutils_Chrono.h"
 #include "platform/base/dates/Sysutils_IsoDate.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "foundation/UTL_LOG_Log.h"
+#include "foundation/logs/UTL_LOG_Log.h"
 
-#include "foundation/LogSupport.h"
+#include "foundation/logs/LogSupport.h"
 #include "platform/base/dates/Sysutils_Chrono.h"
 #include "platform/base/dates/Sysutils_IsoDate.h"
 #include "support/ChildProgram.h"
