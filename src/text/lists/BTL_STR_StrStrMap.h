@@ -3,8 +3,12 @@
 
 #include "platform/base/System_String.h"
 
+#include "text/lists/BTL_STR_Cache.h"
+
 #include <initializer_list>
 #include <map>
+#include <memory>
+#include <utility>
 #include <vector>
 
 namespace Classes
@@ -24,6 +28,8 @@ namespace BTL
 ///     for (const auto& [thing, value] : colours) { ... }
 class TRS8_BTL_API CStrStrMap : public std::map<System::UnicodeString, System::UnicodeString>
 {
+    using Base = std::map<System::UnicodeString, System::UnicodeString>;
+
 public:
     CStrStrMap() = default;
     CStrStrMap(std::initializer_list<value_type> entries) : map(entries) {}
@@ -45,7 +51,10 @@ public:
     System::UnicodeString GetValue(const System::UnicodeString& key) const;
     /// False if the key is missing, which leaves `value` alone.
     bool GetValue(const System::UnicodeString& key, System::UnicodeString& value) const;
-    /// The first key with that value, sought one by one; empty if there is none.
+    /// The first key with that value; empty if there is none. The keys are sought one by one, and by an index
+    /// from some searches on. `Add` and `SetValues` keep it. It is lost with all else that may change a
+    /// value: what is written later, through a reference or iterator from before the search, the search can't
+    /// know.
     System::UnicodeString Get1stKey(const System::UnicodeString& value) const;
     /// False if there is none, which leaves `key` alone.
     bool Get1stKey(const System::UnicodeString& value, System::UnicodeString& key) const;
@@ -57,9 +66,101 @@ public:
     /// All entries in one line for a log.
     System::UnicodeString getDebugInfo() const;
 
+    // As those of `std::map`. They lose the index of `Get1stKey`, since values can be written to through what
+    // most of them give.
+
+    using Base::at;
+    using Base::begin;
+    using Base::end;
+    using Base::equal_range;
+    using Base::find;
+    using Base::lower_bound;
+    using Base::rbegin;
+    using Base::rend;
+    using Base::upper_bound;
+    iterator begin() noexcept { return ForChange().begin(); }
+    iterator end() noexcept { return ForChange().end(); }
+    reverse_iterator rbegin() noexcept { return ForChange().rbegin(); }
+    reverse_iterator rend() noexcept { return ForChange().rend(); }
+    iterator find(const key_type& key) { return ForChange().find(key); }
+    iterator lower_bound(const key_type& key) { return ForChange().lower_bound(key); }
+    iterator upper_bound(const key_type& key) { return ForChange().upper_bound(key); }
+    std::pair<iterator, iterator> equal_range(const key_type& key) { return ForChange().equal_range(key); }
+    mapped_type& at(const key_type& key) { return ForChange().at(key); }
+    mapped_type& operator[](const key_type& key) { return ForChange()[key]; }
+    auto insert(const value_type& entry) { return ForChange().insert(entry); }
+    void insert(std::initializer_list<value_type> entries) { ForChange().insert(entries); }
+    template <class... Arguments>
+    auto insert(Arguments&&... arguments)
+    {
+        return ForChange().insert(std::forward<Arguments>(arguments)...);
+    }
+    /// As of `std::map`.
+    template <class... Arguments>
+    auto insert_or_assign(Arguments&&... arguments)
+    {
+        return ForChange().insert_or_assign(std::forward<Arguments>(arguments)...);
+    }
+    /// As of `std::map`.
+    template <class... Arguments>
+    auto emplace(Arguments&&... arguments)
+    {
+        return ForChange().emplace(std::forward<Arguments>(arguments)...);
+    }
+    /// As of `std::map`.
+    template <class... Arguments>
+    auto emplace_hint(Arguments&&... arguments)
+    {
+        return ForChange().emplace_hint(std::forward<Arguments>(arguments)...);
+    }
+    /// As of `std::map`.
+    template <class... Arguments>
+    auto try_emplace(Arguments&&... arguments)
+    {
+        return ForChange().try_emplace(std::forward<Arguments>(arguments)...);
+    }
+    template <class... Arguments>
+    auto erase(Arguments&&... arguments)
+    {
+        return ForChange().erase(std::forward<Arguments>(arguments)...);
+    }
+    /// As of `std::map`.
+    template <class Argument>
+    auto extract(Argument&& argument)
+    {
+        return ForChange().extract(std::forward<Argument>(argument));
+    }
+    /// Takes the entries of `other` whose keys it lacks; the rest stays there.
+    void merge(CStrStrMap& other) { ForChange().merge(other.ForChange()); }
+    void merge(CStrStrMap&& other) { merge(other); }
+    void swap(CStrStrMap& other) noexcept { ForChange().swap(other.ForChange()); }
+    void clear() noexcept { ForChange().clear(); }
+
 protected:
     /// `SetValues`; false if there was a fault.
     bool AddPairs(const Classes::TStrings* keys, const Classes::TStrings* values);
+
+private:
+    struct TIndex;
+
+    struct TSearches
+    {
+        /// Null until there were searches that an index pays for.
+        std::shared_ptr<TIndex> index;
+        /// The entries that searches without it have looked at.
+        std::size_t lookedAt = 0;
+    };
+
+    Base& ForChange() noexcept
+    {
+        mSearches.Forget();
+        return *this;
+    }
+    const_iterator FindValue(const mapped_type& value) const;
+    const_iterator FindInIndex(const mapped_type& value) const;
+    std::unique_ptr<TIndex> MakeIndex() const;
+
+    mutable GCache<TSearches> mSearches;
 };
 
 /// A `CStrStrMap` that also knows in which order the keys were added.
