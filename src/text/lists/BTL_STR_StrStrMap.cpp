@@ -169,7 +169,7 @@ CStrStrMap::const_iterator CStrStrMap::FindValue(const UnicodeString& value) con
     // So many times as much as one search of all entries has been looked at before an index is made.
     constexpr std::size_t patience = 8;
     TSearches& searches = mSearches.value;
-    if (searches.index == nullptr && searches.lookedAt > patience * (size() + patience)) {
+    if (!mHasIterators && searches.index == nullptr && searches.lookedAt > patience * (size() + patience)) {
         searches.index = MakeIndex();
     }
     if (searches.index != nullptr) {

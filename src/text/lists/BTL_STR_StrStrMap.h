@@ -52,9 +52,9 @@ public:
     /// False if the key is missing, which leaves `value` alone.
     bool GetValue(const System::UnicodeString& key, System::UnicodeString& value) const;
     /// The first key with that value; empty if there is none. The keys are sought one by one, and by an index
-    /// from some searches on. `Add` and `SetValues` keep it. It is lost with all else that may change a
-    /// value: what is written later, through a reference or iterator from before the search, the search can't
-    /// know.
+    /// from some searches on. `Add` and `SetValues` keep the index, other changes lose it, and there is none
+    /// from the first iterator on through which values can be written, until `clear`. What is written after a
+    /// search through a reference that `operator[]` or `at` gave before it, the search doesn't see.
     System::UnicodeString Get1stKey(const System::UnicodeString& value) const;
     /// False if there is none, which leaves `key` alone.
     bool Get1stKey(const System::UnicodeString& value, System::UnicodeString& key) const;
@@ -67,7 +67,7 @@ public:
     System::UnicodeString getDebugInfo() const;
 
     // As those of `std::map`. They lose the index of `Get1stKey`, since values can be written to through what
-    // most of them give.
+    // most of them give; those up to `equal_range` do so for good, since a loop may search while it writes.
 
     using Base::at;
     using Base::begin;
@@ -78,14 +78,17 @@ public:
     using Base::rbegin;
     using Base::rend;
     using Base::upper_bound;
-    iterator begin() noexcept { return ForChange().begin(); }
-    iterator end() noexcept { return ForChange().end(); }
-    reverse_iterator rbegin() noexcept { return ForChange().rbegin(); }
-    reverse_iterator rend() noexcept { return ForChange().rend(); }
-    iterator find(const key_type& key) { return ForChange().find(key); }
-    iterator lower_bound(const key_type& key) { return ForChange().lower_bound(key); }
-    iterator upper_bound(const key_type& key) { return ForChange().upper_bound(key); }
-    std::pair<iterator, iterator> equal_range(const key_type& key) { return ForChange().equal_range(key); }
+    iterator begin() noexcept { return WithIterators().begin(); }
+    iterator end() noexcept { return WithIterators().end(); }
+    reverse_iterator rbegin() noexcept { return WithIterators().rbegin(); }
+    reverse_iterator rend() noexcept { return WithIterators().rend(); }
+    iterator find(const key_type& key) { return WithIterators().find(key); }
+    iterator lower_bound(const key_type& key) { return WithIterators().lower_bound(key); }
+    iterator upper_bound(const key_type& key) { return WithIterators().upper_bound(key); }
+    std::pair<iterator, iterator> equal_range(const key_type& key)
+    {
+        return WithIterators().equal_range(key);
+    }
     mapped_type& at(const key_type& key) { return ForChange().at(key); }
     mapped_type& operator[](const key_type& key) { return ForChange()[key]; }
     auto insert(const value_type& entry) { return ForChange().insert(entry); }
@@ -131,10 +134,22 @@ public:
         return ForChange().extract(std::forward<Argument>(argument));
     }
     /// Takes the entries of `other` whose keys it lacks; the rest stays there.
-    void merge(CStrStrMap& other) { ForChange().merge(other.ForChange()); }
+    void merge(CStrStrMap& other)
+    {
+        ForChange().merge(other.ForChange());
+        mHasIterators |= other.mHasIterators;
+    }
     void merge(CStrStrMap&& other) { merge(other); }
-    void swap(CStrStrMap& other) noexcept { ForChange().swap(other.ForChange()); }
-    void clear() noexcept { ForChange().clear(); }
+    void swap(CStrStrMap& other) noexcept
+    {
+        ForChange().swap(other.ForChange());
+        std::swap(mHasIterators, other.mHasIterators);
+    }
+    void clear() noexcept
+    {
+        ForChange().clear();
+        mHasIterators = false;
+    }
 
 protected:
     /// `SetValues`; false if there was a fault.
@@ -156,11 +171,18 @@ private:
         mSearches.Forget();
         return *this;
     }
+    Base& WithIterators() noexcept
+    {
+        mHasIterators = true;
+        return ForChange();
+    }
     const_iterator FindValue(const mapped_type& value) const;
     const_iterator FindInIndex(const mapped_type& value) const;
     std::unique_ptr<TIndex> MakeIndex() const;
 
     mutable GCache<TSearches> mSearches;
+    /// Whether somebody may write values by iterators, at any time.
+    bool mHasIterators = false;
 };
 
 /// A `CStrStrMap` that also knows in which order the keys were added.

@@ -157,6 +157,9 @@ TEST(StrStrMapTest, FindsTheFirstKeyAfterAnyChange)
                 map = std::move(moved);
                 break;
             }
+            case 10:
+                map.clear(), model.clear();
+                break;
             case 9:
                 map.SetValues(u"a," + key, u"A," + value), model[u"a"] = u"A", model[key] = value;
                 break;
@@ -171,6 +174,23 @@ TEST(StrStrMapTest, FindsTheFirstKeyAfterAnyChange)
             ASSERT_EQ(found, firstKey(model, value));
             ASSERT_EQ(map, model);
         }
+    }
+}
+
+TEST(StrStrMapTest, SeesWhatALoopWritesWhileItSearches)
+{
+    CStrStrMap map;
+    for (int i = 0; i < 100; ++i) {
+        map.Add(UnicodeString(i), u"old");
+    }
+    for (int i = 0; i < 1000; ++i) {
+        ASSERT_EQ(map.Get1stKey(u"new"), u"");
+    }
+    const UnicodeString first = map.cbegin()->first;
+    for (auto& [key, value] : map) {
+        ASSERT_EQ(map.Get1stKey(u"old"), key);
+        value = u"new";
+        ASSERT_EQ(map.Get1stKey(u"new"), first);
     }
 }
 
