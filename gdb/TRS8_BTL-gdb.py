@@ -177,7 +177,13 @@ def string_list(value, label):
         return None
     if not list_type.fields():
         return Text(f"{label}, shown with the library's symbols")
-    lines = list(vector_items(value.cast(value.dynamic_type).cast(list_type)["mItems"]))
+    whole = value.cast(value.dynamic_type).cast(list_type)
+    lines = list(vector_items(whole["mItems"]))
+    pending = only_pointer(whole["mPending"])
+    if int(pending) != 0:
+        arrived = list(vector_items(pending.dereference()["mItems"]))
+        for before, line in enumerate(vector_items(pending.dereference()["mLines"])):
+            lines.insert(int(line["place"]) + before, arrived[int(line["number"])])
 
     def children():
         for index, line in enumerate(lines):

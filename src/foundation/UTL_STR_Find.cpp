@@ -3,6 +3,8 @@
 
 #include "foundation/UTL_ASRT_Assert.h"
 
+#include <string>
+
 namespace UTL
 {
 
@@ -31,11 +33,13 @@ int FindFirst(const Char* text, int start, const CFaultPlace& place, Matches mat
         THROW_XAssert(place);
         return -1;
     }
-    if (text == nullptr) {
+    // Up to `start` only the end is sought, which goes in blocks.
+    using Traits = std::char_traits<Char>;
+    if (text == nullptr || Traits::find(text, static_cast<std::size_t>(start), Char()) != nullptr) {
         return -1;
     }
-    for (int i = 0; text[i] != 0; ++i) {
-        if (i >= start && matches(text[i])) {
+    for (int i = start; text[i] != 0; ++i) {
+        if (matches(text[i])) {
             return i;
         }
     }

@@ -8,6 +8,8 @@
 #include "platform/base/numbers/Sysutils_Number.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -32,9 +34,85 @@ thread_local char outside = 0;
 /// The array of a fresh string, for the caller to own.
 char* NewText(std::string_view a, std::string_view b = {})
 {
-    auto* const result = new char[a.size() + b.size() + 1];
+    // Two characters at least, which begin at an even address: see `CGrownText`.
+    auto* const result = new char[std::max<std::size_t>(a.size() + b.size() + 1, 2)];
     *std::copy(b.begin(), b.end(), std::copy(a.begin(), a.end(), result)) = 0;
     return result;
+}
+
+/// The array of a text that grows by `+=` again and again: its length and room stand in front of the text, so
+/// that the next piece is neither searched for its place nor moves all that was there. Texts that don't grow,
+/// and short ones, do without. An array of more than one character begins at an even address, and a grown
+/// text at an odd one, which tells the two apart.
+class CGrownText
+{
+public:
+    explicit CGrownText(char* text) : mText(text) {}
+
+    /// The array of a fresh text with room for `room` characters, for the caller to own.
+    static char* New(std::string_view a, std::string_view b, std::size_t room)
+    {
+        char* const array = new char[Front + room + 1];
+        const CGrownText result(array + Front);
+        result.Store({a.size() + b.size(), room});
+        *std::copy(b.begin(), b.end(), std::copy(a.begin(), a.end(), result.mText)) = 0;
+        return result.mText;
+    }
+    void Delete() const { delete[](mText - Front); }
+
+    static bool IsGrown(const char* text) { return reinterpret_cast<std::uintptr_t>(text) % 2 != 0; }
+
+    std::size_t Length() const
+    {
+        const std::size_t length = Load().length;
+        return length == Unknown ? std::strlen(mText) : length;
+    }
+    bool HasRoomFor(std::size_t length) const { return length <= Load().room; }
+    void SetLength(std::size_t length) const { Store({length, Load().room}); }
+    /// A writer that may put a zero anywhere is at work.
+    void ForgetLength() const { SetLength(Unknown); }
+
+private:
+    static constexpr std::size_t Unknown = static_cast<std::size_t>(-1);
+
+    struct TSizes
+    {
+        std::size_t length;
+        std::size_t room;
+    };
+    static constexpr std::size_t Front = sizeof(TSizes) + 1;
+    static_assert(Front % 2 != 0);
+
+    TSizes Load() const
+    {
+        TSizes sizes;
+        std::memcpy(&sizes, mText - Front, sizeof sizes);
+        return sizes;
+    }
+    void Store(TSizes sizes) const { std::memcpy(mText - Front, &sizes, sizeof sizes); }
+
+    char* mText;
+};
+
+/// Shorter texts are cheap to copy.
+constexpr std::size_t MinGrownLength = 256;
+
+std::size_t LengthOf(char* text)
+{
+    if (text == nullptr) {
+        return 0;
+    }
+    return CGrownText::IsGrown(text) ? CGrownText(text).Length() : std::strlen(text);
+}
+
+/// The array of both texts for a string that held `old`. What grew before will grow again and gets room.
+char* NewJoinedText(const char* old, std::string_view a, std::string_view b)
+{
+    const std::size_t length = a.size() + b.size();
+    if (length < MinGrownLength) {
+        return NewText(a, b);
+    }
+    return CGrownText::New(a, b, CGrownText::IsGrown(old) ? length + length / 4 : length);
 }
 
 /// What stands in `text` from `offset` on.
@@ -120,7 +198,7 @@ CSimpleString& CSimpleString::operator=(const char* text)
 {
     if (text != mText) {
         char* const fresh = text == nullptr ? nullptr : NewText(text);
-        delete[] std::exchange(mText, fresh);
+        Free(std::exchange(mText, fresh));
     }
     return *this;
 }
@@ -134,7 +212,7 @@ void CSimpleString::_assign(const char* text, int offset)
 {
     const std::string_view tail = Tail(text, offset);
     char* const fresh = tail.empty() ? nullptr : NewText(tail);
-    delete[] std::exchange(mText, fresh);
+    Free(std::exchange(mText, fresh));
 }
 
 void CSimpleString::_assign(const WideChar* text, int offset)
@@ -144,9 +222,16 @@ void CSimpleString::_assign(const WideChar* text, int offset)
 
 CSimpleString& CSimpleString::operator+=(const char* text)
 {
-    if (text != nullptr) {
-        char* const joined = NewText(c_str(), text);
-        delete[] std::exchange(mText, joined);
+    if (text == nullptr) {
+        return *this;
+    }
+    const std::string_view added = text;
+    const std::size_t length = LengthOf(mText);
+    if (CGrownText::IsGrown(mText) && CGrownText(mText).HasRoomFor(length + added.size())) {
+        *std::copy(added.begin(), added.end(), mText + length) = 0;
+        CGrownText(mText).SetLength(length + added.size());
+    } else {
+        Free(std::exchange(mText, NewJoinedText(mText, {c_str(), length}, added)));
     }
     return *this;
 }
@@ -195,6 +280,9 @@ char& CSimpleString::operator[](int index)
         // The analyzer takes a thread's variable for null.
         return outside; // NOLINT(clang-analyzer-core.uninitialized.UndefReturn)
     }
+    if (CGrownText::IsGrown(mText)) {
+        CGrownText(mText).ForgetLength();
+    }
     return mText[index];
 }
 
@@ -217,12 +305,21 @@ bool CSimpleString::IsInside(int index, const CFaultPlace& place) const
 
 int CSimpleString::length() const noexcept
 {
-    return static_cast<int>(std::string_view(c_str()).size());
+    return static_cast<int>(LengthOf(mText));
+}
+
+void CSimpleString::Free(char* text) noexcept
+{
+    if (CGrownText::IsGrown(text)) {
+        CGrownText(text).Delete();
+    } else {
+        delete[] text;
+    }
 }
 
 void CSimpleString::clear() noexcept
 {
-    delete[] std::exchange(mText, nullptr);
+    Free(std::exchange(mText, nullptr));
 }
 
 bool CSimpleString::GetLong(long& value) const

@@ -49,7 +49,7 @@ public:
     {
         AssignFloat(value);
     }
-    ~CSimpleString() { delete[] mText; }
+    ~CSimpleString() { Free(mText); }
 
     CSimpleString& operator=(const CSimpleString& other)
     {
@@ -81,7 +81,8 @@ public:
     void _assign(const char* text, int offset);
     void _assign(const System::WideChar* text, int offset);
 
-    /// A null pointer adds nothing.
+    /// A null pointer adds nothing. Takes time with the length of `text` on the average, however long the
+    /// string has become.
     CSimpleString& operator+=(const char* text);
     CSimpleString& operator+=(const System::WideChar* text);
     CSimpleString operator+(const char* text) const;
@@ -140,7 +141,10 @@ private:
     void AssignFloat(double value);
     void AssignFloat(long double value);
     bool IsInside(int index, const CFaultPlace& place) const;
+    /// Destroys an array of a string; null is none.
+    static void Free(char* text) noexcept;
 
+    /// A text that grew long by `+=` has its length and room in front of it; see the source.
     char* mText = nullptr;
 };
 

@@ -3,7 +3,8 @@
 
 #include "foundation/UTL_ASRT_Assert.h"
 
-#include <vector>
+#include <algorithm>
+#include <utility>
 
 namespace BTL
 {
@@ -43,6 +44,7 @@ void CObjectLinks::Add(AObjectLink* link)
         return;
     }
     mLinks->insert(link);
+    mRound.reset();
     if (link->mLinks != nullptr) {
         link->mLinks->Remove(link);
     }
@@ -53,19 +55,25 @@ void CObjectLinks::Remove(AObjectLink* link)
 {
     if (CheckLink(link, RemovesNoLink) && mLinks->erase(link) != 0) {
         link->mLinks = nullptr;
+        mRound.reset();
     }
 }
 
 /// Calls for each link that is there now and still is when its turn comes.
 template <class Call>
-void CObjectLinks::ForEach(Call call) const
+void CObjectLinks::ForEach(Call call)
 {
     if (!mEnabled) {
         return;
     }
+    if (mRound == nullptr) {
+        TRound links(mLinks->begin(), mLinks->end());
+        std::ranges::sort(links);
+        mRound = std::make_shared<const TRound>(std::move(links));
+    }
     const std::shared_ptr<const TLinks> links = mLinks;
-    const std::vector<AObjectLink*> round(links->begin(), links->end());
-    for (AObjectLink* const link : round) {
+    const std::shared_ptr<const TRound> round = mRound;
+    for (AObjectLink* const link : *round) {
         if (links->contains(link)) {
             call(*link);
         }

@@ -4,7 +4,8 @@
 #include "platform/runtime/typinfo/System_Closure.h"
 
 #include <memory>
-#include <set>
+#include <unordered_set>
+#include <vector>
 
 namespace BTL
 {
@@ -57,13 +58,16 @@ protected:
     void setEnabled(bool enabled) noexcept { mEnabled = enabled; }
 
 private:
-    using TLinks = std::set<AObjectLink*>;
+    using TLinks = std::unordered_set<AObjectLink*>;
+    using TRound = std::vector<AObjectLink*>;
 
     template <class Call>
-    void ForEach(Call call) const;
+    void ForEach(Call call);
 
     /// Shared with a round under way, which may outlive the list.
     std::shared_ptr<TLinks> mLinks;
+    /// The links in their order; null since a link came or went.
+    std::shared_ptr<const TRound> mRound;
     bool mEnabled = true;
 };
 

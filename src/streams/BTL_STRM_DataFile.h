@@ -63,6 +63,14 @@ protected:
     }
     ~GDataFile() override = default;
 
+    /// How many line feeds stand in front of a position, from the last time somebody asked.
+    struct TLineCount
+    {
+        System::Int64 position = 0;
+        System::Int64 lines = 0;
+    };
+    TLineCount mLineCount;
+
 private:
     System::UnicodeString mFileName;
 };

@@ -2,6 +2,10 @@
 #include "streams/BTL_STRM_FileInStream.h"
 
 #include "streams/internal/BTL_STRM_DataFileSource.h"
+#include "streams/internal/BTL_STRM_Scan.h"
+
+#include <algorithm>
+#include <climits>
 
 namespace BTL
 {
@@ -35,7 +39,17 @@ CFileInStreamEx::~CFileInStreamEx() = default;
 
 int CFileInStreamEx::getCurrLine()
 {
-    return CountLines(getStream(), getPosition());
+    const Int64 position = getPosition();
+    Classes::TStream* const stream = getStream();
+    if (mLineCount.position == 0 || position < mLineCount.position) {
+        mLineCount = {0, CountLines(stream, position)};
+    } else {
+        // Seen from the position, what was read just now is still in memory.
+        stream->Seek(mLineCount.position - position, Classes::soCurrent);
+        mLineCount.lines += Detail::CountLineFeeds(*stream, position - mLineCount.position);
+    }
+    mLineCount.position = getPosition();
+    return static_cast<int>(std::min(mLineCount.lines, Int64{INT_MAX}));
 }
 
 Int64 CFileInStreamEx::getPosition() const

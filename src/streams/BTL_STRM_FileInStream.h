@@ -32,7 +32,8 @@ public:
     explicit CFileInStreamEx(const System::UnicodeString& path);
     ~CFileInStreamEx() override;
 
-    /// The count of line feeds in front of the position.
+    /// The count of line feeds in front of the position. Counts on from where it was asked for last: what a
+    /// writer changes in front of that doesn't show until the position has been before it.
     int getCurrLine();
     System::Int64 getPosition() const;
     System::Int64 getSize() const;

@@ -261,10 +261,24 @@ int CStdFileInStreamEx::getCurrLine()
 {
     clear();
     const std::streampos position = tellg();
-    const int lines = CountLines(*this, static_cast<int>(std::clamp<std::streamoff>(position, 0, INT_MAX)));
+    const auto goal = std::clamp<std::streamoff>(position, 0, INT_MAX);
+    if (goal < mLineCount.position) {
+        mLineCount = {};
+    }
+    seekg(mLineCount.position);
+    std::array<char, 4096> block;
+    while (mLineCount.position < goal) {
+        const auto size = static_cast<std::streamsize>(block.size());
+        read(block.data(), std::min<std::streamsize>(goal - mLineCount.position, size));
+        if (gcount() <= 0) {
+            break;
+        }
+        mLineCount.lines += std::count(block.begin(), block.begin() + gcount(), '\n');
+        mLineCount.position += gcount();
+    }
     clear();
     seekg(position);
-    return lines;
+    return static_cast<int>(mLineCount.lines);
 }
 
 Int64 CStdFileInStreamEx::getPosition()

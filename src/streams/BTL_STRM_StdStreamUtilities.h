@@ -66,7 +66,8 @@ public:
     explicit CStdFileInStreamEx(const System::UnicodeString& path);
     ~CStdFileInStreamEx() override;
 
-    /// The count of line feeds in front of the position, which stays.
+    /// The count of line feeds in front of the position, which stays. Counts on from where it was asked for
+    /// last: what a writer changes in front of that doesn't show until the position has been before it.
     int getCurrLine();
     System::Int64 getPosition();
     System::Int64 getSize();

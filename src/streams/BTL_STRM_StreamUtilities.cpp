@@ -250,18 +250,8 @@ int CountLines(TStream* stream, Int64 limit)
     CCheckedStream checked(stream, NullStreamIn::CountLines);
     Detail::NeedPosition(*checked);
     checked->setPosition(0);
-    Int64 left = limit < 0 ? INT_MAX : limit;
-    Int64 count = 0;
-    std::array<char, 4096> block;
-    while (left > 0) {
-        const Int64 read = checked->Read(block.data(), std::min(left, static_cast<Int64>(block.size())));
-        if (read <= 0) {
-            break;
-        }
-        count += std::count(block.begin(), block.begin() + read, '\n');
-        left -= read;
-    }
-    return static_cast<int>(std::min(count, Int64{INT_MAX}));
+    const Int64 lines = Detail::CountLineFeeds(*checked, limit < 0 ? INT_MAX : limit);
+    return static_cast<int>(std::min(lines, Int64{INT_MAX}));
 }
 
 AnsiString GetCurrStrLine(TStream* stream)

@@ -11,7 +11,9 @@
 
 #include <climits>
 #include <limits>
+#include <random>
 #include <sstream>
+#include <string>
 #include <utility>
 
 namespace
@@ -231,6 +233,70 @@ TEST(SimpleStringTest, ReadsFloatsWithoutTheLayerAbove)
     EXPECT_EQ(CSimpleString("1.5x").ToDoubleDef(3), 3);
     EXPECT_EQ(CSimpleString().ToDoubleDef(3), 3);
     UTL::Links().Narrow.ToDouble = former;
+}
+
+TEST(SimpleStringTest, GrowsByPieces)
+{
+    std::mt19937 random(1);
+    for (int round = 0; round < 30; ++round) {
+        CSimpleString text;
+        std::string model;
+        for (int step = 0; step < 300; ++step) {
+            const std::string piece(random() % 40, static_cast<char>('a' + random() % 26));
+            const auto place = model.empty() ? 0 : static_cast<int>(random() % model.size());
+            switch (random() % 40) {
+            case 0:
+                text += text.c_str() + place;
+                model += model.substr(static_cast<std::size_t>(place));
+                break;
+            case 1:
+                if (!model.empty()) {
+                    text[place] = '-';
+                    model[static_cast<std::size_t>(place)] = '-';
+                }
+                break;
+            case 2:
+                if (!model.empty()) {
+                    text[place] = 0;
+                    model.resize(static_cast<std::size_t>(place));
+                }
+                break;
+            case 3:
+                text = CSimpleString(text);
+                break;
+            case 4:
+                text = text.c_str() + place;
+                model.erase(0, static_cast<std::size_t>(place));
+                break;
+            case 5:
+                text = CSimpleString(std::move(text));
+                break;
+            case 6:
+                text += static_cast<const char*>(nullptr);
+                break;
+            default:
+                text += piece.c_str();
+                model += piece;
+            }
+            ASSERT_EQ(text.length(), static_cast<int>(model.size()));
+            ASSERT_EQ(text.c_str(), model);
+        }
+        const CSimpleString copy = text;
+        text.clear();
+        EXPECT_TRUE(IsNull(text));
+        EXPECT_EQ(copy.c_str(), model);
+    }
+}
+
+TEST(SimpleStringTest, ManyPiecesMakeALongText)
+{
+    constexpr int count = 2'000'000;
+    CSimpleString text;
+    for (int i = 0; i < count; ++i) {
+        text += "0123456789";
+    }
+    EXPECT_EQ(text.length(), 10 * count);
+    EXPECT_EQ(text[10 * count - 1], '9');
 }
 
 } // namespace

@@ -7,8 +7,12 @@
 #include <functional>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <optional>
+#include <random>
+#include <set>
+#include <vector>
 
 using BTL::AObjectLink;
 using BTL::CObjectLinks;
@@ -153,6 +157,36 @@ TEST(ObjectLinksTest, NullIsAFault)
     links.Add(nullptr);
     links.Remove(nullptr);
     links.Notify(nullptr);
+}
+
+TEST(ObjectLinksTest, TellsInTheOrderOfAddresses)
+{
+    constexpr int count = 50;
+    CObjectLinks links;
+    std::vector<AObjectLink> all(count);
+    std::vector<int> told;
+    const auto tell = [&] {
+        told.clear();
+        links.Changed(nullptr);
+        return told;
+    };
+    std::set<int> expected;
+    for (int i = 0; i < count; ++i) {
+        all[static_cast<std::size_t>(i)].setOnChanged([&told, i](void*) { told.push_back(i); });
+    }
+    std::mt19937 random(1);
+    for (int step = 0; step < 500; ++step) {
+        const int i = static_cast<int>(random() % count);
+        if (expected.erase(i) != 0) {
+            links.Remove(&all[static_cast<std::size_t>(i)]);
+        } else {
+            links.Add(&all[static_cast<std::size_t>(i)]);
+            expected.insert(i);
+        }
+        const auto order = tell();
+        ASSERT_TRUE(std::ranges::equal(order, expected)) << step;
+        ASSERT_EQ(tell(), order);
+    }
 }
 
 } // namespace

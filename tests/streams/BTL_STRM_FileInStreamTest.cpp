@@ -8,6 +8,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <concepts>
+#include <random>
+#include <string>
+#include <string_view>
+
 using System::UnicodeString;
 
 namespace
@@ -250,6 +256,68 @@ TEST_F(FileStateTest, PiecesAreReadToTheLast)
     EXPECT_EQ(file.get(), 'c');
     EXPECT_TRUE(BTL::Eof(file.getStream())) << "looks ahead";
     EXPECT_FALSE(file.eof()) << "no operation wanted more";
+}
+
+template <class File>
+class CurrLineTest : public testing::Test
+{
+};
+
+using DataFiles = testing::Types<BTL::CFileInStreamEx, BTL::CStdFileInStreamEx>;
+TYPED_TEST_SUITE(CurrLineTest, DataFiles);
+
+TYPED_TEST(CurrLineTest, IsThatOfThePositionHoweverItMoves)
+{
+    const Support::TempFolder folder;
+    const UnicodeString path = System::FromUtf8((folder.Path() / "file").string());
+    std::mt19937 random(1);
+    std::string text;
+    for (int i = 0; i < 20'000; ++i) {
+        text += random() % 8 == 0 ? '\n' : 'x';
+    }
+    BTL::SaveStringToFile(path, System::AnsiString(std::string_view(text)));
+    TypeParam file(path);
+    for (int step = 0; step < 500; ++step) {
+        switch (random() % 4) {
+        case 0:
+            file.SkipBytes(static_cast<int>(random() % 6'000));
+            break;
+        case 1:
+            file.ReadBytes(5);
+            break;
+        case 2:
+            if constexpr (std::same_as<TypeParam, BTL::CFileInStreamEx>) {
+                file.getStream()->setPosition(static_cast<System::Int64>(random() % 20'000));
+            } else {
+                file.clear();
+                file.seekg(static_cast<std::streamoff>(random() % 20'000));
+            }
+            break;
+        default:
+            file.SkipLine();
+        }
+        const System::Int64 position = file.getPosition();
+        const auto inside = std::min(position, static_cast<System::Int64>(text.size()));
+        ASSERT_EQ(file.getCurrLine(), std::count(text.begin(), text.begin() + inside, '\n')) << position;
+        ASSERT_EQ(std::min(file.getPosition(), file.getSize()), inside);
+    }
+}
+
+TYPED_TEST(CurrLineTest, IsAskedForBehindEachLine)
+{
+    const Support::TempFolder folder;
+    const UnicodeString path = System::FromUtf8((folder.Path() / "file").string());
+    constexpr int count = 30'000;
+    std::string text;
+    for (int i = 0; i < count; ++i) {
+        text += "12;13;14;15;16;17;18;19\n";
+    }
+    BTL::SaveStringToFile(path, System::AnsiString(std::string_view(text)));
+    TypeParam file(path);
+    for (int i = 1; i <= count; ++i) {
+        file.SkipLine();
+        ASSERT_EQ(file.getCurrLine(), i);
+    }
 }
 
 } // namespace

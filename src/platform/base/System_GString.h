@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/base/System_SharedText.h"
+#include "platform/base/System_TextSearch.h"
 
 #include <climits>
 #include <compare>
@@ -304,7 +305,10 @@ private:
         return AsSelf();
     }
 
-    int Find(View text) const { return text.empty() ? 0 : static_cast<int>(AsView().find(text) + 1); }
+    int Find(View text) const
+    {
+        return text.empty() ? 0 : static_cast<int>(Detail::FindText(AsView(), text) + 1);
+    }
 
     static Self Joined(View a, View b)
     {

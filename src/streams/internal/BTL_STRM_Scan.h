@@ -4,6 +4,7 @@
 #include "platform/runtime/classes/internal/Classes_StreamWindow.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -216,6 +217,23 @@ S ReadUpTo(Classes::TStream& stream, System::Int64 count)
     }
     text.SetLength(static_cast<int>(done));
     return text;
+}
+
+/// The line feeds among the next `count` bytes, or as many as there are, which are read.
+inline System::Int64 CountLineFeeds(Classes::TStream& stream, System::Int64 count)
+{
+    System::Int64 lines = 0;
+    std::array<char, 4096> block;
+    while (count > 0) {
+        const auto size = static_cast<System::Int64>(block.size());
+        const System::Int64 read = stream.Read(block.data(), std::min(count, size));
+        if (read <= 0) {
+            break;
+        }
+        lines += std::count(block.begin(), block.begin() + read, '\n');
+        count -= read;
+    }
+    return lines;
 }
 
 /// Looks for a pattern in bytes that come piece by piece, each of them looked at once.

@@ -7,6 +7,7 @@
 #include "text/editing/internal/BTL_STR_Fold.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace BTL
 {
@@ -123,14 +124,46 @@ private:
     bool mOpen = false;
 };
 
-bool Accept(std::u16string_view& rest, const UnicodeString& text)
+/// Tells of one place after the other whether a pattern stands there, in time with the length of the text.
+class COccurrences
 {
-    if (text.IsEmpty() || !rest.starts_with(text.AsView())) {
-        return false;
+public:
+    COccurrences(std::u16string_view text, std::u16string_view pattern)
+        : mText(text), mPattern(pattern), mBorders(pattern.size())
+    {
+        for (std::size_t i = 1; i < pattern.size(); ++i) {
+            mBorders[i] = Step(mBorders[i - 1], pattern[i]);
+        }
     }
-    rest.remove_prefix(static_cast<std::size_t>(text.Length()));
-    return true;
-}
+
+    /// `at` is never less than in the call before. An empty pattern is nowhere.
+    bool IsAt(std::size_t at)
+    {
+        const std::size_t end = std::min(at + mPattern.size(), mText.size());
+        for (; mRead < end && !mPattern.empty(); ++mRead) {
+            mMatched = Step(mMatched, mText[mRead]);
+        }
+        return !mPattern.empty() && mMatched == mPattern.size() && mRead == at + mPattern.size();
+    }
+    std::size_t Length() const { return mPattern.size(); }
+
+private:
+    /// How much of the pattern matches with one more character behind `matched` of it.
+    std::size_t Step(std::size_t matched, WideChar c) const
+    {
+        while (matched > 0 && (matched == mPattern.size() || mPattern[matched] != c)) {
+            matched = mBorders[matched - 1];
+        }
+        return mPattern[matched] == c ? matched + 1 : 0;
+    }
+
+    std::u16string_view mText;
+    std::u16string_view mPattern;
+    /// For each beginning of the pattern, the length of the longest shorter one that also ends it.
+    std::vector<std::size_t> mBorders;
+    std::size_t mRead = 0;
+    std::size_t mMatched = 0;
+};
 
 } // namespace
 
@@ -226,14 +259,16 @@ UnicodeString ExchangeAll(const UnicodeString& s, const UnicodeString& oldText, 
 {
     UnicodeString result;
     CQuoteState state(quotes);
-    for (std::u16string_view rest = s.AsView(); !rest.empty();) {
-        const bool quoted = state.Take(rest.front());
-        if (!quoted && Accept(rest, oldText)) {
+    const std::u16string_view text = s.AsView();
+    COccurrences olds(text, oldText.AsView());
+    for (std::size_t at = 0; at < text.size();) {
+        const bool quoted = state.Take(text[at]);
+        if (!quoted && olds.IsAt(at)) {
             result += newText;
-            continue;
+            at += olds.Length();
+        } else {
+            result += text[at++];
         }
-        result += rest.front();
-        rest.remove_prefix(1);
     }
     return result;
 }
@@ -254,20 +289,23 @@ UnicodeString DelDelimitedSubStrings(const UnicodeString& s, const UnicodeString
     UnicodeString result;
     CQuoteState state(quotes);
     std::size_t depth = 0;
-    for (std::u16string_view rest = s.AsView(); !rest.empty();) {
-        const bool quoted = state.Take(rest.front());
-        if (!quoted && Accept(rest, open)) {
+    const std::u16string_view text = s.AsView();
+    COccurrences opens(text, open.AsView());
+    COccurrences closes(text, close.AsView());
+    for (std::size_t at = 0; at < text.size();) {
+        const bool quoted = state.Take(text[at]);
+        if (!quoted && opens.IsAt(at)) {
             ++depth;
-            continue;
-        }
-        if (!quoted && depth > 0 && Accept(rest, close)) {
+            at += opens.Length();
+        } else if (!quoted && depth > 0 && closes.IsAt(at)) {
             --depth;
-            continue;
+            at += closes.Length();
+        } else {
+            if (depth == 0) {
+                result += text[at];
+            }
+            ++at;
         }
-        if (depth == 0) {
-            result += rest.front();
-        }
-        rest.remove_prefix(1);
     }
     return result;
 }

@@ -2,6 +2,7 @@
 #include "text/editing/BTL_STR_Search.h"
 
 #include "foundation/UTL_STR_Words.h"
+#include "platform/base/internal/System_LinearSearch.h"
 #include "text/editing/internal/BTL_STR_Fold.h"
 
 #include <algorithm>
@@ -32,7 +33,7 @@ int FindFrom(const S& s, const S& sub, int from)
     if (sub.IsEmpty() || start >= s.Length()) {
         return 0;
     }
-    return Place(s.AsView().find(sub.AsView(), static_cast<std::size_t>(start)));
+    return Place(System::Detail::FindText(s.AsView(), sub.AsView(), static_cast<std::size_t>(start)));
 }
 
 template <class S>
@@ -63,7 +64,41 @@ int FindLast(const S& s, typename S::CharType c, int from)
 template <class S>
 int FindLast(const S& s, const S& sub, int end)
 {
-    return sub.IsEmpty() ? 0 : Place(s.AsView().substr(0, EndOf(s, end)).rfind(sub.AsView()));
+    return sub.IsEmpty()
+               ? 0
+               : Place(System::Detail::FindLastText(s.AsView().substr(0, EndOf(s, end)), sub.AsView()));
+}
+
+/// The place of the first `sub` without regard to case.
+template <class S>
+int FindIgnoringCase(const S& s, const S& sub)
+{
+    if (sub.IsEmpty()) {
+        return 0;
+    }
+    const auto text = s.AsView();
+    const S folded = Detail::UpperByCharacter(sub);
+    const auto pattern = folded.AsView();
+    const std::size_t at =
+        System::Detail::FindLinear([text](std::size_t i) { return CharUpperW(text[i]); }, text.size(),
+                                   [pattern](std::size_t i) { return pattern[i]; }, pattern.size());
+    return at == text.size() ? 0 : Place(at);
+}
+
+/// As `FindLast`, but without regard to case.
+template <class S>
+int FindLastIgnoringCase(const S& s, const S& sub, int end)
+{
+    if (sub.IsEmpty()) {
+        return 0;
+    }
+    const auto text = s.AsView().substr(0, EndOf(s, end));
+    const S folded = Detail::UpperByCharacter(sub);
+    const auto pattern = folded.AsView();
+    const std::size_t behind = System::Detail::FindLinear(
+        [text](std::size_t i) { return CharUpperW(text[text.size() - 1 - i]); }, text.size(),
+        [pattern](std::size_t i) { return pattern[pattern.size() - 1 - i]; }, pattern.size());
+    return behind == text.size() ? 0 : Place(text.size() - behind - pattern.size());
 }
 
 template <class Char>
@@ -94,11 +129,6 @@ std::array<char, 256> MakeUpperTable()
         table[code] = upper == AnsiString("?") ? c : upper[1];
     }
     return table;
-}
-
-bool IsEnd(int place, const UnicodeString& s, const UnicodeString& sub)
-{
-    return place != 0 && place == s.Length() - sub.Length() + 1;
 }
 
 } // namespace
@@ -174,12 +204,12 @@ int Pos_N2(const AnsiString& s, char c)
 
 int PosIC(const UnicodeString& s, const UnicodeString& sub)
 {
-    return Detail::UpperByCharacter(s).Pos(Detail::UpperByCharacter(sub));
+    return FindIgnoringCase(s, sub);
 }
 
 int PosIC(const AnsiString& s, const AnsiString& sub)
 {
-    return Detail::UpperByCharacter(s).Pos(Detail::UpperByCharacter(sub));
+    return FindIgnoringCase(s, sub);
 }
 
 int CharRPos(const UnicodeString& s, WideChar c, int from)
@@ -204,12 +234,12 @@ int RPos(const AnsiString& s, const AnsiString& sub, int end)
 
 int RIPos(const UnicodeString& s, const UnicodeString& sub, int end)
 {
-    return FindLast(Detail::UpperByCharacter(s), Detail::UpperByCharacter(sub), end);
+    return FindLastIgnoringCase(s, sub, end);
 }
 
 int RIPos(const AnsiString& s, const AnsiString& sub, int end)
 {
-    return FindLast(Detail::UpperByCharacter(s), Detail::UpperByCharacter(sub), end);
+    return FindLastIgnoringCase(s, sub, end);
 }
 
 bool BeginsWith(const UnicodeString& s, const UnicodeString& sub, int at)
@@ -222,12 +252,15 @@ bool BeginsWith(const UnicodeString& s, const UnicodeString& sub, int at)
 
 bool EndsWith(const UnicodeString& s, const UnicodeString& sub)
 {
-    return IsEnd(RPos(s, sub, -1), s, sub);
+    return !sub.IsEmpty() && s.AsView().ends_with(sub.AsView());
 }
 
 bool IEndsWith(const UnicodeString& s, const UnicodeString& sub)
 {
-    return IsEnd(RIPos(s, sub, -1), s, sub);
+    const auto upper = [](WideChar c) { return CharUpperW(c); };
+    const auto end = sub.AsView();
+    return !end.empty() && end.size() <= s.size() &&
+           std::ranges::equal(s.AsView().substr(s.size() - end.size()), end, {}, upper, upper);
 }
 
 int CountChar(const WideChar* text, WideChar c)

@@ -186,7 +186,7 @@ private:
         if constexpr (IsCharDelim) {
             return rest.find(mDelim);
         } else {
-            return mDelim.IsEmpty() ? View::npos : rest.find(mDelim.AsView());
+            return mDelim.IsEmpty() ? View::npos : System::Detail::FindText(rest, mDelim.AsView());
         }
     }
 

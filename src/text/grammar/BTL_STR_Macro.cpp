@@ -5,6 +5,7 @@
 #include "text/editing/BTL_STR_Cut.h"
 #include "text/editing/BTL_STR_Replace.h"
 #include "text/grammar/BTL_STR_Command.h"
+#include "text/grammar/internal/BTL_STR_MacroBody.h"
 
 #include <algorithm>
 #include <optional>
@@ -53,6 +54,7 @@ public:
     CMacroExpander(const S& macro, const S& body)
         : mName(LeftSubStringUntil(macro, Char('('))),
           mParameters(ReadCommaText(DelimSubString2(macro, Char('('), Char(')'), 1))),
+          mFiller(mParameters),
           mBody(body),
           mReversedName(mName.AsView().rbegin(), mName.AsView().rend())
     {
@@ -71,7 +73,8 @@ private:
     /// Expands the first call that is left; false if there is none, or expansion is refused.
     bool ExpandNext()
     {
-        const auto name = mReversedName.empty() ? TPending::npos : mPending.rfind(mReversedName);
+        const auto name =
+            mReversedName.empty() ? TPending::npos : System::Detail::FindLastText(mPending, mReversedName);
         const auto open = Behind(name, Char('('));
         const auto close = Behind(open, Char(')'));
         if (close == TPending::npos) {
@@ -132,8 +135,11 @@ private:
     }
 
     /// The body with its values; nothing if it grows beyond `most` on the way.
-    std::optional<S> FillBody(const std::vector<S>& values, std::size_t most) const
+    std::optional<S> FillBody(const std::vector<S>& values, std::size_t most)
     {
+        if (mFiller.CanFill()) {
+            return mFiller.Fill(mBody.AsView(), values, most);
+        }
         S body = mBody;
         for (std::size_t i = 0; i < std::min(mParameters.size(), values.size()); ++i) {
             const S formal = S("%") + mParameters[i];
@@ -150,8 +156,8 @@ private:
         const auto view = text.AsView();
         const auto length = static_cast<std::size_t>(formal.Length());
         std::size_t count = 0;
-        for (auto at = view.find(formal.AsView()); at != View::npos;
-             at = view.find(formal.AsView(), at + length)) {
+        for (auto at = System::Detail::FindText(view, formal.AsView()); at != View::npos;
+             at = System::Detail::FindText(view, formal.AsView(), at + length)) {
             ++count;
         }
         return view.size() + count * static_cast<std::size_t>(value.Length());
@@ -159,6 +165,7 @@ private:
 
     S mName;
     std::vector<S> mParameters;
+    GMacroBody<S> mFiller;
     S mBody;
     TPending mReversedName;
     TPending mPending;

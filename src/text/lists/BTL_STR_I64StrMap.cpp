@@ -2,6 +2,7 @@
 #include "text/lists/BTL_STR_I64StrMap.h"
 
 #include "text/lists/BTL_STR_StringsUpdate.h"
+#include "text/lists/internal/BTL_STR_TextIndex.h"
 
 namespace BTL
 {
@@ -45,9 +46,10 @@ CI64StrMap::~CI64StrMap() = default;
 
 void CI64StrMap::Add(Int64 key, const UnicodeString& value)
 {
-    mTexts.insert_or_assign(key, value);
+    // Keys mostly come in their order.
+    mTexts.insert_or_assign(mTexts.end(), key, value);
     if (mKeys != nullptr) {
-        mKeys->insert_or_assign(value, key);
+        mKeys->Set(value, key);
     }
 }
 
@@ -66,17 +68,17 @@ UnicodeString CI64StrMap::GetString(Int64 key) const
 bool CI64StrMap::GetKey(Int64& key, const UnicodeString& value) const
 {
     if (mKeys == nullptr) {
-        auto keys = std::make_unique<TIndex>();
+        auto keys = std::make_unique<CTextIndex>();
         for (const auto& [textKey, text] : mTexts) {
-            keys->insert_or_assign(text, textKey);
+            keys->Set(text, textKey);
         }
         mKeys = std::move(keys);
     }
-    const auto found = mKeys->find(value);
-    if (found == mKeys->end()) {
+    const Int64* const found = mKeys->Find(value);
+    if (found == nullptr) {
         return false;
     }
-    key = found->second;
+    key = *found;
     return true;
 }
 

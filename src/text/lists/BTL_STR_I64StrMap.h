@@ -10,6 +10,8 @@
 namespace BTL
 {
 
+class CTextIndex;
+
 /// Texts by 64-bit key, which can also be searched by text. Lookups look constant but may build the index of
 /// texts, so that even readers need a lock of their own.
 ///
@@ -73,11 +75,9 @@ public:
     System::UnicodeString GetCommaText() const;
 
 private:
-    using TIndex = std::map<System::UnicodeString, System::Int64>;
-
     mutable std::map<System::Int64, System::UnicodeString> mTexts;
     /// Null until it is needed.
-    mutable std::unique_ptr<TIndex> mKeys;
+    mutable std::unique_ptr<CTextIndex> mKeys;
 };
 
 } // namespace BTL

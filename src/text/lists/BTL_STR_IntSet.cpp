@@ -18,6 +18,16 @@ GIntegerSet<T>::GIntegerSet(const T* values, int count)
 }
 
 template <class T>
+T GIntegerSet<T>::SkipRun(T start) const
+{
+    const TRun& run = mRun.value;
+    const bool isWithin = run.begin <= start && start <= run.end && this->size() >= run.count;
+    // With as many values as before, the one behind the run can only be there if another one went.
+    const bool isWhole = isWithin && (this->size() > run.count || !this->contains(run.end));
+    return isWhole ? run.end : start;
+}
+
+template <class T>
 T GIntegerSet<T>::NextFreeValue(T start) const
 {
     if (this->empty()) {
@@ -25,10 +35,16 @@ T GIntegerSet<T>::NextFreeValue(T start) const
     }
     const T max = *this->rbegin();
     if (start < max) {
-        T value = start;
-        for (auto taken = this->lower_bound(start); *taken == value && value != max; ++taken) {
-            ++value;
+        T value = SkipRun(start);
+        const T begin = value == start ? start : mRun.value.begin;
+        if (value < max) {
+            for (auto taken = this->lower_bound(value); *taken == value && value != max; ++taken) {
+                ++value;
+            }
         }
+        // The largest is taken as well; behind the last value of the type there is none.
+        const bool isBeforeNext = value == max && max != std::numeric_limits<T>::max();
+        mRun.value = {begin, isBeforeNext ? max + 1 : value, this->size()};
         if (value < max) {
             return value;
         }

@@ -6,6 +6,9 @@
 #include "text/lists/BTL_STR_StringsUpdate.h"
 
 #include <algorithm>
+#include <iterator>
+#include <set>
+#include <unordered_map>
 
 namespace BTL
 {
@@ -50,6 +53,36 @@ void GetColumn(const CStrStrMap& map, TStrings* strings, Column column)
 
 } // namespace
 
+/// The keys of each value, in their order.
+struct CStrStrMap::TIndex
+{
+    /// Not `noexcept`, which the standard library takes for so fast that it hashes a text anew rather than
+    /// keep what it found, and so would fetch all the texts that it passes.
+    struct THash
+    {
+        std::size_t operator()(const UnicodeString& text) const { return std::hash<UnicodeString>()(text); }
+    };
+
+    void Add(const UnicodeString& value, const UnicodeString& key)
+    {
+        count += keys[value].insert(key).second ? 1 : 0;
+    }
+    void Remove(const UnicodeString& value, const UnicodeString& key)
+    {
+        const auto found = keys.find(value);
+        if (found == keys.end()) {
+            return;
+        }
+        count -= found->second.erase(key);
+        if (found->second.empty()) {
+            keys.erase(found);
+        }
+    }
+
+    std::unordered_map<UnicodeString, std::set<UnicodeString>, THash> keys;
+    std::size_t count = 0;
+};
+
 CStrStrMap::CStrStrMap(const TStrings* keys, const TStrings* values)
 {
     AddPairs(keys, values);
@@ -68,7 +101,7 @@ bool CStrStrMap::AddPairs(const TStrings* keys, const TStrings* values)
         return false;
     }
     for (int i = 0; i < count; ++i) {
-        insert_or_assign(keys->getStrings(i), values->getStrings(i));
+        CStrStrMap::Add(keys->getStrings(i), values->getStrings(i));
     }
     return true;
 }
@@ -85,7 +118,16 @@ void CStrStrMap::SetValues(const UnicodeString& commaKeys, const UnicodeString& 
 
 void CStrStrMap::Add(const UnicodeString& key, const UnicodeString& value)
 {
-    insert_or_assign(key, value);
+    // An exception on the way loses the index.
+    const std::shared_ptr<TIndex> index = std::move(mSearches.value.index);
+    // Keys often come in their order.
+    const auto place = Base::try_emplace(Base::end(), key, value);
+    if (index != nullptr) {
+        index->Remove(place->second, key);
+        index->Add(value, key);
+    }
+    place->second = value;
+    mSearches.value.index = index;
 }
 
 UnicodeString CStrStrMap::GetValue(const UnicodeString& key) const
@@ -114,13 +156,53 @@ UnicodeString CStrStrMap::Get1stKey(const UnicodeString& value) const
 
 bool CStrStrMap::Get1stKey(const UnicodeString& value, UnicodeString& key) const
 {
-    const auto found =
-        std::find_if(begin(), end(), [&](const value_type& entry) { return entry.second == value; });
+    const auto found = FindValue(value);
     if (found == end()) {
         return false;
     }
     key = found->first;
     return true;
+}
+
+CStrStrMap::const_iterator CStrStrMap::FindValue(const UnicodeString& value) const
+{
+    // So many times as much as one search of all entries has been looked at before an index is made.
+    constexpr std::size_t patience = 8;
+    TSearches& searches = mSearches.value;
+    if (!mHasIterators && searches.index == nullptr && searches.lookedAt > patience * (size() + patience)) {
+        searches.index = MakeIndex();
+    }
+    if (searches.index != nullptr) {
+        return FindInIndex(value);
+    }
+    const auto found =
+        std::find_if(begin(), end(), [&](const value_type& entry) { return entry.second == value; });
+    searches.lookedAt += static_cast<std::size_t>(std::distance(begin(), found));
+    return found;
+}
+
+std::unique_ptr<CStrStrMap::TIndex> CStrStrMap::MakeIndex() const
+{
+    auto index = std::make_unique<TIndex>();
+    for (const auto& [key, value] : *this) {
+        index->Add(value, key);
+    }
+    return index;
+}
+
+CStrStrMap::const_iterator CStrStrMap::FindInIndex(const UnicodeString& value) const
+{
+    const TIndex& index = *mSearches.value.index;
+    const auto keys = index.keys.find(value);
+    const auto found = keys == index.keys.end() ? end() : find(*keys->second.begin());
+    const bool isTrue =
+        index.count == size() && (found == end() ? keys == index.keys.end() : found->second == value);
+    if (isTrue) {
+        return found;
+    }
+    // Somebody went by way of the base class.
+    mSearches.Forget();
+    return FindValue(value);
 }
 
 void CStrStrMap::GetValues(TStrings* strings) const

@@ -7,6 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+#include <string>
+
 namespace
 {
 
@@ -66,6 +69,49 @@ TEST(ReplaceLiteralTest, TakesNarrowCharacters)
     const System::UnicodeString text = u"a\u20ACb";
     EXPECT_EQ(BTL::DeleteChars(text, '\x80'), u"ab");
     EXPECT_EQ(BTL::CharReplace(text, '\x80', '/'), u"a/b");
+}
+
+TEST(ReplaceWideTest, ReplacesOutsideQuotesAtEachPlace)
+{
+    std::mt19937 random(1);
+    const auto make = [&](std::size_t longest) {
+        std::u16string text(random() % longest, u' ');
+        for (char16_t& c : text) {
+            c = u"aab'"[random() % 4];
+        }
+        return text;
+    };
+    for (int round = 0; round < 5'000; ++round) {
+        const std::u16string text = make(40);
+        const std::u16string old = make(5);
+        std::u16string expected;
+        for (std::size_t at = 0, quotes = 0; at < text.size();) {
+            const bool isQuoted = quotes % 2 != 0 || text[at] == u'\'';
+            if (!isQuoted && !old.empty() && text.compare(at, old.size(), old) == 0) {
+                expected += u"<>";
+                at += old.size();
+                continue;
+            }
+            quotes += text[at] == u'\'' ? 1 : 0;
+            expected += text[at++];
+        }
+        EXPECT_EQ(BTL::ExchangeAll(UnicodeString(text), UnicodeString(old), u"<>", u"'"),
+                  UnicodeString(expected))
+            << UnicodeString(old) << " in " << UnicodeString(text);
+    }
+}
+
+// Minutes in time with the product of both lengths.
+TEST(ReplaceWideTest, TakesTextsThatRepeatThemselves)
+{
+    constexpr int size = 200'000;
+    const UnicodeString text = UnicodeString::StringOfChar(u'a', size);
+    const UnicodeString half = UnicodeString::StringOfChar(u'a', size / 4);
+    const UnicodeString nearly = half + u"b" + half;
+    EXPECT_EQ(BTL::ExchangeAll(text, nearly, u"x"), text);
+    EXPECT_EQ(BTL::ExchangeAll(text, nearly, u"x", u"'"), text);
+    EXPECT_EQ(BTL::ExchangeAll(text + nearly, nearly, u"x", u"'"), text + u"x");
+    EXPECT_EQ(BTL::DelDelimitedSubStrings(text, nearly, nearly + u"c", u"'"), text);
 }
 
 } // namespace

@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <random>
+#include <string>
 
 namespace
 {
@@ -72,6 +74,54 @@ TEST(SearchLiteralTest, TakesTextsAndNarrowCharacters)
     EXPECT_EQ(BTL::Pos_N2(text, '\x80'), 2);
     EXPECT_EQ(BTL::CharRPos(text, '\x80', -1), 4);
     EXPECT_EQ(BTL::Pos(System::AnsiString("ab"), "b"), 2);
+}
+
+TYPED_TEST(SearchTest, FindsWithoutRegardToCaseWhatUpperCaseHas)
+{
+    const auto T = TestFixture::T;
+    std::mt19937 random(1);
+    const auto make = [&](std::size_t longest) {
+        const std::string letters = "aAbB\xE4\xC4";
+        std::string text(random() % longest, ' ');
+        for (char& c : text) {
+            c = letters[random() % letters.size()];
+        }
+        return T(text);
+    };
+    const auto upper = [](TypeParam text) {
+        for (int i = 1; i <= text.Length(); ++i) {
+            text[i] = BTL::CharUpperW(text[i]);
+        }
+        return text;
+    };
+    for (int round = 0; round < 2'000; ++round) {
+        const TypeParam text = make(60);
+        const TypeParam part = make(5);
+        const int end = static_cast<int>(random() % 60);
+        EXPECT_EQ(BTL::PosIC(text, part), upper(text).Pos(upper(part)));
+        EXPECT_EQ(BTL::RIPos(text, part, end), BTL::RPos(upper(text), upper(part), end));
+        const System::UnicodeString whole = text;
+        EXPECT_EQ(BTL::IEndsWith(whole, part), BTL::EndsWith(upper(text), upper(part)));
+    }
+}
+
+// Minutes in time with the product of both lengths.
+TYPED_TEST(SearchTest, TakesTextsThatRepeatThemselves)
+{
+    const auto C = TestFixture::C;
+    constexpr int size = 200'000;
+    const TypeParam text = TypeParam::StringOfChar(C('a'), size);
+    const TypeParam half = TypeParam::StringOfChar(C('A'), size / 4);
+    const TypeParam nearly = half + C('b') + half;
+    EXPECT_EQ(BTL::PosIC(text, nearly), 0);
+    EXPECT_EQ(BTL::RIPos(text, nearly, -1), 0);
+    EXPECT_EQ(BTL::PosIC(text + nearly + text, nearly), size + 1);
+    EXPECT_EQ(BTL::RIPos(text + nearly + text, nearly, -1), size + 1);
+    const TypeParam near =
+        TypeParam::StringOfChar(C('a'), size / 4) + C('b') + TypeParam::StringOfChar(C('a'), size / 4);
+    EXPECT_EQ(BTL::Pos(text, near), 0);
+    EXPECT_EQ(text.Pos(near), 0);
+    EXPECT_EQ(BTL::RPos(text, near, -1), 0);
 }
 
 } // namespace

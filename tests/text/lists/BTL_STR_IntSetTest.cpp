@@ -8,6 +8,9 @@
 #include <fstream>
 #include <iterator>
 #include <limits>
+#include <random>
+#include <set>
+#include <utility>
 
 #include <gmock/gmock.h>
 
@@ -73,6 +76,99 @@ TEST(IntSetTest, IsMadeOfValues)
     EXPECT_EQ(set, CIntSet(values));
     EXPECT_THAT(set, testing::ElementsAre(1, 3));
     EXPECT_EQ(CInt64Set{7}.NextFreeValue(7), 8);
+}
+
+/// What the rule says word by word.
+int ExpectedFreeValue(const std::set<int>& values, int start)
+{
+    if (values.empty()) {
+        return start;
+    }
+    const int max = *values.rbegin();
+    for (int value = start; value < max; ++value) {
+        if (!values.contains(value)) {
+            return value;
+        }
+    }
+    return max + 1;
+}
+
+TEST(IntSetTest, FindsTheNextFreeValueAfterAnyChange)
+{
+    std::mt19937 random(1);
+    for (int round = 0; round < 200; ++round) {
+        CIntSet set;
+        std::set<int> model;
+        const auto ask = [&](int start) {
+            const int value = set.NextFreeValue(start);
+            ASSERT_EQ(value, ExpectedFreeValue(model, start))
+                << testing::PrintToString(model) << " from " << start;
+        };
+        for (int step = 0; step < 100; ++step) {
+            const int value = static_cast<int>(random() % 20);
+            switch (random() % 16) {
+            case 0:
+                set.erase(value);
+                model.erase(value);
+                break;
+            case 1:
+                if (!model.empty()) {
+                    set.erase(set.begin());
+                    model.erase(model.begin());
+                }
+                break;
+            case 2:
+                set.extract(value);
+                model.extract(value);
+                break;
+            case 3: {
+                CIntSet other = {value, value + 1};
+                set.swap(other);
+                other.NextFreeValue(0);
+                set.merge(other);
+                model.insert({value, value + 1});
+                EXPECT_EQ(other.NextFreeValue(value), ExpectedFreeValue(other, value));
+                break;
+            }
+            case 4:
+                std::erase_if(set, [value](int other) { return other == value; });
+                model.erase(value);
+                break;
+            case 5: {
+                CIntSet moved = std::move(set);
+                EXPECT_EQ(moved.NextFreeValue(0), ExpectedFreeValue(model, 0));
+                set = CIntSet{value};
+                set.NextFreeValue(0);
+                set = moved;
+                break;
+            }
+            case 6:
+                if (step % 8 == 0) {
+                    set.clear();
+                    model.clear();
+                }
+                break;
+            default:
+                set.insert(value);
+                model.insert(value);
+            }
+            ask(0);
+            if (random() % 4 == 0) {
+                ask(value);
+            }
+        }
+    }
+}
+
+TEST(IntSetTest, TakesOneFreeValueAfterTheOther)
+{
+    constexpr int count = 100'000;
+    CIntSet set = {5, count + 1'000};
+    for (int i = 0; i < count; ++i) {
+        set.insert(set.NextFreeValue(1));
+    }
+    EXPECT_EQ(set.NextFreeValue(1), count + 2);
+    EXPECT_EQ(set.size(), static_cast<std::size_t>(count + 2));
 }
 
 } // namespace

@@ -6,6 +6,11 @@
 #include "support/ScriptedBoxes.h"
 #include "text/lists/BTL_STR_StringList.h"
 
+#include <algorithm>
+#include <map>
+#include <random>
+#include <utility>
+
 #include <gmock/gmock.h>
 
 namespace
@@ -91,6 +96,114 @@ TEST(StrStrMapTest, IsMadeOfEntries)
     const CStrStrMapEx ordered = {{u"b", u"2"}, {u"a", u"1"}};
     EXPECT_THAT(ordered.getKeysInOrder(), ElementsAre(u"b", u"a"));
     EXPECT_EQ(ordered.GetValue(u"a"), u"1");
+}
+
+TEST(StrStrMapTest, FindsTheFirstKeyAfterAnyChange)
+{
+    using Model = std::map<UnicodeString, UnicodeString>;
+    const auto firstKey = [](const Model& model, const UnicodeString& value) {
+        const auto found = std::ranges::find(model, value, &Model::value_type::second);
+        return found == model.end() ? UnicodeString(u"none") : found->first;
+    };
+    std::mt19937 random(1);
+    for (int round = 0; round < 100; ++round) {
+        CStrStrMap map;
+        Model model;
+        for (int step = 0; step < 300; ++step) {
+            const UnicodeString key(static_cast<int>(random() % 10));
+            const UnicodeString value(static_cast<int>(random() % 5));
+            // Seldom, so that the index mostly lives.
+            switch (random() % 100) {
+            case 0:
+                map[key] = value, model[key] = value;
+                break;
+            case 1:
+                for (auto& entry : map) {
+                    entry.second += value;
+                }
+                for (auto& entry : model) {
+                    entry.second += value;
+                }
+                break;
+            case 2:
+                map.erase(key), model.erase(key);
+                break;
+            case 3:
+                map.insert({key, value}), model.insert({key, value});
+                break;
+            case 4:
+                map.insert_or_assign(key, value), model.insert_or_assign(key, value);
+                break;
+            case 5:
+                if (const auto found = map.find(key); found != map.end()) {
+                    found->second = value;
+                    model.at(key) = value;
+                }
+                break;
+            case 6: {
+                CStrStrMap other = map;
+                const UnicodeString text = u"other " + UnicodeString(step);
+                other.Add(u"0", text);
+                EXPECT_EQ(map.Get1stKey(text), u"");
+                other.swap(map);
+                model[u"0"] = text;
+                break;
+            }
+            case 7:
+                std::erase_if(map, [&](const auto& entry) { return entry.first == key; }), model.erase(key);
+                break;
+            case 8: {
+                CStrStrMap moved = std::move(map);
+                map = std::move(moved);
+                break;
+            }
+            case 10:
+                map.clear(), model.clear();
+                break;
+            case 9:
+                map.SetValues(u"a," + key, u"A," + value), model[u"a"] = u"A", model[key] = value;
+                break;
+            default:
+                if (random() % 8 == 0) {
+                    map.Add(key, value);
+                    model[key] = value;
+                }
+            }
+            UnicodeString found = u"none";
+            ASSERT_EQ(map.Get1stKey(value, found), firstKey(model, value) != u"none");
+            ASSERT_EQ(found, firstKey(model, value));
+            ASSERT_EQ(map, model);
+        }
+    }
+}
+
+TEST(StrStrMapTest, SeesWhatALoopWritesWhileItSearches)
+{
+    CStrStrMap map;
+    for (int i = 0; i < 100; ++i) {
+        map.Add(UnicodeString(i), u"old");
+    }
+    for (int i = 0; i < 1000; ++i) {
+        ASSERT_EQ(map.Get1stKey(u"new"), u"");
+    }
+    const UnicodeString first = map.cbegin()->first;
+    for (auto& [key, value] : map) {
+        ASSERT_EQ(map.Get1stKey(u"old"), key);
+        value = u"new";
+        ASSERT_EQ(map.Get1stKey(u"new"), first);
+    }
+}
+
+TEST(StrStrMapTest, FindsManyKeysOneAfterTheOther)
+{
+    constexpr int count = 30'000;
+    CStrStrMap map;
+    for (int i = 0; i < count; ++i) {
+        const UnicodeString value(i);
+        EXPECT_EQ(map.Get1stKey(value), u"");
+        map.Add(u"key " + value, value);
+        EXPECT_EQ(map.Get1stKey(value), u"key " + value);
+    }
 }
 
 } // namespace

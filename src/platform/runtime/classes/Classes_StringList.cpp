@@ -3,6 +3,7 @@
 
 #include "platform/base/System_StableSort.h"
 #include "platform/base/internal/System_Memory.h"
+#include "platform/runtime/classes/internal/Classes_PendingLines.h"
 #include "platform/runtime/sysutils/Sysutils_Text.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 
@@ -34,6 +35,29 @@ namespace
     throw EStringListError(u"String list does not allow duplicates");
 }
 
+/// As `std::partition_point`, but has the texts that may be compared next fetched meanwhile: in a long list
+/// each comparison would wait for them.
+template <class IsLess>
+std::size_t PartitionPoint(const Items& items, IsLess isLess)
+{
+    std::size_t place = 0;
+    for (std::size_t count = items.size(); count > 0;) {
+        const std::size_t half = count / 2;
+        const std::size_t rest = count - half - 1;
+        if (rest > 0) {
+            __builtin_prefetch(items[place + half / 2].String.c_str());
+            __builtin_prefetch(items[place + half + 1 + rest / 2].String.c_str());
+        }
+        if (isLess(items[place + half])) {
+            place += half + 1;
+            count = rest;
+        } else {
+            count = half;
+        }
+    }
+    return place;
+}
+
 } // namespace
 
 TMetaClass* TStringList::ClassRecord()
@@ -51,19 +75,30 @@ TStringList::TStringList(std::initializer_list<UnicodeString> lines) : TStringLi
 
 TStringList::~TStringList()
 {
-    Dispose(mItems);
+    for (std::size_t i = 0; mOwnsObjects && i < LineCount(); ++i) {
+        delete LineAt(i).Object;
+    }
 }
 
 TStringItem& TStringList::ItemAt(int index)
 {
-    CheckIndex(index, GetCount());
-    return mItems[static_cast<std::size_t>(index)];
+    return const_cast<TStringItem&>(std::as_const(*this).ItemAt(index));
 }
 
 const TStringItem& TStringList::ItemAt(int index) const
 {
     CheckIndex(index, GetCount());
-    return mItems[static_cast<std::size_t>(index)];
+    return LineAt(static_cast<std::size_t>(index));
+}
+
+const TStringItem& TStringList::LineAt(std::size_t index) const
+{
+    return mPending == nullptr ? mItems[index] : mPending->At(mItems, index);
+}
+
+std::size_t TStringList::LineCount() const noexcept
+{
+    return mItems.size() + (mPending == nullptr ? 0 : mPending->Count());
 }
 
 void TStringList::CheckUnsorted() const
@@ -108,14 +143,45 @@ void TStringList::InsertObject(int index, const UnicodeString& text, TObject* ob
 void TStringList::InsertItem(int index, const UnicodeString& text, TObject* object)
 {
     Changing();
-    mItems.insert(mItems.begin() + std::min(index, GetCount()), {text, object});
+    PutItem(std::min(index, GetCount()), {text, object});
     Changed();
+}
+
+void TStringList::PutItem(int index, TStringItem&& item)
+{
+    // So many lines move faster than anything else could be done.
+    constexpr int few = 256;
+    if (!mSorted || (mPending == nullptr && GetCount() - index <= few)) {
+        mItems.insert(mItems.begin() + index, std::move(item));
+        return;
+    }
+    if (mPending == nullptr) {
+        mPending = std::make_unique<CPendingLines>();
+    }
+    mPending->Insert(static_cast<std::size_t>(index), std::move(item));
+    if (mPending->AreMany(mItems.size())) {
+        Settle();
+    }
+}
+
+void TStringList::Settle()
+{
+    if (mPending != nullptr) {
+        mPending->MoveInto(mItems);
+        mPending.reset();
+    }
+}
+
+int TStringList::GetCount() const
+{
+    return static_cast<int>(LineCount());
 }
 
 void TStringList::Delete(int index)
 {
     ItemAt(index);
     Changing();
+    Settle();
     const TStringItem item = ItemAt(index);
     mItems.erase(mItems.begin() + index);
     Dispose({item});
@@ -129,6 +195,7 @@ void TStringList::DeleteRange(int index, int count)
         return;
     }
     Changing();
+    Settle();
     const int first = std::min(index, GetCount());
     const auto begin = mItems.begin() + first;
     CutItems(begin, begin + std::min(count, GetCount() - first));
@@ -138,10 +205,12 @@ void TStringList::DeleteRange(int index, int count)
 void TStringList::DeleteAll(const UnicodeString& text)
 {
     const auto isOther = [&](const TStringItem& item) { return !EqualStrings(item.String, text); };
+    Settle();
     if (std::all_of(mItems.begin(), mItems.end(), isOther)) {
         return;
     }
     Changing();
+    Settle();
     CutItems(std::stable_partition(mItems.begin(), mItems.end(), isOther), mItems.end());
     Changed();
 }
@@ -155,10 +224,11 @@ void TStringList::CutItems(Items::iterator first, Items::iterator last)
 
 void TStringList::Clear()
 {
-    if (mItems.empty()) {
+    if (GetCount() == 0) {
         return;
     }
     Changing();
+    Settle();
     // Out of the list first: an object may look at it while it goes.
     const Items items = std::exchange(mItems, {});
     Dispose(items);
@@ -218,11 +288,10 @@ bool TStringList::Find(const UnicodeString& text, int& index) const
         index = found < 0 ? GetCount() : found;
         return found >= 0;
     }
-    const auto place = std::ranges::lower_bound(
-        mItems, text, [this](const auto& a, const auto& b) { return CompareStrings(a, b) < 0; },
-        &TStringItem::String);
-    index = static_cast<int>(place - mItems.begin());
-    return place != mItems.end() && CompareStrings(place->String, text) == 0;
+    const auto isLess = [&](const TStringItem& item) { return CompareStrings(item.String, text) < 0; };
+    const std::size_t place = PartitionPoint(mItems, isLess);
+    index = static_cast<int>(mPending == nullptr ? place : mPending->PlaceOf(place, isLess));
+    return index < GetCount() && CompareStrings(ItemAt(index).String, text) == 0;
 }
 
 void TStringList::Sort()
@@ -270,6 +339,8 @@ void TStringList::setSorted(bool sorted)
 {
     if (sorted) {
         Sort();
+    } else {
+        Settle();
     }
     mSorted = sorted;
 }
@@ -282,6 +353,7 @@ void TStringList::setCaseSensitive(bool caseSensitive)
     mCaseSensitive = caseSensitive;
     if (mSorted) {
         Changing();
+        Settle();
         SortItems();
         Changed();
     }
@@ -316,7 +388,8 @@ void TStringList::PutObject(int index, TObject* object)
 
 int TStringList::GetCapacity() const
 {
-    return static_cast<int>(std::min<std::size_t>(mItems.capacity(), INT_MAX));
+    const std::size_t capacity = mItems.capacity() + (mPending == nullptr ? 0 : mPending->Count());
+    return static_cast<int>(std::min<std::size_t>(capacity, INT_MAX));
 }
 
 void TStringList::SetCapacity(int capacity)
@@ -343,6 +416,7 @@ void TStringList::AppendItems(Items&& items)
         return;
     }
     Changing();
+    Settle();
     if (mSorted) {
         MergeItems(std::move(items));
     } else if (mItems.empty()) {

@@ -4,11 +4,13 @@
 #include "platform/runtime/classes/Classes_Strings.h"
 #include "platform/runtime/typinfo/System_Closure.h"
 
+#include <memory>
 #include <vector>
 
 namespace Classes
 {
 
+class CPendingLines;
 class TStringList;
 
 /// What a sorted list does with a line that it has already.
@@ -88,7 +90,7 @@ public:
 
 protected:
     System::UnicodeString Get(int index) const override;
-    int GetCount() const override { return static_cast<int>(mItems.size()); }
+    int GetCount() const override;
     System::TObject* GetObject(int index) const override;
     void Put(int index, const System::UnicodeString& text) override;
     void PutObject(int index, System::TObject* object) override;
@@ -106,7 +108,13 @@ protected:
 private:
     TStringItem& ItemAt(int index);
     const TStringItem& ItemAt(int index) const;
+    /// `index` is below `LineCount`.
+    const TStringItem& LineAt(std::size_t index) const;
+    std::size_t LineCount() const noexcept;
     void InsertItem(int index, const System::UnicodeString& text, System::TObject* object);
+    void PutItem(int index, TStringItem&& item);
+    /// Brings all lines into `mItems`.
+    void Settle();
     void MergeItems(std::vector<TStringItem>&& items);
     auto ByText() const;
     void SortItems();
@@ -117,6 +125,8 @@ private:
     void Dispose(const std::vector<TStringItem>& items) const;
 
     std::vector<TStringItem> mItems;
+    /// Lines of a sorted list that aren't in `mItems` yet; null while there are none.
+    std::unique_ptr<CPendingLines> mPending;
     TNotifyEvent mOnChange;
     TNotifyEvent mOnChanging;
     TDuplicates mDuplicates = dupIgnore;

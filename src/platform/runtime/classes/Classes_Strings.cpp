@@ -52,7 +52,7 @@ Items SplitLines(View text, View lineBreak)
 {
     Items items;
     while (!text.empty()) {
-        const std::size_t end = std::min(text.find(lineBreak), text.size());
+        const std::size_t end = std::min(System::Detail::FindText(text, lineBreak), text.size());
         AddItem(items, text.substr(0, end));
         text.remove_prefix(std::min(end + lineBreak.size(), text.size()));
     }

@@ -20,49 +20,6 @@ using System::AnsiString;
 using System::UnicodeString;
 using System::WideChar;
 
-/// Finds a pattern in time with the length of the text, whatever both look like.
-template <class View>
-class GPatternSearch
-{
-public:
-    explicit GPatternSearch(View pattern) : mPattern(pattern), mBorders(pattern.size())
-    {
-        for (std::size_t i = 1; i < pattern.size(); ++i) {
-            mBorders[i] = Step(mBorders[i - 1], pattern[i]);
-        }
-    }
-
-    /// The place of the first pattern from `at` on.
-    std::size_t Find(View text, std::size_t at) const
-    {
-        std::size_t matched = 0;
-        for (; at < text.size(); ++at) {
-            if (matched == 0 && (at = text.find(mPattern[0], at)) == View::npos) {
-                break;
-            }
-            matched = Step(matched, text[at]);
-            if (matched == mPattern.size()) {
-                return at + 1 - matched;
-            }
-        }
-        return View::npos;
-    }
-
-private:
-    /// How much of the pattern matches with one more character behind `matched` of it.
-    std::size_t Step(std::size_t matched, typename View::value_type c) const
-    {
-        while (matched > 0 && mPattern[matched] != c) {
-            matched = mBorders[matched - 1];
-        }
-        return mPattern[matched] == c ? matched + 1 : 0;
-    }
-
-    View mPattern;
-    /// For each beginning of the pattern, the length of the longest shorter one that also ends it.
-    std::vector<std::size_t> mBorders;
-};
-
 enum class EOccurrences
 {
     First,
@@ -74,11 +31,10 @@ template <class S>
 S ReplaceAt(typename S::View text, typename S::View searched, typename S::View pattern,
             typename S::View replacement, EOccurrences occurrences)
 {
-    const GPatternSearch search(pattern);
     S result;
     std::size_t from = 0;
     while (true) {
-        const std::size_t found = search.Find(searched, from);
+        const std::size_t found = System::Detail::FindText(searched, pattern, from);
         if (found == S::View::npos) {
             break;
         }

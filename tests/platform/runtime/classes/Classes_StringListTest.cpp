@@ -3,10 +3,15 @@
 
 #include "platform/runtime/classes/Classes_Component.h"
 #include "platform/runtime/classes/Classes_StringsSupport.h"
+#include "platform/runtime/sysutils/Sysutils_Text.h"
 #include "support/MemoryLimit.h"
 
+#include <algorithm>
 #include <climits>
+#include <map>
+#include <memory>
 #include <random>
+#include <utility>
 
 #include <gmock/gmock.h>
 
@@ -335,6 +340,146 @@ using StringListMemoryTest = Support::OutOfMemoryTest;
 TEST_F(StringListMemoryTest, RaisesForTooMuchRoom)
 {
     EXPECT_TRUE(Support::RaisesOutOfMemory([] { TStringList().setCapacity(INT_MAX); }));
+}
+
+/// Where the line goes in a list that is sorted, with case or without.
+Lines::iterator PlaceOf(Lines& lines, const UnicodeString& text, bool caseSensitive)
+{
+    return std::ranges::lower_bound(lines, text, [caseSensitive](const auto& a, const auto& b) {
+        return (caseSensitive ? Sysutils::AnsiCompareStr(a, b) : Sysutils::AnsiCompareText(a, b)) < 0;
+    });
+}
+
+// So many lines that a list doesn't move all of them for each that comes.
+TEST(StringListTest, SortedListsAreFilledAndChangedInAnyOrder)
+{
+    for (const TDuplicates duplicates : {dupIgnore, dupAccept, dupError}) {
+        SCOPED_TRACE(duplicates);
+        std::mt19937 random(static_cast<unsigned>(duplicates) + 1);
+        TStringList list;
+        list.setCaseSensitive(true);
+        list.setDuplicates(duplicates);
+        list.setSorted(true);
+        Lines model;
+        const auto add = [&](const UnicodeString& text) {
+            const auto place = PlaceOf(model, text, true);
+            const int index = static_cast<int>(place - model.begin());
+            const bool isThere = place != model.end() && *place == text;
+            if (isThere && duplicates == dupError) {
+                EXPECT_THROW(list.Add(text), EStringListError);
+                return;
+            }
+            EXPECT_EQ(list.Add(text), index);
+            if (!isThere || duplicates == dupAccept) {
+                model.insert(place, text);
+            }
+        };
+        for (int step = 0; step < 2'500; ++step) {
+            const UnicodeString text = u"line " + UnicodeString(static_cast<int>(random() % 50'000));
+            const auto index = static_cast<int>(random() % (model.size() + 1));
+            const auto at = model.begin() + index;
+            switch (random() % 1'000) {
+            case 0:
+                if (at != model.end()) {
+                    list.Delete(index);
+                    model.erase(at);
+                }
+                break;
+            case 1:
+                list.DeleteRange(index, 3);
+                model.erase(at, at + std::min<std::ptrdiff_t>(3, model.end() - at));
+                break;
+            case 2:
+                list.DeleteAll(text);
+                std::erase(model, text);
+                break;
+            case 3:
+                list.setSorted(false);
+                list.Add(u"a line at the end");
+                list.setSorted(true);
+                model.insert(PlaceOf(model, u"a line at the end", true), u"a line at the end");
+                break;
+            default:
+                add(text);
+            }
+            ASSERT_EQ(list.getCount(), static_cast<int>(model.size()));
+            ASSERT_GE(list.getCapacity(), list.getCount());
+            int found = 0;
+            const auto place = PlaceOf(model, text, true);
+            ASSERT_EQ(list.Find(text, found), place != model.end() && *place == text);
+            ASSERT_EQ(found, place - model.begin());
+        }
+        add(u"line 1");
+        EXPECT_EQ(LinesOf(list), model);
+        list.setCaseSensitive(false);
+        Lines more = {u"LINE 1", u"Line 3", u"z"};
+        if (duplicates == dupError) {
+            EXPECT_THROW(list.AddStrings(more), EStringListError);
+        } else {
+            list.AddStrings(more);
+        }
+        for (const UnicodeString& line : more) {
+            const auto place = PlaceOf(model, line, false);
+            if (duplicates == dupAccept || place == model.end() || !Sysutils::AnsiSameText(*place, line)) {
+                model.insert(place, line);
+            }
+        }
+        ASSERT_EQ(list.getCount(), static_cast<int>(model.size()));
+        EXPECT_TRUE(std::ranges::is_sorted(
+            LinesOf(list), [](const auto& a, const auto& b) { return Sysutils::AnsiCompareText(a, b) < 0; }));
+        list.Clear();
+        EXPECT_EQ(list.getCount(), 0);
+    }
+}
+
+TEST(StringListTest, SortedListsKeepObjectsWithTheirLines)
+{
+    int alive = 0;
+    constexpr int count = 3'000;
+    {
+        TStringList list(true);
+        list.setSorted(true);
+        std::map<UnicodeString, TObject*> objects;
+        for (int i = 0; i < count; ++i) {
+            const UnicodeString text(i * 7919 % count + 10'000);
+            objects[text] = new Counted(alive);
+            list.AddObject(text, objects[text]);
+        }
+        for (int i = 0; i < count; ++i) {
+            EXPECT_EQ(list.getObjects(i), objects[list.getStrings(i)]);
+        }
+        list.Exchange(0, count - 1);
+        EXPECT_EQ(list.getObjects(0), objects[UnicodeString(count - 1 + 10'000)]);
+        list.Exchange(0, count - 1);
+        auto* const other = new Counted(alive);
+        const std::unique_ptr<TObject> former(list.getObjects(5));
+        list.setObjects(5, other);
+        EXPECT_EQ(list.getObjects(5), other);
+    }
+    EXPECT_EQ(alive, 0);
+}
+
+TEST(StringListTest, SortedListsMayChangeWhileTheyTellOfIt)
+{
+    TStringList list;
+    list.setSorted(true);
+    for (int i = 0; i < 2'000; ++i) {
+        list.Add(UnicodeString(i * 7 % 2'000 + 10'000));
+    }
+    bool isInside = false;
+    list.setOnChanging([&](TObject*) {
+        if (!std::exchange(isInside, true)) {
+            list.DeleteRange(10, INT_MAX);
+        }
+    });
+    EXPECT_EQ(list.Add(u"10500 and more"), 501) << "the place that was found";
+    EXPECT_EQ(list.getCount(), 11);
+    EXPECT_EQ(list[10], u"10500 and more");
+    list.setOnChanging([&](TObject*) { list.setSorted(false); });
+    list.Add(u"00000");
+    list.Insert(3, u"x");
+    EXPECT_EQ(list[0], u"00000");
+    EXPECT_EQ(list[3], u"x");
 }
 
 } // namespace
