@@ -2,11 +2,10 @@
 #include "platform/base/System_CodePage.h"
 
 #include "platform/base/internal/System_Converter.h"
+#include "platform/base/internal/System_CopyRun.h"
 
 #include <algorithm>
 #include <array>
-#include <bit>
-#include <cstring>
 #include <string>
 
 namespace System
@@ -53,63 +52,34 @@ constexpr unsigned char ByteOf(char c)
     return static_cast<unsigned char>(c);
 }
 
-/// How many characters at the front are 7-bit, looked at in words.
-std::size_t AsciiPrefix(std::string_view bytes)
-{
-    std::size_t i = 0;
-    for (; i + 8 <= bytes.size(); i += 8) {
-        std::uint64_t word = 0;
-        std::memcpy(&word, bytes.data() + i, 8);
-        if ((word & 0x8080808080808080U) != 0) {
-            break;
-        }
-    }
-    while (i < bytes.size() && ByteOf(bytes[i]) < 0x80) {
-        ++i;
-    }
-    return i;
-}
-
-std::size_t AsciiPrefix(std::u16string_view text)
-{
-    std::size_t i = 0;
-    for (; i + 8 <= text.size(); i += 8) {
-        std::uint64_t words[2];
-        std::memcpy(words, text.data() + i, 16);
-        if (((words[0] | words[1]) & 0xFF80FF80FF80FF80U) != 0) {
-            break;
-        }
-    }
-    while (i < text.size() && text[i] < 0x80) {
-        ++i;
-    }
-    return i;
-}
-
-WideChar* Widen(std::string_view bytes, WideChar* out)
-{
-    return std::transform(bytes.begin(), bytes.end(), out, [](char c) { return WideChar(ByteOf(c)); });
-}
-
-char* Narrow(std::u16string_view text, char* out)
-{
-    return std::transform(text.begin(), text.end(), out, [](WideChar c) { return static_cast<char>(c); });
-}
-
 constexpr bool IsWesternSpecial(unsigned code)
 {
     return code - 0x80U < WesternSpecials.size();
 }
 
+/// Marks the bytes that stand for another number in Unicode, of one byte or of a vector.
+struct TSpecialByte
+{
+    static auto Ends(auto bytes) { return (bytes & 0xE0) == 0x80; }
+};
+
+/// Marks the units that aren't the same number in the code page, of one unit or of a vector.
+struct TOtherUnit
+{
+    static auto Ends(auto units) { return (units > 0xFF) | ((units & 0xFFE0) == 0x80); }
+};
+
 WideText DecodeWestern(std::string_view bytes)
 {
     auto text = WideText::Uninitialized(bytes.size());
     WideChar* const units = text.Unique();
-    WideChar* const end = Widen(bytes, units);
-    // Few texts hold a special at all, and two plain loops are faster than one with a look-up.
-    for (WideChar* c = std::find_if(units, end, IsWesternSpecial); c != end;
-         c = std::find_if(c + 1, end, IsWesternSpecial)) {
-        *c = WesternSpecials[*c - 0x80U];
+    using End = Detail::GRunEnd<TSpecialByte>;
+    std::size_t i = Detail::CopyRun<End>(bytes, units);
+    while (i < bytes.size()) {
+        for (; i < bytes.size() && End::Ends(ByteOf(bytes[i])); ++i) {
+            units[i] = WesternSpecials[ByteOf(bytes[i]) - 0x80U];
+        }
+        i += Detail::CopyRun<End>(bytes.substr(i), units + i);
     }
     return text;
 }
@@ -125,14 +95,14 @@ NarrowText EncodeWestern(std::u16string_view text)
     auto bytes = NarrowText::Uninitialized(text.size());
     char* const begin = bytes.Unique();
     char* out = begin;
+    using End = Detail::GRunEnd<TOtherUnit>;
     for (std::size_t i = 0; i < text.size();) {
-        const std::size_t ascii = AsciiPrefix(text.substr(i));
-        out = Narrow(text.substr(i, ascii), out);
-        i += ascii;
-        for (; i < text.size() && text[i] >= 0x80; ++i) {
-            const WideChar unit = text[i];
-            *out++ = unit >= 0xA0 && unit < 0x100 ? static_cast<char>(unit) : EncodeWesternSpecial(unit);
-            if (IsHighSurrogate(unit) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
+        const std::size_t same = Detail::CopyRun<End>(text.substr(i), out);
+        out += same;
+        i += same;
+        for (; i < text.size() && End::Ends(text[i]); ++i) {
+            *out++ = EncodeWesternSpecial(text[i]);
+            if (IsHighSurrogate(text[i]) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
                 ++i;
             }
         }
@@ -177,17 +147,33 @@ TUtf8Character ReadUtf8(std::string_view bytes)
     return {code, needed};
 }
 
+/// As `ReadUtf8` for a character of several bytes, with a short way for what most texts have.
+TUtf8Character ReadBeyondAscii(std::string_view bytes)
+{
+    const auto continues = [&](std::size_t i) { return (ByteOf(bytes[i]) & 0xC0) == 0x80; };
+    const auto bits = [&](std::size_t i) { return char32_t(ByteOf(bytes[i])) & 0x3F; };
+    const char32_t lead = ByteOf(bytes[0]);
+    if (lead >= 0xC2 && lead < 0xE0 && bytes.size() >= 2 && continues(1)) {
+        return {((lead & 0x1F) << 6) | bits(1), 2};
+    }
+    // E0 and ED have second bytes that are forbidden.
+    if (lead > 0xE0 && lead < 0xF0 && lead != 0xED && bytes.size() >= 3 && continues(1) && continues(2)) {
+        return {((lead & 0xF) << 12) | (bits(1) << 6) | bits(2), 3};
+    }
+    return ReadUtf8(bytes);
+}
+
 WideText DecodeUtf8(std::string_view bytes)
 {
     auto text = WideText::Uninitialized(bytes.size());
     WideChar* const begin = text.Unique();
     WideChar* out = begin;
     while (!bytes.empty()) {
-        const std::size_t ascii = AsciiPrefix(bytes);
-        out = Widen(bytes.substr(0, ascii), out);
+        const std::size_t ascii = Detail::CopyRun<Detail::TAsciiEnd>(bytes, out);
+        out += ascii;
         bytes.remove_prefix(ascii);
         while (!bytes.empty() && ByteOf(bytes[0]) >= 0x80) {
-            const auto [code, length] = ReadUtf8(bytes);
+            const auto [code, length] = ReadBeyondAscii(bytes);
             bytes.remove_prefix(length);
             if (code < 0x10000) {
                 *out++ = static_cast<WideChar>(code);
@@ -201,47 +187,51 @@ WideText DecodeUtf8(std::string_view bytes)
     return text;
 }
 
-/// Room for the UTF-8 form: exact, or two bytes too much for each surrogate pair.
-std::size_t Utf8Room(std::u16string_view text)
+/// Writes the characters of `text` from `i` on that aren't 7-bit, up to the next one that is.
+std::size_t EncodeBeyondAscii(std::u16string_view text, std::size_t i, char*& out)
 {
-    std::size_t room = text.size();
-    for (const WideChar unit : text) {
-        room += static_cast<std::size_t>(unit >= 0x80) + static_cast<std::size_t>(unit >= 0x800);
+    const auto put = [&out](char32_t bits) { *out++ = static_cast<char>(bits); };
+    for (; i < text.size() && text[i] >= 0x80; ++i) {
+        char32_t code = text[i];
+        if (code < 0x800) {
+            put(0xC0 | (code >> 6));
+            put(0x80 | (code & 0x3F));
+            continue;
+        }
+        if (IsHighSurrogate(text[i]) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
+            code = 0x10000 + ((code & 0x3FF) << 10) + (text[++i] & 0x3FFU);
+            put(0xF0 | (code >> 18));
+            put(0x80 | ((code >> 12) & 0x3F));
+        } else {
+            code = code >= 0xD800 && code < 0xE000 ? char32_t(Replacement) : code;
+            put(0xE0 | (code >> 12));
+        }
+        put(0x80 | ((code >> 6) & 0x3F));
+        put(0x80 | (code & 0x3F));
     }
-    return room;
+    return i;
 }
 
 NarrowText EncodeUtf8(std::u16string_view text)
 {
-    auto bytes = NarrowText::Uninitialized(Utf8Room(text));
-    char* const begin = bytes.Unique();
-    char* out = begin;
-    const auto put = [&out](char32_t bits) { *out++ = static_cast<char>(bits); };
-    for (std::size_t i = 0; i < text.size();) {
-        const std::size_t ascii = AsciiPrefix(text.substr(i));
-        out = Narrow(text.substr(i, ascii), out);
-        i += ascii;
-        for (; i < text.size() && text[i] >= 0x80; ++i) {
-            char32_t code = text[i];
-            if (code < 0x800) {
-                put(0xC0 | (code >> 6));
-                put(0x80 | (code & 0x3F));
-                continue;
-            }
-            if (IsHighSurrogate(text[i]) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
-                code = 0x10000 + ((code & 0x3FF) << 10) + (text[++i] & 0x3FFU);
-                put(0xF0 | (code >> 18));
-                put(0x80 | ((code >> 12) & 0x3F));
-            } else {
-                code = code >= 0xD800 && code < 0xE000 ? char32_t(Replacement) : code;
-                put(0xE0 | (code >> 12));
-            }
-            put(0x80 | ((code >> 6) & 0x3F));
-            put(0x80 | (code & 0x3F));
-        }
+    // Most texts are 7-bit to their end.
+    auto bytes = NarrowText::Uninitialized(text.size());
+    std::size_t i = Detail::CopyRun<Detail::TAsciiEnd>(text, bytes.Unique());
+    if (i == text.size()) {
+        return bytes;
     }
-    bytes.Resize(static_cast<std::size_t>(out - begin));
-    return bytes;
+    auto longer = NarrowText::Uninitialized(i + 3 * (text.size() - i));
+    char* const begin = longer.Unique();
+    char* out = std::copy_n(bytes.c_str(), i, begin);
+    while (i < text.size()) {
+        i = EncodeBeyondAscii(text, i, out);
+        const std::size_t ascii = Detail::CopyRun<Detail::TAsciiEnd>(text.substr(i), out);
+        out += ascii;
+        i += ascii;
+    }
+    longer.Resize(static_cast<std::size_t>(out - begin));
+    longer.Trim();
+    return longer;
 }
 
 void SubstituteQuestionMark(UConverter* converter)

@@ -151,6 +151,20 @@ public:
         std::swap(mText, grown.mText);
     }
 
+    /// Gives back room that isn't used, of a buffer that this text alone holds.
+    void Trim() noexcept
+    {
+        if (mText == nullptr || !OwnsRoomFor(Size())) {
+            return;
+        }
+        const std::size_t length = Size();
+        void* const block = std::realloc(HeaderOf(mText), HeaderSize + (length + 1) * sizeof(Char));
+        if (block != nullptr) {
+            mText = reinterpret_cast<Char*>(static_cast<char*>(block) + HeaderSize);
+            HeaderOf(mText)->capacity = static_cast<unsigned>(length);
+        }
+    }
+
 private:
     using Traits = std::char_traits<Char>;
 
