@@ -227,7 +227,7 @@ public:
 
     /// Hands gathered bytes to the host, so that other programs see them. `EWriteError` if it doesn't take
     /// them.
-    void Flush() const;
+    virtual void Flush() const;
     /// From here on the stream works without a buffer, at the handle's own position. `EWriteError` as from
     /// `Flush`.
     System::NativeInt getHandle() const;
