@@ -41,7 +41,7 @@ bool FollowLinks(std::string& path)
             return true;
         }
         const std::string next(link.data(), static_cast<std::size_t>(length));
-        path = next.starts_with('/') ? next : FolderOf(path) + next;
+        path = next.starts_with('/') ? next : FolderOf(path).append(next);
     }
     return Fail(ERROR_CANT_RESOLVE_FILENAME);
 }
