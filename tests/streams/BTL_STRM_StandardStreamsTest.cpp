@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdio>
+#include <cstdlib>
 #include <string_view>
 
 #include <gtest/gtest.h>
@@ -127,6 +128,27 @@ TEST_F(StandardStreamsTest, ErrorOutputIsWrittenAtOnce)
     CTextWriter out = BTL::StandardError();
     out.Write(u"x");
     EXPECT_EQ(Content(), "x");
+}
+
+TEST_F(StandardStreamsTest, ATerminalIsWrittenAtOnce)
+{
+    const int screen = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+    ASSERT_GE(screen, 0);
+    ASSERT_EQ(grantpt(screen), 0);
+    ASSERT_EQ(unlockpt(screen), 0);
+    const int terminal = open(ptsname(screen), O_RDWR | O_NOCTTY | O_CLOEXEC);
+    ASSERT_GE(terminal, 0);
+    std::array<char, 10> shown{};
+    {
+        const Redirection redirection(STDOUT_FILENO, terminal);
+        CTextWriter out = BTL::StandardOutput();
+        out.Write(u"name? ");
+        ASSERT_EQ(fcntl(screen, F_SETFL, O_NONBLOCK), 0);
+        EXPECT_EQ(read(screen, shown.data(), shown.size()), 6);
+    }
+    EXPECT_EQ(std::string_view(shown.data()), "name? ");
+    close(terminal);
+    close(screen);
 }
 
 TEST_F(StandardStreamsTest, WhatIsntTakenIsTold)
