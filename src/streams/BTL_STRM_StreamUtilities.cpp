@@ -434,7 +434,7 @@ void SaveStringToFile(const UnicodeString& path, const AnsiString& text)
 
 AnsiString LoadStringFromFile(const UnicodeString& path)
 {
-    Classes::TFileStream stream(path, Classes::fmOpenRead | Classes::fmShareDenyWrite);
+    Classes::TFileStream stream(path, Classes::fmOpenRead | Classes::fmShareDenyNone);
     return LoadStringFromStream(&stream);
 }
 

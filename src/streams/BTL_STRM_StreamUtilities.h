@@ -82,7 +82,8 @@ TRS8_BTL_API System::AnsiString LoadStringFromStream(Classes::TStream* stream);
 /// Makes `text` the whole file. `Classes::EFCreateError` if it can't be made, `Classes::EWriteError` if the
 /// host doesn't take all of it.
 TRS8_BTL_API void SaveStringToFile(const System::UnicodeString& path, const System::AnsiString& text);
-/// `Classes::EFOpenError` if the file can't be opened.
+/// The whole file, shared with all: also one that a `CTextWriter` or a log has open. `Classes::EFOpenError`
+/// if it can't be opened.
 TRS8_BTL_API System::AnsiString LoadStringFromFile(const System::UnicodeString& path);
 
 } // namespace BTL

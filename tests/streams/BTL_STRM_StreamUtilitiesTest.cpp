@@ -4,6 +4,7 @@
 #include "streams/BTL_STRM_FileOutStream.h"
 #include "streams/BTL_STRM_StdIOStream.h"
 #include "streams/BTL_STRM_Stream.h"
+#include "streams/BTL_STRM_TextWriter.h"
 #include "streams/ForwardOnlySupport.h"
 #include "support/ChildProgram.h"
 #include "support/FileSizeLimit.h"
@@ -136,6 +137,15 @@ TEST(StreamModelTest, StreamsWithoutASizeAreReadToTheirEnd)
     }
     // The host makes this file up while it is read, and tells no size.
     EXPECT_GT(BTL::LoadStringFromFile(u"\\proc\\self\\status").Length(), 10);
+}
+
+TEST(StreamModelTest, AFileIsLoadedWhileOthersWriteIt)
+{
+    const Support::TempFolder folder;
+    const System::UnicodeString path(folder.Path() / "log");
+    BTL::CTextWriter out(path);
+    out.WriteLine(u"so far");
+    EXPECT_EQ(BTL::LoadStringFromFile(path), "so far\n");
 }
 
 class UtilitiesOfForwardOnlyTest : public Support::ForwardOnlyTest

@@ -45,14 +45,20 @@ void SetLogForm(const UTL::TLogForm& form)
 
 void Log(const UnicodeString& text)
 {
+    static_cast<void>(TryLog(text));
+}
+
+bool TryLog(const UnicodeString& text)
+{
     TLineLog& log = LineLog();
     if (log.fileName.IsEmpty()) {
-        return;
+        return true;
     }
     std::string bytes = UTL::Detail::LogBytes(text, log.form.encoding) + '\n';
     const std::lock_guard lock(log.gate);
     std::ofstream stream(Sysutils::HostPath(log.fileName), std::ios::out | std::ios::app);
     stream << UTL::Detail::TakeLogLines(bytes, log.form.time) << std::flush;
+    return stream.good();
 }
 
 } // namespace BTL

@@ -27,4 +27,8 @@ TRS8_BTL_API void SetLogForm(const UTL::TLogForm& form);
 /// program while they end.
 TRS8_BTL_API void Log(const System::UnicodeString& text);
 
+/// As `Log`, but tells whether the line is in the file; a log that is switched off has none to lose. A
+/// program that needs its log asks with its first line: `if (!BTL::TryLog(u"started")) { ... }`.
+[[nodiscard]] TRS8_BTL_API bool TryLog(const System::UnicodeString& text);
+
 } // namespace BTL

@@ -6,21 +6,94 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <iterator>
 #include <string>
 
 namespace System
 {
 
+namespace
+{
+
+/// A code page that ICU has, but not under its number.
+struct TNamedPage
+{
+    CodePage codePage;
+    const char* name;
+};
+
+constexpr TNamedPage NamedPages[] = {
+    {28591, "iso-8859-1"},  {28600, "iso-8859-10"}, {28601, "iso-8859-11"}, {28604, "iso-8859-14"},
+    {50220, "iso-2022-jp"}, {51932, "euc-jp"},      {52936, "hz-gb-2312"},
+};
+
+constexpr std::array<std::string_view, 3> NumberPrefixes = {"windows-", "ibm-", "cp"};
+
+Detail::Converter OpenByName(const std::string& name)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    return {ucnv_open(name.c_str(), &status), &ucnv_close};
+}
+
+/// What ICU itself calls the converter, whichever name opened it.
+std::string_view OwnName(const Detail::Converter& converter)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    return converter != nullptr ? ucnv_getName(converter.get(), &status) : "";
+}
+
+/// The number in a name such as "windows-1252"; nothing if it has another form.
+std::optional<CodePage> NumberIn(std::string_view name, std::string_view prefix)
+{
+    CodePage number = 0;
+    if (!name.starts_with(prefix)) {
+        return std::nullopt;
+    }
+    const char* const end = name.data() + name.size();
+    const auto [next, fault] = std::from_chars(name.data() + prefix.size(), end, number);
+    return fault == std::errc() && next == end ? std::optional(number) : std::nullopt;
+}
+
+} // namespace
+
 Detail::Converter Detail::OpenConverter(CodePage codePage)
 {
-    for (const char* prefix : {"windows-", "ibm-", "cp"}) {
-        UErrorCode status = U_ZERO_ERROR;
-        Converter converter(ucnv_open((prefix + std::to_string(codePage)).c_str(), &status), &ucnv_close);
-        if (U_SUCCESS(status)) {
+    const auto* const named = std::ranges::find(NamedPages, codePage, &TNamedPage::codePage);
+    if (named != std::end(NamedPages)) {
+        return OpenByName(named->name);
+    }
+    for (const std::string_view prefix : NumberPrefixes) {
+        if (Converter converter = OpenByName(std::string(prefix) + std::to_string(codePage))) {
             return converter;
         }
     }
     return {nullptr, &ucnv_close};
+}
+
+std::optional<CodePage> Detail::FindCodePage(const std::string& name)
+{
+    // ICU takes the empty name for the locale's encoding.
+    const Converter converter = name.empty() ? Converter(nullptr, &ucnv_close) : OpenByName(name);
+    const std::string ownName(OwnName(converter));
+    for (const auto& [codePage, pageName] : NamedPages) {
+        if (!ownName.empty() && OwnName(OpenByName(pageName)) == ownName) {
+            return codePage;
+        }
+    }
+    UErrorCode status = U_ZERO_ERROR;
+    const std::uint16_t count = ucnv_countAliases(ownName.c_str(), &status);
+    for (const std::string_view prefix : NumberPrefixes) {
+        for (std::uint16_t i = 0; i < count; ++i) {
+            const char* const alias = ucnv_getAlias(ownName.c_str(), i, &status);
+            const auto number = NumberIn(alias != nullptr ? alias : "", prefix);
+            // One number may be that of several converters.
+            if (number && OwnName(OpenConverter(*number)) == ownName) {
+                return number;
+            }
+        }
+    }
+    return std::nullopt;
 }
 
 namespace
@@ -270,6 +343,11 @@ WideChar WesternUnit(char byte)
 }
 
 } // namespace
+
+bool IsKnownCodePage(CodePage codePage)
+{
+    return Detail::IsWestern(codePage) || codePage == CP_UTF8 || Detail::OpenConverter(codePage) != nullptr;
+}
 
 int CompareWithAnsi(std::u16string_view text, std::string_view bytes) noexcept
 {

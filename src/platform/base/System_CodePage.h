@@ -20,6 +20,9 @@ TRS8_BTL_API GSharedText<WideChar> DecodeText(CodePage codePage, std::string_vie
 /// is such a character, in UTF-8 it becomes U+FFFD. An unknown code page counts as 1252.
 TRS8_BTL_API GSharedText<char> EncodeText(CodePage codePage, std::u16string_view text);
 
+/// Whether there is such a code page; `Sysutils::TEncoding` lists the usual ones.
+TRS8_BTL_API bool IsKnownCodePage(CodePage codePage);
+
 /// Negative, 0 or positive, as if `text` was compared with `bytes` decoded from the system's code page.
 TRS8_BTL_API int CompareWithAnsi(std::u16string_view text, std::string_view bytes) noexcept;
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/base/Sysutils_Encoding.h"
 
+#include "platform/base/Sysutils_Exception.h"
+#include "platform/base/internal/System_Converter.h"
+
 #include <algorithm>
 #include <array>
 #include <string>
@@ -51,6 +54,26 @@ std::u16string FromUnits(std::string_view bytes, std::size_t low)
 }
 
 } // namespace
+
+TEncoding::TEncoding(System::CodePage codePage) : mCodePage(codePage)
+{
+    if (!System::IsKnownCodePage(codePage)) {
+        throw EArgumentException(u"There is no code page " + System::UnicodeString(codePage));
+    }
+}
+
+TEncoding TEncoding::FromName(const System::UnicodeString& name)
+{
+    // The host's converter of this name wants a mark.
+    if (name.CompareIC(u"utf-16") == 0 || name.CompareIC(u"utf16") == 0) {
+        return TEncoding(Utf16);
+    }
+    const std::optional<System::CodePage> codePage = System::Detail::FindCodePage(System::ToUtf8(name));
+    if (!codePage) {
+        throw EArgumentException(u"There is no encoding \"" + name + u"\"");
+    }
+    return TEncoding(*codePage);
+}
 
 TEncoding* TEncoding::getDefault()
 {

@@ -144,6 +144,19 @@ NativeInt OpenFile(const UnicodeString& file, unsigned access, unsigned share, D
     return opened.Release();
 }
 
+NativeInt OpenStandardStream(StandardStream stream)
+{
+    static_assert(static_cast<int>(StandardStream::Input) == STDIN_FILENO &&
+                  static_cast<int>(StandardStream::Output) == STDOUT_FILENO &&
+                  static_cast<int>(StandardStream::Error) == STDERR_FILENO);
+    const int own = fcntl(static_cast<int>(stream), F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    if (own < 0) {
+        FailErrno();
+        return InvalidHandle;
+    }
+    return own;
+}
+
 bool CloseFile(NativeInt handle)
 {
     const int descriptor = DescriptorOf(handle);
@@ -229,6 +242,12 @@ bool IsEndless(NativeInt handle)
     const bool hasNoSize = lseek(descriptor, 0, SEEK_END) == 0;
     lseek(descriptor, 0, SEEK_SET);
     return hasNoSize;
+}
+
+bool IsTerminal(NativeInt handle)
+{
+    const int descriptor = DescriptorOf(handle);
+    return descriptor >= 0 && isatty(descriptor) == 1;
 }
 
 bool ResizeFile(NativeInt handle, Int64 size)

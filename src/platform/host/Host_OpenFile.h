@@ -32,6 +32,14 @@ enum class Disposition
     CreateNew,
 };
 
+/// The streams that a program is started with.
+enum class StandardStream
+{
+    Input,
+    Output,
+    Error,
+};
+
 /// What stands for no handle.
 inline constexpr System::NativeInt InvalidHandle = -1;
 
@@ -42,6 +50,10 @@ inline constexpr System::NativeInt InvalidHandle = -1;
 /// The handle is the host's descriptor, always above 2 and not inherited by programs that are started.
 [[nodiscard]] TRS8_BTL_API System::NativeInt OpenFile(const System::UnicodeString& file, unsigned access,
                                                       unsigned share, Disposition disposition);
+/// A handle of its own onto a standard stream, at the position where that stands, be it a file, a pipe, a
+/// socket or a terminal; the two move together. Fails with 6 if the stream is closed. Not inherited, and ends
+/// with `CloseFile`, which leaves the standard stream open.
+[[nodiscard]] TRS8_BTL_API System::NativeInt OpenStandardStream(StandardStream stream);
 TRS8_BTL_API bool CloseFile(System::NativeInt handle);
 
 /// The count done, less than `count` only at the end or, for what is no plain file, when no more is there
@@ -59,6 +71,8 @@ TRS8_BTL_API System::Int64 SeekFile(System::NativeInt handle, System::Int64 offs
 /// Whether the handle is a device that gives bytes for ever, as those of zeros and of random numbers do, or
 /// one that gives none: it has a position, but no size.
 [[nodiscard]] TRS8_BTL_API bool IsEndless(System::NativeInt handle);
+/// Whether somebody may sit in front of it.
+[[nodiscard]] TRS8_BTL_API bool IsTerminal(System::NativeInt handle);
 /// Cuts or lengthens the file; the position stays.
 [[nodiscard]] TRS8_BTL_API bool ResizeFile(System::NativeInt handle, System::Int64 size);
 /// Waits until all that was written is on the disk.

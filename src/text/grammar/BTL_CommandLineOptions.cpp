@@ -6,6 +6,7 @@
 #include "text/editing/BTL_STR_Cut.h"
 #include "text/editing/BTL_STR_Join.h"
 #include "text/editing/BTL_STR_Search.h"
+#include "text/grammar/internal/BTL_CommandLineWord.h"
 #include "text/numbers/BTL_NUM_Floats.h"
 
 #include <algorithm>
@@ -73,7 +74,7 @@ void CCommandLineOptions::Parse(int argc, const char* const* argv)
 {
     std::vector<UnicodeString> words;
     for (int i = 1; i < argc; ++i) {
-        words.push_back(System::FromUtf8(argv[i]));
+        words.push_back(Detail::CommandLineWord(argv[i]));
     }
     Parse(words);
 }

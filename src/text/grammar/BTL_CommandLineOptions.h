@@ -68,7 +68,8 @@ public:
 
     /// Reads the words that `main` gets, in UTF-8, without the program's name, in place of all that was read
     /// before. `XCommandLine` for an option that is unknown, lacks its value or takes none; what was read
-    /// before is then lost.
+    /// before is then lost. Bytes that are no UTF-8 stay as in the paths of `Sysutils::FromHostPath`, so that
+    /// a file of such a name can be opened; a `\` in a word separates folders, as in every path.
     void Parse(int argc, const char* const* argv);
     void Parse(std::span<const System::UnicodeString> words);
     void Parse(std::initializer_list<System::UnicodeString> words)

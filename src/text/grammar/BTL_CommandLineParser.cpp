@@ -6,6 +6,7 @@
 #include "platform/runtime/sysutils/Character.h"
 #include "platform/runtime/sysutils/Sysutils_Text.h"
 #include "text/editing/BTL_STR_Cut.h"
+#include "text/grammar/internal/BTL_CommandLineWord.h"
 #include "text/numbers/BTL_NUM_Integers.h"
 
 #include <algorithm>
@@ -127,7 +128,7 @@ void CCommandLineParser::Parse(int argc, const char* const* argv)
         if (i > 1) {
             text += u' ';
         }
-        text += AsTokens(System::FromUtf8(argv[i]));
+        text += AsTokens(Detail::CommandLineWord(argv[i]));
     }
     Parse(text);
 }

@@ -36,7 +36,8 @@ public:
     /// Takes the words that `main` gets, in UTF-8, without the program's name, so that none has to be quoted
     /// again: of `name=value` the value, blanks and quotes included, is that of the name; any other word with
     /// a blank, a quote or a `=` is a quoted token, as is an empty one. `getText` is the text with these
-    /// tokens.
+    /// tokens. Bytes that are no UTF-8 stay as in the paths of `Sysutils::FromHostPath`, so that a file of
+    /// such a name can be opened.
     void Parse(int argc, const char* const* argv);
     /// Adds the run of characters that begins at the 1-based `position`, and gives the position behind it. A
     /// position outside the text adds nothing and gives its end.

@@ -73,6 +73,19 @@ TEST_F(LogFormTest, IsChosenForTheLinesThatFollow)
     }
 }
 
+TEST_F(LogFormTest, TellsWhetherALineIsWritten)
+{
+    EXPECT_TRUE(BTL::TryLog(u"a"));
+    EXPECT_EQ(Content(), "a\n");
+    for (const UnicodeString name : {u"/dev/full", u"/missing/log.txt"}) {
+        BTL::SetLogFile(name);
+        EXPECT_FALSE(BTL::TryLog(u"b")) << name;
+        EXPECT_NO_THROW(BTL::Log(u"b")) << name;
+    }
+    BTL::SetLogFile(u"");
+    EXPECT_TRUE(BTL::TryLog(u"c")) << "nothing to lose";
+}
+
 TEST_F(LogFormTest, EachLineOfATextHasItsTime)
 {
     BTL::SetLogForm(StampedUtf8);

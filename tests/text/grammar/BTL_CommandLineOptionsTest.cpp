@@ -2,6 +2,7 @@
 #include "text/grammar/BTL_CommandLineOptions.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
+#include "platform/host/Host_Path.h"
 #include "platform/toolkit/MessageBox.h"
 #include "support/ScriptedBoxes.h"
 
@@ -82,6 +83,15 @@ TEST(CommandLineOptionsTest, ReadsTheWordsOfMain)
     EXPECT_THAT(options.getWords(), IsEmpty());
     options.Parse(0, nullptr);
     EXPECT_FALSE(options.Contains(u"--seconds"));
+}
+
+TEST(CommandLineOptionsTest, KeepsTheNamesOfFiles)
+{
+    CCommandLineOptions options = {{u"--in", u"FILE", u""}};
+    const char* const argv[] = {"program", "--in=/a/\xE4 \xC3\xA4", "C:\\x\\y"};
+    options.Parse(3, argv);
+    EXPECT_EQ(Sysutils::HostPath(options.GetString(u"--in")), "/a/\xE4 \xC3\xA4");
+    EXPECT_EQ(options.getWords().front(), u"C:\\x\\y");
 }
 
 TEST(CommandLineOptionsTest, EndsAtTwoDashes)

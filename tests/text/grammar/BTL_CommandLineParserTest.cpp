@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "text/grammar/BTL_CommandLineParser.h"
 
+#include "platform/host/Host_Path.h"
+
 #include <gmock/gmock.h>
 
 #include <climits>
@@ -179,6 +181,15 @@ TEST(CommandLineParserTest, CutsFromAPosition)
         EXPECT_EQ(parser.ParserStr(u"abc", position), 4);
     }
     EXPECT_EQ(TokensOf(parser), Tokens({u"cd", u"\"y\""}));
+}
+
+TEST(CommandLineParserTest, KeepsTheNamesOfFiles)
+{
+    const char* const argv[] = {"program", "in=/a/\xE4 \xC3\xA4", "C:\\x"};
+    CCommandLineParser parser(true);
+    parser.Parse(3, argv);
+    EXPECT_EQ(Sysutils::HostPath(parser.GetString(u"in", u"")), "/a/\xE4 \xC3\xA4");
+    EXPECT_EQ(parser.IndexOf(u"C:\\x"), 3);
 }
 
 TEST(CommandLineParserTest, TakesTheWordsOfMain)

@@ -4,6 +4,8 @@
 #include "platform/base/System_Types.h"
 
 #include <memory>
+#include <optional>
+#include <string>
 
 #include <unicode/ucnv.h>
 
@@ -20,5 +22,8 @@ constexpr bool IsWestern(CodePage codePage)
 
 /// Null for a code page that ICU doesn't know.
 Converter OpenConverter(CodePage codePage);
+
+/// The code page with a converter of that name, an official one or another; nothing if there is none.
+std::optional<CodePage> FindCodePage(const std::string& name);
 
 } // namespace System::Detail

@@ -32,16 +32,11 @@ NativeInt Open(const UnicodeString& path, System::Word mode)
     if (handle != Host::InvalidHandle) {
         return handle;
     }
-    const UnicodeString rest = u" file \"" + path + u"\". " + Sysutils::SysErrorMessage(GetLastError());
+    const UnicodeString rest = u" file \"" + path + u"\". " + Sysutils::FileErrorMessage(path);
     if (create) {
         throw EFCreateError(u"Cannot create" + rest);
     }
     throw EFOpenError(u"Cannot open" + rest);
-}
-
-[[noreturn]] void ThrowWriteError(unsigned long error)
-{
-    throw EWriteError(u"Stream write error. " + Sysutils::SysErrorMessage(error));
 }
 
 } // namespace
@@ -222,8 +217,20 @@ void THandleStream::CheckGathered() const
     if (mBuffer->HasError()) {
         const unsigned long error = mBuffer->TakeError();
         SetLastError(error);
-        ThrowWriteError(error);
+        RaiseWriteError();
     }
+}
+
+void THandleStream::RaiseWriteError() const
+{
+    const unsigned long error = GetLastError();
+    throw EWriteError(u"Stream write error" + FileInMessage() +
+                      (error == ERROR_SUCCESS ? UnicodeString() : u". " + Sysutils::SysErrorMessage(error)));
+}
+
+UnicodeString THandleStream::FileInMessage() const
+{
+    return {};
 }
 
 // TFileStream
@@ -254,8 +261,13 @@ void TFileStream::Close()
     EndBuffer();
     const NativeInt handle = ReleaseHandle();
     if (handle != Host::InvalidHandle && !Host::CloseFile(handle)) {
-        ThrowWriteError(GetLastError());
+        RaiseWriteError();
     }
+}
+
+UnicodeString TFileStream::FileInMessage() const
+{
+    return u" in file \"" + mFileName + u"\"";
 }
 
 } // namespace Classes

@@ -113,6 +113,11 @@ void TStream::PassWindow(Int64 count)
     Seek(count, soCurrent);
 }
 
+void TStream::RaiseWriteError() const
+{
+    throw EWriteError(u"Stream write error");
+}
+
 void TStream::ReadBuffer(void* buffer, Int64 count)
 {
     auto* out = static_cast<char*>(buffer);
@@ -133,7 +138,7 @@ void TStream::WriteBuffer(const void* buffer, Int64 count)
     while (count > 0) {
         const Int64 done = Write(in, count);
         if (done <= 0) {
-            throw EWriteError(u"Stream write error");
+            RaiseWriteError();
         }
         in += done;
         count -= done;

@@ -72,7 +72,8 @@ public:
 
     /// Reads `count` bytes; `EReadError` if there are fewer.
     void ReadBuffer(void* buffer, System::Int64 count);
-    /// Writes `count` bytes; `EWriteError` if they can't all be written.
+    /// Writes `count` bytes; `EWriteError` if they can't all be written, with the host's reason where a
+    /// handle has one, and with the path of a `TFileStream`.
     void WriteBuffer(const void* buffer, System::Int64 count);
     /// Copies `count` bytes from the position of `source`, or all of it from its beginning if `count` is
     /// below 1, and tells how many. `EReadError` if the source has fewer; null has none. A source that can't
@@ -92,6 +93,8 @@ private:
     virtual void PassWindow(System::Int64 count);
     /// Whether the stream, once it gave a byte, never ends.
     virtual bool IsEndless() const noexcept;
+    /// What a write of no bytes raises, right behind it.
+    [[noreturn]] virtual void RaiseWriteError() const;
 };
 
 /// A stream over memory that somebody else may own.
@@ -211,7 +214,8 @@ class TRS8_BTL_API THandleStream : public TStream
     TRS8_BTL_CLASS(THandleStream, TStream)
 
 public:
-    /// A handle up to 2 is none and gives nothing: standard input is the file "/dev/stdin".
+    /// 0 is no handle and gives nothing. The standard streams are those of `Host::OpenStandardStream`, as
+    /// text `BTL::StandardInput` and its kin.
     explicit THandleStream(System::NativeInt handle) noexcept;
     ~THandleStream() override;
 
@@ -223,7 +227,7 @@ public:
 
     /// Hands gathered bytes to the host, so that other programs see them. `EWriteError` if it doesn't take
     /// them.
-    void Flush() const;
+    virtual void Flush() const;
     /// From here on the stream works without a buffer, at the handle's own position. `EWriteError` as from
     /// `Flush`.
     System::NativeInt getHandle() const;
@@ -235,12 +239,16 @@ protected:
     void EndBuffer() noexcept;
     /// The handle, which the stream has no more from here on. To be called without a buffer.
     System::NativeInt ReleaseHandle() noexcept;
+    /// Tells the reason by the last error.
+    [[noreturn]] void RaiseWriteError() const override;
 
 private:
     std::string_view Window() override;
     bool ShowsEnd() const noexcept override;
     void PassWindow(System::Int64 count) override;
     bool IsEndless() const noexcept override;
+    /// What a message calls the stream's file; nothing for a handle.
+    virtual System::UnicodeString FileInMessage() const;
     std::string_view Peek();
     std::string_view Ahead();
     void CheckGathered() const;
@@ -276,7 +284,8 @@ class TRS8_BTL_API TFileStream : public THandleStream
 
 public:
     /// `mode` is an open mode plus a share mode. `fmCreate` empties a file that exists. `EFCreateError` or
-    /// `EFOpenError` if the host refuses, or another opener does who doesn't share the file.
+    /// `EFOpenError` with the path and the reason if the host refuses, or another opener does who doesn't
+    /// share the file.
     TFileStream(const System::UnicodeString& path, System::Word mode);
     ~TFileStream() override;
 
@@ -287,6 +296,8 @@ public:
     void Close();
 
 private:
+    System::UnicodeString FileInMessage() const override;
+
     System::UnicodeString mFileName;
 };
 

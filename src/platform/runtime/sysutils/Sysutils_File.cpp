@@ -328,6 +328,14 @@ UnicodeString SysErrorMessage(unsigned long error)
     return UnicodeString(buffer, static_cast<int>(length)).TrimRight();
 }
 
+UnicodeString FileErrorMessage(const UnicodeString& file)
+{
+    const unsigned long error = GetLastError();
+    const bool isFolder = error == ERROR_ACCESS_DENIED && DirectoryExists(file);
+    SetLastError(error);
+    return isFolder ? UnicodeString(u"It is a folder") : SysErrorMessage(error);
+}
+
 void RaiseLastOSError()
 {
     RaiseLastOSError(GetLastError());

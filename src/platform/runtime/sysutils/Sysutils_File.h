@@ -140,6 +140,9 @@ TRS8_BTL_API bool SetCurrentDir(const System::UnicodeString& folder);
 
 /// The host's text for the error, without blanks and line ends behind it; empty for an unknown one.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString SysErrorMessage(unsigned long error);
+/// As `SysErrorMessage` of the last error, which a call with `file` has just set and which stays, but tells
+/// where the name is refused because it is a folder.
+[[nodiscard]] TRS8_BTL_API System::UnicodeString FileErrorMessage(const System::UnicodeString& file);
 /// Raises `EOSError` with the text of the thread's last error.
 [[noreturn]] TRS8_BTL_API void RaiseLastOSError();
 [[noreturn]] TRS8_BTL_API void RaiseLastOSError(unsigned long error);

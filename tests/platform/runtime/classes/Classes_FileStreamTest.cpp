@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "platform/host/Host_Error.h"
 #include "platform/runtime/classes/Classes.h"
 #include "support/TempFolder.h"
 
@@ -82,6 +83,32 @@ TEST(FileStreamTest, FileErrorsTellTheFileAndTheReason)
         EXPECT_EQ(error.getMessage().Pos(u"Cannot create file \""), 1) << error.getMessage();
     }
     EXPECT_THROW(TFileStream(u"", fmCreate), EFCreateError);
+    for (const unsigned mode : {unsigned{fmOpenRead}, unsigned{fmOpenWrite}}) {
+        try {
+            const TFileStream stream(System::FromUtf8(folder.Path().string()),
+                                     static_cast<System::Word>(mode));
+            FAIL() << mode;
+        } catch (const EFOpenError& error) {
+            EXPECT_NE(error.getMessage().Pos(u"\". It is a folder"), 0) << error.getMessage();
+        }
+    }
+}
+
+TEST(FileStreamTest, WriteErrorsTellTheFileAndTheReason)
+{
+    const auto message = [](Classes::TStream& stream) {
+        try {
+            stream.WriteBuffer("x", 1);
+        } catch (const EWriteError& error) {
+            return error.getMessage();
+        }
+        return UnicodeString();
+    };
+    TFileStream full(u"/dev/full", fmOpenWrite);
+    const UnicodeString reason = Sysutils::SysErrorMessage(ERROR_DISK_FULL);
+    EXPECT_EQ(message(full), u"Stream write error in file \"/dev/full\". " + reason);
+    Classes::THandleStream sameHandle(full.getHandle());
+    EXPECT_EQ(message(sameHandle), u"Stream write error. " + reason);
 }
 
 TEST(FileStreamTest, FilesAreSharedAsTheirOpenersAllow)

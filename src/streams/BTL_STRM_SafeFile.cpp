@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "streams/BTL_STRM_SafeFile.h"
+
+#include "platform/host/Host_Error.h"
+#include "platform/host/Host_FileMove.h"
+#include "platform/host/Host_OpenFile.h"
+#include "platform/host/Host_ReplaceFile.h"
+
+namespace BTL
+{
+
+using System::UnicodeString;
+
+namespace
+{
+
+template <class Fault>
+[[noreturn]] void Raise(const UnicodeString& what, const UnicodeString& path)
+{
+    throw Fault(what + u" file \"" + path + u"\". " + Sysutils::FileErrorMessage(path));
+}
+
+/// The file to be written beside `target`.
+UnicodeString Begin(const UnicodeString& path, const UnicodeString& target)
+{
+    UnicodeString written = target.IsEmpty() ? UnicodeString() : Host::CreateBeside(target);
+    if (written.IsEmpty()) {
+        Raise<Classes::EFCreateError>(u"Cannot replace", path);
+    }
+    return written;
+}
+
+} // namespace
+
+CSafeFile::CSafeFile(const UnicodeString& path)
+    : mTarget(Host::FileToReplace(path)), mWritten(Begin(path, mTarget))
+{
+    try {
+        mStream = std::make_unique<Classes::TFileStream>(
+            mWritten, static_cast<System::Word>(Classes::fmOpenWrite | Classes::fmShareExclusive));
+    } catch (...) {
+        DeleteFileW(mWritten);
+        throw;
+    }
+}
+
+CSafeFile::~CSafeFile()
+{
+    // What it still gathers belongs to the file that goes.
+    mStream.reset();
+    if (!mWritten.IsEmpty()) {
+        DeleteFileW(mWritten);
+    }
+}
+
+void CSafeFile::Commit()
+{
+    if (mWritten.IsEmpty()) {
+        return;
+    }
+    if (!Host::FlushFile(mStream->getHandle())) {
+        Raise<Classes::EWriteError>(u"Stream write error in", mWritten);
+    }
+    mStream->Close();
+    if (!Host::MoveOnto(mWritten, mTarget)) {
+        Raise<Classes::EWriteError>(u"Stream write error: cannot replace", mTarget);
+    }
+    mWritten = UnicodeString();
+}
+
+} // namespace BTL

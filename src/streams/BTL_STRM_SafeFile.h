@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/runtime/classes/Classes_Stream.h"
+
+#include <memory>
+
+namespace BTL
+{
+
+/// Makes a file that is whole or isn't there: the old content stays until the new one is complete and on the
+/// disk, whatever happens meanwhile. Readers that have the old one open keep it. The file behind a symbolic
+/// link is the one that is replaced; its permissions stay, its owner where the host allows it.
+///
+///     CSafeFile file(u"state.txt");
+///     CTextWriter out(file.getStream());
+///     out.WriteLine(u"new");
+///     out.Close();
+///     file.Commit();                       // without it all stays as it was
+///
+/// The new content grows under the name with ".new1", or another free number, behind it. A crash may leave
+/// that.
+class TRS8_BTL_API CSafeFile
+{
+public:
+    /// `Classes::EFCreateError` for a folder, a device, a read-only file, and if the host refuses the new
+    /// file.
+    explicit CSafeFile(const System::UnicodeString& path);
+    CSafeFile(const CSafeFile&) = delete;
+    CSafeFile& operator=(const CSafeFile&) = delete;
+    /// Without `Commit`, the new content is thrown away.
+    ~CSafeFile();
+
+    /// To write to, up to `Commit`; lives as long as this object.
+    Classes::TStream* getStream() const noexcept { return mStream.get(); }
+    /// Brings what was written to the disk and puts it in the place of the file. `Classes::EWriteError`, with
+    /// the path and the reason, if that can't be done; the file is as before then. Once done it stays so.
+    void Commit();
+
+private:
+    System::UnicodeString mTarget;
+    /// Empty once nothing is left to be thrown away.
+    System::UnicodeString mWritten;
+    std::unique_ptr<Classes::TFileStream> mStream;
+};
+
+} // namespace BTL

@@ -1,0 +1,23 @@
+# Checks that each header in the index of names declares the names beside it.
+# Usage: cmake -D page=FILE -D sources=FOLDER -P Names.cmake
+file(STRINGS ${page} rows REGEX "^\\| `.*\\.h` \\|$")
+if(NOT rows)
+    message(FATAL_ERROR "${page} has no names")
+endif()
+foreach(row ${rows})
+    string(REGEX MATCHALL "`[^`]+`" names "${row}")
+    list(TRANSFORM names REPLACE "`" "")
+    list(POP_BACK names header)
+    if(NOT EXISTS ${sources}/${header})
+        message(SEND_ERROR "${header}: there is no such header")
+        continue()
+    endif()
+    # Comments may speak of what others declare.
+    file(STRINGS ${sources}/${header} lines REGEX "^ *[^ /]")
+    foreach(name ${names})
+        string(REGEX REPLACE ".*::" "" name ${name})
+        if(NOT "${lines}" MATCHES "[^A-Za-z0-9_]${name}[^A-Za-z0-9_]")
+            message(SEND_ERROR "${header}: no ${name}")
+        endif()
+    endforeach()
+endforeach()
