@@ -33,10 +33,50 @@ GSharedText<WideChar> DecimalText(T value)
     return text;
 }
 
-GSharedText<WideChar> MapCase(std::u16string_view text, decltype(&u_strToUpper) map)
+/// The other case of each character of Latin-1.
+using TLatinCase = std::array<WideChar, 256>;
+
+/// Stands for a character that turns into several.
+constexpr WideChar SeveralUnits = 0xFFFF;
+
+constexpr TLatinCase LatinUpper = [] {
+    TLatinCase upper{};
+    for (unsigned c = 0; c < upper.size(); ++c) {
+        const bool isLower = (c >= 'a' && c <= 'z') || (c >= 0xE0 && c < 0xFF && c != 0xF7);
+        upper[c] = static_cast<WideChar>(isLower ? c - 0x20 : c);
+    }
+    upper[0xB5] = 0x039C;
+    upper[0xDF] = SeveralUnits;
+    upper[0xFF] = 0x0178;
+    return upper;
+}();
+
+constexpr TLatinCase LatinLower = [] {
+    TLatinCase lower{};
+    for (unsigned c = 0; c < lower.size(); ++c) {
+        const bool isUpper = (c >= 'A' && c <= 'Z') || (c >= 0xC0 && c < 0xDF && c != 0xD7);
+        lower[c] = static_cast<WideChar>(isUpper ? c + 0x20 : c);
+    }
+    return lower;
+}();
+
+/// False if a character is beyond Latin-1 or turns into several; `out` has room for all.
+bool MapLatinCase(std::u16string_view text, const TLatinCase& table, WideChar* out)
+{
+    return std::all_of(text.begin(), text.end(), [&](WideChar unit) {
+        const WideChar mapped = unit < table.size() ? table[unit] : SeveralUnits;
+        *out++ = mapped;
+        return mapped != SeveralUnits;
+    });
+}
+
+GSharedText<WideChar> MapCase(std::u16string_view text, const TLatinCase& table, decltype(&u_strToUpper) map)
 {
     const auto length = static_cast<int32_t>(text.size());
     auto result = GSharedText<WideChar>::Uninitialized(text.size());
+    if (MapLatinCase(text, table, result.Unique())) {
+        return result;
+    }
     UErrorCode status = U_ZERO_ERROR;
     int32_t needed = map(result.Unique(), length, text.data(), length, "", &status);
     if (needed > length) {
@@ -196,12 +236,12 @@ GSharedText<WideChar> FromUtf32(std::wstring_view text)
 
 GSharedText<WideChar> UpperText(std::u16string_view text)
 {
-    return MapCase(text, u_strToUpper);
+    return MapCase(text, LatinUpper, u_strToUpper);
 }
 
 GSharedText<WideChar> LowerText(std::u16string_view text)
 {
-    return MapCase(text, u_strToLower);
+    return MapCase(text, LatinLower, u_strToLower);
 }
 
 GSharedText<char> UpperText(CodePage codePage, std::string_view bytes)

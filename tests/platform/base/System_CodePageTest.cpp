@@ -52,6 +52,32 @@ TEST(CodePageTest, WesternLosesOneMarkPerCharacter)
     }
 }
 
+/// Runs of plain characters are converted in blocks; a character that isn't plain stands at each place of
+/// them.
+TEST(CodePageTest, EachPlaceOfABlockIsConverted)
+{
+    for (const std::u16string_view character : {u"\u00E4", u"\u20AC", u"\u0416", u"\u4E2D", u"\U0001F4A1"}) {
+        for (const System::CodePage codePage : {DefaultSystemCodePage, CP_UTF8}) {
+            const std::string bytes = Encode(codePage, character);
+            for (std::size_t place = 0; place < 70; ++place) {
+                SCOPED_TRACE(place);
+                const std::size_t rest = 70 - place;
+                const std::u16string text =
+                    std::u16string(place, u'a') + std::u16string(character) + std::u16string(rest, u'z');
+                const std::string expected = std::string(place, 'a') + bytes + std::string(rest, 'z');
+                ASSERT_EQ(Encode(codePage, text), expected);
+                ASSERT_EQ(Encode(codePage, std::u16string_view(text).substr(0, text.size() - rest)),
+                          expected.substr(0, expected.size() - rest));
+                if (bytes != "?") {
+                    ASSERT_EQ(Decode(codePage, expected), text);
+                    ASSERT_EQ(Decode(codePage, std::string_view(expected).substr(place)),
+                              std::u16string_view(text).substr(place));
+                }
+            }
+        }
+    }
+}
+
 TEST(CodePageTest, IllFormedUtf8BecomesReplacementCharacters)
 {
     const struct

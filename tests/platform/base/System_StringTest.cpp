@@ -194,6 +194,12 @@ TEST(UnicodeStringTest, IsMadeFromNumbersAndCharacters)
 
 TEST(UnicodeStringTest, MapsCaseByUnicode)
 {
+    for (int c = 1; c < 256; ++c) {
+        // The way of a text that holds other letters as well knows nothing of Latin-1.
+        const UnicodeString letter(static_cast<char16_t>(c));
+        EXPECT_EQ((letter + u"Я").UpperCase(), letter.UpperCase() + u"Я") << c;
+        EXPECT_EQ((letter + u"я").LowerCase(), letter.LowerCase() + u"я") << c;
+    }
     EXPECT_EQ(UnicodeString(u"straße").UpperCase(), u"STRASSE");
     EXPECT_EQ(UnicodeString(u"ÄΣ").LowerCase(), u"äς");
     EXPECT_EQ(AnsiString("\xE4\xDF").UpperCase(), AnsiString("\xC4SS"));
