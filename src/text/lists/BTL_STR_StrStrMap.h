@@ -89,6 +89,7 @@ public:
     {
         return WithIterators().equal_range(key);
     }
+    /// As of `std::map`.
     mapped_type& at(const key_type& key) { return ForChange().at(key); }
     mapped_type& operator[](const key_type& key) { return ForChange()[key]; }
     auto insert(const value_type& entry) { return ForChange().insert(entry); }
