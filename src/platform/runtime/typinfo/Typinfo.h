@@ -413,6 +413,9 @@ TRS8_BTL_API std::vector<TPropInfo*> GetPropList(const System::TObject* object, 
 TRS8_BTL_API bool IsPublishedProp(const System::TMetaClass* type, const System::UnicodeString& name);
 TRS8_BTL_API bool IsPublishedProp(const System::TObject* object, const System::UnicodeString& name);
 TRS8_BTL_API bool IsStoredProp(const System::TObject* object, const TPropInfo* info);
+/// Whether an ordinal property has the value that its description gives as the default, which a writer may
+/// leave out. False for a property without one, or that can't be read.
+TRS8_BTL_API bool IsDefaultProp(const System::TObject* object, const TPropInfo* info);
 /// The kind of the property of that name; `tkUnknown` if there is none.
 TRS8_BTL_API TTypeKind PropType(const System::TObject* object, const System::UnicodeString& name);
 

@@ -32,7 +32,8 @@ TRS8_BTL_API void SetPropValue(System::TObject* object, const TPropInfo* info, c
 TRS8_BTL_API void SetPropValue(System::TObject* object, const System::UnicodeString& name,
                                const System::Variant& value);
 
-/// The value of `GetPropValue` as text by `Sysutils::FormatSettings`; Null is the empty text.
+/// The value of `GetPropValue` as text by `Sysutils::FormatSettings`; Null is the empty text. It is for
+/// people: `BTL::GetStoredProp` gives texts for files, exact and the same in every locale.
 TRS8_BTL_API System::UnicodeString GetPropText(const System::TObject* object, const TPropInfo* info);
 TRS8_BTL_API System::UnicodeString GetPropText(const System::TObject* object,
                                                const System::UnicodeString& name);
