@@ -2,6 +2,7 @@
 #include "platform/base/Sysutils_Exception.h"
 #include "support/Fuzz.h"
 #include "text/BTL_STR_Utilities.h"
+#include "text/grammar/BTL_STR_EscapeText.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -113,6 +114,10 @@ void CheckEscapes(const TCase<S>& in, S& trace)
     Require(std::none_of(inserted.AsView().begin(), inserted.AsView().end(), isBreak));
     const S inserted2 = BTL::InsertEscapeSequences2(in.text);
     Require(BTL::DeleteChars(inserted2, typename S::CharType('\\')).Length() <= in.text.Length());
+    const S escaped = BTL::EscapeText(in.text);
+    Require(std::none_of(escaped.begin(), escaped.end(), isBreak));
+    Require(BTL::UnescapeText(escaped) == in.text);
+    trace += escaped + BTL::UnescapeText(in.text);
     trace += inserted + inserted2 + BTL::ApplyEscapeSequences(in.text) + BTL::ApplyEscapeSequences2(in.text);
     // A backslash of the text may join with what stands behind it, so only the rest comes back.
     const S plain = BTL::DeleteChars(in.text, typename S::CharType('\\'));

@@ -80,6 +80,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         RequireInside(position - 1, length, wide.Length());
         Require(BTL::Cut1stFloat(wide).Length() == length);
     }
+    BTL::TFoundValue found;
+    for (int start = 1, former = 1; BTL::FindValueWithUnit(wide, found, start); former = start) {
+        RequireInside(found.position - 1, found.length, wide.Length());
+        Require(found.position >= former && start == found.position + found.length);
+        double value = 0;
+        UnicodeString unit;
+        Require(BTL::ToValueWithUnit(wide.SubString(found.position, found.length), value, unit));
+        Require(value == found.value && unit == found.unit);
+    }
     double narrowValue = 0;
     double wideValue = 0;
     Require(BTL::ValueWithUnitToDouble(narrow, narrowValue) == BTL::ValueWithUnitToDouble(wide, wideValue));

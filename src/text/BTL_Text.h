@@ -22,6 +22,7 @@
 #include "text/grammar/BTL_STR_Command.h"          // commands with arguments
 #include "text/grammar/BTL_STR_Delimited.h"        // quoted items between delimiters
 #include "text/grammar/BTL_STR_Escape.h"           // escapes
+#include "text/grammar/BTL_STR_EscapeText.h"       // any text in one line, and back
 #include "text/grammar/BTL_STR_Ident.h"            // identifiers
 #include "text/grammar/BTL_STR_Macro.h"            // macros
 #include "text/lists/BTL_STR_I64StrMap.h"          // texts by number

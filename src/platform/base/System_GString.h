@@ -21,6 +21,11 @@ namespace System
 template <class T>
 concept NoStringCharacter = std::is_arithmetic_v<T> && !std::same_as<T, char> && !std::same_as<T, WideChar>;
 
+/// The texts of the standard library that have the units of a string of `Char`.
+template <class T, class Char>
+concept StandardTextOf =
+    std::same_as<T, std::basic_string<Char>> || std::same_as<T, std::basic_string_view<Char>>;
+
 namespace Detail
 {
 
@@ -214,6 +219,12 @@ public:
         mText.Append(character);
         return AsSelf();
     }
+    /// The units as they are; the view may be a piece of this text.
+    template <std::same_as<View> Text>
+    Self& operator+=(Text text)
+    {
+        return Append(text);
+    }
     template <NoStringCharacter Number>
     Self& operator+=(Number) = delete;
     /// Adds a text at the end, which may be a piece of this one.
@@ -245,6 +256,21 @@ public:
     {
         return Joined(View(&a, 1), b.AsView());
     }
+    template <std::same_as<View> Text>
+    friend Self operator+(const Self& a, Text b)
+    {
+        return Joined(a.AsView(), b);
+    }
+    template <std::same_as<View> Text>
+    friend Self operator+(Self&& a, Text b)
+    {
+        return std::move(a.Append(b));
+    }
+    template <std::same_as<View> Text>
+    friend Self operator+(Text a, const Self& b)
+    {
+        return Joined(a, b.AsView());
+    }
     template <NoStringCharacter Number>
     friend Self operator+(const Self&, Number) = delete;
     template <NoStringCharacter Number>
@@ -266,12 +292,12 @@ public:
     {
         return a.AsView() <=> Detail::SafeView(b);
     }
-    template <std::same_as<std::basic_string<Char>> Text>
+    template <StandardTextOf<Char> Text>
     friend bool operator==(const Self& a, const Text& b) noexcept
     {
         return a.AsView() == View(b);
     }
-    template <std::same_as<std::basic_string<Char>> Text>
+    template <StandardTextOf<Char> Text>
     friend std::strong_ordering operator<=>(const Self& a, const Text& b) noexcept
     {
         return a.AsView() <=> View(b);

@@ -83,7 +83,8 @@ class UnicodeString : public GString<UnicodeString, WideChar>
 public:
     UnicodeString() noexcept = default;
     explicit UnicodeString(GSharedText<WideChar> text) noexcept : Base(std::move(text)) {}
-    explicit UnicodeString(std::u16string_view text) : Base(text) {}
+    /// A copy of the units, so that every function of a wide text takes a view too, as `Split` gives them.
+    UnicodeString(std::u16string_view text) : Base(text) {}
     /// A null pointer gives the empty text.
     UnicodeString(const WideChar* text) : Base(Detail::SafeView(text)) {}
     UnicodeString(const WideChar* text, int count) : Base(Detail::SafeView(text, count)) {}
@@ -262,6 +263,10 @@ TRS8_BTL_API std::string ToUtf8(std::u16string_view text);
 inline std::string ToUtf8(const UnicodeString& text)
 {
     return ToUtf8(text.AsView());
+}
+inline std::string ToUtf8(const WideChar* text)
+{
+    return ToUtf8(Detail::SafeView(text));
 }
 /// A sequence that is no UTF-8 becomes U+FFFD.
 TRS8_BTL_API UnicodeString FromUtf8(std::string_view bytes);

@@ -17,7 +17,7 @@ namespace BTL
 // Taking a text apart at each delimiter. Empty fields stay: n delimiters give n + 1 fields, and so an empty
 // text one empty field. The time is linear in the length of the text.
 //
-//     for (const std::u16string_view field : BTL::Split(line, u';')) { ... }
+//     for (const std::u16string_view field : BTL::Split(line, u';')) { sum += BTL::ToDouble(field); }
 //     const std::vector<UnicodeString> names = BTL::SplitToVector(u"a, b, c", u", ");
 //     const auto fields = BTL::Split(line, u';');
 //     const auto count = std::distance(fields.begin(), fields.end());

@@ -136,7 +136,7 @@ const std::vector<UnicodeString>& CCommandLineOptions::GetValues(const UnicodeSt
     if (index < mOptions.size()) {
         return mValues[index];
     }
-    UTL::THROW_XAssert(NoSuchOption);
+    UTL::THROW_XAssert(NoSuchOption, System::AnsiString(u"no option '" + name + u"'").c_str());
     return none;
 }
 

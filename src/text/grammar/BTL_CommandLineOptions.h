@@ -53,8 +53,8 @@ enum class EOtherWords
 /// A value is the word behind its option or what stands behind a `=` in the same word; it may begin with `-`,
 /// but isn't one of the options. An option may be given several times. Case matters.
 ///
-/// To ask for an option that the table lacks is an internal fault, and counts as one that isn't given if the
-/// user lets it pass.
+/// To ask for an option that the table lacks is an internal fault, which names it, and counts as one that
+/// isn't given if the user lets it pass.
 class TRS8_BTL_API CCommandLineOptions
 {
 public:

@@ -10,6 +10,9 @@ namespace BTL
 //
 //     const auto line = BTL::InsertEscapeSequences(u"a\nb");           // a, a backslash, n, b
 //     const auto text = BTL::ApplyEscapeSequences(line);               // as it was
+//
+// A text with a backslash of its own may come back as another one ("C:\new" does). `EscapeText` and
+// `UnescapeText` bring back every text; they are what a file is written with.
 
 /// Replaces "\n", "\r", "\t" and "\\" one after the other, each in the whole text: a backslash and an n
 /// behind another backslash are a line feed too.

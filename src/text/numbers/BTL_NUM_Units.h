@@ -64,7 +64,8 @@ TRS8_BTL_API bool FindUnit(const System::UnicodeString& text, double& factor, Sy
 TRS8_BTL_API bool ValueWithUnitToDouble(const System::UnicodeString& text, double& value);
 TRS8_BTL_API bool ValueWithUnitToDouble(const System::AnsiString& text, double& value);
 /// As `ValueWithUnitToDouble` of two arguments, but tells the unit with its prefix too: all behind the
-/// number, without blanks around.
+/// number, without blanks around. `ToValueWithUnit` refuses what is no unit, and `FindValueWithUnit` finds
+/// values within a text.
 TRS8_BTL_API bool ValueWithUnitToDouble(const System::UnicodeString& text, double& value,
                                         System::UnicodeString& unit);
 /// As `ValueWithUnitToDouble`, its old name.

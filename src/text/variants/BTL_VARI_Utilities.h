@@ -9,3 +9,4 @@
 #include "text/variants/BTL_VARI_Conversions.h" // ToInt, ToBool, VarToDouble, VarToStr, IsIntType and their kin
 #include "text/variants/BTL_VARI_SqlValue.h"    // VarToSqlValue
 #include "text/variants/BTL_VARI_Stored.h"      // VarToVStr, VStrToVar
+#include "text/variants/BTL_VARI_StoredProp.h" // GetStoredProp, SetStoredProp

@@ -329,6 +329,39 @@ TYPED_TEST(StringTest, ComparesWithTheTextsOfTheStandard)
     EXPECT_TRUE(text < same + same && same + same > text && text >= View(same));
 }
 
+TYPED_TEST(StringTest, JoinsViews)
+{
+    using View = typename TypeParam::View;
+    const TypeParam text = this->T("abc");
+    const View piece = text.AsView().substr(1);
+    EXPECT_EQ(text + piece, this->T("abcbc"));
+    EXPECT_EQ(piece + text, this->T("bcabc"));
+    EXPECT_EQ(TypeParam(text) + piece, this->T("abcbc"));
+    EXPECT_EQ(text + View(), text);
+    TypeParam grown = text;
+    grown += View(grown).substr(2);
+    EXPECT_EQ(grown, this->T("abcc")) << "a view of the text itself";
+    for (int i = 0; i < 8; ++i) {
+        grown += View(grown);
+    }
+    EXPECT_EQ(grown.Length(), 1024);
+    EXPECT_EQ(text, this->T("abc")) << "the copy has left it alone";
+}
+
+TEST(StringViewTest, EntersWideTextsByItself)
+{
+    static_assert(std::is_convertible_v<std::u16string_view, UnicodeString>);
+    static_assert(!std::is_convertible_v<std::string_view, UnicodeString> &&
+                      !std::is_convertible_v<std::string_view, AnsiString>,
+                  "it would have to tell UTF-8 from text of the code page");
+    const std::u16string_view view = u"größer";
+    EXPECT_EQ(System::ToUtf8(view), "größer");
+    EXPECT_EQ(System::ToUtf8(view.data()), "größer");
+    EXPECT_EQ(System::ToUtf8(std::u16string(view)), "größer");
+    EXPECT_EQ(System::ToUtf8(static_cast<const char16_t*>(nullptr)), "");
+    EXPECT_EQ(AnsiString("n ") + view, u"n größer");
+}
+
 TEST(StringComparisonTest, GoesByTheCodePageOfNarrowLiterals)
 {
     const struct

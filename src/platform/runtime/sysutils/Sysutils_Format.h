@@ -29,6 +29,9 @@ namespace Sysutils
 //     Format(u"%s: %.2f V, %d times", {u"U", 12.5, 3});           // "U: 12.50 V, 3 times"
 //     Format(u"%-6s|%6s|%.3d", {u"a", u"b", 7});                  // "a     |     b|007"
 //     Format(u"%1:s %0:s", {u"a", u"b"});                         // "b a"
+//     Format(u"%g %.3g %.3e", {12500.0, 12500.0, 12500.0});       // "12500 1.25E004 1.25E+004"
+//
+// An exponent has three digits at least; `FloatToStrF(12500.0, ffGeneral, 3, 0)` gives "1.25E4".
 
 TRS8_BTL_API System::UnicodeString Format(const System::UnicodeString& format, System::TVarArgs arguments);
 TRS8_BTL_API System::UnicodeString Format(const System::UnicodeString& format, System::TVarArgs arguments,

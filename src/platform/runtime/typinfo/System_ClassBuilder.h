@@ -49,13 +49,14 @@ public:
     }
 
     /// A property behind a getter and a setter. Each is a member function, or any function that takes a `T`
-    /// first.
+    /// first; the getter is called for a const one.
     template <class Getter, class Setter>
-    requires std::invocable<Setter, T&, std::remove_cvref_t<std::invoke_result_t<Getter, const T&>>>
-        GClassBuilder& Property(const UnicodeString& name, Getter getter, Setter setter,
-                                Typinfo::TPropOptions options = {})
+    requires(!std::same_as<Setter, Typinfo::TPropOptions>) GClassBuilder& Property(
+        const UnicodeString& name, Getter getter, Setter setter, Typinfo::TPropOptions options = {})
     {
         using Value = ValueOf<Getter>;
+        static_assert(std::invocable<Setter, T&, Value>,
+                      "the setter of the property doesn't take what its getter gives");
         return Add<Value>(
             name, ReaderOf(getter),
             [setter](TObject* object, const Typinfo::TPropValue& value) {
@@ -112,12 +113,24 @@ public:
     TMetaClass* Build() { return new TMetaClass(std::move(mDescription)); }
 
 private:
+    template <class Getter, bool IsGetter = std::invocable<Getter, const T&>>
+    struct GResultOf
+    {
+        static_assert(IsGetter, "the getter of the property must take a const object: a member function that "
+                                "is const, or a member of the class");
+        using Type = int;
+    };
     template <class Getter>
-    using ResultOf = std::remove_cvref_t<std::invoke_result_t<Getter, const T&>>;
+    struct GResultOf<Getter, true>
+    {
+        using Type = std::remove_cvref_t<std::invoke_result_t<Getter, const T&>>;
+    };
 
     template <class Value>
     struct GCheckedValue
     {
+        static_assert(!std::derived_from<Value, TObject>,
+                      "a property of an object is a pointer to it: give a getter of the object's address");
         static_assert(!std::is_enum_v<Value> || Typinfo::DescribedEnum<Value>,
                       "the enumeration of the property lacks a specialisation of Typinfo::GEnumType");
         static_assert(Typinfo::PropertyType<Value>,
@@ -126,7 +139,7 @@ private:
     };
     /// The type of a property, or a compile error that tells what it lacks.
     template <class Getter>
-    using ValueOf = typename GCheckedValue<ResultOf<Getter>>::Type;
+    using ValueOf = typename GCheckedValue<typename GResultOf<Getter>::Type>::Type;
 
     template <class Object>
     static auto& Cast(Object* object)

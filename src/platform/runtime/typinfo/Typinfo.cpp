@@ -208,6 +208,16 @@ bool IsStoredProp(const TObject* object, const TPropInfo* info)
     return info != nullptr && info->IsStored(object);
 }
 
+bool IsDefaultProp(const TObject* object, const TPropInfo* info)
+{
+    if (info == nullptr || !info->getDefault() || !info->CanRead()) {
+        return false;
+    }
+    const TPropValue value = info->Read(object);
+    const auto* const ordinal = std::get_if<Int64>(&value);
+    return ordinal != nullptr && *ordinal == *info->getDefault();
+}
+
 TTypeKind PropType(const TObject* object, const UnicodeString& name)
 {
     const TPropInfo* info = GetPropInfo(object, name);

@@ -134,7 +134,7 @@ public:
     bool IsStored(const System::TObject* object) const { return !mOptions.stored || mOptions.stored(object); }
 
     /// Raise `EPropertyError` if the property can't be read or written or `object` has no such property,
-    /// `EPropertyConvertError` for a value that doesn't fit.
+    /// `EPropertyConvertError` for a value that doesn't fit; what a setter raises passes.
     TPropValue Read(const System::TObject* object) const;
     void Write(System::TObject* object, const TPropValue& value) const;
 
@@ -168,6 +168,13 @@ TRS8_BTL_API const TTypeInfo* MethodTypeInfo(const std::type_info& signature);
 /// an enumeration, specialise this for it with `static TTypeInfo Make()`, as `EnumType` makes it.
 template <class E>
 struct GEnumType;
+
+/// An enumeration with a `GEnumType`.
+template <class E>
+concept DescribedEnum = requires
+{
+    GEnumType<E>::Make();
+};
 
 /// The record of an enumeration type.
 TRS8_BTL_API TTypeInfo EnumType(const System::UnicodeString& name, std::vector<System::UnicodeString> names,
@@ -209,8 +216,14 @@ struct GPropTraits<T>
 {
     static const TTypeInfo* TypeInfo()
     {
-        static const auto* const info = new TTypeInfo(GEnumType<T>::Make());
-        return info;
+        static_assert(DescribedEnum<T>, "the enumeration, or the one that the set is of, lacks a "
+                                        "specialisation of Typinfo::GEnumType");
+        if constexpr (DescribedEnum<T>) {
+            static const auto* const info = new TTypeInfo(GEnumType<T>::Make());
+            return info;
+        } else {
+            return nullptr;
+        }
     }
     static TPropValue ToValue(T value) { return static_cast<System::Int64>(value); }
     static T FromValue(const TPropValue& value) { return static_cast<T>(std::get<System::Int64>(value)); }
@@ -375,13 +388,6 @@ concept PropertyType = requires
     GPropTraits<T>::TypeInfo();
 };
 
-/// An enumeration with a `GEnumType`.
-template <class E>
-concept DescribedEnum = requires
-{
-    GEnumType<E>::Make();
-};
-
 /// The record of the C++ type `T`.
 template <class T>
 const TTypeInfo* TypeInfoOf()
@@ -407,6 +413,9 @@ TRS8_BTL_API std::vector<TPropInfo*> GetPropList(const System::TObject* object, 
 TRS8_BTL_API bool IsPublishedProp(const System::TMetaClass* type, const System::UnicodeString& name);
 TRS8_BTL_API bool IsPublishedProp(const System::TObject* object, const System::UnicodeString& name);
 TRS8_BTL_API bool IsStoredProp(const System::TObject* object, const TPropInfo* info);
+/// Whether an ordinal property has the value that its description gives as the default, which a writer may
+/// leave out. False for a property without one, or that can't be read.
+TRS8_BTL_API bool IsDefaultProp(const System::TObject* object, const TPropInfo* info);
 /// The kind of the property of that name; `tkUnknown` if there is none.
 TRS8_BTL_API TTypeKind PropType(const System::TObject* object, const System::UnicodeString& name);
 

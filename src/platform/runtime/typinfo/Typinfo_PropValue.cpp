@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/typinfo/Typinfo_PropValue.h"
 
+#include "platform/base/numbers/Sysutils_FloatReading.h"
 #include "platform/runtime/typinfo/internal/Typinfo_NeedProp.h"
+
+#include <cmath>
 
 namespace Typinfo
 {
@@ -54,12 +57,25 @@ UnicodeString SetText(const TTypeInfo& set, Int64 bits)
     return u"[" + names + u"]";
 }
 
+/// A text with a fraction is no whole number, although a variant would round it.
+template <class Integer>
+Integer IntegerOf(const Variant& value)
+{
+    const auto whole = value.As<Integer>();
+    double exact = 0;
+    if (value.IsText() && Sysutils::TryStrToFloat(value.As<UnicodeString>(), exact) &&
+        exact != std::trunc(exact)) {
+        throw TUnfit();
+    }
+    return whole;
+}
+
 /// The ordinal of a name or of a number as text.
 Int64 OrdinalOf(const TTypeInfo* type, const UnicodeString& text)
 {
     const int named = GetEnumValue(type, text);
     const bool isKnown = named != -1 || !GetEnumName(type, named).IsEmpty();
-    return isKnown ? named : Variant(text).As<Int64>();
+    return isKnown ? named : IntegerOf<Int64>(text);
 }
 
 std::u16string_view WithoutBrackets(std::u16string_view text)
@@ -145,32 +161,49 @@ System::Extended FloatFrom(const TTypeInfo& type, const Variant& value)
     return value.As<double>();
 }
 
-void Write(TObject* object, const TPropInfo& info, const Variant& value)
+Int64 OrdinalFrom(const TTypeInfo& type, const Variant& value)
+{
+    switch (type.Kind) {
+    case tkChar:
+    case tkWChar:
+        return CharacterOf(type, value);
+    case tkEnumeration:
+        return EnumerationOf(type, value);
+    case tkSet:
+        return SetOf(type, value);
+    default:
+        return IsUnsigned64(type) ? static_cast<Int64>(IntegerOf<System::UInt64>(value))
+                                  : IntegerOf<Int64>(value);
+    }
+}
+
+/// What the property's writer takes for `value`.
+TPropValue Converted(const TPropInfo& info, const Variant& value)
 {
     const TTypeInfo& type = *info.getPropType();
     switch (type.Kind) {
     case tkInteger:
-        return SetInt64Prop(object, &info, value.As<Int64>());
     case tkInt64:
-        return SetInt64Prop(object, &info,
-                            IsUnsigned64(type) ? static_cast<Int64>(value.As<System::UInt64>())
-                                               : value.As<Int64>());
     case tkChar:
     case tkWChar:
-        return SetInt64Prop(object, &info, CharacterOf(type, value));
     case tkEnumeration:
-        return SetInt64Prop(object, &info, EnumerationOf(type, value));
-    case tkSet:
-        return SetInt64Prop(object, &info, SetOf(type, value));
+    case tkSet: {
+        const Int64 ordinal = OrdinalFrom(type, value);
+        // A value that the type lacks would be cut to another one on its way.
+        if (ordinal < type.MinValue || ordinal > type.MaxValue) {
+            throw TUnfit();
+        }
+        return ordinal;
+    }
     case tkFloat:
-        return SetFloatProp(object, &info, FloatFrom(type, value));
+        return FloatFrom(type, value);
     case tkString:
     case tkLString:
     case tkWString:
     case tkUString:
-        return SetStrProp(object, &info, value.As<UnicodeString>());
+        return value.As<UnicodeString>();
     case tkVariant:
-        return SetVariantProp(object, &info, value);
+        return value;
     default:
         FailNoValue(info);
     }
@@ -184,9 +217,39 @@ UnicodeString TextOf(const Variant& value)
     return value.IsNull() ? UnicodeString() : value.As<UnicodeString>();
 }
 
+/// The values that have names, behind a colon; empty for a type without.
+UnicodeString NamesOf(const TTypeInfo& type)
+{
+    const bool isSet = type.Kind == tkSet;
+    const TTypeInfo& named = isSet ? *type.ElementType : type;
+    const Int64 first = isSet ? type.LowestElement : type.MinValue;
+    UnicodeString names;
+    for (Int64 value = first; !GetEnumName(&named, value).IsEmpty(); ++value) {
+        if (isSet && type.MaxValue >> (value - first) == 0) {
+            break;
+        }
+        names += (names.IsEmpty() ? u": " : u", ") + GetEnumName(&named, value);
+    }
+    return names;
+}
+
 [[noreturn]] void FailUnfit(const TPropInfo& info, const Variant& value)
 {
-    throw EPropertyConvertError(u"'" + TextOf(value) + u"' is no value of property " + info.getName());
+    throw EPropertyConvertError(u"'" + TextOf(value) + u"' is no value of property " + info.getName() +
+                                NamesOf(*info.getPropType()));
+}
+
+/// What the property's writer takes for `value`, or the fault of the property. What the writer itself raises
+/// is another matter, and isn't taken for that.
+TPropValue NeedConverted(const TPropInfo& info, const Variant& value)
+{
+    try {
+        return Converted(info, value);
+    } catch (const Sysutils::EVariantError&) {
+        FailUnfit(info, value);
+    } catch (const TUnfit&) {
+        FailUnfit(info, value);
+    }
 }
 
 } // namespace
@@ -241,15 +304,7 @@ void SetPropValue(TObject* object, const TPropInfo* info, const Variant& value)
     if (info == nullptr) {
         Detail::ThrowBadObject();
     }
-    try {
-        Write(object, *info, value);
-    } catch (const Sysutils::EVariantError&) {
-        FailUnfit(*info, value);
-    } catch (const EPropertyConvertError&) {
-        FailUnfit(*info, value);
-    } catch (const TUnfit&) {
-        FailUnfit(*info, value);
-    }
+    info->Write(object, NeedConverted(*info, value));
 }
 
 void SetPropValue(TObject* object, const UnicodeString& name, const Variant& value)

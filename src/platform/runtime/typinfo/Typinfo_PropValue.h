@@ -25,12 +25,15 @@ TRS8_BTL_API System::Variant GetPropValue(const System::TObject* object, const T
 TRS8_BTL_API System::Variant GetPropValue(const System::TObject* object, const System::UnicodeString& name);
 /// Takes the value that `GetPropValue` gives, and all that a variant converts to the property's type: numbers
 /// as text, enumerations and sets by number, names in any case, a set also without its brackets.
-/// `EPropertyConvertError`, which names the value and the property, for one that the type can't hold.
+/// A number is rounded for an integer; a text with a fraction isn't one. `EPropertyConvertError`, which names
+/// the value, the property and the values that have names, for one that the type can't hold. What the setter
+/// raises passes.
 TRS8_BTL_API void SetPropValue(System::TObject* object, const TPropInfo* info, const System::Variant& value);
 TRS8_BTL_API void SetPropValue(System::TObject* object, const System::UnicodeString& name,
                                const System::Variant& value);
 
-/// The value of `GetPropValue` as text by `Sysutils::FormatSettings`; Null is the empty text.
+/// The value of `GetPropValue` as text by `Sysutils::FormatSettings`; Null is the empty text. It is for
+/// people: `BTL::GetStoredProp` gives texts for files, exact and the same in every locale.
 TRS8_BTL_API System::UnicodeString GetPropText(const System::TObject* object, const TPropInfo* info);
 TRS8_BTL_API System::UnicodeString GetPropText(const System::TObject* object,
                                                const System::UnicodeString& name);

@@ -168,6 +168,18 @@ TEST(TypinfoTest, KnowsKindAndTypeOfEachProperty)
     EXPECT_FALSE(IsPublishedProp(static_cast<TMetaClass*>(nullptr), u"Width"));
 }
 
+TEST(TypinfoTest, KnowsAPropertyAtItsDefault)
+{
+    Widget widget;
+    const TPropInfo* const width = GetPropInfo(&widget, u"Width");
+    SetOrdProp(&widget, width, 7);
+    EXPECT_TRUE(IsDefaultProp(&widget, width));
+    SetOrdProp(&widget, width, 8);
+    EXPECT_FALSE(IsDefaultProp(&widget, width));
+    EXPECT_FALSE(IsDefaultProp(&widget, GetPropInfo(&widget, u"Small"))) << "it has none";
+    EXPECT_FALSE(IsDefaultProp(&widget, nullptr));
+}
+
 TEST(TypinfoTest, ListsTheParentsPropertiesFirst)
 {
     const auto parents = GetPropList(ClassOf<Widget>());

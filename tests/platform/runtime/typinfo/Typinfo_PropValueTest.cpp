@@ -43,6 +43,17 @@ public:
     Variant any;
     Gauge* next = nullptr;
     int getFixed() const { return 5; }
+    int getChecked() const { return small; }
+    void setChecked(int value)
+    {
+        if (value < 0) {
+            throw Sysutils::EVariantError(u"Checked is not negative");
+        }
+        if (value > 99) {
+            throw EPropertyConvertError(u"Checked is 0 to 99");
+        }
+        small = static_cast<Byte>(value);
+    }
 };
 
 } // namespace
@@ -76,6 +87,7 @@ TMetaClass* Gauge::ClassRecord()
                                           .Property(u"Any", &Gauge::any)
                                           .Property(u"Next", &Gauge::next)
                                           .Property(u"Fixed", &Gauge::getFixed)
+                                          .Property(u"Checked", &Gauge::getChecked, &Gauge::setChecked)
                                           .Build();
     return record;
 }
@@ -159,31 +171,69 @@ TEST(PropValueTest, TakesValuesOfOtherTypes)
 
 TEST(PropValueTest, NamesTheValueAndThePropertyItCannotHold)
 {
+    const auto* const flags = u": False, True";
+    const auto* const kinds = u": gkRound, gkSquare, gkFree";
+    const auto* const setKinds = u": gkSquare, gkFree";
     const struct
     {
         const char16_t* name;
         const char16_t* value;
+        const char16_t* names = u"";
     } cases[] = {
-        {u"Small", u"256"},  {u"Small", u"-1"},         {u"Small", u""},           {u"Small", u"x"},
-        {u"Large", u"1e30"}, {u"UnsignedLarge", u"-1"}, {u"Flag", u"maybe"},       {u"Narrow", u"→"},
-        {u"Narrow", u""},    {u"Wide", u"ab"},          {u"Wide", u"💡"},           {u"Kind", u"gkBlue"},
-        {u"Kind", u"6"},     {u"Kinds", u"[gkRound]"},  {u"Kinds", u"[gkFree,]x"}, {u"Kinds", u"99"},
-        {u"Number", u"one"}, {u"Date", u"31.2.2022"},
+        {u"Small", u"256"},
+        {u"Small", u"-1"},
+        {u"Small", u""},
+        {u"Small", u"x"},
+        {u"Small", u"7.5"},
+        {u"Large", u"1e30"},
+        {u"Large", u"-0.5"},
+        {u"UnsignedLarge", u"-1"},
+        {u"UnsignedLarge", u"0.5"},
+        {u"Flag", u"maybe", flags},
+        {u"Narrow", u"→"},
+        {u"Narrow", u""},
+        {u"Wide", u"ab"},
+        {u"Wide", u"💡"},
+        {u"Kind", u"gkBlue", kinds},
+        {u"Kind", u"6", kinds},
+        {u"Kind", u"3.5", kinds},
+        {u"Kinds", u"[gkRound]", setKinds},
+        {u"Kinds", u"[gkFree,]x", setKinds},
+        {u"Kinds", u"99", setKinds},
+        {u"Number", u"one"},
+        {u"Date", u"31.2.2022"},
     };
     Gauge gauge;
-    for (const auto& [name, value] : cases) {
+    for (const auto& [name, value, names] : cases) {
         SCOPED_TRACE(UnicodeString(name) + u" " + value);
         const UnicodeString before = GetPropText(&gauge, name);
         try {
             SetPropText(&gauge, name, value);
             ADD_FAILURE() << "it was taken";
         } catch (const EPropertyConvertError& error) {
-            EXPECT_EQ(error.getMessage(), u"'" + UnicodeString(value) + u"' is no value of property " + name);
+            EXPECT_EQ(error.getMessage(),
+                      u"'" + UnicodeString(value) + u"' is no value of property " + name + names);
         }
         EXPECT_EQ(GetPropText(&gauge, name), before);
     }
+    SetPropText(&gauge, u"Small", u"7.0");
+    EXPECT_EQ(gauge.small, 7);
     EXPECT_THROW(SetPropValue(&gauge, u"Small", Variant::Null()), EPropertyConvertError);
     EXPECT_THROW(SetPropValue(&gauge, u"Text", Variant::ArrayOf({})), EPropertyConvertError);
+}
+
+TEST(PropValueTest, LetsTheFaultsOfSettersPass)
+{
+    Gauge gauge;
+    try {
+        SetPropText(&gauge, u"Checked", u"100");
+        ADD_FAILURE() << "it was taken";
+    } catch (const EPropertyConvertError& error) {
+        EXPECT_EQ(error.getMessage(), u"Checked is 0 to 99");
+    }
+    EXPECT_THROW(SetPropText(&gauge, u"Checked", u"-1"), Sysutils::EVariantError);
+    SetPropText(&gauge, u"Checked", u"99");
+    EXPECT_EQ(gauge.small, 99);
 }
 
 TEST(PropValueTest, RefusesWhatIsNoValue)
