@@ -263,17 +263,14 @@ UnicodeString LimitsToStr(const TLimits& limits, const UnicodeString& unit)
     UnicodeString ignored;
     FindUnit(unit, factor, ignored);
     const auto textOf = [&](double value) { return Sysutils::FloatToStr(Scaled(value, 1 / factor)); };
-    UnicodeString result;
-    if (!limits.upper) {
-        result = u">= " + textOf(*limits.lower);
-    } else if (!limits.lower) {
-        result = u"<= " + textOf(*limits.upper);
-    } else if (*limits.lower == *limits.upper) {
-        result = u"= " + textOf(*limits.upper);
-    } else {
-        result = textOf(*limits.lower) + u" ... " + textOf(*limits.upper);
+    const std::u16string_view blank = unit.IsEmpty() ? u"" : u" ";
+    if (limits.lower && limits.upper && *limits.lower != *limits.upper) {
+        return Joined<UnicodeString>(
+            {textOf(*limits.lower).AsView(), u" ... ", textOf(*limits.upper).AsView(), blank, unit.AsView()});
     }
-    return unit.IsEmpty() ? result : result + u' ' + unit;
+    const std::u16string_view sign = !limits.upper ? u">= " : !limits.lower ? u"<= " : u"= ";
+    const double limit = limits.upper ? *limits.upper : *limits.lower;
+    return Joined<UnicodeString>({sign, textOf(limit).AsView(), blank, unit.AsView()});
 }
 
 UnicodeString MeasureFloatToStrW(long double value, int precision, int digits)
