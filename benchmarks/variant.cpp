@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "support/Each.h"
+
 #include "foundation/UTL_CVariant.h"
+#include "platform/runtime/variants/System_Variant.h"
 
 #include <benchmark/benchmark.h>
 
@@ -15,6 +18,7 @@ namespace
 {
 
 using System::Int64;
+using System::UnicodeString;
 using UTL::CVariant;
 
 constexpr std::size_t Count = 1'000'000;
@@ -131,51 +135,163 @@ struct ToText
     }
 };
 
-template <class Values, class Convert>
-void Run(benchmark::State& state, const Values& values, Convert convert)
-{
-    for (auto _ : state) {
-        for (const auto& value : values) {
-            benchmark::DoNotOptimize(convert(value));
-        }
-    }
-    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(values.size()));
-}
-
 void IntOurs(benchmark::State& state)
 {
-    Run(state, OurValues(), [](const CVariant& value) { return value.ToIntDef(0); });
+    Each(state, OurValues(), [](const CVariant& value) { return value.ToIntDef(0); });
 }
 BENCHMARK(IntOurs)->Name("variant_to_int/ours")->Unit(benchmark::kMillisecond);
 
 void IntVisit(benchmark::State& state)
 {
-    Run(state, PlainValues(), [](const Plain& value) { return std::visit(ToNumber<int>(), value); });
+    Each(state, PlainValues(), [](const Plain& value) { return std::visit(ToNumber<int>(), value); });
 }
 BENCHMARK(IntVisit)->Name("variant_to_int/visit")->Unit(benchmark::kMillisecond);
 
 void DoubleOurs(benchmark::State& state)
 {
-    Run(state, OurValues(), [](const CVariant& value) { return value.ToDouble(); });
+    Each(state, OurValues(), [](const CVariant& value) { return value.ToDouble(); });
 }
 BENCHMARK(DoubleOurs)->Name("variant_to_double/ours")->Unit(benchmark::kMillisecond);
 
 void DoubleVisit(benchmark::State& state)
 {
-    Run(state, PlainValues(), [](const Plain& value) { return std::visit(ToNumber<double>(), value); });
+    Each(state, PlainValues(), [](const Plain& value) { return std::visit(ToNumber<double>(), value); });
 }
 BENCHMARK(DoubleVisit)->Name("variant_to_double/visit")->Unit(benchmark::kMillisecond);
 
 void TextOurs(benchmark::State& state)
 {
-    Run(state, OurValues(), [](const CVariant& value) { return value.ToString(); });
+    Each(state, OurValues(), [](const CVariant& value) { return value.ToString(); });
 }
 BENCHMARK(TextOurs)->Name("variant_to_text/ours")->Unit(benchmark::kMillisecond);
 
 void TextVisit(benchmark::State& state)
 {
-    Run(state, PlainValues(), [](const Plain& value) { return std::visit(ToText(), value); });
+    Each(state, PlainValues(), [](const Plain& value) { return std::visit(ToText(), value); });
 }
 BENCHMARK(TextVisit)->Name("variant_to_text/visit")->Unit(benchmark::kMillisecond);
+
+// The variant of the run-time library, by pairs.
+
+using System::Variant;
+using PlainNumber = std::variant<std::monostate, int, double, std::u16string>;
+
+constexpr int PairCount = 10'000;
+
+/// Integers and floats in turn at random.
+template <class Value>
+std::vector<Value> Numbers(unsigned seed)
+{
+    std::mt19937 random(seed);
+    std::vector<Value> values;
+    for (int i = 0; i < PairCount; ++i) {
+        const int number = static_cast<int>(random() % 100'000);
+        if (random() % 2 == 0) {
+            values.emplace_back(number);
+        } else {
+            values.emplace_back(number * 0.25);
+        }
+    }
+    return values;
+}
+
+/// The texts of `Numbers`.
+template <class Value, class Text>
+std::vector<Value> NumberTexts()
+{
+    std::vector<Value> values;
+    for (const PlainNumber& number : Numbers<PlainNumber>(1)) {
+        const auto* const whole = std::get_if<int>(&number);
+        const UnicodeString text =
+            whole != nullptr ? UnicodeString(*whole) : UnicodeString(std::get<double>(number));
+        values.emplace_back(Text(text.c_str()));
+    }
+    return values;
+}
+
+template <class Value, class Combine>
+void RunPairs(benchmark::State& state, Combine combine)
+{
+    const auto first = Numbers<Value>(1);
+    const auto second = Numbers<Value>(2);
+    for (auto _ : state) {
+        for (std::size_t i = 0; i < first.size(); ++i) {
+            benchmark::DoNotOptimize(combine(first[i], second[i]));
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * PairCount);
+}
+
+void AddOurs(benchmark::State& state)
+{
+    RunPairs<Variant>(state, [](const Variant& a, const Variant& b) { return a + b; });
+}
+BENCHMARK(AddOurs)->Name("variant_add/ours");
+
+void AddVisit(benchmark::State& state)
+{
+    RunPairs<PlainNumber>(state, [](const PlainNumber& a, const PlainNumber& b) {
+        return std::visit(
+            [](const auto& x, const auto& y) -> PlainNumber {
+                if constexpr (requires { x + y; }) {
+                    return x + y;
+                } else {
+                    return {};
+                }
+            },
+            a, b);
+    });
+}
+BENCHMARK(AddVisit)->Name("variant_add/visit");
+
+void CompareOurs(benchmark::State& state)
+{
+    RunPairs<Variant>(state, [](const Variant& a, const Variant& b) { return a < b; });
+}
+BENCHMARK(CompareOurs)->Name("variant_compare/ours");
+
+void CompareVisit(benchmark::State& state)
+{
+    RunPairs<PlainNumber>(state, [](const PlainNumber& a, const PlainNumber& b) {
+        return std::visit(
+            [](const auto& x, const auto& y) {
+                if constexpr (std::is_arithmetic_v<std::remove_cvref_t<decltype(x)>> &&
+                              std::is_arithmetic_v<std::remove_cvref_t<decltype(y)>>) {
+                    return static_cast<double>(x) < static_cast<double>(y);
+                } else {
+                    return false;
+                }
+            },
+            a, b);
+    });
+}
+BENCHMARK(CompareVisit)->Name("variant_compare/visit");
+
+void NumberToTextOurs(benchmark::State& state)
+{
+    Each(state, Numbers<Variant>(1), [](const Variant& value) { return value.As<UnicodeString>(); });
+}
+BENCHMARK(NumberToTextOurs)->Name("variant_number_to_text/ours");
+
+void NumberToTextVisit(benchmark::State& state)
+{
+    Each(state, Numbers<PlainNumber>(1),
+         [](const PlainNumber& value) { return std::visit(ToText(), value); });
+}
+BENCHMARK(NumberToTextVisit)->Name("variant_number_to_text/visit");
+
+void TextToNumberOurs(benchmark::State& state)
+{
+    Each(state, NumberTexts<Variant, UnicodeString>(),
+         [](const Variant& value) { return value.As<double>(); });
+}
+BENCHMARK(TextToNumberOurs)->Name("variant_text_to_number/ours");
+
+void TextToNumberVisit(benchmark::State& state)
+{
+    Each(state, NumberTexts<PlainNumber, std::u16string>(),
+         [](const PlainNumber& value) { return std::visit(ToNumber<double>(), value); });
+}
+BENCHMARK(TextToNumberVisit)->Name("variant_text_to_number/visit");
 
 } // namespace

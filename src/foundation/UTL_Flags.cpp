@@ -11,6 +11,7 @@
 #include <bit>
 #include <climits>
 #include <cstring>
+#include <string_view>
 
 namespace UTL
 {
@@ -55,6 +56,17 @@ void CombineBytes(std::uint8_t* own, const std::uint8_t* other, std::size_t coun
 bool AreAll(const std::uint8_t* bytes, std::size_t count, std::uint8_t value) noexcept
 {
     return count == 0 || (bytes[0] == value && std::memcmp(bytes, bytes + 1, count - 1) == 0);
+}
+
+/// Whether the text is as `getCommaText` writes it, so that it needs no list of items.
+bool IsPlainText(std::u16string_view text) noexcept
+{
+    bool isPlain = text.size() % 2 != 0;
+    // Without an end of its own, so that the compiler takes many characters at once.
+    for (std::size_t i = 0; i + 1 < text.size(); i += 2) {
+        isPlain &= (text[i] == u'0' || text[i] == u'1') && text[i + 1] == u',';
+    }
+    return isPlain && (text.back() == u'0' || text.back() == u'1');
 }
 
 } // namespace
@@ -233,6 +245,15 @@ UnicodeString CFlags::getCommaText() const
 
 void CFlags::setCommaText(UnicodeString text)
 {
+    const std::u16string_view view = text.AsView();
+    if (IsPlainText(view)) {
+        CFlags flags(static_cast<int>(view.size() / 2) + 1);
+        for (int i = 0; i < flags.mCount; ++i) {
+            flags.Put(i, view[2 * static_cast<std::size_t>(i)] == u'1');
+        }
+        *this = flags;
+        return;
+    }
     Classes::TStringList items;
     items.setCommaText(text);
     CFlags flags(items.getCount());

@@ -51,6 +51,8 @@ TEST(FlagsTest, WritesAndReadsCommaText)
         {u"", ""},         {u"1", "1"},
         {u"1,0,1", "101"}, {u" 2 , x,-1,\"1\" $F", "10111"},
         {u"0,,1", "001"},  {u"99999999999,1.5", "00"},
+        {u"1,2,0", "110"}, {u"1;0", "0"},
+        {u"1,0,", "100"},  {u"1 0", "10"},
     };
     for (const auto& test : cases) {
         CFlags flags(3, true);

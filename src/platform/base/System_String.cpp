@@ -3,10 +3,10 @@
 
 #include "platform/base/internal/System_Ascii.h"
 #include "platform/base/internal/System_Converter.h"
+#include "platform/base/internal/System_Digits.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <ostream>
 
 #include <unicode/uchar.h>
@@ -23,13 +23,15 @@ namespace Detail
 namespace
 {
 
-template <class T>
-GSharedText<WideChar> DecimalText(T value)
+/// Written where it stays: the count of the digits costs less than a copy of them.
+GSharedText<WideChar> DecimalText(UInt64 magnitude, bool negative)
 {
-    char digits[24];
-    const char* end = std::to_chars(digits, digits + sizeof digits, value).ptr;
-    auto text = GSharedText<WideChar>::Uninitialized(static_cast<std::size_t>(end - digits));
-    std::copy(static_cast<const char*>(digits), end, text.Unique());
+    auto text = GSharedText<WideChar>::Uninitialized(CountDigits(magnitude) + (negative ? 1 : 0));
+    WideChar* const begin = text.Unique();
+    if (negative) {
+        *begin = u'-';
+    }
+    WriteDigits(magnitude, begin + text.Size());
     return text;
 }
 
@@ -206,12 +208,13 @@ GSharedText<WideChar> FromHostName(std::string_view bytes)
 
 GSharedText<WideChar> IntegerText(long long value)
 {
-    return DecimalText(value);
+    const auto bits = static_cast<UInt64>(value);
+    return DecimalText(value < 0 ? 0 - bits : bits, value < 0);
 }
 
 GSharedText<WideChar> UnsignedText(unsigned long long value)
 {
-    return DecimalText(value);
+    return DecimalText(value, false);
 }
 
 GSharedText<WideChar> FromUtf32(std::wstring_view text)

@@ -3,6 +3,9 @@
 
 #include "platform/base/dates/Sysutils_Calendar.h"
 #include "platform/base/dates/Sysutils_DateText.h"
+#include "platform/base/dates/internal/Sysutils_DateFields.h"
+#include "platform/base/internal/System_Digits.h"
+#include "platform/base/internal/System_TextBuffer.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "platform/runtime/sysutils/Sysutils_Text.h"
 #include "text/dates/BTL_DT_Calendar.h"
@@ -10,6 +13,8 @@
 #include "text/dates/internal/BTL_DT_Fault.h"
 #include "text/editing/BTL_STR_Cut.h"
 #include "text/editing/BTL_STR_Join.h"
+
+#include <cstddef>
 
 namespace BTL
 {
@@ -50,13 +55,21 @@ UnicodeString DateText(const UnicodeString& year, const UnicodeString& month, co
     return text;
 }
 
-UnicodeString DateText(const TDateTime& value)
+using CText = System::Detail::GTextBuffer<UnicodeString>;
+
+void AddNumber(CText& text, Word number)
 {
-    Word year = 0;
-    Word month = 0;
-    Word day = 0;
-    Sysutils::DecodeDate(value, year, month, day);
-    return UnicodeString(year) + u'-' + UnicodeString(month) + u'-' + UnicodeString(day);
+    const std::size_t count = System::Detail::CountDigits(number);
+    System::Detail::WriteDigits(number, text.AddPlaces(count) + count);
+}
+
+void AddDate(CText& text, const Sysutils::Detail::TDateFields& fields)
+{
+    AddNumber(text, fields.year);
+    text.Add(u'-');
+    AddNumber(text, fields.month);
+    text.Add(u'-');
+    AddNumber(text, fields.day);
 }
 
 /// The separators of a date with its time.
@@ -67,27 +80,34 @@ struct TSeparators
     WideChar behindSecond;
 };
 
+bool IsDayZero(const Sysutils::Detail::TDateFields& fields)
+{
+    return fields.year == 1899 && fields.month == 12 && fields.day == 30;
+}
+
 /// Without the date of day zero or of a value that has none, and without the time of midnight.
 UnicodeString DateTimeText(const TDateTime& value, const TSeparators& separators)
 {
-    UnicodeString text = DateText(value);
-    if (text == DateText(TDateTime()) || GetYearOf(value) == 0) {
-        text = {};
+    const auto fields = Sysutils::Detail::FieldsOf(value);
+    CText text;
+    const bool hasDate = fields.year != 0 && !IsDayZero(fields);
+    if (hasDate) {
+        AddDate(text, fields);
     }
-    Word hour = 0;
-    Word minute = 0;
-    Word second = 0;
-    Word milliSecond = 0;
-    Sysutils::DecodeTime(value, hour, minute, second, milliSecond);
-    if (hour == 0 && minute == 0 && second == 0 && milliSecond == 0) {
-        return text;
+    if (fields.IsMidnight()) {
+        return text.Take();
     }
-    if (!text.IsEmpty()) {
-        text += separators.behindDate;
+    if (hasDate) {
+        text.Add(separators.behindDate);
     }
-    return text + UnicodeString(hour) + separators.behindHourAndMinute + UnicodeString(minute) +
-           separators.behindHourAndMinute + UnicodeString(second) + separators.behindSecond +
-           UnicodeString(milliSecond);
+    AddNumber(text, fields.hour);
+    text.Add(separators.behindHourAndMinute);
+    AddNumber(text, fields.minute);
+    text.Add(separators.behindHourAndMinute);
+    AddNumber(text, fields.second);
+    text.Add(separators.behindSecond);
+    AddNumber(text, fields.milliSecond);
+    return text.Take();
 }
 
 } // namespace
@@ -159,7 +179,9 @@ UnicodeString GetSQLDateTimeString(const UnicodeString& text, bool quoted)
 
 UnicodeString GetSQLDateString(const TDateTime& value, bool quoted)
 {
-    return Quoted(DateText(value), quoted);
+    CText text;
+    AddDate(text, Sysutils::Detail::FieldsOf(value));
+    return Quoted(text.Take(), quoted);
 }
 
 UnicodeString GetSQLDateTimeString(const TDateTime& value, bool quoted)

@@ -6,6 +6,7 @@
 #include "platform/base/dates/Sysutils_DateReading.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "text/numbers/BTL_NUM_SetDecimalSeparator.h"
+#include "text/numbers/internal/BTL_NUM_Double.h"
 #include "text/numbers/internal/BTL_NUM_Sign.h"
 
 #include <algorithm>
@@ -36,26 +37,52 @@ UnicodeString WideNumberText(const S& text, WideChar separator = Sysutils::Decim
     return Detail::WithHyphens(SetDecimalSeparator(UnicodeString(text), separator).Trim());
 }
 
+/// What is no blank and has no meaning to a number but the one that it is given.
+template <class Char>
+constexpr bool IsPlain(Char c)
+{
+    return c > 32 && c < 127;
+}
+
+template <class Char>
+View<Char> WithoutBlanks(View<Char> text)
+{
+    constexpr auto isUpToBlank = [](Char c) { return static_cast<std::make_unsigned_t<Char>>(c) <= 32; };
+    while (!text.empty() && isUpToBlank(text.front())) {
+        text.remove_prefix(1);
+    }
+    while (!text.empty() && isUpToBlank(text.back())) {
+        text.remove_suffix(1);
+    }
+    return text;
+}
+
+/// A character of 8 bits beyond ASCII is in no number, so it needs no code page to stay in none.
+template <class Char>
+constexpr WideChar NumberCharacter(Char c)
+{
+    return Detail::IsMinus(c) ? u'-' : static_cast<WideChar>(static_cast<std::make_unsigned_t<Char>>(c));
+}
+
 /// `separator` is what the run-time library is to take the `.` or `,` for.
 template <class Char>
 bool DoubleInto(View<Char> text, WideChar separator, double& value)
 {
-    // Most numbers are short and plain; they need no string.
-    std::array<WideChar, 32> plain;
-    const auto isPlain = [](Char c) { return c > 32 && c < 127; };
-    if (text.size() > plain.size() || !std::all_of(text.begin(), text.end(), isPlain)) {
-        const UnicodeString number = WideNumberText(StringOf<Char>(text), separator);
-        return Sysutils::BufferToFloat(number.AsView(), separator, value);
+    // Most numbers are short; they need no string.
+    std::array<WideChar, 32> number;
+    const View<Char> trimmed = WithoutBlanks(text);
+    if (trimmed.size() > number.size() || !IsPlain(separator)) {
+        const UnicodeString whole = WideNumberText(StringOf<Char>(text), separator);
+        return Sysutils::BufferToFloat(whole.AsView(), separator, value);
     }
-    WideChar* const end = std::copy(text.begin(), text.end(), plain.begin());
-    WideChar* point = std::find(plain.begin(), end, u'.');
-    if (point == end) {
-        point = std::find(plain.begin(), end, u',');
-    }
-    if (point != end) {
+    WideChar* const end =
+        std::transform(trimmed.begin(), trimmed.end(), number.begin(), &NumberCharacter<Char>);
+    // A text with both is no number, whichever of them is taken.
+    const auto isPoint = [](WideChar c) { return c == u'.' || c == u','; };
+    if (WideChar* const point = std::find_if(number.begin(), end, isPoint); point != end) {
         *point = separator;
     }
-    return Sysutils::BufferToFloat({plain.data(), text.size()}, separator, value);
+    return Sysutils::BufferToFloat({number.data(), trimmed.size()}, separator, value);
 }
 
 template <class S>
@@ -110,6 +137,11 @@ void LinkTo(UTL::TNumberLinks<Char>& links)
 }();
 
 } // namespace
+
+bool Detail::ToDouble(std::u16string_view text, double& value)
+{
+    return DoubleInto(text, Sysutils::DecimalSeparator, value);
+}
 
 bool IsDouble(const UnicodeString& text)
 {

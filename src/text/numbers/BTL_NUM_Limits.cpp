@@ -3,6 +3,7 @@
 
 #include "platform/base/Sysutils_Exception.h"
 #include "platform/base/dates/Sysutils_DateText.h"
+#include "platform/base/internal/System_TextBuffer.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "text/numbers/BTL_NUM_FindNumber.h"
 #include "text/numbers/BTL_NUM_Floats.h"
@@ -10,6 +11,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
+#include <iterator>
 #include <string_view>
 
 namespace BTL
@@ -34,47 +37,65 @@ UnicodeString WholeNumber(long double value)
     return Sysutils::FloatToStr(value);
 }
 
+/// The pieces one behind the other, in a text that is made but once.
+template <class S>
+S Joined(std::initializer_list<typename S::View> pieces)
+{
+    System::Detail::GTextBuffer<S> text;
+    for (const auto piece : pieces) {
+        text.Add(piece);
+    }
+    return text.Take();
+}
+
 /// `text` without the zeros at the end of its fraction, but with at least one decimal.
-UnicodeString WithShortFraction(const UnicodeString& text)
+UnicodeString WithShortFraction(UnicodeString text)
 {
     const std::u16string_view view = text.AsView();
     const std::size_t separator = view.find(Sysutils::DecimalSeparator);
     const std::size_t exponent = std::min(view.find(u'E'), view.size());
     if (separator >= exponent) {
-        return exponent == view.size() ? text + Sysutils::DecimalSeparator + u'0' : text;
+        return exponent == view.size() ? Joined<UnicodeString>({view, {&Sysutils::DecimalSeparator, 1}, u"0"})
+                                       : text;
     }
-    std::u16string_view number = view.substr(0, exponent);
-    number = number.substr(0, number.find_last_not_of(u'0') + 1);
-    UnicodeString result(number);
-    if (number.back() == Sysutils::DecimalSeparator) {
-        result += u'0';
+    const std::u16string_view number = view.substr(0, view.find_last_not_of(u'0', exponent - 1) + 1);
+    const bool isBare = number.back() == Sysutils::DecimalSeparator;
+    if (!isBare && number.size() == exponent) {
+        return text;
     }
-    return result.Append(view.substr(exponent));
+    return Joined<UnicodeString>({number, isBare ? u"0" : u"", view.substr(exponent)});
 }
 
-template <class S, class TextOf>
-S Range(double upper, double lower, TextOf textOf)
-{
-    if (upper == lower) {
-        return S(" = ") + textOf(upper);
-    }
-    if (upper == 0.0) {
-        return S(" >= ") + textOf(lower);
-    }
-    if (lower == 0.0) {
-        return S(" <= ") + textOf(upper);
-    }
-    return textOf(std::min(upper, lower)) + S(" ... ") + textOf(std::max(upper, lower));
-}
-
+/// A range with its `unit`, each piece taken as it is.
 template <class S, class TextOf>
 S RangeWithUnit(double upper, double lower, const S* unit, TextOf textOf)
 {
+    using Char = typename S::CharType;
+    static constexpr Char equal[] = {' ', '=', ' '};
+    static constexpr Char atLeast[] = {' ', '>', '=', ' '};
+    static constexpr Char atMost[] = {' ', '<', '=', ' '};
+    static constexpr Char until[] = {' ', '.', '.', '.', ' '};
+    static constexpr Char blank[] = {' '};
+    using View = typename S::View;
+    const View behind = unit == nullptr ? View() : View(blank, 1);
+    const View unitText = unit == nullptr ? View() : unit->AsView();
+    const auto oneSided = [&](View sign, double limit) {
+        return Joined<S>({sign, textOf(limit).AsView(), behind, unitText});
+    };
     if (upper == 0.0 && lower == 0.0) {
         return S();
     }
-    const S range = Range<S>(upper, lower, textOf);
-    return unit == nullptr ? range : range + S(" ") + *unit;
+    if (upper == lower) {
+        return oneSided({equal, std::size(equal)}, upper);
+    }
+    if (upper == 0.0) {
+        return oneSided({atLeast, std::size(atLeast)}, lower);
+    }
+    if (lower == 0.0) {
+        return oneSided({atMost, std::size(atMost)}, upper);
+    }
+    return Joined<S>({textOf(std::min(upper, lower)).AsView(), View(until, std::size(until)),
+                      textOf(std::max(upper, lower)).AsView(), behind, unitText});
 }
 
 template <class S>
@@ -242,17 +263,14 @@ UnicodeString LimitsToStr(const TLimits& limits, const UnicodeString& unit)
     UnicodeString ignored;
     FindUnit(unit, factor, ignored);
     const auto textOf = [&](double value) { return Sysutils::FloatToStr(Scaled(value, 1 / factor)); };
-    UnicodeString result;
-    if (!limits.upper) {
-        result = u">= " + textOf(*limits.lower);
-    } else if (!limits.lower) {
-        result = u"<= " + textOf(*limits.upper);
-    } else if (*limits.lower == *limits.upper) {
-        result = u"= " + textOf(*limits.upper);
-    } else {
-        result = textOf(*limits.lower) + u" ... " + textOf(*limits.upper);
+    const std::u16string_view blank = unit.IsEmpty() ? u"" : u" ";
+    if (limits.lower && limits.upper && *limits.lower != *limits.upper) {
+        return Joined<UnicodeString>(
+            {textOf(*limits.lower).AsView(), u" ... ", textOf(*limits.upper).AsView(), blank, unit.AsView()});
     }
-    return unit.IsEmpty() ? result : result + u' ' + unit;
+    const std::u16string_view sign = !limits.upper ? u">= " : !limits.lower ? u"<= " : u"= ";
+    const double limit = limits.upper ? *limits.upper : *limits.lower;
+    return Joined<UnicodeString>({sign, textOf(limit).AsView(), blank, unit.AsView()});
 }
 
 UnicodeString MeasureFloatToStrW(long double value, int precision, int digits)

@@ -2,10 +2,13 @@
 #include "text/numbers/BTL_NUM_Units.h"
 
 #include "text/numbers/BTL_NUM_FindNumber.h"
-#include "text/numbers/BTL_NUM_Floats.h"
+#include "text/numbers/internal/BTL_NUM_Double.h"
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace BTL
@@ -87,12 +90,63 @@ const TUnit* UnitOf(std::u16string_view symbol)
     return found == Units.end() ? nullptr : found;
 }
 
-/// The prefix that `unit`, which has no blanks in front, begins with; one without a symbol if it has none.
-TUnitPrefix PrefixOf(const UnicodeString& unit)
+/// For each ASCII character the first prefix that begins with it, or behind the last one.
+constexpr auto FirstPrefixes = [] {
+    std::array<std::uint8_t, 128> first{};
+    first.fill(Prefixes.size());
+    for (std::size_t i = Prefixes.size(); i-- > 0;) {
+        if (const char16_t c = Prefixes[i].symbol.front(); c < first.size()) {
+            first[c] = static_cast<std::uint8_t>(i);
+        }
+    }
+    return first;
+}();
+
+std::u16string_view WithoutBlanksInFront(std::u16string_view text)
 {
-    const auto* const found = std::ranges::find_if(
-        Prefixes, [&](const TUnitPrefix& prefix) { return unit.AsView().starts_with(prefix.symbol); });
-    return found == Prefixes.end() ? TUnitPrefix{u"", 1.0} : *found;
+    while (!text.empty() && text.front() <= 32) {
+        text.remove_prefix(1);
+    }
+    return text;
+}
+
+/// The prefix that `unit`, which has no blanks in front, begins with; one without a symbol if it has none.
+const TUnitPrefix& PrefixOf(std::u16string_view unit)
+{
+    static constexpr TUnitPrefix none{u"", 1.0};
+    if (unit.empty()) {
+        return none;
+    }
+    const std::size_t first = unit.front() < FirstPrefixes.size() ? FirstPrefixes[unit.front()] : 0;
+    for (std::size_t i = first; i < Prefixes.size(); ++i) {
+        if (unit.starts_with(Prefixes[i].symbol)) {
+            return Prefixes[i];
+        }
+    }
+    return none;
+}
+
+/// A number in front of a piece of a text.
+struct TValueWithRest
+{
+    double value;
+    std::u16string_view rest;
+};
+
+std::optional<TValueWithRest> ReadValue(const UnicodeString& text)
+{
+    int position = 0;
+    int length = 0;
+    double value = 0;
+    if (!Find1stFloat(text, position, length)) {
+        return std::nullopt;
+    }
+    const std::u16string_view found = text.AsView().substr(static_cast<std::size_t>(position) - 1);
+    if (!Detail::ToDouble(found.substr(0, static_cast<std::size_t>(length)), value)) {
+        return std::nullopt;
+    }
+    const auto rest = WithoutBlanksInFront(found.substr(static_cast<std::size_t>(length)));
+    return TValueWithRest{value * PrefixOf(rest).factor, rest};
 }
 
 } // namespace
@@ -132,7 +186,7 @@ bool FindUnit(const UnicodeString& text, double& factor, UnicodeString& unit)
 
 double GetUnitPrefixFactor(const UnicodeString& unit)
 {
-    return PrefixOf(unit.TrimLeft()).factor;
+    return PrefixOf(WithoutBlanksInFront(unit.AsView())).factor;
 }
 
 double GetUnitPrefixFactor(const AnsiString& unit)
@@ -148,27 +202,25 @@ double GetUnitFactor(const UnicodeString& from, const UnicodeString& to)
 UnicodeString CutUnitPrefix(const UnicodeString& unit)
 {
     const UnicodeString trimmed = unit.Trim();
-    const auto length = static_cast<int>(PrefixOf(trimmed).symbol.size());
+    const auto length = static_cast<int>(PrefixOf(trimmed.AsView()).symbol.size());
     return length < trimmed.Length() ? trimmed.SubString(length + 1) : trimmed;
 }
 
 bool ValueWithUnitToDouble(const UnicodeString& text, double& value)
 {
-    UnicodeString unit;
-    return ValueWithUnitToDouble(text, value, unit);
+    const auto read = ReadValue(text);
+    value = read ? read->value : value;
+    return read.has_value();
 }
 
 bool ValueWithUnitToDouble(const UnicodeString& text, double& value, UnicodeString& unit)
 {
-    const UnicodeString trimmed = text.TrimLeft();
-    int position = 0;
-    const UnicodeString number = Cut1stFloat(trimmed, position);
-    double read = 0;
-    if (!ToDouble(number, read)) {
+    const auto read = ReadValue(text);
+    if (!read) {
         return false;
     }
-    unit = trimmed.SubString(position + number.Length()).Trim();
-    value = read * GetUnitPrefixFactor(unit);
+    unit = UnicodeString(read->rest).TrimRight();
+    value = read->value;
     return true;
 }
 

@@ -19,6 +19,7 @@ using System::TDateTime;
 using System::UnicodeString;
 using System::WideChar;
 using System::Word;
+using System::Detail::AsciiLower;
 using System::Detail::IsAsciiDigit;
 
 namespace
@@ -31,6 +32,18 @@ Word WithCentury(int year, Word window)
     const int start = std::max(CurrentYear() - window, 1);
     const int inCentury = start / 100 * 100 + year;
     return static_cast<Word>(window > 0 && inCentury < start ? inCentury + 100 : inCentury);
+}
+
+/// False where two characters of ASCII at the begin differ by more than their case: no folding makes them
+/// one.
+bool MayBeginAlike(View text, View mark)
+{
+    if (text.empty()) {
+        return false;
+    }
+    const WideChar a = AsciiLower(text.front());
+    const WideChar b = AsciiLower(mark.front());
+    return a == b || a > 127 || b > 127;
 }
 
 enum class EHalfDay
@@ -87,7 +100,7 @@ private:
         if (count < fewest) {
             return std::nullopt;
         }
-        Word year = CurrentYear();
+        std::optional<Word> year;
         Word month = 1;
         Word day = 1;
         std::size_t next = 0;
@@ -100,8 +113,10 @@ private:
                                        : WithCentury(part.value, mSettings.TwoDigitYearCenturyWindow);
             }
         }
+        // The clock is asked only where the text leaves the year to it.
         TDateTime date;
-        return TryEncodeDate(year, month, day, date) ? std::optional(date) : std::nullopt;
+        return TryEncodeDate(year ? *year : CurrentYear(), month, day, date) ? std::optional(date)
+                                                                             : std::nullopt;
     }
 
     std::optional<TDateTime> ReadTime()
@@ -138,7 +153,12 @@ private:
         return exists ? std::optional(time) : std::nullopt;
     }
 
-    void SkipBlanks() { mText.remove_prefix(std::min(mText.find_first_not_of(u' '), mText.size())); }
+    void SkipBlanks()
+    {
+        while (!mText.empty() && mText.front() == u' ') {
+            mText.remove_prefix(1);
+        }
+    }
 
     bool IsAtEnd()
     {
@@ -184,8 +204,8 @@ private:
         View longest;
         const auto look = [&](View mark, EHalfDay marked) {
             // The settings' own mark may begin like the English one, or be a part of it.
-            if (mark.size() > longest.size() &&
-                UnicodeString(mText.substr(0, mark.size())).CompareIC(UnicodeString(mark)) == 0) {
+            if (mark.size() > longest.size() && MayBeginAlike(mText, mark) &&
+                System::Detail::CompareIgnoreCase(mText.substr(0, mark.size()), mark) == 0) {
                 longest = mark;
                 halfDay = marked;
             }

@@ -4,6 +4,8 @@
 #include "platform/base/dates/internal/Sysutils_DateFields.h"
 #include "platform/base/dates/internal/Sysutils_DateParts.h"
 #include "platform/base/internal/System_Ascii.h"
+#include "platform/base/internal/System_Digits.h"
+#include "platform/base/internal/System_TextBuffer.h"
 
 #include <algorithm>
 #include <array>
@@ -35,6 +37,9 @@ bool BeginsWith(View text, View word)
 /// The length of the mark of the half of the day that `picture` begins with, or 0.
 std::size_t HalfDayLength(View picture)
 {
+    if (!BeginsWith(picture, u"a")) {
+        return 0;
+    }
     for (const View mark : {View(u"am/pm"), View(u"ampm"), View(u"a/p")}) {
         if (BeginsWith(picture, mark)) {
             return mark.size();
@@ -67,6 +72,19 @@ bool HasHalfDay(View picture)
     return false;
 }
 
+/// Whether a picture writes a field for the letter, which is a small one.
+constexpr bool IsFieldLetter(WideChar letter)
+{
+    constexpr unsigned fields = [] {
+        unsigned bits = 0;
+        for (const WideChar field : View(u"cdhmnstyz")) {
+            bits |= 1U << (field - u'a');
+        }
+        return bits;
+    }();
+    return letter >= u'a' && letter <= u'z' && (fields >> (letter - u'a') & 1) != 0;
+}
+
 class CDatePictureWriter
 {
 public:
@@ -83,13 +101,13 @@ public:
             const View rest = picture.substr(at);
             if (IsQuote(c)) {
                 const std::size_t end = QuoteEnd(picture, at);
-                mText += picture.substr(at + 1, end - at - 1);
+                mText.Add(picture.substr(at + 1, end - at - 1));
                 at = end + 1;
             } else if (const std::size_t length = HalfDayLength(rest); length != 0) {
                 WriteHalfDay(rest.substr(0, length));
                 lastLetter = u'a';
                 at += length;
-            } else if (const WideChar letter = AsciiLower(c); View(u"cdhmnstyz").find(letter) != View::npos) {
+            } else if (const WideChar letter = AsciiLower(c); IsFieldLetter(letter)) {
                 const auto end = std::find_if(rest.begin(), rest.end(),
                                               [letter](WideChar next) { return AsciiLower(next) != letter; });
                 const auto count = static_cast<std::size_t>(end - rest.begin());
@@ -108,12 +126,12 @@ public:
     {
         WriteStored(mSettings.ShortDateFormat);
         if (!mFields.IsMidnight()) {
-            mText += u' ';
+            mText.Add(u' ');
             WriteStored(mSettings.LongTimeFormat);
         }
     }
 
-    UnicodeString getText() const { return UnicodeString(View(mText)); }
+    UnicodeString TakeText() { return mText.Take(); }
 
 private:
     /// A picture of the settings. One that names itself would have no end, so a second level isn't followed.
@@ -176,11 +194,14 @@ private:
         WriteName(count == 3 ? mSettings.ShortMonthNames : mSettings.LongMonthNames, mFields.month);
     }
 
+    /// At least `digits` digits, of which no field has more than four, of a number that isn't negative.
     void WriteNumber(int number, std::size_t digits)
     {
-        const UnicodeString text(number);
-        mText.append(digits - std::min(digits, text.AsView().size()), u'0');
-        mText += text.AsView();
+        const auto value = static_cast<System::UInt64>(number);
+        const std::size_t count = std::max(digits, System::Detail::CountDigits(value));
+        WideChar* const begin = mText.AddPlaces(count);
+        std::fill_n(begin, count, u'0');
+        System::Detail::WriteDigits(value, begin + count);
     }
 
     /// `number` counts from 1; 0 is none.
@@ -188,7 +209,7 @@ private:
     void WriteName(const std::array<UnicodeString, Count>& names, Word number)
     {
         if (number > 0) {
-            mText += names[number - 1U].AsView();
+            mText.Add(names[number - 1U].AsView());
         }
     }
 
@@ -197,9 +218,9 @@ private:
         const bool afternoon = mFields.hour >= 12;
         const std::size_t slash = mark.find(u'/');
         if (slash == View::npos) {
-            mText += (afternoon ? mSettings.TimePMString : mSettings.TimeAMString).AsView();
+            mText.Add((afternoon ? mSettings.TimePMString : mSettings.TimeAMString).AsView());
         } else {
-            mText += afternoon ? mark.substr(slash + 1) : mark.substr(0, slash);
+            mText.Add(afternoon ? mark.substr(slash + 1) : mark.substr(0, slash));
         }
     }
 
@@ -208,13 +229,13 @@ private:
         const WideChar shown = c == u'/' ? mSettings.DateSeparator : c == u':' ? mSettings.TimeSeparator : c;
         // The settings may have no separator.
         if (shown != 0 || c == 0) {
-            mText += shown;
+            mText.Add(shown);
         }
     }
 
     Detail::TDateFields mFields;
     const TFormatSettings& mSettings;
-    std::u16string mText;
+    System::Detail::GTextBuffer<UnicodeString> mText;
     bool mInStored = false;
 };
 
@@ -232,7 +253,8 @@ std::u16string DateOrder(View picture)
             continue;
         }
         const WideChar letter = AsciiLower(picture[at]);
-        if (View(u"dmy").find(letter) != View::npos && order.find(letter) == View::npos) {
+        const bool isPart = letter == u'd' || letter == u'm' || letter == u'y';
+        if (isPart && order.find(letter) == View::npos) {
             order += letter;
         }
     }
@@ -250,7 +272,7 @@ UnicodeString DateToStr(const TDateTime& value, const TFormatSettings& settings)
 {
     CDatePictureWriter writer(value, settings);
     writer.Write(settings.ShortDateFormat.AsView());
-    return writer.getText();
+    return writer.TakeText();
 }
 
 UnicodeString TimeToStr(const TDateTime& value)
@@ -262,7 +284,7 @@ UnicodeString TimeToStr(const TDateTime& value, const TFormatSettings& settings)
 {
     CDatePictureWriter writer(value, settings);
     writer.Write(settings.LongTimeFormat.AsView());
-    return writer.getText();
+    return writer.TakeText();
 }
 
 UnicodeString DateTimeToStr(const TDateTime& value)
@@ -274,7 +296,7 @@ UnicodeString DateTimeToStr(const TDateTime& value, const TFormatSettings& setti
 {
     CDatePictureWriter writer(value, settings);
     writer.WriteDateTime();
-    return writer.getText();
+    return writer.TakeText();
 }
 
 UnicodeString FormatDateTime(const UnicodeString& format, const TDateTime& value)
@@ -287,7 +309,7 @@ UnicodeString FormatDateTime(const UnicodeString& format, const TDateTime& value
 {
     CDatePictureWriter writer(value, settings);
     writer.Write(format.IsEmpty() ? View(u"c") : format.AsView());
-    return writer.getText();
+    return writer.TakeText();
 }
 
 void DateTimeToString(UnicodeString& result, const UnicodeString& format, const TDateTime& value)

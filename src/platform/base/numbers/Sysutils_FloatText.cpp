@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -23,25 +24,6 @@ using namespace Detail;
 
 constexpr int Int64Digits = 19;
 constexpr int MaxDecimals = 18;
-
-/// Collects a number's text.
-template <class Char>
-class GNumberText
-{
-public:
-    explicit GNumberText(Char* out) : mBegin(out), mEnd(out) {}
-
-    template <class Other>
-    void Add(Other c)
-    {
-        *mEnd++ = static_cast<Char>(c);
-    }
-    std::size_t Length() const { return static_cast<std::size_t>(mEnd - mBegin); }
-
-private:
-    Char* mBegin;
-    Char* mEnd;
-};
 
 /// The digits in front of the separator, with thousand separators unless `thousand` is 0.
 void AddInteger(CStringText& out, const TDecimal& value, WideChar thousand)
@@ -132,6 +114,37 @@ UnicodeString DecimalToStrF(TDecimal value, TFloatFormat format, int precision, 
     return format == ffCurrency ? MoneyText(out.Take(), negative, settings) : out.Take();
 }
 
+/// Whether rounding to `wanted` digits drops a 5 alone: the digits are then half way to the next ones, which
+/// the value that they stand for need not be.
+bool IsHalfWay(const TDecimal& value, int wanted)
+{
+    return value.count == wanted + 1 && wanted >= 0 && value.At(wanted) == '5';
+}
+
+/// The shortest digits of a value that a `double` holds, which come far faster than those of the wide type.
+/// The value and its shortest digits lie on one side of every number of up to 16 digits but themselves, so
+/// that they round alike to 15 digits and less. Where they are themselves half way to the next digits, or
+/// where more digits count, nothing.
+std::optional<TDecimal> QuickDigits(long double value, TFloatFormat format, int precision, int decimals)
+{
+    const auto narrow = static_cast<double>(value);
+    const bool isNormal = std::isnormal(narrow) || narrow == 0;
+    if (precision > DoubleDigits || !isNormal || static_cast<long double>(narrow) != value) {
+        return std::nullopt;
+    }
+    const TDecimal result = ShortestDigits(narrow);
+    const bool isFloating = format == ffGeneral || format == ffExponent;
+    if (IsHalfWay(result, precision) || (!isFloating && IsHalfWay(result, result.exponent + decimals))) {
+        return std::nullopt;
+    }
+    return result;
+}
+
+std::optional<TDecimal> QuickDigits(double, TFloatFormat, int, int)
+{
+    return std::nullopt;
+}
+
 template <class Float>
 UnicodeString ToStrF(Float value, TFloatFormat format, int precision, int digits,
                      const TFormatSettings& settings)
@@ -139,8 +152,9 @@ UnicodeString ToStrF(Float value, TFloatFormat format, int precision, int digits
     if (!std::isfinite(value)) {
         return FromAscii(SpecialText(value));
     }
-    return DecimalToStrF(ToDecimal(value), format, std::clamp(precision, 2, DigitsOf<Float>), digits,
-                         settings);
+    const int usedPrecision = std::clamp(precision, 2, DigitsOf<Float>);
+    const auto quick = QuickDigits(value, format, usedPrecision, std::clamp(digits, 0, MaxDecimals));
+    return DecimalToStrF(quick ? *quick : ToDecimal(value), format, usedPrecision, digits, settings);
 }
 
 template <class Char>

@@ -3,11 +3,9 @@
 
 #include "platform/base/Sysutils_Exception.h"
 #include "platform/base/internal/System_Ascii.h"
-#include "platform/base/numbers/internal/Sysutils_Decimal.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
+#include <bit>
 #include <cstddef>
 #include <limits>
 #include <optional>
@@ -25,7 +23,6 @@ using System::UInt64;
 using System::UnicodeString;
 using System::WideChar;
 using System::Detail::AsciiHexValue;
-using System::Detail::AsciiUpper;
 
 /// The text of an integer, read as far as it fits.
 template <class Integer>
@@ -112,16 +109,17 @@ Integer IntegerOrThrow(const UnicodeString& text)
     throw EConvertError(u"'" + text + u"' is not a valid integer value");
 }
 
-template <class Unsigned>
-UnicodeString HexText(Unsigned value, int digits)
+UnicodeString HexText(UInt64 value, int digits)
 {
-    std::array<char, 20> text;
-    const char* end = std::to_chars(text.data(), text.data() + text.size(), value, 16).ptr;
-    std::transform(text.data(), const_cast<char*>(end), text.data(), AsciiUpper<char>);
-    const auto length = static_cast<int>(end - text.data());
     constexpr int maxDigits = 64;
-    return UnicodeString::StringOfChar(u'0', std::clamp(digits, 0, maxDigits) - length) +
-           Detail::FromAscii({text.data(), static_cast<std::size_t>(length)});
+    const int used = (64 - std::countl_zero(value | 1) + 3) / 4;
+    UnicodeString text(System::GSharedText<WideChar>::Uninitialized(
+        static_cast<std::size_t>(std::max(std::clamp(digits, 0, maxDigits), used))));
+    WideChar* const begin = text.UniqueData();
+    for (WideChar* out = begin + text.Length(); out != begin; value /= 16) {
+        *--out = static_cast<WideChar>("0123456789ABCDEF"[value % 16]);
+    }
+    return text;
 }
 
 } // namespace

@@ -4,8 +4,14 @@
 #include "platform/runtime/sysutils/internal/System_Conversion.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <limits>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <type_traits>
 
 namespace System
 {
@@ -77,14 +83,26 @@ std::chars_format FloatFormat(char type)
 }
 
 template <class Float>
+std::to_chars_result WriteFloat(char* begin, char* end, Float value, char type, int precision)
+{
+    return precision < 0 ? std::to_chars(begin, end, value, FloatFormat(type))
+                         : std::to_chars(begin, end, value, FloatFormat(type), precision);
+}
+
+template <class Float>
 std::string PlainFloatText(Float value, char type, int precision)
 {
+    // Few numbers need the room that the largest one does.
+    std::array<char, 64> shortText;
+    char* const shortBegin = shortText.data();
+    const auto written = WriteFloat(shortBegin, shortBegin + shortText.size(), value, type, precision);
+    if (written.ec == std::errc()) {
+        return {shortBegin, written.ptr};
+    }
     constexpr std::size_t mostDigits = std::numeric_limits<Float>::max_exponent10 + 32;
     std::string text(mostDigits + static_cast<std::size_t>(std::max(precision, 0)), '\0');
     char* const begin = text.data();
-    char* const end = begin + text.size();
-    const auto result = precision < 0 ? std::to_chars(begin, end, value, FloatFormat(type))
-                                      : std::to_chars(begin, end, value, FloatFormat(type), precision);
+    const auto result = WriteFloat(begin, begin + text.size(), value, type, precision);
     text.resize(static_cast<std::size_t>(result.ptr - begin));
     return text;
 }
@@ -268,12 +286,17 @@ private:
         } else {
             Misfit();
         }
-        Base::Pad(S(UnicodeString(character)), conversion);
+        Base::Pad(S(UnicodeString(character)).AsView(), conversion);
     }
 
     void PrintText(const TConversion& conversion)
     {
-        Base::PadCut(S(Base::template NextAs<UnicodeString>()), conversion);
+        const auto& text = Base::template NextAs<UnicodeString>();
+        if constexpr (std::is_same_v<S, UnicodeString>) {
+            Base::PadCut(text.AsView(), conversion);
+        } else {
+            Base::PadCut(S(text).AsView(), conversion);
+        }
     }
 
     void PrintNumber(const TNumberText& text, const TConversion& conversion)
@@ -283,7 +306,7 @@ private:
             const auto length = static_cast<int>(text.prefix.size() + text.digits.size());
             digits.insert(0, static_cast<std::size_t>(std::max(conversion.width - length, 0)), '0');
         }
-        Base::PadNumber(Base::Widen(text.prefix + digits), conversion);
+        Base::PadNumber(std::string_view(text.prefix + digits), conversion);
     }
 
     static constexpr Char Digits64[] = {'6', '4', 0};

@@ -6,7 +6,8 @@
 #include "platform/runtime/sysutils/internal/System_Conversion.h"
 
 #include <algorithm>
-#include <utility>
+#include <string>
+#include <string_view>
 
 namespace Sysutils
 {
@@ -93,7 +94,10 @@ private:
         std::string text = System::Detail::DigitText(number.value, base, System::Detail::EHexDigits::Upper);
         const auto digitCount = static_cast<int>(text.size());
         text.insert(0, static_cast<std::size_t>(std::max(conversion.precision - digitCount, 0)), '0');
-        PadNumber(Widen((number.negative ? "-" : "") + text), conversion);
+        if (number.negative) {
+            text.insert(0, 1, '-');
+        }
+        PadNumber(std::string_view(text), conversion);
     }
 
     void PrintFloat(const TConversion& conversion)
@@ -102,9 +106,9 @@ private:
         // As far as a `double` holds the value, the noise behind its 15 digits doesn't show.
         const auto asDouble = static_cast<double>(value);
         const bool fitsDouble = static_cast<long double>(asDouble) == value;
-        PadNumber(fitsDouble ? FloatTextBySettings(asDouble, conversion)
-                             : FloatTextBySettings(value, conversion),
-                  conversion);
+        const UnicodeString text =
+            fitsDouble ? FloatTextBySettings(asDouble, conversion) : FloatTextBySettings(value, conversion);
+        PadNumber(text.AsView(), conversion);
     }
 
     template <class Float>
@@ -136,15 +140,13 @@ private:
     void PrintText(const TConversion& conversion)
     {
         const System::TVarRec::TValue& value = Next().getValue();
-        UnicodeString text;
         if (const auto* whole = std::get_if<UnicodeString>(&value)) {
-            text = *whole;
+            PadCut(whole->AsView(), conversion);
         } else if (const auto* character = std::get_if<WideChar>(&value)) {
-            text = *character;
+            PadCut({character, 1}, conversion);
         } else {
             Misfit();
         }
-        PadCut(std::move(text), conversion);
     }
 
     const TFormatSettings& mSettings;

@@ -4,10 +4,12 @@
 #include "platform/base/Sysutils_Exception.h"
 #include "platform/base/dates/Sysutils_DateReading.h"
 #include "platform/base/dates/Sysutils_DateText.h"
+#include "platform/base/internal/System_Ascii.h"
 #include "platform/base/numbers/Sysutils_Currency.h"
 #include "platform/runtime/variants/Variants.h"
 #include "platform/runtime/variants/internal/System_VariantValue.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -25,12 +27,17 @@ namespace
 
 using Sysutils::EVariantError;
 
-/// The widest digits of an unsigned number; nothing for any other text.
-std::optional<UInt64> TryUnsigned(std::string_view text)
+/// Nothing for what isn't digits alone, with blanks around.
+std::optional<UInt64> TryUnsigned(const UnicodeString& text)
 {
+    constexpr auto belongs = [](WideChar c) { return IsAsciiDigit(c) || c <= 32; };
+    if (!std::all_of(text.begin(), text.end(), belongs)) {
+        return std::nullopt;
+    }
+    const std::string digits = ToUtf8(text.Trim());
     UInt64 value = 0;
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (result.ec != std::errc() || result.ptr != text.data() + text.size()) {
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    if (result.ec != std::errc() || result.ptr != digits.data() + digits.size()) {
         return std::nullopt;
     }
     return value;
@@ -42,7 +49,7 @@ std::optional<TVariantNumber> ReadNumber(const UnicodeString& text)
     if (Sysutils::TryStrToInt64(text, whole)) {
         return Int128(whole);
     }
-    if (const auto large = TryUnsigned(ToUtf8(text.Trim()))) {
+    if (const auto large = TryUnsigned(text)) {
         return Int128(*large);
     }
     double real = 0;
@@ -82,7 +89,8 @@ void ThrowVariantOperation()
 std::optional<TVariantNumber> TryNumber(const Variant& value)
 {
     if (value.IsText()) {
-        return ReadNumber(TextOf(value));
+        const auto* const wide = std::get_if<UnicodeString>(&value.getValue());
+        return wide != nullptr ? ReadNumber(*wide) : ReadNumber(TextOf(value));
     }
     if (value.IsArray() || value.IsNull()) {
         return std::nullopt;

@@ -82,10 +82,40 @@ bool IsTextPair(const Variant& a, const Variant& b)
     return (a.IsText() && (b.IsText() || b.IsEmpty())) || (b.IsText() && a.IsEmpty());
 }
 
+/// Whether the value is one of the two numbers that most are.
+bool IsPlain(const Variant& value)
+{
+    return value.Type() == varInteger || value.Type() == varDouble;
+}
+
+/// What two plain numbers give: `whole` of two integers, whose sums, differences and products fit 64 bits,
+/// else `real`.
+template <class Whole, class Real>
+auto WithPlain(const Variant& a, const Variant& b, Whole whole, Real real)
+{
+    const auto* const m = std::get_if<Int64>(&a.getValue());
+    const auto* const n = std::get_if<Int64>(&b.getValue());
+    if (m != nullptr && n != nullptr) {
+        return whole(*m, *n);
+    }
+    return real(m != nullptr ? static_cast<double>(*m) : *std::get_if<double>(&a.getValue()),
+                n != nullptr ? static_cast<double>(*n) : *std::get_if<double>(&b.getValue()));
+}
+
+Variant PlainResult(Int64 value)
+{
+    return value >= MinInt && value <= MaxInt ? Variant(static_cast<int>(value)) : Variant(value);
+}
+
 /// A sum, a difference or a product.
 template <class Operation>
 Variant Calculate(const Variant& a, const Variant& b, Operation operation)
 {
+    if (IsPlain(a) && IsPlain(b)) {
+        return WithPlain(
+            a, b, [&](Int64 m, Int64 n) { return PlainResult(operation(m, n)); },
+            [&](double x, double y) { return Variant(operation(x, y)); });
+    }
     constexpr bool isProduct = std::is_same_v<Operation, std::multiplies<>>;
     if (a.IsNull() || b.IsNull()) {
         return Variant::Null();
@@ -201,6 +231,11 @@ bool AreOf(Word type, const Variant& a, const Variant& b)
 
 std::partial_ordering Compare(const Variant& a, const Variant& b)
 {
+    if (IsPlain(a) && IsPlain(b)) {
+        return WithPlain(
+            a, b, [](Int64 m, Int64 n) -> std::partial_ordering { return m <=> n; },
+            [](double x, double y) { return x <=> y; });
+    }
     if (a.IsNull() || b.IsNull()) {
         return Ordered(!a.IsNull(), !b.IsNull());
     }

@@ -120,10 +120,12 @@ TEST(DateReadingTest, ReadsTimes)
         {u"1 v", {1, 0, 0, 0}},
         {u"1:00:00,001 NACHM", {13, 0, 0, 1}},
     };
-    const TFormatSettings settings = GermanSettings();
+    TFormatSettings settings = GermanSettings();
     for (const auto& c : cases) {
         EXPECT_EQ(ClockOf(StrToTime(c.text, settings)), c.expected) << c.text;
     }
+    settings.TimePMString = u"\u212A";
+    EXPECT_EQ(ClockOf(StrToTime(u"1 k", settings)), Clock(13, 0, 0, 0)) << "the sign of kelvin folds to a k";
     const UnicodeString refused[] = {u"",        u"x",      u"24:00",     u"10:60",         u"10:00:60",
                                      u"10:",     u"10:00:", u"10:00:00,", u"10:00:00,1000", u"13 pm",
                                      u"1 pm am", u"-1",     u"10.5",      u"10:00 x"};

@@ -56,17 +56,19 @@ TEST(SysutilsFloatTextTest, WritesFloats)
     EXPECT_EQ(Sysutils::FloatToStr(1e4000L, German()), u"1E4000");
 }
 
+struct FormatCase
+{
+    double value;
+    Sysutils::TFloatFormat format;
+    int precision;
+    int digits;
+    const char16_t* expected;
+};
+
 TEST(SysutilsFloatTextTest, WritesFloatsInEachForm)
 {
     using enum Sysutils::TFloatFormat;
-    const struct
-    {
-        double value;
-        Sysutils::TFloatFormat format;
-        int precision;
-        int digits;
-        const char16_t* expected;
-    } cases[] = {
+    const FormatCase cases[] = {
         {1234.5678, ffGeneral, 6, 0, u"1234,57"},
         {1234567, ffGeneral, 4, 0, u"1,235E6"},
         {1234567, ffGeneral, 4, 3, u"1,235E006"},
@@ -102,6 +104,35 @@ TEST(SysutilsFloatTextTest, WritesFloatsInEachForm)
             << c.value << " " << c.format;
     }
     EXPECT_EQ(Sysutils::FloatToStrF(123456789012345678.0L, ffFixed, 18, 0, German()), u"123456789012345678");
+}
+
+TEST(SysutilsFloatTextTest, RoundsAWideValueByItself)
+{
+    using enum Sysutils::TFloatFormat;
+    const FormatCase cases[] = {
+        // Decimals that no float holds lie on either side of the half that they are written as.
+        {0.15, ffFixed, 15, 1, u"0,1"},
+        {0.35, ffFixed, 15, 1, u"0,3"},
+        {0.45, ffFixed, 15, 1, u"0,5"},
+        {2.675, ffGeneral, 3, 0, u"2,67"},
+        {1.000005, ffGeneral, 6, 0, u"1,00001"},
+        {0.1234567890123455, ffGeneral, 15, 0, u"0,123456789012345"},
+        {0.1234567890123455, ffGeneral, 14, 0, u"0,12345678901235"},
+        {0.25, ffFixed, 15, 1, u"0,3"},
+        {-999999.5, ffExponent, 6, 1, u"-1,00000E+6"},
+        {1e-6, ffFixed, 15, 6, u"0,000001"},
+        {1e-6, ffFixed, 15, 5, u"0,00000"},
+        {1e23, ffGeneral, 15, 0, u"1E23"},
+        {1e23, ffGeneral, 18, 0, u"9,99999999999999916E22"},
+        {5e-324, ffGeneral, 6, 0, u"4,94066E-324"},
+        {-0.0, ffFixed, 15, 1, u"0,0"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(Sysutils::FloatToStrF(static_cast<long double>(c.value), c.format, c.precision, c.digits,
+                                        German()),
+                  c.expected)
+            << c.value << " " << c.format;
+    }
 }
 
 TEST(SysutilsFloatTextTest, PutsTheCurrencyInItsPlace)

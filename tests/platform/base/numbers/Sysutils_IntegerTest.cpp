@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <string>
 
 namespace
 {
@@ -23,6 +24,15 @@ TEST(SysutilsIntegerTest, WritesIntegers)
     EXPECT_EQ(Sysutils::IntToHex(Int64(-1), 2), u"FFFFFFFFFFFFFFFF");
     EXPECT_EQ(Sysutils::IntToHex(1, INT_MAX).Length(), 64);
     EXPECT_EQ(Sysutils::IntToHex(1, INT_MIN), u"1");
+}
+
+TEST(SysutilsIntegerTest, WritesIntegersOfEachLength)
+{
+    for (Int64 power = 1; power < LLONG_MAX / 10; power *= 10) {
+        for (const Int64 value : {power - 1, power, power + 1, 1 - power, -power}) {
+            EXPECT_EQ(Sysutils::IntToStr(value), UnicodeString(std::to_string(value).c_str()));
+        }
+    }
 }
 
 TEST(SysutilsIntegerTest, ReadsIntegers)

@@ -113,6 +113,11 @@ TEST(PrintfTest, WritesTextsOfEitherWidth)
     EXPECT_EQ(Printf(u"%*d|%-*d|%.*f", 4, 7, 3, 8, 1, 2.25), u"   7|8  |2.2");
     EXPECT_EQ(Printf(u"%*d|", -4, 7), u"7   |");
     EXPECT_EQ(Printf(u"plain", 1, 2), u"plain");
+    for (const int length : {100, 119, 120, 121, 240, 1000}) {
+        const UnicodeString word = UnicodeString::StringOfChar(u'x', length);
+        const UnicodeString blanks = UnicodeString::StringOfChar(u' ', length - 1);
+        EXPECT_EQ(Printf(word + u"%s%*d%d%s", word, length, 7, 8, u"y"), word + word + blanks + u"78y");
+    }
 }
 
 TEST(PrintfTest, RefusesWhatDoesNotFit)

@@ -5,9 +5,11 @@
 // goes through stays inline.
 
 #include "platform/base/System_String.h"
+#include "platform/base/internal/System_Digits.h"
 
 #include <algorithm>
 #include <array>
+#include <cfloat>
 #include <charconv>
 #include <cmath>
 #include <concepts>
@@ -97,12 +99,48 @@ template <class... Precision>
     return result;
 }
 
+/// The digits of a value of up to four decimals, as most measured ones are; no more than 15 of them. They
+/// are those of the quotient of two integers that a float holds, which one division gives back. False for
+/// any other value.
+[[nodiscard]] inline bool TakeShortDigits(double value, TDecimal& result)
+{
+    constexpr int decimals = 4;
+    constexpr double scale = 1e4;
+    constexpr double tooLarge = 1e15;
+    const double size = std::abs(value);
+    const double units = size * scale + 0.5;
+    if (FLT_EVAL_METHOD != 0 || !(units < tooLarge)) {
+        return false;
+    }
+    const auto whole = static_cast<System::Int64>(units);
+    if (static_cast<double>(whole) / scale != size) {
+        return false;
+    }
+    const auto magnitude = static_cast<System::UInt64>(whole);
+    const std::size_t count = System::Detail::CountDigits(magnitude);
+    System::Detail::WriteDigits(magnitude, result.digits.data() + count);
+    result.count = static_cast<int>(count);
+    result.exponent = result.count - decimals;
+    result.negative = std::signbit(value);
+    return true;
+}
+
+/// The fewest digits that read back as the value, without zeros behind.
+[[nodiscard]] inline TDecimal ShortestDigits(double value)
+{
+    TDecimal result;
+    if (!TakeShortDigits(value, result)) {
+        result = ScientificDigits(value);
+    }
+    result.Round(result.count);
+    return result;
+}
+
 /// The digits of a finite value that count.
 [[nodiscard]] inline TDecimal ToDecimal(double value)
 {
-    // The shortest form that reads back as the value: rounding it, and not the binary value, to 15 digits
-    // spares a second conversion.
-    TDecimal result = ScientificDigits(value);
+    // Rounding the shortest form, and not the binary value, to 15 digits spares a second conversion.
+    TDecimal result = ShortestDigits(value);
     result.Round(DoubleDigits);
     return result;
 }

@@ -5,12 +5,12 @@
 // collects characters as it does.
 
 #include "platform/base/Sysutils_Locale.h"
+#include "platform/base/internal/System_TextBuffer.h"
 #include "platform/base/numbers/internal/Sysutils_Decimal.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <string>
-#include <utility>
 
 namespace Sysutils::Detail
 {
@@ -90,17 +90,36 @@ void AddGeneral(Out& out, const TDecimal& value, int precision, int exponentDigi
     }
 }
 
-/// Appends to a string.
+/// Writes a number's text to where there is room for all of it.
+template <class Char>
+class GNumberText
+{
+public:
+    explicit GNumberText(Char* out) : mBegin(out), mEnd(out) {}
+
+    template <class Other>
+    void Add(Other c)
+    {
+        *mEnd++ = static_cast<Char>(c);
+    }
+    std::size_t Length() const { return static_cast<std::size_t>(mEnd - mBegin); }
+
+private:
+    Char* mBegin;
+    Char* mEnd;
+};
+
+/// Gathers a string.
 class CStringText
 {
 public:
-    void Add(System::WideChar c) { mText += c; }
-    void Add(char c) { mText += static_cast<System::WideChar>(c); }
-    void Add(const System::UnicodeString& text) { mText += text; }
-    System::UnicodeString Take() { return std::move(mText); }
+    void Add(System::WideChar c) { mText.Add(c); }
+    void Add(char c) { mText.Add(static_cast<System::WideChar>(c)); }
+    void Add(const System::UnicodeString& text) { mText.Add(text.AsView()); }
+    System::UnicodeString Take() { return mText.Take(); }
 
 private:
-    System::UnicodeString mText;
+    System::Detail::GTextBuffer<System::UnicodeString> mText;
 };
 
 /// The general form of `precision` significant digits.

@@ -3,6 +3,7 @@
 
 #include "platform/base/Sysutils_Exception.h"
 #include "platform/base/internal/System_Ascii.h"
+#include "platform/base/internal/System_TextBuffer.h"
 #include "platform/runtime/sysutils/System_VarArgs.h"
 
 #include <algorithm>
@@ -81,19 +82,19 @@ protected:
     {
         while (!mRest.empty()) {
             const auto percent = std::min(mRest.find(Char('%')), mRest.size());
-            mOut.Append(mRest.substr(0, percent));
+            mOut.Add(mRest.substr(0, percent));
             mRest.remove_prefix(percent);
             if (mRest.empty()) {
                 break;
             }
             mRest.remove_prefix(1);
             if (Accept('%')) {
-                mOut += Char('%');
+                mOut.Add(Char('%'));
             } else {
                 printConversion();
             }
         }
-        return std::move(mOut);
+        return mOut.Take();
     }
 
     static bool IsOneOf(Char c, std::string_view set)
@@ -201,28 +202,35 @@ protected:
         return {argument.getSize() <= sizeof(int) ? static_cast<unsigned>(bits) : bits, false};
     }
 
-    /// Writes `text` and the blanks that it lacks to the width of its field.
-    void Pad(const S& text, const TField& field)
+    /// Writes `text` and the blanks that it lacks to the width of its field. Of a narrower width it is ASCII.
+    template <class Other>
+    void Pad(std::basic_string_view<Other> text, const TField& field)
     {
-        const int padding = std::max(field.width - text.Length(), 0);
+        const int padding = std::max(field.width - static_cast<int>(text.size()), 0);
         Charge(padding);
-        const S blanks = S::StringOfChar(Char(' '), padding);
-        mOut += field.left ? text + blanks : blanks + text;
+        const auto blanks = static_cast<std::size_t>(padding);
+        mOut.Add(field.left ? 0 : blanks, Char(' '));
+        if constexpr (std::is_same_v<Char, Other>) {
+            mOut.Add(text);
+        } else {
+            for (const Other c : text) {
+                mOut.Add(static_cast<Char>(c));
+            }
+        }
+        mOut.Add(field.left ? blanks : 0, Char(' '));
     }
 
     /// As `Pad`, but only as much of `text` as the precision lets through.
-    void PadCut(S text, const TField& field)
+    void PadCut(View text, const TField& field)
     {
-        if (field.precision >= 0 && text.Length() > field.precision) {
-            text.SetLength(field.precision);
-        }
-        Pad(text, field);
+        Pad(field.precision >= 0 ? text.substr(0, static_cast<std::size_t>(field.precision)) : text, field);
     }
 
     /// As `Pad`, but for a number, whose own characters a precision makes.
-    void PadNumber(const S& text, const TField& field)
+    template <class Other>
+    void PadNumber(std::basic_string_view<Other> text, const TField& field)
     {
-        Charge(text.Length());
+        Charge(static_cast<int>(text.size()));
         Pad(text, field);
     }
 
@@ -237,14 +245,6 @@ protected:
         mMade += made;
     }
 
-    static S Widen(std::string_view text)
-    {
-        S result;
-        result.SetLength(static_cast<int>(text.size()));
-        std::copy(text.begin(), text.end(), result.UniqueData());
-        return result;
-    }
-
     View mFormat;
     View mRest;
     TVarArgs mArguments;
@@ -252,7 +252,7 @@ protected:
 
 private:
     int mMade = 0;
-    S mOut;
+    GTextBuffer<S> mOut;
 };
 
 } // namespace System::Detail
