@@ -3,6 +3,7 @@
 #include "streams/BTL_STRM_InStream.h"
 #include "streams/BTL_STRM_OutStream.h"
 #include "streams/BTL_STRM_StdIOStream.h"
+#include "streams/BTL_STRM_StdStreamUtilities.h"
 #include "streams/BTL_STRM_StreamUtilities.h"
 #include "streams/BTL_STRM_TextReader.h"
 
@@ -227,6 +228,18 @@ void ReadStringUntilOurs(benchmark::State& state)
     });
 }
 
+void BridgeUntilOurs(benchmark::State& state)
+{
+    OverFile(state, [](const BenchmarkFile& file) {
+        BTL::CStdInFileStream stream(file.Name());
+        Int64 sum = 0;
+        while (stream.good()) {
+            sum += BTL::ReadStringUntil(stream, ';').Length();
+        }
+        return sum;
+    });
+}
+
 void ReadLineOurs(benchmark::State& state)
 {
     OverFile(state, [](const BenchmarkFile& file) {
@@ -234,6 +247,18 @@ void ReadLineOurs(benchmark::State& state)
         Int64 sum = 0;
         while (!BTL::Eof(stream.getStream())) {
             sum += stream.ReadLine().Length();
+        }
+        return sum;
+    });
+}
+
+void ReadCrLfOurs(benchmark::State& state)
+{
+    OverFile(state, [](const BenchmarkFile& file) {
+        Classes::TFileStream stream(file.Name(), Classes::fmOpenRead);
+        Int64 sum = 0;
+        while (!BTL::Eof(&stream)) {
+            sum += BTL::ReadLine(&stream).Length();
         }
         return sum;
     });
@@ -319,8 +344,12 @@ void Sizes(benchmark::internal::Benchmark* benchmark)
 
 BENCHMARK(ReadStringUntilOurs)->Name("read_string_until/ours")->Apply(&Sizes);
 BENCHMARK_CAPTURE(ReadPiecesStd, semicolon, ';')->Name("read_string_until/getline")->Apply(&Sizes);
+BENCHMARK(BridgeUntilOurs)->Name("bridge_until/ours")->Apply(&Sizes);
+BENCHMARK_CAPTURE(ReadPiecesStd, bridge, ';')->Name("bridge_until/getline")->Apply(&Sizes);
 BENCHMARK(ReadLineOurs)->Name("read_line/ours")->Apply(&Sizes);
 BENCHMARK_CAPTURE(ReadPiecesStd, line, '\n')->Name("read_line/getline")->Apply(&Sizes);
+BENCHMARK(ReadCrLfOurs)->Name("read_cr_lf/ours")->Apply(&Sizes);
+BENCHMARK_CAPTURE(ReadPiecesStd, cr_lf, '\n')->Name("read_cr_lf/getline")->Apply(&Sizes);
 BENCHMARK(GetLineOurs)->Name("getline/ours")->Apply(&Sizes);
 BENCHMARK_CAPTURE(ReadPiecesStd, getline, '\n')->Name("getline/ifstream")->Apply(&Sizes);
 BENCHMARK(TextReaderOurs)->Name("text_reader/ours")->Apply(&Sizes);

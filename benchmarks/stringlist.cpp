@@ -7,6 +7,11 @@
 #include <string_view>
 #include <vector>
 
+#ifdef TRS8_BTL_BENCHMARK_QT
+#include <QString>
+#include <QStringList>
+#endif
+
 namespace
 {
 
@@ -114,6 +119,85 @@ void WritePlain(benchmark::State& state)
     }
     Report(state);
 }
+
+// Looking at each of as many lines as the argument tells.
+
+std::u16string LineOf(std::int64_t number)
+{
+    return number % 4 == 0 ? u"channel, left" : u"channel_name";
+}
+
+void Counts(benchmark::internal::Benchmark* benchmark)
+{
+    benchmark->Arg(1'000)->Arg(300'000);
+}
+
+template <class Look>
+void LookOurs(benchmark::State& state, Look look)
+{
+    TStringList list;
+    for (std::int64_t i = 0; i < state.range(0); ++i) {
+        list.Add(UnicodeString(LineOf(i)));
+    }
+    for (auto _ : state) {
+        std::size_t sum = 0;
+        for (int i = 0; i < list.getCount(); ++i) {
+            sum += look(list, i).size();
+        }
+        benchmark::DoNotOptimize(sum);
+    }
+}
+
+const UnicodeString& Look(const TStringList& list, int index)
+{
+    return list.At(index);
+}
+
+UnicodeString Get(const TStringList& list, int index)
+{
+    return list.getStrings(index);
+}
+
+BENCHMARK_CAPTURE(LookOurs, at, Look)->Name("look_at_lines/ours")->Apply(Counts);
+BENCHMARK_CAPTURE(LookOurs, get, Get)->Name("get_lines/ours")->Apply(Counts);
+
+void LookVector(benchmark::State& state)
+{
+    std::vector<std::u16string> items;
+    for (std::int64_t i = 0; i < state.range(0); ++i) {
+        items.push_back(LineOf(i));
+    }
+    for (auto _ : state) {
+        std::size_t sum = 0;
+        for (std::size_t i = 0; i < items.size(); ++i) {
+            sum += items.at(i).size();
+        }
+        benchmark::DoNotOptimize(sum);
+    }
+}
+BENCHMARK(LookVector)->Name("look_at_lines/std_vector")->Apply(Counts);
+BENCHMARK(LookVector)->Name("get_lines/std_vector")->Apply(Counts);
+
+#ifdef TRS8_BTL_BENCHMARK_QT
+
+void LookQt(benchmark::State& state)
+{
+    QStringList list;
+    for (std::int64_t i = 0; i < state.range(0); ++i) {
+        list.append(QString::fromStdU16String(LineOf(i)));
+    }
+    for (auto _ : state) {
+        qsizetype sum = 0;
+        for (qsizetype i = 0; i < list.size(); ++i) {
+            sum += list.at(i).size();
+        }
+        benchmark::DoNotOptimize(sum);
+    }
+}
+BENCHMARK(LookQt)->Name("look_at_lines/qstringlist")->Apply(Counts);
+BENCHMARK(LookQt)->Name("get_lines/qstringlist")->Apply(Counts);
+
+#endif
 
 BENCHMARK_CAPTURE(ReadOurs, comma, &TStringList::setCommaText)->Name("read_comma_text/ours");
 BENCHMARK(ReadPlain)->Name("read_comma_text/plain_loop");

@@ -2,6 +2,7 @@
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "platform/runtime/classes/Classes.h"
 #include "platform/runtime/sysutils/Sysutils_Text.h"
+#include "text/editing/BTL_STR_Cut.h"
 #include "text/editing/BTL_STR_Replace.h"
 #include "text/editing/BTL_STR_Split.h"
 #include "text/grammar/BTL_STR_Delimited.h"
@@ -16,6 +17,11 @@
 #include <string>
 #include <string_view>
 #include <vector>
+
+#ifdef TRS8_BTL_BENCHMARK_QT
+#include <QString>
+#include <QStringList>
+#endif
 
 namespace
 {
@@ -304,6 +310,52 @@ void SplitToVectorPlain(benchmark::State& state)
     Report(state);
 }
 BENCHMARK(SplitToVectorPlain)->Name("split_to_vector/plain_loop")->Apply(LineSizes);
+
+// Fields of a line taken one by one from the left.
+
+void FieldCounts(benchmark::internal::Benchmark* benchmark)
+{
+    benchmark->Arg(8)->Arg(1000)->Arg(10000);
+}
+
+std::u16string LineOfFields(const benchmark::State& state)
+{
+    std::u16string line;
+    for (int i = 0; i < state.range(0); ++i) {
+        line += u"12.345;";
+    }
+    return line;
+}
+
+void ConsumeOurs(benchmark::State& state)
+{
+    const UnicodeString line{std::u16string_view(LineOfFields(state))};
+    for (auto _ : state) {
+        int sum = 0;
+        for (UnicodeString rest = line; !rest.IsEmpty();) {
+            sum += BTL::ConsumeLeftSubString(rest, u';', true).Length();
+        }
+        benchmark::DoNotOptimize(sum);
+    }
+}
+BENCHMARK(ConsumeOurs)->Name("fields_from_left/ours")->Apply(FieldCounts);
+
+#ifdef TRS8_BTL_BENCHMARK_QT
+
+void ConsumeQt(benchmark::State& state)
+{
+    const QString line = QString::fromStdU16String(LineOfFields(state));
+    for (auto _ : state) {
+        qsizetype sum = 0;
+        for (const QString& field : line.split(u';')) {
+            sum += field.size();
+        }
+        benchmark::DoNotOptimize(sum);
+    }
+}
+BENCHMARK(ConsumeQt)->Name("fields_from_left/qstring_split")->Apply(FieldCounts);
+
+#endif
 
 // Numbers.
 

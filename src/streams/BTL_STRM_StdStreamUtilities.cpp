@@ -7,12 +7,16 @@
 #include "platform/host/Host_Path.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"
 #include "streams/internal/BTL_STRM_DataFileSource.h"
+#include "streams/internal/BTL_STRM_Scan.h"
 
 #include <algorithm>
 #include <array>
 #include <climits>
 #include <limits>
 #include <optional>
+#include <streambuf>
+#include <string_view>
+#include <utility>
 
 namespace BTL
 {
@@ -25,26 +29,59 @@ using System::Detail::IsAsciiDigit;
 namespace
 {
 
-/// Reads up to and with the first byte for which `isEnd` holds, which is the result, and gives those in front
-/// of it to `sink`. Nothing if a read fails before.
-template <class IsEnd, class Sink>
-std::optional<char> ReadTo(StdInStream& stream, IsEnd isEnd, Sink sink)
+/// Looks at the bytes that a standard stream has in memory, which are its buffer's own affair otherwise.
+class CGetArea : private std::streambuf
 {
-    char c = 0;
-    while (stream.get(c)) {
-        if (isEnd(c)) {
+public:
+    /// Empty where only the next read can tell.
+    static std::string_view Of(const StdInStream& stream)
+    {
+        const std::streambuf* const buffer = stream.good() ? stream.rdbuf() : nullptr;
+        if (buffer == nullptr || (buffer->*&CGetArea::gptr)() == nullptr) {
+            return {};
+        }
+        return {(buffer->*&CGetArea::gptr)(), (buffer->*&CGetArea::egptr)()};
+    }
+
+    static void Pass(const StdInStream& stream, std::size_t count)
+    {
+        // The function that moves by a count takes an `int`.
+        while (count > 0) {
+            const std::size_t step = std::min<std::size_t>(count, INT_MAX);
+            (stream.rdbuf()->*&CGetArea::gbump)(static_cast<int>(step));
+            count -= step;
+        }
+    }
+};
+
+/// Reads up to and with the first byte that `find` tells, which is the result, and gives those in front of it
+/// to `sink` in pieces. Nothing if a read fails before. What comes at the edge of the bytes in memory is read
+/// as by itself, so that the stream's state, count and mask of exceptions are those of `get`.
+template <class Find, class Sink>
+std::optional<char> ReadTo(StdInStream& stream, Find find, Sink sink)
+{
+    for (;;) {
+        const std::string_view area = CGetArea::Of(stream);
+        const std::string_view piece = area.substr(0, find(area));
+        sink(piece);
+        CGetArea::Pass(stream, piece.size());
+        char c = 0;
+        if (!stream.get(c)) {
+            return std::nullopt;
+        }
+        const std::string_view single(&c, 1);
+        if (piece.size() < area.size() || find(single) == 0) {
             return c;
         }
-        sink(c);
+        sink(single);
     }
-    return std::nullopt;
 }
 
-template <class IsEnd>
-AnsiString ReadTextTo(StdInStream& stream, IsEnd isEnd)
+template <class Find>
+AnsiString ReadTextTo(StdInStream& stream, Find find)
 {
     AnsiString text;
-    ReadTo(stream, isEnd, [&](char c) { text += c; });
+    ReadTo(stream, find, Detail::AppendTo(text));
     return text;
 }
 
@@ -59,9 +96,12 @@ struct TStdIntegerText
 TStdIntegerText ReadStdIntegerText(StdInStream& stream)
 {
     AnsiString text;
-    const auto end = ReadTo(
-        stream, [&](char c) { return !IsAsciiDigit(c) && !(c == '-' && text.IsEmpty()); },
-        [&](char c) { text += c; });
+    bool isFirst = true;
+    const auto isEnd = [&isFirst](char c) {
+        const bool isSign = std::exchange(isFirst, false) && c == '-';
+        return !isSign && !IsAsciiDigit(c);
+    };
+    const auto end = ReadTo(stream, Detail::GFindIf{isEnd}, Detail::AppendTo(text));
     return {text, end.has_value()};
 }
 
@@ -121,8 +161,7 @@ void SkipLine(StdInStream& stream)
 
 void SkipUntil(StdInStream& stream, char c)
 {
-    ReadTo(
-        stream, [c](char read) { return read == c; }, [](char) {});
+    ReadTo(stream, Detail::CFindByte{c}, Detail::Ignore);
 }
 
 void SkipBytes(StdInStream& stream, int count)
@@ -183,12 +222,13 @@ AnsiString GetCurrStrLine(StdInStream& stream)
 
 AnsiString ReadStringUntil(StdInStream& stream, char delimiter)
 {
-    return ReadTextTo(stream, [delimiter](char c) { return c == delimiter; });
+    return ReadTextTo(stream, Detail::CFindByte{delimiter});
 }
 
 AnsiString ReadStringUntil(StdInStream& stream, const AnsiString& delimiters)
 {
-    return ReadTextTo(stream, [&](char c) { return delimiters.AsView().find(c) != std::string_view::npos; });
+    const auto isEnd = [&](char c) { return delimiters.AsView().find(c) != std::string_view::npos; };
+    return ReadTextTo(stream, Detail::GFindIf{isEnd});
 }
 
 AnsiString ReadBytes(StdInStream& stream, int count)

@@ -344,6 +344,16 @@ AnsiString ReadStringUntil(TStream* stream, const AnsiString& text)
 
 AnsiString ReadLine(TStream* stream)
 {
+    // Nearly all lines: the line feed follows at once, and both are in memory.
+    if (stream != nullptr) {
+        const std::string_view window = Classes::CStreamWindow::Of(*stream);
+        const std::size_t end = std::min(window.find('\r'), window.size());
+        if (window.substr(end).starts_with("\r\n")) {
+            AnsiString whole(window.substr(0, end));
+            Classes::CStreamWindow::Pass(*stream, end + 2);
+            return whole;
+        }
+    }
     AnsiString line = ReadStringUntil(stream, '\r');
     SkipLine(stream);
     return line;

@@ -2,6 +2,7 @@
 #include "streams/BTL_STRM_TextReader.h"
 
 #include "platform/base/Sysutils_StrictEncoding.h"
+#include "streams/internal/BTL_STRM_Scan.h"
 
 #include <algorithm>
 #include <array>
@@ -165,10 +166,10 @@ bool CTextReader::FillBehind(std::size_t& at)
 bool CTextReader::FindEnd(std::size_t& at) const
 {
     if (mUnitSize == 1) {
-        const auto found = std::find_if(mBytes.begin() + static_cast<std::ptrdiff_t>(at), mBytes.end(),
-                                        [](char c) { return c == '\n' || c == '\r'; });
-        at = static_cast<std::size_t>(found - mBytes.begin());
-        return found != mBytes.end();
+        const std::string_view rest = std::string_view(mBytes).substr(at);
+        const std::size_t end = Detail::CFindEither{'\n', '\r'}(rest);
+        at += std::min(end, rest.size());
+        return end != std::string_view::npos;
     }
     for (; at + mUnitSize <= mBytes.size(); at += mUnitSize) {
         if (UnitAt(at) == u'\n' || UnitAt(at) == u'\r') {

@@ -4,7 +4,12 @@
 #include "streams/BTL_STRM_StreamUtilities.h"
 #include "support/TempFolder.h"
 
+#include <algorithm>
 #include <sstream>
+#include <stdexcept>
+#include <streambuf>
+#include <string>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -44,6 +49,84 @@ TEST(StdStreamUtilitiesTest, ReadPieces)
     EXPECT_EQ(word.Length(), 511);
     BTL::operator>>(longWord, word);
     EXPECT_EQ(word.Length(), 89);
+}
+
+/// Gives a text in pieces, or without any buffer for a size of 0, and fails at the end if told.
+class PieceStreambuf : public std::streambuf
+{
+public:
+    PieceStreambuf(std::string text, std::size_t pieceSize, bool fails)
+        : mText(std::move(text)), mPieceSize(pieceSize), mFails(fails)
+    {
+    }
+
+protected:
+    int_type underflow() override
+    {
+        if (mNext == mText.size()) {
+            if (mFails) {
+                throw std::domain_error("the cable is out");
+            }
+            return traits_type::eof();
+        }
+        if (mPieceSize > 0) {
+            const std::size_t size = std::min(mPieceSize, mText.size() - mNext);
+            char* const piece = mText.data() + mNext;
+            setg(piece, piece, piece + size);
+            mNext += size;
+            return traits_type::to_int_type(*piece);
+        }
+        return traits_type::to_int_type(mText[mNext]);
+    }
+    int_type uflow() override
+    {
+        if (mPieceSize > 0) {
+            return std::streambuf::uflow();
+        }
+        const int_type c = underflow();
+        mNext += c == traits_type::eof() ? 0 : 1;
+        return c;
+    }
+
+private:
+    std::string mText;
+    std::size_t mPieceSize;
+    std::size_t mNext = 0;
+    bool mFails;
+};
+
+TEST(StdStreamUtilitiesTest, ReadFromBuffersOfAnySize)
+{
+    for (const std::size_t size : {0U, 1U, 2U, 3U, 5U, 100U}) {
+        SCOPED_TRACE(size);
+        PieceStreambuf buffer("ab;c,-12x--;rest", size, false);
+        std::istream stream(&buffer);
+        EXPECT_EQ(BTL::ReadStringUntil(stream, ';'), "ab");
+        EXPECT_EQ(stream.gcount(), 1);
+        EXPECT_EQ(BTL::ReadStringUntil(stream, ";,"), "c");
+        EXPECT_EQ(BTL::ReadInteger(stream), -12);
+        EXPECT_EQ(BTL::ReadIntegerDef(stream, 7), 7) << "only a sign";
+        EXPECT_EQ(stream.get(), ';');
+        EXPECT_EQ(stream.rdstate(), std::ios_base::goodbit);
+        EXPECT_EQ(BTL::ReadStringUntil(stream, ';'), "rest");
+        EXPECT_EQ(stream.rdstate(), std::ios_base::eofbit | std::ios_base::failbit);
+        EXPECT_EQ(BTL::ReadStringUntil(stream, ';'), "");
+
+        PieceStreambuf failing("ab;cd", size, true);
+        std::istream broken(&failing);
+        BTL::SkipUntil(broken, ';');
+        EXPECT_EQ(BTL::ReadStringUntil(broken, ';'), "cd");
+        EXPECT_TRUE(broken.bad());
+
+        PieceStreambuf raising("ab;cd", size, true);
+        std::istream loud(&raising);
+        loud.exceptions(std::ios_base::badbit);
+        BTL::SkipUntil(loud, ';');
+        EXPECT_THROW(BTL::ReadStringUntil(loud, ';'), std::domain_error);
+    }
+    std::istream none(nullptr);
+    EXPECT_EQ(BTL::ReadStringUntil(none, ';'), "");
+    EXPECT_TRUE(none.bad());
 }
 
 TEST(StdStreamUtilitiesTest, KnowPlacesAndLines)

@@ -48,11 +48,21 @@ TEST_P(StreamUtilitiesTest, UtilitiesReadPieces)
     EXPECT_EQ(After("ab,cd", untilComma), TResult("ab", 3));
     EXPECT_EQ(After("abcd", untilComma), TResult("abcd", 4));
     EXPECT_EQ(After("ab;c,d", untilEither), TResult("ab", 3));
+    EXPECT_EQ(After("a;" + AnsiString::StringOfChar('x', 300) + ",", untilEither), TResult("a", 2));
+    for (const int length : {0, 254, 255, 256, 257, 511, 512, 513, 5000}) {
+        const AnsiString piece = AnsiString::StringOfChar('x', length);
+        EXPECT_EQ(After(piece + ";b,", untilEither), TResult(piece, length + 1));
+        EXPECT_EQ(After(piece + ",b;", untilEither), TResult(piece, length + 1));
+        EXPECT_EQ(After(piece, untilEither), TResult(piece, length));
+        EXPECT_EQ(After(piece + "\r\nb", line), TResult(piece, length + 2));
+    }
     EXPECT_EQ(After("a--->b", until("-->")), TResult("a-", 5));
     EXPECT_EQ(After("a--b", until("-->")), TResult("a--b", 4));
     EXPECT_EQ(After("ab", until("")), TResult("ab", 2));
     EXPECT_EQ(After("ab\r\ncd", line), TResult("ab", 4));
     EXPECT_EQ(After("ab\rx\ncd", line), TResult("ab", 5));
+    EXPECT_EQ(After("ab\rx\r\ncd", line), TResult("ab", 6));
+    EXPECT_EQ(After("ab\r", line), TResult("ab", 3));
     EXPECT_EQ(After("ab\ncd", line), TResult("ab\ncd", 5));
     EXPECT_EQ(After("abc", bytes(2)), TResult("ab", 2));
     EXPECT_EQ(After("abc", bytes(INT_MAX)), TResult("abc", 3));

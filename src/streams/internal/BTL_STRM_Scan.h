@@ -36,14 +36,24 @@ struct GFindIf
 template <class Predicate>
 GFindIf(Predicate) -> GFindIf<Predicate>;
 
-/// Looks no further than the nearer of the two.
+/// Looks little further than the nearer of the two, so that one that is far away, or nowhere, isn't looked
+/// for again and again.
 struct CFindEither
 {
     char a;
     char b;
     std::size_t operator()(std::string_view bytes) const
     {
-        return GFindIf{[this](char c) { return c == a || c == b; }}(bytes);
+        constexpr std::size_t step = 256;
+        for (std::size_t at = 0; at < bytes.size(); at += step) {
+            const std::string_view piece = bytes.substr(at, step);
+            const std::size_t first = piece.find(a);
+            const std::size_t nearer = std::min(first, piece.substr(0, first).find(b));
+            if (nearer != std::string_view::npos) {
+                return at + nearer;
+            }
+        }
+        return std::string_view::npos;
     }
 };
 

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "text/grammar/BTL_SQL_Text.h"
 
+#include "platform/base/internal/System_Ascii.h"
 #include "platform/runtime/sysutils/Character.h"
 #include "text/editing/BTL_STR_Replace.h"
 
 #include <algorithm>
+#include <array>
 
 namespace BTL
 {
@@ -20,30 +22,53 @@ using View = std::u16string_view;
 
 constexpr WideChar Apostrophe = u'\'';
 
-bool IsOneOf(WideChar c, View characters)
+constexpr bool IsOneOf(WideChar c, View characters)
 {
     return characters.find(c) != View::npos;
 }
 
-bool IsNamePart(WideChar c)
+// What a character is in a statement, as flags.
+constexpr unsigned Letter = 1;
+constexpr unsigned Digit = 2;
+constexpr unsigned Blank = 4;
+constexpr unsigned NamePart = 8;
+constexpr unsigned NumberPart = 16;
+constexpr unsigned OperatorPart = 32;
+
+constexpr unsigned KindOf(WideChar c, bool isLetter, bool isDigit, bool isBlank)
 {
-    return IsOneOf(c, u"$._") || TCharacter::IsLetterOrDigit(c);
+    const bool isNamePart = isLetter || isDigit || IsOneOf(c, u"$._");
+    const bool isNumberPart = isDigit || IsOneOf(c, u"+-.Ee");
+    const bool isOperatorPart = !isLetter && !isDigit && !IsOneOf(c, u"$_.['\"");
+    return (isLetter ? Letter : 0U) | (isDigit ? Digit : 0U) | (isBlank ? Blank : 0U) |
+           (isNamePart ? NamePart : 0U) | (isNumberPart ? NumberPart : 0U) |
+           (isOperatorPart ? OperatorPart : 0U);
 }
 
-bool IsNumberPart(WideChar c)
-{
-    return IsOneOf(c, u"+-.Ee") || TCharacter::IsDigit(c);
-}
+/// Statements are ASCII but for texts and few names, and to ask Unicode takes a call.
+constexpr auto AsciiKinds = [] {
+    std::array<unsigned char, 128> kinds{};
+    for (WideChar c = 0; c < kinds.size(); ++c) {
+        kinds[c] = static_cast<unsigned char>(KindOf(c, System::Detail::IsAsciiLetter(c),
+                                                     System::Detail::IsAsciiDigit(c),
+                                                     System::Detail::IsAsciiSpace(c)));
+    }
+    return kinds;
+}();
 
-bool IsOperatorPart(WideChar c)
+bool Is(WideChar c, unsigned kind)
 {
-    return !IsOneOf(c, u"$_.['\"") && !TCharacter::IsLetterOrDigit(c);
+    const unsigned kinds = c < AsciiKinds.size() ? AsciiKinds[c]
+                                                 : KindOf(c, TCharacter::IsLetter(c), TCharacter::IsDigit(c),
+                                                          TCharacter::IsWhiteSpace(c));
+    return (kinds & kind) != 0;
 }
 
 /// The length of the run at the start of `text`; its first character always belongs to it.
-std::size_t RunLength(View text, bool (*belongs)(WideChar))
+std::size_t RunLength(View text, unsigned kind)
 {
-    return static_cast<std::size_t>(std::find_if_not(text.begin() + 1, text.end(), belongs) - text.begin());
+    const auto end = std::find_if(text.begin() + 1, text.end(), [kind](WideChar c) { return !Is(c, kind); });
+    return static_cast<std::size_t>(end - text.begin());
 }
 
 std::size_t QuotedNameLength(View text)
@@ -69,19 +94,19 @@ std::size_t LiteralLength(View text)
 std::size_t TokenLength(View text)
 {
     const WideChar first = text.front();
-    if (TCharacter::IsLetter(first)) {
-        return RunLength(text, IsNamePart);
+    if (Is(first, Letter)) {
+        return RunLength(text, NamePart);
     }
     if (IsOneOf(first, u"\"[")) {
         return QuotedNameLength(text);
     }
-    if (IsOneOf(first, u"+-.") || TCharacter::IsDigit(first)) {
-        return RunLength(text, IsNumberPart);
+    if (IsOneOf(first, u"+-.") || Is(first, Digit)) {
+        return RunLength(text, NumberPart);
     }
     if (first == Apostrophe) {
         return LiteralLength(text);
     }
-    return TCharacter::IsWhiteSpace(first) ? 0 : RunLength(text, IsOperatorPart);
+    return Is(first, Blank) ? 0 : RunLength(text, OperatorPart);
 }
 
 } // namespace
@@ -94,15 +119,18 @@ UnicodeString SQLValueDelim(const UnicodeString& text)
 UnicodeString GetNextSqlToken(const UnicodeString& statement, int& index)
 {
     index = std::max(index, 1);
-    const int length = statement.Length();
-    while (index < length && TCharacter::IsWhiteSpace(statement[index])) {
-        ++index;
+    const View text = statement.AsView();
+    auto at = static_cast<std::size_t>(index - 1);
+    while (at + 1 < text.size() && Is(text[at], Blank)) {
+        ++at;
     }
-    if (index > length) {
+    index = static_cast<int>(at + 1);
+    if (at >= text.size()) {
         return {};
     }
-    const View rest = statement.AsView().substr(static_cast<std::size_t>(index - 1));
-    return statement.SubString(index, static_cast<int>(TokenLength(rest)));
+    const View rest = text.substr(at);
+    const std::size_t length = TokenLength(rest);
+    return length == text.size() ? statement : UnicodeString(rest.substr(0, length));
 }
 
 } // namespace BTL

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "text/grammar/BTL_STR_Delimited.h"
 
+#include "platform/base/internal/System_Quoting.h"
 #include "platform/runtime/classes/Classes_Update.h"
 #include "platform/runtime/sysutils/Sysutils_Text.h"
 #include "text/editing/BTL_STR_Replace.h"
@@ -19,7 +20,7 @@ using System::AnsiString;
 using System::UnicodeString;
 using System::WideChar;
 
-/// Joins the lines, each as `write` gives it.
+/// Joins the lines, each as `write` appends it.
 template <class S, class Write>
 S Join(TStrings* strings, typename S::CharType delim, Write write)
 {
@@ -29,7 +30,7 @@ S Join(TStrings* strings, typename S::CharType delim, Write write)
         if (i > 0) {
             result += delim;
         }
-        result += write(S(strings->getStrings(i)));
+        write(result, S(strings->getStrings(i)));
     }
     return result;
 }
@@ -37,15 +38,19 @@ S Join(TStrings* strings, typename S::CharType delim, Write write)
 template <class S>
 S JoinQuoted(TStrings* strings, typename S::CharType delim, typename S::CharType quote)
 {
-    return Join<S>(strings, delim, [delim, quote](const S& line) {
-        return line.Pos(delim) == 0 ? line : Sysutils::AnsiQuotedStr(line, quote);
+    return Join<S>(strings, delim, [delim, quote](S& result, const S& line) {
+        if (line.Pos(delim) == 0) {
+            result.Append(line.AsView());
+        } else {
+            System::Detail::AppendQuoted(result, line.AsView(), quote);
+        }
     });
 }
 
 template <class S>
 S JoinPlain(TStrings* strings, typename S::CharType delim)
 {
-    return Join<S>(strings, delim, [](const S& line) { return line; });
+    return Join<S>(strings, delim, [](S& result, const S& line) { result.Append(line.AsView()); });
 }
 
 /// The space and every code below it but zero: that is text, so that nothing of the input is lost.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "text/grammar/BTL_STR_Macro.h"
 
-#include "platform/runtime/classes/Classes_StringList.h"
+#include "platform/runtime/classes/internal/Classes_DelimitedText.h"
 #include "text/editing/BTL_STR_Cut.h"
 #include "text/editing/BTL_STR_Replace.h"
 #include "text/grammar/BTL_STR_Command.h"
@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace BTL
@@ -31,12 +32,12 @@ constexpr std::size_t MaxBody = 1 << 26;
 template <class S>
 std::vector<S> ReadCommaText(const S& text)
 {
-    Classes::TStringList list;
-    list.setCommaText(text);
+    const UnicodeString wide(text);
+    std::vector<Classes::TStringItem> read = Classes::ReadDelimited(wide.AsView(), Classes::CommaForm);
     std::vector<S> items;
-    items.reserve(static_cast<std::size_t>(list.getCount()));
-    for (int i = 0; i < list.getCount(); ++i) {
-        items.push_back(S(list.getStrings(i)));
+    items.reserve(read.size());
+    for (Classes::TStringItem& item : read) {
+        items.push_back(S(std::move(item.String)));
     }
     return items;
 }

@@ -361,7 +361,7 @@ void TStringList::setCaseSensitive(bool caseSensitive)
 
 UnicodeString TStringList::Get(int index) const
 {
-    return ItemAt(index).String;
+    return At(index);
 }
 
 TObject* TStringList::GetObject(int index) const

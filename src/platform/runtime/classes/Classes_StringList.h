@@ -31,6 +31,7 @@ using TStringListSortCompare = System::TClosure<int(TStringList* list, int first
 ///     names.Add(u"pear");
 ///     int place = 0;
 ///     if (names.Find(u"PEAR", place)) { ... }                     // log n
+///     Show(names.At(place));                                      // no copy
 class TRS8_BTL_API TStringList : public TStrings
 {
     TRS8_BTL_CLASS(TStringList, TStrings)
@@ -66,6 +67,14 @@ public:
     /// Sorts by another order. Equal lines keep their order; if the order contradicts itself, the lines come
     /// in any. Nothing happens in a sorted list.
     virtual void CustomSort(const TStringListSortCompare& compare);
+
+    /// The line as the list holds it, to look at without a copy, also where a derived class overrides `Get`.
+    /// Valid until the list is changed or gone. `EStringListError` for a place that it doesn't have.
+    const System::UnicodeString& At(int index) const
+    {
+        const auto place = static_cast<std::size_t>(index);
+        return (mPending == nullptr && place < mItems.size() ? mItems[place] : ItemAt(index)).String;
+    }
 
     bool getSorted() const noexcept { return mSorted; }
     /// Sorts the list and keeps it sorted. Duplicates that it has stay.

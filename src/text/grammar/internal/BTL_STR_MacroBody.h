@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <climits>
 #include <cstddef>
 #include <functional>
 #include <numeric>
@@ -46,7 +47,8 @@ public:
     explicit GMacroBody(const std::vector<S>& parameters) : mParameters(parameters), mOrder(parameters.size())
     {
         std::iota(mOrder.begin(), mOrder.end(), std::size_t{0});
-        std::ranges::stable_sort(mOrder, {}, [this](std::size_t i) { return Name(i); });
+        std::ranges::sort(mOrder, {}, [this](std::size_t i) { return std::pair(Name(i), i); });
+        mNames.reserve(mOrder.size());
         for (std::size_t begin = 0; begin < mOrder.size();
              begin = static_cast<std::size_t>(mNames.back().end)) {
             AddName(begin);
@@ -64,8 +66,13 @@ public:
         }
         mCount = std::min(mParameters.size(), values.size());
         mSize = body.size();
+        // Mostly each parameter stands there once, between two texts.
+        mPieces.reserve(4 * mCount + 2);
         mPieces.assign(1, {View(), End, End, None});
-        mDue = {};
+        if (!mDue.empty()) {
+            // Left from a body that grew too much. Its memory is used again otherwise.
+            mDue = {};
+        }
         Insert(End, body, 0);
         while (!mDue.empty()) {
             const std::size_t parameter = mDue.top().first;
@@ -229,9 +236,14 @@ private:
 
     S Joined() const
     {
+        if (mSize > INT_MAX) {
+            System::ThrowStringMemory();
+        }
         S result;
+        result.SetLength(static_cast<int>(mSize));
+        Char* out = result.UniqueData();
         for (std::size_t piece = mPieces[End].behind; piece != End; piece = mPieces[piece].behind) {
-            result.Append(mPieces[piece].text);
+            out = std::ranges::copy(mPieces[piece].text, out).out;
         }
         return result;
     }

@@ -54,6 +54,7 @@ TEST(StringListTest, IndicesOutOfRangeRaise)
     for (const int index : {-1, 2, INT_MAX, INT_MIN}) {
         EXPECT_THROW(list.getStrings(index), EStringListError);
         EXPECT_THROW(list[index], EStringListError);
+        EXPECT_THROW(list.At(index), EStringListError);
         EXPECT_THROW(list.setStrings(index, u"x"), EStringListError);
         EXPECT_THROW(list.getObjects(index), EStringListError);
         EXPECT_THROW(list.setObjects(index, nullptr), EStringListError);
@@ -408,6 +409,9 @@ TEST(StringListTest, SortedListsAreFilledAndChangedInAnyOrder)
             const auto place = PlaceOf(model, text, true);
             ASSERT_EQ(list.Find(text, found), place != model.end() && *place == text);
             ASSERT_EQ(found, place - model.begin());
+            if (index < list.getCount()) {
+                ASSERT_EQ(list.At(index), model[static_cast<std::size_t>(index)]);
+            }
         }
         add(u"line 1");
         EXPECT_EQ(LinesOf(list), model);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/classes/internal/Classes_DelimitedText.h"
 
+#include "platform/base/internal/System_Quoting.h"
+
 #include <algorithm>
 
 namespace Classes
@@ -14,18 +16,6 @@ namespace
 
 using Items = std::vector<TStringItem>;
 using View = std::u16string_view;
-
-void AppendQuoted(UnicodeString& out, View text, WideChar quote)
-{
-    out += quote;
-    for (std::size_t mark = text.find(quote); mark != View::npos; mark = text.find(quote)) {
-        out.Append(text.substr(0, mark + 1));
-        out += quote;
-        text.remove_prefix(mark + 1);
-    }
-    out.Append(text);
-    out += quote;
-}
 
 class CDelimitedReader
 {
@@ -106,7 +96,13 @@ bool TDelimitedForm::NeedsQuotes(View text) const
         // Between blanks an empty item would be lost.
         return IsBlank(delimiter);
     }
-    return std::ranges::any_of(text, [this](WideChar c) { return c == quote || EndsItem(c); });
+    // All characters, so that the compiler compares many at a time.
+    const WideChar firstText = strict ? u'\0' : u' ' + 1;
+    bool found = false;
+    for (const WideChar c : text) {
+        found |= c < firstText || c == delimiter || c == quote;
+    }
+    return found;
 }
 
 Items ReadDelimited(View text, const TDelimitedForm& form)
@@ -126,7 +122,7 @@ UnicodeString WriteDelimited(const TStrings& strings, const TDelimitedForm& form
         }
         const UnicodeString line = strings[i];
         if (form.Quotes() && (isOneEmpty || form.NeedsQuotes(line.AsView()))) {
-            AppendQuoted(result, line.AsView(), form.quote);
+            System::Detail::AppendQuoted(result, line.AsView(), form.quote);
         } else {
             result.Append(line.AsView());
         }
