@@ -48,10 +48,11 @@ constexpr unsigned KindOf(WideChar c, bool isLetter, bool isDigit, bool isBlank)
 /// Statements are ASCII but for texts and few names, and to ask Unicode takes a call.
 constexpr auto AsciiKinds = [] {
     std::array<unsigned char, 128> kinds{};
-    for (WideChar c = 0; c < kinds.size(); ++c) {
-        kinds[c] = static_cast<unsigned char>(KindOf(c, System::Detail::IsAsciiLetter(c),
-                                                     System::Detail::IsAsciiDigit(c),
-                                                     System::Detail::IsAsciiSpace(c)));
+    for (std::size_t code = 0; code < kinds.size(); ++code) {
+        const auto c = static_cast<WideChar>(code);
+        kinds[code] = static_cast<unsigned char>(KindOf(c, System::Detail::IsAsciiLetter(c),
+                                                        System::Detail::IsAsciiDigit(c),
+                                                        System::Detail::IsAsciiSpace(c)));
     }
     return kinds;
 }();
