@@ -44,7 +44,7 @@ TEST(StdStreamUtilitiesTest, ReadPieces)
     EXPECT_EQ(BTL::ReadBytes(bytes, 0), "");
     BTL::SkipBytes(bytes, 1);
     EXPECT_EQ(BTL::ReadBytes(bytes, 4), AnsiString("ef\0\0\0", 5));
-    std::istringstream longWord(std::string(600, 'x') + " y");
+    std::istringstream longWord(std::string(600, 'x').append(" y"));
     BTL::operator>>(longWord, word);
     EXPECT_EQ(word.Length(), 511);
     BTL::operator>>(longWord, word);
