@@ -24,8 +24,8 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # GCC 12 finds overlapping copies in the standard string's own operator+ once that is inlined.
     target_compile_options(trs8_flags INTERFACE -Wno-restrict)
     if(TRS8_BTL_SANITIZE)
-        # The checks that are woven in hide initialisations from the compiler's flow analysis.
-        target_compile_options(trs8_flags INTERFACE -Wno-maybe-uninitialized)
+        # The checks that are woven in hide initialisations and sizes from the compiler's flow analysis.
+        target_compile_options(trs8_flags INTERFACE -Wno-maybe-uninitialized -Wno-array-bounds)
     endif()
 endif()
 
