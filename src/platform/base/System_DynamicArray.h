@@ -3,7 +3,6 @@
 
 #include "platform/base/System_SharedBlock.h"
 
-#include <algorithm>
 #include <initializer_list>
 #include <limits>
 #include <new>
@@ -52,11 +51,15 @@ public:
         }
         DynamicArray fresh;
         fresh.mBlock = Make(length);
-        const int kept = std::min(length, Length());
+        const int kept = Limited(length, Length());
         if (mBlock.IsUnique()) {
-            std::move(begin(), begin() + kept, fresh.begin());
+            T* const to = fresh.begin();
+            T* const from = begin();
+            for (int i = 0; i < kept; ++i) {
+                to[i] = std::move(from[i]);
+            }
         } else {
-            std::copy_n(begin(), kept, fresh.begin());
+            fresh.Take(begin(), kept);
         }
         *this = std::move(fresh);
     }
@@ -82,8 +85,8 @@ public:
     /// Up to `count` elements from `start`, as far as there are any; a negative `start` counts as 0.
     DynamicArray CopyRange(int start, int count) const
     {
-        const int from = std::clamp(start, 0, Length());
-        return DynamicArray(begin() + from, static_cast<std::size_t>(std::clamp(count, 0, Length() - from)));
+        const int from = Limited(start, Length());
+        return DynamicArray(begin() + from, static_cast<std::size_t>(Limited(count, Length() - from)));
     }
 
     /// The elements one behind the other, null for an empty array; valid until the length changes.
@@ -93,7 +96,8 @@ public:
     const T* end() const noexcept { return begin() + Length(); }
 
 private:
-    // The array is owned by hand, since <memory> would double the cost of this header.
+    // The array is owned and copied by hand, since <memory> and <algorithm> would double the cost of this
+    // header.
     struct TBlock : TSharedBlock
     {
         explicit TBlock(int count)
@@ -118,9 +122,23 @@ private:
             ThrowArrayLength(-1);
         }
         mBlock = Make(static_cast<int>(count));
-        std::copy_n(items, count, begin());
+        Take(items, Length());
     }
 
+    /// Copies elements over the first of these.
+    void Take(const T* items, int count)
+    {
+        T* const to = begin();
+        for (int i = 0; i < count; ++i) {
+            to[i] = items[i];
+        }
+    }
+
+    /// The nearest to `value` from 0 to `highest`.
+    static int Limited(int value, int highest) noexcept
+    {
+        return value < 0 ? 0 : value < highest ? value : highest;
+    }
     static Holder Make(int length) { return length == 0 ? Holder() : Holder(new TBlock(length)); }
 
     void CheckIndex(int index) const

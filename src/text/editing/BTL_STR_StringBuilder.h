@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/base/System_Owner.h"
 #include "platform/runtime/sysutils/Sysutils_StringBuilder.h"
-
-#include <memory>
 
 namespace BTL
 {
@@ -16,9 +15,9 @@ namespace BTL
 class CStringBuilder
 {
 public:
-    CStringBuilder() : mBuilder(std::make_unique<Sysutils::TStringBuilder>()) {}
+    CStringBuilder() : mBuilder(System::MakeOwner<Sysutils::TStringBuilder>()) {}
     /// With room for `capacity` characters.
-    explicit CStringBuilder(int capacity) : mBuilder(std::make_unique<Sysutils::TStringBuilder>(capacity)) {}
+    explicit CStringBuilder(int capacity) : mBuilder(System::MakeOwner<Sysutils::TStringBuilder>(capacity)) {}
 
     /// The builder itself, which this object owns.
     Sysutils::TStringBuilder* get() const noexcept { return mBuilder.get(); }
@@ -26,7 +25,7 @@ public:
     Sysutils::TStringBuilder& operator*() const noexcept { return *mBuilder; }
 
 private:
-    std::unique_ptr<Sysutils::TStringBuilder> mBuilder;
+    System::GOwner<Sysutils::TStringBuilder> mBuilder;
 };
 
 } // namespace BTL

@@ -7,7 +7,7 @@ namespace BTL
 /// What an object has found out about its own content, and may forget. A copy begins without; an object that
 /// gets another content forgets, and so does one whose content is moved away.
 ///
-///     mutable GCache<std::unique_ptr<TIndex>> mIndex; // null in each copy
+///     mutable GCache<System::GOwner<TIndex>> mIndex; // null in each copy
 ///     if (mIndex.value == nullptr) { ... }
 template <class T>
 struct GCache

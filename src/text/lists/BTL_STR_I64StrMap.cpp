@@ -27,7 +27,7 @@ CI64StrMap& CI64StrMap::operator=(const CI64StrMap& other)
 {
     if (this != &other) {
         mTexts = other.mTexts;
-        mKeys.reset();
+        mKeys = nullptr;
     }
     return *this;
 }
@@ -56,7 +56,7 @@ void CI64StrMap::Add(Int64 key, const UnicodeString& value)
 void CI64StrMap::Clear() noexcept
 {
     mTexts.clear();
-    mKeys.reset();
+    mKeys = nullptr;
 }
 
 UnicodeString CI64StrMap::GetString(Int64 key) const
@@ -68,7 +68,7 @@ UnicodeString CI64StrMap::GetString(Int64 key) const
 bool CI64StrMap::GetKey(Int64& key, const UnicodeString& value) const
 {
     if (mKeys == nullptr) {
-        auto keys = std::make_unique<CTextIndex>();
+        auto keys = System::MakeOwner<CTextIndex>();
         for (const auto& [textKey, text] : mTexts) {
             keys->Set(text, textKey);
         }

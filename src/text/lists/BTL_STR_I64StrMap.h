@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/base/System_Owner.h"
 #include "text/lists/BTL_STR_StringIdPairList.h"
 
 #include <initializer_list>
 #include <map>
-#include <memory>
 
 namespace BTL
 {
@@ -77,7 +77,7 @@ public:
 private:
     mutable std::map<System::Int64, System::UnicodeString> mTexts;
     /// Null until it is needed.
-    mutable std::unique_ptr<CTextIndex> mKeys;
+    mutable System::GOwner<CTextIndex> mKeys;
 };
 
 } // namespace BTL

@@ -42,7 +42,7 @@ CStrSet::~CStrSet() = default;
 TStringList* CStrSet::CreateStrings()
 {
     if (mStrings == nullptr) {
-        mStrings = std::make_unique<TStringList>();
+        mStrings = System::MakeOwner<TStringList>();
         mStrings->setCaseSensitive(true);
         mStrings->setDuplicates(Classes::dupIgnore);
         mStrings->setSorted(true);
@@ -109,7 +109,7 @@ void CStrSet::RemoveCommaText(const UnicodeString& text)
 
 void CStrSet::Clear() noexcept
 {
-    mStrings.reset();
+    mStrings = nullptr;
 }
 
 bool CStrSet::Contains(const UnicodeString& text) const

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/base/System_Owner.h"
 #include "platform/runtime/classes/Classes_StringList.h"
 
 #include <initializer_list>
-#include <memory>
 
 namespace BTL
 {
@@ -61,7 +61,7 @@ public:
 
 private:
     /// Null while the set is unused.
-    std::unique_ptr<Classes::TStringList> mStrings;
+    System::GOwner<Classes::TStringList> mStrings;
 };
 
 } // namespace BTL

@@ -83,6 +83,10 @@ struct CStrStrMap::TIndex
     std::size_t count = 0;
 };
 
+CStrStrMap::TSearches::TSearches() noexcept = default;
+CStrStrMap::TSearches& CStrStrMap::TSearches::operator=(TSearches&& other) noexcept = default;
+CStrStrMap::TSearches::~TSearches() = default;
+
 CStrStrMap::CStrStrMap(const TStrings* keys, const TStrings* values)
 {
     AddPairs(keys, values);
@@ -119,7 +123,7 @@ void CStrStrMap::SetValues(const UnicodeString& commaKeys, const UnicodeString& 
 void CStrStrMap::Add(const UnicodeString& key, const UnicodeString& value)
 {
     // An exception on the way loses the index.
-    const std::shared_ptr<TIndex> index = std::move(mSearches.value.index);
+    System::GOwner<TIndex> index = std::move(mSearches.value.index);
     // Keys often come in their order.
     const auto place = Base::try_emplace(Base::end(), key, value);
     if (index != nullptr) {
@@ -127,7 +131,7 @@ void CStrStrMap::Add(const UnicodeString& key, const UnicodeString& value)
         index->Add(value, key);
     }
     place->second = value;
-    mSearches.value.index = index;
+    mSearches.value.index = std::move(index);
 }
 
 UnicodeString CStrStrMap::GetValue(const UnicodeString& key) const
@@ -181,9 +185,9 @@ CStrStrMap::const_iterator CStrStrMap::FindValue(const UnicodeString& value) con
     return found;
 }
 
-std::unique_ptr<CStrStrMap::TIndex> CStrStrMap::MakeIndex() const
+System::GOwner<CStrStrMap::TIndex> CStrStrMap::MakeIndex() const
 {
-    auto index = std::make_unique<TIndex>();
+    auto index = System::MakeOwner<TIndex>();
     for (const auto& [key, value] : *this) {
         index->Add(value, key);
     }

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/base/System_Owner.h"
 #include "platform/base/System_String.h"
 
 #include "text/lists/BTL_STR_Cache.h"
 
 #include <initializer_list>
 #include <map>
-#include <memory>
 #include <utility>
 #include <vector>
 
@@ -161,8 +161,12 @@ private:
 
     struct TSearches
     {
+        TSearches() noexcept;
+        TSearches& operator=(TSearches&& other) noexcept;
+        ~TSearches();
+
         /// Null until there were searches that an index pays for.
-        std::shared_ptr<TIndex> index;
+        System::GOwner<TIndex> index;
         /// The entries that searches without it have looked at.
         std::size_t lookedAt = 0;
     };
@@ -179,7 +183,7 @@ private:
     }
     const_iterator FindValue(const mapped_type& value) const;
     const_iterator FindInIndex(const mapped_type& value) const;
-    std::unique_ptr<TIndex> MakeIndex() const;
+    System::GOwner<TIndex> MakeIndex() const;
 
     mutable GCache<TSearches> mSearches;
     /// Whether somebody may write values by iterators, at any time.

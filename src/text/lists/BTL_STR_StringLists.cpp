@@ -19,21 +19,21 @@ TStringList* CStringLists::getItem(int index) const noexcept
 
 TStringList* CStringLists::Add()
 {
-    return mLists.emplace_back(std::make_unique<TStringList>()).get();
+    return mLists.emplace_back(System::MakeOwner<TStringList>()).get();
 }
 
 TStringList* CStringLists::SetCount(int count, bool lazy)
 {
     System::WithMemory(u"There is no memory for the lists.", [&] {
         while (getCount() < count) {
-            mLists.emplace_back(lazy ? nullptr : std::make_unique<TStringList>());
+            mLists.emplace_back(lazy ? nullptr : System::MakeOwner<TStringList>());
         }
     });
     if (mLists.empty()) {
         return nullptr;
     }
     if (mLists.back() == nullptr) {
-        mLists.back() = std::make_unique<TStringList>();
+        mLists.back() = System::MakeOwner<TStringList>();
     }
     return mLists.back().get();
 }

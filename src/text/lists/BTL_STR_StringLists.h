@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/base/System_Owner.h"
 #include "platform/runtime/classes/Classes_StringList.h"
 
-#include <memory>
 #include <vector>
 
 namespace BTL
@@ -38,7 +38,7 @@ public:
     Classes::TStringList* SetCount(int count, bool lazy);
 
 private:
-    std::vector<std::unique_ptr<Classes::TStringList>> mLists;
+    std::vector<System::GOwner<Classes::TStringList>> mLists;
 };
 
 } // namespace BTL

@@ -156,7 +156,7 @@ void TStringList::PutItem(int index, TStringItem&& item)
         return;
     }
     if (mPending == nullptr) {
-        mPending = std::make_unique<CPendingLines>();
+        mPending = System::MakeOwner<CPendingLines>();
     }
     mPending->Insert(static_cast<std::size_t>(index), std::move(item));
     if (mPending->AreMany(mItems.size())) {
@@ -168,7 +168,7 @@ void TStringList::Settle()
 {
     if (mPending != nullptr) {
         mPending->MoveInto(mItems);
-        mPending.reset();
+        mPending = nullptr;
     }
 }
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/base/System_Owner.h"
 #include "platform/runtime/classes/Classes_Strings.h"
 #include "platform/runtime/typinfo/System_Closure.h"
 
-#include <memory>
 #include <vector>
 
 namespace Classes
@@ -135,7 +135,7 @@ private:
 
     std::vector<TStringItem> mItems;
     /// Lines of a sorted list that aren't in `mItems` yet; null while there are none.
-    std::unique_ptr<CPendingLines> mPending;
+    System::GOwner<CPendingLines> mPending;
     TNotifyEvent mOnChange;
     TNotifyEvent mOnChanging;
     TDuplicates mDuplicates = dupIgnore;
