@@ -136,7 +136,9 @@ def shared_text(holder, encoding):
         return characters.type.target().array(0, -1)
     header = gdb.lookup_type(plain_type(holder.type).name + "::THeader")
     size = (header.sizeof + 15) // 16 * 16
-    bytes_before = characters.cast(gdb.lookup_type("char").pointer()) - size
+    # A text whose begin was taken away may stand at any place; its header is aligned.
+    aligned = characters.cast(gdb.lookup_type("char").pointer()) - int(characters) % 4
+    bytes_before = aligned - size
     length = int(bytes_before.cast(header.pointer())["length"])
     return characters.lazy_string(encoding, length) if encoding else characters.lazy_string(length=length)
 

@@ -151,6 +151,10 @@ public:
         if (length == 0) {
             return AsSelf();
         }
+        if (start == 0) {
+            mText.CutFront(length);
+            return AsSelf();
+        }
         const auto rest = static_cast<std::size_t>(Length()) - start - length;
         Char* text = mText.Unique();
         Traits::move(text + start, text + start + length, rest);

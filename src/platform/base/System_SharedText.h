@@ -7,6 +7,7 @@
 
 #include <climits>
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <new>
 #include <string_view>
@@ -138,6 +139,31 @@ public:
         }
     }
 
+    /// Takes `count` characters away in front. A text that is held alone moves nothing: its header goes up to
+    /// what is left, in time that doesn't depend on how much that is.
+    void CutFront(std::size_t count)
+    {
+        const auto length = Size();
+        if (count == 0) {
+            return;
+        }
+        if (count >= length) {
+            Release(std::exchange(mText, nullptr));
+            return;
+        }
+        THeader* const header = HeaderOf(mText);
+        if (!header->holders.IsOne()) {
+            Assign(AsView().substr(count));
+            return;
+        }
+        char* const block = BlockOf(header);
+        const auto capacity = header->capacity - static_cast<unsigned>(count);
+        mText += count;
+        THeader* const moved = HeaderOf(mText);
+        const auto front = static_cast<unsigned>(reinterpret_cast<char*>(moved) - block);
+        new (moved) THeader{THolderCount(1), static_cast<unsigned>(length - count), capacity, front};
+    }
+
     /// Makes room for `capacity` characters in all, so that appends up to there move nothing.
     void Reserve(std::size_t capacity)
     {
@@ -154,7 +180,7 @@ public:
     /// Gives back room that isn't used, of a buffer that this text alone holds.
     void Trim() noexcept
     {
-        if (mText == nullptr || !OwnsRoomFor(Size())) {
+        if (mText == nullptr || !OwnsRoomFor(Size()) || HeaderOf(mText)->front != 0) {
             return;
         }
         const std::size_t length = Size();
@@ -174,6 +200,8 @@ private:
         // Up to `MaxLength`. Without a sign, so that the compiler knows them to be no huge sizes.
         unsigned length;
         unsigned capacity;
+        /// How many bytes of the block lie in front of the header, since characters were taken away there.
+        unsigned front;
     };
 
     static constexpr Char EmptyText = Char();
@@ -183,8 +211,13 @@ private:
 
     static THeader* HeaderOf(Char* text) noexcept
     {
-        return reinterpret_cast<THeader*>(reinterpret_cast<char*>(text) - HeaderSize);
+        // Characters that were taken away in front may leave the text at any of its own places.
+        char* const bytes = reinterpret_cast<char*>(text);
+        return reinterpret_cast<THeader*>(bytes - reinterpret_cast<std::uintptr_t>(bytes) % alignof(THeader) -
+                                          HeaderSize);
     }
+
+    static char* BlockOf(THeader* header) noexcept { return reinterpret_cast<char*>(header) - header->front; }
 
     static Char* Allocate(std::size_t length, std::size_t capacity)
     {
@@ -196,7 +229,8 @@ private:
         if (block == nullptr) {
             ThrowStringMemory();
         }
-        new (block) THeader{THolderCount(1), static_cast<unsigned>(length), static_cast<unsigned>(capacity)};
+        new (block)
+            THeader{THolderCount(1), static_cast<unsigned>(length), static_cast<unsigned>(capacity), 0};
         Char* text = reinterpret_cast<Char*>(static_cast<char*>(block) + HeaderSize);
         text[length] = Char();
         return text;
@@ -216,7 +250,7 @@ private:
         }
         THeader* header = HeaderOf(text);
         if (header->holders.Decrement()) {
-            std::free(header);
+            std::free(BlockOf(header));
         }
     }
 

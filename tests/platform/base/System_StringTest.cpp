@@ -7,9 +7,13 @@
 
 #include <algorithm>
 #include <atomic>
+#include <random>
 #include <ranges>
 #include <span>
+#include <string>
 #include <thread>
+#include <utility>
+#include <vector>
 
 namespace
 {
@@ -105,6 +109,50 @@ TYPED_TEST(StringTest, DeleteAndInsertClipTheirPlaces)
     EXPECT_EQ(inserted(INT_MAX), this->T("abXY"));
     TypeParam self = this->T("ab");
     EXPECT_EQ(self.Insert(self, 2), this->T("aabb"));
+}
+
+TYPED_TEST(StringTest, LosesItsBeginInAnyStepsAmongOtherChanges)
+{
+    using Char = typename TypeParam::CharType;
+    std::mt19937 random(1);
+    std::vector<std::pair<TypeParam, std::basic_string<Char>>> texts(4);
+    for (int step = 0; step < 20'000; ++step) {
+        auto& [text, model] = texts[random() % texts.size()];
+        const auto length = random() % 40;
+        switch (random() % 6) {
+        case 0:
+            text = TypeParam(texts[length % texts.size()].first);
+            model = std::basic_string<Char>(text.AsView());
+            break;
+        case 1:
+            text.SetLength(static_cast<int>(length));
+            model.resize(length);
+            break;
+        case 2:
+            text.Append(std::basic_string<Char>(length, 'a' + static_cast<Char>(length % 20)));
+            model.append(length, 'a' + static_cast<Char>(length % 20));
+            break;
+        case 3:
+            text.Reserve(static_cast<int>(4 * length));
+            break;
+        default:
+            text.Delete(1, static_cast<int>(length % 9));
+            model.erase(0, length % 9);
+        }
+        ASSERT_EQ(text.AsView(), model);
+        ASSERT_EQ(text.c_str()[model.size()], 0);
+    }
+}
+
+TYPED_TEST(StringTest, LosesItsBeginWithoutMovingTheRest)
+{
+    // 4 MB a thousand thousand times would outlast any patience.
+    constexpr int count = 1'000'000;
+    TypeParam text = TypeParam::StringOfChar('x', 4 * count);
+    for (int i = 0; i < count; ++i) {
+        text.Delete(1, 3);
+    }
+    EXPECT_EQ(text, TypeParam::StringOfChar('x', count));
 }
 
 TYPED_TEST(StringTest, AppendsToItself)
