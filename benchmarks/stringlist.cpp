@@ -148,15 +148,10 @@ void LookOurs(benchmark::State& state, Look look)
     }
 }
 
-const UnicodeString& Look(const TStringList& list, int index)
-{
+constexpr auto Look = [](const TStringList& list, int index) -> const UnicodeString& {
     return list.At(index);
-}
-
-UnicodeString Get(const TStringList& list, int index)
-{
-    return list.getStrings(index);
-}
+};
+constexpr auto Get = [](const TStringList& list, int index) { return list.getStrings(index); };
 
 BENCHMARK_CAPTURE(LookOurs, at, Look)->Name("look_at_lines/ours")->Apply(Counts);
 BENCHMARK_CAPTURE(LookOurs, get, Get)->Name("get_lines/ours")->Apply(Counts);
