@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <ostream>
 
 #include <unicode/uchar.h>
@@ -126,31 +127,37 @@ public:
             const auto byte = static_cast<char>(code);
             const GSharedText<char> mapped = MapByCharacters(DefaultSystemCodePage, {&byte, 1}, map);
             mFirst[code] = mapped.AsView().front();
-            mSecond[code] = mapped.Size() > 1 ? mapped.AsView()[1] : '\0';
+            if (mapped.Size() > 1) {
+                mDoubled = byte;
+                mSecond = mapped.AsView()[1];
+            }
         }
     }
 
     GSharedText<char> Map(std::string_view bytes) const
     {
-        const auto isDoubled = [this](char byte) { return mSecond[IndexOf(byte)] != '\0'; };
-        const auto doubled = static_cast<std::size_t>(std::count_if(bytes.begin(), bytes.end(), isDoubled));
-        auto result = GSharedText<char>::Uninitialized(bytes.size() + doubled);
+        const auto first = [this](char byte) { return mFirst[static_cast<unsigned char>(byte)]; };
+        const auto doubled = mDoubled ? std::count(bytes.begin(), bytes.end(), *mDoubled) : 0;
+        auto result = GSharedText<char>::Uninitialized(bytes.size() + static_cast<std::size_t>(doubled));
         char* out = result.Unique();
+        if (doubled == 0) {
+            std::transform(bytes.begin(), bytes.end(), out, first);
+            return result;
+        }
         for (const char byte : bytes) {
-            *out++ = mFirst[IndexOf(byte)];
-            if (doubled != 0 && isDoubled(byte)) {
-                *out++ = mSecond[IndexOf(byte)];
+            *out++ = first(byte);
+            if (byte == mDoubled) {
+                *out++ = mSecond;
             }
         }
         return result;
     }
 
 private:
-    static std::size_t IndexOf(char byte) { return static_cast<unsigned char>(byte); }
-
     std::array<char, 256> mFirst;
-    /// The second letter that the sharp s has in upper case; zero for all that stay one.
-    std::array<char, 256> mSecond;
+    /// The one letter that turns into two, if any, which the sharp s does in upper case.
+    std::optional<char> mDoubled;
+    char mSecond = '\0';
 };
 
 /// `western` is what `map` does to the system's code page.

@@ -2,6 +2,7 @@
 #include "text/editing/BTL_STR_Search.h"
 
 #include "foundation/UTL_STR_Words.h"
+#include "platform/base/internal/System_Ascii.h"
 #include "platform/base/internal/System_LinearSearch.h"
 #include "text/editing/internal/BTL_STR_Fold.h"
 
@@ -69,6 +70,17 @@ int FindLast(const S& s, const S& sub, int end)
                : Place(System::Detail::FindLastText(s.AsView().substr(0, EndOf(s, end)), sub.AsView()));
 }
 
+/// As `CharUpperW`, but quick for the letters that most texts consist of.
+WideChar Folded(WideChar c)
+{
+    return c < 0x80 ? System::Detail::AsciiUpper(c) : CharUpperW(c);
+}
+
+char Folded(char c)
+{
+    return CharUpperW(c);
+}
+
 /// The place of the first `sub` without regard to case.
 template <class S>
 int FindIgnoringCase(const S& s, const S& sub)
@@ -80,7 +92,7 @@ int FindIgnoringCase(const S& s, const S& sub)
     const S folded = Detail::UpperByCharacter(sub);
     const auto pattern = folded.AsView();
     const std::size_t at =
-        System::Detail::FindLinear([text](std::size_t i) { return CharUpperW(text[i]); }, text.size(),
+        System::Detail::FindLinear([text](std::size_t i) { return Folded(text[i]); }, text.size(),
                                    [pattern](std::size_t i) { return pattern[i]; }, pattern.size());
     return at == text.size() ? 0 : Place(at);
 }
@@ -96,7 +108,7 @@ int FindLastIgnoringCase(const S& s, const S& sub, int end)
     const S folded = Detail::UpperByCharacter(sub);
     const auto pattern = folded.AsView();
     const std::size_t behind = System::Detail::FindLinear(
-        [text](std::size_t i) { return CharUpperW(text[text.size() - 1 - i]); }, text.size(),
+        [text](std::size_t i) { return Folded(text[text.size() - 1 - i]); }, text.size(),
         [pattern](std::size_t i) { return pattern[pattern.size() - 1 - i]; }, pattern.size());
     return behind == text.size() ? 0 : Place(text.size() - behind - pattern.size());
 }
