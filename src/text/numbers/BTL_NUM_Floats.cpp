@@ -32,7 +32,7 @@ using StringOf = std::conditional_t<std::is_same_v<Char, char>, AnsiString, Unic
 
 /// What the run-time library is to read. It is made wide first, where any separator has its place.
 template <class S>
-UnicodeString WideNumberText(const S& text, WideChar separator = Sysutils::DecimalSeparator)
+UnicodeString WideNumberText(const S& text, WideChar separator)
 {
     return Detail::WithHyphens(SetDecimalSeparator(UnicodeString(text), separator).Trim());
 }
@@ -98,10 +98,15 @@ bool IsDoubleOf(const S& text)
     return DoubleInto(text, ignored);
 }
 
+/// The fault quotes what was given, not what the run-time library would have read.
 template <class S>
 double DoubleOf(const S& text)
 {
-    return Sysutils::StrToFloat(WideNumberText(text));
+    double value = 0;
+    if (!DoubleInto(text, value)) {
+        Sysutils::ThrowNoFloat(UnicodeString(text).AsView());
+    }
+    return value;
 }
 
 double DoubleOrTimeOf(const UnicodeString& text)

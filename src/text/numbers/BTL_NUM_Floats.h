@@ -20,7 +20,7 @@ namespace BTL
 [[nodiscard]] TRS8_BTL_API bool IsDouble(const System::AnsiString& text);
 TRS8_BTL_API bool ToDouble(const System::UnicodeString& text, double& value);
 TRS8_BTL_API bool ToDouble(const System::AnsiString& text, double& value);
-/// `Sysutils::EConvertError` if `text` is no number.
+/// `Sysutils::EConvertError` if `text` is no number; the message quotes it as it was given.
 TRS8_BTL_API double ToDouble(const System::UnicodeString& text);
 TRS8_BTL_API double ToDouble(const System::AnsiString& text);
 /// A text with `Sysutils::TimeSeparator` is a time, which gives its part of a day; any other one a number as

@@ -117,38 +117,62 @@ S RangeOfTexts(const S& upper, const S& lower)
 
 // Limits with optional ends.
 
+using TView = std::u16string_view;
+
+/// Why a text tells no limits, and the piece of it where that shows. A piece may be empty, but it lies within
+/// the text.
+struct TFault
+{
+    const WideChar* why;
+    TView piece;
+};
+
 /// A number with what stands behind it.
 struct TQuantity
 {
+    TView text;
     double value = 0;
     UnicodeString unit;
 };
 
-/// False where a number goes on or more limits follow.
-bool IsUnitText(std::u16string_view text)
+TView WithoutBlanks(TView text)
 {
-    using View = std::u16string_view;
-    return text.find_first_of(u"<=>\u2264\u2265\u2026") == View::npos && text.find(u"..") == View::npos &&
-           (text.empty() || View(u"0123456789.,+-\u2212").find(text.front()) == View::npos);
+    constexpr auto isUpToBlank = [](WideChar c) { return c <= u' '; };
+    const auto* const begin = std::ranges::find_if_not(text, isUpToBlank);
+    const auto end = std::find_if_not(text.rbegin(), std::make_reverse_iterator(begin), isUpToBlank);
+    return text.substr(static_cast<std::size_t>(begin - text.begin()),
+                       static_cast<std::size_t>(end.base() - begin));
 }
 
-/// Nothing for a text that begins with anything but a number, or has more than a unit behind it.
-std::optional<TQuantity> ReadQuantity(std::u16string_view text)
+/// False where a number goes on or more limits follow.
+bool IsUnitText(TView text)
 {
-    const UnicodeString trimmed = UnicodeString(text).Trim();
+    return text.find_first_of(u"<=>\u2264\u2265\u2026") == TView::npos && text.find(u"..") == TView::npos &&
+           (text.empty() || TView(u"0123456789.,+-\u2212").find(text.front()) == TView::npos);
+}
+
+/// Raises a `TFault` for a text that begins with anything but a number, or has more than a unit behind it.
+TQuantity ReadQuantity(TView text)
+{
+    TQuantity result;
+    result.text = WithoutBlanks(text);
     int position = 0;
     int length = 0;
-    if (!Find1stFloat(trimmed, position, length)) {
-        return std::nullopt;
+    if (!Find1stFloat(UnicodeString(result.text), position, length)) {
+        throw TFault{u"a number is missing", result.text};
     }
     // From the start of the text, since ".5" is found as 5.
-    const int end = position + length;
-    TQuantity result;
-    if (!ToDouble(trimmed.SubString(1, end - 1), result.value) || !std::isfinite(result.value)) {
-        return std::nullopt;
+    const auto end = static_cast<std::size_t>(position + length) - 1;
+    const TView number = result.text.substr(0, end);
+    if (!ToDouble(UnicodeString(number), result.value)) {
+        throw TFault{u"this is no number, or one that is too large", number};
     }
-    result.unit = trimmed.SubString(end).Trim();
-    return IsUnitText(result.unit.AsView()) ? std::optional(result) : std::nullopt;
+    const TView unit = WithoutBlanks(result.text.substr(end));
+    if (!IsUnitText(unit)) {
+        throw TFault{u"more than a unit stands behind the number", unit};
+    }
+    result.unit = UnicodeString(unit);
+    return result;
 }
 
 /// `value` times the power of ten `factor`. A fraction is no exact number, but what it divides by is.
@@ -164,37 +188,121 @@ void TakePrefixOff(TQuantity& quantity)
     if (FindUnit(quantity.unit, factor, quantity.unit)) {
         quantity.value = Scaled(quantity.value, factor);
     }
+    if (!std::isfinite(quantity.value)) {
+        throw TFault{u"the number is too large", quantity.text};
+    }
 }
 
 /// The ends of a range as they are written; a missing end is nothing.
 struct TLimitTexts
 {
-    std::optional<std::u16string_view> lower;
-    std::optional<std::u16string_view> upper;
+    std::optional<TView> lower;
+    std::optional<TView> upper;
 };
 
-std::optional<TLimitTexts> CutLimits(std::u16string_view text)
+/// The first sign of a range in `text`, empty if there is none. Of dots the most are taken that make a sign.
+TView FindRangeSign(TView text)
 {
-    const auto behind = [&](std::u16string_view sign) { return text.substr(sign.size()); };
-    for (const std::u16string_view sign : {u"<=", u"\u2264"}) {
+    const std::size_t dots = text.find(u"..");
+    const std::size_t ellipsis = text.find(u'\u2026');
+    if (ellipsis < dots) {
+        return text.substr(ellipsis, 1);
+    }
+    if (dots == TView::npos) {
+        return {};
+    }
+    return text.substr(dots, text.substr(dots).starts_with(u"...") ? 3 : 2);
+}
+
+/// A range, one of whose limits may be absent; a unit may still stand in the place of the upper one.
+TLimitTexts CutRange(TView text, TView sign)
+{
+    const auto signBegin = static_cast<std::size_t>(sign.data() - text.data());
+    const TView lower = WithoutBlanks(text.substr(0, signBegin));
+    const TView upper = WithoutBlanks(text.substr(signBegin + sign.size()));
+    if (lower.empty()) {
+        return {std::nullopt, upper};
+    }
+    if (upper.empty()) {
+        return {lower, std::nullopt};
+    }
+    return {lower, upper};
+}
+
+TLimitTexts CutLimits(TView text)
+{
+    const auto behind = [&](TView sign) { return text.substr(sign.size()); };
+    for (const TView sign : {u"<=", u"\u2264"}) {
         if (text.starts_with(sign)) {
-            return TLimitTexts{std::nullopt, behind(sign)};
+            return {std::nullopt, behind(sign)};
         }
     }
-    for (const std::u16string_view sign : {u">=", u"\u2265"}) {
+    for (const TView sign : {u">=", u"\u2265"}) {
         if (text.starts_with(sign)) {
-            return TLimitTexts{behind(sign), std::nullopt};
+            return {behind(sign), std::nullopt};
         }
     }
     if (text.starts_with(u'=')) {
-        return TLimitTexts{behind(u"="), behind(u"=")};
+        return {behind(u"="), behind(u"=")};
     }
-    for (const std::u16string_view sign : {u"...", u"\u2026"}) {
-        if (const std::size_t at = text.find(sign); at != std::u16string_view::npos) {
-            return TLimitTexts{text.substr(0, at), text.substr(at + sign.size())};
-        }
+    const TView sign = FindRangeSign(text);
+    if (sign.empty()) {
+        throw TFault{u"one of <=, >=, = and ... is missing", text};
     }
-    return std::nullopt;
+    return CutRange(text, sign);
+}
+
+/// The unit of "10 ... kV", which has no upper limit.
+std::optional<TView> UnitOfAbsentLimit(const TLimitTexts& texts)
+{
+    const bool isUnit = texts.lower && texts.upper && IsUnitText(*texts.upper) &&
+                        texts.upper->find_first_of(u"0123456789") == TView::npos;
+    return isUnit ? texts.upper : std::nullopt;
+}
+
+struct TLimitsWithUnit
+{
+    TLimits limits;
+    UnicodeString unit;
+};
+
+/// Raises a `TFault`.
+TLimitsWithUnit ReadLimits(TView text)
+{
+    const TView trimmed = WithoutBlanks(text);
+    if (trimmed.empty()) {
+        return {};
+    }
+    TLimitTexts texts = CutLimits(trimmed);
+    const auto unit = UnitOfAbsentLimit(texts);
+    if (unit) {
+        texts.upper = std::nullopt;
+    }
+    // An absent limit stands for the other one until the units are settled.
+    TQuantity lower = ReadQuantity(texts.lower ? *texts.lower : *texts.upper);
+    TQuantity upper = texts.lower && texts.upper ? ReadQuantity(*texts.upper) : lower;
+    if (unit && !lower.unit.IsEmpty()) {
+        throw TFault{u"a number is missing", *unit};
+    }
+    if (unit) {
+        lower.unit = upper.unit = UnicodeString(*unit);
+    } else if (lower.unit.IsEmpty()) {
+        lower.unit = upper.unit;
+    } else if (upper.unit.IsEmpty()) {
+        upper.unit = lower.unit;
+    }
+    TakePrefixOff(lower);
+    TakePrefixOff(upper);
+    if (lower.unit != upper.unit) {
+        throw TFault{u"the limits differ in their units", upper.text};
+    }
+    if (lower.value > upper.value) {
+        throw TFault{u"the lower limit is above the upper one", lower.text};
+    }
+    TLimitsWithUnit result{{}, lower.unit};
+    result.limits.lower = texts.lower ? std::optional(lower.value) : std::nullopt;
+    result.limits.upper = texts.upper ? std::optional(upper.value) : std::nullopt;
+    return result;
 }
 
 } // namespace
@@ -206,37 +314,14 @@ bool IsWithin(double value, const TLimits& limits) noexcept
 
 bool ParseLimits(const UnicodeString& text, TLimits& limits, UnicodeString& unit)
 {
-    const UnicodeString trimmed = text.Trim();
-    if (trimmed.IsEmpty()) {
-        limits = TLimits();
-        unit = UnicodeString();
+    try {
+        const TLimitsWithUnit read = ReadLimits(text.AsView());
+        limits = read.limits;
+        unit = read.unit;
         return true;
-    }
-    const auto texts = CutLimits(trimmed.AsView());
-    if (!texts) {
+    } catch (const TFault&) {
         return false;
     }
-    // An absent limit stands for the other one until the units are settled.
-    auto lower = ReadQuantity(texts->lower ? *texts->lower : *texts->upper);
-    auto upper = ReadQuantity(texts->upper ? *texts->upper : *texts->lower);
-    if (!lower || !upper) {
-        return false;
-    }
-    if (lower->unit.IsEmpty()) {
-        lower->unit = upper->unit;
-    } else if (upper->unit.IsEmpty()) {
-        upper->unit = lower->unit;
-    }
-    TakePrefixOff(*lower);
-    TakePrefixOff(*upper);
-    if (lower->unit != upper->unit || lower->value > upper->value || !std::isfinite(lower->value) ||
-        !std::isfinite(upper->value)) {
-        return false;
-    }
-    limits.lower = texts->lower ? std::optional(lower->value) : std::nullopt;
-    limits.upper = texts->upper ? std::optional(upper->value) : std::nullopt;
-    unit = lower->unit;
-    return true;
 }
 
 bool ParseLimits(const UnicodeString& text, TLimits& limits)
@@ -247,11 +332,22 @@ bool ParseLimits(const UnicodeString& text, TLimits& limits)
 
 TLimits ParseLimits(const UnicodeString& text)
 {
-    TLimits limits;
-    if (!ParseLimits(text, limits)) {
-        throw Sysutils::EConvertError(u"'" + text + u"' tells no limits");
+    UnicodeString ignored;
+    return ParseLimits(text, ignored);
+}
+
+TLimits ParseLimits(const UnicodeString& text, UnicodeString& unit)
+{
+    const TView view = text.AsView();
+    try {
+        const TLimitsWithUnit read = ReadLimits(view);
+        unit = read.unit;
+        return read.limits;
+    } catch (const TFault& fault) {
+        const auto place = static_cast<System::Int64>(fault.piece.data() - view.data()) + 1;
+        throw Sysutils::EConvertError(u"'" + text + u"' tells no limits: " + UnicodeString(fault.why) +
+                                      u" (character " + UnicodeString(place) + u")");
     }
-    return limits;
 }
 
 UnicodeString LimitsToStr(const TLimits& limits, const UnicodeString& unit)

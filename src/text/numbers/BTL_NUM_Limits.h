@@ -30,17 +30,21 @@ struct TLimits
 [[nodiscard]] TRS8_BTL_API bool IsWithin(double value, const TLimits& limits) noexcept;
 
 /// Reads "<= 5 kV", ">= 5 kV", "= 5 kV" or "1 ... 9 kV", also with the signs for these (U+2264, U+2265 and
-/// U+2026); an empty text has no limits. Numbers are written as `ToDouble` reads them. Both limits may have a
-/// unit of their own, as in "5 mV ... 1 V"; one without takes that of the other one. `unit` becomes the unit
-/// without its prefix, and the limits are in it: 1000 and 9000 of "V". What a prefix is tells `FindUnit`; a
-/// unit that it doesn't know is taken as it stands. False for any other text, for two units that differ and
-/// for a lower limit above the upper one, which leaves the targets alone.
+/// U+2026) and with two dots. A range may lack a limit: "... 9 kV", "1 ... kV", "1 kV ...". An empty text has
+/// no limits. Numbers are written as `ToDouble` reads them. Both limits may have a unit of their own, as in
+/// "5 mV ... 1 V"; one without takes that of the other one. `unit` becomes the unit without its prefix, and
+/// the limits are in it: 1000 and 9000 of "V". What a prefix is tells `FindUnit`; a unit that it doesn't know
+/// is taken as it stands. False for any other text, for two units that differ and for a lower limit above the
+/// upper one, which leaves the targets alone.
 TRS8_BTL_API bool ParseLimits(const System::UnicodeString& text, TLimits& limits,
                               System::UnicodeString& unit);
 /// As `ParseLimits` with a unit, which may be any.
 TRS8_BTL_API bool ParseLimits(const System::UnicodeString& text, TLimits& limits);
-/// The limits of a text with any unit. `Sysutils::EConvertError` if `ParseLimits` refuses it.
+/// The limits of a text with any unit. `Sysutils::EConvertError` if the text tells none: its message says why
+/// and at which character, from 1 on.
 TRS8_BTL_API TLimits ParseLimits(const System::UnicodeString& text);
+/// As `ParseLimits` that raises, but tells the unit, too, which is left alone if the text tells no limits.
+TRS8_BTL_API TLimits ParseLimits(const System::UnicodeString& text, System::UnicodeString& unit);
 
 /// The text that `ParseLimits` reads: "<= 5 kV", ">= 5 kV", "= 5 kV" or "1 ... 9 kV", with the active
 /// separator and up to 15 digits; empty if both limits are absent. If `FindUnit` knows the unit, its prefix

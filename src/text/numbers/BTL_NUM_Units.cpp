@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "text/numbers/BTL_NUM_Units.h"
 
+#include "platform/base/numbers/Sysutils_FloatText.h"
+#include "platform/base/numbers/internal/Sysutils_DecimalText.h"
 #include "text/numbers/BTL_NUM_FindNumber.h"
 #include "text/numbers/internal/BTL_NUM_Double.h"
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -101,6 +104,20 @@ constexpr auto FirstPrefixes = [] {
     }
     return first;
 }();
+
+// The prefixes that a value is shown with, each 1000 times the one in front of it.
+constexpr std::array<std::u16string_view, 13> Steps = {u"a", u"f", u"p", u"n", u"\u00B5", u"m", u"",
+                                                       u"k", u"M", u"G", u"T", u"P",      u"E"};
+constexpr int WithoutPrefix = 6;
+constexpr int DigitsOfStep = 3;
+
+/// The step that leaves one to three digits in front of the separator; the one without a prefix if none does.
+int StepFor(const Sysutils::Detail::TDecimal& value)
+{
+    const int belowOne = value.exponent < 1 ? DigitsOfStep - 1 : 0;
+    const int step = (value.exponent - 1 - belowOne) / DigitsOfStep + WithoutPrefix;
+    return value.count > 0 && step >= 0 && step < std::ssize(Steps) ? step : WithoutPrefix;
+}
 
 std::u16string_view WithoutBlanksInFront(std::u16string_view text)
 {
@@ -237,6 +254,30 @@ bool ValueWithUnitToDoble(const UnicodeString& text, double& value)
 bool ValueWithUnitToDoble(const AnsiString& text, double& value)
 {
     return ValueWithUnitToDouble(text, value);
+}
+
+UnicodeString ValueWithUnitToStr(double value, const UnicodeString& unit, int precision)
+{
+    UnicodeString symbol = unit.Trim();
+    double factor = 1;
+    const bool isKnown = FindUnit(symbol, factor, symbol);
+    const UnicodeString blank = symbol.IsEmpty() ? u"" : u" ";
+    if (!std::isfinite(value)) {
+        return Sysutils::FloatToStr(value) + blank + symbol;
+    }
+    const int digits = std::clamp(precision, 1, Sysutils::Detail::DoubleDigits);
+    Sysutils::Detail::TDecimal number = Sysutils::Detail::ToDecimal(value);
+    number.Round(digits);
+    if (!isKnown || !UnitOf(symbol.AsView())->takesPrefix) {
+        return Sysutils::Detail::GeneralText(number, digits, 0, Sysutils::FormatSettings) + blank + symbol;
+    }
+    // Powers of ten move the separator alone, so that no digit changes.
+    number.exponent += number.count > 0 ? static_cast<int>(std::lround(std::log10(factor))) : 0;
+    const int step = StepFor(number);
+    number.exponent -= (step - WithoutPrefix) * DigitsOfStep;
+    return Sysutils::Detail::GeneralText(number, std::max(digits, DigitsOfStep), 0,
+                                         Sysutils::FormatSettings) +
+           blank + Steps[static_cast<std::size_t>(step)] + symbol;
 }
 
 double ValueWithUnitToDoubleDef(const UnicodeString& text, double defaultValue)

@@ -16,6 +16,7 @@ namespace BTL
 //     UnicodeString unit;
 //     double factor = 0;
 //     BTL::FindUnit(u"mmol", factor, unit);                    // 1e-3 and "mol"
+//     BTL::ValueWithUnitToStr(5e-6, u"V");                     // "5 µV"
 
 struct TUnitPrefix
 {
@@ -73,6 +74,16 @@ TRS8_BTL_API bool ValueWithUnitToDoble(const System::UnicodeString& text, double
 TRS8_BTL_API bool ValueWithUnitToDoble(const System::AnsiString& text, double& value);
 [[nodiscard]] TRS8_BTL_API double ValueWithUnitToDoubleDef(const System::UnicodeString& text,
                                                            double defaultValue);
+
+/// The text of a value in `unit` with the prefix that suits it: 5E-6 in `V` is "5 µV", 1500 is "1.5 kV",
+/// and so is 1.5 in `kV`. The prefixes are those in steps of 1000, from `a` to `E`; there are one to three
+/// digits in front of the separator, which is the active one. `precision` is the count of significant digits
+/// (1 to 15); zeros at the end are left out. 0, a value beyond the prefixes and one that is no number have
+/// none. A unit that takes no prefix or that `FindUnit` doesn't know stays as it is, and its number is that
+/// of `Sysutils::FloatToStrF` in the general form. `ToValueWithUnit` reads the text if `FindUnit` knows the
+/// unit.
+[[nodiscard]] TRS8_BTL_API System::UnicodeString
+ValueWithUnitToStr(double value, const System::UnicodeString& unit, int precision = 6);
 
 // A literal of 8-bit text; null counts as the empty text.
 

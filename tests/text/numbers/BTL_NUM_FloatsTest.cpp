@@ -108,13 +108,29 @@ TEST(FloatsLiteralTest, TakeNarrowLiterals)
     EXPECT_FALSE(BTL::ToDouble(null, value));
 }
 
-TEST(FloatsFailureTest, NamesTheText)
+TEST(FloatsFailureTest, QuotesTheTextThatWasGiven)
 {
+    const Support::FormatSettingsGuard guard;
+    for (const System::WideChar separator : {u'.', u','}) {
+        Sysutils::DecimalSeparator = separator;
+        for (const char16_t* const text : {u"1.5x", u"12,5x", u" \u22125 V", u"1.234,56", u"\u03A9", u""}) {
+            const System::UnicodeString given(text);
+            SCOPED_TRACE(given);
+            for (const bool mayBeTime : {false, true}) {
+                try {
+                    mayBeTime ? BTL::ToDoubleEx(given) : BTL::ToDouble(given);
+                    ADD_FAILURE();
+                } catch (const Sysutils::EConvertError& fault) {
+                    EXPECT_EQ(fault.getMessage(), u"'" + given + u"' is not a valid floating point value");
+                }
+            }
+        }
+    }
     try {
-        BTL::ToDouble("1.5x");
+        BTL::ToDouble("12,5\xB5");
         FAIL();
     } catch (const Sysutils::EConvertError& fault) {
-        EXPECT_NE(fault.getMessage().Pos(u"'1.5x'"), 0) << fault.getMessage();
+        EXPECT_NE(fault.getMessage().Pos(u"'12,5\u00B5'"), 0) << fault.getMessage();
     }
 }
 

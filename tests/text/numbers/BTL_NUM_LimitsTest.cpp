@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <string>
 #include <type_traits>
 
 namespace
@@ -204,6 +205,20 @@ TEST(OptionalLimitsTest, AreReadFromText)
         {u"-1e-3\u20261e3 mol", {-0.001, 1000}, u"mol"},
         {u"1 ... 1", {1, 1}, u""},
         {u"50 ... 130 km/h", {50, 130}, u"km/h"},
+        {u"10..20 kV", {10000, 20000}, u"V"},
+        {u"10 .. 20 kV", {10000, 20000}, u"V"},
+        {u"10 \u2026 20 kV", {10000, 20000}, u"V"},
+        {u"1.5..2.5", {1.5, 2.5}, u""},
+        {u"1,5...2,5", {1.5, 2.5}, u""},
+        {u"-.5...-.25", {-0.5, -0.25}, u""},
+        {u".. 20 kV", {std::nullopt, 20000}, u"V"},
+        {u"... 20 kV", {std::nullopt, 20000}, u"V"},
+        {u"\u2026\u22125", {std::nullopt, -5}, u""},
+        {u"... .5", {std::nullopt, 0.5}, u""},
+        {u"10 .. kV", {10000, std::nullopt}, u"V"},
+        {u" 10 kV ... ", {10000, std::nullopt}, u"V"},
+        {u"10 \u2026 km/h", {10, std::nullopt}, u"km/h"},
+        {u"1..", {1, std::nullopt}, u""},
     };
     for (const char16_t separator : {u'.', u','}) {
         Sysutils::DecimalSeparator = separator;
@@ -215,29 +230,70 @@ TEST(OptionalLimitsTest, AreReadFromText)
             EXPECT_EQ(limits, c.limits);
             EXPECT_EQ(unit, c.unit);
             EXPECT_EQ(BTL::ParseLimits(c.text), c.limits);
+            UnicodeString raisingUnit;
+            EXPECT_EQ(BTL::ParseLimits(c.text, raisingUnit), c.limits);
+            EXPECT_EQ(raisingUnit, c.unit);
         }
     }
 }
 
-TEST(OptionalLimitsTest, RefuseOtherText)
+TEST(OptionalLimitsTest, TellWhyATextIsRefusedAndWhere)
 {
-    for (const char16_t* const text :
-         {u"5",        u"x",       u"<= ",         u"<= x",          u"< 5",         u"= =5",     u"9 ... 1",
-          u"1 ...",    u"... 1",   u"1 V ... 9 A", u"1 ... 2 ... 3", u"<= 1.234,56", u"<= 1 2",   u"<= a5",
-          u"<= 1e999", u"<= 5E-V", u"<= 1e308 kV", u"<= 1 kV ... 2", u"1 \u2212 9",  u"= 1 ... 9"}) {
-        SCOPED_TRACE(UnicodeString(text));
+    constexpr const char* noSign = "one of <=, >=, = and ... is missing";
+    constexpr const char* noNumber = "a number is missing";
+    constexpr const char* badNumber = "this is no number, or one that is too large";
+    constexpr const char* more = "more than a unit stands behind the number";
+    constexpr const char* wrongOrder = "the lower limit is above the upper one";
+    const struct
+    {
+        const char16_t* text;
+        const char* why;
+        int place;
+    } cases[] = {
+        {u"5", noSign, 1},
+        {u"  x", noSign, 3},
+        {u"< 5", noSign, 1},
+        {u"1 \u2212 9", noSign, 1},
+        {u"<= ", noNumber, 3},
+        {u"<= x", noNumber, 4},
+        {u"...", noNumber, 4},
+        {u" .. kV ", noNumber, 5},
+        {u"kV ..", noNumber, 1},
+        {u"10 V .. kV", noNumber, 9},
+        {u"= =5", badNumber, 3},
+        {u"<= a5", badNumber, 4},
+        {u"kV .. 20", noNumber, 1},
+        {u"1 ... x5", badNumber, 7},
+        {u"<= 1e999", badNumber, 4},
+        {u"<= 5E-V", badNumber, 4},
+        {u"1 ... 2 ... 3", more, 9},
+        {u"1 .. 2 .. 3", more, 8},
+        {u"<= 1.234,56", more, 9},
+        {u"<= 1 2", more, 6},
+        {u"<= 1 kV ... 2", more, 6},
+        {u"= 1 ... 9", more, 5},
+        {u"<= 1e308 kV", "the number is too large", 4},
+        {u"1 V ... 9 A", "the limits differ in their units", 9},
+        {u"9 ... 1", wrongOrder, 1},
+        {u"  1 V ... 9 mV", wrongOrder, 3},
+    };
+    for (const auto& c : cases) {
+        const UnicodeString text(c.text);
+        SCOPED_TRACE(text);
         TLimits limits = {4711, std::nullopt};
         UnicodeString unit = u"as it was";
         EXPECT_FALSE(BTL::ParseLimits(text, limits, unit));
         EXPECT_EQ(limits, (TLimits{4711, std::nullopt}));
-        EXPECT_EQ(unit, u"as it was");
         EXPECT_FALSE(BTL::ParseLimits(text, limits));
         try {
-            BTL::ParseLimits(text);
+            BTL::ParseLimits(text, unit);
             ADD_FAILURE();
         } catch (const Sysutils::EConvertError& fault) {
-            EXPECT_NE(fault.getMessage().Pos(UnicodeString(text)), 0) << fault.getMessage();
+            EXPECT_EQ(std::string(fault.what()), "'" + System::ToUtf8(text) + "' tells no limits: " + c.why +
+                                                     " (character " + std::to_string(c.place) + ")");
         }
+        EXPECT_EQ(unit, u"as it was");
+        EXPECT_THROW(BTL::ParseLimits(text), Sysutils::EConvertError);
     }
 }
 

@@ -3,10 +3,12 @@
 
 #include "platform/base/Sysutils_Locale.h"
 #include "support/FormatSettingsGuard.h"
+#include "text/numbers/BTL_NUM_FindValue.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 namespace
 {
@@ -195,6 +197,80 @@ TEST(UnitTableTest, ReadsAllThatItLists)
     }
     for (const BTL::TUnitPrefix& prefix : BTL::GetUnitPrefixes()) {
         EXPECT_EQ(BTL::GetUnitPrefixFactor(UnicodeString(prefix.symbol)), prefix.factor);
+    }
+}
+
+TEST(UnitTextTest, HasThePrefixThatSuits)
+{
+    const Support::FormatSettingsGuard guard;
+    Sysutils::DecimalSeparator = u'.';
+    const double infinity = std::numeric_limits<double>::infinity();
+    const struct
+    {
+        double value;
+        const WideChar* unit;
+        int precision;
+        const WideChar* expected;
+    } cases[] = {
+        {5e-6, u"V", 6, u"5 \u00B5V"},
+        {-5e-6, u"V", 6, u"-5 \u00B5V"},
+        {5, u"V", 6, u"5 V"},
+        {1500, u"V", 6, u"1.5 kV"},
+        {1.5, u"kV", 6, u"1.5 kV"},
+        {0.0015, u" mV ", 6, u"1.5 \u00B5V"},
+        {0.05, u"m", 6, u"50 mm"},
+        {0.005, u"mol", 6, u"5 mmol"},
+        {2.5, u"kg", 6, u"2.5 kg"},
+        {0, u"kV", 6, u"0 V"},
+        {-0.0, u"V", 6, u"0 V"},
+        {1, u"A", 6, u"1 A"},
+        {0.999, u"A", 6, u"999 mA"},
+        {1000, u"A", 6, u"1 kA"},
+        {999.9994, u"A", 6, u"999.999 A"},
+        {999.9996, u"A", 6, u"1 kA"},
+        {-0.9999996, u"A", 6, u"-1 A"},
+        {123456, u"\u03A9", 3, u"123 k\u03A9"},
+        {987, u"\u03A9", 1, u"1 k\u03A9"},
+        {123, u"\u03A9", 1, u"100 \u03A9"},
+        {1.0 / 3, u"s", 99, u"333.333333333333 ms"},
+        {1.0 / 3, u"s", -5, u"300 ms"},
+        {1e-18, u"C", 6, u"1 aC"},
+        {9.99e-19, u"C", 6, u"9.99E-19 C"},
+        {1e-300, u"aC", 6, u"1E-318 C"},
+        {9.99999e20, u"Hz", 6, u"999.999 EHz"},
+        {1e21, u"Hz", 6, u"1E21 Hz"},
+        {std::numeric_limits<double>::max(), u"EHz", 6, u"1.79769E326 Hz"},
+        {0.0005, u"\u00B0C", 6, u"0.0005 \u00B0C"},
+        {12345.678, u"min", 6, u"12345.7 min"},
+        {5e-6, u"km/h", 6, u"5E-6 km/h"},
+        {2000, u"", 6, u"2000"},
+        {infinity, u"kV", 6, u"INF V"},
+        {-infinity, u"", 6, u"-INF"},
+        {std::numeric_limits<double>::quiet_NaN(), u"%", 6, u"NAN %"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(BTL::ValueWithUnitToStr(c.value, c.unit, c.precision), c.expected)
+            << c.value << UnicodeString(c.unit);
+    }
+    Sysutils::DecimalSeparator = u',';
+    EXPECT_EQ(BTL::ValueWithUnitToStr(1500, u"V"), u"1,5 kV");
+}
+
+TEST(UnitTextTest, IsReadBack)
+{
+    const Support::FormatSettingsGuard guard;
+    for (const WideChar separator : {u'.', u','}) {
+        Sysutils::DecimalSeparator = separator;
+        for (const BTL::TUnit& unit : BTL::GetUnits()) {
+            for (const double value : {0.0, 1.25, -3e-5, 7e4, 4.5e11, 2e-17, 8e-20, 6.5e22}) {
+                const UnicodeString text = BTL::ValueWithUnitToStr(value, unit.symbol);
+                double read = 4711;
+                UnicodeString symbol;
+                EXPECT_TRUE(BTL::ToValueWithUnit(text, read, symbol)) << text;
+                EXPECT_DOUBLE_EQ(read, value) << text;
+                EXPECT_EQ(symbol, unit.symbol) << text;
+            }
+        }
     }
 }
 

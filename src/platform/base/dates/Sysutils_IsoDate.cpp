@@ -202,6 +202,20 @@ UnicodeString Padded(int value, std::size_t width)
     return UnicodeString::StringOfChar(u'0', static_cast<int>(width) - digits.Length()) + digits;
 }
 
+Detail::TDateFields NeedFields(const TDateTime& value)
+{
+    const Detail::TDateFields fields = Detail::FieldsOf(value);
+    if (fields.year == 0) {
+        throw EConvertError(u"The value has no date");
+    }
+    return fields;
+}
+
+UnicodeString DayText(const Detail::TDateFields& fields)
+{
+    return Padded(fields.year, 4) + u'-' + Padded(fields.month, 2) + u'-' + Padded(fields.day, 2);
+}
+
 UnicodeString OffsetText(int offset)
 {
     if (offset == 0) {
@@ -220,20 +234,21 @@ TDateTime TIsoDateTime::InUniversalTime() const
 
 UnicodeString DateTimeToIso(const TDateTime& value, std::optional<int> offset)
 {
-    const Detail::TDateFields fields = Detail::FieldsOf(value);
-    if (fields.year == 0) {
-        throw EConvertError(u"The value has no date");
-    }
+    const Detail::TDateFields fields = NeedFields(value);
     if (offset && std::abs(Int64{*offset}) >= MinsPerDay) {
         throw EConvertError(UnicodeString(*offset) + u" minutes are no offset of a clock");
     }
-    UnicodeString text = Padded(fields.year, 4) + u'-' + Padded(fields.month, 2) + u'-' +
-                         Padded(fields.day, 2) + u'T' + Padded(fields.hour, 2) + u':' +
-                         Padded(fields.minute, 2) + u':' + Padded(fields.second, 2);
+    UnicodeString text = DayText(fields) + u'T' + Padded(fields.hour, 2) + u':' + Padded(fields.minute, 2) +
+                         u':' + Padded(fields.second, 2);
     if (fields.milliSecond != 0) {
         text += u'.' + Padded(fields.milliSecond, 3);
     }
     return offset ? text + OffsetText(*offset) : text;
+}
+
+UnicodeString DateToIso(const TDateTime& value)
+{
+    return DayText(NeedFields(value));
 }
 
 TIsoDateTime IsoToDateTime(const UnicodeString& text)

@@ -9,6 +9,7 @@
 //
 //     DateTimeToIso(value);                                  // "2022-02-28T12:30:00"
 //     DateTimeToIso(value, 60);                              // "2022-02-28T12:30:00+01:00"
+//     DateToIso(value);                                      // "2022-02-28"
 //     const TIsoDateTime read = IsoToDateTime(u"2022-02-28 12:30:00.25Z");
 //     read.value;                                            // 28 February 2022, 12:30 and a quarter second
 //     read.offset;                                           // 0: the text says universal time
@@ -36,6 +37,10 @@ struct TIsoDateTime
 /// day or more.
 TRS8_BTL_API System::UnicodeString DateTimeToIso(const System::TDateTime& value,
                                                  std::optional<int> offset = {});
+
+/// The date alone, as "2022-02-28"; the time of day is left out. `IsoToDateTime` reads it. `EConvertError`
+/// for a value without a date.
+TRS8_BTL_API System::UnicodeString DateToIso(const System::TDateTime& value);
 
 /// Reads "2022-02-28", perhaps with a time behind `T` or a blank: "12:30", "12:30:00" or "12:30:00.25", where
 /// a comma may stand for the point; and then perhaps `Z` or an offset such as "+01:00", "+0100" or "+01".

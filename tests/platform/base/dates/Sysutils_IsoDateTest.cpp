@@ -109,6 +109,15 @@ TEST(IsoDateTest, ComesBack)
     }
 }
 
+TEST(IsoDateTest, WritesTheDateAlone)
+{
+    for (const char16_t* const text : {u"2026-11-25", u"0001-01-01", u"1899-12-29", u"9999-12-31"}) {
+        SCOPED_TRACE(UnicodeString(text));
+        EXPECT_EQ(DateToIso(IsoToDateTime(text).value), text);
+        EXPECT_EQ(DateToIso(IsoToDateTime(UnicodeString(text) + u"T23:59:59.999").value), text);
+    }
+}
+
 TEST(IsoDateTest, TellsTheMomentInUniversalTime)
 {
     const struct
@@ -132,6 +141,7 @@ TEST(IsoDateTest, WritesNothingThatIsNoDate)
 {
     for (const double value : Support::ValuesWithoutADate) {
         EXPECT_THROW(DateTimeToIso(value), EConvertError) << value;
+        EXPECT_THROW(DateToIso(value), EConvertError) << value;
     }
     EXPECT_THROW(DateTimeToIso(1, 1440), EConvertError);
     EXPECT_THROW(DateTimeToIso(1, -1440), EConvertError);
