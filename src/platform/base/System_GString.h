@@ -43,6 +43,38 @@ std::basic_string_view<Char> SafeView(const Char* text, int count)
                : std::basic_string_view<Char>(text, static_cast<std::size_t>(count));
 }
 
+/// Whether trimming takes the character away. Those of both widths are compared as unsigned: a code above 127
+/// is no blank.
+template <class Char>
+constexpr bool IsUpToBlank(Char c)
+{
+    return static_cast<std::make_unsigned_t<Char>>(c) <= 32;
+}
+
+template <class Char>
+constexpr std::basic_string_view<Char> WithoutBlanksInFront(std::basic_string_view<Char> text)
+{
+    while (!text.empty() && IsUpToBlank(text.front())) {
+        text.remove_prefix(1);
+    }
+    return text;
+}
+
+template <class Char>
+constexpr std::basic_string_view<Char> WithoutBlanksBehind(std::basic_string_view<Char> text)
+{
+    while (!text.empty() && IsUpToBlank(text.back())) {
+        text.remove_suffix(1);
+    }
+    return text;
+}
+
+template <class Char>
+constexpr std::basic_string_view<Char> WithoutBlanks(std::basic_string_view<Char> text)
+{
+    return WithoutBlanksBehind(WithoutBlanksInFront(text));
+}
+
 /// As `a.compare(b)`, but passes over what is alike at the front in words: the keys of a map often begin
 /// alike.
 template <class Char>
@@ -204,9 +236,9 @@ public:
     }
 
     /// Without the characters up to and including the blank (code 32) at both ends.
-    Self Trim() const { return OfPiece(WithoutBlanksBehind(WithoutBlanksInFront(AsView()))); }
-    Self TrimLeft() const { return OfPiece(WithoutBlanksInFront(AsView())); }
-    Self TrimRight() const { return OfPiece(WithoutBlanksBehind(AsView())); }
+    Self Trim() const { return OfPiece(Detail::WithoutBlanks(AsView())); }
+    Self TrimLeft() const { return OfPiece(Detail::WithoutBlanksInFront(AsView())); }
+    Self TrimRight() const { return OfPiece(Detail::WithoutBlanksBehind(AsView())); }
 
     /// Negative, 0 or positive, by the ordinals of the units.
     int Compare(const Self& other) const { return Detail::CompareViews(AsView(), other.AsView()); }
@@ -370,25 +402,6 @@ private:
         }
         const int rest = Length() - start;
         return {static_cast<std::size_t>(start), static_cast<std::size_t>(count < rest ? count : rest)};
-    }
-
-    /// The character types of both widths are compared as unsigned: a code above 127 is no blank.
-    static constexpr bool IsUpToBlank(Char c) { return static_cast<std::make_unsigned_t<Char>>(c) <= 32; }
-
-    static View WithoutBlanksInFront(View text)
-    {
-        while (!text.empty() && IsUpToBlank(text.front())) {
-            text.remove_prefix(1);
-        }
-        return text;
-    }
-
-    static View WithoutBlanksBehind(View text)
-    {
-        while (!text.empty() && IsUpToBlank(text.back())) {
-            text.remove_suffix(1);
-        }
-        return text;
     }
 
     /// `piece` is a piece of this text; all of it shares the buffer.

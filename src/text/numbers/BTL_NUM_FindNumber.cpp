@@ -3,6 +3,7 @@
 
 #include "platform/base/Sysutils_Locale.h"
 #include "platform/base/internal/System_Ascii.h"
+#include "text/numbers/internal/BTL_NUM_FindFloat.h"
 #include "text/numbers/internal/BTL_NUM_Sign.h"
 
 #include <algorithm>
@@ -70,7 +71,7 @@ std::size_t ExponentLength(std::u16string_view text, std::size_t at)
     return digits == 0 ? length : length + FractionLength(text, at + length);
 }
 
-TPiece FindFloat(std::u16string_view text)
+TPiece FindFloatPiece(std::u16string_view text)
 {
     TPiece piece = FindInteger(text);
     if (piece.length != 0) {
@@ -92,6 +93,12 @@ bool Give(const TPiece& piece, int& position, int& length)
 
 } // namespace
 
+std::u16string_view Detail::FindFloat(std::u16string_view text)
+{
+    const TPiece piece = FindFloatPiece(text);
+    return text.substr(piece.start, piece.length);
+}
+
 bool Find1stInt(const UnicodeString& text, int& position, int& length)
 {
     return Give(FindInteger(text.AsView()), position, length);
@@ -99,7 +106,7 @@ bool Find1stInt(const UnicodeString& text, int& position, int& length)
 
 bool Find1stFloat(const UnicodeString& text, int& position, int& length)
 {
-    return Give(FindFloat(text.AsView()), position, length);
+    return Give(FindFloatPiece(text.AsView()), position, length);
 }
 
 UnicodeString Cut1stFloat(const UnicodeString& text, int& position)

@@ -144,15 +144,14 @@ bool ReadValue(TView text, std::size_t begin, std::size_t end, TMatch& match)
 
 } // namespace
 
-bool FindValueWithUnit(const UnicodeString& text, TFoundValue& found, int& start)
+bool FindValueWithUnit(TView text, TFoundValue& found, int& start)
 {
-    const TView view = text;
     std::size_t at = start < 1 ? 0 : static_cast<std::size_t>(start - 1);
-    while ((at = view.find_first_of(u"0123456789", at)) != TView::npos) {
-        const std::size_t begin = NumberBegin(view, at);
-        const std::size_t end = NumberEnd(view, at);
+    while ((at = text.find_first_of(u"0123456789", at)) != TView::npos) {
+        const std::size_t begin = NumberBegin(text, at);
+        const std::size_t end = NumberEnd(text, at);
         TMatch match;
-        if (!IsWithinMore(view, at) && ReadValue(view, begin, end, match)) {
+        if (!IsWithinMore(text, at) && ReadValue(text, begin, end, match)) {
             found = {static_cast<int>(begin) + 1, static_cast<int>(match.end - begin), match.value,
                      match.unit};
             start = static_cast<int>(match.end) + 1;
@@ -163,10 +162,9 @@ bool FindValueWithUnit(const UnicodeString& text, TFoundValue& found, int& start
     return false;
 }
 
-bool ToValueWithUnit(const UnicodeString& text, double& value, UnicodeString& unit)
+bool ToValueWithUnit(TView text, double& value, UnicodeString& unit)
 {
-    const UnicodeString trimmed = text.Trim();
-    const TView view = trimmed;
+    const TView view = System::Detail::WithoutBlanks(text);
     const std::size_t sign = !view.empty() && IsPlusOrMinus(view.front()) ? 1 : 0;
     TMatch match;
     if (sign >= view.size() || !IsAsciiDigit(view[sign]) ||

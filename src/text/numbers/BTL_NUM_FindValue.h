@@ -34,12 +34,11 @@ struct TFoundValue
 /// have `.` or `,` and an exponent. It isn't looked for within a word, nor in what has several separators, as
 /// a time or "1.000,5". A minus sign behind a letter or digit is a dash. False if there is none; `found` and
 /// `start` are then left alone.
-TRS8_BTL_API bool FindValueWithUnit(const System::UnicodeString& text, TFoundValue& found, int& start);
+TRS8_BTL_API bool FindValueWithUnit(std::u16string_view text, TFoundValue& found, int& start);
 
 /// Reads a text that is nothing but a number and a unit of `GetUnits`, with blanks around them at most.
 /// `value` is in `unit`, which has no prefix. False for any other text, also one without a unit; the targets
 /// are then left alone.
-TRS8_BTL_API bool ToValueWithUnit(const System::UnicodeString& text, double& value,
-                                  System::UnicodeString& unit);
+TRS8_BTL_API bool ToValueWithUnit(std::u16string_view text, double& value, System::UnicodeString& unit);
 
 } // namespace BTL

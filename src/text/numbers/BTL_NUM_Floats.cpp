@@ -6,7 +6,6 @@
 #include "platform/base/dates/Sysutils_DateReading.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "text/numbers/BTL_NUM_SetDecimalSeparator.h"
-#include "text/numbers/internal/BTL_NUM_Double.h"
 #include "text/numbers/internal/BTL_NUM_Sign.h"
 
 #include <algorithm>
@@ -44,19 +43,6 @@ constexpr bool IsPlain(Char c)
     return c > 32 && c < 127;
 }
 
-template <class Char>
-View<Char> WithoutBlanks(View<Char> text)
-{
-    constexpr auto isUpToBlank = [](Char c) { return static_cast<std::make_unsigned_t<Char>>(c) <= 32; };
-    while (!text.empty() && isUpToBlank(text.front())) {
-        text.remove_prefix(1);
-    }
-    while (!text.empty() && isUpToBlank(text.back())) {
-        text.remove_suffix(1);
-    }
-    return text;
-}
-
 /// A character of 8 bits beyond ASCII is in no number, so it needs no code page to stay in none.
 template <class Char>
 constexpr WideChar NumberCharacter(Char c)
@@ -70,7 +56,7 @@ bool DoubleInto(View<Char> text, WideChar separator, double& value)
 {
     // Most numbers are short; they need no string.
     std::array<WideChar, 32> number;
-    const View<Char> trimmed = WithoutBlanks(text);
+    const View<Char> trimmed = System::Detail::WithoutBlanks(text);
     if (trimmed.size() > number.size() || !IsPlain(separator)) {
         const UnicodeString whole = WideNumberText(StringOf<Char>(text), separator);
         return Sysutils::BufferToFloat(whole.AsView(), separator, value);
@@ -129,9 +115,7 @@ double DoubleOrDefault(const S& text, double defaultValue)
 template <class Char>
 void LinkTo(UTL::TNumberLinks<Char>& links)
 {
-    links.ToDouble = [](View<Char> text, double& value) {
-        return DoubleInto(text, Sysutils::DecimalSeparator, value);
-    };
+    links.ToDouble = [](View<Char> text, double& value) { return Detail::ReadDouble(text, value); };
 }
 
 [[maybe_unused]] const bool linked = [] {
@@ -143,7 +127,12 @@ void LinkTo(UTL::TNumberLinks<Char>& links)
 
 } // namespace
 
-bool Detail::ToDouble(std::u16string_view text, double& value)
+bool Detail::ReadDouble(std::u16string_view text, double& value)
+{
+    return DoubleInto(text, Sysutils::DecimalSeparator, value);
+}
+
+bool Detail::ReadDouble(std::string_view text, double& value)
 {
     return DoubleInto(text, Sysutils::DecimalSeparator, value);
 }

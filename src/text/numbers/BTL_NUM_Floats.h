@@ -3,6 +3,8 @@
 
 #include "platform/base/System_String.h"
 
+#include <string_view>
+
 namespace BTL
 {
 
@@ -32,6 +34,30 @@ TRS8_BTL_API double ToDoubleDef(const System::AnsiString& text, double defaultVa
 /// A null `text` gives `defaultValue`.
 TRS8_BTL_API double ToDoubleDef(const System::WideChar* text, double defaultValue);
 TRS8_BTL_API double ToDoubleDef(const char* text, double defaultValue);
+
+namespace Detail
+{
+
+TRS8_BTL_API bool ReadDouble(std::u16string_view text, double& value);
+TRS8_BTL_API bool ReadDouble(std::string_view text, double& value);
+
+} // namespace Detail
+
+// A piece of a text, such as `Split` gives, is read where it stands.
+
+/// As `ToDouble` of a string with a target.
+template <class Char>
+bool ToDouble(std::basic_string_view<Char> text, double& value)
+{
+    return Detail::ReadDouble(text, value);
+}
+/// As `ToDoubleDef` of a string.
+template <class Char>
+[[nodiscard]] double ToDoubleDef(std::basic_string_view<Char> text, double defaultValue)
+{
+    Detail::ReadDouble(text, defaultValue);
+    return defaultValue;
+}
 
 // A literal of 8-bit text. A null `text` is no number.
 

@@ -151,6 +151,26 @@ void LinkTo(UTL::TNumberLinks<Char>& links)
 
 } // namespace
 
+bool Detail::ReadInt(std::u16string_view text, int& value)
+{
+    return ReadStartInto(text, value);
+}
+
+bool Detail::ReadInt(std::string_view text, int& value)
+{
+    return ReadStartInto(text, value);
+}
+
+bool Detail::ReadInt(std::u16string_view text, Int64& value)
+{
+    return ReadStartInto(text, value);
+}
+
+bool Detail::ReadInt(std::string_view text, Int64& value)
+{
+    return ReadStartInto(text, value);
+}
+
 UnicodeString FormatInt(const UnicodeString& format, int value)
 {
     return Sysutils::FormatFloat(format, static_cast<double>(value));

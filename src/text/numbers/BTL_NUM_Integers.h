@@ -3,6 +3,8 @@
 
 #include "platform/base/System_String.h"
 
+#include <string_view>
+
 namespace BTL
 {
 
@@ -58,6 +60,31 @@ TRS8_BTL_API bool HexToInt(const System::AnsiString& text, int& value);
 /// 0 if no number can be read.
 [[nodiscard]] TRS8_BTL_API int HexToInt(const System::UnicodeString& text);
 [[nodiscard]] TRS8_BTL_API int HexToInt(const System::AnsiString& text);
+
+namespace Detail
+{
+
+TRS8_BTL_API bool ReadInt(std::u16string_view text, int& value);
+TRS8_BTL_API bool ReadInt(std::string_view text, int& value);
+TRS8_BTL_API bool ReadInt(std::u16string_view text, System::Int64& value);
+TRS8_BTL_API bool ReadInt(std::string_view text, System::Int64& value);
+
+} // namespace Detail
+
+// A piece of a text, such as `Split` gives, is read where it stands.
+
+/// As `ToInt` of a string.
+template <class Char>
+bool ToInt(std::basic_string_view<Char> text, int& value)
+{
+    return Detail::ReadInt(text, value);
+}
+/// As `ToInt` of a string.
+template <class Char>
+bool ToInt(std::basic_string_view<Char> text, System::Int64& value)
+{
+    return Detail::ReadInt(text, value);
+}
 
 // A literal of 8-bit text. A null `text` is no number.
 

@@ -5,9 +5,9 @@
 #include "platform/base/dates/Sysutils_DateText.h"
 #include "platform/base/internal/System_TextBuffer.h"
 #include "platform/base/numbers/Sysutils_Number.h"
-#include "text/numbers/BTL_NUM_FindNumber.h"
 #include "text/numbers/BTL_NUM_Floats.h"
 #include "text/numbers/BTL_NUM_Units.h"
+#include "text/numbers/internal/BTL_NUM_FindFloat.h"
 
 #include <algorithm>
 #include <cmath>
@@ -135,15 +135,6 @@ struct TQuantity
     UnicodeString unit;
 };
 
-TView WithoutBlanks(TView text)
-{
-    constexpr auto isUpToBlank = [](WideChar c) { return c <= u' '; };
-    const auto* const begin = std::ranges::find_if_not(text, isUpToBlank);
-    const auto end = std::find_if_not(text.rbegin(), std::make_reverse_iterator(begin), isUpToBlank);
-    return text.substr(static_cast<std::size_t>(begin - text.begin()),
-                       static_cast<std::size_t>(end.base() - begin));
-}
-
 /// False where a number goes on or more limits follow.
 bool IsUnitText(TView text)
 {
@@ -155,19 +146,18 @@ bool IsUnitText(TView text)
 TQuantity ReadQuantity(TView text)
 {
     TQuantity result;
-    result.text = WithoutBlanks(text);
-    int position = 0;
-    int length = 0;
-    if (!Find1stFloat(UnicodeString(result.text), position, length)) {
+    result.text = System::Detail::WithoutBlanks(text);
+    const TView found = Detail::FindFloat(result.text);
+    if (found.empty()) {
         throw TFault{u"a number is missing", result.text};
     }
     // From the start of the text, since ".5" is found as 5.
-    const auto end = static_cast<std::size_t>(position + length) - 1;
+    const auto end = static_cast<std::size_t>(found.data() - result.text.data()) + found.size();
     const TView number = result.text.substr(0, end);
-    if (!ToDouble(UnicodeString(number), result.value)) {
+    if (!ToDouble(number, result.value)) {
         throw TFault{u"this is no number, or one that is too large", number};
     }
-    const TView unit = WithoutBlanks(result.text.substr(end));
+    const TView unit = System::Detail::WithoutBlanks(result.text.substr(end));
     if (!IsUnitText(unit)) {
         throw TFault{u"more than a unit stands behind the number", unit};
     }
@@ -218,8 +208,8 @@ TView FindRangeSign(TView text)
 TLimitTexts CutRange(TView text, TView sign)
 {
     const auto signBegin = static_cast<std::size_t>(sign.data() - text.data());
-    const TView lower = WithoutBlanks(text.substr(0, signBegin));
-    const TView upper = WithoutBlanks(text.substr(signBegin + sign.size()));
+    const TView lower = System::Detail::WithoutBlanks(text.substr(0, signBegin));
+    const TView upper = System::Detail::WithoutBlanks(text.substr(signBegin + sign.size()));
     if (lower.empty()) {
         return {std::nullopt, upper};
     }
@@ -269,7 +259,7 @@ struct TLimitsWithUnit
 /// Raises a `TFault`.
 TLimitsWithUnit ReadLimits(TView text)
 {
-    const TView trimmed = WithoutBlanks(text);
+    const TView trimmed = System::Detail::WithoutBlanks(text);
     if (trimmed.empty()) {
         return {};
     }
@@ -312,10 +302,10 @@ bool IsWithin(double value, const TLimits& limits) noexcept
     return (!limits.lower || value >= *limits.lower) && (!limits.upper || value <= *limits.upper);
 }
 
-bool ParseLimits(const UnicodeString& text, TLimits& limits, UnicodeString& unit)
+bool ParseLimits(TView text, TLimits& limits, UnicodeString& unit)
 {
     try {
-        const TLimitsWithUnit read = ReadLimits(text.AsView());
+        const TLimitsWithUnit read = ReadLimits(text);
         limits = read.limits;
         unit = read.unit;
         return true;
@@ -324,29 +314,29 @@ bool ParseLimits(const UnicodeString& text, TLimits& limits, UnicodeString& unit
     }
 }
 
-bool ParseLimits(const UnicodeString& text, TLimits& limits)
+bool ParseLimits(TView text, TLimits& limits)
 {
     UnicodeString ignored;
     return ParseLimits(text, limits, ignored);
 }
 
-TLimits ParseLimits(const UnicodeString& text)
+TLimits ParseLimits(TView text)
 {
     UnicodeString ignored;
     return ParseLimits(text, ignored);
 }
 
-TLimits ParseLimits(const UnicodeString& text, UnicodeString& unit)
+TLimits ParseLimits(TView text, UnicodeString& unit)
 {
-    const TView view = text.AsView();
     try {
-        const TLimitsWithUnit read = ReadLimits(view);
+        const TLimitsWithUnit read = ReadLimits(text);
         unit = read.unit;
         return read.limits;
     } catch (const TFault& fault) {
-        const auto place = static_cast<System::Int64>(fault.piece.data() - view.data()) + 1;
-        throw Sysutils::EConvertError(u"'" + text + u"' tells no limits: " + UnicodeString(fault.why) +
-                                      u" (character " + UnicodeString(place) + u")");
+        const auto place = static_cast<System::Int64>(fault.piece.data() - text.data()) + 1;
+        throw Sysutils::EConvertError(u"'" + UnicodeString(text) + u"' tells no limits: " +
+                                      UnicodeString(fault.why) + u" (character " + UnicodeString(place) +
+                                      u")");
     }
 }
 

@@ -36,15 +36,14 @@ struct TLimits
 /// the limits are in it: 1000 and 9000 of "V". What a prefix is tells `FindUnit`; a unit that it doesn't know
 /// is taken as it stands. False for any other text, for two units that differ and for a lower limit above the
 /// upper one, which leaves the targets alone.
-TRS8_BTL_API bool ParseLimits(const System::UnicodeString& text, TLimits& limits,
-                              System::UnicodeString& unit);
+TRS8_BTL_API bool ParseLimits(std::u16string_view text, TLimits& limits, System::UnicodeString& unit);
 /// As `ParseLimits` with a unit, which may be any.
-TRS8_BTL_API bool ParseLimits(const System::UnicodeString& text, TLimits& limits);
+TRS8_BTL_API bool ParseLimits(std::u16string_view text, TLimits& limits);
 /// The limits of a text with any unit. `Sysutils::EConvertError` if the text tells none: its message says why
 /// and at which character, from 1 on.
-TRS8_BTL_API TLimits ParseLimits(const System::UnicodeString& text);
+TRS8_BTL_API TLimits ParseLimits(std::u16string_view text);
 /// As `ParseLimits` that raises, but tells the unit, too, which is left alone if the text tells no limits.
-TRS8_BTL_API TLimits ParseLimits(const System::UnicodeString& text, System::UnicodeString& unit);
+TRS8_BTL_API TLimits ParseLimits(std::u16string_view text, System::UnicodeString& unit);
 
 /// The text that `ParseLimits` reads: "<= 5 kV", ">= 5 kV", "= 5 kV" or "1 ... 9 kV", with the active
 /// separator and up to 15 digits; empty if both limits are absent. If `FindUnit` knows the unit, its prefix

@@ -4,7 +4,7 @@
 #include "platform/base/numbers/Sysutils_FloatText.h"
 #include "platform/base/numbers/internal/Sysutils_DecimalText.h"
 #include "text/numbers/BTL_NUM_FindNumber.h"
-#include "text/numbers/internal/BTL_NUM_Double.h"
+#include "text/numbers/BTL_NUM_Floats.h"
 
 #include <algorithm>
 #include <array>
@@ -119,14 +119,6 @@ int StepFor(const Sysutils::Detail::TDecimal& value)
     return value.count > 0 && step >= 0 && step < std::ssize(Steps) ? step : WithoutPrefix;
 }
 
-std::u16string_view WithoutBlanksInFront(std::u16string_view text)
-{
-    while (!text.empty() && text.front() <= 32) {
-        text.remove_prefix(1);
-    }
-    return text;
-}
-
 /// The prefix that `unit`, which has no blanks in front, begins with; one without a symbol if it has none.
 const TUnitPrefix& PrefixOf(std::u16string_view unit)
 {
@@ -159,10 +151,10 @@ std::optional<TValueWithRest> ReadValue(const UnicodeString& text)
         return std::nullopt;
     }
     const std::u16string_view found = text.AsView().substr(static_cast<std::size_t>(position) - 1);
-    if (!Detail::ToDouble(found.substr(0, static_cast<std::size_t>(length)), value)) {
+    if (!ToDouble(found.substr(0, static_cast<std::size_t>(length)), value)) {
         return std::nullopt;
     }
-    const auto rest = WithoutBlanksInFront(found.substr(static_cast<std::size_t>(length)));
+    const auto rest = System::Detail::WithoutBlanksInFront(found.substr(static_cast<std::size_t>(length)));
     return TValueWithRest{value * PrefixOf(rest).factor, rest};
 }
 
@@ -178,20 +170,20 @@ std::span<const TUnit> GetUnits() noexcept
     return Units;
 }
 
-bool FindUnit(const UnicodeString& text, double& factor, UnicodeString& unit)
+bool FindUnit(std::u16string_view text, double& factor, UnicodeString& unit)
 {
-    const UnicodeString trimmed = text.Trim();
-    if (UnitOf(trimmed.AsView()) != nullptr) {
+    const std::u16string_view trimmed = System::Detail::WithoutBlanks(text);
+    if (UnitOf(trimmed) != nullptr) {
         factor = 1;
-        unit = trimmed;
+        unit = UnicodeString(trimmed);
         return true;
     }
     // Of `da` and `d`, either may be meant.
     for (const TUnitPrefix& prefix : Prefixes) {
-        if (!trimmed.AsView().starts_with(prefix.symbol)) {
+        if (!trimmed.starts_with(prefix.symbol)) {
             continue;
         }
-        const std::u16string_view rest = trimmed.AsView().substr(prefix.symbol.size());
+        const std::u16string_view rest = trimmed.substr(prefix.symbol.size());
         if (const TUnit* const found = UnitOf(rest); found != nullptr && found->takesPrefix) {
             factor = prefix.factor;
             unit = UnicodeString(rest);
@@ -203,7 +195,7 @@ bool FindUnit(const UnicodeString& text, double& factor, UnicodeString& unit)
 
 double GetUnitPrefixFactor(const UnicodeString& unit)
 {
-    return PrefixOf(WithoutBlanksInFront(unit.AsView())).factor;
+    return PrefixOf(System::Detail::WithoutBlanksInFront(unit.AsView())).factor;
 }
 
 double GetUnitPrefixFactor(const AnsiString& unit)

@@ -42,7 +42,7 @@ struct TUnit
 /// Reads `text`, without blanks around, as a unit of `GetUnits`, alone or behind a prefix, and tells the
 /// prefix's factor and the symbol without it: `mol` is 1 and `mol`, `mmol` 1e-3 and `mol`. False if there is
 /// no such unit, which leaves the targets alone. Case matters.
-TRS8_BTL_API bool FindUnit(const System::UnicodeString& text, double& factor, System::UnicodeString& unit);
+TRS8_BTL_API bool FindUnit(std::u16string_view text, double& factor, System::UnicodeString& unit);
 
 /// The factor of the unit prefix that `unit` begins with, behind blanks: from `a` (1e-18) to `E` (1e18), with
 /// `da` (10), both `k` and `K` (1000) and both signs of micro (U+00B5 and the Greek letter U+03BC); case

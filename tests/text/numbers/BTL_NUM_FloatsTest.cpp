@@ -98,6 +98,22 @@ TEST(FloatsMinusTest, ReadTheMinusSignAsTheHyphen)
     EXPECT_EQ(BTL::ToDouble(System::UnicodeString(u"\u22122")), -2);
 }
 
+TYPED_TEST(FloatsTest, ReadsPiecesOfATextWhereTheyStand)
+{
+    const TypeParam line("-1,5E2;7x");
+    const auto text = line.AsView();
+    double value = 0;
+    EXPECT_TRUE(BTL::ToDouble(text.substr(0, 4), value));
+    EXPECT_EQ(value, -1.5);
+    EXPECT_TRUE(BTL::ToDouble(text.substr(1, 5), value));
+    EXPECT_EQ(value, 150);
+    EXPECT_FALSE(BTL::ToDouble(text.substr(0, 7), value));
+    EXPECT_FALSE(BTL::ToDouble(text.substr(0, 0), value));
+    EXPECT_EQ(value, 150);
+    EXPECT_EQ(BTL::ToDoubleDef(text.substr(7, 1), 3), 7);
+    EXPECT_EQ(BTL::ToDoubleDef(text.substr(7), 3), 3);
+}
+
 TEST(FloatsLiteralTest, TakeNarrowLiterals)
 {
     double value = 0;

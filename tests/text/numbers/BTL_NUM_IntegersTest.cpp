@@ -106,6 +106,20 @@ TYPED_TEST(IntegersTest, ReadsIntegersLeniently)
     }
 }
 
+TYPED_TEST(IntegersTest, ReadsPiecesOfATextWhereTheyStand)
+{
+    const TypeParam line("12345678901;-7");
+    const auto text = line.AsView();
+    int value = 0;
+    EXPECT_TRUE(BTL::ToInt(text.substr(0, 3), value));
+    EXPECT_EQ(value, 123);
+    EXPECT_FALSE(BTL::ToInt(text.substr(12, 1), value));
+    EXPECT_EQ(value, 123);
+    System::Int64 large = 0;
+    EXPECT_TRUE(BTL::ToInt(text.substr(0, 11), large));
+    EXPECT_EQ(large, 12'345'678'901);
+}
+
 TYPED_TEST(IntegersTest, ReadsHexadecimalNumbers)
 {
     const struct

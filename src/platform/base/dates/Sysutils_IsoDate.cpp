@@ -94,26 +94,26 @@ private:
         throw TFault{what, place + 1};
     }
 
-    void Need(WideChar character, const UnicodeString& name)
+    void Need(WideChar character, std::u16string_view name)
     {
         if (!Take(character)) {
-            Fail(u"'" + UnicodeString(character) + u"' is missing " + name);
+            Fail(u"'" + UnicodeString(character) + u"' is missing " + UnicodeString(name));
         }
     }
 
     /// A number with exactly `digits` digits, up to `highest`.
-    int ReadField(int digits, int lowest, int highest, const UnicodeString& name)
+    int ReadField(int digits, int lowest, int highest, std::u16string_view name)
     {
         const std::size_t start = mPlace;
         int value = 0;
         for (int i = 0; i < digits; ++i) {
             if (!System::Detail::IsAsciiDigit(Next())) {
-                Fail(u"the " + name + u" needs " + UnicodeString(digits) + u" digits");
+                Fail(u"the " + UnicodeString(name) + u" needs " + UnicodeString(digits) + u" digits");
             }
             value = value * 10 + (mText[mPlace++] - u'0');
         }
         if (value < lowest || value > highest) {
-            FailAt(start, u"the " + name + u" is not in " + UnicodeString(lowest) + u" to " +
+            FailAt(start, u"the " + UnicodeString(name) + u" is not in " + UnicodeString(lowest) + u" to " +
                               UnicodeString(highest));
         }
         return value;
@@ -251,20 +251,20 @@ UnicodeString DateToIso(const TDateTime& value)
     return DayText(NeedFields(value));
 }
 
-TIsoDateTime IsoToDateTime(const UnicodeString& text)
+TIsoDateTime IsoToDateTime(std::u16string_view text)
 {
     try {
-        return CIsoReader(text.AsView()).Read();
+        return CIsoReader(text).Read();
     } catch (const TFault& fault) {
-        throw EConvertError(u"'" + text + u"' is no date and time of ISO 8601: " + fault.what +
+        throw EConvertError(u"'" + UnicodeString(text) + u"' is no date and time of ISO 8601: " + fault.what +
                             u" (character " + UnicodeString(static_cast<Int64>(fault.place)) + u")");
     }
 }
 
-bool TryIsoToDateTime(const UnicodeString& text, TIsoDateTime& value)
+bool TryIsoToDateTime(std::u16string_view text, TIsoDateTime& value)
 {
     try {
-        value = CIsoReader(text.AsView()).Read();
+        value = CIsoReader(text).Read();
         return true;
     } catch (const TFault&) {
         return false;

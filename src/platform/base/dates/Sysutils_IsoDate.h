@@ -4,6 +4,7 @@
 #include "platform/base/dates/System_DateTime.h"
 
 #include <optional>
+#include <string_view>
 
 // Dates and times in the form of ISO 8601, the same in every locale.
 //
@@ -47,8 +48,8 @@ TRS8_BTL_API System::UnicodeString DateToIso(const System::TDateTime& value);
 /// Letters may be small. Each field has all its digits. The fraction of a second is rounded to milliseconds.
 /// "24:00" ends the day, and second 60, a leap second, counts as the begin of the next minute.
 /// `EConvertError` for any other text, with the place and the kind of the fault.
-TRS8_BTL_API TIsoDateTime IsoToDateTime(const System::UnicodeString& text);
+TRS8_BTL_API TIsoDateTime IsoToDateTime(std::u16string_view text);
 /// As `IsoToDateTime`, but gives false for a text that doesn't fit and then leaves `value` alone.
-TRS8_BTL_API bool TryIsoToDateTime(const System::UnicodeString& text, TIsoDateTime& value);
+TRS8_BTL_API bool TryIsoToDateTime(std::u16string_view text, TIsoDateTime& value);
 
 } // namespace Sysutils
