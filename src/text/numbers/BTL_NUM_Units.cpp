@@ -87,10 +87,16 @@ constexpr std::array Units = {
     TUnit{u"ppm", u"parts per million", false},
 };
 
+constexpr auto UnitsBySymbol = [] {
+    auto units = Units;
+    std::ranges::sort(units, {}, &TUnit::symbol);
+    return units;
+}();
+
 const TUnit* UnitOf(std::u16string_view symbol)
 {
-    const auto* const found = std::ranges::find(Units, symbol, &TUnit::symbol);
-    return found == Units.end() ? nullptr : found;
+    const auto* const found = std::ranges::lower_bound(UnitsBySymbol, symbol, {}, &TUnit::symbol);
+    return found == UnitsBySymbol.end() || found->symbol != symbol ? nullptr : found;
 }
 
 /// For each ASCII character the first prefix that begins with it, or behind the last one.
