@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/Host_Path.h"
+#include "streams/BTL_STRM_CsvReader.h"
 #include "streams/BTL_STRM_InStream.h"
 #include "streams/BTL_STRM_OutStream.h"
 #include "streams/BTL_STRM_StdIOStream.h"
@@ -300,6 +301,39 @@ void TextReaderOurs(benchmark::State& state)
     });
 }
 
+void CsvReaderOurs(benchmark::State& state)
+{
+    OverFile(state, [](const BenchmarkFile& file) {
+        BTL::CCsvReader reader(file.Name());
+        Int64 sum = 0;
+        for (std::vector<UnicodeString> fields; reader.ReadRecord(fields);) {
+            sum += fields.back().Length();
+        }
+        return sum;
+    });
+}
+
+/// By hand, for fields that are never quoted.
+void ReadFieldsStd(benchmark::State& state)
+{
+    OverFile(state, [](const BenchmarkFile& file) {
+        std::ifstream stream(file.HostName(), std::ios::binary);
+        std::size_t sum = 0;
+        std::vector<std::string> fields;
+        for (std::string line; std::getline(stream, line);) {
+            fields.clear();
+            std::size_t begin = 0;
+            for (std::size_t end = line.find(';'); end != std::string::npos; end = line.find(';', begin)) {
+                fields.push_back(line.substr(begin, end - begin));
+                begin = end + 1;
+            }
+            fields.push_back(line.substr(begin));
+            sum += fields.back().size();
+        }
+        return sum;
+    });
+}
+
 void ReadWholeOurs(benchmark::State& state)
 {
     OverFile(state, [](const BenchmarkFile& file) {
@@ -354,6 +388,8 @@ BENCHMARK(GetLineOurs)->Name("getline/ours")->Apply(&Sizes);
 BENCHMARK_CAPTURE(ReadPiecesStd, getline, '\n')->Name("getline/ifstream")->Apply(&Sizes);
 BENCHMARK(TextReaderOurs)->Name("text_reader/ours")->Apply(&Sizes);
 BENCHMARK_CAPTURE(ReadPiecesStd, text, '\n')->Name("text_reader/getline")->Apply(&Sizes);
+BENCHMARK(CsvReaderOurs)->Name("csv/ours")->Apply(&Sizes);
+BENCHMARK(ReadFieldsStd)->Name("csv/find")->Apply(&Sizes);
 BENCHMARK(ReadWholeOurs)->Name("read_whole/ours")->Apply(&Sizes);
 BENCHMARK(ReadWholeStd)->Name("read_whole/getline")->Apply(&Sizes);
 BENCHMARK(SearchOurs)->Name("search/ours")->Apply(&Sizes);

@@ -45,8 +45,12 @@ UnicodeString FaultMessage(Int64 line, Int64 byteInLine)
 
 // ETextFault
 
-ETextFault::ETextFault(Int64 line, Int64 byteInLine, Int64 byte)
-    : EConvertError(FaultMessage(line, byteInLine)), mLine(line), mByteInLine(byteInLine), mByte(byte)
+ETextFault::ETextFault(Int64 line, Int64 byteInLine, Int64 byte, const UnicodeString& text)
+    : EConvertError(FaultMessage(line, byteInLine)),
+      mLine(line),
+      mByteInLine(byteInLine),
+      mByte(byte),
+      mText(text)
 {
 }
 
@@ -230,7 +234,8 @@ bool CTextReader::Read(UnicodeString& line, EKeepEnd keepEnd)
     }
     int fault = 0;
     if (!Sysutils::TryDecode(&mEncoding, bytes, line, &fault)) {
-        throw ETextFault(mLineNumber, fault, mPassed + static_cast<Int64>(found.begin) + fault);
+        throw ETextFault(mLineNumber, fault, mPassed + static_cast<Int64>(found.begin) + fault,
+                         mEncoding.GetString(bytes.substr(0, found.end - found.begin)));
     }
     return true;
 }

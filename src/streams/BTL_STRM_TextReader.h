@@ -13,10 +13,15 @@ namespace BTL
 {
 
 /// Bytes that are no text in the encoding of a `CTextReader` that decodes strictly.
+///
+///     } catch (const ETextFault& fault) {
+///         Warn(fault.getMessage(), fault.getText());   // "Line 2, byte 5: ...", "20 \uFFFDC"
+///     }
 class TRS8_BTL_API ETextFault : public Sysutils::EConvertError
 {
 public:
-    ETextFault(System::Int64 line, System::Int64 byteInLine, System::Int64 byte);
+    ETextFault(System::Int64 line, System::Int64 byteInLine, System::Int64 byte,
+               const System::UnicodeString& text);
     ~ETextFault() override;
 
     /// The line with the first such byte, from 1 on.
@@ -25,11 +30,14 @@ public:
     System::Int64 getByteInLine() const noexcept { return mByteInLine; }
     /// The place of that byte in all that was read, a byte order mark included, from 1 on.
     System::Int64 getByte() const noexcept { return mByte; }
+    /// The line without its end, as a lenient reader gives it: mostly U+FFFD stands for what is no text.
+    const System::UnicodeString& getText() const noexcept { return mText; }
 
 private:
     System::Int64 mLine;
     System::Int64 mByteInLine;
     System::Int64 mByte;
+    System::UnicodeString mText;
 };
 
 // Reads a text file, or any stream with text in it, line by line:

@@ -3,6 +3,7 @@
 
 #include "platform/base/Sysutils_StrictEncoding.h"
 #include "platform/runtime/classes/internal/Classes_StreamWindow.h"
+#include "streams/internal/BTL_STRM_LineEnd.h"
 
 #include <array>
 #include <cstdio>
@@ -41,20 +42,6 @@ UnicodeString FaultMessage(int place, char32_t character)
     std::snprintf(code.data(), code.size(), "U+%04X", static_cast<unsigned>(character));
     return u"Character " + UnicodeString(place) + u", " + UnicodeString(code.data()) +
            u": not in the encoding that is written";
-}
-
-UnicodeString EndText(ELineEnd lineEnd)
-{
-    switch (lineEnd) {
-    case ELineEnd::LF:
-        return u"\n";
-    case ELineEnd::CRLF:
-        return u"\r\n";
-    case ELineEnd::CR:
-        return u"\r";
-    default:
-        return {};
-    }
 }
 
 /// A mark belongs to the very beginning alone.
@@ -113,7 +100,7 @@ void CTextWriter::Write(const UnicodeString& text)
 
 void CTextWriter::WriteLine(const UnicodeString& text)
 {
-    WriteText(text + EndText(mForm.lineEnd));
+    WriteText(text + Detail::EndText(mForm.lineEnd));
 }
 
 void CTextWriter::Flush()

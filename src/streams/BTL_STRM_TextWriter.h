@@ -73,6 +73,8 @@ public:
     /// `Classes::EStreamError`.
     void Close();
 
+    const TTextForm& getForm() const noexcept { return mForm; }
+
 private:
     void WriteText(System::UnicodeString text);
     void WriteBytes(std::string_view bytes);

@@ -157,6 +157,8 @@ TEST(TextReaderTest, StrictReadingNamesThePlaceOfAFault)
     };
     for (const TRow& row : rows) {
         SCOPED_TRACE(testing::PrintToString(row.bytes));
+        CTextReader lenient(Holding(row.bytes), TEncoding(row.codePage));
+        const Lines lines = LinesOf(lenient);
         CTextReader reader(Holding(row.bytes), TEncoding(row.codePage), EDecoding::Strict);
         try {
             reader.ReadAll();
@@ -165,21 +167,27 @@ TEST(TextReaderTest, StrictReadingNamesThePlaceOfAFault)
             EXPECT_EQ(fault.getLine(), row.line);
             EXPECT_EQ(fault.getByteInLine(), row.byteInLine);
             EXPECT_EQ(fault.getByte(), row.byte);
+            EXPECT_EQ(fault.getText(), lines.at(static_cast<std::size_t>(row.line) - 1));
             EXPECT_NE(fault.getMessage().Pos(u"Line " + UnicodeString(row.line) + u", byte " +
                                              UnicodeString(row.byteInLine)),
                       0);
         }
-        CTextReader lenient(Holding(row.bytes), TEncoding(row.codePage));
-        EXPECT_NO_THROW(lenient.ReadAll());
     }
 }
 
 TEST(TextReaderTest, ReadingGoesOnBehindAFault)
 {
-    CTextReader reader(Holding("a\n\xFF\nb\xEF\xBF\xBD"), TEncoding(System::CP_UTF8), EDecoding::Strict);
+    CTextReader reader(Holding("a\nx\xFFy\r\nb\xEF\xBF\xBD"), TEncoding(System::CP_UTF8), EDecoding::Strict);
     UnicodeString line;
     EXPECT_TRUE(reader.ReadLine(line));
-    EXPECT_THROW(reader.ReadLine(line), BTL::ETextFault);
+    try {
+        reader.ReadLineWithEnd(line);
+        ADD_FAILURE();
+    } catch (const BTL::ETextFault& fault) {
+        EXPECT_EQ(fault.getText(), u"x\uFFFDy");
+    }
+    EXPECT_EQ(reader.getLineNumber(), 2);
+    EXPECT_EQ(reader.getLineEnd(), ELineEnd::CRLF);
     EXPECT_TRUE(reader.ReadLine(line));
     EXPECT_EQ(line, u"b\uFFFD") << "a replacement that the text holds is no fault";
     EXPECT_EQ(reader.getLineNumber(), 3);

@@ -19,7 +19,9 @@ namespace BTL
 
 /// Appends a field to a line of comma separated values, which is also the result. Double quotes in the field
 /// are doubled; the field is put in quotes if it holds `delim`, or if it is the first one and begins with
-/// "ID", which would make readers take the line for another format.
+/// "ID", which would make readers take the line for another format. Not each line can be read back: empty
+/// fields in front are lost, and a field without `delim` isn't put in quotes for the quotes and line ends
+/// that it holds. `CsvLine` and `CCsvWriter` write what `CCsvReader` reads back.
 TRS8_BTL_API System::UnicodeString& AddCSVString(System::UnicodeString& csv,
                                                  const System::UnicodeString& value, System::WideChar delim);
 template <std::same_as<char> Narrow>

@@ -131,7 +131,8 @@ public:
     /// Blanks and control characters outside quotes separate lines as commas do.
     void setCommaText(const System::UnicodeString& text);
     /// As the comma text, with `Delimiter` and `QuoteChar`. With `StrictDelimiter` blanks and control
-    /// characters are text as any other. Without a quote character (zero) nothing is quoted.
+    /// characters are text as any other. Without a quote character (zero) nothing is quoted. A text that
+    /// isn't so is taken as far as it goes, so that files of records are better read by `BTL::CCsvReader`.
     System::UnicodeString getDelimitedText() const;
     void setDelimitedText(const System::UnicodeString& text);
 
