@@ -10,6 +10,8 @@
 #include <iterator>
 #include <string>
 
+#include <unicode/ucnv_cb.h>
+
 namespace System
 {
 
@@ -313,10 +315,22 @@ void SubstituteQuestionMark(UConverter* converter)
     ucnv_setSubstString(converter, u"?", 1, &status);
 }
 
+/// As ICU's own substitution, which puts U+001A for a single byte in some of the code pages.
+void PutReplacement(const void*, UConverterToUnicodeArgs* target, const char*, int32_t,
+                    UConverterCallbackReason reason, UErrorCode* status)
+{
+    if (reason > UCNV_IRREGULAR) {
+        return;
+    }
+    *status = U_ZERO_ERROR;
+    ucnv_cbToUWriteUChars(target, &Replacement, 1, 0, status);
+}
+
 WideText DecodeByIcu(UConverter* converter, std::string_view bytes)
 {
     const auto source = static_cast<int32_t>(bytes.size());
     UErrorCode status = U_ZERO_ERROR;
+    ucnv_setToUCallBack(converter, &PutReplacement, nullptr, nullptr, nullptr, &status);
     const int32_t needed = ucnv_toUChars(converter, nullptr, 0, bytes.data(), source, &status);
     auto text = WideText::Uninitialized(static_cast<std::size_t>(std::max(needed, 0)));
     status = U_ZERO_ERROR;

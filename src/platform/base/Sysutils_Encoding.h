@@ -50,7 +50,8 @@ public:
     std::string_view GetPreamble() const noexcept;
     /// What the code page lacks becomes `?`; UTF-16 keeps every unit, UTF-8 all but lone surrogates.
     System::RawByteString GetBytes(const System::UnicodeString& text) const;
-    /// What is no text in this encoding becomes U+FFFD.
+    /// What is no text in this encoding becomes U+FFFD; UTF-16 keeps every unit, but for half a one at the
+    /// end.
     System::UnicodeString GetString(std::string_view bytes) const;
 
 private:

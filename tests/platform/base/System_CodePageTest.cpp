@@ -104,6 +104,23 @@ TEST(CodePageTest, IllFormedUtf8BecomesReplacementCharacters)
     EXPECT_EQ(Encode(CP_UTF8, {lone, 3}), "\xEF\xBF\xBDx\xEF\xBF\xBD");
 }
 
+TEST(CodePageTest, WhatIsNoTextInOtherCodePagesBecomesReplacementCharacters)
+{
+    const struct
+    {
+        System::CodePage codePage;
+        const char* bytes;
+        std::u16string_view expected;
+    } cases[] = {
+        {932, "a\xFFz", u"a\uFFFDz"},
+        {932, "a\x81", u"a\uFFFD"},
+        {1253, "a\xD2z", u"a\uFFFDz"},
+    };
+    for (const auto& [codePage, bytes, expected] : cases) {
+        EXPECT_EQ(System::DecodeText(codePage, bytes).AsView(), expected) << codePage << ' ' << bytes;
+    }
+}
+
 TEST(CodePageTest, Utf8KeepsEveryText)
 {
     std::mt19937 random(1);
