@@ -214,7 +214,9 @@ CFlags& CFlags::operator^=(const CFlags& other)
 
 CFlags& CFlags::operator~()
 {
-    return Combine(*this, [](Word a, Word) { return ~a; });
+    std::ranges::transform(mBytes, mBytes.begin(), [](Byte byte) { return static_cast<Byte>(~byte); });
+    ClearSurplus();
+    return *this;
 }
 
 bool CFlags::AreAllFlagsFalse() const noexcept
