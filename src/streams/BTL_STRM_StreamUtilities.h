@@ -65,7 +65,6 @@ TRS8_BTL_API System::AnsiString ReadBytes(Classes::TStream* stream, int count);
 // where the code page is meant.
 
 TRS8_BTL_API void WriteString(Classes::TStream* stream, const System::AnsiString& text);
-TRS8_BTL_API void WriteAnsiString(Classes::TStream* stream, const System::AnsiString& text);
 template <System::CodePage CP>
 void WriteString(Classes::TStream* stream, const System::AnsiStringT<CP>& text)
 {
@@ -73,6 +72,8 @@ void WriteString(Classes::TStream* stream, const System::AnsiStringT<CP>& text)
 }
 template <std::convertible_to<std::u16string_view> PassUTF8StringOrAnsiString>
 void WriteString(Classes::TStream* stream, const PassUTF8StringOrAnsiString& text) = delete;
+/// As `WriteString`, but text of another code page is turned into that of an `AnsiString`.
+TRS8_BTL_API void WriteAnsiString(Classes::TStream* stream, const System::AnsiString& text);
 template <std::convertible_to<std::u16string_view> PassAnsiString>
 void WriteAnsiString(Classes::TStream* stream, const PassAnsiString& text) = delete;
 /// Wide text is converted, which loses nothing but lone surrogates.
