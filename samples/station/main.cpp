@@ -6,6 +6,7 @@
 
 #include <TRS8_BTL/environment/BTL_ENV_Folders.h>
 #include <TRS8_BTL/foundation/logs/UTL_LOG_Log.h>
+#include <TRS8_BTL/platform/base/Sysutils_Exception.h>
 #include <TRS8_BTL/platform/base/Sysutils_Locale.h>
 #include <TRS8_BTL/platform/base/dates/Sysutils_Calendar.h>
 
@@ -122,6 +123,6 @@ int main(int argc, char* argv[])
     } catch (const Sysutils::Exception& fault) {
         return Fail(Failed, fault.getMessage());
     } catch (const std::exception& fault) {
-        return Fail(Failed, System::FromUtf8(fault.what()));
+        return Fail(Failed, Sysutils::MessageOf(fault));
     }
 }

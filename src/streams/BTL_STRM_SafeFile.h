@@ -23,8 +23,8 @@ namespace BTL
 class TRS8_BTL_API CSafeFile
 {
 public:
-    /// `Classes::EFCreateError` for a folder, a device, a read-only file, and if the host refuses the new
-    /// file.
+    /// `Classes::EFCreateError` for a folder, a device, a pipe or a read-only file, which the message tells,
+    /// and if the host refuses the new file. What is no plain file is written by a stream of its own.
     explicit CSafeFile(const System::UnicodeString& path);
     CSafeFile(const CSafeFile&) = delete;
     CSafeFile& operator=(const CSafeFile&) = delete;

@@ -5,7 +5,9 @@
 #include "platform/base/System_DynamicArray.h"
 #include "platform/runtime/classes/Classes_Stream.h"
 
+#include <concepts>
 #include <memory>
+#include <string_view>
 
 namespace BTL
 {
@@ -55,9 +57,11 @@ TRS8_BTL_API System::Int64 Search(const System::AnsiString& text, Classes::TStre
 /// Reads and writes binary values and lines on a stream that somebody else owns, at its position. Numbers are
 /// little-endian. What the stream can't give raises `Classes::EReadError`, what it can't take
 /// `Classes::EWriteError`. It has no state: a text that the end cuts off is as one that its delimiter ends,
-/// and none is empty, so that `BTL::Eof` tells whether there is one. Bytes are `System::AnsiString` values. A
-/// stream of one's own class that is read up to some byte is asked for single bytes, so that it stands
-/// exactly behind it; on a `CReadAheadStream` it is read in blocks.
+/// and none is empty, so that `BTL::Eof` tells whether there is one. Bytes are `System::AnsiString` values.
+/// Wide text, of which their code page may lack characters, is given as `AnsiString(text)`, or its UTF-8 as
+/// `AnsiString(System::ToUtf8(text))`; it doesn't compile by itself. A stream of one's own class that is read
+/// up to some byte is asked for single bytes, so that it stands exactly behind it; on a `CReadAheadStream` it
+/// is read in blocks.
 class TRS8_BTL_API MStream
 {
 public:
@@ -84,21 +88,29 @@ public:
     void WriteInteger(int value);
     void WriteDouble(double value);
     void WriteString(const System::AnsiString& text);
+    template <std::convertible_to<std::u16string_view> PassAnsiString>
+    void WriteString(const PassAnsiString& text) = delete;
 
     /// None for a negative count.
     System::AnsiString ReadBuffer(int count);
     void WriteBuffer(const System::AnsiString& bytes);
+    template <std::convertible_to<std::u16string_view> PassAnsiString>
+    void WriteBuffer(const PassAnsiString& bytes) = delete;
     /// Up to `count` bytes, fewer at the end.
     System::DynamicArray<unsigned char> ReadBytes(System::Int64 count);
     void WriteBytes(const System::DynamicArray<unsigned char>& bytes);
     /// As the stream's `Write`: the count of bytes done.
     int Write(const System::AnsiString& bytes);
+    template <std::convertible_to<std::u16string_view> PassAnsiString>
+    int Write(const PassAnsiString& bytes) = delete;
     int Write(const char* bytes, int count);
 
     /// The whole stream from its beginning on; of one that can't seek, as a pipe, what is left.
     System::AnsiString ReadAll();
     /// Makes `text` the whole stream.
     void WriteAll(const System::AnsiString& text);
+    template <std::convertible_to<std::u16string_view> PassAnsiString>
+    void WriteAll(const PassAnsiString& text) = delete;
 
     /// The bytes in front of the delimiter, which is read too, or up to the end.
     System::AnsiString ReadUntil(char delimiter);
@@ -110,6 +122,8 @@ public:
     System::AnsiString ReadLineUntil(char delimiter, bool& newLine);
     /// Adds a line end (CR LF) unless the text has one.
     void WriteLine(const System::AnsiString& text);
+    template <std::convertible_to<std::u16string_view> PassAnsiString>
+    void WriteLine(const PassAnsiString& text) = delete;
     void WriteEOL();
 
     /// The next word, with the place of its first byte; the byte behind it is read too. Letters and `_` begin

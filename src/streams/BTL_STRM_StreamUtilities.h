@@ -3,6 +3,9 @@
 
 #include "platform/runtime/classes/Classes_Stream.h"
 
+#include <concepts>
+#include <string_view>
+
 namespace BTL
 {
 
@@ -56,10 +59,24 @@ TRS8_BTL_API System::AnsiString ReadLine(Classes::TStream* stream);
 /// Up to `count` bytes, fewer at the end.
 TRS8_BTL_API System::AnsiString ReadBytes(Classes::TStream* stream, int count);
 
-// The bytes alone; `Classes::EWriteError` if they can't all be written.
+// The bytes alone; `Classes::EWriteError` if they can't all be written. Text of another code page keeps its
+// bytes: that of a `System::UTF8String` is UTF-8. Wide text has none, and the code page of an `AnsiString`
+// would lose characters, so a call with it doesn't compile: pass `System::UTF8String(text)`, or `AnsiString`
+// where the code page is meant.
 
 TRS8_BTL_API void WriteString(Classes::TStream* stream, const System::AnsiString& text);
+template <System::CodePage CP>
+void WriteString(Classes::TStream* stream, const System::AnsiStringT<CP>& text)
+{
+    WriteString(stream, System::AnsiString(text.AsView()));
+}
+template <std::convertible_to<std::u16string_view> PassUTF8StringOrAnsiString>
+void WriteString(Classes::TStream* stream, const PassUTF8StringOrAnsiString& text) = delete;
+/// As `WriteString`, but text of another code page is turned into that of an `AnsiString`.
 TRS8_BTL_API void WriteAnsiString(Classes::TStream* stream, const System::AnsiString& text);
+template <std::convertible_to<std::u16string_view> PassAnsiString>
+void WriteAnsiString(Classes::TStream* stream, const PassAnsiString& text) = delete;
+/// Wide text is converted, which loses nothing but lone surrogates.
 TRS8_BTL_API void WriteUTF8String(Classes::TStream* stream, const System::UTF8String& text);
 /// CR LF.
 TRS8_BTL_API void WriteEndOfLine(Classes::TStream* stream);
@@ -75,13 +92,28 @@ TRS8_BTL_API System::Int64 ReadInt64(Classes::TStream* stream);
 TRS8_BTL_API System::Int64 ReadInt64Def(Classes::TStream* stream, System::Int64 defaultValue);
 TRS8_BTL_API System::Int64 ReadInt64Unget(Classes::TStream* stream, System::Int64 defaultValue);
 
-/// Writes the bytes alone; `Classes::EWriteError` if they can't all be written.
+/// As `WriteString`, also for text of another code page and for wide text.
 TRS8_BTL_API void SaveStringToStream(Classes::TStream* stream, const System::AnsiString& text);
+template <System::CodePage CP>
+void SaveStringToStream(Classes::TStream* stream, const System::AnsiStringT<CP>& text)
+{
+    WriteString(stream, text);
+}
+template <std::convertible_to<std::u16string_view> PassUTF8StringOrAnsiString>
+void SaveStringToStream(Classes::TStream* stream, const PassUTF8StringOrAnsiString& text) = delete;
 /// All from the position on, up to 2 GB; `Sysutils::EOutOfMemory` if there is more.
 TRS8_BTL_API System::AnsiString LoadStringFromStream(Classes::TStream* stream);
-/// Makes `text` the whole file. `Classes::EFCreateError` if it can't be made, `Classes::EWriteError` if the
-/// host doesn't take all of it.
+/// Makes the bytes of `text` the whole file: UTF-8 with `System::UTF8String(text)`, as `CTextReader` reads
+/// it. Wide text doesn't compile, as for `WriteString`. `Classes::EFCreateError` if the file can't be made,
+/// `Classes::EWriteError` if the host doesn't take all of it.
 TRS8_BTL_API void SaveStringToFile(const System::UnicodeString& path, const System::AnsiString& text);
+template <System::CodePage CP>
+void SaveStringToFile(const System::UnicodeString& path, const System::AnsiStringT<CP>& text)
+{
+    SaveStringToFile(path, System::AnsiString(text.AsView()));
+}
+template <std::convertible_to<std::u16string_view> PassUTF8StringOrAnsiString>
+void SaveStringToFile(const System::UnicodeString& path, const PassUTF8StringOrAnsiString& text) = delete;
 /// The whole file, shared with all: also one that a `CTextWriter` or a log has open. `Classes::EFOpenError`
 /// if it can't be opened.
 TRS8_BTL_API System::AnsiString LoadStringFromFile(const System::UnicodeString& path);

@@ -36,12 +36,11 @@ char32_t CharacterAt(std::u16string_view text, std::size_t at)
     return isPair ? 0x10000 + ((text[at] - 0xD800U) << 10) + (text[at + 1] - 0xDC00U) : text[at];
 }
 
-UnicodeString FaultMessage(int place, char32_t character)
+UnicodeString FaultReason(char32_t character)
 {
     std::array<char, 16> code{};
     std::snprintf(code.data(), code.size(), "U+%04X", static_cast<unsigned>(character));
-    return u"Character " + UnicodeString(place) + u", " + UnicodeString(code.data()) +
-           u": not in the encoding that is written";
+    return UnicodeString(code.data()) + u": not in the encoding that is written";
 }
 
 /// A mark belongs to the very beginning alone.
@@ -55,11 +54,18 @@ bool NeedsMark(TStream& stream, EByteOrderMark mark)
 // ECharacterFault
 
 ECharacterFault::ECharacterFault(int place, char32_t character)
-    : EConvertError(FaultMessage(place, character)), mPlace(place), mCharacter(character)
+    : EConvertError(u"Character " + UnicodeString(place) + u", " + FaultReason(character)),
+      mPlace(place),
+      mCharacter(character)
 {
 }
 
 ECharacterFault::~ECharacterFault() = default;
+
+UnicodeString ECharacterFault::getReason() const
+{
+    return FaultReason(mCharacter);
+}
 
 // CTextWriter
 

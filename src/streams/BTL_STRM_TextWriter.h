@@ -23,6 +23,9 @@ public:
     int getPlace() const noexcept { return mPlace; }
     /// Its code; that of a lone surrogate is in 0xD800 to 0xDFFF.
     char32_t getCharacter() const noexcept { return mCharacter; }
+    /// The message without the place, "U+2126: not in the encoding that is written", for a program that has a
+    /// place of its own to tell: a file and a line, where the text is one of many.
+    System::UnicodeString getReason() const;
 
 private:
     int mPlace;

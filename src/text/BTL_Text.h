@@ -15,6 +15,7 @@
 #include "text/editing/BTL_STR_String.h"           // strings as values that streams keep
 #include "text/editing/BTL_STR_StringBuilder.h"    // building by appending
 #include "text/editing/BTL_STR_StringTypeInfo.h"   // what a string type is
+#include "text/editing/BTL_STR_TextPlace.h"        // line and column of a position
 #include "text/grammar/BTL_CommandLineOptions.h"   // known options of a program, with their help
 #include "text/grammar/BTL_CommandLineParser.h"    // any command line
 #include "text/grammar/BTL_RTF_Plain.h"            // RTF as plain text

@@ -119,11 +119,30 @@ TEST_F(SafeFileTest, RefusesWhatIsNoFileToReplace)
     BTL::SaveStringToFile(readOnly, "old");
     fs::permissions(readOnly, fs::perms(0444));
     fs::create_symlink("circle", Host("circle"));
-    for (const fs::path& path :
-         {readOnly, Host("circle"), Host(""), fs::path("/dev/null"), Host("missing/state"), fs::path()}) {
-        EXPECT_THROW(CSafeFile{UnicodeString(path)}, Classes::EFCreateError) << path;
+    ASSERT_EQ(mkfifo(Host("pipe").c_str(), 0666), 0);
+    const auto* const device = u"\". It is a device, a pipe or a socket, which no file can take the place of";
+    const struct
+    {
+        fs::path path;
+        const char16_t* why;
+    } cases[] = {
+        {readOnly, u"\". It is read-only"},
+        {Host(""), u"\". It is a folder"},
+        {"/dev/full", device},
+        {Host("pipe"), device},
+        {Host("circle"), u"\". "},
+        {Host("missing/state"), u"\". "},
+        {fs::path(), u"\". "},
+    };
+    for (const auto& [path, why] : cases) {
+        try {
+            CSafeFile file{UnicodeString(path)};
+            ADD_FAILURE() << path << " was taken";
+        } catch (const Classes::EFCreateError& fault) {
+            EXPECT_NE(fault.getMessage().Pos(why), 0) << fault.getMessage();
+        }
     }
-    EXPECT_EQ(FileCount(), 2);
+    EXPECT_EQ(FileCount(), 3);
 }
 
 TEST(SafeFileDiskTest, DISABLED_ChildThatFillsTheDisk)

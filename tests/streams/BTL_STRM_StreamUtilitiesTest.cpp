@@ -14,6 +14,7 @@
 #include <array>
 #include <climits>
 #include <functional>
+#include <type_traits>
 
 #include <gtest/gtest.h>
 
@@ -263,6 +264,52 @@ TEST(StreamModelTest, AHandleThatOthersUseLosesOneByteAtMost)
     EXPECT_EQ(BTL::ReadChar(&stream), 'f');
     close(ends[0]);
     close(ends[1]);
+}
+
+/// How many of the functions that write bytes take a `Text`.
+template <class Text, class... Writers>
+constexpr int CountTaking(Writers...)
+{
+    return (0 + ... + static_cast<int>(std::is_invocable_v<Writers, BTL::MStream&, const Text&>));
+}
+
+template <class Text>
+constexpr int ByteWritersTaking()
+{
+    return CountTaking<Text>(
+        [](auto&, auto& text) -> decltype(BTL::SaveStringToFile(u"x", text)) {},
+        [](auto& binary, auto& text) -> decltype(BTL::SaveStringToStream(binary.getStream(), text)) {},
+        [](auto& binary, auto& text) -> decltype(BTL::WriteString(binary.getStream(), text)) {},
+        [](auto& binary, auto& text) -> decltype(BTL::WriteAnsiString(binary.getStream(), text)) {},
+        [](auto& binary, auto& text) -> decltype(binary.WriteString(text)) {},
+        [](auto& binary, auto& text) -> decltype(binary.WriteBuffer(text)) {},
+        [](auto& binary, auto& text) -> decltype(binary.WriteLine(text)) {},
+        [](auto& binary, auto& text) -> decltype(binary.WriteAll(text)) {},
+        [](auto& binary, auto& text) -> decltype(binary.Write(text)) { return 0; });
+}
+
+static_assert(ByteWritersTaking<AnsiString>() == 9);
+static_assert(ByteWritersTaking<System::RawByteString>() == 9);
+static_assert(ByteWritersTaking<char[4]>() == 9);
+static_assert(ByteWritersTaking<System::UnicodeString>() == 0);
+static_assert(ByteWritersTaking<char16_t[4]>() == 0);
+static_assert(ByteWritersTaking<std::u16string_view>() == 0);
+
+TEST(StreamUtilitiesTest, KeepTheBytesOfAnyCodePage)
+{
+    const Support::TempFolder folder;
+    const System::UnicodeString path = System::FromUtf8((folder.Path() / "file").string());
+    const UTF8String text = System::UnicodeString(u"5 \u00B5m \u2192 2 \u03A9");
+    BTL::SaveStringToFile(path, text);
+    EXPECT_EQ(BTL::LoadStringFromFile(path).AsView(), text.AsView());
+    BTL::SaveStringToFile(path, AnsiString(u"5 \u00B5"));
+    EXPECT_EQ(BTL::LoadStringFromFile(path), "5 \xB5");
+    Classes::TMemoryStream stream;
+    BTL::WriteString(&stream, text);
+    BTL::SaveStringToStream(&stream, text);
+    BTL::WriteUTF8String(&stream, System::UnicodeString(text));
+    stream.setPosition(0);
+    EXPECT_EQ(BTL::LoadStringFromStream(&stream).AsView(), (text + text + text).AsView());
 }
 
 /// In a child in which no file can grow beyond 100 bytes, as if the disk were full.

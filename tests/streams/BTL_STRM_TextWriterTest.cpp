@@ -159,9 +159,11 @@ TEST_F(TextWriterTest, StrictEncodingNamesTheCharacter)
     try {
         out.Write(u"1 \u2126");
         FAIL();
-    } catch (const Sysutils::EConvertError& fault) {
+    } catch (const BTL::ECharacterFault& fault) {
         EXPECT_EQ(fault.getMessage(), u"Character 3, U+2126: not in the encoding that is written");
+        EXPECT_EQ(fault.getReason(), u"U+2126: not in the encoding that is written");
     }
+    EXPECT_EQ(BTL::ECharacterFault(1, 0x1F4A1).getReason(), u"U+1F4A1: not in the encoding that is written");
 }
 
 TEST_F(TextWriterTest, StrictEncodingGivesUpAHalfWithItsFault)

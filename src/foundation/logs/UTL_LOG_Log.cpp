@@ -3,6 +3,7 @@
 
 #include "foundation/logs/internal/UTL_LOG_Folder.h"
 #include "foundation/logs/internal/UTL_LOG_Lines.h"
+#include "platform/base/Sysutils_Exception.h"
 #include "platform/host/Host_Path.h"
 
 #include <fstream>
@@ -46,6 +47,16 @@ void SetLogForm(const UTL::TLogForm& form)
 void Log(const UnicodeString& text)
 {
     static_cast<void>(TryLog(text));
+}
+
+void Log(const std::exception& fault)
+{
+    static_cast<void>(TryLog(fault));
+}
+
+bool TryLog(const std::exception& fault)
+{
+    return TryLog(Sysutils::MessageOf(fault));
 }
 
 bool TryLog(const UnicodeString& text)

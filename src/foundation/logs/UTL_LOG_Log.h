@@ -4,6 +4,8 @@
 #include "foundation/logs/UTL_LOG_Form.h"
 #include "platform/base/System_String.h"
 
+#include <exception>
+
 namespace BTL
 {
 
@@ -27,8 +29,16 @@ TRS8_BTL_API void SetLogForm(const UTL::TLogForm& form);
 /// program while they end.
 TRS8_BTL_API void Log(const System::UnicodeString& text);
 
+/// As `Log`, but the line is the message of the exception (`Sysutils::MessageOf`). Its `what()` is UTF-8 and
+/// not to be logged as a text: a `const char*` counts as text of the code page.
+///
+///     } catch (const std::exception& fault) {
+///         BTL::Log(fault);
+TRS8_BTL_API void Log(const std::exception& fault);
+
 /// As `Log`, but tells whether the line is in the file; a log that is switched off has none to lose. A
 /// program that needs its log asks with its first line: `if (!BTL::TryLog(u"started")) { ... }`.
 [[nodiscard]] TRS8_BTL_API bool TryLog(const System::UnicodeString& text);
+[[nodiscard]] TRS8_BTL_API bool TryLog(const std::exception& fault);
 
 } // namespace BTL

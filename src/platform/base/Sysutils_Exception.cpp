@@ -30,6 +30,12 @@ void Exception::setMessage(const System::UnicodeString& message) noexcept
     mUtf8 = Utf8Of(message);
 }
 
+System::UnicodeString MessageOf(const std::exception& fault)
+{
+    const auto* const ours = dynamic_cast<const Exception*>(&fault);
+    return ours != nullptr ? ours->getMessage() : System::FromUtf8(fault.what());
+}
+
 // The destructors stand here so that each class has its type information once, in the library: a handler in
 // another module catches what the library throws.
 Exception::~Exception() = default;

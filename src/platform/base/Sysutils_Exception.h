@@ -26,7 +26,8 @@ public:
 
     const System::UnicodeString& getMessage() const noexcept { return mMessage; }
     void setMessage(const System::UnicodeString& message) noexcept;
-    /// The message in UTF-8, valid until it is set anew.
+    /// The message in UTF-8, valid until it is set anew. What takes a `const char*` for text of the code
+    /// page, as a `System::UnicodeString` does, spoils it: take `getMessage` or `MessageOf`.
     const char* what() const noexcept override { return mUtf8.c_str(); }
 
 private:
@@ -34,6 +35,13 @@ private:
     // Made beforehand: several threads may look at one exception.
     System::UTF8String mUtf8;
 };
+
+/// The message of any exception as wide text: that of an `Exception`, and `what()` of another one, read as
+/// UTF-8, in which the standard library tells names of files; what is no UTF-8 becomes U+FFFD.
+///
+///     } catch (const std::exception& fault) {
+///         status = name + u": " + Sysutils::MessageOf(fault);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString MessageOf(const std::exception& fault);
 
 /// A quiet end: a program throws it to leave what it does, and who shows exceptions passes over it. The
 /// library itself raises none.

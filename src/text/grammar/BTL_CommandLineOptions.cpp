@@ -28,10 +28,19 @@ constexpr WideChar Dash = u'-';
 constexpr auto EndOfOptions = u"--";
 constexpr auto HelpOption = u"--help";
 
-/// How an option is written, with the name of its value.
-UnicodeString UsageOf(const TCommandLineOption& option)
+constexpr auto BehindShortName = u", ";
+
+/// How an option is written, with the name of its value. Short names stand in a column as wide as the
+/// longest.
+UnicodeString UsageOf(const TCommandLineOption& option, int shortWidth)
 {
-    return StrCat(option.name, option.valueName, u" ");
+    const UnicodeString usage = StrCat(option.name, option.valueName, u" ");
+    if (shortWidth == 0) {
+        return usage;
+    }
+    const UnicodeString front =
+        option.shortName.IsEmpty() ? UnicodeString() : option.shortName + BehindShortName;
+    return FillString(front, shortWidth + UnicodeString(BehindShortName).Length(), u' ') + usage;
 }
 
 [[noreturn]] void RefuseValue(const UnicodeString& name, const UnicodeString& value,
@@ -56,8 +65,10 @@ void CCommandLineOptions::Add(const TCommandLineOption& option)
 
 std::size_t CCommandLineOptions::IndexOf(const UnicodeString& name) const
 {
-    return static_cast<std::size_t>(std::ranges::find(mOptions, name, &TCommandLineOption::name) -
-                                    mOptions.begin());
+    const auto isMeant = [&name](const TCommandLineOption& option) {
+        return option.name == name || (!option.shortName.IsEmpty() && option.shortName == name);
+    };
+    return static_cast<std::size_t>(std::ranges::find_if(mOptions, isMeant) - mOptions.begin());
 }
 
 bool CCommandLineOptions::IsOption(const UnicodeString& word) const
@@ -169,13 +180,17 @@ double CCommandLineOptions::GetDouble(const UnicodeString& name, double defaultV
 
 UnicodeString CCommandLineOptions::GetHelpText() const
 {
+    int shortWidth = 0;
+    for (const TCommandLineOption& option : mOptions) {
+        shortWidth = std::max(shortWidth, option.shortName.Length());
+    }
     int width = 0;
     for (const TCommandLineOption& option : mOptions) {
-        width = std::max(width, UsageOf(option).Length());
+        width = std::max(width, UsageOf(option, shortWidth).Length());
     }
     UnicodeString text;
     for (const TCommandLineOption& option : mOptions) {
-        text += u"  " + FillString(UsageOf(option), width, u' ') + u"  " + option.help + u'\n';
+        text += u"  " + FillString(UsageOf(option, shortWidth), width, u' ') + u"  " + option.help + u'\n';
     }
     return text;
 }

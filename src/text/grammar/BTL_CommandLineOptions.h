@@ -26,6 +26,8 @@ struct TCommandLineOption
     /// What the help calls the value, "N"; empty for a switch, which takes none.
     System::UnicodeString valueName;
     System::UnicodeString help;
+    /// Another way to write the name, usually the short one, "-s"; empty for an option without.
+    System::UnicodeString shortName = {};
 
     /// Whether a value follows the name; a switch takes none.
     bool TakesValue() const noexcept { return !valueName.IsEmpty(); }
@@ -43,7 +45,7 @@ enum class EOtherWords
 
 /// The options of a program: reads its command line, refuses what it doesn't know and writes the help.
 ///
-///     BTL::CCommandLineOptions options = {{u"--seconds", u"N", u"how long to sample; default 5"},
+///     BTL::CCommandLineOptions options = {{u"--seconds", u"N", u"how long to sample; default 5", u"-s"},
 ///                                         {u"--sql", u"", u"print for SQL"}};
 ///     options.Parse(argc, argv); // `XCommandLine`: "unknown option '--colour'"
 ///     const double seconds = options.GetDouble(u"--seconds", 5);
@@ -51,7 +53,9 @@ enum class EOtherWords
 ///     std::cout << options.GetHelpText();
 ///
 /// A value is the word behind its option or what stands behind a `=` in the same word; it may begin with `-`,
-/// but isn't one of the options. An option may be given several times. Case matters.
+/// but isn't one of the options. An option may be given several times, by either of its names, and the
+/// program asks for it by either. Short names are words like others: "-s 5" or "-s=5", but neither "-s5" nor
+/// several in one word. Case matters.
 ///
 /// To ask for an option that the table lacks is an internal fault, which names it, and counts as one that
 /// isn't given if the user lets it pass.
@@ -62,7 +66,7 @@ public:
     CCommandLineOptions(std::initializer_list<TCommandLineOption> options,
                         EOtherWords otherWords = EOtherWords::Kept);
 
-    /// Adds a row to the table. A row of the same name before it hides it.
+    /// Adds a row to the table. A row before it that has its name, or its short name, hides that.
     void Add(const TCommandLineOption& option);
     std::span<const TCommandLineOption> getOptions() const noexcept { return mOptions; }
 
@@ -93,8 +97,8 @@ public:
     /// The words that belong to no option.
     const std::vector<System::UnicodeString>& getWords() const noexcept { return mWords; }
 
-    /// A line for each option: its name and that of its value, and behind them, one below the other, the
-    /// help.
+    /// A line for each option: its names, the short one first, and that of its value, and behind them, one
+    /// below the other, the help.
     System::UnicodeString GetHelpText() const;
 
 private:

@@ -170,12 +170,22 @@ std::optional<Variant> ReadVariant(const UnicodeString& text)
     }
 }
 
+/// What a stored text of this type is, behind a colon; empty where any may be meant.
+UnicodeString ExpectedText(const TTypeInfo& type)
+{
+    if (IsDate(type)) {
+        return u": a date such as 2022-02-28T12:30:00, without an offset";
+    }
+    return type.Kind == Typinfo::tkFloat ? u": a number with '.' as decimal separator" : u"";
+}
+
 /// The value, or the fault that there is none in `text`.
 template <class T>
 const T& Need(const std::optional<T>& value, const TPropInfo& info, const UnicodeString& text)
 {
     if (!value) {
-        throw EPropertyConvertError(u"'" + text + u"' is no value of property " + info.getName());
+        throw EPropertyConvertError(u"'" + text + u"' is no value of property " + info.getName() +
+                                    ExpectedText(*info.getPropType()));
     }
     return *value;
 }

@@ -2,10 +2,13 @@
 #include "foundation/logs/UTL_LOG_Log.h"
 
 #include "foundation/logs/LogSupport.h"
+#include "platform/base/Sysutils_Exception.h"
 #include "platform/base/dates/Sysutils_Chrono.h"
 #include "platform/base/dates/Sysutils_IsoDate.h"
 #include "support/ChildProgram.h"
 #include "support/TempFolder.h"
+
+#include <stdexcept>
 
 #include <gtest/gtest.h>
 
@@ -84,6 +87,14 @@ TEST_F(LogFormTest, TellsWhetherALineIsWritten)
     }
     BTL::SetLogFile(u"");
     EXPECT_TRUE(BTL::TryLog(u"c")) << "nothing to lose";
+}
+
+TEST_F(LogFormTest, KeepsTheMessageOfAnException)
+{
+    BTL::SetLogForm({.encoding = UTL::ELogEncoding::Utf8});
+    BTL::Log(Sysutils::EConvertError(u"\u00D6l.txt \u2192"));
+    EXPECT_TRUE(BTL::TryLog(std::runtime_error("\xC3\x96l.txt")));
+    EXPECT_EQ(Content(), "\xC3\x96l.txt \xE2\x86\x92\n\xC3\x96l.txt\n");
 }
 
 TEST_F(LogFormTest, EachLineOfATextHasItsTime)

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/base/Sysutils_Exception.h"
 
+#include <filesystem>
+#include <functional>
+#include <stdexcept>
+
 #include <gtest/gtest.h>
 
 namespace
@@ -31,6 +35,35 @@ TEST(ExceptionTest, KeepsTheTextWhileItsCopiesChange)
     EXPECT_EQ(copy.getMessage(), u"copy");
     first = copy;
     EXPECT_STREQ(first.what(), "copy");
+}
+
+TEST(ExceptionTest, GivesTheMessageOfAnyExceptionAsWideText)
+{
+    const struct
+    {
+        std::function<void()> raise;
+        System::UnicodeString message;
+    } cases[] = {
+        {[] { throw EConvertError(u"\u00D6l.txt: 5 \U0001F4A1"); }, u"\u00D6l.txt: 5 \U0001F4A1"},
+        {[] { throw std::runtime_error("\xC3\x96l.txt"); }, u"\u00D6l.txt"},
+        {[] { throw std::runtime_error("\xD6l.txt"); }, u"\uFFFDl.txt"},
+        {[] { throw std::runtime_error(""); }, u""},
+        {[] { throw EConvertError(System::UnicodeString(u"a\0b", 3)); }, {u"a\0b", 3}},
+    };
+    for (const auto& [raise, message] : cases) {
+        try {
+            raise();
+            ADD_FAILURE();
+        } catch (const std::exception& fault) {
+            EXPECT_EQ(Sysutils::MessageOf(fault), message);
+        }
+    }
+    try {
+        std::filesystem::rename(std::filesystem::path(u"\u00D6l/missing"), "none");
+        ADD_FAILURE();
+    } catch (const std::exception& fault) {
+        EXPECT_NE(Sysutils::MessageOf(fault).Pos(u"\u00D6l/missing"), 0) << fault.what();
+    }
 }
 
 TEST(ExceptionDeathTest, IsShownIfNobodyCatchesIt)

@@ -154,6 +154,38 @@ TEST(CommandLineOptionsTest, WritesTheHelp)
     EXPECT_EQ(CCommandLineOptions().GetHelpText(), u"");
 }
 
+TEST(CommandLineOptionsTest, HaveShortNames)
+{
+    CCommandLineOptions options = {{u"--level", u"N", u"how much", u"-l"},
+                                   {u"--sql", u"", u"for SQL"},
+                                   {u"/verbose", u"", u"tell more", u"/v"}};
+    options.Parse({u"-l", u"5", u"--level=6", u"-l=-7", u"/v", u"-1", u""});
+    EXPECT_THAT(options.GetValues(u"--level"), ElementsAre(u"5", u"6", u"-7"));
+    EXPECT_EQ(options.GetInt(u"-l", 0), -7) << "either name asks for it";
+    EXPECT_TRUE(options.Contains(u"/verbose"));
+    EXPECT_FALSE(options.Contains(u"--sql"));
+    EXPECT_THAT(options.getWords(), ElementsAre(u"-1", u"")) << "no name is empty";
+    EXPECT_EQ(options.GetHelpText(), u"  -l, --level N  how much\n"
+                                     u"      --sql      for SQL\n"
+                                     u"  /v, /verbose   tell more\n");
+    const std::pair<Words, const char16_t*> faults[] = {
+        {{u"-l"}, u"-l: the value is missing"},
+        {{u"-l", u"--sql"}, u"-l: the value is missing"},
+        {{u"--level", u"/v"}, u"--level: the value is missing"},
+        {{u"/v=1"}, u"/v takes no value"},
+        {{u"-l5"}, u"unknown option '-l5'"},
+        {{u"-L", u"5"}, u"unknown option '-L'"},
+    };
+    for (const auto& [words, fault] : faults) {
+        try {
+            options.Parse(words);
+            ADD_FAILURE() << UnicodeString(fault);
+        } catch (const XCommandLine& error) {
+            EXPECT_EQ(error.getMessage(), fault);
+        }
+    }
+}
+
 TEST(CommandLineOptionsTest, ToAskForNoOptionIsAFault)
 {
     const auto options = Parsed({u"--sql"});

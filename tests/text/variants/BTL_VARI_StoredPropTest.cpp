@@ -158,7 +158,15 @@ TEST_F(StoredPropTest, NamesWhatItCannotRead)
             BTL::SetStoredProp(&record, name, text);
             ADD_FAILURE() << "it was taken";
         } catch (const EPropertyConvertError& error) {
-            EXPECT_NE(error.getMessage().Pos(name), 0);
+            const UnicodeString message = error.getMessage();
+            EXPECT_NE(message.Pos(name), 0);
+            EXPECT_EQ(message.Pos(u": a number with '.'") != 0, name == UnicodeString(u"Number") ||
+                                                                    name == UnicodeString(u"Single") ||
+                                                                    name == UnicodeString(u"Money"))
+                << message;
+            EXPECT_EQ(message.Pos(u": a date such as 2022-02-28T12:30:00") != 0,
+                      name == UnicodeString(u"Date"))
+                << message;
         }
     }
     record.any = Variant::ArrayOf({});

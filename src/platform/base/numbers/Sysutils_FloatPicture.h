@@ -22,5 +22,18 @@ TRS8_BTL_API System::UnicodeString FormatFloat(const System::UnicodeString& form
                                                const TFormatSettings& settings);
 TRS8_BTL_API System::UnicodeString FormatFloat(const System::UnicodeString& format, long double value,
                                                const TFormatSettings& settings);
+/// As `FormatFloat` of a `long double`, which holds every integer; one with more than 18 digits gives the
+/// general form.
+template <System::TextInteger Integer>
+System::UnicodeString FormatFloat(const System::UnicodeString& format, Integer value)
+{
+    return FormatFloat(format, static_cast<long double>(value));
+}
+template <System::TextInteger Integer>
+System::UnicodeString FormatFloat(const System::UnicodeString& format, Integer value,
+                                  const TFormatSettings& settings)
+{
+    return FormatFloat(format, static_cast<long double>(value), settings);
+}
 
 } // namespace Sysutils

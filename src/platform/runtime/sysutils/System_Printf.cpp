@@ -177,7 +177,6 @@ public:
 
 private:
     using Base::Accept;
-    using Base::Misfit;
     using Base::mRest;
     using Base::Next;
     using Base::ReadNumber;
@@ -284,7 +283,7 @@ private:
         } else if (const auto* plain = std::get_if<UInt64>(&value)) {
             character = static_cast<WideChar>(*plain);
         } else {
-            Misfit();
+            Base::ArgumentMisfit();
         }
         Base::Pad(S(UnicodeString(character)).AsView(), conversion);
     }

@@ -23,7 +23,7 @@ public:
     TVarRec(T value) : mValue(FromInteger(value)), mSize(sizeof(T))
     {
     }
-    TVarRec(bool value) : mValue(Int64(value)) {}
+    TVarRec(bool value) : mValue(Int64(value)), mIsBool(true) {}
     template <std::floating_point T>
     TVarRec(T value) : mValue(static_cast<long double>(value))
     {
@@ -49,6 +49,8 @@ public:
     const TValue& getValue() const noexcept { return mValue; }
     /// The bytes of the integer type that was given; 8 for everything else.
     std::size_t getSize() const noexcept { return mSize; }
+    /// Whether it was given as a truth value, which is kept as the integer 0 or 1.
+    bool IsBool() const noexcept { return mIsBool; }
 
 private:
     template <TextInteger T>
@@ -63,6 +65,7 @@ private:
 
     TValue mValue;
     std::size_t mSize = 8;
+    bool mIsBool = false;
 };
 
 /// The arguments of a call, alive until it ends.

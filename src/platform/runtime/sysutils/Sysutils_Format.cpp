@@ -63,7 +63,7 @@ private:
         // What looked like a width is an index if a colon follows.
         if (!conversion.left && Accept(':')) {
             if (conversion.width < 0) {
-                Misfit();
+                Misfit(u"the index " + UnicodeString(conversion.width) + u" is negative");
             }
             mNext = static_cast<std::size_t>(conversion.width);
             conversion.left = Accept('-');
@@ -145,7 +145,7 @@ private:
         } else if (const auto* character = std::get_if<WideChar>(&value)) {
             PadCut({character, 1}, conversion);
         } else {
-            Misfit();
+            ArgumentMisfit();
         }
     }
 

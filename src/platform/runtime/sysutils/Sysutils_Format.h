@@ -12,7 +12,7 @@ namespace Sysutils
 // precision may be `*`, which takes them from the next argument; a negative width means `-`. `%%` is a
 // percent sign. The case of `type` doesn't matter:
 //
-//   d, u   an integer with and without sign, with at least `precision` digits
+//   d, u   an integer with and without sign, with at least `precision` digits; a `bool` is 1 or 0
 //   x      upper-case hexadecimal digits, at least `precision`
 //   e      a float as `FloatToStrF` with `ffExponent`, `precision` significant digits (15)
 //   g      with `ffGeneral`, `precision` significant digits (15)
@@ -23,8 +23,9 @@ namespace Sysutils
 //   p      a pointer as hexadecimal digits
 //
 // Width and precision end at 65535, and what they make in all at 16 million characters. A conversion that
-// doesn't fit its argument, a missing argument and an unknown conversion raise `EConvertError`; surplus
-// arguments don't matter. Forms without settings follow `FormatSettings`.
+// doesn't fit its argument, a missing argument and an unknown conversion raise `EConvertError`, whose message
+// names the argument, from 1 on, what it is, and the conversion; surplus arguments don't matter. Forms
+// without settings follow `FormatSettings`.
 //
 //     Format(u"%s: %.2f V, %d times", {u"U", 12.5, 3});           // "U: 12.50 V, 3 times"
 //     Format(u"%-6s|%6s|%.3d", {u"a", u"b", 7});                  // "a     |     b|007"

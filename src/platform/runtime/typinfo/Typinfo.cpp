@@ -2,6 +2,7 @@
 #include "platform/runtime/typinfo/Typinfo.h"
 
 #include "platform/runtime/typinfo/System_MetaClass.h"
+#include "platform/runtime/typinfo/internal/Typinfo_Expected.h"
 #include "platform/runtime/typinfo/internal/Typinfo_NeedProp.h"
 
 #include <algorithm>
@@ -275,7 +276,8 @@ void SetOrdinal(TObject* object, const TPropInfo* info, Int64 value)
     const TTypeInfo& type = *info->getPropType();
     // A value that the type lacks would be cut to another one on its way.
     if (value < type.MinValue || value > type.MaxValue) {
-        throw EPropertyConvertError(UnicodeString(value) + u" is no value of property " + info->getName());
+        throw EPropertyConvertError(UnicodeString(value) + u" is no value of property " + info->getName() +
+                                    Detail::ExpectedText(type));
     }
     info->Write(object, value);
 }

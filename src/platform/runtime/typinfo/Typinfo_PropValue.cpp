@@ -2,6 +2,7 @@
 #include "platform/runtime/typinfo/Typinfo_PropValue.h"
 
 #include "platform/base/numbers/Sysutils_FloatReading.h"
+#include "platform/runtime/typinfo/internal/Typinfo_Expected.h"
 #include "platform/runtime/typinfo/internal/Typinfo_NeedProp.h"
 
 #include <cmath>
@@ -217,26 +218,10 @@ UnicodeString TextOf(const Variant& value)
     return value.IsNull() ? UnicodeString() : value.As<UnicodeString>();
 }
 
-/// The values that have names, behind a colon; empty for a type without.
-UnicodeString NamesOf(const TTypeInfo& type)
-{
-    const bool isSet = type.Kind == tkSet;
-    const TTypeInfo& named = isSet ? *type.ElementType : type;
-    const Int64 first = isSet ? type.LowestElement : type.MinValue;
-    UnicodeString names;
-    for (Int64 value = first; !GetEnumName(&named, value).IsEmpty(); ++value) {
-        if (isSet && type.MaxValue >> (value - first) == 0) {
-            break;
-        }
-        names += (names.IsEmpty() ? u": " : u", ") + GetEnumName(&named, value);
-    }
-    return names;
-}
-
 [[noreturn]] void FailUnfit(const TPropInfo& info, const Variant& value)
 {
     throw EPropertyConvertError(u"'" + TextOf(value) + u"' is no value of property " + info.getName() +
-                                NamesOf(*info.getPropType()));
+                                Detail::ExpectedText(*info.getPropType()));
 }
 
 /// What the property's writer takes for `value`, or the fault of the property. What the writer itself raises

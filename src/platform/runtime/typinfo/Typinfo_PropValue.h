@@ -25,9 +25,9 @@ TRS8_BTL_API System::Variant GetPropValue(const System::TObject* object, const T
 TRS8_BTL_API System::Variant GetPropValue(const System::TObject* object, const System::UnicodeString& name);
 /// Takes the value that `GetPropValue` gives, and all that a variant converts to the property's type: numbers
 /// as text, enumerations and sets by number, names in any case, a set also without its brackets.
-/// A number is rounded for an integer; a text with a fraction isn't one. `EPropertyConvertError`, which names
-/// the value, the property and the values that have names, for one that the type can't hold. What the setter
-/// raises passes.
+/// A number is rounded for an integer; a text with a fraction isn't one. Texts of floats and dates have the
+/// form of `Sysutils::FormatSettings` alone. `EPropertyConvertError`, which names the value, the property and
+/// what that holds, for one that the type can't hold. What the setter raises passes.
 TRS8_BTL_API void SetPropValue(System::TObject* object, const TPropInfo* info, const System::Variant& value);
 TRS8_BTL_API void SetPropValue(System::TObject* object, const System::UnicodeString& name,
                                const System::Variant& value);

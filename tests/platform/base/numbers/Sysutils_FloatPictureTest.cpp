@@ -67,6 +67,19 @@ TEST(SysutilsFloatPictureTest, WritesFloatsByPictures)
     }
 }
 
+TEST(SysutilsFloatPictureTest, TakesIntegersOfAnyWidth)
+{
+    const Support::FormatSettingsGuard guard;
+    Sysutils::FormatSettings = German();
+    const UnicodeString picture = u"#,##0";
+    EXPECT_EQ(Sysutils::FormatFloat(picture, 1234567), u"1.234.567");
+    EXPECT_EQ(Sysutils::FormatFloat(picture, short{-1234}), u"-1.234");
+    EXPECT_EQ(Sysutils::FormatFloat(picture, 4294967295U), u"4.294.967.295");
+    EXPECT_EQ(Sysutils::FormatFloat(picture, 123456789012345678L), u"123.456.789.012.345.678");
+    EXPECT_EQ(Sysutils::FormatFloat(picture, std::size_t{1000}, Sysutils::TFormatSettings()), u"1,000");
+    EXPECT_EQ(Sysutils::FormatFloat(u"0.0", 1.5F), u"1,5");
+}
+
 TEST(SysutilsFloatPictureTest, FollowsTheSettingsOfTheProcess)
 {
     const Support::FormatSettingsGuard guard;

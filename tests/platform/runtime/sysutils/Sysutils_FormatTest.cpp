@@ -133,24 +133,65 @@ TEST(FormatTest, TakesArgumentsByIndexAndStar)
 
 TEST(FormatTest, RefusesWhatDoesNotFit)
 {
+    const int place = 0;
     const struct
     {
         const char16_t* format;
         TVarRec argument;
+        const char16_t* why;
     } misfits[] = {
-        {u"%d", u"x"},  {u"%d", 1.5},   {u"%f", 1},      {u"%s", 1},      {u"%p", 1},
-        {u"%x", u"x"},  {u"%q", 1},     {u"%", 1},       {u"a%5", 1},     {u"%-", 1},
-        {u"%.", 1},     {u"%0:", 1},    {u"%5%", 1},     {u"% d", 1},     {u"%--5d", 1},
-        {u"%0:0:d", 1}, {u"%*d", u"x"}, {u"%\u0164", 1}, {u"%\xD800", 1}, {u"%*:d", -1},
+        {u"%d", u"x", u"argument 1, a text, doesn't fit %d"},
+        {u"%d", 1.5, u"argument 1, a float, doesn't fit %d"},
+        {u"%5.2d", u'x', u"argument 1, a character, doesn't fit %5.2d"},
+        {u"%f", 1, u"argument 1, an integer, doesn't fit %f"},
+        {u"%% %-8s|", 1U, u"argument 1, an integer, doesn't fit %-8s"},
+        {u"%s", true, u"argument 1, a truth value, doesn't fit %s"},
+        {u"%s", static_cast<const void*>(&place), u"argument 1, a pointer, doesn't fit %s"},
+        {u"%p", 1, u"argument 1, an integer, doesn't fit %p"},
+        {u"%0:X", u"x", u"argument 1, a text, doesn't fit %0:X"},
+        {u"%*d", u"x", u"argument 1, a text, doesn't fit %*"},
+        {u"%q", 1, u"no conversion stands at character 1"},
+        {u"%", 1, u"no conversion stands at character 1"},
+        {u"a%5", 1, u"no conversion stands at character 2"},
+        {u"%-", 1, u"no conversion stands at character 1"},
+        {u"%.", 1, u"no conversion stands at character 1"},
+        {u"%0:", 1, u"no conversion stands at character 1"},
+        {u"%% %5%", 1, u"no conversion stands at character 4"},
+        {u"%d % d", 1, u"no conversion stands at character 4"},
+        {u"%--5d", 1, u"no conversion stands at character 1"},
+        {u"%0:0:d", 1, u"no conversion stands at character 1"},
+        {u"%\u0164", 1, u"no conversion stands at character 1"},
+        {u"%\xD800", 1, u"no conversion stands at character 1"},
+        {u"%*:d", -1, u"the index -1 is negative"},
     };
     for (const auto& test : misfits) {
         const UnicodeString format(test.format);
         EXPECT_EQ(FailureOf(format, {test.argument}),
-                  u"Format '" + format + u"' invalid or incompatible with argument");
+                  u"Format '" + format + u"' invalid or incompatible with argument: " + test.why);
     }
-    for (const char16_t* format : {u"%d%d", u"%1:d", u"%4294967296:d", u"%*d", u"%.*d"}) {
-        EXPECT_EQ(FailureOf(format, {1}), u"No argument for format '" + UnicodeString(format) + u"'");
+    EXPECT_EQ(FailureOf(u"%s|%d|%s", {u"a", 5, true}),
+              u"Format '%s|%d|%s' invalid or incompatible with argument: argument 3, a truth value, doesn't "
+              u"fit %s");
+    const struct
+    {
+        const char16_t* format;
+        const char16_t* which;
+    } missing[] = {
+        {u"%d%5d", u"%5d takes argument 2"},
+        {u"%1:d", u"%1:d takes argument 2"},
+        {u"%4294967296:d", u"%4294967296:d takes argument 65536"},
+        {u"%*d", u"%*d takes argument 2"},
+        {u"%.*d", u"%.*d takes argument 2"},
+    };
+    for (const auto& [format, which] : missing) {
+        EXPECT_EQ(FailureOf(format, {1}),
+                  u"No argument for format '" + UnicodeString(format) + u"': " + which);
     }
+}
+
+TEST(FormatTest, WritesATruthValueAsAnInteger)
+{
+    EXPECT_EQ(Sysutils::Format(u"%d %.2d %x", true, false, true), u"1 00 1");
 }
 
 TEST(FormatTest, KeepsTheResultOnFailure)

@@ -171,40 +171,50 @@ TEST(PropValueTest, TakesValuesOfOtherTypes)
 
 TEST(PropValueTest, NamesTheValueAndThePropertyItCannotHold)
 {
-    const auto* const flags = u": False, True";
-    const auto* const kinds = u": gkRound, gkSquare, gkFree";
-    const auto* const setKinds = u": gkSquare, gkFree";
+    const Support::FormatSettingsGuard guard;
+    Sysutils::FormatSettings.DecimalSeparator = u'.';
+    const auto* const small = u"a whole number from 0 to 255";
+    const auto* const large = u"a whole number from -9223372036854775808 to 9223372036854775807";
+    const auto* const unsignedLarge = u"a whole number from 0 to 18446744073709551615";
+    const auto* const narrow = u"one character of the 8-bit code page";
+    const auto* const wide = u"one character of 16 bits";
+    const auto* const flags = u"False, True";
+    const auto* const kinds = u"gkRound, gkSquare, gkFree";
+    const auto* const setKinds = u"gkSquare, gkFree";
+    const auto* const number = u"a number with '.' as decimal separator";
     const struct
     {
         const char16_t* name;
         const char16_t* value;
-        const char16_t* names = u"";
+        const char16_t* expected;
     } cases[] = {
-        {u"Small", u"256"},
-        {u"Small", u"-1"},
-        {u"Small", u""},
-        {u"Small", u"x"},
-        {u"Small", u"7.5"},
-        {u"Large", u"1e30"},
-        {u"Large", u"-0.5"},
-        {u"UnsignedLarge", u"-1"},
-        {u"UnsignedLarge", u"0.5"},
+        {u"Small", u"256", small},
+        {u"Small", u"-1", small},
+        {u"Small", u"", small},
+        {u"Small", u"x", small},
+        {u"Small", u"7.5", small},
+        {u"Large", u"1e30", large},
+        {u"Large", u"-0.5", large},
+        {u"UnsignedLarge", u"-1", unsignedLarge},
+        {u"UnsignedLarge", u"0.5", unsignedLarge},
         {u"Flag", u"maybe", flags},
-        {u"Narrow", u"→"},
-        {u"Narrow", u""},
-        {u"Wide", u"ab"},
-        {u"Wide", u"💡"},
+        {u"Narrow", u"→", narrow},
+        {u"Narrow", u"", narrow},
+        {u"Wide", u"ab", wide},
+        {u"Wide", u"💡", wide},
         {u"Kind", u"gkBlue", kinds},
         {u"Kind", u"6", kinds},
         {u"Kind", u"3.5", kinds},
         {u"Kinds", u"[gkRound]", setKinds},
         {u"Kinds", u"[gkFree,]x", setKinds},
         {u"Kinds", u"99", setKinds},
-        {u"Number", u"one"},
-        {u"Date", u"31.2.2022"},
+        {u"Number", u"one", number},
+        {u"Number", u"2,5", number},
+        {u"Money", u"much", number},
+        {u"Date", u"31.2.2022", u"a date such as 2022-02-28"},
     };
     Gauge gauge;
-    for (const auto& [name, value, names] : cases) {
+    for (const auto& [name, value, expected] : cases) {
         SCOPED_TRACE(UnicodeString(name) + u" " + value);
         const UnicodeString before = GetPropText(&gauge, name);
         try {
@@ -212,9 +222,15 @@ TEST(PropValueTest, NamesTheValueAndThePropertyItCannotHold)
             ADD_FAILURE() << "it was taken";
         } catch (const EPropertyConvertError& error) {
             EXPECT_EQ(error.getMessage(),
-                      u"'" + UnicodeString(value) + u"' is no value of property " + name + names);
+                      u"'" + UnicodeString(value) + u"' is no value of property " + name + u": " + expected);
         }
         EXPECT_EQ(GetPropText(&gauge, name), before);
+    }
+    try {
+        SetOrdProp(&gauge, u"Small", 256);
+        ADD_FAILURE() << "it was taken";
+    } catch (const EPropertyConvertError& error) {
+        EXPECT_EQ(error.getMessage(), u"256 is no value of property Small: " + UnicodeString(small));
     }
     SetPropText(&gauge, u"Small", u"7.0");
     EXPECT_EQ(gauge.small, 7);

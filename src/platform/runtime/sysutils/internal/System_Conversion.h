@@ -60,6 +60,14 @@ enum class EHexDigits
     return result;
 }
 
+/// What an argument is, for a message.
+[[nodiscard]] inline const WideChar* KindOf(const TVarRec& argument)
+{
+    constexpr std::array<const WideChar*, std::variant_size_v<TVarRec::TValue>> kinds = {
+        u"an integer", u"an integer", u"a float", u"a character", u"a text", u"a pointer"};
+    return argument.IsBool() ? u"a truth value" : kinds[argument.getValue().index()];
+}
+
 /// What all languages of formats share: the walk over a format in one width, the arguments, and the padding.
 /// A language derives from it and prints one conversion at a time.
 template <class S>
@@ -87,6 +95,7 @@ protected:
             if (mRest.empty()) {
                 break;
             }
+            mConversion = mRest;
             mRest.remove_prefix(1);
             if (Accept('%')) {
                 mOut.Add(Char('%'));
@@ -146,7 +155,8 @@ protected:
     char TakeLetter(std::string_view letters)
     {
         if (mRest.empty() || !IsOneOf(mRest[0], letters)) {
-            Misfit();
+            const auto place = static_cast<Int64>(mFormat.size() - mConversion.size()) + 1;
+            Misfit(u"no conversion stands at character " + UnicodeString(place));
         }
         const char letter = static_cast<char>(mRest[0]);
         mRest.remove_prefix(1);
@@ -156,7 +166,9 @@ protected:
     const TVarRec& Next()
     {
         if (mNext >= mArguments.size()) {
-            throw Sysutils::EConvertError(u"No argument for format '" + UnicodeString(S(mFormat)) + u"'");
+            throw Sysutils::EConvertError(u"No argument for format '" + UnicodeString(S(mFormat)) + u"': " +
+                                          ConversionText() + u" takes argument " +
+                                          UnicodeString(static_cast<UInt64>(mNext) + 1));
         }
         return mArguments[mNext++];
     }
@@ -167,15 +179,22 @@ protected:
     {
         const T* value = std::get_if<T>(&Next().getValue());
         if (value == nullptr) {
-            Misfit();
+            ArgumentMisfit();
         }
         return *value;
     }
 
-    [[noreturn]] void Misfit() const
+    [[noreturn]] void Misfit(const UnicodeString& why) const
     {
         throw Sysutils::EConvertError(u"Format '" + UnicodeString(S(mFormat)) +
-                                      u"' invalid or incompatible with argument");
+                                      u"' invalid or incompatible with argument: " + why);
+    }
+
+    /// The argument that was taken last isn't what the conversion needs.
+    [[noreturn]] void ArgumentMisfit() const
+    {
+        Misfit(u"argument " + UnicodeString(static_cast<UInt64>(mNext)) + u", " +
+               KindOf(mArguments[mNext - 1]) + u", doesn't fit " + ConversionText());
     }
 
     enum class ESign
@@ -193,7 +212,7 @@ protected:
         }
         const auto* value = std::get_if<Int64>(&argument.getValue());
         if (value == nullptr) {
-            Misfit();
+            ArgumentMisfit();
         }
         const auto bits = static_cast<UInt64>(*value);
         if (sign == ESign::Apart) {
@@ -240,7 +259,7 @@ protected:
     {
         constexpr int mostMade = 1 << 24;
         if (made > mostMade - mMade) {
-            Misfit();
+            Misfit(u"it makes more than " + UnicodeString(mostMade) + u" characters");
         }
         mMade += made;
     }
@@ -251,6 +270,14 @@ protected:
     std::size_t mNext = 0;
 
 private:
+    /// The conversion under way, as far as it is read.
+    UnicodeString ConversionText() const
+    {
+        return UnicodeString(S(mConversion.substr(0, mConversion.size() - mRest.size())));
+    }
+
+    /// The format from the conversion under way on.
+    View mConversion;
     int mMade = 0;
     GTextBuffer<S> mOut;
 };
