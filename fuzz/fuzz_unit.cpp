@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/UTL_STR_Utilities.h"
+#include "platform/base/Sysutils_Exception.h"
 #include "support/Fuzz.h"
+#include "text/numbers/BTL_NUM_Limits.h"
 #include "text/numbers/BTL_NUM_Numbers.h"
 #include "text/numbers/BTL_NUM_Units.h"
 #include "text/numbers/BTL_NUM_Version.h"
@@ -64,9 +66,29 @@ void ReadText(const S& text)
     static_cast<void>(BTL::ClearPrefix(text));
 }
 
+/// Limits that are read have their order; both forms refuse the same texts.
+void ReadLimits(const UnicodeString& text)
+{
+    BTL::TLimits limits;
+    UnicodeString unit;
+    if (!BTL::ParseLimits(text, limits, unit)) {
+        try {
+            BTL::ParseLimits(text);
+            Require(false);
+        } catch (const Sysutils::EConvertError&) {
+        }
+        return;
+    }
+    Require(BTL::ParseLimits(text) == limits);
+    Require(!limits.lower || !limits.upper || *limits.lower <= *limits.upper);
+    for (const auto& limit : {limits.lower, limits.upper}) {
+        Require(!limit || !BTL::ValueWithUnitToStr(*limit, unit).IsEmpty());
+    }
+}
+
 } // namespace
 
-/// Reads any text, in both widths, as words, numbers, values with units and versions.
+/// Reads any text, in both widths, as words, numbers, values with units, limits and versions.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const AnsiString narrow(Fuzz::Bytes(data, size));
@@ -89,6 +111,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Require(BTL::ToValueWithUnit(wide.SubString(found.position, found.length), value, unit));
         Require(value == found.value && unit == found.unit);
     }
+    ReadLimits(wide);
     double narrowValue = 0;
     double wideValue = 0;
     Require(BTL::ValueWithUnitToDouble(narrow, narrowValue) == BTL::ValueWithUnitToDouble(wide, wideValue));

@@ -158,7 +158,7 @@ TEST_F(StoredPropTest, NamesWhatItCannotRead)
             BTL::SetStoredProp(&record, name, text);
             ADD_FAILURE() << "it was taken";
         } catch (const EPropertyConvertError& error) {
-            const UnicodeString message = error.getMessage();
+            const UnicodeString& message = error.getMessage();
             EXPECT_NE(message.Pos(name), 0);
             EXPECT_EQ(message.Pos(u": a number with '.'") != 0, name == UnicodeString(u"Number") ||
                                                                     name == UnicodeString(u"Single") ||
