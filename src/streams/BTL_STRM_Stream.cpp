@@ -3,6 +3,8 @@
 
 #include "foundation/UTL_ASRT_Assert.h"
 #include "foundation/UTL_STR_Words.h"
+#include "platform/base/Sysutils_StrictEncoding.h"
+#include "streams/BTL_STRM_TextWriter.h"
 #include "streams/internal/BTL_STRM_Scan.h"
 
 #include <algorithm>
@@ -158,6 +160,16 @@ Int64 Search(const AnsiString& text, TStream* stream, int start)
     Detail::CPatternScan scan(text.AsView());
     const auto found = Detail::ReadTo(*stream, std::ref(scan), Detail::Ignore);
     return found ? stream->getPosition() - text.Length() : -1;
+}
+
+AnsiString BytesOfText(std::u16string_view text)
+{
+    System::RawByteString bytes;
+    int fault = 0;
+    if (!Sysutils::TryEncode(System::DefaultSystemCodePage, text, bytes, &fault)) {
+        throw ECharacterFault(text, fault);
+    }
+    return AnsiString(bytes.AsView());
 }
 
 // MStream

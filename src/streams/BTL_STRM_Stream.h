@@ -54,14 +54,18 @@ enum EStreamSync : int
 /// internal fault, and has nothing if the user lets that pass.
 TRS8_BTL_API System::Int64 Search(const System::AnsiString& text, Classes::TStream* stream, int start);
 
+/// The bytes of wide text in the code page of a `System::AnsiString`, for what writes bytes.
+/// `ECharacterFault`, an `Sysutils::EConvertError`, at a character that the code page lacks, where
+/// `AnsiString(text)` puts `?`.
+[[nodiscard]] TRS8_BTL_API System::AnsiString BytesOfText(std::u16string_view text);
+
 /// Reads and writes binary values and lines on a stream that somebody else owns, at its position. Numbers are
 /// little-endian. What the stream can't give raises `Classes::EReadError`, what it can't take
 /// `Classes::EWriteError`. It has no state: a text that the end cuts off is as one that its delimiter ends,
 /// and none is empty, so that `BTL::Eof` tells whether there is one. Bytes are `System::AnsiString` values.
-/// Wide text, of which their code page may lack characters, is given as `AnsiString(text)`, or its UTF-8 as
-/// `AnsiString(System::ToUtf8(text))`; it doesn't compile by itself. A stream of one's own class that is read
-/// up to some byte is asked for single bytes, so that it stands exactly behind it; on a `CReadAheadStream` it
-/// is read in blocks.
+/// Wide text is written as `BytesOfText` gives it; its UTF-8 is `AnsiString(System::ToUtf8(text))`. A stream
+/// of one's own class that is read up to some byte is asked for single bytes, so that it stands exactly
+/// behind it; on a `CReadAheadStream` it is read in blocks.
 class TRS8_BTL_API MStream
 {
 public:
@@ -88,29 +92,41 @@ public:
     void WriteInteger(int value);
     void WriteDouble(double value);
     void WriteString(const System::AnsiString& text);
-    template <std::convertible_to<std::u16string_view> PassAnsiString>
-    void WriteString(const PassAnsiString& text) = delete;
+    template <std::convertible_to<std::u16string_view> WideText>
+    void WriteString(const WideText& text)
+    {
+        WriteString(BytesOfText(text));
+    }
 
     /// None for a negative count.
     System::AnsiString ReadBuffer(int count);
     void WriteBuffer(const System::AnsiString& bytes);
-    template <std::convertible_to<std::u16string_view> PassAnsiString>
-    void WriteBuffer(const PassAnsiString& bytes) = delete;
+    template <std::convertible_to<std::u16string_view> WideText>
+    void WriteBuffer(const WideText& text)
+    {
+        WriteBuffer(BytesOfText(text));
+    }
     /// Up to `count` bytes, fewer at the end.
     System::DynamicArray<unsigned char> ReadBytes(System::Int64 count);
     void WriteBytes(const System::DynamicArray<unsigned char>& bytes);
     /// As the stream's `Write`: the count of bytes done.
     int Write(const System::AnsiString& bytes);
-    template <std::convertible_to<std::u16string_view> PassAnsiString>
-    int Write(const PassAnsiString& bytes) = delete;
+    template <std::convertible_to<std::u16string_view> WideText>
+    int Write(const WideText& text)
+    {
+        return Write(BytesOfText(text));
+    }
     int Write(const char* bytes, int count);
 
     /// The whole stream from its beginning on; of one that can't seek, as a pipe, what is left.
     System::AnsiString ReadAll();
     /// Makes `text` the whole stream.
     void WriteAll(const System::AnsiString& text);
-    template <std::convertible_to<std::u16string_view> PassAnsiString>
-    void WriteAll(const PassAnsiString& text) = delete;
+    template <std::convertible_to<std::u16string_view> WideText>
+    void WriteAll(const WideText& text)
+    {
+        WriteAll(BytesOfText(text));
+    }
 
     /// The bytes in front of the delimiter, which is read too, or up to the end.
     System::AnsiString ReadUntil(char delimiter);
@@ -122,8 +138,11 @@ public:
     System::AnsiString ReadLineUntil(char delimiter, bool& newLine);
     /// Adds a line end (CR LF) unless the text has one.
     void WriteLine(const System::AnsiString& text);
-    template <std::convertible_to<std::u16string_view> PassAnsiString>
-    void WriteLine(const PassAnsiString& text) = delete;
+    template <std::convertible_to<std::u16string_view> WideText>
+    void WriteLine(const WideText& text)
+    {
+        WriteLine(BytesOfText(text));
+    }
     void WriteEOL();
 
     /// The next word, with the place of its first byte; the byte behind it is read too. Letters and `_` begin

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/runtime/classes/Classes_Stream.h"
+#include "streams/BTL_STRM_Stream.h"
 
 #include <concepts>
 #include <string_view>
@@ -60,9 +61,8 @@ TRS8_BTL_API System::AnsiString ReadLine(Classes::TStream* stream);
 TRS8_BTL_API System::AnsiString ReadBytes(Classes::TStream* stream, int count);
 
 // The bytes alone; `Classes::EWriteError` if they can't all be written. Text of another code page keeps its
-// bytes: that of a `System::UTF8String` is UTF-8. Wide text has none, and the code page of an `AnsiString`
-// would lose characters, so a call with it doesn't compile: pass `System::UTF8String(text)`, or `AnsiString`
-// where the code page is meant.
+// bytes: that of a `System::UTF8String` is UTF-8. Wide text is written as
+// `BytesOfText` gives it; for UTF-8 pass `System::UTF8String(text)`.
 
 TRS8_BTL_API void WriteString(Classes::TStream* stream, const System::AnsiString& text);
 template <System::CodePage CP>
@@ -70,12 +70,18 @@ void WriteString(Classes::TStream* stream, const System::AnsiStringT<CP>& text)
 {
     WriteString(stream, System::AnsiString(text.AsView()));
 }
-template <std::convertible_to<std::u16string_view> PassUTF8StringOrAnsiString>
-void WriteString(Classes::TStream* stream, const PassUTF8StringOrAnsiString& text) = delete;
+template <std::convertible_to<std::u16string_view> WideText>
+void WriteString(Classes::TStream* stream, const WideText& text)
+{
+    WriteString(stream, BytesOfText(text));
+}
 /// As `WriteString`, but text of another code page is turned into that of an `AnsiString`.
 TRS8_BTL_API void WriteAnsiString(Classes::TStream* stream, const System::AnsiString& text);
-template <std::convertible_to<std::u16string_view> PassAnsiString>
-void WriteAnsiString(Classes::TStream* stream, const PassAnsiString& text) = delete;
+template <std::convertible_to<std::u16string_view> WideText>
+void WriteAnsiString(Classes::TStream* stream, const WideText& text)
+{
+    WriteAnsiString(stream, BytesOfText(text));
+}
 /// Wide text is converted, which loses nothing but lone surrogates.
 TRS8_BTL_API void WriteUTF8String(Classes::TStream* stream, const System::UTF8String& text);
 /// CR LF.
@@ -99,21 +105,28 @@ void SaveStringToStream(Classes::TStream* stream, const System::AnsiStringT<CP>&
 {
     WriteString(stream, text);
 }
-template <std::convertible_to<std::u16string_view> PassUTF8StringOrAnsiString>
-void SaveStringToStream(Classes::TStream* stream, const PassUTF8StringOrAnsiString& text) = delete;
+template <std::convertible_to<std::u16string_view> WideText>
+void SaveStringToStream(Classes::TStream* stream, const WideText& text)
+{
+    SaveStringToStream(stream, BytesOfText(text));
+}
 /// All from the position on, up to 2 GB; `Sysutils::EOutOfMemory` if there is more.
 TRS8_BTL_API System::AnsiString LoadStringFromStream(Classes::TStream* stream);
 /// Makes the bytes of `text` the whole file: UTF-8 with `System::UTF8String(text)`, as `CTextReader` reads
-/// it. Wide text doesn't compile, as for `WriteString`. `Classes::EFCreateError` if the file can't be made,
-/// `Classes::EWriteError` if the host doesn't take all of it.
+/// it. Wide text is written as `BytesOfText` gives it, before the file is opened.
+/// `Classes::EFCreateError` if the file can't be made, `Classes::EWriteError` if the host doesn't take all of
+/// it.
 TRS8_BTL_API void SaveStringToFile(const System::UnicodeString& path, const System::AnsiString& text);
 template <System::CodePage CP>
 void SaveStringToFile(const System::UnicodeString& path, const System::AnsiStringT<CP>& text)
 {
     SaveStringToFile(path, System::AnsiString(text.AsView()));
 }
-template <std::convertible_to<std::u16string_view> PassUTF8StringOrAnsiString>
-void SaveStringToFile(const System::UnicodeString& path, const PassUTF8StringOrAnsiString& text) = delete;
+template <std::convertible_to<std::u16string_view> WideText>
+void SaveStringToFile(const System::UnicodeString& path, const WideText& text)
+{
+    SaveStringToFile(path, BytesOfText(text));
+}
 /// The whole file, shared with all: also one that a `CTextWriter` or a log has open. `Classes::EFOpenError`
 /// if it can't be opened.
 TRS8_BTL_API System::AnsiString LoadStringFromFile(const System::UnicodeString& path);

@@ -60,6 +60,11 @@ ECharacterFault::ECharacterFault(int place, char32_t character)
 {
 }
 
+ECharacterFault::ECharacterFault(std::u16string_view text, int place)
+    : ECharacterFault(place, CharacterAt(text, static_cast<std::size_t>(place) - 1))
+{
+}
+
 ECharacterFault::~ECharacterFault() = default;
 
 UnicodeString ECharacterFault::getReason() const

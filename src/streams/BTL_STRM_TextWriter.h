@@ -11,11 +11,13 @@
 namespace BTL
 {
 
-/// A character that the encoding of a `CTextWriter` lacks, where that encodes strictly.
+/// A character that the encoding lacks, where a `CTextWriter` or `BytesOfText` encodes strictly.
 class TRS8_BTL_API ECharacterFault : public Sysutils::EConvertError
 {
 public:
     ECharacterFault(int place, char32_t character);
+    /// Of the character at a 1-based place of `text`.
+    ECharacterFault(std::u16string_view text, int place);
     ~ECharacterFault() override;
 
     /// The place of the character in the text that was to be written, in units of that text from 1 on; 0 if

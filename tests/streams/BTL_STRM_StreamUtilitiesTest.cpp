@@ -291,9 +291,43 @@ constexpr int ByteWritersTaking()
 static_assert(ByteWritersTaking<AnsiString>() == 9);
 static_assert(ByteWritersTaking<System::RawByteString>() == 9);
 static_assert(ByteWritersTaking<char[4]>() == 9);
-static_assert(ByteWritersTaking<System::UnicodeString>() == 0);
-static_assert(ByteWritersTaking<char16_t[4]>() == 0);
-static_assert(ByteWritersTaking<std::u16string_view>() == 0);
+static_assert(ByteWritersTaking<System::UnicodeString>() == 9);
+static_assert(ByteWritersTaking<char16_t[4]>() == 9);
+static_assert(ByteWritersTaking<std::u16string_view>() == 9);
+
+TEST(StreamUtilitiesTest, WriteWideTextWholeOrNotAtAll)
+{
+    const Support::TempFolder folder;
+    const System::UnicodeString path = System::FromUtf8((folder.Path() / "file").string());
+    BTL::SaveStringToFile(path, u"5 \u00B5, 2 \u20AC");
+    EXPECT_EQ(BTL::LoadStringFromFile(path), "5 \xB5, 2 \x80");
+    try {
+        BTL::SaveStringToFile(path, u"2 \u03A9");
+        ADD_FAILURE();
+    } catch (const BTL::ECharacterFault& fault) {
+        EXPECT_EQ(fault.getPlace(), 3);
+        EXPECT_EQ(fault.getCharacter(), 0x3A9U);
+    }
+    EXPECT_EQ(BTL::LoadStringFromFile(path), "5 \xB5, 2 \x80");
+
+    Classes::TMemoryStream stream;
+    BTL::MStream binary(&stream);
+    const std::function<void(const System::UnicodeString&)> writers[] = {
+        [&](const auto& text) { BTL::SaveStringToStream(&stream, text); },
+        [&](const auto& text) { BTL::WriteString(&stream, text); },
+        [&](const auto& text) { BTL::WriteAnsiString(&stream, text); },
+        [&](const auto& text) { binary.WriteBuffer(text); },
+        [&](const auto& text) { binary.Write(text); },
+        [&](const auto& text) { binary.WriteAll(text); },
+    };
+    for (const auto& write : writers) {
+        stream.Clear();
+        EXPECT_THROW(write(u"2 \u03A9"), BTL::ECharacterFault);
+        EXPECT_EQ(stream.getSize(), 0);
+        write(u"2 \u00B5");
+        EXPECT_EQ(binary.ReadAll(), "2 \xB5");
+    }
+}
 
 TEST(StreamUtilitiesTest, KeepTheBytesOfAnyCodePage)
 {
