@@ -143,6 +143,7 @@ public:
     {
         WriteLine(BytesOfText(text));
     }
+    /// CR LF.
     void WriteEOL();
 
     /// The next word, with the place of its first byte; the byte behind it is read too. Letters and `_` begin
