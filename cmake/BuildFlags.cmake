@@ -25,7 +25,8 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(trs8_flags INTERFACE -Wno-restrict)
     if(TRS8_BTL_SANITIZE)
         # The checks that are woven in hide initialisations and sizes from the compiler's flow analysis.
-        target_compile_options(trs8_flags INTERFACE -Wno-maybe-uninitialized -Wno-array-bounds)
+        target_compile_options(trs8_flags INTERFACE -Wno-maybe-uninitialized -Wno-array-bounds
+                                                    -Wno-stringop-overflow)
     endif()
 endif()
 
