@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/Toolkit.h"
 
+#include "platform/runtime/classes/internal/Classes_ThreadState.h"
 #include "platform/toolkit/headless/HeadlessToolkit.h"
 
+#include <atomic>
 #include <cstdlib>
 #include <iostream>
 #include <mutex>
@@ -36,6 +38,53 @@ std::unique_ptr<Toolkit> ChooseToolkit()
     }
     return std::make_unique<HeadlessToolkit>();
 }
+
+/// The message by which the loop serves what threads hand over to the main thread. One is on its way at a time,
+/// however much waits.
+class WakeUp
+{
+public:
+    static void Post()
+    {
+        if (!onItsWay.exchange(true)) {
+            CurrentToolkit().Post([wakeUp = std::make_shared<WakeUp>()] { wakeUp->Handle(); });
+        }
+    }
+
+    WakeUp() = default;
+    WakeUp(const WakeUp&) = delete;
+    WakeUp& operator=(const WakeUp&) = delete;
+    ~WakeUp()
+    {
+        if (mIsHandled) {
+            return;
+        }
+        // Its toolkit went first; the next one takes over.
+        onItsWay = false;
+        if (Classes::CThreads::Instance().IsAnyCallWaiting()) {
+            Post();
+        }
+    }
+
+private:
+    void Handle()
+    {
+        mIsHandled = true;
+        onItsWay = false;
+        Classes::CheckSynchronize();
+    }
+
+    static inline std::atomic<bool> onItsWay = false;
+    bool mIsHandled = false;
+};
+
+/// Lets the threads of the run time reach the message loop.
+struct LinkToThreads
+{
+    LinkToThreads() { Classes::WakeMainThread = &WakeUp::Post; }
+};
+
+const LinkToThreads linkToThreads;
 
 } // namespace
 
