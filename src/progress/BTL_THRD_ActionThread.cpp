@@ -28,8 +28,7 @@ void LogFault(const std::exception_ptr& fault)
 
 System::TMetaClass* TActionThread::ClassRecord()
 {
-    static System::TMetaClass* const record =
-        System::GClassBuilder<TActionThread>(u"TActionThread").Build();
+    static System::TMetaClass* const record = System::GClassBuilder<TActionThread>(u"TActionThread").Build();
     return record;
 }
 
@@ -40,7 +39,9 @@ TActionThread::TActionThread(bool createSuspended, bool synchronized, bool proce
 
 TActionThread::TActionThread(const TAction& action, bool createSuspended, bool synchronized,
                              bool processMessages)
-    : TThread(createSuspended), mSynchronized(synchronized), mAction(action),
+    : TThread(createSuspended),
+      mSynchronized(synchronized),
+      mAction(action),
       mProcessMessages(processMessages)
 {
     AfterConstruction();
@@ -48,7 +49,9 @@ TActionThread::TActionThread(const TAction& action, bool createSuspended, bool s
 
 TActionThread::TActionThread(const TThreadAction& threadAction, bool createSuspended, bool,
                              bool processMessages)
-    : TThread(createSuspended), mSynchronized(false), mThreadAction(threadAction),
+    : TThread(createSuspended),
+      mSynchronized(false),
+      mThreadAction(threadAction),
       mProcessMessages(processMessages)
 {
     AfterConstruction();

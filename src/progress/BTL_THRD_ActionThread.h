@@ -27,8 +27,8 @@ public:
     using TAction = System::TClosure<void()>;
     using TThreadAction = System::TClosure<void(TActionThread*)>;
 
-    /// For a derived class with an `Execute` of its own; its constructor calls `AfterConstruction` at its end,
-    /// which starts the thread unless `createSuspended`.
+    /// For a derived class with an `Execute` of its own; its constructor calls `AfterConstruction` at its
+    /// end, which starts the thread unless `createSuspended`.
     TActionThread(bool createSuspended, bool synchronized, bool processMessages);
     /// Runs `action`, which may be null: with `synchronized` in the main thread, while the thread paces it,
     /// else in the thread. With `processMessages` the main thread handles its messages after each action.
@@ -37,8 +37,8 @@ public:
     /// says.
     TActionThread(const TThreadAction& threadAction, bool createSuspended, bool synchronized,
                   bool processMessages);
-    /// Starts no further action and waits for one that is under way. An action that the main thread has yet to
-    /// run is taken back.
+    /// Starts no further action and waits for one that is under way. An action that the main thread has yet
+    /// to run is taken back.
     ~TActionThread() override;
 
     /// Runs actions again, in a thread that is suspended; nothing happens in one that isn't, also if it is
@@ -62,8 +62,8 @@ public:
     /// As the member, but does nothing for null.
     static void Kill(TActionThread* thread);
 
-    /// Always false, with the last error 120: no thread can be cut off safely. It would keep the locks that it
-    /// holds, that of the memory among them, so that the rest of the process stood still soon, and nothing
+    /// Always false, with the last error 120: no thread can be cut off safely. It would keep the locks that
+    /// it holds, that of the memory among them, so that the rest of the process stood still soon, and nothing
     /// that it had begun would be ended. Let actions be short, or look at `getTerminated`.
     bool TerminateThread();
     /// Ends the thread from within its action; destructors run. `code` is what `WaitFor` gives. Raises
@@ -100,9 +100,9 @@ private:
 /// Whether the calling thread is that of `System::MainThreadID`.
 [[nodiscard]] TRS8_BTL_API bool IsTheCurrentThreadTheMainThread();
 
-/// Runs `method` in the main thread and waits for its end; what it raises comes out here. In the main thread it
-/// is called directly. A null method does nothing. It is taken back without having run when the object of the
-/// calling thread is destroyed, or the process ends.
+/// Runs `method` in the main thread and waits for its end; what it raises comes out here. In the main thread
+/// it is called directly. A null method does nothing. It is taken back without having run when the object of
+/// the calling thread is destroyed, or the process ends.
 TRS8_BTL_API void SynchronizeWithMainThread(const Classes::TThreadMethod& method);
 
 } // namespace BTL

@@ -30,7 +30,8 @@ CTimer::operator bool()
         return false;
     }
     const std::uint32_t now = GetTickCount();
-    // A counter below the start has passed its wrap, also if it has passed the end since it was last looked at.
+    // A counter below the start has passed its wrap, also if it has passed the end since it was last looked
+    // at.
     mIsEndBehindWrap = mIsEndBehindWrap && mEnd < now && mStart <= now;
     mHasRunOut = !mIsEndBehindWrap && mEnd <= now;
     return !mHasRunOut;

@@ -54,8 +54,7 @@ bool NameThread(unsigned long thread, const System::UnicodeString& name)
     const std::string text = CutName(System::ToUtf8(name));
     const std::string path = "/proc/self/task/" + std::to_string(thread) + "/comm";
     const Descriptor file(open(path.c_str(), O_WRONLY | O_CLOEXEC));
-    return file.IsOpen() &&
-           write(file.Get(), text.data(), text.size()) == static_cast<ssize_t>(text.size());
+    return file.IsOpen() && write(file.Get(), text.data(), text.size()) == static_cast<ssize_t>(text.size());
 }
 
 } // namespace Host

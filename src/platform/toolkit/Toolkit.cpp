@@ -39,49 +39,33 @@ std::unique_ptr<Toolkit> ChooseToolkit()
     return std::make_unique<HeadlessToolkit>();
 }
 
-/// The message by which the loop serves what threads hand over to the main thread. One is on its way at a time,
-/// however much waits.
-class WakeUp
+/// Whether the message is on its way by which the loop serves what threads hand over to the main thread. One
+/// is enough, however much waits.
+std::atomic<bool> isWakeUpOnItsWay = false;
+
+void PostWakeUp()
 {
-public:
-    static void Post()
-    {
-        if (!onItsWay.exchange(true)) {
-            CurrentToolkit().Post([wakeUp = std::make_shared<WakeUp>()] { wakeUp->Handle(); });
-        }
+    if (!isWakeUpOnItsWay.exchange(true)) {
+        CurrentToolkit().Post([] {
+            isWakeUpOnItsWay = false;
+            Classes::CheckSynchronize();
+        });
     }
+}
 
-    WakeUp() = default;
-    WakeUp(const WakeUp&) = delete;
-    WakeUp& operator=(const WakeUp&) = delete;
-    ~WakeUp()
-    {
-        if (mIsHandled) {
-            return;
-        }
-        // Its toolkit went first; the next one takes over.
-        onItsWay = false;
-        if (Classes::CThreads::Instance().IsAnyCallWaiting()) {
-            Post();
-        }
+/// What the former toolkit was to be woken for is up to the current one.
+void MoveWakeUp()
+{
+    isWakeUpOnItsWay = false;
+    if (Classes::CThreads::Instance().IsAnyCallWaiting()) {
+        PostWakeUp();
     }
-
-private:
-    void Handle()
-    {
-        mIsHandled = true;
-        onItsWay = false;
-        Classes::CheckSynchronize();
-    }
-
-    static inline std::atomic<bool> onItsWay = false;
-    bool mIsHandled = false;
-};
+}
 
 /// Lets the threads of the run time reach the message loop.
 struct LinkToThreads
 {
-    LinkToThreads() { Classes::WakeMainThread = &WakeUp::Post; }
+    LinkToThreads() { Classes::WakeMainThread = &PostWakeUp; }
 };
 
 const LinkToThreads linkToThreads;
@@ -103,8 +87,13 @@ Toolkit& CurrentToolkit()
 std::unique_ptr<Toolkit> ExchangeToolkit(std::unique_ptr<Toolkit> toolkit)
 {
     TCurrent& current = Current();
-    const std::lock_guard lock(current.mutex);
-    return std::exchange(current.toolkit, std::move(toolkit));
+    std::unique_ptr<Toolkit> former;
+    {
+        const std::lock_guard lock(current.mutex);
+        former = std::exchange(current.toolkit, std::move(toolkit));
+    }
+    MoveWakeUp();
+    return former;
 }
 
 } // namespace Toolkits

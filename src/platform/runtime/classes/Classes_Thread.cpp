@@ -166,9 +166,8 @@ unsigned long TThread::getThreadID() const
 
 bool TThread::Synchronize(TThread* thread, const TThreadMethod& method)
 {
-    return !method ||
-           Threads().Synchronize(method, thread == nullptr ? nullptr : thread->mState.get(),
-                                 TMainCall::EKind::Synchronized);
+    return !method || Threads().Synchronize(method, thread == nullptr ? nullptr : thread->mState.get(),
+                                            TMainCall::EKind::Synchronized);
 }
 
 void TThread::Queue(TThread* thread, const TThreadMethod& method)

@@ -32,8 +32,8 @@ class TRS8_BTL_API TThread : public System::TObject
     TRS8_BTL_CLASS(TThread, System::TObject)
 
 public:
-    /// The thread waits for `AfterConstruction` or `WaitFor`, and if `createSuspended` for `Start` or `Resume`.
-    /// Raises `EThread` if the host has no thread left.
+    /// The thread waits for `AfterConstruction` or `WaitFor`, and if `createSuspended` for `Start` or
+    /// `Resume`. Raises `EThread` if the host has no thread left.
     explicit TThread(bool createSuspended = false);
     /// As `EndThread`.
     ~TThread() override;
@@ -48,14 +48,15 @@ public:
     /// Takes back one `Suspend`, or starts the thread; it goes on when all of them are taken back. Nothing
     /// happens to one that isn't suspended.
     void Resume();
-    /// Suspends the thread until `Resume` is called as often. It takes hold at once in the thread itself; asked
-    /// for from outside at the next `PassGate` of the thread, so that it never stops while it holds a lock.
+    /// Suspends the thread until `Resume` is called as often. It takes hold at once in the thread itself;
+    /// asked for from outside at the next `PassGate` of the thread, so that it never stops while it holds a
+    /// lock.
     void Suspend();
     /// Whether the thread is suspended or asked to be. Never of one that is terminated.
     bool getSuspended() const noexcept;
 
-    /// Asks the thread to end; one that is suspended goes on for that. One that has not begun ends without its
-    /// `Execute`.
+    /// Asks the thread to end; one that is suspended goes on for that. One that has not begun ends without
+    /// its `Execute`.
     void Terminate();
     /// Whether the thread is asked to end.
     bool getTerminated() const noexcept;
@@ -63,9 +64,9 @@ public:
     bool getFinished() const;
 
     /// Waits for the end of the thread and gives its return value; for one that is suspended until somebody
-    /// resumes or terminates it. In the main thread it runs what threads hand over meanwhile, and raises what a
-    /// queued method does. Raises `EThread` in the thread itself, and in a method that the main thread runs for
-    /// it.
+    /// resumes or terminates it. In the main thread it runs what threads hand over meanwhile, and raises what
+    /// a queued method does. Raises `EThread` in the thread itself, and in a method that the main thread runs
+    /// for it.
     int WaitFor();
 
     /// What `WaitFor` gives; at first 0.
@@ -87,20 +88,21 @@ public:
     /// The number of the thread, as of `::GetCurrentThreadId` in it.
     unsigned long getThreadID() const;
 
-    /// Runs `method` in the main thread and waits until it has; what it raises comes out here. It runs at once
-    /// if this is the main thread. False if it was taken back: since the object of the thread that waits, or
-    /// `thread`, is destroyed, or the process ends. It hasn't run then, or nobody waits for its end. A null
-    /// `thread` stands for none; the empty method does nothing.
+    /// Runs `method` in the main thread and waits until it has; what it raises comes out here. It runs at
+    /// once if this is the main thread. False if it was taken back: since the object of the thread that
+    /// waits, or `thread`, is destroyed, or the process ends. It hasn't run then, or nobody waits for its
+    /// end. A null `thread` stands for none; the empty method does nothing.
     static bool Synchronize(TThread* thread, const TThreadMethod& method);
     /// As the form with a thread, of this one.
     bool Synchronize(const TThreadMethod& method) { return Synchronize(this, method); }
     /// Hands `method` over to the main thread, which runs it some time later, and behind what was handed over
-    /// before; what it raises comes out of the message loop. It runs at once if this is the main thread. It is
-    /// taken back when `thread` is destroyed, also by `FreeOnTerminate`; a null `thread` stands for none.
+    /// before; what it raises comes out of the message loop. It runs at once if this is the main thread. It
+    /// is taken back when `thread` is destroyed, also by `FreeOnTerminate`; a null `thread` stands for none.
     static void Queue(TThread* thread, const TThreadMethod& method);
     /// As the form with a thread, of this one.
     void Queue(const TThreadMethod& method) { Queue(this, method); }
-    /// Takes back all that was handed to `Queue` with this thread and hasn't run, or all that equals `method`.
+    /// Takes back all that was handed to `Queue` with this thread and hasn't run, or all that equals
+    /// `method`.
     static void RemoveQueuedEvents(const TThread* thread);
     static void RemoveQueuedEvents(const TThreadMethod& method);
 
@@ -115,9 +117,9 @@ protected:
     virtual void DoTerminate();
     /// A safe point of `Execute`: waits here while the thread is suspended.
     void PassGate();
-    /// Ends the thread, for the destructor: asks it to terminate and waits for it. What it handed over is taken
-    /// back, so that it doesn't wait for the main thread; that one serves other threads meanwhile. In the
-    /// thread itself it returns at once.
+    /// Ends the thread, for the destructor: asks it to terminate and waits for it. What it handed over is
+    /// taken back, so that it doesn't wait for the main thread; that one serves other threads meanwhile. In
+    /// the thread itself it returns at once.
     void EndThread() noexcept;
     /// Leaves `Execute` from anywhere in it, in order: destructors run, and so does `OnTerminate`. `WaitFor`
     /// gives `returnValue`. Raises `EThread` outside the thread.

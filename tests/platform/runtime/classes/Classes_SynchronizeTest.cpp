@@ -71,7 +71,8 @@ TEST(SynchronizeTest, RunsAtOnceInTheMainThread)
     EXPECT_EQ(value, 1);
     TThread::Queue(nullptr, [&] { value = 2; });
     EXPECT_EQ(value, 2);
-    EXPECT_THROW(TThread::Synchronize(nullptr, [] { throw std::runtime_error("fault"); }), std::runtime_error);
+    EXPECT_THROW(TThread::Synchronize(nullptr, [] { throw std::runtime_error("fault"); }),
+                 std::runtime_error);
     EXPECT_FALSE(CheckSynchronize());
 }
 

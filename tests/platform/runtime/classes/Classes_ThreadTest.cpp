@@ -368,7 +368,7 @@ TEST(ThreadEndTest, TheProcessMayEndInWhatAThreadHandedOver)
 
 TEST(ThreadEndChild, DISABLED_EndsDespiteAThreadThatDoesNotHeed)
 {
-    static ThreadOf thread([](ThreadOf&) { std::this_thread::sleep_for(std::chrono::hours(1)); });
+    new ThreadOf([](ThreadOf&) { std::this_thread::sleep_for(std::chrono::hours(1)); });
     std::atexit([] { Support::PrintResult("ended"); });
 }
 

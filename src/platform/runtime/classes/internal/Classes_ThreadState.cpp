@@ -125,8 +125,30 @@ void CThreads::Leave(CThreadState& state)
 {
     const std::lock_guard lock(mMutex);
     state.isFinished = true;
-    std::erase_if(mThreads, [&](const CThreadStatePtr& entry) { return entry.get() == &state; });
+    if (state.isReleased) {
+        Forget(state);
+    }
     mChanged.notify_all();
+}
+
+void CThreads::Forget(const CThreadState& state)
+{
+    std::erase_if(mThreads, [&](const CThreadStatePtr& entry) { return entry.get() == &state; });
+}
+
+void CThreads::Release(CLock& lock, CThreadState& state)
+{
+    if (std::exchange(state.isReleased, true)) {
+        return;
+    }
+    if (!state.isFinished) {
+        state.thread.detach();
+        return;
+    }
+    lock.unlock();
+    state.thread.join();
+    lock.lock();
+    Forget(state);
 }
 
 bool CThreads::ClaimObject(CThreadState& state)
@@ -228,10 +250,7 @@ void CThreads::End(CThreadState& state) noexcept
     WithdrawAll([&](const TMainCall& call) { return IsRefused(call); });
     if (state.IsCurrent()) {
         state.isObjectGone = true;
-        lock.unlock();
-        if (state.thread.joinable()) {
-            state.thread.detach();
-        }
+        Release(lock, state);
         return;
     }
     if (isMain) {
@@ -242,34 +261,23 @@ void CThreads::End(CThreadState& state) noexcept
             }
         }
     }
-    const auto deadline = std::chrono::steady_clock::now() + LongestEnd;
     while (!state.isFinished) {
         if (isMain && ServeOne(lock, EServed::SynchronizedAlone)) {
             continue;
         }
         if (!mIsProcessEnding) {
             mChanged.wait(lock);
-        } else if (mChanged.wait_until(lock, deadline) == std::cv_status::timeout) {
+        } else if (mChanged.wait_until(lock, mDeadline) == std::cv_status::timeout) {
             break;
         }
     }
-    const bool isFinished = state.isFinished;
-    lock.unlock();
-    if (!state.thread.joinable()) {
-        return;
-    }
-    if (isFinished) {
-        state.thread.join();
-    } else {
-        state.thread.detach();
-    }
+    Release(lock, state);
 }
 
 bool CThreads::HaveAllEnded() const
 {
-    return std::all_of(mThreads.begin(), mThreads.end(), [](const CThreadStatePtr& state) {
-        return state->isFinished || state->IsCurrent();
-    });
+    return std::all_of(mThreads.begin(), mThreads.end(),
+                       [](const CThreadStatePtr& state) { return state->isFinished || state->IsCurrent(); });
 }
 
 void CThreads::EndAll() noexcept
@@ -279,7 +287,9 @@ void CThreads::EndAll() noexcept
         return;
     }
     CLock lock(mMutex);
-    mIsProcessEnding = true;
+    if (!std::exchange(mIsProcessEnding, true)) {
+        mDeadline = std::chrono::steady_clock::now() + LongestEnd;
+    }
     WithdrawAll([](const TMainCall&) { return true; });
     for (const CCallPtr& call : mRunning) {
         Withdraw(*call);
@@ -289,15 +299,19 @@ void CThreads::EndAll() noexcept
         ReleaseGate(*state);
     }
     mChanged.notify_all();
-    mChanged.wait_until(lock, std::chrono::steady_clock::now() + LongestEnd, [this] { return HaveAllEnded(); });
+    mChanged.wait_until(lock, mDeadline, [this] { return HaveAllEnded(); });
+    for (const CThreadStatePtr& state : std::vector(mThreads)) {
+        if (!state->IsCurrent()) {
+            Release(lock, *state);
+        }
+    }
 }
 
 bool CThreads::IsRefused(const TMainCall& call) const
 {
     const auto isDying = [&](const CThreadState* state) {
         // The last event is still told in the main thread, by the destructor that runs there.
-        return state != nullptr && state->isDying &&
-               !(call.kind == EKind::Ending && state->diesInMainThread);
+        return state != nullptr && state->isDying && !(call.kind == EKind::Ending && state->diesInMainThread);
     };
     return mIsProcessEnding || isDying(call.caller) || isDying(call.owner);
 }

@@ -5,6 +5,7 @@
 #include "platform/runtime/typinfo/System_Closure.h"
 
 #include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <exception>
@@ -50,7 +51,8 @@ public:
     std::exception_ptr fatalException;
     std::condition_variable resumed;
 
-    /// Of the object alone.
+    /// Joined or detached by who sets the flag.
+    bool isReleased = false;
     std::thread thread;
 };
 
@@ -59,8 +61,19 @@ using CThreadStatePtr = System::GSharedBlock<CThreadState>;
 /// What waits for the main thread.
 struct TMainCall
 {
-    enum class EKind { Queued, Synchronized, Ending };
-    enum class EProgress { Waiting, Running, Done, Withdrawn };
+    enum class EKind
+    {
+        Queued,
+        Synchronized,
+        Ending
+    };
+    enum class EProgress
+    {
+        Waiting,
+        Running,
+        Done,
+        Withdrawn
+    };
 
     TThreadMethod method;
     EKind kind = EKind::Queued;
@@ -100,13 +113,13 @@ public:
     void Terminate(CThreadState& state);
     void PassGate(CThreadState& state);
 
-    /// Waits for the end of the thread; the main thread serves the others meanwhile. Raises `EThread` where it
-    /// would wait for itself.
+    /// Waits for the end of the thread; the main thread serves the others meanwhile. Raises `EThread` where
+    /// it would wait for itself.
     void WaitFor(CThreadState& state);
     /// For the destructor of the object: ends the thread, and what it has handed over or waits for.
     void End(CThreadState& state) noexcept;
-    /// For the end of the process: no thread waits for the main thread any more, and all are asked to end. Waits
-    /// for them, but not for ever.
+    /// For the end of the process: no thread waits for the main thread any more, and all are asked to end.
+    /// Waits for them, but not for ever.
     void EndAll() noexcept;
 
     /// False if the method was withdrawn. Raises what the method does.
@@ -130,7 +143,11 @@ public:
 private:
     using CLock = std::unique_lock<std::mutex>;
     using CCallPtr = std::shared_ptr<TMainCall>;
-    enum class EServed { All, SynchronizedAlone };
+    enum class EServed
+    {
+        All,
+        SynchronizedAlone
+    };
 
     CThreads() = default;
 
@@ -145,15 +162,21 @@ private:
     void WithdrawAll(Test isMeant);
     void ReleaseGate(CThreadState& state);
     bool HaveAllEnded() const;
+    /// Joins a thread that has finished and lets go of one that hasn't, unless that was done before.
+    void Release(CLock& lock, CThreadState& state);
+    void Forget(const CThreadState& state);
 
     std::mutex mMutex;
     /// A thread has begun or ended, or a call waits.
     std::condition_variable mChanged;
+    /// Those that haven't ended, or that nobody has joined yet.
     std::vector<CThreadStatePtr> mThreads;
     std::deque<CCallPtr> mCalls;
     /// What the main thread is doing, the innermost one last.
     std::vector<CCallPtr> mRunning;
     bool mIsProcessEnding = false;
+    /// When the end of the process waits no longer.
+    std::chrono::steady_clock::time_point mDeadline;
     bool mIsExitRegistered = false;
     unsigned long mProcess = 0;
 };
