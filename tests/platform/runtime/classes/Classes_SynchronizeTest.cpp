@@ -4,6 +4,7 @@
 #include "platform/host/Host_CurrentThread.h"
 #include "platform/runtime/classes/Classes_Exceptions.h"
 #include "platform/runtime/classes/ThreadSupport.h"
+#include "platform/toolkit/Toolkit.h"
 #include "platform/visual/Forms.h"
 #include "support/ScriptedBoxes.h"
 #include "support/WaitUntil.h"
@@ -33,6 +34,12 @@ bool ServeUntil(Test isTrue)
         CheckSynchronize();
         return isTrue();
     });
+}
+
+/// Returns when a thread has handed something over, without serving it.
+void WaitForACall()
+{
+    Toolkits::CurrentToolkit().WaitMessage();
 }
 
 TEST(SynchronizeTest, RunsInTheMainThreadBeforeItReturns)
@@ -111,15 +118,21 @@ TEST(SynchronizeTest, IsServedByTheNextToolkit)
 {
     auto former = std::make_unique<Support::ScriptedBoxes>();
     bool isRun = false;
-    ThreadOf thread([&](ThreadOf&) { TThread::Queue(nullptr, [&] { isRun = true; }); });
-    thread.WaitFor();
-    EXPECT_TRUE(isRun) << "waiting for a thread serves what is queued";
-
-    isRun = false;
     std::thread([&] { TThread::Queue(nullptr, [&] { isRun = true; }); }).join();
     former = nullptr;
     Forms::Application->ProcessMessages();
     EXPECT_TRUE(isRun);
+}
+
+TEST(SynchronizeTest, IsServedByAWaitForAThread)
+{
+    std::vector<int> order;
+    ThreadOf thread([&](ThreadOf& self) {
+        self.Queue([&] { order.push_back(1); });
+        self.Synchronize([&] { order.push_back(2); });
+    });
+    thread.WaitFor();
+    EXPECT_EQ(order, (std::vector{1, 2}));
 }
 
 TEST(SynchronizeTest, KeepsTheRestWhenAQueuedMethodRaises)
@@ -176,15 +189,14 @@ TEST(SynchronizeTest, EndsWhenTheObjectOfTheThreadIsDestroyed)
 {
     for (const bool isOwnObject : {true, false}) {
         SCOPED_TRACE(isOwnObject);
-        std::atomic<bool> isAsked = false;
+        const Support::ScriptedBoxes toolkit;
         bool isRun = false;
         std::optional<bool> isDone;
         {
-            ThreadOf thread([&](ThreadOf& self) {
-                isAsked = true;
+            const ThreadOf thread([&](ThreadOf& self) {
                 isDone = TThread::Synchronize(isOwnObject ? &self : nullptr, [&] { isRun = true; });
             });
-            ASSERT_TRUE(WaitUntil([&] { return isAsked.load(); }));
+            WaitForACall();
         }
         EXPECT_EQ(isDone, false);
         EXPECT_FALSE(isRun);
@@ -193,17 +205,12 @@ TEST(SynchronizeTest, EndsWhenTheObjectOfTheThreadIsDestroyed)
 
 TEST(SynchronizeTest, EndsWhenTheThreadObjectItGoesThroughIsDestroyed)
 {
-    auto target = std::make_unique<ThreadOf>([](ThreadOf&) {});
-    std::atomic<bool> isAsked = false;
+    const Support::ScriptedBoxes toolkit;
+    auto* const target = new ThreadOf([](ThreadOf&) {});
     std::optional<bool> isDone;
-    std::thread thread([&] {
-        isAsked = true;
-        isDone = TThread::Synchronize(target.get(), [] { ADD_FAILURE(); });
-    });
-    ASSERT_TRUE(WaitUntil([&] { return isAsked.load(); }));
-    // Long enough for the call to be there in nearly all runs; without it the outcome is another one.
-    std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    target = nullptr;
+    std::thread thread([&] { isDone = TThread::Synchronize(target, [] { ADD_FAILURE(); }); });
+    WaitForACall();
+    delete target;
     thread.join();
     EXPECT_EQ(isDone, false);
 }

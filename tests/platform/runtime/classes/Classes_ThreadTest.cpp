@@ -366,6 +366,21 @@ TEST(ThreadEndTest, TheProcessMayEndInWhatAThreadHandedOver)
     EXPECT_EQ(Support::RunChildTest("ThreadEndChild.DISABLED_EndsWhileItServes"), "taken back");
 }
 
+TEST(ThreadEndChild, DISABLED_EndsInAThread)
+{
+    new ThreadOf(CountInto(*new std::atomic<int>));
+    ThreadOf thread([](ThreadOf&) {
+        std::atexit([] { Support::PrintResult("ended"); });
+        std::exit(0);
+    });
+    thread.WaitFor();
+}
+
+TEST(ThreadEndTest, TheProcessMayEndInAThread)
+{
+    EXPECT_EQ(Support::RunChildTest("ThreadEndChild.DISABLED_EndsInAThread"), "ended");
+}
+
 TEST(ThreadEndChild, DISABLED_EndsDespiteAThreadThatDoesNotHeed)
 {
     new ThreadOf([](ThreadOf&) { std::this_thread::sleep_for(std::chrono::hours(1)); });
