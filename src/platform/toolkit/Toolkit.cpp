@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/Toolkit.h"
 
+#include "platform/runtime/classes/internal/Classes_ThreadState.h"
 #include "platform/toolkit/headless/HeadlessToolkit.h"
 
+#include <atomic>
 #include <cstdlib>
 #include <iostream>
 #include <mutex>
@@ -37,6 +39,37 @@ std::unique_ptr<Toolkit> ChooseToolkit()
     return std::make_unique<HeadlessToolkit>();
 }
 
+/// Whether the message is on its way by which the loop serves what threads hand over to the main thread. One
+/// is enough, however much waits.
+std::atomic<bool> isWakeUpOnItsWay = false;
+
+void PostWakeUp()
+{
+    if (!isWakeUpOnItsWay.exchange(true)) {
+        CurrentToolkit().Post([] {
+            isWakeUpOnItsWay = false;
+            Classes::CheckSynchronize();
+        });
+    }
+}
+
+/// What the former toolkit was to be woken for is up to the current one.
+void MoveWakeUp()
+{
+    isWakeUpOnItsWay = false;
+    if (Classes::CThreads::Instance().IsAnyCallWaiting()) {
+        PostWakeUp();
+    }
+}
+
+/// Lets the threads of the run time reach the message loop.
+struct LinkToThreads
+{
+    LinkToThreads() { Classes::WakeMainThread = &PostWakeUp; }
+};
+
+const LinkToThreads linkToThreads;
+
 } // namespace
 
 Toolkit::~Toolkit() = default;
@@ -54,8 +87,13 @@ Toolkit& CurrentToolkit()
 std::unique_ptr<Toolkit> ExchangeToolkit(std::unique_ptr<Toolkit> toolkit)
 {
     TCurrent& current = Current();
-    const std::lock_guard lock(current.mutex);
-    return std::exchange(current.toolkit, std::move(toolkit));
+    std::unique_ptr<Toolkit> former;
+    {
+        const std::lock_guard lock(current.mutex);
+        former = std::exchange(current.toolkit, std::move(toolkit));
+    }
+    MoveWakeUp();
+    return former;
 }
 
 } // namespace Toolkits

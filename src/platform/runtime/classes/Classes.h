@@ -8,6 +8,7 @@
 // others
 // - `Classes_Collection.h`: `TCollection`, a list of items of one class
 // - `Classes_ClassRegister.h`: classes by their names
+// - `Classes_Thread.h`: threads; `Classes_Synchronize.h`: what they hand over to the main thread
 // - `Classes_Update.h`: the scope of a change; `Classes_Exceptions.h`: what all of them throw
 
 #include "platform/runtime/classes/Classes_ClassRegister.h"
@@ -18,4 +19,6 @@
 #include "platform/runtime/classes/Classes_Stream.h"
 #include "platform/runtime/classes/Classes_StringList.h"
 #include "platform/runtime/classes/Classes_Strings.h"
+#include "platform/runtime/classes/Classes_Synchronize.h"
+#include "platform/runtime/classes/Classes_Thread.h"
 #include "platform/runtime/classes/Classes_Update.h"

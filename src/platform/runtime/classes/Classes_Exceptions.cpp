@@ -17,5 +17,6 @@ EListError::~EListError() = default;
 EStringListError::~EStringListError() = default;
 EComponentError::~EComponentError() = default;
 EInvalidOperation::~EInvalidOperation() = default;
+EThread::~EThread() = default;
 
 } // namespace Classes

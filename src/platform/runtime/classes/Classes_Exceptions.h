@@ -124,4 +124,13 @@ public:
     ~EInvalidOperation() override;
 };
 
+/// A thread that the host refuses to create, one that is started twice or would wait for itself, and what
+/// belongs to another thread than the one that asks.
+class TRS8_BTL_API EThread : public Sysutils::Exception
+{
+public:
+    using Exception::Exception;
+    ~EThread() override;
+};
+
 } // namespace Classes

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/System_String.h"
+
+/// The host's number of the calling thread; no other thread of the machine has it as long as this one runs.
+TRS8_BTL_API unsigned long GetCurrentThreadId() noexcept;
+
+namespace Host
+{
+
+/// The number of the thread that the process began with.
+unsigned long FirstThreadId() noexcept;
+
+/// Gives a thread of this process the name that debuggers and lists of processes show. The host keeps 15
+/// bytes of its UTF-8, and no part of a character. False if there is no such thread.
+bool NameThread(unsigned long thread, const System::UnicodeString& name);
+
+} // namespace Host
