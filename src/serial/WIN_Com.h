@@ -124,7 +124,8 @@ public:
     /// 0 on a failure.
     unsigned long BytesInInQueue();
     unsigned long BytesInOutQueue();
-    /// Reads and drops what came.
+    /// Reads and drops what came, byte by byte; at most 65,536 bytes of a device that floods. A parked port has
+    /// nothing.
     bool ClearInQueue();
 
     /// Takes errors of the line back, if the settings say that they stop transfers.
