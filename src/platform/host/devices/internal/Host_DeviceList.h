@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/Export.h"
+
 #include <string>
 #include <vector>
 
@@ -19,6 +21,6 @@ struct ListedDevice
 
 /// The serial devices in `folder`, `/sys/class/tty` or one made like it, by name: those built in that have
 /// hardware behind them, and the adapters.
-[[nodiscard]] std::vector<ListedDevice> ListDevices(const std::string& folder);
+[[nodiscard]] TRS8_BTL_API std::vector<ListedDevice> ListDevices(const std::string& folder);
 
 } // namespace Host

@@ -28,7 +28,7 @@ using RegistryValue = std::variant<System::UnicodeString, std::uint32_t, std::st
 ///
 /// Names are found without regard to case. A character that can't stand for itself is `%` with its four hex
 /// digits. A line that is none of these is kept as it is.
-class RegistryText
+class TRS8_BTL_API RegistryText
 {
 public:
     struct Entry
@@ -51,7 +51,7 @@ public:
     [[nodiscard]] static RegistryText Parse(std::string_view text);
     [[nodiscard]] std::string Write() const;
 
-    /// Null if there is neither the key nor one below it.
+    /// Whether there is the key, or one below it.
     [[nodiscard]] bool HasKey(const System::UnicodeString& path) const;
     /// Null if the key has no values; it may have keys below.
     [[nodiscard]] const Key* FindKey(const System::UnicodeString& path) const;
