@@ -92,7 +92,7 @@ void LookForPorts(CComNoList& ports)
 
 } // namespace
 
-CCom::CCom(ECom port, unsigned long flags) : CCom(port, EBaud::B9600, flags) {}
+CCom::CCom(ECom port, unsigned long flags) : CCom(port, EBaud::Baud9600, flags) {}
 
 CCom::CCom(ECom port, EBaud baud, unsigned long flags)
 {

@@ -22,8 +22,8 @@ using CComNoList = UTL::GSimpleVector<ECom>;
 /// calls answer by `bool`, and `getLastError` tells the reason. Belongs to one thread at a time, but for
 /// `ResetEvent`.
 ///
-///     WIN::CCom port(WIN::Int2Com(7), WIN::EBaud::B19200, 0);
-///     WIN::CCommTimeouts timeouts(WIN::EBaud::B19200, 500, 500);
+///     WIN::CCom port(WIN::Int2Com(7), WIN::EBaud::Baud19200, 0);
+///     WIN::CCommTimeouts timeouts(WIN::EBaud::Baud19200, 500, 500);
 ///     port.SetTimeouts(&timeouts);
 ///     port.Close(true);                                           // parked
 ///     System::AnsiString answer;

@@ -32,7 +32,7 @@ int Baud2Int(EBaud baud)
 EBaud Int2Baud(int baud)
 {
     const auto found = std::ranges::find(Speeds, baud);
-    return found == Speeds.end() ? EBaud::B9600 : static_cast<EBaud>(found - Speeds.begin());
+    return found == Speeds.end() ? EBaud::Baud9600 : static_cast<EBaud>(found - Speeds.begin());
 }
 
 CCommTimeouts::CCommTimeouts(EBaud baud, int readTimeout, int writeTimeout)

@@ -28,33 +28,33 @@ constexpr int Com2Int(ECom port)
 /// The usual speeds.
 enum class EBaud : int
 {
-    B110,
-    B300,
-    B600,
-    B1200,
-    B2400,
-    B4800,
-    B9600,
-    B14400,
-    B19200,
-    B28800,
-    B38400,
-    B56000,
-    B57600,
-    B115200,
-    B128000,
-    B256000,
+    Baud110,
+    Baud300,
+    Baud600,
+    Baud1200,
+    Baud2400,
+    Baud4800,
+    Baud9600,
+    Baud14400,
+    Baud19200,
+    Baud28800,
+    Baud38400,
+    Baud56000,
+    Baud57600,
+    Baud115200,
+    Baud128000,
+    Baud256000,
 };
 
 /// In baud; 9600 for what is none of the speeds.
 [[nodiscard]] TRS8_BTL_API int Baud2Int(EBaud baud);
-/// The speed of a number in baud; `EBaud::B9600` for a number that isn't one of them.
+/// The speed of a number in baud; `EBaud::Baud9600` for a number that isn't one of them.
 [[nodiscard]] TRS8_BTL_API EBaud Int2Baud(int baud);
 
 /// The frame of a serial port, each field a place in a small table.
 struct CComValues
 {
-    EBaud baud = EBaud::B4800;
+    EBaud baud = EBaud::Baud4800;
     /// 0 to 3 for 5 to 8 data bits.
     std::uint32_t byteSize = 3;
     /// 0 none, 1 even, 2 odd, 3 mark.
@@ -74,7 +74,7 @@ struct CComBufferSize
 
 /// How long transfers wait, see `COMMTIMEOUTS`.
 ///
-///     port.SetTimeouts(&timeouts = CCommTimeouts(EBaud::B9600, 200, 500));    // milliseconds
+///     port.SetTimeouts(&timeouts = CCommTimeouts(EBaud::Baud9600, 200, 500));    // milliseconds
 struct CCommTimeouts : COMMTIMEOUTS
 {
     /// All 0: a read waits for all of its bytes.

@@ -97,7 +97,7 @@ TEST_F(ComTest, TellsATimeOutByAShortTransfer)
 
 TEST_F(ComTest, OpensAParkedPortForEachTransfer)
 {
-    CCom port(Port, EBaud::B19200, 0);
+    CCom port(Port, EBaud::Baud19200, 0);
     ASSERT_TRUE(port.valid());
     ASSERT_TRUE(port.SetDCB(WIN::EDCB::DtrDisable));
     EXPECT_TRUE(port.Close(true));
@@ -122,7 +122,7 @@ TEST_F(ComTest, OpensAParkedPortForEachTransfer)
     EXPECT_EQ(now.ReadTotalTimeoutConstant, 123U);
     WIN::CComValues values;
     EXPECT_TRUE(port.GetValues(values));
-    EXPECT_EQ(values.baud, EBaud::B19200);
+    EXPECT_EQ(values.baud, EBaud::Baud19200);
     DCB state{};
     EXPECT_TRUE(port.GetDCB(state));
     EXPECT_EQ(state.fDtrControl, DTR_CONTROL_DISABLE);
@@ -130,12 +130,12 @@ TEST_F(ComTest, OpensAParkedPortForEachTransfer)
 
 TEST_F(ComTest, KeepsSettingsOfAClosedPort)
 {
-    CCom port(Port, EBaud::B2400, 0);
+    CCom port(Port, EBaud::Baud2400, 0);
     ASSERT_TRUE(port.valid());
     EXPECT_TRUE(port.Close(false));
     EXPECT_FALSE(port.Close(false));
     EXPECT_FALSE(port.valid());
-    const WIN::CComValues wanted{EBaud::B38400, 2, 1, 2};
+    const WIN::CComValues wanted{EBaud::Baud38400, 2, 1, 2};
     EXPECT_FALSE(port.SetValues(wanted));
     WIN::CComValues values;
     EXPECT_FALSE(port.GetValues(values));
@@ -155,7 +155,7 @@ TEST_F(ComTest, PutsTheDeviceBack)
     ASSERT_EQ(tcgetattr(device, &before), 0);
     for (const bool parked : {false, true}) {
         {
-            CCom port(Port, EBaud::B38400, 0);
+            CCom port(Port, EBaud::Baud38400, 0);
             ASSERT_TRUE(port.valid());
             port.Close(parked);
             termios meanwhile{};
@@ -189,9 +189,9 @@ TEST_F(ComTest, RefusesWhatTheHostCannotDo)
 {
     CCom port(Port, 0);
     ASSERT_TRUE(port.valid());
-    EXPECT_FALSE(port.SetValues({EBaud::B9600, 3, 0, 1}));
+    EXPECT_FALSE(port.SetValues({EBaud::Baud9600, 3, 0, 1}));
     EXPECT_EQ(port.getLastError(), ERROR_INVALID_PARAMETER);
-    EXPECT_TRUE(port.SetValues({EBaud::B9600, 0, 3, 1}));
+    EXPECT_TRUE(port.SetValues({EBaud::Baud9600, 0, 3, 1}));
     EXPECT_FALSE(port.SetDCB(WIN::EDCB::RtsToggle));
     EXPECT_EQ(port.getLastError(), ERROR_INVALID_PARAMETER);
     EXPECT_TRUE(port.SetDCB(WIN::EDCB::Nothing));

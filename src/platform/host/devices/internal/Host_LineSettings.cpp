@@ -3,8 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
-#include <iterator>
 
 // The kernel's own header has the record with speeds of any number; that of the C library can't stand beside it.
 #include <asm/termbits.h>
@@ -34,6 +32,30 @@ constexpr std::array<ParityFlags, 5> Parities = {{{NOPARITY, 0},
                                                   {MARKPARITY, PARENB | PARODD | CMSPAR},
                                                   {SPACEPARITY, PARENB | CMSPAR}}};
 constexpr tcflag_t ParityMask = PARENB | PARODD | CMSPAR;
+
+struct SpeedFlag
+{
+    std::uint32_t speed;
+    tcflag_t flag;
+};
+constexpr std::array<SpeedFlag, 11> SpeedFlags = {{{110, B110},
+                                                   {300, B300},
+                                                   {600, B600},
+                                                   {1200, B1200},
+                                                   {2400, B2400},
+                                                   {4800, B4800},
+                                                   {9600, B9600},
+                                                   {19200, B19200},
+                                                   {38400, B38400},
+                                                   {57600, B57600},
+                                                   {115200, B115200}}};
+
+/// Other programs know the usual speeds by their flags alone.
+tcflag_t FlagOf(std::uint32_t speed)
+{
+    const auto found = std::ranges::find(SpeedFlags, speed, &SpeedFlag::speed);
+    return found == SpeedFlags.end() ? BOTHER : found->flag;
+}
 
 /// The flags of the frame: data bits, parity, stop bits.
 tcflag_t FrameFlags(const DCB& state)
@@ -94,7 +116,7 @@ void LineSettings::Take(const DCB& state)
     line.c_oflag = 0;
     line.c_lflag = 0;
     line.c_cflag &= ~(CBAUD | CSIZE | ParityMask | CSTOPB | CRTSCTS | HUPCL | (CBAUD << IBSHIFT));
-    line.c_cflag |= CREAD | CLOCAL | BOTHER | FrameFlags(state);
+    line.c_cflag |= CREAD | CLOCAL | FlagOf(state.BaudRate) | FrameFlags(state);
     SetFlag(line.c_cflag, CRTSCTS, state.fOutxCtsFlow != 0 || state.fRtsControl == RTS_CONTROL_HANDSHAKE);
     line.c_ispeed = line.c_ospeed = state.BaudRate;
     line.c_cc[VMIN] = 1;
