@@ -75,6 +75,6 @@ private:
 };
 
 /// The path with one `\` between its parts, and none at the ends.
-[[nodiscard]] System::UnicodeString RegistryPath(const System::UnicodeString& path);
+[[nodiscard]] TRS8_BTL_API System::UnicodeString RegistryPath(const System::UnicodeString& path);
 
 } // namespace Host
