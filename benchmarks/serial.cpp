@@ -186,7 +186,8 @@ void BM_WriteLibserialport(benchmark::State& state)
 {
     const Pair pair;
     const LibPort port(pair);
-    Write(state, pair, [&](const char* data, std::size_t size) { sp_blocking_write(port.Get(), data, size, 0); });
+    Write(state, pair,
+          [&](const char* data, std::size_t size) { sp_blocking_write(port.Get(), data, size, 0); });
 }
 
 void BM_ReadLibserialport(benchmark::State& state)

@@ -17,10 +17,10 @@ namespace WIN
 /// The ports of a machine.
 using CComNoList = UTL::GSimpleVector<ECom>;
 
-/// A serial port. It blocks, keeps its settings, and can let go of the device between transfers: a port that is
-/// closed as parked opens itself for each of them, so that several programs share a device. Nothing raises:
-/// calls answer by `bool`, and `getLastError` tells the reason. Belongs to one thread at a time, but for
-/// `ResetEvent`.
+/// A serial port. It blocks, keeps its settings, and can let go of the device between transfers: a port that
+/// is closed as parked opens itself for each of them, so that several programs share a device. Nothing
+/// raises: calls answer by `bool`, and `getLastError` tells the reason. Belongs to one thread at a time, but
+/// for `ResetEvent`.
 ///
 ///     WIN::CCom port(WIN::Int2Com(7), WIN::EBaud::Baud19200, 0);
 ///     WIN::CCommTimeouts timeouts(WIN::EBaud::Baud19200, 500, 500);
@@ -29,13 +29,13 @@ using CComNoList = UTL::GSimpleVector<ECom>;
 ///     System::AnsiString answer;
 ///     if (port.WriteString("U?\n") && port.ReadString(answer, 12)) { ... }
 ///
-/// The host raises DTR and RTS as a device is opened. Lines that were asked off are lowered right behind that,
-/// and closing a parked port moves none.
+/// The host raises DTR and RTS as a device is opened. Lines that were asked off are lowered right behind
+/// that, and closing a parked port moves none.
 class TRS8_BTL_API CCom
 {
 public:
-    /// Opens the port with the default frame and 9600 baud. `flags` are those of `CreateFileA`. After a failure
-    /// `valid` is false.
+    /// Opens the port with the default frame and 9600 baud. `flags` are those of `CreateFileA`. After a
+    /// failure `valid` is false.
     CCom(ECom port, unsigned long flags);
     CCom(ECom port, EBaud baud, unsigned long flags);
     /// Also sets the frame.
@@ -109,8 +109,8 @@ public:
     bool WaitEvent();
     bool WaitEvent(unsigned long& mask);
 
-    /// Moves up to `count` bytes and tells in `count` how many went. A time-out is a success with fewer bytes,
-    /// which `IsShortTransfer` tells.
+    /// Moves up to `count` bytes and tells in `count` how many went. A time-out is a success with fewer
+    /// bytes, which `IsShortTransfer` tells.
     bool Write(const char* buffer, unsigned long& count);
     bool Read(char* buffer, unsigned long& count);
     bool Send(const char* buffer, unsigned long count);
@@ -124,8 +124,8 @@ public:
     /// 0 on a failure.
     unsigned long BytesInInQueue();
     unsigned long BytesInOutQueue();
-    /// Reads and drops what came, byte by byte; at most 65,536 bytes of a device that floods. A parked port has
-    /// nothing.
+    /// Reads and drops what came, byte by byte; at most 65,536 bytes of a device that floods. A parked port
+    /// has nothing.
     bool ClearInQueue();
 
     /// Takes errors of the line back, if the settings say that they stop transfers.

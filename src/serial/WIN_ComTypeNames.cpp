@@ -82,8 +82,8 @@ void ReadComTypeNames(CComTypeNameList& list)
     for (int i = 0; i < names.getCount(); ++i) {
         Guarded([&] { AddValue(list, registry, names.getStrings(i)); },
                 [&] {
-                    return u"\tGetPortTypeNames()::Part2::(size=" + UnicodeString(names.getCount()) + u",pos=" +
-                           UnicodeString(i) + u"\n";
+                    return u"\tGetPortTypeNames()::Part2::(size=" + UnicodeString(names.getCount()) +
+                           u",pos=" + UnicodeString(i) + u"\n";
                 });
     }
 }
@@ -93,8 +93,7 @@ AnsiString GetComTypeName(ECom port, bool withNumber)
     CComTypeNameList list;
     AnsiString name;
     AnsiString result;
-    Guarded([&] { ReadComTypeNames(list); },
-            [] { return UnicodeString(u"GetPortTypeName()::Part1\n"); });
+    Guarded([&] { ReadComTypeNames(list); }, [] { return UnicodeString(u"GetPortTypeName()::Part1\n"); });
     Guarded(
         [&] {
             const auto found = list.find(port);
@@ -102,7 +101,10 @@ AnsiString GetComTypeName(ECom port, bool withNumber)
         },
         [&] { return u"GetPortTypeName()::Part2::(port=" + UnicodeString(Com2Int(port)) + u"\n"; });
     Guarded([&] { result = withNumber ? name : WithoutFinalDigits(name); },
-            [&] { return u"GetPortTypeName()::Part3::(name=" + UnicodeString(name) + u",tmp=" + UnicodeString(result) + u"\n"; });
+            [&] {
+                return u"GetPortTypeName()::Part3::(name=" + UnicodeString(name) + u",tmp=" +
+                       UnicodeString(result) + u"\n";
+            });
     return result;
 }
 

@@ -21,12 +21,12 @@ public:
     void Add(ECom port, const System::AnsiString& name) { insert_or_assign(port, name); }
 };
 
-/// Adds what the registry's list of serial devices tells. What goes wrong there is shown in a box, and the list
-/// has what there was.
+/// Adds what the registry's list of serial devices tells. What goes wrong there is shown in a box, and the
+/// list has what there was.
 TRS8_BTL_API void ReadComTypeNames(CComTypeNameList& list);
 
-/// The kind of the device behind the port, with its number ("Serial0") or without ("Serial"); empty for a port
-/// that isn't listed.
+/// The kind of the device behind the port, with its number ("Serial0") or without ("Serial"); empty for a
+/// port that isn't listed.
 [[nodiscard]] TRS8_BTL_API System::AnsiString GetComTypeName(ECom port, bool withNumber);
 
 } // namespace WIN

@@ -84,8 +84,8 @@ struct CCommTimeouts : COMMTIMEOUTS
         : COMMTIMEOUTS{readInterval, readMultiplier, readConstant, writeMultiplier, writeConstant}
     {
     }
-    /// In milliseconds, beside the time that the bytes themselves take at that speed. `readTimeout` is also the
-    /// longest time between two bytes.
+    /// In milliseconds, beside the time that the bytes themselves take at that speed. `readTimeout` is also
+    /// the longest time between two bytes.
     TRS8_BTL_API CCommTimeouts(EBaud baud, int readTimeout, int writeTimeout);
 
     CCommTimeouts& operator=(const COMMTIMEOUTS& timeouts)

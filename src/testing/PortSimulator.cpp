@@ -77,8 +77,8 @@ std::string DeviceOf(int master)
     return name;
 }
 
-/// The end that the program opens, held open so that the instrument outlives the program's own opening. It sends
-/// nothing back by itself.
+/// The end that the program opens, held open so that the instrument outlives the program's own opening. It
+/// sends nothing back by itself.
 int OpenSlave(const std::string& device)
 {
     const int slave = ::open(device.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
@@ -134,8 +134,11 @@ class CPortSimulator::CImpl
 {
 public:
     CImpl()
-        : mMaster(OpenMaster()), mDevice(DeviceOf(mMaster.Get())), mSlave(OpenSlave(mDevice)),
-          mWake(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), mThread([this] { Play(); })
+        : mMaster(OpenMaster()),
+          mDevice(DeviceOf(mMaster.Get())),
+          mSlave(OpenSlave(mDevice)),
+          mWake(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
+          mThread([this] { Play(); })
     {
     }
     CImpl(const CImpl&) = delete;
@@ -257,9 +260,8 @@ private:
         while (!mDue.empty() && mDue.front().time <= Clock::now()) {
             TDue& due = mDue.front();
             mIsUnplugged = mIsUnplugged || due.vanishes;
-            const ssize_t count = due.bytes.empty()
-                                      ? 0
-                                      : ::write(mMaster.Get(), due.bytes.data(), due.bytes.size());
+            const ssize_t count =
+                due.bytes.empty() ? 0 : ::write(mMaster.Get(), due.bytes.data(), due.bytes.size());
             if (count < 0) {
                 return;
             }

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-/// What helps a program to test itself: instruments that aren't there, a tick counter near its wrap. A library of
-/// its own, `TRS8_BTL::testing`.
+/// What helps a program to test itself: instruments that aren't there, a tick counter near its wrap. A
+/// library of its own, `TRS8_BTL::testing`.
 namespace Testing
 {
 
@@ -36,8 +36,8 @@ struct TReply
     EFault fault = EFault::None;
 };
 
-/// A pseudo-terminal that plays an instrument on a serial port, from a script. Its work is done in a thread of
-/// its own.
+/// A pseudo-terminal that plays an instrument on a serial port, from a script. Its work is done in a thread
+/// of its own.
 ///
 ///     Testing::CPortSimulator instrument(7);                      // is COM7 of this process
 ///     instrument.On("U?\n", {{"U=1.5V\n"}, {.bytes = "U=1.6V\n", .delay = 200}});
@@ -49,9 +49,9 @@ class CPortSimulator
 public:
     /// An instrument without a port of its own; another process names `getDevice` as one.
     CPortSimulator();
-    /// The instrument is port `COM` + `port` of this process, 1 to 256, by the variable `TRS8_BTL_COMn`, as long
-    /// as it lives. To be made before other threads look at the environment. `std::runtime_error` if the host
-    /// gives no pseudo-terminal.
+    /// The instrument is port `COM` + `port` of this process, 1 to 256, by the variable `TRS8_BTL_COMn`, as
+    /// long as it lives. To be made before other threads look at the environment. `std::runtime_error` if the
+    /// host gives no pseudo-terminal.
     explicit CPortSimulator(int port);
     CPortSimulator(const CPortSimulator&) = delete;
     CPortSimulator& operator=(const CPortSimulator&) = delete;
@@ -67,8 +67,8 @@ public:
     void Send(TReply reply);
     /// All that the instrument was sent since the last call.
     std::string TakeReceived();
-    /// Waits until the instrument was sent `count` bytes since the last `TakeReceived`, at most `milliseconds`;
-    /// whether it was.
+    /// Waits until the instrument was sent `count` bytes since the last `TakeReceived`, at most
+    /// `milliseconds`; whether it was.
     bool WaitReceived(std::size_t count, unsigned milliseconds);
 
     /// The instrument takes no bytes any more, as one that holds up the sender, or takes them again.

@@ -32,8 +32,8 @@ std::array<TButtonRow, 6> ButtonRows()
 unsigned RowFlags(const TMsgDlgButtons& wanted)
 {
     const auto rows = ButtonRows();
-    const auto found = std::ranges::find_if(
-        rows, [&](const TButtonRow& row) { return (wanted - row.buttons).Empty(); });
+    const auto found =
+        std::ranges::find_if(rows, [&](const TButtonRow& row) { return (wanted - row.buttons).Empty(); });
     return found == rows.end() ? MB_OK : found->flags;
 }
 

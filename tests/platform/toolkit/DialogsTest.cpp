@@ -20,11 +20,12 @@ TEST(DialogsTest, ShowsTheButtonsAndTheIcon)
         unsigned flags;
         int answer;
     };
-    const TCase cases[] = {{mtError, {mbOK}, MB_OK | MB_ICONSTOP, mrOk},
-                           {mtConfirmation, {mbNo, mbYes}, MB_YESNO | MB_ICONQUESTION, mrNo},
-                           {mtWarning, {mbYes, mbNo, mbCancel}, MB_YESNOCANCEL | MB_ICONWARNING, mrCancel},
-                           {mtInformation, {mbAbort, mbIgnore}, MB_ABORTRETRYIGNORE | MB_ICONINFORMATION, mrIgnore},
-                           {mtCustom, {mbOK, mbYes}, MB_OK, mrOk}};
+    const TCase cases[] = {
+        {mtError, {mbOK}, MB_OK | MB_ICONSTOP, mrOk},
+        {mtConfirmation, {mbNo, mbYes}, MB_YESNO | MB_ICONQUESTION, mrNo},
+        {mtWarning, {mbYes, mbNo, mbCancel}, MB_YESNOCANCEL | MB_ICONWARNING, mrCancel},
+        {mtInformation, {mbAbort, mbIgnore}, MB_ABORTRETRYIGNORE | MB_ICONINFORMATION, mrIgnore},
+        {mtCustom, {mbOK, mbYes}, MB_OK, mrOk}};
     for (const TCase& row : cases) {
         SCOPED_TRACE(row.flags);
         Support::ScriptedBoxes boxes{row.answer};

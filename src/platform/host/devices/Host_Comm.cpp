@@ -131,7 +131,8 @@ bool SetCommTimeouts(HANDLE port, const COMMTIMEOUTS* timeouts)
 bool SetupComm(HANDLE port, unsigned long inQueue, unsigned long outQueue)
 {
     return WithPort(port, [=](SerialPort& device) {
-        return device.SetQueueSizes(static_cast<std::uint32_t>(inQueue), static_cast<std::uint32_t>(outQueue));
+        return device.SetQueueSizes(static_cast<std::uint32_t>(inQueue),
+                                    static_cast<std::uint32_t>(outQueue));
     });
 }
 

@@ -23,9 +23,9 @@ inline constexpr unsigned long FILE_FLAG_OVERLAPPED = 0x40000000;
 
 /// Opens the serial port `\\.\COMn` or `COMn` for this handle alone; `share`, `security`, `flags` and
 /// `model` aren't looked at. `INVALID_HANDLE_VALUE` on a failure: 2 for a port that there isn't and for any
-/// other file, 5 for one that somebody holds or that the user may not open, see `Host::GetPortRefusal`, 87 for
-/// a `disposition` other than `OPEN_EXISTING`.
-/// The host raises DTR and RTS as it opens a port; lines that were asked off before are lowered at once.
+/// other file, 5 for one that somebody holds or that the user may not open, see `Host::GetPortRefusal`, 87
+/// for a `disposition` other than `OPEN_EXISTING`. The host raises DTR and RTS as it opens a port; lines that
+/// were asked off before are lowered at once.
 [[nodiscard]] TRS8_BTL_API HANDLE CreateFileA(const char* name, unsigned long access, unsigned long share,
                                               void* security, unsigned long disposition, unsigned long flags,
                                               HANDLE model);

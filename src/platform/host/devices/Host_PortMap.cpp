@@ -100,8 +100,8 @@ std::map<int, std::string> NumberedPorts()
     if (remembered == former) {
         return ports;
     }
-    // Anew under the lock: another process may number them just now. Where the file can't be written the numbers
-    // hold as long as nobody plugs.
+    // Anew under the lock: another process may number them just now. Where the file can't be written the
+    // numbers hold as long as nobody plugs.
     ChangeRegistry(RegistryPart::User, [&](RegistryText& registry) {
         former = remembered = RememberedNumbers(registry);
         ports = NumberPorts(named, devices, remembered);

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cerrno>
+#include <charconv>
 #include <fstream>
 #include <memory>
 #include <vector>
@@ -88,7 +88,8 @@ bool IsMember(gid_t group)
 {
     const int count = getgroups(0, nullptr);
     std::vector<gid_t> groups(static_cast<std::size_t>(std::max(count, 0)));
-    return getegid() == group || (getgroups(count, groups.data()) >= 0 && std::ranges::count(groups, group) > 0);
+    return getegid() == group ||
+           (getgroups(count, groups.data()) >= 0 && std::ranges::count(groups, group) > 0);
 }
 
 UnicodeString MissingRight(const std::string& path, const struct stat& status)
@@ -96,7 +97,8 @@ UnicodeString MissingRight(const std::string& path, const struct stat& status)
     const UnicodeString place = System::FromUtf8(path);
     constexpr mode_t rightsOfGroup = S_IRGRP | S_IWGRP;
     if ((status.st_mode & rightsOfGroup) == rightsOfGroup && !IsMember(status.st_gid)) {
-        return u"The user isn't in the group " + GroupName(status.st_gid) + u", which may open " + place + u".";
+        return u"The user isn't in the group " + GroupName(status.st_gid) + u", which may open " + place +
+               u".";
     }
     return u"The user may not open " + place + u".";
 }

@@ -108,7 +108,8 @@ void TRegistry::setRootKey(HKEY root)
 UnicodeString TRegistry::FullPath(const UnicodeString& key) const
 {
     const bool isAbsolute = key.AsView().starts_with(u'\\');
-    return Host::RegistryPath(RootName(mRootKey) + u'\\' + (isAbsolute ? UnicodeString() : mPath) + u'\\' + key);
+    return Host::RegistryPath(RootName(mRootKey) + u'\\' + (isAbsolute ? UnicodeString() : mPath) + u'\\' +
+                              key);
 }
 
 bool TRegistry::OpenKey(const UnicodeString& key, bool canCreate)
@@ -295,7 +296,8 @@ int TRegistry::ReadBinaryData(const UnicodeString& name, void* buffer, int size)
 void TRegistry::WriteBinaryData(const UnicodeString& name, const void* buffer, int size)
 {
     const auto count = size < 0 || buffer == nullptr ? 0 : static_cast<std::size_t>(size);
-    Write(mRootKey, mAccess, FullPath({}), name, std::string(count == 0 ? "" : static_cast<const char*>(buffer), count));
+    Write(mRootKey, mAccess, FullPath({}), name,
+          std::string(count == 0 ? "" : static_cast<const char*>(buffer), count));
 }
 
 } // namespace Registry

@@ -45,10 +45,11 @@ public:
 };
 
 /// Named values in a tree of keys, in a text file: `TRS8_BTL/registry` in the folder of configuration of the
-/// user, or of the machine for the tree `HKEY_LOCAL_MACHINE`. What the host knows is read as if it were written
-/// there: the serial ports under `HARDWARE\DEVICEMAP\SERIALCOMM` of the machine, and the user's folders under
-/// the user's keys named `User Shell Folders`. Names are found without regard to case; `\` parts the levels.
-/// Each change is on the disk when the call ends, and neither a crash nor another process leaves half of one.
+/// user, or of the machine for the tree `HKEY_LOCAL_MACHINE`. What the host knows is read as if it were
+/// written there: the serial ports under `HARDWARE\DEVICEMAP\SERIALCOMM` of the machine, and the user's
+/// folders under the user's keys named `User Shell Folders`. Names are found without regard to case; `\`
+/// parts the levels. Each change is on the disk when the call ends, and neither a crash nor another process
+/// leaves half of one.
 ///
 ///     TRegistry registry;
 ///     if (registry.OpenKey(u"Software\\Station", true)) {
@@ -73,8 +74,8 @@ public:
     /// Without a `\` at its ends; empty at the root.
     const System::UnicodeString& getCurrentPath() const noexcept { return mPath; }
 
-    /// Goes to a key, which counts from the current one unless it begins with `\`. False, and it stays where it
-    /// was, if there is none and `canCreate` is false or it can't be made.
+    /// Goes to a key, which counts from the current one unless it begins with `\`. False, and it stays where
+    /// it was, if there is none and `canCreate` is false or it can't be made.
     bool OpenKey(const System::UnicodeString& key, bool canCreate);
     /// As `OpenKey` of an existing key, for reading alone from then on.
     bool OpenKeyReadOnly(const System::UnicodeString& key);

@@ -194,7 +194,8 @@ TEST_F(CommTest, SetsAnySpeed)
     EXPECT_TRUE(SetCommState(mPort, &state));
     EXPECT_TRUE(GetCommState(mPort, &state));
     EXPECT_EQ(state.BaudRate, 31'250U);
-    for (const auto& [size, parity, stop] : {std::tuple(4, 0, 0), {9, 0, 0}, {8, 5, 0}, {8, 0, 1}, {5, 0, 2}}) {
+    for (const auto& [size, parity, stop] :
+         {std::tuple(4, 0, 0), {9, 0, 0}, {8, 5, 0}, {8, 0, 1}, {5, 0, 2}}) {
         DCB bad = state;
         bad.ByteSize = static_cast<std::uint8_t>(size);
         bad.Parity = static_cast<std::uint8_t>(parity);
@@ -206,7 +207,8 @@ TEST_F(CommTest, SetsAnySpeed)
 
 TEST_F(CommTest, RefusesWhatMakesNoSense)
 {
-    for (const char* const name : {"\\\\.\\COM0", "\\\\.\\COM257", "COM", "COM01", "COM7x", "/dev/null", ""}) {
+    for (const char* const name :
+         {"\\\\.\\COM0", "\\\\.\\COM257", "COM", "COM01", "COM7x", "/dev/null", ""}) {
         EXPECT_EQ(Open(name), INVALID_HANDLE_VALUE) << name;
         EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
     }

@@ -34,7 +34,10 @@ protected:
         unsetenv("XDG_CONFIG_DIRS");
     }
 
-    static std::vector<UnicodeString> Names(const Classes::TStringList& list) { return {list.begin(), list.end()}; }
+    static std::vector<UnicodeString> Names(const Classes::TStringList& list)
+    {
+        return {list.begin(), list.end()};
+    }
 
     Support::TempFolder mFolder;
 };
@@ -105,8 +108,9 @@ TEST_F(RegistryTest, WalksTheTree)
 TEST_F(RegistryTest, ShowsTheHost)
 {
     std::filesystem::create_directories(mFolder.Path() / "user");
-    std::ofstream(mFolder.Path() / "user" / "user-dirs.dirs") << "# of the user\nXDG_DESKTOP_DIR=\"/srv/desk\"\n"
-                                                                 "XDG_DOCUMENTS_DIR=\"$HOME/Papers\"\n";
+    std::ofstream(mFolder.Path() / "user" / "user-dirs.dirs")
+        << "# of the user\nXDG_DESKTOP_DIR=\"/srv/desk\"\n"
+           "XDG_DOCUMENTS_DIR=\"$HOME/Papers\"\n";
     TRegistry registry;
     ASSERT_TRUE(registry.OpenKeyReadOnly(u"Software\\Explorer\\User Shell Folders"));
     EXPECT_EQ(registry.ReadString(u"Desktop"), u"\\srv\\desk");

@@ -14,8 +14,8 @@ struct ListedDevice
 {
     /// As in `/dev`, "ttyUSB0".
     std::string name;
-    /// What tells an adapter from all others: maker, product, serial number and interface, or the socket where
-    /// it has no number of its own. Empty for a device that is built in.
+    /// What tells an adapter from all others: maker, product, serial number and interface, or the socket
+    /// where it has no number of its own. Empty for a device that is built in.
     std::string adapter;
 };
 

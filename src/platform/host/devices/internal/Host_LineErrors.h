@@ -8,7 +8,8 @@ namespace Host
 class LineErrors
 {
 public:
-    /// The errors since the counters were looked at, as a sum of `CE_...`. A device without counters has none.
+    /// The errors since the counters were looked at, as a sum of `CE_...`. A device without counters has
+    /// none.
     [[nodiscard]] unsigned long Since(int device) const;
     /// As `Since`, and counts from now on.
     unsigned long Take(int device);

@@ -4,7 +4,8 @@
 #include <algorithm>
 #include <array>
 
-// The kernel's own header has the record with speeds of any number; that of the C library can't stand beside it.
+// The kernel's own header has the record with speeds of any number; that of the C library can't stand beside
+// it.
 #include <asm/termbits.h>
 #include <sys/ioctl.h>
 
@@ -141,8 +142,8 @@ DCB LineSettings::State() const
     state.Parity = std::ranges::find(Parities, parity, &ParityFlags::flags)->parity;
     const bool hasMoreStopBits = (line.c_cflag & CSTOPB) != 0;
     state.StopBits = !hasMoreStopBits ? ONESTOPBIT : state.ByteSize == 5 ? ONE5STOPBITS : TWOSTOPBITS;
-    // What a terminal of people is set to, which most devices are before somebody sets them, isn't meant for an
-    // instrument: XON and XOFF stay off.
+    // What a terminal of people is set to, which most devices are before somebody sets them, isn't meant for
+    // an instrument: XON and XOFF stay off.
     constexpr char xon = 17;
     constexpr char xoff = 19;
     state.XonChar = xon;

@@ -17,8 +17,7 @@ namespace
 
 constexpr unsigned long InputEvents = EV_RXCHAR | EV_RXFLAG;
 /// Nothing of the host wakes a thread for these and for the input at once.
-constexpr unsigned long WatchedEvents =
-    EV_TXEMPTY | EV_CTS | EV_DSR | EV_RLSD | EV_BREAK | EV_ERR | EV_RING;
+constexpr unsigned long WatchedEvents = EV_TXEMPTY | EV_CTS | EV_DSR | EV_RLSD | EV_BREAK | EV_ERR | EV_RING;
 /// In milliseconds.
 constexpr std::uint64_t WatchInterval = 20;
 

@@ -223,8 +223,8 @@ bool SerialPort::SetState(const DCB& state)
     bool isOtherLines = false;
     {
         const std::lock_guard lock(mMutex);
-        isOtherLines = mKept->state->fDtrControl != kept.fDtrControl ||
-                       mKept->state->fRtsControl != kept.fRtsControl;
+        isOtherLines =
+            mKept->state->fDtrControl != kept.fDtrControl || mKept->state->fRtsControl != kept.fRtsControl;
         isTaken = TakeOver(device->Get(), kept);
     }
     if (!isTaken) {

@@ -23,7 +23,8 @@ public:
     [[nodiscard]] static std::shared_ptr<SerialPort> Open(const std::string& path);
 
     SerialPort(const std::string& path, Descriptor device);
-    /// Sends what is written, unless it is held up, and sets the device as it was before, unless it is parked.
+    /// Sends what is written, unless it is held up, and sets the device as it was before, unless it is
+    /// parked.
     ~SerialPort() override;
 
     bool Read(char* buffer, std::size_t size, std::size_t& done);
@@ -68,20 +69,20 @@ private:
     unsigned long LineEvents(int device);
 
     const std::string mPath;
-    std::mutex mMutex;                                  // guards the device, the settings and the errors
+    std::mutex mMutex; // guards the device, the settings and the errors
     SharedDevice mDevice;
     std::shared_ptr<KeptSettings> mKept;
     LineSettings mFormer;
     LineErrors mErrors;
     bool mIsParked = false;
 
-    std::mutex mReading, mWriting;                      // one transfer in each direction at a time
+    std::mutex mReading, mWriting; // one transfer in each direction at a time
     Wakeup mReadAborted, mWriteAborted, mArrived, mMaskChanged;
 
-    std::mutex mQueueMutex;                             // guards what a wait for events took from the device
+    std::mutex mQueueMutex; // guards what a wait for events took from the device
     std::string mQueue;
 
-    std::mutex mEventMutex;                             // guards what follows
+    std::mutex mEventMutex; // guards what follows
     unsigned long mMask = 0;
     unsigned mMaskGeneration = 0;
     unsigned long mLines = 0;

@@ -23,8 +23,9 @@ public:
                                                    (timeouts.ReadTotalTimeoutMultiplier == 0 &&
                                                     timeouts.ReadTotalTimeoutConstant == 0)))
     {
-        const std::uint64_t multiplier =
-            timeouts.ReadTotalTimeoutMultiplier == MAXDWORD && mEndsWithFirst ? 0 : timeouts.ReadTotalTimeoutMultiplier;
+        const std::uint64_t multiplier = timeouts.ReadTotalTimeoutMultiplier == MAXDWORD && mEndsWithFirst
+                                             ? 0
+                                             : timeouts.ReadTotalTimeoutMultiplier;
         const std::uint64_t total = multiplier * size + timeouts.ReadTotalTimeoutConstant;
         if (total != 0 || mEndsWithFirst) {
             mEnd = Deadline::In(total);

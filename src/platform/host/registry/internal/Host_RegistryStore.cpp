@@ -109,9 +109,10 @@ bool WriteWhole(const UnicodeString& file, const std::string& text)
             Uninterrupted([&] { return open(Sysutils::HostPath(written).c_str(), O_WRONLY | O_CLOEXEC); }));
         const auto size = static_cast<System::Int64>(text.size());
         isDone = opened.IsOpen() &&
-                 WritePieces(size, [&](System::Int64 offset, std::size_t piece) {
-                     return ::write(opened.Get(), text.data() + offset, piece);
-                 }) == size &&
+                 WritePieces(size,
+                             [&](System::Int64 offset, std::size_t piece) {
+                                 return ::write(opened.Get(), text.data() + offset, piece);
+                             }) == size &&
                  fsync(opened.Get()) == 0;
         if (!isDone) {
             FailErrno();

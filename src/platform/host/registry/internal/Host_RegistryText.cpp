@@ -65,8 +65,7 @@ bool NeedsEscape(std::u16string_view text, std::size_t index)
     const bool isFirst = (unit & 0x0400U) == 0;
     const std::size_t other = isFirst ? index + 1 : index - 1;
     // A half without its other half, which is looked for by the kind of this one.
-    return other >= text.size() || !IsSurrogate(text[other]) ||
-           ((text[other] & 0x0400U) == 0) == isFirst;
+    return other >= text.size() || !IsSurrogate(text[other]) || ((text[other] & 0x0400U) == 0) == isFirst;
 }
 
 /// `extra` tells which units can't stand at their place either.
@@ -182,8 +181,7 @@ std::string EscapedPath(const UnicodeString& path)
 
 bool IsRemark(std::string_view line)
 {
-    return line.starts_with(';') || line.starts_with('#') ||
-           System::ToUtf8(System::FromUtf8(line)) != line;
+    return line.starts_with(';') || line.starts_with('#') || System::ToUtf8(System::FromUtf8(line)) != line;
 }
 
 /// What stands in front of the paths of the keys below.

@@ -60,8 +60,9 @@ TEST_F(DeviceListTest, ListsHardwareAndAdapters)
     AddAdapter("ttyUSB0", "1-1", "A7");
     AddAdapter("ttyUSB1", "1-2", "A7");
     AddAdapter("ttyACM0", "1-3.1", "");
-    EXPECT_EQ(List(), (std::vector<std::string>{"ttyS0 ", "ttyS2 ", "ttyS10 ", "ttyACM0 usb:1a86:7523:@1-3.1:00",
-                                                "ttyUSB0 usb:1a86:7523:A7:00", "ttyUSB1 usb:1a86:7523:@1-2:00"}));
+    EXPECT_EQ(List(),
+              (std::vector<std::string>{"ttyS0 ", "ttyS2 ", "ttyS10 ", "ttyACM0 usb:1a86:7523:@1-3.1:00",
+                                        "ttyUSB0 usb:1a86:7523:A7:00", "ttyUSB1 usb:1a86:7523:@1-2:00"}));
 }
 
 TEST_F(DeviceListTest, NothingIsNoFault)

@@ -14,9 +14,13 @@ using Ports = std::map<int, std::string>;
 TEST(PortNumbersTest, NumbersDevices)
 {
     AdapterNumbers remembered;
-    const std::vector<ListedDevice> devices = {{"ttyS0", ""}, {"ttyS31", ""}, {"ttyUSB0", "a"}, {"ttyACM0", "b"}};
-    EXPECT_EQ(NumberPorts({{40, "/dev/pts/3"}}, devices, remembered),
-              (Ports{{1, "/dev/ttyS0"}, {32, "/dev/ttyS31"}, {33, "/dev/ttyUSB0"}, {34, "/dev/ttyACM0"}, {40, "/dev/pts/3"}}));
+    const std::vector<ListedDevice> devices = {
+        {"ttyS0", ""}, {"ttyS31", ""}, {"ttyUSB0", "a"}, {"ttyACM0", "b"}};
+    EXPECT_EQ(NumberPorts({{40, "/dev/pts/3"}}, devices, remembered), (Ports{{1, "/dev/ttyS0"},
+                                                                             {32, "/dev/ttyS31"},
+                                                                             {33, "/dev/ttyUSB0"},
+                                                                             {34, "/dev/ttyACM0"},
+                                                                             {40, "/dev/pts/3"}}));
     EXPECT_EQ(remembered, (AdapterNumbers{{"a", 33}, {"b", 34}}));
 }
 

@@ -11,11 +11,12 @@ using System::UnicodeString;
 
 TEST(RegistryTextTest, ReadsWhatPeopleWrite)
 {
-    const RegistryText text = RegistryText::Parse("\xEF\xBB\xBF; of the bench\r\n"
-                                                  " [Ports] \r\n"
-                                                  " COM7 = /dev/pts/3 \n"
-                                                  "com8=int:12\nCOM9=int:12x\nCOM10=hex:00fF\nCOM11=hex:0\nCOM12=50%\n"
-                                                  "no value\n[HKEY_CURRENT_USER\\Software\\\\Station\\]\n=a=b");
+    const RegistryText text =
+        RegistryText::Parse("\xEF\xBB\xBF; of the bench\r\n"
+                            " [Ports] \r\n"
+                            " COM7 = /dev/pts/3 \n"
+                            "com8=int:12\nCOM9=int:12x\nCOM10=hex:00fF\nCOM11=hex:0\nCOM12=50%\n"
+                            "no value\n[HKEY_CURRENT_USER\\Software\\\\Station\\]\n=a=b");
     EXPECT_EQ(std::get<UnicodeString>(*text.Find(u"ports", u"com7")), u"/dev/pts/3");
     EXPECT_EQ(std::get<std::uint32_t>(*text.Find(u"Ports", u"COM8")), 12U);
     EXPECT_EQ(std::get<UnicodeString>(*text.Find(u"Ports", u"COM9")), u"int:12x");
