@@ -4,7 +4,8 @@ include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/TRS8_BTL)
 
-install(TARGETS TRS8_BTL EXPORT TRS8_BTLTargets LIBRARY COMPONENT Runtime NAMELINK_COMPONENT Development)
+install(TARGETS TRS8_BTL TRS8_BTL_testing EXPORT TRS8_BTLTargets LIBRARY COMPONENT Runtime
+        NAMELINK_COMPONENT Development ARCHIVE COMPONENT Development)
 install(EXPORT TRS8_BTLTargets NAMESPACE TRS8_BTL:: DESTINATION ${package_dir} COMPONENT Development)
 
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/TRS8_BTLConfig.cmake.in

@@ -43,6 +43,11 @@ build_against_library("${consumerFolder}" "${workFolder}/cmake" "-DwantedVersion
 run_step(DESCRIPTION "The program built with find_package"
     COMMAND "${workFolder}/cmake/consumer" OUTPUT printed)
 expect_version("${printed}" "with find_package")
+run_step(DESCRIPTION "The program with a simulated instrument"
+    COMMAND "${workFolder}/cmake/simulated" OUTPUT printed)
+if(NOT printed STREQUAL "ready")
+    message(FATAL_ERROR "The program with a simulated instrument printed '${printed}'")
+endif()
 
 build_with_pkg_config("${consumerFolder}/main.cpp" "${workFolder}/consumer")
 if(NOT pkgFlags MATCHES "^-I[^ ]*/include -L")

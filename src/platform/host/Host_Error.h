@@ -58,6 +58,7 @@ inline constexpr unsigned long ERROR_CANCELLED = 1223;
 inline constexpr unsigned long ERROR_PRIVILEGE_NOT_HELD = 1314;
 inline constexpr unsigned long ERROR_NO_SYSTEM_RESOURCES = 1450;
 inline constexpr unsigned long ERROR_TIMEOUT = 1460;
+inline constexpr unsigned long ERROR_DEVICE_REMOVED = 1617;
 inline constexpr unsigned long ERROR_CANT_RESOLVE_FILENAME = 1921;
 
 /// Asks `FormatMessageW` for the text of a code of the system.

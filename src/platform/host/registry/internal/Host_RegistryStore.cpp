@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+#include "platform/host/registry/internal/Host_RegistryStore.h"
+
+#include "platform/host/Host_FileMove.h"
+#include "platform/host/Host_Folder.h"
+#include "platform/host/Host_Path.h"
+#include "platform/host/Host_ReplaceFile.h"
+#include "platform/host/Host_TickCount.h"
+#include "platform/host/Host_UserFiles.h"
+#include "platform/host/internal/Host_Descriptor.h"
+
+#include <array>
+#include <cerrno>
+#include <optional>
+#include <string>
+
+#include <fcntl.h>
+#include <sys/file.h>
+
+namespace Host
+{
+
+namespace
+{
+
+using System::UnicodeString;
+
+bool IsAbsolute(const UnicodeString& path)
+{
+    return path.AsView().starts_with(u'\\');
+}
+
+UnicodeString ConfigFolder(RegistryPart part)
+{
+    if (part == RegistryPart::User) {
+        const UnicodeString folder = EnvironmentPath("XDG_CONFIG_HOME");
+        return IsAbsolute(folder) ? folder : HomeFolder() + u"\\.config";
+    }
+    const UnicodeString folders = EnvironmentPath("XDG_CONFIG_DIRS");
+    const std::u16string_view all = folders.AsView();
+    const UnicodeString folder(all.substr(0, all.find(u':')));
+    return IsAbsolute(folder) ? folder : UnicodeString(u"\\etc\\xdg");
+}
+
+/// No value if the file is there and can't be read.
+std::optional<std::string> ReadWhole(const UnicodeString& file)
+{
+    const Descriptor opened(
+        Uninterrupted([&] { return open(Sysutils::HostPath(file).c_str(), O_RDONLY | O_CLOEXEC); }));
+    if (!opened.IsOpen()) {
+        if (errno == ENOENT || errno == ENOTDIR) {
+            return std::string();
+        }
+        FailErrno();
+        return std::nullopt;
+    }
+    std::string text;
+    std::array<char, 4096> piece;
+    for (;;) {
+        const ssize_t count = Uninterrupted([&] { return ::read(opened.Get(), piece.data(), piece.size()); });
+        if (count < 0) {
+            FailErrno();
+            return std::nullopt;
+        }
+        if (count == 0) {
+            return text;
+        }
+        text.append(piece.data(), static_cast<std::size_t>(count));
+    }
+}
+
+/// The lock on the file beside; closed if it isn't to be had.
+Descriptor LockFile(const UnicodeString& file)
+{
+    Descriptor opened(Uninterrupted([&] {
+        return open(Sysutils::HostPath(file + u".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+    }));
+    if (!opened.IsOpen()) {
+        FailErrno();
+        return opened;
+    }
+    constexpr std::uint32_t patience = 5000;
+    constexpr unsigned long step = 5;
+    const std::uint32_t start = GetTickCount();
+    while (flock(opened.Get(), LOCK_EX | LOCK_NB) != 0) {
+        if (errno != EWOULDBLOCK && errno != EINTR) {
+            FailErrno();
+            return Descriptor();
+        }
+        if (GetTickCount() - start > patience) {
+            Fail(ERROR_LOCK_VIOLATION);
+            return Descriptor();
+        }
+        Sleep(step);
+    }
+    return opened;
+}
+
+bool WriteWhole(const UnicodeString& file, const std::string& text)
+{
+    const UnicodeString target = FileToReplace(file);
+    const UnicodeString written = target.IsEmpty() ? target : CreateBeside(target);
+    if (written.IsEmpty()) {
+        return false;
+    }
+    bool isDone = false;
+    {
+        const Descriptor opened(
+            Uninterrupted([&] { return open(Sysutils::HostPath(written).c_str(), O_WRONLY | O_CLOEXEC); }));
+        const auto size = static_cast<System::Int64>(text.size());
+        isDone = opened.IsOpen() &&
+                 WritePieces(size,
+                             [&](System::Int64 offset, std::size_t piece) {
+                                 return ::write(opened.Get(), text.data() + offset, piece);
+                             }) == size &&
+                 fsync(opened.Get()) == 0;
+        if (!isDone) {
+            FailErrno();
+        }
+    }
+    if (isDone && MoveOnto(written, target)) {
+        return true;
+    }
+    const unsigned long reason = GetLastError();
+    DeleteFileW(written);
+    return Fail(reason);
+}
+
+} // namespace
+
+UnicodeString RegistryFile(RegistryPart part)
+{
+    return ConfigFolder(part) + u"\\TRS8_BTL\\registry";
+}
+
+RegistryText LoadRegistry(RegistryPart part)
+{
+    return RegistryText::Parse(ReadWhole(RegistryFile(part)).value_or(std::string()));
+}
+
+bool ChangeRegistry(RegistryPart part, const std::function<bool(RegistryText&)>& change)
+{
+    const UnicodeString file = RegistryFile(part);
+    const UnicodeString folder = ConfigFolder(part);
+    // Those that are there already fail, as do those that can't be made; the lock then tells.
+    CreateDirectoryW(folder);
+    CreateDirectoryW(folder + u"\\TRS8_BTL");
+    const Descriptor lock = LockFile(file);
+    if (!lock.IsOpen()) {
+        return false;
+    }
+    const std::optional<std::string> former = ReadWhole(file);
+    if (!former) {
+        return false;
+    }
+    RegistryText text = RegistryText::Parse(*former);
+    return !change(text) || WriteWhole(file, text.Write());
+}
+
+} // namespace Host

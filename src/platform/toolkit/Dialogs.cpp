@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "platform/toolkit/Dialogs.h"
+
+#include "platform/toolkit/MessageBox.h"
+
+#include <algorithm>
+#include <array>
+
+namespace Dialogs
+{
+
+namespace
+{
+
+struct TButtonRow
+{
+    unsigned flags;
+    TMsgDlgButtons buttons;
+};
+
+/// The rows that a box can have, those with fewer buttons first.
+std::array<TButtonRow, 6> ButtonRows()
+{
+    return {{{MB_OK, {mbOK}},
+             {MB_OKCANCEL, {mbOK, mbCancel}},
+             {MB_YESNO, {mbYes, mbNo}},
+             {MB_RETRYCANCEL, {mbRetry, mbCancel}},
+             {MB_YESNOCANCEL, {mbYes, mbNo, mbCancel}},
+             {MB_ABORTRETRYIGNORE, {mbAbort, mbRetry, mbIgnore}}}};
+}
+
+unsigned RowFlags(const TMsgDlgButtons& wanted)
+{
+    const auto rows = ButtonRows();
+    const auto found =
+        std::ranges::find_if(rows, [&](const TButtonRow& row) { return (wanted - row.buttons).Empty(); });
+    return found == rows.end() ? MB_OK : found->flags;
+}
+
+struct TLook
+{
+    unsigned icon;
+    const System::WideChar* caption;
+};
+
+TLook LookOf(TMsgDlgType type)
+{
+    switch (type) {
+    case mtWarning:
+        return {MB_ICONWARNING, u"Warning"};
+    case mtError:
+        return {MB_ICONSTOP, u"Error"};
+    case mtInformation:
+        return {MB_ICONINFORMATION, u"Information"};
+    case mtConfirmation:
+        return {MB_ICONQUESTION, u"Confirm"};
+    case mtCustom:
+        break;
+    }
+    return {0, u""};
+}
+
+} // namespace
+
+int MessageDlg(const System::UnicodeString& text, TMsgDlgType type, TMsgDlgButtons buttons, int)
+{
+    const TLook look = LookOf(type);
+    // The numbers of the answers are those of the buttons.
+    return MessageBoxW(nullptr, text.c_str(), look.caption, RowFlags(buttons) | look.icon);
+}
+
+void ShowMessage(const System::UnicodeString& text)
+{
+    MessageDlg(text, mtCustom, {mbOK}, 0);
+}
+
+} // namespace Dialogs

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/System_Set.h"
+#include "platform/base/System_String.h"
+
+/// The answers of a box.
+inline constexpr int mrNone = 0;
+inline constexpr int mrOk = 1;
+inline constexpr int mrCancel = 2;
+inline constexpr int mrAbort = 3;
+inline constexpr int mrRetry = 4;
+inline constexpr int mrIgnore = 5;
+inline constexpr int mrYes = 6;
+inline constexpr int mrNo = 7;
+
+namespace Dialogs
+{
+
+/// What a box is for; it shows the icon for that.
+enum TMsgDlgType
+{
+    mtWarning,
+    mtError,
+    mtInformation,
+    mtConfirmation,
+    mtCustom
+};
+
+/// The buttons of a box.
+enum TMsgDlgBtn
+{
+    mbYes,
+    mbNo,
+    mbOK,
+    mbCancel,
+    mbAbort,
+    mbRetry,
+    mbIgnore
+};
+
+/// `TMsgDlgButtons() << mbYes << mbNo`.
+using TMsgDlgButtons = System::Set<TMsgDlgBtn, mbYes, mbIgnore>;
+
+/// Shows a box through the current toolkit and gives its answer, one of `mr...`. A set of buttons that the
+/// toolkit doesn't have gets the smallest it has that holds them, or else OK. `helpContext` isn't looked at.
+///
+///     using namespace Dialogs;
+///     if (MessageDlg(u"Overwrite?", mtConfirmation, {mbYes, mbNo}, 0) == mrYes) { ... }
+TRS8_BTL_API int MessageDlg(const System::UnicodeString& text, TMsgDlgType type, TMsgDlgButtons buttons,
+                            int helpContext);
+/// A box with OK alone.
+TRS8_BTL_API void ShowMessage(const System::UnicodeString& text);
+
+} // namespace Dialogs

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include "platform/toolkit/Dialogs.h"
+
+#include "platform/toolkit/MessageBox.h"
+#include "support/ScriptedBoxes.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+using namespace Dialogs;
+
+TEST(DialogsTest, ShowsTheButtonsAndTheIcon)
+{
+    struct TCase
+    {
+        TMsgDlgType type;
+        TMsgDlgButtons buttons;
+        unsigned flags;
+        int answer;
+    };
+    const TCase cases[] = {
+        {mtError, {mbOK}, MB_OK | MB_ICONSTOP, mrOk},
+        {mtConfirmation, {mbNo, mbYes}, MB_YESNO | MB_ICONQUESTION, mrNo},
+        {mtWarning, {mbYes, mbNo, mbCancel}, MB_YESNOCANCEL | MB_ICONWARNING, mrCancel},
+        {mtInformation, {mbAbort, mbIgnore}, MB_ABORTRETRYIGNORE | MB_ICONINFORMATION, mrIgnore},
+        {mtCustom, {mbOK, mbYes}, MB_OK, mrOk}};
+    for (const TCase& row : cases) {
+        SCOPED_TRACE(row.flags);
+        Support::ScriptedBoxes boxes{row.answer};
+        EXPECT_EQ(MessageDlg(u"text", row.type, row.buttons, 0), row.answer);
+        const auto shown = boxes.TakeShown();
+        ASSERT_EQ(shown.size(), 1U);
+        EXPECT_EQ(shown[0].box.text, u"text");
+        EXPECT_EQ(shown[0].box.flags, row.flags);
+    }
+}
+
+TEST(DialogsTest, ShowsAMessage)
+{
+    Support::ScriptedBoxes boxes{mrOk};
+    ShowMessage(u"done");
+    EXPECT_EQ(boxes.TakeShown().at(0).box.text, u"done");
+}
+
+} // namespace
