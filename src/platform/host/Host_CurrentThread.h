@@ -10,10 +10,10 @@ namespace Host
 {
 
 /// The number of the thread that the process began with.
-unsigned long FirstThreadId() noexcept;
+TRS8_BTL_API unsigned long FirstThreadId() noexcept;
 
 /// Gives a thread of this process the name that debuggers and lists of processes show. The host keeps 15
 /// bytes of its UTF-8, and no part of a character. False if there is no such thread.
-bool NameThread(unsigned long thread, const System::UnicodeString& name);
+TRS8_BTL_API bool NameThread(unsigned long thread, const System::UnicodeString& name);
 
 } // namespace Host

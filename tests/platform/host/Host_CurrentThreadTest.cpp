@@ -13,10 +13,18 @@ namespace
 TEST(CurrentThreadTest, HasANumberOfItsOwn)
 {
     EXPECT_EQ(GetCurrentThreadId(), static_cast<unsigned long>(getpid()));
+    EXPECT_EQ(GetCurrentThreadId(), Host::FirstThreadId());
     unsigned long other = 0;
     std::thread([&] { other = GetCurrentThreadId(); }).join();
     EXPECT_NE(other, 0U);
     EXPECT_NE(other, GetCurrentThreadId());
+}
+
+TEST(CurrentThreadTest, NamesThreadsOfThisProcessAlone)
+{
+    std::thread([] { EXPECT_TRUE(Host::NameThread(GetCurrentThreadId(), u"named")); }).join();
+    EXPECT_FALSE(Host::NameThread(0, u"nobody"));
+    EXPECT_FALSE(Host::NameThread(1, u"init"));
 }
 
 } // namespace
