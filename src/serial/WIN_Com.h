@@ -88,7 +88,9 @@ public:
     bool DoSetDCB();
     bool DoSetTimeouts();
 
+    /// What holds the port, and how many bytes wait.
     bool GetComStat(COMSTAT& status);
+    /// What the port can do.
     bool GetComProp(COMMPROP& properties);
     /// The lines that are on, a sum of `MS_...`.
     bool GetModemStatus(unsigned long& status);

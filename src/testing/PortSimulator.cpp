@@ -17,6 +17,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/eventfd.h>
+#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -37,6 +38,8 @@ struct TDue
     Clock::time_point time;
     std::string bytes;
     bool vanishes = false;
+    /// How many milliseconds more a program has to read what came before; the host drops it with the device.
+    int patience = 500;
 };
 
 class CDescriptor
@@ -210,11 +213,12 @@ private:
         }
         const std::size_t piece = reply.pace == 0 ? bytes.size() : 1;
         for (std::size_t i = 0; i < bytes.size(); i += piece) {
-            mDue.push_back({time, bytes.substr(i, piece)});
+            mDue.push_back({.time = time, .bytes = bytes.substr(i, piece)});
             time += Milliseconds(reply.pace);
         }
         if (reply.fault == EFault::Unplug) {
-            mDue.push_back({time, {}, true});
+            // The host hands bytes on a little later than they are written.
+            mDue.push_back({.time = time + Milliseconds(50), .bytes = {}, .vanishes = true});
         }
     }
 
@@ -254,11 +258,21 @@ private:
         mCame.notify_all();
     }
 
+    bool HasUnread() const
+    {
+        int count = 0;
+        return ioctl(mSlave.Get(), FIONREAD, &count) == 0 && count > 0;
+    }
+
     /// Sends what is due, as far as the program takes it.
     void SendDue()
     {
         while (!mDue.empty() && mDue.front().time <= Clock::now()) {
             TDue& due = mDue.front();
+            if (due.vanishes && HasUnread() && due.patience-- > 0) {
+                due.time = Clock::now() + Milliseconds(1);
+                return;
+            }
             mIsUnplugged = mIsUnplugged || due.vanishes;
             const ssize_t count =
                 due.bytes.empty() ? 0 : ::write(mMaster.Get(), due.bytes.data(), due.bytes.size());

@@ -88,6 +88,7 @@ public:
     /// Deletes the key and all below it; false if there is none, or for the root.
     bool DeleteKey(const System::UnicodeString& key);
 
+    /// Whether the current key has the value.
     bool ValueExists(const System::UnicodeString& name) const;
     /// False if there is none.
     bool DeleteValue(const System::UnicodeString& name);
