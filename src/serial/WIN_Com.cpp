@@ -129,7 +129,7 @@ bool CCom::Create()
 {
     mLastError = 0;
     mShortTransfer = false;
-    const std::string path = std::string("\\\\.\\") + mName;
+    const std::string path = std::string(R"(\\.\)") + mName;
     mHandle = CreateFileA(path.c_str(), ReadAndWrite, 0, nullptr, OPEN_EXISTING, mFlags, nullptr);
     return IsOpen();
 }
@@ -550,6 +550,8 @@ void AddComNamesTo(Classes::TStrings* list)
         return;
     }
     for (std::size_t i = 0; i < PortCount; ++i) {
+        // The number is what the pointer is for.
+        // NOLINTNEXTLINE(performance-no-int-to-ptr)
         list->AddObject(Names[i].data(), reinterpret_cast<System::TObject*>(i));
     }
 }

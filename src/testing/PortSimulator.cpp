@@ -311,7 +311,7 @@ private:
         while (!mEnds) {
             const bool isPlugged = mMaster.Get() >= 0;
             const bool isLate = isPlugged && !mDue.empty() && mDue.front().time <= Clock::now();
-            const short events = static_cast<short>((mIsHeld ? 0 : POLLIN) | (isLate ? POLLOUT : 0));
+            const auto events = static_cast<short>((mIsHeld ? 0 : POLLIN) | (isLate ? POLLOUT : 0));
             pollfd waits[] = {{.fd = mMaster.Get(), .events = events, .revents = 0},
                               {.fd = mWake.Get(), .events = POLLIN, .revents = 0}};
             // What is due and isn't taken waits for room.

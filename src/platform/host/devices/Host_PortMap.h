@@ -8,8 +8,9 @@
 
 // Which device of the host is which serial port. `COMn` is `/dev/ttyS(n-1)`. Adapters get the next free
 // numbers behind those, from 5 on, and keep them, on whichever socket they come back; the registry file
-// remembers them. The variable `TRS8_BTL_COMn`, or a line in the section `[Ports]` of the registry file,
-// names a device outright. Nothing is opened to find out.
+// remembers them. An adapter without a serial number of its own is known by its socket. The variable
+// `TRS8_BTL_COMn`, or a line in the section `[Ports]` of the registry file, names a device outright. Nothing
+// is opened to find out.
 //
 //     for (const Host::PortInfo& port : Host::ListPorts()) {
 //         std::cout << "COM" << port.number << ' ' << port.device << '\n';    // COM5 /dev/ttyUSB0

@@ -53,7 +53,7 @@ bool HasOpen(const std::string& process, dev_t device)
     });
 }
 
-/// The other processes that have the device open, as far as the user may know.
+/// The processes that have the device open, as far as the user may know.
 UnicodeString HoldersOf(dev_t device)
 {
     UnicodeString holders;

@@ -3,10 +3,10 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <ctime>
 #include <limits>
 
 #include <poll.h>
-#include <time.h>
 
 namespace Host
 {

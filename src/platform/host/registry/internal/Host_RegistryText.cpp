@@ -298,6 +298,7 @@ std::vector<UnicodeString> RegistryText::KeysBelow(const UnicodeString& path) co
         names.try_emplace(first.LowerCase(), first);
     }
     std::vector<UnicodeString> result;
+    result.reserve(names.size());
     for (const auto& [folded, name] : names) {
         result.push_back(name);
     }
