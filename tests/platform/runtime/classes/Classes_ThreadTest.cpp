@@ -324,6 +324,14 @@ TGlobal& Global()
     return global;
 }
 
+/// A thread that nobody destroys; it stays known, so that it counts as no leak.
+template <class Body>
+ThreadOf& Leak(Body body, bool createSuspended = false)
+{
+    static auto& kept = *new std::vector<ThreadOf*>;
+    return *kept.emplace_back(new ThreadOf(body, createSuspended));
+}
+
 TEST(ThreadEndChild, DISABLED_EndsWithThreads)
 {
     static std::atomic<bool> isWrong = false;
@@ -334,10 +342,10 @@ TEST(ThreadEndChild, DISABLED_EndsWithThreads)
         }
         isWrong = isWrong || !Global().isThere;
     };
-    new ThreadOf(run);
-    (new ThreadOf(run))->Suspend();
-    new ThreadOf(run, true);
-    new ThreadOf([run](ThreadOf& thread) {
+    Leak(run);
+    Leak(run).Suspend();
+    Leak(run, true);
+    Leak([run](ThreadOf& thread) {
         isWrong = isWrong || TThread::Synchronize(nullptr, [] { isWrong = true; });
         run(thread);
     });
@@ -353,11 +361,11 @@ TEST(ThreadEndTest, ThreadsEndBeforeTheGlobalObjects)
 
 TEST(ThreadEndChild, DISABLED_EndsWhileItServes)
 {
-    auto* const thread = new ThreadOf([](ThreadOf&) {
+    ThreadOf& thread = Leak([](ThreadOf&) {
         const bool isDone = TThread::Synchronize(nullptr, [] { std::exit(0); });
         Support::PrintResult(isDone ? "done" : "taken back");
     });
-    thread->WaitFor();
+    thread.WaitFor();
 }
 
 TEST(ThreadEndTest, TheProcessMayEndInWhatAThreadHandedOver)
@@ -367,7 +375,8 @@ TEST(ThreadEndTest, TheProcessMayEndInWhatAThreadHandedOver)
 
 TEST(ThreadEndChild, DISABLED_EndsInAThread)
 {
-    new ThreadOf(CountInto(*new std::atomic<int>));
+    static std::atomic<int>& rounds = *new std::atomic<int>;
+    Leak(CountInto(rounds));
     ThreadOf thread([](ThreadOf&) {
         std::atexit([] { Support::PrintResult("ended"); });
         std::exit(0);
@@ -382,7 +391,7 @@ TEST(ThreadEndTest, TheProcessMayEndInAThread)
 
 TEST(ThreadEndChild, DISABLED_EndsDespiteAThreadThatDoesNotHeed)
 {
-    new ThreadOf([](ThreadOf&) { std::this_thread::sleep_for(std::chrono::hours(1)); });
+    Leak([](ThreadOf&) { std::this_thread::sleep_for(std::chrono::hours(1)); });
     std::atexit([] { Support::PrintResult("ended"); });
 }
 
