@@ -14,7 +14,7 @@ namespace Host
 ///     const HANDLE handle = OpenHandle(std::make_shared<CNamedMutex>(...));
 ///     if (const auto mutex = ObjectOf<CNamedMutex>(handle)) { ... }   // null and the last error 6 if it
 ///     isn't one
-class AObject
+class TRS8_BTL_API AObject
 {
 public:
     AObject() = default;
@@ -27,17 +27,17 @@ public:
 };
 
 /// A new handle on the object, which the caller closes.
-HANDLE OpenHandle(std::shared_ptr<AObject> object);
+TRS8_BTL_API HANDLE OpenHandle(std::shared_ptr<AObject> object);
 
 /// Null, with `ERROR_INVALID_HANDLE`, for what is no open handle.
-std::shared_ptr<AObject> FindObject(HANDLE handle);
+TRS8_BTL_API std::shared_ptr<AObject> FindObject(HANDLE handle);
 
 /// Null, with `ERROR_INVALID_HANDLE`, for what is no open handle on a `T`.
 template <class T>
 std::shared_ptr<T> ObjectOf(HANDLE handle);
 
 /// Sets `ERROR_INVALID_HANDLE`.
-void RefuseHandle();
+TRS8_BTL_API void RefuseHandle();
 
 template <class T>
 std::shared_ptr<T> ObjectOf(HANDLE handle)
