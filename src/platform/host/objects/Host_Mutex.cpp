@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/objects/Host_Mutex.h"
 
-#include "platform/host/internal/Host_Deadline.h"
+#include "platform/host/internal/Host_WaitTime.h"
 #include "platform/host/objects/internal/Host_Futex.h"
 #include "platform/host/objects/internal/Host_NamedBlock.h"
 #include "platform/host/objects/internal/Host_Object.h"
@@ -59,6 +59,8 @@ private:
 
 /// Its address also stands for the thread.
 thread_local COwnedMutexes Owned;
+/// Set when the list is gone; in the main thread global objects may come behind it.
+thread_local bool IsListGone = false;
 
 /// Unmaps the head of a mutex.
 struct TUnmapHead
@@ -103,7 +105,7 @@ public:
     {
         // The death of an owner wakes nobody.
         constexpr int slice = 20;
-        const Deadline deadline(milliseconds);
+        const WaitTime deadline(milliseconds);
         for (;;) {
             const std::uint32_t releases = std::atomic_ref(mWords->releases).load();
             if (const unsigned long result = Try(); result != WAIT_TIMEOUT) {
@@ -125,7 +127,9 @@ public:
         if (--mDepth == 0) {
             std::atomic_ref(mWords->isOwned).store(0);
             GiveUp();
-            Owned.Remove(this);
+            if (!IsListGone) {
+                Owned.Remove(this);
+            }
         }
         return true;
     }
@@ -157,7 +161,9 @@ private:
             FailErrno();
             return WAIT_FAILED;
         }
-        Owned.Add(weak_from_this());
+        if (!IsListGone) {
+            Owned.Add(weak_from_this());
+        }
         mOwner = &Owned;
         mDepth = 1;
         return std::atomic_ref(mWords->isOwned).exchange(1) == 0 ? WAIT_OBJECT_0 : WAIT_ABANDONED;
@@ -182,6 +188,7 @@ private:
 
 COwnedMutexes::~COwnedMutexes()
 {
+    IsListGone = true;
     for (const auto& entry : mOwned) {
         if (const auto mutex = entry.lock()) {
             mutex->Abandon();

@@ -2,7 +2,7 @@
 #include "platform/host/objects/internal/Host_NamedBlock.h"
 
 #include "platform/host/Host_TickCount.h"
-#include "platform/host/internal/Host_Deadline.h"
+#include "platform/host/internal/Host_WaitTime.h"
 #include "platform/host/objects/internal/Host_ObjectName.h"
 
 #include <array>
@@ -142,7 +142,7 @@ private:
     std::optional<CNamedBlock> Search(const TWanted* wanted)
     {
         // Only who is stopped between two calls makes others wait so long.
-        const Deadline deadline(10'000);
+        const WaitTime deadline(10'000);
         do {
             switch (Try(wanted)) {
             case EStep::Done:

@@ -11,12 +11,12 @@ namespace Host
 
 /// The end of a wait of some milliseconds; 0xFFFFFFFF never ends.
 ///
-///     const Deadline deadline(milliseconds);
+///     const WaitTime deadline(milliseconds);
 ///     do { ... poll(&entry, 1, deadline.Remaining(100)) ... } while (!deadline.IsOver());
-class Deadline
+class WaitTime
 {
 public:
-    explicit Deadline(unsigned long milliseconds) noexcept
+    explicit WaitTime(unsigned long milliseconds) noexcept
         : mIsEndless(milliseconds == 0xFFFFFFFF),
           mEnd(Now() + static_cast<std::int64_t>(milliseconds) * Milli)
     {
