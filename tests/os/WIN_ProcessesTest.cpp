@@ -80,8 +80,9 @@ TEST_F(ProcessesTest, WalksUntilItIsTold)
     count = 0;
     WIN::ForEachProcess([&](const tagPROCESSENTRY32W&) { return ++count < 2; });
     EXPECT_EQ(count, 2);
-    EXPECT_THROW(WIN::ForEachProcess([](const tagPROCESSENTRY32W&) -> bool { throw std::runtime_error("x"); }),
-                 std::runtime_error);
+    EXPECT_THROW(
+        WIN::ForEachProcess([](const tagPROCESSENTRY32W&) -> bool { throw std::runtime_error("x"); }),
+        std::runtime_error);
     testing::internal::CaptureStderr();
     EXPECT_THROW(WIN::ForEachProcess(nullptr), UTL::XAssert);
     EXPECT_THROW(WIN::ForEachProcess(mName, nullptr), UTL::XAssert);

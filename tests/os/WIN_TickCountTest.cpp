@@ -25,9 +25,13 @@ WIN::CTickCount StartedAgo(std::uint32_t milliseconds)
 
 TEST(WinTickCountTest, WritesDurations)
 {
-    for (const auto& [milliseconds, text] :
-         {std::pair(0UL, u"0:0:0.0"), {250UL, u"0:0:0.250"}, {999UL, u"0:0:0.999"}, {1000UL, u"0:0:1"},
-          {1500UL, u"0:0:1"}, {3'661'000UL, u"1:1:1"}, {90'061'001UL, u"25:1:1"}}) {
+    for (const auto& [milliseconds, text] : {std::pair(0UL, u"0:0:0.0"),
+                                             {250UL, u"0:0:0.250"},
+                                             {999UL, u"0:0:0.999"},
+                                             {1000UL, u"0:0:1"},
+                                             {1500UL, u"0:0:1"},
+                                             {3'661'000UL, u"1:1:1"},
+                                             {90'061'001UL, u"25:1:1"}}) {
         EXPECT_EQ(WIN::GetDuration(milliseconds), text);
     }
 }

@@ -11,8 +11,8 @@
 namespace Support
 {
 
-/// A fork of the test that runs `body`, tells by a byte of its own how far it got, and is killed at the latest
-/// with the object.
+/// A fork of the test that runs `body`, tells by a byte of its own how far it got, and is killed at the
+/// latest with the object.
 ///
 ///     SecondProcess other([](int tell) { CMutex mutex(u"a"); SecondProcess::Tell(tell); pause(); });
 ///     other.Await();                                      // now it has the mutex

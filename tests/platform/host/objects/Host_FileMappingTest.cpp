@@ -113,7 +113,8 @@ TEST(FileMappingTest, IsOpenToOtherUsersWithANullList)
     ASSERT_TRUE(SetSecurityDescriptorDacl(&everybody, true, nullptr, false));
     const SECURITY_ATTRIBUTES attributes{12, &everybody, false};
     const mode_t mask = umask(077);
-    const HANDLE open = CreateFileMappingW(INVALID_HANDLE_VALUE, &attributes, PAGE_READWRITE, 0, 10, OwnName(u"all"));
+    const HANDLE open =
+        CreateFileMappingW(INVALID_HANDLE_VALUE, &attributes, PAGE_READWRITE, 0, 10, OwnName(u"all"));
     const HANDLE closed = Create(OwnName(u"own"), 10);
     umask(mask);
     const UnicodeString all = OwnName(u"all");
@@ -142,7 +143,7 @@ TEST(FileMappingTest, TellsThatThereIsNoRoom)
     SecondProcess other([](int tell) {
         if (unshare(CLONE_NEWNS) != 0 || mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
             mount("none", "/dev/shm", "tmpfs", 0, "size=64k,mode=1777") != 0) {
-            SecondProcess::Tell(tell);      // the host doesn't allow the experiment
+            SecondProcess::Tell(tell); // the host doesn't allow the experiment
             return;
         }
         if (Create(u"large", 1'000'000) != nullptr || GetLastError() != ERROR_DISK_FULL) {

@@ -84,9 +84,23 @@ TEST(HostMutexTest, KeepsThreadsApart)
 TEST(HostMutexTest, TakesAnyTextForAName)
 {
     const UnicodeString longName = UnicodeString::StringOfChar(u'x', 1000);
-    const UnicodeString names[] = {u".", u"..", u"../../tmp/x", u"a/b", u"a\\b", u"a b", u"Ärger", u"ärger",
-                                   u"%0041", u"A", u"a", u"Global\\a", UnicodeString(u"\xD800"),
-                                   UnicodeString(u"\xD801"), longName, longName + u'x', longName + u'y'};
+    const UnicodeString names[] = {u".",
+                                   u"..",
+                                   u"../../tmp/x",
+                                   u"a/b",
+                                   u"a\\b",
+                                   u"a b",
+                                   u"Ärger",
+                                   u"ärger",
+                                   u"%0041",
+                                   u"A",
+                                   u"a",
+                                   u"Global\\a",
+                                   UnicodeString(u"\xD800"),
+                                   UnicodeString(u"\xD801"),
+                                   longName,
+                                   longName + u'x',
+                                   longName + u'y'};
     std::vector<HANDLE> handles;
     for (const UnicodeString& name : names) {
         handles.push_back(CreateMutexW(nullptr, false, name + OwnName(u"name")));

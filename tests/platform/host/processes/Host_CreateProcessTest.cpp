@@ -39,7 +39,10 @@ protected:
         std::filesystem::permissions(file, std::filesystem::perms::owner_all);
     }
 
-    static UnicodeString Quoted(const std::filesystem::path& file) { return u'"' + UnicodeString(file) + u'"'; }
+    static UnicodeString Quoted(const std::filesystem::path& file)
+    {
+        return u'"' + UnicodeString(file) + u'"';
+    }
 
     /// The exit code of the program, or 1000 + the last error if it doesn't start.
     static unsigned long Run(const UnicodeString& command, const System::WideChar* folder = nullptr,

@@ -16,8 +16,9 @@ namespace
 TEST(ProcessPriorityTest, ClassesAreNiceValues)
 {
     // Falling, so that any user may set them.
-    for (const auto& [priorityClass, nice] :
-         {std::pair(NORMAL_PRIORITY_CLASS, 0), {BELOW_NORMAL_PRIORITY_CLASS, 10}, {IDLE_PRIORITY_CLASS, 19}}) {
+    for (const auto& [priorityClass, nice] : {std::pair(NORMAL_PRIORITY_CLASS, 0),
+                                              {BELOW_NORMAL_PRIORITY_CLASS, 10},
+                                              {IDLE_PRIORITY_CLASS, 19}}) {
         PROCESS_INFORMATION info;
         ASSERT_TRUE(CreateProcessW(nullptr, u"sleep 100", nullptr, nullptr, false, priorityClass, nullptr,
                                    nullptr, nullptr, &info));

@@ -25,8 +25,8 @@ using System::UnicodeString;
 PROCESS_INFORMATION Start(const UnicodeString& command)
 {
     PROCESS_INFORMATION info;
-    EXPECT_TRUE(CreateProcessW(nullptr, command.c_str(), nullptr, nullptr, false, 0, nullptr, nullptr, nullptr,
-                               &info));
+    EXPECT_TRUE(CreateProcessW(nullptr, command.c_str(), nullptr, nullptr, false, 0, nullptr, nullptr,
+                               nullptr, &info));
     return info;
 }
 
@@ -59,9 +59,11 @@ bool IsGoneSoon(unsigned long id)
 
 TEST(HostProcessTest, TellsExitCodes)
 {
-    for (const auto& [command, expected] :
-         {std::pair(u"sh -c \"exit 0\"", 0UL), {u"sh -c \"exit 7\"", 7UL}, {u"sh -c \"exit 300\"", 44UL},
-          {u"sh -c \"kill -15 $$\"", 128UL + 15}, {u"sh -c \"kill -9 $$\"", 128UL + 9}}) {
+    for (const auto& [command, expected] : {std::pair(u"sh -c \"exit 0\"", 0UL),
+                                            {u"sh -c \"exit 7\"", 7UL},
+                                            {u"sh -c \"exit 300\"", 44UL},
+                                            {u"sh -c \"kill -15 $$\"", 128UL + 15},
+                                            {u"sh -c \"kill -9 $$\"", 128UL + 9}}) {
         SCOPED_TRACE(System::ToUtf8(UnicodeString(command)));
         const PROCESS_INFORMATION info = Start(command);
         EXPECT_EQ(WaitForSingleObject(info.hProcess, 20'000), WAIT_OBJECT_0);
@@ -97,7 +99,8 @@ TEST(HostProcessTest, EndsWithTheCodeThatWasAskedFor)
 TEST(HostProcessTest, KeepsCodesOfOthersToThem)
 {
     unsigned long code = 5;
-    const HANDLE parent = OpenProcess(PROCESS_QUERY_INFORMATION, false, static_cast<unsigned long>(getppid()));
+    const HANDLE parent =
+        OpenProcess(PROCESS_QUERY_INFORMATION, false, static_cast<unsigned long>(getppid()));
     ASSERT_NE(parent, nullptr);
     EXPECT_FALSE(GetExitCodeProcess(parent, &code));
     EXPECT_EQ(GetLastError(), ERROR_ACCESS_DENIED);
