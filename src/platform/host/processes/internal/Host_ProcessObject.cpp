@@ -169,10 +169,7 @@ std::shared_ptr<CProcessObject> CProcessObject::Open(pid_t id)
 
 CProcessObject::~CProcessObject()
 {
-    if (!mIsChild || mExitCode || TakeEnd(mProcess.Get())) {
-        return;
-    }
-    if (IsRunning()) {
+    if (mIsChild && !mExitCode && !TakeEnd(mProcess.Get())) {
         CReaper::Instance().Add(std::move(mProcess));
     }
 }
