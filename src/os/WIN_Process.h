@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/base/System_String.h"
+#include "platform/host/Host_Error.h"
 #include "platform/host/processes/Host_CreateProcess.h"
 #include "platform/host/processes/Host_Process.h"
 #include "platform/host/processes/Host_ProcessMemory.h"
