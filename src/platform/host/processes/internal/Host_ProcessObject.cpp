@@ -78,6 +78,8 @@ private:
             epoll_event event = {};
             if (epoll_wait(mPoll.Get(), &event, 1, -1) == 1) {
                 TakeEnd(event.data.fd);
+                // Closing alone wouldn't do: a program that is about to start may have a copy for a moment.
+                epoll_ctl(mPoll.Get(), EPOLL_CTL_DEL, event.data.fd, nullptr);
                 close(event.data.fd);
             }
         }
