@@ -52,7 +52,9 @@ public:
     /// Ends the process at once, with this exit code for who waits here. Needs a process.
     void Terminate(unsigned exitCode);
 
+    /// As `::SetPriorityClass`.
     void SetPriorityClass(unsigned long priorityClass);
+    /// As `::GetPriorityClass`.
     unsigned long GetPriorityClass() const;
 
     void GetProcessMemoryInfo(_PROCESS_MEMORY_COUNTERS& counters) const;
