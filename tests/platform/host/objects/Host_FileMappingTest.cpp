@@ -2,6 +2,7 @@
 #include "platform/host/objects/Host_FileMapping.h"
 
 #include "platform/host/Host_Error.h"
+#include "support/ChildProgram.h"
 #include "support/ObjectNames.h"
 #include "support/SecondProcess.h"
 
@@ -131,6 +132,7 @@ TEST(FileMappingTest, IsOpenToOtherUsersWithANullList)
         SecondProcess::Tell(tell);
     });
     EXPECT_TRUE(other.Await());
+    other.Kill();
     const char* const view = View(open);
     EXPECT_EQ(view[0], 'x');
     EXPECT_TRUE(UnmapViewOfFile(view));
@@ -173,6 +175,28 @@ TEST(FileMappingTest, LeavesNothingBehind)
     }
     EXPECT_EQ(Support::CountEntries("/proc/self/fd"), descriptors);
     EXPECT_LE(CountMaps(), maps + 8);
+    EXPECT_EQ(Support::CountOwnNames(), 0);
+}
+
+TEST(FileMappingTest, DISABLED_MakesSomething)
+{
+    EXPECT_TRUE(CloseHandle(Create(OwnName(u"something"), 10)));
+    Support::PrintResult("made");
+}
+
+TEST(FileMappingTest, FreesWhatACrashLeftWithTheNextProcess)
+{
+    const UnicodeString name = OwnName(u"left");
+    SecondProcess holder([&](int tell) {
+        Create(name, 10);
+        SecondProcess::Tell(tell);
+        pause();
+    });
+    ASSERT_TRUE(holder.Await());
+    EXPECT_EQ(Support::RunChildTest("FileMappingTest.DISABLED_MakesSomething"), "made");
+    EXPECT_EQ(Support::CountOwnNames(), 1) << "it is in use";
+    holder.Kill();
+    EXPECT_EQ(Support::RunChildTest("FileMappingTest.DISABLED_MakesSomething"), "made");
     EXPECT_EQ(Support::CountOwnNames(), 0);
 }
 

@@ -7,7 +7,9 @@
 
 #include <array>
 #include <cerrno>
+#include <memory>
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
@@ -111,6 +113,38 @@ void RemoveIfLast(int descriptor, const std::string& path)
     }
 }
 
+struct TCloseFolder
+{
+    void operator()(DIR* folder) const { closedir(folder); }
+};
+
+/// Removes the file if it is one that a crash left.
+void RemoveIfStale(const std::string& path)
+{
+    const Descriptor file(open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    if (file.IsOpen() && TryLockByte(file.Get(), F_WRLCK, LifeByte) && IsAt(file.Get(), path)) {
+        unlink(path.c_str());
+    }
+}
+
+/// Frees the memory of names that nobody asks for any more; true.
+bool RemoveStale()
+{
+    // A look at so many, in case that somebody filled the folder.
+    constexpr int most = 1000;
+    const std::unique_ptr<DIR, TCloseFolder> folder(opendir(Folder));
+    for (int i = 0; folder != nullptr && i < most; ++i) {
+        const dirent* const entry = readdir(folder.get());
+        if (entry == nullptr) {
+            break;
+        }
+        if (entry->d_type == DT_REG) {
+            RemoveIfStale(std::string(Folder) + '/' + entry->d_name);
+        }
+    }
+    return true;
+}
+
 } // namespace
 
 /// Finds or makes the block of a name while others come and go.
@@ -206,6 +240,8 @@ private:
         if (!folder.IsOpen()) {
             return EStep::Failed;
         }
+        // Once in a process.
+        [[maybe_unused]] static const bool isTidy = RemoveStale();
         mFile = Descriptor(openat(folder.Get(), ".", O_TMPFILE | O_RDWR | O_CLOEXEC, ModeOf(wanted)));
         if (!mFile.IsOpen()) {
             return Failed(FailErrno());
