@@ -2,23 +2,21 @@
 #include "platform/host/Host_Shell.h"
 
 #include "platform/base/internal/System_Ascii.h"
-#include "platform/host/Host_BufferedFiles.h"
 #include "platform/host/Host_Error.h"
 #include "platform/host/Host_FileInfo.h"
 #include "platform/host/Host_Folder.h"
 #include "platform/host/Host_Path.h"
 #include "platform/host/internal/Host_Descriptor.h"
+#include "platform/host/internal/Host_Spawn.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
-#include <csignal>
 #include <cstring>
 #include <future>
 #include <thread>
 
 #include <fcntl.h>
-#include <spawn.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -38,53 +36,12 @@ enum class Verb
     Explore,
 };
 
-struct SpawnActions
+/// Starts a program in a session of its own; 0 or the `errno`.
+int SpawnApart(const std::string& program, std::vector<std::string> arguments, const std::string& folder,
+               pid_t& process)
 {
-    posix_spawn_file_actions_t files;
-    posix_spawnattr_t attributes;
-
-    SpawnActions()
-    {
-        posix_spawn_file_actions_init(&files);
-        posix_spawnattr_init(&attributes);
-    }
-    SpawnActions(const SpawnActions&) = delete;
-    SpawnActions& operator=(const SpawnActions&) = delete;
-    ~SpawnActions()
-    {
-        posix_spawn_file_actions_destroy(&files);
-        posix_spawnattr_destroy(&attributes);
-    }
-};
-
-/// Starts a program in a session of its own, with the signals as at a fresh start; 0 or the `errno`.
-/// `program` is a path, or a name to look for in the usual folders.
-int Spawn(const std::string& program, const std::vector<std::string>& arguments, const std::string& folder,
-          pid_t& process)
-{
-    // The program may be meant to read what this one wrote.
-    Host::FlushAllBuffers();
-    SpawnActions actions;
-    posix_spawn_file_actions_addopen(&actions.files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    if (!folder.empty()) {
-        posix_spawn_file_actions_addchdir_np(&actions.files, folder.c_str());
-    }
-    sigset_t signals;
-    sigemptyset(&signals);
-    posix_spawnattr_setsigmask(&actions.attributes, &signals);
-    sigaddset(&signals, SIGPIPE);
-    sigaddset(&signals, SIGCHLD);
-    posix_spawnattr_setsigdefault(&actions.attributes, &signals);
-    posix_spawnattr_setflags(&actions.attributes,
-                             POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-
-    std::vector<char*> vector;
-    vector.push_back(const_cast<char*>(program.c_str()));
-    std::ranges::transform(arguments, std::back_inserter(vector),
-                           [](const std::string& text) { return const_cast<char*>(text.c_str()); });
-    vector.push_back(nullptr);
-    return posix_spawnp(&process, program.c_str(), &actions.files, &actions.attributes, vector.data(),
-                        environ);
+    arguments.insert(arguments.begin(), program);
+    return Host::Spawn({program, std::move(arguments), folder, Host::ESession::Own}, process);
 }
 
 /// Waits for the end of the process in the background, so that it leaves no entry behind; the future tells
@@ -142,7 +99,7 @@ NativeInt StartProgram(const std::string& path, const UnicodeString& parameters,
         arguments.push_back(System::ToUtf8(argument));
     }
     pid_t process = 0;
-    if (const int error = Spawn(path, arguments, folder, process); error != 0) {
+    if (const int error = SpawnApart(path, std::move(arguments), folder, process); error != 0) {
         return static_cast<NativeInt>(Host::ErrorFromErrno(error));
     }
     Reap(process);
@@ -152,8 +109,12 @@ NativeInt StartProgram(const std::string& path, const UnicodeString& parameters,
 /// `target` begins with `/` or with a scheme, so that it can't be taken for an option.
 NativeInt OpenOnDesktop(const std::string& target, const std::string& folder)
 {
+    const std::string opener = Host::FindProgram("xdg-open");
+    if (opener.empty()) {
+        return errno == ENOENT ? SE_ERR_NOASSOC : static_cast<NativeInt>(Host::ErrorFromErrno(errno));
+    }
     pid_t process = 0;
-    if (const int error = Spawn("xdg-open", {target}, folder, process); error != 0) {
+    if (const int error = SpawnApart(opener, {target}, folder, process); error != 0) {
         return error == ENOENT ? SE_ERR_NOASSOC : static_cast<NativeInt>(Host::ErrorFromErrno(error));
     }
     std::future<int> exitCode = Reap(process);

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#include "platform/host/processes/internal/Host_ProcessFiles.h"
+
+#include "platform/host/internal/Host_Descriptor.h"
+
+#include <charconv>
+
+#include <fcntl.h>
+
+namespace Host
+{
+
+namespace
+{
+
+/// The fields that are parted by a blank each.
+class CFields
+{
+public:
+    explicit CFields(std::string_view text) : mText(text) {}
+
+    std::string_view Next()
+    {
+        const std::size_t end = std::min(mText.find(' '), mText.size());
+        const std::string_view field = mText.substr(0, end);
+        mText.remove_prefix(std::min(end + 1, mText.size()));
+        return field;
+    }
+
+    void Skip(int count)
+    {
+        for (int i = 0; i < count; ++i) {
+            Next();
+        }
+    }
+
+    template <class T>
+    T Number()
+    {
+        T value = 0;
+        const std::string_view field = Next();
+        std::from_chars(field.data(), field.data() + field.size(), value);
+        return value;
+    }
+
+private:
+    std::string_view mText;
+};
+
+} // namespace
+
+std::optional<std::string> ReadProcessFile(int folder, pid_t process, std::string_view file)
+{
+    const std::string path = std::to_string(process).append("/").append(file);
+    const Descriptor descriptor(openat(folder, path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!descriptor.IsOpen()) {
+        return std::nullopt;
+    }
+    constexpr std::size_t most = 4096;
+    char buffer[most];
+    const ssize_t length = Uninterrupted([&] { return read(descriptor.Get(), buffer, most); });
+    return length < 0 ? std::nullopt : std::optional<std::string>(std::in_place, buffer, length);
+}
+
+std::optional<TProcessStat> ParseProcessStat(std::string_view text)
+{
+    // The name may hold anything, parentheses and blanks too.
+    const std::size_t begin = text.find('(');
+    const std::size_t end = text.rfind(')');
+    if (begin == std::string_view::npos || end == std::string_view::npos || end < begin ||
+        end + 2 >= text.size()) {
+        return std::nullopt;
+    }
+    TProcessStat stat;
+    stat.name = text.substr(begin + 1, end - begin - 1);
+    CFields fields(text.substr(end + 2));
+    stat.state = fields.Next().front();
+    stat.parent = fields.Number<pid_t>();
+    fields.Skip(5);
+    stat.pageFaults = fields.Number<unsigned long>();
+    fields.Skip(1);
+    stat.pageFaults += fields.Number<unsigned long>();
+    fields.Skip(6);
+    stat.nice = fields.Number<int>();
+    stat.threads = fields.Number<unsigned>();
+    return stat;
+}
+
+} // namespace Host

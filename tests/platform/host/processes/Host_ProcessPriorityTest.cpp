@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "platform/host/processes/Host_ProcessPriority.h"
+
+#include "platform/host/Host_Error.h"
+#include "platform/host/processes/Host_CreateProcess.h"
+#include "platform/host/processes/Host_Process.h"
+#include "support/SecondProcess.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/resource.h>
+
+namespace
+{
+
+TEST(ProcessPriorityTest, ClassesAreNiceValues)
+{
+    // Falling, so that any user may set them.
+    for (const auto& [priorityClass, nice] : {std::pair(NORMAL_PRIORITY_CLASS, 0),
+                                              {BELOW_NORMAL_PRIORITY_CLASS, 10},
+                                              {IDLE_PRIORITY_CLASS, 19}}) {
+        PROCESS_INFORMATION info;
+        ASSERT_TRUE(CreateProcessW(nullptr, u"sleep 100", nullptr, nullptr, false, priorityClass, nullptr,
+                                   nullptr, nullptr, &info));
+        EXPECT_EQ(GetPriorityClass(info.hProcess), priorityClass);
+        EXPECT_EQ(getpriority(PRIO_PROCESS, static_cast<id_t>(info.dwProcessId)), nice);
+        EXPECT_FALSE(SetPriorityClass(info.hProcess, 12345));
+        EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
+        EXPECT_TRUE(SetPriorityClass(info.hProcess, IDLE_PRIORITY_CLASS));
+        EXPECT_EQ(GetPriorityClass(info.hProcess), IDLE_PRIORITY_CLASS);
+        EXPECT_TRUE(TerminateProcess(info.hProcess, 0));
+        EXPECT_TRUE(CloseHandle(info.hProcess));
+        EXPECT_TRUE(CloseHandle(info.hThread));
+    }
+    for (const auto& [nice, priorityClass] : {std::pair(-20, REALTIME_PRIORITY_CLASS),
+                                              {-10, HIGH_PRIORITY_CLASS},
+                                              {-5, ABOVE_NORMAL_PRIORITY_CLASS},
+                                              {3, NORMAL_PRIORITY_CLASS},
+                                              {7, BELOW_NORMAL_PRIORITY_CLASS}}) {
+        EXPECT_EQ(Host::PriorityClassOf(nice), priorityClass) << nice;
+    }
+}
+
+TEST(ProcessPriorityTest, ARefusedRiseIsAnError)
+{
+    Support::SecondProcess other([](int tell) {
+        const rlimit none{0, 0};
+        const bool isPlainUser = setrlimit(RLIMIT_NICE, &none) == 0 && (geteuid() != 0 || setuid(65534) == 0);
+        const bool isRefused = isPlainUser && !SetPriorityClass(GetCurrentProcess(), HIGH_PRIORITY_CLASS) &&
+                               GetLastError() == ERROR_ACCESS_DENIED &&
+                               !SetThreadPriority(GetCurrentThread(), THREAD_PRIORITY_HIGHEST) &&
+                               GetLastError() == ERROR_ACCESS_DENIED &&
+                               GetThreadPriority(GetCurrentThread()) == THREAD_PRIORITY_NORMAL &&
+                               GetPriorityClass(GetCurrentProcess()) == NORMAL_PRIORITY_CLASS;
+        if (isRefused) {
+            Support::SecondProcess::Tell(tell);
+        }
+    });
+    EXPECT_TRUE(other.Await());
+}
+
+TEST(ProcessPriorityTest, ThreadsDifferFromTheirClass)
+{
+    Support::SecondProcess other([](int tell) {
+        const bool isSet = SetThreadPriority(GetCurrentThread(), THREAD_PRIORITY_LOWEST) &&
+                           GetThreadPriority(GetCurrentThread()) == THREAD_PRIORITY_LOWEST &&
+                           getpriority(PRIO_PROCESS, 0) == 4 &&
+                           GetPriorityClass(GetCurrentProcess()) == NORMAL_PRIORITY_CLASS &&
+                           SetPriorityClass(GetCurrentProcess(), BELOW_NORMAL_PRIORITY_CLASS) &&
+                           getpriority(PRIO_PROCESS, 0) == 14 &&
+                           GetPriorityClass(GetCurrentProcess()) == BELOW_NORMAL_PRIORITY_CLASS &&
+                           !SetThreadPriority(GetCurrentThread(), 7) &&
+                           GetLastError() == ERROR_INVALID_PARAMETER;
+        if (isSet) {
+            Support::SecondProcess::Tell(tell);
+        }
+    });
+    EXPECT_TRUE(other.Await());
+    EXPECT_FALSE(SetThreadPriority(nullptr, 0));
+    EXPECT_EQ(GetThreadPriority(nullptr), THREAD_PRIORITY_ERROR_RETURN);
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
+}
+
+} // namespace
