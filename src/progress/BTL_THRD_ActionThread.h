@@ -24,7 +24,9 @@ class TRS8_BTL_API TActionThread : public Classes::TThread
     TRS8_BTL_CLASS(TActionThread, Classes::TThread)
 
 public:
+    /// An action that doesn't ask which thread runs it.
     using TAction = System::TClosure<void()>;
+    /// An action that gets the thread that runs it, to suspend or leave it, say.
     using TThreadAction = System::TClosure<void(TActionThread*)>;
 
     /// For a derived class with an `Execute` of its own; its constructor calls `AfterConstruction` at its
