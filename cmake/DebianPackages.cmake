@@ -18,7 +18,9 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 
 # The symbols name the sources as they lie below the project's root, wherever that was.
-target_compile_options(TRS8_BTL PRIVATE -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+foreach(target TRS8_BTL TRS8_BTL_testing)
+    target_compile_options(${target} PRIVATE -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+endforeach()
 
 # Describes the package of a component: `kind` goes to the end of its summary, `content` to that of its description.
 function(describe_package component name section kind content)
