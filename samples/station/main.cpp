@@ -4,7 +4,7 @@
 #include "Report.h"
 #include "Samples.h"
 
-#include <TRS8_BTL/environment/BTL_ENV_Folders.h>
+#include <TRS8_BTL/environment/folders/BTL_ENV_Folders.h>
 #include <TRS8_BTL/foundation/logs/UTL_LOG_Log.h>
 #include <TRS8_BTL/platform/base/Sysutils_Exception.h>
 #include <TRS8_BTL/platform/base/Sysutils_Locale.h>

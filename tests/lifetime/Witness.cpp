@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Witness.h"
 
-#include "environment/BTL_ENV_Folders.h"
+#include "environment/folders/BTL_ENV_Folders.h"
 #include "foundation/UTL_ASRT_Assert.h"
 #include "foundation/UTL_CVariant.h"
 #include "foundation/logs/UTL_LOG_Log.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "environment/BTL_ENV_Folders.h"
+#include "environment/folders/BTL_ENV_Folders.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
 #include "foundation/UTL_Links.h"

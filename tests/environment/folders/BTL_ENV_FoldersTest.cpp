@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "environment/BTL_ENV_Folders.h"
+#include "environment/folders/BTL_ENV_Folders.h"
 
 #include "platform/host/Host_Path.h"
 #include "support/ChildProgram.h"

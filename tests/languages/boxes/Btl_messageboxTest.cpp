@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "languages/Btl_messagebox.h"
+#include "languages/boxes/Btl_messagebox.h"
 
 #include "platform/base/Sysutils_Exception.h"
 #include "platform/toolkit/MessageBox.h"

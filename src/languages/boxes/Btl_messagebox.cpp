@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "languages/Btl_messagebox.h"
+#include "languages/boxes/Btl_messagebox.h"
 
 #include "os/WIN_LastError.h"
 #include "platform/runtime/sysutils/Sysutils_Text.h"
