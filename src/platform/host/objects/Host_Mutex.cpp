@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/objects/Host_Mutex.h"
 
-#include "platform/host/internal/Host_WaitTime.h"
+#include "platform/host/internal/Host_Deadline.h"
 #include "platform/host/objects/internal/Host_Futex.h"
 #include "platform/host/objects/internal/Host_NamedBlock.h"
 #include "platform/host/objects/internal/Host_Object.h"
@@ -105,13 +105,13 @@ public:
     {
         // The death of an owner wakes nobody.
         constexpr int slice = 20;
-        const WaitTime deadline(milliseconds);
+        const Deadline deadline = Deadline::OfWait(milliseconds);
         for (;;) {
             const std::uint32_t releases = std::atomic_ref(mWords->releases).load();
             if (const unsigned long result = Try(); result != WAIT_TIMEOUT) {
                 return result;
             }
-            if (deadline.IsOver()) {
+            if (deadline.IsPast()) {
                 return WAIT_TIMEOUT;
             }
             FutexWait(&mWords->releases, releases, deadline.Remaining(slice), EFutex::Shared);

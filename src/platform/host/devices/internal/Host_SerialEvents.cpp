@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/host/devices/internal/Host_Deadline.h"
+#include "platform/host/internal/Host_Deadline.h"
 #include "platform/host/devices/internal/Host_DeviceKind.h"
 #include "platform/host/devices/internal/Host_SerialPort.h"
 

@@ -2,7 +2,7 @@
 #include "platform/host/objects/internal/Host_NamedBlock.h"
 
 #include "platform/host/Host_TickCount.h"
-#include "platform/host/internal/Host_WaitTime.h"
+#include "platform/host/internal/Host_Deadline.h"
 #include "platform/host/objects/internal/Host_ObjectName.h"
 
 #include <array>
@@ -176,7 +176,7 @@ private:
     std::optional<CNamedBlock> Search(const TWanted* wanted)
     {
         // Only who is stopped between two calls makes others wait so long.
-        const WaitTime deadline(10'000);
+        const Deadline deadline = Deadline::In(10'000);
         do {
             switch (Try(wanted)) {
             case EStep::Done:
@@ -189,7 +189,7 @@ private:
             case EStep::Again:
                 break;
             }
-        } while (!deadline.IsOver());
+        } while (!deadline.IsPast());
         SetLastError(ERROR_BUSY);
         return std::nullopt;
     }

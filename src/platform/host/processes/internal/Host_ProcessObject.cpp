@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/processes/internal/Host_ProcessObject.h"
 
-#include "platform/host/internal/Host_WaitTime.h"
+#include "platform/host/internal/Host_Deadline.h"
 #include "platform/host/processes/Host_Process.h"
 
 #include <csignal>
@@ -184,11 +184,10 @@ bool CProcessObject::IsRunning() const noexcept
 
 unsigned long CProcessObject::Wait(unsigned long milliseconds)
 {
-    constexpr int longest = 1'000'000;
-    const WaitTime deadline(milliseconds);
+    const Deadline deadline = Deadline::OfWait(milliseconds);
     for (;;) {
-        pollfd entry{mProcess.Get(), POLLIN, 0};
-        const int count = poll(&entry, 1, deadline.Remaining(longest));
+        pollfd process[] = {{mProcess.Get(), POLLIN, 0}};
+        const int count = deadline.Poll(process);
         if (count > 0) {
             Reap();
             return WAIT_OBJECT_0;
@@ -197,7 +196,7 @@ unsigned long CProcessObject::Wait(unsigned long milliseconds)
             FailErrno();
             return WAIT_FAILED;
         }
-        if (deadline.IsOver()) {
+        if (deadline.IsPast()) {
             return WAIT_TIMEOUT;
         }
     }
