@@ -35,18 +35,30 @@ bool TryTake(CRITICAL_SECTION& section) noexcept
     return std::atomic_ref(section.State).compare_exchange_strong(state, Taken, std::memory_order_acquire);
 }
 
+/// Leaves the core to others for a moment.
+void Pause(int steps) noexcept
+{
+    for (int i = 0; i < steps; ++i) {
+#if defined(__x86_64__) || defined(__i386__)
+        __builtin_ia32_pause();
+#else
+        std::atomic_signal_fence(std::memory_order_seq_cst);
+#endif
+    }
+}
+
 [[gnu::noinline]] void WaitAndTake(CRITICAL_SECTION& section) noexcept
 {
-    // Most locks are held for less time than it takes to fall asleep.
-    constexpr int looks = 100;
+    // Most locks are held for less time than it takes to fall asleep. The looks come more and more seldom, so
+    // that the owner is left alone with the cache line for a while.
+    constexpr int shortest = 8;
+    constexpr int longest = 256;
     const std::atomic_ref state(section.State);
-    for (int i = 0; i < looks; ++i) {
+    for (int pause = shortest; pause <= longest; pause *= 2) {
+        Pause(pause);
         if (state.load(std::memory_order_relaxed) == Free && TryTake(section)) {
             return;
         }
-#if defined(__x86_64__) || defined(__i386__)
-        __builtin_ia32_pause();
-#endif
     }
     while (state.exchange(Awaited, std::memory_order_acquire) != Free) {
         Host::FutexWait(&section.State, Awaited, -1, Host::EFutex::Private);
