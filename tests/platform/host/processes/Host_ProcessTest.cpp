@@ -75,6 +75,22 @@ TEST(HostProcessTest, TellsExitCodes)
     }
 }
 
+TEST(HostProcessTest, TellsTheCodeOfAChildThatEndsWhileItIsAskedFor)
+{
+    // The end falls between two calls of the host again and again.
+    for (int i = 0; i < 50; ++i) {
+        const PROCESS_INFORMATION info = Start(u"sh -c \"exit 7\"");
+        unsigned long code = STILL_ACTIVE;
+        bool isTold = true;
+        while (isTold && code == STILL_ACTIVE) {
+            isTold = GetExitCodeProcess(info.hProcess, &code);
+        }
+        EXPECT_TRUE(isTold) << i << ": " << GetLastError();
+        EXPECT_EQ(code, 7U);
+        Close(info);
+    }
+}
+
 TEST(HostProcessTest, EndsWithTheCodeThatWasAskedFor)
 {
     const PROCESS_INFORMATION info = Start(u"sleep 100");

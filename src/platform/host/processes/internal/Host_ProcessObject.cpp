@@ -6,6 +6,7 @@
 
 #include <csignal>
 #include <map>
+#include <system_error>
 #include <thread>
 
 #include <poll.h>
@@ -50,26 +51,46 @@ public:
         return *instance;
     }
 
-    void Add(Descriptor process)
+    /// A child that can't be awaited, since descriptors or threads are used up, stays until this process
+    /// ends.
+    void Add(Descriptor process) noexcept
     {
+        if (!Begin()) {
+            return;
+        }
         epoll_event event = {};
         event.events = EPOLLIN;
-        event.data.fd = process.Release();
-        if (epoll_ctl(mPoll.Get(), EPOLL_CTL_ADD, event.data.fd, &event) != 0) {
-            close(event.data.fd);
+        event.data.fd = process.Get();
+        if (epoll_ctl(mPoll.Get(), EPOLL_CTL_ADD, process.Get(), &event) == 0) {
+            process.Release();
         }
     }
 
 private:
-    CReaper() : mPoll(epoll_create1(EPOLL_CLOEXEC))
+    CReaper() = default;
+
+    bool Begin() noexcept
     {
+        const std::lock_guard lock(mGate);
+        if (mPoll.IsOpen()) {
+            return true;
+        }
+        mPoll = Descriptor(epoll_create1(EPOLL_CLOEXEC));
+        if (!mPoll.IsOpen()) {
+            return false;
+        }
         // The program's signals are for its own threads.
         sigset_t all;
         sigset_t former;
         sigfillset(&all);
         pthread_sigmask(SIG_SETMASK, &all, &former);
-        std::thread([this] { Run(); }).detach();
+        try {
+            std::thread([this] { Run(); }).detach();
+        } catch (const std::system_error&) {
+            mPoll = Descriptor();
+        }
         pthread_sigmask(SIG_SETMASK, &former, nullptr);
+        return mPoll.IsOpen();
     }
 
     [[noreturn]] void Run() const
@@ -85,6 +106,7 @@ private:
         }
     }
 
+    std::mutex mGate;
     Descriptor mPoll;
 };
 
@@ -204,13 +226,14 @@ unsigned long CProcessObject::Wait(unsigned long milliseconds)
 
 bool CProcessObject::GetExitCode(unsigned long& code)
 {
+    // Asked first: what ends behind this still counts as running, or tells its code.
+    const bool isRunning = IsRunning();
     Reap();
     const std::lock_guard lock(mGate);
     if (mExitCode) {
         code = *mExitCode;
         return true;
     }
-    const bool isRunning = IsRunning();
     if (isRunning && (mIsChild || mId == getpid())) {
         code = STILL_ACTIVE;
         return true;
