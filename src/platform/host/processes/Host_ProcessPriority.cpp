@@ -149,12 +149,14 @@ bool SetThreadPriority(HANDLE thread, int priority)
         return Host::Fail(ERROR_INVALID_PARAMETER);
     }
     int nice = 0;
-    const int shift = OffsetOf(priority) - OffsetOf(ThreadPriority);
-    if (!GetNice(getpid(), nice)) {
+    int former = 0;
+    if (!GetNice(getpid(), nice) || !GetNice(gettid(), former)) {
         return false;
     }
-    // Counted from the class, so that what was cut off at the ends doesn't add up.
-    if (shift != 0 && !SetNice(gettid(), nice - MainOffset.load() + OffsetOf(priority))) {
+    // Counted from the class, so that what was cut off at the ends doesn't add up. Not from the thread itself
+    // either: the host gives it the value of the thread that started it.
+    const int wanted = nice - MainOffset.load() + OffsetOf(priority);
+    if (std::clamp(wanted, LeastNice, MostNice) != former && !SetNice(gettid(), wanted)) {
         return false;
     }
     ThreadPriority = priority;

@@ -8,7 +8,10 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 #include <sys/resource.h>
+#include <unistd.h>
 
 namespace
 {
@@ -57,6 +60,18 @@ TEST(ProcessPriorityTest, ARefusedRiseIsAnError)
         }
     });
     EXPECT_TRUE(other.Await());
+}
+
+TEST(ProcessPriorityTest, AThreadGetsWhatItAsksForWhoeverStartedIt)
+{
+    std::thread([] {
+        EXPECT_TRUE(SetThreadPriority(GetCurrentThread(), THREAD_PRIORITY_LOWEST));
+        // The host starts the next one with the same value.
+        std::thread([] {
+            const bool isRaised = SetThreadPriority(GetCurrentThread(), THREAD_PRIORITY_NORMAL);
+            EXPECT_EQ(getpriority(PRIO_PROCESS, 0), isRaised ? getpriority(PRIO_PROCESS, static_cast<id_t>(getpid())) : 4);
+        }).join();
+    }).join();
 }
 
 TEST(ProcessPriorityTest, ThreadsDifferFromTheirClass)
