@@ -80,6 +80,18 @@ std::vector<pid_t> OtherThreadsOf(pid_t process)
     return threads;
 }
 
+/// Null, with the last error set, for what is no process that runs: its number may be that of another one by
+/// now.
+std::shared_ptr<Host::CProcessObject> RunningProcessOf(HANDLE handle)
+{
+    auto process = Host::ProcessOf(handle);
+    if (process == nullptr || process->IsRunning()) {
+        return process;
+    }
+    SetLastError(ERROR_INVALID_PARAMETER);
+    return nullptr;
+}
+
 int OwnOffset(pid_t process)
 {
     return process == getpid() ? MainOffset.load() : 0;
@@ -104,7 +116,7 @@ const TClass* FindClass(unsigned long number)
 
 bool SetPriorityClass(HANDLE handle, unsigned long priorityClass)
 {
-    const auto process = Host::ProcessOf(handle);
+    const auto process = RunningProcessOf(handle);
     if (process == nullptr) {
         return false;
     }
@@ -132,7 +144,7 @@ bool SetPriorityClass(HANDLE handle, unsigned long priorityClass)
 
 unsigned long GetPriorityClass(HANDLE handle)
 {
-    const auto process = Host::ProcessOf(handle);
+    const auto process = RunningProcessOf(handle);
     int nice = 0;
     if (process == nullptr || !GetNice(process->getId(), nice)) {
         return 0;

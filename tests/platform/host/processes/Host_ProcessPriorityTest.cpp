@@ -32,6 +32,12 @@ TEST(ProcessPriorityTest, ClassesAreNiceValues)
         EXPECT_TRUE(SetPriorityClass(info.hProcess, IDLE_PRIORITY_CLASS));
         EXPECT_EQ(GetPriorityClass(info.hProcess), IDLE_PRIORITY_CLASS);
         EXPECT_TRUE(TerminateProcess(info.hProcess, 0));
+        // Its number may be that of another one from here on.
+        EXPECT_EQ(WaitForSingleObject(info.hProcess, 20'000), WAIT_OBJECT_0);
+        EXPECT_FALSE(SetPriorityClass(info.hProcess, IDLE_PRIORITY_CLASS));
+        EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
+        EXPECT_EQ(GetPriorityClass(info.hProcess), 0U);
+        EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
         EXPECT_TRUE(CloseHandle(info.hProcess));
         EXPECT_TRUE(CloseHandle(info.hThread));
     }
