@@ -127,6 +127,13 @@ struct TFault
     TView piece;
 };
 
+/// Notes the fault, for a caller that gives nothing.
+std::nullopt_t Refuse(TFault& fault, const WideChar* why, TView piece)
+{
+    fault = {why, piece};
+    return std::nullopt;
+}
+
 /// A number with what stands behind it.
 struct TQuantity
 {
@@ -142,24 +149,24 @@ bool IsUnitText(TView text)
            (text.empty() || TView(u"0123456789.,+-\u2212").find(text.front()) == TView::npos);
 }
 
-/// Raises a `TFault` for a text that begins with anything but a number, or has more than a unit behind it.
-TQuantity ReadQuantity(TView text)
+/// Nothing for a text that begins with anything but a number, or has more than a unit behind it.
+std::optional<TQuantity> ReadQuantity(TView text, TFault& fault)
 {
     TQuantity result;
     result.text = System::Detail::WithoutBlanks(text);
     const TView found = Detail::FindFloat(result.text);
     if (found.empty()) {
-        throw TFault{u"a number is missing", result.text};
+        return Refuse(fault, u"a number is missing", result.text);
     }
     // From the start of the text, since ".5" is found as 5.
     const auto end = static_cast<std::size_t>(found.data() - result.text.data()) + found.size();
     const TView number = result.text.substr(0, end);
     if (!ToDouble(number, result.value)) {
-        throw TFault{u"this is no number, or one that is too large", number};
+        return Refuse(fault, u"this is no number, or one that is too large", number);
     }
     const TView unit = System::Detail::WithoutBlanks(result.text.substr(end));
     if (!IsUnitText(unit)) {
-        throw TFault{u"more than a unit stands behind the number", unit};
+        return Refuse(fault, u"more than a unit stands behind the number", unit);
     }
     result.unit = UnicodeString(unit);
     return result;
@@ -171,16 +178,14 @@ double Scaled(double value, double factor)
     return factor < 1 ? value / std::round(1 / factor) : value * factor;
 }
 
-/// Gives the value in the unit without its prefix.
-void TakePrefixOff(TQuantity& quantity)
+/// Gives the value in the unit without its prefix; false if it gets too large by that.
+bool TakePrefixOff(TQuantity& quantity)
 {
     double factor = 1;
     if (FindUnit(quantity.unit, factor, quantity.unit)) {
         quantity.value = Scaled(quantity.value, factor);
     }
-    if (!std::isfinite(quantity.value)) {
-        throw TFault{u"the number is too large", quantity.text};
-    }
+    return std::isfinite(quantity.value);
 }
 
 /// The ends of a range as they are written; a missing end is nothing.
@@ -219,25 +224,25 @@ TLimitTexts CutRange(TView text, TView sign)
     return {lower, upper};
 }
 
-TLimitTexts CutLimits(TView text)
+std::optional<TLimitTexts> CutLimits(TView text, TFault& fault)
 {
     const auto behind = [&](TView sign) { return text.substr(sign.size()); };
     for (const TView sign : {u"<=", u"\u2264"}) {
         if (text.starts_with(sign)) {
-            return {std::nullopt, behind(sign)};
+            return TLimitTexts{std::nullopt, behind(sign)};
         }
     }
     for (const TView sign : {u">=", u"\u2265"}) {
         if (text.starts_with(sign)) {
-            return {behind(sign), std::nullopt};
+            return TLimitTexts{behind(sign), std::nullopt};
         }
     }
     if (text.starts_with(u'=')) {
-        return {behind(u"="), behind(u"=")};
+        return TLimitTexts{behind(u"="), behind(u"=")};
     }
     const TView sign = FindRangeSign(text);
     if (sign.empty()) {
-        throw TFault{u"one of <=, >=, = and ... is missing", text};
+        return Refuse(fault, u"one of <=, >=, = and ... is missing", text);
     }
     return CutRange(text, sign);
 }
@@ -256,24 +261,9 @@ struct TLimitsWithUnit
     UnicodeString unit;
 };
 
-/// Raises a `TFault`.
-TLimitsWithUnit ReadLimits(TView text)
+/// Gives both limits one unit, that of an absent limit, or of one of them, for the other.
+void ShareUnit(TQuantity& lower, TQuantity& upper, const std::optional<TView>& unit)
 {
-    const TView trimmed = System::Detail::WithoutBlanks(text);
-    if (trimmed.empty()) {
-        return {};
-    }
-    TLimitTexts texts = CutLimits(trimmed);
-    const auto unit = UnitOfAbsentLimit(texts);
-    if (unit) {
-        texts.upper = std::nullopt;
-    }
-    // An absent limit stands for the other one until the units are settled.
-    TQuantity lower = ReadQuantity(texts.lower ? *texts.lower : *texts.upper);
-    TQuantity upper = texts.lower && texts.upper ? ReadQuantity(*texts.upper) : lower;
-    if (unit && !lower.unit.IsEmpty()) {
-        throw TFault{u"a number is missing", *unit};
-    }
     if (unit) {
         lower.unit = upper.unit = UnicodeString(*unit);
     } else if (lower.unit.IsEmpty()) {
@@ -281,17 +271,47 @@ TLimitsWithUnit ReadLimits(TView text)
     } else if (upper.unit.IsEmpty()) {
         upper.unit = lower.unit;
     }
-    TakePrefixOff(lower);
-    TakePrefixOff(upper);
-    if (lower.unit != upper.unit) {
-        throw TFault{u"the limits differ in their units", upper.text};
+}
+
+/// Nothing for a text that tells no limits.
+std::optional<TLimitsWithUnit> ReadLimits(TView text, TFault& fault)
+{
+    const TView trimmed = System::Detail::WithoutBlanks(text);
+    if (trimmed.empty()) {
+        return TLimitsWithUnit();
     }
-    if (lower.value > upper.value) {
-        throw TFault{u"the lower limit is above the upper one", lower.text};
+    std::optional<TLimitTexts> texts = CutLimits(trimmed, fault);
+    if (!texts) {
+        return std::nullopt;
     }
-    TLimitsWithUnit result{{}, lower.unit};
-    result.limits.lower = texts.lower ? std::optional(lower.value) : std::nullopt;
-    result.limits.upper = texts.upper ? std::optional(upper.value) : std::nullopt;
+    const auto unit = UnitOfAbsentLimit(*texts);
+    if (unit) {
+        texts->upper = std::nullopt;
+    }
+    // An absent limit stands for the other one until the units are settled.
+    auto lower = ReadQuantity(texts->lower ? *texts->lower : *texts->upper, fault);
+    auto upper = lower && texts->lower && texts->upper ? ReadQuantity(*texts->upper, fault) : lower;
+    if (!lower || !upper) {
+        return std::nullopt;
+    }
+    if (unit && !lower->unit.IsEmpty()) {
+        return Refuse(fault, u"a number is missing", *unit);
+    }
+    ShareUnit(*lower, *upper, unit);
+    for (TQuantity* const quantity : {&*lower, &*upper}) {
+        if (!TakePrefixOff(*quantity)) {
+            return Refuse(fault, u"the number is too large", quantity->text);
+        }
+    }
+    if (lower->unit != upper->unit) {
+        return Refuse(fault, u"the limits differ in their units", upper->text);
+    }
+    if (lower->value > upper->value) {
+        return Refuse(fault, u"the lower limit is above the upper one", lower->text);
+    }
+    TLimitsWithUnit result{{}, lower->unit};
+    result.limits.lower = texts->lower ? std::optional(lower->value) : std::nullopt;
+    result.limits.upper = texts->upper ? std::optional(upper->value) : std::nullopt;
     return result;
 }
 
@@ -304,14 +324,13 @@ bool IsWithin(double value, const TLimits& limits) noexcept
 
 bool ParseLimits(TView text, TLimits& limits, UnicodeString& unit)
 {
-    try {
-        const TLimitsWithUnit read = ReadLimits(text);
-        limits = read.limits;
-        unit = read.unit;
-        return true;
-    } catch (const TFault&) {
-        return false;
+    TFault ignored{};
+    const auto read = ReadLimits(text, ignored);
+    if (read) {
+        limits = read->limits;
+        unit = read->unit;
     }
+    return read.has_value();
 }
 
 bool ParseLimits(TView text, TLimits& limits)
@@ -328,16 +347,14 @@ TLimits ParseLimits(TView text)
 
 TLimits ParseLimits(TView text, UnicodeString& unit)
 {
-    try {
-        const TLimitsWithUnit read = ReadLimits(text);
-        unit = read.unit;
-        return read.limits;
-    } catch (const TFault& fault) {
-        const auto place = static_cast<System::Int64>(fault.piece.data() - text.data()) + 1;
-        throw Sysutils::EConvertError(u"'" + UnicodeString(text) + u"' tells no limits: " +
-                                      UnicodeString(fault.why) + u" (character " + UnicodeString(place) +
-                                      u")");
+    TFault fault{};
+    if (const auto read = ReadLimits(text, fault)) {
+        unit = read->unit;
+        return read->limits;
     }
+    const auto place = static_cast<System::Int64>(fault.piece.data() - text.data()) + 1;
+    throw Sysutils::EConvertError(u"'" + UnicodeString(text) + u"' tells no limits: " +
+                                  UnicodeString(fault.why) + u" (character " + UnicodeString(place) + u")");
 }
 
 UnicodeString LimitsToStr(const TLimits& limits, const UnicodeString& unit)

@@ -53,8 +53,19 @@ class CIsoReader
 public:
     explicit CIsoReader(std::u16string_view text) : mText(text) {}
 
-    /// Raises a `TFault`.
-    TIsoDateTime Read()
+    /// Nothing for a text that is refused; `getFault` tells why then.
+    std::optional<TIsoDateTime> Read()
+    {
+        const TIsoDateTime result = ReadAll();
+        return mFault ? std::nullopt : std::optional(result);
+    }
+
+    const TFault& getFault() const { return *mFault; }
+
+private:
+    // Behind a fault the reading goes on to its end, with values that are in order but of no use.
+
+    TIsoDateTime ReadAll()
     {
         const TDateTime day = ReadDay();
         TIsoDateTime result{day, {}};
@@ -77,7 +88,6 @@ public:
         return result;
     }
 
-private:
     bool AtEnd() const { return mPlace >= mText.size(); }
     WideChar Next() const { return AtEnd() ? u'\0' : mText[mPlace]; }
 
@@ -88,10 +98,13 @@ private:
         return found;
     }
 
-    [[noreturn]] void Fail(const UnicodeString& what) const { FailAt(mPlace, what); }
-    [[noreturn]] static void FailAt(std::size_t place, const UnicodeString& what)
+    void Fail(const UnicodeString& what) { FailAt(mPlace, what); }
+    /// The first fault counts.
+    void FailAt(std::size_t place, const UnicodeString& what)
     {
-        throw TFault{what, place + 1};
+        if (!mFault) {
+            mFault = TFault{what, place + 1};
+        }
     }
 
     void Need(WideChar character, std::u16string_view name)
@@ -101,7 +114,7 @@ private:
         }
     }
 
-    /// A number with exactly `digits` digits, up to `highest`.
+    /// A number with exactly `digits` digits, up to `highest`; the lowest one for a fault.
     int ReadField(int digits, int lowest, int highest, std::u16string_view name)
     {
         const std::size_t start = mPlace;
@@ -109,12 +122,14 @@ private:
         for (int i = 0; i < digits; ++i) {
             if (!System::Detail::IsAsciiDigit(Next())) {
                 Fail(u"the " + UnicodeString(name) + u" needs " + UnicodeString(digits) + u" digits");
+                return lowest;
             }
             value = value * 10 + (mText[mPlace++] - u'0');
         }
         if (value < lowest || value > highest) {
             FailAt(start, u"the " + UnicodeString(name) + u" is not in " + UnicodeString(lowest) + u" to " +
                               UnicodeString(highest));
+            return lowest;
         }
         return value;
     }
@@ -194,6 +209,7 @@ private:
 
     std::u16string_view mText;
     std::size_t mPlace = 0;
+    std::optional<TFault> mFault;
 };
 
 UnicodeString Padded(int value, std::size_t width)
@@ -253,22 +269,22 @@ UnicodeString DateToIso(const TDateTime& value)
 
 TIsoDateTime IsoToDateTime(std::u16string_view text)
 {
-    try {
-        return CIsoReader(text).Read();
-    } catch (const TFault& fault) {
-        throw EConvertError(u"'" + UnicodeString(text) + u"' is no date and time of ISO 8601: " + fault.what +
-                            u" (character " + UnicodeString(static_cast<Int64>(fault.place)) + u")");
+    CIsoReader reader(text);
+    if (const auto value = reader.Read()) {
+        return *value;
     }
+    const TFault& fault = reader.getFault();
+    throw EConvertError(u"'" + UnicodeString(text) + u"' is no date and time of ISO 8601: " + fault.what +
+                        u" (character " + UnicodeString(static_cast<Int64>(fault.place)) + u")");
 }
 
 bool TryIsoToDateTime(std::u16string_view text, TIsoDateTime& value)
 {
-    try {
-        value = CIsoReader(text).Read();
-        return true;
-    } catch (const TFault&) {
-        return false;
+    const auto read = CIsoReader(text).Read();
+    if (read) {
+        value = *read;
     }
+    return read.has_value();
 }
 
 } // namespace Sysutils
