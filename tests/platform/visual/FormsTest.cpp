@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/visual/Forms.h"
 
+#include "platform/host/Host_Path.h"
 #include "platform/toolkit/MessageBox.h"
 #include "platform/toolkit/Toolkit.h"
 #include "support/ScriptedBoxes.h"
@@ -8,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <thread>
 #include <vector>
 
@@ -30,8 +32,9 @@ TEST(ApplicationTest, ShowsItsTitleWhereNoCaptionIsGiven)
 TEST(ApplicationTest, KnowsItsProgram)
 {
     ASSERT_NE(Forms::Application, nullptr);
-    EXPECT_EQ(Forms::Application->getTitle(), u"test_platform");
-    EXPECT_GT(Forms::Application->getExeName().Pos(u"\\test_platform"), 0);
+    const auto program = std::filesystem::read_symlink("/proc/self/exe");
+    EXPECT_EQ(Forms::Application->getTitle(), System::FromUtf8(program.stem().string()));
+    EXPECT_EQ(Forms::Application->getExeName(), Sysutils::FromHostPath(program.string()));
 }
 
 TEST(ApplicationTest, RunsPostedActionsInOrderUntilTerminated)

@@ -35,7 +35,8 @@ inline constexpr int THREAD_PRIORITY_ERROR_RETURN = 0x7FFFFFFF;
 /// Gives all threads of the process the class; what they differ by stays. False with the last error 87 for an
 /// unknown class or a process that ended, with 5 where the host forbids it, which it mostly does for a rise.
 TRS8_BTL_API bool SetPriorityClass(HANDLE process, unsigned long priorityClass);
-/// The class that is next to the nice value of the process; 0 on a failure, with the last error 87 if it ended.
+/// The class that is next to the nice value of the process; 0 on a failure, with the last error 87 if it
+/// ended.
 TRS8_BTL_API unsigned long GetPriorityClass(HANDLE process);
 
 /// Stands for the calling thread; it isn't closed.

@@ -75,7 +75,8 @@ TEST(ProcessPriorityTest, AThreadGetsWhatItAsksForWhoeverStartedIt)
         // The host starts the next one with the same value.
         std::thread([] {
             const bool isRaised = SetThreadPriority(GetCurrentThread(), THREAD_PRIORITY_NORMAL);
-            EXPECT_EQ(getpriority(PRIO_PROCESS, 0), isRaised ? getpriority(PRIO_PROCESS, static_cast<id_t>(getpid())) : 4);
+            EXPECT_EQ(getpriority(PRIO_PROCESS, 0),
+                      isRaised ? getpriority(PRIO_PROCESS, static_cast<id_t>(getpid())) : 4);
         }).join();
     }).join();
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/devices/internal/Host_SerialPort.h"
 
-#include "platform/host/internal/Host_Deadline.h"
 #include "platform/host/devices/internal/Host_DeviceKind.h"
+#include "platform/host/internal/Host_Deadline.h"
 
 #include <algorithm>
 #include <cerrno>

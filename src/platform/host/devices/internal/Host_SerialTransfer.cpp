@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "platform/host/internal/Host_Deadline.h"
 #include "platform/host/devices/internal/Host_DeviceKind.h"
 #include "platform/host/devices/internal/Host_SerialPort.h"
+#include "platform/host/internal/Host_Deadline.h"
 
 #include <algorithm>
 #include <cerrno>
