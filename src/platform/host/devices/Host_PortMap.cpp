@@ -2,6 +2,7 @@
 #include "platform/host/devices/Host_PortMap.h"
 
 #include "platform/base/internal/System_Ascii.h"
+#include "platform/host/Host_Error.h"
 #include "platform/host/devices/internal/Host_PortNumbers.h"
 #include "platform/host/registry/internal/Host_RegistryStore.h"
 
@@ -21,6 +22,7 @@ namespace
 using System::UnicodeString;
 
 constexpr std::string_view VariableStart = "TRS8_BTL_";
+constexpr auto NamedSection = u"Ports";
 constexpr const char* KernelList = "/sys/class/tty";
 
 UnicodeString NameOf(int number)
@@ -28,11 +30,20 @@ UnicodeString NameOf(int number)
     return u"COM" + UnicodeString(number);
 }
 
+template <class Change>
+bool ChangeName(int number, const std::string& device, Change change)
+{
+    if (number < 1 || number > MaxPort || device.empty()) {
+        return Fail(ERROR_INVALID_PARAMETER);
+    }
+    return ChangeRegistry(RegistryPart::User, change);
+}
+
 /// The devices that the user or the machine names outright.
 void AddNamed(RegistryPart part, std::map<int, std::string>& named)
 {
     const RegistryText registry = LoadRegistry(part);
-    const RegistryText::Key* const ports = registry.FindKey(u"Ports");
+    const RegistryText::Key* const ports = registry.FindKey(NamedSection);
     if (ports == nullptr) {
         return;
     }
@@ -158,6 +169,23 @@ std::string PortDevice(int number)
     const auto ports = NumberedPorts();
     const auto found = ports.find(number);
     return found != ports.end() ? found->second : "/dev/ttyS" + std::to_string(number - 1);
+}
+
+bool NamePort(int number, const std::string& device)
+{
+    return ChangeName(number, device, [&](RegistryText& registry) {
+        registry.Set(NamedSection, NameOf(number), System::FromUtf8(device));
+        return true;
+    });
+}
+
+bool UnnamePort(int number, const std::string& device)
+{
+    return ChangeName(number, device, [&](RegistryText& registry) {
+        const RegistryValue* const named = registry.Find(NamedSection, NameOf(number));
+        return named != nullptr && *named == RegistryValue(System::FromUtf8(device)) &&
+               registry.Delete(NamedSection, NameOf(number));
+    });
 }
 
 int PortNumber(std::string_view name)
