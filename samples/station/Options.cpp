@@ -132,7 +132,8 @@ constexpr std::array Table = {
             u"also ask the instrument on this port, COM7 say, for the channels serial.NAME",
             Set<&TOptions::serial, ReadPort>},
     TOption{u"--instrument", nullptr,
-            u"be such an instrument, on a pseudo-terminal that is COM7 or the port of --serial meanwhile",
+            u"be such an instrument, on a pseudo-terminal that is COM7 or the port of --serial, until it is "
+            u"stopped or for --seconds",
             SwitchOn<&TOptions::instrument>},
     TOption{u"--faulty", nullptr,
             u"be one that is late, cuts, garbles and floods, and whose plug is pulled in the end",
