@@ -66,12 +66,16 @@ await() {
 }
 
 start_instrument
-start_station --seconds 1.2
+start_station --seconds 50
 await samples serial.U
 if "$station" --serial "$port" --channels channels --samples others --log others.log --seconds 0.1 >others.out 2>&1; then
     fail "two stations have one port"
 fi
 expect others.out "$port can't be opened: .* is open in station \(process"
+kill "$sampling"
+expect_end "$sampling" 143
+
+start_station --seconds 1.2
 expect_end "$sampling" 0
 expect output '^serial\.U +mV +-3[0-9.]+ .* ok$'
 expect output '^serial\.I +mA .* out of limits$'
@@ -86,7 +90,7 @@ expect output "$port can't be opened: There is no device"
 
 # One that misbehaves, until its plug is pulled; then another one comes.
 start_instrument --faulty
-start_station --seconds 8
+start_station --seconds 10
 expect_end "$instrument" 0
 expect instrument "$port is unplugged"
 await log 'unplugged'
@@ -102,7 +106,7 @@ expect output '^load\.1 .* ok$'
 expect output "^station: $port: [0-9]+ turns with a fault; the last: "
 
 # One that is killed leaves its name behind, and the next one takes it over.
-start_station --seconds 2
+start_station --seconds 4
 await samples serial.U
 kill -KILL "$instrument"
 expect_end "$instrument" 137

@@ -3,6 +3,7 @@
 
 #include "platform/base/internal/System_Ascii.h"
 #include "platform/host/Host_Error.h"
+#include "platform/host/devices/internal/Host_DeviceKind.h"
 #include "platform/host/devices/internal/Host_PortNumbers.h"
 #include "platform/host/registry/internal/Host_RegistryStore.h"
 
@@ -23,11 +24,31 @@ using System::UnicodeString;
 
 constexpr std::string_view VariableStart = "TRS8_BTL_";
 constexpr auto NamedSection = u"Ports";
+/// Behind the name of a port: when its device was made.
+constexpr auto MadeMark = u" made";
 constexpr const char* KernelList = "/sys/class/tty";
 
 UnicodeString NameOf(int number)
 {
     return u"COM" + UnicodeString(number);
+}
+
+/// Of a pseudo-terminal, whose number goes to another pair soon, perhaps to somebody's terminal; else empty.
+UnicodeString TimeOfMaking(const std::string& path)
+{
+    struct stat status;
+    if (stat(path.c_str(), &status) != 0 || !IsPseudoTerminal(status)) {
+        return {};
+    }
+    return UnicodeString(status.st_ctim.tv_sec) + u'.' + UnicodeString(status.st_ctim.tv_nsec);
+}
+
+/// Whether the path leads to the device that was named; a line by hand doesn't tell when that was made.
+bool IsStill(const std::string& path, const std::map<UnicodeString, RegistryText::Entry>& entries,
+             const UnicodeString& nameOfTime)
+{
+    const auto time = entries.find(nameOfTime);
+    return time == entries.end() || time->second.value == RegistryValue(TimeOfMaking(path));
 }
 
 template <class Change>
@@ -50,7 +71,8 @@ void AddNamed(RegistryPart part, std::map<int, std::string>& named)
     for (const auto& [folded, entry] : ports->entries) {
         const auto* const path = std::get_if<UnicodeString>(&entry.value);
         const int number = PortNumber(System::ToUtf8(entry.name));
-        if (number != 0 && path != nullptr && !path->IsEmpty()) {
+        if (number != 0 && path != nullptr && !path->IsEmpty() &&
+            IsStill(System::ToUtf8(*path), ports->entries, folded + MadeMark)) {
             named.try_emplace(number, System::ToUtf8(*path));
         }
     }
@@ -175,6 +197,10 @@ bool NamePort(int number, const std::string& device)
 {
     return ChangeName(number, device, [&](RegistryText& registry) {
         registry.Set(NamedSection, NameOf(number), System::FromUtf8(device));
+        registry.Delete(NamedSection, NameOf(number) + MadeMark);
+        if (const UnicodeString time = TimeOfMaking(device); !time.IsEmpty()) {
+            registry.Set(NamedSection, NameOf(number) + MadeMark, time);
+        }
         return true;
     });
 }
@@ -183,8 +209,11 @@ bool UnnamePort(int number, const std::string& device)
 {
     return ChangeName(number, device, [&](RegistryText& registry) {
         const RegistryValue* const named = registry.Find(NamedSection, NameOf(number));
-        return named != nullptr && *named == RegistryValue(System::FromUtf8(device)) &&
-               registry.Delete(NamedSection, NameOf(number));
+        if (named == nullptr || *named != RegistryValue(System::FromUtf8(device))) {
+            return false;
+        }
+        registry.Delete(NamedSection, NameOf(number) + MadeMark);
+        return registry.Delete(NamedSection, NameOf(number));
     });
 }
 

@@ -3,6 +3,7 @@
 
 #include "platform/host/Host_Error.h"
 #include "support/TempFolder.h"
+#include "testing/PortSimulator.h"
 
 #include <gtest/gtest.h>
 
@@ -66,6 +67,21 @@ TEST_F(PortMapTest, APortIsNamedAndUnnamed)
         EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
     }
     EXPECT_FALSE(NamePort(1, ""));
+}
+
+TEST_F(PortMapTest, ANameIsNotHandedOnToAnotherPseudoTerminal)
+{
+    const Testing::CPortSimulator instrument;
+    const std::string& device = instrument.getDevice();
+    EXPECT_TRUE(NamePort(124, device));
+    EXPECT_EQ(PortDevice(124), device);
+    std::ofstream(File()) << "[Ports]\nCOM124=" << device << "\nCOM124 made=1.2\nCOM125=" << device << '\n';
+    EXPECT_EQ(PortDevice(124), "/dev/ttyS123");
+    EXPECT_EQ(PortDevice(125), device);
+    EXPECT_TRUE(UnnamePort(124, device));
+    std::ifstream stream(File());
+    const std::string text{std::istreambuf_iterator<char>(stream), {}};
+    EXPECT_EQ(text.find("124"), std::string::npos) << text;
 }
 
 } // namespace
