@@ -6,6 +6,7 @@
 #include <TRS8_BTL/text/numbers/BTL_NUM_Limits.h>
 #include <TRS8_BTL/text/numbers/BTL_NUM_Units.h>
 
+#include <algorithm>
 #include <fstream>
 #include <string>
 #include <utility>
@@ -75,7 +76,13 @@ bool Matches(const UnicodeString& pattern, const UnicodeString& name)
     return BTL::BeginsWith(name, BTL::LeftSubString(pattern, pattern.Length() - 1), 1);
 }
 
-void AddChannels(std::vector<CChannel>& channels, UnicodeString line, const std::vector<TSource>& sources)
+bool IsOfInstrument(const UnicodeString& name)
+{
+    return BTL::BeginsWith(name, SerialPrefix, 1);
+}
+
+void AddChannels(std::vector<CChannel>& channels, UnicodeString line, const std::vector<TSource>& sources,
+                 const TSourceMaker& serial)
 {
     if (BTL::Pos(line, u'=') == 0) {
         throw XBadLine(u"'=' is missing");
@@ -90,6 +97,14 @@ void AddChannels(std::vector<CChannel>& channels, UnicodeString line, const std:
         throw XBadLine(u"the lower limit is above the upper one");
     }
 
+    if (IsOfInstrument(name)) {
+        if (serial) {
+            const UnicodeString own =
+                BTL::RightSubString(name, name.Length() - UnicodeString(SerialPrefix).Length());
+            channels.emplace_back(serial(own, BTL::CutUnitPrefix(unit)), unit, limits.lower, limits.upper);
+        }
+        return;
+    }
     const std::size_t before = channels.size();
     for (const TSource& source : sources) {
         if (!Matches(name, source.name)) {
@@ -133,7 +148,8 @@ bool CChannel::IsWithinLimits() const
                                 (mUpper == 0 || mSamples.GetMaxValue() <= mUpper));
 }
 
-std::vector<CChannel> LoadChannels(const std::filesystem::path& file, const std::vector<TSource>& sources)
+std::vector<CChannel> LoadChannels(const std::filesystem::path& file, const std::vector<TSource>& sources,
+                                   const TSourceMaker& serial)
 {
     const UnicodeString name = System::FromUtf8(file.string());
     std::ifstream stream(file);
@@ -145,7 +161,7 @@ std::vector<CChannel> LoadChannels(const std::filesystem::path& file, const std:
             continue;
         }
         try {
-            AddChannels(channels, line, sources);
+            AddChannels(channels, line, sources, serial);
         } catch (const XBadLine& fault) {
             throw XBadChannelFile(name + u":" + UnicodeString(number) + u": " + fault.getMessage());
         }
@@ -155,6 +171,11 @@ std::vector<CChannel> LoadChannels(const std::filesystem::path& file, const std:
     }
     if (channels.empty()) {
         throw XBadChannelFile(name + u": the file names no channel");
+    }
+    if (serial && std::none_of(channels.begin(), channels.end(),
+                               [](const CChannel& channel) { return IsOfInstrument(channel.getName()); })) {
+        throw XBadChannelFile(name + u": the file names no channel of the instrument, '" + SerialPrefix +
+                              u"NAME'");
     }
     return channels;
 }

@@ -38,6 +38,10 @@ public:
     /// Adds a value in the channel's unit to the samples.
     void Add(double value) { mSamples.push_back(value); }
 
+    /// Counts that the machine gave no value.
+    void AddMiss() { ++mMissCount; }
+    int getMissCount() const { return mMissCount; }
+
     /// False if any sample lies outside the limits.
     bool IsWithinLimits() const;
 
@@ -47,9 +51,15 @@ private:
     double mLower;
     double mUpper;
     UTL::CDoubleVector mSamples;
+    int mMissCount = 0;
 };
 
+/// What the names of channels of an instrument begin with.
+inline constexpr auto SerialPrefix = u"serial.";
+
 /// The channels that `file` names, in its order; `XBadChannelFile` if it can't be read or has a bad line.
-std::vector<CChannel> LoadChannels(const std::filesystem::path& file, const std::vector<TSource>& sources);
+/// Those of an instrument are passed over if `serial` is null, else there must be one.
+std::vector<CChannel> LoadChannels(const std::filesystem::path& file, const std::vector<TSource>& sources,
+                                   const TSourceMaker& serial);
 
 } // namespace Station

@@ -4,6 +4,7 @@
 #include <TRS8_BTL/platform/base/Sysutils_Locale.h>
 #include <TRS8_BTL/platform/base/dates/Sysutils_DateReading.h>
 #include <TRS8_BTL/platform/host/Host_Path.h>
+#include <TRS8_BTL/platform/host/devices/Host_PortMap.h>
 #include <TRS8_BTL/text/dates/BTL_DT_Reading.h>
 #include <TRS8_BTL/text/grammar/BTL_CommandLineOptions.h>
 #include <TRS8_BTL/text/numbers/BTL_NUM_Floats.h>
@@ -66,6 +67,15 @@ System::TDateTime ReadTime(const UnicodeString& text)
     }
 }
 
+int ReadPort(const UnicodeString& text)
+{
+    const int number = Host::PortNumber(System::ToUtf8(text));
+    if (number == 0) {
+        throw XBadValue(u"is no port, COM1 to COM256");
+    }
+    return number;
+}
+
 /// A path for the calls of the host.
 std::string ReadHostPath(const UnicodeString& text)
 {
@@ -118,6 +128,16 @@ constexpr std::array Table = {
             Set<&TOptions::from, ReadTime>},
     TOption{u"--sql", nullptr, u"print the samples, as SET lists of SQL statements, in place of the table",
             SwitchOn<&TOptions::sql>},
+    TOption{u"--serial", u"PORT",
+            u"also ask the instrument on this port, COM7 say, for the channels serial.NAME",
+            Set<&TOptions::serial, ReadPort>},
+    TOption{u"--instrument", nullptr,
+            u"be such an instrument, on a pseudo-terminal that is COM7 or the port of --serial, until it is "
+            u"stopped or for --seconds",
+            SwitchOn<&TOptions::instrument>},
+    TOption{u"--faulty", nullptr,
+            u"be one that is late, cuts, garbles and floods, and whose plug is pulled in the end",
+            SwitchOn<&TOptions::faulty>},
     TOption{u"--log", u"FILE", u"where to log; default Log.txt beside the program",
             Set<&TOptions::log, ReadPath>},
     TOption{u"--help", nullptr, u"this text", SwitchOn<&TOptions::help>},
@@ -144,7 +164,11 @@ Usage: station [options]
 
 constexpr auto Conclusion = uR"(
 Numbers may be written with either decimal separator. Exit code 0: all was printed;
-1: something failed; 2: the command line or the channel file is bad.
+1: something failed; 2: the command line or the channel file is bad; 3: all was printed,
+but the instrument failed at times, as the log tells.
+
+To try the instrument, start "station --instrument" in one terminal, which tells the
+others by the registry file of the user, and "station --serial COM7" in another one.
 )";
 
 } // namespace
@@ -171,6 +195,9 @@ TOptions ReadOptions(int argc, const char* const* argv)
             throw BTL::XCommandLine(UnicodeString(option.name) + u": '" + values.front() + u"' " +
                                     fault.getMessage());
         }
+    }
+    if (options.faulty && !options.instrument) {
+        throw BTL::XCommandLine(u"--faulty goes with --instrument");
     }
     return options;
 }

@@ -13,7 +13,8 @@ namespace Station
 /// What the user asks for.
 struct TOptions
 {
-    double seconds = 5;
+    /// How long to sample, or to play an instrument; without it 5 seconds, or until the program is stopped.
+    std::optional<double> seconds;
     std::filesystem::path channels = "channels.txt";
     /// The decimal separator of all numbers shown; without it that of the user's locale.
     std::optional<System::WideChar> decimal;
@@ -25,6 +26,11 @@ struct TOptions
     bool sql = false;
     /// Where to log; empty for the file beside the program.
     System::UnicodeString log;
+    /// The port to read an instrument from, or to be one on.
+    std::optional<int> serial;
+    /// Whether to play an instrument, and one that misbehaves.
+    bool instrument = false;
+    bool faulty = false;
     bool help = false;
 };
 

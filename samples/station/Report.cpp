@@ -51,7 +51,9 @@ UnicodeString StateText(const CChannel& channel)
     if (channel.getSamples().empty()) {
         return u"no value";
     }
-    return channel.IsWithinLimits() ? u"ok" : u"out of limits";
+    const UnicodeString state = channel.IsWithinLimits() ? u"ok" : u"out of limits";
+    const int missing = channel.getMissCount();
+    return missing == 0 ? state : state + u", " + UnicodeString(missing) + u" missing";
 }
 
 /// At which side of its column a text stands.

@@ -20,6 +20,10 @@ struct TSource
     std::function<std::optional<double>()> read;
 };
 
+/// Gives the source of a quantity that an instrument calls `name`, in `unit` without a prefix.
+using TSourceMaker =
+    std::function<TSource(const System::UnicodeString& name, const System::UnicodeString& unit)>;
+
 /// All sources of this machine.
 std::vector<TSource> HostSources();
 

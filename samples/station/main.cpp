@@ -1,18 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "Channels.h"
+#include "Instrument.h"
 #include "Options.h"
 #include "Report.h"
 #include "Samples.h"
+#include "SerialReader.h"
 
 #include <TRS8_BTL/environment/folders/BTL_ENV_Folders.h>
 #include <TRS8_BTL/foundation/logs/UTL_LOG_Log.h>
 #include <TRS8_BTL/platform/base/Sysutils_Exception.h>
 #include <TRS8_BTL/platform/base/Sysutils_Locale.h>
 #include <TRS8_BTL/platform/base/dates/Sysutils_Calendar.h>
+#include <TRS8_BTL/progress/BTL_THRD_ActionThread.h>
 
 #include <algorithm>
 #include <chrono>
+#include <exception>
 #include <iostream>
+#include <memory>
 #include <thread>
 
 namespace
@@ -22,30 +27,56 @@ using namespace Station;
 using System::UnicodeString;
 
 constexpr std::chrono::milliseconds Interval(250);
+constexpr int DefaultPort = 7;
 
 enum EExitCode : int
 {
     Done = 0,
     Failed = 1,
-    BadInput = 2
+    BadInput = 2,
+    InstrumentFailed = 3
 };
 
-void SampleFor(double seconds, const std::vector<CChannel>& channels, CSampleWriter& writer)
+/// One turn: asks the instrument, if there is one, and reads all channels.
+void Sample(std::vector<CChannel>& channels, CSerialReader* serial, CSampleWriter& writer)
+{
+    if (serial != nullptr) {
+        serial->Ask();
+    }
+    const System::TDateTime time = Sysutils::Now();
+    for (CChannel& channel : channels) {
+        if (const auto value = channel.Read()) {
+            writer.Add(MakeSample(time, channel.getName(), *value, channel.getUnit()));
+        } else {
+            channel.AddMiss();
+            BTL::Log(channel.getName() + u": no value");
+        }
+    }
+    writer.Flush();
+}
+
+/// Samples in a thread of its own and waits for its end. What ends it before comes out here.
+void SampleFor(double seconds, std::vector<CChannel>& channels, CSerialReader* serial, CSampleWriter& writer)
 {
     using Clock = std::chrono::steady_clock;
+    auto next = Clock::now();
     const auto end =
-        Clock::now() + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds));
-    for (auto next = Clock::now(); next <= end; next += Interval) {
-        std::this_thread::sleep_until(next);
-        const System::TDateTime time = Sysutils::Now();
-        for (const CChannel& channel : channels) {
-            if (const auto value = channel.Read()) {
-                writer.Add(MakeSample(time, channel.getName(), *value, channel.getUnit()));
-            } else {
-                BTL::Log(channel.getName() + u": no value");
+        next + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds));
+    BTL::TActionThread sampling(
+        [&](BTL::TActionThread* thread) {
+            Sample(channels, serial, writer);
+            // Turns that a slow instrument took the time of are left out.
+            next = std::max(next + Interval, Clock::now());
+            if (next > end) {
+                thread->Terminate();
+                return;
             }
-        }
-        writer.Flush();
+            std::this_thread::sleep_until(next);
+        },
+        false, false, false);
+    sampling.WaitFor();
+    if (const auto fault = sampling.getFatalException()) {
+        std::rethrow_exception(fault);
     }
 }
 
@@ -71,7 +102,17 @@ void LogLimits(const std::vector<CChannel>& channels)
     }
 }
 
-void Run(const TOptions& options)
+/// Tells what the instrument did wrong.
+EExitCode ReportInstrument(const CSerialReader* serial)
+{
+    if (serial == nullptr || serial->getFaultCount() == 0) {
+        return Done;
+    }
+    std::cerr << "station: " << serial->getFaultText() << '\n';
+    return InstrumentFailed;
+}
+
+EExitCode Run(const TOptions& options)
 {
     if (options.decimal) {
         Sysutils::DecimalSeparator = *options.decimal;
@@ -81,11 +122,17 @@ void Run(const TOptions& options)
     }
     const UnicodeString file =
         options.samples.IsEmpty() ? BTL::GetBinPath() + u"Samples.txt" : options.samples;
-    std::vector<CChannel> channels = LoadChannels(options.channels, HostSources());
-    BTL::Log(u"Sampling " + UnicodeString(channels.size()) + u" channels for " +
-             UnicodeString(options.seconds) + u" s");
+    const auto serial = options.serial ? std::make_unique<CSerialReader>(*options.serial) : nullptr;
+    std::vector<CChannel> channels =
+        LoadChannels(options.channels, HostSources(), serial ? serial->GetSourceMaker() : TSourceMaker());
+    const double seconds = options.seconds.value_or(5);
+    BTL::Log(u"Sampling " + UnicodeString(channels.size()) + u" channels for " + UnicodeString(seconds) +
+             u" s");
+    if (serial) {
+        serial->Open();
+    }
     CSampleWriter writer(file);
-    SampleFor(options.seconds, channels, writer);
+    SampleFor(seconds, channels, serial.get(), writer);
     ReadSamples(file, options.from ? 0 : writer.getStart(), options.from, [&](const UTL::CVariants& sample) {
         AddSample(channels, sample);
         if (options.sql) {
@@ -96,6 +143,20 @@ void Run(const TOptions& options)
     if (!options.sql) {
         WriteReport(std::cout, channels);
     }
+    return ReportInstrument(serial.get());
+}
+
+EExitCode Start(const TOptions& options)
+{
+    if (options.help) {
+        std::cout << HelpText();
+        return Done;
+    }
+    if (options.instrument) {
+        PlayInstrument(options.serial.value_or(DefaultPort), options.faulty, options.seconds, std::cout);
+        return Done;
+    }
+    return Run(options);
 }
 
 int Fail(EExitCode code, const UnicodeString& message)
@@ -109,13 +170,8 @@ int Fail(EExitCode code, const UnicodeString& message)
 int main(int argc, char* argv[])
 {
     try {
-        const TOptions options = ReadOptions(argc, argv);
-        if (options.help) {
-            std::cout << HelpText();
-        } else {
-            Run(options);
-        }
-        return std::cout.flush() ? Done : Failed;
+        const EExitCode code = Start(ReadOptions(argc, argv));
+        return std::cout.flush() ? code : Failed;
     } catch (const BTL::XCommandLine& fault) {
         return Fail(BadInput, fault.getMessage());
     } catch (const XBadChannelFile& fault) {

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <exception>
 #include <mutex>
 #include <string>
 #include <utility>
@@ -38,6 +39,13 @@ std::uint32_t PlaceOf(const std::array<std::uint8_t, N>& table, std::uint8_t val
 {
     const auto found = std::ranges::find(table, value);
     return found == table.end() ? 0 : static_cast<std::uint32_t>(found - table.begin());
+}
+
+/// As `PlaceOf`, of a speed: `Int2Baud` has another one for those that aren't in its table.
+EBaud BaudOf(std::uint32_t speed)
+{
+    const EBaud baud = Int2Baud(static_cast<int>(speed));
+    return static_cast<std::uint32_t>(Baud2Int(baud)) == speed ? baud : EBaud::Baud110;
 }
 
 using TName = std::array<char, 7>;
@@ -127,18 +135,16 @@ bool CCom::Init(ECom port, EBaud baud, unsigned long flags)
 
 bool CCom::Create()
 {
+    CloseDevice();
     mLastError = 0;
     mShortTransfer = false;
     const std::string path = std::string(R"(\\.\)") + mName;
     mHandle = CreateFileA(path.c_str(), ReadAndWrite, 0, nullptr, OPEN_EXISTING, mFlags, nullptr);
-    return IsOpen();
+    return valid();
 }
 
 bool CCom::Open()
 {
-    if (IsOpen()) {
-        CloseHandle(std::exchange(mHandle, INVALID_HANDLE_VALUE));
-    }
     mParked = false;
     if (!Create()) {
         HandleError();
@@ -159,7 +165,12 @@ bool CCom::Close(bool parked)
     if (parked) {
         Host::ParkPort(mHandle);
     }
-    return CloseHandle(std::exchange(mHandle, INVALID_HANDLE_VALUE));
+    return CloseDevice();
+}
+
+bool CCom::CloseDevice()
+{
+    return IsOpen() && CloseHandle(std::exchange(mHandle, INVALID_HANDLE_VALUE));
 }
 
 bool CCom::valid() const
@@ -206,18 +217,27 @@ bool CCom::Check(bool isDone)
     return isDone;
 }
 
+/// Whether the port is open or parked; else a reason is kept, that of a failed opening if there is one.
+bool CCom::CheckValid()
+{
+    if (!valid() && mLastError == 0) {
+        mLastError = ERROR_INVALID_HANDLE;
+    }
+    return valid();
+}
+
 bool CCom::SetValues(const CComValues& values)
 {
     mValues = values;
-    return valid() && DoSetValues();
+    return CheckValid() && DoSetValues();
 }
 
 bool CCom::GetValues(CComValues& values)
 {
     DCB state{};
-    const bool isDone = valid() && Check(::GetCommState(mHandle, &state));
+    const bool isDone = CheckValid() && Check(::GetCommState(mHandle, &state));
     if (isDone) {
-        mValues = {Int2Baud(static_cast<int>(state.BaudRate)), PlaceOf(ByteSizes, state.ByteSize),
+        mValues = {BaudOf(state.BaudRate), PlaceOf(ByteSizes, state.ByteSize),
                    PlaceOf(Parities, state.Parity), PlaceOf(StopBits, state.StopBits)};
     }
     values = mValues;
@@ -227,14 +247,14 @@ bool CCom::GetValues(CComValues& values)
 bool CCom::SetupComm(const CComBufferSize& sizes)
 {
     mSizes = sizes;
-    return valid() && DoSetupComm();
+    return CheckValid() && DoSetupComm();
 }
 
 bool CCom::SetDCB(const DCB& state)
 {
     mState = state;
     mState.DCBlength = sizeof mState;
-    return valid() && DoSetDCB();
+    return CheckValid() && DoSetDCB();
 }
 
 bool CCom::SetDCB(EDCB change)
@@ -273,7 +293,7 @@ bool CCom::SetDCB(EDCB change)
 
 bool CCom::GetDCB(DCB& state)
 {
-    const bool isDone = valid() && Check(::GetCommState(mHandle, &mState));
+    const bool isDone = CheckValid() && Check(::GetCommState(mHandle, &mState));
     state = mState;
     return isDone;
 }
@@ -284,7 +304,7 @@ bool CCom::SetTimeouts(const COMMTIMEOUTS* timeouts)
         return false;
     }
     mTimeouts = *timeouts;
-    return valid() && DoSetTimeouts();
+    return CheckValid() && DoSetTimeouts();
 }
 
 bool CCom::GetTimeouts(COMMTIMEOUTS* timeouts)
@@ -292,7 +312,7 @@ bool CCom::GetTimeouts(COMMTIMEOUTS* timeouts)
     if (timeouts == nullptr) {
         return false;
     }
-    const bool isDone = valid() && Check(::GetCommTimeouts(mHandle, &mTimeouts));
+    const bool isDone = CheckValid() && Check(::GetCommTimeouts(mHandle, &mTimeouts));
     *timeouts = mTimeouts;
     return isDone;
 }
@@ -329,7 +349,7 @@ bool CCom::DoSetTimeouts()
 bool CCom::UpdateStatus()
 {
     unsigned long errors = 0;
-    return valid() && Check(::ClearCommError(mHandle, &errors, &mStatus));
+    return CheckValid() && Check(::ClearCommError(mHandle, &errors, &mStatus));
 }
 
 bool CCom::GetComStat(COMSTAT& status)
@@ -411,7 +431,7 @@ bool CCom::Transfer(unsigned long& count, Call call)
 {
     const CComOpener opener(this);
     const unsigned long wanted = std::exchange(count, 0);
-    if (!valid()) {
+    if (!CheckValid()) {
         return false;
     }
     ClearCommError();
@@ -453,10 +473,16 @@ bool CCom::WriteString(const System::AnsiString& text)
 
 bool CCom::ReadString(System::AnsiString& text, unsigned long count)
 {
-    std::string bytes(count, '\0');
-    const bool isDone = Receive(bytes.data(), count);
-    text = System::AnsiString(bytes);
-    return isDone;
+    try {
+        std::string bytes(count, '\0');
+        const bool isDone = Receive(bytes.data(), count);
+        text = System::AnsiString(std::string_view(bytes));
+        return isDone;
+    } catch (const std::exception&) {
+        // More than there is memory for, or than a text can hold.
+        ::SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+        return Check(false);
+    }
 }
 
 bool CCom::BytesInQueues(unsigned long& in, unsigned long& out)

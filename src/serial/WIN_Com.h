@@ -47,7 +47,7 @@ public:
 
     /// As the constructors; an open port is closed first.
     bool Init(ECom port, EBaud baud, unsigned long flags);
-    /// Opens the device alone, with what it is set to.
+    /// Opens the device alone, with what it is set to; one that is open is closed first. Gives `valid`.
     bool Create();
     /// Opens the device again with all settings of this object.
     bool Open();
@@ -73,6 +73,7 @@ public:
     // is what was kept, with false, where the device can't be asked.
 
     bool SetValues(const CComValues& values);
+    /// What the device is set to; a field is 0 (`EBaud::Baud110`, 5 bits) if its table lacks that.
     bool GetValues(CComValues& values);
     bool SetupComm(const CComBufferSize& sizes);
     bool SetDCB(const DCB& state);
@@ -118,7 +119,8 @@ public:
     bool Send(const char* buffer, unsigned long count);
     bool Receive(char* buffer, unsigned long count);
     bool WriteString(const System::AnsiString& text);
-    /// `text` has the length `count` in any case.
+    /// `text` has the length `count`, also if fewer bytes came; for more than there is memory for it is left
+    /// alone, and the last error is 8.
     bool ReadString(System::AnsiString& text, unsigned long count);
 
     /// The bytes that came and aren't read, and those that are written and not sent.
@@ -148,6 +150,8 @@ private:
     friend class CComOpener;
 
     bool Check(bool isDone);
+    bool CheckValid();
+    bool CloseDevice();
     bool IsOpen() const { return mHandle != INVALID_HANDLE_VALUE; }
     template <class Call>
     bool Transfer(unsigned long& count, Call call);

@@ -51,7 +51,7 @@ build_against_library("${sampleFolder}" "${workFolder}/build")
 expect_station(0 ARGUMENTS --help
     MATCHES "^Samples channels .*\n\nUsage: station \\[options\\]\n\n  --seconds N      how long to sample; default 5\n"
             "\n  --channels FILE  the channels " "\n  --from TIME      .*, \"1\\.2\\.2026 10:00\" or "
-            "\n  --sql            print .*\n  --help           this text\n\nNumbers .* is bad\\.\n$")
+            "\n  --sql            print .*\n  --help           this text\n\nNumbers .* is bad. 3: .* in another one\\.\n$")
 expect_station(0 ARGUMENTS --seconds 0,3 --channels "${sampleFolder}/channels.txt" --log "${workFolder}/log.txt"
     MATCHES "channel +unit +last +min +max +mean +std dev +limits +state"
             "\nload\\.1 " "\nmemory\\.free +kB .*>= 50000\\.0 kB" "\nprocesses .* ok")
@@ -101,6 +101,12 @@ expect_station(2 ARGUMENTS --seconds --sql MATCHES "--seconds: the value is miss
 expect_station(2 ARGUMENTS --from 31.2.2026 MATCHES "--from: '31.2.2026' is not a time")
 expect_station(2 ARGUMENTS --sql=yes MATCHES "--sql takes no value")
 expect_station(2 ARGUMENTS --colour MATCHES "unknown option '--colour'")
+expect_station(2 ARGUMENTS --serial COM0 MATCHES "--serial: 'COM0' is no port")
+expect_station(2 ARGUMENTS --faulty MATCHES "--faulty goes with --instrument")
 expect_station(2 ARGUMENTS --sql 5 MATCHES "unknown option '5'")
+
+find_program(bash NAMES bash REQUIRED)
+run_step(DESCRIPTION "The station beside an instrument"
+    COMMAND ${bash} "${CMAKE_CURRENT_LIST_DIR}/pair.sh" "${station}" "${workFolder}")
 
 file(REMOVE_RECURSE "${workFolder}")

@@ -7,7 +7,10 @@
 
 #include <algorithm>
 #include <chrono>
+#include <filesystem>
 #include <thread>
+#include <tuple>
+#include <utility>
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -93,6 +96,14 @@ TEST_F(ComTest, TellsATimeOutByAShortTransfer)
     AnsiString text;
     EXPECT_TRUE(port.ReadString(text, 4));
     EXPECT_EQ(text.Length(), 4);
+    // A text of bytes, whatever they are.
+    const std::string bytes("\x80\0\xC3\xBC", 4);
+    EXPECT_TRUE(port.WriteString(AnsiString(std::string_view(bytes))));
+    ASSERT_TRUE(mInstrument.WaitReceived(4, 5000));
+    EXPECT_EQ(mInstrument.TakeReceived(), bytes);
+    mInstrument.Send({bytes});
+    EXPECT_TRUE(port.ReadString(text, 4));
+    EXPECT_EQ(text.AsView(), bytes);
 }
 
 TEST_F(ComTest, OpensAParkedPortForEachTransfer)
@@ -146,6 +157,158 @@ TEST_F(ComTest, KeepsSettingsOfAClosedPort)
     ASSERT_TRUE(port.Open());
     EXPECT_TRUE(port.GetValues(values));
     EXPECT_EQ(values, wanted);
+}
+
+TEST_F(ComTest, TellsTheReasonOfEachFailure)
+{
+    CCom port(Port, 0);
+    ASSERT_TRUE(port.valid());
+    port.Close(false);
+    EXPECT_EQ(port.getLastError(), 0U);
+    EXPECT_FALSE(port.Send("a", 1));
+    EXPECT_EQ(port.getLastError(), ERROR_INVALID_HANDLE);
+    // The reason why it couldn't be opened stays.
+    CCom missing(WIN::Int2Com(256), 0);
+    AnsiString text;
+    EXPECT_FALSE(missing.ReadString(text, 3));
+    EXPECT_EQ(text.Length(), 3);
+    unsigned long waiting = 0;
+    EXPECT_FALSE(missing.BytesInQueues(waiting, waiting));
+    EXPECT_EQ(missing.getLastError(), ERROR_FILE_NOT_FOUND);
+    ASSERT_TRUE(port.Open());
+    EXPECT_FALSE(port.ReadString(text, ~0UL));
+    EXPECT_EQ(port.getLastError(), ERROR_NOT_ENOUGH_MEMORY);
+    // A refused setting is a failure that leaves the port open; the settings tell when it is forgotten.
+    EXPECT_TRUE(port.ClearCommError());
+    EXPECT_EQ(port.getLastError(), ERROR_NOT_ENOUGH_MEMORY);
+    DCB state{};
+    ASSERT_TRUE(port.GetDCB(state));
+    state.fAbortOnError = 1;
+    state.DCBlength = 0;
+    ASSERT_TRUE(port.SetDCB(state));
+    EXPECT_TRUE(port.ClearCommError());
+    EXPECT_EQ(port.getLastError(), 0U);
+    ASSERT_TRUE(port.GetDCB(state));
+    EXPECT_EQ(state.DCBlength, 28U);
+    EXPECT_TRUE(port.ClearInQueue());
+}
+
+TEST_F(ComTest, AnOpenerHoldsAParkedPortAlone)
+{
+    CCom port(Port, 0);
+    ASSERT_TRUE(port.valid());
+    {
+        const WIN::CComOpener none(nullptr);
+        const WIN::CComOpener opener(&port);
+    }
+    EXPECT_NE(port.getHandle(), INVALID_HANDLE_VALUE);
+    port.Close(true);
+    {
+        const WIN::CComOpener opener(&port);
+        EXPECT_NE(port.getHandle(), INVALID_HANDLE_VALUE);
+        EXPECT_FALSE(port.IsParked());
+        EXPECT_TRUE(port.Send("ab", 2));
+        EXPECT_NE(port.getHandle(), INVALID_HANDLE_VALUE);
+    }
+    EXPECT_EQ(port.getHandle(), INVALID_HANDLE_VALUE);
+    EXPECT_TRUE(port.IsParked());
+    {
+        // Somebody else has it just then: the transfer fails, and the port is parked as before.
+        const CCom other(Port, 0);
+        EXPECT_FALSE(port.Send("c", 1));
+        EXPECT_EQ(port.getLastError(), ERROR_ACCESS_DENIED);
+        EXPECT_TRUE(port.IsParked());
+    }
+    EXPECT_TRUE(port.Send("d", 1));
+    port.Close(false);
+    {
+        const WIN::CComOpener opener(&port);
+        EXPECT_FALSE(port.valid());
+    }
+    ASSERT_TRUE(mInstrument.WaitReceived(3, 5000));
+    EXPECT_EQ(mInstrument.TakeReceived(), "abd");
+}
+
+TEST_F(ComTest, SettingsReachTheDriver)
+{
+    CCom port(Port, {EBaud::Baud57600, 2, 1, 2}, 0);
+    DCB state{};
+    ASSERT_TRUE(port.GetDCB(state));
+    EXPECT_EQ(state.BaudRate, 57600U);
+    EXPECT_EQ(state.ByteSize, 7);
+    EXPECT_EQ(state.StopBits, TWOSTOPBITS);
+    for (const auto& [index, parity] : {std::pair(0U, 0), {1U, 2}, {2U, 1}, {3U, 3}}) {
+        state.fParity = 1;
+        state.EvtChar = 'x';
+        ASSERT_TRUE(port.SetDCB(state));
+        EXPECT_TRUE(port.SetValues({EBaud::Baud9600, 3, index, 0}));
+        DCB now{};
+        ASSERT_TRUE(port.GetDCB(now));
+        EXPECT_EQ(now.Parity, parity);
+        EXPECT_EQ(now.fParity, 0U);
+        EXPECT_EQ(now.EvtChar, 'x');
+    }
+    using WIN::EDCB;
+    for (const auto& [change, rts, dtr] : {std::tuple(EDCB::RtsDisable, 0U, 1U),
+                                           {EDCB::RtsHandshake, 2U, 1U},
+                                           {EDCB::DtrDisable, 2U, 0U},
+                                           {EDCB::Nothing, 2U, 0U},
+                                           {EDCB::DtrHandshake, 2U, 2U},
+                                           {EDCB::RtsEnable, 1U, 2U},
+                                           {EDCB::DtrEnable, 1U, 1U}}) {
+        ASSERT_TRUE(port.SetDCB(change));
+        ASSERT_TRUE(port.GetDCB(state));
+        EXPECT_EQ(state.fRtsControl, rts) << static_cast<int>(change);
+        EXPECT_EQ(state.fDtrControl, dtr) << static_cast<int>(change);
+    }
+    // What has no place in the tables is the first of them.
+    state.BaudRate = 31'250;
+    state.Parity = SPACEPARITY;
+    ASSERT_TRUE(port.SetDCB(state));
+    WIN::CComValues values;
+    EXPECT_TRUE(port.GetValues(values));
+    EXPECT_EQ(values, (WIN::CComValues{EBaud::Baud110, 3, 0, 0}));
+}
+
+TEST_F(ComTest, LeavesNoDescriptorBehind)
+{
+    const auto countOpen = [] {
+        return std::ranges::distance(std::filesystem::directory_iterator("/proc/self/fd"));
+    };
+    const auto before = countOpen();
+    for (int i = 0; i < 20; ++i) {
+        CPortSimulator instrument(Number + 3);
+        CCom port(WIN::Int2Com(Number + 3), 0);
+        EXPECT_TRUE(port.Create());
+        EXPECT_TRUE(port.Init(WIN::Int2Com(Number + 3), EBaud::Baud9600, 0));
+        EXPECT_TRUE(port.Open());
+        port.Close(true);
+        port.Send("a", 1);
+        const CCom missing(WIN::Int2Com(256), 0);
+        EXPECT_TRUE(port.Open());
+        const CCom second(WIN::Int2Com(Number + 3), 0);
+        instrument.Unplug();
+        EXPECT_FALSE(port.Send("a", 1));
+    }
+    EXPECT_EQ(countOpen(), before);
+}
+
+TEST_F(ComTest, AParkedPortIsSharedByThreads)
+{
+    constexpr int turns = 50;
+    const auto work = [] {
+        CCom port(Port, 0);
+        port.Close(true);
+        for (int sent = 0; sent < turns;) {
+            sent += port.Send("x", 1) ? 1 : 0;
+        }
+    };
+    {
+        const std::jthread first(work);
+        const std::jthread second(work);
+    }
+    EXPECT_TRUE(mInstrument.WaitReceived(2 * turns, 5000));
+    EXPECT_EQ(mInstrument.TakeReceived(), std::string(2 * turns, 'x'));
 }
 
 TEST_F(ComTest, PutsTheDeviceBack)

@@ -6,6 +6,7 @@
 #include "platform/host/devices/internal/Host_SerialPort.h"
 
 #include <algorithm>
+#include <mutex>
 #include <string>
 
 namespace
@@ -71,6 +72,12 @@ DCB DefaultState()
     state.fRtsControl = RTS_CONTROL_ENABLE;
     state.ByteSize = 8;
     return state;
+}
+
+bool IsParked(Host::KeptSettings& kept)
+{
+    const std::lock_guard lock(kept.mutex);
+    return kept.former.has_value();
 }
 
 } // namespace
@@ -249,7 +256,7 @@ bool Host::ParkPort(HANDLE port)
 void Host::EndParking(const char* name)
 {
     const std::string path = PortDevice(name == nullptr ? 0 : PortNumber(name));
-    if (!path.empty() && KeptSettingsOf(path)->former) {
+    if (!path.empty() && IsParked(*KeptSettingsOf(path))) {
         // Closing sets it back.
         const auto port = SerialPort::Open(path);
     }

@@ -66,7 +66,8 @@ TRS8_BTL_API bool GetCommMask(HANDLE port, unsigned long* mask);
 /// The events to wait for, a sum of `EV_...`. Ends a wait that another thread is in; that gets the mask 0.
 TRS8_BTL_API bool SetCommMask(HANDLE port, unsigned long mask);
 /// Waits for one of the events and tells in `mask` which came since the last call. 87 while there are none to
-/// wait for. With `overlapped` it only looks: false with 997 if none came yet.
+/// wait for, and while another thread waits. With `overlapped` it only looks: false with 997 if none came
+/// yet.
 TRS8_BTL_API bool WaitCommEvent(HANDLE port, unsigned long* mask, OVERLAPPED* overlapped);
 
 /// What the port `name` ("COM7") is set to at first. Opens nothing, so it tells whether there is such a port,

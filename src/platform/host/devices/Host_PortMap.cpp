@@ -2,6 +2,8 @@
 #include "platform/host/devices/Host_PortMap.h"
 
 #include "platform/base/internal/System_Ascii.h"
+#include "platform/host/Host_Error.h"
+#include "platform/host/devices/internal/Host_DeviceKind.h"
 #include "platform/host/devices/internal/Host_PortNumbers.h"
 #include "platform/host/registry/internal/Host_RegistryStore.h"
 
@@ -21,6 +23,9 @@ namespace
 using System::UnicodeString;
 
 constexpr std::string_view VariableStart = "TRS8_BTL_";
+constexpr auto NamedSection = u"Ports";
+/// Behind the name of a port: when its device was made.
+constexpr auto MadeMark = u" made";
 constexpr const char* KernelList = "/sys/class/tty";
 
 UnicodeString NameOf(int number)
@@ -28,18 +33,46 @@ UnicodeString NameOf(int number)
     return u"COM" + UnicodeString(number);
 }
 
+/// Of a pseudo-terminal, whose number goes to another pair soon, perhaps to somebody's terminal; else empty.
+UnicodeString TimeOfMaking(const std::string& path)
+{
+    struct stat status;
+    if (stat(path.c_str(), &status) != 0 || !IsPseudoTerminal(status)) {
+        return {};
+    }
+    return UnicodeString(status.st_ctim.tv_sec) + u'.' + UnicodeString(status.st_ctim.tv_nsec);
+}
+
+/// Whether the path leads to the device that was named; a line by hand doesn't tell when that was made.
+bool IsStill(const std::string& path, const std::map<UnicodeString, RegistryText::Entry>& entries,
+             const UnicodeString& nameOfTime)
+{
+    const auto time = entries.find(nameOfTime);
+    return time == entries.end() || time->second.value == RegistryValue(TimeOfMaking(path));
+}
+
+template <class Change>
+bool ChangeName(int number, const std::string& device, Change change)
+{
+    if (number < 1 || number > MaxPort || device.empty()) {
+        return Fail(ERROR_INVALID_PARAMETER);
+    }
+    return ChangeRegistry(RegistryPart::User, change);
+}
+
 /// The devices that the user or the machine names outright.
 void AddNamed(RegistryPart part, std::map<int, std::string>& named)
 {
     const RegistryText registry = LoadRegistry(part);
-    const RegistryText::Key* const ports = registry.FindKey(u"Ports");
+    const RegistryText::Key* const ports = registry.FindKey(NamedSection);
     if (ports == nullptr) {
         return;
     }
     for (const auto& [folded, entry] : ports->entries) {
         const auto* const path = std::get_if<UnicodeString>(&entry.value);
         const int number = PortNumber(System::ToUtf8(entry.name));
-        if (number != 0 && path != nullptr && !path->IsEmpty()) {
+        if (number != 0 && path != nullptr && !path->IsEmpty() &&
+            IsStill(System::ToUtf8(*path), ports->entries, folded + MadeMark)) {
             named.try_emplace(number, System::ToUtf8(*path));
         }
     }
@@ -158,6 +191,30 @@ std::string PortDevice(int number)
     const auto ports = NumberedPorts();
     const auto found = ports.find(number);
     return found != ports.end() ? found->second : "/dev/ttyS" + std::to_string(number - 1);
+}
+
+bool NamePort(int number, const std::string& device)
+{
+    return ChangeName(number, device, [&](RegistryText& registry) {
+        registry.Set(NamedSection, NameOf(number), System::FromUtf8(device));
+        registry.Delete(NamedSection, NameOf(number) + MadeMark);
+        if (const UnicodeString time = TimeOfMaking(device); !time.IsEmpty()) {
+            registry.Set(NamedSection, NameOf(number) + MadeMark, time);
+        }
+        return true;
+    });
+}
+
+bool UnnamePort(int number, const std::string& device)
+{
+    return ChangeName(number, device, [&](RegistryText& registry) {
+        const RegistryValue* const named = registry.Find(NamedSection, NameOf(number));
+        if (named == nullptr || *named != RegistryValue(System::FromUtf8(device))) {
+            return false;
+        }
+        registry.Delete(NamedSection, NameOf(number) + MadeMark);
+        return registry.Delete(NamedSection, NameOf(number));
+    });
 }
 
 int PortNumber(std::string_view name)

@@ -36,6 +36,15 @@ struct PortInfo
 /// The device of port `number`, which needn't be there; empty for a number that isn't 1 to 256.
 [[nodiscard]] TRS8_BTL_API std::string PortDevice(int number);
 
+/// Makes `device` port `number` for all programs of the user, by the section `[Ports]` of the registry file,
+/// until `UnnamePort`. A pseudo-terminal is no port any more once it is closed, also if its path is given to
+/// another one. It takes the place of an earlier name; the variable goes before it. False, with the
+/// last error, if the file can't be written, 87 for a number that isn't 1 to 256 and for an empty path.
+TRS8_BTL_API bool NamePort(int number, const std::string& device);
+
+/// Takes the name of port `number` back, unless another device has it by now. Fails as `NamePort`.
+TRS8_BTL_API bool UnnamePort(int number, const std::string& device);
+
 /// The number of a port from its name, `COMn` or `\\.\COMn` in either case; 0 for any other text.
 [[nodiscard]] TRS8_BTL_API int PortNumber(std::string_view name);
 

@@ -167,6 +167,24 @@ TEST_F(CommTest, TellsTheEventOfACharacter)
     EXPECT_EQ(events, EV_TXEMPTY);
 }
 
+TEST_F(CommTest, OneThreadWaitsForEvents)
+{
+    ASSERT_TRUE(SetCommMask(mPort, EV_RXFLAG));
+    std::jthread waiter([this] {
+        unsigned long events = 9;
+        EXPECT_TRUE(WaitCommEvent(mPort, &events, nullptr));
+        EXPECT_EQ(events, 0U);
+    });
+    unsigned long events = 9;
+    OVERLAPPED look{};
+    // Until the other one waits it is only told that there is nothing yet.
+    while (!WaitCommEvent(mPort, &events, &look) && GetLastError() == ERROR_IO_PENDING) {
+        std::this_thread::yield();
+    }
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
+    EXPECT_TRUE(SetCommMask(mPort, 0));
+}
+
 TEST_F(CommTest, APulledPlugEndsAWaitForEvents)
 {
     for (const unsigned long mask : {EV_RXCHAR, EV_CTS}) {

@@ -5,6 +5,7 @@
 #include "platform/host/devices/internal/Host_LineSettings.h"
 
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 
@@ -20,6 +21,8 @@ struct KeptSettings
     COMMTIMEOUTS timeouts{};
     std::uint32_t inQueue = 0;
     std::uint32_t outQueue = 0;
+    /// Guards what follows, which is asked for without having the device open.
+    std::mutex mutex;
     /// How the device was set before it was opened, while it is parked.
     std::optional<LineSettings> former;
 };

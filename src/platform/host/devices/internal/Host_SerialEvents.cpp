@@ -21,6 +21,19 @@ constexpr unsigned long WatchedEvents = EV_TXEMPTY | EV_CTS | EV_DSR | EV_RLSD |
 /// In milliseconds.
 constexpr std::uint64_t WatchInterval = 20;
 
+/// Holds a flag for a scope.
+class Raised
+{
+public:
+    explicit Raised(bool& flag) : mFlag(flag) { mFlag = true; }
+    Raised(const Raised&) = delete;
+    Raised& operator=(const Raised&) = delete;
+    ~Raised() { mFlag = false; }
+
+private:
+    bool& mFlag;
+};
+
 unsigned long LinesOf(int device)
 {
     int lines = 0;
@@ -62,9 +75,10 @@ bool SerialPort::WaitEvent(unsigned long& events, bool onlyLooks)
     std::unique_lock lock(mEventMutex);
     const unsigned long mask = mMask;
     const unsigned generation = mMaskGeneration;
-    if (mask == 0) {
+    if (mask == 0 || mIsAwaited) {
         return Fail(ERROR_INVALID_PARAMETER);
     }
+    const Raised awaited(mIsAwaited);
     while (mMaskGeneration == generation) {
         if (!CollectEvents(device, mask, events)) {
             return false;
@@ -90,6 +104,7 @@ bool SerialPort::WaitEvent(unsigned long& events, bool onlyLooks)
         (isWatched ? Deadline::In(WatchInterval) : Deadline()).Poll(waits);
         mMaskChanged.Take();
         if (!takesInput && (waits[0].revents & (POLLHUP | POLLERR | POLLNVAL)) != 0) {
+            lock.lock();
             return Lose(device);
         }
         lock.lock();

@@ -117,8 +117,12 @@ bool SerialPort::Begin()
     }
     ioctl(device, TIOCEXCL);
     mKept = KeptSettingsOf(mPath);
-    if (mKept->former) {
-        mFormer = *std::exchange(mKept->former, std::nullopt);
+    {
+        // Also for what the last holder left, which the host's lock alone keeps apart.
+        const std::lock_guard lock(mKept->mutex);
+        if (mKept->former) {
+            mFormer = *std::exchange(mKept->former, std::nullopt);
+        }
     }
     const DCB state = mKept->state.value_or(mFormer.State());
     // First of all: opening raised them.
@@ -139,10 +143,12 @@ SerialPort::~SerialPort()
     }
     const int device = mDevice->Get();
     FinishSending(device, mKept != nullptr && mKept->state ? mKept->state->BaudRate : 1);
-    if (mIsParked && mKept != nullptr) {
-        mKept->former = mFormer;
-    } else {
+    if (!mIsParked || mKept == nullptr) {
         [[maybe_unused]] const bool isGone = !mFormer.Write(device);
+    }
+    if (mKept != nullptr) {
+        const std::lock_guard lock(mKept->mutex);
+        mKept->former = mIsParked ? std::optional(mFormer) : std::nullopt;
     }
     ioctl(device, TIOCNXCL);
 }

@@ -85,6 +85,7 @@ private:
     std::mutex mEventMutex; // guards what follows
     unsigned long mMask = 0;
     unsigned mMaskGeneration = 0;
+    bool mIsAwaited = false; // a second wait could miss what wakes the first
     unsigned long mLines = 0;
     LineErrors mEventErrors;
     bool mIsSending = false;
