@@ -88,11 +88,6 @@ Text AsUtf8(const UnicodeString& text)
     return AnsiString(std::string_view(System::ToUtf8(text)));
 }
 
-AnsiString Narrow(const WideChar* text)
-{
-    return AnsiString(UnicodeString(text));
-}
-
 /// One character for one, so that the counts of both widths are alike.
 void Convert(char c, WideChar& out)
 {
@@ -140,6 +135,14 @@ float FloatOf(const AnsiString& text, float defaultValue)
     return stream >> value ? value : defaultValue;
 }
 
+/// Never destroyed: the destructors of a program's global objects may still bind files.
+template <class Text, EIniEngine Engine>
+Text& Path()
+{
+    static auto* const path = new Text;
+    return *path;
+}
+
 } // namespace
 
 template <EIniEngine Engine>
@@ -162,14 +165,6 @@ GIniFile<Engine>::GIniFile(const TText& section, const TText& file, const TText&
 template <EIniEngine Engine>
 GIniFile<Engine>::GIniFile(int, const TText& file, const TText& section) : mSection(section), mFile(file)
 {
-}
-
-/// Never destroyed: the destructors of a program's global objects may still bind files.
-template <class Text, EIniEngine Engine>
-static Text& Path()
-{
-    static auto* const path = new Text;
-    return *path;
 }
 
 template <EIniEngine Engine>

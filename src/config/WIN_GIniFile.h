@@ -25,7 +25,7 @@ enum class EIniEngine
 /// A reading operation never fails: a missing file, section or key gives the default. A writing one raises
 /// `XLastError` where nothing else is said. Texts have at most 32767 characters, longer ones are read cut.
 template <EIniEngine Engine>
-class GIniFile
+class TRS8_BTL_API GIniFile
 {
 public:
     /// The text of the engine's width, and its characters.
@@ -156,9 +156,9 @@ private:
     TText mFile;
 };
 
-extern template class TRS8_BTL_API GIniFile<EIniEngine::Ansi>;
-extern template class TRS8_BTL_API GIniFile<EIniEngine::Wide>;
-extern template class TRS8_BTL_API GIniFile<EIniEngine::Wide2>;
+extern template class GIniFile<EIniEngine::Ansi>;
+extern template class GIniFile<EIniEngine::Wide>;
+extern template class GIniFile<EIniEngine::Wide2>;
 
 /// The reading operations under their usual names; each is as the one called `Read...` of `CIniFileW2`.
 template <EIniEngine Engine>
