@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: MIT
-// What all stores on an ini file have in common, and where they differ.
 #include "config/BTL_INI_IniFileEx.h"
-#include "config/BTL_INI_Texts.h"
+
+#include "BTL_INI_IniFileFolder.h"
 #include "config/BTL_INI_WinIniFile.h"
-#include "platform/host/Host_Path.h"
 #include "platform/runtime/classes/Classes_StringList.h"
 #include "platform/runtime/inifiles/Inifiles.h"
-#include "support/TempFolder.h"
 
-#include <fstream>
 #include <functional>
 #include <memory>
-#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -48,22 +44,10 @@ const TStore Stores[] = {
     {"profile", Opener<BTL::CWIN_IniFile>(), true},
 };
 
-class CIniStoresTest : public testing::TestWithParam<TStore>
+class CIniStoresTest : public testing::TestWithParam<TStore>, protected Support::IniFileFolder
 {
 protected:
     std::unique_ptr<BTL::AIni> Open() const { return GetParam().open(file, u"S"); }
-    void Save(BTL::AIni& ini) const { ini.Save(); }
-    void Fill(std::string_view bytes) const { std::ofstream(Path(), std::ios::binary) << bytes; }
-    std::string Content() const
-    {
-        std::ostringstream text;
-        text << std::ifstream(Path(), std::ios::binary).rdbuf();
-        return text.str();
-    }
-    std::filesystem::path Path() const { return folder.Path() / "a.ini"; }
-
-    const Support::TempFolder folder;
-    const UnicodeString file = Sysutils::FromHostPath(Path().string());
 };
 
 INSTANTIATE_TEST_SUITE_P(All, CIniStoresTest, testing::ValuesIn(Stores),
@@ -99,7 +83,7 @@ TEST_P(CIniStoresTest, BringsEveryTextOfOneLineBack)
     for (const UnicodeString& text : texts) {
         ini->WriteString(UnicodeString(number++), text);
     }
-    Save(*ini);
+    ini->Save();
     const auto again = Open();
     number = 0;
     for (const UnicodeString& text : texts) {
@@ -136,7 +120,7 @@ TEST_P(CIniStoresTest, RefusesWhatWouldBecomeAnotherKey)
             EXPECT_EQ(fault.getMessage() == u"The file '" + file + u"' can't be written.",
                       GetParam().hasOwnMessage);
         }
-        Save(*ini);
+        ini->Save();
         EXPECT_EQ(Content(), before);
     }
 }
@@ -193,11 +177,11 @@ TEST_P(CIniStoresTest, KeepsWhatAWriteDoesNotConcern)
     ini->WriteString(u"n", u"3");
     ini->DeleteKey(u"none");
     ini->EraseSection(u"None");
-    Save(*ini);
+    ini->Save();
     EXPECT_EQ(Content(), "; head\n[S]\nb=2\n; note\nn=3\n\n[T]\nc = 'x'\n");
     ini->DeleteKey(u"b");
     ini->EraseSection(u"T");
-    Save(*ini);
+    ini->Save();
     EXPECT_EQ(Content(), "; head\n[S]\n; note\nn=3\n\n");
 }
 
@@ -216,7 +200,7 @@ TEST_P(CIniStoresTest, CopiesSections)
     ini->ReadSectionValues(u"S", &lines);
     EXPECT_EQ(lines.getCommaText(), u"a=2,b=3");
     EXPECT_FALSE(ini->SectionExists(u"Own"));
-    Save(*ini);
+    ini->Save();
     EXPECT_EQ(Content(), "[S]\r\na=2\r\nb=3\r\n");
 }
 
@@ -227,7 +211,7 @@ TEST_P(CIniStoresTest, NeedsNoFile)
     EXPECT_FALSE(ini->FileReadOnly());
     EXPECT_EQ(ini->ReadInt("a", 5), 5);
     ini->WriteInt("a", 6);
-    Save(*ini);
+    ini->Save();
     EXPECT_TRUE(ini->FileExists());
     EXPECT_EQ(Content(), "[S]\r\na=6\r\n");
     EXPECT_EQ(ini->getFile(), file);
@@ -259,14 +243,11 @@ TEST_P(CIniStoresTest, TellsAFileThatCanNotBeWritten)
     EXPECT_EQ(count, 1U);
 }
 
-class CIniFilesTest : public CIniStoresTest
+class CMemIniFileTest : public testing::Test, protected Support::IniFileFolder
 {
 };
 
-INSTANTIATE_TEST_SUITE_P(One, CIniFilesTest, testing::Values(Stores[0]),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-TEST_P(CIniFilesTest, MemoryReachesTheFileOnlyWhenSaved)
+TEST_F(CMemIniFileTest, ReachesTheFileOnlyWhenSaved)
 {
     BTL::CMemIniFile first(file, u"S");
     BTL::CMemIniFile second(file, u"S");
@@ -280,7 +261,7 @@ TEST_P(CIniFilesTest, MemoryReachesTheFileOnlyWhenSaved)
     EXPECT_EQ(Content(), "[S]\r\nb=2\r\n");
 }
 
-TEST_P(CIniFilesTest, MemoryKeepsWhatIsNotSavedUnderItsName)
+TEST_F(CMemIniFileTest, KeepsWhatIsNotSavedUnderItsName)
 {
     BTL::CMemIniFile ini;
     EXPECT_THROW(ini.ReadInt("a", 0), Sysutils::Exception);
@@ -298,7 +279,7 @@ TEST_P(CIniFilesTest, MemoryKeepsWhatIsNotSavedUnderItsName)
     EXPECT_EQ(ini.ReadInt("a", 0), 0);
 }
 
-TEST_P(CIniFilesTest, MemoryTellsAFailedSave)
+TEST_F(CMemIniFileTest, TellsAFailedSave)
 {
     BTL::CMemIniFile ini(Sysutils::FromHostPath((folder.Path() / "none" / "a.ini").string()), u"S");
     ini.WriteInt("a", 1);
@@ -311,7 +292,7 @@ TEST_P(CIniFilesTest, MemoryTellsAFailedSave)
     EXPECT_EQ(ini.ReadInt("a", 0), 1);
 }
 
-TEST_P(CIniFilesTest, MemoryHandsItsLinesOut)
+TEST_F(CMemIniFileTest, HandsItsLinesOut)
 {
     Fill("; head\r\n[S]\r\na=1\r\n");
     auto* const store = new BTL::CMemIniFileImp;
@@ -333,63 +314,6 @@ TEST_P(CIniFilesTest, MemoryHandsItsLinesOut)
     EXPECT_EQ(lines[3], u"b=\u03A9");
     store->SetStrings(nullptr);
     EXPECT_FALSE(ini.SectionExists(u"S"));
-}
-
-TEST_P(CIniFilesTest, ProfileTakesTheAttributeAwayWhenSaved)
-{
-    Fill("[S]\r\na=\r\nb=12 pieces\r\nc=TRUE\r\n");
-    BTL::CWIN_IniFile ini(file, u"S");
-    EXPECT_FALSE(ini.KeyExists(u"a"));
-    EXPECT_TRUE(ini.KeyExists(u"b"));
-    EXPECT_EQ(ini.ReadInt("b", 0), 12);
-    EXPECT_EQ(ini.ReadInt("c", 5), 5);
-    chmod(Path().c_str(), 0444);
-    EXPECT_THROW(ini.EraseSection(u"S"), Sysutils::Exception);
-    ini.DeleteKey(u"b");
-    EXPECT_TRUE(ini.KeyExists(u"b"));
-    ini.Flush();
-    EXPECT_TRUE(ini.FileReadOnly());
-    ini.Save();
-    EXPECT_FALSE(ini.FileReadOnly());
-    ini.DiscardCache();
-    ini.DeleteKey(u"b");
-    EXPECT_FALSE(ini.KeyExists(u"b"));
-}
-
-TEST_P(CIniFilesTest, ProfileReadsAsFarAsItsBuffer)
-{
-    BTL::CWIN_IniFile ini(file, u"S");
-    ini.WriteString(u"a", UnicodeString(std::u16string_view(std::u16string(70000, u'x'))));
-    EXPECT_EQ(ini.ReadString(u"a", u"").Length(), 65534);
-}
-
-TEST_P(CIniFilesTest, ProfileWritesASectionInOneStep)
-{
-    Fill("[S]\r\na=1\r\n");
-    BTL::CWIN_IniFile ini(file, u"S");
-    TStringList lines{u"a=2", u"b=3", u"=4", u"c=5"};
-    EXPECT_THROW(ini.WriteSectionValues(u"S", &lines), Sysutils::Exception);
-    EXPECT_EQ(Content(), "[S]\r\na=2\r\nb=3\r\n");
-    EXPECT_EQ(ini.getSection(), u"S");
-    chmod(Path().c_str(), 0444);
-    lines.Delete(2);
-    EXPECT_THROW(ini.WriteSectionValues(u"S", &lines), Sysutils::Exception);
-    EXPECT_THROW(ini.Clear(), Sysutils::Exception);
-    EXPECT_EQ(Content(), "[S]\r\na=2\r\nb=3\r\n");
-}
-
-TEST_P(CIniFilesTest, TextOfAFailureIsTheLanguageTables)
-{
-    const auto former = BTL::GetIniText;
-    BTL::GetIniText = [](BTL::EIniText) { return UnicodeString(u"<%s>"); };
-    BTL::CWIN_IniFile ini(UnicodeString(folder.Path()), u"S");
-    try {
-        ini.WriteInt("a", 1);
-        ADD_FAILURE() << "was written";
-    } catch (const Sysutils::Exception& fault) {
-        EXPECT_EQ(fault.getMessage(), u'<' + UnicodeString(folder.Path()) + u'>');
-    }
-    BTL::GetIniText = former;
 }
 
 } // namespace
