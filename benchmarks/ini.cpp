@@ -21,6 +21,7 @@
 #include <glib.h>
 #endif
 #ifdef TRS8_BTL_BENCHMARK_SIMPLEINI
+#define SI_NO_CONVERSION
 #include <SimpleIni.h>
 #endif
 
