@@ -70,8 +70,8 @@ void WriteBox(const TBox& box, int answer)
 
 void WriteCancelled(const TInput& input)
 {
-    std::cerr << input.caption << ": " << input.prompt << " [" << input.value << "]\n["
-              << Cancel.name << "]\n"
+    std::cerr << input.caption << ": " << input.prompt << " [" << input.value << "]\n[" << Cancel.name
+              << "]\n"
               << std::flush;
 }
 
