@@ -2,10 +2,14 @@
 #include "languages/BTL_I18N_Texts.h"
 
 #include "config/BTL_INI_Texts.h"
+#include "config/BTL_INI_WinIniFile.h"
 #include "environment/folders/BTL_ENV_Folders.h"
 #include "languages/LanguageFile.h"
 #include "os/WIN_TickCount.h"
+#include "platform/base/Sysutils_Exception.h"
+#include "platform/toolkit/MessageBox.h"
 #include "support/ChildProgram.h"
+#include "support/ScriptedBoxes.h"
 
 #include <gtest/gtest.h>
 
@@ -74,6 +78,23 @@ TEST(TextsTest, ServeTheRoomsBelow)
     EXPECT_EQ(WIN::GetRemainingTimeText(), u"Remaining time: ");
     EXPECT_EQ(BTL::GetIniText(BTL::EIniText::ReadOnly),
               u"The file \n'%s'\n is read-only. Changes will not be saved.");
+}
+
+TEST(TextsTest, AreThoseOfIniFiles)
+{
+    const Support::LanguageFile file("[Run]\nChannels=4\n");
+    file.SetReadOnly();
+    BTL::CWIN_IniFile ini(file.Name(), u"Run");
+    Support::ScriptedBoxes boxes({IDOK});
+    EXPECT_TRUE(ini.ShowReadOnlyWarinig());
+    EXPECT_EQ(boxes.TakeShown().at(0).box.text,
+              u"Die Datei \n'" + file.Name() + u"'\n ist schreibgesch\u00FCtzt. \u00C4nderungen werden nicht gespeichert.");
+    try {
+        ini.WriteInt("Channels", 5);
+        ADD_FAILURE();
+    } catch (const Sysutils::Exception& fault) {
+        EXPECT_EQ(fault.getMessage(), u"Die Datei \n'" + file.Name() + u"'\n kann nicht geschrieben werden.");
+    }
 }
 
 TEST(TextsTest, KeepWhatIsWrongWithThemThroughEscapesAndFilling)
