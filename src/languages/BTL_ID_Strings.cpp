@@ -25,6 +25,7 @@ constexpr UTL::CFaultPlace UnequalCounts{"BTL_ID_Strings", 91};
 /// Lists carry small numbers where others have objects; nobody looks at what such a pointer points to.
 System::TObject* NumberAsObject(int number)
 {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr)
     return reinterpret_cast<System::TObject*>(static_cast<System::NativeInt>(number));
 }
 
@@ -45,7 +46,7 @@ AID_Strings::TOrigin AID_Strings::GetOrigin(int id)
 
 UnicodeString AID_Strings::GetString_V(int id, TVarArgs arguments)
 {
-    const UnicodeString text = GetString(id);
+    UnicodeString text = GetString(id);
     const TOrigin origin = GetOrigin(id);
     if (!origin.isFormat) {
         return text;
@@ -53,7 +54,7 @@ UnicodeString AID_Strings::GetString_V(int id, TVarArgs arguments)
     try {
         return System::Printf(text, arguments);
     } catch (const Sysutils::EConvertError&) {
-        const UnicodeString notice = origin.place + u" has wrong placeholders: " + text;
+        UnicodeString notice = origin.place + u" has wrong placeholders: " + text;
         LogNoticeOnce(notice);
         return notice;
     }
