@@ -72,8 +72,7 @@ TEST(TextsTest, TellTheKeyAndFileOfAMissingOne)
 TEST(TextsTest, ServeTheRoomsBelow)
 {
     EXPECT_EQ(WIN::GetRemainingTimeText(), u"Restzeit: ");
-    EXPECT_EQ(BTL::GetIniText(BTL::EIniText::CannotWrite),
-              u"Die Datei \n'%s'\n kann nicht geschrieben werden.");
+    EXPECT_EQ(BTL::GetIniText(BTL::EIniText::CannotWrite), u"Die Datei '%s' kann nicht geschrieben werden.");
     const CTable table(u"BTL_German.ids", BTL::GetProgramIDSPath() + u"English\\");
     EXPECT_EQ(WIN::GetRemainingTimeText(), u"Remaining time: ");
     EXPECT_EQ(BTL::GetIniText(BTL::EIniText::ReadOnly),
@@ -94,7 +93,7 @@ TEST(TextsTest, AreThoseOfIniFiles)
         ini.WriteInt("Channels", 5);
         ADD_FAILURE();
     } catch (const Sysutils::Exception& fault) {
-        EXPECT_EQ(fault.getMessage(), u"Die Datei \n'" + file.Name() + u"'\n kann nicht geschrieben werden.");
+        EXPECT_EQ(fault.getMessage(), u"Die Datei '" + file.Name() + u"' kann nicht geschrieben werden.");
     }
 }
 
