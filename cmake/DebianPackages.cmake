@@ -48,7 +48,8 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${control_folder}/triggers ${cont
                                                ${control_folder}/none/postinst ${control_folder}/none/postrm)
 
 describe_package(DEVELOPMENT libtrs8-btl-dev libdevel " (development files)"
-                 "the headers, the CMake package and the file for pkg-config")
+                 "the headers, the language files, the CMake package and the
+file for pkg-config")
 set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS Runtime)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS libtrs8-btl-doc)
 

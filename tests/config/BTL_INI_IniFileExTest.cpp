@@ -2,9 +2,11 @@
 #include "config/BTL_INI_IniFileEx.h"
 
 #include "BTL_INI_IniFileFolder.h"
+#include "config/BTL_INI_Texts.h"
 #include "config/BTL_INI_WinIniFile.h"
 #include "platform/runtime/classes/Classes_StringList.h"
 #include "platform/runtime/inifiles/Inifiles.h"
+#include "platform/runtime/sysutils/System_Printf.h"
 
 #include <functional>
 #include <memory>
@@ -117,7 +119,7 @@ TEST_P(CIniStoresTest, RefusesWhatWouldBecomeAnotherKey)
             ini->WriteString(key, value);
             ADD_FAILURE() << "was written";
         } catch (const Sysutils::Exception& fault) {
-            EXPECT_EQ(fault.getMessage() == u"The file '" + file + u"' can't be written.",
+            EXPECT_EQ(fault.getMessage() == System::Printf(BTL::GetIniText(BTL::EIniText::CannotWrite), file),
                       GetParam().hasOwnMessage);
         }
         ini->Save();
@@ -287,7 +289,8 @@ TEST_F(CMemIniFileTest, TellsAFailedSave)
         ini.Save();
         ADD_FAILURE() << "was saved";
     } catch (const Sysutils::Exception& fault) {
-        EXPECT_EQ(fault.getMessage(), u"The file '" + ini.getFile() + u"' can't be written.");
+        EXPECT_EQ(fault.getMessage(),
+                  System::Printf(BTL::GetIniText(BTL::EIniText::CannotWrite), ini.getFile()));
     }
     EXPECT_EQ(ini.ReadInt("a", 0), 1);
 }

@@ -49,6 +49,11 @@ if(NOT printed STREQUAL "ready")
     message(FATAL_ERROR "The program with a simulated instrument printed '${printed}'")
 endif()
 
+file(STRINGS "${workFolder}/cmake/ProgramData/IDS/BTL_German.ids" texts REGEX "^200020000=The program")
+if(NOT texts)
+    message(FATAL_ERROR "The program lies in a folder without the English language files")
+endif()
+
 build_with_pkg_config("${consumerFolder}/main.cpp" "${workFolder}/consumer")
 if(NOT pkgFlags MATCHES "^-I[^ ]*/include -L")
     message(FATAL_ERROR "pkg-config tells more than one include folder: ${pkgFlags}")
