@@ -11,6 +11,7 @@
 #include "platform/runtime/sysutils/Sysutils_File.h"
 #include "platform/runtime/sysutils/Sysutils_FileName.h"
 #include "platform/runtime/sysutils/Sysutils_Text.h"
+#include "platform/toolkit/MessageBox.h"
 #include "text/grammar/BTL_STR_Escape.h"
 
 #include <algorithm>
@@ -116,7 +117,8 @@ unsigned ConvertList(Other* buffer, unsigned size, List list)
     for (unsigned i = 0; i < count; ++i) {
         Convert(own[i], buffer[i]);
     }
-    std::fill(buffer + count, buffer + std::min(size, count + 2), Other());
+    // A list that was cut ends with two zeros.
+    std::fill(buffer + count, buffer + std::min(size, count + 2 == size ? size : count + 1), Other());
     return count;
 }
 
@@ -233,8 +235,8 @@ bool GIniFile<Engine>::ShowReadOnlyWarinig()
     if (!FileReadOnly()) {
         return false;
     }
-    const int warning = 48;
-    BTL::MessageBox1_VA(UTL::Ci18n::GetString(UTL::EXStrings::IniFileReadOnly), warning, UnicodeString(mFile));
+    BTL::MessageBox1_VA(UTL::Ci18n::GetString(UTL::EXStrings::IniFileReadOnly), MB_ICONWARNING,
+                        UnicodeString(mFile));
     return true;
 }
 

@@ -9,8 +9,9 @@
 namespace WIN
 {
 
-/// The engines on ini files, which differ in width and in the names of their reading operations.
-enum class EIniEngine
+/// The engines on ini files, which differ in width and in the names of their reading operations. Exported, as what it
+/// makes of `GIniFile` is known by it.
+enum class TRS8_BTL_API EIniEngine
 {
     Ansi,
     Wide,
