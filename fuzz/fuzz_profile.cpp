@@ -24,8 +24,8 @@ std::vector<std::pair<UnicodeString, UnicodeString>> AllOf(const ProfileText& te
 
 } // namespace
 
-/// Three lines are a section, a key and a value, the rest is a file: it comes back as it was, and a change of it
-/// changes that value alone.
+/// Three lines are a section, a key and a value, the rest is a file: it comes back as it was, and a change of
+/// it changes that value alone.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     Fuzz::Input input(data, size);

@@ -125,7 +125,8 @@ unsigned ConvertList(Other* buffer, unsigned size, List list)
 std::string FloatText(float value)
 {
     std::array<char, 32> text;
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, 6);
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, 6);
     return {text.data(), end.ptr};
 }
 

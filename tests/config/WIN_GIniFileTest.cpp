@@ -56,7 +56,10 @@ protected:
     using Text = typename Ini::TText;
 
     Text Name(const char* name) const { return Text(UnicodeString(mFolder.Path() / name)); }
-    void Write(const std::string& text) const { std::ofstream(mFolder.Path() / "a.ini", std::ios::binary) << text; }
+    void Write(const std::string& text) const
+    {
+        std::ofstream(mFolder.Path() / "a.ini", std::ios::binary) << text;
+    }
     std::string Read(const char* name = "a.ini") const
     {
         std::ifstream stream(mFolder.Path() / name, std::ios::binary);
@@ -147,14 +150,17 @@ TYPED_TEST(GIniFileTest, ReadsNumbersAndWords)
         this->Write(std::string("[s]\nk=") + text + "\n");
         EXPECT_EQ(ini.ReadFloat("k", 9), value);
     }
-    for (const auto& [text, whenFalse, whenTrue] :
-         {std::tuple("True", true, true), {"true", true, true}, {"FALSE", false, false}, {"1", false, true}}) {
+    for (const auto& [text, whenFalse, whenTrue] : {std::tuple("True", true, true),
+                                                    {"true", true, true},
+                                                    {"FALSE", false, false},
+                                                    {"1", false, true}}) {
         SCOPED_TRACE(text);
         this->Write(std::string("[s]\nk=") + text + "\n");
         EXPECT_EQ(ini.ReadBool("k", false), whenFalse);
         EXPECT_EQ(ini.ReadBool("k", true), whenTrue);
     }
-    for (const auto& [text, list] : {std::pair("[a,b]", "a,b"), {"a,b", "a,b"}, {"[", "["}, {"[]", ""}, {"[a", "[a"}}) {
+    for (const auto& [text, list] :
+         {std::pair("[a,b]", "a,b"), {"a,b", "a,b"}, {"[", "["}, {"[]", ""}, {"[a", "[a"}}) {
         SCOPED_TRACE(text);
         this->Write(std::string("[s]\nk=") + text + "\n");
         typename TypeParam::TText out;
@@ -169,7 +175,8 @@ template <class Char>
 std::string Filled(const std::array<Char, 16>& buffer)
 {
     std::string text;
-    std::transform(buffer.begin(), buffer.end(), std::back_inserter(text), [](Char c) { return c == 0 ? '0' : static_cast<char>(c); });
+    std::transform(buffer.begin(), buffer.end(), std::back_inserter(text),
+                   [](Char c) { return c == 0 ? '0' : static_cast<char>(c); });
     return text;
 }
 
@@ -191,7 +198,8 @@ TYPED_TEST(GIniFileTest, FillsBuffersOfBothWidths)
         call([&] { return ini.ReadSections(buffer.data(), 4); }, 2, "s000############");
         call([&] { return ini.ReadStringBuf("ab", buffer.data(), 3, fallback); }, 2, "120#############");
         call([&] { return ini.ReadStringBuf("none", buffer.data(), 16, fallback); }, 1, "d0##############");
-        call([&] { return ini.ReadStringBuf("none", buffer.data(), 16, static_cast<const Char*>(nullptr)); }, 0, "0###############");
+        call([&] { return ini.ReadStringBuf("none", buffer.data(), 16, static_cast<const Char*>(nullptr)); },
+             0, "0###############");
         EXPECT_EQ(ini.ReadStringBuf("ab", buffer.data(), 16, fallback), 3U);
         EXPECT_EQ(static_cast<int>(static_cast<std::make_unsigned_t<Char>>(buffer[2])), 0xE4);
     };
@@ -275,7 +283,9 @@ TYPED_TEST(GIniFileTest, TellsOfReadOnlyFiles)
         const auto shown = boxes.TakeShown();
         ASSERT_EQ(shown.size(), 1U);
         EXPECT_EQ(shown[0].box.flags, MB_ICONWARNING);
-        EXPECT_EQ(shown[0].box.text, u"Die Ini-Datei \n'" + UnicodeString(this->Name("a.ini")) + u"'\nist schreibgesch\u00FCtzt.\nEntfernen Sie bitte den Schreibschutz, damit die Daten gespeichert werden k\u00F6nnen.");
+        EXPECT_EQ(shown[0].box.text, u"Die Ini-Datei \n'" + UnicodeString(this->Name("a.ini")) +
+                                         u"'\nist schreibgesch\u00FCtzt.\nEntfernen Sie bitte den "
+                                         u"Schreibschutz, damit die Daten gespeichert werden k\u00F6nnen.");
     }
     try {
         ini.WriteInt("k", 2);

@@ -4,12 +4,12 @@
 #include <algorithm>
 #include <iterator>
 
+#include <csignal>
+#include <cstddef>
 #include <sys/ptrace.h>
 #include <sys/syscall.h>
 #include <sys/user.h>
 #include <sys/wait.h>
-#include <csignal>
-#include <cstddef>
 #include <unistd.h>
 
 namespace Support
@@ -45,16 +45,17 @@ inline constexpr bool CanFailCalls = true;
 inline bool IsFileCall(long call)
 {
     static constexpr long calls[] = {
-        SYS_open,   SYS_openat,  SYS_read,     SYS_pread64,    SYS_write,  SYS_pwrite64, SYS_stat,
-        SYS_fstat,  SYS_lstat,   SYS_newfstatat, SYS_fcntl,    SYS_flock,  SYS_fsync,    SYS_rename,
-        SYS_renameat, SYS_renameat2, SYS_unlink, SYS_unlinkat, SYS_fchown, SYS_fchmod,   SYS_fgetxattr,
-        SYS_fsetxattr, SYS_fremovexattr, SYS_readlink, SYS_readlinkat, SYS_link, SYS_linkat, SYS_getcwd,
+        SYS_open,       SYS_openat, SYS_read,      SYS_pread64,    SYS_write,        SYS_pwrite64,
+        SYS_stat,       SYS_fstat,  SYS_lstat,     SYS_newfstatat, SYS_fcntl,        SYS_flock,
+        SYS_fsync,      SYS_rename, SYS_renameat,  SYS_renameat2,  SYS_unlink,       SYS_unlinkat,
+        SYS_fchown,     SYS_fchmod, SYS_fgetxattr, SYS_fsetxattr,  SYS_fremovexattr, SYS_readlink,
+        SYS_readlinkat, SYS_link,   SYS_linkat,    SYS_getcwd,
     };
     return std::find(std::begin(calls), std::end(calls), call) != std::end(calls);
 }
 
-/// Runs `body` in a fork, whose file call of the given number, from 0, isn't done and fails with `error`. The fork
-/// ends with what the body gives.
+/// Runs `body` in a fork, whose file call of the given number, from 0, isn't done and fails with `error`. The
+/// fork ends with what the body gives.
 template <class Body>
 FailedRun RunWithFailingCall(int number, int error, Body body)
 {
