@@ -7,6 +7,7 @@
 #include "languages/boxes/Btl_messagebox.h"
 #include "os/WIN_LastError.h"
 #include "platform/base/numbers/Sysutils_Integer.h"
+#include "platform/host/Host_Error.h"
 #include "platform/host/profile/Host_Profile.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"
 #include "platform/runtime/sysutils/Sysutils_FileName.h"
@@ -444,6 +445,11 @@ typename GIniFile<Engine>::TText GIniFile<Engine>::ReadUTF8String(const TText& k
 template <EIniEngine Engine>
 bool GIniFile<Engine>::Store(const TText& key, const TText& value)
 {
+    // The platform's call would end the text there.
+    const auto hasZero = [](const TText& text) { return text.AsView().find(TChar()) != TText::View::npos; };
+    if (hasZero(mSection) || hasZero(key) || hasZero(value)) {
+        return Host::Fail(ERROR_INVALID_PARAMETER);
+    }
     return Put(SectionText(), key.c_str(), value.c_str(), FileText());
 }
 

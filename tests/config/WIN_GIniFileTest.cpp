@@ -305,6 +305,7 @@ TYPED_TEST(GIniFileTest, TellsOfReadOnlyFiles)
     EXPECT_EQ(this->Read(), "[s]\nk=2\n");
     EXPECT_THROW(ini.WriteString("k", "a\nb"), XLastError);
     EXPECT_THROW(ini.WriteString("k=", "a"), XLastError);
+    EXPECT_THROW(ini.WriteString("k", typename TypeParam::TText("a\0b", 3)), XLastError);
     ini.SetSection("");
     EXPECT_THROW(ini.WriteString("k", "a"), XLastError);
     EXPECT_EQ(this->Read(), "[s]\nk=2\n");
