@@ -7,10 +7,12 @@
 #include "languages/boxes/Btl_messagebox.h"
 #include "os/WIN_LastError.h"
 #include "platform/base/numbers/Sysutils_Integer.h"
+#include "platform/host/Host_Error.h"
 #include "platform/host/profile/Host_Profile.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"
 #include "platform/runtime/sysutils/Sysutils_FileName.h"
 #include "platform/runtime/sysutils/Sysutils_Text.h"
+#include "platform/toolkit/MessageBox.h"
 #include "text/grammar/BTL_STR_Escape.h"
 
 #include <algorithm>
@@ -116,7 +118,8 @@ unsigned ConvertList(Other* buffer, unsigned size, List list)
     for (unsigned i = 0; i < count; ++i) {
         Convert(own[i], buffer[i]);
     }
-    std::fill(buffer + count, buffer + std::min(size, count + 2), Other());
+    // A list that was cut ends with two zeros.
+    std::fill(buffer + count, buffer + std::min(size, count + 2 == size ? size : count + 1), Other());
     return count;
 }
 
@@ -234,8 +237,7 @@ bool GIniFile<Engine>::ShowReadOnlyWarinig()
     if (!FileReadOnly()) {
         return false;
     }
-    const int warning = 48;
-    BTL::MessageBox1_VA(UTL::Ci18n::GetString(UTL::EXStrings::IniFileReadOnly), warning,
+    BTL::MessageBox1_VA(UTL::Ci18n::GetString(UTL::EXStrings::IniFileReadOnly), MB_ICONWARNING,
                         UnicodeString(mFile));
     return true;
 }
@@ -443,6 +445,11 @@ typename GIniFile<Engine>::TText GIniFile<Engine>::ReadUTF8String(const TText& k
 template <EIniEngine Engine>
 bool GIniFile<Engine>::Store(const TText& key, const TText& value)
 {
+    // The platform's call would end the text there.
+    const auto hasZero = [](const TText& text) { return text.AsView().find(TChar()) != TText::View::npos; };
+    if (hasZero(mSection) || hasZero(key) || hasZero(value)) {
+        return Host::Fail(ERROR_INVALID_PARAMETER);
+    }
     return Put(SectionText(), key.c_str(), value.c_str(), FileText());
 }
 

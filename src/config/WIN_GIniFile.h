@@ -9,8 +9,9 @@
 namespace WIN
 {
 
-/// The engines on ini files, which differ in width and in the names of their reading operations.
-enum class EIniEngine
+/// The engines on ini files, which differ in width and in the names of their reading operations. Exported, as
+/// what it makes of `GIniFile` is known by it.
+enum class TRS8_BTL_API EIniEngine
 {
     Ansi,
     Wide,
@@ -121,7 +122,9 @@ protected:
                            const TOtherChar* defaultText) const;
     /// Whether the text, or the default, isn't empty.
     bool ReadStringBuf(const TText& key, TText& out, const TText& defaultText = {}) const;
+    /// The text, or the default.
     TText ReadString(const TText& key, const TText& defaultText = {});
+    /// As `ReadString`; a null default is the empty text.
     System::AnsiString ReadAnsiString(const System::AnsiString& key, const char* defaultText) const;
     System::UnicodeString ReadUnicodeString(const System::UnicodeString& key,
                                             const System::WideChar* defaultText) const;
@@ -157,9 +160,9 @@ private:
     TText mFile;
 };
 
-extern template class TRS8_BTL_API GIniFile<EIniEngine::Ansi>;
-extern template class TRS8_BTL_API GIniFile<EIniEngine::Wide>;
-extern template class TRS8_BTL_API GIniFile<EIniEngine::Wide2>;
+extern template class GIniFile<EIniEngine::Ansi>;
+extern template class GIniFile<EIniEngine::Wide>;
+extern template class GIniFile<EIniEngine::Wide2>;
 
 /// The reading operations under their usual names; each is as the one called `Read...` of `CIniFileW2`.
 template <EIniEngine Engine>
@@ -168,6 +171,7 @@ class GIniFileGetters : public GIniFile<Engine>
     using TBase = GIniFile<Engine>;
 
 public:
+    /// The text of the engine's width, its characters, and those of the other width.
     using TBase::TBase;
     using typename TBase::TChar;
     using typename TBase::TOtherChar;
@@ -202,19 +206,23 @@ public:
     {
         return this->ReadStringBuf(key, out, defaultText);
     }
+    /// The text, or the default.
     TText GetVclString(const TText& key, const TText& defaultText = {})
     {
         return this->ReadString(key, defaultText);
     }
+    /// As `GetVclString`; a null default is the empty text.
     System::AnsiString GetAnsiString(const System::AnsiString& key, const char* defaultText) const
     {
         return this->ReadAnsiString(key, defaultText);
     }
+    /// As `GetVclString`; a null default is the empty text.
     System::UnicodeString GetUnicodeString(const System::UnicodeString& key,
                                            const System::WideChar* defaultText) const
     {
         return this->ReadUnicodeString(key, defaultText);
     }
+    /// As `GetVclString`; a null default is the empty text.
     UTL::CString GetSTDString(const System::AnsiString& key, const char* defaultText) const
     {
         return this->ReadSTDString(key, defaultText);

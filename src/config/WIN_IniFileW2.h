@@ -16,6 +16,8 @@ class CIniFileW2 : public GIniFile<EIniEngine::Wide2>
 public:
     using GIniFile::GIniFile;
 
+    // What they give is told with `GIniFile`.
+
     using GIniFile::ReadAnsiString;
     using GIniFile::ReadBool;
     using GIniFile::ReadCommaText;

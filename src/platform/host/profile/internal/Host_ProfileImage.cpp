@@ -157,13 +157,16 @@ void ProfileImage::Refresh()
     if (mIsCurrent && mIsSettled && state == mState) {
         return;
     }
-    // A file that isn't there, or can't be read, is empty to readers; the writer looks again.
     if (const auto read = ReadProfile(mPath)) {
         Take(*read);
-    } else {
-        Take({{}, FileState()});
-        mIsSettled = false;
+        return;
     }
+    // What can't be read just now is most likely what it was; else it is empty to readers, and writers look
+    // again.
+    if (!mIsCurrent || state != mState) {
+        Take({});
+    }
+    mIsSettled = false;
 }
 
 /// As `Refresh`, but a file that can't be read is a failure.

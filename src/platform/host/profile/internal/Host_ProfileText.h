@@ -27,19 +27,19 @@ struct ProfileChange
 };
 
 /// Whether the change leads to lines that read back as its texts and nothing else.
-[[nodiscard]] bool IsStorable(const ProfileChange& change);
+[[nodiscard]] TRS8_BTL_API bool IsStorable(const ProfileChange& change);
 
 /// Names that differ in case alone are one; the rule is that of Unicode, character by character.
-struct NameHash
+struct TRS8_BTL_API NameHash
 {
     std::size_t operator()(std::u16string_view name) const noexcept;
 };
-struct NameEqual
+struct TRS8_BTL_API NameEqual
 {
     bool operator()(std::u16string_view a, std::u16string_view b) const noexcept;
 };
 
-class ProfileText
+class TRS8_BTL_API ProfileText
 {
 public:
     /// Any bytes are a profile file: what is no section, no key and no text in the encoding just stays.
@@ -139,9 +139,9 @@ namespace Detail
 {
 
 /// The trimmed key in front of the first `=`; empty for a line that has none.
-[[nodiscard]] std::u16string_view KeyOfLine(std::u16string_view line);
+[[nodiscard]] TRS8_BTL_API std::u16string_view KeyOfLine(std::u16string_view line);
 /// The trimmed text behind the first `=`, with its quotes.
-[[nodiscard]] std::u16string_view ValueOfLine(std::u16string_view line);
+[[nodiscard]] TRS8_BTL_API std::u16string_view ValueOfLine(std::u16string_view line);
 
 } // namespace Detail
 
