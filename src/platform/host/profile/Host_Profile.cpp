@@ -262,8 +262,9 @@ std::vector<UnicodeString> ListProfileKeys(const UnicodeString& file, std::u16st
     std::vector<UnicodeString> keys;
     if (const auto image = FindImage(file)) {
         image->Use([&](const ProfileText& text) {
-            text.ForEachEntry(section,
-                              [&](std::u16string_view key, std::u16string_view) { keys.push_back(text.Shown(key)); });
+            text.ForEachEntry(section, [&](std::u16string_view key, std::u16string_view) {
+                keys.push_back(text.Shown(key));
+            });
         });
     }
     return keys;

@@ -36,8 +36,7 @@ constexpr const char* AccessList = "system.posix_acl_access";
 
 FileState StateOf(const struct stat& status)
 {
-    return {status.st_dev,  status.st_ino,  status.st_size,
-            status.st_mtim, status.st_ctim, status.st_mode};
+    return {status.st_dev, status.st_ino, status.st_size, status.st_mtim, status.st_ctim, status.st_mode};
 }
 
 std::int64_t Nanoseconds(const timespec& time)
@@ -353,7 +352,8 @@ bool LockedProfile::MakeSuccessor()
 {
     mSuccessorName = SuccessorOf(mTarget);
     for (;;) {
-        Descriptor made(OpenPath(mSuccessorName, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, Exists() ? 0600 : 0666));
+        Descriptor made(
+            OpenPath(mSuccessorName, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, Exists() ? 0600 : 0666));
         const bool isMine = made.IsOpen();
         if (!isMine && errno == EEXIST) {
             made = Descriptor(OpenPath(mSuccessorName, O_RDONLY | O_NOFOLLOW));
@@ -391,10 +391,9 @@ bool LockedProfile::FillSuccessor(std::string_view bytes)
 {
     const int file = mSuccessor.Get();
     const auto size = static_cast<System::Int64>(bytes.size());
-    return WritePieces(size,
-                       [&](System::Int64 offset, std::size_t piece) {
-                           return write(file, bytes.data() + offset, piece);
-                       }) == size &&
+    return WritePieces(size, [&](System::Int64 offset,
+                                 std::size_t piece) { return write(file, bytes.data() + offset, piece); }) ==
+               size &&
            (!Exists() || TakeOver(mFile.Get(), file)) && (fsync(file) == 0 || FailErrno());
 }
 

@@ -34,7 +34,8 @@ struct FileState
     mode_t mode = 0;
 
     [[nodiscard]] bool operator==(const FileState& other) const noexcept;
-    /// Whether a change that comes from now on can't leave the state as it is: the times of files move in ticks.
+    /// Whether a change that comes from now on can't leave the state as it is: the times of files move in
+    /// ticks.
     [[nodiscard]] bool IsSettled() const noexcept;
 };
 
@@ -43,8 +44,8 @@ struct FileState
 [[nodiscard]] FileState QueryState(const std::string& path);
 [[nodiscard]] FileState QueryState(int descriptor);
 
-/// All bytes of the file and the state that they belong to. A file that isn't there, and what is no plain file, is
-/// empty; none with the last error if it can't be read.
+/// All bytes of the file and the state that they belong to. A file that isn't there, and what is no plain
+/// file, is empty; none with the last error if it can't be read.
 struct ReadBytes
 {
     std::string bytes;
@@ -52,7 +53,8 @@ struct ReadBytes
 };
 [[nodiscard]] std::optional<ReadBytes> ReadProfile(const std::string& path);
 
-/// Keeps other writers out, for its life. One that needs the file for more than 5 seconds fails the call with 33.
+/// Keeps other writers out, for its life. One that needs the file for more than 5 seconds fails the call
+/// with 33.
 class LockedProfile
 {
 public:
@@ -61,8 +63,8 @@ public:
     LockedProfile& operator=(const LockedProfile&) = delete;
     ~LockedProfile();
 
-    /// Locks the file that the path leads to along links, which needn't exist: the lock of a file to be made is
-    /// on the one that will take its name. To be called again after `Replaced::Raced`.
+    /// Locks the file that the path leads to along links, which needn't exist: the lock of a file to be made
+    /// is on the one that will take its name. To be called again after `Replaced::Raced`.
     [[nodiscard]] bool Lock(const std::string& path);
 
     [[nodiscard]] bool Exists() const noexcept { return mFile.IsOpen(); }
@@ -77,8 +79,8 @@ public:
         Raced,
         Failed,
     };
-    /// Gives the file this content, whole and on the disk. After `Failed` it has the old one, unless the host failed to
-    /// tell that the new one is on the disk.
+    /// Gives the file this content, whole and on the disk. After `Failed` it has the old one, unless the host
+    /// failed to tell that the new one is on the disk.
     [[nodiscard]] Replaced Replace(std::string_view bytes);
     /// Brings what is there to the disk.
     [[nodiscard]] bool Sync();

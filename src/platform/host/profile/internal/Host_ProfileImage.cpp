@@ -49,8 +49,9 @@ std::string CanonicalPath(const std::string& path)
         return real.get();
     }
     const std::size_t slash = path.rfind('/');
-    return slash == 0 || slash == std::string::npos ? path
-                                                    : CanonicalPath(path.substr(0, slash)) + path.substr(slash);
+    return slash == 0 || slash == std::string::npos
+               ? path
+               : CanonicalPath(path.substr(0, slash)) + path.substr(slash);
 }
 
 class Images
@@ -76,7 +77,8 @@ public:
                 return image;
             }
         }
-        return found != mEntries.end() ? found->second.image : Add(path, std::make_shared<ProfileImage>(path));
+        return found != mEntries.end() ? found->second.image
+                                       : Add(path, std::make_shared<ProfileImage>(path));
     }
 
     std::shared_ptr<ProfileImage> Begin(const std::string& path)
@@ -132,9 +134,10 @@ private:
     {
         constexpr std::size_t most = 32;
         if (mEntries.size() >= most) {
-            mEntries.erase(std::min_element(mEntries.begin(), mEntries.end(), [](const auto& a, const auto& b) {
-                return a.second.lastUse < b.second.lastUse;
-            }));
+            mEntries.erase(
+                std::min_element(mEntries.begin(), mEntries.end(), [](const auto& a, const auto& b) {
+                    return a.second.lastUse < b.second.lastUse;
+                }));
         }
         mEntries[path] = {image, ++mUses};
         return image;

@@ -113,9 +113,8 @@ std::string ToForeignUtf8(View text)
 
 void SwapBytes(char16_t* text, std::size_t count)
 {
-    std::transform(text, text + count, text, [](char16_t c) {
-        return static_cast<char16_t>(c << 8 | c >> 8);
-    });
+    std::transform(text, text + count, text,
+                   [](char16_t c) { return static_cast<char16_t>(c << 8 | c >> 8); });
 }
 
 UnicodeString FromUtf16(std::string_view bytes)
@@ -190,7 +189,9 @@ std::u16string Quoted(View value)
     if (HasOuterBlanks(value)) {
         const bool hasDouble = value.find(u'"') != View::npos;
         const bool hasSingle = value.find(u'\'') != View::npos;
-        return hasDouble && hasSingle ? u"\"'" + text + u"'\"" : hasDouble ? u'\'' + text + u'\'' : u'"' + text + u'"';
+        return hasDouble && hasSingle ? u"\"'" + text + u"'\""
+               : hasDouble            ? u'\'' + text + u'\''
+                                      : u'"' + text + u'"';
     }
     const bool isEnclosed = !value.empty() && IsQuote(value.front()) && HasOuter(value, value.front());
     return isEnclosed ? value.front() + text + value.front() : text;
@@ -475,7 +476,8 @@ bool ProfileText::SetLine(const Place& place, View key, const std::u16string& va
     return true;
 }
 
-/// Behind the last line of the section that isn't blank, so that the blank lines in front of the next one stay there.
+/// Behind the last line of the section that isn't blank, so that the blank lines in front of the next one
+/// stay there.
 void ProfileText::InsertKey(Group& group, const std::u16string& text)
 {
     const std::size_t number = group.sections.front();
@@ -505,8 +507,9 @@ void ProfileText::AppendSection(View name)
 void ProfileText::EndLastLine()
 {
     for (auto section = mSections.rbegin(); section != mSections.rend(); ++section) {
-        const auto last = std::find_if(section->lines.rbegin(), section->lines.rend(),
-                                       [](const Line& line) { return !(line.text.empty() && line.end.empty()); });
+        const auto last = std::find_if(section->lines.rbegin(), section->lines.rend(), [](const Line& line) {
+            return !(line.text.empty() && line.end.empty());
+        });
         Line& line = last == section->lines.rend() ? section->header : *last;
         if (line.text.empty() && line.end.empty()) {
             continue;
@@ -583,7 +586,8 @@ View ProfileText::Keep(View text)
     return mTexts.emplace_back(text).AsView();
 }
 
-/// What is dead stays in memory; so that this costs no more than the changes themselves, it is thrown away in bulk.
+/// What is dead stays in memory; so that this costs no more than the changes themselves, it is thrown away in
+/// bulk.
 void ProfileText::TidyUp()
 {
     constexpr std::size_t few = 1000;
