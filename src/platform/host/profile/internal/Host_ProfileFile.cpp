@@ -259,12 +259,13 @@ bool LockedProfile::Lock(const std::string& path)
         mIsWaiting = true;
         mStart = GetTickCount();
     }
-    mTarget = Sysutils::HostPath(FileToReplace(Sysutils::FromHostPath(path)));
-    if (mTarget.empty() || !OpenFolder()) {
+    const System::UnicodeString target = FileToReplace(Sysutils::FromHostPath(path));
+    if (target.IsEmpty()) {
         return false;
     }
+    mTarget = Sysutils::HostPath(target);
     Unlock(mFile);
-    return OpenTarget();
+    return OpenFolder() && OpenTarget();
 }
 
 bool LockedProfile::OpenFolder()
