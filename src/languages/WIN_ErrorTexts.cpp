@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#include "languages/WIN_ErrorTexts.h"
+
+#include "config/BTL_INI_WinIniFile.h"
+#include "environment/folders/BTL_ENV_Folders.h"
+#include "os/WIN_LastError.h"
+#include "platform/runtime/sysutils/System_Printf.h"
+
+namespace WIN
+{
+
+using System::UnicodeString;
+
+namespace
+{
+
+[[maybe_unused]] const bool linked = [] {
+    GetSectionMessage = ReadErrorText;
+    return true;
+}();
+
+} // namespace
+
+UnicodeString ReadErrorText(unsigned long code, const UnicodeString& section)
+{
+    BTL::CWIN_IniFile ini(BTL::GetProgramIDSPath() + u"WIN_Error_German.ids", section);
+    if (!ini.FileExists()) {
+        return u"WIN-Error-IDS File is missing.";
+    }
+    const UnicodeString text = ini.ReadEscSeqString(UnicodeString(code), UnicodeString());
+    // Large codes are known as negative numbers too.
+    return text.IsEmpty() ? System::Printf(u"Unexpected error %d in %s.", static_cast<int>(code), section)
+                          : text;
+}
+
+} // namespace WIN
