@@ -151,16 +151,16 @@ void CJsonIniImp::Load()
 
 void CJsonIniImp::TakeRoot(Json::Value root)
 {
-    mCurrentFile = nullptr;
-    mCurrentSection = nullptr;
-    mRoot = std::move(root);
-    // Copies: what is set is the field itself.
+    // A name may be empty. Copies, since what is set is the field itself.
     const UnicodeString file = getFile();
     const UnicodeString section = getSection();
-    if (!file.IsEmpty()) {
+    const bool hasFile = std::exchange(mCurrentFile, nullptr) != nullptr;
+    const bool hasSection = std::exchange(mCurrentSection, nullptr) != nullptr || !section.IsEmpty();
+    mRoot = std::move(root);
+    if (hasFile) {
         SetFile(file);
     }
-    if (!section.IsEmpty()) {
+    if (hasSection) {
         SetSection(section);
     }
 }
