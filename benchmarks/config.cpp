@@ -8,7 +8,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,16 +17,6 @@
 #include <json/value.h>
 #include <json/writer.h>
 #include <unistd.h>
-
-#ifdef TRS8_BTL_BENCHMARK_QT
-#include <QtCore/QSettings>
-#endif
-#ifdef TRS8_BTL_BENCHMARK_GLIB
-#include <glib.h>
-#endif
-#ifdef TRS8_BTL_BENCHMARK_SIMPLEINI
-#include <SimpleIni.h>
-#endif
 
 namespace
 {
@@ -77,25 +67,6 @@ const std::vector<TSample>& Samples()
 {
     static const std::vector<TSample> samples = MakeSamples(1000);
     return samples;
-}
-
-std::string IniText(const std::vector<TSample>& samples, std::string_view lineEnd)
-{
-    std::string text;
-    for (const TSample& sample : samples) {
-        text.append("[").append(sample.name).append("]").append(lineEnd);
-        for (const auto& [key, value] : sample.entries) {
-            text.append(key).append("=").append(value).append(lineEnd);
-        }
-        text.append(lineEnd);
-    }
-    return text;
-}
-
-const std::string& IniText()
-{
-    static const std::string text = IniText(Samples(), "\r\n");
-    return text;
 }
 
 /// The same values in their types.
@@ -248,80 +219,6 @@ TSum ReadAll(ReadInt readInt, ReadFloat readFloat, ReadBool readBool, ReadText r
     return sum;
 }
 
-// Loading 100,000 keys in 1,000 sections and reading each: the stream store.
-
-void LoadAndReadStream(benchmark::State& state)
-{
-    const BenchmarkFile file(IniText());
-    for (auto _ : state) {
-        BTL::CIniStreamEx ini(file.Name(), Classes::fmOpenRead, true);
-        ReadAll(ini).Check(state);
-    }
-}
-BENCHMARK(LoadAndReadStream)->Name("stream_load_and_read/ours")->Unit(benchmark::kMillisecond);
-
-#ifdef TRS8_BTL_BENCHMARK_QT
-void LoadAndReadQt(benchmark::State& state)
-{
-    const BenchmarkFile file(IniText());
-    const auto path = [](const char* section, const char* key) {
-        return QString::fromLatin1(section) + QLatin1Char('/') + QString::fromLatin1(key);
-    };
-    for (auto _ : state) {
-        const QSettings ini(QString::fromStdString(file.HostName()), QSettings::IniFormat);
-        ReadAll([&](auto section, auto key) { return ini.value(path(section, key)).toInt(); },
-                [&](auto section, auto key) { return ini.value(path(section, key)).toDouble(); },
-                [&](auto section, auto key) { return ini.value(path(section, key)).toBool(); },
-                [&](auto section, auto key) {
-                    return static_cast<std::size_t>(ini.value(path(section, key)).toString().size());
-                })
-            .Check(state);
-    }
-}
-BENCHMARK(LoadAndReadQt)->Name("stream_load_and_read/qsettings")->Unit(benchmark::kMillisecond);
-#endif
-
-#ifdef TRS8_BTL_BENCHMARK_GLIB
-void LoadAndReadGlib(benchmark::State& state)
-{
-    // It takes the CR for a part of the value.
-    const BenchmarkFile file(IniText(Samples(), "\n"));
-    for (auto _ : state) {
-        GKeyFile* ini = g_key_file_new();
-        g_key_file_load_from_file(ini, file.HostName().c_str(), G_KEY_FILE_NONE, nullptr);
-        ReadAll([&](auto section, auto key) { return g_key_file_get_integer(ini, section, key, nullptr); },
-                [&](auto section, auto key) { return g_key_file_get_double(ini, section, key, nullptr); },
-                [&](auto section, auto key) { return g_key_file_get_boolean(ini, section, key, nullptr); },
-                [&](auto section, auto key) {
-                    gchar* text = g_key_file_get_string(ini, section, key, nullptr);
-                    const std::size_t length = text == nullptr ? 0 : std::string_view(text).size();
-                    g_free(text);
-                    return length;
-                })
-            .Check(state);
-        g_key_file_free(ini);
-    }
-}
-BENCHMARK(LoadAndReadGlib)->Name("stream_load_and_read/gkeyfile")->Unit(benchmark::kMillisecond);
-#endif
-
-#ifdef TRS8_BTL_BENCHMARK_SIMPLEINI
-void LoadAndReadSimpleIni(benchmark::State& state)
-{
-    const BenchmarkFile file(IniText());
-    for (auto _ : state) {
-        CSimpleIniA ini;
-        ini.LoadFile(file.HostName().c_str());
-        ReadAll([&](auto section, auto key) { return ini.GetLongValue(section, key); },
-                [&](auto section, auto key) { return ini.GetDoubleValue(section, key); },
-                [&](auto section, auto key) { return ini.GetBoolValue(section, key); },
-                [&](auto section, auto key) { return std::string(ini.GetValue(section, key, "")).size(); })
-            .Check(state);
-    }
-}
-BENCHMARK(LoadAndReadSimpleIni)->Name("stream_load_and_read/simpleini")->Unit(benchmark::kMillisecond);
-#endif
-
 // The same values in one JSON document.
 
 const std::string& JsonText()
@@ -364,30 +261,6 @@ BENCHMARK(LoadAndReadPlainJson)->Name("json_load_and_read/jsoncpp")->Unit(benchm
 
 // Saving them.
 
-void SaveStream(benchmark::State& state)
-{
-    BTL::CIniStringStream ini{AnsiString(std::string_view(IniText()))};
-    Classes::TMemoryStream stream;
-    for (auto _ : state) {
-        ini.SaveToStream(&stream);
-    }
-}
-BENCHMARK(SaveStream)->Name("stream_save/ours")->Unit(benchmark::kMillisecond);
-
-#ifdef TRS8_BTL_BENCHMARK_SIMPLEINI
-void SaveSimpleIni(benchmark::State& state)
-{
-    CSimpleIniA ini;
-    ini.LoadData(IniText());
-    for (auto _ : state) {
-        std::string text;
-        ini.Save(text);
-        benchmark::DoNotOptimize(text.data());
-    }
-}
-BENCHMARK(SaveSimpleIni)->Name("stream_save/simpleini")->Unit(benchmark::kMillisecond);
-#endif
-
 void SaveJson(benchmark::State& state)
 {
     const BenchmarkFile file(JsonText());
@@ -412,5 +285,47 @@ void SavePlainJson(benchmark::State& state)
     }
 }
 BENCHMARK(SavePlainJson)->Name("json_save/jsoncpp")->Unit(benchmark::kMillisecond);
+
+// The stream store, and a tenth of it ten times, for the growth.
+
+AnsiString IniText(std::size_t sections)
+{
+    BTL::CIniStream ini;
+    for (const TSample& sample : std::span(Samples()).first(sections)) {
+        ini.setSection(UnicodeString(sample.name.c_str()));
+        for (const auto& [key, value] : sample.entries) {
+            ini.WriteString(key.c_str(), value.c_str());
+        }
+    }
+    Classes::TMemoryStream stream;
+    ini.SaveToStream(&stream);
+    return AnsiString(stream.AsView());
+}
+
+void LoadStream(benchmark::State& state, int parts)
+{
+    const AnsiString text = IniText(Samples().size() / static_cast<std::size_t>(parts));
+    for (auto _ : state) {
+        for (int i = 0; i < parts; ++i) {
+            const BTL::CIniStringStream ini(text);
+            benchmark::DoNotOptimize(ini.GetItemCount());
+        }
+    }
+}
+BENCHMARK_CAPTURE(LoadStream, ours, 1)->Name("stream_load/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(LoadStream, tenth, 10)->Name("stream_load/tenth")->Unit(benchmark::kMillisecond);
+
+void SaveStream(benchmark::State& state, int parts)
+{
+    BTL::CIniStringStream ini(IniText(Samples().size() / static_cast<std::size_t>(parts)));
+    Classes::TMemoryStream stream;
+    for (auto _ : state) {
+        for (int i = 0; i < parts; ++i) {
+            ini.SaveToStream(&stream);
+        }
+    }
+}
+BENCHMARK_CAPTURE(SaveStream, ours, 1)->Name("stream_save/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(SaveStream, tenth, 10)->Name("stream_save/tenth")->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -77,7 +77,9 @@ public:
     /// A number of the caller's.
     System::Int64 getUserId() const;
 
+    /// Whether the store can tell that its file is read-only.
     bool FileReadOnly() const;
+    /// Whether the file is there; true in a store without files.
     bool FileExists() const;
     /// Whether the section has a key.
     bool SectionExists(const System::UnicodeString& section) const;
@@ -120,9 +122,11 @@ public:
     void WriteMissingValues(AIni* source);
     void SetValues(AIni* source);
 
+    /// Takes the section away with all its keys.
     void EraseSection(const System::UnicodeString& section);
     /// Erases the current section.
     void DeleteSection();
+    /// In the current section.
     void DeleteKey(const System::UnicodeString& key);
 
     // Numbers and truth values.

@@ -24,6 +24,7 @@ public:
     /// What `OnError` raises is lost.
     ~AIniBusy();
 
+    /// Ends the work; once is enough.
     void End();
 
 protected:

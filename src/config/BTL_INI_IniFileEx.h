@@ -41,6 +41,7 @@ public:
 protected:
     ACustomIniFileImp();
 
+    /// `Sysutils::Exception` if there is none yet.
     Inifiles::TCustomIniFile& File() const;
     /// Opens the file of this name, unless it is open.
     template <class File>

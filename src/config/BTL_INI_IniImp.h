@@ -36,6 +36,7 @@ public:
     virtual void End();
     virtual void OnError();
 
+    /// Sets a number of the caller's.
     virtual void SetUserId(System::Int64 userId);
     /// Also sets the path, which is full, and the name without it.
     virtual void SetFile(const System::UnicodeString& file);

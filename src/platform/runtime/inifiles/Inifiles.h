@@ -65,6 +65,7 @@ public:
     /// As 1 or 0.
     void WriteBool(const System::UnicodeString& section, const System::UnicodeString& key, bool value);
 
+    /// The names of all sections.
     virtual void ReadSections(Classes::TStrings* sections) const = 0;
     /// The keys of the section.
     virtual void ReadSection(const System::UnicodeString& section, Classes::TStrings* keys) const = 0;

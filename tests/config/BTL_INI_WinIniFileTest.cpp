@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include "config/BTL_INI_WinIniFile.h"
+
+#include "BTL_INI_IniFileFolder.h"
+#include "config/BTL_INI_Texts.h"
+#include "platform/base/Sysutils_Exception.h"
+#include "platform/runtime/classes/Classes_StringList.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+namespace
+{
+
+using Classes::TStringList;
+using System::UnicodeString;
+
+class CWinIniFileTest : public testing::Test, protected Support::IniFileFolder
+{
+};
+
+TEST_F(CWinIniFileTest, TakesTheAttributeAwayWhenSaved)
+{
+    Fill("[S]\r\na=\r\nb=12 pieces\r\nc=TRUE\r\n");
+    BTL::CWIN_IniFile ini(file, u"S");
+    EXPECT_FALSE(ini.KeyExists(u"a"));
+    EXPECT_TRUE(ini.KeyExists(u"b"));
+    EXPECT_EQ(ini.ReadInt("b", 0), 12);
+    EXPECT_EQ(ini.ReadInt("c", 5), 5);
+    chmod(Path().c_str(), 0444);
+    EXPECT_THROW(ini.EraseSection(u"S"), Sysutils::Exception);
+    ini.DeleteKey(u"b");
+    EXPECT_TRUE(ini.KeyExists(u"b"));
+    ini.Flush();
+    EXPECT_TRUE(ini.FileReadOnly());
+    ini.Save();
+    EXPECT_FALSE(ini.FileReadOnly());
+    ini.DiscardCache();
+    ini.DeleteKey(u"b");
+    EXPECT_FALSE(ini.KeyExists(u"b"));
+}
+
+TEST_F(CWinIniFileTest, ReadsAsFarAsItsBuffer)
+{
+    BTL::CWIN_IniFile ini(file, u"S");
+    ini.WriteString(u"a", UnicodeString(std::u16string_view(std::u16string(70000, u'x'))));
+    EXPECT_EQ(ini.ReadString(u"a", u"").Length(), 65534);
+}
+
+TEST_F(CWinIniFileTest, WritesASectionInOneStep)
+{
+    Fill("[S]\r\na=1\r\n");
+    BTL::CWIN_IniFile ini(file, u"S");
+    TStringList lines{u"a=2", u"b=3", u"=4", u"c=5"};
+    EXPECT_THROW(ini.WriteSectionValues(u"S", &lines), Sysutils::Exception);
+    EXPECT_EQ(Content(), "[S]\r\na=2\r\nb=3\r\n");
+    EXPECT_EQ(ini.getSection(), u"S");
+    chmod(Path().c_str(), 0444);
+    lines.Delete(2);
+    EXPECT_THROW(ini.WriteSectionValues(u"S", &lines), Sysutils::Exception);
+    EXPECT_THROW(ini.Clear(), Sysutils::Exception);
+    EXPECT_EQ(Content(), "[S]\r\na=2\r\nb=3\r\n");
+}
+
+TEST_F(CWinIniFileTest, TextOfAFailureIsTheLanguageTables)
+{
+    const auto former = BTL::GetIniText;
+    BTL::GetIniText = [](BTL::EIniText) { return UnicodeString(u"<%s>"); };
+    BTL::CWIN_IniFile ini(UnicodeString(folder.Path()), u"S");
+    try {
+        ini.WriteInt("a", 1);
+        ADD_FAILURE() << "was written";
+    } catch (const Sysutils::Exception& fault) {
+        EXPECT_EQ(fault.getMessage(), u'<' + UnicodeString(folder.Path()) + u'>');
+    }
+    BTL::GetIniText = former;
+}
+
+} // namespace
