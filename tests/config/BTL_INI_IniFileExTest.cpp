@@ -51,7 +51,7 @@ protected:
 };
 
 INSTANTIATE_TEST_SUITE_P(All, CIniStoresTest, testing::ValuesIn(Stores),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& tested) { return std::string(tested.param.name); });
 
 TEST_P(CIniStoresTest, BringsEveryTextOfOneLineBack)
 {
