@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "config/BTL_INI_IniFileEx.h"
+#include "config/BTL_INI_IniStream.h"
 #include "config/BTL_INI_WinIniFile.h"
 #include "platform/host/profile/Host_Profile.h"
 
@@ -122,6 +123,18 @@ void LoadProfile(benchmark::State& state)
 }
 BENCHMARK(LoadProfile)->Name("load_profile/ours")->Unit(benchmark::kMillisecond);
 
+class CStreamOfFile : public BTL::CIniStreamEx
+{
+public:
+    explicit CStreamOfFile(const UnicodeString& file) : CIniStreamEx(file, Classes::fmOpenRead, true) {}
+};
+
+void LoadStream(benchmark::State& state)
+{
+    Load<CStreamOfFile>(state, SectionCount);
+}
+BENCHMARK(LoadStream)->Name("load_stream/ours")->Unit(benchmark::kMillisecond);
+
 /// A tenth ten times, for the growth.
 void LoadTenth(benchmark::State& state)
 {
@@ -164,6 +177,7 @@ void LoadQt(benchmark::State& state)
     }
 }
 BENCHMARK(LoadQt)->Name("load_ini/QSettings")->Unit(benchmark::kMillisecond);
+BENCHMARK(LoadQt)->Name("load_stream/QSettings")->Unit(benchmark::kMillisecond);
 BENCHMARK(LoadQt)->Name("load_profile/QSettings")->Unit(benchmark::kMillisecond);
 #endif
 
@@ -196,6 +210,7 @@ void LoadGlib(benchmark::State& state)
     }
 }
 BENCHMARK(LoadGlib)->Name("load_ini/GKeyFile")->Unit(benchmark::kMillisecond);
+BENCHMARK(LoadGlib)->Name("load_stream/GKeyFile")->Unit(benchmark::kMillisecond);
 #endif
 
 #ifdef TRS8_BTL_BENCHMARK_SIMPLEINI
@@ -221,6 +236,7 @@ void LoadSimple(benchmark::State& state)
     }
 }
 BENCHMARK(LoadSimple)->Name("load_ini/SimpleIni")->Unit(benchmark::kMillisecond);
+BENCHMARK(LoadSimple)->Name("load_stream/SimpleIni")->Unit(benchmark::kMillisecond);
 #endif
 
 /// 1,000 writes of single keys into one file of as many.

@@ -51,7 +51,7 @@ describe_package(DEVELOPMENT libtrs8-btl-dev libdevel " (development files)"
                  "the headers, the language files, the CMake package and the
 file for pkg-config")
 set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS Runtime)
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS libtrs8-btl-doc)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "libjsoncpp-dev, libtrs8-btl-doc")
 
 describe_package(SYMBOLS ${library_package}-dbgsym debug " (debug symbols)" "what gdb shows of the library's own code")
 set(CPACK_COMPONENT_SYMBOLS_DEPENDS Runtime)
