@@ -88,7 +88,7 @@ TEST(IdStringsTest, ShowsBoxes)
 {
     COwnStrings texts{u"Text %s", u"Caption %s"};
     const int flags = MB_YESNO | MB_ICONQUESTION;
-    const UnicodeString title = Forms::Application->getTitle();
+    const UnicodeString& title = Forms::Application->getTitle();
     const struct
     {
         int (*show)(BTL::AID_Strings& texts);
