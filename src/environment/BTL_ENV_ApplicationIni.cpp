@@ -21,14 +21,14 @@ using System::UnicodeString;
 struct TTextKey
 {
     const char16_t* key;
-    UnicodeString CApplicationIni::* field;
+    UnicodeString CApplicationIni::*field;
     const char16_t* usual = u"";
 };
 
 struct TNumberKey
 {
     const char* key;
-    int CApplicationIni::* field;
+    int CApplicationIni::*field;
     int usual = 0;
 };
 

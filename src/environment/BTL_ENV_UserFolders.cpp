@@ -21,8 +21,8 @@ constexpr UTL::CFaultPlace NoColumnsName{Source, 40};
 constexpr UTL::CFaultPlace NoDBDefName{Source, 41};
 constexpr UTL::CFaultPlace NoFormDefName{Source, 42};
 
-// What is kept is never destroyed: global objects of programs and add-ins ask for folders in their destructors
-// too.
+// What is kept is never destroyed: global objects of programs and add-ins ask for folders in their
+// destructors too.
 
 const UnicodeString& Kept(const UnicodeString& folder)
 {
@@ -44,8 +44,8 @@ UnicodeString WorkOutUserDataPath()
     const UnicodeString sub = application.UserDataSubPath.IsEmpty()
                                   ? u"TARMIS\\" + Sysutils::ExtractFileName(DelPathDelimiter(GetRootPath()))
                                   : application.UserDataSubPath;
-    const int location = application.UserDataLocation == 0 ? int(Host::CommonDocumentsFolder)
-                                                           : application.UserDataLocation;
+    const int location =
+        application.UserDataLocation == 0 ? int(Host::CommonDocumentsFolder) : application.UserDataLocation;
     const UnicodeString shared = AddPathDelimiter(GetShellPath(location) + sub);
     return Sysutils::DirectoryExists(shared) ? shared : GetRootPath() + u"UserData\\";
 }

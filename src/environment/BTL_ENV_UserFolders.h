@@ -7,10 +7,10 @@ namespace BTL
 {
 
 // The folders below the user's data, and the folders of the machine behind them. Each result ends with a
-// separator unless its comment says otherwise, and is worked out once and then kept for the run. A folder that
-// is made is made when it is first worked out; that it can't be made isn't told. The first request for one
-// below the user's data reads the description of the program, `CApplicationIni`. The main thread makes the
-// first calls.
+// separator unless its comment says otherwise, and is worked out once and then kept for the run. A folder
+// that is made is made when it is first worked out; that it can't be made isn't told. The first request for
+// one below the user's data reads the description of the program, `CApplicationIni`. The main thread makes
+// the first calls.
 //
 //     const auto ini = BTL::GetUserIniPath() + u"station.ini";            // the folder is made
 //     const auto columns = BTL::GetUserDBColumnsPath(u"Measurements");

@@ -28,20 +28,20 @@ struct TDesktopFolder
     std::string_view usual;
 };
 
-constexpr std::array<TDesktopFolder, 7> desktopFolders = {{{DesktopFolder, "XDG_DESKTOP_DIR", "Desktop"},
-                                                           {DesktopFilesFolder, "XDG_DESKTOP_DIR", "Desktop"},
-                                                           {DocumentsFolder, "XDG_DOCUMENTS_DIR", "Documents"},
-                                                           {MusicFolder, "XDG_MUSIC_DIR", "Music"},
-                                                           {VideosFolder, "XDG_VIDEOS_DIR", "Videos"},
-                                                           {TemplatesFolder, "XDG_TEMPLATES_DIR", "Templates"},
-                                                           {PicturesFolder, "XDG_PICTURES_DIR", "Pictures"}}};
+constexpr std::array<TDesktopFolder, 7> desktopFolders = {
+    {{DesktopFolder, "XDG_DESKTOP_DIR", "Desktop"},
+     {DesktopFilesFolder, "XDG_DESKTOP_DIR", "Desktop"},
+     {DocumentsFolder, "XDG_DOCUMENTS_DIR", "Documents"},
+     {MusicFolder, "XDG_MUSIC_DIR", "Music"},
+     {VideosFolder, "XDG_VIDEOS_DIR", "Videos"},
+     {TemplatesFolder, "XDG_TEMPLATES_DIR", "Templates"},
+     {PicturesFolder, "XDG_PICTURES_DIR", "Pictures"}}};
 
 /// A variable that isn't a full path doesn't count.
 UnicodeString BaseFolder(const char* variable, std::string_view usual)
 {
     const UnicodeString folder = EnvironmentPath(variable);
-    return folder.AsView().starts_with(u'\\') ? folder
-                                              : HomeFolder() + u'\\' + Sysutils::FromHostPath(usual);
+    return folder.AsView().starts_with(u'\\') ? folder : HomeFolder() + u'\\' + Sysutils::FromHostPath(usual);
 }
 
 /// What `user-dirs.dirs` has under `variable`, as `"$HOME/Documents"` without its quotes; empty for none.
@@ -76,19 +76,26 @@ UnicodeString DesktopFolderOf(const TDesktopFolder& folder)
 
 UnicodeString SpecialFolder(int number)
 {
-    const auto* const desktop = std::find_if(desktopFolders.begin(), desktopFolders.end(),
-                                             [&](const TDesktopFolder& folder) { return folder.number == number; });
+    const auto* const desktop =
+        std::find_if(desktopFolders.begin(), desktopFolders.end(),
+                     [&](const TDesktopFolder& folder) { return folder.number == number; });
     if (desktop != desktopFolders.end()) {
         return DesktopFolderOf(*desktop);
     }
     switch (number) {
-    case UserSettingsFolder: return BaseFolder("XDG_CONFIG_HOME", ".config");
-    case UserDataFolder: return BaseFolder("XDG_DATA_HOME", ".local/share");
+    case UserSettingsFolder:
+        return BaseFolder("XDG_CONFIG_HOME", ".config");
+    case UserDataFolder:
+        return BaseFolder("XDG_DATA_HOME", ".local/share");
     case CommonDataFolder:
-    case CommonDocumentsFolder: return u"\\var\\lib";
-    case ProgramFilesFolder: return u"\\opt";
-    case ProfileFolder: return HomeFolder();
-    default: return {};
+    case CommonDocumentsFolder:
+        return u"\\var\\lib";
+    case ProgramFilesFolder:
+        return u"\\opt";
+    case ProfileFolder:
+        return HomeFolder();
+    default:
+        return {};
     }
 }
 
