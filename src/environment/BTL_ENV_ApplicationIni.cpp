@@ -139,11 +139,12 @@ void CApplicationIni::OpenExternalApp() const
     if (ExternalAppExe.IsEmpty()) {
         return;
     }
-    const UnicodeString command =
-        ExternalAppParams.IsEmpty() ? ExternalAppExe : ExternalAppExe + u' ' + ExternalAppParams;
-    // Named by itself, a program isn't searched on the path, but its folder may hold blanks.
-    const bool hasFolder = !Sysutils::ExtractFilePath(ExternalAppExe).IsEmpty();
-    WIN::ExecApplication(hasFolder ? ExternalAppExe.c_str() : nullptr, command.c_str(), 1);
+    // A program that is named by itself isn't searched on the path, but starts in its folder.
+    const bool isFile = Sysutils::FileExists(ExternalAppExe);
+    const UnicodeString program =
+        isFile && ExternalAppExe.Pos(u" ") > 0 ? u'"' + ExternalAppExe + u'"' : ExternalAppExe;
+    const UnicodeString command = ExternalAppParams.IsEmpty() ? program : program + u' ' + ExternalAppParams;
+    WIN::ExecApplication(isFile ? ExternalAppExe.c_str() : nullptr, command.c_str(), 1);
 }
 
 } // namespace BTL

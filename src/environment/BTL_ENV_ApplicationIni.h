@@ -38,9 +38,9 @@ public:
 
     /// Hands title, help file and, unless it is -1, `MainFormOnTaskBar` to `Forms::Application`.
     void AssignToCurrApplication() const;
-    /// Starts `ExternalAppExe` with `ExternalAppParams`, in the folder of the program, and doesn't wait; does
-    /// nothing without a program. One without a folder is searched on the path. `WIN::XLastError` if it can't
-    /// be started.
+    /// Starts `ExternalAppExe` with `ExternalAppParams` and doesn't wait; does nothing without a program. A
+    /// file is started in its folder; any other text is a command, whose program is searched on the path.
+    /// `WIN::XLastError` if it can't be started.
     void OpenExternalApp() const;
 
     /// The program's kernel.
