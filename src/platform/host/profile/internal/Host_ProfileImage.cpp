@@ -1,0 +1,296 @@
+// SPDX-License-Identifier: MIT
+#include "platform/host/profile/internal/Host_ProfileImage.h"
+
+#include "platform/host/Host_Path.h"
+#include "platform/host/internal/Host_PathCall.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <functional>
+
+#include <climits>
+#include <unistd.h>
+
+namespace Host
+{
+
+namespace
+{
+
+using System::UnicodeString;
+
+std::size_t HashOf(std::string_view bytes)
+{
+    return std::hash<std::string_view>()(bytes);
+}
+
+/// Empty, with the last error, if there is no such path.
+std::string AbsolutePath(const UnicodeString& file)
+{
+    std::string path = Sysutils::HostPath(file);
+    if (path.empty() || path.starts_with('/')) {
+        return path;
+    }
+    std::string folder(PATH_MAX, '\0');
+    if (getcwd(folder.data(), folder.size()) == nullptr) {
+        FailErrno();
+        return {};
+    }
+    folder.resize(folder.find('\0'));
+    return folder.append("/").append(path);
+}
+
+/// Without links as far as the path exists, so that all names of one file come out alike.
+std::string CanonicalPath(const std::string& path)
+{
+    const std::unique_ptr<char, decltype(&std::free)> real(realpath(path.c_str(), nullptr), &std::free);
+    if (real != nullptr) {
+        return real.get();
+    }
+    const std::size_t slash = path.rfind('/');
+    return slash == 0 || slash == std::string::npos
+               ? path
+               : CanonicalPath(path.substr(0, slash)) + path.substr(slash);
+}
+
+class Images
+{
+public:
+    /// Never destroyed: the destructors of a program's global objects may still write.
+    static Images& Instance()
+    {
+        static auto* const instance = new Images;
+        return *instance;
+    }
+
+    std::shared_ptr<ProfileImage> Find(const std::string& path)
+    {
+        const std::scoped_lock lock(mGate);
+        const auto found = mEntries.find(path);
+        if (found != mEntries.end() && (mBundled.empty() || IsBundled(found->second.image))) {
+            found->second.lastUse = ++mUses;
+            return found->second.image;
+        }
+        if (!mBundled.empty()) {
+            if (auto image = FindBundled(CanonicalPath(path))) {
+                return image;
+            }
+        }
+        return found != mEntries.end() ? found->second.image
+                                       : Add(path, std::make_shared<ProfileImage>(path));
+    }
+
+    std::shared_ptr<ProfileImage> Begin(const std::string& path)
+    {
+        const std::scoped_lock lock(mGate);
+        const std::string canonical = CanonicalPath(path);
+        std::shared_ptr<ProfileImage> image = FindBundled(canonical);
+        if (!image) {
+            const auto found = mEntries.find(canonical);
+            image = found != mEntries.end() ? found->second.image : std::make_shared<ProfileImage>(canonical);
+            mBundled.push_back(image);
+        }
+        // The name that the program uses is found at once.
+        mEntries[path] = {image, ++mUses};
+        image->BeginBundle();
+        return image;
+    }
+
+    void Ended(const std::shared_ptr<ProfileImage>& image)
+    {
+        const std::scoped_lock lock(mGate);
+        if (image->HasBundle()) {
+            return;
+        }
+        std::erase(mBundled, image);
+        // A name may lead elsewhere from now on.
+        std::erase_if(mEntries, [&](const auto& entry) {
+            return entry.second.image == image && entry.first != image->getPath();
+        });
+    }
+
+private:
+    struct Entry
+    {
+        std::shared_ptr<ProfileImage> image;
+        std::uint64_t lastUse = 0;
+    };
+
+    bool IsBundled(const std::shared_ptr<ProfileImage>& image) const
+    {
+        return std::find(mBundled.begin(), mBundled.end(), image) != mBundled.end();
+    }
+
+    std::shared_ptr<ProfileImage> FindBundled(const std::string& canonical) const
+    {
+        const auto found = std::find_if(mBundled.begin(), mBundled.end(),
+                                        [&](const auto& image) { return image->getPath() == canonical; });
+        return found == mBundled.end() ? nullptr : *found;
+    }
+
+    /// A program that walks through many files keeps the last ones in memory.
+    std::shared_ptr<ProfileImage> Add(const std::string& path, std::shared_ptr<ProfileImage> image)
+    {
+        constexpr std::size_t most = 32;
+        if (mEntries.size() >= most) {
+            mEntries.erase(
+                std::min_element(mEntries.begin(), mEntries.end(), [](const auto& a, const auto& b) {
+                    return a.second.lastUse < b.second.lastUse;
+                }));
+        }
+        mEntries[path] = {image, ++mUses};
+        return image;
+    }
+
+    std::mutex mGate;
+    std::unordered_map<std::string, Entry> mEntries;
+    std::vector<std::shared_ptr<ProfileImage>> mBundled;
+    std::uint64_t mUses = 0;
+};
+
+} // namespace
+
+void ProfileImage::Refresh()
+{
+    const FileState state = QueryState(mPath);
+    if (mIsCurrent && mIsSettled && state == mState) {
+        return;
+    }
+    // A file that isn't there, or can't be read, is empty to readers; the writer looks again.
+    if (const auto read = ReadProfile(mPath)) {
+        Take(*read);
+    } else {
+        Take({{}, FileState()});
+        mIsSettled = false;
+    }
+}
+
+/// As `Refresh`, but a file that can't be read is a failure.
+bool ProfileImage::Reload(LockedProfile& file)
+{
+    if (mIsCurrent && mIsSettled && file.GetState() == mState) {
+        return true;
+    }
+    const auto read = file.Read();
+    if (read) {
+        Take(*read);
+    }
+    return read.has_value();
+}
+
+/// Parses only what isn't the former content, which it mostly is: one's own last write.
+void ProfileImage::Take(const ReadBytes& read)
+{
+    const std::size_t hash = HashOf(read.bytes);
+    const bool isSame = mIsCurrent && hash == mHash && read.state.size == mState.size;
+    mIsSettled = read.state == FileState() || read.state.IsSettled();
+    mState = read.state;
+    if (isSame) {
+        return;
+    }
+    mIsCurrent = false;
+    mText = ProfileText(read.bytes);
+    for (const ProfileChange& change : mPending) {
+        mText.Apply(change);
+    }
+    mHash = hash;
+    mIsCurrent = true;
+}
+
+bool ProfileImage::Write(const ProfileChange& change)
+{
+    const std::scoped_lock lock(mGate);
+    if (mBundles == 0) {
+        return Save({&change, 1});
+    }
+    Refresh();
+    if (mState.mode != 0 && (!S_ISREG(mState.mode) || (mState.mode & S_IWUSR) == 0)) {
+        return Fail(ERROR_ACCESS_DENIED);
+    }
+    mPending.push_back(change);
+    mText.Apply(change);
+    return true;
+}
+
+bool ProfileImage::Save(std::span<const ProfileChange> changes)
+{
+    LockedProfile file;
+    for (;;) {
+        if (!file.Lock(mPath) || !Reload(file)) {
+            return false;
+        }
+        bool isChanged = !mPending.empty();
+        const bool wasCurrent = std::exchange(mIsCurrent, false);
+        for (const ProfileChange& change : changes) {
+            isChanged |= mText.Apply(change);
+        }
+        if (!isChanged) {
+            mIsCurrent = wasCurrent;
+            return file.Sync();
+        }
+        const std::string bytes = mText.Compose();
+        const auto replaced = file.Replace(bytes);
+        if (replaced == LockedProfile::Replaced::Failed) {
+            return false;
+        }
+        if (replaced == LockedProfile::Replaced::Done) {
+            mState = file.GetState();
+            mHash = HashOf(bytes);
+            mIsSettled = false;
+            mIsCurrent = true;
+            mPending.clear();
+            return true;
+        }
+    }
+}
+
+void ProfileImage::BeginBundle()
+{
+    const std::scoped_lock lock(mGate);
+    ++mBundles;
+}
+
+bool ProfileImage::EndBundle()
+{
+    const std::scoped_lock lock(mGate);
+    if (mBundles == 1 && !mPending.empty() && !Save({})) {
+        return false;
+    }
+    --mBundles;
+    return true;
+}
+
+void ProfileImage::GiveUpBundle()
+{
+    const std::scoped_lock lock(mGate);
+    if (--mBundles == 0) {
+        mPending.clear();
+        mIsCurrent = false;
+    }
+}
+
+bool ProfileImage::HasBundle()
+{
+    const std::scoped_lock lock(mGate);
+    return mBundles > 0;
+}
+
+std::shared_ptr<ProfileImage> FindImage(const UnicodeString& file)
+{
+    const std::string path = AbsolutePath(file);
+    return path.empty() ? nullptr : Images::Instance().Find(path);
+}
+
+std::shared_ptr<ProfileImage> BeginBundle(const UnicodeString& file)
+{
+    const std::string path = AbsolutePath(file);
+    return path.empty() ? nullptr : Images::Instance().Begin(path);
+}
+
+void BundleEnded(const std::shared_ptr<ProfileImage>& image)
+{
+    Images::Instance().Ended(image);
+}
+
+} // namespace Host

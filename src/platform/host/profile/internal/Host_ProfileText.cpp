@@ -1,0 +1,621 @@
+// SPDX-License-Identifier: MIT
+#include "platform/host/profile/internal/Host_ProfileText.h"
+
+#include "platform/base/internal/System_Ascii.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+
+#include <unicode/uchar.h>
+#include <unicode/utf16.h>
+
+namespace Host
+{
+
+using System::UnicodeString;
+using System::Detail::IsUpToBlank;
+using System::Detail::WithoutBlanks;
+using System::Detail::WithoutBlanksInFront;
+
+using View = std::u16string_view;
+
+namespace
+{
+
+constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view Utf16Mark = "\xFF\xFE";
+constexpr std::string_view Utf16BigEndianMark = "\xFE\xFF";
+
+char16_t Folded(char16_t c)
+{
+    return c < 0x80 ? System::Detail::AsciiLower(c)
+                    : static_cast<char16_t>(u_foldCase(static_cast<UChar32>(c), U_FOLD_CASE_DEFAULT));
+}
+
+/// Takes a character from the front; a byte that begins none is taken alone and gives nothing.
+std::optional<char32_t> TakeCharacter(std::string_view& bytes)
+{
+    const auto lead = static_cast<unsigned char>(bytes.front());
+    const std::size_t length = lead < 0x80 ? 1 : lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
+    constexpr std::array<char32_t, 5> smallest{0, 0, 0x80, 0x800, 0x10000};
+    char32_t character = length == 1 ? lead : lead & (0x7FU >> length);
+    bool isValid = lead < 0x80 || (lead >= 0xC2 && lead <= 0xF4 && bytes.size() >= length);
+    for (std::size_t i = 1; isValid && i < length; ++i) {
+        const auto byte = static_cast<unsigned char>(bytes[i]);
+        isValid = (byte & 0xC0U) == 0x80;
+        character = character << 6 | (byte & 0x3FU);
+    }
+    if (!isValid || character < smallest[length] || character > 0x10FFFF || U_IS_SURROGATE(character)) {
+        bytes.remove_prefix(1);
+        return std::nullopt;
+    }
+    bytes.remove_prefix(length);
+    return character;
+}
+
+/// A byte that is no part of UTF-8 is kept as U+DC00 + byte, so that it survives the way there and back.
+UnicodeString FromForeignUtf8(std::string_view bytes, bool& hasForeign)
+{
+    UnicodeString text;
+    text.SetLength(static_cast<int>(bytes.size()));
+    char16_t* const start = text.UniqueData();
+    char16_t* out = start;
+    while (!bytes.empty()) {
+        const auto lead = static_cast<unsigned char>(bytes.front());
+        const auto character = TakeCharacter(bytes);
+        if (!character) {
+            hasForeign = true;
+            *out++ = static_cast<char16_t>(0xDC00 + lead);
+        } else if (*character >= 0x10000) {
+            *out++ = static_cast<char16_t>(0xD7C0 + (*character >> 10));
+            *out++ = static_cast<char16_t>(0xDC00 + (*character & 0x3FF));
+        } else {
+            *out++ = static_cast<char16_t>(*character);
+        }
+    }
+    text.SetLength(static_cast<int>(out - start));
+    return text;
+}
+
+bool IsForeignByte(UChar32 c)
+{
+    return c >= 0xDC80 && c <= 0xDCFF;
+}
+
+std::string ToForeignUtf8(View text)
+{
+    std::string bytes;
+    bytes.reserve(text.size() + text.size() / 8);
+    for (std::size_t i = 0; i < text.size();) {
+        UChar32 c = 0;
+        U16_NEXT(text.data(), i, text.size(), c);
+        if (c < 0x80 || IsForeignByte(c)) {
+            bytes += static_cast<char>(c);
+            continue;
+        }
+        const auto tail = [&](int shift) { return static_cast<char>(0x80 | (c >> shift & 0x3F)); };
+        if (c < 0x800) {
+            bytes += static_cast<char>(0xC0 | c >> 6);
+        } else if (c < 0x10000) {
+            bytes += static_cast<char>(0xE0 | c >> 12);
+            bytes += tail(6);
+        } else {
+            bytes += static_cast<char>(0xF0 | c >> 18);
+            bytes += tail(12);
+            bytes += tail(6);
+        }
+        bytes += tail(0);
+    }
+    return bytes;
+}
+
+void SwapBytes(char16_t* text, std::size_t count)
+{
+    std::transform(text, text + count, text,
+                   [](char16_t c) { return static_cast<char16_t>(c << 8 | c >> 8); });
+}
+
+UnicodeString FromUtf16(std::string_view bytes)
+{
+    UnicodeString text;
+    text.SetLength(static_cast<int>(bytes.size() / 2));
+    if (!text.IsEmpty()) {
+        std::memcpy(text.UniqueData(), bytes.data(), text.size() * 2);
+    }
+    return text;
+}
+
+std::string ToUtf16(View text)
+{
+    return {reinterpret_cast<const char*>(text.data()), text.size() * 2};
+}
+
+bool IsInCodePage(View text)
+{
+    return std::all_of(text.begin(), text.end(), [](char16_t c) { return c < 0x80; }) ||
+           System::DecodeText(System::DefaultSystemCodePage,
+                              System::EncodeText(System::DefaultSystemCodePage, text).AsView())
+                   .AsView() == text;
+}
+
+bool IsQuote(char16_t c)
+{
+    return c == u'"' || c == u'\'';
+}
+
+bool HasOuter(View text, char16_t quote)
+{
+    return text.size() >= 2 && text.front() == quote && text.back() == quote;
+}
+
+bool HasOuterBlanks(View text)
+{
+    return !text.empty() && (IsUpToBlank(text.front()) || IsUpToBlank(text.back()));
+}
+
+View WithoutOuter(View text)
+{
+    return text.substr(1, text.size() - 2);
+}
+
+/// The pair that encloses what has outer blanks and quotes of both kinds in it.
+bool IsInBothQuotes(View text)
+{
+    if (!HasOuter(text, u'"') || !HasOuter(WithoutOuter(text), u'\'')) {
+        return false;
+    }
+    const View inner = WithoutOuter(WithoutOuter(text));
+    return HasOuterBlanks(inner) && inner.find(u'"') != View::npos && inner.find(u'\'') != View::npos;
+}
+
+View Unquoted(View text)
+{
+    if (text.empty() || !HasOuter(text, text.front()) || !IsQuote(text.front())) {
+        return text;
+    }
+    if (IsInBothQuotes(text)) {
+        return WithoutOuter(WithoutOuter(text));
+    }
+    const View inner = WithoutOuter(text);
+    const char16_t quote = text.front();
+    return inner.find(quote) == View::npos || HasOuter(inner, quote) ? inner : text;
+}
+
+std::u16string Quoted(View value)
+{
+    std::u16string text(value);
+    if (HasOuterBlanks(value)) {
+        const bool hasDouble = value.find(u'"') != View::npos;
+        const bool hasSingle = value.find(u'\'') != View::npos;
+        return hasDouble && hasSingle ? u"\"'" + text + u"'\""
+               : hasDouble            ? u'\'' + text + u'\''
+                                      : u'"' + text + u'"';
+    }
+    const bool isEnclosed = !value.empty() && IsQuote(value.front()) && HasOuter(value, value.front());
+    return isEnclosed ? value.front() + text + value.front() : text;
+}
+
+/// A zero would end the text for other programs, and a lone surrogate is none in any encoding.
+bool IsOneLine(View text)
+{
+    for (std::size_t i = 0; i < text.size();) {
+        UChar32 c = 0;
+        U16_NEXT(text.data(), i, text.size(), c);
+        if (c == 0 || c == '\r' || c == '\n' || U_IS_SURROGATE(c)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool IsStorableKey(View key)
+{
+    const View name = WithoutBlanks(key);
+    return !name.empty() && name.front() != u';' && name.front() != u'[' && name.find(u'=') == View::npos &&
+           IsOneLine(key);
+}
+
+bool IsStorableSection(View section)
+{
+    return !WithoutBlanks(section).empty() && section.find(u']') == View::npos && IsOneLine(section);
+}
+
+/// The name of a section, of which the bracket at the end may be missing.
+std::optional<View> SectionOfLine(View line)
+{
+    const View text = WithoutBlanksInFront(line);
+    if (!text.starts_with(u'[')) {
+        return std::nullopt;
+    }
+    return WithoutBlanks(text.substr(1, text.find(u']') - 1));
+}
+
+} // namespace
+
+namespace Detail
+{
+
+View KeyOfLine(View line)
+{
+    const std::size_t mark = line.find(u'=');
+    if (mark == View::npos) {
+        return {};
+    }
+    const View key = WithoutBlanks(line.substr(0, mark));
+    return key.starts_with(u';') ? View() : key;
+}
+
+View ValueOfLine(View line)
+{
+    return WithoutBlanks(line.substr(line.find(u'=') + 1));
+}
+
+} // namespace Detail
+
+using Detail::KeyOfLine;
+using Detail::ValueOfLine;
+
+bool IsStorable(const ProfileChange& change)
+{
+    return !change.value || (IsStorableSection(change.section) && change.key && IsStorableKey(*change.key) &&
+                             IsOneLine(*change.value));
+}
+
+std::size_t NameHash::operator()(View name) const noexcept
+{
+    std::uint64_t hash = 0xCBF29CE484222325;
+    for (const char16_t c : name) {
+        hash = (hash ^ Folded(c)) * 0x100000001B3;
+    }
+    return static_cast<std::size_t>(hash ^ hash >> 32);
+}
+
+bool NameEqual::operator()(View a, View b) const noexcept
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char16_t c, char16_t d) { return c == d || Folded(c) == Folded(d); });
+}
+
+ProfileText::ProfileText(std::string_view bytes)
+{
+    Decode(bytes);
+    Parse(mTexts.front().AsView());
+}
+
+void ProfileText::Decode(std::string_view bytes)
+{
+    const auto takeMark = [&](std::string_view mark, Encoding encoding) {
+        if (!bytes.starts_with(mark)) {
+            return false;
+        }
+        mEncoding = encoding;
+        bytes.remove_prefix(mark.size());
+        return true;
+    };
+    if (takeMark(Utf8Mark, Encoding::Utf8)) {
+        mTexts.push_back(FromForeignUtf8(bytes, mHasForeignBytes));
+    } else if (takeMark(Utf16Mark, Encoding::Utf16) ||
+               takeMark(Utf16BigEndianMark, Encoding::Utf16BigEndian)) {
+        mTexts.push_back(FromUtf16(bytes));
+        mTail = bytes.substr(bytes.size() / 2 * 2);
+        if (mEncoding == Encoding::Utf16BigEndian) {
+            SwapBytes(mTexts.front().UniqueData(), mTexts.front().size());
+        }
+    } else {
+        mTexts.emplace_back(System::DecodeText(System::DefaultSystemCodePage, bytes));
+    }
+}
+
+void ProfileText::Parse(View text)
+{
+    // What stands in front of the first section belongs to none that can be named.
+    mGroups.emplace_back();
+    mSections.push_back({{}, {}, 0});
+    while (!text.empty()) {
+        const std::size_t length = std::min(text.find_first_of(u"\r\n"), text.size());
+        const View rest = text.substr(length);
+        const View end = rest.substr(0, rest.starts_with(u"\r\n") ? 2 : 1);
+        if (mLiveLines == 0 && !end.empty()) {
+            mLineEnd = end;
+        }
+        AddLine({text.substr(0, length), end});
+        text.remove_prefix(length + end.size());
+    }
+}
+
+void ProfileText::AddLine(const Line& line)
+{
+    ++mLiveLines;
+    if (const auto name = SectionOfLine(line.text)) {
+        AddSection(line, *name);
+        return;
+    }
+    mSections.back().lines.push_back(line);
+    NoteKey({mSections.size() - 1, mSections.back().lines.size() - 1});
+}
+
+void ProfileText::AddSection(const Line& header, View name)
+{
+    const auto [found, isNew] = mNames.try_emplace(name, mGroups.size());
+    if (isNew) {
+        mGroups.emplace_back();
+    }
+    mGroups[found->second].sections.push_back(mSections.size());
+    mSections.push_back({header, {}, found->second});
+}
+
+void ProfileText::NoteKey(const Place& place)
+{
+    const View key = KeyOfLine(LineAt(place).text);
+    const std::size_t number = mSections[place.section].group;
+    if (number == 0 || key.empty()) {
+        return;
+    }
+    Group& group = mGroups[number];
+    if (!group.keys.try_emplace(key, place).second) {
+        group.hasRepeatedKeys = true;
+    }
+}
+
+const ProfileText::Group* ProfileText::FindGroup(View section) const
+{
+    const auto found = mNames.find(WithoutBlanks(section));
+    return found == mNames.end() ? nullptr : &mGroups[found->second];
+}
+
+bool ProfileText::IsFirstOfKey(const Group& group, const Place& place) const
+{
+    const View key = KeyOfLine(LineAt(place).text);
+    if (key.empty()) {
+        return false;
+    }
+    if (!group.hasRepeatedKeys) {
+        return true;
+    }
+    const auto found = group.keys.find(key);
+    return found != group.keys.end() && found->second.section == place.section &&
+           found->second.line == place.line;
+}
+
+std::optional<UnicodeString> ProfileText::Find(View section, View key) const
+{
+    const Group* const group = FindGroup(section);
+    if (group == nullptr) {
+        return std::nullopt;
+    }
+    const auto found = group->keys.find(WithoutBlanks(key));
+    if (found == group->keys.end()) {
+        return std::nullopt;
+    }
+    return ShownValue(ValueOfLine(LineAt(found->second).text));
+}
+
+std::vector<UnicodeString> ProfileText::ListSections() const
+{
+    std::vector<UnicodeString> names;
+    for (std::size_t i = 1; i < mSections.size(); ++i) {
+        const Group& group = mGroups[mSections[i].group];
+        if (!group.sections.empty() && group.sections.front() == i) {
+            names.push_back(Shown(SectionOfLine(mSections[i].header.text).value_or(View())));
+        }
+    }
+    return names;
+}
+
+UnicodeString ProfileText::Shown(View text) const
+{
+    UnicodeString shown(text);
+    if (mHasForeignBytes) {
+        for (std::size_t i = 0; i < text.size();) {
+            UChar32 c = 0;
+            U16_NEXT(text.data(), i, text.size(), c);
+            if (IsForeignByte(c)) {
+                shown[static_cast<int>(i)] = 0xFFFD;
+            }
+        }
+    }
+    return shown;
+}
+
+UnicodeString ProfileText::ShownValue(View text) const
+{
+    return Shown(Unquoted(text));
+}
+
+bool ProfileText::Apply(const ProfileChange& change)
+{
+    const bool isChanged = change.value ? Set(change.section, *change.key, *change.value)
+                           : change.key ? DeleteKey(change.section, *change.key)
+                                        : DeleteSection(change.section);
+    if (isChanged) {
+        TidyUp();
+    }
+    return isChanged;
+}
+
+bool ProfileText::Set(View section, View key, View value)
+{
+    const View sectionName = WithoutBlanks(section);
+    const View keyName = WithoutBlanks(key);
+    const std::u16string text = Quoted(value);
+    if (const Group* const group = FindGroup(sectionName)) {
+        const auto found = group->keys.find(keyName);
+        if (found != group->keys.end()) {
+            return SetLine(found->second, found->first, text);
+        }
+    } else {
+        AppendSection(sectionName);
+    }
+    MakeRoomFor(keyName);
+    MakeRoomFor(text);
+    InsertKey(mGroups[mNames.find(sectionName)->second], std::u16string(keyName) + u'=' + text);
+    return true;
+}
+
+bool ProfileText::SetLine(const Place& place, View key, const std::u16string& value)
+{
+    Line& line = mSections[place.section].lines[place.line];
+    const std::size_t mark = line.text.find(u'=') + 1;
+    const View behind = line.text.substr(mark);
+    const std::size_t blanks = behind.size() - WithoutBlanksInFront(behind).size();
+    const std::u16string text = std::u16string(line.text.substr(0, mark + blanks)) + value;
+    if (text == line.text) {
+        return false;
+    }
+    MakeRoomFor(value);
+    const View kept = Keep(text);
+    // The index looks into the old text of the line, which goes.
+    auto& keys = mGroups[mSections[place.section].group].keys;
+    auto entry = keys.extract(key);
+    entry.key() = KeyOfLine(kept);
+    keys.insert(std::move(entry));
+    line.text = kept;
+    ++mDeadLines;
+    return true;
+}
+
+/// Behind the last line of the section that isn't blank, so that the blank lines in front of the next one
+/// stay there.
+void ProfileText::InsertKey(Group& group, const std::u16string& text)
+{
+    const std::size_t number = group.sections.front();
+    Section& section = mSections[number];
+    const auto behind = std::find_if(section.lines.rbegin(), section.lines.rend(), [](const Line& line) {
+                            return !WithoutBlanks(line.text).empty();
+                        }).base();
+    Line& before = behind == section.lines.begin() ? section.header : *std::prev(behind);
+    if (before.end.empty()) {
+        before.end = mLineEnd;
+    }
+    const View kept = Keep(text);
+    const auto inserted = section.lines.insert(behind, {kept, mLineEnd});
+    const auto line = static_cast<std::size_t>(inserted - section.lines.begin());
+    group.keys.try_emplace(KeyOfLine(kept), Place{number, line});
+    ++mLiveLines;
+}
+
+void ProfileText::AppendSection(View name)
+{
+    EndLastLine();
+    MakeRoomFor(name);
+    const View kept = Keep(u'[' + std::u16string(name) + u']');
+    AddLine({kept, mLineEnd});
+}
+
+void ProfileText::EndLastLine()
+{
+    for (auto section = mSections.rbegin(); section != mSections.rend(); ++section) {
+        const auto last = std::find_if(section->lines.rbegin(), section->lines.rend(), [](const Line& line) {
+            return !(line.text.empty() && line.end.empty());
+        });
+        Line& line = last == section->lines.rend() ? section->header : *last;
+        if (line.text.empty() && line.end.empty()) {
+            continue;
+        }
+        if (line.end.empty()) {
+            line.end = mLineEnd;
+        }
+        return;
+    }
+}
+
+bool ProfileText::DeleteKey(View section, View key)
+{
+    const auto name = mNames.find(WithoutBlanks(section));
+    if (name == mNames.end()) {
+        return false;
+    }
+    Group& group = mGroups[name->second];
+    const auto found = group.keys.find(WithoutBlanks(key));
+    if (found == group.keys.end()) {
+        return false;
+    }
+    const Place place = found->second;
+    group.keys.erase(found);
+    Delete(mSections[place.section].lines[place.line]);
+    if (!group.hasRepeatedKeys) {
+        return true;
+    }
+    // None of them may come to light now.
+    for (const std::size_t number : group.sections) {
+        for (Line& line : mSections[number].lines) {
+            if (NameEqual()(KeyOfLine(line.text), WithoutBlanks(key))) {
+                Delete(line);
+            }
+        }
+    }
+    return true;
+}
+
+bool ProfileText::DeleteSection(View section)
+{
+    const auto name = mNames.find(WithoutBlanks(section));
+    if (name == mNames.end()) {
+        return false;
+    }
+    Group& group = mGroups[name->second];
+    for (const std::size_t number : group.sections) {
+        Section& deleted = mSections[number];
+        Delete(deleted.header);
+        std::for_each(deleted.lines.begin(), deleted.lines.end(), [this](Line& line) { Delete(line); });
+    }
+    group = Group();
+    mNames.erase(name);
+    return true;
+}
+
+void ProfileText::Delete(Line& line)
+{
+    line = {};
+    --mLiveLines;
+    ++mDeadLines;
+}
+
+/// A text that the code page lacks turns the file into UTF-8.
+void ProfileText::MakeRoomFor(View text)
+{
+    if (mEncoding == Encoding::CodePage && !IsInCodePage(text)) {
+        mEncoding = Encoding::Utf8;
+    }
+}
+
+View ProfileText::Keep(View text)
+{
+    return mTexts.emplace_back(text).AsView();
+}
+
+/// What is dead stays in memory; so that this costs no more than the changes themselves, it is thrown away in
+/// bulk.
+void ProfileText::TidyUp()
+{
+    constexpr std::size_t few = 1000;
+    if (mDeadLines > mLiveLines + few) {
+        *this = ProfileText(Compose());
+    }
+}
+
+std::string ProfileText::Compose() const
+{
+    std::u16string text;
+    const auto add = [&text](const Line& line) { text.append(line.text).append(line.end); };
+    for (const Section& section : mSections) {
+        add(section.header);
+        std::for_each(section.lines.begin(), section.lines.end(), add);
+    }
+    switch (mEncoding) {
+    case Encoding::CodePage:
+        return std::string(System::EncodeText(System::DefaultSystemCodePage, text).AsView());
+    case Encoding::Utf8:
+        return std::string(Utf8Mark) + ToForeignUtf8(text);
+    case Encoding::Utf16:
+        return std::string(Utf16Mark) + ToUtf16(text) + mTail;
+    case Encoding::Utf16BigEndian:
+        SwapBytes(text.data(), text.size());
+        return std::string(Utf16BigEndianMark) + ToUtf16(text) + mTail;
+    }
+    return {};
+}
+
+} // namespace Host
