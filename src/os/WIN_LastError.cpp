@@ -27,6 +27,11 @@ int ShowPlainBox(const WideChar* text, const WideChar* caption, int flags)
     return MessageBoxW(nullptr, text, caption, static_cast<unsigned>(flags));
 }
 
+UnicodeString TellMissingTexts(unsigned long /*code*/, const UnicodeString& /*section*/)
+{
+    return u"WIN-Error-IDS File is missing.";
+}
+
 bool IsTerminating()
 {
     return Forms::Application != nullptr && Forms::Application->getTerminated();
@@ -46,6 +51,7 @@ void RaiseOrShow(const UnicodeString& place)
 } // namespace
 
 constinit FShowBox ShowBox = ShowPlainBox;
+constinit FGetSectionMessage GetSectionMessage = TellMissingTexts;
 
 UnicodeString GetSystemMessage(unsigned long code)
 {
@@ -63,12 +69,28 @@ UnicodeString GetErrorMessage(unsigned long code)
     return GetSystemMessage(code);
 }
 
+UnicodeString GetErrorMessage(unsigned long code, const UnicodeString& section)
+{
+    return section.IsEmpty() ? GetSystemMessage(code) : GetSectionMessage(code, section);
+}
+
 UnicodeString GetLastError()
 {
     return GetErrorMessage(::GetLastError());
 }
 
 XWinError::XWinError(unsigned long code) : XWinError(GetErrorMessage(code), code) {}
+
+XWinError::XWinError(unsigned long code, const UnicodeString& section)
+    : XWinError(code, section, UnicodeString())
+{
+}
+
+XWinError::XWinError(unsigned long code, const UnicodeString& section, const UnicodeString& extra)
+    : XWinError(WithText(GetErrorMessage(code, section), extra), code)
+{
+    mSection = section;
+}
 
 XWinError::XWinError(const UnicodeString& message, unsigned long code) : Exception(message), mError(code) {}
 
@@ -88,6 +110,11 @@ XLastError::~XLastError() = default;
 void ThrowSystemError(unsigned long code)
 {
     throw XWinError(code);
+}
+
+void ThrowSystemError(unsigned long code, const UnicodeString& section)
+{
+    throw XWinError(code, section);
 }
 
 void ThrowLastError()

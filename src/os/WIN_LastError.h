@@ -11,6 +11,9 @@ namespace WIN
 TRS8_BTL_API System::UnicodeString GetSystemMessage(unsigned long code);
 /// As `GetSystemMessage`.
 TRS8_BTL_API System::UnicodeString GetErrorMessage(unsigned long code);
+/// What `code` means in a context, such as "ShellExecute", by the error texts of the program; an empty
+/// section gives the system's description. Without error texts it is "WIN-Error-IDS File is missing.".
+TRS8_BTL_API System::UnicodeString GetErrorMessage(unsigned long code, const System::UnicodeString& section);
 /// The system's description of the thread's last error.
 TRS8_BTL_API System::UnicodeString GetLastError();
 
@@ -24,6 +27,10 @@ class TRS8_BTL_API XWinError : public Sysutils::Exception
 public:
     /// The message is the system's description of `code`.
     explicit XWinError(unsigned long code);
+    /// The message is that of `GetErrorMessage` for the code in the context `section`.
+    XWinError(unsigned long code, const System::UnicodeString& section);
+    /// Adds a line with `extra` to the message, unless `extra` is empty.
+    XWinError(unsigned long code, const System::UnicodeString& section, const System::UnicodeString& extra);
     ~XWinError() override;
 
     /// The context that explains the code; empty for a code of the system.
@@ -53,6 +60,8 @@ private:
 
 /// Raises `XWinError` with the system's description of `code`, also for 0.
 [[noreturn]] TRS8_BTL_API void ThrowSystemError(unsigned long code);
+/// Raises `XWinError` with what `code` means in the context `section`, also for 0.
+[[noreturn]] TRS8_BTL_API void ThrowSystemError(unsigned long code, const System::UnicodeString& section);
 
 /// Raises `XLastError` if the thread's last error isn't 0. While the application terminates nobody could
 /// handle an exception any more, so a box tells the error and the function returns.
@@ -63,5 +72,11 @@ TRS8_BTL_API void ThrowLastError(const char* file, int line);
 /// How this layer shows a box; the message boxes of the language layer take its place.
 using FShowBox = int (*)(const System::WideChar* text, const System::WideChar* caption, int flags);
 TRS8_BTL_API extern FShowBox ShowBox;
+
+/// What a code means in a context that isn't empty; the language layer reads it from the program's error
+/// texts.
+using FGetSectionMessage = System::UnicodeString (*)(unsigned long code,
+                                                     const System::UnicodeString& section);
+TRS8_BTL_API extern FGetSectionMessage GetSectionMessage;
 
 } // namespace WIN

@@ -57,6 +57,26 @@ TEST(LastErrorTest, ExceptionsCarryTheCode)
     EXPECT_THROW(WIN::ThrowSystemError(2), WIN::XWinError);
 }
 
+TEST(LastErrorTest, ExplainsACodeByItsContext)
+{
+    EXPECT_EQ(WIN::GetErrorMessage(2, UnicodeString()), WIN::GetErrorMessage(2));
+    const auto former =
+        std::exchange(WIN::GetSectionMessage, [](unsigned long code, const UnicodeString& section) {
+            return section + u' ' + UnicodeString(code);
+        });
+    EXPECT_EQ(WIN::GetErrorMessage(2, UnicodeString()), WIN::GetErrorMessage(2));
+    EXPECT_EQ(WIN::GetErrorMessage(5, u"ShellExecute"), u"ShellExecute 5");
+    const WIN::XWinError error(5, u"ShellExecute", u"a.txt");
+    EXPECT_EQ(error.getMessage(), u"ShellExecute 5\na.txt");
+    EXPECT_EQ(error.getSection(), u"ShellExecute");
+    EXPECT_EQ(error.getError(), 5U);
+    const WIN::XWinError brief(5, u"ShellExecute");
+    EXPECT_EQ(brief.getMessage(), WIN::XWinError(5, u"ShellExecute", UnicodeString()).getMessage());
+    EXPECT_EQ(brief.getSection(), u"ShellExecute");
+    EXPECT_THROW(WIN::ThrowSystemError(0, u"ShellExecute"), WIN::XWinError);
+    WIN::GetSectionMessage = former;
+}
+
 TEST(LastErrorTest, ThrowsOnlyForAnError)
 {
     SetLastError(0);

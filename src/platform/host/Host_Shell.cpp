@@ -4,20 +4,17 @@
 #include "platform/base/internal/System_Ascii.h"
 #include "platform/host/Host_Error.h"
 #include "platform/host/Host_FileInfo.h"
-#include "platform/host/Host_Folder.h"
 #include "platform/host/Host_Path.h"
-#include "platform/host/internal/Host_Descriptor.h"
+#include "platform/host/internal/Host_ShellFile.h"
 #include "platform/host/internal/Host_Spawn.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
-#include <cstring>
 #include <future>
+#include <optional>
 #include <thread>
 
-#include <fcntl.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -34,7 +31,20 @@ enum class Verb
     Open,
     /// Shows a folder, and nothing else.
     Explore,
+    Print,
 };
+
+std::optional<Verb> FindVerb(const UnicodeString& text)
+{
+    const UnicodeString verb = text.LowerCase();
+    if (verb.IsEmpty() || verb == u"open") {
+        return Verb::Open;
+    }
+    if (verb == u"explore") {
+        return Verb::Explore;
+    }
+    return verb == u"print" ? std::optional(Verb::Print) : std::nullopt;
+}
 
 /// Starts a program in a session of its own; 0 or the `errno`.
 int SpawnApart(const std::string& program, std::vector<std::string> arguments, const std::string& folder,
@@ -73,20 +83,6 @@ bool IsAddress(std::u16string_view text)
     return beginsWithLetter && end != text.end() && *end == u':' && end - text.begin() > 1;
 }
 
-/// Whether the host can start the file: it has the permission, and the first bytes of a program or a script.
-bool IsProgram(const std::string& path)
-{
-    struct stat status;
-    if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode) || access(path.c_str(), X_OK) != 0) {
-        return false;
-    }
-    const Host::Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    char magic[4] = {};
-    const ssize_t length = file.IsOpen() ? read(file.Get(), magic, sizeof magic) : 0;
-    return (length == 4 && std::memcmp(magic, "\177ELF", 4) == 0) ||
-           (length >= 2 && std::memcmp(magic, "#!", 2) == 0);
-}
-
 NativeInt LastErrorResult()
 {
     return static_cast<NativeInt>(GetLastError());
@@ -107,9 +103,9 @@ NativeInt StartProgram(const std::string& path, const UnicodeString& parameters,
 }
 
 /// `target` begins with `/` or with a scheme, so that it can't be taken for an option.
-NativeInt OpenOnDesktop(const std::string& target, const std::string& folder)
+NativeInt HandTo(const char* program, const std::string& target, const std::string& folder)
 {
-    const std::string opener = Host::FindProgram("xdg-open");
+    const std::string opener = Host::FindProgram(program);
     if (opener.empty()) {
         return errno == ENOENT ? SE_ERR_NOASSOC : static_cast<NativeInt>(Host::ErrorFromErrno(errno));
     }
@@ -131,25 +127,15 @@ NativeInt OpenOnDesktop(const std::string& target, const std::string& folder)
     }
 }
 
-/// The host's path of `file`, absolute; empty with the last error set on a failure.
-std::string AbsolutePath(const UnicodeString& file, const std::string& folder)
+NativeInt OpenOnDesktop(const std::string& target, const std::string& folder)
 {
-    std::string path = Sysutils::HostPath(file);
-    if (path.empty() || path.starts_with('/')) {
-        return path;
-    }
-    const std::string start = folder.starts_with('/') ? folder : Sysutils::HostPath(Host::CurrentDirectory());
-    if (start.empty()) {
-        return {};
-    }
-    const std::string between = folder.empty() || folder.starts_with('/') ? "/" : "/" + folder + "/";
-    return start + between + path;
+    return HandTo("xdg-open", target, folder);
 }
 
-NativeInt OpenFileOrFolder(const UnicodeString& file, const UnicodeString& parameters,
-                           const std::string& folder, Verb verb)
+NativeInt UseFileOrFolder(const UnicodeString& file, const UnicodeString& parameters,
+                          const std::string& folder, Verb verb)
 {
-    const std::string path = AbsolutePath(file, folder);
+    const std::string path = Host::AbsolutePath(file, folder);
     if (path.empty()) {
         return LastErrorResult();
     }
@@ -157,10 +143,14 @@ NativeInt OpenFileOrFolder(const UnicodeString& file, const UnicodeString& param
     if (!info) {
         return LastErrorResult();
     }
-    if (verb == Verb::Explore && (info->attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+    const bool isFolder = (info->attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    if ((verb == Verb::Explore && !isFolder) || (verb == Verb::Print && isFolder)) {
         return SE_ERR_NOASSOC;
     }
-    return IsProgram(path) ? StartProgram(path, parameters, folder) : OpenOnDesktop(path, folder);
+    if (verb == Verb::Print) {
+        return HandTo("lp", path, folder);
+    }
+    return Host::IsProgram(path) ? StartProgram(path, parameters, folder) : OpenOnDesktop(path, folder);
 }
 
 } // namespace
@@ -168,11 +158,10 @@ NativeInt OpenFileOrFolder(const UnicodeString& file, const UnicodeString& param
 NativeInt ShellExecuteW(void* /*owner*/, const System::WideChar* verb, const System::WideChar* file,
                         const System::WideChar* parameters, const System::WideChar* directory, int /*show*/)
 {
-    const UnicodeString action = UnicodeString(verb).LowerCase();
+    const auto action = FindVerb(verb);
     const UnicodeString target(file);
     const UnicodeString start(directory);
-    const bool explore = action == u"explore";
-    if (!action.IsEmpty() && action != u"open" && !explore) {
+    if (!action) {
         return SE_ERR_NOASSOC;
     }
     if (target.IsEmpty()) {
@@ -187,10 +176,10 @@ NativeInt ShellExecuteW(void* /*owner*/, const System::WideChar* verb, const Sys
         folder = Sysutils::HostPath(start);
     }
     // A name may hold a colon as well.
-    if (IsAddress(target.AsView()) && !Host::QueryFile(target)) {
+    if (*action != Verb::Print && IsAddress(target.AsView()) && !Host::QueryFile(target)) {
         return OpenOnDesktop(System::ToUtf8(target), folder);
     }
-    return OpenFileOrFolder(target, UnicodeString(parameters), folder, explore ? Verb::Explore : Verb::Open);
+    return UseFileOrFolder(target, UnicodeString(parameters), folder, *action);
 }
 
 namespace Host

@@ -13,7 +13,8 @@ inline constexpr System::NativeInt SE_ERR_NOASSOC = 31;
 
 /// Hands `file` to the desktop: a file or folder, or an address such as "http://..." or "mailto:...". A
 /// program is started itself, with `parameters` parted at blanks outside of quotes. The verbs are "open",
-/// which an empty `verb` means too, and "explore" for folders. Null texts count as empty.
+/// which an empty `verb` means too, "explore" for folders, and "print", which gives a file to the printer
+/// that is the user's usual one. Null texts count as empty.
 ///
 /// The result is above 32 on success, else 2 for a missing file, 3 for a missing folder, 5 for a program that
 /// may not be started, 31 if the host has nothing that opens the file or knows the verb, or another error.

@@ -106,12 +106,20 @@ TEST(HostShellTest, HandsFilesToTheDesktop)
     EXPECT_GT(ShellExecuteW(nullptr, u"Explore", directory.c_str(), nullptr, nullptr, 1), 32);
     EXPECT_EQ(WaitForContent(third), "1:" + folder.Path().string() + "\n");
 
+    WriteScript(folder.Path() / "lp",
+                "echo \"printed $#:$1\" > \"$OPENED.part\"; mv \"$OPENED.part\" \"$OPENED\"\n");
+    const std::string fourth = opened("fourth");
+    EXPECT_GT(ShellExecuteW(nullptr, u"print", u"-a b;c.txt", nullptr, directory.c_str(), 1), 32);
+    EXPECT_EQ(WaitForContent(fourth), "printed 1:" + folder.Path().string() + "/-a b;c.txt\n");
+
     const UnicodeString inFolder = directory + u"\\";
     EXPECT_EQ(ShellExecuteW(nullptr, u"open", (inFolder + u"a.none").c_str(), nullptr, nullptr, 1), 31);
     EXPECT_EQ(ShellExecuteW(nullptr, u"open", (inFolder + u"gone").c_str(), nullptr, nullptr, 1), 2);
     EXPECT_EQ(ShellExecuteW(nullptr, u"open", (inFolder + u"gone\\x").c_str(), nullptr, nullptr, 1), 3);
     EXPECT_EQ(ShellExecuteW(nullptr, u"open", u"x", nullptr, (inFolder + u"gone").c_str(), 1), 3);
-    EXPECT_EQ(ShellExecuteW(nullptr, u"print", (inFolder + u"a.none").c_str(), nullptr, nullptr, 1), 31);
+    EXPECT_EQ(ShellExecuteW(nullptr, u"print", directory.c_str(), nullptr, nullptr, 1), 31) << "a folder";
+    EXPECT_EQ(ShellExecuteW(nullptr, u"print", u"http://x", nullptr, nullptr, 1), 3);
+    EXPECT_EQ(ShellExecuteW(nullptr, u"edit", (inFolder + u"a.none").c_str(), nullptr, nullptr, 1), 31);
     EXPECT_EQ(ShellExecuteW(nullptr, nullptr, nullptr, nullptr, nullptr, 1), 2);
     setenv("PATH", formerPath.c_str(), 1);
 }

@@ -2,17 +2,21 @@
 #include "platform/host/internal/Host_Spawn.h"
 
 #include "platform/host/Host_BufferedFiles.h"
+#include "platform/host/internal/Host_Descriptor.h"
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <iterator>
 #include <string_view>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <spawn.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace Host
@@ -71,6 +75,27 @@ std::string_view BundleToLeave(std::string_view program)
         folder.remove_suffix(1);
     }
     return folder.starts_with('/') && !LiesIn(program, folder) ? folder : std::string_view();
+}
+
+/// Reads to the end; false if that doesn't come in time.
+bool ReadToEnd(int file, std::string& text)
+{
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    for (;;) {
+        const auto left =
+            std::chrono::ceil<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
+        pollfd ready{file, POLLIN, 0};
+        if (left.count() <= 0 ||
+            Uninterrupted([&] { return poll(&ready, 1, static_cast<int>(left.count())); }) <= 0) {
+            return false;
+        }
+        char buffer[4096];
+        const ssize_t count = Uninterrupted([&] { return read(file, buffer, sizeof buffer); });
+        if (count <= 0) {
+            return count == 0;
+        }
+        text.append(buffer, static_cast<std::size_t>(count));
+    }
 }
 
 bool IsSearchPath(std::string_view name)
@@ -170,6 +195,9 @@ int Spawn(const TSpawn& spawn, pid_t& process)
     if (spawn.session == ESession::Own) {
         posix_spawn_file_actions_addopen(&actions.files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
     }
+    if (spawn.output >= 0) {
+        posix_spawn_file_actions_adddup2(&actions.files, spawn.output, STDOUT_FILENO);
+    }
     if (!spawn.folder.empty()) {
         posix_spawn_file_actions_addchdir_np(&actions.files, spawn.folder.c_str());
     }
@@ -185,6 +213,33 @@ int Spawn(const TSpawn& spawn, pid_t& process)
     const std::vector<std::string> variables = EnvironmentOutside(bundle);
     return posix_spawn(&process, spawn.program.c_str(), &actions.files, &actions.attributes, arguments.data(),
                        PointersTo(variables).data());
+}
+
+std::optional<std::string> ReadOutput(TSpawn spawn)
+{
+    int ends[2];
+    if (pipe2(ends, O_CLOEXEC) != 0) {
+        return std::nullopt;
+    }
+    const Descriptor source(ends[0]);
+    Descriptor target(ends[1]);
+    spawn.output = target.Get();
+    pid_t process = 0;
+    if (Spawn(spawn, process) != 0) {
+        return std::nullopt;
+    }
+    // This process's own end would keep the pipe open.
+    target = Descriptor();
+    std::string text;
+    const bool isWhole = ReadToEnd(source.Get(), text);
+    if (!isWhole) {
+        kill(process, SIGKILL);
+    }
+    int status = 0;
+    const pid_t ended = Uninterrupted([&] { return waitpid(process, &status, 0); });
+    return isWhole && ended == process && WIFEXITED(status) && WEXITSTATUS(status) == 0
+               ? std::optional(std::move(text))
+               : std::nullopt;
 }
 
 } // namespace Host

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,8 @@ struct TSpawn
     ESession session = ESession::Same;
     /// Whether all but the standard streams is closed.
     bool closesFiles = false;
+    /// What takes the place of the standard output; -1 for that of this process.
+    int output = -1;
 };
 
 /// The program of this name on the search path, never in the current folder; else empty, with `errno` set.
@@ -39,5 +42,9 @@ struct TSpawn
 /// Starts a program with the signals as at a fresh start; 0 or the `errno`. No shell has a part in it. What a
 /// bundle, in which this process runs, added to the search paths, is left out for programs outside of it.
 [[nodiscard]] int Spawn(const TSpawn& spawn, pid_t& process);
+
+/// What a program writes to its standard output, its end awaited; nothing if it can't be started, fails, or
+/// takes longer than some seconds, after which it is killed.
+[[nodiscard]] std::optional<std::string> ReadOutput(TSpawn spawn);
 
 } // namespace Host

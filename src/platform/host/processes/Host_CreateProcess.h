@@ -22,6 +22,8 @@ struct PROCESS_INFORMATION
     unsigned long dwThreadId = 0;
 };
 
+using _PROCESS_INFORMATION = PROCESS_INFORMATION;
+
 /// The program doesn't get what the terminal sends to this one.
 inline constexpr unsigned long CREATE_NEW_PROCESS_GROUP = 512;
 
