@@ -123,7 +123,8 @@ unsigned ConvertList(Other* buffer, unsigned size, List list)
 std::string FloatText(float value)
 {
     std::array<char, 32> text;
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, 6);
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, 6);
     return {text.data(), end.ptr};
 }
 
@@ -234,7 +235,8 @@ bool GIniFile<Engine>::ShowReadOnlyWarinig()
         return false;
     }
     const int warning = 48;
-    BTL::MessageBox1_VA(UTL::Ci18n::GetString(UTL::EXStrings::IniFileReadOnly), warning, UnicodeString(mFile));
+    BTL::MessageBox1_VA(UTL::Ci18n::GetString(UTL::EXStrings::IniFileReadOnly), warning,
+                        UnicodeString(mFile));
     return true;
 }
 

@@ -18,8 +18,8 @@ enum class EIniEngine
     Wide2,
 };
 
-/// What `CIniFileA`, `CIniFileW` and `CIniFileW2` have in common: one section of one ini file, of which typed values
-/// are read and written. There is no cache and no parser here: each read asks the platform's profile
+/// What `CIniFileA`, `CIniFileW` and `CIniFileW2` have in common: one section of one ini file, of which typed
+/// values are read and written. There is no cache and no parser here: each read asks the platform's profile
 /// functions (`Host_Profile.h`), and each write is on the disk when it returns.
 ///
 /// A reading operation never fails: a missing file, section or key gives the default. A writing one raises
@@ -45,8 +45,8 @@ public:
 
     /// Binds the section of the user's own profile.
     void Init(const TText& section);
-    /// Binds the section of the file; one without a folder lies in that of `SetPath`, the empty name is the user's own
-    /// profile. A name without an extension is an internal fault.
+    /// Binds the section of the file; one without a folder lies in that of `SetPath`, the empty name is the
+    /// user's own profile. A name without an extension is an internal fault.
     void Init(const TText& section, const TText& file);
     /// Binds the section of the file `path` + `file`; if that is empty, of the user's own profile.
     void Init(const TText& section, const TText& file, const TText& path);
@@ -68,8 +68,8 @@ public:
     int PrepareWrite();
     /// Brings the file up to date, which each write has done already.
     void Flush();
-    /// Drops what the platform keeps of the file, which it looks at anew before each use. Gives the result of the
-    /// platform's call.
+    /// Drops what the platform keeps of the file, which it looks at anew before each use. Gives the result of
+    /// the platform's call.
     int DiscardCache();
 
     /// Stores the text; a text with a line break is refused with error 87.
@@ -82,7 +82,8 @@ public:
     /// "TRUE" or "FALSE".
     bool WriteBool(const TText& key, bool value);
     bool WriteBool(const TText& key, bool value, const TText& trueText, const TText& falseText);
-    /// Line breaks, tabs and backslashes are written as escapes, so that texts of several lines can be stored.
+    /// Line breaks, tabs and backslashes are written as escapes, so that texts of several lines can be
+    /// stored.
     bool WriteEscSeqString(const TText& key, const TText& value);
     /// In brackets, so that no quote of the list is taken for one around it.
     bool WriteCommaText(const TText& key, const TText& value);
@@ -105,16 +106,16 @@ protected:
 
     /// The names of all sections, each ended by a zero and the list by a second one, in a buffer of `size`
     /// characters. Gives the count of characters without the last zero; a list that doesn't fit is cut, ends
-    /// with two zeros, and the count is `size` - 2. The form of the other width allows a null buffer and gives the count
-    /// alone.
+    /// with two zeros, and the count is `size` - 2. The form of the other width allows a null buffer and
+    /// gives the count alone.
     unsigned ReadSections(TChar* buffer, unsigned size) const;
     unsigned ReadSections(TOtherChar* buffer, unsigned size) const;
     /// As `ReadSections`, but of the keys of the bound section.
     unsigned ReadKeys(TChar* buffer, unsigned size) const;
     unsigned ReadKeys(TOtherChar* buffer, unsigned size) const;
 
-    /// Copies the text or the default, null for an empty one, to a buffer of `size` characters; what doesn't fit is cut.
-    /// Gives the count without the zero at the end.
+    /// Copies the text or the default, null for an empty one, to a buffer of `size` characters; what doesn't
+    /// fit is cut. Gives the count without the zero at the end.
     unsigned ReadStringBuf(const TText& key, TChar* buffer, unsigned size, const TChar* defaultText) const;
     unsigned ReadStringBuf(const System::AnsiString& key, TOtherChar* buffer, unsigned size,
                            const TOtherChar* defaultText) const;
@@ -130,8 +131,8 @@ protected:
     int ReadInt(const TText& key, int defaultValue) const;
     /// As `Sysutils::StrToInt64Def`.
     System::Int64 ReadInt64(const TText& key, System::Int64 defaultValue) const;
-    /// The number at the begin of the text, with a point. "+oo" is the largest number, and "-oo" the smallest positive
-    /// one.
+    /// The number at the begin of the text, with a point. "+oo" is the largest number, and "-oo" the smallest
+    /// positive one.
     float ReadFloat(const TText& key, float defaultValue) const;
     /// By "TRUE" and "FALSE" in any case, or by the words given; any other text gives the default.
     bool ReadBool(const TText& key, bool defaultValue) const;
@@ -167,26 +168,26 @@ class GIniFileGetters : public GIniFile<Engine>
     using TBase = GIniFile<Engine>;
 
 public:
+    using TBase::TBase;
     using typename TBase::TChar;
     using typename TBase::TOtherChar;
     using typename TBase::TText;
-    using TBase::TBase;
 
     /// The full name of the bound file; empty if the user's own profile is bound.
     const TText& GetIniFileName() const { return this->getFile(); }
 
     /// The names of all sections, each ended by a zero and the list by a second one, in a buffer of `size`
     /// characters. Gives the count of characters without the last zero; a list that doesn't fit is cut, ends
-    /// with two zeros, and the count is `size` - 2. The form of the other width allows a null buffer and gives the count
-    /// alone.
+    /// with two zeros, and the count is `size` - 2. The form of the other width allows a null buffer and
+    /// gives the count alone.
     unsigned GetSections(TChar* buffer, unsigned size) const { return this->ReadSections(buffer, size); }
     unsigned GetSections(TOtherChar* buffer, unsigned size) const { return this->ReadSections(buffer, size); }
     /// As `GetSections`, but of the keys of the bound section.
     unsigned GetKeys(TChar* buffer, unsigned size) const { return this->ReadKeys(buffer, size); }
     unsigned GetKeys(TOtherChar* buffer, unsigned size) const { return this->ReadKeys(buffer, size); }
 
-    /// Copies the text or the default, null for an empty one, to a buffer of `size` characters; what doesn't fit is cut.
-    /// Gives the count without the zero at the end.
+    /// Copies the text or the default, null for an empty one, to a buffer of `size` characters; what doesn't
+    /// fit is cut. Gives the count without the zero at the end.
     unsigned GetString(const TText& key, TChar* buffer, unsigned size, const TChar* defaultText) const
     {
         return this->ReadStringBuf(key, buffer, size, defaultText);
@@ -226,8 +227,8 @@ public:
     {
         return this->ReadInt64(key, defaultValue);
     }
-    /// The number at the begin of the text, with a point. "+oo" is the largest number, and "-oo" the smallest positive
-    /// one.
+    /// The number at the begin of the text, with a point. "+oo" is the largest number, and "-oo" the smallest
+    /// positive one.
     float GetFloat(const TText& key, float defaultValue) const { return this->ReadFloat(key, defaultValue); }
     /// By "TRUE" and "FALSE" in any case, or by the words given; any other text gives the default.
     bool GetBool(const TText& key, bool defaultValue) const { return this->ReadBool(key, defaultValue); }

@@ -130,7 +130,7 @@ TEST_F(UserFoldersTest, FollowTheDescriptionWhereItsFolderExists)
         std::string lines;
         std::string expected;
     } cases[] = {
-        {"UserDataPath=" + mine.string(), System::ToUtf8(Sysutils::FromHostPath(mine.string())) + "\\"},
+        {"UserDataPath=" + mine.string(), mine.string() + "\\"},
         {"UserDataPath=" + (mine / "missing").string(), System::ToUtf8(RootText()) + "UserData\\"},
         // 1A is 26, the folder of settings.
         {"UserDataLocation=1A\nUserDataSubPath=Own\\Data",

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/profile/Host_Profile.h"
 
+#include "../Host_FileSupport.h"
 #include "platform/host/Host_Error.h"
 #include "platform/host/Host_File.h"
 #include "support/ChildProgram.h"
-#include "../Host_FileSupport.h"
 
 #include <array>
 
@@ -61,11 +61,11 @@ TEST_F(HostProfileTest, ReadsWhatStandsInTheFile)
         const char16_t* key;
         const char16_t* value;
     } cases[] = {
-        {u"One", u"a", u"1"},          {u"oNE", u"A", u"1"},      {u" one\t", u" a ", u"1"},
-        {u"one", u"SP ACE", u"x y"},   {u"one", u"empty", u""},   {u"one", u"", u"<none>"},
-        {u"one", u"word", u"<none>"},  {u"one", u"eq", u"b=c"},   {u"one", u"hash#", u"#5 ;no comment"},
-        {u"two", u"unix", u"1"},       {u"one", u"MAC", u"\u00E4"}, {u"", u"none", u"5"},
-        {u"last", u"k", u"end"},       {u"", u"lost", u"<none>"}, {u"one", u"; a", u"<none>"},
+        {u"One", u"a", u"1"},         {u"oNE", u"A", u"1"},        {u" one\t", u" a ", u"1"},
+        {u"one", u"SP ACE", u"x y"},  {u"one", u"empty", u""},     {u"one", u"", u"<none>"},
+        {u"one", u"word", u"<none>"}, {u"one", u"eq", u"b=c"},     {u"one", u"hash#", u"#5 ;no comment"},
+        {u"two", u"unix", u"1"},      {u"one", u"MAC", u"\u00E4"}, {u"", u"none", u"5"},
+        {u"last", u"k", u"end"},      {u"", u"lost", u"<none>"},   {u"one", u"; a", u"<none>"},
         {u"three", u"a", u"<none>"},
     };
     for (const auto& row : cases) {
@@ -101,7 +101,8 @@ TEST_F(HostProfileTest, TakesOnePairOfQuotesAway)
 
 TEST_F(HostProfileTest, ReadsBackEachValueOfOneLine)
 {
-    const std::u16string_view pieces[] = {u"", u" ", u"\t", u"x", u"\"", u"'", u"=", u"]", u"#", u";", u"\u20AC", u"\u0416", u"\x01"};
+    const std::u16string_view pieces[] = {u"",  u" ", u"\t", u"x",      u"\"",     u"'",   u"=",
+                                          u"]", u"#", u";",  u"\u20AC", u"\u0416", u"\x01"};
     std::vector<UnicodeString> values;
     for (const auto a : pieces) {
         for (const auto b : pieces) {
@@ -144,7 +145,8 @@ TEST_F(HostProfileTest, ChangesOnlyWhatIsConcerned)
         {"[s]\nk=1\n", u"s", u"k", u"v", "[s]\nk=v\n"},
         {"[S]\n K =  1  \n;c\n", u"s", u"k", u"v", "[S]\n K =  v\n;c\n"},
         {"[s]\nk=1", u"s", u"l", u"v", "[s]\nk=1\nl=v\n"},
-        {"[s]\r\nk=1\r\n;c\r\n\r\n\r\n[t]\r\n", u"s", u"l", u"v", "[s]\r\nk=1\r\n;c\r\nl=v\r\n\r\n\r\n[t]\r\n"},
+        {"[s]\r\nk=1\r\n;c\r\n\r\n\r\n[t]\r\n", u"s", u"l", u"v",
+         "[s]\r\nk=1\r\n;c\r\nl=v\r\n\r\n\r\n[t]\r\n"},
         {"[s]", u"s", u"l", u"v", "[s]\r\nl=v\r\n"},
         {"[s]\n\n[t]\n", u"s", u"l", u"v", "[s]\nl=v\n\n[t]\n"},
         {"x\ry", u"s", u"l", u"v", "x\ry\r[s]\rl=v\r"},
@@ -185,7 +187,8 @@ TEST_F(HostProfileTest, KeepsUtf16)
     Write("a.ini", "\xFE\xFF\0[\0s\0]\0\n\0a\0=\x04\x16"s);
     EXPECT_EQ(Get(u"s", u"a"), u"\u0416");
     EXPECT_TRUE(Set(u"s", u"b", u"1"));
-    EXPECT_EQ(Read("a.ini"), "\xFE\xFF\0[\0s\0]\0\n\0a\0=\x04\x16\0\n\0b\0=\0""1\0\n"s);
+    EXPECT_EQ(Read("a.ini"), "\xFE\xFF\0[\0s\0]\0\n\0a\0=\x04\x16\0\n\0b\0=\0"
+                             "1\0\n"s);
 }
 
 TEST_F(HostProfileTest, RefusesWhatWouldBecomeAnotherLine)
@@ -197,10 +200,10 @@ TEST_F(HostProfileTest, RefusesWhatWouldBecomeAnotherLine)
         const char16_t* key;
         const char16_t* value;
     } cases[] = {
-        {u"s", u"k", u"a\nb"},   {u"s", u"k", u"a\rb"}, {u"s", u"k", u"\n"},    {u"s", u"k=", u"v"},
-        {u"s", u"k\nl", u"v"},   {u"s", u"", u"v"},     {u"s", u" ", u"v"},     {u"s", u";k", u"v"},
-        {u"s", u" [t]", u"v"},   {u"s]", u"k", u"v"},   {u"s\n[t]", u"k", u"v"}, {u"", u"k", u"v"},
-        {nullptr, u"k", u"v"},   {u"s", u"k", u"\xD800"}, {u"s", u"\xDC80", u"v"},
+        {u"s", u"k", u"a\nb"}, {u"s", u"k", u"a\rb"},   {u"s", u"k", u"\n"},     {u"s", u"k=", u"v"},
+        {u"s", u"k\nl", u"v"}, {u"s", u"", u"v"},       {u"s", u" ", u"v"},      {u"s", u";k", u"v"},
+        {u"s", u" [t]", u"v"}, {u"s]", u"k", u"v"},     {u"s\n[t]", u"k", u"v"}, {u"", u"k", u"v"},
+        {nullptr, u"k", u"v"}, {u"s", u"k", u"\xD800"}, {u"s", u"\xDC80", u"v"},
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(UnicodeString(row.section) + u'/' + row.key + u'/' + row.value);
@@ -224,20 +227,28 @@ TEST_F(HostProfileTest, FillsTheBufferByItsRules)
         std::u16string_view text;
         unsigned long count;
     } cases[] = {
-        {u"one", u"ab", 5, {u"1234\0", 5}, 4},     {u"one", u"ab", 4, {u"123\0", 4}, 3},
-        {u"one", u"ab", 1, {u"\0", 1}, 0},         {u"one", u"ab", 0, {u"", 0}, 0},
-        {u"one", u"x", 9, {u"def\0", 4}, 3},       {u"one", u"c", 9, {u"\0", 1}, 0},
-        {u"one", nullptr, 6, {u"ab\0c\0\0", 6}, 5}, {u"one", nullptr, 5, {u"ab\0\0\0", 5}, 3},
-        {u"one", nullptr, 4, {u"ab\0\0", 4}, 2},   {nullptr, u"ab", 9, {u"one\0two\0\0", 9}, 8},
-        {nullptr, nullptr, 8, {u"one\0tw\0\0", 8}, 6}, {nullptr, nullptr, 2, {u"\0\0", 2}, 0},
-        {nullptr, nullptr, 1, {u"\0", 1}, 0},      {u"three", nullptr, 9, {u"\0", 1}, 0},
+        {u"one", u"ab", 5, {u"1234\0", 5}, 4},
+        {u"one", u"ab", 4, {u"123\0", 4}, 3},
+        {u"one", u"ab", 1, {u"\0", 1}, 0},
+        {u"one", u"ab", 0, {u"", 0}, 0},
+        {u"one", u"x", 9, {u"def\0", 4}, 3},
+        {u"one", u"c", 9, {u"\0", 1}, 0},
+        {u"one", nullptr, 6, {u"ab\0c\0\0", 6}, 5},
+        {u"one", nullptr, 5, {u"ab\0\0\0", 5}, 3},
+        {u"one", nullptr, 4, {u"ab\0\0", 4}, 2},
+        {nullptr, u"ab", 9, {u"one\0two\0\0", 9}, 8},
+        {nullptr, nullptr, 8, {u"one\0tw\0\0", 8}, 6},
+        {nullptr, nullptr, 2, {u"\0\0", 2}, 0},
+        {nullptr, nullptr, 1, {u"\0", 1}, 0},
+        {u"three", nullptr, 9, {u"\0", 1}, 0},
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(UnicodeString(row.section) + u'/' + row.key + u'/' + UnicodeString(row.size));
         std::array<char16_t, 20> wide;
         wide.fill(u'#');
-        EXPECT_EQ(GetPrivateProfileStringW(row.section, row.key, u"def", wide.data(), row.size, mFile.c_str()),
-                  row.count);
+        EXPECT_EQ(
+            GetPrivateProfileStringW(row.section, row.key, u"def", wide.data(), row.size, mFile.c_str()),
+            row.count);
         EXPECT_EQ(std::u16string_view(wide.data(), row.text.size()), row.text);
         EXPECT_EQ(wide[std::max<std::size_t>(row.text.size(), row.size)], u'#');
         // An 8-bit text has as many characters.
@@ -355,8 +366,10 @@ TEST_F(HostProfileTest, KeepsOwnerModeAccessListAndLink)
         ASSERT_EQ(chown(real.c_str(), 65534, 65533), 0);
     }
     // Version 2: user rw, user 7 r, group r, mask r, others none.
-    const unsigned char list[] = {2,    0, 0, 0, 1, 0, 6, 0, 0xFF, 0xFF, 0xFF, 0xFF, 2,    0, 4,  0, 7,    0,    0,    0,   4,   0,
-                                  4,    0, 0xFF, 0xFF, 0xFF, 0xFF, 0x10, 0, 4, 0, 0xFF, 0xFF, 0xFF, 0xFF, 0x20, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0xFF};
+    const unsigned char list[] = {2,    0,    0,    0,    1,    0,    6,    0,    0xFF, 0xFF, 0xFF,
+                                  0xFF, 2,    0,    4,    0,    7,    0,    0,    0,    4,    0,
+                                  4,    0,    0xFF, 0xFF, 0xFF, 0xFF, 0x10, 0,    4,    0,    0xFF,
+                                  0xFF, 0xFF, 0xFF, 0x20, 0,    0,    0,    0xFF, 0xFF, 0xFF, 0xFF};
     const bool hasList = setxattr(real.c_str(), "system.posix_acl_access", list, sizeof list, 0) == 0;
     symlink("real/b.ini", Host("link").c_str());
     symlink(Host("link").c_str(), Host("a.ini").c_str());
@@ -369,7 +382,8 @@ TEST_F(HostProfileTest, KeepsOwnerModeAccessListAndLink)
     EXPECT_EQ(status.st_uid, isRoot ? 65534 : geteuid());
     if (hasList) {
         unsigned char kept[100];
-        ASSERT_EQ(getxattr(real.c_str(), "system.posix_acl_access", kept, sizeof kept), static_cast<ssize_t>(sizeof list));
+        ASSERT_EQ(getxattr(real.c_str(), "system.posix_acl_access", kept, sizeof kept),
+                  static_cast<ssize_t>(sizeof list));
         EXPECT_TRUE(std::equal(std::begin(list), std::end(list), kept));
     }
 }
@@ -429,18 +443,23 @@ TEST_F(HostProfileTest, HoldsManyKeysAndFiles)
     {
         Host::ProfileBundle bundle(mFile);
         for (int i = 0; i < count; ++i) {
-            ASSERT_TRUE(Host::WriteProfileValue(mFile, UnicodeString(i % 100), u"Key" + UnicodeString(i), UnicodeString(i)));
+            ASSERT_TRUE(Host::WriteProfileValue(mFile, UnicodeString(i % 100), u"Key" + UnicodeString(i),
+                                                UnicodeString(i)));
         }
         for (int i = 0; i < count; i += 2) {
-            ASSERT_TRUE(WritePrivateProfileStringW(UnicodeString(i % 100).c_str(), (u"KEY" + UnicodeString(i)).c_str(), nullptr, mFile.c_str()));
+            ASSERT_TRUE(WritePrivateProfileStringW(
+                UnicodeString(i % 100).c_str(), (u"KEY" + UnicodeString(i)).c_str(), nullptr, mFile.c_str()));
         }
         ASSERT_TRUE(bundle.End());
     }
     for (int i = 0; i < count; ++i) {
-        ASSERT_EQ(GetPrivateProfileIntW(UnicodeString(i % 100).c_str(), (u"key" + UnicodeString(i)).c_str(), -1, mFile.c_str()), i % 2 == 0 ? -1 : i);
+        ASSERT_EQ(GetPrivateProfileIntW(UnicodeString(i % 100).c_str(), (u"key" + UnicodeString(i)).c_str(),
+                                        -1, mFile.c_str()),
+                  i % 2 == 0 ? -1 : i);
     }
     for (int i = 0; i < 80; ++i) {
-        ASSERT_TRUE(Host::WriteProfileValue(Name(UnicodeString(i % 40) + u".ini"), u"s", UnicodeString(i), u"v"));
+        ASSERT_TRUE(
+            Host::WriteProfileValue(Name(UnicodeString(i % 40) + u".ini"), u"s", UnicodeString(i), u"v"));
     }
     EXPECT_EQ(Read("7.ini"), "[s]\r\n7=v\r\n47=v\r\n");
 }
