@@ -8,11 +8,16 @@ install(TARGETS TRS8_BTL TRS8_BTL_testing EXPORT TRS8_BTLTargets LIBRARY COMPONE
         NAMELINK_COMPONENT Development ARCHIVE COMPONENT Development)
 install(EXPORT TRS8_BTLTargets NAMESPACE TRS8_BTL:: DESTINATION ${package_dir} COMPONENT Development)
 
+set(ids_dir ${CMAKE_INSTALL_DATADIR}/TRS8_BTL/IDS)
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/TRS8_BTLConfig.cmake.in
-                              ${PROJECT_BINARY_DIR}/TRS8_BTLConfig.cmake INSTALL_DESTINATION ${package_dir})
+                              ${PROJECT_BINARY_DIR}/TRS8_BTLConfig.cmake INSTALL_DESTINATION ${package_dir}
+                              PATH_VARS ids_dir)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/TRS8_BTLConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/TRS8_BTLConfig.cmake ${PROJECT_BINARY_DIR}/TRS8_BTLConfigVersion.cmake
+              ${CMAKE_CURRENT_LIST_DIR}/LanguageFiles.cmake
         DESTINATION ${package_dir} COMPONENT Development)
+# A program takes its own copy of the language files along, which its users may change.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/data/IDS/ DESTINATION ${ids_dir} COMPONENT Development)
 
 file(RELATIVE_PATH pkgconfig_to_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(${CMAKE_CURRENT_LIST_DIR}/TRS8_BTL.pc.in ${PROJECT_BINARY_DIR}/TRS8_BTL.pc @ONLY)

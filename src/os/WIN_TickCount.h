@@ -10,7 +10,7 @@ namespace WIN
 ///
 ///     WIN::CTickCount watch;
 ///     ...                                                 // 250 of 1000 items
-///     ShowText(watch.GetDuartionInfo(250, 1000));         // "Remaining time: 0:0:42, ø 56 msec"
+///     ShowText(watch.GetDuartionInfo(250, 1000));         // "Restzeit: 0:0:42, ø 56 msec"
 ///     watch.Stop();
 ///     ShowText(watch.getLastDuration());
 class TRS8_BTL_API CTickCount
@@ -47,7 +47,8 @@ private:
 
 /// Gives the text in front of a remaining time.
 using FRemainingTimeText = System::UnicodeString (*)();
-/// What `GetDuartionInfo` begins with: "Remaining time: " until the table of languages fills it in.
+/// What `GetDuartionInfo` begins with. The library's table of texts fills it in, which has "Restzeit: " in
+/// German.
 TRS8_BTL_API extern FRemainingTimeText GetRemainingTimeText;
 
 } // namespace WIN

@@ -6,6 +6,7 @@
 #include "foundation/UTL_CVariant.h"
 #include "foundation/logs/UTL_LOG_Log.h"
 #include "foundation/logs/UTL_LOG_LogStream.h"
+#include "languages/BTL_I18N_Texts.h"
 #include "platform/base/dates/Sysutils_DateText.h"
 #include "platform/base/numbers/Sysutils_FloatText.h"
 #include "platform/runtime/classes/Classes_StringList.h"
@@ -43,6 +44,7 @@ UnicodeString Evidence()
     list.Add(Sysutils::DateToStr(System::TDateTime(2026, 11, 25)));
     list.Add(UTL::CVariant(2.5).ToWString());
     list.Add(BTL::kEmptyString);
+    list.Add(BTL::Gi18n::GetString(BTL::EIDS::CurrencyUnit));
     list.Sort();
     return list.getCommaText();
 }

@@ -49,9 +49,9 @@ TEST(WinTickCountTest, EstimatesTheRest)
     for (const auto& [done, total] : {std::pair(0LL, 10LL), {-1LL, 10LL}, {11LL, 10LL}}) {
         EXPECT_EQ(watch.GetDuartionInfo(done, total), u"");
     }
-    EXPECT_EQ(watch.GetDuartionInfo(10, 10).SubString(1, 20), u"Remaining time: , ø ");
-    EXPECT_TRUE(watch.GetDuartionInfo(10, 20).AsView().starts_with(u"Remaining time: 0:1:40, ø 100"));
-    EXPECT_EQ(watch.GetDuartionInfo(1'000'000, 2'000'000), u"Remaining time: 0:1:40");
+    EXPECT_EQ(watch.GetDuartionInfo(10, 10).SubString(1, 14), u"Restzeit: , ø ");
+    EXPECT_TRUE(watch.GetDuartionInfo(10, 20).AsView().starts_with(u"Restzeit: 0:1:40, ø 100"));
+    EXPECT_EQ(watch.GetDuartionInfo(1'000'000, 2'000'000), u"Restzeit: 0:1:40");
     EXPECT_FALSE(watch.GetDuartionInfo(1, std::numeric_limits<System::Int64>::max()).IsEmpty());
 }
 

@@ -5,6 +5,7 @@
 
 #include <initializer_list>
 #include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -27,6 +28,10 @@ public:
     ScriptedBoxes(const ScriptedBoxes&) = delete;
     ScriptedBoxes& operator=(const ScriptedBoxes&) = delete;
     ~ScriptedBoxes() { Toolkits::ExchangeToolkit(std::move(mFormer)); }
+
+    /// The script of inputs; nothing cancels.
+    void AnswerInput(std::optional<System::UnicodeString> line) { mToolkit->AnswerInput(std::move(line)); }
+    std::vector<Toolkits::HeadlessToolkit::TAsked> TakeAsked() { return mToolkit->TakeAsked(); }
 
     /// The boxes shown since the last call.
     std::vector<Toolkits::HeadlessToolkit::TShown> TakeShown() { return mToolkit->TakeShown(); }

@@ -19,8 +19,8 @@ System::UTF8String Utf8Of(const System::UnicodeString& text) noexcept
 
 } // namespace
 
-Exception::Exception(System::UnicodeString message) noexcept
-    : mMessage(std::move(message)), mUtf8(Utf8Of(mMessage))
+Exception::Exception(System::UnicodeString message, int helpContext) noexcept
+    : mMessage(std::move(message)), mUtf8(Utf8Of(mMessage)), mHelpContext(helpContext)
 {
 }
 

@@ -19,13 +19,16 @@ namespace Sysutils
 class TRS8_BTL_API Exception : public std::exception
 {
 public:
-    explicit Exception(System::UnicodeString message) noexcept;
+    explicit Exception(System::UnicodeString message, int helpContext = 0) noexcept;
     Exception(const Exception&) = default;
     Exception& operator=(const Exception&) = default;
     ~Exception() override;
 
     const System::UnicodeString& getMessage() const noexcept { return mMessage; }
     void setMessage(const System::UnicodeString& message) noexcept;
+    /// The number of the page of the help that tells of it, 0 for none.
+    int getHelpContext() const noexcept { return mHelpContext; }
+    void setHelpContext(int helpContext) noexcept { mHelpContext = helpContext; }
     /// The message in UTF-8, valid until it is set anew. What takes a `const char*` for text of the code
     /// page, as a `System::UnicodeString` does, spoils it: take `getMessage` or `MessageOf`.
     const char* what() const noexcept override { return mUtf8.c_str(); }
@@ -34,6 +37,7 @@ private:
     System::UnicodeString mMessage;
     // Made beforehand: several threads may look at one exception.
     System::UTF8String mUtf8;
+    int mHelpContext = 0;
 };
 
 /// The message of any exception as wide text: that of an `Exception`, and `what()` of another one, read as

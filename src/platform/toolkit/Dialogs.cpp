@@ -2,6 +2,7 @@
 #include "platform/toolkit/Dialogs.h"
 
 #include "platform/toolkit/MessageBox.h"
+#include "platform/toolkit/Toolkit.h"
 
 #include <algorithm>
 #include <array>
@@ -72,6 +73,20 @@ int MessageDlg(const System::UnicodeString& text, TMsgDlgType type, TMsgDlgButto
 void ShowMessage(const System::UnicodeString& text)
 {
     MessageDlg(text, mtCustom, {mbOK}, 0);
+}
+
+bool InputQuery(const System::UnicodeString& caption, const System::UnicodeString& prompt,
+                System::UnicodeString& value)
+{
+    return Toolkits::CurrentToolkit().AskInput({.caption = caption, .prompt = prompt, .value = value}, value);
+}
+
+System::UnicodeString InputBox(const System::UnicodeString& caption, const System::UnicodeString& prompt,
+                               const System::UnicodeString& defaultValue)
+{
+    System::UnicodeString line = defaultValue;
+    InputQuery(caption, prompt, line);
+    return line;
 }
 
 } // namespace Dialogs

@@ -52,4 +52,13 @@ TRS8_BTL_API int MessageDlg(const System::UnicodeString& text, TMsgDlgType type,
 /// A box with OK alone.
 TRS8_BTL_API void ShowMessage(const System::UnicodeString& text);
 
+/// Asks for a line of text, which is `value` at first. True if the user agreed, and then `value` is the line;
+/// otherwise it stays.
+TRS8_BTL_API bool InputQuery(const System::UnicodeString& caption, const System::UnicodeString& prompt,
+                             System::UnicodeString& value);
+/// As `InputQuery`, but gives the line itself, which is `defaultValue` at first and if the user cancels.
+TRS8_BTL_API System::UnicodeString InputBox(const System::UnicodeString& caption,
+                                            const System::UnicodeString& prompt,
+                                            const System::UnicodeString& defaultValue);
+
 } // namespace Dialogs

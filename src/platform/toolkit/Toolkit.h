@@ -22,6 +22,15 @@ struct TBox
     unsigned flags = 0;
 };
 
+/// A modal box that asks for one line of text.
+struct TInput
+{
+    System::UnicodeString caption;
+    System::UnicodeString prompt;
+    /// What stands in the line at first.
+    System::UnicodeString value;
+};
+
 /// The seam to a graphical toolkit. All operations but `Post` belong to the main thread.
 ///
 ///     Toolkits::CurrentToolkit().Post([text] { Show(text); });    // from any thread, to run in the main one
@@ -36,6 +45,9 @@ public:
 
     /// Shows the box until it is answered; the result is one of the `ID...` values.
     virtual int ShowBox(const TBox& box) = 0;
+
+    /// Asks until the user agrees or cancels. True with the line in `value`; false leaves `value` alone.
+    virtual bool AskInput(const TInput& input, System::UnicodeString& value) = 0;
 
     /// All screens together, in pixels.
     virtual Types::TRect DesktopRect() const = 0;

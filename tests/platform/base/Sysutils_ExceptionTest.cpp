@@ -66,6 +66,18 @@ TEST(ExceptionTest, GivesTheMessageOfAnyExceptionAsWideText)
     }
 }
 
+TEST(ExceptionTest, NamesAPageOfTheHelp)
+{
+    EXPECT_EQ(Sysutils::Exception(u"text").getHelpContext(), 0);
+    try {
+        throw EConvertError(u"text", 12);
+    } catch (Sysutils::Exception& fault) {
+        EXPECT_EQ(fault.getHelpContext(), 12);
+        fault.setHelpContext(13);
+        EXPECT_EQ(Sysutils::Exception(fault).getHelpContext(), 13);
+    }
+}
+
 TEST(ExceptionDeathTest, IsShownIfNobodyCatchesIt)
 {
     const auto end = [] {

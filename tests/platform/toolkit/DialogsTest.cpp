@@ -44,4 +44,27 @@ TEST(DialogsTest, ShowsAMessage)
     EXPECT_EQ(boxes.TakeShown().at(0).box.text, u"done");
 }
 
+TEST(DialogsTest, AsksForALine)
+{
+    Support::ScriptedBoxes boxes;
+    boxes.AnswerInput(u"Ofen 2");
+    boxes.AnswerInput(std::nullopt);
+    boxes.AnswerInput(u"");
+
+    System::UnicodeString name = u"Ofen";
+    EXPECT_TRUE(InputQuery(u"Kanal", u"Name:", name));
+    EXPECT_EQ(name, u"Ofen 2");
+    EXPECT_FALSE(InputQuery(u"Kanal", u"Name:", name));
+    EXPECT_EQ(name, u"Ofen 2");
+    EXPECT_EQ(InputBox(u"Kanal", u"Name:", u"keiner"), u"");
+
+    const auto asked = boxes.TakeAsked();
+    ASSERT_EQ(asked.size(), 3U);
+    EXPECT_EQ(asked[0].input.caption, u"Kanal");
+    EXPECT_EQ(asked[0].input.prompt, u"Name:");
+    EXPECT_EQ(asked[0].input.value, u"Ofen");
+    EXPECT_EQ(asked[1].input.value, u"Ofen 2");
+    EXPECT_EQ(asked[1].answer, std::nullopt);
+}
+
 } // namespace

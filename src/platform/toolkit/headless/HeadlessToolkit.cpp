@@ -68,6 +68,13 @@ void WriteBox(const TBox& box, int answer)
               << std::flush;
 }
 
+void WriteCancelled(const TInput& input)
+{
+    std::cerr << input.caption << ": " << input.prompt << " [" << input.value << "]\n[" << Cancel.name
+              << "]\n"
+              << std::flush;
+}
+
 } // namespace
 
 HeadlessToolkit::~HeadlessToolkit() = default;
@@ -80,6 +87,16 @@ void HeadlessToolkit::Answer(int button)
 std::vector<HeadlessToolkit::TShown> HeadlessToolkit::TakeShown()
 {
     return std::exchange(mShown, {});
+}
+
+void HeadlessToolkit::AnswerInput(std::optional<System::UnicodeString> line)
+{
+    mLines.push_back(std::move(line));
+}
+
+std::vector<HeadlessToolkit::TAsked> HeadlessToolkit::TakeAsked()
+{
+    return std::exchange(mAsked, {});
 }
 
 int HeadlessToolkit::UnattendedAnswer(unsigned flags)
@@ -112,6 +129,22 @@ int HeadlessToolkit::ShowBox(const TBox& box)
     }
     mShown.push_back({box, answer});
     return answer;
+}
+
+bool HeadlessToolkit::AskInput(const TInput& input, System::UnicodeString& value)
+{
+    std::optional<System::UnicodeString> answer;
+    if (mLines.empty()) {
+        WriteCancelled(input);
+    } else {
+        answer = std::move(mLines.front());
+        mLines.pop_front();
+    }
+    mAsked.push_back({input, answer});
+    if (answer) {
+        value = *answer;
+    }
+    return answer.has_value();
 }
 
 Types::TRect HeadlessToolkit::DesktopRect() const

@@ -7,6 +7,7 @@
 #include <deque>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <vector>
 
 namespace Toolkits
@@ -29,16 +30,31 @@ public:
         int answer = 0;
     };
 
+    /// A line that was asked for, and what was given: nothing if it was cancelled.
+    struct TAsked
+    {
+        TInput input;
+        std::optional<System::UnicodeString> answer;
+    };
+
     ~HeadlessToolkit() override;
 
     /// Adds an answer to the script; the next box without one takes it. `std::logic_error` from `ShowBox` if
     /// that box has no such button.
     void Answer(int button);
 
+    /// Adds a line to the script of what is asked for; nothing cancels. Where it is at its end, each input is
+    /// written to the standard error stream and cancelled.
+    void AnswerInput(std::optional<System::UnicodeString> line);
+
     /// The boxes shown since the last call, in their order.
     std::vector<TShown> TakeShown();
 
+    /// The inputs asked for since the last call, in their order.
+    std::vector<TAsked> TakeAsked();
+
     int ShowBox(const TBox& box) override;
+    bool AskInput(const TInput& input, System::UnicodeString& value) override;
     /// Always 1920 by 1080 at the origin.
     Types::TRect DesktopRect() const override;
     void Post(std::function<void()> action) override;
@@ -52,6 +68,8 @@ public:
 private:
     std::deque<int> mScript;
     std::vector<TShown> mShown;
+    std::deque<std::optional<System::UnicodeString>> mLines;
+    std::vector<TAsked> mAsked;
     std::mutex mMessagesMutex;
     std::condition_variable mMessagePosted;
     std::deque<std::function<void()>> mMessages;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/headless/HeadlessToolkit.h"
 
+#include "platform/toolkit/Dialogs.h"
 #include "platform/toolkit/MessageBox.h"
 #include "support/ScriptedBoxes.h"
 
@@ -41,6 +42,14 @@ TEST(HeadlessToolkitTest, WritesUnattendedBoxesToTheErrorStream)
     testing::internal::CaptureStderr();
     EXPECT_EQ(MessageBoxW(nullptr, u"Größe?", nullptr, MB_YESNO | MB_ICONQUESTION), IDNO);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "Error: Größe?\n[No]\n");
+}
+
+TEST(HeadlessToolkitTest, CancelsUnattendedInputs)
+{
+    Support::ScriptedBoxes boxes;
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(Dialogs::InputBox(u"Kanal", u"Name:", u"Ofen"), u"Ofen");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Kanal: Name: [Ofen]\n[Cancel]\n");
 }
 
 TEST(HeadlessToolkitTest, RefusesAScriptedAnswerWithoutAButton)
