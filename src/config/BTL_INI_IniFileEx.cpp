@@ -27,7 +27,8 @@ Inifiles::TCustomIniFile& ACustomIniFileImp::File() const
 template <class File>
 void ACustomIniFileImp::Open(const UnicodeString& file)
 {
-    if (mFile != nullptr && getPath() + getFileName() == file) {
+    // The name comes back as it was given or, from `AIni::getFile`, in full.
+    if (mFile != nullptr && (file == getPath() + getFileName() || file == getFile())) {
         return;
     }
     mFile = nullptr;

@@ -157,9 +157,9 @@ private:
     TText mFile;
 };
 
-extern template class GIniFile<EIniEngine::Ansi>;
-extern template class GIniFile<EIniEngine::Wide>;
-extern template class GIniFile<EIniEngine::Wide2>;
+extern template class TRS8_BTL_API GIniFile<EIniEngine::Ansi>;
+extern template class TRS8_BTL_API GIniFile<EIniEngine::Wide>;
+extern template class TRS8_BTL_API GIniFile<EIniEngine::Wide2>;
 
 /// The reading operations under their usual names; each is as the one called `Read...` of `CIniFileW2`.
 template <EIniEngine Engine>
