@@ -5,6 +5,7 @@
 #include "environment/folders/BTL_ENV_Folders.h"
 #include "environment/folders/internal/BTL_ENV_LastFolder.h"
 #include "foundation/UTL_ASRT_Assert.h"
+#include "languages/BTL_I18N_Language.h"
 #include "platform/host/Host_SpecialFolder.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"
 
@@ -200,6 +201,17 @@ UnicodeString GetDBSchemaCacheDir(const UnicodeString& name)
     const UnicodeString folder = GetUserDBPath() + u"SchemaCache_" + name;
     Sysutils::ForceDirectories(folder);
     return folder;
+}
+
+UnicodeString GetI18NLanguageDataPath(ELanguage language)
+{
+    static auto& last = *new CLastFolder;
+    return last.Make(GetUserDataPath() + u"I18N\\" + GetI18NLanguageName(language) + u'\\');
+}
+
+UnicodeString GetI18NLanguageDataPath()
+{
+    return GetI18NLanguageDataPath(GetCurLanguage());
 }
 
 UnicodeString GetExportPath()

@@ -6,6 +6,8 @@
 namespace BTL
 {
 
+enum class ELanguage;
+
 // The folders below the user's data, and the folders of the machine behind them. Each result ends with a
 // separator unless its comment says otherwise, and is worked out once and then kept for the run. A folder
 // that is made is made when it is first worked out; that it can't be made isn't told. The first request for
@@ -69,6 +71,12 @@ namespace BTL
 [[nodiscard]] TRS8_BTL_API System::UnicodeString GetCustomFormDefPath(const System::UnicodeString& name);
 /// "SchemaCache_" and `name` in the user's databases, without a final separator. It is made at each call.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString GetDBSchemaCacheDir(const System::UnicodeString& name);
+
+/// The folder with the English name of the language in "I18N" of the user's data. It is made, and kept until
+/// that of another language is asked for.
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetI18NLanguageDataPath(ELanguage language);
+/// As `GetI18NLanguageDataPath` of the current language.
+[[nodiscard]] TRS8_BTL_API System::UnicodeString GetI18NLanguageDataPath();
 
 /// "Export" in the user's temporary folder. It is made.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString GetExportPath();

@@ -5,6 +5,7 @@
 #include "environment/BTL_ENV_ReplicationFolders.h"
 #include "environment/folders/BTL_ENV_Folders.h"
 #include "foundation/UTL_ASRT_Assert.h"
+#include "languages/BTL_I18N_Language.h"
 #include "platform/host/Host_Path.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"
 #include "support/ChildProgram.h"
@@ -165,6 +166,13 @@ TEST(UserFoldersChild, DISABLED_Named)
                              BTL::GetCustomDBDefPath, BTL::GetCustomFormDefPath}) {
         EXPECT_THROW((void)path(UnicodeString()), UTL::XAssert);
     }
+    const UnicodeString english = BTL::GetI18NLanguageDataPath(BTL::ELanguage::English);
+    EXPECT_EQ(english, BTL::GetUserDataPath() + u"I18N\\English\\");
+    EXPECT_EQ(BTL::GetI18NLanguageDataPath(), BTL::GetUserDataPath() + u"I18N\\German\\");
+    EXPECT_TRUE(Sysutils::RemoveDir(english));
+    (void)BTL::GetI18NLanguageDataPath(BTL::ELanguage::English);
+    EXPECT_TRUE(Sysutils::DirectoryExists(english)) << "made anew, since another was asked for between";
+
     const UnicodeString sub = BTL::GetUserDataPath(u"Some\\Where");
     EXPECT_TRUE(Sysutils::DirectoryExists(sub));
     EXPECT_EQ(sub, BTL::GetUserDataPath() + u"Some\\Where");

@@ -49,6 +49,14 @@ if(NOT printed STREQUAL "ready")
     message(FATAL_ERROR "The program with a simulated instrument printed '${printed}'")
 endif()
 
+run_step(DESCRIPTION "The installation of a program"
+    COMMAND "${CMAKE_COMMAND}" --install "${workFolder}/cmake" --prefix "${workFolder}/programs")
+run_step(DESCRIPTION "The program in its folders"
+    COMMAND "${workFolder}/programs/opt/Locator/Bin/located" OUTPUT printed)
+if(NOT printed STREQUAL "Locator\\Bin\\ Located")
+    message(FATAL_ERROR "The program in its folders printed '${printed}'")
+endif()
+
 build_with_pkg_config("${consumerFolder}/main.cpp" "${workFolder}/consumer")
 if(NOT pkgFlags MATCHES "^-I[^ ]*/include -L")
     message(FATAL_ERROR "pkg-config tells more than one include folder: ${pkgFlags}")

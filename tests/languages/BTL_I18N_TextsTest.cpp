@@ -88,7 +88,8 @@ TEST(TextsTest, AreThoseOfIniFiles)
     Support::ScriptedBoxes boxes({IDOK});
     EXPECT_TRUE(ini.ShowReadOnlyWarinig());
     EXPECT_EQ(boxes.TakeShown().at(0).box.text,
-              u"Die Datei \n'" + file.Name() + u"'\n ist schreibgesch\u00FCtzt. \u00C4nderungen werden nicht gespeichert.");
+              u"Die Datei \n'" + file.Name() +
+                  u"'\n ist schreibgesch\u00FCtzt. \u00C4nderungen werden nicht gespeichert.");
     try {
         ini.WriteInt("Channels", 5);
         ADD_FAILURE();

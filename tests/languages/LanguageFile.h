@@ -17,10 +17,7 @@ public:
     explicit LanguageFile(std::string_view content) { Write(content); }
 
     void Write(std::string_view content) const { std::ofstream(mFile, std::ios::binary) << content; }
-    void SetReadOnly() const
-    {
-        std::filesystem::permissions(mFile, std::filesystem::perms::owner_read);
-    }
+    void SetReadOnly() const { std::filesystem::permissions(mFile, std::filesystem::perms::owner_read); }
     void Remove() const { std::filesystem::remove(mFile); }
 
     /// The folder with a separator behind.
