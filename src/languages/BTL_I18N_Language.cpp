@@ -2,7 +2,7 @@
 #include "languages/BTL_I18N_Language.h"
 
 #include "environment/folders/BTL_ENV_Folders.h"
-#include "languages/internal/BTL_I18N_LanguageFolder.h"
+#include "environment/folders/internal/BTL_ENV_LastFolder.h"
 #include "platform/runtime/sysutils/Sysutils_Text.h"
 
 #include <algorithm>
@@ -106,7 +106,7 @@ UnicodeString GetCurrLanguageA3Acronym()
 UnicodeString GetI18NLanguageBinPath(ELanguage language)
 {
     // Never destroyed, as all folders.
-    static CLanguageFolder& folder = *new CLanguageFolder;
+    static CLastFolder& folder = *new CLastFolder;
     return folder.Make(GetRootPath() + u"BIN_" + GetLanguageAcronym(language) + u"\\");
 }
 

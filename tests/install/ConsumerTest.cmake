@@ -53,6 +53,13 @@ file(STRINGS "${workFolder}/cmake/ProgramData/IDS/BTL_German.ids" texts REGEX "^
 if(NOT texts)
     message(FATAL_ERROR "The program lies in a folder without the English language files")
 endif()
+run_step(DESCRIPTION "The installation of a program"
+    COMMAND "${CMAKE_COMMAND}" --install "${workFolder}/cmake" --prefix "${workFolder}/programs")
+run_step(DESCRIPTION "The program in its folders"
+    COMMAND "${workFolder}/programs/opt/Locator/Bin/located" OUTPUT printed)
+if(NOT printed STREQUAL "Locator\\Bin\\ Located")
+    message(FATAL_ERROR "The program in its folders printed '${printed}'")
+endif()
 
 build_with_pkg_config("${consumerFolder}/main.cpp" "${workFolder}/consumer")
 if(NOT pkgFlags MATCHES "^-I[^ ]*/include -L")

@@ -32,6 +32,14 @@ public:
     const System::UnicodeString& getTitle() const noexcept { return mTitle; }
     void setTitle(const System::UnicodeString& title) { mTitle = title; }
 
+    /// The program's help file; empty at first.
+    const System::UnicodeString& getHelpFile() const noexcept { return mHelpFile; }
+    void setHelpFile(const System::UnicodeString& file) { mHelpFile = file; }
+
+    /// Whether the main form itself stands for the program on the task bar; off at first.
+    bool getMainFormOnTaskBar() const noexcept { return mMainFormOnTaskBar; }
+    void setMainFormOnTaskBar(bool isOn) noexcept { mMainFormOnTaskBar = isOn; }
+
     /// True from the moment that the program is asked to end.
     bool getTerminated() const noexcept { return mTerminated; }
 
@@ -53,6 +61,8 @@ public:
 
 private:
     System::UnicodeString mTitle;
+    System::UnicodeString mHelpFile;
+    bool mMainFormOnTaskBar = false;
     std::atomic<bool> mTerminated = false;
 };
 

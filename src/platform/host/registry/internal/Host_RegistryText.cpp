@@ -220,7 +220,10 @@ RegistryText RegistryText::Parse(std::string_view text)
         }
         if (!IsRemark(line) && line.starts_with('[') && line.ends_with(']')) {
             path = RegistryPath(Unescaped(Trimmed(line.substr(1, line.size() - 2))));
-            result.MakeKey(path);
+            // The root needs no line of its own.
+            if (!path.IsEmpty()) {
+                result.MakeKey(path);
+            }
         } else if (!IsRemark(line) && !line.starts_with('[') && equals != std::string_view::npos) {
             result.Set(path, Unescaped(Trimmed(line.substr(0, equals))),
                        ReadValue(Trimmed(line.substr(equals + 1))));
