@@ -181,7 +181,7 @@ void GIniFile<Engine>::Init(const TText& section)
 template <EIniEngine Engine>
 void GIniFile<Engine>::Init(const TText& section, const TText& file)
 {
-    const UnicodeString name(file);
+    const UnicodeString& name = file;
     if (!name.IsEmpty() && Sysutils::ExtractFileExt(name).IsEmpty()) {
         UTL::THROW_XAssert(NoExtension(Engine));
     }
@@ -514,8 +514,8 @@ bool GIniFile<Engine>::WriteCommaText(const TText& key, const TText& value)
 template <EIniEngine Engine>
 bool GIniFile<Engine>::WriteUTF8String(const TText& key, const TText& value)
 {
-    const TText keyBytes = AsUtf8<TText>(key);
-    const TText valueBytes = AsUtf8<TText>(value);
+    const auto keyBytes = AsUtf8<TText>(key);
+    const auto valueBytes = AsUtf8<TText>(value);
     return Engine == EIniEngine::Ansi ? WriteString(keyBytes, valueBytes) : Store(keyBytes, valueBytes);
 }
 
