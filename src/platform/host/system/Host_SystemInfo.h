@@ -54,7 +54,7 @@ struct OSVERSIONINFOW
 TRS8_BTL_API bool GetVersionExW(OSVERSIONINFOW* info);
 
 /// The memory of the machine and of this process, in bytes.
-struct _MEMORYSTATUSEX
+struct _MEMORYSTATUSEX // NOLINT(bugprone-reserved-identifier): users know it by that name
 {
     std::uint32_t dwLength = 64;
     /// What part of the memory is in use, 0 to 100.
