@@ -8,6 +8,7 @@
 #include "text/editing/BTL_STR_Cut.h"
 #include "text/lists/BTL_STR_StrStrMap.h"
 
+#include <iterator>
 #include <limits>
 #include <map>
 #include <numeric>
@@ -30,10 +31,14 @@ public:
 
     const UnicodeString& getName() const noexcept { return mName; }
 
+    /// Looks first in front of `hint`, and tells the place behind the key.
+    const_iterator Set(const_iterator hint, UnicodeString key, UnicodeString value)
+    {
+        return std::next(insert_or_assign(hint, std::move(key), std::move(value)));
+    }
     void Set(UnicodeString key, UnicodeString value)
     {
-        // Keys often come in their order.
-        insert_or_assign(std::as_const(*this).end(), std::move(key), std::move(value));
+        Set(std::as_const(*this).end(), std::move(key), std::move(value));
     }
 
 private:
@@ -157,6 +162,7 @@ public:
             mStore.mOnLoadSection(AnsiString(name), ToldPlace(mStream.getPosition()));
         }
         mSection = &mStore.NeedSection(mName);
+        mBehind = std::as_const(*mSection).end();
     }
 
     void OnKey(std::string_view keyBytes, std::string_view valueBytes)
@@ -166,7 +172,8 @@ public:
         UnicodeString value =
             Unquoted(UnicodeString(System::DecodeText(mCodePage, WithoutBlanks(valueBytes))));
         if (!mStore.mOnLoadKey) {
-            mSection->Set(std::move(key), std::move(value));
+            // Keys often come in their order.
+            mBehind = mSection->Set(mBehind, std::move(key), std::move(value));
             return;
         }
         mStore.NeedSection(mName).Set(key, value);
@@ -179,6 +186,7 @@ private:
     System::CodePage mCodePage;
     UnicodeString mName;
     CSection* mSection = nullptr;
+    CSection::const_iterator mBehind;
 };
 
 /// Gathers the text that is saved. A closure finds in the stream all that stands before.
