@@ -8,6 +8,9 @@
 #include "text/editing/BTL_STR_Cut.h"
 #include "text/lists/BTL_STR_StrStrMap.h"
 
+#include <algorithm>
+#include <array>
+#include <iterator>
 #include <limits>
 #include <map>
 #include <numeric>
@@ -30,10 +33,14 @@ public:
 
     const UnicodeString& getName() const noexcept { return mName; }
 
+    /// Looks first in front of `hint`, and tells the place behind the key.
+    const_iterator Set(const_iterator hint, UnicodeString key, UnicodeString value)
+    {
+        return std::next(insert_or_assign(hint, std::move(key), std::move(value)));
+    }
     void Set(UnicodeString key, UnicodeString value)
     {
-        // Keys often come in their order.
-        insert_or_assign(std::as_const(*this).end(), std::move(key), std::move(value));
+        Set(std::as_const(*this).end(), std::move(key), std::move(value));
     }
 
 private:
@@ -138,6 +145,40 @@ constexpr auto SecondOf = [](const auto& entry) -> const UnicodeString& { return
 
 } // namespace
 
+namespace
+{
+
+/// Decodes short texts so that those that come again, as the keys of alike sections do, share one buffer.
+class CTextCache
+{
+public:
+    UnicodeString Decoded(System::CodePage codePage, std::string_view bytes)
+    {
+        constexpr std::size_t longest = 32;
+        if (bytes.size() > longest) {
+            return UnicodeString(System::DecodeText(codePage, bytes));
+        }
+        UnicodeString& text = mTexts[std::hash<std::string_view>()(bytes) % mTexts.size()];
+        if (!IsAsciiOf(text, bytes)) {
+            text = UnicodeString(System::DecodeText(codePage, bytes));
+        }
+        return text;
+    }
+
+private:
+    static bool IsAsciiOf(const UnicodeString& text, std::string_view bytes)
+    {
+        const auto isSame = [](System::WideChar c, char byte) {
+            return c < 0x80 && c == static_cast<unsigned char>(byte);
+        };
+        return std::equal(text.begin(), text.end(), bytes.begin(), bytes.end(), isSame);
+    }
+
+    std::array<UnicodeString, 1024> mTexts;
+};
+
+} // namespace
+
 /// Takes what is loaded into the store and tells the closures. Those may do with the store what they like, so
 /// the section is sought again after each.
 class CIniStreamImp::CLoader
@@ -157,16 +198,17 @@ public:
             mStore.mOnLoadSection(AnsiString(name), ToldPlace(mStream.getPosition()));
         }
         mSection = &mStore.NeedSection(mName);
+        mBehind = std::as_const(*mSection).end();
     }
 
     void OnKey(std::string_view keyBytes, std::string_view valueBytes)
     {
         using System::Detail::WithoutBlanks;
-        UnicodeString key = FromCodePage(WithoutBlanks(keyBytes));
-        UnicodeString value =
-            Unquoted(UnicodeString(System::DecodeText(mCodePage, WithoutBlanks(valueBytes))));
+        UnicodeString key = mKeys.Decoded(System::DefaultSystemCodePage, WithoutBlanks(keyBytes));
+        UnicodeString value = Unquoted(mValues.Decoded(mCodePage, WithoutBlanks(valueBytes)));
         if (!mStore.mOnLoadKey) {
-            mSection->Set(std::move(key), std::move(value));
+            // Keys often come in their order.
+            mBehind = mSection->Set(mBehind, std::move(key), std::move(value));
             return;
         }
         mStore.NeedSection(mName).Set(key, value);
@@ -179,6 +221,9 @@ private:
     System::CodePage mCodePage;
     UnicodeString mName;
     CSection* mSection = nullptr;
+    CSection::const_iterator mBehind;
+    CTextCache mKeys;
+    CTextCache mValues;
 };
 
 /// Gathers the text that is saved. A closure finds in the stream all that stands before.
