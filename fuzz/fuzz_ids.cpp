@@ -3,10 +3,9 @@
 #include "languages/BTL_ID_Ini.h"
 #include "platform/base/Sysutils_Exception.h"
 #include "platform/host/Host_Path.h"
-#include "support/Fuzz.h"
+#include "support/WorkFolder.h"
 #include "text/grammar/BTL_STR_Escape.h"
 
-#include <filesystem>
 #include <fstream>
 
 using Fuzz::Require;
@@ -18,34 +17,17 @@ namespace
 constexpr int Ids[] = {0, 1, 100000000, -2147483647, 2147483647, -1};
 constexpr int Count = 5;
 
-/// A folder for the file, for the life of the program.
-class CWorkFolder
+/// A file with this content, of a name that no former one had: what is kept of that counts no more.
+UnicodeString NewFile(std::string_view content)
 {
-public:
-    CWorkFolder()
-    {
-        std::string path = (std::filesystem::temp_directory_path() / "trs8_btl_XXXXXX").string();
-        Require(mkdtemp(path.data()) != nullptr);
-        mPath = path;
-    }
-    CWorkFolder(const CWorkFolder&) = delete;
-    CWorkFolder& operator=(const CWorkFolder&) = delete;
-    ~CWorkFolder() { std::filesystem::remove_all(mPath); }
-
-    /// A file that wasn't there yet, with this content.
-    std::filesystem::path NewFile(std::string_view content)
-    {
-        std::filesystem::remove(mLast);
-        mLast = mPath / (std::to_string(++mCount) + ".ids");
-        std::ofstream(mLast, std::ios::binary) << content;
-        return mLast;
-    }
-
-private:
-    std::filesystem::path mPath;
-    std::filesystem::path mLast;
-    int mCount = 0;
-};
+    static const Fuzz::WorkFolder folder;
+    static std::filesystem::path last;
+    static int count = 0;
+    std::filesystem::remove(last);
+    last = folder.Path() / (std::to_string(++count) + ".ids");
+    std::ofstream(last, std::ios::binary) << content;
+    return Sysutils::FromHostPath(last.string());
+}
 
 /// Whatever stands for a placeholder, the result is a text.
 void FillText(BTL::AID_Strings& texts, int id)
@@ -68,8 +50,7 @@ void WriteText(BTL::CIDSIniFile& texts, const UnicodeString& text)
 /// each is read by itself.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    static CWorkFolder folder;
-    const UnicodeString file = Sysutils::FromHostPath(folder.NewFile(Fuzz::Bytes(data, size)).string());
+    const UnicodeString file = NewFile(Fuzz::Bytes(data, size));
     BTL::AIDSFile table(file, Ids);
     BTL::CIDSIniFile texts(file, u"IDS", "000000000");
     for (int i = 0; i < Count; ++i) {

@@ -2,14 +2,11 @@
 #include "config/BTL_INI_JsonIni.h"
 #include "platform/runtime/classes/Classes_StringList.h"
 #include "streams/BTL_STRM_StreamUtilities.h"
-#include "support/Fuzz.h"
+#include "support/WorkFolder.h"
 
 #include <cstdint>
-#include <filesystem>
 #include <string>
 #include <string_view>
-
-#include <unistd.h>
 
 namespace
 {
@@ -18,30 +15,6 @@ using BTL::CJsonIni;
 using Classes::TStringList;
 using Fuzz::Require;
 using System::UnicodeString;
-
-/// A folder that goes with the program.
-class Folder
-{
-public:
-    Folder()
-    {
-        std::string path = (std::filesystem::temp_directory_path() / "fuzz_json_XXXXXX").string();
-        Require(mkdtemp(path.data()) != nullptr);
-        mPath = path;
-    }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-    ~Folder()
-    {
-        std::error_code ignored;
-        std::filesystem::remove_all(mPath, ignored);
-    }
-
-    std::filesystem::path File(const char* name) const { return mPath / name; }
-
-private:
-    std::filesystem::path mPath;
-};
 
 /// All that the current file holds as text; numbers and booleans are not text.
 std::string Content(CJsonIni& ini)
@@ -67,8 +40,8 @@ std::string Content(CJsonIni& ini)
 /// A line is the name of the ini in the document, and a text to write; the rest is the document.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    static const Folder folder;
-    const std::filesystem::path document = folder.File("all.json");
+    static const Fuzz::WorkFolder folder;
+    const std::filesystem::path document = folder.Path() / "all.json";
     Fuzz::Input input(data, size);
     const UnicodeString name = System::FromUtf8(input.TakeLine());
     // A file has no such name, and its folder can't be sought.
