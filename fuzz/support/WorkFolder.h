@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "support/Fuzz.h"
+#include "Fuzz.h"
 
 #include <filesystem>
 
