@@ -50,13 +50,13 @@ TEST_F(PortMapTest, TheRegistryNamesADevice)
 TEST_F(PortMapTest, APortIsNamedAndUnnamed)
 {
     std::ofstream(File()) << "[Ports]\n; mine\nCOM121=/dev/a\n";
-    EXPECT_TRUE(NamePort(122, "/dev/pts/1"));
-    EXPECT_EQ(PortDevice(122), "/dev/pts/1");
-    EXPECT_TRUE(NamePort(122, "/dev/pts/2"));
+    EXPECT_TRUE(NamePort(122, "/dev/first"));
+    EXPECT_EQ(PortDevice(122), "/dev/first");
+    EXPECT_TRUE(NamePort(122, "/dev/second"));
     // What somebody else named meanwhile stays.
-    UnnamePort(122, "/dev/pts/1");
-    EXPECT_EQ(PortDevice(122), "/dev/pts/2");
-    EXPECT_TRUE(UnnamePort(122, "/dev/pts/2"));
+    UnnamePort(122, "/dev/first");
+    EXPECT_EQ(PortDevice(122), "/dev/second");
+    EXPECT_TRUE(UnnamePort(122, "/dev/second"));
     EXPECT_EQ(PortDevice(122), "/dev/ttyS121");
     EXPECT_EQ(PortDevice(121), "/dev/a");
     std::ifstream stream(File());
