@@ -10,8 +10,8 @@ namespace BTL
 // "%Bin", "%AddIns", "%ProgramData", "%TestData", "%UserData" and "%Temp". On reading, "%DATA", "%PDATA" and
 // "%TDATA" are the user's, the program's and the test data too.
 //
-//     const auto stored = BTL::ReplacePathToMacro(BTL::GetProductPath() + u"a.txt");  //
-//     %ProgramData\Product\a.txt const auto path = BTL::ReplaceMacroToPath(stored);
+//     const auto stored = BTL::ReplacePathToMacro(BTL::GetTempPathW() + u"a.txt");
+//     const auto path = BTL::ReplaceMacroToPath(stored);          // the file where the folder is now
 
 /// Adds the seven macros with their folders.
 TRS8_BTL_API void AddDefaultPathMacrosTo(CStringPairs& pairs);

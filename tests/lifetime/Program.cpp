@@ -3,8 +3,11 @@
 // third is its add-in.
 
 #include "Witness.h"
+#include "environment/BTL_ENV_ApplicationIni.h"
+#include "environment/BTL_ENV_UserFolders.h"
 #include "foundation/logs/UTL_LOG_Log.h"
 #include "foundation/logs/UTL_LOG_LogStream.h"
+#include "platform/host/Host_Path.h"
 
 #include <cstdlib>
 #include <dlfcn.h>
@@ -16,6 +19,16 @@ namespace
 
 const Lifetime::CWitness global("global");
 
+/// The folders of the user are kept from here on; the description of the program is its own again.
+void PutUserDataInto(const std::string& folder)
+{
+    BTL::CApplicationIni description;
+    description.UserDataPath = Sysutils::FromHostPath(folder);
+    BTL::CApplicationIni::Set(&description);
+    static_cast<void>(BTL::GetUserDataPath());
+    BTL::CApplicationIni::Set(nullptr);
+}
+
 } // namespace
 
 int main(int, char** argv)
@@ -24,6 +37,7 @@ int main(int, char** argv)
     const std::string folder = argv[2];
     BTL::SetLogFile((folder + "/log.txt").c_str());
     UTL::set_log_file((folder + "/stream.txt").c_str());
+    PutUserDataInto(folder);
 
     std::atexit([] { Lifetime::Testify("atexit"); });
     thread_local const Lifetime::CWitness ofMain("main thread");

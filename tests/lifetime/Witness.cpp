@@ -1,12 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "Witness.h"
 
+#include "environment/BTL_ENV_ApplicationIni.h"
+#include "environment/BTL_ENV_PathMacros.h"
+#include "environment/BTL_ENV_ReplicationFolders.h"
+#include "environment/BTL_ENV_UserFolders.h"
 #include "environment/folders/BTL_ENV_Folders.h"
 #include "foundation/UTL_ASRT_Assert.h"
 #include "foundation/UTL_CVariant.h"
 #include "foundation/logs/UTL_LOG_Log.h"
 #include "foundation/logs/UTL_LOG_LogStream.h"
+#include "languages/BTL_I18N_Language.h"
 #include "languages/BTL_I18N_Texts.h"
+#include "os/WIN_LastError.h"
 #include "platform/base/dates/Sysutils_DateText.h"
 #include "platform/base/numbers/Sysutils_FloatText.h"
 #include "platform/runtime/classes/Classes_StringList.h"
@@ -45,6 +51,14 @@ UnicodeString Evidence()
     list.Add(UTL::CVariant(2.5).ToWString());
     list.Add(BTL::kEmptyString);
     list.Add(BTL::Gi18n::GetString(BTL::EIDS::CurrencyUnit));
+    list.Add(BTL::Gi18n::GetStringDef(BTL::EIDS::AlreadyRunning, u"default"));
+    list.Add(WIN::GetErrorMessage(2, u"ShellExecute"));
+    list.Add(BTL::CApplicationIni::Get()->getIB_ErrorHelpFile());
+    list.Add(BTL::GetUserFRPath());
+    list.Add(BTL::GetUserDBColumnsPath(u"Name"));
+    list.Add(BTL::GetI18NLanguageDataPath());
+    list.Add(BTL::GetReplicationPath());
+    list.Add(BTL::ReplaceMacroToPath(u"%UserData\\a"));
     list.Sort();
     return list.getCommaText();
 }

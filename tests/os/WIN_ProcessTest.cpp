@@ -5,12 +5,14 @@
 #include "os/WIN_LastError.h"
 #include "os/WIN_SelfProcess.h"
 #include "platform/host/Host_Error.h"
+#include "platform/host/processes/Host_ProcessPriority.h"
 #include "platform/visual/Forms.h"
 
 #include <gtest/gtest.h>
 
 #include <cstring>
 
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace
@@ -31,7 +33,7 @@ TEST(ProcessTest, StartsAwaitsAndEndsAProgram)
     EXPECT_NE(process.getProcessId(), former);
     EXPECT_EQ(process.WaitForSingleObject(0), WAIT_TIMEOUT);
     EXPECT_EQ(process.GetExitCodeProcess(), STILL_ACTIVE);
-    EXPECT_EQ(process.GetPriorityClass(), NORMAL_PRIORITY_CLASS);
+    EXPECT_EQ(process.GetPriorityClass(), WIN::CSelfProcess::GetPriorityClass()) << "it is handed down";
     EXPECT_GT(process.GetProcessMemoryInfo(), 0U);
 
     WIN::CProcess opened(u"", process.getProcessId());
@@ -100,7 +102,7 @@ TEST(SelfProcessTest, KnowsItself)
 {
     EXPECT_EQ(WIN::CSelfProcess::GetProcessId(), static_cast<unsigned long>(getpid()));
     EXPECT_EQ(WIN::CSelfProcess::GetProcessFileName(), Forms::Application->getExeName());
-    EXPECT_EQ(WIN::CSelfProcess::GetPriorityClass(), NORMAL_PRIORITY_CLASS);
+    EXPECT_EQ(WIN::CSelfProcess::GetPriorityClass(), Host::PriorityClassOf(getpriority(PRIO_PROCESS, 0)));
     EXPECT_EQ(WIN::CSelfProcess::GetPriority(), THREAD_PRIORITY_NORMAL);
     EXPECT_NO_THROW(WIN::CSelfProcess::SetPriority(THREAD_PRIORITY_NORMAL));
     EXPECT_THROW(WIN::CSelfProcess::SetPriority(99), WIN::XLastError);
