@@ -24,9 +24,9 @@ class CJsonIniImp;
 ///
 /// Another program's changes of the document are seen by `Load` only, and lost by `Save`. A section has to be
 /// set after a file; one without either is an internal fault. What isn't set gives defaults, and writes do
-/// nothing. Names and texts are kept as UTF-8, which loses nothing but lone surrogates. JSON has no infinity:
-/// to write one raises `Sysutils::EConvertError`; what is no number is saved as null, which gives the
-/// default.
+/// nothing. Names and texts are kept as UTF-8, which loses nothing but lone surrogates; `Load` refuses a
+/// document that is no UTF-8. JSON has no infinity: to write one raises `Sysutils::EConvertError`; what is no
+/// number is saved as null, which gives the default.
 class TRS8_BTL_API CJsonIni : public AIni
 {
 public:

@@ -178,8 +178,9 @@ TEST_F(JsonIniTest, ADocumentThatFailsToParseLeavesTheStore)
     for (const std::string& text :
          {std::string(), std::string("{"), std::string("[]"), std::string("5"), std::string("\"a\""),
           std::string(R"({"a":1})"), std::string(R"({"a":{"s":[]}})"),
-          std::string(R"({"a":{"s":{},"t":true}})"), std::string(R"({"a":{"s":{"x":1e999}}})"), deep, objects,
-          large, std::string(10'000'000, '{'), "{\"a\":{\"s\":{\"x\":" + deep + "}}}"}) {
+          std::string(R"({"a":{"s":{},"t":true}})"), std::string("{\"a\":{\"\xCBs\":{\"x\":1}}}"),
+          std::string(R"({"a":{"s":{"x":1e999}}})"), deep, objects, large, std::string(10'000'000, '{'),
+          "{\"a\":{\"s\":{\"x\":" + deep + "}}}"}) {
         SCOPED_TRACE(text.substr(0, 40));
         CJsonIni ini(File(), u"a");
         ini.setSection(u"s");

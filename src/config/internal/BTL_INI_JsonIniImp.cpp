@@ -2,6 +2,7 @@
 #include "config/internal/BTL_INI_JsonIniImp.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
+#include "platform/base/Sysutils_StrictEncoding.h"
 #include "platform/host/Host_Error.h"
 #include "platform/host/Host_FileMove.h"
 #include "platform/runtime/classes/Classes_Strings.h"
@@ -67,9 +68,22 @@ std::string FaultOfLevel(const Json::Value& value, const std::string& name, int 
     return {};
 }
 
-/// The parser's errors; empty for a document that has the three levels.
+/// Names that are no UTF-8 would become alike, and one be lost with the next save.
+std::string FaultOfEncoding(std::string_view bytes)
+{
+    UnicodeString text;
+    int place = 0;
+    return Sysutils::TryDecode(System::CP_UTF8, bytes, text, &place)
+               ? std::string()
+               : "* Byte " + std::to_string(place) + " is no UTF-8\n";
+}
+
+/// What is wrong with the document; empty for one in UTF-8 that has the three levels.
 std::string Parse(std::string_view bytes, Json::Value& root)
 {
+    if (std::string fault = FaultOfEncoding(bytes); !fault.empty()) {
+        return fault;
+    }
     Json::CharReaderBuilder builder;
     builder["collectComments"] = false;
     const std::unique_ptr<Json::CharReader> reader(builder.newCharReader());
