@@ -6,10 +6,14 @@
 
 #include <benchmark/benchmark.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <string>
+#include <string_view>
+#include <thread>
 #include <vector>
 
 #include <unistd.h>
@@ -38,7 +42,7 @@ constexpr int KeysPerSection = 100;
 class CSample
 {
 public:
-    explicit CSample(int sections) : mPath(std::filesystem::temp_directory_path() / Name(sections))
+    explicit CSample(int sections) : mPath(std::filesystem::temp_directory_path() / MakeName())
     {
         std::ofstream file(mPath, std::ios::binary);
         for (int s = 0; s < sections; ++s) {
@@ -62,13 +66,54 @@ public:
 
     const std::filesystem::path& Path() const { return mPath; }
 
-private:
-    static std::string Name(int sections)
+    /// Gives the first key another digit, so that nobody takes the file for one that was read already.
+    void Change()
     {
-        return "trs8_btl_bench_" + std::to_string(getpid()) + '_' + std::to_string(sections) + ".ini";
+        std::fstream file(mPath, std::ios::binary | std::ios::in | std::ios::out);
+        file.seekp(std::string_view("[Section0]\r\nKey0=").size());
+        mDigit = mDigit == '0' ? '1' : '0';
+        file.put(mDigit);
+    }
+
+private:
+    static std::string MakeName()
+    {
+        static int count = 0;
+        return "trs8_btl_bench_" + std::to_string(getpid()) + '_' + std::to_string(++count) + ".ini";
     }
 
     std::filesystem::path mPath;
+    char mDigit = '0';
+};
+
+/// Files with all sections among them, one or, for the growth, ten with a tenth each.
+class CSamples
+{
+public:
+    explicit CSamples(int count) : mSectionCount(SectionCount / count)
+    {
+        for (int i = 0; i < count; ++i) {
+            mSamples.push_back(std::make_unique<CSample>(mSectionCount));
+        }
+    }
+
+    int getSectionCount() const { return mSectionCount; }
+    UnicodeString File(std::size_t index) const { return UnicodeString(mSamples[index]->Path()); }
+    std::size_t size() const { return mSamples.size(); }
+    /// Also waits until the times of the files tell the next change from this one.
+    void Change(benchmark::State& state)
+    {
+        state.PauseTiming();
+        for (const auto& sample : mSamples) {
+            sample->Change();
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(30));
+        state.ResumeTiming();
+    }
+
+private:
+    int mSectionCount;
+    std::vector<std::unique_ptr<CSample>> mSamples;
 };
 
 template <class Text>
@@ -98,30 +143,34 @@ double SumOf(Ini& ini, const std::vector<UnicodeString>& sections, const std::ve
 }
 
 template <class Ini>
-void Load(benchmark::State& state, int sections)
+void Load(benchmark::State& state, int files)
 {
-    const CSample sample(sections);
-    const auto sectionNames = Names<UnicodeString>("Section", sections);
+    CSamples samples(files);
+    const auto sectionNames = Names<UnicodeString>("Section", samples.getSectionCount());
     const auto keys = Names<UnicodeString>("Key", KeysPerSection);
-    const UnicodeString file(sample.Path());
     for (auto run : state) {
-        Ini ini(file);
-        benchmark::DoNotOptimize(SumOf(ini, sectionNames, keys));
+        samples.Change(state);
+        for (std::size_t i = 0; i < samples.size(); ++i) {
+            Ini ini(samples.File(i));
+            benchmark::DoNotOptimize(SumOf(ini, sectionNames, keys));
+        }
     }
-    state.SetItemsProcessed(state.iterations() * sections * KeysPerSection);
+    state.SetItemsProcessed(state.iterations() * SectionCount * KeysPerSection);
 }
 
-void LoadMemory(benchmark::State& state)
+void LoadMemory(benchmark::State& state, int files)
 {
-    Load<BTL::CMemIniFile>(state, SectionCount);
+    Load<BTL::CMemIniFile>(state, files);
 }
-BENCHMARK(LoadMemory)->Name("load_ini/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(LoadMemory, ours, 1)->Name("load_ini/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(LoadMemory, tenth, 10)->Name("load_ini/tenth")->Unit(benchmark::kMillisecond);
 
-void LoadProfile(benchmark::State& state)
+void LoadProfile(benchmark::State& state, int files)
 {
-    Load<BTL::CWIN_IniFile>(state, SectionCount);
+    Load<BTL::CWIN_IniFile>(state, files);
 }
-BENCHMARK(LoadProfile)->Name("load_profile/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(LoadProfile, ours, 1)->Name("load_profile/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(LoadProfile, tenth, 10)->Name("load_profile/tenth")->Unit(benchmark::kMillisecond);
 
 class CStreamOfFile : public BTL::CIniStreamEx
 {
@@ -131,36 +180,34 @@ public:
 
 void LoadStream(benchmark::State& state)
 {
-    Load<CStreamOfFile>(state, SectionCount);
+    Load<CStreamOfFile>(state, 1);
 }
 BENCHMARK(LoadStream)->Name("load_stream/ours")->Unit(benchmark::kMillisecond);
 
-/// A tenth ten times, for the growth.
-void LoadTenth(benchmark::State& state)
+/// One key, with which all of the file is written.
+void SaveProfile(benchmark::State& state, int files)
 {
-    const CSample sample(SectionCount / 10);
-    const auto sections = Names<UnicodeString>("Section", SectionCount / 10);
-    const auto keys = Names<UnicodeString>("Key", KeysPerSection);
-    const UnicodeString file(sample.Path());
+    const CSamples samples(files);
+    int number = 0;
     for (auto run : state) {
-        for (int i = 0; i < 10; ++i) {
-            BTL::CMemIniFile ini(file);
-            benchmark::DoNotOptimize(SumOf(ini, sections, keys));
+        for (std::size_t i = 0; i < samples.size(); ++i) {
+            BTL::CWIN_IniFile ini(samples.File(i), u"Section1");
+            ini.WriteInt(u"Key0", ++number);
         }
     }
 }
-BENCHMARK(LoadTenth)->Name("load_ini/tenth")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(SaveProfile, ours, 1)->Name("save_profile/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(SaveProfile, tenth, 10)->Name("save_profile/tenth")->Unit(benchmark::kMillisecond);
 
 #ifdef TRS8_BTL_BENCHMARK_QT
 void LoadQt(benchmark::State& state)
 {
-    const CSample sample(SectionCount);
+    CSamples samples(1);
     const auto sections = Names<QString>("Section", SectionCount);
     const auto keys = Names<QString>("Key", KeysPerSection);
-    const QString file = QString::fromStdString(sample.Path().string());
+    const QString file = QString::fromUtf16(samples.File(0).c_str());
     for (auto run : state) {
-        // The class keeps parsed files; a changed time has it read anew.
-        std::filesystem::last_write_time(sample.Path(), std::filesystem::file_time_type::clock::now());
+        samples.Change(state);
         QSettings ini(file, QSettings::IniFormat);
         double sum = 0;
         for (const QString& section : sections) {
@@ -265,7 +312,7 @@ void WriteProfile(benchmark::State& state)
         WriteSingly(ini);
     });
 }
-BENCHMARK(WriteProfile)->Name("write_keys/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK(WriteProfile)->Name("write_keys/ours")->UseRealTime()->Unit(benchmark::kMillisecond);
 
 void WriteBundled(benchmark::State& state)
 {
@@ -278,7 +325,7 @@ void WriteBundled(benchmark::State& state)
         }
     });
 }
-BENCHMARK(WriteBundled)->Name("write_keys/bundle")->Unit(benchmark::kMillisecond);
+BENCHMARK(WriteBundled)->Name("write_keys/bundle")->UseRealTime()->Unit(benchmark::kMillisecond);
 
 #ifdef TRS8_BTL_BENCHMARK_QT
 void WriteQt(benchmark::State& state)
@@ -291,7 +338,7 @@ void WriteQt(benchmark::State& state)
         }
     });
 }
-BENCHMARK(WriteQt)->Name("write_keys/QSettings")->Unit(benchmark::kMillisecond);
+BENCHMARK(WriteQt)->Name("write_keys/QSettings")->UseRealTime()->Unit(benchmark::kMillisecond);
 #endif
 
 } // namespace

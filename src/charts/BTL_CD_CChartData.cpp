@@ -4,6 +4,7 @@
 #include "charts/internal/BTL_CD_ChartStream.h"
 #include "charts/internal/BTL_CD_SeriesList.h"
 #include "config/BTL_INI_WinIniFile.h"
+#include "config/internal/BTL_INI_ProfileLimit.h"
 #include "config/internal/BTL_INI_Unwritable.h"
 #include "platform/host/profile/internal/Host_ProfileText.h"
 #include "platform/runtime/classes/Classes_Stream.h"
@@ -26,8 +27,7 @@ constexpr const char16_t* ChartSection = u"Chart";
 /// In front of a chart in a stream; the last character is the version of what follows.
 constexpr char Mark[] = {'T', 'R', 'S', '8', 'C', 'H', 'T', '1'};
 
-/// Characters of a value that a profile file gives back whole, and the brackets around a list.
-constexpr int LongestValue = 65534;
+/// Around a list.
 constexpr int Brackets = 2;
 
 UnicodeString SectionOf(int series)
@@ -37,13 +37,15 @@ UnicodeString SectionOf(int series)
 
 bool FitsLine(const UnicodeString& text)
 {
-    return text.Length() <= LongestValue && Host::IsStorable({ChartSection, UnicodeString(u"Title"), text});
+    return text.Length() <= Detail::LongestProfileText &&
+           Host::IsStorable({ChartSection, UnicodeString(u"Title"), text});
 }
 
 bool FitsValue(const UTL::CDoubleVector& values)
 {
     // A value takes a character and a comma at the least, so most long lists need not become text.
-    return values.size() <= LongestValue / 2 && values.getCommaText().Length() <= LongestValue - Brackets;
+    return values.size() <= Detail::LongestProfileText / 2 &&
+           values.getCommaText().Length() <= Detail::LongestProfileText - Brackets;
 }
 
 bool FitsSection(const AChartSeries& series)

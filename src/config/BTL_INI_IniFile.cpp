@@ -2,6 +2,7 @@
 #include "config/BTL_INI_IniFile.h"
 
 #include "config/BTL_INI_Utilities.h"
+#include "config/internal/BTL_INI_ProfileLimit.h"
 #include "platform/runtime/classes/Classes_Strings.h"
 
 #include <algorithm>
@@ -18,7 +19,7 @@ using Classes::TStrings;
 using System::UnicodeString;
 using System::WideChar;
 
-constexpr unsigned BufferSize = 65535;
+constexpr unsigned BufferSize = Detail::LongestProfileText + 1;
 
 /// Adds the names to a list.
 class CAddAction : public CIniFile::AReadAction

@@ -1,18 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "config/BTL_INI_IniStreamImp.h"
 
+#include "config/internal/BTL_INI_IniStreamLoader.h"
+#include "config/internal/BTL_INI_IniStreamSaver.h"
 #include "config/internal/BTL_INI_IniText.h"
 #include "platform/runtime/classes/Classes_Strings.h"
 #include "platform/runtime/classes/internal/Classes_StreamWindow.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"
-#include "text/editing/BTL_STR_Cut.h"
-#include "text/lists/BTL_STR_StrStrMap.h"
 
-#include <algorithm>
-#include <array>
-#include <iterator>
-#include <limits>
-#include <map>
 #include <numeric>
 #include <string>
 #include <utility>
@@ -26,54 +21,11 @@ using System::AnsiString;
 using System::Int64;
 using System::UnicodeString;
 
-class CIniStreamImp::CSection : public CStrStrMap
-{
-public:
-    explicit CSection(const UnicodeString& name) : mName(name) {}
-
-    const UnicodeString& getName() const noexcept { return mName; }
-
-    /// Looks first in front of `hint`, and tells the place behind the key.
-    const_iterator Set(const_iterator hint, UnicodeString key, UnicodeString value)
-    {
-        return std::next(insert_or_assign(hint, std::move(key), std::move(value)));
-    }
-    void Set(UnicodeString key, UnicodeString value)
-    {
-        Set(std::as_const(*this).end(), std::move(key), std::move(value));
-    }
-
-private:
-    UnicodeString mName;
-};
-
-class CIniStreamImp::CSections : public std::map<UnicodeString, System::GOwner<CSection>>
-{
-};
-
 namespace
 {
 
 /// Larger texts are read byte by byte rather than into one text.
 constexpr Int64 LargestBlock = 0x40000000;
-
-UnicodeString FromCodePage(std::string_view bytes)
-{
-    return UnicodeString(System::DecodeText(System::DefaultSystemCodePage, bytes));
-}
-
-/// Without the quotes around it.
-UnicodeString Unquoted(UnicodeString value)
-{
-    const bool isQuoted = value.AsView().starts_with(u'"') && IsQuotedStr(value, u'"');
-    return isQuoted ? ExtractQuotedStr(value, u'"') : value;
-}
-
-/// A position for a closure, which knows no larger ones.
-int ToldPlace(Int64 position)
-{
-    return static_cast<int>(std::min(position, Int64{std::numeric_limits<int>::max()}));
-}
 
 /// All from the position on, in memory. `copy` keeps it where the stream doesn't.
 std::string_view ReadRest(TStream& stream, AnsiString& copy)
@@ -87,37 +39,6 @@ std::string_view ReadRest(TStream& stream, AnsiString& copy)
     }
     copy = LoadStringFromStream(&stream);
     return copy.AsView();
-}
-
-/// Whether the text comes back from the code page as it is.
-bool IsInCodePage(const UnicodeString& text)
-{
-    const auto isAscii = [](System::WideChar c) { return c < 0x80; };
-    return std::all_of(text.begin(), text.end(), isAscii) || UnicodeString(AnsiString(text)) == text;
-}
-
-bool IsSavableHeadline(const UnicodeString& headline)
-{
-    return !headline.AsView().starts_with(u'[') && headline.Pos(u'\r') == 0;
-}
-
-bool IsSavableSection(const UnicodeString& name)
-{
-    return name.Pos(u']') == 0 && IsInCodePage(name);
-}
-
-bool IsSavableEntry(const UnicodeString& key, const UnicodeString& value)
-{
-    if (key.Pos(u'=') != 0 || value.Pos(u'\r') != 0 || !IsInCodePage(key)) {
-        return false;
-    }
-    const System::WideChar first = key.IsEmpty() ? u'=' : key[1];
-    if (first == u'[' || first == u';') {
-        return false;
-    }
-    // A line that doesn't load is passed over up to its line feed, and no further.
-    const bool isOneLine = key.Pos(u'\n') == 0 && value.Pos(u'\n') == 0;
-    return isOneLine || Detail::BeginsKey(first < 0x80 ? static_cast<char>(first) : '\x80');
 }
 
 /// A name in a message, which may be of any length.
@@ -144,115 +65,6 @@ constexpr auto FirstOf = [](const auto& entry) -> const UnicodeString& { return 
 constexpr auto SecondOf = [](const auto& entry) -> const UnicodeString& { return entry.second; };
 
 } // namespace
-
-namespace
-{
-
-/// Decodes short texts so that those that come again, as the keys of alike sections do, share one buffer.
-class CTextCache
-{
-public:
-    UnicodeString Decoded(System::CodePage codePage, std::string_view bytes)
-    {
-        constexpr std::size_t longest = 32;
-        if (bytes.size() > longest) {
-            return UnicodeString(System::DecodeText(codePage, bytes));
-        }
-        UnicodeString& text = mTexts[std::hash<std::string_view>()(bytes) % mTexts.size()];
-        if (!IsAsciiOf(text, bytes)) {
-            text = UnicodeString(System::DecodeText(codePage, bytes));
-        }
-        return text;
-    }
-
-private:
-    static bool IsAsciiOf(const UnicodeString& text, std::string_view bytes)
-    {
-        const auto isSame = [](System::WideChar c, char byte) {
-            return c < 0x80 && c == static_cast<unsigned char>(byte);
-        };
-        return std::equal(text.begin(), text.end(), bytes.begin(), bytes.end(), isSame);
-    }
-
-    std::array<UnicodeString, 1024> mTexts;
-};
-
-} // namespace
-
-/// Takes what is loaded into the store and tells the closures. Those may do with the store what they like, so
-/// the section is sought again after each.
-class CIniStreamImp::CLoader
-{
-public:
-    CLoader(CIniStreamImp& store, TStream& stream, EValues values)
-        : mStore(store),
-          mStream(stream),
-          mCodePage(values == EValues::Utf8 ? System::CP_UTF8 : System::DefaultSystemCodePage)
-    {
-    }
-
-    void OnSection(std::string_view name)
-    {
-        mName = FromCodePage(name);
-        if (mStore.mOnLoadSection) {
-            mStore.mOnLoadSection(AnsiString(name), ToldPlace(mStream.getPosition()));
-        }
-        mSection = &mStore.NeedSection(mName);
-        mBehind = std::as_const(*mSection).end();
-    }
-
-    void OnKey(std::string_view keyBytes, std::string_view valueBytes)
-    {
-        using System::Detail::WithoutBlanks;
-        UnicodeString key = mKeys.Decoded(System::DefaultSystemCodePage, WithoutBlanks(keyBytes));
-        UnicodeString value = Unquoted(mValues.Decoded(mCodePage, WithoutBlanks(valueBytes)));
-        if (!mStore.mOnLoadKey) {
-            // Keys often come in their order.
-            mBehind = mSection->Set(mBehind, std::move(key), std::move(value));
-            return;
-        }
-        mStore.NeedSection(mName).Set(key, value);
-        mStore.mOnLoadKey(AnsiString(key), AnsiString(value), ToldPlace(mStream.getPosition()));
-    }
-
-private:
-    CIniStreamImp& mStore;
-    TStream& mStream;
-    System::CodePage mCodePage;
-    UnicodeString mName;
-    CSection* mSection = nullptr;
-    CSection::const_iterator mBehind;
-    CTextCache mKeys;
-    CTextCache mValues;
-};
-
-/// Gathers the text that is saved. A closure finds in the stream all that stands before.
-class CIniStreamImp::CSaver
-{
-public:
-    explicit CSaver(TStream& stream) : mStream(stream) {}
-
-    void Put(std::string_view bytes) { mText.append(bytes); }
-    void Put(const UnicodeString& text, EValues values)
-    {
-        values == EValues::Utf8 ? Put(System::ToUtf8(text)) : Put(AnsiString(text).AsView());
-    }
-    /// Empties the stream, unless that was done, and writes what is gathered.
-    void Flush()
-    {
-        if (!std::exchange(mBegun, true)) {
-            mStream.setSize(0);
-            mStream.setPosition(0);
-        }
-        mStream.WriteBuffer(mText.data(), static_cast<Int64>(mText.size()));
-        mText.clear();
-    }
-
-private:
-    TStream& mStream;
-    std::string mText;
-    bool mBegun = false;
-};
 
 CIniStreamImp::CIniStreamImp(const UnicodeString& file, Int64 userId)
     : AIniImp(file, userId), mSections(System::MakeOwner<CSections>())
@@ -332,16 +144,16 @@ void CIniStreamImp::LoadValues(TStream* stream, EValues values)
 
 void CIniStreamImp::CheckSavable() const
 {
-    if (!IsSavableHeadline(mHeadline)) {
+    if (!Detail::IsSavableHeadline(mHeadline)) {
         RaiseNotSavable(u"The headline " + Shown(mHeadline));
     }
     for (const auto& [name, section] : *mSections) {
         const CSection& entries = *section;
-        if (!entries.empty() && !IsSavableSection(name)) {
+        if (!entries.empty() && !Detail::IsSavableSection(name)) {
             RaiseNotSavable(u"The section " + Shown(name));
         }
         for (const auto& [key, value] : entries) {
-            if (!IsSavableEntry(key, value)) {
+            if (!Detail::IsSavableEntry(key, value)) {
                 RaiseNotSavable(u"The key " + Shown(key) + u" of the section " + Shown(name));
             }
         }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "config/BTL_INI_WinIniFile.h"
 
+#include "config/internal/BTL_INI_ProfileLimit.h"
 #include "config/internal/BTL_INI_Unwritable.h"
 #include "environment/folders/BTL_ENV_Folders.h"
 #include "platform/host/profile/Host_Profile.h"
@@ -21,7 +22,7 @@ using System::UnicodeString;
 using System::WideChar;
 
 /// Characters with the zero behind them.
-constexpr int BufferSize = 65535;
+constexpr int BufferSize = Detail::LongestProfileText + 1;
 
 void CheckWritten(bool isWritten, const UnicodeString& file)
 {
@@ -131,7 +132,7 @@ void CWIN_IniFileImp::DeleteKey(const UnicodeString& key)
 
 int CWIN_IniFileImp::ReadInteger(const UnicodeString& key, int defaultValue)
 {
-    return GetPrivateProfileIntW(getSection().c_str(), key.c_str(), defaultValue, getFile().c_str());
+    return Host::ReadProfileNumber(getFile(), getSection().AsView(), key.AsView(), defaultValue);
 }
 
 UnicodeString CWIN_IniFileImp::ReadString(const UnicodeString& key, const UnicodeString& defaultValue)
@@ -140,7 +141,8 @@ UnicodeString CWIN_IniFileImp::ReadString(const UnicodeString& key, const Unicod
     if (!value) {
         return defaultValue;
     }
-    return value->Length() < BufferSize ? *value : value->SubString(1, BufferSize - 1);
+    return value->Length() <= Detail::LongestProfileText ? *value
+                                                         : value->SubString(1, Detail::LongestProfileText);
 }
 
 void CWIN_IniFileImp::WriteString(const UnicodeString& key, const UnicodeString& value)

@@ -109,6 +109,16 @@ TEST(TextsTest, KeepWhatIsWrongWithThemThroughEscapesAndFilling)
               u"IDS-Key '100000900' in File '" + name + u"' has wrong placeholders: %d %");
     EXPECT_EQ(System::Printf(BTL::GetIniText(BTL::EIniText::ReadOnly), "a.ini"),
               u"100000901 missing in " + name);
+
+    file.Write("[IDS]\n100000901=%s %d\n100005000=%s \n");
+    Gi18n::Init(u"IDS", file.Name(), u"");
+    file.SetReadOnly();
+    BTL::CWIN_IniFile ini(file.Name(), u"IDS");
+    Support::ScriptedBoxes boxes({IDOK});
+    EXPECT_TRUE(ini.ShowReadOnlyWarinig());
+    EXPECT_EQ(boxes.TakeShown().at(0).box.text,
+              u"IDS-Key '100000901' in File '" + name + u"' has wrong placeholders: %s %d");
+    EXPECT_EQ(WIN::CTickCount().GetDuartionInfo(1, 1).Pos(u"%s"), 1) << "it is no format";
 }
 
 TEST(TextsChild, DISABLED_PrintFirstTextOfThreads)

@@ -125,7 +125,7 @@ std::string WithoutBundle(std::string_view variable, std::string_view bundle)
 std::vector<std::string> EnvironmentOutside(std::string_view bundle)
 {
     std::vector<std::string> variables;
-    for (char** variable = environ; *variable != nullptr; ++variable) {
+    for (char** variable = environ; variable != nullptr && *variable != nullptr; ++variable) {
         if (std::string text = WithoutBundle(*variable, bundle); !text.empty()) {
             variables.push_back(std::move(text));
         }

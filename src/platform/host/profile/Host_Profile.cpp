@@ -120,8 +120,7 @@ int GetNumber(const Char* section, const Char* key, int fallback, const UnicodeS
     if (section == nullptr || key == nullptr) {
         return fallback;
     }
-    const auto value = Host::ReadProfileValue(file, UnicodeString(section), UnicodeString(key));
-    return value ? NumberOf(*value, fallback) : fallback;
+    return Host::ReadProfileNumber(file, UnicodeString(section), UnicodeString(key), fallback);
 }
 
 bool Write(const Host::ProfileChange& change, const UnicodeString& file)
@@ -235,6 +234,17 @@ std::optional<UnicodeString> ReadProfileValue(const UnicodeString& file, std::u1
     const auto image = FindImage(file);
     return image ? image->Use([&](const ProfileText& text) { return text.Find(section, key); })
                  : std::nullopt;
+}
+
+int ReadProfileNumber(const UnicodeString& file, std::u16string_view section, std::u16string_view key,
+                      int fallback)
+{
+    const auto image = FindImage(file);
+    return image ? image->Use([&](const ProfileText& text) {
+        const auto value = text.FindView(section, key);
+        return value ? NumberOf(*value, fallback) : fallback;
+    })
+                 : fallback;
 }
 
 std::vector<ProfileEntry> ReadProfileSection(const UnicodeString& file, std::u16string_view section)

@@ -96,6 +96,11 @@ namespace Host
 [[nodiscard]] TRS8_BTL_API std::optional<System::UnicodeString>
 ReadProfileValue(const System::UnicodeString& file, std::u16string_view section, std::u16string_view key);
 
+/// The number at the begin of the value, as `GetPrivateProfileIntW` reads it; `fallback` if there is none.
+[[nodiscard]] TRS8_BTL_API int ReadProfileNumber(const System::UnicodeString& file,
+                                                 std::u16string_view section, std::u16string_view key,
+                                                 int fallback);
+
 /// A key of a profile file with its value.
 struct ProfileEntry
 {

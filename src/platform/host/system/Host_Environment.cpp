@@ -30,7 +30,8 @@ bool IsSameName(std::string_view left, std::string_view right)
 template <class Match>
 std::optional<std::string_view> FindValue(Match isName)
 {
-    for (char** variable = environ; *variable != nullptr; ++variable) {
+    // A program that cleared its environment has no list at all.
+    for (char** variable = environ; variable != nullptr && *variable != nullptr; ++variable) {
         const std::string_view text(*variable);
         const std::size_t equals = text.find('=');
         if (equals != std::string_view::npos && isName(text.substr(0, equals))) {

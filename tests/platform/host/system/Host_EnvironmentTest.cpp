@@ -2,9 +2,13 @@
 #include "platform/host/system/Host_Environment.h"
 
 #include "platform/host/Host_Error.h"
+#include "platform/host/processes/Host_CreateProcess.h"
 #include "support/ScopedVariable.h"
+#include "support/SecondProcess.h"
 
 #include <gtest/gtest.h>
+
+#include <cstdlib>
 
 namespace
 {
@@ -48,6 +52,21 @@ TEST(HostEnvironmentTest, KeepsToTheBuffer)
     buffer[0] = 0;
     EXPECT_EQ(ExpandEnvironmentStringsW(u"%TRS8_ONE%", buffer, 6), 6U);
     EXPECT_EQ(UnicodeString(buffer), u"12345");
+}
+
+TEST(HostEnvironmentTest, MayBeCleared)
+{
+    Support::SecondProcess other([](int tell) {
+        clearenv();
+        System::WideChar buffer[6];
+        PROCESS_INFORMATION info;
+        if (GetEnvironmentVariableW(u"PATH", buffer, 6) == 0 && GetLastError() == ERROR_ENVVAR_NOT_FOUND &&
+            CreateProcessW(nullptr, u"\\bin\\true", nullptr, nullptr, false, 0, nullptr, nullptr, nullptr,
+                           &info)) {
+            Support::SecondProcess::Tell(tell);
+        }
+    });
+    EXPECT_TRUE(other.Await());
 }
 
 TEST(HostEnvironmentTest, TellsUnsetFromEmpty)

@@ -54,6 +54,12 @@ std::string CanonicalPath(const std::string& path)
                : CanonicalPath(path.substr(0, slash)) + path.substr(slash);
 }
 
+/// Whether the name leads to one path wherever the current folder and the drives are.
+bool IsFixed(std::u16string_view file)
+{
+    return (file.starts_with(u'\\') || file.starts_with(u'/')) && !file.starts_with(u"\\\\?\\");
+}
+
 class Images
 {
 public:
@@ -64,12 +70,24 @@ public:
         return *instance;
     }
 
-    std::shared_ptr<ProfileImage> Find(const std::string& path)
+    /// The image found last, which most calls are for, without the way from name to path; null for another
+    /// name.
+    std::shared_ptr<ProfileImage> FindLast(const UnicodeString& file)
+    {
+        const std::scoped_lock lock(mGate);
+        return mLast != nullptr && mLastName == file ? mLast : nullptr;
+    }
+
+    std::shared_ptr<ProfileImage> Find(const UnicodeString& file, const std::string& path)
     {
         const std::scoped_lock lock(mGate);
         const auto found = mEntries.find(path);
         if (found != mEntries.end() && (mBundled.empty() || IsBundled(found->second.image))) {
             found->second.lastUse = ++mUses;
+            if (IsFixed(file.AsView())) {
+                mLastName = file;
+                mLast = found->second.image;
+            }
             return found->second.image;
         }
         if (!mBundled.empty()) {
@@ -93,6 +111,7 @@ public:
         }
         // The name that the program uses is found at once.
         mEntries[path] = {image, ++mUses};
+        mLast.reset();
         image->BeginBundle();
         return image;
     }
@@ -103,6 +122,7 @@ public:
         if (image->HasBundle()) {
             return;
         }
+        mLast.reset();
         std::erase(mBundled, image);
         // A name may lead elsewhere from now on.
         std::erase_if(mEntries, [&](const auto& entry) {
@@ -147,6 +167,8 @@ private:
     std::unordered_map<std::string, Entry> mEntries;
     std::vector<std::shared_ptr<ProfileImage>> mBundled;
     std::uint64_t mUses = 0;
+    UnicodeString mLastName;
+    std::shared_ptr<ProfileImage> mLast;
 };
 
 } // namespace
@@ -281,8 +303,11 @@ bool ProfileImage::HasBundle()
 
 std::shared_ptr<ProfileImage> FindImage(const UnicodeString& file)
 {
+    if (auto image = Images::Instance().FindLast(file)) {
+        return image;
+    }
     const std::string path = AbsolutePath(file);
-    return path.empty() ? nullptr : Images::Instance().Find(path);
+    return path.empty() ? nullptr : Images::Instance().Find(file, path);
 }
 
 std::shared_ptr<ProfileImage> BeginBundle(const UnicodeString& file)

@@ -312,28 +312,41 @@ void ProfileText::Parse(View text)
 {
     // What stands in front of the first section belongs to none that can be named.
     mGroups.emplace_back();
-    mSections.push_back({{}, {}, 0});
+    mSections.push_back({Line(), {}, 0});
     while (!text.empty()) {
         const std::size_t length = std::min(text.find_first_of(u"\r\n"), text.size());
-        const View rest = text.substr(length);
-        const View end = rest.substr(0, rest.starts_with(u"\r\n") ? 2 : 1);
-        if (mLiveLines == 0 && !end.empty()) {
+        const LineEnd end = LineEndAt(text.substr(length));
+        if (mLiveLines == 0 && end != LineEnd::None) {
             mLineEnd = end;
         }
         AddLine({text.substr(0, length), end});
-        text.remove_prefix(length + end.size());
+        text.remove_prefix(length + TextOf(end).size());
     }
+}
+
+ProfileText::LineEnd ProfileText::LineEndAt(View text)
+{
+    return text.empty()                ? LineEnd::None
+           : text.front() == u'\n'     ? LineEnd::Lf
+           : text.starts_with(u"\r\n") ? LineEnd::CrLf
+                                       : LineEnd::Cr;
+}
+
+View ProfileText::TextOf(LineEnd end)
+{
+    constexpr std::array<View, 4> texts{u"", u"\r", u"\n", u"\r\n"};
+    return texts[static_cast<std::size_t>(end)];
 }
 
 void ProfileText::AddLine(const Line& line)
 {
     ++mLiveLines;
-    if (const auto name = SectionOfLine(line.text)) {
+    if (const auto name = SectionOfLine(line.Text())) {
         AddSection(line, *name);
         return;
     }
     mSections.back().lines.push_back(line);
-    NoteKey({mSections.size() - 1, mSections.back().lines.size() - 1});
+    NoteKey(PlaceAt(mSections.size() - 1, mSections.back().lines.size() - 1));
 }
 
 void ProfileText::AddSection(const Line& header, View name)
@@ -346,17 +359,30 @@ void ProfileText::AddSection(const Line& header, View name)
     mSections.push_back({header, {}, found->second});
 }
 
+auto ProfileText::IsKey(View key) const
+{
+    return [this, key](const Place& place) { return NameEqual()(KeyOfLine(LineAt(place).Text()), key); };
+}
+
 void ProfileText::NoteKey(const Place& place)
 {
-    const View key = KeyOfLine(LineAt(place).text);
+    const View key = KeyOfLine(LineAt(place).Text());
     const std::size_t number = mSections[place.section].group;
     if (number == 0 || key.empty()) {
         return;
     }
     Group& group = mGroups[number];
-    if (!group.keys.try_emplace(key, place).second) {
+    const std::size_t hash = NameHash()(key);
+    if (group.keys.Find(hash, IsKey(key)) == nullptr) {
+        group.keys.Add(hash, place);
+    } else {
         group.hasRepeatedKeys = true;
     }
+}
+
+const ProfileText::Place* ProfileText::FindPlace(const Group& group, View key) const
+{
+    return group.keys.Find(NameHash()(key), IsKey(key));
 }
 
 const ProfileText::Group* ProfileText::FindGroup(View section) const
@@ -367,29 +393,34 @@ const ProfileText::Group* ProfileText::FindGroup(View section) const
 
 bool ProfileText::IsFirstOfKey(const Group& group, const Place& place) const
 {
-    const View key = KeyOfLine(LineAt(place).text);
+    const View key = KeyOfLine(LineAt(place).Text());
     if (key.empty()) {
         return false;
     }
     if (!group.hasRepeatedKeys) {
         return true;
     }
-    const auto found = group.keys.find(key);
-    return found != group.keys.end() && found->second.section == place.section &&
-           found->second.line == place.line;
+    const Place* const first = FindPlace(group, key);
+    return first != nullptr && *first == place;
 }
 
 std::optional<UnicodeString> ProfileText::Find(View section, View key) const
+{
+    const auto value = FindView(section, key);
+    return value ? std::optional(Shown(*value)) : std::nullopt;
+}
+
+std::optional<View> ProfileText::FindView(View section, View key) const
 {
     const Group* const group = FindGroup(section);
     if (group == nullptr) {
         return std::nullopt;
     }
-    const auto found = group->keys.find(WithoutBlanks(key));
-    if (found == group->keys.end()) {
+    const Place* const place = FindPlace(*group, WithoutBlanks(key));
+    if (place == nullptr) {
         return std::nullopt;
     }
-    return ShownValue(ValueOfLine(LineAt(found->second).text));
+    return Unquoted(ValueOfLine(LineAt(*place).Text()));
 }
 
 std::vector<UnicodeString> ProfileText::ListSections() const
@@ -398,7 +429,7 @@ std::vector<UnicodeString> ProfileText::ListSections() const
     for (std::size_t i = 1; i < mSections.size(); ++i) {
         const Group& group = mGroups[mSections[i].group];
         if (!group.sections.empty() && group.sections.front() == i) {
-            names.push_back(Shown(SectionOfLine(mSections[i].header.text).value_or(View())));
+            names.push_back(Shown(SectionOfLine(mSections[i].header.Text()).value_or(View())));
         }
     }
     return names;
@@ -441,9 +472,8 @@ bool ProfileText::Set(View section, View key, View value)
     const View keyName = WithoutBlanks(key);
     const std::u16string text = Quoted(value);
     if (const Group* const group = FindGroup(sectionName)) {
-        const auto found = group->keys.find(keyName);
-        if (found != group->keys.end()) {
-            return SetLine(found->second, found->first, text);
+        if (const Place* const place = FindPlace(*group, keyName)) {
+            return SetLine(*place, text);
         }
     } else {
         AppendSection(sectionName);
@@ -454,24 +484,19 @@ bool ProfileText::Set(View section, View key, View value)
     return true;
 }
 
-bool ProfileText::SetLine(const Place& place, View key, const std::u16string& value)
+bool ProfileText::SetLine(const Place& place, const std::u16string& value)
 {
     Line& line = mSections[place.section].lines[place.line];
-    const std::size_t mark = line.text.find(u'=') + 1;
-    const View behind = line.text.substr(mark);
+    const View former = line.Text();
+    const std::size_t mark = former.find(u'=') + 1;
+    const View behind = former.substr(mark);
     const std::size_t blanks = behind.size() - WithoutBlanksInFront(behind).size();
-    const std::u16string text = std::u16string(line.text.substr(0, mark + blanks)) + value;
-    if (text == line.text) {
+    const std::u16string text = std::u16string(former.substr(0, mark + blanks)) + value;
+    if (text == former) {
         return false;
     }
     MakeRoomFor(value);
-    const View kept = Keep(text);
-    // The index looks into the old text of the line, which goes.
-    auto& keys = mGroups[mSections[place.section].group].keys;
-    auto entry = keys.extract(key);
-    entry.key() = KeyOfLine(kept);
-    keys.insert(std::move(entry));
-    line.text = kept;
+    line = {Keep(text), line.end};
     ++mDeadLines;
     return true;
 }
@@ -483,16 +508,16 @@ void ProfileText::InsertKey(Group& group, const std::u16string& text)
     const std::size_t number = group.sections.front();
     Section& section = mSections[number];
     const auto behind = std::find_if(section.lines.rbegin(), section.lines.rend(), [](const Line& line) {
-                            return !WithoutBlanks(line.text).empty();
+                            return !WithoutBlanks(line.Text()).empty();
                         }).base();
     Line& before = behind == section.lines.begin() ? section.header : *std::prev(behind);
-    if (before.end.empty()) {
+    if (before.end == LineEnd::None) {
         before.end = mLineEnd;
     }
     const View kept = Keep(text);
     const auto inserted = section.lines.insert(behind, {kept, mLineEnd});
     const auto line = static_cast<std::size_t>(inserted - section.lines.begin());
-    group.keys.try_emplace(KeyOfLine(kept), Place{number, line});
+    group.keys.Add(NameHash()(KeyOfLine(kept)), PlaceAt(number, line));
     ++mLiveLines;
 }
 
@@ -507,14 +532,13 @@ void ProfileText::AppendSection(View name)
 void ProfileText::EndLastLine()
 {
     for (auto section = mSections.rbegin(); section != mSections.rend(); ++section) {
-        const auto last = std::find_if(section->lines.rbegin(), section->lines.rend(), [](const Line& line) {
-            return !(line.text.empty() && line.end.empty());
-        });
+        const auto last = std::find_if(section->lines.rbegin(), section->lines.rend(),
+                                       [](const Line& line) { return !line.IsDeleted(); });
         Line& line = last == section->lines.rend() ? section->header : *last;
-        if (line.text.empty() && line.end.empty()) {
+        if (line.IsDeleted()) {
             continue;
         }
-        if (line.end.empty()) {
+        if (line.end == LineEnd::None) {
             line.end = mLineEnd;
         }
         return;
@@ -528,12 +552,12 @@ bool ProfileText::DeleteKey(View section, View key)
         return false;
     }
     Group& group = mGroups[name->second];
-    const auto found = group.keys.find(WithoutBlanks(key));
-    if (found == group.keys.end()) {
+    const Place* const found = FindPlace(group, WithoutBlanks(key));
+    if (found == nullptr) {
         return false;
     }
-    const Place place = found->second;
-    group.keys.erase(found);
+    const Place place = *found;
+    group.keys.Remove(NameHash()(WithoutBlanks(key)), IsKey(WithoutBlanks(key)));
     Delete(mSections[place.section].lines[place.line]);
     if (!group.hasRepeatedKeys) {
         return true;
@@ -541,7 +565,7 @@ bool ProfileText::DeleteKey(View section, View key)
     // None of them may come to light now.
     for (const std::size_t number : group.sections) {
         for (Line& line : mSections[number].lines) {
-            if (NameEqual()(KeyOfLine(line.text), WithoutBlanks(key))) {
+            if (NameEqual()(KeyOfLine(line.Text()), WithoutBlanks(key))) {
                 Delete(line);
             }
         }
@@ -599,7 +623,7 @@ void ProfileText::TidyUp()
 std::string ProfileText::Compose() const
 {
     std::u16string text;
-    const auto add = [&text](const Line& line) { text.append(line.text).append(line.end); };
+    const auto add = [&text](const Line& line) { text.append(line.Text()).append(TextOf(line.end)); };
     for (const Section& section : mSections) {
         add(section.header);
         std::for_each(section.lines.begin(), section.lines.end(), add);

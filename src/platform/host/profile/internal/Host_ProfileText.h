@@ -2,8 +2,10 @@
 #pragma once
 
 #include "platform/host/profile/Host_Profile.h"
+#include "platform/host/profile/internal/Host_ProfileIndex.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -47,6 +49,10 @@ public:
 
     [[nodiscard]] std::optional<System::UnicodeString> Find(std::u16string_view section,
                                                             std::u16string_view key) const;
+    /// The value without its quotes, a view until the next change; bytes that are no text show in it as the
+    /// codes that they are kept as.
+    [[nodiscard]] std::optional<std::u16string_view> FindView(std::u16string_view section,
+                                                              std::u16string_view key) const;
     /// Calls `use(key, value)`, views for the time of the call, for each key of the section.
     template <class Use>
     void ForEachEntry(std::u16string_view section, Use use) const;
@@ -71,28 +77,42 @@ private:
         Utf16,
         Utf16BigEndian,
     };
-    /// One with neither text nor end was deleted.
+    enum class LineEnd : std::uint8_t
+    {
+        None,
+        Cr,
+        Lf,
+        CrLf,
+    };
+    /// One with neither text nor end was deleted. There is one for each key, so it is kept short; no file
+    /// has a line that is longer.
     struct Line
     {
-        std::u16string_view text;
-        std::u16string_view end;
+        Line() = default;
+        Line(std::u16string_view text, LineEnd lineEnd)
+            : begin(text.data()), size(static_cast<std::uint32_t>(text.size())), end(lineEnd)
+        {
+        }
+
+        [[nodiscard]] std::u16string_view Text() const noexcept { return {begin, size}; }
+        [[nodiscard]] bool IsDeleted() const noexcept { return size == 0 && end == LineEnd::None; }
+
+        const char16_t* begin = nullptr;
+        std::uint32_t size = 0;
+        LineEnd end = LineEnd::None;
     };
+    using Place = ProfilePlace;
     struct Section
     {
         Line header;
         std::vector<Line> lines;
         std::size_t group;
     };
-    struct Place
-    {
-        std::size_t section;
-        std::size_t line;
-    };
     /// The sections of one name.
     struct Group
     {
         std::vector<std::size_t> sections;
-        std::unordered_map<std::u16string_view, Place, NameHash, NameEqual> keys;
+        ProfileIndex keys;
         bool hasRepeatedKeys = false;
     };
     using Names = std::unordered_map<std::u16string_view, std::size_t, NameHash, NameEqual>;
@@ -102,7 +122,15 @@ private:
     void AddSection(const Line& header, std::u16string_view name);
     void AddLine(const Line& line);
     void NoteKey(const Place& place);
+    [[nodiscard]] static LineEnd LineEndAt(std::u16string_view text);
+    [[nodiscard]] static std::u16string_view TextOf(LineEnd end);
+    [[nodiscard]] auto IsKey(std::u16string_view key) const;
+    [[nodiscard]] const Place* FindPlace(const Group& group, std::u16string_view key) const;
     [[nodiscard]] const Group* FindGroup(std::u16string_view section) const;
+    [[nodiscard]] static Place PlaceAt(std::size_t section, std::size_t line)
+    {
+        return {static_cast<std::uint32_t>(section), static_cast<std::uint32_t>(line)};
+    }
     [[nodiscard]] const Line& LineAt(const Place& place) const
     {
         return mSections[place.section].lines[place.line];
@@ -110,7 +138,7 @@ private:
     [[nodiscard]] bool IsFirstOfKey(const Group& group, const Place& place) const;
 
     bool Set(std::u16string_view section, std::u16string_view key, std::u16string_view value);
-    bool SetLine(const Place& place, std::u16string_view key, const std::u16string& value);
+    bool SetLine(const Place& place, const std::u16string& value);
     void InsertKey(Group& group, const std::u16string& line);
     void AppendSection(std::u16string_view name);
     void EndLastLine();
@@ -126,7 +154,7 @@ private:
     std::vector<Section> mSections;
     std::vector<Group> mGroups;
     Names mNames;
-    std::u16string_view mLineEnd = u"\r\n";
+    LineEnd mLineEnd = LineEnd::CrLf;
     Encoding mEncoding = Encoding::CodePage;
     /// Half a character at the end.
     std::string mTail;
@@ -155,8 +183,8 @@ void ProfileText::ForEachEntry(std::u16string_view section, Use use) const
     for (const std::size_t number : group->sections) {
         const std::vector<Line>& lines = mSections[number].lines;
         for (std::size_t i = 0; i < lines.size(); ++i) {
-            if (IsFirstOfKey(*group, {number, i})) {
-                use(Detail::KeyOfLine(lines[i].text), Detail::ValueOfLine(lines[i].text));
+            if (IsFirstOfKey(*group, PlaceAt(number, i))) {
+                use(Detail::KeyOfLine(lines[i].Text()), Detail::ValueOfLine(lines[i].Text()));
             }
         }
     }
