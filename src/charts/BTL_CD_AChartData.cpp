@@ -76,10 +76,10 @@ void AChartData::LoadFromFile(const System::UnicodeString& /*path*/) {}
 
 void AChartData::CopyTexts(const AChartData& other)
 {
-    mClass = other.mClass;
-    mTitle = other.mTitle;
-    mTag = other.mTag;
-    mType = other.mType;
+    Class = other.Class;
+    Title = other.Title;
+    Tag = other.Tag;
+    Type = other.Type;
     std::ranges::copy(other.mAxisTitles, mAxisTitles);
 }
 

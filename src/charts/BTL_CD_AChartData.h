@@ -35,16 +35,13 @@ public:
     virtual void LoadFromFile(const System::UnicodeString& path);
 
     /// A name of the kind of chart, for the caller.
-    const System::UnicodeString& getClass() const noexcept { return mClass; }
-    void setClass(const System::UnicodeString& name) { mClass = name; }
-    const System::UnicodeString& getTitle() const noexcept { return mTitle; }
-    void setTitle(const System::UnicodeString& title) { mTitle = title; }
+    System::UnicodeString Class;
+    System::UnicodeString Title;
     /// Free for the caller.
-    int getTag() const noexcept { return mTag; }
-    void setTag(int tag) noexcept { mTag = tag; }
+    int Tag = 0;
     /// Free for the caller.
-    int getType() const noexcept { return mType; }
-    void setType(int type) noexcept { mType = type; }
+    int Type = 0;
+
     const System::UnicodeString& getXAxisTitle() const noexcept { return mAxisTitles[0]; }
     void setXAxisTitle(const System::UnicodeString& title) { mAxisTitles[0] = title; }
     const System::UnicodeString& getYAxisTitle() const noexcept { return mAxisTitles[1]; }
@@ -84,10 +81,6 @@ protected:
     void TakeSeries(UTL::GSimpleVector<AChartSeries*>& list) noexcept;
 
 private:
-    System::UnicodeString mClass;
-    System::UnicodeString mTitle;
-    int mTag = 0;
-    int mType = 0;
     System::UnicodeString mAxisTitles[AChartSeries::AxisCount];
     UTL::GSimpleVector<AChartSeries*> mSeries;
     mutable double mMin[AChartSeries::AxisCount];

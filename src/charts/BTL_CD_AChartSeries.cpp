@@ -30,9 +30,9 @@ bool IsAxis(int axis)
 AChartSeries::AChartSeries() = default;
 
 AChartSeries::AChartSeries(const AChartSeries& other)
-    : mTitle(other.mTitle),
-      mTag(other.mTag),
-      mType(other.mType),
+    : Title(other.Title),
+      Tag(other.Tag),
+      Type(other.Type),
       mValues{other.mValues[0], other.mValues[1], other.mValues[2]}
 {
     std::ranges::copy(other.mSeen, mSeen);
@@ -45,12 +45,12 @@ AChartSeries::~AChartSeries() = default;
 bool AChartSeries::Contains(EType type) const noexcept
 {
     const bool isSet = type >= X && type <= XYZ;
-    return isSet ? mType >= type : mType == type;
+    return isSet ? Type >= type : Type == type;
 }
 
 void AChartSeries::ClearValues()
 {
-    mType = None;
+    Type = None;
     std::ranges::for_each(mValues, [](CDoubleVector& values) { values.resize(0); });
     std::ranges::fill(mSeen, Nothing);
     ClearMinMaxValues();
@@ -58,7 +58,7 @@ void AChartSeries::ClearValues()
 
 bool AChartSeries::Takes(EType type, int line) const
 {
-    const bool takes = mType == None || mType == type;
+    const bool takes = Type == None || Type == type;
     if (!takes) {
         UTL::THROW_XAssert({"BTL_CD_AChartSeries", line});
     }
@@ -76,7 +76,7 @@ void AChartSeries::Append(EType type, Values... values)
         std::for_each(mValues, axis, [](CDoubleVector& begun) { begun.pop_back(); });
         throw;
     }
-    mType = type;
+    Type = type;
 }
 
 void AChartSeries::AddX(double x)
@@ -164,7 +164,7 @@ void AChartSeries::TakeValues(EType type, CDoubleVector (&values)[AxisCount]) no
         mValues[axis] = std::move(values[axis]);
         mSeen[axis] = Nothing;
     }
-    mType = type;
+    Type = type;
 }
 
 } // namespace BTL

@@ -16,7 +16,7 @@ namespace BTL
 /// one.
 ///
 ///     BTL::CChartSeries voltage;
-///     voltage.setTitle(u"U [V]");
+///     voltage.Title = u"U [V]";
 ///     voltage.AddXY(0.5, 12.25);
 ///     const double highest = voltage.GetMaxYValue();
 class TRS8_BTL_API AChartSeries
@@ -44,12 +44,13 @@ public:
     AChartSeries& operator=(const AChartSeries& other);
     virtual ~AChartSeries();
 
-    const System::UnicodeString& getTitle() const noexcept { return mTitle; }
-    void setTitle(const System::UnicodeString& title) { mTitle = title; }
+    System::UnicodeString Title;
     /// Free for the caller.
-    int getTag() const noexcept { return mTag; }
-    void setTag(int tag) noexcept { mTag = tag; }
-    EType getType() const noexcept { return mType; }
+    int Tag = 0;
+    /// That of the first point. Whoever sets it has to see to it that all axes of the type have as many
+    /// values.
+    EType Type = None;
+
     /// Whether the points have the co-ordinates of that type.
     bool Contains(EType type) const noexcept;
 
@@ -89,6 +90,8 @@ protected:
     /// Takes the values of as many axes as the type has, in place of those that were there; other axes stay,
     /// and so do the kept extremes.
     void TakeValues(EType type, UTL::CDoubleVector (&values)[AxisCount]) noexcept;
+    /// How many axes the type has.
+    int getAxes() const noexcept { return Type < None ? 0 : Type > XYZ ? AxisCount : int(Type); }
     /// The values of an axis, which is one of the three.
     const UTL::CDoubleVector& getValues(int axis) const noexcept { return mValues[axis]; }
 
@@ -110,9 +113,6 @@ private:
     template <class... Values>
     void Append(EType type, Values... values);
 
-    System::UnicodeString mTitle;
-    int mTag = 0;
-    EType mType = None;
     UTL::CDoubleVector mValues[AxisCount];
     mutable double mMin[AxisCount] = {UnsetMin, UnsetMin, UnsetMin};
     mutable double mMax[AxisCount] = {UnsetMax, UnsetMax, UnsetMax};

@@ -48,12 +48,17 @@ bool FitsValue(const UTL::CDoubleVector& values)
            values.getCommaText().Length() <= Detail::LongestProfileText - Brackets;
 }
 
+/// The values of an axis that the type has: as many as there are points.
+bool FitsAxis(const AChartSeries& series, AChartSeries::EType type, const UTL::CDoubleVector& values)
+{
+    return !series.Contains(type) || (values.size() == series.getXValues().size() && FitsValue(values));
+}
+
 bool FitsSection(const AChartSeries& series)
 {
-    return FitsLine(series.getTitle()) &&
-           (!series.Contains(AChartSeries::X) || FitsValue(series.getXValues())) &&
-           (!series.Contains(AChartSeries::XY) || FitsValue(series.getYValues())) &&
-           (!series.Contains(AChartSeries::XYZ) || FitsValue(series.getZValues()));
+    return FitsLine(series.Title) && FitsAxis(series, AChartSeries::X, series.getXValues()) &&
+           FitsAxis(series, AChartSeries::XY, series.getYValues()) &&
+           FitsAxis(series, AChartSeries::XYZ, series.getZValues());
 }
 
 } // namespace
@@ -107,10 +112,10 @@ CChartSeries* CChartData::NewStoredSeries()
 
 void CChartData::Take(const TTexts& texts, UTL::GSimpleVector<AChartSeries*>& series)
 {
-    setClass(texts.name);
-    setTitle(texts.title);
-    setTag(texts.tag);
-    setType(texts.type);
+    Class = texts.name;
+    Title = texts.title;
+    Tag = texts.tag;
+    Type = texts.type;
     setXAxisTitle(texts.xAxis);
     setYAxisTitle(texts.yAxis);
     setZAxisTitle(texts.zAxis);
@@ -120,10 +125,10 @@ void CChartData::Take(const TTexts& texts, UTL::GSimpleVector<AChartSeries*>& se
 void CChartData::SaveToIni(AIni* ini) const
 {
     const CSetIniSection scope(ini, ChartSection);
-    ini->WriteString(u"Class", getClass());
-    ini->WriteString(u"Title", getTitle());
-    ini->WriteInteger(u"Tag", getTag());
-    ini->WriteInteger(u"Type", getType());
+    ini->WriteString(u"Class", Class);
+    ini->WriteString(u"Title", Title);
+    ini->WriteInteger(u"Tag", Tag);
+    ini->WriteInteger(u"Type", Type);
     ini->WriteString(u"X_AxisTitle", getXAxisTitle());
     ini->WriteString(u"Y_AxisTitle", getYAxisTitle());
     ini->WriteString(u"Z_AxisTitle", getZAxisTitle());
@@ -156,7 +161,7 @@ void CChartData::LoadFromIni(AIni* ini)
 
 bool CChartData::FitsFile() const
 {
-    const auto texts = {getClass(), getTitle(), getXAxisTitle(), getYAxisTitle(), getZAxisTitle()};
+    const auto texts = {Class, Title, getXAxisTitle(), getYAxisTitle(), getZAxisTitle()};
     if (!std::ranges::all_of(texts, FitsLine)) {
         return false;
     }
@@ -190,11 +195,10 @@ void CChartData::LoadFromFile(const UnicodeString& path)
 void CChartData::SaveToStream(TStream* stream) const
 {
     stream->WriteBuffer(Mark, sizeof Mark);
-    for (const UnicodeString& text :
-         {getClass(), getTitle(), getXAxisTitle(), getYAxisTitle(), getZAxisTitle()}) {
+    for (const UnicodeString& text : {Class, Title, getXAxisTitle(), getYAxisTitle(), getZAxisTitle()}) {
         Detail::WriteText(*stream, text);
     }
-    for (const int number : {getTag(), getType(), getSeriesCount()}) {
+    for (const int number : {Tag, Type, getSeriesCount()}) {
         Detail::WriteNumber(*stream, number);
     }
     for (int i = 0; i < getSeriesCount(); ++i) {

@@ -15,7 +15,7 @@ namespace BTL
 /// Whatever is loaded replaces the chart as a whole. If it can't be, the chart stays as it was.
 ///
 ///     BTL::CChartData chart;
-///     chart.setTitle(u"Run 12");
+///     chart.Title = u"Run 12";
 ///     chart.AddSeries()->AddXY(0.5, 12.25);
 ///     if (chart.FitsFile()) {
 ///         chart.SaveToFile(u"run12.chart");

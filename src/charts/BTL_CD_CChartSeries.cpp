@@ -55,12 +55,10 @@ CChartSeries::~CChartSeries() = default;
 void CChartSeries::SaveToIni(AIni* ini, const UnicodeString& section) const
 {
     const CSetIniSection scope(ini, section);
-    ini->WriteString(u"Title", getTitle());
-    ini->WriteInteger(u"Tag", getTag());
-    ini->WriteInteger(u"Type", getType());
-    for (int axis = 0; axis < getType(); ++axis) {
-        // A type has no more axes than there are.
-        // NOLINTNEXTLINE(clang-analyzer-core.CallAndMessage)
+    ini->WriteString(u"Title", Title);
+    ini->WriteInteger(u"Tag", Tag);
+    ini->WriteInteger(u"Type", getAxes());
+    for (int axis = 0; axis < getAxes(); ++axis) {
         ini->WriteCommaText(ValueKeys[axis], getValues(axis).getCommaText());
     }
 }
@@ -75,17 +73,17 @@ void CChartSeries::LoadFromIni(AIni* ini, const UnicodeString& section)
     ReadLists(type, section, values, [&](int axis, CDoubleVector& list) {
         list.setCommaText(ini->ReadCommaText(ValueKeys[axis], UnicodeString()));
     });
-    setTitle(title);
-    setTag(tag);
+    Title = title;
+    Tag = tag;
     TakeValues(type, values);
 }
 
 void CChartSeries::SaveToStream(TStream* stream) const
 {
-    Detail::WriteText(*stream, getTitle());
-    Detail::WriteNumber(*stream, getTag());
-    Detail::WriteNumber(*stream, getType());
-    for (int axis = 0; axis < getType(); ++axis) {
+    Detail::WriteText(*stream, Title);
+    Detail::WriteNumber(*stream, Tag);
+    Detail::WriteNumber(*stream, getAxes());
+    for (int axis = 0; axis < getAxes(); ++axis) {
         Detail::WriteValues(*stream, getValues(axis));
     }
 }
@@ -100,8 +98,8 @@ void CChartSeries::LoadFromStream(TStream* stream)
     ReadLists(type, place, values,
               [&](int /*axis*/, CDoubleVector& list) { list = Detail::ReadValues(*stream); });
     ClearValues();
-    setTitle(title);
-    setTag(tag);
+    Title = title;
+    Tag = tag;
     TakeValues(type, values);
 }
 

@@ -42,10 +42,10 @@ public:
 
 void Fill(AChartData& chart)
 {
-    chart.setClass(u"line");
-    chart.setTitle(u"Run");
-    chart.setTag(3);
-    chart.setType(4);
+    chart.Class = u"line";
+    chart.Title = u"Run";
+    chart.Tag = 3;
+    chart.Type = 4;
     chart.setXAxisTitle(u"t");
     chart.setYAxisTitle(u"U");
     chart.setZAxisTitle(u"I");
@@ -82,10 +82,10 @@ TEST(ChartDataTest, CopiesHaveSeriesOfTheirOwn)
     for (const CountedChart* const other : {&copy, static_cast<const CountedChart*>(&assigned)}) {
         EXPECT_EQ(other->getSeriesCount(), 2);
         EXPECT_EQ(other->getSeries(0)->getXCommaText(), u"1");
-        EXPECT_EQ(other->getClass(), u"line");
-        EXPECT_EQ(other->getTitle(), u"Run");
-        EXPECT_EQ(other->getTag(), 3);
-        EXPECT_EQ(other->getType(), 4);
+        EXPECT_EQ(other->Class, u"line");
+        EXPECT_EQ(other->Title, u"Run");
+        EXPECT_EQ(other->Tag, 3);
+        EXPECT_EQ(other->Type, 4);
         EXPECT_EQ(other->getXAxisTitle() + other->getYAxisTitle() + other->getZAxisTitle(), u"tUI");
     }
 }
@@ -140,7 +140,7 @@ TEST(ChartDataTest, TheBaseMakesNoSeries)
     CountedChart other;
     Fill(other);
     chart = other;
-    EXPECT_EQ(chart.getTitle(), u"Run");
+    EXPECT_EQ(chart.Title, u"Run");
     EXPECT_EQ(chart.getSeriesCount(), 0);
     chart.SaveToFile(u"\\no\\such\\folder");
     chart.LoadFromFile(u"\\no\\such\\folder");

@@ -21,18 +21,18 @@ constexpr double Infinity = std::numeric_limits<double>::infinity();
 TEST(ChartSeriesTest, TakesItsTypeFromTheFirstPoint)
 {
     AChartSeries series;
-    EXPECT_EQ(series.getType(), 0);
-    series.setTitle(u"U");
-    series.setTag(7);
+    EXPECT_EQ(series.Type, 0);
+    series.Title = u"U";
+    series.Tag = 7;
     series.AddXY(1, 2);
-    EXPECT_EQ(series.getType(), AChartSeries::XY);
+    EXPECT_EQ(series.Type, AChartSeries::XY);
     EXPECT_THROW(series.AddX(1), UTL::XAssert);
     EXPECT_THROW(series.AddXYZ(1, 2, 3), UTL::XAssert);
     EXPECT_EQ(series.getXValues().size(), 1U);
     series.ClearValues();
-    EXPECT_EQ(series.getType(), AChartSeries::None);
-    EXPECT_EQ(series.getTitle(), u"U");
-    EXPECT_EQ(series.getTag(), 7);
+    EXPECT_EQ(series.Type, AChartSeries::None);
+    EXPECT_EQ(series.Title, u"U");
+    EXPECT_EQ(series.Tag, 7);
     series.AddXYZ(1, 2, 3);
     EXPECT_EQ(series.getXCommaText(), u"1");
     EXPECT_EQ(series.getYCommaText(), u"2");

@@ -25,19 +25,19 @@ using System::UnicodeString;
 CChartData Sample()
 {
     CChartData chart;
-    chart.setClass(u"line");
-    chart.setTitle(u" \"Run 1\" – Ω=]#; ");
-    chart.setTag(-3);
-    chart.setType(4);
+    chart.Class = u"line";
+    chart.Title = u" \"Run 1\" – Ω=]#; ";
+    chart.Tag = -3;
+    chart.Type = 4;
     chart.setXAxisTitle(u"t [s]");
     chart.setYAxisTitle(u"U");
     chart.setZAxisTitle(u"I");
     AChartSeries* const first = chart.AddSeries();
-    first->setTitle(u"eins");
+    first->Title = u"eins";
     first->AddXY(0.25, 12);
     first->AddXY(std::numeric_limits<double>::quiet_NaN(), -std::numeric_limits<double>::infinity());
     AChartSeries* const second = chart.AddSeries();
-    second->setTag(9);
+    second->Tag = 9;
     second->AddXYZ(1, 2, 3);
     chart.AddSeries()->AddX(-1);
     chart.AddSeries();
@@ -47,13 +47,13 @@ CChartData Sample()
 /// All that a chart tells, a line each.
 UnicodeString Told(const CChartData& chart)
 {
-    UnicodeString text = chart.getClass() + u'\n' + chart.getTitle() + u'\n' + UnicodeString(chart.getTag()) +
-                         u' ' + UnicodeString(chart.getType()) + u'\n' + chart.getXAxisTitle() + u'\n' +
+    UnicodeString text = chart.Class + u'\n' + chart.Title + u'\n' + UnicodeString(chart.Tag) + u' ' +
+                         UnicodeString(chart.Type) + u'\n' + chart.getXAxisTitle() + u'\n' +
                          chart.getYAxisTitle() + u'\n' + chart.getZAxisTitle();
     for (int i = 0; i < chart.getSeriesCount(); ++i) {
         const AChartSeries& series = *chart.getSeries(i);
-        text += u'\n' + series.getTitle() + u' ' + UnicodeString(series.getTag()) + u' ' +
-                UnicodeString(static_cast<int>(series.getType())) + u' ' + series.getXCommaText() + u' ' +
+        text += u'\n' + series.Title + u' ' + UnicodeString(series.Tag) + u' ' +
+                UnicodeString(static_cast<int>(series.Type)) + u' ' + series.getXCommaText() + u' ' +
                 series.getYCommaText() + u' ' + series.getZCommaText();
     }
     return text;
@@ -114,11 +114,16 @@ TEST_F(ChartFileTest, RefusesWhatWouldNotComeBack)
     lines.setYAxisTitle(u"two\nlines");
     refuses(lines);
     CChartData inSeries = Sample();
-    inSeries.getSeries(2)->setTitle(u"two\rlines");
+    inSeries.getSeries(2)->Title = u"two\rlines";
     refuses(inSeries);
     CChartData longTitle = Sample();
-    longTitle.setClass(UnicodeString::StringOfChar(u'x', 65535));
+    longTitle.Class = UnicodeString::StringOfChar(u'x', 65535);
     refuses(longTitle);
+    CChartData otherType;
+    AChartSeries* const flat = otherType.AddSeries();
+    flat->AddXY(1, 2);
+    flat->Type = AChartSeries::XYZ;
+    refuses(otherType);
 }
 
 TEST_F(ChartFileTest, TellsHowLongAListMayBe)
@@ -176,14 +181,14 @@ TEST_F(ChartFileTest, LeavesTheChartWhenTheFileIsDamaged)
     std::ofstream(mFile) << "[Chart]\nSeriesCount=-5\nTitle=x\n";
     CChartData chart = Sample();
     chart.LoadFromFile(mPath);
-    EXPECT_EQ(chart.getTitle(), u"x");
+    EXPECT_EQ(chart.Title, u"x");
     EXPECT_EQ(chart.getSeriesCount(), 0);
 }
 
 TEST(ChartStreamTest, KeepsEachBit)
 {
     CChartData chart = Sample();
-    chart.setTitle(u"two\nlines");
+    chart.Title = u"two\nlines";
     AChartSeries* const series = chart.AddSeries();
     const std::uint64_t bits[] = {0x7FF8000000000001, 0xFFF0000000000000, 0x8000000000000000, 1,
                                   std::bit_cast<std::uint64_t>(1. / 3)};
@@ -214,9 +219,9 @@ TEST(ChartStreamTest, LeavesTheChartWhenTheStreamEnds)
         part.WriteBuffer(bytes, length);
         part.setPosition(0);
         CChartData chart;
-        chart.setTitle(u"stays");
+        chart.Title = u"stays";
         EXPECT_THROW(chart.LoadFromStream(&part), Classes::EReadError) << length;
-        EXPECT_EQ(chart.getTitle(), u"stays");
+        EXPECT_EQ(chart.Title, u"stays");
         EXPECT_EQ(chart.getSeriesCount(), 0);
     }
 }

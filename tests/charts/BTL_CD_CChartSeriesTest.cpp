@@ -17,8 +17,8 @@ using System::UnicodeString;
 CChartSeries Sample()
 {
     CChartSeries series;
-    series.setTitle(u"U [V]");
-    series.setTag(-7);
+    series.Title = u"U [V]";
+    series.Tag = -7;
     series.AddXY(0.1, 1e300);
     series.AddXY(-2, 3);
     return series;
@@ -49,16 +49,16 @@ TEST(StoredSeriesTest, ComesBack)
     series.AddXYZ(7, 8, 9);
     EXPECT_EQ(series.GetMinXValue(), 7);
     series.LoadFromIni(&ini, u"s");
-    EXPECT_EQ(series.getTitle(), u"U [V]");
-    EXPECT_EQ(series.getTag(), -7);
-    EXPECT_EQ(series.getType(), AChartSeries::XY);
+    EXPECT_EQ(series.Title, u"U [V]");
+    EXPECT_EQ(series.Tag, -7);
+    EXPECT_EQ(series.Type, AChartSeries::XY);
     EXPECT_EQ(series.getYCommaText(), Sample().getYCommaText());
     EXPECT_EQ(series.getZCommaText(), u"9") << "the axis isn't the type's";
     EXPECT_EQ(series.GetMinXValue(), 7) << "what is kept stays";
     EXPECT_EQ(series.GetMaxXValue(), 0.1);
     series.LoadFromIni(&ini, u"none");
-    EXPECT_EQ(series.getTitle(), u"");
-    EXPECT_EQ(series.getType(), AChartSeries::None);
+    EXPECT_EQ(series.Title, u"");
+    EXPECT_EQ(series.Type, AChartSeries::None);
 }
 
 TEST(StoredSeriesTest, RefusesDamage)
@@ -74,12 +74,12 @@ TEST(StoredSeriesTest, RefusesDamage)
         ini.setSection(u"s");
         ini.WriteString(key, value);
         CChartSeries series;
-        series.setTitle(u"stays");
+        series.Title = u"stays";
         series.AddX(1);
         EXPECT_THROW(series.LoadFromIni(&ini, u"s"), Sysutils::Exception);
-        EXPECT_EQ(series.getTitle(), u"stays");
+        EXPECT_EQ(series.Title, u"stays");
         EXPECT_EQ(series.getXCommaText(), u"1");
-        EXPECT_EQ(series.getType(), AChartSeries::X);
+        EXPECT_EQ(series.Type, AChartSeries::X);
     }
 }
 
