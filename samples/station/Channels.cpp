@@ -21,29 +21,23 @@ using System::UnicodeString;
 
 constexpr auto AllOfKind = u".*";
 
-/// A fault in one line, without its place.
-class XBadLine : public Sysutils::Exception
-{
-public:
-    using Exception::Exception;
-};
-
 /// The value of a limit in `unit`. The limit functions take 0 for no limit, so it is refused as one.
 double ReadLimit(const UnicodeString& text, const UnicodeString& unit)
 {
     UnicodeString ownUnit;
     double value = 0;
     if (!BTL::ValueWithUnitToDouble(text, value, ownUnit)) {
-        throw XBadLine(u"'" + text + u"' is no number");
+        throw XBadSettings(u"'" + text + u"' is no number");
     }
     if (value == 0) {
-        throw XBadLine(u"'" + text + u"' can't be a limit");
+        throw XBadSettings(u"'" + text + u"' can't be a limit");
     }
     if (ownUnit.IsEmpty()) {
         return value;
     }
     if (BTL::CutUnitPrefix(ownUnit) != BTL::CutUnitPrefix(unit)) {
-        throw XBadLine(u"the limit '" + text + u"' is not in " + (unit.IsEmpty() ? u"a plain number" : unit));
+        throw XBadSettings(u"the limit '" + text + u"' is not in " +
+                           (unit.IsEmpty() ? u"a plain number" : unit));
     }
     return value / BTL::GetUnitPrefixFactor(unit);
 }
@@ -63,7 +57,7 @@ void ReadLimitWord(TLimits& limits, UnicodeString word, const UnicodeString& uni
     } else if (kind == u"upper") {
         limits.upper = ReadLimit(value.Trim(), unit);
     } else {
-        throw XBadLine(u"'" + word.Trim() + u"' is neither 'lower VALUE' nor 'upper VALUE'");
+        throw XBadSettings(u"'" + word.Trim() + u"' is neither 'lower VALUE' nor 'upper VALUE'");
     }
 }
 
@@ -79,46 +73,6 @@ bool Matches(const UnicodeString& pattern, const UnicodeString& name)
 bool IsOfInstrument(const UnicodeString& name)
 {
     return BTL::BeginsWith(name, SerialPrefix, 1);
-}
-
-void AddChannels(std::vector<CChannel>& channels, UnicodeString line, const std::vector<TSource>& sources,
-                 const TSourceMaker& serial)
-{
-    if (BTL::Pos(line, u'=') == 0) {
-        throw XBadLine(u"'=' is missing");
-    }
-    const UnicodeString name = BTL::ConsumeLeftSubString(line, u'=', false).Trim();
-    const UnicodeString unit = BTL::ConsumeLeftSubString(line, u';', true).Trim();
-    TLimits limits;
-    while (!line.Trim().IsEmpty()) {
-        ReadLimitWord(limits, BTL::ConsumeLeftSubString(line, u';', true), unit);
-    }
-    if (limits.lower != 0 && limits.upper != 0 && limits.lower > limits.upper) {
-        throw XBadLine(u"the lower limit is above the upper one");
-    }
-
-    if (IsOfInstrument(name)) {
-        if (serial) {
-            const UnicodeString own =
-                BTL::RightSubString(name, name.Length() - UnicodeString(SerialPrefix).Length());
-            channels.emplace_back(serial(own, BTL::CutUnitPrefix(unit)), unit, limits.lower, limits.upper);
-        }
-        return;
-    }
-    const std::size_t before = channels.size();
-    for (const TSource& source : sources) {
-        if (!Matches(name, source.name)) {
-            continue;
-        }
-        if (BTL::CutUnitPrefix(unit) != source.unit) {
-            throw XBadLine(u"the unit '" + unit + u"' does not fit " + source.name);
-        }
-        channels.emplace_back(source, unit, limits.lower, limits.upper);
-    }
-    // A kind that this machine doesn't show is no fault of the file.
-    if (channels.size() == before && !BTL::EndsWith(name, AllOfKind)) {
-        throw XBadLine(u"there is no channel '" + name + u"'");
-    }
 }
 
 } // namespace
@@ -148,6 +102,42 @@ bool CChannel::IsWithinLimits() const
                                 (mUpper == 0 || mSamples.GetMaxValue() <= mUpper));
 }
 
+void AddChannels(std::vector<CChannel>& channels, const UnicodeString& name, UnicodeString rest,
+                 const std::vector<TSource>& sources, const TSourceMaker& serial)
+{
+    const UnicodeString unit = BTL::ConsumeLeftSubString(rest, u';', true).Trim();
+    TLimits limits;
+    while (!rest.Trim().IsEmpty()) {
+        ReadLimitWord(limits, BTL::ConsumeLeftSubString(rest, u';', true), unit);
+    }
+    if (limits.lower != 0 && limits.upper != 0 && limits.lower > limits.upper) {
+        throw XBadSettings(u"the lower limit is above the upper one");
+    }
+
+    if (IsOfInstrument(name)) {
+        if (serial) {
+            const UnicodeString own =
+                BTL::RightSubString(name, name.Length() - UnicodeString(SerialPrefix).Length());
+            channels.emplace_back(serial(own, BTL::CutUnitPrefix(unit)), unit, limits.lower, limits.upper);
+        }
+        return;
+    }
+    const std::size_t before = channels.size();
+    for (const TSource& source : sources) {
+        if (!Matches(name, source.name)) {
+            continue;
+        }
+        if (BTL::CutUnitPrefix(unit) != source.unit) {
+            throw XBadSettings(u"the unit '" + unit + u"' does not fit " + source.name);
+        }
+        channels.emplace_back(source, unit, limits.lower, limits.upper);
+    }
+    // A kind that this machine doesn't show is no fault of the file.
+    if (channels.size() == before && !BTL::EndsWith(name, AllOfKind)) {
+        throw XBadSettings(u"there is no channel '" + name + u"'");
+    }
+}
+
 std::vector<CChannel> LoadChannels(const std::filesystem::path& file, const std::vector<TSource>& sources,
                                    const TSourceMaker& serial)
 {
@@ -156,26 +146,30 @@ std::vector<CChannel> LoadChannels(const std::filesystem::path& file, const std:
     std::vector<CChannel> channels;
     std::string bytes;
     for (int number = 1; std::getline(stream, bytes); ++number) {
-        const UnicodeString line = BTL::LeftSubStringUntil(System::FromUtf8(bytes), u'#').Trim();
+        UnicodeString line = BTL::LeftSubStringUntil(System::FromUtf8(bytes), u'#').Trim();
         if (line.IsEmpty()) {
             continue;
         }
         try {
-            AddChannels(channels, line, sources, serial);
-        } catch (const XBadLine& fault) {
-            throw XBadChannelFile(name + u":" + UnicodeString(number) + u": " + fault.getMessage());
+            if (BTL::Pos(line, u'=') == 0) {
+                throw XBadSettings(u"'=' is missing");
+            }
+            const UnicodeString channel = BTL::ConsumeLeftSubString(line, u'=', false).Trim();
+            AddChannels(channels, channel, line, sources, serial);
+        } catch (const XBadSettings& fault) {
+            throw XBadSettings(name + u":" + UnicodeString(number) + u": " + fault.getMessage());
         }
     }
     if (!stream.eof()) {
-        throw XBadChannelFile(name + u": the file can't be read");
+        throw XBadSettings(name + u": the file can't be read");
     }
     if (channels.empty()) {
-        throw XBadChannelFile(name + u": the file names no channel");
+        throw XBadSettings(name + u": the file names no channel");
     }
     if (serial && std::none_of(channels.begin(), channels.end(),
                                [](const CChannel& channel) { return IsOfInstrument(channel.getName()); })) {
-        throw XBadChannelFile(name + u": the file names no channel of the instrument, '" + SerialPrefix +
-                              u"NAME'");
+        throw XBadSettings(name + u": the file names no channel of the instrument, '" + SerialPrefix +
+                           u"NAME'");
     }
     return channels;
 }

@@ -13,8 +13,9 @@
 namespace Station
 {
 
-/// A line of the channel file that makes no sense; the message begins with the file and the line number.
-class XBadChannelFile : public Sysutils::Exception
+/// A line of the channel file or a setting that makes no sense. The message that the user gets begins with
+/// the file, and the line number or section and key.
+class XBadSettings : public Sysutils::Exception
 {
 public:
     using Exception::Exception;
@@ -57,7 +58,12 @@ private:
 /// What the names of channels of an instrument begin with.
 inline constexpr auto SerialPrefix = u"serial.";
 
-/// The channels that `file` names, in its order; `XBadChannelFile` if it can't be read or has a bad line.
+/// Adds the channels that `name` stands for; `rest` is the unit and the limits, "mV; lower -40; upper -30".
+/// `XBadSettings`, without a place, if they make no sense.
+void AddChannels(std::vector<CChannel>& channels, const System::UnicodeString& name,
+                 System::UnicodeString rest, const std::vector<TSource>& sources, const TSourceMaker& serial);
+
+/// The channels that `file` names, in its order; `XBadSettings` if it can't be read or has a bad line.
 /// Those of an instrument are passed over if `serial` is null, else there must be one.
 std::vector<CChannel> LoadChannels(const std::filesystem::path& file, const std::vector<TSource>& sources,
                                    const TSourceMaker& serial);

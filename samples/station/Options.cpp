@@ -9,6 +9,7 @@
 #include <TRS8_BTL/text/grammar/BTL_CommandLineOptions.h>
 #include <TRS8_BTL/text/numbers/BTL_NUM_Floats.h>
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <vector>
@@ -76,6 +77,24 @@ int ReadPort(const UnicodeString& text)
     return number;
 }
 
+EStore ReadStore(const UnicodeString& text)
+{
+    constexpr std::array<const WideChar*, 4> names = {u"ini", u"mem", u"stream", u"json"};
+    const auto name = std::find(names.begin(), names.end(), text);
+    if (name == names.end()) {
+        throw XBadValue(u"is none of ini, mem, stream and json");
+    }
+    return static_cast<EStore>(name - names.begin());
+}
+
+UnicodeString ReadLanguage(const UnicodeString& text)
+{
+    if (text != u"German" && text != u"English") {
+        throw XBadValue(u"is neither German nor English");
+    }
+    return text;
+}
+
 /// A path for the calls of the host.
 std::string ReadHostPath(const UnicodeString& text)
 {
@@ -115,8 +134,20 @@ struct TOption
 
 constexpr std::array Table = {
     TOption{u"--seconds", u"N", u"how long to sample; default 5", Set<&TOptions::seconds, ReadSeconds>},
-    TOption{u"--channels", u"FILE", u"the channels with their units and limits; default channels.txt",
+    TOption{u"--channels", u"FILE",
+            u"the channels with their units and limits; default: those of the settings",
             Set<&TOptions::channels, ReadHostPath>},
+    TOption{u"--store", u"STORE", u"what keeps the settings: ini, mem, stream or json; default ini",
+            Set<&TOptions::store, ReadStore>},
+    TOption{u"--settings", u"FILE",
+            u"the settings; default Station.ini, or Station.json for json, beside the program",
+            Set<&TOptions::settings, ReadPath>},
+    TOption{u"--chart", u"FILE", u"print the chart of an earlier run, as a table and as plots",
+            Set<&TOptions::chart, ReadPath>},
+    TOption{u"--language", u"NAME", u"the language of the library's texts, German or English",
+            Set<&TOptions::language, ReadLanguage>},
+    TOption{u"--open", nullptr, u"start the program that the description names, in its own folder",
+            SwitchOn<&TOptions::open>},
     TOption{u"--decimal", u"C",
             u"the decimal separator of the table, '.' or ','; default: that of the locale",
             Set<&TOptions::decimal, ReadDecimal>},
@@ -164,7 +195,7 @@ Usage: station [options]
 
 constexpr auto Conclusion = uR"(
 Numbers may be written with either decimal separator. Exit code 0: all was printed;
-1: something failed; 2: the command line or the channel file is bad; 3: all was printed,
+1: something failed; 2: the command line, a setting or a file is bad; 3: all was printed,
 but the instrument failed at times, as the log tells.
 
 To try the instrument, start "station --instrument" in one terminal, which tells the

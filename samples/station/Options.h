@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Settings.h"
+
 #include <TRS8_BTL/platform/base/dates/System_DateTime.h>
 #include <TRS8_BTL/text/grammar/BTL_CommandLineOptions.h>
 
@@ -15,7 +17,17 @@ struct TOptions
 {
     /// How long to sample, or to play an instrument; without it 5 seconds, or until the program is stopped.
     std::optional<double> seconds;
-    std::filesystem::path channels = "channels.txt";
+    /// A channel file in place of the channels of the settings.
+    std::optional<std::filesystem::path> channels;
+    EStore store = EStore::Ini;
+    /// Where the settings are; empty for the file beside the program.
+    System::UnicodeString settings;
+    /// A chart to print, in place of a run.
+    System::UnicodeString chart;
+    /// The language of the library's texts; empty for that of the installation.
+    System::UnicodeString language;
+    /// Whether to start the program that the description names.
+    bool open = false;
     /// The decimal separator of all numbers shown; without it that of the user's locale.
     std::optional<System::WideChar> decimal;
     /// Where the samples are kept; empty for the file beside the program.

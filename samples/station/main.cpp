@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "Channels.h"
+#include "Chart.h"
 #include "Instrument.h"
 #include "Options.h"
 #include "Report.h"
 #include "Samples.h"
 #include "SerialReader.h"
+#include "Settings.h"
 
+#include <TRS8_BTL/environment/BTL_ENV_ApplicationIni.h>
 #include <TRS8_BTL/environment/folders/BTL_ENV_Folders.h>
 #include <TRS8_BTL/foundation/logs/UTL_LOG_Log.h>
+#include <TRS8_BTL/languages/BTL_I18N_Texts.h>
 #include <TRS8_BTL/platform/base/Sysutils_Exception.h>
 #include <TRS8_BTL/platform/base/Sysutils_Locale.h>
 #include <TRS8_BTL/platform/base/dates/Sysutils_Calendar.h>
@@ -26,7 +30,6 @@ namespace
 using namespace Station;
 using System::UnicodeString;
 
-constexpr std::chrono::milliseconds Interval(250);
 constexpr int DefaultPort = 7;
 
 enum EExitCode : int
@@ -37,15 +40,30 @@ enum EExitCode : int
     InstrumentFailed = 3
 };
 
+constexpr double SecondsADay = 24 * 3600;
+
+/// What is sampled, and what came of it.
+struct TRun
+{
+    std::vector<CChannel> channels;
+    BTL::CChartData chart;
+    /// Between two turns, in seconds.
+    double interval;
+    System::TDateTime start;
+};
+
 /// One turn: asks the instrument, if there is one, and reads all channels.
-void Sample(std::vector<CChannel>& channels, CSerialReader* serial, CSampleWriter& writer)
+void Sample(TRun& run, CSerialReader* serial, CSampleWriter& writer)
 {
     if (serial != nullptr) {
         serial->Ask();
     }
     const System::TDateTime time = Sysutils::Now();
-    for (CChannel& channel : channels) {
+    const double second = (time - run.start) * SecondsADay;
+    for (std::size_t i = 0; i < run.channels.size(); ++i) {
+        CChannel& channel = run.channels[i];
         if (const auto value = channel.Read()) {
+            run.chart.getSeries(static_cast<int>(i))->AddXY(second, *value);
             writer.Add(MakeSample(time, channel.getName(), *value, channel.getUnit()));
         } else {
             channel.AddMiss();
@@ -56,17 +74,20 @@ void Sample(std::vector<CChannel>& channels, CSerialReader* serial, CSampleWrite
 }
 
 /// Samples in a thread of its own and waits for its end. What ends it before comes out here.
-void SampleFor(double seconds, std::vector<CChannel>& channels, CSerialReader* serial, CSampleWriter& writer)
+void SampleFor(double seconds, TRun& run, CSerialReader* serial, CSampleWriter& writer)
 {
     using Clock = std::chrono::steady_clock;
+    const auto spanOf = [](double span) {
+        return std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(span));
+    };
     auto next = Clock::now();
-    const auto end =
-        next + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds));
+    const auto end = next + spanOf(seconds);
+    const auto interval = spanOf(run.interval);
     BTL::TActionThread sampling(
         [&](BTL::TActionThread* thread) {
-            Sample(channels, serial, writer);
+            Sample(run, serial, writer);
             // Turns that a slow instrument took the time of are left out.
-            next = std::max(next + Interval, Clock::now());
+            next = std::max(next + interval, Clock::now());
             if (next > end) {
                 thread->Terminate();
                 return;
@@ -112,6 +133,12 @@ EExitCode ReportInstrument(const CSerialReader* serial)
     return InstrumentFailed;
 }
 
+UnicodeString SettingsFile(const TOptions& options)
+{
+    const auto name = options.store == EStore::Json ? u"Station.json" : u"Station.ini";
+    return options.settings.IsEmpty() ? BTL::GetBinPath() + name : options.settings;
+}
+
 EExitCode Run(const TOptions& options)
 {
     if (options.decimal) {
@@ -123,8 +150,18 @@ EExitCode Run(const TOptions& options)
     const UnicodeString file =
         options.samples.IsEmpty() ? BTL::GetBinPath() + u"Samples.txt" : options.samples;
     const auto serial = options.serial ? std::make_unique<CSerialReader>(*options.serial) : nullptr;
-    std::vector<CChannel> channels =
-        LoadChannels(options.channels, HostSources(), serial ? serial->GetSourceMaker() : TSourceMaker());
+    const UnicodeString settingsFile = SettingsFile(options);
+    const auto settings = OpenSettings(options.store, settingsFile);
+    const auto maker = serial ? serial->GetSourceMaker() : TSourceMaker();
+    const UnicodeString lastRun = LoadLastRun(*settings);
+    const UnicodeString title = BTL::CApplicationIni::Get()->Title;
+    TRun run{options.channels ? LoadChannels(*options.channels, HostSources(), maker)
+                              : LoadChannels(*settings, HostSources(), maker),
+             {},
+             LoadInterval(*settings),
+             Sysutils::Now()};
+    std::vector<CChannel>& channels = run.channels;
+    run.chart = MakeChart(channels, title);
     const double seconds = options.seconds.value_or(5);
     BTL::Log(u"Sampling " + UnicodeString(channels.size()) + u" channels for " + UnicodeString(seconds) +
              u" s");
@@ -132,7 +169,7 @@ EExitCode Run(const TOptions& options)
         serial->Open();
     }
     CSampleWriter writer(file);
-    SampleFor(seconds, channels, serial.get(), writer);
+    SampleFor(seconds, run, serial.get(), writer);
     ReadSamples(file, options.from ? 0 : writer.getStart(), options.from, [&](const UTL::CVariants& sample) {
         AddSample(channels, sample);
         if (options.sql) {
@@ -140,9 +177,13 @@ EExitCode Run(const TOptions& options)
         }
     });
     LogLimits(channels);
+    const UnicodeString chart = SaveChart(run.chart, BTL::GetRootPath() + u"Charts\\", run.start);
     if (!options.sql) {
+        std::cout << title << "\nlast run: " << (lastRun.IsEmpty() ? UnicodeString(u"none") : lastRun)
+                  << "\nchart: " << System::FromUtf8(Sysutils::HostPath(chart)) << "\n\n";
         WriteReport(std::cout, channels);
     }
+    SaveSettings(*settings, settingsFile, Sysutils::Now());
     return ReportInstrument(serial.get());
 }
 
@@ -150,6 +191,17 @@ EExitCode Start(const TOptions& options)
 {
     if (options.help) {
         std::cout << HelpText();
+        return Done;
+    }
+    if (!options.language.IsEmpty()) {
+        BTL::Gi18n::InitWithPath(BTL::GetProgramIDSPath() + options.language + u"\\", false);
+    }
+    if (options.open) {
+        BTL::CApplicationIni::Get()->OpenExternalApp();
+        return Done;
+    }
+    if (!options.chart.IsEmpty()) {
+        WriteChart(std::cout, LoadChart(options.chart));
         return Done;
     }
     if (options.instrument) {
@@ -174,7 +226,7 @@ int main(int argc, char* argv[])
         return std::cout.flush() ? code : Failed;
     } catch (const BTL::XCommandLine& fault) {
         return Fail(BadInput, fault.getMessage());
-    } catch (const XBadChannelFile& fault) {
+    } catch (const XBadSettings& fault) {
         return Fail(BadInput, fault.getMessage());
     } catch (const Sysutils::Exception& fault) {
         return Fail(Failed, fault.getMessage());

@@ -5,7 +5,7 @@ include(${CMAKE_CURRENT_LIST_DIR}/Steps.cmake)
 # The forms of numbers and times are those of the plain locale.
 set(ENV{LC_ALL} C)
 
-set(station "${workFolder}/build/station")
+set(station "${workFolder}/build/Bin/station")
 set(channels "${workFolder}/channels.txt")
 
 # Runs the station; its exit code must be `code`, and what it prints must match each of the expressions that
@@ -104,6 +104,32 @@ expect_station(2 ARGUMENTS --colour MATCHES "unknown option '--colour'")
 expect_station(2 ARGUMENTS --serial COM0 MATCHES "--serial: 'COM0' is no port")
 expect_station(2 ARGUMENTS --faulty MATCHES "--faulty goes with --instrument")
 expect_station(2 ARGUMENTS --sql 5 MATCHES "unknown option '5'")
+
+# Each store keeps the last run for the next one, and the channels for the user to edit.
+foreach(store ini mem stream json)
+    set(settings --store ${store} --settings "${workFolder}/settings.${store}" --seconds 0.1)
+    expect_station(0 ARGUMENTS ${settings} MATCHES "^Measuring station\nlast run: none\n" "\nprocesses ")
+    expect_station(0 ARGUMENTS ${settings} MATCHES "\nlast run: 20[0-9][0-9]-[0-9-]+ [0-9:.]+\n" "\nprocesses ")
+    file(READ "${workFolder}/settings.${store}" content)
+    if(NOT content MATCHES "processes.*upper 2000")
+        message(FATAL_ERROR "The store ${store} keeps no channels\n${content}")
+    endif()
+endforeach()
+file(WRITE "${workFolder}/bad.ini" "[Run]\nInterval=often\n")
+expect_station(2 ARGUMENTS --settings "${workFolder}/bad.ini" MATCHES "bad.ini .Run. Interval: the value is not a number")
+file(READ "${workFolder}/bad.ini" content)
+if(NOT content STREQUAL "[Run]\nInterval=often\n")
+    message(FATAL_ERROR "Bad settings were changed\n${content}")
+endif()
+
+file(GLOB charts "${workFolder}/build/Charts/*.chart")
+list(GET charts -1 chart)
+foreach(language German English)
+    expect_station(0 ARGUMENTS --language ${language} --chart "${chart}" MATCHES "t .s. +load.1 " "\nload.1\n.*[*]")
+endforeach()
+file(WRITE "${workFolder}/damaged.chart" "[Chart]\nSeriesCount=9\n")
+expect_station(2 ARGUMENTS --chart "${workFolder}/damaged.chart" MATCHES "damaged.chart: ")
+expect_station(2 ARGUMENTS --chart "${workFolder}/none.chart" MATCHES "none.chart: there is no such chart")
 
 find_program(bash NAMES bash REQUIRED)
 run_step(DESCRIPTION "The station beside an instrument"

@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+#include "Settings.h"
+
+#include <TRS8_BTL/config/BTL_INI_IniFileEx.h>
+#include <TRS8_BTL/config/BTL_INI_IniStream.h>
+#include <TRS8_BTL/config/BTL_INI_JsonIni.h>
+#include <TRS8_BTL/config/BTL_INI_WinIniFile.h>
+#include <TRS8_BTL/environment/folders/BTL_ENV_Folders.h>
+#include <TRS8_BTL/platform/base/dates/Sysutils_DateText.h>
+#include <TRS8_BTL/platform/runtime/classes/Classes_StringList.h>
+#include <TRS8_BTL/platform/runtime/sysutils/Sysutils_File.h>
+
+#include <array>
+#include <cmath>
+#include <exception>
+#include <limits>
+#include <utility>
+
+namespace Station
+{
+
+namespace
+{
+
+using System::UnicodeString;
+
+constexpr auto RunSection = u"Run";
+constexpr auto ChannelSection = u"Channels";
+constexpr auto IntervalKey = u"Interval";
+constexpr auto LastRunKey = u"LastRun";
+constexpr double DefaultInterval = 0.25;
+
+constexpr std::array<std::pair<const System::WideChar*, const System::WideChar*>, 4> UsualChannels = {{
+    {u"load.1", u"; upper 8"},
+    {u"memory.available", u"MB; lower 500 MB"},
+    {u"processes", u"; upper 2000"},
+    {u"temperature.*", u"°C; lower 5; upper 90"},
+}};
+
+UnicodeString PlaceOf(const BTL::AIni& settings, const UnicodeString& section, const UnicodeString& key)
+{
+    return settings.getFile() + u" [" + section + u"] " + key + u": ";
+}
+
+std::unique_ptr<BTL::AIni> OpenStream(const UnicodeString& file)
+{
+    if (!Sysutils::FileExists(file)) {
+        return std::make_unique<BTL::CIniStreamEx>(file, RunSection);
+    }
+    const auto mode = BTL::FileReadOnly(file) ? Classes::fmOpenRead : Classes::fmOpenReadWrite;
+    return std::make_unique<BTL::CIniStreamEx>(
+        file, static_cast<unsigned short>(mode | Classes::fmShareDenyWrite), true);
+}
+
+} // namespace
+
+std::unique_ptr<BTL::AIni> OpenSettings(EStore store, const UnicodeString& file)
+{
+    switch (store) {
+    case EStore::Mem:
+        return std::make_unique<BTL::CMemIniFile>(file);
+    case EStore::Stream:
+        return OpenStream(file);
+    case EStore::Json: {
+        auto document = std::make_unique<BTL::CJsonIni>(file, u"station.ini");
+        document->Load();
+        return document;
+    }
+    case EStore::Ini:
+        break;
+    }
+    return std::make_unique<BTL::CWIN_IniFile>(file);
+}
+
+double LoadInterval(BTL::AIni& settings)
+{
+    const BTL::CSetIniSection section(&settings, RunSection);
+    if (!settings.KeyExists(IntervalKey)) {
+        return DefaultInterval;
+    }
+    double interval = std::numeric_limits<double>::quiet_NaN();
+    try {
+        interval = settings.ReadFloat(IntervalKey, interval);
+    } catch (const std::exception&) {
+        // A value of another type, which the range tells.
+    }
+    if (!(interval >= 0.01 && interval <= 3600)) {
+        throw XBadSettings(PlaceOf(settings, RunSection, IntervalKey) +
+                           u"the value is not a number of seconds from 0.01 to 3600");
+    }
+    return interval;
+}
+
+UnicodeString LoadLastRun(BTL::AIni& settings)
+{
+    const BTL::CSetIniSection section(&settings, RunSection);
+    try {
+        settings.ReadSqlDateTime(LastRunKey);
+    } catch (const std::exception&) {
+        throw XBadSettings(PlaceOf(settings, RunSection, LastRunKey) + u"the value is not a time");
+    }
+    return settings.ReadString(LastRunKey, UnicodeString());
+}
+
+std::vector<CChannel> LoadChannels(BTL::AIni& settings, const std::vector<TSource>& sources,
+                                   const TSourceMaker& serial)
+{
+    Classes::TStringList keys;
+    settings.ReadKeys(ChannelSection, &keys);
+    const BTL::CSetIniSection section(&settings, ChannelSection);
+    std::vector<CChannel> channels;
+    for (int i = 0; i < keys.getCount(); ++i) {
+        const UnicodeString key = keys.getStrings(i);
+        try {
+            AddChannels(channels, key, settings.ReadString(key, UnicodeString()), sources, serial);
+        } catch (const XBadSettings& fault) {
+            throw XBadSettings(PlaceOf(settings, ChannelSection, key) + fault.getMessage());
+        }
+    }
+    if (keys.getCount() == 0) {
+        for (const auto& [name, rest] : UsualChannels) {
+            AddChannels(channels, name, rest, sources, serial);
+        }
+    }
+    return channels;
+}
+
+void SaveSettings(BTL::AIni& settings, const UnicodeString& file, const System::TDateTime& lastRun)
+{
+    if (BTL::FileReadOnly(file)) {
+        throw Sysutils::Exception(file + u" is read-only: the time of this run isn't kept");
+    }
+    // Not by the section: a store may have it, without keys, once it was the current one.
+    Classes::TStringList keys;
+    settings.ReadKeys(ChannelSection, &keys);
+    if (keys.getCount() == 0) {
+        const BTL::CSetIniSection section(&settings, ChannelSection);
+        for (const auto& [name, rest] : UsualChannels) {
+            settings.WriteString(name, rest);
+        }
+    }
+    const BTL::CSetIniSection section(&settings, RunSection);
+    if (!settings.KeyExists(IntervalKey)) {
+        settings.WriteFloat(IntervalKey, DefaultInterval);
+    }
+    settings.WriteString(LastRunKey, Sysutils::FormatDateTime(u"yyyy-mm-dd hh':'nn':'ss'.'zzz", lastRun));
+    settings.Save();
+}
+
+} // namespace Station
