@@ -166,12 +166,18 @@ std::vector<CChannel> LoadChannels(const std::filesystem::path& file, const std:
     if (channels.empty()) {
         throw XBadSettings(name + u": the file names no channel");
     }
+    CheckInstrument(channels, serial, name);
+    return channels;
+}
+
+void CheckInstrument(const std::vector<CChannel>& channels, const TSourceMaker& serial,
+                     const UnicodeString& file)
+{
     if (serial && std::none_of(channels.begin(), channels.end(),
                                [](const CChannel& channel) { return IsOfInstrument(channel.getName()); })) {
-        throw XBadSettings(name + u": the file names no channel of the instrument, '" + SerialPrefix +
+        throw XBadSettings(file + u": the file names no channel of the instrument, '" + SerialPrefix +
                            u"NAME'");
     }
-    return channels;
 }
 
 } // namespace Station

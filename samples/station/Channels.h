@@ -68,4 +68,8 @@ void AddChannels(std::vector<CChannel>& channels, const System::UnicodeString& n
 std::vector<CChannel> LoadChannels(const std::filesystem::path& file, const std::vector<TSource>& sources,
                                    const TSourceMaker& serial);
 
+/// `XBadSettings`, which names the file, if an instrument is read but none of the channels is its own.
+void CheckInstrument(const std::vector<CChannel>& channels, const TSourceMaker& serial,
+                     const System::UnicodeString& file);
+
 } // namespace Station

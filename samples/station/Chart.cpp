@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cmath>
 #include <exception>
+#include <functional>
 #include <map>
 #include <ostream>
 #include <string>
@@ -41,7 +42,7 @@ void WriteTable(std::ostream& stream, const BTL::CChartData& chart)
     stream << BTL::FillStringLeft(chart.getXAxisTitle(), LabelWidth, u' ');
     for (int i = 0; i < count; ++i) {
         const BTL::AChartSeries& series = *chart.getSeries(i);
-        stream << "  " << BTL::FillStringLeft(series.getTitle(), LabelWidth, u' ');
+        stream << "  " << BTL::FillStringLeft(series.Title, LabelWidth, u' ');
         for (unsigned point = 0; point < series.getYValues().size(); ++point) {
             auto& row = rows[series.getXValues().at(point)];
             row.resize(static_cast<std::size_t>(count));
@@ -52,7 +53,7 @@ void WriteTable(std::ostream& stream, const BTL::CChartData& chart)
     for (const auto& [x, texts] : rows) {
         stream << BTL::FillStringLeft(ValueText(x), LabelWidth, u' ');
         for (int i = 0; i < count; ++i) {
-            const int width = std::max(LabelWidth, chart.getSeries(i)->getTitle().Length());
+            const int width = std::max(LabelWidth, chart.getSeries(i)->Title.Length());
             stream << "  " << BTL::FillStringLeft(texts[static_cast<std::size_t>(i)], width, u' ');
         }
         stream << '\n';
@@ -82,34 +83,53 @@ std::size_t PlaceOf(double value, const TRange& range, int count)
     return static_cast<std::size_t>(std::lround(std::clamp(part, 0.0, 1.0) * (count - 1)));
 }
 
-void WritePlot(std::ostream& stream, const BTL::AChartSeries& series)
+struct TPoint
 {
-    stream << '\n' << series.getTitle() << '\n';
-    const auto& xs = series.getXValues();
-    const auto& ys = series.getYValues();
-    const auto isPoint = [&](unsigned i) { return std::isfinite(xs.at(i)) && std::isfinite(ys.at(i)); };
-    std::vector<unsigned> points;
-    for (unsigned i = 0; i < ys.size(); ++i) {
-        if (isPoint(i)) {
-            points.push_back(i);
+    double x;
+    double y;
+};
+
+/// The points that can be shown.
+std::vector<TPoint> FinitePoints(const BTL::AChartSeries& series)
+{
+    std::vector<TPoint> points;
+    for (unsigned i = 0; i < series.getYValues().size(); ++i) {
+        const TPoint point{series.getXValues().at(i), series.getYValues().at(i)};
+        if (std::isfinite(point.x) && std::isfinite(point.y)) {
+            points.push_back(point);
         }
     }
+    return points;
+}
+
+/// The range of one co-ordinate of the points, of which there is one at least.
+TRange RangeOf(const std::vector<TPoint>& points, double TPoint::*coordinate)
+{
+    const auto [low, high] = std::ranges::minmax_element(points, std::ranges::less(), coordinate);
+    return Widen((*low).*coordinate, (*high).*coordinate);
+}
+
+/// The rows of characters, the topmost first.
+std::vector<std::string> Plot(const std::vector<TPoint>& points, const TRange& x, const TRange& y)
+{
+    std::vector<std::string> rows(PlotHeight, std::string(PlotWidth, ' '));
+    for (const TPoint& point : points) {
+        rows[PlotHeight - 1 - PlaceOf(point.y, y, PlotHeight)][PlaceOf(point.x, x, PlotWidth)] = '*';
+    }
+    return rows;
+}
+
+void WritePlot(std::ostream& stream, const BTL::AChartSeries& series)
+{
+    stream << '\n' << series.Title << '\n';
+    const std::vector<TPoint> points = FinitePoints(series);
     if (points.empty()) {
         stream << "  no values\n";
         return;
     }
-    const auto rangeOf = [&](const UTL::CDoubleVector& values) {
-        const auto [low, high] =
-            std::minmax_element(points.begin(), points.end(),
-                                [&](unsigned a, unsigned b) { return values.at(a) < values.at(b); });
-        return Widen(values.at(*low), values.at(*high));
-    };
-    const TRange x = rangeOf(xs);
-    const TRange y = rangeOf(ys);
-    std::vector<std::string> rows(PlotHeight, std::string(PlotWidth, ' '));
-    for (const unsigned i : points) {
-        rows[PlotHeight - 1 - PlaceOf(ys.at(i), y, PlotHeight)][PlaceOf(xs.at(i), x, PlotWidth)] = '*';
-    }
+    const TRange x = RangeOf(points, &TPoint::x);
+    const TRange y = RangeOf(points, &TPoint::y);
+    const std::vector<std::string> rows = Plot(points, x, y);
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const UnicodeString label = i == 0                ? ValueText(y.max)
                                     : i == PlotHeight - 1 ? ValueText(y.min)
@@ -127,12 +147,12 @@ void WritePlot(std::ostream& stream, const BTL::AChartSeries& series)
 BTL::CChartData MakeChart(const std::vector<CChannel>& channels, const UnicodeString& title)
 {
     BTL::CChartData chart;
-    chart.setTitle(title);
+    chart.Title = title;
     chart.setXAxisTitle(u"t [s]");
     for (const CChannel& channel : channels) {
         const UnicodeString& unit = channel.getUnit();
-        chart.AddSeries()->setTitle(unit.IsEmpty() ? channel.getName()
-                                                   : channel.getName() + u" [" + unit + u"]");
+        chart.AddSeries()->Title =
+            unit.IsEmpty() ? channel.getName() : channel.getName() + u" [" + unit + u"]";
     }
     return chart;
 }
@@ -170,7 +190,7 @@ BTL::CChartData LoadChart(const UnicodeString& file)
 
 void WriteChart(std::ostream& stream, const BTL::CChartData& chart)
 {
-    stream << chart.getTitle() << "\n\n";
+    stream << chart.Title << "\n\n";
     WriteTable(stream, chart);
     for (int i = 0; i < chart.getSeriesCount(); ++i) {
         WritePlot(stream, *chart.getSeries(i));

@@ -30,11 +30,13 @@ constexpr auto IntervalKey = u"Interval";
 constexpr auto LastRunKey = u"LastRun";
 constexpr double DefaultInterval = 0.25;
 
-constexpr std::array<std::pair<const System::WideChar*, const System::WideChar*>, 4> UsualChannels = {{
+constexpr std::array<std::pair<const System::WideChar*, const System::WideChar*>, 6> UsualChannels = {{
     {u"load.1", u"; upper 8"},
     {u"memory.available", u"MB; lower 500 MB"},
     {u"processes", u"; upper 2000"},
     {u"temperature.*", u"°C; lower 5; upper 90"},
+    {u"serial.U", u"mV; lower -40; upper -30"},
+    {u"serial.I", u"mA; lower 10; upper 15"},
 }};
 
 UnicodeString PlaceOf(const BTL::AIni& settings, const UnicodeString& section, const UnicodeString& key)
@@ -52,9 +54,7 @@ std::unique_ptr<BTL::AIni> OpenStream(const UnicodeString& file)
         file, static_cast<unsigned short>(mode | Classes::fmShareDenyWrite), true);
 }
 
-} // namespace
-
-std::unique_ptr<BTL::AIni> OpenSettings(EStore store, const UnicodeString& file)
+std::unique_ptr<BTL::AIni> Open(EStore store, const UnicodeString& file)
 {
     switch (store) {
     case EStore::Mem:
@@ -70,6 +70,17 @@ std::unique_ptr<BTL::AIni> OpenSettings(EStore store, const UnicodeString& file)
         break;
     }
     return std::make_unique<BTL::CWIN_IniFile>(file);
+}
+
+} // namespace
+
+std::unique_ptr<BTL::AIni> OpenSettings(EStore store, const UnicodeString& file)
+{
+    try {
+        return Open(store, file);
+    } catch (const Sysutils::Exception& fault) {
+        throw XBadSettings(fault.getMessage());
+    }
 }
 
 double LoadInterval(BTL::AIni& settings)
@@ -122,6 +133,7 @@ std::vector<CChannel> LoadChannels(BTL::AIni& settings, const std::vector<TSourc
             AddChannels(channels, name, rest, sources, serial);
         }
     }
+    CheckInstrument(channels, serial, settings.getFile());
     return channels;
 }
 

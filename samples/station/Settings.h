@@ -21,7 +21,7 @@ enum class EStore
 };
 
 /// The settings in `file`, loaded; a missing file is one without settings. The one place that knows which
-/// store it is. `Sysutils::Exception` if the file can't be read.
+/// store it is. `XBadSettings` if the file can't be read.
 std::unique_ptr<BTL::AIni> OpenSettings(EStore store, const System::UnicodeString& file);
 
 /// The time between two turns, in seconds. `XBadSettings` for one that isn't from 0.01 to 3600.

@@ -187,6 +187,14 @@ EExitCode Run(const TOptions& options)
     return ReportInstrument(serial.get());
 }
 
+void OpenProgram(const BTL::CApplicationIni& application)
+{
+    if (application.ExternalAppExe.IsEmpty()) {
+        throw XBadSettings(BTL::GetProductPath() + u"Application.ini names no ExternalAppExe to open");
+    }
+    application.OpenExternalApp();
+}
+
 EExitCode Start(const TOptions& options)
 {
     if (options.help) {
@@ -197,7 +205,7 @@ EExitCode Start(const TOptions& options)
         BTL::Gi18n::InitWithPath(BTL::GetProgramIDSPath() + options.language + u"\\", false);
     }
     if (options.open) {
-        BTL::CApplicationIni::Get()->OpenExternalApp();
+        OpenProgram(*BTL::CApplicationIni::Get());
         return Done;
     }
     if (!options.chart.IsEmpty()) {

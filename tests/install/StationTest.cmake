@@ -122,6 +122,36 @@ if(NOT content STREQUAL "[Run]\nInterval=often\n")
     message(FATAL_ERROR "Bad settings were changed\n${content}")
 endif()
 
+# Nothing is lost by settings that can't be read or written.
+foreach(store ini mem stream json)
+    set(file "${workFolder}/settings.${store}")
+    file(READ "${file}" before)
+    file(CHMOD "${file}" PERMISSIONS OWNER_READ)
+    expect_station(1 ARGUMENTS --store ${store} --settings "${file}" --seconds 0.1
+        MATCHES "\nprocesses .*settings.${store} is read-only: the time of this run isn't kept")
+    file(READ "${file}" after)
+    if(NOT after STREQUAL before)
+        message(FATAL_ERROR "The store ${store} changed a read-only file\n${after}")
+    endif()
+endforeach()
+file(WRITE "${workFolder}/bad.json" "{")
+expect_station(2 ARGUMENTS --store json --settings "${workFolder}/bad.json" MATCHES "Parse-Error in JSON-File: ")
+file(WRITE "${workFolder}/bad.ini" "[Run]\nLastRun=yesterday\n")
+expect_station(2 ARGUMENTS --settings "${workFolder}/bad.ini" MATCHES "bad.ini .Run. LastRun: the value is not a time")
+file(WRITE "${workFolder}/bad.ini" "[Channels]\nload.1=; above 3\n")
+expect_station(2 ARGUMENTS --settings "${workFolder}/bad.ini" MATCHES "bad.ini .Channels. load.1: 'above 3' is neither")
+file(WRITE "${workFolder}/bad.ini" "[Channels]\nload.1=\n")
+expect_station(2 ARGUMENTS --serial COM7 --settings "${workFolder}/bad.ini"
+    MATCHES "bad.ini: the file names no channel of the instrument, 'serial.NAME'")
+expect_station(2 ARGUMENTS --open MATCHES "Application.ini names no ExternalAppExe to open")
+
+# A constant series, a single value and a gap.
+file(WRITE "${workFolder}/own.chart" "[Chart]\nTitle=Own\nX_AxisTitle=t\nSeriesCount=3\n"
+    "[Series_0]\nTitle=flat\nType=2\nX=[0,1,2]\nY=[5,5,5]\n"
+    "[Series_1]\nTitle=one\nType=2\nX=[1]\nY=[7]\n[Series_2]\nTitle=none\nType=0\n")
+expect_station(0 ARGUMENTS --chart "${workFolder}/own.chart"
+    MATCHES "^Own\n" "\nflat\n.*[*] +[*] +[*]" "\none\n.*[*]" "\nnone\n  no values\n$")
+
 file(GLOB charts "${workFolder}/build/Charts/*.chart")
 list(GET charts -1 chart)
 foreach(language German English)
