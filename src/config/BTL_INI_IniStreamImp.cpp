@@ -53,6 +53,27 @@ UnicodeString Shown(const UnicodeString& name)
     throw Classes::EWriteError(what + u" can't be saved as ini text: it would not be read back as it is");
 }
 
+void CheckHeadline(const UnicodeString& headline)
+{
+    if (!Detail::IsSavableHeadline(headline)) {
+        RaiseNotSavable(u"The headline " + Shown(headline));
+    }
+}
+
+void CheckSection(const UnicodeString& name)
+{
+    if (!Detail::IsSavableSection(name)) {
+        RaiseNotSavable(u"The section " + Shown(name));
+    }
+}
+
+void CheckEntry(const UnicodeString& section, const UnicodeString& key, const UnicodeString& value)
+{
+    if (!Detail::IsSavableEntry(key, value)) {
+        RaiseNotSavable(u"The key " + Shown(key) + u" of the section " + Shown(section));
+    }
+}
+
 template <class Map, class Part>
 void AddTo(TStrings* list, const Map& map, Part part)
 {
@@ -144,18 +165,14 @@ void CIniStreamImp::LoadValues(TStream* stream, EValues values)
 
 void CIniStreamImp::CheckSavable() const
 {
-    if (!Detail::IsSavableHeadline(mHeadline)) {
-        RaiseNotSavable(u"The headline " + Shown(mHeadline));
-    }
+    CheckHeadline(mHeadline);
     for (const auto& [name, section] : *mSections) {
         const CSection& entries = *section;
-        if (!entries.empty() && !Detail::IsSavableSection(name)) {
-            RaiseNotSavable(u"The section " + Shown(name));
+        if (!entries.empty()) {
+            CheckSection(name);
         }
         for (const auto& [key, value] : entries) {
-            if (!Detail::IsSavableEntry(key, value)) {
-                RaiseNotSavable(u"The key " + Shown(key) + u" of the section " + Shown(name));
-            }
+            CheckEntry(name, key, value);
         }
     }
 }
@@ -165,12 +182,16 @@ void CIniStreamImp::SaveValues(TStream* stream, EValues values)
     if (stream == nullptr) {
         return;
     }
-    CheckSavable();
     constexpr std::string_view lineEnd = "\r\n";
     CSaver saver(*stream);
-    if (mOnSaveSection || mOnSaveKey) {
+    // Nothing is written before all is checked. Closures are called for a stream with all that stands before,
+    // so the check goes ahead of them; else both are one way through the entries, which may be many.
+    const bool mustStep = mOnSaveSection || mOnSaveKey;
+    if (mustStep) {
+        CheckSavable();
         saver.Flush();
     }
+    CheckHeadline(mHeadline);
     if (!mHeadline.IsEmpty()) {
         saver.Put(mHeadline, EValues::CodePage);
         saver.Put("\r\n\r\n");
@@ -185,6 +206,9 @@ void CIniStreamImp::SaveValues(TStream* stream, EValues values)
             saver.Flush();
             mOnSaveSection(AnsiString(name));
         }
+        if (!mustStep) {
+            CheckSection(name);
+        }
         saver.Put("[");
         saver.Put(name, EValues::CodePage);
         saver.Put("]\r\n");
@@ -194,6 +218,9 @@ void CIniStreamImp::SaveValues(TStream* stream, EValues values)
                 mOnSaveKey(AnsiString(key), AnsiString(value), index);
             }
             ++index;
+            if (!mustStep) {
+                CheckEntry(name, key, value);
+            }
             saver.Put(key, EValues::CodePage);
             saver.Put("=");
             saver.Put(value, values);

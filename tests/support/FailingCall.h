@@ -15,16 +15,29 @@
 namespace Support
 {
 
-/// Runs `body` in a fork, which ends with what it gives; -1 if the fork was ended by a signal.
+/// Runs `body` in a fork, which ends with what it gives. To be called while no other thread runs: the fork
+/// would find the locks of that one taken for ever.
 template <class Body>
-int ExitOfFork(Body body)
+pid_t Fork(Body body)
 {
     const pid_t child = fork();
     if (child == 0) {
         _exit(body());
     }
+    return child;
+}
+
+/// Waits for the end of the fork; -1 if a signal was that.
+inline int ExitOf(pid_t child)
+{
     int status = 0;
     return waitpid(child, &status, 0) == child && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+template <class Body>
+int ExitOfFork(Body body)
+{
+    return ExitOf(Fork(body));
 }
 
 /// What came of a run with one call of the host that failed.

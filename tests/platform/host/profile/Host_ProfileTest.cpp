@@ -388,6 +388,34 @@ TEST_F(HostProfileTest, KeepsOwnerModeAccessListAndLink)
     }
 }
 
+TEST_F(HostProfileTest, SeesAtEachReadWhereItsNameLeads)
+{
+    Write("one.ini", "[s]\nk=1\n");
+    Write("two.ini", "[s]\nk=2\n");
+    symlink("one.ini", Host("a.ini").c_str());
+    const auto readAgain = [&] {
+        EXPECT_EQ(Host::ReadProfileNumber(mFile, u"s", u"k", 0),
+                  Host::ReadProfileNumber(mFile, u"s", u"k", 0));
+        return Get(u"s", u"k");
+    };
+    EXPECT_EQ(readAgain(), u"1");
+    std::filesystem::remove(Host("a.ini"));
+    symlink("two.ini", Host("a.ini").c_str());
+    EXPECT_EQ(readAgain(), u"2") << "a link that leads elsewhere";
+    Write("new.ini", "[s]\nk=3\n");
+    std::filesystem::rename(Host("new.ini"), Host("a.ini"));
+    EXPECT_EQ(readAgain(), u"3") << "a file in the place of the link";
+    {
+        Host::ProfileBundle bundle(Name(u"one.ini"));
+        EXPECT_TRUE(Host::WriteProfileValue(Name(u"one.ini"), u"s", u"k", u"4"));
+        EXPECT_EQ(readAgain(), u"3");
+        std::filesystem::remove(Host("a.ini"));
+        symlink("one.ini", Host("a.ini").c_str());
+        EXPECT_EQ(readAgain(), u"4") << "what another name has bundled";
+    }
+    EXPECT_EQ(readAgain(), u"4");
+}
+
 TEST_F(HostProfileTest, BundlesWrites)
 {
     Write("a.ini", "[s]\nk=1\n");
