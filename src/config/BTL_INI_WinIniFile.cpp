@@ -122,12 +122,12 @@ void CWIN_IniFileImp::Clear()
 
 void CWIN_IniFileImp::EraseSection(const UnicodeString& section)
 {
-    CheckWritten(WritePrivateProfileStringW(section.c_str(), nullptr, nullptr, getFile().c_str()), getFile());
+    CheckWritten(Host::DeleteProfileSection(getFile(), section.AsView()), getFile());
 }
 
 void CWIN_IniFileImp::DeleteKey(const UnicodeString& key)
 {
-    WritePrivateProfileStringW(getSection().c_str(), key.c_str(), nullptr, getFile().c_str());
+    static_cast<void>(Host::DeleteProfileKey(getFile(), getSection().AsView(), key.AsView()));
 }
 
 int CWIN_IniFileImp::ReadInteger(const UnicodeString& key, int defaultValue)
