@@ -711,7 +711,10 @@ CSetIniSection::CSetIniSection(AIni* ini, const UnicodeString& section)
 
 CSetIniSection::~CSetIniSection()
 {
-    mIni->setSection(mFormer);
+    try {
+        mIni->setSection(mFormer);
+    } catch (...) { // NOLINT(bugprone-empty-catch): a store that takes no section now has none to go back to
+    }
 }
 
 } // namespace BTL

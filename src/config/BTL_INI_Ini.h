@@ -265,6 +265,7 @@ public:
     CSetIniSection(AIni* ini, const System::UnicodeString& section);
     CSetIniSection(const CSetIniSection&) = delete;
     CSetIniSection& operator=(const CSetIniSection&) = delete;
+    /// What the store raises as it goes back is lost.
     ~CSetIniSection();
 
 private:

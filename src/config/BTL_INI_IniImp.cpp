@@ -288,7 +288,10 @@ CIniImpSection::CIniImpSection(AIniImp* store, const UnicodeString& section)
 
 CIniImpSection::~CIniImpSection()
 {
-    mStore->SetSection(mFormer);
+    try {
+        mStore->SetSection(mFormer);
+    } catch (...) { // NOLINT(bugprone-empty-catch): a store that takes no section now has none to go back to
+    }
 }
 
 } // namespace BTL

@@ -136,6 +136,7 @@ public:
     CIniImpSection(AIniImp* store, const System::UnicodeString& section);
     CIniImpSection(const CIniImpSection&) = delete;
     CIniImpSection& operator=(const CIniImpSection&) = delete;
+    /// What the store raises as it goes back is lost.
     ~CIniImpSection();
 
 private:

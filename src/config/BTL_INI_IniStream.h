@@ -10,8 +10,8 @@
 namespace BTL
 {
 
-/// In which coding the values of an ini text are loaded.
-enum EIniMode
+/// In which coding the values of an ini text are loaded: any value but 0 is UTF-8.
+enum EIniMode : int
 {
     /// The system's code page.
     imAnsi = 0,

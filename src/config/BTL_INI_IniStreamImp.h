@@ -29,7 +29,7 @@ using TIniSaveKeyEvent =
 /// The store of `CIniStream`: sections in memory, loaded from and saved to any stream. Names of sections and
 /// keys are told apart by case; both are listed and saved in the order of their characters.
 ///
-///     Classes::TStringStream stream("[Range]\r\nUpper=10\r\n");
+///     Classes::TStringStream stream(System::AnsiString("[Range]\r\nUpper=10\r\n"));
 ///     BTL::CIniStreamImp store(&stream);
 ///     store.Load();
 ///     store.SetSection(u"Range");

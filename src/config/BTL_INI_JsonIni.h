@@ -42,7 +42,8 @@ public:
     bool Exists() const;
 
     /// Takes all ini files in over, of `folder` that match `mask`, each under its name. A text becomes a
-    /// boolean if it is "true" or "false", an integer or a float if it is one, and stays a text otherwise.
+    /// boolean if it is "true" or "false", an integer or a float if it is one, and stays a text otherwise: an
+    /// integer of more than 32 bits becomes a float, a hexadecimal one as `$1F` becomes 0.
     /// Values that are there are overwritten; `Save` isn't called. The current file and section are then
     /// those that came last.
     void ImportIniFiles(const System::UnicodeString& folder, const System::UnicodeString& mask);

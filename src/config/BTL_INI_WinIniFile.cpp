@@ -5,6 +5,7 @@
 #include "config/internal/BTL_INI_Unwritable.h"
 #include "environment/folders/BTL_ENV_Folders.h"
 #include "platform/host/profile/Host_Profile.h"
+#include "platform/runtime/classes/Classes_StringList.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"
 #include "text/lists/BTL_STR_StringsUpdate.h"
 
@@ -17,6 +18,7 @@ namespace BTL
 namespace
 {
 
+using Classes::TStringList;
 using Classes::TStrings;
 using System::UnicodeString;
 using System::WideChar;
@@ -107,7 +109,20 @@ void CWIN_IniFileImp::InOneStep(Write write)
 
 void CWIN_IniFileImp::WriteMissingSectionValues(const UnicodeString& section, TStrings* lines)
 {
-    InOneStep([&] { AIniImp::WriteMissingSectionValues(section, lines); });
+    if (lines == nullptr) {
+        return;
+    }
+    InOneStep([&] {
+        // Asked one by one: not all keys may fit into a list.
+        TStringList missing;
+        for (const UnicodeString& line : *lines) {
+            const auto key = line.AsView().substr(0, line.AsView().find(u'='));
+            if (!Host::ReadProfileValue(getFile(), section.AsView(), key)) {
+                missing.Add(line);
+            }
+        }
+        AIniImp::WriteSectionValues(section, &missing);
+    });
 }
 
 void CWIN_IniFileImp::WriteSectionValues(const UnicodeString& section, TStrings* lines)
@@ -117,17 +132,21 @@ void CWIN_IniFileImp::WriteSectionValues(const UnicodeString& section, TStrings*
 
 void CWIN_IniFileImp::Clear()
 {
-    InOneStep([&] { AIniImp::Clear(); });
+    InOneStep([&] {
+        for (const UnicodeString& section : Host::ListProfileSections(getFile())) {
+            EraseSection(section);
+        }
+    });
 }
 
 void CWIN_IniFileImp::EraseSection(const UnicodeString& section)
 {
-    CheckWritten(WritePrivateProfileStringW(section.c_str(), nullptr, nullptr, getFile().c_str()), getFile());
+    CheckWritten(Host::DeleteProfileSection(getFile(), section.AsView()), getFile());
 }
 
 void CWIN_IniFileImp::DeleteKey(const UnicodeString& key)
 {
-    WritePrivateProfileStringW(getSection().c_str(), key.c_str(), nullptr, getFile().c_str());
+    static_cast<void>(Host::DeleteProfileKey(getFile(), getSection().AsView(), key.AsView()));
 }
 
 int CWIN_IniFileImp::ReadInteger(const UnicodeString& key, int defaultValue)

@@ -8,7 +8,8 @@ namespace BTL
 
 /// The store on a profile file, straight through the functions of `Host_Profile.h`: each write is on the
 /// disk, whole, when the call ends, and what other programs write shows at the next read. A value is read up
-/// to 65534 characters, and so are all names of a list together.
+/// to 65534 characters, and so are all names of a list together; `Clear` and `WriteMissingSectionValues` know
+/// all names.
 class TRS8_BTL_API CWIN_IniFileImp : public AIniImp
 {
 public:

@@ -139,6 +139,13 @@ float FloatOf(const AnsiString& text, float defaultValue)
     return stream >> value ? value : defaultValue;
 }
 
+/// The platform's calls would take the front for the whole text.
+template <class Text>
+bool HasZero(const Text& text)
+{
+    return text.AsView().find(typename Text::CharType()) != Text::View::npos;
+}
+
 /// Never destroyed: the destructors of a program's global objects may still bind files.
 template <class Text, EIniEngine Engine>
 Text& Path()
@@ -445,9 +452,7 @@ typename GIniFile<Engine>::TText GIniFile<Engine>::ReadUTF8String(const TText& k
 template <EIniEngine Engine>
 bool GIniFile<Engine>::Store(const TText& key, const TText& value)
 {
-    // The platform's call would end the text there.
-    const auto hasZero = [](const TText& text) { return text.AsView().find(TChar()) != TText::View::npos; };
-    if (hasZero(mSection) || hasZero(key) || hasZero(value)) {
+    if (HasZero(mSection) || HasZero(key) || HasZero(value)) {
         return Host::Fail(ERROR_INVALID_PARAMETER);
     }
     return Put(SectionText(), key.c_str(), value.c_str(), FileText());
@@ -522,6 +527,9 @@ bool GIniFile<Engine>::WriteUTF8String(const TText& key, const TText& value)
 template <EIniEngine Engine>
 bool GIniFile<Engine>::DeleteKey(const TText& key)
 {
+    if (HasZero(mSection) || HasZero(key)) {
+        return Host::Fail(ERROR_INVALID_PARAMETER);
+    }
     const TChar* const nothing = nullptr;
     return Put(SectionText(), key.c_str(), nothing, FileText());
 }
@@ -529,6 +537,9 @@ bool GIniFile<Engine>::DeleteKey(const TText& key)
 template <EIniEngine Engine>
 bool GIniFile<Engine>::DeleteSection()
 {
+    if (HasZero(mSection)) {
+        return Host::Fail(ERROR_INVALID_PARAMETER);
+    }
     const TChar* const nothing = nullptr;
     return Put(SectionText(), nothing, nothing, FileText());
 }

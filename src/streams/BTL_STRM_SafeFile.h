@@ -10,7 +10,7 @@ namespace BTL
 
 /// Makes a file that is whole or isn't there: the old content stays until the new one is complete and on the
 /// disk, whatever happens meanwhile. Readers that have the old one open keep it. The file behind a symbolic
-/// link is the one that is replaced; its permissions stay, its owner where the host allows it.
+/// link is the one that is replaced; its owner, access list and permissions stay.
 ///
 ///     CSafeFile file(u"state.txt");
 ///     CTextWriter out(file.getStream());
@@ -24,7 +24,8 @@ class TRS8_BTL_API CSafeFile
 {
 public:
     /// `Classes::EFCreateError` for a folder, a device, a pipe or a read-only file, which the message tells,
-    /// and if the host refuses the new file. What is no plain file is written by a stream of its own.
+    /// for one whose owner can't be kept, and if the host refuses the new file. What is no plain file is
+    /// written by a stream of its own.
     explicit CSafeFile(const System::UnicodeString& path);
     CSafeFile(const CSafeFile&) = delete;
     CSafeFile& operator=(const CSafeFile&) = delete;
@@ -34,7 +35,8 @@ public:
     /// To write to, up to `Commit`; lives as long as this object.
     Classes::TStream* getStream() const noexcept { return mStream.get(); }
     /// Brings what was written to the disk and puts it in the place of the file. `Classes::EWriteError`, with
-    /// the path and the reason, if that can't be done; the file is as before then. Once done it stays so.
+    /// the path and the reason, if that can't be done; the file is as before then, or the new one, if only
+    /// its folder can't be brought to the disk. Once done it stays so.
     void Commit();
 
 private:

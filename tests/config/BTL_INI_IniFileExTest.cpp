@@ -127,6 +127,18 @@ TEST_P(CIniStoresTest, RefusesWhatWouldBecomeAnotherKey)
     }
 }
 
+TEST_P(CIniStoresTest, DeletesNothingByTheFrontOfAName)
+{
+    Fill("[S]\r\na=1\r\n");
+    const std::string before = Content();
+    const auto ini = Open();
+    ini->setSection(u"S");
+    ini->DeleteKey(std::u16string_view(u"a\0b", 3));
+    ini->EraseSection(std::u16string_view(u"S\0b", 3));
+    ini->Save();
+    EXPECT_EQ(Content(), before);
+}
+
 TEST_P(CIniStoresTest, ReadsTypedValues)
 {
     Fill("[S]\r\nint=12\r\nhex=$1F\r\nword=word\r\nfloat=2,5\r\nempty=\r\n");

@@ -64,6 +64,8 @@ TEST(IniStreamTest, LoadsInTheCodingThatIsAskedFor)
     EXPECT_EQ(Value(ansi, u"a", u"x"), u"\u00E4");
     CIniStream utf8(&stream, BTL::imUTF8, true);
     EXPECT_EQ(Value(utf8, u"a", u"x"), u"\uFFFD");
+    CIniStream other(&stream, static_cast<BTL::EIniMode>(2), true);
+    EXPECT_EQ(Value(other, u"a", u"x"), u"\uFFFD");
     CIniStream none(&stream, BTL::imAnsi, false);
     EXPECT_EQ(Value(none, u"a", u"x"), u"none");
     CIniStream named(&stream, u"\\folder\\a.ini", true);

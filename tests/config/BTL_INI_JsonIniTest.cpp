@@ -5,10 +5,13 @@
 #include "platform/runtime/classes/Classes_StringList.h"
 #include "platform/toolkit/MessageBox.h"
 #include "streams/BTL_STRM_StreamUtilities.h"
+#include "support/AccessList.h"
+#include "support/FailingCall.h"
 #include "support/FormatSettingsGuard.h"
 #include "support/ScriptedBoxes.h"
 #include "support/TempFolder.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -18,6 +21,8 @@
 
 #include <gtest/gtest.h>
 #include <json/value.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using BTL::CJsonIni;
 using Classes::TStringList;
@@ -144,6 +149,17 @@ TEST_F(JsonIniTest, AValueOfAnotherTypeRaisesOrGivesTheDefault)
     EXPECT_TRUE(ini.KeyExists(u"null"));
 }
 
+TEST_F(JsonIniTest, AScopeWithoutAFileIsAFaultThatIsNotRaisedAtItsEnd)
+{
+    Support::ScriptedBoxes boxes({IDYES});
+    CJsonIni ini(File());
+    {
+        const BTL::CSetIniSection scope(&ini, UnicodeString());
+    }
+    EXPECT_EQ(boxes.TakeShown().size(), 1U);
+    EXPECT_EQ(ini.getSection(), u"");
+}
+
 TEST_F(JsonIniTest, WithoutAFileASectionIsAFault)
 {
     const Support::ScriptedBoxes boxes({IDYES, IDNO});
@@ -257,6 +273,59 @@ TEST_F(JsonIniTest, ASaveThatFailsRaisesAndLeavesTheFile)
     CJsonIni folder(File("folder"), u"a");
     folder.Load();
     EXPECT_THROW(folder.Save(), Classes::EFCreateError);
+}
+
+TEST_F(JsonIniTest, ASaveOfWhichOneCallFailsLeavesTheOldOrTheNewDocument)
+{
+    if (!Support::CanFailCalls) {
+        GTEST_SKIP() << "calls of the host can't be failed here";
+    }
+    const std::string_view old = "{}";
+    const auto save = [&] {
+        try {
+            CJsonIni ini(File(), u"a");
+            ini.setSection(u"s");
+            ini.WriteInt("k", 1);
+            ini.Save();
+        } catch (const Sysutils::Exception& fault) {
+            return fault.getMessage().IsEmpty() ? 2 : 1;
+        }
+        return 0;
+    };
+    Write(old);
+    ASSERT_EQ(save(), 0);
+    const std::string saved = Content();
+    for (const int error : {ENOSPC, EIO, EACCES, EMFILE}) {
+        for (int number = 0;; ++number) {
+            Write(old);
+            const auto run = Support::RunWithFailingCall(number, error, save);
+            if (!run.isReached) {
+                EXPECT_GT(number, 8);
+                break;
+            }
+            SCOPED_TRACE(testing::Message()
+                         << "call " << run.call << ", the " << number << "th, error " << error);
+            EXPECT_TRUE(run.exit == 0 || run.exit == 1) << run.exit;
+            EXPECT_TRUE(Content() == saved || (run.exit != 0 && Content() == old)) << Content();
+            EXPECT_EQ(FileCount(), 1);
+        }
+    }
+}
+
+TEST_F(JsonIniTest, ASaveKeepsOwnerModeAndAccessList)
+{
+    Write("{}");
+    ASSERT_EQ(chmod(File().c_str(), 0640), 0);
+    const uid_t owner = geteuid() == 0 ? 65534 : geteuid();
+    ASSERT_EQ(chown(File().c_str(), owner, getegid()), 0);
+    Support::GiveAccessList(File());
+    const std::string list = Support::AccessListOf(File());
+    CJsonIni(File(), u"a").Save();
+    struct stat status;
+    ASSERT_EQ(stat(File().c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, owner);
+    EXPECT_EQ(status.st_mode & 07777U, 0640U);
+    EXPECT_EQ(Support::AccessListOf(File()), list);
 }
 
 TEST_F(JsonIniTest, InfinitiesAreRefusedAndNoNumberIsNull)

@@ -6,6 +6,8 @@
 #include "platform/base/Sysutils_Exception.h"
 #include "platform/runtime/classes/Classes_StringList.h"
 
+#include <string>
+
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
@@ -46,6 +48,23 @@ TEST_F(CWinIniFileTest, ReadsAsFarAsItsBuffer)
     BTL::CWIN_IniFile ini(file, u"S");
     ini.WriteString(u"a", UnicodeString(std::u16string_view(std::u16string(70000, u'x'))));
     EXPECT_EQ(ini.ReadString(u"a", u"").Length(), 65534);
+}
+
+TEST_F(CWinIniFileTest, KeepsAndClearsMoreThanAListHolds)
+{
+    std::string text = "[S]\r\n";
+    std::string sections;
+    for (int i = 10000; i < 20000; ++i) {
+        text += "key" + std::to_string(i) + "=old\r\n";
+        sections += "[Other" + std::to_string(i) + "]\r\nk=1\r\n";
+    }
+    Fill(text + "empty=\r\n" + sections);
+    BTL::CWIN_IniFile ini(file, u"S");
+    TStringList lines{u"key10000=new", u" KEY19999 =new", u"empty=new", u"none", u"added=new"};
+    ini.WriteMissingSectionValues(u"S", &lines);
+    EXPECT_EQ(Content(), text + "empty=\r\nadded=new\r\n" + sections);
+    ini.Clear();
+    EXPECT_EQ(Content(), "");
 }
 
 TEST_F(CWinIniFileTest, WritesASectionInOneStep)

@@ -306,6 +306,10 @@ TYPED_TEST(GIniFileTest, TellsOfReadOnlyFiles)
     EXPECT_THROW(ini.WriteString("k", "a\nb"), XLastError);
     EXPECT_THROW(ini.WriteString("k=", "a"), XLastError);
     EXPECT_THROW(ini.WriteString("k", typename TypeParam::TText("a\0b", 3)), XLastError);
+    EXPECT_FALSE(ini.DeleteKey(typename TypeParam::TText("k\0b", 3)));
+    ini.SetSection(typename TypeParam::TText("s\0b", 3));
+    EXPECT_FALSE(ini.DeleteKey("k"));
+    EXPECT_FALSE(ini.DeleteSection());
     ini.SetSection("");
     EXPECT_THROW(ini.WriteString("k", "a"), XLastError);
     EXPECT_EQ(this->Read(), "[s]\nk=2\n");

@@ -6,6 +6,7 @@
 #include "platform/host/Host_Path.h"
 #include "platform/host/internal/Host_Descriptor.h"
 #include "platform/host/internal/Host_PathCall.h"
+#include "platform/host/internal/Host_Successor.h"
 
 #include <array>
 #include <cerrno>
@@ -24,12 +25,6 @@ using System::UnicodeString;
 namespace
 {
 
-/// The folder of a path of the host, with the final `/`; empty for the current one.
-std::string FolderOf(const std::string& path)
-{
-    return path.substr(0, path.rfind('/') + 1);
-}
-
 /// Follows the links that `path` itself is; `false` for a circle of them.
 bool FollowLinks(std::string& path)
 {
@@ -46,15 +41,14 @@ bool FollowLinks(std::string& path)
     return Fail(ERROR_CANT_RESOLVE_FILENAME);
 }
 
-/// The permissions keep a secret from the first moment on, so that the file begins with the owner's alone.
-bool TakeOver(int file, const struct stat& target)
+/// Who may write the file can perhaps not read it.
+Descriptor OpenToTakeOver(const std::string& path)
 {
-    // Who may not give a file away keeps it, without the rights of a group that isn't the old one.
-    const bool sameOwner = fchown(file, target.st_uid, target.st_gid) == 0;
-    struct stat made;
-    const bool sameGroup = sameOwner || (fstat(file, &made) == 0 && made.st_gid == target.st_gid);
-    const mode_t mode = target.st_mode & (sameGroup ? 07777U : 0707U);
-    return fchmod(file, mode) == 0 || FailErrno();
+    const auto openWith = [&](int access) {
+        return Uninterrupted([&] { return open(path.c_str(), access | O_CLOEXEC | O_NOCTTY | O_NONBLOCK); });
+    };
+    Descriptor file(openWith(O_RDONLY));
+    return file.IsOpen() || errno != EACCES ? std::move(file) : Descriptor(openWith(O_WRONLY));
 }
 
 } // namespace
@@ -84,16 +78,20 @@ UnicodeString CreateBeside(const UnicodeString& target)
     if (path.empty()) {
         return {};
     }
-    struct stat old;
-    const bool exists = stat(path.c_str(), &old) == 0;
+    const Descriptor old = OpenToTakeOver(path);
+    if (!old.IsOpen() && errno != ENOENT) {
+        FailPath(path);
+        return {};
+    }
+    // The permissions keep a secret from the first moment on, so that it begins with the owner's alone.
+    const mode_t mode = old.IsOpen() ? 0600 : 0666;
     std::string name;
     int file = -1;
     // A program that died may have left some.
     for (int i = 1; file < 0 && i < 10'000; ++i) {
         name = path + ".new" + std::to_string(i);
-        file = Uninterrupted([&] {
-            return open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, exists ? 0600 : 0666);
-        });
+        file =
+            Uninterrupted([&] { return open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode); });
         if (file < 0 && errno != EEXIST) {
             FailPath(name);
             return {};
@@ -104,7 +102,7 @@ UnicodeString CreateBeside(const UnicodeString& target)
         Fail(ERROR_FILE_EXISTS);
         return {};
     }
-    if (exists && !TakeOver(made.Get(), old)) {
+    if (old.IsOpen() && !TakeOver(old.Get(), made.Get())) {
         const unsigned long reason = GetLastError();
         unlink(name.c_str());
         Fail(reason);
@@ -119,12 +117,9 @@ bool MoveOnto(const UnicodeString& file, const UnicodeString& target)
         return false;
     }
     const std::string folder = FolderOf(Sysutils::HostPath(target));
-    const Descriptor opened(open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    // Not every file system can; the file is there in any case.
-    if (opened.IsOpen()) {
-        fsync(opened.Get());
-    }
-    return true;
+    const Descriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    // Who may not list a folder may write there all the same.
+    return !opened.IsOpen() || SyncFolder(opened.Get());
 }
 
 } // namespace Host

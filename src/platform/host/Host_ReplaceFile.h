@@ -20,11 +20,12 @@ namespace Host
 /// folders, devices, pipes and files with the read-only attribute are refused with 5.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString FileToReplace(const System::UnicodeString& file);
 
-/// Makes an empty file of a free name in the folder of `target`, with its permissions if it exists, and its
-/// owner where the host allows that. Gives the name; empty on a failure.
+/// Makes an empty file of a free name in the folder of `target`, with its owner, access list and permissions
+/// if it exists. Gives the name; empty on a failure, which it is too if the owner can't be kept.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString CreateBeside(const System::UnicodeString& target);
 
-/// Moves a file of `CreateBeside` to `target`, so that a crash of the machine leaves one or the other.
+/// Moves a file of `CreateBeside` to `target`, so that a crash of the machine leaves one or the other. If it
+/// fails, `target` is as it was, unless only the folder couldn't be brought to the disk.
 [[nodiscard]] TRS8_BTL_API bool MoveOnto(const System::UnicodeString& file,
                                          const System::UnicodeString& target);
 

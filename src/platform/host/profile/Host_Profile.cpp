@@ -4,7 +4,7 @@
 #include "platform/base/internal/System_Ascii.h"
 #include "platform/host/Host_Error.h"
 #include "platform/host/Host_Folder.h"
-#include "platform/host/Host_UserFiles.h"
+#include "platform/host/Host_SpecialFolder.h"
 #include "platform/host/profile/internal/Host_ProfileImage.h"
 
 #include <algorithm>
@@ -16,12 +16,6 @@ using System::UnicodeString;
 
 namespace
 {
-
-UnicodeString ConfigFolder()
-{
-    const UnicodeString folder = Host::EnvironmentPath("XDG_CONFIG_HOME");
-    return folder.AsView().starts_with(u'\\') ? folder : Host::HomeFolder() + u"\\.config";
-}
 
 template <class Char>
 std::optional<UnicodeString> OptionalText(const Char* text)
@@ -146,7 +140,7 @@ template <class Char>
 bool WriteSystemText(const Char* section, const Char* key, const Char* value)
 {
     // One that is there already fails, as does one that can't be made; the write then tells.
-    CreateDirectoryW(ConfigFolder());
+    CreateDirectoryW(Host::SpecialFolder(Host::UserSettingsFolder));
     return WriteText(section, key, value, Host::SystemProfile());
 }
 
@@ -225,7 +219,7 @@ namespace Host
 
 UnicodeString SystemProfile()
 {
-    return ConfigFolder() + u"\\win.ini";
+    return SpecialFolder(UserSettingsFolder) + u"\\win.ini";
 }
 
 std::optional<UnicodeString> ReadProfileValue(const UnicodeString& file, std::u16string_view section,
@@ -284,6 +278,16 @@ bool WriteProfileValue(const UnicodeString& file, std::u16string_view section, s
                        std::u16string_view value)
 {
     return Write({section, UnicodeString(key), UnicodeString(value)}, file);
+}
+
+bool DeleteProfileKey(const UnicodeString& file, std::u16string_view section, std::u16string_view key)
+{
+    return Write({section, UnicodeString(key), std::nullopt}, file);
+}
+
+bool DeleteProfileSection(const UnicodeString& file, std::u16string_view section)
+{
+    return Write({section, std::nullopt, std::nullopt}, file);
 }
 
 struct ProfileBundle::State

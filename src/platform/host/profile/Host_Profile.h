@@ -126,6 +126,13 @@ ListProfileKeys(const System::UnicodeString& file, std::u16string_view section);
                                                   std::u16string_view section, std::u16string_view key,
                                                   std::u16string_view value);
 
+/// As `WritePrivateProfileStringW` with a null value or key, but of names that may hold zeros, which no key
+/// and no section has; those functions would delete what is named by the front of such a name.
+[[nodiscard]] TRS8_BTL_API bool DeleteProfileKey(const System::UnicodeString& file,
+                                                 std::u16string_view section, std::u16string_view key);
+[[nodiscard]] TRS8_BTL_API bool DeleteProfileSection(const System::UnicodeString& file,
+                                                     std::u16string_view section);
+
 /// Bundles what the process writes to one file: it can be read in the process at once, and is on the disk at
 /// the end of the bundle, in one step, beside what other processes wrote meanwhile. Bundles of one file may
 /// be nested or run side by side in several threads; all is on the disk at the end of the last one.

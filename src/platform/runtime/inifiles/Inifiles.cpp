@@ -138,14 +138,12 @@ void TIniFile::ReadSectionValues(const UnicodeString& section, TStrings* lines) 
 
 void TIniFile::EraseSection(const UnicodeString& section)
 {
-    CheckWritten(WritePrivateProfileStringW(section.c_str(), nullptr, nullptr, getFileName().c_str()),
-                 getFileName());
+    CheckWritten(Host::DeleteProfileSection(getFileName(), section.AsView()), getFileName());
 }
 
 void TIniFile::DeleteKey(const UnicodeString& section, const UnicodeString& key)
 {
-    CheckWritten(WritePrivateProfileStringW(section.c_str(), key.c_str(), nullptr, getFileName().c_str()),
-                 getFileName());
+    CheckWritten(Host::DeleteProfileKey(getFileName(), section.AsView(), key.AsView()), getFileName());
 }
 
 void TIniFile::UpdateFile() {}

@@ -9,6 +9,7 @@
 #include "platform/host/Host_ReplaceFile.h"
 #include "platform/host/Host_TickCount.h"
 #include "platform/host/internal/Host_PathCall.h"
+#include "platform/host/internal/Host_Successor.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -17,11 +18,9 @@
 #include <functional>
 #include <thread>
 #include <tuple>
-#include <vector>
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/xattr.h>
 #include <time.h>
 
 namespace Host
@@ -32,7 +31,6 @@ namespace
 
 constexpr off_t MaxSize = off_t{1} << 30;
 constexpr std::uint32_t Patience = 5000;
-constexpr const char* AccessList = "system.posix_acl_access";
 
 FileState StateOf(const struct stat& status)
 {
@@ -42,12 +40,6 @@ FileState StateOf(const struct stat& status)
 std::int64_t Nanoseconds(const timespec& time)
 {
     return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
-}
-
-std::string FolderOf(const std::string& path)
-{
-    const std::size_t slash = path.rfind('/');
-    return slash == std::string::npos ? "." : path.substr(0, slash + 1);
 }
 
 /// Beside the file, hidden, and no longer than a name may be.
@@ -158,41 +150,6 @@ std::optional<ReadBytes> ReadSteady(int descriptor)
         }
     }
     return read;
-}
-
-bool CopyAccessList(int from, int to)
-{
-    std::vector<char> list(1 << 16);
-    const ssize_t size = fgetxattr(from, AccessList, list.data(), list.size());
-    if (size >= 0) {
-        return fsetxattr(to, AccessList, list.data(), static_cast<std::size_t>(size), 0) == 0 || FailErrno();
-    }
-    if (errno != ENODATA && errno != ENOTSUP) {
-        return FailErrno();
-    }
-    // The folder may have given one to its new file.
-    return fremovexattr(to, AccessList) == 0 || errno == ENODATA || errno == ENOTSUP || FailErrno();
-}
-
-/// The permissions keep a secret from the first moment on, so that the file begins with the owner's alone.
-bool TakeOver(int from, int to)
-{
-    struct stat old;
-    struct stat made;
-    if (fstat(from, &old) != 0 || fstat(to, &made) != 0) {
-        return FailErrno();
-    }
-    const bool isOwned = old.st_uid == made.st_uid && old.st_gid == made.st_gid;
-    if (!isOwned && fchown(to, old.st_uid, old.st_gid) != 0) {
-        return errno == EPERM ? Fail(ERROR_ACCESS_DENIED) : FailErrno();
-    }
-    return CopyAccessList(from, to) && (fchmod(to, old.st_mode & 07777U) == 0 || FailErrno());
-}
-
-bool SyncFolder(int folder)
-{
-    // Not every file system can.
-    return fsync(folder) == 0 || errno == EINVAL || errno == ENOSYS || errno == EBADF || FailErrno();
 }
 
 } // namespace
@@ -388,6 +345,7 @@ bool LockedProfile::MakeSuccessor()
     }
 }
 
+/// The permissions keep a secret from the first moment on, so that the file begins with the owner's alone.
 bool LockedProfile::FillSuccessor(std::string_view bytes)
 {
     const int file = mSuccessor.Get();

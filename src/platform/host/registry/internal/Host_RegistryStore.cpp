@@ -5,6 +5,7 @@
 #include "platform/host/Host_Folder.h"
 #include "platform/host/Host_Path.h"
 #include "platform/host/Host_ReplaceFile.h"
+#include "platform/host/Host_SpecialFolder.h"
 #include "platform/host/Host_TickCount.h"
 #include "platform/host/Host_UserFiles.h"
 #include "platform/host/internal/Host_Descriptor.h"
@@ -33,8 +34,7 @@ bool IsAbsolute(const UnicodeString& path)
 UnicodeString ConfigFolder(RegistryPart part)
 {
     if (part == RegistryPart::User) {
-        const UnicodeString folder = EnvironmentPath("XDG_CONFIG_HOME");
-        return IsAbsolute(folder) ? folder : HomeFolder() + u"\\.config";
+        return SpecialFolder(UserSettingsFolder);
     }
     const UnicodeString folders = EnvironmentPath("XDG_CONFIG_DIRS");
     const std::u16string_view all = folders.AsView();
