@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "config/BTL_INI_IniStream.h"
 #include "config/BTL_INI_JsonIni.h"
-#include "platform/host/Host_Path.h"
+#include "support/BenchmarkFile.h"
 
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <span>
 #include <string>
@@ -16,7 +15,6 @@
 #include <json/reader.h>
 #include <json/value.h>
 #include <json/writer.h>
-#include <unistd.h>
 
 namespace
 {
@@ -102,30 +100,6 @@ std::string JsonText(const Json::Value& root)
     builder["indentation"] = "\t";
     return Json::writeString(builder, root);
 }
-
-/// A file that goes with the program.
-class BenchmarkFile
-{
-public:
-    explicit BenchmarkFile(const std::string& content)
-        : mPath(std::filesystem::temp_directory_path() / ("bench_config_" + std::to_string(getpid())))
-    {
-        std::ofstream(mPath, std::ios::binary) << content;
-    }
-    BenchmarkFile(const BenchmarkFile&) = delete;
-    BenchmarkFile& operator=(const BenchmarkFile&) = delete;
-    ~BenchmarkFile()
-    {
-        std::error_code ignored;
-        std::filesystem::remove(mPath, ignored);
-    }
-
-    std::string HostName() const { return mPath.string(); }
-    UnicodeString Name() const { return Sysutils::FromHostPath(mPath.string()); }
-
-private:
-    std::filesystem::path mPath;
-};
 
 /// Names as a program of ours has them.
 struct TWideSample

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "platform/host/Host_Path.h"
 #include "streams/BTL_STRM_CsvReader.h"
 #include "streams/BTL_STRM_InStream.h"
 #include "streams/BTL_STRM_OutStream.h"
@@ -7,19 +6,17 @@
 #include "streams/BTL_STRM_StdStreamUtilities.h"
 #include "streams/BTL_STRM_StreamUtilities.h"
 #include "streams/BTL_STRM_TextReader.h"
+#include "support/BenchmarkFile.h"
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <random>
 #include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include <unistd.h>
 
 namespace
 {
@@ -29,30 +26,6 @@ using System::Int64;
 using System::UnicodeString;
 
 constexpr int ValueCount = 1'000'000;
-
-/// A file that goes with the program.
-class BenchmarkFile
-{
-public:
-    BenchmarkFile()
-        : mPath(std::filesystem::temp_directory_path() / ("bench_stream_" + std::to_string(getpid())))
-    {
-    }
-    BenchmarkFile(const BenchmarkFile&) = delete;
-    BenchmarkFile& operator=(const BenchmarkFile&) = delete;
-    ~BenchmarkFile()
-    {
-        std::error_code ignored;
-        std::filesystem::remove(mPath, ignored);
-    }
-
-    std::string HostName() const { return mPath.string(); }
-    UnicodeString Name() const { return Sysutils::FromHostPath(mPath.string()); }
-    void Write(const std::string& content) const { std::ofstream(mPath, std::ios::binary) << content; }
-
-private:
-    std::filesystem::path mPath;
-};
 
 const std::vector<double>& Values()
 {
