@@ -3,6 +3,7 @@
 
 #include "environment/BTL_ENV_ApplicationIni.h"
 #include "environment/folders/BTL_ENV_Folders.h"
+#include "environment/folders/internal/BTL_ENV_KeptFolder.h"
 #include "environment/folders/internal/BTL_ENV_LastFolder.h"
 #include "foundation/UTL_ASRT_Assert.h"
 #include "languages/BTL_I18N_Language.h"
@@ -15,6 +16,7 @@ namespace BTL
 namespace
 {
 
+using Detail::KeptFolder;
 using System::UnicodeString;
 
 constexpr const char* Source = "BTL_ENV_UserFolders";
@@ -22,18 +24,10 @@ constexpr UTL::CFaultPlace NoColumnsName{Source, 40};
 constexpr UTL::CFaultPlace NoDBDefName{Source, 41};
 constexpr UTL::CFaultPlace NoFormDefName{Source, 42};
 
-// What is kept is never destroyed: global objects of programs and add-ins ask for folders in their
-// destructors too.
-
-const UnicodeString& Kept(const UnicodeString& folder)
-{
-    return *new UnicodeString(folder);
-}
-
 const UnicodeString& Made(const UnicodeString& folder)
 {
     Sysutils::ForceDirectories(folder);
-    return Kept(folder);
+    return KeptFolder(folder);
 }
 
 UnicodeString WorkOutUserDataPath()
@@ -81,7 +75,7 @@ UnicodeString GetProgramFilesPath()
 
 UnicodeString GetUserDataPath()
 {
-    static const auto& path = Kept(WorkOutUserDataPath());
+    static const auto& path = KeptFolder(WorkOutUserDataPath());
     return path;
 }
 
@@ -174,13 +168,13 @@ System::AnsiString GetTempPathA()
 
 UnicodeString GetUserFRPath()
 {
-    static const auto& path = Kept(GetUserDataPath() + u"FR\\");
+    static const auto& path = KeptFolder(GetUserDataPath() + u"FR\\");
     return path;
 }
 
 UnicodeString GetUserDBPath()
 {
-    static const auto& path = Kept(GetUserDataPath() + u"DB\\");
+    static const auto& path = KeptFolder(GetUserDataPath() + u"DB\\");
     return path;
 }
 
@@ -234,7 +228,7 @@ UnicodeString GetReplicationTempPath()
 
 UnicodeString GetTestDataPath()
 {
-    static const auto& path = Kept(WorkOutTestDataPath());
+    static const auto& path = KeptFolder(WorkOutTestDataPath());
     return path;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "environment/folders/BTL_ENV_Folders.h"
 
+#include "environment/folders/internal/BTL_ENV_KeptFolder.h"
 #include "foundation/UTL_ASRT_Assert.h"
 #include "foundation/UTL_Links.h"
 #include "platform/host/internal/Host_PathText.h"
@@ -17,6 +18,7 @@ namespace BTL
 namespace
 {
 
+using Detail::KeptFolder;
 using System::UnicodeString;
 
 constexpr UTL::CFaultPlace NoName{"BTL_ENV_Folders", 135};
@@ -24,12 +26,6 @@ constexpr UTL::CFaultPlace NoName{"BTL_ENV_Folders", 135};
 bool EndsWithSeparator(const UnicodeString& path)
 {
     return !path.IsEmpty() && Sysutils::Detail::IsPathSeparator(path.AsView().back());
-}
-
-/// Never destroyed: global objects of programs and add-ins ask for folders in their destructors too.
-const UnicodeString& Kept(const UnicodeString& path)
-{
-    return *new UnicodeString(path);
 }
 
 UnicodeString WorkOutRootPath()
@@ -47,80 +43,80 @@ UnicodeString WorkOutRootPath()
 
 UnicodeString GetApplicationPath()
 {
-    static const auto& path = Kept(
+    static const auto& path = KeptFolder(
         Forms::Application == nullptr ? UnicodeString() : ExtractFilePath(Forms::Application->getExeName()));
     return path;
 }
 
 UnicodeString GetBinPath()
 {
-    static const auto& path = Kept(GetApplicationPath());
+    static const auto& path = KeptFolder(GetApplicationPath());
     return path;
 }
 
 UnicodeString GetRootPath()
 {
-    static const auto& path = Kept(WorkOutRootPath());
+    static const auto& path = KeptFolder(WorkOutRootPath());
     return path;
 }
 
 UnicodeString GetHelpPath()
 {
-    static const auto& path = Kept(GetApplicationPath() + u"Help\\");
+    static const auto& path = KeptFolder(GetApplicationPath() + u"Help\\");
     return path;
 }
 
 UnicodeString GetAddInsPath()
 {
-    static const auto& path = Kept(GetRootPath() + u"AddIns\\");
+    static const auto& path = KeptFolder(GetRootPath() + u"AddIns\\");
     return path;
 }
 
 UnicodeString GetUserRightsManagerAddInPath()
 {
-    static const auto& path = Kept(GetRootPath() + u"UserRightsManager\\");
+    static const auto& path = KeptFolder(GetRootPath() + u"UserRightsManager\\");
     return path;
 }
 
 UnicodeString GetPrintingAddInsPath()
 {
-    static const auto& path = Kept(GetRootPath() + u"PrintingAddIns\\");
+    static const auto& path = KeptFolder(GetRootPath() + u"PrintingAddIns\\");
     return path;
 }
 
 UnicodeString GetPluginsPath()
 {
-    static const auto& path = Kept(GetRootPath() + u"Plugins\\");
+    static const auto& path = KeptFolder(GetRootPath() + u"Plugins\\");
     return path;
 }
 
 UnicodeString GetProgramDataPath()
 {
-    static const auto& path = Kept(GetRootPath() + u"ProgramData\\");
+    static const auto& path = KeptFolder(GetRootPath() + u"ProgramData\\");
     return path;
 }
 
 UnicodeString GetProductPath()
 {
-    static const auto& path = Kept(GetProgramDataPath() + u"Product\\");
+    static const auto& path = KeptFolder(GetProgramDataPath() + u"Product\\");
     return path;
 }
 
 UnicodeString GetProgramIDSPath()
 {
-    static const auto& path = Kept(GetProgramDataPath() + u"IDS\\");
+    static const auto& path = KeptFolder(GetProgramDataPath() + u"IDS\\");
     return path;
 }
 
 UnicodeString GetProgramIniPath()
 {
-    static const auto& path = Kept(GetProgramDataPath() + u"Ini\\");
+    static const auto& path = KeptFolder(GetProgramDataPath() + u"Ini\\");
     return path;
 }
 
 UnicodeString GetProgramDBDefPath()
 {
-    static const auto& path = Kept(GetProgramDataPath() + u"DBDef\\");
+    static const auto& path = KeptFolder(GetProgramDataPath() + u"DBDef\\");
     return path;
 }
 

@@ -3,6 +3,7 @@
 
 #include "platform/host/Host_Path.h"
 #include "platform/runtime/classes/Classes_Stream.h"
+#include "support/Script.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -12,6 +13,7 @@
 #include <fstream>
 #include <thread>
 
+using Support::WriteScript;
 using System::UnicodeString;
 using Sysutils::FromHostPath;
 
@@ -34,13 +36,6 @@ TEST(HostShellTest, PartsArguments)
     for (const auto& test : cases) {
         EXPECT_EQ(Host::SplitArguments(test.text), test.arguments);
     }
-}
-
-/// Writes a script that the user may start.
-void WriteScript(const std::filesystem::path& path, const std::string& commands)
-{
-    std::ofstream(path) << "#!/bin/sh\n" << commands;
-    std::filesystem::permissions(path, std::filesystem::perms::owner_all);
 }
 
 std::string WaitForContent(const std::filesystem::path& path)

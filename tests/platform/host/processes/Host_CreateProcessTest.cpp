@@ -4,6 +4,7 @@
 #include "platform/base/System_String.h"
 #include "platform/host/Host_Error.h"
 #include "platform/host/processes/Host_Process.h"
+#include "support/Script.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -21,6 +22,7 @@
 namespace
 {
 
+using Support::WriteScript;
 using System::UnicodeString;
 
 /// A script that writes its arguments, a line each, to the file in `OUT`.
@@ -31,12 +33,6 @@ protected:
     {
         std::filesystem::create_directory(mBlanks);
         WriteScript(mScript, "for a in \"$@\"; do printf '%s\\n' \"$a\"; done > '" + mOut.string() + "'");
-    }
-
-    static void WriteScript(const std::filesystem::path& file, const std::string& body)
-    {
-        std::ofstream(file) << "#!/bin/sh\n" << body << '\n';
-        std::filesystem::permissions(file, std::filesystem::perms::owner_all);
     }
 
     static UnicodeString Quoted(const std::filesystem::path& file)
