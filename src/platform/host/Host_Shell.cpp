@@ -135,6 +135,25 @@ NativeInt UseFileOrFolder(const UnicodeString& file, const UnicodeString& parame
                                  : HandFileTo("xdg-open", path, folder);
 }
 
+UnicodeString QuotedArgument(const UnicodeString& argument)
+{
+    const std::u16string_view text = argument.AsView();
+    const auto needsQuotes = [](char16_t unit) { return unit == u'"' || System::Detail::IsAsciiSpace(unit); };
+    if (!text.empty() && std::ranges::none_of(text, needsQuotes)) {
+        return argument;
+    }
+    UnicodeString quoted = u'"';
+    std::size_t backslashes = 0;
+    for (const char16_t unit : text) {
+        if (unit == u'"') {
+            quoted += UnicodeString::StringOfChar(u'\\', static_cast<int>(backslashes) + 1);
+        }
+        backslashes = unit == u'\\' ? backslashes + 1 : 0;
+        quoted += unit;
+    }
+    return quoted + UnicodeString::StringOfChar(u'\\', static_cast<int>(backslashes)) + u'"';
+}
+
 } // namespace
 
 NativeInt ShellExecuteW(void* /*owner*/, const System::WideChar* verb, const System::WideChar* file,
@@ -209,6 +228,16 @@ std::vector<UnicodeString> SplitArguments(const UnicodeString& text)
         arguments.push_back(current);
     }
     return arguments;
+}
+
+UnicodeString JoinArguments(const std::vector<UnicodeString>& arguments)
+{
+    UnicodeString line;
+    for (const UnicodeString& argument : arguments) {
+        line += (&argument == arguments.data() ? UnicodeString() : UnicodeString(u' ')) +
+                QuotedArgument(argument);
+    }
+    return line;
 }
 
 } // namespace Host

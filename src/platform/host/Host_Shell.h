@@ -37,4 +37,9 @@ namespace Host
 [[nodiscard]] TRS8_BTL_API std::vector<System::UnicodeString>
 SplitArguments(const System::UnicodeString& text);
 
+/// The reverse of `SplitArguments`: parted by blanks, with quotes around an argument that is empty or has a
+/// quote or white space in it.
+[[nodiscard]] TRS8_BTL_API System::UnicodeString
+JoinArguments(const std::vector<System::UnicodeString>& arguments);
+
 } // namespace Host

@@ -38,6 +38,24 @@ TEST(HostShellTest, PartsArguments)
                  {u"\"open end", {u"open end"}}};
     for (const auto& test : cases) {
         EXPECT_EQ(Host::SplitArguments(test.text), test.arguments);
+        EXPECT_EQ(Host::SplitArguments(Host::JoinArguments(test.arguments)), test.arguments);
+    }
+}
+
+TEST(HostShellTest, QuotesArgumentsThatWouldBeParted)
+{
+    const struct
+    {
+        std::vector<UnicodeString> arguments;
+        const char16_t* line;
+    } cases[] = {{{}, u""},
+                 {{u"a", u"/b=c", u"C:\\d\\"}, u"a /b=c C:\\d\\"},
+                 {{u"", u" ", u""}, u"\"\" \" \" \"\""},
+                 {{u"a b\\", u"c\td", u"e\nf"}, u"\"a b\\\\\" \"c\td\" \"e\nf\""},
+                 {{u"x\"y", u"\\\"", u"\\\\ \\"}, u"\"x\\\"y\" \"\\\\\\\"\" \"\\\\ \\\\\""}};
+    for (const auto& test : cases) {
+        EXPECT_EQ(Host::JoinArguments(test.arguments), test.line);
+        EXPECT_EQ(Host::SplitArguments(test.line), test.arguments);
     }
 }
 
