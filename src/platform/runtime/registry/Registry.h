@@ -45,11 +45,13 @@ public:
 };
 
 /// Named values in a tree of keys, in a text file: `TRS8_BTL/registry` in the folder of configuration of the
-/// user, or of the machine for the tree `HKEY_LOCAL_MACHINE`. What the host knows is read as if it were
-/// written there: the serial ports under `HARDWARE\DEVICEMAP\SERIALCOMM` of the machine, and the user's
-/// folders under the user's keys named `User Shell Folders`. Names are found without regard to case; `\`
-/// parts the levels. Each change is on the disk when the call ends, and neither a crash nor another process
-/// leaves half of one.
+/// user (`XDG_CONFIG_HOME`, or else `~/.config`), or for the tree `HKEY_LOCAL_MACHINE` in one of the
+/// machine's (the first of `XDG_CONFIG_DIRS`, or else of `/etc/xdg`, that has the file), which all users read
+/// and only an administrator writes. Installers enter their programs there. What the host knows is read as if
+/// it were written there: the serial ports under `HARDWARE\DEVICEMAP\SERIALCOMM` of the machine, and the
+/// user's folders under the user's keys named `User Shell Folders`. Names are found without regard to case;
+/// `\` parts the levels. Each change is on the disk when the call ends, and neither a crash nor another
+/// process leaves half of one.
 ///
 ///     TRegistry registry;
 ///     if (registry.OpenKey(u"Software\\Station", true)) {

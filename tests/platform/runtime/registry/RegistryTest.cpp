@@ -4,10 +4,12 @@
 #include "platform/host/Host_Error.h"
 #include "platform/runtime/classes/Classes_StringList.h"
 #include "support/ChildProgram.h"
+#include "support/ScopedVariable.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <thread>
@@ -118,6 +120,52 @@ TEST_F(RegistryTest, ShowsTheHost)
     EXPECT_TRUE(registry.ReadString(u"My Music").AsView().ends_with(u"\\Music"));
     registry.setRootKey(Registry::HKEY_LOCAL_MACHINE);
     EXPECT_TRUE(registry.OpenKeyReadOnly(u"HARDWARE\\DEVICEMAP\\SERIALCOMM"));
+}
+
+TEST_F(RegistryTest, TheHostStandsAboveTheFileOfTheMachine)
+{
+    const Support::ScopedVariable port("TRS8_BTL_COM77", "/dev/null");
+    TRegistry registry;
+    registry.setRootKey(Registry::HKEY_LOCAL_MACHINE);
+    ASSERT_TRUE(registry.OpenKey(u"HARDWARE\\DEVICEMAP\\SERIALCOMM", true));
+    Classes::TStringList names;
+    registry.GetValueNames(&names);
+    const auto name = std::find_if(names.begin(), names.end(), [&](const UnicodeString& candidate) {
+        return registry.ReadString(candidate) == u"COM77";
+    });
+    ASSERT_NE(name, names.end());
+    registry.WriteString(*name, u"COM99");
+    registry.WriteString(u"Own", u"COM98");
+    EXPECT_EQ(registry.ReadString(*name), u"COM77");
+    EXPECT_EQ(registry.ReadString(u"Own"), u"COM98");
+}
+
+TEST_F(RegistryTest, TakesTheFirstFileOfTheMachine)
+{
+    const std::string folders = mFolder.Path().string();
+    const Support::ScopedVariable variable("XDG_CONFIG_DIRS", folders + "/machine");
+    const auto install = [](const UnicodeString& id, const UnicodeString& folder) {
+        TRegistry registry;
+        registry.setRootKey(Registry::HKEY_LOCAL_MACHINE);
+        ASSERT_TRUE(registry.OpenKey(u"SOFTWARE\\Installed\\" + id, true));
+        registry.WriteString(u"Path", folder);
+    };
+    const auto find = [](const UnicodeString& id) {
+        TRegistry registry(Registry::KEY_READ);
+        registry.setRootKey(Registry::HKEY_LOCAL_MACHINE);
+        return registry.OpenKeyReadOnly(u"\\Software\\installed\\" + id) ? registry.ReadString(u"Path")
+                                                                         : UnicodeString(u"none");
+    };
+    install(u"station", u"\\opt\\Station");
+    // A desktop puts its own folder in front.
+    variable.Set(("none::" + folders + "/desktop:" + folders + "/machine:").c_str());
+    EXPECT_EQ(find(u"Station"), u"\\opt\\Station");
+    install(u"other", u"\\opt\\Other");
+    EXPECT_FALSE(std::filesystem::exists(mFolder.Path() / "desktop"));
+    variable.Set((folders + "/desktop:" + folders + "/none").c_str());
+    EXPECT_EQ(find(u"station"), u"none");
+    install(u"station", u"\\opt\\New");
+    EXPECT_TRUE(std::filesystem::exists(mFolder.Path() / "desktop"));
 }
 
 TEST_F(RegistryTest, DISABLED_WritesManyValues)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/registry/internal/Host_RegistryStore.h"
 
+#include "platform/host/Host_FileInfo.h"
 #include "platform/host/Host_FileMove.h"
 #include "platform/host/Host_Folder.h"
 #include "platform/host/Host_Path.h"
@@ -10,10 +11,13 @@
 #include "platform/host/Host_UserFiles.h"
 #include "platform/host/internal/Host_Descriptor.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -26,9 +30,27 @@ namespace
 
 using System::UnicodeString;
 
-bool IsAbsolute(const UnicodeString& path)
+UnicodeString FileIn(const UnicodeString& folder)
 {
-    return path.AsView().starts_with(u'\\');
+    return folder + u"\\TRS8_BTL\\registry";
+}
+
+/// The folders of configuration of the machine, the most important one first; never empty.
+std::vector<UnicodeString> MachineFolders()
+{
+    const UnicodeString all = EnvironmentPath("XDG_CONFIG_DIRS");
+    std::vector<UnicodeString> folders;
+    for (std::u16string_view left = all.AsView(); !left.empty();) {
+        const std::u16string_view folder = left.substr(0, left.find(u':'));
+        if (folder.starts_with(u'\\')) {
+            folders.emplace_back(folder);
+        }
+        left.remove_prefix(std::min(folder.size() + 1, left.size()));
+    }
+    if (folders.empty()) {
+        folders.emplace_back(u"\\etc\\xdg");
+    }
+    return folders;
 }
 
 UnicodeString ConfigFolder(RegistryPart part)
@@ -36,10 +58,11 @@ UnicodeString ConfigFolder(RegistryPart part)
     if (part == RegistryPart::User) {
         return SpecialFolder(UserSettingsFolder);
     }
-    const UnicodeString folders = EnvironmentPath("XDG_CONFIG_DIRS");
-    const std::u16string_view all = folders.AsView();
-    const UnicodeString folder(all.substr(0, all.find(u':')));
-    return IsAbsolute(folder) ? folder : UnicodeString(u"\\etc\\xdg");
+    // A desktop may put a folder of its own in front, which installers know nothing of.
+    const std::vector<UnicodeString> folders = MachineFolders();
+    const auto found = std::ranges::find_if(
+        folders, [](const UnicodeString& folder) { return QueryFile(FileIn(folder)).has_value(); });
+    return found == folders.end() ? folders.front() : *found;
 }
 
 /// No value if the file is there and can't be read.
@@ -130,7 +153,7 @@ bool WriteWhole(const UnicodeString& file, const std::string& text)
 
 UnicodeString RegistryFile(RegistryPart part)
 {
-    return ConfigFolder(part) + u"\\TRS8_BTL\\registry";
+    return FileIn(ConfigFolder(part));
 }
 
 RegistryText LoadRegistry(RegistryPart part)
@@ -140,8 +163,8 @@ RegistryText LoadRegistry(RegistryPart part)
 
 bool ChangeRegistry(RegistryPart part, const std::function<bool(RegistryText&)>& change)
 {
-    const UnicodeString file = RegistryFile(part);
     const UnicodeString folder = ConfigFolder(part);
+    const UnicodeString file = FileIn(folder);
     // Those that are there already fail, as do those that can't be made; the lock then tells.
     CreateDirectoryW(folder);
     CreateDirectoryW(folder + u"\\TRS8_BTL");

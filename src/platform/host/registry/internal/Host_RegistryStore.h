@@ -22,8 +22,9 @@ enum class RegistryPart
     Machine,
 };
 
-/// `TRS8_BTL\registry` in the user's folder of configuration, by `XDG_CONFIG_HOME`, or in the machine's, the
-/// first of `XDG_CONFIG_DIRS`.
+/// `TRS8_BTL\registry` in the user's folder of configuration, by `XDG_CONFIG_HOME`, or in one of the
+/// machine's: the first of `XDG_CONFIG_DIRS`, or else of `\etc\xdg`, that has the file, or the first of all
+/// if none has.
 [[nodiscard]] System::UnicodeString RegistryFile(RegistryPart part);
 
 /// Empty for a file that isn't there or can't be read.

@@ -6,7 +6,8 @@
 namespace Registry
 {
 
-/// Adds what the host knows and nobody wrote at `path`, such as the serial ports: values of the file stay.
+/// Adds what the host knows at `path`: the serial ports, over what the file says of them, and the folders of
+/// the user that the file doesn't name.
 void AddHostValues(const System::UnicodeString& path, Host::RegistryText& registry);
 
 } // namespace Registry
