@@ -171,6 +171,9 @@ constexpr std::array Table = {
             SwitchOn<&TOptions::faulty>},
     TOption{u"--log", u"FILE", u"where to log; default Log.txt beside the program",
             Set<&TOptions::log, ReadPath>},
+    TOption{u"--about", nullptr, u"print the version of the program", SwitchOn<&TOptions::about>},
+    TOption{u"--copy", nullptr, u"also print what a bug report needs, and put it on the clipboard",
+            SwitchOn<&TOptions::copy>},
     TOption{u"--help", nullptr, u"this text", SwitchOn<&TOptions::help>},
 };
 
@@ -229,6 +232,9 @@ TOptions ReadOptions(int argc, const char* const* argv)
     }
     if (options.faulty && !options.instrument) {
         throw BTL::XCommandLine(u"--faulty goes with --instrument");
+    }
+    if (options.copy && !options.about) {
+        throw BTL::XCommandLine(u"--copy goes with --about");
     }
     return options;
 }

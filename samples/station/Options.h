@@ -43,6 +43,9 @@ struct TOptions
     /// Whether to play an instrument, and one that misbehaves.
     bool instrument = false;
     bool faulty = false;
+    /// Whether to print what the program is, and all that a bug report needs, for the clipboard.
+    bool about = false;
+    bool copy = false;
     bool help = false;
 };
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "About.h"
 #include "Channels.h"
 #include "Chart.h"
 #include "Instrument.h"
@@ -203,6 +204,10 @@ EExitCode Start(const TOptions& options)
     }
     if (!options.language.IsEmpty()) {
         BTL::Gi18n::InitWithPath(BTL::GetProgramIDSPath() + options.language + u"\\", false);
+    }
+    if (options.about) {
+        WriteAbout(std::cout, options.copy);
+        return Done;
     }
     if (options.open) {
         OpenProgram(*BTL::CApplicationIni::Get());

@@ -104,6 +104,16 @@ expect_station(2 ARGUMENTS --colour MATCHES "unknown option '--colour'")
 expect_station(2 ARGUMENTS --serial COM0 MATCHES "--serial: 'COM0' is no port")
 expect_station(2 ARGUMENTS --faulty MATCHES "--faulty goes with --instrument")
 expect_station(2 ARGUMENTS --sql 5 MATCHES "unknown option '5'")
+expect_station(2 ARGUMENTS --copy MATCHES "--copy goes with --about")
+
+# What the program says of itself; for a bug report also of what is around it.
+set(about "^Measuring station 0\\.2\\.0\nfile: station\nversion: 0\\.2\\.0\nwhat it does: Samples channels .*\n"
+          "company: TRS8\n.*built by: [A-Z][A-Za-z]+ [0-9.]+\n")
+string(CONCAT about ${about})
+expect_station(0 ARGUMENTS --about MATCHES "${about}$")
+expect_station(0 ARGUMENTS --about --copy
+    MATCHES "${about}library: ${libraryVersion}, .*libTRS8_BTL\\.so" "\nsystem: .*Linux" "\nmemory: [0-9]+ of [0-9]+ MB"
+            "\ncommand line: .*station --about --copy\n" "without windows there is no clipboard")
 
 # Each store keeps the last run for the next one, and the channels for the user to edit.
 foreach(store ini mem stream json)

@@ -49,6 +49,12 @@ public:
     /// Asks until the user agrees or cancels. True with the line in `value`; false leaves `value` alone.
     virtual bool AskInput(const TInput& input, System::UnicodeString& value) = 0;
 
+    /// Puts a text on the clipboard. False if this toolkit shares none with other programs; then the text is
+    /// kept for this program alone.
+    virtual bool SetClipboardText(const System::UnicodeString& text) = 0;
+    /// Empty if there is no text on the clipboard.
+    virtual System::UnicodeString GetClipboardText() = 0;
+
     /// All screens together, in pixels.
     virtual Types::TRect DesktopRect() const = 0;
 

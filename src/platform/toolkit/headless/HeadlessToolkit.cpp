@@ -147,6 +147,17 @@ bool HeadlessToolkit::AskInput(const TInput& input, System::UnicodeString& value
     return answer.has_value();
 }
 
+bool HeadlessToolkit::SetClipboardText(const System::UnicodeString& text)
+{
+    mClipboard = text;
+    return false;
+}
+
+System::UnicodeString HeadlessToolkit::GetClipboardText()
+{
+    return mClipboard;
+}
+
 Types::TRect HeadlessToolkit::DesktopRect() const
 {
     return {.Left = 0, .Top = 0, .Right = 1920, .Bottom = 1080};

@@ -55,6 +55,9 @@ public:
 
     int ShowBox(const TBox& box) override;
     bool AskInput(const TInput& input, System::UnicodeString& value) override;
+    /// Keeps the text and gives false.
+    bool SetClipboardText(const System::UnicodeString& text) override;
+    System::UnicodeString GetClipboardText() override;
     /// Always 1920 by 1080 at the origin.
     Types::TRect DesktopRect() const override;
     void Post(std::function<void()> action) override;
@@ -70,6 +73,7 @@ private:
     std::vector<TShown> mShown;
     std::deque<std::optional<System::UnicodeString>> mLines;
     std::vector<TAsked> mAsked;
+    System::UnicodeString mClipboard;
     std::mutex mMessagesMutex;
     std::condition_variable mMessagePosted;
     std::deque<std::function<void()>> mMessages;

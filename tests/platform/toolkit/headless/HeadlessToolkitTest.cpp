@@ -58,4 +58,12 @@ TEST(HeadlessToolkitTest, RefusesAScriptedAnswerWithoutAButton)
     EXPECT_THROW(MessageBoxW(nullptr, u"text", u"caption", MB_OK), std::logic_error);
 }
 
+TEST(HeadlessToolkitTest, KeepsATextForItsOwnProgramAlone)
+{
+    HeadlessToolkit toolkit;
+    EXPECT_EQ(toolkit.GetClipboardText(), u"");
+    EXPECT_FALSE(toolkit.SetClipboardText(u"a\n\u00E4"));
+    EXPECT_EQ(toolkit.GetClipboardText(), u"a\n\u00E4");
+}
+
 } // namespace
