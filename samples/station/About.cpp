@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "About.h"
 
-#include <TRS8_BTL/environment/Btl_rsrc_utilities.h>
+#include <TRS8_BTL/environment/BTL_RSRC_VersionInfo.h>
 #include <TRS8_BTL/environment/folders/BTL_ENV_Folders.h>
 #include <TRS8_BTL/os/Win_sys_utilitiesw.h>
 #include <TRS8_BTL/platform/Version.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "environment/Btl_rsrc_utilities.h"
+#include "environment/BTL_RSRC_VersionInfo.h"
 
 #include "platform/host/Host_Path.h"
 #include "support/ProgramImage.h"
@@ -17,7 +17,7 @@ namespace
 using BTL::CVersionInfo;
 using System::UnicodeString;
 
-class RsrcUtilitiesTest : public testing::Test
+class VersionInfoTest : public testing::Test
 {
 protected:
     UnicodeString Write(const std::string& texts) const
@@ -37,7 +37,7 @@ protected:
     Support::TempFolder mFolder;
 };
 
-TEST_F(RsrcUtilitiesTest, ReadsEachFieldByItsKey)
+TEST_F(VersionInfoTest, ReadsEachFieldByItsKey)
 {
     const UnicodeString file = Write(
         "Translation=040704E4\0Comments=c & d\0LegalTrademarks=t&\0ProductVersion=5.6&\0CompanyName=A & B&&\0"
@@ -53,7 +53,7 @@ TEST_F(RsrcUtilitiesTest, ReadsEachFieldByItsKey)
                                u"A && B&&&&", u"p&&", u"5.6&", u"c && d", u"\u00A9 &&", u"t&&", file, u"0"}));
 }
 
-TEST_F(RsrcUtilitiesTest, KeysThatAreMissingGiveEmptyTexts)
+TEST_F(VersionInfoTest, KeysThatAreMissingGiveEmptyTexts)
 {
     const UnicodeString file = Write("Translation=000004E4\0FileVersion=1"s);
     CVersionInfo info;
@@ -63,7 +63,7 @@ TEST_F(RsrcUtilitiesTest, KeysThatAreMissingGiveEmptyTexts)
                                                        u"", u"", u"Not available!", file, u"0"}));
 }
 
-TEST_F(RsrcUtilitiesTest, AFileWithoutDataLeavesTheRecordAsItWas)
+TEST_F(VersionInfoTest, AFileWithoutDataLeavesTheRecordAsItWas)
 {
     std::ofstream(mFolder.Path() / "program") << "no program";
     CVersionInfo info;
@@ -76,7 +76,7 @@ TEST_F(RsrcUtilitiesTest, AFileWithoutDataLeavesTheRecordAsItWas)
     EXPECT_EQ(Texts(info), before);
 }
 
-TEST_F(RsrcUtilitiesTest, DamagedDataSayThatThereAreNone)
+TEST_F(VersionInfoTest, DamagedDataSayThatThereAreNone)
 {
     CVersionInfo info;
     info.Reserved = u"mine";
@@ -87,7 +87,7 @@ TEST_F(RsrcUtilitiesTest, DamagedDataSayThatThereAreNone)
                                           u"No Versioninfo available!", u"TARMIS", u"TARMIS", u"", u"0"}));
 }
 
-TEST_F(RsrcUtilitiesTest, ReadsWhatTheBuildPutsIntoAnAddIn)
+TEST_F(VersionInfoTest, ReadsWhatTheBuildPutsIntoAnAddIn)
 {
     CVersionInfo info;
     ASSERT_TRUE(BTL::ReadVersionInfo(Sysutils::FromHostPath(ADD_IN), info));
@@ -100,7 +100,7 @@ TEST_F(RsrcUtilitiesTest, ReadsWhatTheBuildPutsIntoAnAddIn)
     EXPECT_EQ(info.Copyright, u"");
 }
 
-TEST_F(RsrcUtilitiesTest, VersionsAreReadAsNumbers)
+TEST_F(VersionInfoTest, VersionsAreReadAsNumbers)
 {
     const struct
     {

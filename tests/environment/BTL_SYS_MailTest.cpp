@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "environment/Btl_sys_mapi.h"
+#include "environment/BTL_SYS_Mail.h"
 
 #include "languages/BTL_I18N_Texts.h"
 #include "platform/host/Mapi.h"
@@ -14,7 +14,37 @@ namespace
 
 using Arguments = std::vector<std::string>;
 
-TEST(SysMapiTest, SendsToOneRecipientOrTwo)
+TEST(SysMailTest, BuildsTheAddressOfAMailWithNothingEscaped)
+{
+    const Support::DesktopHelpers helpers;
+    const struct
+    {
+        const char16_t *address, *subject, *body;
+        const char* target;
+    } cases[] = {
+        {u"a@b", u"", u"", "mailto:a@b"},
+        {u"a@b", u"S \u00E4 & ?%", u"", "mailto:a@b?subject=S \u00E4 & ?%"},
+        {u"a@b", u"S", u"line\n'$(x)\" line\r\n", "mailto:a@b?subject=S&body=line\n'$(x)\" line\r\n"},
+        {u"a@b", u"", u"B", "mailto:a@b&body=B"},
+        {u"", u"", u"", "mailto:"}};
+    for (const auto& test : cases) {
+        BTL::ExecEMailTo(test.address, test.subject, test.body);
+        EXPECT_EQ(helpers.Await(), (std::vector<std::string>{"xdg-email", test.target}));
+    }
+    BTL::ExecEMailTo(u"a@b?subject=x");
+    EXPECT_EQ(helpers.Await(), (std::vector<std::string>{"xdg-email", "mailto:a@b?subject=x"}));
+}
+
+TEST(SysMailTest, AnAddressWithoutAHelperReportsNothing)
+{
+    const Support::DesktopHelpers helpers;
+    std::filesystem::remove(helpers.Folder() / "xdg-email");
+    BTL::ExecEMailTo(u"a@b");
+    BTL::ExecEMailTo(u"a@b", u"S", u"B");
+    EXPECT_TRUE(helpers.IsSilent());
+}
+
+TEST(SysMailTest, SendsToOneRecipientOrTwo)
 {
     const Support::DesktopHelpers helpers;
     Support::ScriptedBoxes boxes;
@@ -26,7 +56,7 @@ TEST(SysMapiTest, SendsToOneRecipientOrTwo)
     EXPECT_TRUE(boxes.TakeShown().empty());
 }
 
-TEST(SysMapiTest, ShowsWhyAMailFails)
+TEST(SysMailTest, ShowsWhyAMailFails)
 {
     const Support::DesktopHelpers helpers;
     Support::ScriptedBoxes boxes({IDOK, IDOK});

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "environment/Btl_sys_mapi.h"
+#include "environment/BTL_SYS_Mail.h"
 
 #include "languages/BTL_I18N_Texts.h"
+#include "platform/host/Host_Shell.h"
 #include "platform/host/Mapi.h"
 
 namespace BTL
@@ -11,6 +12,7 @@ namespace
 {
 
 using System::AnsiString;
+using System::UnicodeString;
 
 EIDS TextOf(unsigned long code)
 {
@@ -56,6 +58,23 @@ Mapi::MapiRecipDesc Recipient(unsigned long kind, const AnsiString& name, const 
 }
 
 } // namespace
+
+void ExecEMailTo(const UnicodeString& address)
+{
+    ::ShellExecuteW(nullptr, u"open", (u"mailto:" + address).c_str(), nullptr, nullptr, SW_SHOWDEFAULT);
+}
+
+void ExecEMailTo(const UnicodeString& address, const UnicodeString& subject, const UnicodeString& body)
+{
+    UnicodeString target = u"mailto:" + address;
+    if (!subject.IsEmpty()) {
+        target += u"?subject=" + subject;
+    }
+    if (!body.IsEmpty()) {
+        target += u"&body=" + body;
+    }
+    ::ShellExecuteW(nullptr, nullptr, target.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+}
 
 unsigned long SendEMail(const AnsiString& subject, const AnsiString& text, const AnsiString& fromName,
                         const AnsiString& fromAddress, const AnsiString& toName, const AnsiString& toAddress,

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "environment/Btl_rsrc_utilities.h"
+#include "environment/BTL_RSRC_VersionInfo.h"
 
 #include "platform/base/Sysutils_Exception.h"
 #include "platform/host/version/Host_FileVersion.h"
