@@ -9,8 +9,7 @@ namespace BTL
 // Mails to write: the user's mail program opens with them, and the user sends them. No shell reads the texts.
 //
 //     BTL::ExecEMailTo(u"support@example.org", u"Question", u"Dear colleagues,\n");
-//     if (BTL::SendEMail("Report", text, "", "", "Support", "support@example.org", "", "", true) == 0) { ...
-//     }
+//     BTL::SendEMail("Report", text, "", "", "Support", "support@example.org", "", "", true);
 
 /// Opens a mail to `address`, as "mailto:" and the address, with no character of it escaped. Neither a
 /// missing mail program nor what becomes of the mail is told.
@@ -25,9 +24,6 @@ TRS8_BTL_API void ExecEMailTo(const System::UnicodeString& address, const System
 /// one recipient. The result is that of `Mapi::MapiSendMail`, 0 once the helper of the desktop is started.
 /// For any other one a box of the library's texts tells the reason first. `dialog` asks for the mail to be
 /// shown, which happens here in any case, and the user chooses the sender. Of the main thread.
-///
-///     if (BTL::SendEMail("Report", text, "", "", "Support", "support@example.org", "", "", true) == 0) { ...
-///     }
 TRS8_BTL_API unsigned long SendEMail(const System::AnsiString& subject, const System::AnsiString& text,
                                      const System::AnsiString& fromName,
                                      const System::AnsiString& fromAddress, const System::AnsiString& toName,
