@@ -22,9 +22,9 @@ namespace Host
 namespace
 {
 
-using std::string_view_literals::operator""sv;
-
-constexpr std::string_view Owner = "TRS8_BTL\0"sv;
+/// With the zero behind it, as a note has it.
+constexpr char OwnerText[] = "TRS8_BTL";
+constexpr std::string_view Owner(OwnerText, sizeof OwnerText);
 constexpr GElf_Word VersionType = 1;
 
 /// A file may claim any size for its sections, as often as it likes.
