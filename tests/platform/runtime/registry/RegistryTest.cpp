@@ -104,7 +104,12 @@ TEST_F(RegistryTest, WalksTheTree)
     registry.setRootKey(Registry::HKEY_LOCAL_MACHINE);
     EXPECT_FALSE(registry.KeyExists(u"A"));
     ASSERT_TRUE(registry.OpenKey(u"A", true));
-    EXPECT_TRUE(std::filesystem::exists(mFolder.Path() / "machine" / "TRS8_BTL" / "registry"));
+    const auto folder = mFolder.Path() / "machine" / "TRS8_BTL";
+    EXPECT_TRUE(std::filesystem::exists(folder / "registry"));
+    EXPECT_EQ(std::filesystem::status(folder / "registry.lock").permissions() &
+                  std::filesystem::perms::others_all,
+              std::filesystem::perms::none)
+        << "everybody could keep the administrator from writing";
 }
 
 TEST_F(RegistryTest, ShowsTheHost)

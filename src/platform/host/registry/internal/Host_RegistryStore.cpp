@@ -21,6 +21,7 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/types.h>
 
 namespace Host
 {
@@ -95,8 +96,10 @@ std::optional<std::string> ReadWhole(const UnicodeString& file)
 /// The lock on the file beside; closed if it isn't to be had.
 Descriptor LockFile(const UnicodeString& file)
 {
+    // Whoever may read it could hold it: not those who only read the registry of the machine.
+    constexpr mode_t mode = 0660;
     Descriptor opened(Uninterrupted([&] {
-        return open(Sysutils::HostPath(file + u".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+        return open(Sysutils::HostPath(file + u".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, mode);
     }));
     if (!opened.IsOpen()) {
         FailErrno();
