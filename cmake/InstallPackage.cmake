@@ -14,7 +14,8 @@ configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/TRS8_BTLConfig.cmake.in
                               PATH_VARS ids_dir)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/TRS8_BTLConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/TRS8_BTLConfig.cmake ${PROJECT_BINARY_DIR}/TRS8_BTLConfigVersion.cmake
-              ${CMAKE_CURRENT_LIST_DIR}/ProgramLayout.cmake
+              ${CMAKE_CURRENT_LIST_DIR}/ProgramLayout.cmake ${CMAKE_CURRENT_LIST_DIR}/VersionData.cmake
+              ${CMAKE_CURRENT_LIST_DIR}/VersionData.cpp.in
         DESTINATION ${package_dir} COMPONENT Development)
 # A program takes its own copy of the language files along, which its users may change.
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/data/IDS/ DESTINATION ${ids_dir} COMPONENT Development)

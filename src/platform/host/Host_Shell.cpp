@@ -6,17 +6,14 @@
 #include "platform/host/Host_FileInfo.h"
 #include "platform/host/Host_Path.h"
 #include "platform/host/internal/Host_ShellFile.h"
-#include "platform/host/internal/Host_Spawn.h"
+#include "platform/host/internal/Host_SpawnApart.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <future>
 #include <optional>
-#include <thread>
-
-#include <sys/wait.h>
-#include <unistd.h>
+#include <string>
 
 using System::NativeInt;
 using System::UnicodeString;
@@ -46,31 +43,6 @@ std::optional<Verb> FindVerb(const UnicodeString& text)
     return verb == u"print" ? std::optional(Verb::Print) : std::nullopt;
 }
 
-/// Starts a program in a session of its own; 0 or the `errno`.
-int SpawnApart(const std::string& program, std::vector<std::string> arguments, const std::string& folder,
-               pid_t& process)
-{
-    arguments.insert(arguments.begin(), program);
-    return Host::Spawn({program, std::move(arguments), folder, Host::ESession::Own}, process);
-}
-
-/// Waits for the end of the process in the background, so that it leaves no entry behind; the future tells
-/// the exit code, 0 if it can't be told.
-std::future<int> Reap(pid_t process)
-{
-    std::promise<int> exitCode;
-    std::future<int> result = exitCode.get_future();
-    std::thread([process, exitCode = std::move(exitCode)]() mutable {
-        int status = 0;
-        pid_t ended = 0;
-        do {
-            ended = waitpid(process, &status, 0);
-        } while (ended == -1 && errno == EINTR);
-        exitCode.set_value(ended == process && WIFEXITED(status) ? WEXITSTATUS(status) : 0);
-    }).detach();
-    return result;
-}
-
 /// Two letters at least, since one is a drive, and then the colon.
 bool IsAddress(std::u16string_view text)
 {
@@ -94,28 +66,29 @@ NativeInt StartProgram(const std::string& path, const UnicodeString& parameters,
     for (const UnicodeString& argument : Host::SplitArguments(parameters)) {
         arguments.push_back(System::ToUtf8(argument));
     }
-    pid_t process = 0;
-    if (const int error = SpawnApart(path, std::move(arguments), folder, process); error != 0) {
-        return static_cast<NativeInt>(Host::ErrorFromErrno(error));
-    }
-    Reap(process);
-    return Started;
+    std::future<int> exitCode;
+    const int error = Host::SpawnApart(path, std::move(arguments), folder, exitCode);
+    return error == 0 ? Started : static_cast<NativeInt>(Host::ErrorFromErrno(error));
 }
 
 /// `target` begins with `/` or with a scheme, so that it can't be taken for an option.
-NativeInt HandTo(const char* program, const std::string& target, const std::string& folder)
+NativeInt HandTo(const char* helper, const std::string& target, const std::string& folder,
+                 std::future<int>& exitCode)
 {
-    const std::string opener = Host::FindProgram(program);
-    if (opener.empty()) {
-        return errno == ENOENT ? SE_ERR_NOASSOC : static_cast<NativeInt>(Host::ErrorFromErrno(errno));
+    const int error = Host::SpawnHelper(helper, {target}, folder, exitCode);
+    if (error == ENOENT) {
+        return SE_ERR_NOASSOC;
     }
-    pid_t process = 0;
-    if (const int error = SpawnApart(opener, {target}, folder, process); error != 0) {
-        return error == ENOENT ? SE_ERR_NOASSOC : static_cast<NativeInt>(Host::ErrorFromErrno(error));
-    }
-    std::future<int> exitCode = Reap(process);
-    if (exitCode.wait_for(std::chrono::milliseconds(500)) != std::future_status::ready) {
-        return Started;
+    return error == 0 ? Started : static_cast<NativeInt>(Host::ErrorFromErrno(error));
+}
+
+/// Gives the helper some time to refuse the file.
+NativeInt HandFileTo(const char* helper, const std::string& path, const std::string& folder)
+{
+    std::future<int> exitCode;
+    const NativeInt result = HandTo(helper, path, folder, exitCode);
+    if (result != Started || exitCode.wait_for(std::chrono::milliseconds(500)) != std::future_status::ready) {
+        return result;
     }
     switch (exitCode.get()) {
     case 0:
@@ -127,9 +100,17 @@ NativeInt HandTo(const char* program, const std::string& target, const std::stri
     }
 }
 
-NativeInt OpenOnDesktop(const std::string& target, const std::string& folder)
+/// Web addresses go to the browser, those of mails to the mail program.
+NativeInt OpenAddress(const UnicodeString& address, const std::string& folder)
 {
-    return HandTo("xdg-open", target, folder);
+    const UnicodeString mail = u"mailto:";
+    std::future<int> exitCode;
+    if (address.SubString(1, mail.Length()).LowerCase() != mail) {
+        return HandTo("xdg-open", System::ToUtf8(address), folder, exitCode);
+    }
+    // The helper knows the scheme in small letters alone.
+    const UnicodeString rest = address.SubString(mail.Length() + 1);
+    return HandTo("xdg-email", System::ToUtf8(mail + rest), folder, exitCode);
 }
 
 NativeInt UseFileOrFolder(const UnicodeString& file, const UnicodeString& parameters,
@@ -148,9 +129,29 @@ NativeInt UseFileOrFolder(const UnicodeString& file, const UnicodeString& parame
         return SE_ERR_NOASSOC;
     }
     if (verb == Verb::Print) {
-        return HandTo("lp", path, folder);
+        return HandFileTo("lp", path, folder);
     }
-    return Host::IsProgram(path) ? StartProgram(path, parameters, folder) : OpenOnDesktop(path, folder);
+    return Host::IsProgram(path) ? StartProgram(path, parameters, folder)
+                                 : HandFileTo("xdg-open", path, folder);
+}
+
+UnicodeString QuotedArgument(const UnicodeString& argument)
+{
+    const std::u16string_view text = argument.AsView();
+    const auto needsQuotes = [](char16_t unit) { return unit == u'"' || System::Detail::IsAsciiSpace(unit); };
+    if (!text.empty() && std::ranges::none_of(text, needsQuotes)) {
+        return argument;
+    }
+    UnicodeString quoted = u'"';
+    std::size_t backslashes = 0;
+    for (const char16_t unit : text) {
+        if (unit == u'"') {
+            quoted += UnicodeString::StringOfChar(u'\\', static_cast<int>(backslashes) + 1);
+        }
+        backslashes = unit == u'\\' ? backslashes + 1 : 0;
+        quoted += unit;
+    }
+    return quoted + UnicodeString::StringOfChar(u'\\', static_cast<int>(backslashes)) + u'"';
 }
 
 } // namespace
@@ -177,7 +178,7 @@ NativeInt ShellExecuteW(void* /*owner*/, const System::WideChar* verb, const Sys
     }
     // A name may hold a colon as well.
     if (*action != Verb::Print && IsAddress(target.AsView()) && !Host::QueryFile(target)) {
-        return OpenOnDesktop(System::ToUtf8(target), folder);
+        return OpenAddress(target, folder);
     }
     return UseFileOrFolder(target, UnicodeString(parameters), folder, *action);
 }
@@ -227,6 +228,16 @@ std::vector<UnicodeString> SplitArguments(const UnicodeString& text)
         arguments.push_back(current);
     }
     return arguments;
+}
+
+UnicodeString JoinArguments(const std::vector<UnicodeString>& arguments)
+{
+    UnicodeString line;
+    for (const UnicodeString& argument : arguments) {
+        line += (&argument == arguments.data() ? UnicodeString() : UnicodeString(u' ')) +
+                QuotedArgument(argument);
+    }
+    return line;
 }
 
 } // namespace Host

@@ -2,11 +2,11 @@
 #include "text/grammar/BTL_CommandLineOptions.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
+#include "platform/base/internal/System_CommandLineWord.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "text/editing/BTL_STR_Cut.h"
 #include "text/editing/BTL_STR_Join.h"
 #include "text/editing/BTL_STR_Search.h"
-#include "text/grammar/internal/BTL_CommandLineWord.h"
 #include "text/numbers/BTL_NUM_Floats.h"
 
 #include <algorithm>
@@ -85,7 +85,7 @@ void CCommandLineOptions::Parse(int argc, const char* const* argv)
 {
     std::vector<UnicodeString> words;
     for (int i = 1; i < argc; ++i) {
-        words.push_back(Detail::CommandLineWord(argv[i]));
+        words.push_back(System::Detail::CommandLineWord(argv[i]));
     }
     Parse(words);
 }

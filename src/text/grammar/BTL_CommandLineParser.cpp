@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "text/grammar/BTL_CommandLineParser.h"
 
+#include "platform/base/internal/System_CommandLineWord.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "platform/runtime/classes/Classes_Update.h"
 #include "platform/runtime/sysutils/Character.h"
 #include "platform/runtime/sysutils/Sysutils_Text.h"
 #include "text/editing/BTL_STR_Cut.h"
-#include "text/grammar/internal/BTL_CommandLineWord.h"
 #include "text/numbers/BTL_NUM_Integers.h"
 
 #include <algorithm>
@@ -128,7 +128,7 @@ void CCommandLineParser::Parse(int argc, const char* const* argv)
         if (i > 1) {
             text += u' ';
         }
-        text += AsTokens(Detail::CommandLineWord(argv[i]));
+        text += AsTokens(System::Detail::CommandLineWord(argv[i]));
     }
     Parse(text);
 }

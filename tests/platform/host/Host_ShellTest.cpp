@@ -3,8 +3,11 @@
 
 #include "platform/host/Host_Path.h"
 #include "platform/runtime/classes/Classes_Stream.h"
+#include "support/DesktopHelpers.h"
+#include "support/ScopedVariable.h"
 #include "support/Script.h"
 #include "support/TempFolder.h"
+#include "support/WaitUntil.h"
 
 #include <gtest/gtest.h>
 
@@ -35,6 +38,24 @@ TEST(HostShellTest, PartsArguments)
                  {u"\"open end", {u"open end"}}};
     for (const auto& test : cases) {
         EXPECT_EQ(Host::SplitArguments(test.text), test.arguments);
+        EXPECT_EQ(Host::SplitArguments(Host::JoinArguments(test.arguments)), test.arguments);
+    }
+}
+
+TEST(HostShellTest, QuotesArgumentsThatWouldBeParted)
+{
+    const struct
+    {
+        std::vector<UnicodeString> arguments;
+        const char16_t* line;
+    } cases[] = {{{}, u""},
+                 {{u"a", u"/b=c", u"C:\\d\\"}, u"a /b=c C:\\d\\"},
+                 {{u"", u" ", u""}, u"\"\" \" \" \"\""},
+                 {{u"a b\\", u"c\td", u"e\nf"}, u"\"a b\\\\\" \"c\td\" \"e\nf\""},
+                 {{u"x\"y", u"\\\"", u"\\\\ \\"}, u"\"x\\\"y\" \"\\\\\\\"\" \"\\\\ \\\\\""}};
+    for (const auto& test : cases) {
+        EXPECT_EQ(Host::JoinArguments(test.arguments), test.line);
+        EXPECT_EQ(Host::SplitArguments(test.line), test.arguments);
     }
 }
 
@@ -94,9 +115,6 @@ TEST(HostShellTest, HandsFilesToTheDesktop)
     const std::string first = opened("first");
     EXPECT_GT(ShellExecuteW(nullptr, nullptr, u"-a b;c.txt", nullptr, directory.c_str(), 1), 32);
     EXPECT_EQ(WaitForContent(first), "1:" + folder.Path().string() + "/-a b;c.txt\n");
-    const std::string second = opened("second");
-    EXPECT_GT(ShellExecuteW(nullptr, u"open", u"mailto:a@b?subject=x y&z", nullptr, nullptr, 1), 32);
-    EXPECT_EQ(WaitForContent(second), "1:mailto:a@b?subject=x y&z\n");
     const std::string third = opened("third");
     EXPECT_GT(ShellExecuteW(nullptr, u"Explore", directory.c_str(), nullptr, nullptr, 1), 32);
     EXPECT_EQ(WaitForContent(third), "1:" + folder.Path().string() + "\n");
@@ -117,6 +135,50 @@ TEST(HostShellTest, HandsFilesToTheDesktop)
     EXPECT_EQ(ShellExecuteW(nullptr, u"edit", (inFolder + u"a.none").c_str(), nullptr, nullptr, 1), 31);
     EXPECT_EQ(ShellExecuteW(nullptr, nullptr, nullptr, nullptr, nullptr, 1), 2);
     setenv("PATH", formerPath.c_str(), 1);
+}
+
+TEST(HostShellTest, HandsAddressesToTheHelpersAsTheyAre)
+{
+    const Support::DesktopHelpers helpers;
+    const struct
+    {
+        const char16_t* address;
+        std::vector<std::string> told;
+    } cases[] = {{u"http://a.b/?x='\"$(touch x)`y`;&|\n\t\u00E4",
+                  {"xdg-open", "http://a.b/?x='\"$(touch x)`y`;&|\n\t\u00E4"}},
+                 {u"mailto:a@b?subject=x y&body=\u00DF\r\n'$(z)\"",
+                  {"xdg-email", "mailto:a@b?subject=x y&body=\u00DF\r\n'$(z)\""}},
+                 {u"MailTo:", {"xdg-email", "mailto:"}},
+                 {u"mailtos:x", {"xdg-open", "mailtos:x"}}};
+    for (const auto& test : cases) {
+        EXPECT_GT(ShellExecuteW(nullptr, nullptr, test.address, nullptr, nullptr, 1), 32);
+        EXPECT_EQ(helpers.Await(), test.told);
+    }
+}
+
+TEST(HostShellTest, AwaitsNoHelperOfAnAddressAndLeavesNoneBehind)
+{
+    const Support::DesktopHelpers helpers;
+    // It refuses, or would never end by itself.
+    const Support::ScopedVariable gate("GATE", (helpers.Folder() / "gate").string());
+    WriteScript(helpers.Folder() / "xdg-open", "exit 3");
+    WriteScript(helpers.Folder() / "xdg-email", "while [ ! -e \"$GATE\" ]; do sleep 0.01; done");
+    EXPECT_GT(ShellExecuteW(nullptr, u"open", u"http://x", nullptr, nullptr, 1), 32);
+    EXPECT_GT(ShellExecuteW(nullptr, u"open", u"mailto:x", nullptr, nullptr, 1), 32);
+    EXPECT_FALSE(Support::DesktopHelpers::HasNoChild());
+    std::ofstream(helpers.Folder() / "gate") << "open";
+    EXPECT_TRUE(Support::WaitUntil(Support::DesktopHelpers::HasNoChild));
+}
+
+TEST(HostShellTest, TellsThatAHelperIsMissing)
+{
+    const Support::DesktopHelpers helpers;
+    std::filesystem::remove(helpers.Folder() / "xdg-open");
+    std::filesystem::remove(helpers.Folder() / "xdg-email");
+    EXPECT_EQ(ShellExecuteW(nullptr, u"open", u"http://x", nullptr, nullptr, 1), SE_ERR_NOASSOC);
+    EXPECT_EQ(ShellExecuteW(nullptr, u"open", u"mailto:x", nullptr, nullptr, 1), SE_ERR_NOASSOC);
+    std::ofstream(helpers.Folder() / "xdg-email") << "no program";
+    EXPECT_EQ(ShellExecuteW(nullptr, u"open", u"mailto:x", nullptr, nullptr, 1), 5) << "may not be started";
 }
 
 } // namespace
