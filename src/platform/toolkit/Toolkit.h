@@ -58,6 +58,9 @@ public:
     /// All screens together, in pixels.
     virtual Types::TRect DesktopRect() const = 0;
 
+    /// Shows the mouse cursor of this number over all windows; 0 gives each control its own back.
+    virtual void SetCursor(int cursor) = 0;
+
     /// Runs `action` from the message loop of the main thread, in the order of posting. From any thread.
     virtual void Post(std::function<void()> action) = 0;
 

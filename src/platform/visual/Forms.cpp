@@ -80,4 +80,12 @@ Types::TRect TScreen::getDesktopRect() const
     return Toolkits::CurrentToolkit().DesktopRect();
 }
 
+void TScreen::setCursor(Controls::TCursor cursor)
+{
+    if (mCursor != cursor) {
+        mCursor = cursor;
+        Toolkits::CurrentToolkit().SetCursor(cursor);
+    }
+}
+
 } // namespace Forms

@@ -3,6 +3,7 @@
 
 #include "platform/base/System_String.h"
 #include "platform/base/Types.h"
+#include "platform/visual/Controls_Cursors.h"
 
 #include <atomic>
 
@@ -66,7 +67,7 @@ private:
     std::atomic<bool> mTerminated = false;
 };
 
-/// The screens of the machine, as one rectangle in pixels. Of the main thread.
+/// The screens of the machine, as one rectangle in pixels, and the mouse cursor on them. Of the main thread.
 class TRS8_BTL_API TScreen
 {
 public:
@@ -75,6 +76,13 @@ public:
     int getDesktopTop() const { return getDesktopRect().Top; }
     int getDesktopWidth() const { return getDesktopRect().Width(); }
     int getDesktopHeight() const { return getDesktopRect().Height(); }
+
+    /// The cursor over all windows of the program, `crDefault` at first: each control then has its own.
+    Controls::TCursor getCursor() const noexcept { return mCursor; }
+    void setCursor(Controls::TCursor cursor);
+
+private:
+    Controls::TCursor mCursor = Controls::crDefault;
 };
 
 /// The program's application object. It stands before any other unit of the library starts, and stays until

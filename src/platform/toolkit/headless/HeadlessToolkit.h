@@ -53,6 +53,9 @@ public:
     /// The inputs asked for since the last call, in their order.
     std::vector<TAsked> TakeAsked();
 
+    /// The cursor that was set last, 0 at first.
+    int getCursor() const noexcept { return mCursor; }
+
     int ShowBox(const TBox& box) override;
     bool AskInput(const TInput& input, System::UnicodeString& value) override;
     /// Keeps the text and gives false.
@@ -60,6 +63,7 @@ public:
     System::UnicodeString GetClipboardText() override;
     /// Always 1920 by 1080 at the origin.
     Types::TRect DesktopRect() const override;
+    void SetCursor(int cursor) override { mCursor = cursor; }
     void Post(std::function<void()> action) override;
     bool ProcessMessage() override;
     void WaitMessage() override;
@@ -74,6 +78,7 @@ private:
     std::deque<std::optional<System::UnicodeString>> mLines;
     std::vector<TAsked> mAsked;
     System::UnicodeString mClipboard;
+    int mCursor = 0;
     std::mutex mMessagesMutex;
     std::condition_variable mMessagePosted;
     std::deque<std::function<void()>> mMessages;
