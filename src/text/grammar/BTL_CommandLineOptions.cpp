@@ -34,7 +34,7 @@ constexpr auto BehindShortName = u", ";
 /// longest.
 UnicodeString UsageOf(const TCommandLineOption& option, int shortWidth)
 {
-    const UnicodeString usage = StrCat(option.name, option.valueName, u" ");
+    UnicodeString usage = StrCat(option.name, option.valueName, u" ");
     if (shortWidth == 0) {
         return usage;
     }
