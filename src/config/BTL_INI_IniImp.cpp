@@ -161,15 +161,17 @@ void AIniImp::WriteMissingSectionValues(const UnicodeString& section, TStrings* 
     if (lines == nullptr) {
         return;
     }
-    const CIniImpSection scope(this, section);
-    CSortedStringList present(Classes::dupIgnore);
-    ReadKeys(section, present.getList());
-    for (const UnicodeString& text : *lines) {
-        const auto line = CutLine(text);
-        if (line.has_value() && !present.Contains(line->key)) {
-            WriteString(line->key, line->value);
+    InOneStep([&] {
+        const CIniImpSection scope(this, section);
+        CSortedStringList present(Classes::dupIgnore);
+        ReadKeys(section, present.getList());
+        for (const UnicodeString& text : *lines) {
+            const auto line = CutLine(text);
+            if (line.has_value() && !present.Contains(line->key)) {
+                WriteString(line->key, line->value);
+            }
         }
-    }
+    });
 }
 
 void AIniImp::WriteSectionValues(const UnicodeString& section, TStrings* lines)
@@ -177,21 +179,25 @@ void AIniImp::WriteSectionValues(const UnicodeString& section, TStrings* lines)
     if (lines == nullptr) {
         return;
     }
-    const CIniImpSection scope(this, section);
-    for (const UnicodeString& text : *lines) {
-        if (const auto line = CutLine(text)) {
-            WriteString(line->key, line->value);
+    InOneStep([&] {
+        const CIniImpSection scope(this, section);
+        for (const UnicodeString& text : *lines) {
+            if (const auto line = CutLine(text)) {
+                WriteString(line->key, line->value);
+            }
         }
-    }
+    });
 }
 
 void AIniImp::Clear()
 {
     TStringList sections;
     ReadSections(&sections);
-    for (const UnicodeString& section : sections) {
-        EraseSection(section);
-    }
+    InOneStep([&] {
+        for (const UnicodeString& section : sections) {
+            EraseSection(section);
+        }
+    });
 }
 
 bool AIniImp::ReadBool(const UnicodeString& key, bool defaultValue)
@@ -261,6 +267,11 @@ void AIniImp::WriteInt64(const UnicodeString& key, System::Int64 value)
 void AIniImp::WriteFloat(const UnicodeString& key, double value)
 {
     WriteString(key, Sysutils::FloatToStr(value));
+}
+
+void AIniImp::InOneStep(const System::TClosure<void()>& write)
+{
+    write();
 }
 
 System::AnsiString AIniImp::ReadBinaryData(const UnicodeString& key)
