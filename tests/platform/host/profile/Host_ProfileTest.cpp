@@ -6,7 +6,6 @@
 #include "platform/host/Host_File.h"
 #include "support/AccessList.h"
 #include "support/ChildProgram.h"
-#include "support/ScopedVariable.h"
 
 #include <array>
 
@@ -315,7 +314,7 @@ TEST_F(HostProfileTest, CountsABareNameFromTheCurrentFolder)
 
 TEST_F(HostProfileTest, HasAProfileOfTheUser)
 {
-    const Support::ScopedVariable user("XDG_CONFIG_HOME", Host("config").c_str());
+    setenv("XDG_CONFIG_HOME", Host("config").c_str(), 1);
     EXPECT_EQ(Host::SystemProfile(), Name(u"config\\win.ini"));
     EXPECT_TRUE(WriteProfileStringW(u"s", u"k", u"5"));
     EXPECT_TRUE(WritePrivateProfileStringA("s", "l", "6", nullptr));
