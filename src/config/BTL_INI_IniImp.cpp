@@ -32,7 +32,7 @@ std::optional<TLine> CutLine(const UnicodeString& line)
 {
     const auto text = line.AsView();
     const auto equals = text.find(u'=');
-    if (equals == text.npos) {
+    if (equals == std::u16string_view::npos) {
         return std::nullopt;
     }
     return TLine{UnicodeString(text.substr(0, equals)).Trim(), UnicodeString(text.substr(equals + 1)).Trim()};
@@ -81,7 +81,7 @@ void AIniImp::SetUserId(System::Int64 userId)
 void AIniImp::SetFile(const UnicodeString& file)
 {
     // What comes in may be the name that this already has.
-    const UnicodeString name = file;
+    const UnicodeString name = file; // NOLINT(performance-unnecessary-copy-initialization)
     mPath = ExtractFilePath(name);
     mFileName = Sysutils::ExtractFileName(name);
     mFile = name;

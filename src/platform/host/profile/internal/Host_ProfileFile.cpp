@@ -21,7 +21,7 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <time.h>
+#include <time.h> // NOLINT(modernize-deprecated-headers): <ctime> needn't have what is the host's alone
 
 namespace Host
 {
