@@ -13,6 +13,7 @@
 #include <TRS8_BTL/environment/folders/BTL_ENV_Folders.h>
 #include <TRS8_BTL/foundation/logs/UTL_LOG_Log.h>
 #include <TRS8_BTL/languages/BTL_I18N_Texts.h>
+#include <TRS8_BTL/languages/WIN_ErrorTexts.h>
 #include <TRS8_BTL/platform/base/Sysutils_Exception.h>
 #include <TRS8_BTL/platform/base/Sysutils_Locale.h>
 #include <TRS8_BTL/platform/base/dates/Sysutils_Calendar.h>
@@ -188,6 +189,14 @@ EExitCode Run(const TOptions& options)
     return ReportInstrument(serial.get());
 }
 
+/// Takes all texts of the library from the folder of the language.
+void UseLanguage(const UnicodeString& language)
+{
+    const UnicodeString folder = BTL::GetProgramIDSPath() + language + u"\\";
+    BTL::Gi18n::Init(u"IDS", u"BTL_German.ids", folder);
+    WIN::SetErrorTextPath(folder);
+}
+
 void OpenProgram(const BTL::CApplicationIni& application)
 {
     if (application.ExternalAppExe.IsEmpty()) {
@@ -203,7 +212,7 @@ EExitCode Start(const TOptions& options)
         return Done;
     }
     if (!options.language.IsEmpty()) {
-        BTL::Gi18n::InitWithPath(BTL::GetProgramIDSPath() + options.language + u"\\", false);
+        UseLanguage(options.language);
     }
     if (options.about) {
         WriteAbout(std::cout, options.copy);

@@ -38,6 +38,7 @@ AChartSeries::AChartSeries(const AChartSeries& other)
     std::ranges::copy(other.mSeen, mSeen);
 }
 
+// NOLINTNEXTLINE(bugprone-reserved-identifier): of the loops over arrays that the compiler makes.
 AChartSeries& AChartSeries::operator=(const AChartSeries& other) = default;
 
 AChartSeries::~AChartSeries() = default;

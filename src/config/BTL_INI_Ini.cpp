@@ -343,14 +343,18 @@ void AIni::WriteMissingSectionValues(const UnicodeString& section, AIni* source,
 
 void AIni::SetSectionValues(const UnicodeString& section, TStrings* lines)
 {
-    EraseSection(section);
-    WriteSectionValues(section, lines);
+    Store().InOneStep([&] {
+        EraseSection(section);
+        WriteSectionValues(section, lines);
+    });
 }
 
 void AIni::SetSectionValues(const UnicodeString& section, const CStringPairs& pairs)
 {
-    EraseSection(section);
-    WriteSectionValues(section, pairs);
+    Store().InOneStep([&] {
+        EraseSection(section);
+        WriteSectionValues(section, pairs);
+    });
 }
 
 void AIni::SetSectionValues(const UnicodeString& section, AIni* source, const UnicodeString& sourceSection)
@@ -369,9 +373,11 @@ void AIni::WriteValues(AIni* source)
     }
     TStringList sections;
     source->ReadSections(&sections);
-    for (const UnicodeString& section : sections) {
-        WriteSectionValues(section, source, {});
-    }
+    Store().InOneStep([&] {
+        for (const UnicodeString& section : sections) {
+            WriteSectionValues(section, source, {});
+        }
+    });
 }
 
 void AIni::WriteMissingValues(AIni* source)
@@ -381,9 +387,11 @@ void AIni::WriteMissingValues(AIni* source)
     }
     TStringList sections;
     source->ReadSections(&sections);
-    for (const UnicodeString& section : sections) {
-        WriteMissingSectionValues(section, source, {});
-    }
+    Store().InOneStep([&] {
+        for (const UnicodeString& section : sections) {
+            WriteMissingSectionValues(section, source, {});
+        }
+    });
 }
 
 void AIni::SetValues(AIni* source)
@@ -393,12 +401,14 @@ void AIni::SetValues(AIni* source)
     }
     // Both may lie in one file.
     const auto all = ReadAll(*source);
-    Clear();
-    for (const TSectionLines& one : all) {
-        TStringList lines;
-        lines.AddStrings(one.lines);
-        Store().WriteSectionValues(one.section, &lines);
-    }
+    Store().InOneStep([&] {
+        Clear();
+        for (const TSectionLines& one : all) {
+            TStringList lines;
+            lines.AddStrings(one.lines);
+            Store().WriteSectionValues(one.section, &lines);
+        }
+    });
 }
 
 void AIni::EraseSection(const UnicodeString& section)

@@ -52,7 +52,7 @@ CIniFile::AReadAction::~AReadAction() = default;
 CIniFile::CIniFile() = default;
 
 CIniFile::CIniFile(const UnicodeString& file, const TReadHandler& handler)
-    : CIniFileW(0, file, {}), mHandler(handler)
+    : CIniFileW(UnicodeString(), file), mHandler(handler)
 {
 }
 

@@ -39,9 +39,8 @@ public:
     };
 
     CIniFile();
-    /// Binds the file as it is named, and no section: its keys are the names of the sections.
+    /// As `Init` of `WIN::CIniFileW`; the form without a section has the names of the sections for keys.
     CIniFile(const System::UnicodeString& file, const TReadHandler& handler);
-    /// As `Init` of `WIN::CIniFileW`.
     CIniFile(const System::UnicodeString& section, const System::UnicodeString& file,
              const TReadHandler& handler);
     CIniFile(const System::UnicodeString& section, const System::UnicodeString& file,

@@ -125,24 +125,10 @@ void CIniFileImp::SetFile(const UnicodeString& file)
     Open<Inifiles::TIniFile>(file);
 }
 
-void CIniFileImp::WriteSectionValues(const UnicodeString& section, TStrings* lines)
+void CIniFileImp::InOneStep(const System::TClosure<void()>& write)
 {
     Inifiles::CIniBundle bundle(File().getFileName());
-    AIniImp::WriteSectionValues(section, lines);
-    bundle.End();
-}
-
-void CIniFileImp::WriteMissingSectionValues(const UnicodeString& section, TStrings* lines)
-{
-    Inifiles::CIniBundle bundle(File().getFileName());
-    AIniImp::WriteMissingSectionValues(section, lines);
-    bundle.End();
-}
-
-void CIniFileImp::Clear()
-{
-    Inifiles::CIniBundle bundle(File().getFileName());
-    AIniImp::Clear();
+    write();
     bundle.End();
 }
 

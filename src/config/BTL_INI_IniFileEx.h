@@ -60,10 +60,8 @@ public:
     ~CIniFileImp() override;
 
     void SetFile(const System::UnicodeString& file) override;
-    // Many writes are one on the disk.
-    void WriteSectionValues(const System::UnicodeString& section, Classes::TStrings* lines) override;
-    void WriteMissingSectionValues(const System::UnicodeString& section, Classes::TStrings* lines) override;
-    void Clear() override;
+    /// On the disk when the call ends.
+    void InOneStep(const System::TClosure<void()>& write) override;
 };
 
 /// The image of a file in memory, taken when the file is set. Only `Save` writes the file; of two images the

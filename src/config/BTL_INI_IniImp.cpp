@@ -32,7 +32,7 @@ std::optional<TLine> CutLine(const UnicodeString& line)
 {
     const auto text = line.AsView();
     const auto equals = text.find(u'=');
-    if (equals == text.npos) {
+    if (equals == std::u16string_view::npos) {
         return std::nullopt;
     }
     return TLine{UnicodeString(text.substr(0, equals)).Trim(), UnicodeString(text.substr(equals + 1)).Trim()};
@@ -81,7 +81,7 @@ void AIniImp::SetUserId(System::Int64 userId)
 void AIniImp::SetFile(const UnicodeString& file)
 {
     // What comes in may be the name that this already has.
-    const UnicodeString name = file;
+    const UnicodeString name = file; // NOLINT(performance-unnecessary-copy-initialization)
     mPath = ExtractFilePath(name);
     mFileName = Sysutils::ExtractFileName(name);
     mFile = name;
@@ -161,15 +161,17 @@ void AIniImp::WriteMissingSectionValues(const UnicodeString& section, TStrings* 
     if (lines == nullptr) {
         return;
     }
-    const CIniImpSection scope(this, section);
-    CSortedStringList present(Classes::dupIgnore);
-    ReadKeys(section, present.getList());
-    for (const UnicodeString& text : *lines) {
-        const auto line = CutLine(text);
-        if (line.has_value() && !present.Contains(line->key)) {
-            WriteString(line->key, line->value);
+    InOneStep([&] {
+        const CIniImpSection scope(this, section);
+        CSortedStringList present(Classes::dupIgnore);
+        ReadKeys(section, present.getList());
+        for (const UnicodeString& text : *lines) {
+            const auto line = CutLine(text);
+            if (line.has_value() && !present.Contains(line->key)) {
+                WriteString(line->key, line->value);
+            }
         }
-    }
+    });
 }
 
 void AIniImp::WriteSectionValues(const UnicodeString& section, TStrings* lines)
@@ -177,21 +179,25 @@ void AIniImp::WriteSectionValues(const UnicodeString& section, TStrings* lines)
     if (lines == nullptr) {
         return;
     }
-    const CIniImpSection scope(this, section);
-    for (const UnicodeString& text : *lines) {
-        if (const auto line = CutLine(text)) {
-            WriteString(line->key, line->value);
+    InOneStep([&] {
+        const CIniImpSection scope(this, section);
+        for (const UnicodeString& text : *lines) {
+            if (const auto line = CutLine(text)) {
+                WriteString(line->key, line->value);
+            }
         }
-    }
+    });
 }
 
 void AIniImp::Clear()
 {
     TStringList sections;
     ReadSections(&sections);
-    for (const UnicodeString& section : sections) {
-        EraseSection(section);
-    }
+    InOneStep([&] {
+        for (const UnicodeString& section : sections) {
+            EraseSection(section);
+        }
+    });
 }
 
 bool AIniImp::ReadBool(const UnicodeString& key, bool defaultValue)
@@ -261,6 +267,11 @@ void AIniImp::WriteInt64(const UnicodeString& key, System::Int64 value)
 void AIniImp::WriteFloat(const UnicodeString& key, double value)
 {
     WriteString(key, Sysutils::FloatToStr(value));
+}
+
+void AIniImp::InOneStep(const System::TClosure<void()>& write)
+{
+    write();
 }
 
 System::AnsiString AIniImp::ReadBinaryData(const UnicodeString& key)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/base/System_String.h"
+#include "platform/runtime/typinfo/System_Closure.h"
 
 namespace Classes
 {
@@ -107,6 +108,10 @@ public:
     /// As `Sysutils::FloatToStr`, with the active decimal separator.
     virtual void WriteFloat(const System::UnicodeString& key, double value);
     virtual void WriteString(const System::UnicodeString& key, const System::UnicodeString& value) = 0;
+
+    /// Calls `write`, which writes many values; what it raises comes out. A store whose writes reach a file
+    /// at once overrides this to bring them there in one step at the end.
+    virtual void InOneStep(const System::TClosure<void()>& write);
 
     // Bytes as hexadecimal digits.
 

@@ -99,8 +99,7 @@ void CWIN_IniFileImp::ReadKeys(const UnicodeString& section, TStrings* keys)
     ListNames(section.c_str(), getFile(), keys);
 }
 
-template <class Write>
-void CWIN_IniFileImp::InOneStep(Write write)
+void CWIN_IniFileImp::InOneStep(const System::TClosure<void()>& write)
 {
     Host::ProfileBundle bundle(getFile());
     write();
@@ -121,13 +120,8 @@ void CWIN_IniFileImp::WriteMissingSectionValues(const UnicodeString& section, TS
                 missing.Add(line);
             }
         }
-        AIniImp::WriteSectionValues(section, &missing);
+        WriteSectionValues(section, &missing);
     });
-}
-
-void CWIN_IniFileImp::WriteSectionValues(const UnicodeString& section, TStrings* lines)
-{
-    InOneStep([&] { AIniImp::WriteSectionValues(section, lines); });
 }
 
 void CWIN_IniFileImp::Clear()

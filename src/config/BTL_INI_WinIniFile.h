@@ -26,9 +26,7 @@ public:
     bool KeyExists(const System::UnicodeString& section, const System::UnicodeString& key) override;
     void ReadSections(Classes::TStrings* sections) override;
     void ReadKeys(const System::UnicodeString& section, Classes::TStrings* keys) override;
-    /// As of `AIniImp`, and on the disk in one step.
     void WriteMissingSectionValues(const System::UnicodeString& section, Classes::TStrings* lines) override;
-    void WriteSectionValues(const System::UnicodeString& section, Classes::TStrings* lines) override;
     void Clear() override;
     /// `Sysutils::Exception` with the text `EIniText::CannotWrite` if the file can't be written.
     void EraseSection(const System::UnicodeString& section) override;
@@ -41,13 +39,12 @@ public:
     /// `Sysutils::Exception` with the text `EIniText::CannotWrite` if the file can't be written, and before
     /// anything is written if the text would not read back as it was or become another key or section.
     void WriteString(const System::UnicodeString& key, const System::UnicodeString& value) override;
+    /// On the disk when the call ends; `Sysutils::Exception` with the text `EIniText::CannotWrite` if it
+    /// can't be written.
+    void InOneStep(const System::TClosure<void()>& write) override;
 
     /// Asks the platform to forget what it may remember of profile files.
     void DiscardCache();
-
-private:
-    template <class Write>
-    void InOneStep(Write write);
 };
 
 /// Settings in a profile file that each write changes at once.

@@ -38,7 +38,7 @@ UnicodeString GetReplicationPath()
 
 UnicodeString GetReplicationDir(const UnicodeString& name)
 {
-    const UnicodeString folder = GetReplicationPath() + name;
+    UnicodeString folder = GetReplicationPath() + name;
     Sysutils::ForceDirectories(folder);
     return folder;
 }

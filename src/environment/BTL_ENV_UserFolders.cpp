@@ -81,7 +81,7 @@ UnicodeString GetUserDataPath()
 
 UnicodeString GetUserDataPath(const UnicodeString& sub)
 {
-    const UnicodeString folder = GetUserDataPath() + sub;
+    UnicodeString folder = GetUserDataPath() + sub;
     Sysutils::ForceDirectories(folder);
     return folder;
 }
@@ -192,7 +192,7 @@ UnicodeString GetCustomFormDefPath(const UnicodeString& name)
 
 UnicodeString GetDBSchemaCacheDir(const UnicodeString& name)
 {
-    const UnicodeString folder = GetUserDBPath() + u"SchemaCache_" + name;
+    UnicodeString folder = GetUserDBPath() + u"SchemaCache_" + name;
     Sysutils::ForceDirectories(folder);
     return folder;
 }

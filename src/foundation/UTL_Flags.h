@@ -43,6 +43,7 @@ public:
     // Only copies: a row that was moved from would lack the byte that it always has.
     CFlags(const CFlags&) = default;
     /// Without the memory for it, nothing changes.
+    // NOLINTNEXTLINE(modernize-use-equals-default): the memory comes before the count.
     CFlags& operator=(const CFlags& other)
     {
         mBytes = other.mBytes;

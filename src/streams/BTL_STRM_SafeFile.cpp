@@ -34,6 +34,9 @@ UnicodeString WhyNoFileToReplace(const UnicodeString& path)
     const unsigned long error = GetLastError();
     const auto info = Host::QueryFile(path);
     SetLastError(error);
+    if (error == ERROR_PRIVILEGE_NOT_HELD) {
+        return u"Its owner can't be kept, since only that one and root may replace it";
+    }
     const System::LongWord attributes = error == ERROR_ACCESS_DENIED && info ? info->attributes : 0;
     if ((attributes & FILE_ATTRIBUTE_SYSTEM) != 0) {
         return u"It is a device, a pipe or a socket, which no file can take the place of";

@@ -18,14 +18,18 @@ namespace BTL
 ///     out.Close();
 ///     file.Commit();                       // without it all stays as it was
 ///
+/// A file of another user can be replaced by root alone, since the new one would belong to who writes it. Who
+/// may write such a file by its permissions, as a member of its group say, changes it in place, by a stream
+/// of its own: a file in place can be half written, so that this class never does it.
+///
 /// The new content grows under the name with ".new1", or another free number, behind it. A crash may leave
 /// that.
 class TRS8_BTL_API CSafeFile
 {
 public:
-    /// `Classes::EFCreateError` for a folder, a device, a pipe or a read-only file, which the message tells,
-    /// for one whose owner can't be kept, and if the host refuses the new file. What is no plain file is
-    /// written by a stream of its own.
+    /// `Classes::EFCreateError` for a folder, a device, a pipe, a read-only file or one whose owner can't be
+    /// kept, which the message tells, and if the host refuses the new file. What is no plain file is written
+    /// by a stream of its own.
     explicit CSafeFile(const System::UnicodeString& path);
     CSafeFile(const CSafeFile&) = delete;
     CSafeFile& operator=(const CSafeFile&) = delete;

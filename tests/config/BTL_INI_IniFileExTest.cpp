@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "config/BTL_INI_IniFileEx.h"
 
+#include "BTL_INI_FailedSave.h"
 #include "BTL_INI_IniFileFolder.h"
-#include "config/BTL_INI_Texts.h"
 #include "config/BTL_INI_WinIniFile.h"
 #include "platform/runtime/classes/Classes_StringList.h"
 #include "platform/runtime/inifiles/Inifiles.h"
-#include "platform/runtime/sysutils/System_Printf.h"
+#include "support/FileSizeLimit.h"
+#include "text/lists/BTL_STR_StringPairs.h"
 
 #include <functional>
 #include <memory>
@@ -218,6 +219,51 @@ TEST_P(CIniStoresTest, CopiesSections)
     EXPECT_EQ(Content(), "[S]\r\na=2\r\nb=3\r\n");
 }
 
+TEST_P(CIniStoresTest, CopiesInOneStep)
+{
+    BTL::CMemIniFile source(UnicodeString(folder.Path() / "b.ini"));
+    for (const char16_t* section : {u"A", u"B"}) {
+        source.setSection(section);
+        source.WriteString("long", UnicodeString::StringOfChar(u'x', 80));
+    }
+    TStringList lines;
+    for (const char16_t key : {u'a', u'b'}) {
+        lines.Add(UnicodeString(key) + u'=' + UnicodeString::StringOfChar(u'x', 80));
+    }
+    BTL::CStringPairs pairs;
+    pairs.Add(u"a", UnicodeString::StringOfChar(u'x', 80));
+    pairs.Add(u"b", UnicodeString::StringOfChar(u'x', 80));
+    const std::string old = "[S]\r\na=1\r\n[Own]\r\no=1\r\n";
+    const std::function<void(BTL::AIni&)> copies[] = {
+        [&](BTL::AIni& ini) { ini.SetValues(&source); },
+        [&](BTL::AIni& ini) { ini.WriteValues(&source); },
+        [&](BTL::AIni& ini) { ini.WriteMissingValues(&source); },
+        [&](BTL::AIni& ini) { ini.SetSectionValues(u"S", &lines); },
+        [&](BTL::AIni& ini) { ini.SetSectionValues(u"S", pairs); },
+        [&](BTL::AIni& ini) { ini.WriteSectionValues(u"S", &lines); },
+        [&](BTL::AIni& ini) { ini.WriteMissingSectionValues(u"T", &lines); },
+    };
+    int number = 0;
+    for (const auto& copy : copies) {
+        SCOPED_TRACE(number++);
+        Fill(old);
+        // There is room for a part of it.
+        const int exit = Support::ExitOfFork([&] {
+            Support::LimitFileSize(150);
+            const auto ini = Open();
+            try {
+                copy(*ini);
+                ini->Save();
+            } catch (const Sysutils::Exception&) {
+                return 1;
+            }
+            return 0;
+        });
+        EXPECT_EQ(exit, 1);
+        EXPECT_EQ(Content(), old);
+    }
+}
+
 TEST_P(CIniStoresTest, NeedsNoFile)
 {
     const auto ini = Open();
@@ -305,6 +351,18 @@ TEST_F(CMemIniFileTest, TellsAFailedSave)
                   System::Printf(BTL::GetIniText(BTL::EIniText::CannotWrite), ini.getFile()));
     }
     EXPECT_EQ(ini.ReadInt("a", 0), 1);
+}
+
+TEST_F(CMemIniFileTest, ASaveOfWhichOneCallFailsLeavesTheOldOrTheNewFile)
+{
+    if (!Support::CanFailCalls) {
+        GTEST_SKIP() << "The calls of this processor can't be failed.";
+    }
+    Support::ExpectOldOrNew(Path(), "[S]\r\na=1\r\n", [&] {
+        BTL::CMemIniFile ini(file, u"S");
+        ini.WriteInt("b", 2);
+        ini.Save();
+    });
 }
 
 TEST_F(CMemIniFileTest, HandsItsLinesOut)

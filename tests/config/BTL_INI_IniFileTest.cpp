@@ -81,6 +81,17 @@ TEST_F(CIniFileTest, WalksThroughSections)
     BTL::CSectionReader(file, {}).ReadAll();
 }
 
+TEST_F(CIniFileTest, FindsAFileWithoutAFolderWhereTheEnginesDo)
+{
+    BTL::CIniFile::SetPath(UnicodeString(folder.Path()) + u'\\');
+    TStringList list;
+    BTL::CSectionReader(u"a.ini", {}).GetAllSections(&list);
+    EXPECT_EQ(list.getCommaText(), u"S,T,Empty");
+    EXPECT_EQ(BTL::CIniFile(u"S", u"a.ini", {}).GetVclString(u"b"), u"1");
+    EXPECT_EQ(BTL::CIniFile2(u"S", u"a.ini").ReadString(u"b"), u"") << "named as it is";
+    BTL::CIniFile::SetPath(u"");
+}
+
 TEST_F(CIniFileTest, ReadsUnderOtherNames)
 {
     BTL::CIniFile2 ini(u"S", file);

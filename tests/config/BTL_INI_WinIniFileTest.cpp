@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "config/BTL_INI_WinIniFile.h"
 
+#include "BTL_INI_FailedSave.h"
 #include "BTL_INI_IniFileFolder.h"
-#include "config/BTL_INI_Texts.h"
-#include "platform/base/Sysutils_Exception.h"
 #include "platform/runtime/classes/Classes_StringList.h"
 
 #include <string>
@@ -21,6 +20,15 @@ using System::UnicodeString;
 class CWinIniFileTest : public testing::Test, protected Support::IniFileFolder
 {
 };
+
+TEST_F(CWinIniFileTest, AWriteOfWhichOneCallFailsLeavesTheOldOrTheNewFile)
+{
+    if (!Support::CanFailCalls) {
+        GTEST_SKIP() << "The calls of this processor can't be failed.";
+    }
+    Support::ExpectOldOrNew(Path(), "[S]\r\na=1\r\n",
+                            [&] { BTL::CWIN_IniFile(file, u"S").WriteInt("b", 2); });
+}
 
 TEST_F(CWinIniFileTest, TakesTheAttributeAwayWhenSaved)
 {

@@ -8,12 +8,12 @@
 #include "os/WIN_LastError.h"
 #include "platform/host/Host_Error.h"
 #include "platform/toolkit/MessageBox.h"
+#include "support/ScopedVariable.h"
 #include "support/ScriptedBoxes.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <fstream>
 #include <limits>
 
@@ -250,7 +250,7 @@ TYPED_TEST(GIniFileTest, BindsItsFile)
 
 TYPED_TEST(GIniFileTest, HasTheProfileOfTheUserWithoutAFile)
 {
-    setenv("XDG_CONFIG_HOME", this->mFolder.Path().c_str(), 1);
+    const Support::ScopedVariable settings("XDG_CONFIG_HOME", this->mFolder.Path().c_str());
     Reader<TypeParam> ini("s", "");
     EXPECT_TRUE(ini.WriteInt("k", 1));
     EXPECT_EQ(this->Read("win.ini"), "[s]\r\nk=1\r\n");

@@ -9,6 +9,7 @@
 #include "platform/host/Host_Path.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"
 #include "support/ChildProgram.h"
+#include "support/ScopedVariable.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -144,12 +145,11 @@ TEST_F(UserFoldersTest, FollowTheDescriptionWhereItsFolderExists)
     for (const fs::path& folder : {mine, settings / "Own/Data", settings / "TARMIS/Station"}) {
         fs::create_directories(folder);
     }
-    setenv("XDG_CONFIG_HOME", settings.c_str(), 1);
+    const Support::ScopedVariable user("XDG_CONFIG_HOME", settings.c_str());
     for (const auto& c : cases) {
         Describe(c.lines + "\n");
         EXPECT_EQ(Run("UserFoldersChild.DISABLED_UserData"), c.expected) << c.lines;
     }
-    unsetenv("XDG_CONFIG_HOME");
     EXPECT_FALSE(fs::exists(Root() / "UserData")) << "the folder itself is not made";
 }
 

@@ -167,6 +167,14 @@ list(GET charts -1 chart)
 foreach(language German English)
     expect_station(0 ARGUMENTS --language ${language} --chart "${chart}" MATCHES "t .s. +load.1 " "\nload.1\n.*[*]")
 endforeach()
+# The texts of the library follow the language, in each store that writes a file by its name.
+foreach(store ini mem json)
+    set(settings --store ${store} --settings "${workFolder}/none/settings" --seconds 0.1)
+    expect_station(1 ARGUMENTS ${settings} --language German
+        MATCHES "station: Die Datei '[^'\n]*settings' kann nicht geschrieben werden\\.\n$")
+    expect_station(1 ARGUMENTS ${settings} --language English
+        MATCHES "station: The file '[^'\n]*settings' can't be written\\.\n$")
+endforeach()
 file(WRITE "${workFolder}/damaged.chart" "[Chart]\nSeriesCount=9\n")
 expect_station(2 ARGUMENTS --chart "${workFolder}/damaged.chart" MATCHES "damaged.chart: ")
 expect_station(2 ARGUMENTS --chart "${workFolder}/none.chart" MATCHES "none.chart: there is no such chart")

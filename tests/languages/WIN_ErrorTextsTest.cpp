@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "languages/WIN_ErrorTexts.h"
 
+#include "environment/folders/BTL_ENV_Folders.h"
 #include "os/WIN_LastError.h"
 #include "support/ChildProgram.h"
 #include "support/TempFolder.h"
@@ -44,6 +45,18 @@ TEST(ErrorTextsTest, ReadsTheTextOfTheContext)
         << "[ShellExecute]\n31=Kein Programm\\nhier\n000000005=nine digits\n[Other]\n5=Zugriff\n";
     EXPECT_EQ(MessagesOf(folder), "Unexpected error 5 in ShellExecute.|Kein Programm\nhier\na.txt|Zugriff|"
                                   "Unexpected error -1 in ShellExecute.");
+}
+
+TEST(ErrorTextsTest, SpeaksTheLanguageOfItsFolder)
+{
+    const auto textOf = [](const System::UnicodeString& path) {
+        WIN::SetErrorTextPath(path);
+        return WIN::GetErrorMessage(2, u"ShellExecute");
+    };
+    EXPECT_EQ(textOf(BTL::GetProgramIDSPath() + u"English\\"), u"The file doesn't exist.");
+    EXPECT_EQ(textOf(BTL::GetProgramIDSPath() + u"German\\"), u"Die Datei ist nicht vorhanden.");
+    EXPECT_EQ(textOf(u"none\\"), u"WIN-Error-IDS File is missing.");
+    EXPECT_EQ(textOf({}), u"Die Datei ist nicht vorhanden.");
 }
 
 } // namespace

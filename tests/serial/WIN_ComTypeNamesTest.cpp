@@ -2,12 +2,12 @@
 #include "serial/WIN_ComTypeNames.h"
 
 #include "serial/WIN_Com.h"
+#include "support/ScopedVariable.h"
 #include "support/TempFolder.h"
 #include "testing/PortSimulator.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <utility>
@@ -24,16 +24,17 @@ class ComTypeNamesTest : public testing::Test
 protected:
     ComTypeNamesTest()
     {
-        setenv("XDG_CONFIG_DIRS", mFolder.Path().c_str(), 1);
         std::filesystem::create_directory(mFolder.Path() / "TRS8_BTL");
         std::ofstream(mFolder.Path() / "TRS8_BTL" / "registry")
             << "[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\n"
                "\\Device\\Bench12=COM201\n\\Device\\3=COM202\n\\Device\\Zero0=COM0\n"
                "\\Device\\Printer=LPT1\nOther=COM203\n\\Device\\Number=int:204\n";
     }
-    ~ComTypeNamesTest() override { unsetenv("XDG_CONFIG_DIRS"); }
 
     Support::TempFolder mFolder;
+
+private:
+    Support::ScopedVariable mMachine{"XDG_CONFIG_DIRS", mFolder.Path().c_str()};
 };
 
 TEST_F(ComTypeNamesTest, ReadsTheRegistry)

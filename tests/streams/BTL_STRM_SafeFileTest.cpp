@@ -4,6 +4,7 @@
 #include "streams/BTL_STRM_StreamUtilities.h"
 #include "streams/BTL_STRM_TextWriter.h"
 #include "support/ChildProgram.h"
+#include "support/FailingCall.h"
 #include "support/FileSizeLimit.h"
 #include "support/TempFolder.h"
 
@@ -14,6 +15,7 @@
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 using BTL::CSafeFile;
 using System::UnicodeString;
@@ -143,6 +145,32 @@ TEST_F(SafeFileTest, RefusesWhatIsNoFileToReplace)
         }
     }
     EXPECT_EQ(FileCount(), 3);
+}
+
+TEST_F(SafeFileTest, RefusesAFileWhoseOwnerItCanNotKeep)
+{
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "Only root can give a file away.";
+    }
+    const fs::path path = Host("state");
+    BTL::SaveStringToFile(path, "old");
+    // Its content may be changed by everybody, but nobody else can make such a file.
+    fs::permissions(path, fs::perms(0666));
+    fs::permissions(Host(""), fs::perms(0777));
+    EXPECT_EQ(Support::ExitOfFork([&] {
+                  if (setgid(65534) != 0 || setuid(65534) != 0) {
+                      return 3;
+                  }
+                  try {
+                      CSafeFile file(path);
+                  } catch (const Classes::EFCreateError& fault) {
+                      return fault.getMessage().Pos(u"\". Its owner can't be kept") != 0 ? 0 : 1;
+                  }
+                  return 2;
+              }),
+              0);
+    EXPECT_EQ(Content(path), "old");
+    EXPECT_EQ(FileCount(), 1);
 }
 
 TEST(SafeFileDiskTest, DISABLED_ChildThatFillsTheDisk)

@@ -26,7 +26,8 @@ template <class Items>
 void WriteItems(TStream& stream, const Items& items)
 {
     WriteNumber(stream, static_cast<int>(items.size()));
-    stream.WriteBuffer(items.data(), static_cast<System::Int64>(items.size() * sizeof(*items.data())));
+    stream.WriteBuffer(items.data(),
+                       static_cast<System::Int64>(items.size()) * System::Int64{sizeof(*items.data())});
 }
 
 /// Hands the items to `take` in blocks, as far as the stream has them.
@@ -38,7 +39,7 @@ void ReadItems(TStream& stream, Take take)
     std::vector<Item> block(std::min(left, blockSize));
     while (left > 0) {
         const unsigned count = std::min(left, blockSize);
-        stream.ReadBuffer(block.data(), static_cast<System::Int64>(count * sizeof(Item)));
+        stream.ReadBuffer(block.data(), System::Int64{count} * System::Int64{sizeof(Item)});
         take(block.data(), count);
         left -= count;
     }

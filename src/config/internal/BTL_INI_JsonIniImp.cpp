@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "config/internal/BTL_INI_JsonIniImp.h"
 
+#include "config/internal/BTL_INI_Unwritable.h"
 #include "foundation/UTL_ASRT_Assert.h"
 #include "platform/base/Sysutils_StrictEncoding.h"
 #include "platform/host/Host_Error.h"
@@ -107,7 +108,7 @@ std::string TextOf(const Json::Value& root)
     return Json::writeString(builder, root) + '\n';
 }
 
-/// Copies the file to a free name beside it.
+/// Copies the file to a free name beside it; `Classes::EWriteError` if that can't be done.
 void KeepAside(const UnicodeString& file)
 {
     for (int i = 1;; ++i) {
@@ -115,10 +116,22 @@ void KeepAside(const UnicodeString& file)
             return;
         }
         if (GetLastError() != ERROR_FILE_EXISTS) {
-            throw Classes::EWriteError(u"Stream write error in file \"" + file +
-                                       u"\". It couldn't be read and can't be kept aside: " +
-                                       Sysutils::FileErrorMessage(file));
+            ThrowUnwritable<Classes::EWriteError>(file);
         }
+    }
+}
+
+/// Makes `text` the file. The class of what is raised tells whether it was begun.
+void Replace(const UnicodeString& path, std::string_view text)
+{
+    try {
+        CSafeFile file(path);
+        file.getStream()->WriteBuffer(text.data(), static_cast<Int64>(text.size()));
+        file.Commit();
+    } catch (const Classes::EFCreateError&) {
+        ThrowUnwritable<Classes::EFCreateError>(path);
+    } catch (const Classes::EStreamError&) {
+        ThrowUnwritable<Classes::EWriteError>(path);
     }
 }
 
@@ -185,9 +198,7 @@ void CJsonIniImp::Save()
     if (mIsUnreadable && Sysutils::FileExists(mJsonFile)) {
         KeepAside(mJsonFile);
     }
-    CSafeFile file(mJsonFile);
-    file.getStream()->WriteBuffer(text.data(), static_cast<Int64>(text.size()));
-    file.Commit();
+    Replace(mJsonFile, text);
     mIsUnreadable = false;
 }
 

@@ -20,8 +20,9 @@ public:
 
     /// `Sysutils::Exception` for what is no such document; the store keeps what it had then.
     void Load() override;
-    /// Replaces the file in one step; raises what `CSafeFile` does. A file that couldn't be loaded is copied
-    /// first, to its name with ".unreadable1", or another free number, behind it.
+    /// Replaces the file in one step; raises what `CSafeFile` does, with the text `EIniText::CannotWrite`. A
+    /// file that couldn't be loaded is copied first, to its name with ".unreadable1", or another free number,
+    /// behind it.
     void Save() override;
 
     void SetFile(const System::UnicodeString& file) override;

@@ -9,9 +9,10 @@ namespace BTL::Detail
 {
 
 /// How the stores tell that a file can't be written.
-[[noreturn]] inline void ThrowUnwritable(const System::UnicodeString& file)
+template <class Fault = Sysutils::Exception>
+[[noreturn]] void ThrowUnwritable(const System::UnicodeString& file)
 {
-    throw Sysutils::Exception(System::Printf(GetIniText(EIniText::CannotWrite), file));
+    throw Fault(System::Printf(GetIniText(EIniText::CannotWrite), file));
 }
 
 } // namespace BTL::Detail

@@ -37,6 +37,7 @@ struct TVectorOrder
     bool operator()(const T& a, const T& b) const
     {
         if constexpr (std::is_floating_point_v<T>) {
+            // NOLINTNEXTLINE(misc-redundant-expression): what is no number differs from itself.
             return a < b || (b != b && a == a);
         } else {
             return std::less<T>()(a, b);

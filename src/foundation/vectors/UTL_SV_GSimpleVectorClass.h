@@ -34,6 +34,7 @@ public:
     GVectorMemory() noexcept = default;
     /// `Sysutils::EOutOfMemory` if the memory isn't there.
     explicit GVectorMemory(std::size_t count)
+        // NOLINTNEXTLINE(bugprone-sizeof-expression): elements may be pointers.
         : mItems(static_cast<T*>(AllocateItems(count, sizeof(T), alignof(T))))
     {
     }
@@ -78,6 +79,7 @@ public:
     GSimpleVector(std::initializer_list<T> values) { assign(values.begin(), values.end()); }
     /// The elements of a range, which are of the type `T` itself.
     template <System::RangeOf<T> Range>
+    // NOLINTNEXTLINE(bugprone-forwarding-reference-overload): the constraint keeps it off copies and moves.
     requires(!std::derived_from<std::remove_cvref_t<Range>, ASimpleVector>) explicit GSimpleVector(
         Range&& range)
     {

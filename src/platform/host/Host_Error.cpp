@@ -8,7 +8,7 @@
 #include <iterator>
 #include <optional>
 
-#include <string.h>
+#include <string.h> // NOLINT(modernize-deprecated-headers): <cstring> needn't have what is the host's alone
 
 namespace
 {

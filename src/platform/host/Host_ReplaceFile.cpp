@@ -105,7 +105,8 @@ UnicodeString CreateBeside(const UnicodeString& target)
     if (old.IsOpen() && !TakeOver(old.Get(), made.Get())) {
         const unsigned long reason = GetLastError();
         unlink(name.c_str());
-        Fail(reason);
+        // Other than a folder that may not be written to.
+        Fail(reason == ERROR_ACCESS_DENIED ? ERROR_PRIVILEGE_NOT_HELD : reason);
         return {};
     }
     return Sysutils::FromHostPath(name);

@@ -21,7 +21,7 @@ namespace Host
 [[nodiscard]] TRS8_BTL_API System::UnicodeString FileToReplace(const System::UnicodeString& file);
 
 /// Makes an empty file of a free name in the folder of `target`, with its owner, access list and permissions
-/// if it exists. Gives the name; empty on a failure, which it is too if the owner can't be kept.
+/// if it exists. Gives the name; empty on a failure, with 1314 if they can't be kept.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString CreateBeside(const System::UnicodeString& target);
 
 /// Moves a file of `CreateBeside` to `target`, so that a crash of the machine leaves one or the other. If it

@@ -6,7 +6,7 @@
 #include <thread>
 
 #include <sched.h>
-#include <time.h>
+#include <time.h> // NOLINT(modernize-deprecated-headers): <ctime> needn't have what is the host's alone
 
 namespace
 {

@@ -2,13 +2,11 @@
 #include "platform/base/Sysutils_Locale.h"
 
 #include "support/FormatSettingsGuard.h"
+#include "support/ScopedVariable.h"
 
 #include <gtest/gtest.h>
 
 #include <clocale>
-#include <cstdlib>
-#include <optional>
-#include <string>
 
 #include <locale.h>
 
@@ -16,25 +14,6 @@ namespace
 {
 
 using Sysutils::TFormatSettings;
-
-/// Sets the user's locale for a test; the variables come back at its end.
-class CUserLocale
-{
-public:
-    explicit CUserLocale(const char* name)
-    {
-        if (const char* former = std::getenv("LC_ALL")) {
-            mFormer = former;
-        }
-        setenv("LC_ALL", name, 1);
-    }
-    CUserLocale(const CUserLocale&) = delete;
-    CUserLocale& operator=(const CUserLocale&) = delete;
-    ~CUserLocale() { mFormer ? setenv("LC_ALL", mFormer->c_str(), 1) : unsetenv("LC_ALL"); }
-
-private:
-    std::optional<std::string> mFormer;
-};
 
 bool IsInstalled(const char* name)
 {
@@ -48,7 +27,7 @@ bool IsInstalled(const char* name)
 TEST(LocaleTest, ThePlainLocaleGivesTheDefaults)
 {
     for (const char* name : {"C", "POSIX", "C.UTF-8", "xx_NOWHERE.UTF-8"}) {
-        const CUserLocale locale(name);
+        const Support::ScopedVariable locale("LC_ALL", name);
         const TFormatSettings settings = Sysutils::GetUserFormatSettings();
         EXPECT_EQ(settings.DecimalSeparator, u'.') << name;
         EXPECT_EQ(settings.ThousandSeparator, u',') << name;
@@ -71,7 +50,7 @@ TEST(LocaleTest, AnInstalledLocaleGivesItsOwn)
     if (!IsInstalled("de_DE.UTF-8")) {
         GTEST_SKIP() << "this machine has no de_DE.UTF-8";
     }
-    const CUserLocale locale("de_DE.UTF-8");
+    const Support::ScopedVariable locale("LC_ALL", "de_DE.UTF-8");
     const TFormatSettings settings = Sysutils::GetUserFormatSettings();
     EXPECT_EQ(settings.DecimalSeparator, u',');
     EXPECT_EQ(settings.ThousandSeparator, u'.');

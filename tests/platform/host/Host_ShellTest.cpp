@@ -102,10 +102,11 @@ TEST(HostShellTest, HandsFilesToTheDesktop)
                 "case \"$1\" in *.none) exit 3;; esac\n"
                 "echo \"$#:$1\" > \"$OPENED.part\"; mv \"$OPENED.part\" \"$OPENED\"\n");
     const std::string formerPath = std::getenv("PATH");
-    ASSERT_EQ(setenv("PATH", (folder.Path().string() + ":" + formerPath).c_str(), 1), 0);
+    const Support::ScopedVariable path("PATH", folder.Path().string() + ":" + formerPath);
+    const Support::ScopedVariable out("OPENED", nullptr);
     const auto opened = [&](const std::string& name) {
         const std::string result = (folder.Path() / name).string();
-        setenv("OPENED", result.c_str(), 1);
+        out.Set(result.c_str());
         return result;
     };
     std::ofstream(folder.Path() / "-a b;c.txt") << "x";
@@ -134,7 +135,6 @@ TEST(HostShellTest, HandsFilesToTheDesktop)
     EXPECT_EQ(ShellExecuteW(nullptr, u"print", u"http://x", nullptr, nullptr, 1), 3);
     EXPECT_EQ(ShellExecuteW(nullptr, u"edit", (inFolder + u"a.none").c_str(), nullptr, nullptr, 1), 31);
     EXPECT_EQ(ShellExecuteW(nullptr, nullptr, nullptr, nullptr, nullptr, 1), 2);
-    setenv("PATH", formerPath.c_str(), 1);
 }
 
 TEST(HostShellTest, HandsAddressesToTheHelpersAsTheyAre)

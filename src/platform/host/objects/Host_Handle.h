@@ -14,6 +14,7 @@
 using HANDLE = void*;
 
 /// What the calls that open a device or file give in place of a handle when they fail.
+// NOLINTNEXTLINE(performance-no-int-to-ptr): a number that is no place
 inline const HANDLE INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(-1);
 
 /// A wait without end, in milliseconds.

@@ -22,6 +22,7 @@ struct PROCESS_INFORMATION
     unsigned long dwThreadId = 0;
 };
 
+// NOLINTNEXTLINE(bugprone-reserved-identifier): users know it by that name
 using _PROCESS_INFORMATION = PROCESS_INFORMATION;
 
 /// The program doesn't get what the terminal sends to this one.

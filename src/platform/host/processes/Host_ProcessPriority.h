@@ -42,7 +42,7 @@ TRS8_BTL_API unsigned long GetPriorityClass(HANDLE process);
 /// Stands for the calling thread; it isn't closed.
 inline HANDLE GetCurrentThread() noexcept
 {
-    return reinterpret_cast<HANDLE>(-2);
+    return reinterpret_cast<HANDLE>(-2); // NOLINT(performance-no-int-to-ptr): a number that is no place
 }
 
 /// Sets the priority of the calling thread within the class of its process: each step of -2 to 2 is two nice

@@ -70,6 +70,9 @@ public:
     void AddStrings(Range&& lines)
     {
         std::vector<TStringItem> items;
+        if constexpr (requires { lines.size(); }) {
+            items.reserve(static_cast<std::size_t>(lines.size()));
+        }
         for (auto&& line : lines) {
             items.push_back({System::ToUnicodeString(line), nullptr});
         }

@@ -148,10 +148,11 @@ void TIniFile::DeleteKey(const UnicodeString& section, const UnicodeString& key)
 
 void TIniFile::UpdateFile() {}
 
-TMemIniFile::TMemIniFile(const UnicodeString& fileName)
-    : TCustomIniFile(fileName),
-      mText(System::MakeOwner<Host::ProfileText>(Host::LoadProfileContent(fileName)))
+TMemIniFile::TMemIniFile(const UnicodeString& fileName) : TCustomIniFile(fileName)
 {
+    auto bytes = Host::LoadProfileContent(fileName);
+    mIsUnread = !bytes.has_value();
+    mText = System::MakeOwner<Host::ProfileText>(std::move(bytes).value_or(std::string()));
 }
 
 TMemIniFile::~TMemIniFile() = default;
@@ -217,7 +218,9 @@ void TMemIniFile::DeleteKey(const UnicodeString& section, const UnicodeString& k
 
 void TMemIniFile::UpdateFile()
 {
-    CheckWritten(Host::SaveProfileContent(getFileName(), mText->Compose()), getFileName());
+    const auto former = mIsUnread ? Host::FormerContent::Unread : Host::FormerContent::Read;
+    CheckWritten(Host::SaveProfileContent(getFileName(), mText->Compose(), former), getFileName());
+    mIsUnread = false;
 }
 
 void TMemIniFile::GetStrings(TStrings* lines) const

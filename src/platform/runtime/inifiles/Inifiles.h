@@ -136,6 +136,8 @@ public:
 
 private:
     System::GOwner<Host::ProfileText> mText;
+    /// Whether the image lacks what the file held.
+    bool mIsUnread;
 };
 
 /// Bundles what `TIniFile` objects write to one file: it can be read in the process at once, and is on the

@@ -4,11 +4,12 @@
 #include "platform/base/Sysutils_Exception.h"
 #include "platform/base/dates/Sysutils_DateSupport.h"
 #include "platform/base/dates/Sysutils_IsoDate.h"
+#include "support/ScopedVariable.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <ctime>
+#include <optional>
 
 using namespace Sysutils;
 using namespace std::chrono;
@@ -24,27 +25,19 @@ class ZoneGuard
 public:
     explicit ZoneGuard(const char* zone)
     {
-        const char* const former = std::getenv("TZ");
-        mHad = former != nullptr;
-        mFormer = mHad ? former : "";
-        setenv("TZ", zone, 1);
+        mZone.emplace("TZ", zone);
         tzset();
     }
     ZoneGuard(const ZoneGuard&) = delete;
     ZoneGuard& operator=(const ZoneGuard&) = delete;
     ~ZoneGuard()
     {
-        if (mHad) {
-            setenv("TZ", mFormer.c_str(), 1);
-        } else {
-            unsetenv("TZ");
-        }
+        mZone.reset();
         tzset();
     }
 
 private:
-    bool mHad = false;
-    std::string mFormer;
+    std::optional<Support::ScopedVariable> mZone;
 };
 
 TEST(ChronoTest, GoesBothWaysInUniversalTime)

@@ -2,12 +2,12 @@
 #include "platform/host/devices/Host_PortMap.h"
 
 #include "platform/host/Host_Error.h"
+#include "support/ScopedVariable.h"
 #include "support/TempFolder.h"
 #include "testing/PortSimulator.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -23,16 +23,14 @@ using Host::UnnamePort;
 class PortMapTest : public testing::Test
 {
 protected:
-    PortMapTest()
-    {
-        setenv("XDG_CONFIG_HOME", mFolder.Path().c_str(), 1);
-        std::filesystem::create_directory(mFolder.Path() / "TRS8_BTL");
-    }
-    ~PortMapTest() override { unsetenv("XDG_CONFIG_HOME"); }
+    PortMapTest() { std::filesystem::create_directory(mFolder.Path() / "TRS8_BTL"); }
 
     std::filesystem::path File() const { return mFolder.Path() / "TRS8_BTL" / "registry"; }
 
     Support::TempFolder mFolder;
+
+private:
+    Support::ScopedVariable mUser{"XDG_CONFIG_HOME", mFolder.Path().c_str()};
 };
 
 TEST_F(PortMapTest, TheRegistryNamesADevice)
@@ -42,9 +40,8 @@ TEST_F(PortMapTest, TheRegistryNamesADevice)
     EXPECT_EQ(PortDevice(122), "/dev/x y");
     EXPECT_EQ(PortDevice(123), "/dev/ttyS122");
     EXPECT_EQ(PortDevice(300), "");
-    setenv("TRS8_BTL_COM121", "/dev/zero", 1);
+    const Support::ScopedVariable other("TRS8_BTL_COM121", "/dev/zero");
     EXPECT_EQ(PortDevice(121), "/dev/zero");
-    unsetenv("TRS8_BTL_COM121");
 }
 
 TEST_F(PortMapTest, APortIsNamedAndUnnamed)

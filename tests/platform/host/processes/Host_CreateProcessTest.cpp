@@ -4,6 +4,7 @@
 #include "platform/base/System_String.h"
 #include "platform/host/Host_Error.h"
 #include "platform/host/processes/Host_Process.h"
+#include "support/ScopedVariable.h"
 #include "support/Script.h"
 #include "support/TempFolder.h"
 
@@ -99,14 +100,14 @@ TEST_F(CreateProcessTest, NeverSearchesTheCurrentFolder)
     const std::string path = std::getenv("PATH");
     const std::string former = std::filesystem::current_path();
     ASSERT_EQ(chdir(mFolder.Path().c_str()), 0);
+    const Support::ScopedVariable searched("PATH", path);
     for (const char* const front : {"", ":", ".:"}) {
-        setenv("PATH", (front + path).c_str(), 1);
+        searched.Set((front + path).c_str());
         EXPECT_EQ(Run(u"trs8-here"), 1000 + ERROR_FILE_NOT_FOUND) << front;
     }
     EXPECT_EQ(Run(u".\\trs8-here"), 5U);
-    setenv("PATH", (mFolder.Path().string() + ':' + path).c_str(), 1);
+    searched.Set((mFolder.Path().string() + ':' + path).c_str());
     EXPECT_EQ(Run(u"trs8-here"), 5U);
-    setenv("PATH", path.c_str(), 1);
     ASSERT_EQ(chdir(former.c_str()), 0);
 }
 
@@ -133,14 +134,12 @@ TEST_F(CreateProcessTest, LeavesSearchPathsOfABundleInIt)
     std::filesystem::create_directory(bundle);
     WriteScript(mScript, "echo \"$LD_LIBRARY_PATH-$XDG_DATA_DIRS-$APPDIR\" > '" + mOut.string() + "'");
     std::filesystem::copy(mScript, bundle / "inside");
-    setenv("APPDIR", bundle.c_str(), 1);
-    setenv("XDG_DATA_DIRS", (bundle.string() + "/share:/usr/share").c_str(), 1);
+    const Support::ScopedVariable own("APPDIR", bundle.c_str());
+    const Support::ScopedVariable data("XDG_DATA_DIRS", bundle.string() + "/share:/usr/share");
     EXPECT_EQ(Run(Quoted(mScript)), 0U);
     EXPECT_EQ(Written(), "-/usr/share-" + bundle.string() + "\n");
     EXPECT_EQ(Run(Quoted(bundle / "inside")), 0U);
     EXPECT_EQ(Written(), "-" + bundle.string() + "/share:/usr/share-" + bundle.string() + "\n");
-    unsetenv("APPDIR");
-    unsetenv("XDG_DATA_DIRS");
 }
 
 } // namespace

@@ -25,23 +25,16 @@ using System::UnicodeString;
 class RegistryTest : public testing::Test
 {
 protected:
-    RegistryTest()
-    {
-        setenv("XDG_CONFIG_HOME", (mFolder.Path() / "user").c_str(), 1);
-        setenv("XDG_CONFIG_DIRS", (mFolder.Path() / "machine").c_str(), 1);
-    }
-    ~RegistryTest() override
-    {
-        unsetenv("XDG_CONFIG_HOME");
-        unsetenv("XDG_CONFIG_DIRS");
-    }
-
     static std::vector<UnicodeString> Names(const Classes::TStringList& list)
     {
         return {list.begin(), list.end()};
     }
 
     Support::TempFolder mFolder;
+
+private:
+    Support::ScopedVariable mUser{"XDG_CONFIG_HOME", (mFolder.Path() / "user").c_str()};
+    Support::ScopedVariable mMachine{"XDG_CONFIG_DIRS", (mFolder.Path() / "machine").c_str()};
 };
 
 TEST_F(RegistryTest, KeepsValuesOfAllTypes)
@@ -175,7 +168,7 @@ TEST_F(RegistryTest, TakesTheFirstFileOfTheMachine)
 
 TEST_F(RegistryTest, DISABLED_WritesManyValues)
 {
-    setenv("XDG_CONFIG_HOME", std::getenv("REGISTRY_TEST_FOLDER"), 1);
+    const Support::ScopedVariable user("XDG_CONFIG_HOME", std::getenv("REGISTRY_TEST_FOLDER"));
     TRegistry registry;
     for (int i = 0; i < 20; ++i) {
         registry.WriteInteger(u"child" + UnicodeString(i), i);
@@ -185,7 +178,7 @@ TEST_F(RegistryTest, DISABLED_WritesManyValues)
 
 TEST_F(RegistryTest, LosesNothingToOtherProcesses)
 {
-    setenv("REGISTRY_TEST_FOLDER", (mFolder.Path() / "user").c_str(), 1);
+    const Support::ScopedVariable user("REGISTRY_TEST_FOLDER", (mFolder.Path() / "user").c_str());
     {
         const std::jthread child([] { Support::RunChildTest("RegistryTest.DISABLED_WritesManyValues"); });
         TRegistry registry;

@@ -3,7 +3,7 @@
 
 #include <linux/futex.h>
 #include <sys/syscall.h>
-#include <time.h>
+#include <time.h> // NOLINT(modernize-deprecated-headers): <ctime> needn't have what is the host's alone
 #include <unistd.h>
 
 namespace Host

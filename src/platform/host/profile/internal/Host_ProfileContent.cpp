@@ -7,14 +7,26 @@
 namespace Host
 {
 
-std::string LoadProfileContent(const System::UnicodeString& file)
+namespace
+{
+
+/// What can't be read is kept beside by a read too.
+bool KeepUnread(LockedProfile& profile, FormerContent former)
+{
+    return former == FormerContent::Read ? profile.Read().has_value()
+                                         : !profile.Exists() || profile.KeepAside();
+}
+
+} // namespace
+
+std::optional<std::string> LoadProfileContent(const System::UnicodeString& file)
 {
     const std::string path = Sysutils::HostPath(file);
     auto read = path.empty() ? std::nullopt : ReadProfile(path);
-    return read ? std::move(read->bytes) : std::string();
+    return read ? std::optional(std::move(read->bytes)) : std::nullopt;
 }
 
-bool SaveProfileContent(const System::UnicodeString& file, std::string_view bytes)
+bool SaveProfileContent(const System::UnicodeString& file, std::string_view bytes, FormerContent former)
 {
     const std::string path = Sysutils::HostPath(file);
     if (path.empty()) {
@@ -22,8 +34,7 @@ bool SaveProfileContent(const System::UnicodeString& file, std::string_view byte
     }
     LockedProfile profile;
     for (;;) {
-        // What can't be read is kept beside by that.
-        if (!profile.Lock(path) || !profile.Read()) {
+        if (!profile.Lock(path) || !KeepUnread(profile, former)) {
             return false;
         }
         const auto replaced = profile.Replace(bytes);

@@ -21,7 +21,7 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <time.h>
+#include <time.h> // NOLINT(modernize-deprecated-headers): <ctime> needn't have what is the host's alone
 
 namespace Host
 {
@@ -198,6 +198,11 @@ std::optional<ReadBytes> ReadProfile(const std::string& path)
         return std::nullopt;
     }
     const FileState state = QueryState(file.Get());
+    // Not even its kind is known.
+    if (state.mode == 0) {
+        FailErrno();
+        return std::nullopt;
+    }
     return S_ISREG(state.mode) ? ReadSteady(file.Get()) : ReadBytes{{}, state};
 }
 
@@ -288,8 +293,8 @@ std::optional<ReadBytes> LockedProfile::Read()
     if (file.IsOpen()) {
         return ReadSteady(file.Get());
     }
-    if (errno == EACCES && KeepAside()) {
-        return ReadBytes();
+    if (errno == EACCES) {
+        return KeepAside() ? std::optional(ReadBytes()) : std::nullopt;
     }
     FailErrno();
     return std::nullopt;
@@ -302,7 +307,7 @@ bool LockedProfile::KeepAside()
     for (int i = 1; result != 0 && errno == EEXIST && i < 1000; ++i) {
         result = link(mTarget.c_str(), (mTarget + ".unreadable" + std::to_string(i)).c_str());
     }
-    return result == 0;
+    return result == 0 || FailErrno();
 }
 
 /// Who holds the lock of a successor is at work on it. One without a holder was left by a program that died.

@@ -71,6 +71,9 @@ public:
     [[nodiscard]] FileState GetState() const;
     /// As `ReadProfile`; a file that the user has no right to read gets a second name and counts as empty.
     [[nodiscard]] std::optional<ReadBytes> Read();
+    /// Gives the file, which exists, a second name that it keeps when it is replaced: with ".unreadable1", or
+    /// another free number, behind it.
+    [[nodiscard]] bool KeepAside();
 
     enum class Replaced
     {
@@ -91,7 +94,6 @@ private:
     [[nodiscard]] bool MayReplace() const;
     [[nodiscard]] bool MakeSuccessor();
     [[nodiscard]] bool FillSuccessor(std::string_view bytes);
-    [[nodiscard]] bool KeepAside();
 
     std::string mTarget;
     Descriptor mFile;
