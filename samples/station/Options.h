@@ -43,6 +43,9 @@ struct TOptions
     /// Whether to play an instrument, and one that misbehaves.
     bool instrument = false;
     bool faulty = false;
+    /// Whether others may watch the run, and the process whose run to watch.
+    bool publish = false;
+    std::optional<unsigned long> watch;
     bool help = false;
 };
 

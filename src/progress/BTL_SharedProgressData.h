@@ -88,7 +88,7 @@ private:
     static void StoreText(GText<Characters>& field, const System::UnicodeString& text) noexcept;
 
     std::uint32_t mProcessId = 0;
-    std::uint32_t mReserved = 0;
+    [[maybe_unused]] std::uint32_t mReserved = 0;
     double mStartTime = 0;
     System::Int64 mMax = 0;
     System::Int64 mPosition = 0;
@@ -98,7 +98,7 @@ private:
     TLine mTextLines;
     GText<512> mMessage;
     GText<1024> mCommandLine;
-    std::uint32_t mReservedAtEnd = 0;
+    [[maybe_unused]] std::uint32_t mReservedAtEnd = 0;
 };
 
 static_assert(sizeof(CSharedProgressInfoData) == 3920);
