@@ -76,20 +76,21 @@ void CSharedProgressInfo::InitSharedMemory(bool readOnly, const UnicodeString& m
     if (!mMemory->getAlreadyExists()) {
         const UnicodeString commandLine = GetCommandLineW();
         mPage->SetWriter(ProcessOr(processId));
-        DoChange([&](CSharedProgressInfoData& data) {
-            data.Clear();
-            data.setProcessId(ProcessOr(processId));
-            data.setStartTime(Sysutils::Now());
-            data.setCommandLine(commandLine);
+        mPage->Change(*record, CSharedProgressPage::Everything, [&] {
+            record->Clear();
+            record->setProcessId(ProcessOr(processId));
+            record->setStartTime(Sysutils::Now());
+            record->setCommandLine(commandLine);
         });
     }
 }
 
-template <class Change>
-void CSharedProgressInfo::DoChange(Change change)
+template <class Value>
+void CSharedProgressInfo::ChangePart(const TProgressPart& part, void (CSharedProgressInfoData::*set)(Value),
+                                     const Value& value)
 {
     if (mWritable != nullptr) {
-        mPage->Change(*mWritable, [&] { change(*mWritable); });
+        mPage->Change(*mWritable, part, [&] { (mWritable->*set)(value); });
     }
 }
 
@@ -116,7 +117,7 @@ Int64 CSharedProgressInfo::getMax() const
 
 void CSharedProgressInfo::setMax(Int64 max)
 {
-    DoChange([&](CSharedProgressInfoData& data) { data.setMax(max); });
+    ChangePart(CSharedProgressPage::Max, &CSharedProgressInfoData::setMax, max);
 }
 
 Int64 CSharedProgressInfo::getPosition() const
@@ -138,7 +139,7 @@ UnicodeString CSharedProgressInfo::getCaption() const
 
 void CSharedProgressInfo::setCaption(UnicodeString caption)
 {
-    DoChange([&](CSharedProgressInfoData& data) { data.setCaption(caption); });
+    ChangePart(CSharedProgressPage::Caption, &CSharedProgressInfoData::setCaption, caption);
 }
 
 UnicodeString CSharedProgressInfo::getText1() const
@@ -148,7 +149,7 @@ UnicodeString CSharedProgressInfo::getText1() const
 
 void CSharedProgressInfo::setText1(UnicodeString text)
 {
-    DoChange([&](CSharedProgressInfoData& data) { data.setText1(text); });
+    ChangePart(CSharedProgressPage::Text1, &CSharedProgressInfoData::setText1, text);
 }
 
 UnicodeString CSharedProgressInfo::getText2() const
@@ -158,7 +159,7 @@ UnicodeString CSharedProgressInfo::getText2() const
 
 void CSharedProgressInfo::setText2(UnicodeString text)
 {
-    DoChange([&](CSharedProgressInfoData& data) { data.setText2(text); });
+    ChangePart(CSharedProgressPage::Text2, &CSharedProgressInfoData::setText2, text);
 }
 
 UnicodeString CSharedProgressInfo::getTextLines() const
@@ -168,7 +169,7 @@ UnicodeString CSharedProgressInfo::getTextLines() const
 
 void CSharedProgressInfo::setTextLines(UnicodeString lines)
 {
-    DoChange([&](CSharedProgressInfoData& data) { data.setTextLines(lines); });
+    ChangePart(CSharedProgressPage::TextLines, &CSharedProgressInfoData::setTextLines, lines);
 }
 
 UnicodeString CSharedProgressInfo::getMessage() const
@@ -178,7 +179,7 @@ UnicodeString CSharedProgressInfo::getMessage() const
 
 void CSharedProgressInfo::setMessage(UnicodeString message)
 {
-    DoChange([&](CSharedProgressInfoData& data) { data.setMessage(message); });
+    ChangePart(CSharedProgressPage::Message, &CSharedProgressInfoData::setMessage, message);
 }
 
 void CSharedProgressInfo::IncPosition()

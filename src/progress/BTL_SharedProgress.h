@@ -14,6 +14,7 @@ namespace BTL
 {
 
 class CSharedProgressPage;
+struct TProgressPart;
 
 /// A progress that other processes see, by a name that is any text.
 ///
@@ -52,8 +53,9 @@ public:
     /// Whether the process that the record names still runs; a later process of its number doesn't count.
     /// False without a record. Who goes on with another one's record stands not for it.
     bool IsWriterAlive() const;
-    /// The whole record as it stood at a moment of the call. False, and `data` left alone, without a record,
-    /// or if the writer stands in the middle of a change, for 10 ms or for ever.
+    /// The whole record as it stood at a moment of the call; a change that the writer is in the middle of,
+    /// for ever if it died there, isn't in it. False, and `data` left alone, without a record, or if that
+    /// doesn't come about within 10 ms beside a writer without a pause.
     bool Snapshot(CSharedProgressInfoData& data) const;
     /// The record itself, which changes meanwhile; an empty one if there is none. It belongs to this object.
     const CSharedProgressInfoData& getData() const noexcept;
@@ -76,8 +78,9 @@ public:
     void SetProgressEndPosition() override;
 
 private:
-    template <class Change>
-    void DoChange(Change change);
+    template <class Value>
+    void ChangePart(const TProgressPart& part, void (CSharedProgressInfoData::*set)(Value),
+                    const Value& value);
 
     System::GOwner<WIN::CSharedMemory> mMemory;
     System::GOwner<CSharedProgressPage> mPage;

@@ -11,6 +11,7 @@
 #include <bit>
 #include <chrono>
 #include <thread>
+#include <type_traits>
 
 namespace BTL
 {
@@ -18,25 +19,25 @@ namespace BTL
 namespace
 {
 
-/// A part of the record as readers and writers copy it, whatever lies there.
+/// A piece of the record as readers and writers copy it, whatever lies there.
 using TRecordWord [[gnu::may_alias]] = std::uint64_t;
 
 constexpr std::size_t RecordWords = sizeof(CSharedProgressInfoData) / sizeof(TRecordWord);
 /// Those up to the command line, which nobody changes later on.
 constexpr std::size_t ChangingWords = 234;
+/// Those of the largest part, at whatever place it begins.
+constexpr std::size_t PartWords = 130;
 /// So many changes lie between two copies.
 constexpr std::uint64_t ChangesPerCopy = 64;
 
-using TCopy = std::array<std::uint64_t, RecordWords>;
-
-// Each word is read with a barrier, so that the look at the sequence that follows is a later one, and written
-// with one, so that the look before is an earlier one.
-
-template <class Word>
-void ReadWords(const Word* from, std::size_t count, std::uint64_t* to)
+/// Copies words that others use at the same time. Each is read with a barrier, so that a look at the sequence
+/// behind them is a later one, and written with one, so that a look before them is an earlier one.
+template <class From, class To>
+void CopyWords(const From* from, std::size_t count, To* to)
 {
-    std::transform(from, from + count, to,
-                   [](const Word& word) { return __atomic_load_n(&word, __ATOMIC_ACQUIRE); });
+    for (std::size_t i = 0; i < count; ++i) {
+        __atomic_store_n(to + i, __atomic_load_n(from + i, __ATOMIC_ACQUIRE), __ATOMIC_RELEASE);
+    }
 }
 
 const TRecordWord* WordsOf(const CSharedProgressInfoData& record)
@@ -44,9 +45,72 @@ const TRecordWord* WordsOf(const CSharedProgressInfoData& record)
     return reinterpret_cast<const TRecordWord*>(&record);
 }
 
+TRecordWord* WordsOf(CSharedProgressInfoData& record)
+{
+    return reinterpret_cast<TRecordWord*>(&record);
+}
+
 constexpr bool IsAtRest(std::uint64_t sequence)
 {
     return sequence % 2 == 0;
+}
+
+template <class T>
+T Load(T& word)
+{
+    return std::atomic_ref(word).load(std::memory_order_acquire);
+}
+
+template <class T>
+void Store(T& word, std::type_identity_t<T> value)
+{
+    std::atomic_ref(word).store(value, std::memory_order_release);
+}
+
+/// Whether the word had the value, and has another one now.
+bool Exchange(std::uint64_t& word, std::uint64_t value, std::uint64_t another)
+{
+    return std::atomic_ref(word).compare_exchange_strong(value, another);
+}
+
+/// A part as it was before a change. Other processes write it, too: no number in it is taken on trust.
+struct TFormer
+{
+    /// The sequence during the change; another one while this is being written.
+    std::uint64_t sequence;
+    std::uint64_t first;
+    /// 0 stands for an empty record.
+    std::uint64_t count;
+    std::uint64_t words[PartWords];
+};
+
+void KeepFormer(TFormer& former, const CSharedProgressInfoData& record, TProgressPart part,
+                std::uint64_t sequence)
+{
+    constexpr std::size_t size = sizeof(TRecordWord);
+    const std::size_t first = part.offset / size;
+    const std::size_t count = (part.offset + part.size + size - 1) / size - first;
+    Store(former.first, first);
+    Store(former.count, count <= PartWords ? count : 0);
+    if (count <= PartWords) {
+        CopyWords(WordsOf(record) + first, count, former.words);
+    }
+    Store(former.sequence, sequence);
+}
+
+/// Puts the former part into the words of a record.
+template <class Word>
+void RestoreFormer(TFormer& former, Word* words)
+{
+    const std::uint64_t first = std::min<std::uint64_t>(Load(former.first), RecordWords);
+    const std::uint64_t count = Load(former.count);
+    if (count == 0) {
+        constexpr std::uint64_t empty[RecordWords] = {};
+        CopyWords(empty, RecordWords, words);
+    } else {
+        CopyWords(former.words, std::min({count, std::uint64_t{PartWords}, RecordWords - first}),
+                  words + first);
+    }
 }
 
 } // namespace
@@ -57,34 +121,58 @@ struct CSharedProgressPage::TShared
     /// The process that made the record, with its start in the host's ticks; 0 where that isn't known.
     TWord writer;
     TWord writerStart;
+    TFormer former;
     /// The sequence behind the change that the copy is of; 0 while it is being written.
     TWord copied;
     TWord copy[ChangingWords];
 };
 
-auto CSharedProgressPage::Begin() noexcept -> TWord
+auto CSharedProgressPage::Begin(CSharedProgressInfoData& record, TProgressPart part) noexcept -> TWord
 {
     static_assert(sizeof(TShared) <= Host::CMappingPage::Size);
-    const std::atomic_ref sequence(getShared().sequence);
-    TWord seen = sequence.load(std::memory_order_relaxed);
-    if (IsAtRest(seen) && sequence.compare_exchange_strong(seen, seen + 1)) {
+    const TWord own = Take(record);
+    KeepFormer(getShared().former, record, part, own);
+    return own;
+}
+
+auto CSharedProgressPage::Take(CSharedProgressInfoData& record) noexcept -> TWord
+{
+    TShared& shared = getShared();
+    TWord seen = Load(shared.sequence);
+    // Mostly this needs no look at the clock.
+    if (IsAtRest(seen) && Exchange(shared.sequence, seen, seen + 1)) {
         return seen + 1;
     }
     auto patience = Host::Deadline::In(Patience);
     for (;;) {
-        if (IsAtRest(seen) || patience.IsPast()) {
-            const TWord own = IsAtRest(seen) ? seen + 1 : seen + 2;
-            if (sequence.compare_exchange_strong(seen, own)) {
-                return own;
+        if (IsAtRest(seen)) {
+            if (Exchange(shared.sequence, seen, seen + 1)) {
+                return seen + 1;
             }
-            continue;
+        } else if (patience.IsPast()) {
+            Undo(record, seen);
+        } else {
+            std::this_thread::yield();
         }
-        std::this_thread::yield();
-        if (const TWord now = sequence.load(std::memory_order_relaxed); now != seen) {
+        if (const TWord now = Load(shared.sequence); now != seen) {
             seen = now;
             patience = Host::Deadline::In(Patience);
         }
     }
+}
+
+void CSharedProgressPage::Undo(CSharedProgressInfoData& record, TWord dead) noexcept
+{
+    TShared& shared = getShared();
+    const TWord own = dead + 2;
+    if (!Exchange(shared.sequence, dead, own)) {
+        return;
+    }
+    if (Load(shared.former.sequence) == dead) {
+        Store(shared.former.sequence, own);
+        RestoreFormer(shared.former, WordsOf(record));
+    }
+    Exchange(shared.sequence, own, own + 1);
 }
 
 void CSharedProgressPage::End(const CSharedProgressInfoData& record, TWord own) noexcept
@@ -92,46 +180,39 @@ void CSharedProgressPage::End(const CSharedProgressInfoData& record, TWord own) 
     TShared& shared = getShared();
     const TWord behind = own + 1;
     if (own / 2 % ChangesPerCopy == 0) {
-        const std::atomic_ref copied(shared.copied);
-        copied.store(0, std::memory_order_relaxed);
-        const TRecordWord* const words = WordsOf(record);
-        for (std::size_t i = 0; i < ChangingWords; ++i) {
-            const TWord word = __atomic_load_n(words + i, __ATOMIC_RELAXED);
-            __atomic_store_n(shared.copy + i, word, __ATOMIC_RELEASE);
-        }
-        copied.store(behind, std::memory_order_release);
+        Store(shared.copied, 0);
+        CopyWords(WordsOf(record), ChangingWords, shared.copy);
+        Store(shared.copied, behind);
     }
     // Another writer that waited in vain has the sequence now.
-    std::atomic_ref(shared.sequence).compare_exchange_strong(own, behind, std::memory_order_release);
+    Exchange(shared.sequence, own, behind);
 }
 
 bool CSharedProgressPage::Copy(const CSharedProgressInfoData& record, CSharedProgressInfoData& copy) const
 {
     constexpr int attemptsPerTurn = 32;
     TShared& shared = getShared();
-    const std::atomic_ref sequence(shared.sequence);
-    const std::atomic_ref copied(shared.copied);
-    const auto load = [](const std::atomic_ref<TWord>& word) { return word.load(std::memory_order_acquire); };
     const TRecordWord* const words = WordsOf(record);
-    TCopy got;
+    std::array<std::uint64_t, RecordWords> got;
     const auto tryRecord = [&](TWord seen) {
-        if (!IsAtRest(seen)) {
-            return false;
+        CopyWords(words, RecordWords, got.data());
+        // Nothing is changed before the former part is here.
+        if (!IsAtRest(seen) && Load(shared.former.sequence) == seen) {
+            RestoreFormer(shared.former, got.data());
         }
-        ReadWords(words, RecordWords, got.data());
-        return load(sequence) == seen;
+        return Load(shared.sequence) == seen;
     };
     // Of a change that ended since `begin`, so it is as good as one that is read now.
     const auto tryCopy = [&](TWord begin) {
-        const TWord seen = load(copied);
+        const TWord seen = Load(shared.copied);
         if (seen <= begin) {
             return false;
         }
-        ReadWords(shared.copy, ChangingWords, got.data());
-        ReadWords(words + ChangingWords, RecordWords - ChangingWords, got.data() + ChangingWords);
-        return load(copied) == seen;
+        CopyWords(shared.copy, ChangingWords, got.data());
+        CopyWords(words + ChangingWords, RecordWords - ChangingWords, got.data() + ChangingWords);
+        return Load(shared.copied) == seen;
     };
-    const TWord begin = load(sequence);
+    const TWord begin = Load(shared.sequence);
     const auto limit = Host::Deadline::In(Patience);
     TWord seen = begin;
     for (int attempt = 1; !tryRecord(seen) && !tryCopy(begin); ++attempt) {
@@ -142,7 +223,7 @@ bool CSharedProgressPage::Copy(const CSharedProgressInfoData& record, CSharedPro
             // The writer may need this processor.
             std::this_thread::yield();
         }
-        seen = load(sequence);
+        seen = Load(shared.sequence);
     }
     copy = std::bit_cast<CSharedProgressInfoData>(got);
     return true;
@@ -152,8 +233,8 @@ void CSharedProgressPage::SetWriter(unsigned long process) noexcept
 {
     const auto start = Host::ReadProcessStart(process);
     TShared& shared = getShared();
-    std::atomic_ref(shared.writer).store(process);
-    std::atomic_ref(shared.writerStart).store(start ? start->ticks : 0);
+    Store(shared.writer, process);
+    Store(shared.writerStart, start ? start->ticks : 0);
 }
 
 bool CSharedProgressPage::IsWriterAlive(const CSharedProgressInfoData& record) const
@@ -164,8 +245,8 @@ bool CSharedProgressPage::IsWriterAlive(const CSharedProgressInfoData& record) c
         return false;
     }
     TShared& shared = getShared();
-    const TWord ticks = std::atomic_ref(shared.writerStart).load();
-    if (ticks != 0 && std::atomic_ref(shared.writer).load() == process) {
+    const TWord ticks = Load(shared.writerStart);
+    if (ticks != 0 && Load(shared.writer) == process) {
         return ticks == start->ticks;
     }
     // Somebody made the record without this page. A process that came behind it is another one.
