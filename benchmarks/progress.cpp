@@ -75,48 +75,66 @@ void SetAtomic(benchmark::State& state)
     }
 }
 
-/// Snapshots beside a writer that changes what `Write` does, without a pause.
-template <class Write>
-void Snapshots(benchmark::State& state, Write write)
+/// A whole record.
+bool Take(const BTL::CSharedProgressInfo& info, BTL::CSharedProgressInfoData& data)
+{
+    return info.Snapshot(data);
+}
+
+/// Its bytes as they are just now, half-written texts among them.
+bool TakeUnguarded(const BTL::CSharedProgressInfo& info, BTL::CSharedProgressInfoData& data)
+{
+    data = info.getData();
+    return true;
+}
+
+void WritePosition(BTL::CSharedProgressInfo& info, System::Int64 /*step*/)
+{
+    info.IncPosition();
+}
+
+void WriteText(BTL::CSharedProgressInfo& info, System::Int64 step)
+{
+    static const UnicodeString texts[] = {UnicodeString::StringOfChar(u'a', 512),
+                                          UnicodeString::StringOfChar(u'b', 512)};
+    info.setMessage(texts[step % 2]);
+    info.IncPosition();
+}
+
+/// Reads a record that another thread changes without a pause.
+template <auto Read, auto Write>
+void ReadBesideWriter(benchmark::State& state)
 {
     BTL::CSharedProgressInfo info(OwnName());
-    info.setMessage(UnicodeString::StringOfChar(u'a', 512));
     std::atomic<bool> goesOn = true;
     std::thread writer([&] {
         for (System::Int64 step = 0; goesOn; ++step) {
-            write(info, step);
+            Write(info, step);
         }
     });
     BTL::CSharedProgressInfoData data;
-    std::int64_t missed = 0;
     for (auto _ : state) {
-        missed += info.Snapshot(data) ? 0 : 1;
+        if (!Read(info, data)) {
+            state.SkipWithError("a record was not to be had");
+            break;
+        }
+        benchmark::DoNotOptimize(data);
     }
-    state.counters["missed"] = static_cast<double>(missed);
     goesOn = false;
     writer.join();
 }
 
-void SnapshotsBesidePositions(benchmark::State& state)
-{
-    Snapshots(state, [](BTL::CSharedProgressInfo& info, System::Int64) { info.IncPosition(); });
-}
-
-void SnapshotsBesideTexts(benchmark::State& state)
-{
-    const UnicodeString texts[] = {UnicodeString::StringOfChar(u'a', 512),
-                                   UnicodeString::StringOfChar(u'b', 512)};
-    Snapshots(state, [&](BTL::CSharedProgressInfo& info, System::Int64 step) {
-        info.setMessage(texts[step % 2]);
-        info.IncPosition();
-    });
-}
+constexpr benchmark::IterationCount Reads = 1'000'000;
 
 BENCHMARK(IncreaseOurs)->Name("increase/ours");
 BENCHMARK(IncreaseAtomic)->Name("increase/atomic");
 BENCHMARK(SetOurs)->Name("set/ours");
 BENCHMARK(SetAtomic)->Name("set/atomic");
-BENCHMARK(SnapshotsBesidePositions)->Name("snapshot/positions")->Iterations(1'000'000);
-BENCHMARK(SnapshotsBesideTexts)->Name("snapshot/texts")->Iterations(1'000'000);
+BENCHMARK(ReadBesideWriter<Take, WritePosition>)->Name("read_beside_positions/ours")->Iterations(Reads);
+BENCHMARK(ReadBesideWriter<TakeUnguarded, WritePosition>)
+    ->Name("read_beside_positions/unguarded")
+    ->Iterations(Reads);
+BENCHMARK(ReadBesideWriter<Take, WriteText>)->Name("read_beside_texts/ours")->Iterations(Reads);
+BENCHMARK(ReadBesideWriter<TakeUnguarded, WriteText>)->Name("read_beside_texts/unguarded")->Iterations(Reads);
 
 } // namespace

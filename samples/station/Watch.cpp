@@ -75,7 +75,8 @@ public:
         }
         mData = data;
         if (mIsTerminal) {
-            mStream << '\r' << Line() << "\x1B[K" << std::flush;
+            // A line that is too long is cut, so that it stays one.
+            mStream << "\r\x1B[?7l" << Line() << "\x1B[K\x1B[?7h" << std::flush;
         } else if (isNew) {
             mStream << Line() << std::endl;
         }
@@ -93,8 +94,9 @@ private:
                              UnicodeString(mData.getPosition()) + u" of " + UnicodeString(mData.getMax()) +
                              u", elapsed " + ElapsedSince(mData.getStartTime());
         // By what was done while this program looked.
-        const UnicodeString rest =
-            mWatch.GetDuartionInfo(mData.getPosition() - mFirstPosition, mData.getMax() - mFirstPosition);
+        const Int64 total = mData.getMax() - mFirstPosition;
+        const Int64 turns = mData.getPosition() - mFirstPosition;
+        const UnicodeString rest = turns < total ? mWatch.GetDuartionInfo(turns, total) : UnicodeString();
         for (const UnicodeString& part : {rest, Printable(mData.getText1())}) {
             line += part.IsEmpty() ? UnicodeString() : u", " + part;
         }

@@ -67,7 +67,7 @@ UnicodeString Sample(TRun& run, CSerialReader* serial, CSampleWriter& writer)
         CChannel& channel = run.channels[i];
         if (const auto value = channel.Read()) {
             run.chart.getSeries(static_cast<int>(i))->AddXY(second, *value);
-            last = channel.getName() + u": " + UnicodeString(*value) + u' ' + channel.getUnit();
+            last = (channel.getName() + u": " + UnicodeString(*value) + u' ' + channel.getUnit()).Trim();
             writer.Add(MakeSample(time, channel.getName(), *value, channel.getUnit()));
         } else {
             channel.AddMiss();
