@@ -11,9 +11,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <atomic>
+#include <bit>
 #include <cstdlib>
-#include <cstring>
 #include <string_view>
 #include <thread>
 
@@ -173,7 +174,8 @@ TEST(SharedProgressTest, ChangesNothingWhereItOnlyReads)
     reader.setPosition(9);
     reader.SetProgressEndPosition();
     reader.setMessage(u"x");
-    EXPECT_EQ(std::memcmp(&before, &writer.getData(), sizeof before), 0);
+    using Bytes = std::array<unsigned char, sizeof before>;
+    EXPECT_EQ(std::bit_cast<Bytes>(before), std::bit_cast<Bytes>(writer.getData()));
 }
 
 TEST(SharedProgressTest, IsEmptyWithoutARecord)
