@@ -3,6 +3,7 @@
 
 #include <TRS8_BTL/platform/base/Sysutils_Locale.h>
 #include <TRS8_BTL/platform/base/dates/Sysutils_DateReading.h>
+#include <TRS8_BTL/platform/base/numbers/Sysutils_Integer.h>
 #include <TRS8_BTL/platform/host/Host_Path.h>
 #include <TRS8_BTL/platform/host/devices/Host_PortMap.h>
 #include <TRS8_BTL/text/dates/BTL_DT_Reading.h>
@@ -75,6 +76,15 @@ int ReadPort(const UnicodeString& text)
         throw XBadValue(u"is no port, COM1 to COM256");
     }
     return number;
+}
+
+unsigned long ReadProcess(const UnicodeString& text)
+{
+    int process = 0;
+    if (!Sysutils::TryStrToInt(text, process) || process <= 0) {
+        throw XBadValue(u"is no process number");
+    }
+    return static_cast<unsigned long>(process);
 }
 
 EStore ReadStore(const UnicodeString& text)
@@ -169,6 +179,9 @@ constexpr std::array Table = {
     TOption{u"--faulty", nullptr,
             u"be one that is late, cuts, garbles and floods, and whose plug is pulled in the end",
             SwitchOn<&TOptions::faulty>},
+    TOption{u"--publish", nullptr, u"let other programs watch this run", SwitchOn<&TOptions::publish>},
+    TOption{u"--watch", u"PID", u"show the run of the station with this process number until it ends",
+            Set<&TOptions::watch, ReadProcess>},
     TOption{u"--log", u"FILE", u"where to log; default Log.txt beside the program",
             Set<&TOptions::log, ReadPath>},
     TOption{u"--about", nullptr, u"print the version of the program", SwitchOn<&TOptions::about>},

@@ -46,6 +46,9 @@ struct TOptions
     /// Whether to print what the program is, and all that a bug report needs, for the clipboard.
     bool about = false;
     bool copy = false;
+    /// Whether others may watch the run, and the process whose run to watch.
+    bool publish = false;
+    std::optional<unsigned long> watch;
     bool help = false;
 };
 

@@ -4,10 +4,12 @@
 #include "Chart.h"
 #include "Instrument.h"
 #include "Options.h"
+#include "Progress.h"
 #include "Report.h"
 #include "Samples.h"
 #include "SerialReader.h"
 #include "Settings.h"
+#include "Watch.h"
 
 #include <TRS8_BTL/environment/BTL_ENV_ApplicationIni.h>
 #include <TRS8_BTL/environment/folders/BTL_ENV_Folders.h>
@@ -54,9 +56,10 @@ struct TRun
     System::TDateTime start;
 };
 
-/// One turn: asks the instrument, if there is one, and reads all channels.
-void Sample(TRun& run, CSerialReader* serial, CSampleWriter& writer)
+/// One turn: asks the instrument, if there is one, and reads all channels. Gives the last value that came.
+UnicodeString Sample(TRun& run, CSerialReader* serial, CSampleWriter& writer)
 {
+    UnicodeString last;
     if (serial != nullptr) {
         serial->Ask();
     }
@@ -66,6 +69,7 @@ void Sample(TRun& run, CSerialReader* serial, CSampleWriter& writer)
         CChannel& channel = run.channels[i];
         if (const auto value = channel.Read()) {
             run.chart.getSeries(static_cast<int>(i))->AddXY(second, *value);
+            last = (channel.getName() + u": " + UnicodeString(*value) + u' ' + channel.getUnit()).Trim();
             writer.Add(MakeSample(time, channel.getName(), *value, channel.getUnit()));
         } else {
             channel.AddMiss();
@@ -73,10 +77,12 @@ void Sample(TRun& run, CSerialReader* serial, CSampleWriter& writer)
         }
     }
     writer.Flush();
+    return last;
 }
 
 /// Samples in a thread of its own and waits for its end. What ends it before comes out here.
-void SampleFor(double seconds, TRun& run, CSerialReader* serial, CSampleWriter& writer)
+void SampleFor(double seconds, TRun& run, CSerialReader* serial, CSampleWriter& writer,
+               CPublishedRun& published)
 {
     using Clock = std::chrono::steady_clock;
     const auto spanOf = [](double span) {
@@ -85,9 +91,10 @@ void SampleFor(double seconds, TRun& run, CSerialReader* serial, CSampleWriter& 
     auto next = Clock::now();
     const auto end = next + spanOf(seconds);
     const auto interval = spanOf(run.interval);
+    published.Start(static_cast<System::Int64>(seconds / run.interval) + 1);
     BTL::TActionThread sampling(
         [&](BTL::TActionThread* thread) {
-            Sample(run, serial, writer);
+            published.AddTurn(Sample(run, serial, writer));
             // Turns that a slow instrument took the time of are left out.
             next = std::max(next + interval, Clock::now());
             if (next > end) {
@@ -171,7 +178,8 @@ EExitCode Run(const TOptions& options)
         serial->Open();
     }
     CSampleWriter writer(file);
-    SampleFor(seconds, run, serial.get(), writer);
+    CPublishedRun published(options.publish, title);
+    SampleFor(seconds, run, serial.get(), writer, published);
     ReadSamples(file, options.from ? 0 : writer.getStart(), options.from, [&](const UTL::CVariants& sample) {
         AddSample(channels, sample);
         if (options.sql) {
@@ -186,6 +194,7 @@ EExitCode Run(const TOptions& options)
         WriteReport(std::cout, channels);
     }
     SaveSettings(*settings, settingsFile, Sysutils::Now());
+    published.Finish();
     return ReportInstrument(serial.get());
 }
 
@@ -217,6 +226,9 @@ EExitCode Start(const TOptions& options)
     if (options.about) {
         WriteAbout(std::cout, options.copy);
         return Done;
+    }
+    if (options.watch) {
+        return WatchRun(*options.watch, std::cout) ? Done : Failed;
     }
     if (options.open) {
         OpenProgram(*BTL::CApplicationIni::Get());

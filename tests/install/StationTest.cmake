@@ -103,6 +103,7 @@ expect_station(2 ARGUMENTS --sql=yes MATCHES "--sql takes no value")
 expect_station(2 ARGUMENTS --colour MATCHES "unknown option '--colour'")
 expect_station(2 ARGUMENTS --serial COM0 MATCHES "--serial: 'COM0' is no port")
 expect_station(2 ARGUMENTS --faulty MATCHES "--faulty goes with --instrument")
+expect_station(2 ARGUMENTS --watch 0 MATCHES "--watch: '0' is no process number")
 expect_station(2 ARGUMENTS --sql 5 MATCHES "unknown option '5'")
 expect_station(2 ARGUMENTS --copy MATCHES "--copy goes with --about")
 
@@ -182,5 +183,7 @@ expect_station(2 ARGUMENTS --chart "${workFolder}/none.chart" MATCHES "none.char
 find_program(bash NAMES bash REQUIRED)
 run_step(DESCRIPTION "The station beside an instrument"
     COMMAND ${bash} "${CMAKE_CURRENT_LIST_DIR}/pair.sh" "${station}" "${workFolder}")
+run_step(DESCRIPTION "A station watched by another one"
+    COMMAND ${bash} "${CMAKE_CURRENT_LIST_DIR}/watch.sh" "${station}" "${workFolder}")
 
 file(REMOVE_RECURSE "${workFolder}")

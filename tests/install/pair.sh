@@ -2,6 +2,7 @@
 # Runs the station beside an instrument that it plays itself: a good one, one that misbehaves, one that is killed.
 # Usage: pair.sh STATION FOLDER
 set -euo pipefail
+tests=$(cd "$(dirname "$0")" && pwd)
 station=$1
 folder=$2
 port=COM207
@@ -11,14 +12,9 @@ mkdir -p "$XDG_CONFIG_HOME"
 cd "$folder"
 printf 'serial.U = mV; lower -40; upper -30\nserial.I = mA; upper 13\nload.1 =\n' >channels
 
-jobs=()
-trap 'for job in "${jobs[@]}"; do kill "$job" 2>/dev/null || true; done' EXIT
-
-fail() {
-    echo "pair: $1" >&2
-    tail -n 50 instrument output log >&2 || true
-    exit 1
-}
+script=pair
+outputs=(instrument output log)
+source "$tests/jobs.sh"
 
 # Starts an instrument and waits until it has told its device.
 start_instrument() {
@@ -26,11 +22,7 @@ start_instrument() {
     "$station" --instrument --serial "$port" "$@" >instrument 2>&1 &
     instrument=$!
     jobs+=("$instrument")
-    for ((i = 0; i < 1000; ++i)); do
-        ! grep -q "^$port is /dev/pts/" instrument || return 0
-        sleep 0.02
-    done
-    fail "the instrument doesn't tell its device"
+    await instrument "^$port is /dev/pts/"
 }
 
 # Starts a station, which must end by itself.
@@ -39,30 +31,6 @@ start_station() {
     timeout -k 1 60 "$station" --serial "$port" --channels channels --samples samples --log log "$@" >output 2>&1 &
     sampling=$!
     jobs+=("$sampling")
-}
-
-# The process must end with the code.
-expect_end() {
-    local code=0
-    wait "$1" || code=$?
-    [ "$code" -eq "$2" ] || fail "ended with $code, not $2"
-}
-
-expect() {
-    grep -Eq -- "$2" "$1" || fail "'$1' has no '$2'"
-}
-
-expect_no() {
-    ! grep -Eq -- "$2" "$1" || fail "'$1' has '$2'"
-}
-
-# Waits until a file has a line.
-await() {
-    for ((i = 0; i < 1000; ++i)); do
-        ! grep -Eqs -- "$2" "$1" || return 0
-        sleep 0.02
-    done
-    fail "'$1' never gets '$2'"
 }
 
 start_instrument

@@ -33,6 +33,9 @@ public:
     void AnswerInput(std::optional<System::UnicodeString> line) { mToolkit->AnswerInput(std::move(line)); }
     std::vector<Toolkits::HeadlessToolkit::TAsked> TakeAsked() { return mToolkit->TakeAsked(); }
 
+    /// The cursor over all windows.
+    int getCursor() const { return mToolkit->getCursor(); }
+
     /// The boxes shown since the last call.
     std::vector<Toolkits::HeadlessToolkit::TShown> TakeShown() { return mToolkit->TakeShown(); }
 

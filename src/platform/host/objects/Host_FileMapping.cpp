@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/objects/Host_FileMapping.h"
 
+#include "platform/host/objects/internal/Host_MappingPage.h"
 #include "platform/host/objects/internal/Host_NamedBlock.h"
 #include "platform/host/objects/internal/Host_Object.h"
 
@@ -96,7 +97,35 @@ int KindOfMap(unsigned long access)
     return (access & FILE_MAP_COPY) != 0 && (access & FILE_MAP_WRITE) == 0 ? MAP_PRIVATE : MAP_SHARED;
 }
 
+static_assert(CMappingPage::Size == CNamedBlock::DataOffset - CNamedBlock::KindOffset);
+
 } // namespace
+
+void CMappingPage::TUnmap::operator()(void* block) const
+{
+    munmap(block, CNamedBlock::DataOffset);
+}
+
+CMappingPage::CMappingPage(HANDLE handle, EAccess access)
+{
+    const auto mapping = ObjectOf<CMappingObject>(handle);
+    if (mapping == nullptr) {
+        return;
+    }
+    const int protection = access == EAccess::Write ? PROT_READ | PROT_WRITE : PROT_READ;
+    void* const block = mmap(nullptr, CNamedBlock::DataOffset, protection, MAP_SHARED,
+                             mapping->getBlock().getDescriptor(), 0);
+    if (block == MAP_FAILED) {
+        FailErrno();
+        return;
+    }
+    mBlock.reset(block);
+}
+
+void* CMappingPage::getBytes() const noexcept
+{
+    return mBlock == nullptr ? nullptr : static_cast<char*>(mBlock.get()) + CNamedBlock::KindOffset;
+}
 
 } // namespace Host
 

@@ -66,8 +66,8 @@ std::optional<TProcess> ReadProcess(int folder, pid_t id)
 {
     const auto text = ReadProcessFile(folder, id, "stat");
     auto stat = text ? ParseProcessStat(*text) : std::nullopt;
-    // It ended meanwhile, or only awaits to be awaited.
-    if (!stat || stat->state == 'Z' || stat->state == 'X') {
+    // It may have ended meanwhile.
+    if (!stat || !IsAlive(*stat)) {
         return std::nullopt;
     }
     std::string name = ProgramNameOf(folder, id);

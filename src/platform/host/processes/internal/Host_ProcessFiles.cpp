@@ -3,9 +3,13 @@
 
 #include "platform/host/internal/Host_Descriptor.h"
 
+#include <algorithm>
 #include <charconv>
+#include <ctime>
+#include <limits>
 
 #include <fcntl.h>
+#include <unistd.h>
 
 namespace Host
 {
@@ -83,7 +87,29 @@ std::optional<TProcessStat> ParseProcessStat(std::string_view text)
     fields.Skip(6);
     stat.nice = fields.Number<int>();
     stat.threads = fields.Number<unsigned>();
+    fields.Skip(1);
+    stat.start = fields.Number<std::uint64_t>();
     return stat;
+}
+
+std::optional<TProcessStart> ReadProcessStart(unsigned long process)
+{
+    constexpr unsigned long most = std::numeric_limits<pid_t>::max();
+    const Descriptor folder(open("/proc", O_PATH | O_DIRECTORY | O_CLOEXEC));
+    if (process == 0 || process > most || !folder.IsOpen()) {
+        return std::nullopt;
+    }
+    const auto text = ReadProcessFile(folder.Get(), static_cast<pid_t>(process), "stat");
+    const auto stat = text ? ParseProcessStat(*text) : std::nullopt;
+    if (!stat || !IsAlive(*stat)) {
+        return std::nullopt;
+    }
+    constexpr double billion = 1e9;
+    timespec now{};
+    clock_gettime(CLOCK_BOOTTIME, &now);
+    const double uptime = static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) / billion;
+    return TProcessStart{stat->start, uptime - static_cast<double>(stat->start) /
+                                                   static_cast<double>(sysconf(_SC_CLK_TCK))};
 }
 
 } // namespace Host

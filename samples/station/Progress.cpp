@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#include "Progress.h"
+
+namespace Station
+{
+
+// Without a record nothing is written anywhere.
+CPublishedRun::CPublishedRun(bool isPublished, const System::UnicodeString& title)
+    : mInfo(!isPublished, RunRecord, 0)
+{
+    mInfo.Prepare(0, false, false, title, u"", u"", u"", 0);
+}
+
+CPublishedRun::~CPublishedRun()
+{
+    if (!mIsFinished) {
+        mInfo.setMessage(u"failed");
+    }
+}
+
+void CPublishedRun::Start(System::Int64 turns)
+{
+    mInfo.Start(turns);
+}
+
+void CPublishedRun::AddTurn(const System::UnicodeString& text)
+{
+    mInfo.setText1(text);
+    mInfo.IncPosition();
+}
+
+void CPublishedRun::Finish()
+{
+    mInfo.SetProgressEndPosition();
+    mInfo.setMessage(RunDone);
+    mIsFinished = true;
+}
+
+} // namespace Station

@@ -1,0 +1,35 @@
+# What the scripts share that run stations side by side; `script` is their name, `outputs` the files that tell about a
+# fault.
+
+jobs=()
+trap 'for job in "${jobs[@]}"; do kill "$job" 2>/dev/null || true; done' EXIT
+
+fail() {
+    echo "$script: $1" >&2
+    tail -n 50 "${outputs[@]}" >&2 || true
+    exit 1
+}
+
+# The process must end with the code.
+expect_end() {
+    local code=0
+    wait "$1" || code=$?
+    [ "$code" -eq "$2" ] || fail "ended with $code, not $2"
+}
+
+expect() {
+    grep -Eq -- "$2" "$1" || fail "'$1' has no '$2'"
+}
+
+expect_no() {
+    ! grep -Eq -- "$2" "$1" || fail "'$1' has '$2'"
+}
+
+# Waits until a file has a line.
+await() {
+    for ((i = 0; i < 1000; ++i)); do
+        ! grep -Eqs -- "$2" "$1" || return 0
+        sleep 0.02
+    done
+    fail "'$1' never gets '$2'"
+}
