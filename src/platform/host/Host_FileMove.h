@@ -21,7 +21,7 @@ inline constexpr System::LongWord MOVEFILE_COPY_ALLOWED = 2;
 TRS8_BTL_API bool DeleteFileW(const System::UnicodeString& file);
 
 /// Moves a file, link or folder, the first two also to another device, by a copy; fails with 183 if `to`
-/// exists.
+/// exists, and with 32 if somebody writes to the file while it is copied.
 TRS8_BTL_API bool MoveFileW(const System::UnicodeString& from, const System::UnicodeString& to);
 /// As `MoveFileW`, but with `MOVEFILE_REPLACE_EXISTING` the file moves onto one that exists, and without
 /// `MOVEFILE_COPY_ALLOWED` another device fails with 17, which it always does for folders.

@@ -83,8 +83,8 @@ public:
         }
         if (!target.folder.IsOpen()) {
             mWatcher.PassOver(path, target.error);
-        } else if (target.isNew && isKnown) {
-            CopyPermissionsAndTimes(status, target.folder.Get());
+        } else if (struct stat made; target.isNew && isKnown && target.folder.Query(made)) {
+            CopyPermissionsAndTimes(status, target.folder.Get(), made);
         }
     }
 

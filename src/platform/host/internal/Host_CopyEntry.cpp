@@ -60,57 +60,70 @@ bool MoveOver(const FilePlace& from, const FilePlace& to)
     return renameat(from.folder, from.name, to.folder, to.name) == 0 || (FailAt(to), GiveUp(from));
 }
 
-bool FillFrom(int source, const struct stat& status, int target)
+/// A file that is open and what the host tells of it.
+struct OpenedFile
 {
-    if (!CopyContent(source, status, target)) {
+    OpenedFile(const FilePlace& file, unsigned access, unsigned share, Disposition disposition, Links links)
+        : descriptor(OpenAt(file, access, share, disposition, links, status))
+    {
+    }
+
+    bool IsOpen() const noexcept { return descriptor.IsOpen(); }
+
+    struct stat status = {};
+    Descriptor descriptor;
+};
+
+bool Fill(const OpenedFile& target, const OpenedFile& source)
+{
+    if (!CopyContent(source.descriptor.Get(), source.status, target.descriptor.Get())) {
         return false;
     }
-    CopyPermissionsAndTimes(status, target);
+    CopyPermissionsAndTimes(source.status, target.descriptor.Get(), target.status);
     return true;
 }
 
-bool CopyToNew(const Descriptor& source, const struct stat& status, const FilePlace& to)
+bool CopyToNew(const OpenedFile& source, const FilePlace& to)
 {
-    const Descriptor target = OpenAt(to, WriteAccess, 0, Disposition::CreateNew, Links::Refuse);
-    return target.IsOpen() && (FillFrom(source.Get(), status, target.Get()) || GiveUp(to));
+    const OpenedFile target(to, WriteAccess, 0, Disposition::CreateNew, Links::Refuse);
+    return target.IsOpen() && (Fill(target, source) || GiveUp(to));
 }
 
 /// `former` is what has the name, if that is a file.
-bool CopyToSuccessor(const Descriptor& source, const struct stat& status, const FilePlace& to,
-                     const Descriptor& former)
+bool CopyToSuccessor(const OpenedFile& source, const FilePlace& to, const OpenedFile* former)
 {
     const SpareName spare(to);
     const FilePlace place = spare.Place();
-    const Descriptor target = OpenAt(place, WriteAccess, 0, Disposition::CreateNew, Links::Refuse);
+    OpenedFile target(place, WriteAccess, 0, Disposition::CreateNew, Links::Refuse);
     if (!target.IsOpen()) {
         // Who may write a file can perhaps not write its folder.
-        return former.IsOpen() && GetLastError() == ERROR_ACCESS_DENIED && SetSize(former.Get(), 0) &&
-               FillFrom(source.Get(), status, former.Get());
+        return former != nullptr && GetLastError() == ERROR_ACCESS_DENIED &&
+               SetSize(former->descriptor.Get(), 0) && Fill(*former, source);
     }
     // An owner that can't be kept is no reason to keep the old content.
-    if (former.IsOpen() && !TakeOver(former.Get(), target.Get())) {
-        SetLastError(ERROR_SUCCESS);
+    if (former != nullptr && TakeOver(former->descriptor.Get(), target.descriptor.Get())) {
+        target.status = former->status;
     }
-    return (FillFrom(source.Get(), status, target.Get()) || GiveUp(place)) && MoveOver(place, to);
+    return (Fill(target, source) || GiveUp(place)) && MoveOver(place, to);
 }
 
-bool CopyOnto(const Descriptor& source, const struct stat& status, const FilePlace& to)
+bool CopyOnto(const OpenedFile& source, const FilePlace& to)
 {
     struct stat taken;
     if (fstatat(to.folder, to.name, &taken, AT_SYMLINK_NOFOLLOW) != 0) {
         return FailAt(to);
     }
     if (S_ISLNK(taken.st_mode)) {
-        return CopyToSuccessor(source, status, to, Descriptor());
+        return CopyToSuccessor(source, to, nullptr);
     }
     if (!S_ISREG(taken.st_mode)) {
         return Fail(ERROR_ACCESS_DENIED);
     }
-    if (IsSameFile(status, taken)) {
+    if (IsSameFile(source.status, taken)) {
         return Fail(ERROR_SHARING_VIOLATION);
     }
-    const Descriptor former = OpenAt(to, WriteAccess, 0, Disposition::Open, Links::Refuse);
-    return former.IsOpen() && CopyToSuccessor(source, status, to, former);
+    const OpenedFile former(to, WriteAccess, 0, Disposition::Open, Links::Refuse);
+    return former.IsOpen() && CopyToSuccessor(source, to, &former);
 }
 
 bool LinkTo(const std::string& target, const FilePlace& place)
@@ -128,23 +141,22 @@ bool LinkOver(const std::string& target, const FilePlace& to)
 
 bool CopyFileAt(const FilePlace& from, const FilePlace& to, Existing existing, Links links)
 {
-    const Descriptor source = OpenAt(from, ReadAccess, ReadAccess | WriteAccess, Disposition::Open, links);
+    OpenedFile source(from, ReadAccess, ReadAccess | WriteAccess, Disposition::Open, links);
     if (!source.IsOpen()) {
         return false;
     }
-    struct stat status;
-    if (fstat(source.Get(), &status) != 0) {
+    // Once more: the opening wrote what was gathered for the file.
+    if (fstat(source.descriptor.Get(), &source.status) != 0) {
         return FailErrno();
     }
     // A pipe or a device has no end to copy to.
-    if (!S_ISREG(status.st_mode)) {
+    if (!S_ISREG(source.status.st_mode)) {
         return Fail(ERROR_ACCESS_DENIED);
     }
-    if (CopyToNew(source, status, to)) {
+    if (CopyToNew(source, to)) {
         return true;
     }
-    return GetLastError() == ERROR_FILE_EXISTS && existing == Existing::Replace &&
-           CopyOnto(source, status, to);
+    return GetLastError() == ERROR_FILE_EXISTS && existing == Existing::Replace && CopyOnto(source, to);
 }
 
 bool CopyLinkAt(const FilePlace& from, const FilePlace& to, Existing existing)
@@ -172,12 +184,10 @@ bool CopyLinkAt(const FilePlace& from, const FilePlace& to, Existing existing)
     return true;
 }
 
-void CopyPermissionsAndTimes(const struct stat& status, int target)
+void CopyPermissionsAndTimes(const struct stat& status, int target, const struct stat& made)
 {
-    struct stat made;
     // Who runs with the rights of a file's owner must not get those of another one by a copy.
-    const bool hasSameOwner =
-        fstat(target, &made) == 0 && made.st_uid == status.st_uid && made.st_gid == status.st_gid;
+    const bool hasSameOwner = made.st_uid == status.st_uid && made.st_gid == status.st_gid;
     fchmod(target, status.st_mode & (hasSameOwner ? 07777U : 0777U));
     const timespec times[] = {status.st_atim, status.st_mtim};
     futimens(target, times);

@@ -29,8 +29,8 @@ enum class Existing
 /// Makes the link `from` once more, with its times; where it leads isn't looked at.
 [[nodiscard]] bool CopyLinkAt(const FilePlace& from, const FilePlace& to, Existing existing);
 
-/// Gives an open file or folder the permissions and times in `status`.
-void CopyPermissionsAndTimes(const struct stat& status, int target);
+/// Gives an open file or folder, of which the host tells `made`, the permissions and times in `status`.
+void CopyPermissionsAndTimes(const struct stat& status, int target, const struct stat& made);
 
 /// Deletes a file or a link; a file with the read-only attribute is refused with 5.
 [[nodiscard]] bool DeleteFileAt(const FilePlace& file);

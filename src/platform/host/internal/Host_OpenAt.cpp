@@ -45,8 +45,12 @@ int OpenFlags(unsigned access, Disposition disposition, Links links)
     return flags;
 }
 
-void BlockAgain(int descriptor)
+/// A plain file never makes anybody wait.
+void BlockAgain(int descriptor, const struct stat& status)
 {
+    if (S_ISREG(status.st_mode)) {
+        return;
+    }
     const int flags = fcntl(descriptor, F_GETFL);
     if (flags != -1) {
         fcntl(descriptor, F_SETFL, flags & ~O_NONBLOCK);
@@ -74,6 +78,13 @@ bool MayUse(const Descriptor& file, const struct stat& status, unsigned access, 
 Descriptor OpenAt(const FilePlace& file, unsigned access, unsigned share, Disposition disposition,
                   Links links)
 {
+    struct stat status;
+    return OpenAt(file, access, share, disposition, links, status);
+}
+
+Descriptor OpenAt(const FilePlace& file, unsigned access, unsigned share, Disposition disposition,
+                  Links links, struct stat& status)
+{
     const int flags = OpenFlags(access, disposition, links);
     Descriptor opened = AboveStandardStreams(
         Descriptor(Uninterrupted([&] { return openat(file.folder, file.name, flags, 0666); })));
@@ -81,7 +92,6 @@ Descriptor OpenAt(const FilePlace& file, unsigned access, unsigned share, Dispos
         errno == EEXIST ? Fail(ERROR_FILE_EXISTS) : FailAt(file);
         return Descriptor();
     }
-    struct stat status;
     if (fstat(opened.Get(), &status) != 0) {
         FailErrno();
         return Descriptor();
@@ -98,7 +108,7 @@ Descriptor OpenAt(const FilePlace& file, unsigned access, unsigned share, Dispos
         }
         AgeBuffersOf(opened.Get());
     }
-    BlockAgain(opened.Get());
+    BlockAgain(opened.Get(), status);
     return opened;
 }
 
