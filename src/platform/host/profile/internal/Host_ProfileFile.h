@@ -32,6 +32,8 @@ struct FileState
     timespec modified{};
     timespec changed{};
     mode_t mode = 0;
+    /// Of a file that was deleted or replaced while it is open, one less than before.
+    nlink_t names = 0;
 
     [[nodiscard]] bool operator==(const FileState& other) const noexcept;
     /// Whether a change that comes from now on can't leave the state as it is: the times of files move in
