@@ -89,8 +89,8 @@ public:
         mLast = image;
         // A link may lead to the file of a bundle now, and elsewhere in a moment.
         const auto entry = mEntries.find(path);
-        const bool isDirect = entry != mEntries.end() && entry->second.image == image &&
-                              (mBundled.empty() || IsBundled(image));
+        const bool isDirect =
+            entry != mEntries.end() && entry->second.image == image && (mBundled.empty() || IsBundled(image));
         mLastName = isDirect && IsFixed(file.AsView()) ? file : UnicodeString();
         return image;
     }

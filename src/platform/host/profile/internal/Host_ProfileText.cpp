@@ -8,7 +8,6 @@
 #include <cstdint>
 #include <cstring>
 
-#include <unicode/uchar.h>
 #include <unicode/utf16.h>
 
 namespace Host
@@ -27,12 +26,6 @@ namespace
 constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view Utf16Mark = "\xFF\xFE";
 constexpr std::string_view Utf16BigEndianMark = "\xFE\xFF";
-
-char16_t Folded(char16_t c)
-{
-    return c < 0x80 ? System::Detail::AsciiLower(c)
-                    : static_cast<char16_t>(u_foldCase(static_cast<UChar32>(c), U_FOLD_CASE_DEFAULT));
-}
 
 /// Takes a character from the front; a byte that begins none is taken alone and gives nothing.
 std::optional<char32_t> TakeCharacter(std::string_view& bytes)
@@ -261,21 +254,6 @@ bool IsStorable(const ProfileChange& change)
 {
     return !change.value || (IsStorableSection(change.section) && change.key && IsStorableKey(*change.key) &&
                              IsOneLine(*change.value));
-}
-
-std::size_t NameHash::operator()(View name) const noexcept
-{
-    std::uint64_t hash = 0xCBF29CE484222325;
-    for (const char16_t c : name) {
-        hash = (hash ^ Folded(c)) * 0x100000001B3;
-    }
-    return static_cast<std::size_t>(hash ^ hash >> 32);
-}
-
-bool NameEqual::operator()(View a, View b) const noexcept
-{
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char16_t c, char16_t d) { return c == d || Folded(c) == Folded(d); });
 }
 
 ProfileText::ProfileText(std::string_view bytes)

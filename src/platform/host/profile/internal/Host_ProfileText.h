@@ -3,7 +3,9 @@
 
 #include "platform/host/profile/Host_Profile.h"
 #include "platform/host/profile/internal/Host_ProfileIndex.h"
+#include "platform/host/profile/internal/Host_ProfileName.h"
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -30,16 +32,6 @@ struct ProfileChange
 
 /// Whether the change leads to lines that read back as its texts and nothing else.
 [[nodiscard]] TRS8_BTL_API bool IsStorable(const ProfileChange& change);
-
-/// Names that differ in case alone are one; the rule is that of Unicode, character by character.
-struct TRS8_BTL_API NameHash
-{
-    std::size_t operator()(std::u16string_view name) const noexcept;
-};
-struct TRS8_BTL_API NameEqual
-{
-    bool operator()(std::u16string_view a, std::u16string_view b) const noexcept;
-};
 
 class TRS8_BTL_API ProfileText
 {

@@ -42,8 +42,8 @@ bool IsOnLocalDisk(int file)
     constexpr std::array<std::uint32_t, 5> known{EXT4_SUPER_MAGIC, XFS_SUPER_MAGIC, BTRFS_SUPER_MAGIC,
                                                  F2FS_SUPER_MAGIC, TMPFS_MAGIC};
     struct statfs status;
-    return fstatfs(file, &status) == 0 && std::find(known.begin(), known.end(),
-                                                    static_cast<std::uint32_t>(status.f_type)) != known.end();
+    return fstatfs(file, &status) == 0 &&
+           std::find(known.begin(), known.end(), static_cast<std::uint32_t>(status.f_type)) != known.end();
 }
 
 } // namespace
