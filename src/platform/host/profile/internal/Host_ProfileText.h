@@ -94,9 +94,38 @@ private:
         LineEnd end = LineEnd::None;
     };
     using Place = ProfilePlace;
+    /// Any thread that reads may note it. A copy begins without.
+    class LastPlace
+    {
+    public:
+        LastPlace() = default;
+        LastPlace(const LastPlace&) noexcept {}
+        LastPlace& operator=(const LastPlace&) noexcept
+        {
+            Forget();
+            return *this;
+        }
+        ~LastPlace() = default;
+
+        void Note(const Place& place) noexcept
+        {
+            mPlace.store(std::uint64_t{place.section} << 32 | place.line, std::memory_order_relaxed);
+        }
+        void Forget() noexcept { Note({}); }
+        /// In front of the first section, where nobody finds a key, if there is none.
+        [[nodiscard]] Place Get() const noexcept
+        {
+            const std::uint64_t place = mPlace.load(std::memory_order_relaxed);
+            return PlaceAt(place >> 32, place & UINT32_MAX);
+        }
+
+    private:
+        std::atomic<std::uint64_t> mPlace{0};
+    };
     struct Section
     {
         Line header;
+        std::u16string_view name;
         std::vector<Line> lines;
         std::size_t group;
     };
@@ -127,6 +156,9 @@ private:
     {
         return mSections[place.section].lines[place.line];
     }
+    /// The place behind the key that was found last, if it is in the section; most programs read the keys in
+    /// the order of the file.
+    [[nodiscard]] std::optional<Place> NextPlace(std::u16string_view section) const;
     [[nodiscard]] bool IsFirstOfKey(const Group& group, const Place& place) const;
 
     bool Set(std::u16string_view section, std::u16string_view key, std::u16string_view value);
@@ -153,6 +185,7 @@ private:
     bool mHasForeignBytes = false;
     std::size_t mLiveLines = 0;
     std::size_t mDeadLines = 0;
+    mutable LastPlace mLast;
 };
 
 namespace Detail
