@@ -120,6 +120,7 @@ template <class Text>
 std::vector<Text> Names(const char* prefix, int count)
 {
     std::vector<Text> names;
+    names.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
         names.emplace_back((prefix + std::to_string(i)).c_str());
     }

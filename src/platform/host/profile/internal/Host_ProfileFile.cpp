@@ -15,13 +15,13 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdint>
+#include <ctime>
 #include <functional>
 #include <thread>
 #include <tuple>
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <time.h>
 
 namespace Host
 {

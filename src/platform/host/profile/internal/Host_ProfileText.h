@@ -163,7 +163,7 @@ private:
 
     bool Set(std::u16string_view section, std::u16string_view key, std::u16string_view value);
     bool SetLine(const Place& place, const std::u16string& value);
-    void InsertKey(Group& group, const std::u16string& line);
+    void InsertKey(Group& group, const std::u16string& text);
     void AppendSection(std::u16string_view name);
     void EndLastLine();
     bool DeleteKey(std::u16string_view section, std::u16string_view key);
