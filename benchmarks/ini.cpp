@@ -120,6 +120,7 @@ template <class Text>
 std::vector<Text> Names(const char* prefix, int count)
 {
     std::vector<Text> names;
+    names.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
         names.emplace_back((prefix + std::to_string(i)).c_str());
     }
@@ -286,7 +287,14 @@ BENCHMARK(LoadSimple)->Name("load_ini/SimpleIni")->Unit(benchmark::kMillisecond)
 BENCHMARK(LoadSimple)->Name("load_stream/SimpleIni")->Unit(benchmark::kMillisecond);
 #endif
 
-/// 1,000 writes of single keys into one file of as many.
+/// How many single keys are written into one file of 1,000; 10,000 by `TRS8_BTL_WRITES=10000`, which takes
+/// minutes.
+int WriteCount()
+{
+    const char* const count = std::getenv("TRS8_BTL_WRITES");
+    return count == nullptr ? 1000 : std::atoi(count);
+}
+
 template <class Write>
 void WriteKeys(benchmark::State& state, Write write)
 {
@@ -294,14 +302,14 @@ void WriteKeys(benchmark::State& state, Write write)
     for (auto run : state) {
         write(UnicodeString(sample.Path()), sample.Path().string());
     }
-    state.SetItemsProcessed(state.iterations() * 1000);
+    state.SetItemsProcessed(state.iterations() * WriteCount());
 }
 
 void WriteSingly(BTL::AIni& ini)
 {
-    for (int i = 0; i < 1000; ++i) {
+    for (int i = 0; i < WriteCount(); ++i) {
         ini.setSection(u"Section" + UnicodeString(i % 10));
-        ini.WriteInt(u"Key" + UnicodeString(i / 10), std::rand());
+        ini.WriteInt(u"Key" + UnicodeString(i / 10 % KeysPerSection), std::rand());
     }
 }
 
@@ -332,8 +340,9 @@ void WriteQt(benchmark::State& state)
 {
     WriteKeys(state, [](const UnicodeString&, const std::string& path) {
         QSettings ini(QString::fromStdString(path), QSettings::IniFormat);
-        for (int i = 0; i < 1000; ++i) {
-            ini.setValue(QStringLiteral("Section%1/Key%2").arg(i % 10).arg(i / 10), std::rand());
+        for (int i = 0; i < WriteCount(); ++i) {
+            ini.setValue(QStringLiteral("Section%1/Key%2").arg(i % 10).arg(i / 10 % KeysPerSection),
+                         std::rand());
             ini.sync();
         }
     });

@@ -17,6 +17,8 @@ std::vector<std::pair<UnicodeString, UnicodeString>> AllOf(const ProfileText& te
         all.emplace_back(section, UnicodeString());
         text.ForEachEntry(section, [&](std::u16string_view key, std::u16string_view value) {
             all.emplace_back(text.Shown(key), text.ShownValue(value));
+            // Key after key goes another way than one alone.
+            Require(text.Find(section, key) == all.back().second);
         });
     }
     return all;

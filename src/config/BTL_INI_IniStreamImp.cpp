@@ -74,17 +74,6 @@ void CheckEntry(const UnicodeString& section, const UnicodeString& key, const Un
     }
 }
 
-template <class Map, class Part>
-void AddTo(TStrings* list, const Map& map, Part part)
-{
-    for (const auto& entry : map) {
-        list->Add(part(entry));
-    }
-}
-
-constexpr auto FirstOf = [](const auto& entry) -> const UnicodeString& { return entry.first; };
-constexpr auto SecondOf = [](const auto& entry) -> const UnicodeString& { return entry.second; };
-
 } // namespace
 
 CIniStreamImp::CIniStreamImp(const UnicodeString& file, Int64 userId)
@@ -167,13 +156,12 @@ void CIniStreamImp::CheckSavable() const
 {
     CheckHeadline(mHeadline);
     for (const auto& [name, section] : *mSections) {
-        const CSection& entries = *section;
-        if (!entries.empty()) {
+        if (!section->empty()) {
             CheckSection(name);
         }
-        for (const auto& [key, value] : entries) {
+        section->ForEach([&name = name](const UnicodeString& key, const UnicodeString& value) {
             CheckEntry(name, key, value);
-        }
+        });
     }
 }
 
@@ -182,7 +170,6 @@ void CIniStreamImp::SaveValues(TStream* stream, EValues values)
     if (stream == nullptr) {
         return;
     }
-    constexpr std::string_view lineEnd = "\r\n";
     CSaver saver(*stream);
     // Nothing is written before all is checked. Closures are called for a stream with all that stands before,
     // so the check goes ahead of them; else both are one way through the entries, which may be many.
@@ -198,8 +185,7 @@ void CIniStreamImp::SaveValues(TStream* stream, EValues values)
     }
     int index = 0;
     for (const auto& [name, section] : *mSections) {
-        const CSection& entries = *section;
-        if (entries.empty()) {
+        if (section->empty()) {
             continue;
         }
         if (mOnSaveSection) {
@@ -212,21 +198,23 @@ void CIniStreamImp::SaveValues(TStream* stream, EValues values)
         saver.Put("[");
         saver.Put(name, EValues::CodePage);
         saver.Put("]\r\n");
-        for (const auto& [key, value] : entries) {
-            if (mOnSaveKey) {
+        if (mOnSaveKey) {
+            section->ForEachInSteps([&, &entries = *section](const UnicodeString& key) {
                 saver.Flush();
-                mOnSaveKey(AnsiString(key), AnsiString(value), index);
-            }
-            ++index;
-            if (!mustStep) {
-                CheckEntry(name, key, value);
-            }
-            saver.Put(key, EValues::CodePage);
-            saver.Put("=");
-            saver.Put(value, values);
-            saver.Put(lineEnd);
+                mOnSaveKey(AnsiString(key), AnsiString(entries.Find(key)->value), index++);
+                if (const auto* const entry = entries.Find(key)) {
+                    saver.PutEntry(key, entry->value, values);
+                }
+            });
+        } else {
+            section->ForEach([&, &name = name](const UnicodeString& key, const UnicodeString& value) {
+                if (!mustStep) {
+                    CheckEntry(name, key, value);
+                }
+                saver.PutEntry(key, value, values);
+            });
         }
-        saver.Put(lineEnd);
+        saver.Put("\r\n");
     }
     saver.Flush();
 }
@@ -271,12 +259,13 @@ void CIniStreamImp::GetStrings(TStrings* lines) const
         return;
     }
     for (const auto& [name, section] : *mSections) {
-        const CSection& entries = *section;
-        if (entries.empty()) {
+        if (section->empty()) {
             continue;
         }
         lines->Add(u'[' + name + u']');
-        AddTo(lines, entries, [](const auto& entry) { return entry.first + u'=' + entry.second; });
+        section->ForEach([lines](const UnicodeString& key, const UnicodeString& value) {
+            lines->Add(key + u'=' + value);
+        });
         lines->Add(UnicodeString());
     }
 }
@@ -340,18 +329,20 @@ bool CIniStreamImp::SectionExists(const UnicodeString& section)
 bool CIniStreamImp::KeyExists(const UnicodeString& section, const UnicodeString& key)
 {
     const CSection* found = FindSection(section);
-    return found != nullptr && found->Contains(key);
+    return found != nullptr && found->Find(key) != nullptr;
 }
 
 bool CIniStreamImp::KeyExists2(const UnicodeString& key)
 {
-    return mCurrent != nullptr && mCurrent->Contains(key);
+    return mCurrent != nullptr && mCurrent->Find(key) != nullptr;
 }
 
 void CIniStreamImp::ReadSections(TStrings* sections)
 {
     if (sections != nullptr) {
-        AddTo(sections, *mSections, FirstOf);
+        for (const auto& [name, section] : *mSections) {
+            sections->Add(name);
+        }
     }
 }
 
@@ -359,7 +350,7 @@ void CIniStreamImp::ReadKeys(const UnicodeString& section, TStrings* keys)
 {
     const CSection* found = FindSection(section);
     if (found != nullptr && keys != nullptr) {
-        AddTo(keys, *found, FirstOf);
+        found->ForEach([keys](const UnicodeString& key, const UnicodeString&) { keys->Add(key); });
     }
 }
 
@@ -367,7 +358,7 @@ void CIniStreamImp::ReadValues(const UnicodeString& section, TStrings* values)
 {
     const CSection* found = FindSection(section);
     if (found != nullptr && values != nullptr) {
-        AddTo(values, *found, SecondOf);
+        found->ForEach([values](const UnicodeString&, const UnicodeString& value) { values->Add(value); });
     }
 }
 
@@ -375,14 +366,14 @@ void CIniStreamImp::EraseSection(const UnicodeString& section)
 {
     const auto found = mSections->find(section);
     if (found != mSections->end()) {
-        found->second->clear();
+        found->second->Clear();
     }
 }
 
 void CIniStreamImp::DeleteKey(const UnicodeString& key)
 {
     if (mCurrent != nullptr) {
-        mCurrent->erase(key);
+        mCurrent->Remove(key);
     }
 }
 
@@ -391,9 +382,8 @@ UnicodeString CIniStreamImp::ReadString(const UnicodeString& key, const UnicodeS
     if (mCurrent == nullptr) {
         return defaultValue;
     }
-    const CSection& section = *mCurrent;
-    const auto found = section.find(key);
-    return found == section.end() ? defaultValue : found->second;
+    const auto* const entry = mCurrent->Find(key);
+    return entry == nullptr ? defaultValue : entry->value;
 }
 
 void CIniStreamImp::WriteString(const UnicodeString& key, const UnicodeString& value)

@@ -7,6 +7,8 @@
 
 #include <fstream>
 #include <iterator>
+#include <map>
+#include <random>
 #include <string>
 #include <tuple>
 #include <utility>
@@ -344,6 +346,69 @@ TEST(IniStreamImpTest, AClosureMayUseTheStoreWhileItIsLoaded)
     });
     store.Load();
     EXPECT_EQ(Content(store), (Lines{u"[a]", u"y=2", u"[b]", u"z=3"}));
+}
+
+TEST(IniStreamImpTest, AClosureMayChangeTheSectionThatIsSaved)
+{
+    TBytes stream("[a]\r\nb=1\r\nc=2\r\nd=3\r\ne=4\r\n");
+    CIniStreamImp store(&stream);
+    store.Load();
+    store.SetSection(u"a");
+    store.setOnSaveKey([&](const AnsiString& key, const AnsiString&, int) {
+        if (key == "b") {
+            store.WriteString(u"b", u"changed");
+            store.WriteString(u"a", u"too late");
+            store.WriteString(u"b2", u"in time");
+            store.DeleteKey(u"c");
+        } else if (key == "d") {
+            store.DeleteKey(u"d");
+            store.WriteString(u"f", u"5");
+        }
+    });
+    store.Save();
+    EXPECT_EQ(stream.AsView(), "[a]\r\nb=changed\r\nb2=in time\r\ne=4\r\nf=5\r\n\r\n");
+    store.setOnSaveKey([&](const AnsiString&, const AnsiString&, int) { store.EraseSection(u"a"); });
+    store.Save();
+    EXPECT_EQ(stream.AsView(), "[a]\r\n\r\n");
+}
+
+TEST(IniStreamImpTest, KeepsManyKeysInOrder)
+{
+    std::map<UnicodeString, UnicodeString> expected;
+    CIniStreamImp store(nullptr);
+    store.SetSection(u"a");
+    std::mt19937 random(1);
+    const auto contentOf = [](const auto& map) {
+        Lines lines{u"[a]"};
+        for (const auto& [key, value] : map) {
+            lines.emplace_back((key + u'=' + value).AsView());
+        }
+        return lines;
+    };
+    // Grows for the most part, then shrinks.
+    for (const unsigned deletions : {2U, 9U}) {
+        for (int i = 0; i < 5000; ++i) {
+            const UnicodeString key(random() % 4000);
+            if (random() % 10 < deletions) {
+                store.DeleteKey(key);
+                expected.erase(key);
+            } else {
+                store.WriteString(key, UnicodeString(i));
+                expected[key] = UnicodeString(i);
+            }
+            const UnicodeString other(random() % 4000);
+            const auto found = expected.find(other);
+            ASSERT_EQ(store.ReadString(other, u"none"), found == expected.end() ? u"none" : found->second);
+        }
+        EXPECT_EQ(Content(store), contentOf(expected));
+        EXPECT_EQ(store.GetItemCount(u"a"), static_cast<int>(expected.size()));
+    }
+    for (const auto& [key, value] : expected) {
+        store.DeleteKey(key);
+    }
+    EXPECT_EQ(store.GetItemCount(), 0);
+    store.WriteString(u"x", u"1");
+    EXPECT_EQ(Content(store), (Lines{u"[a]", u"x=1"}));
 }
 
 TEST(IniStreamImpTest, NoSectionIsTheCurrentOneAfterALoad)

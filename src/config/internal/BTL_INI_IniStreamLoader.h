@@ -85,7 +85,6 @@ public:
             mStore.mOnLoadSection(System::AnsiString(name), Detail::ToldPlace(mStream.getPosition()));
         }
         mSection = &mStore.NeedSection(mName);
-        mBehind = std::as_const(*mSection).end();
     }
 
     void OnKey(std::string_view keyBytes, std::string_view valueBytes)
@@ -94,8 +93,7 @@ public:
         System::UnicodeString key = mKeys.Decoded(System::DefaultSystemCodePage, WithoutBlanks(keyBytes));
         System::UnicodeString value = Detail::Unquoted(mValues.Decoded(mCodePage, WithoutBlanks(valueBytes)));
         if (!mStore.mOnLoadKey) {
-            // Keys often come in their order.
-            mBehind = mSection->Set(mBehind, std::move(key), std::move(value));
+            mSection->Set(std::move(key), std::move(value));
             return;
         }
         mStore.NeedSection(mName).Set(key, value);
@@ -109,7 +107,6 @@ private:
     System::CodePage mCodePage;
     System::UnicodeString mName;
     CSection* mSection = nullptr;
-    CSection::const_iterator mBehind;
     Detail::CTextCache mKeys;
     Detail::CTextCache mValues;
 };

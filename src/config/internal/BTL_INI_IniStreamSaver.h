@@ -61,6 +61,13 @@ public:
     {
         values == EValues::Utf8 ? Put(System::ToUtf8(text)) : Put(System::AnsiString(text).AsView());
     }
+    void PutEntry(const System::UnicodeString& key, const System::UnicodeString& value, EValues values)
+    {
+        Put(key, EValues::CodePage);
+        Put("=");
+        Put(value, values);
+        Put("\r\n");
+    }
     /// Empties the stream, unless that was done, and writes what is gathered.
     void Flush()
     {

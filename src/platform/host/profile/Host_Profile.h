@@ -20,8 +20,14 @@
 // other keeps its line ends. What a write doesn't concern stays byte for byte.
 //
 // A write is on the disk when the call returns, and all of it: the file is replaced in one step, under a lock
-// against other writers, and keeps its owner, mode and access list. Links are followed. What other programs
-// write shows at the next call. All calls may be made by any thread.
+// against other writers, and keeps its owner, mode and access list. Links are followed. All calls may be made
+// by any thread.
+//
+// Each call asks the host whether the file is what it was, so that it sees what other programs did: what they
+// wrote into the file, put in its place or deleted, and where they made a link lead. Only a folder along the
+// path that was moved away for another one, or mounted over, may show as late as 20 ms after that. The file
+// that is read often, no other one, is held open for its state, until it is written, another profile file is
+// used or it is read again after a pause; that locks out nobody, but its file system can't be unmounted.
 //
 //     WritePrivateProfileStringW(u"Run", u"Channels", u"4", u"station.ini");
 //     const int count = GetPrivateProfileIntW(u"Run", u"Channels", 1, u"station.ini");

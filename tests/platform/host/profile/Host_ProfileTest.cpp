@@ -6,7 +6,9 @@
 #include "platform/host/Host_File.h"
 #include "support/AccessList.h"
 #include "support/ChildProgram.h"
+#include "support/SecondProcess.h"
 
+#include <algorithm>
 #include <array>
 
 #include <sys/stat.h>
@@ -298,6 +300,78 @@ TEST_F(HostProfileTest, SeesWhatOthersWroteAtTheNextCall)
     EXPECT_EQ(Get(u"s", u"k"), u"<none>");
     ASSERT_TRUE(Set(u"s", u"l", u"1"));
     EXPECT_EQ(Read("a.ini"), "[s]\r\nl=1\r\n");
+}
+
+TEST_F(HostProfileTest, SeesEachWriteOfAnotherWhileItReadsOften)
+{
+    ASSERT_TRUE(Set(u"s", u"k", u"0"));
+    Support::SecondProcess writer([&](int tell) {
+        for (int i = 1; i <= 50; ++i) {
+            static_cast<void>(Set(u"s", u"k", UnicodeString(i)));
+            Support::SecondProcess::Tell(tell);
+            // By turns in place of the former one, before its times have settled and behind that.
+            usleep(i % 2 == 0 ? 0 : 40'000);
+        }
+    });
+    for (int i = 1; i <= 50; ++i) {
+        for (int k = 0; k < 100; ++k) {
+            ASSERT_GE(Host::ReadProfileNumber(mFile, u"s", u"k", -1), i - 1);
+        }
+        ASSERT_TRUE(writer.Await());
+        ASSERT_GE(Host::ReadProfileNumber(mFile, u"s", u"k", -1), i);
+    }
+}
+
+TEST_F(HostProfileTest, HoldsNoOtherFileThanTheOneThatIsRead)
+{
+    const auto openings = [this](const std::string& name) {
+        const std::filesystem::directory_iterator descriptors("/proc/self/fd");
+        return std::count_if(begin(descriptors), end(descriptors), [&](const auto& descriptor) {
+            std::error_code isGone;
+            return read_symlink(descriptor.path(), isGone) == Host(name);
+        });
+    };
+    const auto readOften = [this](const UnicodeString& name) {
+        for (int i = 0; i < 1000; ++i) {
+            static_cast<void>(Host::ReadProfileValue(Name(name), u"s", u"k"));
+        }
+    };
+    Write("a.ini", "[s]\nk=1\n");
+    Write("b.ini", "[s]\nk=1\n");
+    usleep(40'000);
+    readOften(u"a.ini");
+    EXPECT_LE(openings("a.ini"), 1);
+    readOften(u"b.ini");
+    EXPECT_EQ(openings("a.ini"), 0);
+    EXPECT_LE(openings("b.ini"), 1);
+    EXPECT_TRUE(Host::WriteProfileValue(Name(u"b.ini"), u"s", u"k", u"2"));
+    EXPECT_EQ(openings("b.ini"), 0);
+}
+
+TEST_F(HostProfileTest, FindsKeysInAnyOrder)
+{
+    const char* const texts[] = {"[s]\na=1\nb=2\n;c=0\n\nc=3\nd=4\n[t]\na=5\nb=6\n",
+                                 "[s]\na=1\nb=2\nA=0\nc=3\n[t]\na=5\n[S]\nd=4\nb=0\n[T]\nb=6\n"};
+    const std::pair<const char16_t*, const char16_t*> keys[] = {{u"s", u"a"}, {u"s", u"b"}, {u"s", u"c"},
+                                                                {u"s", u"d"}, {u"t", u"a"}, {u"t", u"b"}};
+    for (const char* const text : texts) {
+        SCOPED_TRACE(text);
+        Write("a.ini", text);
+        for (std::size_t first = 0; first < std::size(keys); ++first) {
+            for (std::size_t second = 0; second < std::size(keys); ++second) {
+                EXPECT_EQ(Get(keys[first].first, keys[first].second), UnicodeString(first + 1));
+                EXPECT_EQ(Get(keys[first].first, u""), u"<none>");
+                EXPECT_EQ(Get(keys[second].first, keys[second].second), UnicodeString(second + 1));
+                EXPECT_EQ(Get(keys[second].first, u"x"), u"<none>");
+            }
+        }
+    }
+    Host::ProfileBundle bundle(mFile);
+    EXPECT_EQ(Get(u"s", u"a"), u"1");
+    EXPECT_TRUE(Host::DeleteProfileSection(mFile, u"s"));
+    EXPECT_EQ(Get(u"s", u"b"), u"<none>");
+    EXPECT_TRUE(Set(u"s", u"b", u"7"));
+    EXPECT_EQ(Get(u"s", u"b"), u"7");
 }
 
 TEST_F(HostProfileTest, CountsABareNameFromTheCurrentFolder)

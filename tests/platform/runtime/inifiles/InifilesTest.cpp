@@ -7,6 +7,7 @@
 #include <fstream>
 #include <memory>
 #include <sstream>
+#include <thread>
 
 #include <gtest/gtest.h>
 
@@ -64,6 +65,22 @@ TYPED_TEST(CInifilesTest, ReadsAndWrites)
     ini.DeleteKey(u"S", u"a");
     ini.UpdateFile();
     EXPECT_EQ(this->Content(), "[N]\r\nyes=1\r\nno=0\r\n");
+}
+
+TYPED_TEST(CInifilesTest, IsReadBySeveralThreads)
+{
+    this->Fill("[S]\r\na=1\r\nb=2\r\n[T]\r\na=3\r\nb=4\r\n");
+    const TypeParam ini(this->file);
+    const auto read = [&ini] {
+        for (int i = 0; i < 1000; ++i) {
+            EXPECT_EQ(ini.ReadInteger(u"S", u"a", 0), 1);
+            EXPECT_EQ(ini.ReadInteger(u"S", u"b", 0), 2);
+            EXPECT_EQ(ini.ReadInteger(u"T", u"b", 0), 4);
+            EXPECT_EQ(ini.ReadInteger(u"T", u"a", 0), 3);
+        }
+    };
+    const std::jthread other(read);
+    read();
 }
 
 TYPED_TEST(CInifilesTest, Lists)

@@ -15,13 +15,13 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdint>
+#include <ctime>
 #include <functional>
 #include <thread>
 #include <tuple>
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <time.h> // NOLINT(modernize-deprecated-headers): <ctime> needn't have what is the host's alone
 
 namespace Host
 {
@@ -34,7 +34,8 @@ constexpr std::uint32_t Patience = 5000;
 
 FileState StateOf(const struct stat& status)
 {
-    return {status.st_dev, status.st_ino, status.st_size, status.st_mtim, status.st_ctim, status.st_mode};
+    return {status.st_dev,  status.st_ino,  status.st_size, status.st_mtim,
+            status.st_ctim, status.st_mode, status.st_nlink};
 }
 
 std::int64_t Nanoseconds(const timespec& time)
@@ -158,7 +159,7 @@ bool FileState::operator==(const FileState& other) const noexcept
 {
     const auto asTuple = [](const FileState& state) {
         return std::tuple(state.device, state.file, state.size, Nanoseconds(state.modified),
-                          Nanoseconds(state.changed), state.mode);
+                          Nanoseconds(state.changed), state.mode, state.names);
     };
     return asTuple(*this) == asTuple(other);
 }

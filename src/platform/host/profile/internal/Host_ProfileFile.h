@@ -24,7 +24,7 @@ namespace Host
 {
 
 /// What tells one content of a file from another without reading it.
-struct FileState
+struct TRS8_BTL_API FileState
 {
     dev_t device = 0;
     ino_t file = 0;
@@ -32,6 +32,8 @@ struct FileState
     timespec modified{};
     timespec changed{};
     mode_t mode = 0;
+    /// Of a file that was deleted or replaced while it is open, one less than before.
+    nlink_t names = 0;
 
     [[nodiscard]] bool operator==(const FileState& other) const noexcept;
     /// Whether a change that comes from now on can't leave the state as it is: the times of files move in
@@ -41,8 +43,8 @@ struct FileState
 
 /// The state of the file that the path leads to; all 0 for one that isn't there or can't be asked. What
 /// streams of this process gathered for the file is written first.
-[[nodiscard]] FileState QueryState(const std::string& path);
-[[nodiscard]] FileState QueryState(int descriptor);
+[[nodiscard]] TRS8_BTL_API FileState QueryState(const std::string& path);
+[[nodiscard]] TRS8_BTL_API FileState QueryState(int descriptor);
 
 /// All bytes of the file and the state that they belong to. A file that isn't there, and what is no plain
 /// file, is empty; none with the last error if it can't be read.

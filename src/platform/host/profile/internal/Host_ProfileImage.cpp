@@ -75,28 +75,24 @@ public:
     std::shared_ptr<ProfileImage> FindLast(const UnicodeString& file)
     {
         const std::scoped_lock lock(mGate);
-        return mLast != nullptr && mLastName == file ? mLast : nullptr;
+        return !mLastName.IsEmpty() && mLastName == file ? mLast : nullptr;
     }
 
     std::shared_ptr<ProfileImage> Find(const UnicodeString& file, const std::string& path)
     {
         const std::scoped_lock lock(mGate);
-        const auto found = mEntries.find(path);
-        if (found != mEntries.end() && (mBundled.empty() || IsBundled(found->second.image))) {
-            found->second.lastUse = ++mUses;
-            if (IsFixed(file.AsView())) {
-                mLastName = file;
-                mLast = found->second.image;
-            }
-            return found->second.image;
+        std::shared_ptr<ProfileImage> image = FindOrAdd(path);
+        // Only the file that is read just now is held open.
+        if (mLast != nullptr && mLast != image) {
+            mLast->LetGo();
         }
-        if (!mBundled.empty()) {
-            if (auto image = FindBundled(CanonicalPath(path))) {
-                return image;
-            }
-        }
-        return found != mEntries.end() ? found->second.image
-                                       : Add(path, std::make_shared<ProfileImage>(path));
+        mLast = image;
+        // A link may lead to the file of a bundle now, and elsewhere in a moment.
+        const auto entry = mEntries.find(path);
+        const bool isDirect =
+            entry != mEntries.end() && entry->second.image == image && (mBundled.empty() || IsBundled(image));
+        mLastName = isDirect && IsFixed(file.AsView()) ? file : UnicodeString();
+        return image;
     }
 
     std::shared_ptr<ProfileImage> Begin(const std::string& path)
@@ -111,7 +107,7 @@ public:
         }
         // The name that the program uses is found at once.
         mEntries[path] = {image, ++mUses};
-        mLast.reset();
+        mLastName = UnicodeString();
         image->BeginBundle();
         return image;
     }
@@ -122,7 +118,7 @@ public:
         if (image->HasBundle()) {
             return;
         }
-        mLast.reset();
+        mLastName = UnicodeString();
         std::erase(mBundled, image);
         // A name may lead elsewhere from now on.
         std::erase_if(mEntries, [&](const auto& entry) {
@@ -147,6 +143,21 @@ private:
         const auto found = std::find_if(mBundled.begin(), mBundled.end(),
                                         [&](const auto& image) { return image->getPath() == canonical; });
         return found == mBundled.end() ? nullptr : *found;
+    }
+
+    std::shared_ptr<ProfileImage> FindOrAdd(const std::string& path)
+    {
+        const auto found = mEntries.find(path);
+        if (!mBundled.empty() && (found == mEntries.end() || !IsBundled(found->second.image))) {
+            if (auto image = FindBundled(CanonicalPath(path))) {
+                return image;
+            }
+        }
+        if (found == mEntries.end()) {
+            return Add(path, std::make_shared<ProfileImage>(path));
+        }
+        found->second.lastUse = ++mUses;
+        return found->second.image;
     }
 
     /// A program that walks through many files keeps the last ones in memory.
@@ -175,11 +186,11 @@ private:
 
 void ProfileImage::Refresh()
 {
-    const FileState state = QueryState(mPath);
+    const FileState state = mWatch.Look();
     if (mIsCurrent && mIsSettled && state == mState) {
         return;
     }
-    if (const auto read = ReadProfile(mPath)) {
+    if (const auto read = ReadProfile(getPath())) {
         Take(*read);
         return;
     }
@@ -242,7 +253,7 @@ bool ProfileImage::Save(std::span<const ProfileChange> changes)
 {
     LockedProfile file;
     for (;;) {
-        if (!file.Lock(mPath) || !Reload(file)) {
+        if (!file.Lock(getPath()) || !Reload(file)) {
             return false;
         }
         bool isChanged = !mPending.empty();
@@ -259,6 +270,7 @@ bool ProfileImage::Save(std::span<const ProfileChange> changes)
         if (replaced == LockedProfile::Replaced::Failed) {
             return false;
         }
+        mWatch.LetGo();
         if (replaced == LockedProfile::Replaced::Done) {
             mState = file.GetState();
             mHash = HashOf(bytes);
@@ -299,6 +311,13 @@ bool ProfileImage::HasBundle()
 {
     const std::scoped_lock lock(mGate);
     return mBundles > 0;
+}
+
+void ProfileImage::LetGo()
+{
+    if (const std::unique_lock lock(mGate, std::try_to_lock); lock) {
+        mWatch.LetGo();
+    }
 }
 
 std::shared_ptr<ProfileImage> FindImage(const UnicodeString& file)

@@ -3,6 +3,7 @@
 
 #include "platform/host/profile/internal/Host_ProfileFile.h"
 #include "platform/host/profile/internal/Host_ProfileText.h"
+#include "platform/host/profile/internal/Host_ProfileWatch.h"
 
 #include <memory>
 #include <mutex>
@@ -21,10 +22,10 @@ namespace Host
 class ProfileImage
 {
 public:
-    explicit ProfileImage(std::string path) : mPath(std::move(path)) {}
+    explicit ProfileImage(std::string path) : mWatch(std::move(path)) {}
 
     /// Of the host, absolute.
-    [[nodiscard]] const std::string& getPath() const noexcept { return mPath; }
+    [[nodiscard]] const std::string& getPath() const noexcept { return mWatch.getPath(); }
 
     /// Calls `action(text)` with what the file and the open bundle say now.
     template <class Action>
@@ -45,13 +46,16 @@ public:
     void GiveUpBundle();
     [[nodiscard]] bool HasBundle();
 
+    /// Closes the file, unless a thread is at work with it.
+    void LetGo();
+
 private:
     void Refresh();
     [[nodiscard]] bool Reload(LockedProfile& file);
     void Take(const ReadBytes& read);
     [[nodiscard]] bool Save(std::span<const ProfileChange> changes);
 
-    const std::string mPath;
+    ProfileWatch mWatch;
     std::mutex mGate;
     ProfileText mText;
     /// Of the content on the disk that the text was made of.

@@ -12,8 +12,8 @@ namespace Host
 /// Where a line stands in a profile file.
 struct ProfilePlace
 {
-    std::uint32_t section;
-    std::uint32_t line;
+    std::uint32_t section = 0;
+    std::uint32_t line = 0;
 
     [[nodiscard]] bool operator==(const ProfilePlace&) const = default;
 };

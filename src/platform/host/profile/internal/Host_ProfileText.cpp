@@ -8,7 +8,6 @@
 #include <cstdint>
 #include <cstring>
 
-#include <unicode/uchar.h>
 #include <unicode/utf16.h>
 
 namespace Host
@@ -27,12 +26,6 @@ namespace
 constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view Utf16Mark = "\xFF\xFE";
 constexpr std::string_view Utf16BigEndianMark = "\xFE\xFF";
-
-char16_t Folded(char16_t c)
-{
-    return c < 0x80 ? System::Detail::AsciiLower(c)
-                    : static_cast<char16_t>(u_foldCase(static_cast<UChar32>(c), U_FOLD_CASE_DEFAULT));
-}
 
 /// Takes a character from the front; a byte that begins none is taken alone and gives nothing.
 std::optional<char32_t> TakeCharacter(std::string_view& bytes)
@@ -263,21 +256,6 @@ bool IsStorable(const ProfileChange& change)
                              IsOneLine(*change.value));
 }
 
-std::size_t NameHash::operator()(View name) const noexcept
-{
-    std::uint64_t hash = 0xCBF29CE484222325;
-    for (const char16_t c : name) {
-        hash = (hash ^ Folded(c)) * 0x100000001B3;
-    }
-    return static_cast<std::size_t>(hash ^ hash >> 32);
-}
-
-bool NameEqual::operator()(View a, View b) const noexcept
-{
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char16_t c, char16_t d) { return c == d || Folded(c) == Folded(d); });
-}
-
 ProfileText::ProfileText(std::string_view bytes)
 {
     Decode(bytes);
@@ -312,7 +290,7 @@ void ProfileText::Parse(View text)
 {
     // What stands in front of the first section belongs to none that can be named.
     mGroups.emplace_back();
-    mSections.push_back({Line(), {}, 0});
+    mSections.push_back({Line(), {}, {}, 0});
     while (!text.empty()) {
         const std::size_t length = std::min(text.find_first_of(u"\r\n"), text.size());
         const LineEnd end = LineEndAt(text.substr(length));
@@ -356,7 +334,7 @@ void ProfileText::AddSection(const Line& header, View name)
         mGroups.emplace_back();
     }
     mGroups[found->second].sections.push_back(mSections.size());
-    mSections.push_back({header, {}, found->second});
+    mSections.push_back({header, name, {}, found->second});
 }
 
 auto ProfileText::IsKey(View key) const
@@ -412,15 +390,29 @@ std::optional<UnicodeString> ProfileText::Find(View section, View key) const
 
 std::optional<View> ProfileText::FindView(View section, View key) const
 {
-    const Group* const group = FindGroup(section);
-    if (group == nullptr) {
-        return std::nullopt;
+    const View keyName = WithoutBlanks(key);
+    const auto next = keyName.empty() ? std::nullopt : NextPlace(WithoutBlanks(section));
+    if (next && IsKey(keyName)(*next)) {
+        mLast.Note(*next);
+        return Unquoted(ValueOfLine(LineAt(*next).Text()));
     }
-    const Place* const place = FindPlace(*group, WithoutBlanks(key));
+    const Group* const group = FindGroup(section);
+    const Place* const place = group == nullptr ? nullptr : FindPlace(*group, keyName);
     if (place == nullptr) {
         return std::nullopt;
     }
+    mLast.Note(*place);
     return Unquoted(ValueOfLine(LineAt(*place).Text()));
+}
+
+/// None where an earlier line may have the key of that place.
+std::optional<ProfilePlace> ProfileText::NextPlace(View section) const
+{
+    const Place last = mLast.Get();
+    const Section& found = mSections[last.section];
+    const bool isThere = last.section != 0 && last.line + 1 < found.lines.size() &&
+                         !mGroups[found.group].hasRepeatedKeys && NameEqual()(found.name, section);
+    return isThere ? std::optional(PlaceAt(last.section, last.line + 1)) : std::nullopt;
 }
 
 std::vector<UnicodeString> ProfileText::ListSections() const
@@ -429,7 +421,7 @@ std::vector<UnicodeString> ProfileText::ListSections() const
     for (std::size_t i = 1; i < mSections.size(); ++i) {
         const Group& group = mGroups[mSections[i].group];
         if (!group.sections.empty() && group.sections.front() == i) {
-            names.push_back(Shown(SectionOfLine(mSections[i].header.Text()).value_or(View())));
+            names.push_back(Shown(mSections[i].name));
         }
     }
     return names;
@@ -461,6 +453,7 @@ bool ProfileText::Apply(const ProfileChange& change)
                            : change.key ? DeleteKey(change.section, *change.key)
                                         : DeleteSection(change.section);
     if (isChanged) {
+        mLast.Forget();
         TidyUp();
     }
     return isChanged;

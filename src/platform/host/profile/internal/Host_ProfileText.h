@@ -3,7 +3,9 @@
 
 #include "platform/host/profile/Host_Profile.h"
 #include "platform/host/profile/internal/Host_ProfileIndex.h"
+#include "platform/host/profile/internal/Host_ProfileName.h"
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -30,16 +32,6 @@ struct ProfileChange
 
 /// Whether the change leads to lines that read back as its texts and nothing else.
 [[nodiscard]] TRS8_BTL_API bool IsStorable(const ProfileChange& change);
-
-/// Names that differ in case alone are one; the rule is that of Unicode, character by character.
-struct TRS8_BTL_API NameHash
-{
-    std::size_t operator()(std::u16string_view name) const noexcept;
-};
-struct TRS8_BTL_API NameEqual
-{
-    bool operator()(std::u16string_view a, std::u16string_view b) const noexcept;
-};
 
 class TRS8_BTL_API ProfileText
 {
@@ -102,9 +94,38 @@ private:
         LineEnd end = LineEnd::None;
     };
     using Place = ProfilePlace;
+    /// Any thread that reads may note it. A copy begins without.
+    class LastPlace
+    {
+    public:
+        LastPlace() = default;
+        LastPlace(const LastPlace&) noexcept {}
+        LastPlace& operator=(const LastPlace&) noexcept
+        {
+            Forget();
+            return *this;
+        }
+        ~LastPlace() = default;
+
+        void Note(const Place& place) noexcept
+        {
+            mPlace.store(std::uint64_t{place.section} << 32 | place.line, std::memory_order_relaxed);
+        }
+        void Forget() noexcept { Note({}); }
+        /// In front of the first section, where nobody finds a key, if there is none.
+        [[nodiscard]] Place Get() const noexcept
+        {
+            const std::uint64_t place = mPlace.load(std::memory_order_relaxed);
+            return PlaceAt(place >> 32, place & UINT32_MAX);
+        }
+
+    private:
+        std::atomic<std::uint64_t> mPlace{0};
+    };
     struct Section
     {
         Line header;
+        std::u16string_view name;
         std::vector<Line> lines;
         std::size_t group;
     };
@@ -135,11 +156,14 @@ private:
     {
         return mSections[place.section].lines[place.line];
     }
+    /// The place behind the key that was found last, if it is in the section; most programs read the keys in
+    /// the order of the file.
+    [[nodiscard]] std::optional<Place> NextPlace(std::u16string_view section) const;
     [[nodiscard]] bool IsFirstOfKey(const Group& group, const Place& place) const;
 
     bool Set(std::u16string_view section, std::u16string_view key, std::u16string_view value);
     bool SetLine(const Place& place, const std::u16string& value);
-    void InsertKey(Group& group, const std::u16string& line);
+    void InsertKey(Group& group, const std::u16string& text);
     void AppendSection(std::u16string_view name);
     void EndLastLine();
     bool DeleteKey(std::u16string_view section, std::u16string_view key);
@@ -161,6 +185,7 @@ private:
     bool mHasForeignBytes = false;
     std::size_t mLiveLines = 0;
     std::size_t mDeadLines = 0;
+    mutable LastPlace mLast;
 };
 
 namespace Detail

@@ -190,6 +190,27 @@ TEST_F(ProfileFileTest, ThreadsWriteAndReadOneFile)
     EXPECT_EQ(Host::ListProfileKeys(mFile, u"s").size(), 3U * count);
 }
 
+TEST_F(ProfileFileTest, ThreadsReadSeveralFilesOften)
+{
+    for (const char16_t* const name : {u"a.ini", u"b.ini"}) {
+        ASSERT_TRUE(Host::WriteProfileValue(Name(name), u"s", u"k", u"1"));
+        ASSERT_TRUE(Host::WriteProfileValue(Name(name), u"s", u"l", u"2"));
+    }
+    const auto read = [&](const UnicodeString& file) {
+        for (int i = 0; i < 2000; ++i) {
+            EXPECT_GE(Host::ReadProfileNumber(file, u"s", u"k", 0), 1);
+            EXPECT_EQ(Host::ReadProfileNumber(file, u"s", u"l", 0), 2);
+        }
+    };
+    const std::jthread a([&] { read(mFile); });
+    const std::jthread again([&] { read(mFile); });
+    const std::jthread b([&] { read(Name(u"b.ini")); });
+    for (int i = 2; i < 20; ++i) {
+        EXPECT_EQ(ErrorOfWrite(mFile, u"k", UnicodeString(i)), 0);
+        EXPECT_EQ(Host::ReadProfileNumber(mFile, u"s", u"k", 0), i);
+    }
+}
+
 TEST_F(ProfileFileTest, WaitsForALockAsLongAsItIsWorth)
 {
     Write("a.ini", "[s]\nk=1\n");
