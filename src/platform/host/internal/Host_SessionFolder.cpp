@@ -14,29 +14,33 @@ namespace
 
 constexpr mode_t FolderMode = 0700;
 
-/// Whether the open folder is the user's, and nobody else may make or remove anything in it.
-bool IsOwn(int folder)
+/// Whether the folder is the user's, and nobody else may make or remove anything in it.
+bool IsOwn(const char* folder)
 {
     constexpr mode_t writableByOthers = 0022;
     struct stat status;
-    return fstat(folder, &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == geteuid() &&
+    return stat(folder, &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == geteuid() &&
            (status.st_mode & writableByOthers) == 0;
 }
 
+/// Opens the folder, and makes it if it isn't there.
 Descriptor OpenFolder(const std::string& path)
 {
-    return Descriptor(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    const auto tryOpen = [&path] {
+        return Descriptor(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    };
+    Descriptor folder = tryOpen();
+    if (!folder.IsOpen() && errno == ENOENT && (mkdir(path.c_str(), FolderMode) == 0 || errno == EEXIST)) {
+        folder = tryOpen();
+    }
+    return folder;
 }
 
 /// The path without its final separator; empty if there is no such folder, or none of the user's own.
 std::string RunTimeFolder()
 {
     const char* const value = std::getenv("XDG_RUNTIME_DIR");
-    if (value == nullptr || *value != '/') {
-        return {};
-    }
-    const Descriptor folder(open(value, O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    return folder.IsOpen() && IsOwn(folder.Get()) ? value : std::string();
+    return value != nullptr && *value == '/' && IsOwn(value) ? value : std::string();
 }
 
 std::string SessionPath()
@@ -50,10 +54,6 @@ std::string SessionPath()
 TSessionFolder OpenSessionFolder()
 {
     TSessionFolder session{Descriptor(), SessionPath()};
-    if (mkdir(session.path.c_str(), FolderMode) != 0 && errno != EEXIST) {
-        FailErrno();
-        return session;
-    }
     Descriptor folder = OpenFolder(session.path);
     struct stat status;
     // Anybody may have made a folder of this name there.
