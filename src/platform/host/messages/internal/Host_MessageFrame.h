@@ -47,7 +47,7 @@ struct TFrameReply
 ///         const std::span<char> room = frame.Room();          // std::bad_alloc if there is no memory
 ///         if (!frame.Add(Read(room))) { ... }                 // no message
 ///     }
-class MessageFrame
+class TRS8_BTL_API MessageFrame
 {
 public:
     /// Where the next bytes go; never empty as long as the message isn't whole.

@@ -97,10 +97,10 @@ private:
 };
 
 /// The file name of a title in the folder of the session.
-[[nodiscard]] std::string WindowFileName(const System::UnicodeString& title);
+[[nodiscard]] TRS8_BTL_API std::string WindowFileName(const System::UnicodeString& title);
 
 /// The address of a file in the open folder, however long the folder's path is.
-[[nodiscard]] sockaddr_un AddressOf(int folder, const std::string& file);
+[[nodiscard]] TRS8_BTL_API sockaddr_un AddressOf(int folder, const std::string& file);
 
 /// Whether the other end of the connected socket is a process of the same user.
 [[nodiscard]] bool IsPeerOwn(int socket);
