@@ -7,6 +7,7 @@
 #include "Samples.h"
 #include "SerialReader.h"
 #include "Settings.h"
+#include "Single.h"
 
 #include <TRS8_BTL/environment/BTL_ENV_ApplicationIni.h>
 #include <TRS8_BTL/environment/folders/BTL_ENV_Folders.h>
@@ -15,13 +16,17 @@
 #include <TRS8_BTL/platform/base/Sysutils_Exception.h>
 #include <TRS8_BTL/platform/base/Sysutils_Locale.h>
 #include <TRS8_BTL/platform/base/dates/Sysutils_Calendar.h>
+#include <TRS8_BTL/platform/toolkit/Toolkit.h>
+#include <TRS8_BTL/platform/visual/Forms.h>
 #include <TRS8_BTL/progress/BTL_THRD_ActionThread.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <exception>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <thread>
 
 namespace
@@ -50,6 +55,7 @@ struct TRun
     /// Between two turns, in seconds.
     double interval;
     System::TDateTime start;
+    CRunEnd end{};
 };
 
 /// One turn: asks the instrument, if there is one, and reads all channels.
@@ -73,31 +79,59 @@ void Sample(TRun& run, CSerialReader* serial, CSampleWriter& writer)
     writer.Flush();
 }
 
-/// Samples in a thread of its own and waits for its end. What ends it before comes out here.
-void SampleFor(double seconds, TRun& run, CSerialReader* serial, CSampleWriter& writer)
+/// Handles what comes to the main thread until the thread ends.
+void AwaitEnd(BTL::TActionThread& thread)
 {
-    using Clock = std::chrono::steady_clock;
-    const auto spanOf = [](double span) {
-        return std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(span));
-    };
+    std::atomic<bool> hasEnded = false;
+    thread.setOnTerminate([&](System::TObject*) {
+        hasEnded = true;
+        Toolkits::CurrentToolkit().Post([] {});
+    });
+    thread.Start2();
+    while (!hasEnded) {
+        Forms::Application->HandleMessage();
+    }
+    thread.WaitFor();
+}
+
+/// Samples in a thread of its own up to the end of the run. What ends it before comes out here.
+void SampleToEnd(TRun& run, CSerialReader* serial, CSampleWriter& writer)
+{
+    using Clock = CRunEnd::Clock;
+    const auto interval =
+        std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(run.interval));
     auto next = Clock::now();
-    const auto end = next + spanOf(seconds);
-    const auto interval = spanOf(run.interval);
     BTL::TActionThread sampling(
         [&](BTL::TActionThread* thread) {
             Sample(run, serial, writer);
             // Turns that a slow instrument took the time of are left out.
             next = std::max(next + interval, Clock::now());
-            if (next > end) {
+            if (run.end.IsBehind(next)) {
                 thread->Terminate();
                 return;
             }
             std::this_thread::sleep_until(next);
         },
-        false, false, false);
-    sampling.WaitFor();
+        true, false, false);
+    AwaitEnd(sampling);
     if (const auto fault = sampling.getFatalException()) {
         std::rethrow_exception(fault);
+    }
+}
+
+/// What a later station asks of this one; the answer is its exit code.
+int Obey(TRun& run, const UnicodeString& commandLine)
+{
+    const UnicodeString asked =
+        u"A station in " + BTL::CStartOnce::GetSenderFolder() + u" asks: " + commandLine;
+    try {
+        const double seconds = ReadHandedOver(commandLine);
+        BTL::Log(asked + u": goes on for " + UnicodeString(seconds) + u" s");
+        run.end.PutOff(seconds);
+        return Done;
+    } catch (const Sysutils::Exception& fault) {
+        BTL::Log(asked + u": " + fault.getMessage());
+        return BadInput;
     }
 }
 
@@ -139,7 +173,12 @@ UnicodeString SettingsFile(const TOptions& options)
     return options.settings.IsEmpty() ? BTL::GetBinPath() + name : options.settings;
 }
 
-EExitCode Run(const TOptions& options)
+UnicodeString SamplesFile(const TOptions& options)
+{
+    return options.samples.IsEmpty() ? BTL::GetBinPath() + u"Samples.txt" : options.samples;
+}
+
+EExitCode Run(const TOptions& options, CSingleStation& single)
 {
     if (options.decimal) {
         Sysutils::DecimalSeparator = *options.decimal;
@@ -147,8 +186,7 @@ EExitCode Run(const TOptions& options)
     if (!options.log.IsEmpty()) {
         BTL::SetLogFile(options.log);
     }
-    const UnicodeString file =
-        options.samples.IsEmpty() ? BTL::GetBinPath() + u"Samples.txt" : options.samples;
+    const UnicodeString file = SamplesFile(options);
     const auto serial = options.serial ? std::make_unique<CSerialReader>(*options.serial) : nullptr;
     const UnicodeString settingsFile = SettingsFile(options);
     const auto settings = OpenSettings(options.store, settingsFile);
@@ -162,14 +200,16 @@ EExitCode Run(const TOptions& options)
              Sysutils::Now()};
     std::vector<CChannel>& channels = run.channels;
     run.chart = MakeChart(channels, title);
-    const double seconds = options.seconds.value_or(5);
+    const double seconds = options.seconds.value_or(DefaultSeconds);
     BTL::Log(u"Sampling " + UnicodeString(channels.size()) + u" channels for " + UnicodeString(seconds) +
              u" s");
     if (serial) {
         serial->Open();
     }
     CSampleWriter writer(file);
-    SampleFor(seconds, run, serial.get(), writer);
+    run.end.PutOff(seconds);
+    single.Serve([&run](const UnicodeString& commandLine) { return Obey(run, commandLine); });
+    SampleToEnd(run, serial.get(), writer);
     ReadSamples(file, options.from ? 0 : writer.getStart(), options.from, [&](const UTL::CVariants& sample) {
         AddSample(channels, sample);
         if (options.sql) {
@@ -185,6 +225,22 @@ EExitCode Run(const TOptions& options)
     }
     SaveSettings(*settings, settingsFile, Sysutils::Now());
     return ReportInstrument(serial.get());
+}
+
+/// Samples, unless another station does so into the same file: then that one gets the command line.
+EExitCode RunOrHandOver(const TOptions& options)
+{
+    CSingleStation single(SamplesFile(options));
+    const std::optional<int> answer = single.HandOver(options.commandLine);
+    if (!answer) {
+        return Run(options, single);
+    }
+    if (*answer == BadInput) {
+        std::cerr << "station: the one that samples already takes --seconds alone\n";
+    } else {
+        std::cout << "The station that samples already goes on.\n";
+    }
+    return static_cast<EExitCode>(*answer);
 }
 
 void OpenProgram(const BTL::CApplicationIni& application)
@@ -216,7 +272,7 @@ EExitCode Start(const TOptions& options)
         PlayInstrument(options.serial.value_or(DefaultPort), options.faulty, options.seconds, std::cout);
         return Done;
     }
-    return Run(options);
+    return RunOrHandOver(options);
 }
 
 int Fail(EExitCode code, const UnicodeString& message)

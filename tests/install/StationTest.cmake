@@ -164,5 +164,7 @@ expect_station(2 ARGUMENTS --chart "${workFolder}/none.chart" MATCHES "none.char
 find_program(bash NAMES bash REQUIRED)
 run_step(DESCRIPTION "The station beside an instrument"
     COMMAND ${bash} "${CMAKE_CURRENT_LIST_DIR}/pair.sh" "${station}" "${workFolder}")
+run_step(DESCRIPTION "Several stations for one file of samples"
+    COMMAND ${bash} "${CMAKE_CURRENT_LIST_DIR}/single.sh" "${station}" "${workFolder}")
 
 file(REMOVE_RECURSE "${workFolder}")

@@ -95,8 +95,9 @@ TEST(StartOnceTest, ALaterOneStaysThatWhenTheFirstEnds)
 TEST(StartOnceTest, NamesMayBeAnyText)
 {
     const Session session;
-    const std::u16string names[] = {u"a/../b", u"..", u"\xD800", u"%s", std::u16string(5000, u'x'),
-                                    std::u16string(5000, u'x') + u'y', u"A/../B"};
+    const std::u16string names[] = {
+        u"a/../b", u"..", u"\xD800", u"%s", std::u16string(5000, u'x'), std::u16string(5000, u'x') + u'y',
+        u"A/../B"};
     for (const std::u16string& name : names) {
         CStartOnce once(name.c_str());
         EXPECT_TRUE(once.IsMainProcess());
@@ -123,12 +124,14 @@ TEST(StartOnceTest, TellsTheUserThatItIsNotTheFirst)
 TEST(StartOnceTest, HandsTextsOver)
 {
     const Session session;
-    const FirstProcess first([](const UnicodeString& text) {
-        return text == u"Gr\u00F6\u00DFe \xD800" ? -5 : text.Length();
-    });
+    const FirstProcess first(
+        [](const UnicodeString& text) { return text == u"Gr\u00F6\u00DFe \xD800" ? -5 : text.Length(); });
     CStartOnce later(Name);
     EXPECT_EQ(later.SendMessageToMainProcess(u"Gr\u00F6\u00DFe \xD800"), -5);
-    EXPECT_EQ(later.SendMessageToMainProcess("Gr\xF6\xDF" "e"), 5) << "8-bit text in its code page";
+    EXPECT_EQ(later.SendMessageToMainProcess("Gr\xF6\xDF"
+                                             "e"),
+              5)
+        << "8-bit text in its code page";
     EXPECT_EQ(later.SendMessageToMainProcess(u"-IsReady"), 8);
     EXPECT_EQ(later.SendMessageToMainProcess(std::u16string(5'000'000, u'x').c_str()), 5'000'000);
     EXPECT_EQ(later.SendMessageTo(FindWindowW(nullptr, Name), u"abc"), 3);
@@ -150,7 +153,8 @@ TEST(StartOnceTest, SendsTheTextWithItsZeroAndTheLengthInBytes)
     const Session session;
     const SecondProcess receiver([](int tell) {
         const Toolkits::MessageWindow window(Name, [](const Toolkits::MessageWindow::TMessage& message) {
-            return std::intptr_t{message.dwData == 0xFFFFFFFF && message.wParam == 0 && message.text == u"abc"};
+            return std::intptr_t{message.dwData == 0xFFFFFFFF && message.wParam == 0 &&
+                                 message.text == u"abc"};
         });
         SecondProcess::Tell(tell);
         Forms::Application->Run();
@@ -264,8 +268,8 @@ class SharedCounts
 {
 public:
     SharedCounts()
-        : mCounts(static_cast<std::atomic<int>*>(mmap(nullptr, 4096, PROT_READ | PROT_WRITE,
-                                                      MAP_SHARED | MAP_ANONYMOUS, -1, 0)))
+        : mCounts(static_cast<std::atomic<int>*>(
+              mmap(nullptr, 4096, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0)))
     {
     }
     SharedCounts(const SharedCounts&) = delete;

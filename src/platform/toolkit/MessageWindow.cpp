@@ -27,13 +27,12 @@ class MessageWindow::CImpl
 {
 public:
     CImpl(const System::UnicodeString& title, THandler handler)
-        : mServer(Host::MessageServer::Open(title,
-                                            [handler = std::move(handler)](const auto& message) {
-                                                if (!message.token.IsEmpty()) {
-                                                    CurrentToolkit().SetActivationToken(message.token);
-                                                }
-                                                return handler(MessageOf(message));
-                                            }))
+        : mServer(Host::MessageServer::Open(title, [handler = std::move(handler)](const auto& message) {
+              if (!message.token.IsEmpty()) {
+                  CurrentToolkit().SetActivationToken(message.token);
+              }
+              return handler(MessageOf(message));
+          }))
     {
         if (mServer != nullptr) {
             mWatch.emplace(mServer->getDescriptor(), [server = mServer.get()] { server->Serve(); });

@@ -10,10 +10,12 @@
 namespace Toolkits
 {
 
-/// A window that is never shown: other processes of the user's session find it by its title (`FindWindowW`) and
-/// send it messages, which its handler answers from the message loop. It needs no screen. Of the main thread.
+/// A window that is never shown: other processes of the user's session find it by its title (`FindWindowW`)
+/// and send it messages, which its handler answers from the message loop. It needs no screen. Of the main
+/// thread.
 ///
-///     const Toolkits::MessageWindow window(u"Station", [](const Toolkits::MessageWindow::TMessage& message) {
+///     const Toolkits::MessageWindow window(u"Station", [](const Toolkits::MessageWindow::TMessage& message)
+///     {
 ///         return Open(message.text);
 ///     });
 ///     Forms::Application->Run();
@@ -22,6 +24,7 @@ namespace Toolkits
 class TRS8_BTL_API MessageWindow
 {
 public:
+    /// What the handler gets.
     struct TMessage
     {
         /// Up to the first zero; the units as they came, valid or not.
@@ -30,8 +33,8 @@ public:
         std::uintptr_t dwData = 0;
         /// The current folder of the sender, without a final separator; empty if it is in none.
         System::UnicodeString folder;
-        /// The desktop's token, with which the toolkit may bring a window to the front; empty if the sender had
-        /// none.
+        /// The desktop's token, with which the toolkit may bring a window to the front; empty if the sender
+        /// had none.
         System::UnicodeString token;
     };
 

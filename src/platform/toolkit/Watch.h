@@ -8,9 +8,9 @@
 namespace Toolkits
 {
 
-/// Lets the message loop of the main thread look after a descriptor of the host: `action` runs from the loop, over
-/// and over, while there is something to read. It belongs to the main thread, goes on when another toolkit takes
-/// over, and ends with the object.
+/// Lets the message loop of the main thread look after a descriptor of the host: `action` runs from the loop,
+/// over and over, while there is something to read. It belongs to the main thread, goes on when another
+/// toolkit takes over, and ends with the object.
 ///
 ///     const Toolkits::Watch watch(socket, [socket] { ReadFrom(socket); });
 ///     Forms::Application->Run();

@@ -106,9 +106,8 @@ TEST(MessageWindowTest, AnswersNothingWhereTheHandlerRaises)
 {
     const Support::Session session;
     bool isAnswered = false;
-    const MessageWindow window(Title, [&](const TMessage&) -> std::intptr_t {
-        throw std::runtime_error("handler");
-    });
+    const MessageWindow window(
+        Title, [&](const TMessage&) -> std::intptr_t { throw std::runtime_error("handler"); });
     std::thread sender([&] {
         EXPECT_EQ(SendBytes(u"a", 4), 0);
         isAnswered = true;

@@ -115,9 +115,8 @@ TConnecting Connect(const std::string& file)
     }
     const sockaddr_un address = AddressOf(folder.descriptor.Get(), file);
     Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-    const int result = Uninterrupted([&] {
-        return connect(socket.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address);
-    });
+    const int result = Uninterrupted(
+        [&] { return connect(socket.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address); });
     if (result != 0) {
         return {errno == EAGAIN || errno == EWOULDBLOCK ? EConnect::Full : EConnect::None, Descriptor()};
     }
@@ -249,7 +248,8 @@ class Outgoing
 {
 public:
     Outgoing(std::uintptr_t wParam, const COPYDATASTRUCT& data)
-        : mFolder(CurrentFolder()), mToken(ActivationToken()),
+        : mFolder(CurrentFolder()),
+          mToken(ActivationToken()),
           mHead{FrameMark,
                 WM_COPYDATA,
                 static_cast<std::uint32_t>(data.cbData),
@@ -267,10 +267,7 @@ public:
                 iovec{mFolder.data(), mFolder.size()}, iovec{mToken.data(), mToken.size()}};
     }
 
-    std::size_t Size() const
-    {
-        return sizeof mHead + mHead.dataBytes + mFolder.size() + mToken.size();
-    }
+    std::size_t Size() const { return sizeof mHead + mHead.dataBytes + mFolder.size() + mToken.size(); }
 
 private:
     std::string mFolder;

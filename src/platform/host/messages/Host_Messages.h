@@ -11,10 +11,12 @@
 //     const std::u16string text = u"-open a.chart";
 //     COPYDATASTRUCT data{0xFFFFFFFF, (text.size() + 1) * 2, text.c_str()};
 //     const HWND window = FindWindowW(nullptr, u"Station");
-//     const std::intptr_t answer = SendMessageA(window, WM_COPYDATA, 0, reinterpret_cast<std::intptr_t>(&data));
+//     const std::intptr_t answer = SendMessageA(window, WM_COPYDATA, 0,
+//     reinterpret_cast<std::intptr_t>(&data));
 //
 // With each message go the sender's current folder and the token by which the desktop lets a window come to
-// the front, see `Toolkits::MessageWindow`, which is the receiver. Titles of other users are apart from these.
+// the front, see `Toolkits::MessageWindow`, which is the receiver. Titles of other users are apart from
+// these.
 
 /// Stands for a window, or is null. That of a window which was found by its title stands for each later
 /// window of this title too, and is never given back.
@@ -39,18 +41,18 @@ struct COPYDATASTRUCT
 TRS8_BTL_API HWND FindWindowW(const System::WideChar* className, const System::WideChar* title);
 
 /// Sends the message and waits, without limit, until the window's process has handled it in its message loop;
-/// gives the result. From the thread that owns the window it is handled at once. 0 with the last error set: 1400
-/// if there is no such window (any more), also if its process ends meanwhile; 50 for another message than
-/// `WM_COPYDATA`; 87 for a null structure, null data of a length, and for more than 1 GiB.
+/// gives the result. From the thread that owns the window it is handled at once. 0 with the last error set:
+/// 1400 if there is no such window (any more), also if its process ends meanwhile; 50 for another message
+/// than `WM_COPYDATA`; 87 for a null structure, null data of a length, and for more than 1 GiB.
 ///
 /// A sender that ends before its turn came isn't served. A loop that waits for a sender of its own process's
 /// other thread, or two processes that send to each other at once, wait for ever.
 TRS8_BTL_API std::intptr_t SendMessageA(HWND window, unsigned message, std::uintptr_t wParam,
                                         std::intptr_t lParam);
 
-/// As `SendMessageA`, but for at most `milliseconds`, 0xFFFFFFFF for no limit. True with the window's answer in
-/// `result`, which may be null. Otherwise false, with the last error 1460 if it was the time; `result` is 0 then.
-/// `flags` are not looked at.
+/// As `SendMessageA`, but for at most `milliseconds`, 0xFFFFFFFF for no limit. True with the window's answer
+/// in `result`, which may be null. Otherwise false, with the last error 1460 if it was the time; `result` is
+/// 0 then. `flags` are not looked at.
 TRS8_BTL_API bool SendMessageTimeoutA(HWND window, unsigned message, std::uintptr_t wParam,
                                       std::intptr_t lParam, unsigned flags, unsigned long milliseconds,
                                       std::uintptr_t* result);

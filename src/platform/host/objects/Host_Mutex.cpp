@@ -248,8 +248,8 @@ HANDLE Create(const CMutexTable::TName& name, CNamedBlock::EAccess access, bool 
         SetLastError(ERROR_ALREADY_EXISTS);
         return OpenHandle(std::move(mutex));
     }
-    mutex = ObjectOver(
-        CNamedBlock::Create(text, CNamedBlock::EKind::Mutex, {0, access, initialOwner}, scope));
+    mutex =
+        ObjectOver(CNamedBlock::Create(text, CNamedBlock::EKind::Mutex, {0, access, initialOwner}, scope));
     if (mutex == nullptr) {
         return nullptr;
     }

@@ -286,8 +286,9 @@ void HeadlessToolkit::WaitMessage()
 {
     const CWaker::CWait wait(*mWaker);
     std::vector<pollfd> sources = {{mWaker->Get(), POLLIN, 0}};
-    std::ranges::transform(mWatches, std::back_inserter(sources),
-                           [](const auto& watch) { return pollfd{watch.first, POLLIN, 0}; });
+    std::ranges::transform(mWatches, std::back_inserter(sources), [](const auto& watch) {
+        return pollfd{watch.first, POLLIN, 0};
+    });
     while (!HasPosted() && poll(sources.data(), sources.size(), -1) < 0 && errno == EINTR) {
     }
 }

@@ -294,7 +294,8 @@ TEST(HostMessagesTest, SurviveSendersThatDoAsTheyLike)
     EXPECT_NE(Send(FindWindowW(nullptr, Title), u"text"), 0);
     Write(slow, "cdefgh");
     Host::TFrameReply reply{};
-    EXPECT_EQ(recv(slow.Get(), &reply, sizeof reply, MSG_WAITALL), std::ssize(std::string(sizeof reply, ' ')));
+    EXPECT_EQ(recv(slow.Get(), &reply, sizeof reply, MSG_WAITALL),
+              std::ssize(std::string(sizeof reply, ' ')));
 }
 
 TEST(HostMessagesTest, AreRefusedWhereThereAreNoDescriptors)

@@ -218,8 +218,8 @@ bool MessageServer::Listen()
     return (mPoll.IsOpen() || FailErrno()) && TakeName(folder.descriptor) && Watch(mListener.Get());
 }
 
-/// The socket gets its name when it listens, so that nobody finds one that refuses, and what a crash left under
-/// the name is gone by that.
+/// The socket gets its name when it listens, so that nobody finds one that refuses, and what a crash left
+/// under the name is gone by that.
 bool MessageServer::TakeName(const Descriptor& folder)
 {
     const std::string draft = DraftName();

@@ -35,13 +35,13 @@ struct TWindowMessage
 /// What a window does with a message; the result goes back to the sender.
 using TWindowHandler = std::function<std::intptr_t(const TWindowMessage&)>;
 
-/// The receiving side of a title: a socket of the user's session, and those who send. All belongs to the thread
-/// that made it, and so does the handler.
+/// The receiving side of a title: a socket of the user's session, and those who send. All belongs to the
+/// thread that made it, and so does the handler.
 class TRS8_BTL_API MessageServer
 {
 public:
-    /// Takes the title, also from a window that has it. Null with the last error set if the session has no place
-    /// for it.
+    /// Takes the title, also from a window that has it. Null with the last error set if the session has no
+    /// place for it.
     [[nodiscard]] static std::unique_ptr<MessageServer> Open(const System::UnicodeString& title,
                                                              TWindowHandler handler);
     MessageServer(const MessageServer&) = delete;
@@ -52,12 +52,12 @@ public:
     /// What to watch: there is something to do while it is readable.
     int getDescriptor() const noexcept { return mPoll.Get(); }
 
-    /// Does a piece of what there is to do, and returns at once unless that calls the handler. An exception of
-    /// the handler comes out when its sender has got 0.
+    /// Does a piece of what there is to do, and returns at once unless that calls the handler. An exception
+    /// of the handler comes out when its sender has got 0.
     void Serve();
 
-    /// The handler of the window which this process has under the file name, for the thread that owns it; else
-    /// null.
+    /// The handler of the window which this process has under the file name, for the thread that owns it;
+    /// else null.
     [[nodiscard]] static std::shared_ptr<const TWindowHandler> FindOwnHandler(const std::string& file);
     /// Whether this process has a window under the file name, of whatever thread.
     [[nodiscard]] static bool IsOwn(const std::string& file);
