@@ -3,6 +3,7 @@
 
 #include "languages/BTL_I18N_Texts.h"
 #include "platform/host/Host_Error.h"
+#include "platform/host/Host_Path.h"
 #include "platform/host/Host_TickCount.h"
 #include "platform/host/objects/Host_Mutex.h"
 #include "platform/toolkit/MessageBox.h"
@@ -34,7 +35,29 @@ using Support::SecondProcess;
 using Support::Session;
 using System::UnicodeString;
 
-constexpr System::WideChar Name[] = u"start/once \u00E4 'of' a test";
+/// Each test has names of its own: the process keeps those that it took.
+class StartOnceTest : public testing::Test
+{
+public:
+    static const System::WideChar* GetName() { return mName.c_str(); }
+
+protected:
+    StartOnceTest()
+    {
+        static int count = 0;
+        mName = u"start/once \u00E4 'of' test " + UnicodeString(++count);
+    }
+
+    Session session;
+
+private:
+    static inline UnicodeString mName;
+};
+
+const System::WideChar* Name()
+{
+    return StartOnceTest::GetName();
+}
 
 /// A first process that answers with `handler`; without one it has no handler.
 class FirstProcess
@@ -42,7 +65,7 @@ class FirstProcess
 public:
     explicit FirstProcess(BTL::TStartOnceHandler handler = nullptr)
         : mProcess([handler](int tell) {
-              CStartOnce once(Name);
+              CStartOnce once(Name());
               once.OnMessage = handler;
               once.CreateMessageWindow();
               // Comes too late for the window.
@@ -62,39 +85,36 @@ private:
     SecondProcess mProcess;
 };
 
-TEST(StartOnceTest, TheFirstIsTheOneThatMadeTheName)
+TEST_F(StartOnceTest, TheFirstIsTheOneThatMadeTheName)
 {
-    const Session session;
-    const CStartOnce first(Name);
+    const CStartOnce first(Name());
     EXPECT_TRUE(first.IsMainProcess());
     EXPECT_TRUE(first.ExistsMainProcess());
-    const CStartOnce second(Name);
+    const CStartOnce second(Name());
     EXPECT_FALSE(second.IsMainProcess()) << "two objects of one name in one process";
     EXPECT_TRUE(second.ExistsMainProcess());
-    EXPECT_TRUE(CStartOnce("another").IsMainProcess());
-    EXPECT_FALSE(CStartOnce(u"another").IsMainProcess()) << "the name stays taken up to the process's end";
+    EXPECT_TRUE(CStartOnce("one more").IsMainProcess());
+    EXPECT_FALSE(CStartOnce(u"one more").IsMainProcess()) << "the name stays taken up to the process's end";
     EXPECT_TRUE(CStartOnce().IsMainProcess());
     EXPECT_FALSE(CStartOnce("*TARMIS-StartOnce*", "elsewhere").IsMainProcess());
-    const HANDLE machine = OpenMutexW(MUTEX_ALL_ACCESS, false, Name);
+    const HANDLE machine = OpenMutexW(MUTEX_ALL_ACCESS, false, Name());
     EXPECT_EQ(machine, nullptr) << "other users would find it";
 }
 
-TEST(StartOnceTest, ALaterOneStaysThatWhenTheFirstEnds)
+TEST_F(StartOnceTest, ALaterOneStaysThatWhenTheFirstEnds)
 {
-    const Session session;
     FirstProcess first;
-    const CStartOnce later(Name);
+    const CStartOnce later(Name());
     EXPECT_FALSE(later.IsMainProcess());
     EXPECT_TRUE(later.ExistsMainProcess());
     first.Kill();
     EXPECT_FALSE(later.IsMainProcess());
     EXPECT_FALSE(later.ExistsMainProcess()) << "a later process holds the name";
-    EXPECT_TRUE(CStartOnce(Name).IsMainProcess());
+    EXPECT_TRUE(CStartOnce(Name()).IsMainProcess());
 }
 
-TEST(StartOnceTest, NamesMayBeAnyText)
+TEST_F(StartOnceTest, NamesMayBeAnyText)
 {
-    const Session session;
     const std::u16string names[] = {
         u"a/../b", u"..", u"\xD800", u"%s", std::u16string(5000, u'x'), std::u16string(5000, u'x') + u'y',
         u"A/../B"};
@@ -107,26 +127,24 @@ TEST(StartOnceTest, NamesMayBeAnyText)
     }
 }
 
-TEST(StartOnceTest, TellsTheUserThatItIsNotTheFirst)
+TEST_F(StartOnceTest, TellsTheUserThatItIsNotTheFirst)
 {
-    const Session session;
     Support::ScriptedBoxes boxes({IDOK});
-    const CStartOnce first(Name);
+    const CStartOnce first(Name());
     EXPECT_FALSE(first.ShowMessageIfNotSingular());
     EXPECT_TRUE(boxes.TakeShown().empty());
-    EXPECT_TRUE(CStartOnce(Name).ShowMessageIfNotSingular());
+    EXPECT_TRUE(CStartOnce(Name()).ShowMessageIfNotSingular());
     const auto shown = boxes.TakeShown();
     ASSERT_EQ(shown.size(), 1U);
     EXPECT_EQ(shown[0].box.text, BTL::Gi18n::GetString(BTL::EIDS::AlreadyRunning));
     EXPECT_EQ(shown[0].box.flags, 16U);
 }
 
-TEST(StartOnceTest, HandsTextsOver)
+TEST_F(StartOnceTest, HandsTextsOver)
 {
-    const Session session;
     const FirstProcess first(
         [](const UnicodeString& text) { return text == u"Gr\u00F6\u00DFe \xD800" ? -5 : text.Length(); });
-    CStartOnce later(Name);
+    CStartOnce later(Name());
     EXPECT_EQ(later.SendMessageToMainProcess(u"Gr\u00F6\u00DFe \xD800"), -5);
     EXPECT_EQ(later.SendMessageToMainProcess("Gr\xF6\xDF"
                                              "e"),
@@ -134,25 +152,24 @@ TEST(StartOnceTest, HandsTextsOver)
         << "8-bit text in its code page";
     EXPECT_EQ(later.SendMessageToMainProcess(u"-IsReady"), 8);
     EXPECT_EQ(later.SendMessageToMainProcess(std::u16string(5'000'000, u'x').c_str()), 5'000'000);
-    EXPECT_EQ(later.SendMessageTo(FindWindowW(nullptr, Name), u"abc"), 3);
+    EXPECT_EQ(later.SendMessageTo(FindWindowW(nullptr, Name()), u"abc"), 3);
     // What isn't sent.
     EXPECT_EQ(later.SendMessageToMainProcess(u""), 0);
     EXPECT_EQ(later.SendMessageToMainProcess(""), 0);
     EXPECT_EQ(later.SendMessageToMainProcess(static_cast<const char*>(nullptr)), 0);
     EXPECT_EQ(later.SendMessageToMainProcess(static_cast<const char16_t*>(nullptr)), 0);
-    EXPECT_EQ(later.SendMessageTo(FindWindowW(nullptr, Name), u""), 0);
-    EXPECT_EQ(later.SendMessageTo(FindWindowW(nullptr, Name), nullptr), 0);
+    EXPECT_EQ(later.SendMessageTo(FindWindowW(nullptr, Name()), u""), 0);
+    EXPECT_EQ(later.SendMessageTo(FindWindowW(nullptr, Name()), nullptr), 0);
     EXPECT_EQ(later.SendMessageTo(nullptr, u"abc"), 0);
     later.OnMessage = [](const UnicodeString&) { return 9; };
     later.CreateMessageWindow();
     EXPECT_EQ(later.SendMessageToMainProcess(u"abc"), 3) << "a later process got a window";
 }
 
-TEST(StartOnceTest, SendsTheTextWithItsZeroAndTheLengthInBytes)
+TEST_F(StartOnceTest, SendsTheTextWithItsZeroAndTheLengthInBytes)
 {
-    const Session session;
     const SecondProcess receiver([](int tell) {
-        const Toolkits::MessageWindow window(Name, [](const Toolkits::MessageWindow::TMessage& message) {
+        const Toolkits::MessageWindow window(Name(), [](const Toolkits::MessageWindow::TMessage& message) {
             return std::intptr_t{message.dwData == 0xFFFFFFFF && message.wParam == 0 &&
                                  message.text == u"abc"};
         });
@@ -160,21 +177,19 @@ TEST(StartOnceTest, SendsTheTextWithItsZeroAndTheLengthInBytes)
         Forms::Application->Run();
     });
     ASSERT_TRUE(receiver.Await());
-    EXPECT_EQ(CStartOnce(u"mutex", Name).SendMessageToMainProcess(u"abc"), 1);
+    EXPECT_EQ(CStartOnce(u"mutex", Name()).SendMessageToMainProcess(u"abc"), 1);
 }
 
-TEST(StartOnceTest, AnswersNothingWithoutAHandler)
+TEST_F(StartOnceTest, AnswersNothingWithoutAHandler)
 {
-    const Session session;
     const FirstProcess first;
-    const CStartOnce later(Name);
+    const CStartOnce later(Name());
     EXPECT_EQ(later.SendMessageToMainProcess(u"text"), 0) << "the handler that came too late was called";
 }
 
-TEST(StartOnceTest, WaitsForAWindowThatIsComing)
+TEST_F(StartOnceTest, WaitsForAWindowThatIsComing)
 {
-    const Session session;
-    CStartOnce later(Name);
+    CStartOnce later(Name());
     const std::uint32_t start = GetTickCount();
     EXPECT_EQ(later.SendMessageToMainProcess("-IsReady"), 0);
     EXPECT_LT(GetTickCount() - start, 400U) << "the question alone doesn't wait";
@@ -184,33 +199,32 @@ TEST(StartOnceTest, WaitsForAWindowThatIsComing)
         SecondProcess::Tell(tell);
         Sleep(100);
         const Toolkits::MessageWindow window(
-            Name, [](const auto& message) { return std::intptr_t{message.text.Length()}; });
+            Name(), [](const auto& message) { return std::intptr_t{message.text.Length()}; });
         Forms::Application->Run();
     });
     ASSERT_TRUE(coming.Await());
     EXPECT_EQ(later.SendMessageToMainProcess(u"text"), 4);
 }
 
-TEST(StartOnceTest, GivesUpOnAFirstOneThatNeverAnswers)
+TEST_F(StartOnceTest, GivesUpOnAFirstOneThatNeverAnswers)
 {
-    const Session session;
     const SecondProcess first([](int tell) {
-        CStartOnce once(Name);
+        CStartOnce once(Name());
         once.CreateMessageWindow();
         SecondProcess::Tell(tell);
         pause();
     });
     ASSERT_TRUE(first.Await());
-    const CStartOnce later(Name);
+    const CStartOnce later(Name());
     EXPECT_EQ(later.SendMessageToMainProcess(u"text", 30), 0);
     EXPECT_EQ(GetLastError(), ERROR_TIMEOUT);
-    EXPECT_EQ(later.SendMessageTo(FindWindowW(nullptr, Name), u"text", 30), 0);
+    EXPECT_EQ(later.SendMessageTo(FindWindowW(nullptr, Name()), u"text", 30), 0);
     EXPECT_EQ(GetLastError(), ERROR_TIMEOUT);
 
     // Without a limit it waits, and the user's interrupt ends it.
     const pid_t waiting = fork();
     if (waiting == 0) {
-        CStartOnce(Name).SendMessageToMainProcess(u"text");
+        CStartOnce(Name()).SendMessageToMainProcess(u"text");
         _exit(0);
     }
     Sleep(50);
@@ -221,41 +235,38 @@ TEST(StartOnceTest, GivesUpOnAFirstOneThatNeverAnswers)
     EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT);
 }
 
-TEST(StartOnceTest, EndsWithAFirstOneThatDies)
+TEST_F(StartOnceTest, EndsWithAFirstOneThatDies)
 {
-    const Session session;
     FirstProcess first([](const UnicodeString&) -> int {
         kill(getpid(), SIGKILL);
         return 1;
     });
-    EXPECT_EQ(CStartOnce(Name).SendMessageToMainProcess(u"text"), 0);
+    EXPECT_EQ(CStartOnce(Name()).SendMessageToMainProcess(u"text"), 0);
     EXPECT_EQ(GetLastError(), ERROR_INVALID_WINDOW_HANDLE);
     first.Kill();
-    EXPECT_TRUE(CStartOnce(Name).IsMainProcess());
+    EXPECT_TRUE(CStartOnce(Name()).IsMainProcess());
 }
 
-TEST(StartOnceTest, TellsWhereTheSenderIs)
+TEST_F(StartOnceTest, TellsWhereTheSenderIs)
 {
-    const Session session;
     const Support::TempFolder folder;
-    const FirstProcess first([expected = UnicodeString(folder.Path())](const UnicodeString&) {
+    const FirstProcess first([expected =
+                                  Sysutils::FromHostPath(folder.Path().native())](const UnicodeString&) {
         return CStartOnce::GetSenderFolder() == expected && CStartOnce::GetSenderToken() == u"tok" ? 1 : 2;
     });
     const SecondProcess later([&](int tell) {
         const Support::ScopedVariable token("XDG_ACTIVATION_TOKEN", "tok");
-        if (chdir(folder.Path().c_str()) == 0 && CStartOnce(Name).SendMessageToMainProcess(u"text") == 1) {
+        if (chdir(folder.Path().c_str()) == 0 && CStartOnce(Name()).SendMessageToMainProcess(u"text") == 1) {
             SecondProcess::Tell(tell);
         }
     });
     EXPECT_TRUE(later.Await());
-    EXPECT_EQ(CStartOnce::GetSenderFolder(), u"");
 }
 
-TEST(StartOnceTest, IsNobodysWhereTheSessionHasNoPlace)
+TEST_F(StartOnceTest, IsNobodysWhereTheSessionHasNoPlace)
 {
-    const Session session;
     std::filesystem::create_directory_symlink("/tmp", session.Folder());
-    CStartOnce once(Name);
+    CStartOnce once(Name());
     EXPECT_FALSE(once.IsMainProcess());
     EXPECT_FALSE(once.ExistsMainProcess());
     once.CreateMessageWindow();
@@ -321,7 +332,7 @@ private:
         while (mCounts[Go] == 0) {
             sched_yield();
         }
-        CStartOnce once(Name);
+        CStartOnce once(Name());
         if (!once.IsMainProcess()) {
             mCounts[Answered] += once.SendMessageToMainProcess(u"start") == 5 ? 1 : 0;
             SecondProcess::Tell(tell);
@@ -339,9 +350,8 @@ private:
     std::vector<std::unique_ptr<SecondProcess>> mProcesses;
 };
 
-TEST(StartOnceTest, OfManyStartsAtOnceOneIsTheFirst)
+TEST_F(StartOnceTest, OfManyStartsAtOnceOneIsTheFirst)
 {
-    const Session session;
     constexpr int count = 50;
     const ManyStarts starts(count);
     ASSERT_TRUE(starts.AwaitAll());
@@ -356,9 +366,8 @@ int Kills()
     return kills == nullptr ? 20 : std::atoi(kills);
 }
 
-TEST(StartOnceTest, BehindAFirstOneThatWasKilledOneIsTheFirstAgain)
+TEST_F(StartOnceTest, BehindAFirstOneThatWasKilledOneIsTheFirstAgain)
 {
-    const Session session;
     // Later ones still live when two more start.
     std::unique_ptr<ManyStarts> former;
     for (int i = 0; i < Kills(); ++i) {
@@ -371,7 +380,7 @@ TEST(StartOnceTest, BehindAFirstOneThatWasKilledOneIsTheFirstAgain)
     }
 }
 
-TEST(StartOnceTest, FindsTheCommandOfTheStart)
+TEST_F(StartOnceTest, FindsTheCommandOfTheStart)
 {
     const struct
     {

@@ -144,15 +144,19 @@ TEST(MessageWindowTest, HandlesOthersWithinItsHandlerAndMayEndInIt)
 TEST(MessageWindowTest, LetsSendersGoWithItself)
 {
     const Support::Session session;
-    auto window = std::make_unique<MessageWindow>(Title, [](const TMessage&) { return 1; });
-    Support::SecondProcess sender([](int tell) {
-        const HWND found = FindWindowW(nullptr, Title);
+    // Before there is a window, so that it has no part of it.
+    const Support::SecondProcess sender([](int tell) {
+        HWND found = nullptr;
+        while (found == nullptr) {
+            found = FindWindowW(nullptr, Title);
+        }
         Support::SecondProcess::Tell(tell);
         const COPYDATASTRUCT data{0, 4, u"a"};
         if (SendMessageA(found, WM_COPYDATA, 0, reinterpret_cast<std::intptr_t>(&data)) == 0) {
             Support::SecondProcess::Tell(tell);
         }
     });
+    auto window = std::make_unique<MessageWindow>(Title, [](const TMessage&) { return 1; });
     ASSERT_TRUE(sender.Await());
     window.reset();
     EXPECT_TRUE(sender.Await());

@@ -28,7 +28,8 @@ TEST(WatchTest, RunsFromTheLoopWhileThereIsSomethingToRead)
             static_cast<void>(source.Take());
         }
     });
-    EXPECT_FALSE(CurrentToolkit().ProcessMessage());
+    Forms::Application->ProcessMessages();
+    EXPECT_EQ(runs, 0);
     source.Wake();
     CurrentToolkit().WaitMessage();
     EXPECT_EQ(runs, 0) << "waiting handles nothing";

@@ -71,6 +71,7 @@ private:
     SecondProcess mProcess;
 };
 
+/// The text is the caller's.
 COPYDATASTRUCT DataOf(const std::u16string& text)
 {
     return {0xFFFFFFFF, (text.size() + 1) * 2, text.c_str()};
@@ -84,7 +85,8 @@ std::intptr_t Send(HWND window, const std::u16string& text)
 
 bool SendWithin(HWND window, unsigned long milliseconds)
 {
-    const COPYDATASTRUCT data = DataOf(u"text");
+    const std::u16string text = u"text";
+    const COPYDATASTRUCT data = DataOf(text);
     std::uintptr_t result = 99;
     const bool isSent = SendMessageTimeoutA(window, WM_COPYDATA, 0, reinterpret_cast<std::intptr_t>(&data), 0,
                                             milliseconds, &result);
@@ -145,7 +147,8 @@ TEST(HostMessagesTest, CarryFolderAndTokenOfTheSender)
 {
     const Session session;
     const Receiver receiver([](const TWindowMessage& message) {
-        return message.folder == UnicodeString(fs::current_path()) ? message.token.Length() : -1;
+        return message.folder == Sysutils::FromHostPath(fs::current_path().native()) ? message.token.Length()
+                                                                                     : -1;
     });
     const HWND window = FindWindowW(nullptr, Title);
     const Support::ScopedVariable older("DESKTOP_STARTUP_ID", "1234");
@@ -176,7 +179,8 @@ TEST(HostMessagesTest, RefuseWhatCannotBeSent)
     const HWND window = FindWindowW(nullptr, Title);
     const COPYDATASTRUCT tooMuch{0, Host::MaxDataBytes + 1UL, Title};
     const COPYDATASTRUCT nothing{0, 2, nullptr};
-    const COPYDATASTRUCT good = DataOf(Title);
+    const std::u16string text = Title;
+    const COPYDATASTRUCT good = DataOf(text);
     const struct
     {
         HWND window;

@@ -81,7 +81,7 @@ TEST(MessageFrameTest, RefusesWhatIsNoMessage)
         BytesOf(HeadOf(0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF)),
         BytesOf(HeadOf(2, Host::MaxFolderBytes + 1)),
         BytesOf(HeadOf(2, 0, Host::MaxFolderBytes + 1)),
-        BytesOf(HeadOf(2)) + "a\0b",
+        BytesOf(HeadOf(2)) + "abc",
         std::string(sizeof(TFrameHead), '\0'),
     };
     for (const std::string& bytes : cases) {
