@@ -17,7 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::size_t done = 0;
     while (!frame.IsWhole() && !input.getText().empty()) {
         const auto room = frame.Room();
-        Fuzz::Require(!room.empty() && room.size() <= std::max<std::size_t>(2 * done, 1U << 18U));
+        Fuzz::Require(!room.empty() && room.size() <= std::max<std::size_t>(done, 1U << 24U));
         const std::string_view part = input.Take(std::min(piece, room.size()));
         part.copy(room.data(), part.size());
         done += part.size();
@@ -26,12 +26,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }
     }
     if (frame.IsWhole()) {
-        const COPYDATASTRUCT got = frame.GetData();
-        const auto* const bytes = static_cast<const char*>(got.lpData);
-        Fuzz::Require(bytes[got.cbData] == 0 && bytes[got.cbData + 1] == 0);
-        Fuzz::Require(sizeof(Host::TFrameHead) + got.cbData + frame.GetFolder().size() +
-                          frame.GetToken().size() ==
+        const std::size_t bytes = frame.getHead().dataBytes;
+        Fuzz::Require(sizeof(Host::TFrameHead) + bytes + frame.GetFolder().size() + frame.GetToken().size() ==
                       done);
+        const System::UnicodeString units = frame.TakeUnits();
+        Fuzz::Require(units.AsView().size() == (bytes + 1) / 2 && units.c_str()[units.AsView().size()] == 0);
     }
     return 0;
 }

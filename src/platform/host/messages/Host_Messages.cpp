@@ -17,8 +17,10 @@
 #include <utility>
 #include <vector>
 
+#include <fcntl.h>
 #include <limits.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/uio.h>
 #include <sys/un.h>
 
@@ -27,6 +29,22 @@ namespace Host
 
 namespace
 {
+
+/// Which file a name stands for.
+struct TFileId
+{
+    dev_t device = 0;
+    ino_t node = 0;
+
+    bool operator==(const TFileId&) const = default;
+};
+
+/// A way to a window that is open.
+struct TConnection
+{
+    Descriptor socket = Descriptor();
+    TFileId window;
+};
 
 /// The titles that were found, whose places are the handles on them.
 class WindowTable
@@ -39,17 +57,14 @@ public:
         return *table;
     }
 
-    /// `connection` is kept for the first message, if it is open.
-    HWND Add(const std::string& file, Descriptor connection)
+    HWND Add(const std::string& file)
     {
         const std::lock_guard lock(mGate);
         auto found = std::ranges::find(mWindows, file, &TWindow::file);
         if (found == mWindows.end()) {
-            mWindows.push_back({file, Descriptor(), 0});
+            mWindows.push_back({file, {}, 0});
             found = mWindows.end() - 1;
         }
-        found->connection = std::move(connection);
-        found->process = getpid();
         return HandleOf(static_cast<std::size_t>(found - mWindows.begin()));
     }
 
@@ -61,21 +76,30 @@ public:
         return index ? std::optional(mWindows[*index].file) : std::nullopt;
     }
 
-    /// The connection that is kept; not open if there is none, or it is one of the process that this one was
-    /// forked off.
-    Descriptor TakeConnection(HWND window)
+    /// Keeps the connection for the next message.
+    void Keep(HWND window, TConnection connection)
     {
         const std::lock_guard lock(mGate);
         TWindow& entry = mWindows[IndexOf(window).value()];
-        Descriptor connection = std::exchange(entry.connection, Descriptor());
-        return entry.process == getpid() ? std::move(connection) : Descriptor();
+        entry.connection = std::move(connection);
+        entry.process = getpid();
+    }
+
+    /// The connection that is kept; not open if there is none, or it is one of the process that this one was
+    /// forked off.
+    TConnection Take(HWND window)
+    {
+        const std::lock_guard lock(mGate);
+        TWindow& entry = mWindows[IndexOf(window).value()];
+        TConnection connection = std::exchange(entry.connection, {});
+        return entry.process == getpid() ? std::move(connection) : TConnection();
     }
 
 private:
     struct TWindow
     {
         std::string file;
-        Descriptor connection;
+        TConnection connection;
         pid_t process;
     };
 
@@ -103,27 +127,31 @@ enum class EConnect
 
 struct TConnecting
 {
-    EConnect result;
-    Descriptor socket;
+    EConnect result = EConnect::None;
+    TConnection connection;
 };
 
-TConnecting Connect(const std::string& file)
+/// What stands under the file name in the folder now.
+std::optional<TFileId> FindFile(const TSessionFolder& folder, const std::string& file)
 {
-    const TSessionFolder folder = OpenSessionFolder();
-    if (!folder.descriptor.IsOpen()) {
-        return {EConnect::None, Descriptor()};
-    }
+    struct stat status;
+    const bool isThere = folder.descriptor.IsOpen() &&
+                         fstatat(folder.descriptor.Get(), file.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+    return isThere ? std::optional(TFileId{status.st_dev, status.st_ino}) : std::nullopt;
+}
+
+TConnecting Connect(const TSessionFolder& folder, const std::string& file, const TFileId& window)
+{
     const sockaddr_un address = AddressOf(folder.descriptor.Get(), file);
-    Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    TConnection connection{Descriptor(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0)),
+                           window};
+    const int socket = connection.socket.Get();
     const int result = Uninterrupted(
-        [&] { return connect(socket.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address); });
+        [&] { return connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address); });
     if (result != 0) {
-        return {errno == EAGAIN || errno == EWOULDBLOCK ? EConnect::Full : EConnect::None, Descriptor()};
+        return {errno == EAGAIN || errno == EWOULDBLOCK ? EConnect::Full : EConnect::None, {}};
     }
-    if (!IsPeerOwn(socket.Get())) {
-        return {EConnect::None, Descriptor()};
-    }
-    return {EConnect::Connected, std::move(socket)};
+    return IsPeerOwn(socket) ? TConnecting{EConnect::Connected, std::move(connection)} : TConnecting();
 }
 
 /// Whether nobody has closed the other end.
@@ -141,17 +169,28 @@ std::nullopt_t FailSending(Deadline deadline)
     return std::nullopt;
 }
 
-/// Not open if there is no receiver or the time is over.
-Descriptor ConnectBefore(Deadline deadline, HWND window, const std::string& file)
+/// A connection to the window that has the file name now: the one that is kept, or a new one.
+TConnecting Reach(HWND window, const std::string& file)
 {
-    Descriptor kept = WindowTable::Instance().TakeConnection(window);
-    if (IsAlive(kept)) {
-        return kept;
+    const TSessionFolder folder = OpenSessionFolder();
+    const std::optional<TFileId> id = FindFile(folder, file);
+    if (!id) {
+        return {};
     }
+    TConnection kept = WindowTable::Instance().Take(window);
+    if (kept.window == *id && IsAlive(kept.socket)) {
+        return {EConnect::Connected, std::move(kept)};
+    }
+    return Connect(folder, file, *id);
+}
+
+/// Not open if there is no receiver or the time is over.
+TConnection ReachBefore(Deadline deadline, HWND window, const std::string& file)
+{
     for (;;) {
-        TConnecting connecting = Connect(file);
-        if (connecting.result != EConnect::Full || deadline.IsPast()) {
-            return std::move(connecting.socket);
+        TConnecting reached = Reach(window, file);
+        if (reached.result != EConnect::Full || deadline.IsPast()) {
+            return std::move(reached.connection);
         }
         Sleep(1);
     }
@@ -187,11 +226,15 @@ void Advance(std::array<iovec, N>& pieces, std::size_t count)
 }
 
 template <std::size_t N>
-bool SendAll(int socket, std::array<iovec, N>& pieces, std::size_t total, Deadline deadline)
+bool SendAll(int socket, std::array<iovec, N>& pieces, Deadline deadline)
 {
     msghdr message{};
     message.msg_iov = pieces.data();
     message.msg_iovlen = pieces.size();
+    std::size_t total = 0;
+    for (const iovec& piece : pieces) {
+        total += piece.iov_len;
+    }
     while (total > 0) {
         const ssize_t count = Uninterrupted([&] { return sendmsg(socket, &message, MSG_NOSIGNAL); });
         if (count >= 0) {
@@ -267,8 +310,6 @@ public:
                 iovec{mFolder.data(), mFolder.size()}, iovec{mToken.data(), mToken.size()}};
     }
 
-    std::size_t Size() const { return sizeof mHead + mHead.dataBytes + mFolder.size() + mToken.size(); }
-
 private:
     std::string mFolder;
     std::string mToken;
@@ -303,15 +344,21 @@ std::optional<std::intptr_t> Send(HWND window, std::uintptr_t wParam, const COPY
     }
     Outgoing message(wParam, data);
     if (const auto handler = MessageServer::FindOwnHandler(*file)) {
-        return CallHandler(*handler, FrameOf(message));
+        MessageFrame frame = FrameOf(message);
+        return CallHandler(*handler, frame);
     }
-    const Descriptor socket = ConnectBefore(deadline, window, *file);
-    auto pieces = message.Pieces();
-    if (!socket.IsOpen() || !SendAll(socket.Get(), pieces, message.Size(), deadline)) {
+    TConnection connection = ReachBefore(deadline, window, *file);
+    const int socket = connection.socket.Get();
+    if (socket < 0) {
         return FailSending(deadline);
     }
-    const std::optional<std::intptr_t> reply = ReceiveReply(socket.Get(), deadline);
-    return reply ? reply : FailSending(deadline);
+    auto pieces = message.Pieces();
+    const auto reply = SendAll(socket, pieces, deadline) ? ReceiveReply(socket, deadline) : std::nullopt;
+    if (!reply) {
+        return FailSending(deadline);
+    }
+    WindowTable::Instance().Keep(window, std::move(connection));
+    return reply;
 }
 
 bool IsGood(unsigned message, const COPYDATASTRUCT* data)
@@ -334,14 +381,16 @@ HWND FindWindowW(const System::WideChar* className, const System::WideChar* titl
         return nullptr;
     }
     const std::string file = Host::WindowFileName(title);
+    Host::WindowTable& table = Host::WindowTable::Instance();
+    const HWND window = table.Add(file);
     if (Host::MessageServer::IsOwn(file)) {
-        return Host::WindowTable::Instance().Add(file, Host::Descriptor());
+        return window;
     }
-    Host::TConnecting connecting = Host::Connect(file);
-    if (connecting.result == Host::EConnect::None) {
-        return nullptr;
+    Host::TConnecting reached = Host::Reach(window, file);
+    if (reached.result == Host::EConnect::Connected) {
+        table.Keep(window, std::move(reached.connection));
     }
-    return Host::WindowTable::Instance().Add(file, std::move(connecting.socket));
+    return reached.result == Host::EConnect::None ? nullptr : window;
 }
 
 std::intptr_t SendMessageA(HWND window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam)

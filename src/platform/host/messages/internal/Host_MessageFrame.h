@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/base/System_String.h"
 #include "platform/host/messages/Host_Messages.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <memory>
 #include <span>
+#include <string>
 #include <string_view>
+#include <utility>
 
 namespace Host
 {
@@ -39,49 +40,45 @@ struct TFrameReply
     std::int64_t result;
 };
 
-/// A message that comes in piece by piece from somebody who may send anything. It takes memory in step with
-/// what has come, not with what was announced.
+/// A message that comes in piece by piece from somebody who may send anything. What is announced takes
+/// addresses for 16 MB at most, and memory in step with what has come.
 ///
 ///     MessageFrame frame;
 ///     while (!frame.IsWhole()) {
-///         const std::span<char> room = frame.Room();          // std::bad_alloc if there is no memory
+///         const std::span<char> room = frame.Room();          // EOutOfMemory if there is no memory
 ///         if (!frame.Add(Read(room))) { ... }                 // no message
 ///     }
 class TRS8_BTL_API MessageFrame
 {
 public:
-    /// Where the next bytes go; never empty as long as the message isn't whole.
+    /// Where the next bytes go; empty if the message is whole.
     [[nodiscard]] std::span<char> Room();
-    /// The first `count` bytes of the room have come. False if they make no message, or go on behind it.
+    /// The first `count` bytes of the room have come. False if they make no message.
     [[nodiscard]] bool Add(std::size_t count);
-    bool IsWhole() const noexcept { return mIsWhole; }
+    bool IsWhole() const noexcept;
 
-    // Of a whole message, as long as this object lives.
+    // Of a whole message.
 
-    /// Behind the bytes stand zeros, as many as one unit of text has at least.
-    COPYDATASTRUCT GetData() const;
-    std::uintptr_t GetWParam() const { return static_cast<std::uintptr_t>(mHead.wParam); }
-    std::string_view GetFolder() const;
-    std::string_view GetToken() const;
+    const TFrameHead& getHead() const noexcept { return mHead; }
+    /// The bytes as units, the last one filled up with a zero; behind them stands a zero.
+    System::UnicodeString TakeUnits() { return std::move(mUnits); }
+    std::string_view GetFolder() const { return std::string_view(mTail).substr(0, mHead.folderBytes); }
+    std::string_view GetToken() const { return std::string_view(mTail).substr(mHead.folderBytes); }
 
 private:
-    struct TFree
-    {
-        void operator()(char* bytes) const { std::free(bytes); }
-    };
-
-    bool HasHead() const noexcept { return mSize >= sizeof mHead; }
-    std::size_t GetTotal() const noexcept;
-    std::size_t GetFolderStart() const noexcept;
-    void Grow(std::size_t capacity);
-    bool IsHeadGood() const;
+    bool HasHead() const noexcept { return mHeadBytes == sizeof mHead; }
+    bool HasData() const noexcept { return mDataBytes == mHead.dataBytes; }
+    std::span<char> DataRoom();
+    bool TakeHead();
 
     TFrameHead mHead{};
-    /// All bytes, the head among them.
-    std::unique_ptr<char, TFree> mBytes;
-    std::size_t mCapacity = 0;
-    std::size_t mSize = 0;
-    bool mIsWhole = false;
+    std::size_t mHeadBytes = 0;
+    /// In the form in which the receiver wants them, so that nothing is copied.
+    System::UnicodeString mUnits;
+    std::size_t mDataBytes = 0;
+    /// Folder and token.
+    std::string mTail;
+    std::size_t mTailBytes = 0;
 };
 
 } // namespace Host

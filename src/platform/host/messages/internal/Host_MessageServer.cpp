@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/messages/internal/Host_MessageServer.h"
 
+#include "platform/base/Sysutils_Exception.h"
 #include "platform/host/Host_Path.h"
 #include "platform/host/internal/Host_SessionFolder.h"
 #include "platform/host/messages/internal/Host_MessageFrame.h"
@@ -12,6 +13,7 @@
 #include <cstring>
 #include <mutex>
 #include <new>
+#include <span>
 #include <utility>
 
 #include <csignal>
@@ -130,20 +132,20 @@ void RemoveLeftDrafts(const Descriptor& folder)
 class Reply
 {
 public:
-    explicit Reply(Descriptor socket) : mSocket(std::move(socket)) {}
+    explicit Reply(int socket) : mSocket(socket) {}
     Reply(const Reply&) = delete;
     Reply& operator=(const Reply&) = delete;
     ~Reply()
     {
         const TFrameReply reply{FrameMark, result};
         // A sender that is gone wants no answer, and an empty socket has room for this one.
-        static_cast<void>(send(mSocket.Get(), &reply, sizeof reply, MSG_DONTWAIT | MSG_NOSIGNAL));
+        static_cast<void>(send(mSocket, &reply, sizeof reply, MSG_DONTWAIT | MSG_NOSIGNAL));
     }
 
     std::int64_t result = 0;
 
 private:
-    Descriptor mSocket;
+    int mSocket;
 };
 
 /// Whether the other end still waits.
@@ -177,12 +179,18 @@ bool IsPeerOwn(int socket)
     return getsockopt(socket, SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 && peer.uid == geteuid();
 }
 
-std::intptr_t CallHandler(const TWindowHandler& handler, const MessageFrame& frame)
+std::intptr_t CallHandler(const TWindowHandler& handler, MessageFrame& frame)
 {
-    const std::string_view folder = frame.GetFolder();
-    return handler({frame.GetData(), frame.GetWParam(),
-                    folder.empty() ? UnicodeString() : Sysutils::FromHostPath(folder),
-                    System::FromUtf8(frame.GetToken())});
+    const TFrameHead& head = frame.getHead();
+    TWindowMessage message;
+    message.units = frame.TakeUnits();
+    message.data = {static_cast<std::uintptr_t>(head.dwData), head.dataBytes, message.units.c_str()};
+    message.wParam = static_cast<std::uintptr_t>(head.wParam);
+    if (const std::string_view folder = frame.GetFolder(); !folder.empty()) {
+        message.folder = Sysutils::FromHostPath(folder);
+    }
+    message.token = System::FromUtf8(frame.GetToken());
+    return handler(message);
 }
 
 std::unique_ptr<MessageServer> MessageServer::Open(const UnicodeString& title, TWindowHandler handler)
@@ -283,14 +291,23 @@ void MessageServer::Accept()
         return;
     }
     const int descriptor = socket.Get();
-    if (!IsPeerOwn(descriptor) || !Watch(descriptor)) {
+    if (!IsPeerOwn(descriptor)) {
         return;
     }
     auto connection = std::make_unique<TConnection>();
     connection->socket = std::move(socket);
-    mConnections[descriptor] = std::move(connection);
+    Keep(std::move(connection));
     // Mostly the message is there already.
     Read(descriptor);
+}
+
+void MessageServer::Keep(std::unique_ptr<TConnection> connection)
+{
+    const int descriptor = connection->socket.Get();
+    connection->frame = MessageFrame();
+    if (Watch(descriptor)) {
+        mConnections[descriptor] = std::move(connection);
+    }
 }
 
 /// Otherwise the loop would be woken for a sender that can't be let in, over and over.
@@ -312,6 +329,7 @@ void MessageServer::Read(int descriptor)
         isGood = ReadPiece(*found->second);
     } catch (const std::bad_alloc&) {
         // A message without memory for it is none.
+    } catch (const Sysutils::EOutOfMemory&) {
     }
     if (isGood && !found->second->frame.IsWhole()) {
         return;
@@ -350,8 +368,14 @@ void MessageServer::Deliver(std::unique_ptr<TConnection> connection)
     }
     // The handler may end this object.
     const std::shared_ptr<const TWindowHandler> handler = mHandler;
-    Reply reply(std::move(connection->socket));
-    reply.result = CallHandler(*handler, connection->frame);
+    const std::weak_ptr<const bool> life = mLife;
+    {
+        Reply reply(connection->socket.Get());
+        reply.result = CallHandler(*handler, connection->frame);
+    }
+    if (!life.expired()) {
+        Keep(std::move(connection));
+    }
 }
 
 std::shared_ptr<const TWindowHandler> MessageServer::FindOwnHandler(const std::string& file)

@@ -23,8 +23,10 @@ class MessageFrame;
 /// A message that has come, as long as it is handled.
 struct TWindowMessage
 {
-    /// Behind the bytes stand zeros, as many as one unit of text has at least.
+    /// The bytes are those of `units`.
     COPYDATASTRUCT data;
+    /// The last one is filled up with a zero, and behind them stands a zero. The handler may take them.
+    System::UnicodeString units;
     std::uintptr_t wParam = 0;
     /// The current folder of the sender; empty if it is in none.
     System::UnicodeString folder;
@@ -33,7 +35,7 @@ struct TWindowMessage
 };
 
 /// What a window does with a message; the result goes back to the sender.
-using TWindowHandler = std::function<std::intptr_t(const TWindowMessage&)>;
+using TWindowHandler = std::function<std::intptr_t(TWindowMessage&)>;
 
 /// The receiving side of a title: a socket of the user's session, and those who send. All belongs to the
 /// thread that made it, and so does the handler.
@@ -76,6 +78,8 @@ private:
     /// Whether the message is whole, or goes on; else the sender is to be dropped.
     static bool ReadPiece(TConnection& connection);
     void Deliver(std::unique_ptr<TConnection> connection);
+    /// Waits for another message of the sender.
+    void Keep(std::unique_ptr<TConnection> connection);
 
     friend class ServerTable;
     /// Takes the title's file away if it is still this window's.
@@ -89,6 +93,8 @@ private:
     pid_t mProcess = 0;
     pthread_t mThread{};
     std::shared_ptr<const TWindowHandler> mHandler;
+    /// Ends with this object.
+    std::shared_ptr<const bool> mLife = std::make_shared<const bool>(true);
     Descriptor mListener;
     Descriptor mPoll;
     /// Kept to refuse a sender when there are no more descriptors.
@@ -106,6 +112,6 @@ private:
 [[nodiscard]] bool IsPeerOwn(int socket);
 
 /// The message of the caller's own process, as the handler gets it.
-[[nodiscard]] std::intptr_t CallHandler(const TWindowHandler& handler, const MessageFrame& frame);
+[[nodiscard]] std::intptr_t CallHandler(const TWindowHandler& handler, MessageFrame& frame);
 
 } // namespace Host
