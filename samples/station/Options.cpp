@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Options.h"
 
+#include "Single.h"
+
 #include <TRS8_BTL/platform/base/Sysutils_Locale.h>
 #include <TRS8_BTL/platform/base/dates/Sysutils_DateReading.h>
 #include <TRS8_BTL/platform/base/numbers/Sysutils_Integer.h>
@@ -214,6 +216,9 @@ Numbers may be written with either decimal separator. Exit code 0: all was print
 1: something failed; 2: the command line, a setting or a file is bad; 3: all was printed,
 but the instrument failed at times, as the log tells.
 
+A second station for the same samples hands its command line to the first, which goes on
+for its --seconds, and ends with the answer; other options are refused then, by code 2.
+
 To try the instrument, start "station --instrument" in one terminal, which tells the
 others by the registry file of the user, and "station --serial COM7" in another one.
 )";
@@ -231,6 +236,7 @@ TOptions ReadOptions(int argc, const char* const* argv)
     line.Parse(argc, argv);
 
     TOptions options;
+    options.commandLine = JoinCommandLine(argc, argv);
     for (const TOption& option : Table) {
         const std::vector<UnicodeString>& values = line.GetValues(option.name);
         if (values.empty()) {
@@ -250,6 +256,14 @@ TOptions ReadOptions(int argc, const char* const* argv)
         throw BTL::XCommandLine(u"--copy goes with --about");
     }
     return options;
+}
+
+bool IsForRunUnderWay(const TOptions& options)
+{
+    return !options.channels && options.store == EStore::Ini && options.settings.IsEmpty() &&
+           options.chart.IsEmpty() && options.language.IsEmpty() && !options.open && !options.decimal &&
+           !options.from && !options.sql && options.log.IsEmpty() && !options.serial && !options.instrument &&
+           !options.help;
 }
 
 } // namespace Station

@@ -12,6 +12,9 @@
 namespace Station
 {
 
+/// How long a run samples that nobody sets a time for.
+constexpr double DefaultSeconds = 5;
+
 /// What the user asks for.
 struct TOptions
 {
@@ -50,11 +53,16 @@ struct TOptions
     bool publish = false;
     std::optional<unsigned long> watch;
     bool help = false;
+    /// All words, as `JoinCommandLine` gives them.
+    System::UnicodeString commandLine;
 };
 
 /// What the command line asks for; of an option that is given twice, the first counts.
 /// `BTL::XCommandLine` for an unknown word, a missing or a bad value.
 TOptions ReadOptions(int argc, const char* const* argv);
+
+/// Whether nothing is asked for but to sample for some time into some file.
+bool IsForRunUnderWay(const TOptions& options);
 
 /// How the program is called, with all options.
 System::UnicodeString HelpText();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Progress.h"
 
+#include <algorithm>
+
 namespace Station
 {
 
@@ -23,10 +25,12 @@ void CPublishedRun::Start(System::Int64 turns)
     mInfo.Start(turns);
 }
 
-void CPublishedRun::AddTurn(const System::UnicodeString& text)
+void CPublishedRun::AddTurn(const System::UnicodeString& text, System::Int64 left)
 {
     mInfo.setText1(text);
     mInfo.IncPosition();
+    // Others may have put the end off.
+    mInfo.setMax(std::max(mInfo.getMax(), mInfo.getPosition() + left));
 }
 
 void CPublishedRun::Finish()

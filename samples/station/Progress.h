@@ -24,8 +24,8 @@ public:
 
     /// The run takes so many turns.
     void Start(System::Int64 turns);
-    /// One turn is done, and `text` is what came of it.
-    void AddTurn(const System::UnicodeString& text);
+    /// One turn is done, `text` is what came of it, and so many turns are left at least.
+    void AddTurn(const System::UnicodeString& text, System::Int64 left);
     /// All turns are done.
     void Finish();
 

@@ -9,6 +9,7 @@
 #include "Samples.h"
 #include "SerialReader.h"
 #include "Settings.h"
+#include "Single.h"
 #include "Watch.h"
 
 #include <TRS8_BTL/environment/BTL_ENV_ApplicationIni.h>
@@ -19,13 +20,17 @@
 #include <TRS8_BTL/platform/base/Sysutils_Exception.h>
 #include <TRS8_BTL/platform/base/Sysutils_Locale.h>
 #include <TRS8_BTL/platform/base/dates/Sysutils_Calendar.h>
+#include <TRS8_BTL/platform/toolkit/Toolkit.h>
+#include <TRS8_BTL/platform/visual/Forms.h>
 #include <TRS8_BTL/progress/BTL_THRD_ActionThread.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <exception>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <thread>
 
 namespace
@@ -54,6 +59,7 @@ struct TRun
     /// Between two turns, in seconds.
     double interval;
     System::TDateTime start;
+    CRunEnd end{};
 };
 
 /// One turn: asks the instrument, if there is one, and reads all channels. Gives the last value that came.
@@ -80,33 +86,60 @@ UnicodeString Sample(TRun& run, CSerialReader* serial, CSampleWriter& writer)
     return last;
 }
 
-/// Samples in a thread of its own and waits for its end. What ends it before comes out here.
-void SampleFor(double seconds, TRun& run, CSerialReader* serial, CSampleWriter& writer,
-               CPublishedRun& published)
+/// Handles what comes to the main thread until the thread ends.
+void AwaitEnd(BTL::TActionThread& thread)
 {
-    using Clock = std::chrono::steady_clock;
-    const auto spanOf = [](double span) {
-        return std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(span));
-    };
+    std::atomic<bool> hasEnded = false;
+    thread.setOnTerminate([&](System::TObject*) {
+        hasEnded = true;
+        Toolkits::CurrentToolkit().Post([] {});
+    });
+    thread.Start2();
+    while (!hasEnded) {
+        Forms::Application->HandleMessage();
+    }
+    thread.WaitFor();
+}
+
+/// Samples in a thread of its own up to the end of the run. What ends it before comes out here.
+void SampleToEnd(TRun& run, CSerialReader* serial, CSampleWriter& writer, CPublishedRun& published)
+{
+    using Clock = CRunEnd::Clock;
+    const auto interval =
+        std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(run.interval));
     auto next = Clock::now();
-    const auto end = next + spanOf(seconds);
-    const auto interval = spanOf(run.interval);
-    published.Start(static_cast<System::Int64>(seconds / run.interval) + 1);
     BTL::TActionThread sampling(
         [&](BTL::TActionThread* thread) {
-            published.AddTurn(Sample(run, serial, writer));
+            const UnicodeString last = Sample(run, serial, writer);
             // Turns that a slow instrument took the time of are left out.
             next = std::max(next + interval, Clock::now());
-            if (next > end) {
+            published.AddTurn(last, run.end.GetTurnsFrom(next, interval));
+            if (run.end.IsBehind(next)) {
                 thread->Terminate();
                 return;
             }
             std::this_thread::sleep_until(next);
         },
-        false, false, false);
-    sampling.WaitFor();
+        true, false, false);
+    AwaitEnd(sampling);
     if (const auto fault = sampling.getFatalException()) {
         std::rethrow_exception(fault);
+    }
+}
+
+/// What a later station asks of this one; the answer is its exit code.
+int Obey(TRun& run, const UnicodeString& commandLine)
+{
+    const UnicodeString asked =
+        u"A station in " + BTL::CStartOnce::GetSenderFolder() + u" asks: " + commandLine;
+    try {
+        const double seconds = ReadHandedOver(commandLine);
+        BTL::Log(asked + u": goes on for " + UnicodeString(seconds) + u" s");
+        run.end.PutOff(seconds);
+        return Done;
+    } catch (const Sysutils::Exception& fault) {
+        BTL::Log(asked + u": " + fault.getMessage());
+        return BadInput;
     }
 }
 
@@ -148,7 +181,12 @@ UnicodeString SettingsFile(const TOptions& options)
     return options.settings.IsEmpty() ? BTL::GetBinPath() + name : options.settings;
 }
 
-EExitCode Run(const TOptions& options)
+UnicodeString SamplesFile(const TOptions& options)
+{
+    return options.samples.IsEmpty() ? BTL::GetBinPath() + u"Samples.txt" : options.samples;
+}
+
+EExitCode Run(const TOptions& options, CSingleStation& single)
 {
     if (options.decimal) {
         Sysutils::DecimalSeparator = *options.decimal;
@@ -156,8 +194,7 @@ EExitCode Run(const TOptions& options)
     if (!options.log.IsEmpty()) {
         BTL::SetLogFile(options.log);
     }
-    const UnicodeString file =
-        options.samples.IsEmpty() ? BTL::GetBinPath() + u"Samples.txt" : options.samples;
+    const UnicodeString file = SamplesFile(options);
     const auto serial = options.serial ? std::make_unique<CSerialReader>(*options.serial) : nullptr;
     const UnicodeString settingsFile = SettingsFile(options);
     const auto settings = OpenSettings(options.store, settingsFile);
@@ -171,7 +208,7 @@ EExitCode Run(const TOptions& options)
              Sysutils::Now()};
     std::vector<CChannel>& channels = run.channels;
     run.chart = MakeChart(channels, title);
-    const double seconds = options.seconds.value_or(5);
+    const double seconds = options.seconds.value_or(DefaultSeconds);
     BTL::Log(u"Sampling " + UnicodeString(channels.size()) + u" channels for " + UnicodeString(seconds) +
              u" s");
     if (serial) {
@@ -179,7 +216,10 @@ EExitCode Run(const TOptions& options)
     }
     CSampleWriter writer(file);
     CPublishedRun published(options.publish, title);
-    SampleFor(seconds, run, serial.get(), writer, published);
+    run.end.PutOff(seconds);
+    single.Serve([&run](const UnicodeString& commandLine) { return Obey(run, commandLine); });
+    published.Start(static_cast<System::Int64>(seconds / run.interval) + 1);
+    SampleToEnd(run, serial.get(), writer, published);
     ReadSamples(file, options.from ? 0 : writer.getStart(), options.from, [&](const UTL::CVariants& sample) {
         AddSample(channels, sample);
         if (options.sql) {
@@ -204,6 +244,22 @@ void UseLanguage(const UnicodeString& language)
     const UnicodeString folder = BTL::GetProgramIDSPath() + language + u"\\";
     BTL::Gi18n::Init(u"IDS", u"BTL_German.ids", folder);
     WIN::SetErrorTextPath(folder);
+}
+
+/// Samples, unless another station does so into the same file: then that one gets the command line.
+EExitCode RunOrHandOver(const TOptions& options)
+{
+    CSingleStation single(SamplesFile(options));
+    const std::optional<int> answer = single.HandOver(options.commandLine);
+    if (!answer) {
+        return Run(options, single);
+    }
+    if (*answer == BadInput) {
+        std::cerr << "station: the one that samples already takes --seconds alone\n";
+    } else {
+        std::cout << "The station that samples already goes on.\n";
+    }
+    return static_cast<EExitCode>(*answer);
 }
 
 void OpenProgram(const BTL::CApplicationIni& application)
@@ -242,7 +298,7 @@ EExitCode Start(const TOptions& options)
         PlayInstrument(options.serial.value_or(DefaultPort), options.faulty, options.seconds, std::cout);
         return Done;
     }
-    return Run(options);
+    return RunOrHandOver(options);
 }
 
 int Fail(EExitCode code, const UnicodeString& message)

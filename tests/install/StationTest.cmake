@@ -185,5 +185,7 @@ run_step(DESCRIPTION "The station beside an instrument"
     COMMAND ${bash} "${CMAKE_CURRENT_LIST_DIR}/pair.sh" "${station}" "${workFolder}")
 run_step(DESCRIPTION "A station watched by another one"
     COMMAND ${bash} "${CMAKE_CURRENT_LIST_DIR}/watch.sh" "${station}" "${workFolder}")
+run_step(DESCRIPTION "Several stations for one file of samples"
+    COMMAND ${bash} "${CMAKE_CURRENT_LIST_DIR}/single.sh" "${station}" "${workFolder}")
 
 file(REMOVE_RECURSE "${workFolder}")

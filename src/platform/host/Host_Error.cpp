@@ -100,6 +100,7 @@ constexpr OwnText OwnTexts[] = {
     {ERROR_CANCELLED, u"Cancelled by the user"},
     {ERROR_UNKNOWN_REVISION, u"Unknown revision of a security descriptor"},
     {ERROR_PRIVILEGE_NOT_HELD, u"A required privilege is missing"},
+    {ERROR_INVALID_WINDOW_HANDLE, u"There is no such window"},
     {ERROR_TIMEOUT, u"The operation timed out"},
 };
 

@@ -62,6 +62,7 @@ inline constexpr unsigned long ERROR_UNKNOWN_REVISION = 1305;
 inline constexpr unsigned long ERROR_PRIVILEGE_NOT_HELD = 1314;
 inline constexpr unsigned long ERROR_NO_SUCH_USER = 1317;
 inline constexpr unsigned long ERROR_NO_SYSTEM_RESOURCES = 1450;
+inline constexpr unsigned long ERROR_INVALID_WINDOW_HANDLE = 1400;
 inline constexpr unsigned long ERROR_TIMEOUT = 1460;
 inline constexpr unsigned long ERROR_DEVICE_REMOVED = 1617;
 inline constexpr unsigned long ERROR_CANT_RESOLVE_FILENAME = 1921;

@@ -3,6 +3,7 @@
 
 #include "platform/runtime/classes/internal/Classes_ThreadState.h"
 #include "platform/toolkit/headless/HeadlessToolkit.h"
+#include "platform/toolkit/internal/Watches.h"
 
 #include <atomic>
 #include <cstdlib>
@@ -62,6 +63,17 @@ void MoveWakeUp()
     }
 }
 
+/// What the former toolkit looked after is up to the current one.
+void MoveWatches(Toolkit* former)
+{
+    for (const auto& [descriptor, action] : Watches()) {
+        if (former != nullptr) {
+            former->Unwatch(descriptor);
+        }
+        CurrentToolkit().Watch(descriptor, action);
+    }
+}
+
 /// Lets the threads of the run time reach the message loop.
 struct LinkToThreads
 {
@@ -93,6 +105,7 @@ std::unique_ptr<Toolkit> ExchangeToolkit(std::unique_ptr<Toolkit> toolkit)
         former = std::exchange(current.toolkit, std::move(toolkit));
     }
     MoveWakeUp();
+    MoveWatches(former.get());
     return former;
 }
 

@@ -64,7 +64,18 @@ public:
     /// Runs `action` from the message loop of the main thread, in the order of posting. From any thread.
     virtual void Post(std::function<void()> action) = 0;
 
-    /// Handles one waiting message; false if none waits.
+    /// Runs `action` from the message loop while there is something to read from the descriptor of the host,
+    /// up to `Unwatch`. A second watch of a descriptor replaces the first. `Toolkits::Watch` calls this.
+    virtual void Watch(int descriptor, std::function<void()> action) = 0;
+    /// Also from within the action; nothing for a descriptor without a watch.
+    virtual void Unwatch(int descriptor) = 0;
+
+    /// Takes the token by which the desktop lets the next window that asks for it come to the front; it came
+    /// from the program in which the user did something last.
+    virtual void SetActivationToken(const System::UnicodeString& token) = 0;
+
+    /// Handles one waiting message; false if none waits. What is to be read from a watched descriptor counts
+    /// as one.
     virtual bool ProcessMessage() = 0;
 
     /// Sleeps until a message waits.

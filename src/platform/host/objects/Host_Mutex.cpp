@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <map>
 #include <mutex>
+#include <utility>
 #include <vector>
 
 #include <fcntl.h>
@@ -200,13 +201,15 @@ COwnedMutexes::~COwnedMutexes()
 class CMutexTable
 {
 public:
-    std::shared_ptr<CMutexObject> Find(const System::UnicodeString& name)
+    using TName = std::pair<CNamedBlock::EScope, System::UnicodeString>;
+
+    std::shared_ptr<CMutexObject> Find(const TName& name)
     {
         const auto found = mMutexes.find(name);
         return found == mMutexes.end() ? nullptr : found->second.lock();
     }
 
-    void Add(const System::UnicodeString& name, const std::shared_ptr<CMutexObject>& mutex)
+    void Add(const TName& name, const std::shared_ptr<CMutexObject>& mutex)
     {
         std::erase_if(mMutexes, [](const auto& entry) { return entry.second.expired(); });
         mMutexes[name] = mutex;
@@ -216,7 +219,7 @@ public:
     std::mutex gate;
 
 private:
-    std::map<System::UnicodeString, std::weak_ptr<CMutexObject>> mMutexes;
+    std::map<TName, std::weak_ptr<CMutexObject>> mMutexes;
 };
 
 CMutexTable& Mutexes()
@@ -235,7 +238,58 @@ std::shared_ptr<CMutexObject> ObjectOver(std::optional<CNamedBlock> block)
     return head == nullptr ? nullptr : std::make_shared<CMutexObject>(std::move(*block), std::move(head));
 }
 
+HANDLE Create(const CMutexTable::TName& name, CNamedBlock::EAccess access, bool initialOwner)
+{
+    const auto& [scope, text] = name;
+    CMutexTable& mutexes = Mutexes();
+    const std::lock_guard lock(mutexes.gate);
+    std::shared_ptr<CMutexObject> mutex = text.IsEmpty() ? nullptr : mutexes.Find(name);
+    if (mutex != nullptr) {
+        SetLastError(ERROR_ALREADY_EXISTS);
+        return OpenHandle(std::move(mutex));
+    }
+    mutex =
+        ObjectOver(CNamedBlock::Create(text, CNamedBlock::EKind::Mutex, {0, access, initialOwner}, scope));
+    if (mutex == nullptr) {
+        return nullptr;
+    }
+    if (!text.IsEmpty()) {
+        mutexes.Add(name, mutex);
+    }
+    const bool existed = mutex->getExisted();
+    if (initialOwner && !existed) {
+        mutex->Wait(0);
+    }
+    SetLastError(existed ? ERROR_ALREADY_EXISTS : ERROR_SUCCESS);
+    return OpenHandle(std::move(mutex));
+}
+
+HANDLE Open(const CMutexTable::TName& name)
+{
+    CMutexTable& mutexes = Mutexes();
+    const std::lock_guard lock(mutexes.gate);
+    std::shared_ptr<CMutexObject> mutex = mutexes.Find(name);
+    if (mutex == nullptr) {
+        mutex = ObjectOver(CNamedBlock::Open(name.second, CNamedBlock::EKind::Mutex, name.first));
+        if (mutex == nullptr) {
+            return nullptr;
+        }
+        mutexes.Add(name, mutex);
+    }
+    return OpenHandle(std::move(mutex));
+}
+
 } // namespace
+
+HANDLE CreateSessionMutex(const System::UnicodeString& name)
+{
+    return Create({CNamedBlock::EScope::Session, name}, CNamedBlock::EAccess::User, false);
+}
+
+HANDLE OpenSessionMutex(const System::UnicodeString& name)
+{
+    return Open({CNamedBlock::EScope::Session, name});
+}
 
 } // namespace Host
 
@@ -244,43 +298,14 @@ HANDLE CreateMutexW(const SECURITY_ATTRIBUTES* attributes, bool initialOwner,
 {
     using Host::CNamedBlock;
 
-    Host::CMutexTable& mutexes = Host::Mutexes();
-    const std::lock_guard lock(mutexes.gate);
-    std::shared_ptr<Host::CMutexObject> mutex = name.IsEmpty() ? nullptr : mutexes.Find(name);
-    if (mutex != nullptr) {
-        SetLastError(ERROR_ALREADY_EXISTS);
-        return Host::OpenHandle(std::move(mutex));
-    }
     const auto access =
         Host::IsForEverybody(attributes) ? CNamedBlock::EAccess::Everybody : CNamedBlock::EAccess::User;
-    mutex = Host::ObjectOver(CNamedBlock::Create(name, CNamedBlock::EKind::Mutex, {0, access, initialOwner}));
-    if (mutex == nullptr) {
-        return nullptr;
-    }
-    if (!name.IsEmpty()) {
-        mutexes.Add(name, mutex);
-    }
-    const bool existed = mutex->getExisted();
-    if (initialOwner && !existed) {
-        mutex->Wait(0);
-    }
-    SetLastError(existed ? ERROR_ALREADY_EXISTS : ERROR_SUCCESS);
-    return Host::OpenHandle(std::move(mutex));
+    return Host::Create({CNamedBlock::EScope::Machine, name}, access, initialOwner);
 }
 
 HANDLE OpenMutexW(unsigned long /*access*/, bool /*inherit*/, const System::UnicodeString& name)
 {
-    Host::CMutexTable& mutexes = Host::Mutexes();
-    const std::lock_guard lock(mutexes.gate);
-    std::shared_ptr<Host::CMutexObject> mutex = mutexes.Find(name);
-    if (mutex == nullptr) {
-        mutex = Host::ObjectOver(Host::CNamedBlock::Open(name, Host::CNamedBlock::EKind::Mutex));
-        if (mutex == nullptr) {
-            return nullptr;
-        }
-        mutexes.Add(name, mutex);
-    }
-    return Host::OpenHandle(std::move(mutex));
+    return Host::Open({Host::CNamedBlock::EScope::Machine, name});
 }
 
 bool ReleaseMutex(HANDLE handle)

@@ -34,3 +34,16 @@ TRS8_BTL_API HANDLE OpenMutexW(unsigned long access, bool inherit, const System:
 
 /// Gives the mutex back once. False with `ERROR_NOT_OWNER` if it isn't the thread's.
 TRS8_BTL_API bool ReleaseMutex(HANDLE mutex);
+
+namespace Host
+{
+
+/// As `CreateMutexW`, but for a name that belongs to the user's session: those of other users and of the
+/// machine are apart from it. The new mutex is owned by nobody. Null with the last error 5 if the session's
+/// folder for such names is another user's.
+TRS8_BTL_API HANDLE CreateSessionMutex(const System::UnicodeString& name);
+
+/// As `OpenMutexW`, but for a name that belongs to the user's session.
+TRS8_BTL_API HANDLE OpenSessionMutex(const System::UnicodeString& name);
+
+} // namespace Host

@@ -1,15 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/headless/HeadlessToolkit.h"
 
+#include "platform/host/internal/Host_Wakeup.h"
 #include "platform/toolkit/MessageBox.h"
 
 #include <algorithm>
 #include <array>
+#include <atomic>
+#include <cerrno>
 #include <functional>
 #include <iostream>
 #include <span>
 #include <stdexcept>
 #include <utility>
+
+#include <poll.h>
+#include <unistd.h>
 
 namespace Toolkits
 {
@@ -76,6 +82,57 @@ void WriteCancelled(const TInput& input)
 }
 
 } // namespace
+
+/// Wakes the main thread where it waits, and costs nothing where it doesn't.
+class HeadlessToolkit::CWaker
+{
+public:
+    /// The wait of the main thread. What is posted from its begin on ends it.
+    class CWait
+    {
+    public:
+        explicit CWait(CWaker& waker) : mWaker(waker)
+        {
+            mWaker.Own();
+            mWaker.mIsWaiting = true;
+        }
+        CWait(const CWait&) = delete;
+        CWait& operator=(const CWait&) = delete;
+        ~CWait()
+        {
+            mWaker.mIsWaiting = false;
+            static_cast<void>(mWaker.mWakeup.Take());
+        }
+
+    private:
+        CWaker& mWaker;
+    };
+
+    int Get() const noexcept { return mWakeup.Get(); }
+
+    void Wake() const
+    {
+        if (mIsWaiting) {
+            mWakeup.Wake();
+        }
+    }
+
+private:
+    /// A process that was forked off would take what wakes this one.
+    void Own()
+    {
+        if (mProcess != getpid()) {
+            mWakeup = Host::Wakeup();
+            mProcess = getpid();
+        }
+    }
+
+    pid_t mProcess = getpid();
+    Host::Wakeup mWakeup;
+    std::atomic<bool> mIsWaiting = false;
+};
+
+HeadlessToolkit::HeadlessToolkit() : mWaker(std::make_unique<CWaker>()) {}
 
 HeadlessToolkit::~HeadlessToolkit() = default;
 
@@ -169,10 +226,37 @@ void HeadlessToolkit::Post(std::function<void()> action)
         const std::lock_guard lock(mMessagesMutex);
         mMessages.push_back(std::move(action));
     }
-    mMessagePosted.notify_one();
+    mWaker->Wake();
+}
+
+void HeadlessToolkit::Watch(int descriptor, std::function<void()> action)
+{
+    mWatches.insert_or_assign(descriptor, std::move(action));
+}
+
+void HeadlessToolkit::Unwatch(int descriptor)
+{
+    mWatches.erase(descriptor);
+}
+
+void HeadlessToolkit::SetActivationToken(const System::UnicodeString& token)
+{
+    mActivationToken = token;
 }
 
 bool HeadlessToolkit::ProcessMessage()
+{
+    mIsWatchedNext = !mIsWatchedNext;
+    return mIsWatchedNext ? ProcessPosted() || ProcessWatched() : ProcessWatched() || ProcessPosted();
+}
+
+bool HeadlessToolkit::HasPosted()
+{
+    const std::lock_guard lock(mMessagesMutex);
+    return !mMessages.empty();
+}
+
+bool HeadlessToolkit::ProcessPosted()
 {
     std::function<void()> action;
     {
@@ -187,10 +271,37 @@ bool HeadlessToolkit::ProcessMessage()
     return true;
 }
 
+bool HeadlessToolkit::ProcessWatched()
+{
+    const auto isReady = [](const auto& watch) {
+        pollfd state{watch.first, POLLIN, 0};
+        return poll(&state, 1, 0) > 0;
+    };
+    // From the one behind the last on.
+    const auto next = mWatches.upper_bound(mLastWatched);
+    auto found = std::find_if(next, mWatches.end(), isReady);
+    if (found == mWatches.end()) {
+        found = std::find_if(mWatches.begin(), next, isReady);
+        if (found == next) {
+            return false;
+        }
+    }
+    mLastWatched = found->first;
+    // The action may end its own watch.
+    const std::function<void()> action = found->second;
+    action();
+    return true;
+}
+
 void HeadlessToolkit::WaitMessage()
 {
-    std::unique_lock lock(mMessagesMutex);
-    mMessagePosted.wait(lock, [this] { return !mMessages.empty(); });
+    const CWaker::CWait wait(*mWaker);
+    std::vector<pollfd> sources = {{mWaker->Get(), POLLIN, 0}};
+    std::ranges::transform(mWatches, std::back_inserter(sources), [](const auto& watch) {
+        return pollfd{watch.first, POLLIN, 0};
+    });
+    while (!HasPosted() && poll(sources.data(), sources.size(), -1) < 0 && errno == EINTR) {
+    }
 }
 
 } // namespace Toolkits

@@ -3,9 +3,10 @@
 
 #include "platform/toolkit/Toolkit.h"
 
-#include <condition_variable>
 #include <deque>
 #include <functional>
+#include <map>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <vector>
@@ -37,6 +38,7 @@ public:
         std::optional<System::UnicodeString> answer;
     };
 
+    HeadlessToolkit();
     ~HeadlessToolkit() override;
 
     /// Adds an answer to the script; the next box without one takes it. `std::logic_error` from `ShowBox` if
@@ -65,23 +67,42 @@ public:
     Types::TRect DesktopRect() const override;
     void SetCursor(int cursor) override { mCursor = cursor; }
     void Post(std::function<void()> action) override;
+    void Watch(int descriptor, std::function<void()> action) override;
+    void Unwatch(int descriptor) override;
+    void SetActivationToken(const System::UnicodeString& token) override;
     bool ProcessMessage() override;
     void WaitMessage() override;
+
+    /// The token that came last; empty at first.
+    const System::UnicodeString& getActivationToken() const noexcept { return mActivationToken; }
 
     /// The answer of a box that nobody attends: an internal error (Yes and No without an icon) is raised by
     /// Yes, a question is answered No, a notice OK, and any other choice is cancelled.
     static int UnattendedAnswer(unsigned flags);
 
 private:
+    class CWaker;
+
+    bool ProcessPosted();
+    bool ProcessWatched();
+    bool HasPosted();
+
     std::deque<int> mScript;
     std::vector<TShown> mShown;
     std::deque<std::optional<System::UnicodeString>> mLines;
     std::vector<TAsked> mAsked;
     System::UnicodeString mClipboard;
     int mCursor = 0;
+    System::UnicodeString mActivationToken;
+    std::map<int, std::function<void()>> mWatches;
+    /// The descriptor whose action ran last, so that each has its turn.
+    int mLastWatched = -1;
+    /// Whether what is watched is next, so that neither it nor what is posted waits for the other for long.
+    bool mIsWatchedNext = false;
     std::mutex mMessagesMutex;
-    std::condition_variable mMessagePosted;
     std::deque<std::function<void()>> mMessages;
+    /// Ends the wait of the main thread for a message.
+    std::unique_ptr<CWaker> mWaker;
 };
 
 } // namespace Toolkits

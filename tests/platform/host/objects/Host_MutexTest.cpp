@@ -4,7 +4,9 @@
 #include "platform/host/Host_Error.h"
 #include "platform/host/objects/Host_FileMapping.h"
 #include "support/ObjectNames.h"
+#include "support/ScopedVariable.h"
 #include "support/SecondProcess.h"
+#include "support/Session.h"
 
 #include <gtest/gtest.h>
 
@@ -173,6 +175,49 @@ TEST(HostMutexTest, PassesFromAKilledProcessToWhoWaits)
     EXPECT_EQ(result, WAIT_ABANDONED);
     EXPECT_TRUE(CloseHandle(mutex));
     EXPECT_EQ(Support::CountOwnNames(), 0);
+}
+
+TEST(HostMutexTest, OfTheSessionIsApartFromThatOfTheMachine)
+{
+    const Support::Session session;
+    const UnicodeString name = OwnName(u"session");
+    const HANDLE machine = CreateMutexW(nullptr, true, name);
+    EXPECT_EQ(Host::OpenSessionMutex(name), nullptr);
+    EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
+    const HANDLE first = Host::CreateSessionMutex(name);
+    EXPECT_EQ(GetLastError(), ERROR_SUCCESS);
+    const HANDLE second = Host::CreateSessionMutex(name);
+    EXPECT_EQ(GetLastError(), ERROR_ALREADY_EXISTS);
+    const HANDLE opened = Host::OpenSessionMutex(name);
+    EXPECT_EQ(WaitForSingleObject(opened, 0), WAIT_OBJECT_0) << "that of the machine is owned, not this one";
+    EXPECT_TRUE(ReleaseMutex(first));
+    EXPECT_EQ(session.CountNames(), 1);
+    for (const HANDLE handle : {machine, first, second, opened}) {
+        EXPECT_TRUE(CloseHandle(handle));
+    }
+    EXPECT_EQ(session.CountNames(), 0);
+    EXPECT_EQ(Support::CountOwnNames(), 0);
+}
+
+TEST(HostMutexTest, OfTheSessionNeedsNoRunTimeFolder)
+{
+    const Support::TempFolder open;
+    std::filesystem::permissions(open.Path(), std::filesystem::perms::all);
+    const std::string missing = (open.Path() / "missing").string();
+    const UnicodeString name = OwnName(u"no folder");
+    // None, one that isn't there, one that is no path of the root, one that others may write to.
+    for (const char* const folder : {"", missing.c_str(), "run", open.Path().c_str()}) {
+        SCOPED_TRACE(folder);
+        const Support::ScopedVariable variable("XDG_RUNTIME_DIR", folder);
+        const HANDLE mutex = Host::CreateSessionMutex(name);
+        EXPECT_NE(mutex, nullptr);
+        EXPECT_EQ(GetLastError(), ERROR_SUCCESS);
+        struct stat status;
+        ASSERT_EQ(lstat(("/dev/shm/TRS8_BTL-" + std::to_string(geteuid())).c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode & 0777, 0700U);
+        EXPECT_TRUE(CloseHandle(mutex));
+    }
+    EXPECT_EQ(Support::CountEntries(open.Path()), 0);
 }
 
 /// How often a process is killed; all of the 500 by `TRS8_BTL_KILLS=500`.

@@ -4,7 +4,7 @@
 #include "platform/host/devices/Host_CommTypes.h"
 #include "platform/host/devices/internal/Host_KeptSettings.h"
 #include "platform/host/devices/internal/Host_LineErrors.h"
-#include "platform/host/devices/internal/Host_Wakeup.h"
+#include "platform/host/internal/Host_Wakeup.h"
 #include "platform/host/objects/internal/Host_Object.h"
 
 #include <memory>

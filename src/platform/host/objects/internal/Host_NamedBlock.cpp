@@ -3,6 +3,7 @@
 
 #include "platform/host/Host_TickCount.h"
 #include "platform/host/internal/Host_Deadline.h"
+#include "platform/host/internal/Host_SessionFolder.h"
 #include "platform/host/objects/internal/Host_ObjectName.h"
 
 #include <array>
@@ -21,7 +22,7 @@ namespace Host
 namespace
 {
 
-constexpr char Folder[] = "/dev/shm/TRS8_BTL";
+constexpr char MachineFolder[] = "/dev/shm/TRS8_BTL";
 
 /// The byte whose lock tells that a block is held.
 constexpr std::int64_t LifeByte = 0;
@@ -47,16 +48,30 @@ bool SetMode(int descriptor, mode_t mode)
     return fchmod(descriptor, mode) == 0 || FailErrno();
 }
 
-/// Opens the folder of all names, which everybody may add to, as the one for temporary files is. A link in
-/// its place is refused.
-Descriptor OpenFolder()
+/// Where the block of the name lies; empty, with the last error set, if the session has no folder for it.
+std::string BlockPath(const System::UnicodeString& name, CNamedBlock::EScope scope)
+{
+    std::string folder = MachineFolder;
+    if (scope == CNamedBlock::EScope::Session) {
+        TSessionFolder session = OpenSessionFolder();
+        if (!session.descriptor.IsOpen()) {
+            return {};
+        }
+        folder = std::move(session.path);
+    }
+    return folder + '/' + ObjectFileName(name);
+}
+
+/// Opens the folder of all users' names, which everybody may add to, as the one for temporary files is. A
+/// link in its place is refused.
+Descriptor OpenMachineFolder()
 {
     constexpr mode_t mode = 01777;
-    if (mkdir(Folder, mode) != 0 && errno != EEXIST) {
+    if (mkdir(MachineFolder, mode) != 0 && errno != EEXIST) {
         FailErrno();
         return Descriptor();
     }
-    Descriptor folder(open(Folder, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    Descriptor folder(open(MachineFolder, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     struct stat status;
     if (!folder.IsOpen() || fstat(folder.Get(), &status) != 0) {
         FailErrno();
@@ -127,19 +142,19 @@ void RemoveIfStale(const std::string& path)
     }
 }
 
-/// Frees the memory of names that nobody asks for any more; true.
+/// Frees the memory of names of the machine that nobody asks for any more; true.
 bool RemoveStale()
 {
     // A look at so many, in case that somebody filled the folder.
     constexpr int most = 1000;
-    const std::unique_ptr<DIR, TCloseFolder> folder(opendir(Folder));
+    const std::unique_ptr<DIR, TCloseFolder> folder(opendir(MachineFolder));
     for (int i = 0; folder != nullptr && i < most; ++i) {
         const dirent* const entry = readdir(folder.get());
         if (entry == nullptr) {
             break;
         }
         if (entry->d_type == DT_REG) {
-            RemoveIfStale(std::string(Folder) + '/' + entry->d_name);
+            RemoveIfStale(std::string(MachineFolder) + '/' + entry->d_name);
         }
     }
     return true;
@@ -151,8 +166,8 @@ bool RemoveStale()
 class CBlockSearch
 {
 public:
-    CBlockSearch(const System::UnicodeString& name, CNamedBlock::EKind kind)
-        : mPath(std::string(Folder) + '/' + ObjectFileName(name)), mKind(kind)
+    CBlockSearch(const System::UnicodeString& name, CNamedBlock::EKind kind, CNamedBlock::EScope scope)
+        : mPath(BlockPath(name, scope)), mKind(kind), mScope(scope)
     {
     }
 
@@ -175,6 +190,9 @@ private:
     /// `wanted` tells how to make a block that isn't there; null only looks for one.
     std::optional<CNamedBlock> Search(const TWanted* wanted)
     {
+        if (mPath.empty()) {
+            return std::nullopt;
+        }
         // Only who is stopped between two calls makes others wait so long.
         const Deadline deadline = Deadline::In(10'000);
         do {
@@ -219,6 +237,17 @@ private:
 
     static EStep Failed(bool) { return EStep::Failed; }
 
+    Descriptor OpenFolder() const
+    {
+        if (mScope == CNamedBlock::EScope::Session) {
+            return OpenSessionFolder().descriptor;
+        }
+        Descriptor folder = OpenMachineFolder();
+        // Once in a process.
+        [[maybe_unused]] static const bool isTidy = folder.IsOpen() && RemoveStale();
+        return folder;
+    }
+
     /// What lies under the name may be of anybody's making. A file with a second name is somebody's data.
     EStep CheckFile() const
     {
@@ -240,8 +269,6 @@ private:
         if (!folder.IsOpen()) {
             return EStep::Failed;
         }
-        // Once in a process.
-        [[maybe_unused]] static const bool isTidy = RemoveStale();
         mFile = Descriptor(openat(folder.Get(), ".", O_TMPFILE | O_RDWR | O_CLOEXEC, ModeOf(wanted)));
         if (!mFile.IsOpen()) {
             return Failed(FailErrno());
@@ -306,16 +333,17 @@ private:
 
     std::string mPath;
     CNamedBlock::EKind mKind;
+    CNamedBlock::EScope mScope;
     Descriptor mFile;
     std::uint64_t mSize = 0;
     bool mExisted = false;
 };
 
 std::optional<CNamedBlock> CNamedBlock::Create(const System::UnicodeString& name, EKind kind,
-                                               const TWanted& wanted)
+                                               const TWanted& wanted, EScope scope)
 {
     if (!name.IsEmpty()) {
-        return CBlockSearch(name, kind).Create(wanted);
+        return CBlockSearch(name, kind, scope).Create(wanted);
     }
     Descriptor file(memfd_create("TRS8_BTL", MFD_CLOEXEC));
     if (!file.IsOpen()) {
@@ -328,13 +356,13 @@ std::optional<CNamedBlock> CNamedBlock::Create(const System::UnicodeString& name
     return CNamedBlock(std::move(file), std::string(), wanted.size, false);
 }
 
-std::optional<CNamedBlock> CNamedBlock::Open(const System::UnicodeString& name, EKind kind)
+std::optional<CNamedBlock> CNamedBlock::Open(const System::UnicodeString& name, EKind kind, EScope scope)
 {
     if (name.IsEmpty()) {
         SetLastError(ERROR_INVALID_NAME);
         return std::nullopt;
     }
-    return CBlockSearch(name, kind).Open();
+    return CBlockSearch(name, kind, scope).Open();
 }
 
 CNamedBlock::~CNamedBlock()

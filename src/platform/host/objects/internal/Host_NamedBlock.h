@@ -32,6 +32,15 @@ public:
         Everybody,
     };
 
+    /// Among which names that of a block is looked for.
+    enum class EScope
+    {
+        /// Those of all users of the machine.
+        Machine,
+        /// Those of the user's session.
+        Session,
+    };
+
     /// The bytes at the begin of the file that are free for the kind; they are zero at first.
     static constexpr std::int64_t KindOffset = 1024;
     /// Where the shared bytes begin.
@@ -53,9 +62,10 @@ public:
     /// nobody else can have. Nothing, and the last error set, on a failure: 6 if the name is in use for
     /// another kind.
     static std::optional<CNamedBlock> Create(const System::UnicodeString& name, EKind kind,
-                                             const TWanted& wanted);
+                                             const TWanted& wanted, EScope scope = EScope::Machine);
     /// As `Create` for a block that somebody holds; else the last error is 2.
-    static std::optional<CNamedBlock> Open(const System::UnicodeString& name, EKind kind);
+    static std::optional<CNamedBlock> Open(const System::UnicodeString& name, EKind kind,
+                                           EScope scope = EScope::Machine);
 
     CNamedBlock(CNamedBlock&&) noexcept = default;
     CNamedBlock& operator=(CNamedBlock&&) = delete;

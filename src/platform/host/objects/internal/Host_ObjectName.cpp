@@ -128,11 +128,12 @@ std::string Encoded(std::u16string_view name)
 
 } // namespace
 
-std::string ObjectFileName(const System::UnicodeString& name)
+std::string ObjectFileName(const System::UnicodeString& name, std::size_t maxLength)
 {
-    constexpr std::size_t maxLength = 198;
+    constexpr std::string_view plain = "n.";
     std::string encoded = Encoded(name.AsView());
-    return encoded.size() <= maxLength ? "n." + encoded : "h." + CDigest(std::move(encoded)).AsHex();
+    return plain.size() + encoded.size() <= maxLength ? plain.data() + encoded
+                                                      : "h." + CDigest(std::move(encoded)).AsHex();
 }
 
 } // namespace Host

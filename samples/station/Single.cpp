@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "Single.h"
+
+#include "Options.h"
+
+#include <TRS8_BTL/platform/runtime/classes/Classes_StringList.h>
+#include <TRS8_BTL/platform/runtime/sysutils/Sysutils_FileName.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace Station
+{
+
+using System::UnicodeString;
+
+namespace
+{
+
+/// An answer of 0 is that of nobody.
+constexpr int FirstAnswer = 1;
+
+} // namespace
+
+void CRunEnd::PutOff(double seconds)
+{
+    const auto end =
+        Clock::now() + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds));
+    auto former = mEnd.load();
+    while (former < end && !mEnd.compare_exchange_weak(former, end)) {
+    }
+}
+
+std::int64_t CRunEnd::GetTurnsFrom(Clock::time_point time, Clock::duration interval) const
+{
+    return IsBehind(time) ? 0 : (mEnd.load() - time) / interval + 1;
+}
+
+CSingleStation::CSingleStation(const UnicodeString& samplesFile)
+    : mName(u"TRS8_BTL station " + Sysutils::ExpandFileName(samplesFile)), mOnce(std::in_place, mName.c_str())
+{
+}
+
+std::optional<int> CSingleStation::HandOver(const UnicodeString& commandLine)
+{
+    // The one that is asked may fail before it can answer.
+    constexpr unsigned long patience = 1000;
+    while (!mOnce->IsMainProcess() && mOnce->ExistsMainProcess()) {
+        const int answer = mOnce->SendMessageToMainProcess(commandLine.c_str(), patience);
+        if (answer >= FirstAnswer) {
+            return answer - FirstAnswer;
+        }
+        if (!mOnce->ExistsMainProcess()) {
+            mOnce.emplace(mName.c_str());
+        }
+    }
+    return std::nullopt;
+}
+
+void CSingleStation::Serve(std::function<int(const UnicodeString&)> obey)
+{
+    mOnce->OnMessage = [obey = std::move(obey)](const UnicodeString& line) {
+        return FirstAnswer + obey(line);
+    };
+    mOnce->CreateMessageWindow();
+}
+
+UnicodeString JoinCommandLine(int argc, const char* const* argv)
+{
+    // No text is sent empty, so the line has the program's name in front.
+    Classes::TStringList words;
+    for (int i = 0; i < argc; ++i) {
+        words.Add(System::FromUtf8(argv[i]));
+    }
+    return words.getCommaText();
+}
+
+double ReadHandedOver(const UnicodeString& commandLine)
+{
+    Classes::TStringList words;
+    words.setCommaText(commandLine);
+    std::vector<std::string> texts;
+    for (int i = 0; i < words.getCount(); ++i) {
+        texts.push_back(System::ToUtf8(words.getStrings(i)));
+    }
+    std::vector<const char*> arguments;
+    for (const std::string& text : texts) {
+        arguments.push_back(text.c_str());
+    }
+    const TOptions options = ReadOptions(static_cast<int>(arguments.size()), arguments.data());
+    if (!IsForRunUnderWay(options)) {
+        throw BTL::XCommandLine(u"a run under way takes --seconds alone");
+    }
+    return options.seconds.value_or(DefaultSeconds);
+}
+
+} // namespace Station
