@@ -68,7 +68,7 @@ bool MapLatinCase(std::u16string_view text, const TLatinCase& table, WideChar* o
 {
     return std::all_of(text.begin(), text.end(), [&](WideChar unit) {
         const WideChar mapped = unit < table.size() ? table[unit] : SeveralUnits;
-        *out++ = mapped;
+        *out++ = mapped; // NOLINT(clang-analyzer-core.NullDereference): null only where there is no text
         return mapped != SeveralUnits;
     });
 }
