@@ -277,7 +277,7 @@ TEST(SharedProgressTest, TakesNoLaterProcessForItsWriter)
 
 TEST(SharedProgressTest, LosesNoCountOfTwoWriters)
 {
-    constexpr Int64 counts = 20'000;
+    constexpr Int64 counts = 5'000;
     const UnicodeString name = OwnName(u"j");
     CSharedProgressInfo first(name);
     const auto write = [&](CSharedProgressInfo& info) {
@@ -301,7 +301,7 @@ TEST(SharedProgressTest, LosesNoCountOfTwoWriters)
 int Rounds()
 {
     const char* const kills = std::getenv("TRS8_BTL_KILLS");
-    return kills == nullptr ? 20 : std::atoi(kills);
+    return kills == nullptr ? 10 : std::atoi(kills);
 }
 
 TEST(SharedProgressTest, IsWholeInEachSnapshotOfAWriterWithoutAPause)

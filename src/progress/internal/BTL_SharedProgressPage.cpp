@@ -2,6 +2,7 @@
 #include "progress/internal/BTL_SharedProgressPage.h"
 
 #include "platform/base/dates/Sysutils_Chrono.h"
+#include "platform/host/Host_Module.h"
 #include "platform/host/internal/Host_Deadline.h"
 #include "platform/host/processes/internal/Host_ProcessFiles.h"
 
@@ -121,16 +122,24 @@ struct CSharedProgressPage::TShared
     /// The process that made the record, with its start in the host's ticks; 0 where that isn't known.
     TWord writer;
     TWord writerStart;
+    /// The process that made the last change, or is about to.
+    TWord changer;
     TFormer former;
     /// The sequence behind the change that the copy is of; 0 while it is being written.
     TWord copied;
     TWord copy[ChangingWords];
 };
 
+CSharedProgressPage::CSharedProgressPage(HANDLE mapping, EAccess access)
+    : mPage(mapping, access), mProcess(GetCurrentProcessId())
+{
+}
+
 auto CSharedProgressPage::Begin(CSharedProgressInfoData& record, TProgressPart part) noexcept -> TWord
 {
     static_assert(sizeof(TShared) <= Host::CMappingPage::Size);
     const TWord own = Take(record);
+    Store(getShared().changer, mProcess);
     KeepFormer(getShared().former, record, part, own);
     return own;
 }
@@ -143,20 +152,26 @@ auto CSharedProgressPage::Take(CSharedProgressInfoData& record) noexcept -> TWor
     if (IsAtRest(seen) && Exchange(shared.sequence, seen, seen + 1)) {
         return seen + 1;
     }
-    auto patience = Host::Deadline::In(Patience);
+    auto look = Host::Deadline::In(Patience);
+    auto end = Host::Deadline::In(LongPatience);
     for (;;) {
         if (IsAtRest(seen)) {
             if (Exchange(shared.sequence, seen, seen + 1)) {
                 return seen + 1;
             }
-        } else if (patience.IsPast()) {
-            Undo(record, seen);
+        } else if (look.IsPast()) {
+            // One that lives may only wait for a processor.
+            if (end.IsPast() || !Host::ReadProcessStart(Load(shared.changer))) {
+                Undo(record, seen);
+            }
+            look = Host::Deadline::In(Patience);
         } else {
             std::this_thread::yield();
         }
         if (const TWord now = Load(shared.sequence); now != seen) {
             seen = now;
-            patience = Host::Deadline::In(Patience);
+            look = Host::Deadline::In(Patience);
+            end = Host::Deadline::In(LongPatience);
         }
     }
 }

@@ -39,13 +39,13 @@ public:
     static constexpr TProgressPart TextLines{638, 202};
     static constexpr TProgressPart Message{840, 1026};
 
-    CSharedProgressPage(HANDLE mapping, EAccess access) : mPage(mapping, access) {}
+    CSharedProgressPage(HANDLE mapping, EAccess access);
 
     bool IsOpen() const noexcept { return mPage.getBytes() != nullptr; }
 
     /// Runs `change`, which changes the part and raises nothing, so that a reader sees all of it or nothing.
-    /// Another writer waits meanwhile. The change of one that was cut off in the middle is waited for no
-    /// longer than `Patience`, and undone.
+    /// Another writer waits meanwhile. What one whose process ended left half-done is undone; so is what one
+    /// that lives takes more than `LongPatience` for: it was stopped.
     template <class Action>
     void Change(CSharedProgressInfoData& record, TProgressPart part, Action change) noexcept
     {
@@ -66,6 +66,7 @@ public:
 private:
     /// In milliseconds.
     static constexpr std::uint64_t Patience = 10;
+    static constexpr std::uint64_t LongPatience = 2000;
 
     using TWord = std::uint64_t;
     struct TShared;
@@ -79,6 +80,8 @@ private:
     void End(const CSharedProgressInfoData& record, TWord own) noexcept;
 
     Host::CMappingPage mPage;
+    /// Kept, since each change tells it.
+    unsigned long mProcess;
 };
 
 } // namespace BTL
