@@ -187,6 +187,11 @@ TConnecting Reach(HWND window, const std::string& file)
 /// Not open if there is no receiver or the time is over.
 TConnection ReachBefore(Deadline deadline, HWND window, const std::string& file)
 {
+    // Who has found a window means that one, also if another takes its title.
+    TConnection kept = WindowTable::Instance().Take(window);
+    if (IsAlive(kept.socket)) {
+        return kept;
+    }
     for (;;) {
         TConnecting reached = Reach(window, file);
         if (reached.result != EConnect::Full || deadline.IsPast()) {

@@ -18,8 +18,8 @@
 // the front, see `Toolkits::MessageWindow`, which is the receiver. Titles of other users are apart from
 // these.
 
-/// Stands for a window, or is null. That of a window which was found by its title stands for each later
-/// window of this title too, and is never given back.
+/// Stands for a window, or is null. That of a window which was found by its title stands for the next window
+/// of this title when it is gone, and is never given back.
 using HWND = void*;
 
 /// The message that carries bytes to another process; its parameter is a `COPYDATASTRUCT`.
