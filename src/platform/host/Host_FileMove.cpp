@@ -2,69 +2,65 @@
 #include "platform/host/Host_FileMove.h"
 
 #include "platform/host/Host_Error.h"
-#include "platform/host/Host_FileInfo.h"
-#include "platform/host/Host_OpenFile.h"
 #include "platform/host/Host_Path.h"
-#include "platform/host/internal/Host_Descriptor.h"
+#include "platform/host/Host_ReplaceFile.h"
+#include "platform/host/internal/Host_CopyEntry.h"
 #include "platform/host/internal/Host_PathCall.h"
 
 #include <cerrno>
 #include <cstdio>
 #include <string>
-#include <vector>
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-using Host::Descriptor;
+using Host::Existing;
 using Host::Fail;
 using Host::FailErrno;
 using Host::FailPath;
-using System::Int64;
+using Host::FilePlace;
+using Host::Links;
 using System::LongWord;
-using System::NativeInt;
 using System::UnicodeString;
 
 namespace
 {
 
-bool CopyContent(NativeInt source, NativeInt target)
+bool CopyToOtherDevice(const std::string& from, const std::string& to, Existing existing)
 {
-    std::vector<char> buffer(1 << 18);
-    for (;;) {
-        const auto room = static_cast<Int64>(buffer.size());
-        const Int64 count = Host::ReadFile(source, buffer.data(), room);
-        if (count <= 0) {
-            return count == 0;
-        }
-        if (Host::WriteFile(target, buffer.data(), count) != count) {
-            return false;
-        }
-    }
+    const FilePlace source{AT_FDCWD, from.c_str()};
+    const FilePlace target{AT_FDCWD, to.c_str()};
+    return Host::IsLink(from) ? CopyLinkAt(source, target, existing)
+                              : CopyFileAt(source, target, existing, Links::Refuse);
 }
 
-bool IsSameFile(int a, int b)
+bool IsUnchanged(const std::string& path, const struct stat& before)
 {
-    struct stat first;
-    struct stat second;
-    return fstat(a, &first) == 0 && fstat(b, &second) == 0 && first.st_dev == second.st_dev &&
-           first.st_ino == second.st_ino;
+    struct stat now;
+    return lstat(path.c_str(), &now) == 0 && now.st_ino == before.st_ino && now.st_size == before.st_size &&
+           now.st_mtim.tv_sec == before.st_mtim.tv_sec && now.st_mtim.tv_nsec == before.st_mtim.tv_nsec;
 }
 
-bool MoveToOtherDevice(const UnicodeString& from, const UnicodeString& to, LongWord flags)
+bool MoveToOtherDevice(const std::string& from, const std::string& to, LongWord flags)
 {
-    const auto info = Host::QueryFile(from);
-    if (!info) {
-        return false;
-    }
-    if ((info->attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 || (flags & MOVEFILE_COPY_ALLOWED) == 0) {
+    if ((flags & MOVEFILE_COPY_ALLOWED) == 0 || (Host::IsFolder(from) && !Host::IsLink(from))) {
         return Fail(ERROR_NOT_SAME_DEVICE);
     }
-    if (!CopyFileW(from, to, (flags & MOVEFILE_REPLACE_EXISTING) == 0)) {
+    struct stat copied;
+    if (lstat(from.c_str(), &copied) != 0) {
+        return FailPath(from);
+    }
+    const bool replace = (flags & MOVEFILE_REPLACE_EXISTING) != 0;
+    if (!CopyToOtherDevice(from, to, replace ? Existing::Replace : Existing::Refuse)) {
         return GetLastError() == ERROR_FILE_EXISTS ? Fail(ERROR_ALREADY_EXISTS) : false;
     }
-    return unlink(Sysutils::HostPath(from).c_str()) == 0 || FailErrno();
+    // What somebody wrote meanwhile must not go with the source.
+    if (!IsUnchanged(from, copied)) {
+        unlink(to.c_str());
+        return Fail(ERROR_SHARING_VIOLATION);
+    }
+    return unlink(from.c_str()) == 0 || FailErrno();
 }
 
 /// `rename` that never replaces. Where the file system lacks it, a test in front has to do.
@@ -87,14 +83,7 @@ int RenameToFree(const std::string& from, const std::string& to)
 bool DeleteFileW(const UnicodeString& file)
 {
     const std::string path = Sysutils::HostPath(file);
-    if (path.empty()) {
-        return false;
-    }
-    struct stat status;
-    if (lstat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) && Host::IsReadOnly(status)) {
-        return Fail(ERROR_ACCESS_DENIED);
-    }
-    return unlink(path.c_str()) == 0 || FailPath(path);
+    return !path.empty() && Host::DeleteFileAt({AT_FDCWD, path.c_str()});
 }
 
 bool MoveFileW(const UnicodeString& from, const UnicodeString& to)
@@ -115,7 +104,7 @@ bool MoveFileExW(const UnicodeString& from, const UnicodeString& to, LongWord fl
         return true;
     }
     if (errno == EXDEV) {
-        return MoveToOtherDevice(from, to, flags);
+        return MoveToOtherDevice(source, target, flags);
     }
     struct stat status;
     const bool sourceExists = lstat(source.c_str(), &status) == 0;
@@ -124,42 +113,19 @@ bool MoveFileExW(const UnicodeString& from, const UnicodeString& to, LongWord fl
 
 bool CopyFileW(const UnicodeString& from, const UnicodeString& to, bool failIfExists)
 {
-    const NativeInt source =
-        Host::OpenFile(from, Host::ReadAccess, Host::ReadAccess | Host::WriteAccess, Host::Disposition::Open);
-    if (source == Host::InvalidHandle) {
+    const std::string source = Sysutils::HostPath(from);
+    const std::string target = source.empty() ? std::string() : Sysutils::HostPath(to);
+    if (target.empty()) {
         return false;
     }
-    const Descriptor sourceOwner(static_cast<int>(source));
-    struct stat status;
-    if (fstat(sourceOwner.Get(), &status) != 0) {
-        return FailErrno();
+    const FilePlace place{AT_FDCWD, source.c_str()};
+    if (CopyFileAt(place, {AT_FDCWD, target.c_str()}, Existing::Refuse, Links::Follow)) {
+        return true;
     }
-    // A pipe or a device has no end to copy to.
-    if (!S_ISREG(status.st_mode)) {
-        return Fail(ERROR_ACCESS_DENIED);
-    }
-    NativeInt target = Host::OpenFile(to, Host::WriteAccess, 0, Host::Disposition::CreateNew);
-    const bool isNew = target != Host::InvalidHandle;
-    if (!isNew && GetLastError() == ERROR_FILE_EXISTS && !failIfExists) {
-        // Not emptied yet: it may be the source under another name.
-        target = Host::OpenFile(to, Host::WriteAccess, 0, Host::Disposition::Open);
-    }
-    if (target == Host::InvalidHandle) {
+    if (failIfExists || GetLastError() != ERROR_FILE_EXISTS) {
         return false;
     }
-    const Descriptor targetOwner(static_cast<int>(target));
-    if (IsSameFile(sourceOwner.Get(), targetOwner.Get())) {
-        return Fail(ERROR_SHARING_VIOLATION);
-    }
-    if ((!isNew && !Host::ResizeFile(target, 0)) || !CopyContent(source, target)) {
-        const unsigned long reason = GetLastError();
-        if (isNew) {
-            unlink(Sysutils::HostPath(to).c_str());
-        }
-        return Fail(reason);
-    }
-    const timespec times[] = {status.st_atim, status.st_mtim};
-    futimens(targetOwner.Get(), times);
-    fchmod(targetOwner.Get(), status.st_mode & 0777);
-    return true;
+    const UnicodeString former = Host::FileToReplace(to);
+    return !former.IsEmpty() && CopyFileAt(place, {AT_FDCWD, Sysutils::HostPath(former).c_str()},
+                                           Existing::Replace, Links::Follow);
 }

@@ -6,7 +6,7 @@
 #include "platform/host/Host_FileSharing.h"
 #include "platform/host/Host_Path.h"
 #include "platform/host/internal/Host_Descriptor.h"
-#include "platform/host/internal/Host_PathCall.h"
+#include "platform/host/internal/Host_OpenAt.h"
 
 #include <cerrno>
 #include <string>
@@ -25,56 +25,6 @@ using System::UnicodeString;
 
 namespace
 {
-
-/// Standard streams that a program closed leave low numbers free, which would pass for "no file" or be
-/// written to as output.
-Descriptor AboveStandardStreams(Descriptor file)
-{
-    if (!file.IsOpen() || file.Get() > STDERR_FILENO) {
-        return file;
-    }
-    return Descriptor(fcntl(file.Get(), F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
-}
-
-int OpenFlags(unsigned access, Disposition disposition)
-{
-    // Without `O_NONBLOCK` the opening of a pipe would wait for its other end.
-    int flags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
-    flags |= access == ReadAccess ? O_RDONLY : access == WriteAccess ? O_WRONLY : O_RDWR;
-    switch (disposition) {
-    case Disposition::Open:
-        return flags;
-    case Disposition::Create:
-        return flags | O_CREAT;
-    case Disposition::CreateNew:
-        return flags | O_CREAT | O_EXCL;
-    }
-    return flags;
-}
-
-void BlockAgain(int descriptor)
-{
-    const int flags = fcntl(descriptor, F_GETFL);
-    if (flags != -1) {
-        fcntl(descriptor, F_SETFL, flags & ~O_NONBLOCK);
-    }
-}
-
-/// Tests what the host doesn't: folders, the read-only attribute, the sharing with others.
-bool MayUse(const Descriptor& file, const struct stat& status, unsigned access, unsigned share)
-{
-    if (S_ISDIR(status.st_mode)) {
-        return Fail(ERROR_ACCESS_DENIED);
-    }
-    if (!S_ISREG(status.st_mode)) {
-        return true;
-    }
-    // The host lets its administrator write to such a file.
-    if ((access & WriteAccess) != 0 && IsReadOnly(status)) {
-        return Fail(ERROR_ACCESS_DENIED);
-    }
-    return ClaimSharing(file.Get(), access, share) || Fail(ERROR_SHARING_VIOLATION);
-}
 
 /// Whether there is more to read where a read gave nothing: a named pipe that nobody has opened for writing
 /// yet gives nothing too, and so does one whose writer came only now. Comes back when somebody has written.
@@ -112,36 +62,8 @@ NativeInt OpenFile(const UnicodeString& file, unsigned access, unsigned share, D
     if (path.empty()) {
         return InvalidHandle;
     }
-    const int flags = OpenFlags(access, disposition);
-    Descriptor opened =
-        AboveStandardStreams(Descriptor(Uninterrupted([&] { return open(path.c_str(), flags, 0666); })));
-    if (!opened.IsOpen()) {
-        if (errno == EEXIST) {
-            Fail(ERROR_FILE_EXISTS);
-        } else {
-            FailPath(path);
-        }
-        return InvalidHandle;
-    }
-    struct stat status;
-    if (fstat(opened.Get(), &status) != 0) {
-        FailErrno();
-        return InvalidHandle;
-    }
-    if (!MayUse(opened, status, access, share)) {
-        return InvalidHandle;
-    }
-    FlushBuffersOf(status);
-    // Emptied only now: before the claim the content belongs to the other opener.
-    if (disposition == Disposition::Create && S_ISREG(status.st_mode)) {
-        if (ftruncate(opened.Get(), 0) != 0) {
-            FailErrno();
-            return InvalidHandle;
-        }
-        AgeBuffersOf(opened.Get());
-    }
-    BlockAgain(opened.Get());
-    return opened.Release();
+    Descriptor opened = OpenAt({AT_FDCWD, path.c_str()}, access, share, disposition, Links::Follow);
+    return opened.IsOpen() ? opened.Release() : InvalidHandle;
 }
 
 NativeInt OpenStandardStream(StandardStream stream)

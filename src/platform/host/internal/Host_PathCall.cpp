@@ -39,6 +39,12 @@ bool IsFolder(const std::string& path)
     return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
+bool IsLink(const std::string& path)
+{
+    struct stat status;
+    return lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
+}
+
 bool IsReadOnly(const struct stat& status)
 {
     return (status.st_mode & S_IWUSR) == 0;

@@ -18,6 +18,9 @@ namespace Host
 /// Whether the path is a folder, or a link to one.
 [[nodiscard]] bool IsFolder(const std::string& path);
 
+/// Whether the path is a link, wherever it leads.
+[[nodiscard]] bool IsLink(const std::string& path);
+
 /// Whether the owner has no permission to write.
 [[nodiscard]] bool IsReadOnly(const struct stat& status);
 

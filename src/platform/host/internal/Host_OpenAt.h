@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/host/Host_OpenFile.h"
+#include "platform/host/internal/Host_Descriptor.h"
+
+struct stat;
+
+namespace Host
+{
+
+/// A name in an open folder. With `AT_FDCWD` as the folder it is a path.
+struct FilePlace
+{
+    int folder;
+    const char* name;
+};
+
+/// Whether a name may be a symbolic link. Those on the way to it are followed in either case.
+enum class Links
+{
+    Follow,
+    Refuse,
+};
+
+/// As `OpenFile` of a path. A link that is refused fails with 1921.
+[[nodiscard]] Descriptor OpenAt(const FilePlace& file, unsigned access, unsigned share,
+                                Disposition disposition, Links links);
+/// As `OpenAt` alone, and gives what the host told of the file before what was gathered for it was written.
+[[nodiscard]] Descriptor OpenAt(const FilePlace& file, unsigned access, unsigned share,
+                                Disposition disposition, Links links, struct stat& status);
+
+/// `FailErrno` for a call on `file`; for a path it is `FailPath`.
+bool FailAt(const FilePlace& file);
+
+} // namespace Host
