@@ -1,0 +1,339 @@
+// SPDX-License-Identifier: MIT
+#include "platform/host/Host_FolderTree.h"
+
+#include "platform/host/Host_Error.h"
+#include "platform/host/Host_Folder.h"
+#include "platform/host/Host_Path.h"
+#include "platform/host/internal/Host_CopyEntry.h"
+#include "platform/host/internal/Host_OpenFolder.h"
+#include "platform/host/internal/Host_PathCall.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace Host
+{
+
+using System::Int64;
+using System::UnicodeString;
+
+namespace
+{
+
+/// Each level takes a part of the stack. Who has as many descriptors gets no further.
+constexpr int MaxDepth = 1000;
+
+bool IsFolderOrLinkToOne(const FolderEntry& entry)
+{
+    return entry.kind == EntryKind::Folder || entry.kind == EntryKind::FolderLink;
+}
+
+// Copies
+
+/// The folder of a copy, made if it isn't there.
+struct TargetFolder
+{
+    TargetFolder(const FilePlace& place, Links links)
+        : isNew(mkdirat(place.folder, place.name, 0700) == 0),
+          refusal(isNew || errno == EEXIST ? ERROR_SUCCESS : ErrorFromErrno(errno)),
+          folder(place, links),
+          error(refusal == ERROR_SUCCESS && !folder.IsOpen() ? GetLastError() : refusal)
+    {
+    }
+
+    bool isNew;
+    unsigned long refusal;
+    OpenFolder folder;
+    /// Why it isn't open.
+    unsigned long error;
+};
+
+class TreeCopy
+{
+public:
+    explicit TreeCopy(CopyWatcher& watcher) : mWatcher(watcher) {}
+
+    /// `path` is the source for those who are told of it, with its final separator.
+    void Copy(const FilePlace& from, const FilePlace& to, const UnicodeString& path, Links links)
+    {
+        const OpenFolder source(from, links);
+        const unsigned long error = source.IsOpen() ? Obstacle(source) : GetLastError();
+        if (error != ERROR_SUCCESS) {
+            mWatcher.PassOver(path, error);
+        }
+        if (error != ERROR_SUCCESS && source.IsOpen()) {
+            return;
+        }
+        const TargetFolder target(to, links);
+        if (struct stat made; !mRoot && target.folder.IsOpen() && target.folder.Query(made)) {
+            mRoot = made;
+        }
+        // Reading it would set the time of its last use.
+        struct stat status;
+        const bool isKnown = source.IsOpen() && source.Query(status);
+        if (source.IsOpen()) {
+            CopyEntries(source, target.folder, path);
+        }
+        if (!target.folder.IsOpen()) {
+            mWatcher.PassOver(path, target.error);
+        } else if (struct stat made; target.isNew && isKnown && target.folder.Query(made)) {
+            CopyPermissionsAndTimes(status, target.folder.Get(), made);
+        }
+    }
+
+private:
+    /// Why an open folder isn't to be copied.
+    unsigned long Obstacle(const OpenFolder& source) const
+    {
+        if (mDepth == MaxDepth) {
+            return ERROR_FILENAME_EXCED_RANGE;
+        }
+        return mRoot && mDepth > 0 && source.IsSameAs(*mRoot) ? ERROR_INVALID_PARAMETER : ERROR_SUCCESS;
+    }
+
+    void CopyEntries(const OpenFolder& source, const OpenFolder& target, const UnicodeString& path)
+    {
+        const auto entries = source.Entries();
+        if (!entries) {
+            mWatcher.PassOver(path, GetLastError());
+            return;
+        }
+        ++mDepth;
+        for (const FolderEntry& entry : *entries) {
+            Copy(entry, source, target, path + Sysutils::FromHostPath(entry.name));
+        }
+        --mDepth;
+    }
+
+    void Copy(const FolderEntry& entry, const OpenFolder& source, const OpenFolder& target,
+              const UnicodeString& path)
+    {
+        if (entry.kind == EntryKind::Folder) {
+            const UnicodeString folder = path + u'\\';
+            mWatcher.Enter(folder);
+            Copy(source.At(entry.name), target.At(entry.name), folder, Links::Refuse);
+            return;
+        }
+        if (!CopyEntry(entry, source, target)) {
+            mWatcher.PassOver(path, GetLastError());
+        }
+        if (entry.kind != EntryKind::FolderLink) {
+            mWatcher.Done();
+        }
+    }
+
+    static bool CopyEntry(const FolderEntry& entry, const OpenFolder& source, const OpenFolder& target)
+    {
+        if (!target.IsOpen()) {
+            return Fail(ERROR_PATH_NOT_FOUND);
+        }
+        const FilePlace from = source.At(entry.name);
+        const FilePlace to = target.At(entry.name);
+        switch (entry.kind) {
+        case EntryKind::Link:
+        case EntryKind::FolderLink:
+            return CopyLinkAt(from, to, Existing::Replace);
+        case EntryKind::Special:
+            return Fail(ERROR_ACCESS_DENIED);
+        default:
+            return CopyFileAt(from, to, Existing::Replace, Links::Refuse);
+        }
+    }
+
+    CopyWatcher& mWatcher;
+    /// The folder that all goes to.
+    std::optional<struct stat> mRoot;
+    int mDepth = 0;
+};
+
+/// Keeps the first reason why a copy isn't whole.
+class WholeCopy : public CopyWatcher
+{
+public:
+    void PassOver(const UnicodeString& /*path*/, unsigned long error) override
+    {
+        if (mError == ERROR_SUCCESS) {
+            mError = error;
+        }
+    }
+
+    unsigned long Error() const noexcept { return mError; }
+
+private:
+    unsigned long mError = ERROR_SUCCESS;
+};
+
+// Deleting
+
+bool DeleteEntry(const FilePlace& entry, ReadOnly readOnly)
+{
+    return readOnly == ReadOnly::Kept ? DeleteFileAt(entry)
+                                      : unlinkat(entry.folder, entry.name, 0) == 0 || FailAt(entry);
+}
+
+/// Deletes those entries that are no folder; false, with the last error set, if one is left.
+bool DeleteFiles(const OpenFolder& folder, const std::vector<FolderEntry>& entries, ReadOnly readOnly)
+{
+    unsigned long error = ERROR_SUCCESS;
+    for (const FolderEntry& entry : entries) {
+        if (!IsFolderOrLinkToOne(entry) && !DeleteEntry(folder.At(entry.name), readOnly)) {
+            error = GetLastError();
+        }
+    }
+    return error == ERROR_SUCCESS || Fail(error);
+}
+
+bool DeleteFolderAt(const FilePlace& place, ReadOnly readOnly, int depth);
+
+void Empty(const OpenFolder& folder, ReadOnly readOnly, int depth)
+{
+    const auto entries = folder.Entries();
+    if (!entries || depth == MaxDepth) {
+        return;
+    }
+    // What stays behind shows when the folder itself is to go.
+    static_cast<void>(DeleteFiles(folder, *entries, readOnly));
+    for (const FolderEntry& entry : *entries) {
+        if (entry.kind == EntryKind::FolderLink) {
+            unlinkat(folder.Get(), entry.name.c_str(), 0);
+        } else if (entry.kind == EntryKind::Folder) {
+            static_cast<void>(DeleteFolderAt(folder.At(entry.name), readOnly, depth + 1));
+        }
+    }
+}
+
+bool DeleteFolderAt(const FilePlace& place, ReadOnly readOnly, int depth)
+{
+    if (const OpenFolder folder(place, Links::Refuse); folder.IsOpen()) {
+        Empty(folder, readOnly, depth);
+    }
+    if (unlinkat(place.folder, place.name, AT_REMOVEDIR) == 0) {
+        return true;
+    }
+    return errno == EEXIST ? Fail(ERROR_DIR_NOT_EMPTY) : FailAt(place);
+}
+
+bool IsRoot(const std::string& path)
+{
+    struct stat root;
+    struct stat status;
+    return stat("/", &root) == 0 && stat(path.c_str(), &status) == 0 && status.st_dev == root.st_dev &&
+           status.st_ino == root.st_ino;
+}
+
+// Counting
+
+Int64 CountFiles(const OpenFolder& folder, int depth)
+{
+    const auto entries = folder.IsOpen() ? folder.Entries() : std::nullopt;
+    if (!entries || depth == MaxDepth) {
+        return 0;
+    }
+    Int64 count = 0;
+    for (const FolderEntry& entry : *entries) {
+        if (entry.kind == EntryKind::Folder) {
+            count += CountFiles(OpenFolder(folder.At(entry.name), Links::Refuse), depth + 1);
+        } else {
+            count += entry.kind == EntryKind::FolderLink ? 0 : 1;
+        }
+    }
+    return count;
+}
+
+UnicodeString WithSeparator(const UnicodeString& folder)
+{
+    const bool isEnded = folder.AsView().ends_with(u'\\') || folder.AsView().ends_with(u'/');
+    return isEnded ? folder : folder + u'\\';
+}
+
+} // namespace
+
+CopyWatcher::~CopyWatcher() = default;
+
+void CopyWatcher::Enter(const UnicodeString& /*folder*/) {}
+
+void CopyWatcher::Done() {}
+
+void CopyWatcher::PassOver(const UnicodeString& /*path*/, unsigned long /*error*/) {}
+
+void CopyTree(const UnicodeString& source, const UnicodeString& target, CopyWatcher& watcher)
+{
+    const std::string from = Sysutils::HostPath(source);
+    const std::string to = from.empty() ? std::string() : Sysutils::HostPath(target);
+    if (to.empty()) {
+        watcher.PassOver(source, GetLastError());
+        return;
+    }
+    TreeCopy(watcher).Copy({AT_FDCWD, from.c_str()}, {AT_FDCWD, to.c_str()}, WithSeparator(source),
+                           Links::Follow);
+}
+
+bool DeleteTree(const UnicodeString& folder, ReadOnly readOnly)
+{
+    const std::string given = Sysutils::HostPath(folder);
+    if (given.empty()) {
+        return false;
+    }
+    const std::string path(WithoutFinalSlashes(given));
+    if (IsLink(path)) {
+        return RemoveDirectoryW(folder);
+    }
+    return IsRoot(path) ? Fail(ERROR_ACCESS_DENIED) : DeleteFolderAt({AT_FDCWD, path.c_str()}, readOnly, 0);
+}
+
+bool DeleteFilesIn(const UnicodeString& folder)
+{
+    const std::string path = Sysutils::HostPath(folder);
+    if (path.empty()) {
+        return false;
+    }
+    const OpenFolder opened({AT_FDCWD, path.c_str()}, Links::Follow);
+    const auto entries = opened.IsOpen() ? opened.Entries() : std::nullopt;
+    return entries && DeleteFiles(opened, *entries, ReadOnly::Kept);
+}
+
+bool MoveTree(const UnicodeString& from, const UnicodeString& to)
+{
+    const std::string target = Sysutils::HostPath(to);
+    struct stat status;
+    if (target.empty()) {
+        return false;
+    }
+    if (lstat(target.c_str(), &status) == 0) {
+        return Fail(ERROR_ALREADY_EXISTS);
+    }
+    WholeCopy watcher;
+    CopyTree(from, to, watcher);
+    if (watcher.Error() != ERROR_SUCCESS) {
+        static_cast<void>(DeleteTree(to, ReadOnly::Deleted));
+        return Fail(watcher.Error());
+    }
+    return DeleteTree(from, ReadOnly::Deleted);
+}
+
+Int64 CountTree(const UnicodeString& folder)
+{
+    const std::string path = Sysutils::HostPath(folder);
+    return path.empty() ? 0 : CountFiles(OpenFolder({AT_FDCWD, path.c_str()}, Links::Follow), 0);
+}
+
+Int64 CountEntries(const UnicodeString& folder)
+{
+    const std::string path = Sysutils::HostPath(folder);
+    if (path.empty()) {
+        return 0;
+    }
+    const OpenFolder opened({AT_FDCWD, path.c_str()}, Links::Follow);
+    const auto entries = opened.IsOpen() ? opened.Entries() : std::nullopt;
+    constexpr Int64 Dots = 2;
+    return entries ? static_cast<Int64>(entries->size()) + Dots : 0;
+}
+
+} // namespace Host
