@@ -36,7 +36,7 @@ unsigned long GetCurrentProcessId()
     return static_cast<unsigned long>(getpid());
 }
 
-unsigned long GetModuleFileNameW(const void* module, System::WideChar* buffer, unsigned long size)
+unsigned long GetModuleFileNameW(HINSTANCE module, System::WideChar* buffer, unsigned long size)
 {
     if (buffer == nullptr || size == 0) {
         SetLastError(ERROR_INSUFFICIENT_BUFFER);

@@ -6,6 +6,9 @@
 /// The number of this process.
 TRS8_BTL_API unsigned long GetCurrentProcessId();
 
+/// An address in a program or library, which stands for it.
+using HINSTANCE = const void*;
+
 /// Writes the full path of a module with a zero behind it to `buffer`, which has room for `size` characters:
 /// of the running program for null, else of the program or library that holds the address `module`. Gives the
 /// count of characters; 0 with the last error 126 if no module holds it. A longer path is cut: the result is
@@ -13,8 +16,7 @@ TRS8_BTL_API unsigned long GetCurrentProcessId();
 ///
 ///     System::WideChar path[1000];
 ///     const unsigned long length = GetModuleFileNameW(nullptr, path, 1000);   // of the program
-TRS8_BTL_API unsigned long GetModuleFileNameW(const void* module, System::WideChar* buffer,
-                                              unsigned long size);
+TRS8_BTL_API unsigned long GetModuleFileNameW(HINSTANCE module, System::WideChar* buffer, unsigned long size);
 
 namespace Host
 {
