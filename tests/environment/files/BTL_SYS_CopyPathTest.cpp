@@ -6,6 +6,7 @@
 #include "os/WIN_LastError.h"
 #include "platform/host/Host_Error.h"
 #include "platform/host/Host_FileSupport.h"
+#include "support/FailingCall.h"
 #include "support/OtherFileSystem.h"
 
 #include <gmock/gmock.h>
@@ -65,6 +66,29 @@ TEST_F(CopyPathTest, ListsWhatItPassesOver)
     ASSERT_EQ(rest.size(), 2U) << "the file and its folder";
     EXPECT_TRUE(BTL::CopyPath(Name(u"a\\"), UnicodeString(u"\0", 1), rest));
     EXPECT_EQ(rest.size(), 1U);
+}
+
+TEST_F(CopyPathTest, GoesOnWhereTheDiskIsFull)
+{
+    MakeFolder("a");
+    MakeFolder("disk");
+    Write("a/large", std::string(4 << 20, 'l'));
+    Write("a/small", "s");
+    const int exit = Support::ExitOfFork([&] {
+        if (!Support::MountSmallDisk(Host("disk"), 1 << 20)) {
+            return 77;
+        }
+        std::vector<BTL::TPassedOver> rest;
+        BTL::CopyPath(Name(u"a\\"), Name(u"disk\\to\\"), rest);
+        return rest.size() == 1 && rest[0].Path == Name(u"a\\large") && rest[0].Error == ERROR_DISK_FULL &&
+                       !fs::exists(Host("disk/to/large")) && Read("disk/to/small") == "s"
+                   ? 0
+                   : 1;
+    });
+    if (exit == 77) {
+        GTEST_SKIP() << "No file system can be mounted.";
+    }
+    EXPECT_EQ(exit, 0);
 }
 
 TEST_F(CopyPathTest, TellsItsProgress)
