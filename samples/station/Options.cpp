@@ -263,7 +263,7 @@ bool IsForRunUnderWay(const TOptions& options)
     return !options.channels && options.store == EStore::Ini && options.settings.IsEmpty() &&
            options.chart.IsEmpty() && options.language.IsEmpty() && !options.open && !options.decimal &&
            !options.from && !options.sql && options.log.IsEmpty() && !options.serial && !options.instrument &&
-           !options.help;
+           !options.publish && !options.help;
 }
 
 } // namespace Station

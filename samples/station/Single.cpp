@@ -23,18 +23,26 @@ constexpr int FirstAnswer = 1;
 
 } // namespace
 
-void CRunEnd::PutOff(double seconds)
+bool CRunEnd::PutOff(double seconds)
 {
     const auto end =
         Clock::now() + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds));
     auto former = mEnd.load();
     while (former < end && !mEnd.compare_exchange_weak(former, end)) {
     }
+    return former != Never;
+}
+
+bool CRunEnd::EndsBefore(Clock::time_point time)
+{
+    auto end = mEnd.load();
+    return end < time && mEnd.compare_exchange_strong(end, Never);
 }
 
 std::int64_t CRunEnd::GetTurnsFrom(Clock::time_point time, Clock::duration interval) const
 {
-    return IsBehind(time) ? 0 : (mEnd.load() - time) / interval + 1;
+    const auto end = mEnd.load();
+    return end < time ? 0 : (end - time) / interval + 1;
 }
 
 CSingleStation::CSingleStation(const UnicodeString& samplesFile)
@@ -46,22 +54,33 @@ std::optional<int> CSingleStation::HandOver(const UnicodeString& commandLine)
 {
     // The one that is asked may fail before it can answer.
     constexpr unsigned long patience = 1000;
-    while (!mOnce->IsMainProcess() && mOnce->ExistsMainProcess()) {
+    while (!IsFirst()) {
         const int answer = mOnce->SendMessageToMainProcess(commandLine.c_str(), patience);
         if (answer >= FirstAnswer) {
             return answer - FirstAnswer;
-        }
-        if (!mOnce->ExistsMainProcess()) {
-            mOnce.emplace(mName.c_str());
         }
     }
     return std::nullopt;
 }
 
-void CSingleStation::Serve(std::function<int(const UnicodeString&)> obey)
+bool CSingleStation::IsFirst()
+{
+    // Where the session has no place for names, nobody is in front, and nobody can be the first one.
+    constexpr int attempts = 3;
+    for (int i = 0; i < attempts && !mOnce->IsMainProcess(); ++i) {
+        if (mOnce->ExistsMainProcess()) {
+            return false;
+        }
+        mOnce.emplace(mName.c_str());
+    }
+    return true;
+}
+
+void CSingleStation::Serve(std::function<std::optional<int>(const UnicodeString&)> obey)
 {
     mOnce->OnMessage = [obey = std::move(obey)](const UnicodeString& line) {
-        return FirstAnswer + obey(line);
+        const std::optional<int> answer = obey(line);
+        return answer ? FirstAnswer + *answer : 0;
     };
     mOnce->CreateMessageWindow();
 }

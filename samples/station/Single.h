@@ -18,13 +18,17 @@ class CRunEnd
 public:
     using Clock = std::chrono::steady_clock;
 
-    /// The run goes on for so many seconds from now at least.
-    void PutOff(double seconds);
-    bool IsBehind(Clock::time_point time) const { return mEnd.load() < time; }
+    /// The run goes on for so many seconds from now at least. False if it has ended.
+    bool PutOff(double seconds);
+    /// Whether the run ends before `time`; then it has ended, and nobody puts that off any more.
+    bool EndsBefore(Clock::time_point time);
     /// How many turns of that length begin from `time` on up to the end.
     std::int64_t GetTurnsFrom(Clock::time_point time, Clock::duration interval) const;
 
 private:
+    /// Of a run that has ended.
+    static constexpr Clock::time_point Never = Clock::time_point::max();
+
     std::atomic<Clock::time_point> mEnd = Clock::time_point::min();
 };
 
@@ -45,15 +49,19 @@ public:
     /// gives its answer; nothing if there is none, or it has just ended: then this is the one.
     std::optional<int> HandOver(const System::UnicodeString& commandLine);
 
-    /// Lets `obey` give the answers to later stations, 0 or more, from the message loop of this one.
-    void Serve(std::function<int(const System::UnicodeString&)> obey);
+    /// Lets `obey` give the answers to later stations, 0 or more, from the message loop of this one. One that
+    /// gets none asks again until this one has ended.
+    void Serve(std::function<std::optional<int>(const System::UnicodeString&)> obey);
 
 private:
+    /// Whether no other station is in front of this one; it takes the place of one that has ended.
+    bool IsFirst();
+
     System::UnicodeString mName;
     std::optional<BTL::CStartOnce> mOnce;
 };
 
-/// The words of `main` behind the program's name, as one text.
+/// The words of `main`, the program's name among them, as one text.
 System::UnicodeString JoinCommandLine(int argc, const char* const* argv);
 
 /// How many seconds a handed over command line asks for. `BTL::XCommandLine` if it asks for anything that a

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <optional>
 #include <string>
 
 #include <unistd.h>
@@ -28,6 +29,12 @@ double DoneOf(const BTL::CSharedProgressInfoData& data)
 {
     const auto max = static_cast<double>(data.getMax());
     return max > 0 ? std::clamp(static_cast<double>(data.getPosition()) / max, 0.0, 1.0) : 0;
+}
+
+/// From a position of 0 or more on; 0 for one that lies in front of it.
+Int64 Distance(Int64 from, Int64 to)
+{
+    return to > from ? to - from : 0;
 }
 
 std::string BarOf(double done)
@@ -68,10 +75,10 @@ public:
 
     void Show(const BTL::CSharedProgressInfoData& data)
     {
-        const bool isNew = mFirstPosition < 0 || data.getPosition() != mData.getPosition() ||
+        const bool isNew = !mFirstPosition || data.getPosition() != mData.getPosition() ||
                            data.getText1() != mData.getText1();
-        if (mFirstPosition < 0) {
-            mFirstPosition = data.getPosition();
+        if (!mFirstPosition) {
+            mFirstPosition = std::max<Int64>(data.getPosition(), 0);
         }
         mData = data;
         if (mIsTerminal) {
@@ -94,8 +101,8 @@ private:
                              UnicodeString(mData.getPosition()) + u" of " + UnicodeString(mData.getMax()) +
                              u", elapsed " + ElapsedSince(mData.getStartTime());
         // By what was done while this program looked.
-        const Int64 total = mData.getMax() - mFirstPosition;
-        const Int64 turns = mData.getPosition() - mFirstPosition;
+        const Int64 total = Distance(*mFirstPosition, mData.getMax());
+        const Int64 turns = Distance(*mFirstPosition, mData.getPosition());
         const UnicodeString rest = turns < total ? mWatch.GetDuartionInfo(turns, total) : UnicodeString();
         for (const UnicodeString& part : {rest, Printable(mData.getText1())}) {
             line += part.IsEmpty() ? UnicodeString() : u", " + part;
@@ -106,7 +113,7 @@ private:
     std::ostream& mStream;
     const bool mIsTerminal;
     WIN::CTickCount mWatch;
-    Int64 mFirstPosition = -1;
+    std::optional<Int64> mFirstPosition;
     BTL::CSharedProgressInfoData mData;
 };
 

@@ -114,7 +114,7 @@ void SampleToEnd(TRun& run, CSerialReader* serial, CSampleWriter& writer, CPubli
             // Turns that a slow instrument took the time of are left out.
             next = std::max(next + interval, Clock::now());
             published.AddTurn(last, run.end.GetTurnsFrom(next, interval));
-            if (run.end.IsBehind(next)) {
+            if (run.end.EndsBefore(next)) {
                 thread->Terminate();
                 return;
             }
@@ -127,15 +127,17 @@ void SampleToEnd(TRun& run, CSerialReader* serial, CSampleWriter& writer, CPubli
     }
 }
 
-/// What a later station asks of this one; the answer is its exit code.
-int Obey(TRun& run, const UnicodeString& commandLine)
+/// What a later station asks of this one; the answer is its exit code. None if the run has ended.
+std::optional<int> Obey(TRun& run, const UnicodeString& commandLine)
 {
     const UnicodeString asked =
         u"A station in " + BTL::CStartOnce::GetSenderFolder() + u" asks: " + commandLine;
     try {
         const double seconds = ReadHandedOver(commandLine);
+        if (!run.end.PutOff(seconds)) {
+            return std::nullopt;
+        }
         BTL::Log(asked + u": goes on for " + UnicodeString(seconds) + u" s");
-        run.end.PutOff(seconds);
         return Done;
     } catch (const Sysutils::Exception& fault) {
         BTL::Log(asked + u": " + fault.getMessage());

@@ -189,9 +189,11 @@ void CStartOnce::CreateMessageWindow()
         const CSenderScope scope(message);
         return std::intptr_t{handler ? handler(message.text) : 0};
     };
-    std::unique_ptr<Toolkits::MessageWindow>& window = Windows().windows[mWindowTitle];
     // The new one stands before the former one goes, so that there is always one to be found.
-    window = std::make_unique<Toolkits::MessageWindow>(mWindowTitle, handle);
+    auto window = std::make_unique<Toolkits::MessageWindow>(mWindowTitle, handle);
+    if (window->IsOpen()) {
+        Windows().windows[mWindowTitle] = std::move(window);
+    }
 }
 
 int CStartOnce::SendMessageToMainProcess(const char* text) const

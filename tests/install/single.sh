@@ -44,7 +44,9 @@ start_first --seconds 2
 mkdir -p elsewhere
 (cd elsewhere && expect_other 0 'samples already goes on' --seconds 4 --samples ../samples)
 grep -q "A station in .*single.elsewhere asks: .*goes on for 4 s" log || fail "the first one wasn't asked"
-expect_other 2 'takes --seconds alone' --sql --samples samples
+for option in --sql --publish; do
+    expect_other 2 'takes --seconds alone' "$option" --samples samples
+done
 expect_other 0 '^load\.1 ' --seconds 0.1 --channels channels --samples others --log others.log
 wait "$first" || fail "the first one failed"
 [ $((SECONDS - begin)) -ge 3 ] || fail "the first one didn't go on"

@@ -14,9 +14,15 @@
 #include <array>
 #include <atomic>
 #include <bit>
+#include <cstdint>
 #include <cstdlib>
+#include <stdexcept>
+#include <string>
 #include <string_view>
 #include <thread>
+
+#include <fcntl.h>
+#include <sys/mman.h>
 
 namespace
 {
@@ -369,6 +375,68 @@ TEST(SharedProgressTest, OutlivesAWriterInTheMiddleOfAChange)
         EXPECT_EQ(next.getMessage(), before.getMessage());
     }
     EXPECT_EQ(Support::CountOwnNames(), 0);
+}
+
+/// What the users of a record agree on beside its bytes.
+class Agreement
+{
+public:
+    /// Of the record with this name behind that of the test, which has plain characters alone.
+    explicit Agreement(const std::string& name)
+    {
+        const std::string path = "/dev/shm/TRS8_BTL/n.test%002f" + std::to_string(getpid()) + "%002f" + name;
+        const int file = open(path.c_str(), O_RDWR | O_CLOEXEC);
+        void* const head = mmap(nullptr, HeadSize, PROT_READ | PROT_WRITE, MAP_SHARED, file, 0);
+        close(file);
+        if (head == MAP_FAILED) {
+            throw std::runtime_error("There is no record " + path);
+        }
+        mWords = static_cast<std::uint64_t*>(head) + HeadSize / 4 / sizeof(std::uint64_t);
+    }
+    Agreement(const Agreement&) = delete;
+    Agreement& operator=(const Agreement&) = delete;
+    ~Agreement() { munmap(mWords - HeadSize / 4 / sizeof(std::uint64_t), HeadSize); }
+
+    std::uint64_t& Sequence() const { return mWords[0]; }
+    std::uint64_t& Changer() const { return mWords[3]; }
+    std::uint64_t& FormerSequence() const { return mWords[4]; }
+
+private:
+    static constexpr std::size_t HeadSize = 4096;
+
+    std::uint64_t* mWords;
+};
+
+TEST(SharedProgressTest, UndoesAChangeThoughWhoDidSoWasKilled)
+{
+    const struct
+    {
+        const char* where;
+        std::uint64_t sequence;
+        std::uint64_t former;
+    } rows[] = {
+        {"in the change", 0, 0},
+        {"before the undoing has the sequence", 0, 2},
+        {"in the undoing", 2, 2},
+    };
+    CSharedProgressInfo info(OwnName(u"n"));
+    const Agreement agreement("n");
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.where);
+        info.setCaption(u"before");
+        info.setCaption(u"half-written");
+        const std::uint64_t change = agreement.Sequence() - 1;
+        ASSERT_EQ(agreement.FormerSequence(), change);
+        agreement.Sequence() = change + row.sequence;
+        agreement.FormerSequence() = change + row.former;
+        agreement.Changer() = 0;
+        CSharedProgressInfoData data;
+        ASSERT_TRUE(info.Snapshot(data));
+        EXPECT_EQ(data.getCaption(), u"before");
+        info.setText2(u"next");
+        EXPECT_EQ(info.getCaption(), u"before");
+        EXPECT_EQ(info.getText2(), u"next");
+    }
 }
 
 } // namespace

@@ -115,12 +115,19 @@ TEST_F(StartOnceTest, ALaterOneStaysThatWhenTheFirstEnds)
 
 TEST_F(StartOnceTest, NamesMayBeAnyText)
 {
-    const std::u16string names[] = {
-        u"a/../b", u"..", u"\xD800", u"%s", std::u16string(5000, u'x'), std::u16string(5000, u'x') + u'y',
-        u"A/../B"};
+    const std::u16string names[] = {u"",
+                                    u"a/../b",
+                                    u"..",
+                                    u"\xD800",
+                                    u"%s",
+                                    std::u16string(5000, u'x'),
+                                    std::u16string(5000, u'x') + u'y',
+                                    u"A/../B"};
     for (const std::u16string& name : names) {
         CStartOnce once(name.c_str());
         EXPECT_TRUE(once.IsMainProcess());
+        EXPECT_TRUE(once.ExistsMainProcess());
+        EXPECT_FALSE(CStartOnce(name.c_str()).IsMainProcess());
         once.OnMessage = [](const UnicodeString& text) { return text.Length(); };
         once.CreateMessageWindow();
         EXPECT_EQ(once.SendMessageToMainProcess(u"four"), 4) << "to itself";
@@ -272,6 +279,24 @@ TEST_F(StartOnceTest, IsNobodysWhereTheSessionHasNoPlace)
     once.CreateMessageWindow();
     EXPECT_EQ(once.SendMessageToMainProcess(u"-IsReady"), 0);
     std::filesystem::remove(session.Folder());
+}
+
+TEST_F(StartOnceTest, KeepsItsWindowWhereItGetsNoOther)
+{
+    CStartOnce once(Name());
+    const auto answer = [&](int result) {
+        once.OnMessage = [result](const UnicodeString&) { return result; };
+        once.CreateMessageWindow();
+        return once.SendMessageToMainProcess(u"-IsReady");
+    };
+    EXPECT_EQ(answer(1), 1);
+    EXPECT_EQ(answer(2), 2) << "the later window takes the place of the former";
+    const auto away = session.Folder().native() + ".away";
+    std::filesystem::rename(session.Folder(), away);
+    std::filesystem::create_directory_symlink("/tmp", session.Folder());
+    EXPECT_EQ(answer(3), 2);
+    std::filesystem::remove(session.Folder());
+    std::filesystem::rename(away, session.Folder());
 }
 
 /// Counters that forks share.

@@ -77,7 +77,7 @@ bool Exchange(std::uint64_t& word, std::uint64_t value, std::uint64_t another)
 /// A part as it was before a change. Other processes write it, too: no number in it is taken on trust.
 struct TFormer
 {
-    /// The sequence during the change; another one while this is being written.
+    /// The sequence during the change, or that of who undoes it; another one while this is being written.
     std::uint64_t sequence;
     std::uint64_t first;
     /// 0 stands for an empty record.
@@ -97,6 +97,14 @@ void KeepFormer(TFormer& former, const CSharedProgressInfoData& record, TProgres
         CopyWords(WordsOf(record) + first, count, former.words);
     }
     Store(former.sequence, sequence);
+}
+
+/// Whether this is what stood there before the change that is under way by that sequence. Who undoes it may
+/// have said so already, and not have the sequence yet.
+bool IsFormerOf(TFormer& former, std::uint64_t sequence)
+{
+    const std::uint64_t kept = Load(former.sequence);
+    return kept == sequence || kept == sequence + 2;
 }
 
 /// Puts the former part into the words of a record.
@@ -180,11 +188,13 @@ void CSharedProgressPage::Undo(CSharedProgressInfoData& record, TWord dead) noex
 {
     TShared& shared = getShared();
     const TWord own = dead + 2;
+    // Before the sequence goes on: a half-written part is never without what stood there before, also if this
+    // process is killed on the way.
+    Exchange(shared.former.sequence, dead, own);
     if (!Exchange(shared.sequence, dead, own)) {
         return;
     }
-    if (Load(shared.former.sequence) == dead) {
-        Store(shared.former.sequence, own);
+    if (Load(shared.former.sequence) == own) {
         RestoreFormer(shared.former, WordsOf(record));
     }
     Exchange(shared.sequence, own, own + 1);
@@ -212,7 +222,7 @@ bool CSharedProgressPage::Copy(const CSharedProgressInfoData& record, CSharedPro
     const auto tryRecord = [&](TWord seen) {
         CopyWords(words, RecordWords, got.data());
         // Nothing is changed before the former part is here.
-        if (!IsAtRest(seen) && Load(shared.former.sequence) == seen) {
+        if (!IsAtRest(seen) && IsFormerOf(shared.former, seen)) {
             RestoreFormer(shared.former, got.data());
         }
         return Load(shared.sequence) == seen;

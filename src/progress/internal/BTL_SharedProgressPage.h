@@ -75,7 +75,7 @@ private:
     /// The sequence during the change.
     TWord Begin(CSharedProgressInfoData& record, TProgressPart part) noexcept;
     TWord Take(CSharedProgressInfoData& record) noexcept;
-    /// Ends the change of a writer that died in its middle.
+    /// Ends the change of a writer that died in its middle, also if that undid another one's.
     void Undo(CSharedProgressInfoData& record, TWord dead) noexcept;
     void End(const CSharedProgressInfoData& record, TWord own) noexcept;
 

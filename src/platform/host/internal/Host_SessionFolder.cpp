@@ -36,7 +36,7 @@ Descriptor OpenFolder(const std::string& path)
     return folder;
 }
 
-/// The path without its final separator; empty if there is no such folder, or none of the user's own.
+/// That of the session; empty if there is no such folder, or none of the user's own.
 std::string RunTimeFolder()
 {
     const char* const value = std::getenv("XDG_RUNTIME_DIR");

@@ -36,8 +36,9 @@ struct COPYDATASTRUCT
     const void* lpData = nullptr;
 };
 
-/// The message window with this title, of any process of the user's session; the last one made if there are
-/// several. Null if there is none, for a null title, and for a class that isn't null: no window has one.
+/// The message window with this title, of any process of the user's session; if there are several, one of the
+/// calling process, else the last one made. Null if there is none, for a null title, and for a class that
+/// isn't null: no window has one.
 TRS8_BTL_API HWND FindWindowW(const System::WideChar* className, const System::WideChar* title);
 
 /// Sends the message and waits, without limit, until the window's process has handled it in its message loop;

@@ -243,7 +243,8 @@ HANDLE Create(const CMutexTable::TName& name, CNamedBlock::EAccess access, bool 
     const auto& [scope, text] = name;
     CMutexTable& mutexes = Mutexes();
     const std::lock_guard lock(mutexes.gate);
-    std::shared_ptr<CMutexObject> mutex = text.IsEmpty() ? nullptr : mutexes.Find(name);
+    const bool isNameless = CNamedBlock::IsNameless(text, scope);
+    std::shared_ptr<CMutexObject> mutex = isNameless ? nullptr : mutexes.Find(name);
     if (mutex != nullptr) {
         SetLastError(ERROR_ALREADY_EXISTS);
         return OpenHandle(std::move(mutex));
@@ -253,7 +254,7 @@ HANDLE Create(const CMutexTable::TName& name, CNamedBlock::EAccess access, bool 
     if (mutex == nullptr) {
         return nullptr;
     }
-    if (!text.IsEmpty()) {
+    if (!isNameless) {
         mutexes.Add(name, mutex);
     }
     const bool existed = mutex->getExisted();

@@ -39,8 +39,8 @@ namespace Host
 {
 
 /// As `CreateMutexW`, but for a name that belongs to the user's session: those of other users and of the
-/// machine are apart from it. The new mutex is owned by nobody. Null with the last error 5 if the session's
-/// folder for such names is another user's.
+/// machine are apart from it, and the empty one is a name as others. The new mutex is owned by nobody. Null
+/// with the last error 5 if the session's folder for such names is another user's.
 TRS8_BTL_API HANDLE CreateSessionMutex(const System::UnicodeString& name);
 
 /// As `OpenMutexW`, but for a name that belongs to the user's session.

@@ -3,6 +3,7 @@
 
 #include "platform/host/Host_Error.h"
 #include "platform/host/Host_Path.h"
+#include "platform/host/Host_TickCount.h"
 #include "platform/host/internal/Host_Descriptor.h"
 #include "platform/host/messages/internal/Host_MessageFrame.h"
 #include "platform/host/messages/internal/Host_MessageServer.h"
@@ -350,6 +351,37 @@ TEST(HostMessagesTest, TakeTheTitleOverAndLeaveNothing)
     EXPECT_NE(MessageServer::Open(u"next", Sum), nullptr);
     EXPECT_FALSE(fs::exists(left));
     EXPECT_EQ(session.CountNames(), 1);
+}
+
+TEST(HostMessagesTest, TakeTheTitleInSpiteOfWhatAProcessOfThisNumberLeft)
+{
+    const Session session;
+    ASSERT_NE(MessageServer::Open(u"makes the folder", Sum), nullptr);
+    for (int i = 1; i < 500; ++i) {
+        const fs::path left = session.Folder() / ("t." + std::to_string(getpid()) + '.' + std::to_string(i));
+        Descriptor(open(left.c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0600));
+    }
+    EXPECT_NE(MessageServer::Open(Title, Sum), nullptr);
+}
+
+TEST(HostMessagesTest, AreNotForAProcessThatWasForkedOff)
+{
+    const Session session;
+    int handled = 0;
+    const auto server = MessageServer::Open(Title, [&](const TWindowMessage&) { return ++handled; });
+    ASSERT_NE(server, nullptr);
+    const SecondProcess forked([&](int tell) {
+        SecondProcess::Tell(tell);
+        ServeUntil(*server, [] { return false; });
+    });
+    ASSERT_TRUE(forked.Await());
+    std::atomic<bool> isAnswered = false;
+    std::thread sender([&] { isAnswered = SendWithin(FindWindowW(nullptr, Title), 60'000); });
+    // The other one has its time.
+    Sleep(50);
+    ServeUntil(*server, [&] { return isAnswered.load(); });
+    sender.join();
+    EXPECT_EQ(handled, 1);
 }
 
 TEST(HostMessagesTest, LeaveNothingBehindAnOrderlyProcess)

@@ -199,6 +199,25 @@ TEST(HostMutexTest, OfTheSessionIsApartFromThatOfTheMachine)
     EXPECT_EQ(Support::CountOwnNames(), 0);
 }
 
+TEST(HostMutexTest, OfTheSessionMayHaveTheEmptyName)
+{
+    const Support::Session session;
+    const HANDLE first = Host::CreateSessionMutex(u"");
+    EXPECT_EQ(GetLastError(), ERROR_SUCCESS);
+    const HANDLE second = Host::CreateSessionMutex(u"");
+    EXPECT_EQ(GetLastError(), ERROR_ALREADY_EXISTS);
+    SecondProcess other([](int tell) {
+        if (Host::OpenSessionMutex(u"") != nullptr) {
+            SecondProcess::Tell(tell);
+        }
+    });
+    EXPECT_TRUE(other.Await());
+    for (const HANDLE handle : {first, second}) {
+        EXPECT_TRUE(CloseHandle(handle));
+    }
+    EXPECT_EQ(Host::OpenSessionMutex(u""), nullptr);
+}
+
 TEST(HostMutexTest, OfTheSessionNeedsNoRunTimeFolder)
 {
     const Support::TempFolder open;

@@ -232,6 +232,8 @@ bool MessageServer::TakeName(const Descriptor& folder)
 {
     const std::string draft = DraftName();
     const sockaddr_un address = AddressOf(folder.Get(), draft);
+    // One of a process that had our number before.
+    unlinkat(folder.Get(), draft.c_str(), 0);
     mListener = Descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     struct stat status;
     const bool isMade =
@@ -269,6 +271,10 @@ bool MessageServer::Watch(int descriptor) const
 
 void MessageServer::Serve()
 {
+    // A process that was forked off would take what is sent to the window's.
+    if (mProcess != getpid()) {
+        return;
+    }
     // One at a time: the handler may serve others, and may end this object.
     epoll_event event{};
     if (epoll_wait(mPoll.Get(), &event, 1, 0) != 1) {

@@ -55,7 +55,7 @@ public:
     int getDescriptor() const noexcept { return mPoll.Get(); }
 
     /// Does a piece of what there is to do, and returns at once unless that calls the handler. An exception
-    /// of the handler comes out when its sender has got 0.
+    /// of the handler comes out when its sender has got 0. Nothing in a process that was forked off.
     void Serve();
 
     /// The handler of the window which this process has under the file name, for the thread that owns it;

@@ -346,7 +346,7 @@ private:
 std::optional<CNamedBlock> CNamedBlock::Create(const System::UnicodeString& name, EKind kind,
                                                const TWanted& wanted, EScope scope)
 {
-    if (!name.IsEmpty()) {
+    if (!IsNameless(name, scope)) {
         return CBlockSearch(name, kind, scope).Create(wanted);
     }
     Descriptor file(memfd_create("TRS8_BTL", MFD_CLOEXEC));
@@ -362,7 +362,7 @@ std::optional<CNamedBlock> CNamedBlock::Create(const System::UnicodeString& name
 
 std::optional<CNamedBlock> CNamedBlock::Open(const System::UnicodeString& name, EKind kind, EScope scope)
 {
-    if (name.IsEmpty()) {
+    if (IsNameless(name, scope)) {
         SetLastError(ERROR_INVALID_NAME);
         return std::nullopt;
     }

@@ -58,8 +58,14 @@ public:
         bool isOwned = false;
     };
 
-    /// Takes the block of this name, or makes it with zero bytes; an empty name gives a block that
-    /// nobody else can have. Nothing, and the last error set, on a failure: 6 if the name is in use for
+    /// Whether the name stands for none: the empty one of the machine. That of a session is a name.
+    static bool IsNameless(const System::UnicodeString& name, EScope scope)
+    {
+        return scope == EScope::Machine && name.IsEmpty();
+    }
+
+    /// Takes the block of this name, or makes it with zero bytes; without a name a block that nobody else can
+    /// have. Nothing, and the last error set, on a failure: 6 if the name is in use for
     /// another kind.
     static std::optional<CNamedBlock> Create(const System::UnicodeString& name, EKind kind,
                                              const TWanted& wanted, EScope scope = EScope::Machine);
