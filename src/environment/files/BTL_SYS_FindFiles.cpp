@@ -99,6 +99,7 @@ bool FindFiles(const UnicodeString& pattern, int attr, Classes::TStrings* list, 
 {
     if (list == nullptr) {
         UTL::THROW_XAssert(NoList);
+        return false;
     }
     if (clear) {
         list->Clear();
