@@ -30,8 +30,8 @@ struct TPassedOver
 };
 
 /// Copies what is in `source` to `destination`, of which all levels are made that are missing. Files that
-/// exist are replaced, each in one step, unless they are read-only. True in every case: what can't be copied
-/// is passed over.
+/// exist are replaced, unless they are read-only; each in one step, if its folder takes a file beside it. True
+/// in every case: what can't be copied is passed over.
 TRS8_BTL_API bool CopyPath(const System::UnicodeString& source, const System::UnicodeString& destination);
 /// As `CopyPath` of two folders; `passedOver` becomes the list of what was passed over, empty if the copy is
 /// whole.
@@ -53,8 +53,8 @@ TRS8_BTL_API bool CopyPathExt(const System::UnicodeString& source, const System:
 TRS8_BTL_API int MoveFiles(const System::UnicodeString& source, const System::UnicodeString& destination,
                            bool raise);
 /// Moves a file, link or folder to a free name, whose parent folders are made if they are missing. To another
-/// file system it is copied and then deleted; a copy that isn't whole is deleted instead. False, with the
-/// last error set, on a failure.
+/// file system it is copied and then deleted; a copy that isn't whole is deleted instead, as is one of what
+/// somebody writes to meanwhile, which fails with 32. False, with the last error set, on a failure.
 TRS8_BTL_API bool MoveDir(const System::UnicodeString& source, const System::UnicodeString& destination);
 /// As `MoveDir`, for names that end with a separator.
 TRS8_BTL_API bool MovePath(const System::UnicodeString& source, const System::UnicodeString& destination);

@@ -24,7 +24,8 @@ namespace BTL
 
 /// Adds the names, without the folder, of the entries that fit the last part of `pattern`, see
 /// `Sysutils::FindFirst`; entries that are hidden, of the system or folders only if `attr` has their bit.
-/// With `clear` the list is emptied first. True if any was added. A null list is an internal fault.
+/// With `clear` the list is emptied first. True if any was added. A null list is an internal fault, and false
+/// where that is passed over.
 TRS8_BTL_API bool FindFiles(const System::UnicodeString& pattern, int attr, Classes::TStrings* list,
                             bool clear);
 /// `FindFiles` of entries of all kinds.

@@ -18,8 +18,8 @@ namespace BTL
 /// Makes one level; false, with the last error set, if that isn't possible or the name is taken.
 TRS8_BTL_API bool CreateDirectoryW(const System::UnicodeString& path);
 /// Makes all levels that are missing; false, with the last error set, at the first that can't be made. The
-/// root, a drive or a server's share at the begin of the path is none of them, but must be there. True for
-/// the empty text, which has no level.
+/// root, a drive or a server's share at the begin of the path is none of them, but levels below it need it.
+/// True for the empty text, which has no level.
 TRS8_BTL_API bool CreatePath(const System::UnicodeString& path);
 /// Makes `base`, of which one level may be missing, and all levels of `rest` below it. An empty `base` is the
 /// current folder.
@@ -42,8 +42,8 @@ TRS8_BTL_API int CountFiles(const System::UnicodeString& folder, bool recursive)
 
 /// Adds the bits of `attr`, a sum of the `fa` values of `Sysutils`, to the attributes of all files in a
 /// folder and below it; links are passed over. The folder is the current one of the process then. Messages
-/// are handled at each entry, so this belongs to the main thread. 0 if the folder could be read and isn't
-/// empty, else the error, see `Sysutils::FindFirst`.
+/// are handled at each entry, so this belongs to the main thread. 0 if the folder could be read, else the
+/// error, see `Sysutils::FindFirst`.
 TRS8_BTL_API int DirSetAttrOn(const System::UnicodeString& folder, int attr);
 /// As `DirSetAttrOn`, but takes the bits away.
 TRS8_BTL_API int DirSetAttrOff(const System::UnicodeString& folder, int attr);

@@ -17,7 +17,6 @@
 
 using Host::Existing;
 using Host::Fail;
-using Host::FailErrno;
 using Host::FailPath;
 using Host::FilePlace;
 using Host::Links;
@@ -56,11 +55,16 @@ bool MoveToOtherDevice(const std::string& from, const std::string& to, LongWord 
         return GetLastError() == ERROR_FILE_EXISTS ? Fail(ERROR_ALREADY_EXISTS) : false;
     }
     // What somebody wrote meanwhile must not go with the source.
-    if (!IsUnchanged(from, copied)) {
-        unlink(to.c_str());
-        return Fail(ERROR_SHARING_VIOLATION);
+    const bool isUnchanged = IsUnchanged(from, copied);
+    if (isUnchanged && unlink(from.c_str()) == 0) {
+        return true;
     }
-    return unlink(from.c_str()) == 0 || FailErrno();
+    const unsigned long reason = isUnchanged ? Host::ErrorFromErrno(errno) : ERROR_SHARING_VIOLATION;
+    // What the copy replaced is gone, so that it is all that is left there.
+    if (!replace) {
+        unlink(to.c_str());
+    }
+    return Fail(reason);
 }
 
 /// `rename` that never replaces. Where the file system lacks it, a test in front has to do.

@@ -5,6 +5,7 @@
 #include "platform/host/Host_Folder.h"
 #include "platform/host/Host_Path.h"
 #include "platform/host/internal/Host_CopyEntry.h"
+#include "platform/host/internal/Host_MovedEntries.h"
 #include "platform/host/internal/Host_OpenFolder.h"
 #include "platform/host/internal/Host_PathCall.h"
 
@@ -40,8 +41,8 @@ bool IsFolderOrLinkToOne(const FolderEntry& entry)
 /// The folder of a copy, made if it isn't there.
 struct TargetFolder
 {
-    TargetFolder(const FilePlace& place, Links links)
-        : isNew(mkdirat(place.folder, place.name, 0700) == 0),
+    TargetFolder(const FilePlace& place, Links links, mode_t mode)
+        : isNew(mkdirat(place.folder, place.name, mode) == 0),
           refusal(isNew || errno == EEXIST ? ERROR_SUCCESS : ErrorFromErrno(errno)),
           folder(place, links),
           error(refusal == ERROR_SUCCESS && !folder.IsOpen() ? GetLastError() : refusal)
@@ -58,7 +59,8 @@ struct TargetFolder
 class TreeCopy
 {
 public:
-    explicit TreeCopy(CopyWatcher& watcher) : mWatcher(watcher) {}
+    /// `moved`, which may be null, gets what is copied.
+    TreeCopy(CopyWatcher& watcher, MovedEntries* moved) : mWatcher(watcher), mMoved(moved) {}
 
     /// `path` is the source for those who are told of it, with its final separator.
     void Copy(const FilePlace& from, const FilePlace& to, const UnicodeString& path, Links links)
@@ -71,7 +73,8 @@ public:
         if (error != ERROR_SUCCESS && source.IsOpen()) {
             return;
         }
-        const TargetFolder target(to, links);
+        // The permissions of the source come last; nobody gets in before.
+        const TargetFolder target(to, links, source.IsOpen() ? 0700 : 0777);
         if (struct stat made; !mRoot && target.folder.IsOpen() && target.folder.Query(made)) {
             mRoot = made;
         }
@@ -121,6 +124,9 @@ private:
             Copy(source.At(entry.name), target.At(entry.name), folder, Links::Refuse);
             return;
         }
+        if (mMoved != nullptr) {
+            mMoved->Add(source.At(entry.name));
+        }
         if (!CopyEntry(entry, source, target)) {
             mWatcher.PassOver(path, GetLastError());
         }
@@ -148,6 +154,7 @@ private:
     }
 
     CopyWatcher& mWatcher;
+    MovedEntries* const mMoved;
     /// The folder that all goes to.
     std::optional<struct stat> mRoot;
     int mDepth = 0;
@@ -170,49 +177,79 @@ private:
     unsigned long mError = ERROR_SUCCESS;
 };
 
+UnicodeString WithSeparator(const UnicodeString& folder)
+{
+    const bool isEnded = folder.AsView().ends_with(u'\\') || folder.AsView().ends_with(u'/');
+    return isEnded ? folder : folder + u'\\';
+}
+
+void Copy(const UnicodeString& source, const UnicodeString& target, CopyWatcher& watcher, MovedEntries* moved)
+{
+    const std::string from = Sysutils::HostPath(source);
+    const std::string to = from.empty() ? std::string() : Sysutils::HostPath(target);
+    if (to.empty()) {
+        watcher.PassOver(source, GetLastError());
+        return;
+    }
+    TreeCopy(watcher, moved)
+        .Copy({AT_FDCWD, from.c_str()}, {AT_FDCWD, to.c_str()}, WithSeparator(source), Links::Follow);
+}
+
 // Deleting
 
-bool DeleteEntry(const FilePlace& entry, ReadOnly readOnly)
+/// What may go.
+struct Deletable
 {
-    return readOnly == ReadOnly::Kept ? DeleteFileAt(entry)
-                                      : unlinkat(entry.folder, entry.name, 0) == 0 || FailAt(entry);
+    ReadOnly readOnly;
+    /// Nothing but these, unless it is null.
+    const MovedEntries* moved = nullptr;
+};
+
+bool DeleteEntry(const FilePlace& entry, const Deletable& deletable)
+{
+    if (deletable.moved != nullptr && !deletable.moved->Has(entry)) {
+        return Fail(ERROR_SHARING_VIOLATION);
+    }
+    return deletable.readOnly == ReadOnly::Kept ? DeleteFileAt(entry)
+                                                : unlinkat(entry.folder, entry.name, 0) == 0 || FailAt(entry);
 }
 
 /// Deletes those entries that are no folder; false, with the last error set, if one is left.
-bool DeleteFiles(const OpenFolder& folder, const std::vector<FolderEntry>& entries, ReadOnly readOnly)
+bool DeleteFiles(const OpenFolder& folder, const std::vector<FolderEntry>& entries,
+                 const Deletable& deletable)
 {
     unsigned long error = ERROR_SUCCESS;
     for (const FolderEntry& entry : entries) {
-        if (!IsFolderOrLinkToOne(entry) && !DeleteEntry(folder.At(entry.name), readOnly)) {
+        if (!IsFolderOrLinkToOne(entry) && !DeleteEntry(folder.At(entry.name), deletable)) {
             error = GetLastError();
         }
     }
     return error == ERROR_SUCCESS || Fail(error);
 }
 
-bool DeleteFolderAt(const FilePlace& place, ReadOnly readOnly, int depth);
+bool DeleteFolderAt(const FilePlace& place, const Deletable& deletable, int depth);
 
-void Empty(const OpenFolder& folder, ReadOnly readOnly, int depth)
+void Empty(const OpenFolder& folder, const Deletable& deletable, int depth)
 {
     const auto entries = folder.Entries();
     if (!entries || depth == MaxDepth) {
         return;
     }
     // What stays behind shows when the folder itself is to go.
-    static_cast<void>(DeleteFiles(folder, *entries, readOnly));
+    static_cast<void>(DeleteFiles(folder, *entries, deletable));
     for (const FolderEntry& entry : *entries) {
         if (entry.kind == EntryKind::FolderLink) {
-            unlinkat(folder.Get(), entry.name.c_str(), 0);
+            static_cast<void>(DeleteEntry(folder.At(entry.name), deletable));
         } else if (entry.kind == EntryKind::Folder) {
-            static_cast<void>(DeleteFolderAt(folder.At(entry.name), readOnly, depth + 1));
+            static_cast<void>(DeleteFolderAt(folder.At(entry.name), deletable, depth + 1));
         }
     }
 }
 
-bool DeleteFolderAt(const FilePlace& place, ReadOnly readOnly, int depth)
+bool DeleteFolderAt(const FilePlace& place, const Deletable& deletable, int depth)
 {
     if (const OpenFolder folder(place, Links::Refuse); folder.IsOpen()) {
-        Empty(folder, readOnly, depth);
+        Empty(folder, deletable, depth);
     }
     if (unlinkat(place.folder, place.name, AT_REMOVEDIR) == 0) {
         return true;
@@ -226,6 +263,33 @@ bool IsRoot(const std::string& path)
     struct stat status;
     return stat("/", &root) == 0 && stat(path.c_str(), &status) == 0 && status.st_dev == root.st_dev &&
            status.st_ino == root.st_ino;
+}
+
+bool DeleteTree(const UnicodeString& folder, const Deletable& deletable)
+{
+    const std::string given = Sysutils::HostPath(folder);
+    if (given.empty()) {
+        return false;
+    }
+    const std::string path(WithoutFinalSlashes(given));
+    if (IsLink(path)) {
+        return RemoveDirectoryW(folder);
+    }
+    return IsRoot(path) ? Fail(ERROR_ACCESS_DENIED) : DeleteFolderAt({AT_FDCWD, path.c_str()}, deletable, 0);
+}
+
+/// Whether all that is in the folder was moved, and is what it was then.
+bool IsMoved(const OpenFolder& folder, const MovedEntries& moved, int depth)
+{
+    const auto entries = folder.IsOpen() ? folder.Entries() : std::nullopt;
+    if (!entries || depth == MaxDepth) {
+        return false;
+    }
+    return std::ranges::all_of(*entries, [&](const FolderEntry& entry) {
+        const FilePlace place = folder.At(entry.name);
+        return entry.kind == EntryKind::Folder ? IsMoved(OpenFolder(place, Links::Refuse), moved, depth + 1)
+                                               : moved.Has(place);
+    });
 }
 
 // Counting
@@ -247,12 +311,6 @@ Int64 CountFiles(const OpenFolder& folder, int depth)
     return count;
 }
 
-UnicodeString WithSeparator(const UnicodeString& folder)
-{
-    const bool isEnded = folder.AsView().ends_with(u'\\') || folder.AsView().ends_with(u'/');
-    return isEnded ? folder : folder + u'\\';
-}
-
 } // namespace
 
 CopyWatcher::~CopyWatcher() = default;
@@ -265,27 +323,12 @@ void CopyWatcher::PassOver(const UnicodeString& /*path*/, unsigned long /*error*
 
 void CopyTree(const UnicodeString& source, const UnicodeString& target, CopyWatcher& watcher)
 {
-    const std::string from = Sysutils::HostPath(source);
-    const std::string to = from.empty() ? std::string() : Sysutils::HostPath(target);
-    if (to.empty()) {
-        watcher.PassOver(source, GetLastError());
-        return;
-    }
-    TreeCopy(watcher).Copy({AT_FDCWD, from.c_str()}, {AT_FDCWD, to.c_str()}, WithSeparator(source),
-                           Links::Follow);
+    Copy(source, target, watcher, nullptr);
 }
 
 bool DeleteTree(const UnicodeString& folder, ReadOnly readOnly)
 {
-    const std::string given = Sysutils::HostPath(folder);
-    if (given.empty()) {
-        return false;
-    }
-    const std::string path(WithoutFinalSlashes(given));
-    if (IsLink(path)) {
-        return RemoveDirectoryW(folder);
-    }
-    return IsRoot(path) ? Fail(ERROR_ACCESS_DENIED) : DeleteFolderAt({AT_FDCWD, path.c_str()}, readOnly, 0);
+    return DeleteTree(folder, Deletable{readOnly});
 }
 
 bool DeleteFilesIn(const UnicodeString& folder)
@@ -296,7 +339,7 @@ bool DeleteFilesIn(const UnicodeString& folder)
     }
     const OpenFolder opened({AT_FDCWD, path.c_str()}, Links::Follow);
     const auto entries = opened.IsOpen() ? opened.Entries() : std::nullopt;
-    return entries && DeleteFiles(opened, *entries, ReadOnly::Kept);
+    return entries && DeleteFiles(opened, *entries, {ReadOnly::Kept});
 }
 
 bool MoveTree(const UnicodeString& from, const UnicodeString& to)
@@ -310,12 +353,19 @@ bool MoveTree(const UnicodeString& from, const UnicodeString& to)
         return Fail(ERROR_ALREADY_EXISTS);
     }
     WholeCopy watcher;
-    CopyTree(from, to, watcher);
-    if (watcher.Error() != ERROR_SUCCESS) {
-        static_cast<void>(DeleteTree(to, ReadOnly::Deleted));
-        return Fail(watcher.Error());
+    MovedEntries moved;
+    Copy(from, to, watcher, &moved);
+    unsigned long error = watcher.Error();
+    const std::string source = Sysutils::HostPath(from);
+    // What somebody wrote meanwhile must not go with the source.
+    if (error == ERROR_SUCCESS && !IsMoved(OpenFolder({AT_FDCWD, source.c_str()}, Links::Follow), moved, 0)) {
+        error = ERROR_SHARING_VIOLATION;
     }
-    return DeleteTree(from, ReadOnly::Deleted);
+    if (error != ERROR_SUCCESS) {
+        static_cast<void>(DeleteTree(to, ReadOnly::Deleted));
+        return Fail(error);
+    }
+    return DeleteTree(from, Deletable{ReadOnly::Deleted, &moved});
 }
 
 Int64 CountTree(const UnicodeString& folder)

@@ -55,9 +55,18 @@ bool IsAddress(std::u16string_view text)
     return beginsWithLetter && end != text.end() && *end == u':' && end - text.begin() > 1;
 }
 
-NativeInt LastErrorResult()
+/// An error as a result: what is above 32 would pass for success.
+NativeInt Refusal(unsigned long error)
 {
-    return static_cast<NativeInt>(GetLastError());
+    constexpr unsigned long largest = 32;
+    switch (error) {
+    case ERROR_INVALID_NAME:
+    case ERROR_FILENAME_EXCED_RANGE:
+    case ERROR_CANT_RESOLVE_FILENAME:
+        return ERROR_FILE_NOT_FOUND;
+    default:
+        return static_cast<NativeInt>(error <= largest ? error : ERROR_NOT_ENOUGH_MEMORY);
+    }
 }
 
 NativeInt StartProgram(const std::string& path, const UnicodeString& parameters, const std::string& folder)
@@ -68,7 +77,7 @@ NativeInt StartProgram(const std::string& path, const UnicodeString& parameters,
     }
     std::future<int> exitCode;
     const int error = Host::SpawnApart(path, std::move(arguments), folder, exitCode);
-    return error == 0 ? Started : static_cast<NativeInt>(Host::ErrorFromErrno(error));
+    return error == 0 ? Started : Refusal(Host::ErrorFromErrno(error));
 }
 
 /// `target` begins with `/` or with a scheme, so that it can't be taken for an option.
@@ -79,7 +88,7 @@ NativeInt HandTo(const char* helper, const std::string& target, const std::strin
     if (error == ENOENT) {
         return SE_ERR_NOASSOC;
     }
-    return error == 0 ? Started : static_cast<NativeInt>(Host::ErrorFromErrno(error));
+    return error == 0 ? Started : Refusal(Host::ErrorFromErrno(error));
 }
 
 /// Gives the helper some time to refuse the file.
@@ -118,11 +127,11 @@ NativeInt UseFileOrFolder(const UnicodeString& file, const UnicodeString& parame
 {
     const std::string path = Host::AbsolutePath(file, folder);
     if (path.empty()) {
-        return LastErrorResult();
+        return Refusal(GetLastError());
     }
     const auto info = Host::QueryFile(Sysutils::FromHostPath(path));
     if (!info) {
-        return LastErrorResult();
+        return Refusal(GetLastError());
     }
     const bool isFolder = (info->attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
     if ((verb == Verb::Explore && !isFolder) || (verb == Verb::Print && isFolder)) {
@@ -177,7 +186,9 @@ NativeInt ShellExecuteW(void* /*owner*/, const System::WideChar* verb, const Sys
         folder = Sysutils::HostPath(start);
     }
     // A name may hold a colon as well.
-    if (*action != Verb::Print && IsAddress(target.AsView()) && !Host::QueryFile(target)) {
+    const std::string path = Host::AbsolutePath(target, folder);
+    const bool isThere = !path.empty() && Host::QueryFile(Sysutils::FromHostPath(path));
+    if (*action != Verb::Print && IsAddress(target.AsView()) && !isThere) {
         return OpenAddress(target, folder);
     }
     return UseFileOrFolder(target, UnicodeString(parameters), folder, *action);

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <vector>
+#include <memory>
 
 #include <fcntl.h>
 #include <linux/fs.h>
@@ -33,6 +33,7 @@ enum class Way
 };
 
 constexpr Int64 MaxPiece = 1 << 30;
+constexpr std::size_t BufferSize = 1 << 16;
 
 /// Whether a call failed because the two files can't be copied so, which another way may still do.
 bool IsWayClosed(int hostError)
@@ -55,13 +56,14 @@ public:
             const Int64 count = CopyPiece(position, std::min(end - position, MaxPiece));
             if (count > 0) {
                 position += count;
+            } else if (mWay != Way::ByHand && (count == 0 || IsWayClosed(errno))) {
+                // Some kernels take files of their own for empty.
+                mWay = mWay == Way::ByKernel || count == 0 ? Way::ByHand : Way::ByKernel;
             } else if (count == 0) {
                 break;
-            } else if (mWay == Way::ByHand || !IsWayClosed(errno)) {
+            } else {
                 FailErrno();
                 return -1;
-            } else {
-                mWay = mWay == Way::ByFileSystem ? Way::ByKernel : Way::ByHand;
             }
         }
         return position;
@@ -89,13 +91,15 @@ private:
 
     Int64 CopyByHand(Int64 position, std::size_t count)
     {
-        mBuffer.resize(1 << 18);
-        const std::size_t piece = std::min(count, mBuffer.size());
-        const ssize_t got = Uninterrupted([&] { return pread(mSource, mBuffer.data(), piece, position); });
+        if (!mBuffer) {
+            mBuffer = std::make_unique_for_overwrite<char[]>(BufferSize);
+        }
+        const std::size_t piece = std::min(count, BufferSize);
+        const ssize_t got = Uninterrupted([&] { return pread(mSource, mBuffer.get(), piece, position); });
         ssize_t done = 0;
         while (done < got) {
             const ssize_t put = Uninterrupted([&] {
-                return pwrite(mTarget, mBuffer.data() + done, static_cast<std::size_t>(got - done),
+                return pwrite(mTarget, mBuffer.get() + done, static_cast<std::size_t>(got - done),
                               position + done);
             });
             if (put < 0) {
@@ -109,7 +113,7 @@ private:
     const int mSource;
     const int mTarget;
     Way mWay = Way::ByFileSystem;
-    std::vector<char> mBuffer;
+    std::unique_ptr<char[]> mBuffer;
 };
 
 /// Files of the kernel's own tell no size, but have a content all the same.

@@ -60,11 +60,14 @@ bool MoveOver(const FilePlace& from, const FilePlace& to)
     return renameat(from.folder, from.name, to.folder, to.name) == 0 || (FailAt(to), GiveUp(from));
 }
 
+/// What a new file has until it is filled: its content may be nobody else's business.
+constexpr mode_t OwnersAlone = 0600;
+
 /// A file that is open and what the host tells of it.
 struct OpenedFile
 {
     OpenedFile(const FilePlace& file, unsigned access, unsigned share, Disposition disposition, Links links)
-        : descriptor(OpenAt(file, access, share, disposition, links, status))
+        : descriptor(OpenAt(file, access, share, disposition, links, OwnersAlone, status))
     {
     }
 
@@ -104,6 +107,7 @@ bool CopyToSuccessor(const OpenedFile& source, const FilePlace& to, const Opened
     if (former != nullptr && TakeOver(former->descriptor.Get(), target.descriptor.Get())) {
         target.status = former->status;
     }
+    fchmod(target.descriptor.Get(), OwnersAlone);
     return (Fill(target, source) || GiveUp(place)) && MoveOver(place, to);
 }
 

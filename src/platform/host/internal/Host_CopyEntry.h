@@ -15,8 +15,9 @@ enum class Existing
 {
     /// Fails with 80.
     Refuse,
-    /// Takes the place of a file or a link in one step, so that a failure leaves that as it was. It gets the
-    /// owner and the access list of a file. Files that are read-only or open elsewhere are refused, and so is
+    /// Takes the place of a file or a link in one step, so that a failure leaves that as it was; only where
+    /// the folder takes no file beside it, the file itself is overwritten. It gets the owner and the access
+    /// list of a file. Files that are read-only or open elsewhere are refused, and so is
     /// what is neither a file nor a link.
     Replace,
 };

@@ -79,15 +79,15 @@ Descriptor OpenAt(const FilePlace& file, unsigned access, unsigned share, Dispos
                   Links links)
 {
     struct stat status;
-    return OpenAt(file, access, share, disposition, links, status);
+    return OpenAt(file, access, share, disposition, links, 0666, status);
 }
 
 Descriptor OpenAt(const FilePlace& file, unsigned access, unsigned share, Disposition disposition,
-                  Links links, struct stat& status)
+                  Links links, mode_t mode, struct stat& status)
 {
     const int flags = OpenFlags(access, disposition, links);
     Descriptor opened = AboveStandardStreams(
-        Descriptor(Uninterrupted([&] { return openat(file.folder, file.name, flags, 0666); })));
+        Descriptor(Uninterrupted([&] { return openat(file.folder, file.name, flags, mode); })));
     if (!opened.IsOpen()) {
         errno == EEXIST ? Fail(ERROR_FILE_EXISTS) : FailAt(file);
         return Descriptor();

@@ -4,6 +4,8 @@
 #include "platform/host/Host_OpenFile.h"
 #include "platform/host/internal/Host_Descriptor.h"
 
+#include <sys/types.h>
+
 struct stat;
 
 namespace Host
@@ -26,9 +28,10 @@ enum class Links
 /// As `OpenFile` of a path. A link that is refused fails with 1921.
 [[nodiscard]] Descriptor OpenAt(const FilePlace& file, unsigned access, unsigned share,
                                 Disposition disposition, Links links);
-/// As `OpenAt` alone, and gives what the host told of the file before what was gathered for it was written.
+/// As `OpenAt` alone, but a new file has the permissions `mode`, less those that the user's mask takes, and
+/// `status` is what the host told of the file before what was gathered for it was written.
 [[nodiscard]] Descriptor OpenAt(const FilePlace& file, unsigned access, unsigned share,
-                                Disposition disposition, Links links, struct stat& status);
+                                Disposition disposition, Links links, mode_t mode, struct stat& status);
 
 /// `FailErrno` for a call on `file`; for a path it is `FailPath`.
 bool FailAt(const FilePlace& file);
