@@ -218,6 +218,22 @@ TEST(HostMutexTest, OfTheSessionMayHaveTheEmptyName)
     EXPECT_EQ(Host::OpenSessionMutex(u""), nullptr);
 }
 
+TEST(HostMutexTest, OfTheSessionLeaveRoomForTheNext)
+{
+    const Support::Session session;
+    for (const auto* const name : {u"first", u"second"}) {
+        SecondProcess holder([&](int tell) {
+            if (Host::CreateSessionMutex(name) != nullptr) {
+                SecondProcess::Tell(tell);
+                pause();
+            }
+        });
+        EXPECT_TRUE(holder.Await());
+        holder.Kill();
+        EXPECT_EQ(session.CountNames(), 1) << "what a process left isn't there for ever";
+    }
+}
+
 TEST(HostMutexTest, OfTheSessionNeedsNoRunTimeFolder)
 {
     const Support::TempFolder open;

@@ -142,19 +142,19 @@ void RemoveIfStale(const std::string& path)
     }
 }
 
-/// Frees the memory of names of the machine that nobody asks for any more; true.
-bool RemoveStale()
+/// Frees the memory of names that nobody asks for any more; true.
+bool RemoveStale(const std::string& path)
 {
     // A look at so many, in case that somebody filled the folder.
     constexpr int most = 1000;
-    const std::unique_ptr<DIR, TCloseFolder> folder(opendir(MachineFolder));
+    const std::unique_ptr<DIR, TCloseFolder> folder(opendir(path.c_str()));
     for (int i = 0; folder != nullptr && i < most; ++i) {
         const dirent* const entry = readdir(folder.get());
         if (entry == nullptr) {
             break;
         }
         if (entry->d_type == DT_REG) {
-            RemoveIfStale(std::string(MachineFolder) + '/' + entry->d_name);
+            RemoveIfStale(path + '/' + entry->d_name);
         }
     }
     return true;
@@ -240,11 +240,16 @@ private:
     Descriptor OpenFolder() const
     {
         if (mScope == CNamedBlock::EScope::Session) {
-            return OpenSessionFolder().descriptor;
+            // There are few, and a first process leaves its own even if it ends in order.
+            TSessionFolder session = OpenSessionFolder();
+            if (session.descriptor.IsOpen()) {
+                RemoveStale(session.path);
+            }
+            return std::move(session.descriptor);
         }
         Descriptor folder = OpenMachineFolder();
         // Once in a process.
-        [[maybe_unused]] static const bool isTidy = folder.IsOpen() && RemoveStale();
+        [[maybe_unused]] static const bool isTidy = folder.IsOpen() && RemoveStale(MachineFolder);
         return folder;
     }
 
