@@ -69,6 +69,7 @@ TEST(HostMutexTest, KeepsThreadsApart)
     int count = 0;
     {
         std::vector<std::jthread> threads;
+        threads.reserve(4);
         for (int i = 0; i < 4; ++i) {
             threads.emplace_back([&] {
                 for (int turn = 0; turn < 500; ++turn) {
