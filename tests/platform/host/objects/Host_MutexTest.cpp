@@ -69,6 +69,7 @@ TEST(HostMutexTest, KeepsThreadsApart)
     int count = 0;
     {
         std::vector<std::jthread> threads;
+        threads.reserve(4);
         for (int i = 0; i < 4; ++i) {
             threads.emplace_back([&] {
                 for (int turn = 0; turn < 500; ++turn) {
@@ -216,6 +217,22 @@ TEST(HostMutexTest, OfTheSessionMayHaveTheEmptyName)
         EXPECT_TRUE(CloseHandle(handle));
     }
     EXPECT_EQ(Host::OpenSessionMutex(u""), nullptr);
+}
+
+TEST(HostMutexTest, OfTheSessionLeaveRoomForTheNext)
+{
+    const Support::Session session;
+    for (const auto* const name : {u"first", u"second"}) {
+        SecondProcess holder([&](int tell) {
+            if (Host::CreateSessionMutex(name) != nullptr) {
+                SecondProcess::Tell(tell);
+                pause();
+            }
+        });
+        EXPECT_TRUE(holder.Await());
+        holder.Kill();
+        EXPECT_EQ(session.CountNames(), 1) << "what a process left isn't there for ever";
+    }
 }
 
 TEST(HostMutexTest, OfTheSessionNeedsNoRunTimeFolder)

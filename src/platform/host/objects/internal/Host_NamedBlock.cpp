@@ -240,10 +240,11 @@ private:
     Descriptor OpenFolder() const
     {
         if (mScope == CNamedBlock::EScope::Session) {
+            // There are few, and a first process leaves its own even if it ends in order.
             TSessionFolder session = OpenSessionFolder();
-            // Once in a process: names whose holders ended without giving them back.
-            [[maybe_unused]] static const bool isSessionTidy =
-                session.descriptor.IsOpen() && RemoveStale(session.path);
+            if (session.descriptor.IsOpen()) {
+                RemoveStale(session.path);
+            }
             return std::move(session.descriptor);
         }
         Descriptor folder = OpenMachineFolder();
