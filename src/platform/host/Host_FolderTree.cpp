@@ -38,12 +38,18 @@ bool IsFolderOrLinkToOne(const FolderEntry& entry)
 
 // Copies
 
+unsigned long RefusalOf(int hostError)
+{
+    // Below a folder that couldn't be made.
+    return hostError == EBADF ? ERROR_PATH_NOT_FOUND : ErrorFromErrno(hostError);
+}
+
 /// The folder of a copy, made if it isn't there.
 struct TargetFolder
 {
     TargetFolder(const FilePlace& place, Links links, mode_t mode)
         : isNew(mkdirat(place.folder, place.name, mode) == 0),
-          refusal(isNew || errno == EEXIST ? ERROR_SUCCESS : ErrorFromErrno(errno)),
+          refusal(isNew || errno == EEXIST ? ERROR_SUCCESS : RefusalOf(errno)),
           folder(place, links),
           error(refusal == ERROR_SUCCESS && !folder.IsOpen() ? GetLastError() : refusal)
     {

@@ -57,8 +57,9 @@ TEST_F(FindFilesTest, ListsOneFolder)
     EXPECT_EQ(list.getCount(), 2);
     EXPECT_FALSE(BTL::FindFiles(Name(u"gone\\*"), &list, true));
     EXPECT_EQ(list.getCount(), 0);
-    Support::ScriptedBoxes boxes({IDYES});
+    Support::ScriptedBoxes boxes({IDYES, IDNO});
     EXPECT_THROW(BTL::FindFiles(Name(u"*"), nullptr, true), UTL::XAssert);
+    EXPECT_FALSE(BTL::FindFiles(Name(u"*"), nullptr, true)) << "passed over";
 }
 
 TEST_F(FindFilesTest, SearchesAFileUntilItIsFound)

@@ -136,6 +136,8 @@ TEST_F(MakeFoldersTest, SwitchesAttributesOfATree)
     EXPECT_EQ(fs::current_path(), fs::canonical(Host("a")));
     EXPECT_EQ(BTL::DirSetAttrOff(Name(u"a\\"), Sysutils::faReadOnly), 0);
     EXPECT_FALSE(Sysutils::FileIsReadOnly(Name(u"a\\sub\\g")));
+    MakeFolder("empty");
+    EXPECT_EQ(BTL::DirSetAttrOn(Name(u"empty"), Sysutils::faReadOnly), 0);
     EXPECT_EQ(BTL::DirSetAttr(Name(u"gone"), Sysutils::faReadOnly, true), 3);
     EXPECT_EQ(BTL::DirSetAttr(u"", Sysutils::faReadOnly, true), 3);
     EXPECT_FALSE(Sysutils::FileIsReadOnly(Name(u"a\\f")));
