@@ -59,7 +59,7 @@ TEST_F(FindFilesTest, ListsOneFolder)
     EXPECT_EQ(list.getCount(), 0);
     Support::ScriptedBoxes boxes({IDYES, IDNO});
     EXPECT_THROW(BTL::FindFiles(Name(u"*"), nullptr, true), UTL::XAssert);
-    EXPECT_FALSE(BTL::FindFiles(Name(u"*"), nullptr, true)) << "passed over";
+    EXPECT_FALSE(BTL::FindFiles(Name(u"*"), nullptr, true)) << "the user goes on";
 }
 
 TEST_F(FindFilesTest, SearchesAFileUntilItIsFound)
