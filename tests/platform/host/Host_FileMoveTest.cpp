@@ -19,8 +19,6 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-using System::UnicodeString;
-
 namespace
 {
 

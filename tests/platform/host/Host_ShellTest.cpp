@@ -130,11 +130,12 @@ TEST(HostShellTest, HandsFilesToTheDesktop)
     WriteScript(folder.Path() / "xdg-open",
                 "case \"$1\" in *.none) exit 3;; esac\n"
                 "echo \"$#:$1\" > \"$OPENED.part\"; mv \"$OPENED.part\" \"$OPENED\"\n");
-    const std::string formerPath = std::getenv("PATH");
+    const char* const former = std::getenv("PATH");
+    const std::string formerPath = former == nullptr ? "" : former;
     const Support::ScopedVariable path("PATH", folder.Path().string() + ":" + formerPath);
     const Support::ScopedVariable out("OPENED", nullptr);
     const auto opened = [&](const std::string& name) {
-        const std::string result = (folder.Path() / name).string();
+        std::string result = (folder.Path() / name).string();
         out.Set(result.c_str());
         return result;
     };

@@ -20,11 +20,12 @@ bool ForEachPiece(std::u16string_view path, Visit visit)
 {
     while (!path.empty()) {
         const auto end = path.find_first_of(u"\\/");
-        const auto length = end == path.npos ? path.size() : path.find_first_not_of(u"\\/", end);
+        const auto length =
+            end == std::u16string_view::npos ? path.size() : path.find_first_not_of(u"\\/", end);
         if (!visit(System::UnicodeString(path.substr(0, length)))) {
             return false;
         }
-        path.remove_prefix(length == path.npos ? path.size() : length);
+        path.remove_prefix(length == std::u16string_view::npos ? path.size() : length);
     }
     return true;
 }
