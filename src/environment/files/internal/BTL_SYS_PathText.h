@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/base/System_String.h"
+#include "platform/host/internal/Host_PathText.h"
 
 namespace BTL::Detail
 {
@@ -19,13 +20,17 @@ template <class Visit>
 bool ForEachPiece(std::u16string_view path, Visit visit)
 {
     while (!path.empty()) {
-        const auto end = path.find_first_of(u"\\/");
-        const auto length =
-            end == std::u16string_view::npos ? path.size() : path.find_first_not_of(u"\\/", end);
+        std::size_t length = 0;
+        while (length < path.size() && !Sysutils::Detail::IsPathSeparator(path[length])) {
+            ++length;
+        }
+        while (length < path.size() && Sysutils::Detail::IsPathSeparator(path[length])) {
+            ++length;
+        }
         if (!visit(System::UnicodeString(path.substr(0, length)))) {
             return false;
         }
-        path.remove_prefix(length == std::u16string_view::npos ? path.size() : length);
+        path.remove_prefix(length);
     }
     return true;
 }
