@@ -46,7 +46,7 @@ private:
 
 UnicodeString OrCurrent(const UnicodeString& folder)
 {
-    return folder.IsEmpty() ? UnicodeString(u".") : folder;
+    return folder.IsEmpty() ? UnicodeString(u".") : AddPathDelimiter(folder);
 }
 
 } // namespace

@@ -30,8 +30,8 @@ struct TPassedOver
 };
 
 /// Copies what is in `source` to `destination`, of which all levels are made that are missing. Files that
-/// exist are replaced, unless they are read-only; each in one step, if its folder takes a file beside it. True
-/// in every case: what can't be copied is passed over.
+/// exist are replaced, unless they are read-only; each in one step, if its folder takes a file beside it.
+/// True in every case: what can't be copied is passed over.
 TRS8_BTL_API bool CopyPath(const System::UnicodeString& source, const System::UnicodeString& destination);
 /// As `CopyPath` of two folders; `passedOver` becomes the list of what was passed over, empty if the copy is
 /// whole.

@@ -95,12 +95,12 @@ bool CreatePath(const UnicodeString& base, const UnicodeString& rest)
 
 bool DeleteAllFiles(const UnicodeString& folder)
 {
-    return folder.IsEmpty() || Host::DeleteFilesIn(folder) || IsMissing(::GetLastError());
+    return folder.IsEmpty() || Host::DeleteFilesIn(AddPathDelimiter(folder)) || IsMissing(::GetLastError());
 }
 
 bool DeleteFolder(const UnicodeString& folder)
 {
-    return Host::DeleteTree(folder, Host::ReadOnly::Kept);
+    return Host::DeleteTree(AddPathDelimiter(folder), Host::ReadOnly::Kept);
 }
 
 bool RemovePath(const UnicodeString& folder)
@@ -111,7 +111,7 @@ bool RemovePath(const UnicodeString& folder)
 int CountFiles(const UnicodeString& folder, bool recursive)
 {
     const CHourGlassCursor busy(true);
-    const UnicodeString named = folder.IsEmpty() ? UnicodeString(u".") : folder;
+    const UnicodeString named = folder.IsEmpty() ? UnicodeString(u".") : AddPathDelimiter(folder);
     const System::Int64 count = recursive ? Host::CountTree(named) : Host::CountEntries(named);
     return static_cast<int>(std::min<System::Int64>(count, INT_MAX));
 }
@@ -132,7 +132,7 @@ int DirSetAttr(const UnicodeString& folder, int attr, bool on)
         return static_cast<int>(ERROR_PATH_NOT_FOUND);
     }
     // The current folder changes on the way.
-    return SetAttributesIn(AddPathDelimiter(Sysutils::ExpandFileName(folder)), attr, on);
+    return SetAttributesIn(Sysutils::ExpandFileName(AddPathDelimiter(folder)), attr, on);
 }
 
 } // namespace BTL

@@ -6,9 +6,10 @@
 namespace BTL
 {
 
-// Folders are made, emptied, deleted and counted. A folder may be named with or without its final separator.
-// No walk enters a folder that a link leads to, nor one that takes the place of another meanwhile; the folder
-// that is named may itself be a link unless a comment says otherwise. Names that aren't text count as others.
+// Folders are made, emptied, deleted and counted. A folder may be named with or without its final separator:
+// a drive alone is its root. No walk enters a folder that a link leads to, nor one that takes the place of
+// another meanwhile; the folder that is named may itself be a link unless a comment says otherwise. Names
+// that aren't text count as others.
 //
 //     BTL::CreatePath(u"\\data\\station\\2026\\");                  // all levels
 //     BTL::CreatePath(BTL::GetUserDataPath(), u"Runs\\Today");

@@ -30,7 +30,7 @@ TRS8_BTL_API bool MoveFileExW(const System::UnicodeString& from, const System::U
                               System::LongWord flags);
 /// Copies content, holes, permissions and times of a file, or of that which the link `from` leads to. An
 /// existing file stays as it was if it fails, unless its folder takes no file beside it, and else keeps its
-/// owner; one with `failIfExists` fails with 80, one that is read-only with 5. A copy onto the file itself fails with 32. A new file that can't be
-/// written to its end is removed again.
+/// owner; one with `failIfExists` fails with 80, one that is read-only with 5. A copy onto the file itself
+/// fails with 32. A new file that can't be written to its end is removed again.
 TRS8_BTL_API bool CopyFileW(const System::UnicodeString& from, const System::UnicodeString& to,
                             bool failIfExists);

@@ -38,15 +38,30 @@ bool IsFolderOrLinkToOne(const FolderEntry& entry)
 
 // Copies
 
-/// The folder of a copy, made if it isn't there.
+unsigned long RefusalOf(int hostError)
+{
+    // Below a folder that couldn't be made.
+    return hostError == EBADF ? ERROR_PATH_NOT_FOUND : ErrorFromErrno(hostError);
+}
+
+/// The folder of a copy, made if it isn't there. At its end, be that by an exception, a new one has what is
+/// told of the source.
 struct TargetFolder
 {
     TargetFolder(const FilePlace& place, Links links, mode_t mode)
         : isNew(mkdirat(place.folder, place.name, mode) == 0),
-          refusal(isNew || errno == EEXIST ? ERROR_SUCCESS : ErrorFromErrno(errno)),
+          refusal(isNew || errno == EEXIST ? ERROR_SUCCESS : RefusalOf(errno)),
           folder(place, links),
           error(refusal == ERROR_SUCCESS && !folder.IsOpen() ? GetLastError() : refusal)
     {
+    }
+    TargetFolder(const TargetFolder&) = delete;
+    TargetFolder& operator=(const TargetFolder&) = delete;
+    ~TargetFolder()
+    {
+        if (struct stat made; isNew && source && folder.Query(made)) {
+            CopyPermissionsAndTimes(*source, folder.Get(), made);
+        }
     }
 
     bool isNew;
@@ -54,6 +69,7 @@ struct TargetFolder
     OpenFolder folder;
     /// Why it isn't open.
     unsigned long error;
+    std::optional<struct stat> source;
 };
 
 class TreeCopy
@@ -74,20 +90,19 @@ public:
             return;
         }
         // The permissions of the source come last; nobody gets in before.
-        const TargetFolder target(to, links, source.IsOpen() ? 0700 : 0777);
+        TargetFolder target(to, links, source.IsOpen() ? 0700 : 0777);
         if (struct stat made; !mRoot && target.folder.IsOpen() && target.folder.Query(made)) {
             mRoot = made;
         }
         // Reading it would set the time of its last use.
-        struct stat status;
-        const bool isKnown = source.IsOpen() && source.Query(status);
+        if (struct stat status; source.IsOpen() && source.Query(status)) {
+            target.source = status;
+        }
         if (source.IsOpen()) {
             CopyEntries(source, target.folder, path);
         }
         if (!target.folder.IsOpen()) {
             mWatcher.PassOver(path, target.error);
-        } else if (struct stat made; target.isNew && isKnown && target.folder.Query(made)) {
-            CopyPermissionsAndTimes(status, target.folder.Get(), made);
         }
     }
 

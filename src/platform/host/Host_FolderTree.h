@@ -55,8 +55,8 @@ enum class ReadOnly
 [[nodiscard]] TRS8_BTL_API bool DeleteFilesIn(const System::UnicodeString& folder);
 
 /// Moves a folder to another device, by a copy that is deleted again if it isn't whole. Fails with 183 if
-/// `to` exists, and with 32 if somebody writes to the folder while it is copied. What comes later stays in the
-/// source, which then fails with 145 beside the whole copy.
+/// `to` exists, and with 32 if somebody writes to the folder while it is copied. What comes later stays in
+/// the source, which then fails with 145 beside the whole copy.
 [[nodiscard]] TRS8_BTL_API bool MoveTree(const System::UnicodeString& from, const System::UnicodeString& to);
 
 /// How many entries of a folder and those below it are neither a folder nor a link to one. What can't be read

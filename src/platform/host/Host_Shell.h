@@ -18,12 +18,11 @@ inline constexpr System::NativeInt SE_ERR_NOASSOC = 31;
 /// user's usual one. Null texts count as empty.
 ///
 /// The result is above 32 on success, else 2 for a missing file, 3 for a missing folder, 5 for a program that
-/// may not be started, 8 for more text than a program takes, 31 if the host has nothing that opens the file or
-/// knows the verb, or another error up to 32.
-/// `directory` is the folder to start in, and that from which a relative `file` counts. What was started runs
-/// apart from the caller and outlives it. Whether the desktop opens a file at last is known only if it
-/// refuses within half a second; what becomes of an address isn't awaited. `owner` and `show` are not looked
-/// at.
+/// may not be started, 8 for more text than a program takes, 31 if the host has nothing that opens the file
+/// or knows the verb, or another error up to 32. `directory` is the folder to start in, and that from which a
+/// relative `file` counts. What was started runs apart from the caller and outlives it. Whether the desktop
+/// opens a file at last is known only if it refuses within half a second; what becomes of an address isn't
+/// awaited. `owner` and `show` are not looked at.
 ///
 ///     if (ShellExecuteW(nullptr, u"open", u"help.html", nullptr, nullptr, SW_SHOWNORMAL) <= 32) { ... }
 TRS8_BTL_API System::NativeInt ShellExecuteW(void* owner, const System::WideChar* verb,

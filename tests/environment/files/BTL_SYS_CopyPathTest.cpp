@@ -108,6 +108,7 @@ TEST_F(CopyPathTest, TellsItsProgress)
     EXPECT_THROW(BTL::CopyPathExt(Name(u"a\\"), Name(u"part\\"), &cancelled), std::runtime_error);
     EXPECT_EQ(Read("part/sub/g"), "g");
     EXPECT_FALSE(fs::exists(Host("part/z")));
+    EXPECT_EQ(fs::status(Host("part/sub")).permissions(), fs::status(Host("a/sub")).permissions());
 
     TProgressDLG* const none = nullptr;
     EXPECT_TRUE(BTL::CopyPathExt(Name(u"a\\"), Name(u"again\\"), none));

@@ -37,6 +37,7 @@ protected:
     static std::vector<UnicodeString> Lines(const Classes::TStrings& list)
     {
         std::vector<UnicodeString> lines;
+        lines.reserve(static_cast<std::size_t>(list.getCount()));
         for (int i = 0; i < list.getCount(); ++i) {
             lines.push_back(list.getStrings(i));
         }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "environment/files/BTL_SYS_Folders.h"
 
+#include "environment/files/BTL_SYS_CopyPath.h"
 #include "environment/files/BTL_SYS_Files.h"
 #include "platform/host/Host_FileSupport.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"
@@ -120,6 +121,23 @@ TEST_F(MakeFoldersTest, CountsFiles)
     EXPECT_EQ(Forms::Screen->getCursor(), Controls::crDefault);
 }
 
+TEST_F(MakeFoldersTest, ADriveAloneIsItsRoot)
+{
+    MakeFolder("current");
+    Write("f", "");
+    Write("current/g", "");
+    Write("current/h", "");
+    fs::current_path(Host("current"));
+    ASSERT_TRUE(Sysutils::SetDrive(u'T', Host("").string()));
+    EXPECT_EQ(BTL::CountFiles(u"T:", true), 3);
+    EXPECT_TRUE(BTL::CopyPath(u"T:", Name(u"current\\copy")));
+    EXPECT_TRUE(fs::exists(Host("current/copy/f")));
+    EXPECT_TRUE(BTL::DeleteAllFiles(u"T:"));
+    EXPECT_FALSE(fs::exists(Host("f")));
+    EXPECT_TRUE(fs::exists(Host("current/g")));
+    EXPECT_TRUE(Sysutils::SetDrive(u'T', ""));
+}
+
 TEST_F(MakeFoldersTest, SwitchesAttributesOfATree)
 {
     MakeFolder("a/sub");
@@ -136,6 +154,8 @@ TEST_F(MakeFoldersTest, SwitchesAttributesOfATree)
     EXPECT_EQ(fs::current_path(), fs::canonical(Host("a")));
     EXPECT_EQ(BTL::DirSetAttrOff(Name(u"a\\"), Sysutils::faReadOnly), 0);
     EXPECT_FALSE(Sysutils::FileIsReadOnly(Name(u"a\\sub\\g")));
+    MakeFolder("empty");
+    EXPECT_EQ(BTL::DirSetAttrOn(Name(u"empty"), Sysutils::faReadOnly), 0);
     EXPECT_EQ(BTL::DirSetAttr(Name(u"gone"), Sysutils::faReadOnly, true), 3);
     EXPECT_EQ(BTL::DirSetAttr(u"", Sysutils::faReadOnly, true), 3);
     EXPECT_FALSE(Sysutils::FileIsReadOnly(Name(u"a\\f")));

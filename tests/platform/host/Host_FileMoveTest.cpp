@@ -19,8 +19,6 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-using System::UnicodeString;
-
 namespace
 {
 
@@ -96,6 +94,25 @@ TEST_F(HostFileMoveTest, CopyOfAGrowingFileHasAnEnd)
     writer.join();
     EXPECT_GE(fs::file_size(Host("copy")), 1U << 20);
     EXPECT_EQ(Read("copy").find_first_not_of('x'), std::string::npos);
+}
+
+TEST_F(HostFileMoveTest, ASecretStaysOneWhileItIsCopied)
+{
+    Write("secret", std::string(16 << 20, 's'));
+    fs::permissions(Host("secret"), fs::perms(0600));
+    std::atomic<bool> isOver = false;
+    mode_t ofOthers = 0;
+    std::thread observer([&] {
+        while (!isOver) {
+            if (struct stat status; lstat(Host("copy").c_str(), &status) == 0) {
+                ofOthers |= status.st_mode & 077;
+            }
+        }
+    });
+    EXPECT_TRUE(CopyFileW(Name(u"secret"), Name(u"copy"), true));
+    isOver = true;
+    observer.join();
+    EXPECT_EQ(ofOthers, 0U);
 }
 
 TEST_F(HostFileMoveTest, ReplacesInOneStepAndKeepsWhatALinkIs)
@@ -189,6 +206,31 @@ TEST_F(HostFileMoveTest, MovesFilesAndLinksToAnotherFileSystem)
     EXPECT_EQ(Read("a"), "second");
     EXPECT_TRUE(MoveFileExW(Name(u"a"), there(u"a"), MOVEFILE_COPY_ALLOWED | MOVEFILE_REPLACE_EXISTING));
     EXPECT_EQ(Support::OnTheHost(other.Path() / "a"), "second");
+}
+
+TEST_F(HostFileMoveTest, WhatCantGoLeavesNoCopy)
+{
+    const Support::OtherFileSystem other;
+    if (!other.IsThere()) {
+        GTEST_SKIP() << "There is but one file system.";
+    }
+    fs::create_directory(Host("kept"));
+    Write("kept/a", "content");
+    fs::permissions(Host("kept/a"), fs::perms(0644));
+    fs::permissions(Host(""), fs::perms(0755));
+    fs::permissions(Host("kept"), fs::perms(0555));
+    fs::permissions(other.Path(), fs::perms(0777));
+    const auto there = Sysutils::FromHostPath((other.Path() / "a").string());
+    EXPECT_EQ(Support::ExitOfFork([&] {
+                  return Support::BecomeNobody() && !MoveFileW(Name(u"kept\\a"), there) &&
+                                 GetLastError() == ERROR_ACCESS_DENIED
+                             ? 0
+                             : 1;
+              }),
+              0);
+    EXPECT_FALSE(fs::exists(other.Path() / "a"));
+    EXPECT_EQ(Read("kept/a"), "content");
+    fs::permissions(Host("kept"), fs::perms(0755));
 }
 
 } // namespace

@@ -144,7 +144,7 @@ TEST_F(HostFolderTreeTest, TakesNamesThatArentText)
 
 TEST_F(HostFolderTreeTest, PassesOverWhatItCantCopy)
 {
-    MakeFolder("from/taken");
+    MakeFolder("from/taken/sub");
     Write("from/taken/f", "f");
     mkfifo(Host("from/pipe").c_str(), 0666);
     Write("from/read only", "new");
@@ -157,6 +157,7 @@ TEST_F(HostFolderTreeTest, PassesOverWhatItCantCopy)
     EXPECT_THAT(told.passedOver, ElementsAre(Pair(Name(u"from\\pipe"), ERROR_ACCESS_DENIED),
                                              Pair(Name(u"from\\read only"), ERROR_ACCESS_DENIED),
                                              Pair(Name(u"from\\taken\\f"), ERROR_PATH_NOT_FOUND),
+                                             Pair(Name(u"from\\taken\\sub\\"), ERROR_PATH_NOT_FOUND),
                                              Pair(Name(u"from\\taken\\"), ERROR_DIRECTORY),
                                              Pair(Name(u"from\\z"), ERROR_ACCESS_DENIED)));
     EXPECT_EQ(told.done, 4);
@@ -164,7 +165,7 @@ TEST_F(HostFolderTreeTest, PassesOverWhatItCantCopy)
     EXPECT_EQ(Read("to/read only"), "old");
 
     EXPECT_THAT(Copy(u"gone", u"made").passedOver, ElementsAre(Pair(Name(u"gone\\"), ERROR_FILE_NOT_FOUND)));
-    EXPECT_TRUE(fs::is_directory(Host("made")));
+    EXPECT_EQ(ModeOf(Host("made")), ModeOf(Host("to"))) << "as any other new folder";
 }
 
 TEST_F(HostFolderTreeTest, CopyIntoItselfEnds)
@@ -392,6 +393,44 @@ TEST_F(HostFolderTreeTest, MovesToAnotherFileSystemAsAWhole)
     EXPECT_FALSE(Host::MoveTree(Name(u"p"), there(u"p")));
     EXPECT_FALSE(fs::exists(other.Path() / "p")) << "half a copy";
     EXPECT_EQ(Read("p/q/f"), "f");
+}
+
+TEST_F(HostFolderTreeTest, AMoveLosesNothingThatComesMeanwhile)
+{
+    const Support::OtherFileSystem other;
+    if (!other.IsThere()) {
+        GTEST_SKIP() << "There is but one file system.";
+    }
+    for (int round = 0; round < 20; ++round) {
+        MakeFolder("a/sub");
+        MakeFolder("ready");
+        for (int i = 0; i < 100; ++i) {
+            Write("a/sub/former" + std::to_string(i), "f");
+        }
+        std::vector<std::string> come;
+        std::atomic<bool> isOver = false;
+        std::thread writer([&] {
+            while (!isOver) {
+                const std::string name = std::to_string(come.size());
+                Write("ready/" + name, name);
+                if (std::rename(Host("ready/" + name).c_str(), Host("a/sub/" + name).c_str()) != 0) {
+                    return;
+                }
+                come.push_back(name);
+            }
+        });
+        const bool isMoved =
+            Host::MoveTree(Name(u"a"), Sysutils::FromHostPath((other.Path() / "a").string()));
+        isOver = true;
+        writer.join();
+        EXPECT_EQ(isMoved, !fs::exists(Host("a")));
+        for (const std::string& name : come) {
+            ASSERT_TRUE(fs::exists(Host("a/sub/" + name)) || fs::exists(other.Path() / "a/sub" / name));
+        }
+        for (const fs::path& used : {Host("a"), Host("ready"), other.Path() / "a"}) {
+            fs::remove_all(used);
+        }
+    }
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/Host_Shell.h"
 
+#include "platform/host/Host_Error.h"
 #include "platform/host/Host_Path.h"
 #include "platform/runtime/classes/Classes_Stream.h"
 #include "support/DesktopHelpers.h"
@@ -81,6 +82,34 @@ TEST(HostShellTest, StartsProgramsWithTheirArguments)
               "[a]\n[b c]\n[;reboot]\n[$(x)]\n" + folder.Path().string() + "\n");
 }
 
+TEST(HostShellTest, NoErrorPassesForSuccess)
+{
+    const Support::TempFolder folder;
+    WriteScript(folder.Path() / "program", "");
+    WriteScript(folder.Path() / "ab:c", "echo x > out.part; mv out.part out\n");
+    std::filesystem::create_symlink("loop", folder.Path() / "loop");
+    const UnicodeString directory = FromHostPath(folder.Path().string());
+    const UnicodeString tooMuch = UnicodeString::StringOfChar(u'x', 200'000);
+    const struct
+    {
+        UnicodeString file, parameters;
+        System::NativeInt result;
+    } cases[] = {{UnicodeString::StringOfChar(u'n', 300), u"", ERROR_FILE_NOT_FOUND},
+                 {u"a\xD800", u"", ERROR_FILE_NOT_FOUND},
+                 {u"loop\\a", u"", ERROR_FILE_NOT_FOUND},
+                 {u"program", tooMuch, ERROR_NOT_ENOUGH_MEMORY},
+                 {u"mailto:" + tooMuch, u"", ERROR_NOT_ENOUGH_MEMORY}};
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.file.SubString(1, 20));
+        const Support::DesktopHelpers helpers;
+        EXPECT_EQ(
+            ShellExecuteW(nullptr, nullptr, test.file.c_str(), test.parameters.c_str(), directory.c_str(), 1),
+            test.result);
+    }
+    ASSERT_GT(ShellExecuteW(nullptr, nullptr, u"ab:c", nullptr, directory.c_str(), 1), 32);
+    EXPECT_EQ(WaitForContent(folder.Path() / "out"), "x\n") << "no address: a file of the folder";
+}
+
 TEST(HostShellTest, StartedProgramsSeeWhatStreamsGathered)
 {
     const Support::TempFolder folder;
@@ -101,11 +130,12 @@ TEST(HostShellTest, HandsFilesToTheDesktop)
     WriteScript(folder.Path() / "xdg-open",
                 "case \"$1\" in *.none) exit 3;; esac\n"
                 "echo \"$#:$1\" > \"$OPENED.part\"; mv \"$OPENED.part\" \"$OPENED\"\n");
-    const std::string formerPath = std::getenv("PATH");
+    const char* const former = std::getenv("PATH");
+    const std::string formerPath = former == nullptr ? "" : former;
     const Support::ScopedVariable path("PATH", folder.Path().string() + ":" + formerPath);
     const Support::ScopedVariable out("OPENED", nullptr);
     const auto opened = [&](const std::string& name) {
-        const std::string result = (folder.Path() / name).string();
+        std::string result = (folder.Path() / name).string();
         out.Set(result.c_str());
         return result;
     };

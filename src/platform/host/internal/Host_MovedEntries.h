@@ -6,8 +6,8 @@
 #include <map>
 #include <utility>
 
+#include <ctime>
 #include <sys/types.h>
-#include <time.h>
 
 namespace Host
 {
