@@ -276,8 +276,7 @@ bool IsRoot(const std::string& path)
 {
     struct stat root;
     struct stat status;
-    return stat("/", &root) == 0 && stat(path.c_str(), &status) == 0 && status.st_dev == root.st_dev &&
-           status.st_ino == root.st_ino;
+    return stat("/", &root) == 0 && stat(path.c_str(), &status) == 0 && IsSameFile(status, root);
 }
 
 bool DeleteTree(const UnicodeString& folder, const Deletable& deletable)

@@ -23,11 +23,6 @@ namespace Host
 namespace
 {
 
-bool IsSameFile(const struct stat& a, const struct stat& b)
-{
-    return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
-}
-
 /// Removes a file that has come to nothing, and gives `false` with the reason for that still the last error.
 bool GiveUp(const FilePlace& file)
 {

@@ -2,6 +2,7 @@
 #include "platform/host/internal/Host_OpenFolder.h"
 
 #include "platform/host/Host_Error.h"
+#include "platform/host/internal/Host_PathCall.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -104,7 +105,7 @@ bool OpenFolder::Query(struct stat& status) const
 bool OpenFolder::IsSameAs(const struct stat& other) const
 {
     struct stat own;
-    return Query(own) && own.st_dev == other.st_dev && own.st_ino == other.st_ino;
+    return Query(own) && IsSameFile(own, other);
 }
 
 } // namespace Host

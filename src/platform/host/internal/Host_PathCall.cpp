@@ -50,6 +50,11 @@ bool IsReadOnly(const struct stat& status)
     return (status.st_mode & S_IWUSR) == 0;
 }
 
+bool IsSameFile(const struct stat& a, const struct stat& b)
+{
+    return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+}
+
 bool FailPath(const std::string& path)
 {
     const int hostError = errno;

@@ -24,6 +24,9 @@ namespace Host
 /// Whether the owner has no permission to write.
 [[nodiscard]] bool IsReadOnly(const struct stat& status);
 
+/// Whether both tell of one file, whatever its names.
+[[nodiscard]] bool IsSameFile(const struct stat& a, const struct stat& b);
+
 /// `FailErrno` for a call on a path: a missing file and a missing folder on the way to it have numbers of
 /// their own.
 bool FailPath(const std::string& path);

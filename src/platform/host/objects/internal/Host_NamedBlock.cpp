@@ -3,6 +3,7 @@
 
 #include "platform/host/Host_TickCount.h"
 #include "platform/host/internal/Host_Deadline.h"
+#include "platform/host/internal/Host_PathCall.h"
 #include "platform/host/internal/Host_SessionFolder.h"
 #include "platform/host/objects/internal/Host_ObjectName.h"
 
@@ -112,7 +113,7 @@ bool IsAt(int descriptor, const std::string& path)
     struct stat file;
     struct stat found;
     return fstat(descriptor, &file) == 0 && file.st_nlink == 1 && lstat(path.c_str(), &found) == 0 &&
-           file.st_dev == found.st_dev && file.st_ino == found.st_ino;
+           IsSameFile(file, found);
 }
 
 /// Takes the name from a block that nobody else holds.

@@ -53,11 +53,6 @@ std::string SuccessorOf(const std::string& path)
            (name.size() <= longest ? name : std::to_string(std::hash<std::string>()(name))) + ".profile-new";
 }
 
-bool IsSameFile(const struct stat& a, const struct stat& b)
-{
-    return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
-}
-
 /// Whether the open file still has the name.
 bool HasName(int descriptor, const std::string& path)
 {
