@@ -5,6 +5,7 @@
 #include "platform/host/Host_Path.h"
 #include "platform/host/Host_ReplaceFile.h"
 #include "platform/host/internal/Host_CopyEntry.h"
+#include "platform/host/internal/Host_MovedEntries.h"
 #include "platform/host/internal/Host_PathCall.h"
 
 #include <cerrno>
@@ -34,28 +35,20 @@ bool CopyToOtherDevice(const std::string& from, const std::string& to, Existing 
                               : CopyFileAt(source, target, existing, Links::Refuse);
 }
 
-bool IsUnchanged(const std::string& path, const struct stat& before)
-{
-    struct stat now;
-    return lstat(path.c_str(), &now) == 0 && now.st_ino == before.st_ino && now.st_size == before.st_size &&
-           now.st_mtim.tv_sec == before.st_mtim.tv_sec && now.st_mtim.tv_nsec == before.st_mtim.tv_nsec;
-}
-
 bool MoveToOtherDevice(const std::string& from, const std::string& to, LongWord flags)
 {
     if ((flags & MOVEFILE_COPY_ALLOWED) == 0 || (Host::IsFolder(from) && !Host::IsLink(from))) {
         return Fail(ERROR_NOT_SAME_DEVICE);
     }
-    struct stat copied;
-    if (lstat(from.c_str(), &copied) != 0) {
-        return FailPath(from);
-    }
+    const FilePlace source{AT_FDCWD, from.c_str()};
+    Host::MovedEntries moved;
+    moved.Add(source);
     const bool replace = (flags & MOVEFILE_REPLACE_EXISTING) != 0;
     if (!CopyToOtherDevice(from, to, replace ? Existing::Replace : Existing::Refuse)) {
         return GetLastError() == ERROR_FILE_EXISTS ? Fail(ERROR_ALREADY_EXISTS) : false;
     }
     // What somebody wrote meanwhile must not go with the source.
-    const bool isUnchanged = IsUnchanged(from, copied);
+    const bool isUnchanged = moved.Has(source);
     if (isUnchanged && unlink(from.c_str()) == 0) {
         return true;
     }
