@@ -149,17 +149,14 @@ TConnecting Connect(const TSessionFolder& folder, const std::string& file, const
     const int result = Uninterrupted(
         [&] { return connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address); });
     if (result != 0) {
-        return {errno == EAGAIN || errno == EWOULDBLOCK ? EConnect::Full : EConnect::None, {}};
+        return {WouldBlock() ? EConnect::Full : EConnect::None, {}};
     }
     return IsPeerOwn(socket) ? TConnecting{EConnect::Connected, std::move(connection)} : TConnecting();
 }
 
-/// Whether nobody has closed the other end.
 bool IsAlive(const Descriptor& connection)
 {
-    char byte = 0;
-    return connection.IsOpen() && recv(connection.Get(), &byte, 1, MSG_PEEK) < 0 &&
-           (errno == EAGAIN || errno == EWOULDBLOCK);
+    return connection.IsOpen() && IsPeerWaiting(connection.Get());
 }
 
 /// Sets the last error for what the deadline or the end of the receiver broke off; nothing.
@@ -211,11 +208,6 @@ bool Await(int socket, short events, Deadline deadline)
         }
     }
     return false;
-}
-
-bool WouldBlock()
-{
-    return errno == EAGAIN || errno == EWOULDBLOCK;
 }
 
 /// Drops the first `count` bytes of the pieces.

@@ -3,6 +3,7 @@
 
 #include "platform/base/Sysutils_Exception.h"
 #include "platform/host/Host_Path.h"
+#include "platform/host/internal/Host_OpenFolder.h"
 #include "platform/host/internal/Host_SessionFolder.h"
 #include "platform/host/messages/internal/Host_MessageFrame.h"
 #include "platform/host/objects/internal/Host_ObjectName.h"
@@ -17,7 +18,6 @@
 #include <utility>
 
 #include <csignal>
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/epoll.h>
 #include <sys/socket.h>
@@ -114,18 +114,16 @@ bool IsLeftDraft(std::string_view name)
 /// Removes what processes left that were killed while they made a window.
 void RemoveLeftDrafts(const Descriptor& folder)
 {
-    Descriptor again(openat(folder.Get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    DIR* const entries = again.IsOpen() ? fdopendir(again.Get()) : nullptr;
-    if (entries == nullptr) {
+    const OpenFolder opened({folder.Get(), "."}, Links::Refuse);
+    const auto entries = opened.IsOpen() ? opened.Entries() : std::nullopt;
+    if (!entries) {
         return;
     }
-    static_cast<void>(again.Release());
-    while (const dirent* const entry = readdir(entries)) {
-        if (IsLeftDraft(entry->d_name)) {
-            unlinkat(folder.Get(), entry->d_name, 0);
+    for (const FolderEntry& entry : *entries) {
+        if (IsLeftDraft(entry.name)) {
+            unlinkat(folder.Get(), entry.name.c_str(), 0);
         }
     }
-    closedir(entries);
 }
 
 /// Gives the sender its answer at the end, also where the handler raises.
@@ -147,13 +145,6 @@ public:
 private:
     int mSocket;
 };
-
-/// Whether the other end still waits.
-bool IsWaiting(int socket)
-{
-    char byte = 0;
-    return recv(socket, &byte, 1, MSG_PEEK | MSG_DONTWAIT) < 0 && (errno == EAGAIN || errno == EWOULDBLOCK);
-}
 
 } // namespace
 
@@ -177,6 +168,17 @@ bool IsPeerOwn(int socket)
     ucred peer{};
     socklen_t size = sizeof peer;
     return getsockopt(socket, SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 && peer.uid == geteuid();
+}
+
+bool WouldBlock() noexcept
+{
+    return errno == EAGAIN || errno == EWOULDBLOCK;
+}
+
+bool IsPeerWaiting(int socket)
+{
+    char byte = 0;
+    return recv(socket, &byte, 1, MSG_PEEK | MSG_DONTWAIT) < 0 && WouldBlock();
 }
 
 std::intptr_t CallHandler(const TWindowHandler& handler, MessageFrame& frame)
@@ -357,7 +359,7 @@ bool MessageServer::ReadPiece(TConnection& connection)
         const ssize_t count =
             Uninterrupted([&] { return recv(connection.socket.Get(), room.data(), room.size(), 0); });
         if (count < 0) {
-            return errno == EAGAIN || errno == EWOULDBLOCK;
+            return WouldBlock();
         }
         if (count == 0 || !connection.frame.Add(static_cast<std::size_t>(count))) {
             return false;
@@ -369,7 +371,7 @@ bool MessageServer::ReadPiece(TConnection& connection)
 
 void MessageServer::Deliver(std::unique_ptr<TConnection> connection)
 {
-    if (!IsWaiting(connection->socket.Get())) {
+    if (!IsPeerWaiting(connection->socket.Get())) {
         return;
     }
     // The handler may end this object.

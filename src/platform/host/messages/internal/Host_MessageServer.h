@@ -111,6 +111,12 @@ private:
 /// Whether the other end of the connected socket is a process of the same user.
 [[nodiscard]] bool IsPeerOwn(int socket);
 
+/// Whether the call that failed just now would have had to wait.
+[[nodiscard]] bool WouldBlock() noexcept;
+
+/// Whether nobody has closed the other end of the connected socket, and nothing came from there.
+[[nodiscard]] bool IsPeerWaiting(int socket);
+
 /// The message of the caller's own process, as the handler gets it.
 [[nodiscard]] std::intptr_t CallHandler(const TWindowHandler& handler, MessageFrame& frame);
 
