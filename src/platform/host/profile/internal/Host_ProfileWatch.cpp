@@ -88,6 +88,9 @@ void ProfileWatch::Hold()
 
 void ProfileWatch::LetGo() noexcept
 {
+    if (!IsHolding()) {
+        return;
+    }
     // A program that closed all descriptors may have a file of its own under this number.
     struct stat status;
     const bool isOurs =
