@@ -9,6 +9,8 @@
 namespace BTL
 {
 
+class CSharedProgressPage;
+
 /// What a process tells others of its progress: 3920 bytes that have the same places in all programs.
 ///
 ///     BTL::CSharedProgressInfoData data;
@@ -63,6 +65,9 @@ public:
     void setCommandLine(System::UnicodeString line) noexcept;
 
 private:
+    /// Knows where the parts lie.
+    friend class CSharedProgressPage;
+
     /// A place behind each text stays 0.
     template <int Characters>
     struct GText

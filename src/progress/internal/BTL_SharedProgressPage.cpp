@@ -24,10 +24,13 @@ namespace
 using TRecordWord [[gnu::may_alias]] = std::uint64_t;
 
 constexpr std::size_t RecordWords = sizeof(CSharedProgressInfoData) / sizeof(TRecordWord);
-/// Those up to the command line, which nobody changes later on.
-constexpr std::size_t ChangingWords = 234;
+/// Those that hold any of what changes later on.
+constexpr std::size_t ChangingWords =
+    (CSharedProgressPage::EndOfChanges + sizeof(TRecordWord) - 1) / sizeof(TRecordWord);
 /// Those of the largest part, at whatever place it begins.
-constexpr std::size_t PartWords = 130;
+constexpr std::size_t PartWords = CSharedProgressPage::Message.size / sizeof(TRecordWord) + 2;
+// Programs of other versions share the page.
+static_assert(ChangingWords == 234 && PartWords == 130);
 /// So many changes lie between two copies.
 constexpr std::uint64_t ChangesPerCopy = 64;
 

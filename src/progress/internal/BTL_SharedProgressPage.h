@@ -27,17 +27,21 @@ struct TProgressPart
 /// enough.
 class CSharedProgressPage
 {
+    using TRecord = CSharedProgressInfoData;
+
 public:
     using EAccess = Host::CMappingPage::EAccess;
 
     /// All of a record that is empty.
     static constexpr TProgressPart Everything{0, sizeof(CSharedProgressInfoData)};
-    static constexpr TProgressPart Max{16, 8};
-    static constexpr TProgressPart Caption{32, 202};
-    static constexpr TProgressPart Text1{234, 202};
-    static constexpr TProgressPart Text2{436, 202};
-    static constexpr TProgressPart TextLines{638, 202};
-    static constexpr TProgressPart Message{840, 1026};
+    static constexpr TProgressPart Max{offsetof(TRecord, mMax), sizeof(TRecord::mMax)};
+    static constexpr TProgressPart Caption{offsetof(TRecord, mCaption), sizeof(TRecord::mCaption)};
+    static constexpr TProgressPart Text1{offsetof(TRecord, mText1), sizeof(TRecord::mText1)};
+    static constexpr TProgressPart Text2{offsetof(TRecord, mText2), sizeof(TRecord::mText2)};
+    static constexpr TProgressPart TextLines{offsetof(TRecord, mTextLines), sizeof(TRecord::mTextLines)};
+    static constexpr TProgressPart Message{offsetof(TRecord, mMessage), sizeof(TRecord::mMessage)};
+    /// Where begins what nobody changes later on.
+    static constexpr std::size_t EndOfChanges = offsetof(TRecord, mCommandLine);
 
     CSharedProgressPage(HANDLE mapping, EAccess access);
 
