@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Options.h"
 
-#include "Single.h"
-
 #include <TRS8_BTL/platform/base/Sysutils_Locale.h>
 #include <TRS8_BTL/platform/base/dates/Sysutils_DateReading.h>
 #include <TRS8_BTL/platform/base/numbers/Sysutils_Integer.h>
@@ -236,7 +234,6 @@ TOptions ReadOptions(int argc, const char* const* argv)
     line.Parse(argc, argv);
 
     TOptions options;
-    options.commandLine = JoinCommandLine(argc, argv);
     for (const TOption& option : Table) {
         const std::vector<UnicodeString>& values = line.GetValues(option.name);
         if (values.empty()) {

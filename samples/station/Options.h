@@ -53,8 +53,6 @@ struct TOptions
     bool publish = false;
     std::optional<unsigned long> watch;
     bool help = false;
-    /// All words, as `JoinCommandLine` gives them.
-    System::UnicodeString commandLine;
 };
 
 /// What the command line asks for; of an option that is given twice, the first counts.

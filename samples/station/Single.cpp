@@ -3,7 +3,7 @@
 
 #include "Options.h"
 
-#include <TRS8_BTL/platform/runtime/classes/Classes_StringList.h>
+#include <TRS8_BTL/platform/host/Host_Shell.h>
 #include <TRS8_BTL/platform/runtime/sysutils/Sysutils_FileName.h>
 
 #include <string>
@@ -85,23 +85,11 @@ void CSingleStation::Serve(std::function<std::optional<int>(const UnicodeString&
     mOnce->CreateMessageWindow();
 }
 
-UnicodeString JoinCommandLine(int argc, const char* const* argv)
-{
-    // No text is sent empty, so the line has the program's name in front.
-    Classes::TStringList words;
-    for (int i = 0; i < argc; ++i) {
-        words.Add(System::FromUtf8(argv[i]));
-    }
-    return words.getCommaText();
-}
-
 double ReadHandedOver(const UnicodeString& commandLine)
 {
-    Classes::TStringList words;
-    words.setCommaText(commandLine);
     std::vector<std::string> texts;
-    for (int i = 0; i < words.getCount(); ++i) {
-        texts.push_back(System::ToUtf8(words.getStrings(i)));
+    for (const UnicodeString& word : Host::SplitArguments(commandLine)) {
+        texts.push_back(System::ToUtf8(word));
     }
     std::vector<const char*> arguments;
     for (const std::string& text : texts) {

@@ -61,9 +61,6 @@ private:
     std::optional<BTL::CStartOnce> mOnce;
 };
 
-/// The words of `main`, the program's name among them, as one text.
-System::UnicodeString JoinCommandLine(int argc, const char* const* argv);
-
 /// How many seconds a handed over command line asks for. `BTL::XCommandLine` if it asks for anything that a
 /// run under way can't grant.
 double ReadHandedOver(const System::UnicodeString& commandLine);

@@ -20,6 +20,7 @@
 #include <TRS8_BTL/platform/base/Sysutils_Exception.h>
 #include <TRS8_BTL/platform/base/Sysutils_Locale.h>
 #include <TRS8_BTL/platform/base/dates/Sysutils_Calendar.h>
+#include <TRS8_BTL/platform/host/system/Host_CommandLine.h>
 #include <TRS8_BTL/platform/toolkit/Toolkit.h>
 #include <TRS8_BTL/platform/visual/Forms.h>
 #include <TRS8_BTL/progress/BTL_THRD_ActionThread.h>
@@ -252,7 +253,7 @@ void UseLanguage(const UnicodeString& language)
 EExitCode RunOrHandOver(const TOptions& options)
 {
     CSingleStation single(SamplesFile(options));
-    const std::optional<int> answer = single.HandOver(options.commandLine);
+    const std::optional<int> answer = single.HandOver(GetCommandLineW());
     if (!answer) {
         return Run(options, single);
     }
