@@ -23,11 +23,7 @@ namespace
 
 namespace fs = std::filesystem;
 
-class CopyPathTest : public Support::FolderTest
-{
-protected:
-    void MakeFolder(const std::string& name) const { fs::create_directories(Host(name)); }
-};
+using CopyPathTest = Support::FolderTest;
 
 TEST_F(CopyPathTest, CopiesAndMakesAllLevels)
 {

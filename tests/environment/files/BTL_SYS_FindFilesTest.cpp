@@ -5,6 +5,7 @@
 #include "foundation/UTL_ASRT_Assert.h"
 #include "platform/host/Host_FileSupport.h"
 #include "platform/runtime/classes/Classes_StringList.h"
+#include "platform/runtime/classes/Classes_StringsSupport.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"
 #include "platform/toolkit/MessageBox.h"
 #include "support/ScriptedBoxes.h"
@@ -12,6 +13,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+using Support::LinesOf;
 using System::UnicodeString;
 using testing::ElementsAre;
 
@@ -33,27 +35,17 @@ protected:
         fs::create_directory_symlink("..", Host("b/loop"));
         fs::create_directory_symlink("nowhere", Host("broken"));
     }
-
-    static std::vector<UnicodeString> Lines(const Classes::TStrings& list)
-    {
-        std::vector<UnicodeString> lines;
-        lines.reserve(static_cast<std::size_t>(list.getCount()));
-        for (int i = 0; i < list.getCount(); ++i) {
-            lines.push_back(list.getStrings(i));
-        }
-        return lines;
-    }
 };
 
 TEST_F(FindFilesTest, ListsOneFolder)
 {
     Classes::TStringList list;
     EXPECT_TRUE(BTL::FindFiles(Name(u"*.*"), &list, false));
-    EXPECT_THAT(Lines(list), ElementsAre(u".dark", u".h.log", u"a.txt", u"b", u"broken", u"z.log"));
+    EXPECT_THAT(LinesOf(list), ElementsAre(u".dark", u".h.log", u"a.txt", u"b", u"broken", u"z.log"));
     EXPECT_TRUE(BTL::FindFiles(Name(u"*.log"), 0, &list, true));
-    EXPECT_THAT(Lines(list), ElementsAre(u"z.log"));
+    EXPECT_THAT(LinesOf(list), ElementsAre(u"z.log"));
     EXPECT_TRUE(BTL::FindFiles(Name(u"a.*"), &list, false));
-    EXPECT_THAT(Lines(list), ElementsAre(u"z.log", u"a.txt"));
+    EXPECT_THAT(LinesOf(list), ElementsAre(u"z.log", u"a.txt"));
     EXPECT_FALSE(BTL::FindFiles(Name(u"*.none"), &list, false));
     EXPECT_EQ(list.getCount(), 2);
     EXPECT_FALSE(BTL::FindFiles(Name(u"gone\\*"), &list, true));
@@ -89,7 +81,8 @@ TEST_F(FindFilesTest, SearchesAllFiles)
     list.Add(u"first");
     Support::FileProgress progress;
     EXPECT_TRUE(BTL::SearchDirForFilesExt(root, u"*.log", &list, &progress));
-    EXPECT_THAT(Lines(list), ElementsAre(u"first", Name(u"z.log"), Name(u"b\\m.log"), Name(u"b\\c\\n.log")));
+    EXPECT_THAT(LinesOf(list),
+                ElementsAre(u"first", Name(u"z.log"), Name(u"b\\m.log"), Name(u"b\\c\\n.log")));
     EXPECT_THAT(progress.texts, ElementsAre(root, Name(u"b"), Name(u"b\\c")));
     EXPECT_EQ(progress.position, 3) << "m once, n on the way to b and to the root";
     EXPECT_FALSE(BTL::SearchDirForFiles(root, u"*.none", &list));

@@ -24,8 +24,6 @@ class MakeFoldersTest : public Support::FolderTest
 protected:
     ~MakeFoldersTest() override { fs::current_path(mFormer); }
 
-    void MakeFolder(const std::string& name) const { fs::create_directories(Host(name)); }
-
 private:
     const fs::path mFormer = fs::current_path();
 };

@@ -37,6 +37,8 @@ protected:
         std::ofstream(Host(name), std::ios::binary) << text;
     }
     std::string Read(const std::string& name) const { return OnTheHost(Host(name)); }
+    /// With all levels above it.
+    void MakeFolder(const std::string& name) const { std::filesystem::create_directories(Host(name)); }
 
 private:
     TempFolder mFolder;

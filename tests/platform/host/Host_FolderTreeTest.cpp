@@ -57,7 +57,6 @@ private:
 class HostFolderTreeTest : public Support::FolderTest
 {
 protected:
-    void MakeFolder(const std::string& name) const { fs::create_directories(Host(name)); }
     Told Copy(const UnicodeString& source, const UnicodeString& target) const
     {
         Told told;
