@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <climits>
 #include <cstdlib>
 #include <mutex>
 #include <optional>
@@ -18,7 +19,6 @@
 #include <vector>
 
 #include <fcntl.h>
-#include <limits.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/uio.h>
@@ -105,6 +105,7 @@ private:
 
     // Small numbers, which no address of an object is.
 
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): a handle is a number here
     static HWND HandleOf(std::size_t index) { return reinterpret_cast<HWND>((index + 1) * 4); }
     std::optional<std::size_t> IndexOf(HWND window) const
     {
@@ -400,6 +401,7 @@ std::intptr_t SendMessageA(HWND window, unsigned message, std::uintptr_t wParam,
 bool SendMessageTimeoutA(HWND window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam,
                          unsigned /*flags*/, unsigned long milliseconds, std::uintptr_t* result)
 {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the parameter of the message is an address
     const auto* const data = reinterpret_cast<const COPYDATASTRUCT*>(lParam);
     const auto reply = Host::IsGood(message, data)
                            ? Host::Send(window, wParam, *data, Host::Deadline::OfWait(milliseconds))
