@@ -316,4 +316,58 @@ void TComponent::Loaded()
     mState >> csLoading;
 }
 
+bool TComponent::HasParent() const
+{
+    return false;
+}
+
+TComponent* TComponent::GetParentComponent() const
+{
+    return nullptr;
+}
+
+void TComponent::ReadState(TReader&) {}
+
+void TComponent::WriteState(TWriter&) {}
+
+void TComponent::GetChildren(const TGetChildProc&, TComponent*) {}
+
+TComponent* TComponent::GetChildOwner()
+{
+    return nullptr;
+}
+
+TComponent* TComponent::GetChildParent()
+{
+    return this;
+}
+
+void TComponent::SetChildOrder(TComponent*, int) {}
+
+void TComponent::SetParentComponent(TComponent*) {}
+
+void TComponent::ValidateContainer(TComponent* component)
+{
+    if (component != nullptr) {
+        component->ValidateInsert(this);
+    }
+}
+
+void TComponent::ValidateInsert(TComponent*) {}
+
+void TComponent::Updating()
+{
+    mState << csUpdating;
+}
+
+void TComponent::Updated()
+{
+    mState >> csUpdating;
+}
+
+void TComponent::DefineProperties(TFiler& filer)
+{
+    TPersistent::DefineProperties(filer);
+}
+
 } // namespace Classes

@@ -7,6 +7,10 @@
 namespace Classes
 {
 
+class TFiler;
+class TReader;
+class TWriter;
+
 /// What happens to a part of a component or collection.
 enum TOperation
 {
@@ -40,8 +44,16 @@ public:
     virtual TPersistent* GetOwner() const;
 
 protected:
+    /// Tells `filer` of what belongs to the object's design beyond its published properties: by
+    /// `TFiler::DefineProperty` for each such value, whether it is being read or written. A derived class
+    /// calls its parent's.
+    virtual void DefineProperties(TFiler& filer);
     /// Raises `Sysutils::EConvertError`: `source`, which may be null, can't be assigned to this.
     [[noreturn]] void AssignError(const TPersistent* source) const;
+
+private:
+    friend class TReader;
+    friend class TWriter;
 };
 
 } // namespace Classes
