@@ -11,6 +11,7 @@ EFOpenError::~EFOpenError() = default;
 EFilerError::~EFilerError() = default;
 EReadError::~EReadError() = default;
 EWriteError::~EWriteError() = default;
+EParserError::~EParserError() = default;
 EClassNotFound::~EClassNotFound() = default;
 EResNotFound::~EResNotFound() = default;
 EListError::~EListError() = default;

@@ -74,6 +74,25 @@ public:
     ~EWriteError() override;
 };
 
+/// The text of a form that isn't one. The message begins with the place.
+class TRS8_BTL_API EParserError : public Sysutils::Exception
+{
+public:
+    EParserError(const System::UnicodeString& message, int line, int column)
+        : Exception(message), mLine(line), mColumn(column)
+    {
+    }
+    ~EParserError() override;
+
+    /// Both count from 1; the column in characters.
+    int getLine() const noexcept { return mLine; }
+    int getColumn() const noexcept { return mColumn; }
+
+private:
+    int mLine;
+    int mColumn;
+};
+
 /// No class of the name in the message is registered, see `FindClass`.
 class TRS8_BTL_API EClassNotFound : public EFilerError
 {
