@@ -68,7 +68,8 @@ TStreamOriginalFormat TestStreamFormat(TStream* stream)
     }
     const std::size_t blanks = std::min(begin.find_first_not_of(" \t\r\n"), begin.size());
     const std::string_view word = begin.substr(blanks);
-    const bool isText = BeginsWith(word, "object") || BeginsWith(word, "inherited") || BeginsWith(word, "inline");
+    const bool isText =
+        BeginsWith(word, "object") || BeginsWith(word, "inherited") || BeginsWith(word, "inline");
     return isText ? sofText : sofUnknown;
 }
 

@@ -8,9 +8,9 @@
 #include <string>
 #include <string_view>
 
-// Floats of form resources as text and back, exactly: a double has a point or an exponent, a single the suffix
-// `s`, an amount `c`, a date `d`, and an extended float `x`. What no decimal number gives again, as the
-// infinite, is told by its bits in hexadecimal behind a `%`.
+// Floats of form resources as text and back, exactly: a double has a point or an exponent, a single the
+// suffix `s`, an amount `c`, a date `d`, and an extended float `x`. What no decimal number gives again, as
+// the infinite, is told by its bits in hexadecimal behind a `%`.
 
 namespace Classes::Form
 {

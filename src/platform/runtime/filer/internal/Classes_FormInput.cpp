@@ -14,7 +14,8 @@ namespace Classes::Form
 using System::Int64;
 using System::UnicodeString;
 
-static_assert(std::endian::native == std::endian::little, "form resources are stored with the low byte first");
+static_assert(std::endian::native == std::endian::little,
+              "form resources are stored with the low byte first");
 
 namespace
 {
@@ -30,7 +31,9 @@ constexpr std::size_t MaxBlock = 0x100000;
 } // namespace
 
 CInput::CInput(TStream& stream, std::size_t blockSize)
-    : mStream(stream), mBlockSize(std::max(blockSize, std::size_t{1})), mStart(ToldPosition(stream).value_or(-1))
+    : mStream(stream),
+      mBlockSize(std::max(blockSize, std::size_t{1})),
+      mStart(ToldPosition(stream).value_or(-1))
 {
     if (dynamic_cast<TCustomMemoryStream*>(&stream) != nullptr) {
         mBytes = CStreamWindow::Of(stream);
@@ -63,7 +66,8 @@ std::string_view CInput::Take(std::size_t count)
 {
     while (mBytes.size() - mAt < count) {
         if (!Grow(count - (mBytes.size() - mAt))) {
-            throw EReadError(u"The form ends at byte " + UnicodeString(mBytes.size()) + u" in the middle of a value");
+            throw EReadError(u"The form ends at byte " + UnicodeString(mBytes.size()) +
+                             u" in the middle of a value");
         }
     }
     const std::string_view taken = mBytes.substr(mAt, count);
@@ -178,7 +182,8 @@ UnicodeString CInput::TakeText(TValueType type)
 {
     const std::string_view bytes = TakeTextBytes(type);
     if (type == vaWString) {
-        auto text = System::GSharedText<System::WideChar>::Uninitialized(bytes.size() / sizeof(System::WideChar));
+        auto text =
+            System::GSharedText<System::WideChar>::Uninitialized(bytes.size() / sizeof(System::WideChar));
         if (!bytes.empty()) {
             bytes.copy(reinterpret_cast<char*>(text.Unique()), bytes.size());
         }
@@ -212,14 +217,25 @@ TFilerFlags CInput::TakePrefix(Int64& childPos)
     return flags;
 }
 
-void CInput::Fail(const UnicodeString& message) const
+void CInput::Fail(const UnicodeString& message)
 {
-    throw EReadError(message + u" at byte " + UnicodeString(mAt));
+    throw EReadError(message);
 }
 
-void CInput::FailType(TValueType type) const
+void CInput::FailType(TValueType type)
 {
-    Fail(u"A value has the wrong type, " + UnicodeString(static_cast<int>(type)) + u",");
+    --mAt;
+    Fail(UnicodeString(u"Here stands ") + NameOfType(type) + u", which doesn't fit");
+}
+
+const char16_t* NameOfType(TValueType type)
+{
+    constexpr const char16_t* names[] = {
+        u"Null",   u"a list",        u"an integer",   u"an integer", u"an integer",         u"a float",
+        u"a text", u"an identifier", u"False",        u"True",       u"a row of bytes",     u"a set",
+        u"a text", u"nil",           u"a collection", u"a float",    u"an amount of money", u"a date",
+        u"a text", u"an integer",    u"a text",       u"a float"};
+    return names[type];
 }
 
 } // namespace Classes::Form

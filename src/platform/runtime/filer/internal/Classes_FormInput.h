@@ -15,10 +15,13 @@ inline constexpr std::string_view Signature = "TPF0";
 /// What the text of one may begin with.
 inline constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
+/// What a value of this type is, for messages.
+[[nodiscard]] const char16_t* NameOfType(TValueType type);
+
 /// The bytes of a form resource in a stream, and what they stand for. What was taken can be taken again, so
 /// that they stay in memory: those of a stream in memory where they are, those of any other one here. It
-/// grows with what the stream really has, whatever a damaged count says. All that reads raises `EReadError`,
-/// which tells the place from the beginning, for what isn't there or isn't so.
+/// grows with what the stream really has, whatever a damaged count says. All that reads raises `EReadError`
+/// for what isn't there or isn't so, and is at its place then.
 class CInput
 {
 public:
@@ -66,8 +69,10 @@ public:
     /// Whether the component that begins here is inherited, inline, or has a place.
     TFilerFlags TakePrefix(System::Int64& childPos);
 
-    [[noreturn]] void Fail(const System::UnicodeString& message) const;
-    [[noreturn]] void FailType(TValueType type) const;
+    /// Raises at the present place.
+    [[noreturn]] static void Fail(const System::UnicodeString& message);
+    /// Raises for a value of the wrong type, whose code was just taken; that is the present place then.
+    [[noreturn]] void FailType(TValueType type);
 
 private:
     bool Grow(std::size_t missing);

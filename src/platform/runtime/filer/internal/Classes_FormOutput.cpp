@@ -117,7 +117,8 @@ void COutput::PutBytes(std::string_view bytes)
 
 void COutput::PutHead(const TObjectHead& head)
 {
-    const auto bits = static_cast<Byte>((head.isInherited ? 1 : 0) | (head.childPos ? 2 : 0) | (head.isInline ? 4 : 0));
+    const auto bits =
+        static_cast<Byte>((head.isInherited ? 1 : 0) | (head.childPos ? 2 : 0) | (head.isInline ? 4 : 0));
     if (bits != 0) {
         PutByte(0xF0 | bits);
     }

@@ -101,7 +101,8 @@ public:
     explicit CLevel(CParser& parser) : mParser(parser)
     {
         if (++mParser.mDepth > MaxDepth) {
-            mParser.Fail(mParser.mAt, u"the form is nested deeper than " + UnicodeString(MaxDepth) + u" levels");
+            mParser.Fail(mParser.mAt,
+                         u"the form is nested deeper than " + UnicodeString(MaxDepth) + u" levels");
         }
     }
     CLevel(const CLevel&) = delete;
@@ -136,8 +137,8 @@ TPlace PlaceIn(std::string_view text, std::size_t offset)
 void CParser::Fail(std::size_t offset, const UnicodeString& message) const
 {
     const TPlace place = PlaceIn(mText, offset);
-    throw EParserError(u"Line " + UnicodeString(place.line) + u", column " + UnicodeString(place.column) + u", " +
-                           mPath.AsText() + u": " + message,
+    throw EParserError(u"Line " + UnicodeString(place.line) + u", column " + UnicodeString(place.column) +
+                           u", " + mPath.AsText() + u": " + message,
                        place.line, place.column);
 }
 
@@ -264,7 +265,8 @@ void CParser::ParseHead(TObjectHead& head)
         head.name = first;
         head.className = NeedIdentifier(u"the class of a component", MaxClassName);
     } else if (first.size() > MaxClassName) {
-        Fail(mEventStart, u"the class of a component is longer than " + UnicodeString(MaxClassName) + u" bytes");
+        Fail(mEventStart,
+             u"the class of a component is longer than " + UnicodeString(MaxClassName) + u" bytes");
     } else {
         head.className = first;
     }
@@ -390,8 +392,9 @@ void CParser::ParseNumber()
     const std::size_t start = mAt++;
     while (!IsAtEnd()) {
         const char c = mText[mAt];
-        const bool isExponentSign = (c == '-' || c == '+') && (mText[mAt - 1] == 'e' || mText[mAt - 1] == 'E') &&
-                                    mText[start] != '%' && mText[start] != '$';
+        const bool isExponentSign = (c == '-' || c == '+') &&
+                                    (mText[mAt - 1] == 'e' || mText[mAt - 1] == 'E') && mText[start] != '%' &&
+                                    mText[start] != '$';
         if (!IsNumberPart(c) && !isExponentSign) {
             break;
         }
@@ -445,7 +448,9 @@ void CParser::ParseQuoted(CGatheredText& text)
 {
     const std::size_t start = mAt++;
     for (;;) {
-        const auto isEnd = [](char c) { return c == '\'' || (static_cast<unsigned char>(c) < ' ' && c != '\t'); };
+        const auto isEnd = [](char c) {
+            return c == '\'' || (static_cast<unsigned char>(c) < ' ' && c != '\t');
+        };
         const auto* const from = mText.data() + mAt;
         const auto* const end = std::find_if(from, mText.data() + mText.size(), isEnd);
         text.Add({from, end});

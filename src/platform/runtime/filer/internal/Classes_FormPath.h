@@ -15,7 +15,10 @@ class CFormPath
 {
 public:
     bool IsEmpty() const noexcept { return mSteps.empty(); }
-    void Enter(std::string_view className, std::string_view name) { mSteps.push_back({std::string(className), std::string(name)}); }
+    void Enter(std::string_view className, std::string_view name)
+    {
+        mSteps.push_back({std::string(className), std::string(name)});
+    }
     void Leave() { mSteps.pop_back(); }
     const std::string& getProperty() const noexcept { return mProperty; }
     void setProperty(std::string_view path) { mProperty = path; }

@@ -38,7 +38,8 @@ bool IsShown(UChar32 c)
 {
     const bool isControl = c < 0x20 || (c >= 0x7F && c < 0xA0);
     const bool isBreak = c == 0x2028 || c == 0x2029 || c == 0xFEFF;
-    const bool isTurn = c == 0x200E || c == 0x200F || (c >= 0x202A && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
+    const bool isTurn =
+        c == 0x200E || c == 0x200F || (c >= 0x202A && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
     return !isControl && !isBreak && !isTurn && !U_IS_SURROGATE(c);
 }
 
@@ -216,7 +217,8 @@ void CTextSink::Text(std::string_view text)
     CTextValue value(*this);
     std::size_t at = 0;
     while (at < text.size()) {
-        const auto run = std::find_if_not(text.begin() + static_cast<std::ptrdiff_t>(at), text.end(), IsPlain);
+        const auto run =
+            std::find_if_not(text.begin() + static_cast<std::ptrdiff_t>(at), text.end(), IsPlain);
         const auto end = static_cast<std::size_t>(run - text.begin());
         value.AddRun(text.substr(at, end - at));
         at = end;

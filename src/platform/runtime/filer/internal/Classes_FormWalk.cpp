@@ -28,7 +28,8 @@ public:
         try {
             WalkObjects();
         } catch (const EReadError& fault) {
-            throw EReadError(u"Error reading " + mPath.AsText() + u": " + fault.getMessage());
+            throw EReadError(u"Error reading " + mPath.AsText() + u" at byte " +
+                             UnicodeString(mInput.Offset()) + u": " + fault.getMessage());
         }
     }
 
@@ -79,7 +80,8 @@ private:
             mInput.Fail(u"No class is called inline");
         }
         if (!name.empty() && !IsIdentifier(name)) {
-            mInput.Fail(u"The name of a component of the class " + System::FromUtf8(className) + u" is no identifier");
+            mInput.Fail(u"The name of a component of the class " + System::FromUtf8(className) +
+                        u" is no identifier");
         }
         mPath.Enter(className, name);
         head.isInherited = flags.Contains(ffInherited);
