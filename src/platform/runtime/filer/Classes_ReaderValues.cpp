@@ -72,7 +72,7 @@ void TReader::ReadProperty(TPersistent* instance)
     } catch (const Sysutils::EAbort&) {
         throw;
     } catch (const std::exception& fault) {
-        PassOver(fault, state.input.Offset());
+        PassOver(fault, start);
         state.input.GoTo(start);
         SkipValue();
     }
