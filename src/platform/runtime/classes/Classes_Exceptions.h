@@ -78,17 +78,18 @@ public:
 class TRS8_BTL_API EParserError : public Sysutils::Exception
 {
 public:
-    EParserError(const System::UnicodeString& message, int line, int column)
-        : Exception(message), mLine(line), mColumn(column)
-    {
-    }
+    /// `reason` goes behind the place in the message.
+    EParserError(const System::UnicodeString& reason, int line, int column);
     ~EParserError() override;
 
     /// Both count from 1; the column in characters.
     int getLine() const noexcept { return mLine; }
     int getColumn() const noexcept { return mColumn; }
+    /// The message without the place.
+    const System::UnicodeString& getReason() const noexcept { return mReason; }
 
 private:
+    System::UnicodeString mReason;
     int mLine;
     int mColumn;
 };

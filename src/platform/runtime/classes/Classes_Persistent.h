@@ -7,6 +7,7 @@
 namespace Classes
 {
 
+class CDefiner;
 class TFiler;
 class TReader;
 class TWriter;
@@ -52,6 +53,7 @@ protected:
     [[noreturn]] void AssignError(const TPersistent* source) const;
 
 private:
+    friend class CDefiner;
     friend class TReader;
     friend class TWriter;
 };

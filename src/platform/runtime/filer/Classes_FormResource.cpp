@@ -6,6 +6,7 @@
 #include "platform/runtime/filer/internal/Classes_Loading.h"
 #include "platform/runtime/typinfo/System_MetaClass.h"
 
+#include <span>
 #include <vector>
 
 namespace Classes
@@ -56,5 +57,30 @@ TComponent* ReadComponentRes(const TMetaClass* type, TComponent* instance)
     TResourceStream stream(type);
     return ReadFrom(stream, instance);
 }
+
+namespace Detail
+{
+
+namespace
+{
+
+std::span<const System::Byte> SpanOf(const void* bytes, std::size_t size)
+{
+    return {static_cast<const System::Byte*>(bytes), size};
+}
+
+} // namespace
+
+void RegisterForm(const char* className, const void* bytes, std::size_t size)
+{
+    RegisterResource(System::FromUtf8(className), SpanOf(bytes, size));
+}
+
+void UnregisterForm(const char* className, const void* bytes, std::size_t size)
+{
+    UnregisterResource(System::FromUtf8(className), SpanOf(bytes, size));
+}
+
+} // namespace Detail
 
 } // namespace Classes

@@ -3,6 +3,8 @@
 
 #include "platform/runtime/classes/Classes_Component.h"
 
+#include <cstddef>
+
 // The form resources of classes. A form class reads its own at the end of its constructor, since only there
 // it is an object of the class; that of its parent class did so before. `trs8_btl_forms` of the CMake package
 // makes the resource of a text NAME.form.
@@ -28,5 +30,15 @@ TRS8_BTL_API bool InitInheritedComponent(TComponent* instance, System::TMetaClas
 TRS8_BTL_API TComponent* ReadComponentRes(const System::UnicodeString& name, TComponent* instance);
 /// As `ReadComponentRes` of a name, for the form resource of `type` alone, as `TResourceStream` finds it.
 TRS8_BTL_API TComponent* ReadComponentRes(const System::TMetaClass* type, TComponent* instance);
+
+namespace Detail
+{
+
+// What the sources call that `trs8_btl_forms` makes; the name is in UTF-8.
+
+TRS8_BTL_API void RegisterForm(const char* className, const void* bytes, std::size_t size);
+TRS8_BTL_API void UnregisterForm(const char* className, const void* bytes, std::size_t size);
+
+} // namespace Detail
 
 } // namespace Classes

@@ -137,9 +137,7 @@ TPlace PlaceIn(std::string_view text, std::size_t offset)
 void CParser::Fail(std::size_t offset, const UnicodeString& message) const
 {
     const TPlace place = PlaceIn(mText, offset);
-    throw EParserError(u"Line " + UnicodeString(place.line) + u", column " + UnicodeString(place.column) +
-                           u", " + mPath.AsText() + u": " + message,
-                       place.line, place.column);
+    throw EParserError(mPath.AsText() + u": " + message, place.line, place.column);
 }
 
 void CParser::FailExpected(const UnicodeString& what)
