@@ -340,7 +340,7 @@ void CParser::ParseProperty(std::string_view path, std::size_t start)
     }
     NeedSign('=');
     const std::string outer = mPath.getProperty();
-    mPath.setProperty(path);
+    mPath.setProperty(outer.empty() ? std::string(path) : outer + "." + std::string(path));
     mEventStart = start;
     mSink.BeginProperty(path);
     ParseValue();
@@ -574,9 +574,12 @@ void CParser::ParseCollection()
     NeedSign('<');
     mSink.BeginCollection();
     const bool outer = std::exchange(mIsInList, false);
-    while (!TakeSign('>')) {
+    const std::string property = mPath.getProperty();
+    for (int index = 0; !TakeSign('>'); ++index) {
+        mPath.setProperty(property + "[" + std::to_string(index) + "]");
         ParseItem();
     }
+    mPath.setProperty(property);
     mIsInList = outer;
     mSink.EndCollection();
 }

@@ -100,7 +100,7 @@ private:
         while (!TakeEnd()) {
             const std::string_view path = mInput.TakePath();
             const std::string outer = mPath.getProperty();
-            mPath.setProperty(path);
+            mPath.setProperty(outer.empty() ? std::string(path) : outer + "." + std::string(path));
             mSink.BeginProperty(path);
             WalkValue();
             mPath.setProperty(outer);
@@ -191,7 +191,9 @@ private:
     {
         Enter();
         mSink.BeginCollection();
-        while (!TakeEnd()) {
+        const std::string property = mPath.getProperty();
+        for (int index = 0; !TakeEnd(); ++index) {
+            mPath.setProperty(property + "[" + std::to_string(index) + "]");
             TValueType type = mInput.TakeType();
             std::optional<Int64> place;
             if (type != vaList) {
@@ -205,6 +207,7 @@ private:
             WalkProperties();
             mSink.EndItem();
         }
+        mPath.setProperty(property);
         mSink.EndCollection();
         --mDepth;
     }
