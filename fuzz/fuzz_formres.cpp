@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/classes/Classes_ClassRegister.h"
 #include "platform/runtime/classes/Classes_Collection.h"
-#include "platform/runtime/classes/Classes_Stream.h"
 #include "platform/runtime/classes/Classes_StringList.h"
 #include "platform/runtime/filer/Classes_Fixups.h"
-#include "platform/runtime/filer/Classes_FormText.h"
 #include "platform/runtime/filer/Classes_Reader.h"
 #include "platform/runtime/filer/Classes_Writer.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
+#include "support/Forms.h"
 #include "support/Fuzz.h"
 
 #include <algorithm>
@@ -18,6 +17,9 @@ namespace
 {
 
 using namespace Classes;
+using Fuzz::Compiled;
+using Fuzz::Decompiled;
+using Fuzz::Filled;
 using System::GClassBuilder;
 using System::TMetaClass;
 using System::UnicodeString;
@@ -150,29 +152,6 @@ TMetaClass* TBox::ClassRecord()
             .Method(u"Click", &TBox::Click)
             .Build();
     return record;
-}
-
-TMemoryStream& Filled(TMemoryStream& stream, std::string_view bytes)
-{
-    stream.WriteBuffer(bytes.data(), static_cast<System::Int64>(bytes.size()));
-    stream.setPosition(0);
-    return stream;
-}
-
-std::string Compiled(std::string_view text)
-{
-    TMemoryStream input;
-    TMemoryStream output;
-    ObjectTextToBinary(&Filled(input, text), &output);
-    return std::string(output.AsView());
-}
-
-std::string Decompiled(std::string_view bytes)
-{
-    TMemoryStream input;
-    TMemoryStream output;
-    ObjectBinaryToText(&Filled(input, bytes), &output);
-    return std::string(output.AsView());
 }
 
 /// Both forms tell the same, once each value has its shortest form.

@@ -5,6 +5,7 @@
 #include "platform/runtime/classes/Classes_Stream.h"
 #include "platform/runtime/classes/Classes_Update.h"
 #include "platform/runtime/classes/internal/Classes_DelimitedText.h"
+#include "platform/runtime/classes/internal/Classes_NeedStream.h"
 #include "platform/runtime/classes/internal/Classes_StreamWindow.h"
 #include "platform/runtime/filer/Classes_Reader.h"
 #include "platform/runtime/filer/Classes_Writer.h"
@@ -94,14 +95,6 @@ Items ItemsOf(const TStrings& strings)
         items.push_back({strings[i], strings.getObjects(i)});
     }
     return items;
-}
-
-TStream& NeedStream(TStream* stream)
-{
-    if (stream == nullptr) {
-        throw EStreamError(u"There is no stream");
-    }
-    return *stream;
 }
 
 } // namespace

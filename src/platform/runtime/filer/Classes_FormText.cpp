@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/filer/Classes_FormText.h"
 
+#include "platform/runtime/classes/internal/Classes_NeedStream.h"
 #include "platform/runtime/filer/internal/Classes_FormInput.h"
 #include "platform/runtime/filer/internal/Classes_FormNames.h"
 #include "platform/runtime/filer/internal/Classes_FormOutput.h"
@@ -19,14 +20,6 @@ namespace
 {
 
 constexpr std::size_t BlockSize = 0x10000;
-
-TStream& NeedStream(TStream* stream)
-{
-    if (stream == nullptr) {
-        throw EStreamError(u"There is no stream to read or write a form");
-    }
-    return *stream;
-}
 
 /// Whether `text`, in any case, stands at the front of `begin`.
 bool BeginsWith(std::string_view begin, std::string_view text)

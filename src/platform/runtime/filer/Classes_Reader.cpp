@@ -3,6 +3,7 @@
 
 #include "platform/runtime/classes/Classes_ClassRegister.h"
 #include "platform/runtime/classes/Classes_Stream.h"
+#include "platform/runtime/classes/internal/Classes_NeedStream.h"
 #include "platform/runtime/filer/Classes_Fixups.h"
 #include "platform/runtime/filer/internal/Classes_FormNames.h"
 #include "platform/runtime/filer/internal/Classes_ReaderState.h"
@@ -20,14 +21,6 @@ using System::UnicodeString;
 
 namespace
 {
-
-TStream& NeedStream(TStream* stream)
-{
-    if (stream == nullptr) {
-        throw EStreamError(u"There is no stream to read components from");
-    }
-    return *stream;
-}
 
 std::size_t BlockSize(int bufSize)
 {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/filer/Classes_Writer.h"
 
+#include "platform/runtime/classes/internal/Classes_NeedStream.h"
 #include "platform/runtime/filer/internal/Classes_FormInput.h"
 #include "platform/runtime/filer/internal/Classes_FormNames.h"
 #include "platform/runtime/filer/internal/Classes_FormSink.h"
@@ -20,14 +21,6 @@ using System::UnicodeString;
 
 namespace
 {
-
-TStream& NeedStream(TStream* stream)
-{
-    if (stream == nullptr) {
-        throw EStreamError(u"There is no stream to write components to");
-    }
-    return *stream;
-}
 
 /// `csWriting` for a scope.
 class CWriting
