@@ -3,8 +3,10 @@
 #include "platform/runtime/filer/Classes_FormText.h"
 
 #include <benchmark/benchmark.h>
+#include <json/json.h>
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -69,15 +71,55 @@ void ToText(benchmark::State& state)
 }
 BENCHMARK(ToText)->Name("form_to_text/ours")->Arg(5'000)->Arg(50'000)->Unit(benchmark::kMillisecond);
 
-/// The time of 50 MB a second, in which the conversion is to be done.
-void Bound(benchmark::State& state)
+// What a user would keep a design in otherwise.
+
+Json::Value FormJson(int count)
 {
-    const auto size = static_cast<double>(FormText(static_cast<int>(state.range())).size());
-    for (auto _ : state) {
-        state.SetIterationTime(size / 50e6);
+    Json::Value form;
+    form["class"] = "TSheet";
+    form["Caption"] = "Measuring";
+    for (int i = 0; i < count; ++i) {
+        Json::Value button;
+        button["name"] = "Button" + std::to_string(i);
+        button["class"] = "TButton";
+        button["Left"] = i;
+        button["Top"] = 1000;
+        button["Width"] = 75;
+        button["Caption"] = "Start of the measurement";
+        button["Hint"] = "It's 5 \xC2\xB5m";
+        button["Kind"] = "bkRound";
+        button["Anchors"].append("akLeft");
+        button["Anchors"].append("akTop");
+        button["Ratio"] = 0.25;
+        form["children"].append(std::move(button));
     }
+    return form;
 }
-BENCHMARK(Bound)->Name("form_to_binary/50_mb_a_second")->Arg(5'000)->Arg(50'000)->UseManualTime();
-BENCHMARK(Bound)->Name("form_to_text/50_mb_a_second")->Arg(5'000)->Arg(50'000)->UseManualTime();
+
+void ParseJson(benchmark::State& state)
+{
+    const std::string text =
+        Json::writeString(Json::StreamWriterBuilder(), FormJson(static_cast<int>(state.range())));
+    const std::unique_ptr<Json::CharReader> reader(Json::CharReaderBuilder().newCharReader());
+    for (auto _ : state) {
+        Json::Value form;
+        reader->parse(text.data(), text.data() + text.size(), &form, nullptr);
+        benchmark::DoNotOptimize(form.size());
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
+}
+BENCHMARK(ParseJson)->Name("form_to_binary/jsoncpp")->Arg(5'000)->Arg(50'000)->Unit(benchmark::kMillisecond);
+
+void WriteJson(benchmark::State& state)
+{
+    const Json::Value form = FormJson(static_cast<int>(state.range()));
+    std::size_t size = 0;
+    for (auto _ : state) {
+        const std::string text = Json::writeString(Json::StreamWriterBuilder(), form);
+        size += text.size();
+    }
+    state.SetBytesProcessed(static_cast<std::int64_t>(size));
+}
+BENCHMARK(WriteJson)->Name("form_to_text/jsoncpp")->Arg(5'000)->Arg(50'000)->Unit(benchmark::kMillisecond);
 
 } // namespace
