@@ -107,8 +107,11 @@ bool HasDecimals(TValueType type, std::string_view bytes)
     switch (type) {
     case vaSingle:
         return std::isfinite(FromBytes<float>(bytes));
-    case vaExtended:
-        return IsExtendedNumber(bytes);
+    case vaExtended: {
+        // The standard library reads none of those below the normal range.
+        const bool isBelowNormal = (FromBytes<System::Word>(bytes.substr(8)) & 0x7FFF) == 0;
+        return IsExtendedNumber(bytes) && (!isBelowNormal || FromBytes<UInt64>(bytes) == 0);
+    }
     default:
         return std::isfinite(FromBytes<double>(bytes));
     }
