@@ -52,7 +52,7 @@ public:
         while (!mChildren.empty()) {
             delete mChildren.back();
         }
-        SetParentComponent(nullptr);
+        PutInto(nullptr);
     }
 
     TStrings* getLines() { return &mLines; }
@@ -104,18 +104,20 @@ protected:
             std::iter_swap(found, mChildren.begin() + order);
         }
     }
-    void SetParentComponent(TComponent* parent) override
+    void SetParentComponent(TComponent* parent) override { PutInto(dynamic_cast<TBox*>(parent)); }
+
+private:
+    void PutInto(TBox* parent)
     {
         if (mParent != nullptr) {
             std::erase(mParent->mChildren, this);
         }
-        mParent = dynamic_cast<TBox*>(parent);
+        mParent = parent;
         if (mParent != nullptr) {
             mParent->mChildren.push_back(this);
         }
     }
 
-private:
     TStringList mLines;
     TCollection mItems;
     TBox* mParent = nullptr;
@@ -194,7 +196,7 @@ void CheckComponents(std::string_view bytes, bool passesOver)
             Fuzz::Require(Written(again) == written);
         } catch (const Sysutils::Exception&) {
         }
-        Fuzz::Require(root.getComponentState().Contains(csLoading) == false);
+        Fuzz::Require(!root.getComponentState().Contains(csLoading));
     }
     RemoveFixupReferences(nullptr, {});
     Fuzz::Require(Boxes == 0);

@@ -60,6 +60,9 @@ std::optional<Int64> EnumValue(const TTypeInfo* type, const UnicodeString& name)
 
 void TReader::ReadProperty(TPersistent* instance)
 {
+    if (instance == nullptr) {
+        Form::CInput::Fail(u"There is no object to read a property of");
+    }
     CState& state = *mState;
     const CState::CSession session(state);
     const std::string path(state.input.TakePath());

@@ -134,7 +134,7 @@ TBox::~TBox()
     while (!mChildren.empty()) {
         delete mChildren.back();
     }
-    SetParentComponent(nullptr);
+    PutInto(nullptr);
 }
 
 void TBox::Loaded()
@@ -197,10 +197,15 @@ void TBox::SetChildOrder(TComponent* child, int order)
 
 void TBox::SetParentComponent(TComponent* parent)
 {
+    PutInto(dynamic_cast<TBox*>(parent));
+}
+
+void TBox::PutInto(TBox* parent)
+{
     if (mParent != nullptr) {
         std::erase(mParent->mChildren, this);
     }
-    mParent = dynamic_cast<TBox*>(parent);
+    mParent = parent;
     if (mParent != nullptr) {
         mParent->mChildren.push_back(this);
     }

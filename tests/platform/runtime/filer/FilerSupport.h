@@ -105,6 +105,8 @@ protected:
     void DefineProperties(Classes::TFiler& filer) override;
 
 private:
+    void PutInto(TBox* parent);
+
     std::unique_ptr<TLetters> mFont;
     std::unique_ptr<Classes::TStringList> mLines;
     std::unique_ptr<Classes::TCollection> mColumns;
