@@ -152,8 +152,9 @@ TComponent* FindGlobalComponent(const UnicodeString& name)
         const std::scoped_lock lock(Finders().mutex);
         functions = Finders().functions;
     }
-    for (auto find = functions.rbegin(); find != functions.rend(); ++find) {
-        if (TComponent* const found = (*find)(name); found != nullptr) {
+    std::ranges::reverse(functions);
+    for (const TFindGlobalComponent find : functions) {
+        if (TComponent* const found = find(name); found != nullptr) {
             return found;
         }
     }
@@ -230,7 +231,7 @@ TComponent* FindLocalTarget(const TReference& reference)
         found = FindNestedComponent(reference.root, reference.name);
     }
     const auto [root, rest] = Split(reference.name);
-    if (found == nullptr && reference.root->getName().CompareIC(root) == 0) {
+    if (found == nullptr && reference.root != nullptr && reference.root->getName().CompareIC(root) == 0) {
         found = rest.IsEmpty() ? reference.root : FindNestedComponent(reference.root, rest);
     }
     return found;

@@ -6,6 +6,7 @@
 #include "platform/runtime/filer/internal/Classes_Loading.h"
 #include "platform/runtime/typinfo/System_MetaClass.h"
 
+#include <algorithm>
 #include <span>
 #include <vector>
 
@@ -39,8 +40,9 @@ bool InitInheritedComponent(TComponent* instance, TMetaClass* rootAncestor)
         }
     }
     CLoading loading;
-    for (auto level = levels.rbegin(); level != levels.rend(); ++level) {
-        ReadComponentRes(*level, instance);
+    std::ranges::reverse(levels);
+    for (const TMetaClass* const level : levels) {
+        ReadComponentRes(level, instance);
     }
     loading.Finish();
     return !levels.empty();

@@ -160,6 +160,9 @@ TComponent* TReader::ReadComponent(TComponent* component)
     if (!session.IsOwn()) {
         return ReadInstance(component);
     }
+    if (mRoot != nullptr) {
+        mState->session->alive.Add(*mRoot);
+    }
     return session.Run([&] {
         TComponent* const instance = ReadInstance(component);
         FixupReferences();

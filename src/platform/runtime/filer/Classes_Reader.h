@@ -71,7 +71,7 @@ public:
     /// read, that one does so.
     TComponent* ReadRootComponent(TComponent* root);
     /// Reads one component, into `component` if that isn't null, and gives it; null for one that `OnError`
-    /// passed over.
+    /// passed over. References are names within the root, which is set before by `setRoot`.
     TComponent* ReadComponent(TComponent* component);
     /// Reads what `TComponent::ReadState` is called for: properties and children.
     void ReadData(TComponent* instance);

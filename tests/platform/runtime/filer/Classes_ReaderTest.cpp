@@ -421,6 +421,25 @@ end)"));
     EXPECT_EQ(sheet.Clicks, 1);
 }
 
+TEST_F(ReaderTest, SingleComponentsAreReadIntoARoot)
+{
+    const auto sheet = SheetOf("object Main: TSheet\n  object A: TBox\n  end\nend");
+    const std::string bytes = Compiled("object B: TBox\n  Buddy = A\nend").substr(4);
+    const auto stream = StreamOf(bytes + bytes);
+    TReader reader(stream.get());
+    EXPECT_THROW(reader.ReadProperty(nullptr), EReadError);
+    reader.setRoot(sheet.get());
+    reader.setOwner(sheet.get());
+    reader.setParent(sheet->FindComponent(u"A"));
+    auto* const b = static_cast<TBox*>(reader.ReadComponent(nullptr));
+    EXPECT_EQ(b->Buddy, sheet->FindComponent(u"A"));
+    EXPECT_EQ(b->GetParentComponent(), b->Buddy);
+    EXPECT_EQ(b->LoadedCount, 1);
+    EXPECT_EQ(reader.getPosition(), static_cast<System::Int64>(bytes.size()));
+    EXPECT_THROW(reader.ReadComponent(nullptr), EComponentError);
+    EXPECT_EQ(sheet->GetComponentCount(), 2);
+}
+
 TEST_F(ReaderTest, ADesignedRootKeepsItsName)
 {
     const auto stream = StreamOf(Compiled("object Main: TSheet\nend"));
