@@ -249,7 +249,7 @@ void CTextSink::WideText(std::u16string_view text)
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t start = at;
         UChar32 c = 0;
-        U16_NEXT(text.data(), at, text.size(), c);
+        U16_NEXT(text, at, text.size(), c);
         if (!IsShown(c)) {
             value.AddCode(c);
         } else if (c == '\'') {

@@ -37,7 +37,7 @@ private:
     void Enter()
     {
         if (++mDepth > MaxDepth) {
-            mInput.Fail(u"The form is nested deeper than " + UnicodeString(MaxDepth) + u" levels");
+            CInput::Fail(u"The form is nested deeper than " + UnicodeString(MaxDepth) + u" levels");
         }
     }
 
@@ -77,11 +77,11 @@ private:
         const std::string name(mInput.TakeShort());
         // In the text it would be the word of the grammar.
         if (SameAsciiText(className, "inline")) {
-            mInput.Fail(u"No class is called inline");
+            CInput::Fail(u"No class is called inline");
         }
         if (!name.empty() && !IsIdentifier(name)) {
-            mInput.Fail(u"The name of a component of the class " + System::FromUtf8(className) +
-                        u" is no identifier");
+            CInput::Fail(u"The name of a component of the class " + System::FromUtf8(className) +
+                         u" is no identifier");
         }
         mPath.Enter(className, name);
         head.isInherited = flags.Contains(ffInherited);

@@ -111,7 +111,7 @@ public:
 
     THead TakeHead();
     /// Raises if the component was destroyed while it is read.
-    void CheckAlive(const TComponent& component) const;
+    void CheckAlive(const TComponent& instance) const;
 
     /// Whether the fault, which is being handled, has its place in its message already.
     bool IsLocated(const std::exception& fault) const;
