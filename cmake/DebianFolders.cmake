@@ -40,7 +40,14 @@ function(add_papers component package)
 ")
 endfunction()
 
+# Nobody looks into a tool of the build.
+function(strip_programs)
+    file(GLOB programs "${CPACK_TEMPORARY_DIRECTORY}/Development/usr/bin/*")
+    execute_process(COMMAND strip --strip-unneeded --remove-section=.comment ${programs} COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
 divide_symbols()
+strip_programs()
 foreach(component IN LISTS CPACK_COMPONENTS_ALL)
     string(TOUPPER "${component}" name)
     add_papers("${component}" "${CPACK_DEBIAN_${name}_PACKAGE_NAME}")

@@ -18,7 +18,7 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 
 # The symbols name the sources as they lie below the project's root, wherever that was.
-foreach(target TRS8_BTL TRS8_BTL_testing)
+foreach(target TRS8_BTL_low TRS8_BTL TRS8_BTL_testing trs8_btl_form)
     target_compile_options(${target} PRIVATE -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
 endforeach()
 
@@ -48,9 +48,12 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${control_folder}/triggers ${cont
                                                ${control_folder}/none/postinst ${control_folder}/none/postrm)
 
 describe_package(DEVELOPMENT libtrs8-btl-dev libdevel " (development files)"
-                 "the headers, the language files, the CMake package and the
-file for pkg-config")
+                 "the headers, the language files, the compiler of forms, the
+CMake package and the file for pkg-config")
 set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS Runtime)
+# It has a program, which needs the library of this very build.
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/src)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "libjsoncpp-dev, libtrs8-btl-doc")
 
 describe_package(SYMBOLS ${library_package}-dbgsym debug " (debug symbols)" "what gdb shows of the library's own code")

@@ -49,6 +49,12 @@ if(NOT printed STREQUAL "ready")
     message(FATAL_ERROR "The program with a simulated instrument printed '${printed}'")
 endif()
 
+run_step(DESCRIPTION "The program with a form"
+    COMMAND "${workFolder}/cmake/formed" OUTPUT printed)
+if(NOT printed STREQUAL "made from a form")
+    message(FATAL_ERROR "The program with a form printed '${printed}'")
+endif()
+
 file(STRINGS "${workFolder}/cmake/ProgramData/IDS/BTL_German.ids" texts REGEX "^200020000=The program")
 if(NOT texts)
     message(FATAL_ERROR "The program lies in a folder without the English language files")

@@ -21,6 +21,10 @@ TRS8_BTL_API unsigned long GetModuleFileNameW(HINSTANCE module, System::WideChar
 namespace Host
 {
 
+/// Where the program or library that holds `address` begins in memory, which no other one shares; null if
+/// none holds it.
+[[nodiscard]] TRS8_BTL_API const void* ModuleOf(const void* address) noexcept;
+
 /// The full path of the running program, links resolved; empty on a failure.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString ProgramPath();
 
