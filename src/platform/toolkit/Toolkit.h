@@ -3,13 +3,20 @@
 
 #include "platform/base/System_String.h"
 #include "platform/base/Types.h"
+#include "platform/toolkit/PaintTypes.h"
+#include "platform/toolkit/PictureType.h"
 
 #include <functional>
 #include <memory>
+#include <span>
+#include <vector>
 
 /// What stands between the controls' logic and a screen.
 namespace Toolkits
 {
+
+class PaintDevice;
+class PaintRecording;
 
 /// A modal box with a text and buttons.
 struct TBox
@@ -51,6 +58,29 @@ public:
 
     /// All screens together, in pixels.
     virtual Types::TRect DesktopRect() const = 0;
+
+    /// The measures of the font that the toolkit takes for `font`.
+    virtual TTextMetrics FontMetrics(const TFontData& font) const = 0;
+    /// The width of one line of text in the font, and the height of a line.
+    virtual Types::TSize TextExtent(const TFontData& font, const System::UnicodeString& text) const = 0;
+    /// A colour of the desktop by its number: 5 the ground of windows, 8 their text, and so on; black for a
+    /// number without one.
+    virtual TPixel SystemColor(int index) const = 0;
+    /// A device that draws on `pixels`, which must outlive it and keep their size.
+    virtual std::unique_ptr<PaintDevice> NewPixelDevice(Pixels& pixels) = 0;
+
+    /// The pixels of a picture. `Graphics::EInvalidGraphic` if it is damaged or the toolkit can't read the
+    /// type.
+    virtual Pixels DecodePicture(EPictureType type, std::span<const System::Byte> bytes) = 0;
+    /// A file of the picture, with the quality from 1 to 100 where the type has one.
+    /// `Graphics::EInvalidGraphic` if the toolkit can't write the type.
+    virtual std::vector<System::Byte> EncodePicture(EPictureType type, const Pixels& pixels, int quality) = 0;
+    /// Adds to `recording` what the metafile draws, in pixels. Faults as of `DecodePicture`.
+    virtual void DecodeMetafile(EPictureType type, std::span<const System::Byte> bytes,
+                                PaintRecording& recording) = 0;
+    /// A metafile of `size` pixels that draws what the recording does. Faults as of `EncodePicture`.
+    virtual std::vector<System::Byte> EncodeMetafile(EPictureType type, const PaintRecording& recording,
+                                                     const Types::TSize& size) = 0;
 
     /// Runs `action` from the message loop of the main thread, in the order of posting. From any thread.
     virtual void Post(std::function<void()> action) = 0;
