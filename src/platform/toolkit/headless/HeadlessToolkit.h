@@ -57,6 +57,19 @@ public:
     bool AskInput(const TInput& input, System::UnicodeString& value) override;
     /// Always 1920 by 1080 at the origin.
     Types::TRect DesktopRect() const override;
+    /// From the height, the pitch and the styles alone: on each machine the same.
+    TTextMetrics FontMetrics(const TFontData& font) const override;
+    Types::TSize TextExtent(const TFontData& font, const System::UnicodeString& text) const override;
+    TPixel SystemColor(int index) const override;
+    /// Draws shapes and images as they are, and characters as blocks.
+    std::unique_ptr<PaintDevice> NewPixelDevice(Pixels& pixels) override;
+    /// Always raise `Graphics::EInvalidGraphic`: codecs come with a toolkit that has windows.
+    Pixels DecodePicture(EPictureType type, std::span<const System::Byte> bytes) override;
+    std::vector<System::Byte> EncodePicture(EPictureType type, const Pixels& pixels, int quality) override;
+    void DecodeMetafile(EPictureType type, std::span<const System::Byte> bytes,
+                        PaintRecording& recording) override;
+    std::vector<System::Byte> EncodeMetafile(EPictureType type, const PaintRecording& recording,
+                                             const Types::TSize& size) override;
     void Post(std::function<void()> action) override;
     bool ProcessMessage() override;
     void WaitMessage() override;
