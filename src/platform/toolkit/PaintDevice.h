@@ -1,13 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/base/Types.h"
-#include "platform/toolkit/PaintTypes.h"
-
-#include <span>
+#include "platform/toolkit/Pixels.h"
 
 namespace Toolkits
 {
+
+/// What areas are filled with: `pattern`, repeated, if there is one, else the style in the colour.
+struct TBrushData
+{
+    TPixel color = OpaquePixel(255, 255, 255);
+    Graphics::TBrushStyle style = Graphics::bsSolid;
+    TSharedPixels pattern;
+
+    friend bool operator==(const TBrushData&, const TBrushData&) = default;
+};
 
 /// What is drawn of an ellipse between two of its radii.
 enum class EArc
@@ -27,6 +34,8 @@ struct TTextOptions
     /// What is below the text, where `isOpaque`.
     TPixel background = OpaquePixel(255, 255, 255);
     bool isOpaque = false;
+    /// Whether the text as a whole reads from right to left.
+    bool isRightToLeft = false;
     /// What the text is cut to; null for no such limit.
     const Types::TRect* clip = nullptr;
 };

@@ -166,6 +166,9 @@ struct CLine
         if (call.options.isOpaque) {
             text += u" on " + ColorText(call.options.background);
         }
+        if (call.options.isRightToLeft) {
+            text += u" rtl";
+        }
         return call.clip ? text + u" clip " + TextOf(*call.clip) : text;
     }
     UnicodeString operator()(const TImageRecord& call) const

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "platform/base/System_Set.h"
-#include "platform/base/System_SharedBlock.h"
 #include "platform/base/System_String.h"
 #include "platform/base/Sysutils_Exception.h"
 
@@ -115,8 +114,6 @@ enum TBrushStyle
 namespace Toolkits
 {
 
-class Pixels;
-
 /// A colour as a toolkit has it: 0xAARRGGBB, alpha 255 for one that covers what is below it.
 using TPixel = std::uint32_t;
 
@@ -125,9 +122,6 @@ constexpr TPixel OpaquePixel(unsigned red, unsigned green, unsigned blue)
 {
     return 0xFF000000U | (red & 255U) << 16U | (green & 255U) << 8U | (blue & 255U);
 }
-
-/// Pixels that several values share; only a sole holder may change them.
-using TSharedPixels = System::GSharedBlock<Pixels>;
 
 /// What a font is asked for by.
 struct TFontData
@@ -155,16 +149,6 @@ struct TPenData
     Graphics::TPenMode mode = Graphics::pmCopy;
 
     friend bool operator==(const TPenData&, const TPenData&) = default;
-};
-
-/// What areas are filled with: `pattern`, repeated, if there is one, else the style in the colour.
-struct TBrushData
-{
-    TPixel color = OpaquePixel(255, 255, 255);
-    Graphics::TBrushStyle style = Graphics::bsSolid;
-    TSharedPixels pattern;
-
-    friend bool operator==(const TBrushData&, const TBrushData&) = default;
 };
 
 /// The measures of a font in pixels.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/base/System_SharedBlock.h"
 #include "platform/base/Types.h"
 #include "platform/toolkit/PaintTypes.h"
 
@@ -71,5 +72,8 @@ private:
     int mHeight = 0;
     std::vector<TPixel> mPixels;
 };
+
+/// Pixels that several values share; only a sole holder may change them.
+using TSharedPixels = System::GSharedBlock<Pixels>;
 
 } // namespace Toolkits

@@ -17,6 +17,7 @@ namespace Toolkits
 
 class PaintDevice;
 class PaintRecording;
+class Pixels;
 
 /// A modal box with a text and buttons.
 struct TBox

@@ -2,7 +2,6 @@
 #include "platform/visual/graphics/Graphics_Brush.h"
 
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
-#include "platform/toolkit/Pixels.h"
 #include "platform/visual/graphics/Graphics_Bitmap.h"
 
 namespace Graphics
@@ -40,22 +39,24 @@ void TBrush::Assign(TPersistent* source)
 
 void TBrush::setColor(TColor color)
 {
-    if (color == mColor && mStyle != bsClear) {
-        return;
-    }
-    mColor = color;
-    if (mStyle == bsClear) {
-        mStyle = bsSolid;
-    }
-    Changed();
+    Put(color, mStyle == bsClear ? bsSolid : mStyle);
 }
 
 void TBrush::setStyle(TBrushStyle style)
 {
-    if (style != mStyle) {
-        mStyle = style;
-        Changed();
+    Put(mColor, style);
+}
+
+void TBrush::Put(TColor color, TBrushStyle style)
+{
+    if (color == mColor && style == mStyle && !mPattern) {
+        return;
     }
+    mColor = color;
+    mStyle = style;
+    mBitmap = nullptr;
+    mPattern = {};
+    Changed();
 }
 
 void TBrush::setBitmap(TBitmap* bitmap)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/toolkit/PaintDevice.h"
 #include "platform/visual/graphics/Graphics_Color.h"
 #include "platform/visual/graphics/Graphics_Object.h"
 
@@ -30,7 +31,7 @@ public:
     TBrushStyle getStyle() const noexcept { return mStyle; }
     void setStyle(TBrushStyle style);
 
-    /// What areas are tiled with; null for none. The brush doesn't own it and doesn't look at it again: it
+    /// What areas are tiled with, in place of the style; null for none. A change of colour or style ends it. The brush doesn't own it and doesn't look at it again: it
     /// keeps the pixels that the bitmap had when it was set.
     TBitmap* getBitmap() const noexcept { return mBitmap; }
     void setBitmap(TBitmap* bitmap);
@@ -39,6 +40,8 @@ public:
     Toolkits::TBrushData getData() const;
 
 private:
+    void Put(TColor color, TBrushStyle style);
+
     TColor mColor = clWhite;
     TBrushStyle mStyle = bsSolid;
     TBitmap* mBitmap = nullptr;

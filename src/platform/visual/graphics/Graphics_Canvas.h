@@ -119,8 +119,10 @@ public:
     void TextOut(int x, int y, const System::UnicodeString& text);
     /// As `TextOut`, but within the rectangle, which it fills first.
     void TextRect(const Types::TRect& rect, int x, int y, const System::UnicodeString& text);
-    /// Lines of text within the rectangle, as `DrawText` does it; `tfModifyString` changes `text` to what was
-    /// drawn, `tfCalcRect` draws nothing and changes `rect`.
+    /// Lines of text by the `DT_...` flags, as `Graphics::DrawText`; `DT_MODIFYSTRING` changes `text` to what
+    /// was drawn, `DT_CALCRECT` draws nothing and changes `rect`.
+    int DrawText(System::UnicodeString& text, Types::TRect& rect, unsigned flags);
+    /// As `DrawText`, with the flags as a set.
     void TextRect(Types::TRect& rect, System::UnicodeString& text, const TTextFormat& format = {});
 
     /// The graphic in its size, or stretched; null and an empty one draw nothing.
@@ -162,9 +164,11 @@ protected:
     Toolkits::PaintDevice& RequiredDevice();
 
 private:
-    class CDrawing;
     friend class TGraphic;
 
+    /// Calls the events around what `call` draws on the device.
+    template <class Call>
+    void Drawn(Call call);
     void DrawArc(Toolkits::EArc kind, const Types::TRect& rect, const Types::TPoint& from,
                  const Types::TPoint& to);
     void DrawLine(const System::UnicodeString& text, const Types::TPoint& at, const Types::TRect* clip);

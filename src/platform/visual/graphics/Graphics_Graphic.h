@@ -49,7 +49,7 @@ public:
     /// Whether what is below shows through.
     virtual bool getTransparent() const { return mTransparent; }
     virtual void setTransparent(bool transparent);
-    /// Whether the picture's pixels have no transparent parts; a hint for what draws the ground.
+    /// Whether pixels of the picture may be half transparent.
     virtual bool getSupportsPartialTransparency() const;
 
     /// `EInvalidGraphic` if the content isn't of the picture's type, `EFOpenError` if the file can't be
@@ -75,6 +75,10 @@ protected:
     virtual void DrawTransparent(TCanvas* canvas, const Types::TRect& rect, unsigned char opacity);
     /// Marks the picture as modified and calls the event.
     virtual void Changed(System::TObject* sender);
+
+    /// `ReadData` and `WriteData` with the length in front.
+    void ReadSized(Classes::TStream* stream);
+    void WriteSized(Classes::TStream* stream);
 
     /// The device of a canvas, to draw a picture on.
     static Toolkits::PaintDevice& DeviceOf(TCanvas& canvas);

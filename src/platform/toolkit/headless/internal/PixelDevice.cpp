@@ -140,7 +140,7 @@ void CPixelDevice::MixPixel(TPixel& there, TPixel image, const TImageOptions& op
     if (options.hasAlpha) {
         there = Blend(image, there, options.opacity);
     } else if (options.operation == TImageOptions::CopyImage) {
-        there = image;
+        there = image | AlphaBits;
     } else {
         there = ApplyOperation(options.operation, options.brush, image, there);
     }

@@ -3,9 +3,11 @@
 #include "platform/toolkit/headless/internal/PixelDevice.h"
 #include "platform/toolkit/headless/internal/Shapes.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <string>
 
 namespace Toolkits
 {
@@ -76,8 +78,12 @@ void CPixelDevice::Text(const TPoint& at, const System::UnicodeString& text, con
     CSpanFiller ink(mPixels, clip, TBrushData{.color = options.color});
     CTextBlocks blocks(ink, corner, font.orientation);
     const bool isLevel = font.orientation % 3600 == 0;
+    std::u16string units(text.AsView());
+    if (options.isRightToLeft) {
+        std::ranges::reverse(units);
+    }
     int x = 0;
-    for (const System::WideChar unit : text.AsView()) {
+    for (const System::WideChar unit : units) {
         if (isLevel && corner.X + x >= clip.Right) {
             break;
         }

@@ -35,7 +35,7 @@ CSpanFiller::CSpanFiller(Pixels& pixels, const Types::TRect& clip, const TPenDat
 bool CSpanFiller::BrushAt(int x, int y, TPixel& color) const
 {
     if (mBrush.pattern) {
-        color = mBrush.pattern->At(x % mBrush.pattern->getWidth(), y % mBrush.pattern->getHeight());
+        color = AlphaBits | mBrush.pattern->At(x % mBrush.pattern->getWidth(), y % mBrush.pattern->getHeight());
         return true;
     }
     color = mBrush.color;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/toolkit/Pixels.h"
+#include "platform/toolkit/PaintDevice.h"
 
 namespace Toolkits
 {
