@@ -104,7 +104,8 @@ public:
     virtual void Rectangle(const Types::TRect& rect, const Types::TSize& corner, const TPenData& pen,
                            const TBrushData& brush) = 0;
     virtual void Ellipse(const Types::TRect& rect, const TPenData& pen, const TBrushData& brush) = 0;
-    /// The part of the ellipse in `rect` from the radius through `from` counterclockwise to that through `to`.
+    /// The part of the ellipse in `rect` from the radius through `from` counterclockwise to that through
+    /// `to`.
     virtual void Arc(EArc kind, const Types::TRect& rect, const Types::TPoint& from, const Types::TPoint& to,
                      const TPenData& pen, const TBrushData& brush) = 0;
 

@@ -262,8 +262,7 @@ void PaintRecording::Text(const TPoint& at, const System::UnicodeString& text, c
 void PaintRecording::Image(const Pixels& image, const TRect& source, const TRect& target,
                            const TImageOptions& options)
 {
-    mRecords->calls.emplace_back(
-        TImageRecord{TSharedPixels(new Pixels(image)), source, target, options});
+    mRecords->calls.emplace_back(TImageRecord{TSharedPixels(new Pixels(image)), source, target, options});
 }
 
 void PaintRecording::FocusRect(const TRect& rect)

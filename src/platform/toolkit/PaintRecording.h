@@ -29,6 +29,8 @@ public:
     /// The calls, one a line. A colour is #RRGGBB; what is usual isn't told: a solid pen of width 1, a brush
     /// that is solid, modes that copy.
     System::UnicodeString AsText() const;
+    /// The smallest rectangle from the origin that has all that is drawn in it, whatever it is clipped to.
+    Types::TSize Extent() const;
     /// Forgets all.
     void Clear();
     /// How many calls it holds.

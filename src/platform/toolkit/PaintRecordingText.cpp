@@ -53,11 +53,12 @@ UnicodeString NameOf(int value, const std::array<const System::WideChar*, Count>
 
 UnicodeString TextOf(const TPenData& pen)
 {
-    static constexpr std::array styles = {u"solid", u"dash", u"dot", u"dashdot", u"dashdotdot", u"clear",
-                                          u"inside"};
-    static constexpr std::array modes = {u"black", u"white", u"nop", u"not", u"copy", u"notcopy",
-                                         u"mergepennot", u"maskpennot", u"mergenotpen", u"masknotpen",
-                                         u"merge", u"notmerge", u"mask", u"notmask", u"xor", u"notxor"};
+    static constexpr std::array styles = {u"solid",      u"dash",  u"dot",   u"dashdot",
+                                          u"dashdotdot", u"clear", u"inside"};
+    static constexpr std::array modes = {u"black",       u"white",      u"nop",         u"not",
+                                         u"copy",        u"notcopy",    u"mergepennot", u"maskpennot",
+                                         u"mergenotpen", u"masknotpen", u"merge",       u"notmerge",
+                                         u"mask",        u"notmask",    u"xor",         u"notxor"};
     if (pen.style == Graphics::psClear) {
         return u" pen clear";
     }
@@ -76,8 +77,8 @@ UnicodeString TextOf(const TPenData& pen)
 
 UnicodeString TextOf(const TBrushData& brush)
 {
-    static constexpr std::array styles = {u"solid", u"clear", u"horizontal", u"vertical", u"fdiagonal",
-                                          u"bdiagonal", u"cross", u"diagcross"};
+    static constexpr std::array styles = {u"solid",     u"clear",     u"horizontal", u"vertical",
+                                          u"fdiagonal", u"bdiagonal", u"cross",      u"diagcross"};
     if (brush.pattern) {
         return u" brush " + TextOf(Types::TSize{brush.pattern->getWidth(), brush.pattern->getHeight()});
     }
@@ -174,9 +175,8 @@ struct CLine
     UnicodeString operator()(const TImageRecord& call) const
     {
         const Pixels& image = *call.image;
-        UnicodeString text =
-            u"image " + TextOf(Types::TSize{image.getWidth(), image.getHeight()}) + u" onto " +
-            TextOf(call.target);
+        UnicodeString text = u"image " + TextOf(Types::TSize{image.getWidth(), image.getHeight()}) +
+                             u" onto " + TextOf(call.target);
         if (call.source != image.Bounds()) {
             text += u" from " + TextOf(call.source);
         }

@@ -16,8 +16,8 @@ namespace
 void CheckSize(int width, int height)
 {
     if (!Pixels::IsSize(width, height)) {
-        throw Graphics::EInvalidGraphicOperation(u"A picture can't be " + Sysutils::IntToStr(width) + u" by " +
-                                                 Sysutils::IntToStr(height) + u" pixels");
+        throw Graphics::EInvalidGraphicOperation(u"A picture can't be " + Sysutils::IntToStr(width) +
+                                                 u" by " + Sysutils::IntToStr(height) + u" pixels");
     }
 }
 
@@ -45,7 +45,8 @@ Pixels::Pixels(const Pixels& other)
 }
 
 Pixels::Pixels(Pixels&& other) noexcept
-    : mWidth(std::exchange(other.mWidth, 0)), mHeight(std::exchange(other.mHeight, 0)),
+    : mWidth(std::exchange(other.mWidth, 0)),
+      mHeight(std::exchange(other.mHeight, 0)),
       mPixels(std::exchange(other.mPixels, {}))
 {
 }

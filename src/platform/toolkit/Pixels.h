@@ -50,7 +50,10 @@ public:
     TPixel At(int x, int y) const { return mPixels[Index(x, y)]; }
     /// A row that the block contains.
     std::span<TPixel> Row(int y) { return std::span(mPixels).subspan(Index(0, y), Count(mWidth)); }
-    std::span<const TPixel> Row(int y) const { return std::span(mPixels).subspan(Index(0, y), Count(mWidth)); }
+    std::span<const TPixel> Row(int y) const
+    {
+        return std::span(mPixels).subspan(Index(0, y), Count(mWidth));
+    }
     /// All rows in one.
     std::span<TPixel> All() noexcept { return mPixels; }
     std::span<const TPixel> All() const noexcept { return mPixels; }

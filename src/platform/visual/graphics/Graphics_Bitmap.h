@@ -81,8 +81,8 @@ public:
     bool getMonochrome() const noexcept { return mPixelFormat == pf1bit; }
     /// Turning it off leaves the pixels black and white.
     void setMonochrome(bool monochrome);
-    /// As many 32-bit pixels as the bitmap is wide, each 0xAARRGGBB. `EInvalidGraphicOperation` for a row that
-    /// it doesn't have. Valid until the bitmap changes in another way.
+    /// As many 32-bit pixels as the bitmap is wide, each 0xAARRGGBB. `EInvalidGraphicOperation` for a row
+    /// that it doesn't have. Valid until the bitmap changes in another way.
     void* getScanLine(int row);
 
     /// `clDefault` stands for the lower left pixel.

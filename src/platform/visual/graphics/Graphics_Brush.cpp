@@ -26,8 +26,7 @@ void TBrush::Assign(TPersistent* source)
         TPersistent::Assign(source);
         return;
     }
-    const bool isEqual =
-        mColor == other->mColor && mStyle == other->mStyle && mPattern == other->mPattern;
+    const bool isEqual = mColor == other->mColor && mStyle == other->mStyle && mPattern == other->mPattern;
     mColor = other->mColor;
     mStyle = other->mStyle;
     mBitmap = other->mBitmap;

@@ -31,8 +31,9 @@ public:
     TBrushStyle getStyle() const noexcept { return mStyle; }
     void setStyle(TBrushStyle style);
 
-    /// What areas are tiled with, in place of the style; null for none. A change of colour or style ends it. The brush doesn't own it and doesn't look at it again: it
-    /// keeps the pixels that the bitmap had when it was set.
+    /// What areas are tiled with, in place of the style; null for none. A change of colour or style ends it.
+    /// The brush doesn't own it and doesn't look at it again: it keeps the pixels that the bitmap had when it
+    /// was set.
     TBitmap* getBitmap() const noexcept { return mBitmap; }
     void setBitmap(TBitmap* bitmap);
 

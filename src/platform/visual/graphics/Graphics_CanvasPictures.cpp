@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/visual/graphics/Graphics_Bitmap.h"
 #include "platform/visual/graphics/Graphics_Canvas.h"
-
-#include <algorithm>
-#include <limits>
+#include "platform/visual/graphics/internal/Graphics_Place.h"
 
 namespace Graphics
 {
@@ -11,18 +9,9 @@ namespace Graphics
 namespace
 {
 
-int Sum(int place, int extent)
-{
-    constexpr long long highest = std::numeric_limits<int>::max();
-    return static_cast<int>(std::min(highest, 0LL + place + extent));
-}
-
 Types::TRect PlaceOf(int x, int y, const TGraphic& graphic)
 {
-    return {.Left = x,
-            .Top = y,
-            .Right = Sum(x, graphic.getWidth()),
-            .Bottom = Sum(y, graphic.getHeight())};
+    return RectAt(x, y, graphic.getWidth(), graphic.getHeight());
 }
 
 } // namespace
@@ -59,9 +48,9 @@ void TCanvas::CopyRect(const Types::TRect& rect, TCanvas* source, const Types::T
         return;
     }
     Changing();
-    RequiredDevice().Image(pixels, pixels.Bounds(), rect,
-                           {.operation = static_cast<unsigned char>(mCopyMode >> 16),
-                            .brush = ColorToPixel(mBrush.getColor())});
+    RequiredDevice().Image(
+        pixels, pixels.Bounds(), rect,
+        {.operation = static_cast<unsigned char>(mCopyMode >> 16), .brush = ColorToPixel(mBrush.getColor())});
     Changed();
 }
 

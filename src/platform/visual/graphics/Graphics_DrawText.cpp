@@ -22,8 +22,7 @@ class CLinePainter
 public:
     CLinePainter(const TCanvas& canvas, Toolkits::PaintDevice& device, const CTextLayout& layout,
                  const TRect& rect, unsigned flags)
-        : mDevice(device), mFont(canvas.getFont()->getData()), mLayout(layout), mRect(rect),
-          mFlags(flags)
+        : mDevice(device), mFont(canvas.getFont()->getData()), mLayout(layout), mRect(rect), mFlags(flags)
     {
         mOptions.color = ColorToPixel(canvas.getFont()->getColor());
         mOptions.background = ColorToPixel(canvas.getBrush()->getColor());
@@ -136,8 +135,8 @@ void PaintLines(const CLinePainter& painter, const std::vector<TTextLine>& lines
     for (std::size_t i = 0; i < lines.size(); ++i) {
         const long long y = top + static_cast<long long>(i) * lineHeight;
         const long long end = y + lineHeight;
-        const bool isHidden = (isClipped && end <= rect.Top) ||
-                              ((flags & DT_EDITCONTROL) != 0 && end > rect.Bottom);
+        const bool isHidden =
+            (isClipped && end <= rect.Top) || ((flags & DT_EDITCONTROL) != 0 && end > rect.Bottom);
         if (isClipped && y >= rect.Bottom) {
             return;
         }
@@ -189,11 +188,18 @@ int DrawText(TCanvas* canvas, const UnicodeString& text, TRect& rect, unsigned f
 
 unsigned TextFlagsOf(const TTextFormat& format)
 {
-    static constexpr std::array<unsigned, tfComposited + 1> flags = {
-        DT_BOTTOM,     DT_CALCRECT,  DT_CENTER,        DT_EDITCONTROL, DT_END_ELLIPSIS,  DT_PATH_ELLIPSIS,
-        DT_EXPANDTABS, DT_EXTERNALLEADING, DT_LEFT,    DT_MODIFYSTRING, DT_NOCLIP,       DT_NOPREFIX,
-        DT_RIGHT,      DT_RTLREADING, DT_SINGLELINE,   DT_TOP,         DT_VCENTER,       DT_WORDBREAK,
-        DT_HIDEPREFIX, 0,            DT_PREFIXONLY,    0,              DT_WORD_ELLIPSIS, 0};
+    static constexpr std::array<unsigned, tfComposited + 1> flags = {DT_BOTTOM,        DT_CALCRECT,
+                                                                     DT_CENTER,        DT_EDITCONTROL,
+                                                                     DT_END_ELLIPSIS,  DT_PATH_ELLIPSIS,
+                                                                     DT_EXPANDTABS,    DT_EXTERNALLEADING,
+                                                                     DT_LEFT,          DT_MODIFYSTRING,
+                                                                     DT_NOCLIP,        DT_NOPREFIX,
+                                                                     DT_RIGHT,         DT_RTLREADING,
+                                                                     DT_SINGLELINE,    DT_TOP,
+                                                                     DT_VCENTER,       DT_WORDBREAK,
+                                                                     DT_HIDEPREFIX,    0,
+                                                                     DT_PREFIXONLY,    0,
+                                                                     DT_WORD_ELLIPSIS, 0};
     unsigned all = 0;
     for (const TTextFormats part : format) {
         all |= flags[part];

@@ -25,15 +25,13 @@ const System::GSharedBlock<TFontBlock>& DefaultBlock()
     return block;
 }
 
-constexpr TIdent Charsets[] = {{u"ANSI_CHARSET", 0},          {u"DEFAULT_CHARSET", 1},
-                               {u"SYMBOL_CHARSET", 2},        {u"MAC_CHARSET", 77},
-                               {u"SHIFTJIS_CHARSET", 128},    {u"HANGEUL_CHARSET", 129},
-                               {u"JOHAB_CHARSET", 130},       {u"GB2312_CHARSET", 134},
-                               {u"CHINESEBIG5_CHARSET", 136}, {u"GREEK_CHARSET", 161},
-                               {u"TURKISH_CHARSET", 162},     {u"HEBREW_CHARSET", 177},
-                               {u"ARABIC_CHARSET", 178},      {u"BALTIC_CHARSET", 186},
-                               {u"RUSSIAN_CHARSET", 204},     {u"THAI_CHARSET", 222},
-                               {u"EASTEUROPE_CHARSET", 238},  {u"OEM_CHARSET", 255}};
+constexpr TIdent Charsets[] = {
+    {u"ANSI_CHARSET", 0},     {u"DEFAULT_CHARSET", 1},      {u"SYMBOL_CHARSET", 2},
+    {u"MAC_CHARSET", 77},     {u"SHIFTJIS_CHARSET", 128},   {u"HANGEUL_CHARSET", 129},
+    {u"JOHAB_CHARSET", 130},  {u"GB2312_CHARSET", 134},     {u"CHINESEBIG5_CHARSET", 136},
+    {u"GREEK_CHARSET", 161},  {u"TURKISH_CHARSET", 162},    {u"HEBREW_CHARSET", 177},
+    {u"ARABIC_CHARSET", 178}, {u"BALTIC_CHARSET", 186},     {u"RUSSIAN_CHARSET", 204},
+    {u"THAI_CHARSET", 222},   {u"EASTEUROPE_CHARSET", 238}, {u"OEM_CHARSET", 255}};
 
 const Typinfo::TTypeInfo* CharsetType()
 {

@@ -27,9 +27,9 @@ System::GSharedBlock<TIconImages> ImagesOf(const TBitmap& bitmap)
         const Toolkits::TPixel through = ColorToPixel(bitmap.getTransparentColor());
         for (Toolkits::TPixel& pixel : pixels->All()) {
             const Toolkits::TPixel color = pixel | Toolkits::OpaquePixel(0, 0, 0);
-            pixel = bitmap.getTransparent() && color == through       ? 0
-                    : bitmap.getAlphaFormat() == afIgnored ? color
-                                                                      : pixel;
+            pixel = bitmap.getTransparent() && color == through ? 0
+                    : bitmap.getAlphaFormat() == afIgnored      ? color
+                                                                : pixel;
         }
     }
     return images;

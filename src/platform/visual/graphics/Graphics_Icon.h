@@ -2,13 +2,13 @@
 #pragma once
 
 #include "platform/base/System_Owner.h"
-#include "platform/toolkit/PaintDevice.h"
 #include "platform/visual/graphics/Graphics_Bitmap.h"
 
 namespace Graphics
 {
 
 struct TIconImages;
+struct TIconObject;
 
 /// A picture in one or several sizes, whose ground shows through.
 ///
@@ -45,15 +45,15 @@ public:
     bool getSupportsPartialTransparency() const override { return true; }
 
     /// The icon as a handle, which stays the icon's; null for an empty one.
-    struct TIconObject* getHandle() const;
+    TIconObject* getHandle() const;
     /// Takes the handle over, which is the icon's from then on; null makes it empty.
-    void setHandle(struct TIconObject* handle);
+    void setHandle(TIconObject* handle);
     /// As `getHandle`, but the handle is the caller's, and the icon is empty.
-    struct TIconObject* ReleaseHandle();
+    TIconObject* ReleaseHandle();
     bool HandleAllocated() const noexcept { return mHandle != nullptr; }
 
-    /// The pixels of the image that is nearest to the size. `EInvalidGraphic` if it is damaged or needs a codec
-    /// that there isn't.
+    /// The pixels of the image that is nearest to the size. `EInvalidGraphic` if it is damaged or needs a
+    /// codec that there isn't.
     const Toolkits::Pixels& PixelsFor(int width, int height) const;
 
     void LoadFromStream(Classes::TStream* stream) override;
@@ -68,7 +68,7 @@ private:
 
     System::GSharedBlock<TIconImages> mImages;
     Types::TSize mWanted{.cx = 32, .cy = 32};
-    mutable System::GOwner<struct TIconObject> mHandle;
+    mutable System::GOwner<TIconObject> mHandle;
 };
 
 } // namespace Graphics

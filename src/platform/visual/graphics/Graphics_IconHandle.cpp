@@ -3,6 +3,9 @@
 
 #include "platform/host/Host_Error.h"
 #include "platform/visual/graphics/internal/Graphics_IconFile.h"
+#include "platform/visual/graphics/internal/Graphics_Place.h"
+
+#include <algorithm>
 
 using Graphics::TIconImage;
 using Graphics::TIconImages;
@@ -14,6 +17,9 @@ namespace
 {
 
 constexpr TPixel AlphaBits = 0xFF000000U;
+
+/// Of the image that is taken where nobody asks for a size.
+constexpr int UsualExtent = 32;
 
 bool IsWhite(TPixel pixel)
 {
@@ -87,15 +93,15 @@ bool DestroyIcon(HICON icon)
 bool DrawIconEx(HDC device, int x, int y, HICON icon, int width, int height, unsigned,
                 const Toolkits::TBrushData* brush, unsigned flags)
 {
-    TIconImage* const image = icon == nullptr ? nullptr : icon->images->Nearest({.cx = width, .cy = height});
+    const Types::TSize wanted{.cx = width == 0 ? UsualExtent : width,
+                              .cy = height == 0 ? UsualExtent : height};
+    TIconImage* const image = icon == nullptr ? nullptr : icon->images->Nearest(wanted);
     if (device == nullptr || image == nullptr) {
         ::SetLastError(ERROR_INVALID_HANDLE);
         return false;
     }
-    const Types::TRect target{.Left = x,
-                              .Top = y,
-                              .Right = x + (width == 0 ? image->size.cx : width),
-                              .Bottom = y + (height == 0 ? image->size.cy : height)};
+    const Types::TRect target =
+        Graphics::RectAt(x, y, width == 0 ? image->size.cx : width, height == 0 ? image->size.cy : height);
     try {
         Pixels pixels = TIconImages::Decoded(*image);
         if (brush != nullptr) {

@@ -11,8 +11,8 @@ struct TIconObject;
 
 } // namespace Graphics
 
-/// An icon as a handle. Whoever got it from a call that makes one gives it back by `DestroyIcon` or hands it to a
-/// `Graphics::TIcon`.
+/// An icon as a handle. Whoever got it from a call that makes one gives it back by `DestroyIcon` or hands it
+/// to a `Graphics::TIcon`.
 using HICON = Graphics::TIconObject*;
 
 /// What an icon or cursor is made of.
@@ -45,7 +45,7 @@ TRS8_BTL_API HICON CopyIcon(HICON icon);
 /// False with the error `ERROR_INVALID_HANDLE` for null.
 TRS8_BTL_API bool DestroyIcon(HICON icon);
 /// Draws the icon, stretched to the size; a side of 0 is that of the icon. `brush` fills the ground first, so
-/// that nothing flickers; null draws on what is there. False with the last error for a null device or icon, and
-/// where the icon's picture can't be read.
+/// that nothing flickers; null draws on what is there. False with the last error for a null device or icon,
+/// and where the icon's picture can't be read.
 TRS8_BTL_API bool DrawIconEx(HDC device, int x, int y, HICON icon, int width, int height, unsigned step,
                              const Toolkits::TBrushData* brush, unsigned flags);

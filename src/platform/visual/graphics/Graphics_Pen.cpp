@@ -87,10 +87,9 @@ TTypeInfo GEnumType<Graphics::TPenStyle>::Make()
 
 TTypeInfo GEnumType<Graphics::TPenMode>::Make()
 {
-    return EnumType(u"TPenMode",
-                    {u"pmBlack", u"pmWhite", u"pmNop", u"pmNot", u"pmCopy", u"pmNotCopy", u"pmMergePenNot",
-                     u"pmMaskPenNot", u"pmMergeNotPen", u"pmMaskNotPen", u"pmMerge", u"pmNotMerge", u"pmMask",
-                     u"pmNotMask", u"pmXor", u"pmNotXor"});
+    return EnumType(u"TPenMode", {u"pmBlack", u"pmWhite", u"pmNop", u"pmNot", u"pmCopy", u"pmNotCopy",
+                                  u"pmMergePenNot", u"pmMaskPenNot", u"pmMergeNotPen", u"pmMaskNotPen",
+                                  u"pmMerge", u"pmNotMerge", u"pmMask", u"pmNotMask", u"pmXor", u"pmNotXor"});
 }
 
 } // namespace Typinfo

@@ -64,7 +64,8 @@ void FillPolygon(CSpanFiller& area, std::span<const Types::TPoint> points)
             return;
         }
         places.resize(crossed.size());
-        std::ranges::transform(crossed, places.begin(), [y](const TSide& side) { return side.CrossingAt(y); });
+        std::ranges::transform(crossed, places.begin(),
+                               [y](const TSide& side) { return side.CrossingAt(y); });
         std::ranges::sort(places);
         for (std::size_t i = 0; i + 1 < places.size(); i += 2) {
             area.Span(y, PixelBehind(places[i]), PixelBehind(places[i + 1]));

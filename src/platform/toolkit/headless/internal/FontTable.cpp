@@ -26,15 +26,14 @@ int EmOf(int height)
     if (height == 0) {
         return OwnChoice;
     }
-    const long long em = height < 0 ? -static_cast<long long>(height)
-                                    : (11LL * height + 6) / 13;
+    const long long em = height < 0 ? -static_cast<long long>(height) : (11LL * height + 6) / 13;
     return static_cast<int>(std::clamp<long long>(em, 1, MaximumEm));
 }
 
 bool IsFixed(const TFontData& font)
 {
-    static constexpr std::array names = {u"Courier New", u"Courier", u"Consolas", u"Lucida Console",
-                                         u"Fixedsys", u"Terminal", u"Monospace"};
+    static constexpr std::array names = {u"Courier New", u"Courier",  u"Consolas", u"Lucida Console",
+                                         u"Fixedsys",    u"Terminal", u"Monospace"};
     return font.pitch == Graphics::fpFixed ||
            (font.pitch == Graphics::fpDefault &&
             std::ranges::any_of(names, [&](const System::WideChar* name) { return font.name == name; }));
@@ -81,8 +80,10 @@ constexpr auto Shares = [] {
 } // namespace
 
 CFontTable::CFontTable(const TFontData& font)
-    : mEm(EmOf(font.height)), mLeading(LeadingOf(mEm)),
-      mBold(font.styles.Contains(Graphics::fsBold) ? (mEm + 15) / 16 : 0), mIsFixed(IsFixed(font))
+    : mEm(EmOf(font.height)),
+      mLeading(LeadingOf(mEm)),
+      mBold(font.styles.Contains(Graphics::fsBold) ? (mEm + 15) / 16 : 0),
+      mIsFixed(IsFixed(font))
 {
 }
 

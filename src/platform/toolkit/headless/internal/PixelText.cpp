@@ -34,9 +34,9 @@ public:
     void Fill(const TRect& block)
     {
         if (mIsTurned) {
-            FillPolygon(mFiller, std::array{Turned(block.Left, block.Top), Turned(block.Right, block.Top),
-                                            Turned(block.Right, block.Bottom),
-                                            Turned(block.Left, block.Bottom)});
+            FillPolygon(mFiller,
+                        std::array{Turned(block.Left, block.Top), Turned(block.Right, block.Top),
+                                   Turned(block.Right, block.Bottom), Turned(block.Left, block.Bottom)});
             return;
         }
         for (int y = block.Top; y < block.Bottom; ++y) {
@@ -63,9 +63,8 @@ private:
 void CPixelDevice::Text(const TPoint& at, const System::UnicodeString& text, const TFontData& font,
                         const TTextOptions& options)
 {
-    const TRect clip = options.clip == nullptr
-                           ? mState.Clip()
-                           : Intersection(mState.Clip(), mState.ToDevice(*options.clip));
+    const TRect clip =
+        options.clip == nullptr ? mState.Clip() : Intersection(mState.Clip(), mState.ToDevice(*options.clip));
     const CFontTable table(font);
     const TTextMetrics metrics = table.Metrics();
     const TPoint corner = mState.ToDevice(at);
@@ -91,7 +90,8 @@ void CPixelDevice::Text(const TPoint& at, const System::UnicodeString& text, con
         if (unit > u' ' && advance > 0) {
             // The last column and the space above stay free, so that characters and lines stand apart.
             const int right = HoldPlace(0LL + x + std::max(1, advance - 1));
-            blocks.Fill({.Left = x, .Top = metrics.internalLeading, .Right = right, .Bottom = metrics.ascent});
+            blocks.Fill(
+                {.Left = x, .Top = metrics.internalLeading, .Right = right, .Bottom = metrics.ascent});
         }
         x = HoldPlace(0LL + x + advance);
     }

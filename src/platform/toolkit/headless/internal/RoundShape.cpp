@@ -65,11 +65,12 @@ TRoundShape OuterEdge(const TRoundShape& shape, const TPenData& pen)
 
 TRoundShape TRoundShape::Inset(int by) const
 {
-    TRoundShape inner{.rect = {.Left = rect.Left + by,
-                               .Top = rect.Top + by,
-                               .Right = rect.Right - by,
-                               .Bottom = rect.Bottom - by},
-                      .corner = {.cx = std::max(0, corner.cx - 2 * by), .cy = std::max(0, corner.cy - 2 * by)}};
+    TRoundShape inner{
+        .rect = {.Left = rect.Left + by,
+                 .Top = rect.Top + by,
+                 .Right = rect.Right - by,
+                 .Bottom = rect.Bottom - by},
+        .corner = {.cx = std::max(0, corner.cx - 2 * by), .cy = std::max(0, corner.cy - 2 * by)}};
     return inner;
 }
 

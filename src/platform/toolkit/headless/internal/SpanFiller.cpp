@@ -18,7 +18,10 @@ constexpr int LineDistance = 8;
 
 CSpanFiller::CSpanFiller(Pixels& pixels, const Types::TRect& clip, const TBrushData& brush,
                          Graphics::TPenMode mode)
-    : mPixels(pixels), mClip(clip), mBrush(brush), mMode(mode),
+    : mPixels(pixels),
+      mClip(clip),
+      mBrush(brush),
+      mMode(mode),
       mIsClear(!brush.pattern && brush.style == Graphics::bsClear)
 {
     if (mBrush.pattern && mBrush.pattern->IsEmpty()) {
@@ -27,15 +30,19 @@ CSpanFiller::CSpanFiller(Pixels& pixels, const Types::TRect& clip, const TBrushD
 }
 
 CSpanFiller::CSpanFiller(Pixels& pixels, const Types::TRect& clip, const TPenData& pen)
-    : mPixels(pixels), mClip(clip), mBrush{.color = pen.color, .style = Graphics::bsSolid, .pattern = {}},
-      mMode(pen.mode), mIsClear(pen.style == Graphics::psClear)
+    : mPixels(pixels),
+      mClip(clip),
+      mBrush{.color = pen.color, .style = Graphics::bsSolid, .pattern = {}},
+      mMode(pen.mode),
+      mIsClear(pen.style == Graphics::psClear)
 {
 }
 
 bool CSpanFiller::BrushAt(int x, int y, TPixel& color) const
 {
     if (mBrush.pattern) {
-        color = AlphaBits | mBrush.pattern->At(x % mBrush.pattern->getWidth(), y % mBrush.pattern->getHeight());
+        color =
+            AlphaBits | mBrush.pattern->At(x % mBrush.pattern->getWidth(), y % mBrush.pattern->getHeight());
         return true;
     }
     color = mBrush.color;
@@ -69,7 +76,8 @@ void CSpanFiller::Span(int y, int first, int end)
     if (from >= to) {
         return;
     }
-    const auto row = mPixels.Row(y).subspan(static_cast<std::size_t>(from), static_cast<std::size_t>(to - from));
+    const auto row =
+        mPixels.Row(y).subspan(static_cast<std::size_t>(from), static_cast<std::size_t>(to - from));
     if (mMode == Graphics::pmCopy && mBrush.style == Graphics::bsSolid && !mBrush.pattern) {
         std::ranges::fill(row, mBrush.color);
         return;

@@ -84,7 +84,10 @@ public:
         Put16(value & 0xFFFFU);
         Put16(value >> 16U);
     }
-    void Append(std::span<const System::Byte> bytes) { mBytes.insert(mBytes.end(), bytes.begin(), bytes.end()); }
+    void Append(std::span<const System::Byte> bytes)
+    {
+        mBytes.insert(mBytes.end(), bytes.begin(), bytes.end());
+    }
     std::size_t Size() const { return mBytes.size(); }
     std::vector<System::Byte> Take() { return std::move(mBytes); }
 

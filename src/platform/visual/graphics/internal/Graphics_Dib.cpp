@@ -110,8 +110,7 @@ void CDib::ReadPalette(std::size_t offset, std::size_t count, std::size_t entryS
     mPalette.assign(std::size_t{1} << static_cast<unsigned>(mBitCount), Toolkits::OpaquePixel(0, 0, 0));
     for (std::size_t i = 0; i < count; ++i) {
         const std::size_t entry = offset + i * entrySize;
-        mPalette[i] =
-            Toolkits::OpaquePixel(mBytes.At8(entry + 2), mBytes.At8(entry + 1), mBytes.At8(entry));
+        mPalette[i] = Toolkits::OpaquePixel(mBytes.At8(entry + 2), mBytes.At8(entry + 1), mBytes.At8(entry));
     }
 }
 
@@ -178,11 +177,9 @@ TPixel CDib::PixelAt(std::size_t offset, int x) const
 TPixel CDib::Masked(unsigned value) const
 {
     // The fourth byte of pixels that tell nothing of alpha may be one all the same; icons look at it.
-    const bool hasPlainAlpha = mBitCount == 32 && mMasks[3] == 0 &&
-                               (mMasks[0] | mMasks[1] | mMasks[2]) == 0xFFFFFF;
-    const TPixel alpha = hasPlainAlpha     ? value >> 24U
-                         : mMasks[3] != 0  ? Spread(value, mMasks[3])
-                                           : 255U;
+    const bool hasPlainAlpha =
+        mBitCount == 32 && mMasks[3] == 0 && (mMasks[0] | mMasks[1] | mMasks[2]) == 0xFFFFFF;
+    const TPixel alpha = hasPlainAlpha ? value >> 24U : mMasks[3] != 0 ? Spread(value, mMasks[3]) : 255U;
     return alpha << 24U | Spread(value, mMasks[0]) << 16U | Spread(value, mMasks[1]) << 8U |
            Spread(value, mMasks[2]);
 }

@@ -31,8 +31,8 @@ inline bool FindIdent(std::span<const TIdent> idents, int value, System::Unicode
 /// The value of the name, case aside; false, and `value` stays, if there is none.
 inline bool FindValue(std::span<const TIdent> idents, const System::UnicodeString& ident, int& value)
 {
-    const auto found = std::ranges::find_if(
-        idents, [&](const TIdent& row) { return Sysutils::SameText(row.name, ident); });
+    const auto found =
+        std::ranges::find_if(idents, [&](const TIdent& row) { return Sysutils::SameText(row.name, ident); });
     if (found == idents.end()) {
         return false;
     }

@@ -77,7 +77,10 @@ std::u16string_view WithoutBlanksBehind(std::u16string_view text)
 } // namespace
 
 CTextLayout::CTextLayout(const Toolkits::TFontData& font, unsigned flags, int width)
-    : mFont(font), mToolkit(Toolkits::CurrentToolkit()), mFlags(WithoutTabStop(flags)), mWidth(std::max(0, width)),
+    : mFont(font),
+      mToolkit(Toolkits::CurrentToolkit()),
+      mFlags(WithoutTabStop(flags)),
+      mWidth(std::max(0, width)),
       mMetrics(mToolkit.FontMetrics(font))
 {
     const unsigned stops = (flags & DT_TABSTOP) != 0 ? std::max(1U, flags >> 8U & 0xFFU) : OwnStops;
@@ -216,8 +219,8 @@ std::vector<TTextLine> CTextLayout::LinesOf(const UnicodeString& text) const
 
 bool CTextLayout::Shorten(TTextLine& line, bool isLast) const
 {
-    const bool wants = (mFlags & DT_WORD_ELLIPSIS) != 0 ||
-                       (isLast && (mFlags & (DT_END_ELLIPSIS | DT_PATH_ELLIPSIS)) != 0);
+    const bool wants =
+        (mFlags & DT_WORD_ELLIPSIS) != 0 || (isLast && (mFlags & (DT_END_ELLIPSIS | DT_PATH_ELLIPSIS)) != 0);
     if (!wants || line.width <= mWidth) {
         return false;
     }
