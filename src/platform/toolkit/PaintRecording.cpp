@@ -108,6 +108,14 @@ private:
     TRect mTo;
 };
 
+constexpr TRect Held(const TRect& rect)
+{
+    return {.Left = HoldPlace(rect.Left),
+            .Top = HoldPlace(rect.Top),
+            .Right = HoldPlace(rect.Right),
+            .Bottom = HoldPlace(rect.Bottom)};
+}
+
 constexpr TRect OwnBounds = {.Left = 0, .Top = 0, .Right = 16'384, .Bottom = 16'384};
 
 } // namespace
@@ -123,14 +131,15 @@ PaintRecording::~PaintRecording() = default;
 
 void PaintRecording::Play(PaintDevice& device, const TRect& from, const TRect& to) const
 {
-    if (from.Width() <= 0 || from.Height() <= 0) {
+    const TRect source = Held(from);
+    if (source.Left >= source.Right || source.Top >= source.Bottom) {
         return;
     }
-    CPlayer player(device, from, to);
+    CPlayer player(device, source, Held(to));
     device.PushState();
     // A drawing that puts back more than it kept must not undo what stands around it.
     int kept = 0;
-    player(TOriginRecord{.by = {.cx = -from.Left, .cy = -from.Top}});
+    player(TOriginRecord{.by = {.cx = -source.Left, .cy = -source.Top}});
     device.MoveOrigin(to.Left, to.Top);
     for (const TPaintRecord& call : mRecords->calls) {
         if (std::holds_alternative<TPushRecord>(call)) {

@@ -4,6 +4,7 @@
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/visual/graphics/Graphics_Canvas.h"
 #include "platform/visual/graphics/internal/Graphics_IconFile.h"
+#include "platform/visual/graphics/internal/Graphics_Place.h"
 
 namespace Graphics
 {
@@ -169,7 +170,8 @@ void TIcon::SaveToStream(Classes::TStream* stream)
 
 void TIcon::DrawTransparent(TCanvas* canvas, const Types::TRect& rect, unsigned char opacity)
 {
-    const Toolkits::Pixels& pixels = PixelsFor(rect.Width(), rect.Height());
+    const Toolkits::Pixels& pixels =
+        PixelsFor(Distance(rect.Left, rect.Right), Distance(rect.Top, rect.Bottom));
     DeviceOf(*canvas).Image(pixels, pixels.Bounds(), rect, {.hasAlpha = true, .opacity = opacity});
 }
 

@@ -151,7 +151,7 @@ void CPixelDevice::Image(const Pixels& image, const TRect& source, const TRect& 
 {
     const TRect onto = mState.ToDevice(target);
     const TRect visible = Intersection(Normalized(onto), mState.Clip());
-    if (visible == TRect{} || source.Width() == 0 || source.Height() == 0) {
+    if (visible == TRect{} || source.Left == source.Right || source.Top == source.Bottom) {
         return;
     }
     // The middle of a pixel tells which one of the image it shows.

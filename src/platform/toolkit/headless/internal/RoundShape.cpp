@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/headless/internal/Shapes.h"
+#include "platform/toolkit/internal/DeviceState.h"
 
 #include <algorithm>
 #include <cmath>
@@ -48,8 +49,9 @@ TRoundShape OuterEdge(const TRoundShape& shape, const TPenData& pen)
     if (pen.width <= 1 || pen.style == Graphics::psInsideFrame) {
         return shape;
     }
-    const int before = pen.width / 2;
-    const int behind = (pen.width - 1) / 2;
+    const int width = std::min(pen.width, FarthestPlace);
+    const int before = width / 2;
+    const int behind = (width - 1) / 2;
     TRoundShape outer = shape;
     outer.rect = {.Left = shape.rect.Left - before,
                   .Top = shape.rect.Top - before,

@@ -16,6 +16,13 @@ constexpr int PlaceBehind(int place, int extent) noexcept
                                                   std::numeric_limits<int>::max()));
 }
 
+/// The distance of two places, held to what an `int` has.
+constexpr int Distance(int first, int last) noexcept
+{
+    return static_cast<int>(std::clamp<long long>(0LL + last - first, std::numeric_limits<int>::min(),
+                                                  std::numeric_limits<int>::max()));
+}
+
 /// The rectangle of that size at the place.
 constexpr Types::TRect RectAt(int x, int y, int width, int height) noexcept
 {

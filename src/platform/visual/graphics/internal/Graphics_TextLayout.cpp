@@ -124,15 +124,19 @@ int CTextLayout::WidthOf(const UnicodeString& text) const
 
 std::size_t CTextLayout::FittingLength(std::u16string_view text, int width) const
 {
+    const auto fits = [&](std::size_t length) {
+        return WidthOf(UnicodeString(text.substr(0, length))) <= width;
+    };
+    // Most of a long text doesn't fit, and is not to be measured for each line anew.
     std::size_t fitting = 0;
-    std::size_t tooMany = text.size() + 1;
-    while (tooMany - fitting > 1) {
+    std::size_t tooMany = std::min<std::size_t>(16, text.size());
+    while (tooMany > fitting && fits(tooMany)) {
+        fitting = tooMany;
+        tooMany = std::min(2 * tooMany, text.size());
+    }
+    while (tooMany > fitting + 1) {
         const std::size_t middle = fitting + (tooMany - fitting) / 2;
-        if (WidthOf(UnicodeString(text.substr(0, middle))) <= width) {
-            fitting = middle;
-        } else {
-            tooMany = middle;
-        }
+        (fits(middle) ? fitting : tooMany) = middle;
     }
     if (fitting > 0 && fitting < text.size() && IsPairEnd(text[fitting])) {
         --fitting;
@@ -155,28 +159,26 @@ void CTextLayout::AddBroken(TTextLine paragraph, std::vector<TTextLine>& lines) 
     };
     std::size_t start = 0;
     std::size_t place = 0;
-    long long width = 0;
+    std::size_t end = 0;
+    int width = 0;
     while (place < text.size()) {
-        std::size_t end = EndOfWord(text, place);
-        const UnicodeString word(text.substr(place, end - place));
-        const int visible = WidthOf(UnicodeString(WithoutBlanksBehind(word.AsView())));
-        if (place > start && width + visible > mWidth) {
+        end = place < end ? end : EndOfWord(text, place);
+        const auto word = text.substr(place, end - place);
+        const auto visible = WithoutBlanksBehind(word);
+        const std::size_t fitting = FittingLength(visible, mWidth - width);
+        if (fitting < visible.size() && place > start) {
             add(start, place);
             start = place;
             width = 0;
-            continue;
+        } else if (fitting < visible.size() && (mFlags & DT_EDITCONTROL) != 0) {
+            place += std::max<std::size_t>(1, fitting);
+            place += place < end && IsPairEnd(text[place]) ? 1U : 0U;
+            add(start, place);
+            start = place;
+        } else {
+            width = std::min(FarthestText, width + WidthOf(UnicodeString(word)));
+            place = end;
         }
-        if (place == start && visible > mWidth && (mFlags & DT_EDITCONTROL) != 0) {
-            end = place + std::max<std::size_t>(1, FittingLength(text.substr(place, end - place), mWidth));
-            if (end < text.size() && IsPairEnd(text[end])) {
-                ++end;
-            }
-            add(start, end);
-            start = place = end;
-            continue;
-        }
-        width += WidthOf(word);
-        place = end;
     }
     if (start < text.size() || text.empty()) {
         add(start, text.size());
