@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <regex>
 
@@ -50,8 +51,8 @@ TEST(GraphicsDrawTextTest, LaysLinesOut)
          26},
         {u"0000000000000\n0000000000000", DT_WORD_ELLIPSIS, "10,20 \"00000000...\"\n10,33 \"00000000...\"\n",
          26},
-        {u"C:\\000000000000\\00", DT_PATH_ELLIPSIS, "10,20 \"C:\\\\00...\\\\00\"\n", 13},
-        {u"&File && &0", DT_LEFT, "10,20 \"File & 0\"\nfill 46,32,52,33\n", 13},
+        {u"C:\\000000000000\\00", DT_PATH_ELLIPSIS, "10,20 \"C:\\\\000...\\\\00\"\n", 13},
+        {u"&File && &0", DT_LEFT, "10,20 \"File & 0\"\nfill 43,32,49,33\n", 13},
         {u"&00", DT_HIDEPREFIX, "10,20 \"00\"\n", 13},
         {u"&00", DT_PREFIXONLY, "fill 10,32,16,33\n", 13},
         {u"&00", DT_NOPREFIX, "10,20 \"&00\"\n", 13},
@@ -131,9 +132,9 @@ TEST(GraphicsDrawTextTest, BearsLongTextsAndOddRectangles)
 {
     constexpr int most = std::numeric_limits<int>::max();
     RecordedCanvas canvas;
-    const UnicodeString longText = System::UnicodeString::StringOfChar(u'0', 200'000);
-    const UnicodeString lines = System::UnicodeString::StringOfChar(u'\n', 200'000);
-    const UnicodeString words = System::UnicodeString::StringOfChar(u' ', 100'000) + u"0\U0001F600";
+    const UnicodeString longText = System::UnicodeString::StringOfChar(u'0', 20'000);
+    const UnicodeString lines = System::UnicodeString::StringOfChar(u'\n', 20'000);
+    const UnicodeString words = System::UnicodeString::StringOfChar(u' ', 20'000) + u"0\U0001F600";
     for (const UnicodeString& text : {longText, lines, words}) {
         for (const TRect& rect :
              {TRect{0, 0, 60, 40}, {-most - 1, -most - 1, most, most}, {most, most, -most, -most}}) {
@@ -142,7 +143,11 @@ TEST(GraphicsDrawTextTest, BearsLongTextsAndOddRectangles)
                   DT_EXPANDTABS | DT_RIGHT, DT_CALCRECT | DT_WORDBREAK}) {
                 TRect area = rect;
                 DrawText(canvas.get(), text, area, flags);
-                EXPECT_LT(canvas.Take().size(), 20'000'000U);
+                // What lies below the rectangle isn't drawn at all.
+                const std::string calls = canvas.Take();
+                if (rect.Bottom == 40) {
+                    EXPECT_LE(std::ranges::count(calls, '\n'), 4);
+                }
             }
         }
     }
