@@ -18,7 +18,7 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 
 # The symbols name the sources as they lie below the project's root, wherever that was.
-foreach(target TRS8_BTL TRS8_BTL_testing)
+foreach(target TRS8_BTL_low TRS8_BTL TRS8_BTL_testing trs8_btl_form)
     target_compile_options(${target} PRIVATE -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
 endforeach()
 

@@ -6,6 +6,7 @@ set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/TRS8_BTL)
 
 install(TARGETS TRS8_BTL TRS8_BTL_testing EXPORT TRS8_BTLTargets LIBRARY COMPONENT Runtime
         NAMELINK_COMPONENT Development ARCHIVE COMPONENT Development)
+install(TARGETS trs8_btl_form EXPORT TRS8_BTLTargets RUNTIME COMPONENT Development)
 install(EXPORT TRS8_BTLTargets NAMESPACE TRS8_BTL:: DESTINATION ${package_dir} COMPONENT Development)
 
 set(ids_dir ${CMAKE_INSTALL_DATADIR}/TRS8_BTL/IDS)
@@ -14,7 +15,7 @@ configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/TRS8_BTLConfig.cmake.in
                               PATH_VARS ids_dir)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/TRS8_BTLConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/TRS8_BTLConfig.cmake ${PROJECT_BINARY_DIR}/TRS8_BTLConfigVersion.cmake
-              ${CMAKE_CURRENT_LIST_DIR}/ProgramLayout.cmake
+              ${CMAKE_CURRENT_LIST_DIR}/ProgramLayout.cmake ${CMAKE_CURRENT_LIST_DIR}/Forms.cmake
         DESTINATION ${package_dir} COMPONENT Development)
 # A program takes its own copy of the language files along, which its users may change.
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/data/IDS/ DESTINATION ${ids_dir} COMPONENT Development)

@@ -57,6 +57,12 @@ unsigned long GetModuleFileNameW(const void* module, System::WideChar* buffer, u
 namespace Host
 {
 
+const void* ModuleOf(const void* address) noexcept
+{
+    Dl_info info;
+    return address != nullptr && dladdr(address, &info) != 0 ? info.dli_fbase : nullptr;
+}
+
 System::UnicodeString ProgramPath()
 {
     std::string path(256, '\0');

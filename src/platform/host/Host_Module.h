@@ -19,6 +19,10 @@ TRS8_BTL_API unsigned long GetModuleFileNameW(const void* module, System::WideCh
 namespace Host
 {
 
+/// Where the program or library that holds `address` begins in memory, which no other one shares; null if
+/// none holds it.
+[[nodiscard]] TRS8_BTL_API const void* ModuleOf(const void* address) noexcept;
+
 /// The full path of the running program, links resolved; empty on a failure.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString ProgramPath();
 

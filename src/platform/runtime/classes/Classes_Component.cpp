@@ -2,9 +2,14 @@
 #include "platform/runtime/classes/Classes_Component.h"
 
 #include "platform/runtime/classes/internal/Classes_ObjectList.h"
+#include "platform/runtime/filer/Classes_Reader.h"
+#include "platform/runtime/filer/Classes_Writer.h"
+#include "platform/runtime/filer/internal/Classes_Loading.h"
+#include "platform/runtime/filer/internal/Classes_Reference.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include <unicode/uchar.h>
 
@@ -58,6 +63,12 @@ TComponent::TComponent(TComponent* owner)
 
 TComponent::~TComponent()
 {
+    if (mIsTracked) {
+        CLiveComponents::Forget(*this);
+    }
+    if (mState.Contains(csFixups)) {
+        ForgetReferences(*this);
+    }
     Destroying();
     // A component told of the end may drop links of its own, so the list is taken from its end.
     while (!mFreeNotifies.empty()) {
@@ -314,6 +325,100 @@ void TComponent::Destroying()
 void TComponent::Loaded()
 {
     mState >> csLoading;
+}
+
+bool TComponent::HasParent() const
+{
+    return false;
+}
+
+TComponent* TComponent::GetParentComponent() const
+{
+    return nullptr;
+}
+
+void TComponent::ReadState(TReader& reader)
+{
+    reader.ReadData(this);
+}
+
+void TComponent::WriteState(TWriter& writer)
+{
+    writer.WriteData(this);
+}
+
+void TComponent::GetChildren(const TGetChildProc&, TComponent*) {}
+
+TComponent* TComponent::GetChildOwner()
+{
+    return nullptr;
+}
+
+TComponent* TComponent::GetChildParent()
+{
+    return this;
+}
+
+void TComponent::SetChildOrder(TComponent*, int) {}
+
+void TComponent::SetParentComponent(TComponent*) {}
+
+void TComponent::ValidateContainer(TComponent* component)
+{
+    if (component != nullptr) {
+        component->ValidateInsert(this);
+    }
+}
+
+void TComponent::ValidateInsert(TComponent*) {}
+
+void TComponent::Updating()
+{
+    mState << csUpdating;
+}
+
+void TComponent::Updated()
+{
+    mState >> csUpdating;
+}
+
+namespace
+{
+
+// The two halves of the design info.
+
+int LowHalf(int info)
+{
+    return static_cast<std::int16_t>(info);
+}
+
+int HighHalf(int info)
+{
+    return info >> 16;
+}
+
+int Joined(int low, int high)
+{
+    const auto held = [](int value) { return std::clamp<int>(value, INT16_MIN, INT16_MAX); };
+    return held(high) * 0x10000 + (held(low) & 0xFFFF);
+}
+
+} // namespace
+
+void TComponent::DefineProperties(TFiler& filer)
+{
+    TPersistent::DefineProperties(filer);
+    const auto* const ancestor = dynamic_cast<const TComponent*>(filer.getAncestor());
+    const int known = ancestor == nullptr ? 0 : ancestor->mDesignInfo;
+    filer.DefineProperty(
+        u"Left",
+        [this](TReader& reader) { mDesignInfo = Joined(reader.ReadInteger(), HighHalf(mDesignInfo)); },
+        [this](TWriter& writer) { writer.WriteInteger(LowHalf(mDesignInfo)); },
+        LowHalf(mDesignInfo) != LowHalf(known));
+    filer.DefineProperty(
+        u"Top", [this](TReader& reader) { mDesignInfo = Joined(LowHalf(mDesignInfo), reader.ReadInteger()); },
+        [this](TWriter& writer) { writer.WriteInteger(HighHalf(mDesignInfo)); },
+        HighHalf(mDesignInfo) != HighHalf(known));
 }
 
 } // namespace Classes

@@ -3,6 +3,7 @@
 
 #include "platform/base/System_Set.h"
 #include "platform/runtime/classes/Classes_Persistent.h"
+#include "platform/runtime/typinfo/System_Closure.h"
 
 #include <unordered_map>
 #include <vector>
@@ -10,10 +11,15 @@
 namespace Classes
 {
 
+class TComponent;
+
 /// What a component is doing, or is part of. The component itself sets `csDestroying`, from the begin of its
 /// end, and `csFreeNotification`, once it tells others of that end or is told. `csDesigning`, `csAncestor`,
 /// `csInline` and `csLoading` are set by the operations of these names, for those who edit and read
-/// components; the rest stands for them too, and nothing here sets it.
+/// components. A `TReader` sets `csLoading` from a component's begin until `Loaded`, `csReading` while it
+/// reads its properties, and `csFixups` while a reference of it waits for a form that isn't there yet; a
+/// `TWriter` sets `csWriting`. `csUpdating` stands between `Updating` and `Updated`; nothing here sets
+/// `csDesignInstance`.
 enum TComponentStateFlag
 {
     csLoading,
@@ -31,6 +37,9 @@ enum TComponentStateFlag
 
 /// All that holds for a component at a time.
 using TComponentState = System::Set<TComponentStateFlag, csLoading, csDesignInstance>;
+
+/// What `TComponent::GetChildren` calls for each child.
+using TGetChildProc = System::TClosure<void(TComponent*)>;
 
 /// An object with a name that may own other components and destroys them, the last one first, when it goes
 /// itself. Components are made by `new`; one without an owner belongs to its maker. Names are unique within
@@ -104,6 +113,15 @@ public:
     /// To be called when the component has been read completely. Clears `csLoading`.
     virtual void Loaded();
 
+    /// Whether another component than the owner holds this one, as a panel its controls or a menu its items.
+    virtual bool HasParent() const;
+    /// That component; null if there is none.
+    virtual TComponent* GetParentComponent() const;
+    /// Where the component stands on a design's sheet if it isn't visible itself: left in the lower, top in
+    /// the upper 16 bits. It is kept as the design's `Left` and `Top`.
+    int getDesignInfo() const noexcept { return mDesignInfo; }
+    void setDesignInfo(int designInfo) noexcept { mDesignInfo = designInfo; }
+
     /// Told of each component that comes or goes, among the owned ones or by `FreeNotification`. On
     /// `opRemove` the component may be in its destructor: only its address is of use. Passes the news to all
     /// owned components.
@@ -117,7 +135,38 @@ protected:
     /// Sets the name without a test.
     void ChangeName(const System::UnicodeString& name);
 
+    /// Reads the component's properties and then its children, by `TReader::ReadData`. A derived class may
+    /// prepare itself and tidy up around its parent's.
+    virtual void ReadState(TReader& reader);
+    /// Writes them, by `TWriter::WriteData`.
+    virtual void WriteState(TWriter& writer);
+    /// Calls `proc` for each component that a writer is to write inside of this one, in their order: those
+    /// that have it as their parent, and in `root`, the form itself, also those that it owns and that have
+    /// no parent. By itself it has none.
+    virtual void GetChildren(const TGetChildProc& proc, TComponent* root);
+    /// Who owns the children that are read inside of this one; null, which is the usual, stands for the form.
+    virtual TComponent* GetChildOwner();
+    /// Whose children they are: this one's.
+    virtual TComponent* GetChildParent();
+    /// Moves `child` to the place `order` among the children. By itself it does nothing.
+    virtual void SetChildOrder(TComponent* child, int order);
+    /// Puts the component into `parent`, which may be null. By itself it does nothing.
+    virtual void SetParentComponent(TComponent* parent);
+    /// Raises if `component` may not be put into this one. By itself it asks the other by `ValidateInsert`.
+    virtual void ValidateContainer(TComponent* component);
+    /// Raises if this component may not be put into `container`.
+    virtual void ValidateInsert(TComponent* container);
+    /// Called before and after a reader changes a component that stands already, as of an inherited form.
+    virtual void Updating();
+    virtual void Updated();
+    /// `Left` and `Top` of the design info.
+    void DefineProperties(TFiler& filer) override;
+
 private:
+    friend class TReader;
+    friend class TWriter;
+    friend class CLoading;
+
     void SetState(TComponentStateFlag flag, bool value);
     void Attach(TComponent& component);
     void Detach(TComponent& component);
@@ -131,6 +180,9 @@ private:
     TComponent* mOwner = nullptr;
     System::UnicodeString mName;
     System::Int64 mTag = 0;
+    int mDesignInfo = 0;
+    /// A reader, or a reference that waits, knows this component and must hear of its end.
+    bool mIsTracked = false;
     TComponentState mState;
     std::vector<TComponent*> mComponents;
     /// By names in small letters.

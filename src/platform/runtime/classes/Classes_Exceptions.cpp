@@ -11,6 +11,15 @@ EFOpenError::~EFOpenError() = default;
 EFilerError::~EFilerError() = default;
 EReadError::~EReadError() = default;
 EWriteError::~EWriteError() = default;
+EParserError::EParserError(const System::UnicodeString& reason, int line, int column)
+    : Exception(u"Line " + System::UnicodeString(line) + u", column " + System::UnicodeString(column) + u", " + reason),
+      mReason(reason),
+      mLine(line),
+      mColumn(column)
+{
+}
+
+EParserError::~EParserError() = default;
 EClassNotFound::~EClassNotFound() = default;
 EResNotFound::~EResNotFound() = default;
 EListError::~EListError() = default;

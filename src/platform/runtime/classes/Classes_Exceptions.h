@@ -74,6 +74,26 @@ public:
     ~EWriteError() override;
 };
 
+/// The text of a form that isn't one. The message begins with the place.
+class TRS8_BTL_API EParserError : public Sysutils::Exception
+{
+public:
+    /// `reason` goes behind the place in the message.
+    EParserError(const System::UnicodeString& reason, int line, int column);
+    ~EParserError() override;
+
+    /// Both count from 1; the column in characters.
+    int getLine() const noexcept { return mLine; }
+    int getColumn() const noexcept { return mColumn; }
+    /// The message without the place.
+    const System::UnicodeString& getReason() const noexcept { return mReason; }
+
+private:
+    System::UnicodeString mReason;
+    int mLine;
+    int mColumn;
+};
+
 /// No class of the name in the message is registered, see `FindClass`.
 class TRS8_BTL_API EClassNotFound : public EFilerError
 {

@@ -52,4 +52,6 @@ TPersistent* TPersistent::GetOwner() const
     return nullptr;
 }
 
+void TPersistent::DefineProperties(TFiler&) {}
+
 } // namespace Classes

@@ -7,6 +7,11 @@
 namespace Classes
 {
 
+class CDefiner;
+class TFiler;
+class TReader;
+class TWriter;
+
 /// What happens to a part of a component or collection.
 enum TOperation
 {
@@ -40,8 +45,17 @@ public:
     virtual TPersistent* GetOwner() const;
 
 protected:
+    /// Tells `filer` of what belongs to the object's design beyond its published properties: by
+    /// `TFiler::DefineProperty` for each such value, whether it is being read or written. A derived class
+    /// calls its parent's.
+    virtual void DefineProperties(TFiler& filer);
     /// Raises `Sysutils::EConvertError`: `source`, which may be null, can't be assigned to this.
     [[noreturn]] void AssignError(const TPersistent* source) const;
+
+private:
+    friend class CDefiner;
+    friend class TReader;
+    friend class TWriter;
 };
 
 } // namespace Classes

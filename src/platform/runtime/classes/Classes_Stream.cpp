@@ -2,6 +2,7 @@
 #include "platform/runtime/classes/Classes_Stream.h"
 
 #include "platform/base/internal/System_Memory.h"
+#include "platform/host/Host_Module.h"
 #include "platform/runtime/classes/internal/Classes_Position.h"
 #include "platform/runtime/classes/internal/Classes_StreamWindow.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
@@ -11,6 +12,7 @@
 #include <functional>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <typeinfo>
 
 namespace Classes
@@ -402,10 +404,17 @@ namespace
 
 using ResourceKey = std::pair<UnicodeString, UnicodeString>;
 
+struct TResource
+{
+    std::string_view bytes;
+    const void* module;
+};
+
 struct TResourceRegister
 {
     std::mutex mutex;
-    std::map<ResourceKey, std::string_view> resources;
+    /// Those of one name by their modules, in the order in which they came.
+    std::map<ResourceKey, std::vector<TResource>> resources;
 };
 
 /// Made at its first use: modules register while they start, in any order.
@@ -420,18 +429,68 @@ ResourceKey KeyOf(const UnicodeString& name, const UnicodeString& type)
     return {type.UpperCase(), name.UpperCase()};
 }
 
+/// The resource of that module, or else the last one; nothing if there is none.
+std::optional<std::string_view> FindResource(const ResourceKey& key, const void* module)
+{
+    const std::scoped_lock lock(Resources().mutex);
+    const auto found = Resources().resources.find(key);
+    if (found == Resources().resources.end()) {
+        return {};
+    }
+    const std::vector<TResource>& ofName = found->second;
+    const auto own = std::ranges::find(ofName, module, &TResource::module);
+    return own != ofName.end() ? own->bytes : ofName.back().bytes;
+}
+
+std::optional<std::string_view> FindFormResource(const TMetaClass* type)
+{
+    if (type == nullptr) {
+        return {};
+    }
+    if (!type->FormResource().empty()) {
+        return AsChars(type->FormResource());
+    }
+    return FindResource(KeyOf(type->getName(), ResourceRawData), Host::ModuleOf(type->ModuleAddress()));
+}
+
+[[noreturn]] void FailNoResource(const UnicodeString& name)
+{
+    throw EResNotFound(u"Resource " + name + u" not found");
+}
+
 } // namespace
 
 void RegisterResource(const UnicodeString& name, std::span<const Byte> bytes, const UnicodeString& type)
 {
+    const TResource resource{AsChars(bytes), Host::ModuleOf(bytes.data())};
     const std::scoped_lock lock(Resources().mutex);
-    Resources().resources[KeyOf(name, type)] = AsChars(bytes);
+    std::vector<TResource>& ofName = Resources().resources[KeyOf(name, type)];
+    std::erase_if(ofName, [&](const TResource& known) { return known.module == resource.module; });
+    ofName.push_back(resource);
+}
+
+void UnregisterResource(const UnicodeString& name, std::span<const Byte> bytes, const UnicodeString& type)
+{
+    const std::scoped_lock lock(Resources().mutex);
+    const auto found = Resources().resources.find(KeyOf(name, type));
+    if (found == Resources().resources.end()) {
+        return;
+    }
+    const auto isIt = [&](const TResource& known) { return known.bytes.data() == AsChars(bytes).data(); };
+    std::erase_if(found->second, isIt);
+    if (found->second.empty()) {
+        Resources().resources.erase(found);
+    }
 }
 
 bool ResourceExists(const UnicodeString& name, const UnicodeString& type)
 {
-    const std::scoped_lock lock(Resources().mutex);
-    return Resources().resources.contains(KeyOf(name, type));
+    return FindResource(KeyOf(name, type), nullptr).has_value();
+}
+
+bool FormResourceExists(const TMetaClass* type)
+{
+    return FindFormResource(type).has_value();
 }
 
 TMetaClass* TResourceStream::ClassRecord()
@@ -442,12 +501,20 @@ TMetaClass* TResourceStream::ClassRecord()
 
 TResourceStream::TResourceStream(const UnicodeString& name, const UnicodeString& type)
 {
-    const std::scoped_lock lock(Resources().mutex);
-    const auto found = Resources().resources.find(KeyOf(name, type));
-    if (found == Resources().resources.end()) {
-        throw EResNotFound(u"Resource " + name + u" not found");
+    const std::optional<std::string_view> bytes = FindResource(KeyOf(name, type), nullptr);
+    if (!bytes) {
+        FailNoResource(name);
     }
-    mBytes = found->second;
+    mBytes = *bytes;
+}
+
+TResourceStream::TResourceStream(const TMetaClass* type)
+{
+    const std::optional<std::string_view> bytes = FindFormResource(type);
+    if (!bytes) {
+        FailNoResource(type == nullptr ? UnicodeString() : type->getName());
+    }
+    mBytes = *bytes;
 }
 
 TResourceStream::~TResourceStream() = default;

@@ -304,12 +304,20 @@ private:
 /// The type of binary resources.
 inline constexpr const System::WideChar* ResourceRawData = u"RCDATA";
 
-/// Adds a binary resource to those of the program, for the rest of its run, in place of an older one of the
-/// same name and type. Case doesn't count. `bytes` must live as long.
+/// Adds a binary resource to those of the program, in place of an older one of the same name and type that
+/// lies in the same module, which is the program or one of its libraries; of several modules the last one
+/// holds. Case doesn't count. `bytes` must live until `UnregisterResource`, or as long as the program.
 TRS8_BTL_API void RegisterResource(const System::UnicodeString& name, std::span<const System::Byte> bytes,
                                    const System::UnicodeString& type = ResourceRawData);
+/// Takes the resource that has these very bytes from those of the program, as a library does that is
+/// unloaded.
+TRS8_BTL_API void UnregisterResource(const System::UnicodeString& name, std::span<const System::Byte> bytes,
+                                     const System::UnicodeString& type = ResourceRawData);
 TRS8_BTL_API bool ResourceExists(const System::UnicodeString& name,
                                  const System::UnicodeString& type = ResourceRawData);
+
+/// Whether `TResourceStream` finds the form resource of this class itself; false for null.
+TRS8_BTL_API bool FormResourceExists(const System::TMetaClass* type);
 
 /// A resource of the program as a stream, which can't be written.
 class TRS8_BTL_API TResourceStream : public TCustomMemoryStream
@@ -320,6 +328,9 @@ public:
     /// `EResNotFound` if the program has no such resource.
     explicit TResourceStream(const System::UnicodeString& name,
                              const System::UnicodeString& type = ResourceRawData);
+    /// The form resource of a class: that of its description, or else the raw one of its name, of the class's
+    /// own module rather than of another one. `EResNotFound` if there is none, and for null.
+    explicit TResourceStream(const System::TMetaClass* type);
     ~TResourceStream() override;
 
     /// Always raises `EStreamError`.

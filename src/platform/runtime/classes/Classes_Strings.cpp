@@ -6,6 +6,8 @@
 #include "platform/runtime/classes/Classes_Update.h"
 #include "platform/runtime/classes/internal/Classes_DelimitedText.h"
 #include "platform/runtime/classes/internal/Classes_StreamWindow.h"
+#include "platform/runtime/filer/Classes_Reader.h"
+#include "platform/runtime/filer/Classes_Writer.h"
 #include "platform/runtime/sysutils/Sysutils_Text.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 
@@ -448,6 +450,47 @@ bool TStrings::EqualStrings(const UnicodeString& a, const UnicodeString& b) cons
 {
     // Folding is quicker than collation and tells nearly all differences.
     return a.CompareIC(b) == 0 && CompareStrings(a, b) == 0;
+}
+
+namespace
+{
+
+std::vector<UnicodeString> ReadLines(TReader& reader)
+{
+    std::vector<UnicodeString> lines;
+    reader.ReadListBegin();
+    while (!reader.EndOfList()) {
+        lines.push_back(reader.ReadString());
+    }
+    reader.ReadListEnd();
+    return lines;
+}
+
+void WriteLines(TWriter& writer, const TStrings& lines)
+{
+    writer.WriteListBegin();
+    for (const UnicodeString& line : lines) {
+        writer.WriteString(line);
+    }
+    writer.WriteListEnd();
+}
+
+} // namespace
+
+void TStrings::DefineProperties(TFiler& filer)
+{
+    TPersistent::DefineProperties(filer);
+    const auto* const ancestor = dynamic_cast<const TStrings*>(filer.getAncestor());
+    const bool hasData = ancestor == nullptr ? GetCount() > 0 : !Equals(ancestor);
+    filer.DefineProperty(
+        u"Strings",
+        [this](TReader& reader) {
+            const std::vector<UnicodeString> lines = ReadLines(reader);
+            const GUpdateScope scope(*this);
+            Clear();
+            AddStrings(lines);
+        },
+        [this](TWriter& writer) { WriteLines(writer, *this); }, hasData);
 }
 
 void TStrings::ReplaceLines(Items&& items)

@@ -181,6 +181,8 @@ protected:
     /// Whether `CompareStrings` gives 0.
     virtual bool EqualStrings(const System::UnicodeString& a, const System::UnicodeString& b) const;
 
+    /// The lines, as `Strings`.
+    void DefineProperties(TFiler& filer) override;
     /// Raises `EStringListError` unless `index` is in 0 to `limit` - 1.
     void CheckIndex(int index, int limit) const;
 

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include "platform/runtime/filer/Classes_FormText.h"
+
+#include "platform/runtime/filer/internal/Classes_FormInput.h"
+#include "platform/runtime/filer/internal/Classes_FormNames.h"
+#include "platform/runtime/filer/internal/Classes_FormOutput.h"
+#include "platform/runtime/filer/internal/Classes_FormParser.h"
+#include "platform/runtime/filer/internal/Classes_FormTextSink.h"
+#include "platform/runtime/filer/internal/Classes_FormWalk.h"
+
+#include <algorithm>
+
+namespace Classes
+{
+
+using System::Int64;
+
+namespace
+{
+
+constexpr std::size_t BlockSize = 0x10000;
+
+TStream& NeedStream(TStream* stream)
+{
+    if (stream == nullptr) {
+        throw EStreamError(u"There is no stream to read or write a form");
+    }
+    return *stream;
+}
+
+/// Whether `text`, in any case, stands at the front of `begin`.
+bool BeginsWith(std::string_view begin, std::string_view text)
+{
+    return Form::SameAsciiText(begin.substr(0, text.size()), text);
+}
+
+} // namespace
+
+void ObjectBinaryToText(TStream* input, TStream* output)
+{
+    Form::CInput bytes(NeedStream(input), BlockSize);
+    Form::CTextSink sink(NeedStream(output));
+    Form::WalkBinary(bytes, sink);
+    sink.Flush();
+    bytes.GiveBack();
+}
+
+void ObjectTextToBinary(TStream* input, TStream* output)
+{
+    TStream& target = NeedStream(output);
+    Form::CInput text(NeedStream(input), BlockSize);
+    Form::CBinarySink sink;
+    Form::CParser(text.TakeRest(), sink).Parse();
+    const std::string& bytes = sink.getBytes();
+    target.WriteBuffer(bytes.data(), static_cast<Int64>(bytes.size()));
+}
+
+TStreamOriginalFormat TestStreamFormat(TStream* stream)
+{
+    Form::CInput input(NeedStream(stream), Form::Signature.size());
+    const std::string_view begin = input.PeekUpTo(64);
+    input.GiveBack();
+    if (begin.starts_with(Form::Signature)) {
+        return sofBinary;
+    }
+    if (begin.starts_with(Form::ByteOrderMark)) {
+        return sofUTF8Text;
+    }
+    const std::size_t blanks = std::min(begin.find_first_not_of(" \t\r\n"), begin.size());
+    const std::string_view word = begin.substr(blanks);
+    const bool isText =
+        BeginsWith(word, "object") || BeginsWith(word, "inherited") || BeginsWith(word, "inline");
+    return isText ? sofText : sofUnknown;
+}
+
+} // namespace Classes
