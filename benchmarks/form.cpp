@@ -18,9 +18,9 @@ std::string FormText(int count)
 {
     std::string text = "object Main: TSheet\n  Caption = 'Measuring'\n";
     for (int i = 0; i < count; ++i) {
-        text += "  object Button" + std::to_string(i) +
-                ": TButton\n    Left = " + std::to_string(i) +
-                "\n    Top = 1000\n    Width = 75\n    Caption = 'Start of the measurement'\n    Hint = 'It''s 5 \xC2\xB5m'\n"
+        text += "  object Button" + std::to_string(i) + ": TButton\n    Left = " + std::to_string(i) +
+                "\n    Top = 1000\n    Width = 75\n    Caption = 'Start of the measurement'\n    Hint = "
+                "'It''s 5 \xC2\xB5m'\n"
                 "    Kind = bkRound\n    Anchors = [akLeft, akTop]\n    Ratio = 0.25\n  end\n";
     }
     return text + "end\n";

@@ -40,7 +40,10 @@ class TBox : public TComponent
     TRS8_BTL_CLASS(TBox, TComponent)
 
 public:
-    explicit TBox(TComponent* owner = nullptr) : TComponent(owner), mItems(System::ClassOf<TItem>()) { ++Boxes; }
+    explicit TBox(TComponent* owner = nullptr) : TComponent(owner), mItems(System::ClassOf<TItem>())
+    {
+        ++Boxes;
+    }
     ~TBox() override
     {
         --Boxes;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Compiles the texts of forms, checks them, makes sources of them that put them into a program, and shows what a
-// compiled form says.
+// Compiles the texts of forms, checks them, makes sources of them that put them into a program, and shows
+// what a compiled form says.
 
 #include "platform/host/Host_Path.h"
 #include "platform/runtime/classes/Classes_Stream.h"
@@ -158,14 +158,16 @@ std::string ClassOf(std::string_view text)
     return std::string(words.substr(words.find_last_of(' ') + 1));
 }
 
-/// The bytes as the content of a string literal, in lines. Octal digits end by themselves, hexadecimal ones don't.
+/// The bytes as the content of a string literal, in lines. Octal digits end by themselves, hexadecimal ones
+/// don't.
 std::string Literal(std::string_view bytes)
 {
     std::string literal;
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         literal += i % 32 == 0 ? "\n    \"" : "";
         char digits[8];
-        std::snprintf(digits, sizeof digits, "\\%03o", static_cast<unsigned>(static_cast<unsigned char>(bytes[i])));
+        std::snprintf(digits, sizeof digits, "\\%03o",
+                      static_cast<unsigned>(static_cast<unsigned char>(bytes[i])));
         literal += digits;
         literal += i % 32 == 31 || i + 1 == bytes.size() ? "\"" : "";
     }
@@ -189,13 +191,13 @@ std::string Source(const std::string& path, const Options& options)
                          "const char Bytes[] =";
     source += Literal(bytes) + ";\n\n";
     const std::string arguments = "(\"" + name + "\", Bytes, sizeof Bytes - 1);";
-    source += "// Functions that run as the module comes and goes need no object, and so no destructor at exit.\n"
-              "__attribute__((constructor)) void Register()\n{\n    Classes::Detail::RegisterForm" +
-              arguments +
-              "\n}\n\n"
-              "__attribute__((destructor)) void Unregister()\n{\n    Classes::Detail::UnregisterForm" +
-              arguments +
-              "\n}\n\n} // namespace\n";
+    source +=
+        "// Functions that run as the module comes and goes need no object, and so no destructor at exit.\n"
+        "__attribute__((constructor)) void Register()\n{\n    Classes::Detail::RegisterForm" +
+        arguments +
+        "\n}\n\n"
+        "__attribute__((destructor)) void Unregister()\n{\n    Classes::Detail::UnregisterForm" +
+        arguments + "\n}\n\n} // namespace\n";
     if (!options.symbol.empty()) {
         source += "\n// By this name a linker takes the form from a static library.\n"
                   "extern \"C\" __attribute__((visibility(\"hidden\"))) const char " +

@@ -14,5 +14,6 @@ public:
     System::UnicodeString Caption;
 };
 
-/// The caption of the form of a class that lies in a static library, of which the program knows this function alone.
+/// The caption of the form of a class that lies in a static library, of which the program knows this function
+/// alone.
 System::UnicodeString CaptionInLibrary();

@@ -56,7 +56,8 @@ void Expect(const System::UnicodeString& value, const System::UnicodeString& exp
 
 } // namespace
 
-/// The classes of a program, its static library and its add-in find their forms, also after others of one name came.
+/// The classes of a program, its static library and its add-in find their forms, also after others of one
+/// name came.
 int main(int, char** arguments)
 {
     Expect(TShared().Caption, u"program");
@@ -70,7 +71,8 @@ int main(int, char** arguments)
         std::cerr << dlerror() << '\n';
         return 1;
     }
-    auto* const captionInAddIn = reinterpret_cast<void (*)(System::UnicodeString&)>(dlsym(addIn, "CaptionInAddIn"));
+    auto* const captionInAddIn =
+        reinterpret_cast<void (*)(System::UnicodeString&)>(dlsym(addIn, "CaptionInAddIn"));
     System::UnicodeString caption;
     captionInAddIn(caption);
     Expect(caption, u"add-in");

@@ -12,7 +12,8 @@ EFilerError::~EFilerError() = default;
 EReadError::~EReadError() = default;
 EWriteError::~EWriteError() = default;
 EParserError::EParserError(const System::UnicodeString& reason, int line, int column)
-    : Exception(u"Line " + System::UnicodeString(line) + u", column " + System::UnicodeString(column) + u", " + reason),
+    : Exception(u"Line " + System::UnicodeString(line) + u", column " + System::UnicodeString(column) +
+                u", " + reason),
       mReason(reason),
       mLine(line),
       mColumn(column)

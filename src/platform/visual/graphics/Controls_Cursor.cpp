@@ -2,6 +2,7 @@
 #include "platform/visual/graphics/Controls_Cursor.h"
 
 #include "platform/base/numbers/Sysutils_Integer.h"
+#include "platform/runtime/filer/Classes_IntegerConsts.h"
 #include "platform/visual/graphics/internal/Graphics_Idents.h"
 
 namespace Controls
@@ -34,6 +35,17 @@ constexpr Graphics::TIdent Cursors[] = {{u"crAppStart", crAppStart},
                                         {u"crVSplit", crVSplit},
                                         // Read, but never written.
                                         {u"crSize", crSize}};
+
+/// Lets form resources have the names.
+struct TLinkToFiler
+{
+    TLinkToFiler()
+    {
+        Classes::RegisterIntegerConsts(Typinfo::TypeInfoOf<TCursor>(), &IdentToCursor, &CursorToIdent);
+    }
+};
+
+const TLinkToFiler linkToFiler;
 
 } // namespace
 
@@ -81,6 +93,12 @@ TTypeInfo GEnumType<Controls::TCursor>::Make()
             .Name = u"TCursor",
             .MinValue = std::numeric_limits<short>::min(),
             .MaxValue = std::numeric_limits<short>::max()};
+}
+
+const TTypeInfo* GPropTraits<Controls::TCursor>::TypeInfo()
+{
+    static const auto* const type = new TTypeInfo(GEnumType<Controls::TCursor>::Make());
+    return type;
 }
 
 } // namespace Typinfo

@@ -55,11 +55,23 @@ TRS8_BTL_API void GetCursorValues(const System::TClosure<void(const System::Unic
 namespace Typinfo
 {
 
-/// An integer named "TCursor".
+/// An integer named "TCursor", with names in form resources. All modules have one record of it, by which
+/// these are found.
 template <>
 struct TRS8_BTL_API GEnumType<Controls::TCursor>
 {
     static TTypeInfo Make();
+};
+
+template <>
+struct TRS8_BTL_API GPropTraits<Controls::TCursor>
+{
+    static const TTypeInfo* TypeInfo();
+    static TPropValue ToValue(Controls::TCursor value) { return System::Int64{value}; }
+    static Controls::TCursor FromValue(const TPropValue& value)
+    {
+        return Controls::TCursor(std::get<System::Int64>(value));
+    }
 };
 
 } // namespace Typinfo

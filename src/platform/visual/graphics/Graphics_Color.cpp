@@ -2,6 +2,7 @@
 #include "platform/visual/graphics/Graphics_Color.h"
 
 #include "platform/base/numbers/Sysutils_Integer.h"
+#include "platform/runtime/filer/Classes_IntegerConsts.h"
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/graphics/internal/Graphics_Idents.h"
 
@@ -73,6 +74,17 @@ bool IsSystemColor(TColor color)
     return (static_cast<unsigned>(color) & 0xFF000000U) == 0xFF000000U;
 }
 
+/// Lets form resources have the names.
+struct TLinkToFiler
+{
+    TLinkToFiler()
+    {
+        Classes::RegisterIntegerConsts(Typinfo::TypeInfoOf<TColor>(), &IdentToColor, &ColorToIdent);
+    }
+};
+
+const TLinkToFiler linkToFiler;
+
 } // namespace
 
 bool ColorToIdent(int color, System::UnicodeString& ident)
@@ -129,6 +141,12 @@ TTypeInfo GEnumType<Graphics::TColor>::Make()
             .Name = u"TColor",
             .MinValue = std::numeric_limits<int>::min(),
             .MaxValue = std::numeric_limits<int>::max()};
+}
+
+const TTypeInfo* GPropTraits<Graphics::TColor>::TypeInfo()
+{
+    static const auto* const type = new TTypeInfo(GEnumType<Graphics::TColor>::Make());
+    return type;
 }
 
 } // namespace Typinfo

@@ -107,11 +107,23 @@ constexpr Graphics::TColor RGB(int red, int green, int blue)
 namespace Typinfo
 {
 
-/// An integer named "TColor".
+/// An integer named "TColor", with names in form resources. All modules have one record of it, by which these
+/// are found.
 template <>
 struct TRS8_BTL_API GEnumType<Graphics::TColor>
 {
     static TTypeInfo Make();
+};
+
+template <>
+struct TRS8_BTL_API GPropTraits<Graphics::TColor>
+{
+    static const TTypeInfo* TypeInfo();
+    static TPropValue ToValue(Graphics::TColor value) { return System::Int64{value}; }
+    static Graphics::TColor FromValue(const TPropValue& value)
+    {
+        return Graphics::TColor(std::get<System::Int64>(value));
+    }
 };
 
 } // namespace Typinfo

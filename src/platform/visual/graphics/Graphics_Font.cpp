@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/visual/graphics/Graphics_Font.h"
 
+#include "platform/runtime/filer/Classes_IntegerConsts.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/visual/graphics/internal/Graphics_Idents.h"
 #include "platform/visual/graphics/internal/Graphics_MulDiv.h"
@@ -39,6 +40,14 @@ const Typinfo::TTypeInfo* CharsetType()
         new Typinfo::TTypeInfo{.Kind = Typinfo::tkInteger, .Name = u"TFontCharset", .MaxValue = 255};
     return type;
 }
+
+/// Lets form resources have the names of character sets.
+struct TLinkToFiler
+{
+    TLinkToFiler() { Classes::RegisterIntegerConsts(CharsetType(), &IdentToCharset, &CharsetToIdent); }
+};
+
+const TLinkToFiler linkToFiler;
 
 } // namespace
 

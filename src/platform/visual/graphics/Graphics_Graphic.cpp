@@ -2,6 +2,7 @@
 #include "platform/visual/graphics/Graphics_Graphic.h"
 
 #include "platform/runtime/classes/Classes_Stream.h"
+#include "platform/runtime/filer/Classes_Filer.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/visual/graphics/Graphics_Canvas.h"
 #include "platform/visual/graphics/internal/Graphics_Bytes.h"
@@ -67,6 +68,28 @@ void TGraphic::ReadData(Classes::TStream* stream)
 void TGraphic::WriteData(Classes::TStream* stream)
 {
     SaveToStream(stream);
+}
+
+bool TGraphic::Equals(TGraphic* other)
+{
+    if (other == nullptr || other->ClassType() != ClassType() || other->getEmpty() != getEmpty()) {
+        return false;
+    }
+    Classes::TMemoryStream own;
+    Classes::TMemoryStream others;
+    WriteData(&own);
+    other->WriteData(&others);
+    return own.AsView() == others.AsView();
+}
+
+void TGraphic::DefineProperties(Classes::TFiler& filer)
+{
+    TPersistent::DefineProperties(filer);
+    auto* const ancestor = dynamic_cast<TGraphic*>(filer.getAncestor());
+    const bool hasData = ancestor == nullptr ? !getEmpty() : !Equals(ancestor);
+    filer.DefineBinaryProperty(
+        u"Data", [this](Classes::TStream* stream) { ReadData(stream); },
+        [this](Classes::TStream* stream) { WriteData(stream); }, hasData);
 }
 
 void TGraphic::ReadSized(Classes::TStream* stream)

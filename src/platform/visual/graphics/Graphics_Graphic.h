@@ -63,12 +63,16 @@ public:
     /// picture alone, as its class has it.
     virtual void ReadData(Classes::TStream* stream);
     virtual void WriteData(Classes::TStream* stream);
+    /// Whether both are of one class and store the same; false for null.
+    bool Equals(TGraphic* other);
 
     const Classes::TNotifyEvent& getOnChange() const noexcept { return mOnChange; }
     /// Called after each change.
     void setOnChange(const Classes::TNotifyEvent& event) { mOnChange = event; }
 
 protected:
+    /// The picture itself as a binary property "Data", unless it is empty or as that of the ancestor.
+    void DefineProperties(Classes::TFiler& filer) override;
     /// Draws the picture, which isn't empty, into the rectangle.
     virtual void Draw(TCanvas* canvas, const Types::TRect& rect) = 0;
     /// As `Draw`, but lets show through what is below: 0 all, 255 nothing.

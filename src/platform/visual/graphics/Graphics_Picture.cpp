@@ -2,6 +2,7 @@
 #include "platform/visual/graphics/Graphics_Picture.h"
 
 #include "platform/runtime/classes/Classes_Stream.h"
+#include "platform/runtime/filer/Classes_Filer.h"
 #include "platform/runtime/sysutils/Sysutils_FileName.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/visual/graphics/Graphics_Bitmap.h"
@@ -189,6 +190,17 @@ void TPicture::WriteData(Classes::TStream* stream) const
     if (mGraphic != nullptr) {
         mGraphic->WriteData(stream);
     }
+}
+
+void TPicture::DefineProperties(Classes::TFiler& filer)
+{
+    TPersistent::DefineProperties(filer);
+    const auto* const ancestor = dynamic_cast<TPicture*>(filer.getAncestor());
+    TGraphic* const inherited = ancestor == nullptr ? nullptr : ancestor->getGraphic();
+    const bool hasData = mGraphic == nullptr ? inherited != nullptr : !mGraphic->Equals(inherited);
+    filer.DefineBinaryProperty(
+        u"Data", [this](Classes::TStream* stream) { ReadData(stream); },
+        [this](Classes::TStream* stream) { WriteData(stream); }, hasData);
 }
 
 void TPicture::RegisterFileFormat(const UnicodeString& extension, const UnicodeString& description,

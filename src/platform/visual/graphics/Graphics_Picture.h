@@ -66,6 +66,8 @@ public:
     static void UnregisterGraphicClass(System::TMetaClass* type);
 
 protected:
+    /// Class and graphic as a binary property "Data", unless there is none or it is as that of the ancestor.
+    void DefineProperties(Classes::TFiler& filer) override;
     virtual void Changed(System::TObject* sender);
 
 private:

@@ -25,7 +25,8 @@ protected:
         filer.DefineProperty(
             u"Absent", [](TReader& reader) { reader.SkipValue(); },
             [](TWriter& writer) { writer.WriteInteger(1); }, false);
-        filer.DefineProperty(u"WriteOnly", nullptr, [](TWriter& writer) { writer.WriteString(u"x"); }, true);
+        filer.DefineProperty(
+            u"WriteOnly", nullptr, [](TWriter& writer) { writer.WriteString(u"x"); }, true);
     }
 };
 

@@ -19,15 +19,15 @@ TEST(FixupsTest, PathsLeadByOwners)
     frame->setName(u"Frame1");
     auto* const edit = new TComponent(frame);
     edit->setName(u"Edit1");
-    for (const auto& [path, found] : std::initializer_list<std::pair<const char16_t*, TComponent*>>{
-             {u"Frame1", frame},
-             {u"FRAME1.edit1", edit},
-             {u"Edit1", nullptr},
-             {u"Frame1.Edit1.Edit1", nullptr},
-             {u"Owner", &form},
-             {u"owner.Frame1", frame},
-             {u"", nullptr},
-             {u".", nullptr}}) {
+    for (const auto& [path, found] :
+         std::initializer_list<std::pair<const char16_t*, TComponent*>>{{u"Frame1", frame},
+                                                                        {u"FRAME1.edit1", edit},
+                                                                        {u"Edit1", nullptr},
+                                                                        {u"Frame1.Edit1.Edit1", nullptr},
+                                                                        {u"Owner", &form},
+                                                                        {u"owner.Frame1", frame},
+                                                                        {u"", nullptr},
+                                                                        {u".", nullptr}}) {
         SCOPED_TRACE(System::ToUtf8(path));
         EXPECT_EQ(FindNestedComponent(&form, path), found);
     }
@@ -36,7 +36,8 @@ TEST(FixupsTest, PathsLeadByOwners)
 
 TEST(FixupsTest, ReferencesCanBeGivenUp)
 {
-    const auto first = SheetOf("object First: TSheet\n  Buddy = Late.A\n  object B: TBox\n    Buddy = Never\n  end\nend");
+    const auto first =
+        SheetOf("object First: TSheet\n  Buddy = Late.A\n  object B: TBox\n    Buddy = Never\n  end\nend");
     const auto second = SheetOf("object Second: TSheet\n  Buddy = late.B\nend");
     TStringList names;
     GetFixupReferenceNames(nullptr, &names);

@@ -95,27 +95,32 @@ TEST_F(FormCheckTest, TellsEachFaultWithItsPlace)
         {"Font = <item end>", "the property has no collection"},
         {"Font = B", "'B' is no value"},
         {"OnClick = Nobody", "'Nobody' is no value"},
-        {"Columns = <item Titel = 'x' end>", "3:21 Main.A.Columns[0].Titel (TBox): there is no property Titel in a TColumn"},
+        {"Columns = <item Titel = 'x' end>",
+         "3:21 Main.A.Columns[0].Titel (TBox): there is no property Titel in a TColumn"},
         {"ChildCount = 1", "the property is read-only"},
         {"Caption = 'a' caption = 'b'", "3:19 Main.A.caption (TBox): the property is there twice"},
-        {"object B: TBox end object b: TBox end", "3:31 Main.A.b (TBox): there is another component of this name"},
+        {"object B: TBox end object b: TBox end",
+         "3:31 Main.A.b (TBox): there is another component of this name"},
         {"object B: TLetters end", "3:12 Main.A.B (TLetters): the class TLetters is unknown"},
         {"inherited B: TBox end", "3:15 Main.A.B (TBox): nothing is inherited here"},
         {"Caption = 'x", "3:15 Main.A.Caption (TBox): a text has no closing quote"},
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(row.line);
-        const std::string text = "object Main: TSheet\n  object A: TBox\n    " + std::string(row.line) + "\n  end\nend";
+        const std::string text =
+            "object Main: TSheet\n  object A: TBox\n    " + std::string(row.line) + "\n  end\nend";
         EXPECT_THAT(Told(CheckFormText(text, fcAll)), HasSubstr(row.told));
     }
 }
 
 TEST_F(FormCheckTest, InheritedFormsMayChangeWhatTheyInherit)
 {
-    EXPECT_EQ(Told(CheckFormText("inherited Main: TSheet\n  inherited A: TBox\n    object B: TBox\n    end\n  end\n  "
-                                 "inherited P: TPart\n    inherited A: TBox\n    end\n  end\nend")),
+    EXPECT_EQ(Told(CheckFormText(
+                  "inherited Main: TSheet\n  inherited A: TBox\n    object B: TBox\n    end\n  end\n  "
+                  "inherited P: TPart\n    inherited A: TBox\n    end\n  end\nend")),
               "");
-    EXPECT_THAT(Told(CheckFormText("inherited Main: TSheet\n  inherited A: TBox\n  end\n  inherited A: TBox\n  end\nend")),
+    EXPECT_THAT(Told(CheckFormText(
+                    "inherited Main: TSheet\n  inherited A: TBox\n  end\n  inherited A: TBox\n  end\nend")),
                 HasSubstr("4:13"));
 }
 
@@ -130,7 +135,8 @@ TEST_F(FormCheckTest, EndsBehindAHundredFaults)
 
 TEST_F(FormCheckTest, AClassThatCannotBeMadeShowsNothing)
 {
-    EXPECT_EQ(Told(CheckFormText("object Main: TSheet\n  object A: TBroken\n    Nonsense = 1\n  end\nend")), "");
+    EXPECT_EQ(Told(CheckFormText("object Main: TSheet\n  object A: TBroken\n    Nonsense = 1\n  end\nend")),
+              "");
 }
 
 } // namespace

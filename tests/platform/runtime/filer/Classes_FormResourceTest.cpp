@@ -21,14 +21,18 @@ class TDescribed : public TBox
     TRS8_BTL_CLASS(TDescribed, TBox)
 
 public:
-    explicit TDescribed(TComponent* owner = nullptr) : TBox(owner) { InitInheritedComponent(this, ClassOf<TBox>()); }
+    explicit TDescribed(TComponent* owner = nullptr) : TBox(owner)
+    {
+        InitInheritedComponent(this, ClassOf<TBox>());
+    }
 };
 
 TMetaClass* TDescribed::ClassRecord()
 {
     static const std::string bytes = [] {
         RegisterClasses();
-        return Compiled("object Described: TDescribed\n  Width = 1\n  Height = 2\n  object A: TBox\n  end\nend");
+        return Compiled(
+            "object Described: TDescribed\n  Width = 1\n  Height = 2\n  object A: TBox\n  end\nend");
     }();
     static TMetaClass* const record =
         GClassBuilder<TDescribed>(u"TDescribed")
@@ -74,8 +78,9 @@ TMetaClass* TDerived::ClassRecord()
 
 TEST(FormResourceTest, EachLevelIsLaidOverItsParents)
 {
-    const std::string design = Compiled("inherited Derived: TDerived\n  Height = 3\n  inherited A: TBox\n    Width = 4\n  "
-                                        "end\nend");
+    const std::string design =
+        Compiled("inherited Derived: TDerived\n  Height = 3\n  inherited A: TBox\n    Width = 4\n  "
+                 "end\nend");
     Detail::RegisterForm("TDerived", design.data(), design.size());
     {
         const TDerived made;

@@ -186,7 +186,8 @@ void CChecker::Integer(Int64 value)
     }
     const TTypeInfo& type = *info->getPropType();
     if (value < type.MinValue || value > type.MaxValue) {
-        Fault(u"the number isn't within " + UnicodeString(type.MinValue) + u" to " + UnicodeString(type.MaxValue));
+        Fault(u"the number isn't within " + UnicodeString(type.MinValue) + u" to " +
+              UnicodeString(type.MaxValue));
     }
 }
 
@@ -294,7 +295,8 @@ void CChecker::BeginCollection()
         return;
     }
     const TPersistent* const value = mLevels.back().value;
-    if (info->getKind() != Typinfo::tkClass || (value != nullptr && !value->InheritsFrom(System::ClassOf<TCollection>()))) {
+    if (info->getKind() != Typinfo::tkClass ||
+        (value != nullptr && !value->InheritsFrom(System::ClassOf<TCollection>()))) {
         Fault(u"the property has no collection");
     }
 }

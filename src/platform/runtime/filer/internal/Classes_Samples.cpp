@@ -23,7 +23,8 @@ public:
     {
         names.insert(name.LowerCase());
     }
-    void DefineBinaryProperty(const UnicodeString& name, const TStreamProc&, const TStreamProc&, bool) override
+    void DefineBinaryProperty(const UnicodeString& name, const TStreamProc&, const TStreamProc&,
+                              bool) override
     {
         names.insert(name.LowerCase());
     }
