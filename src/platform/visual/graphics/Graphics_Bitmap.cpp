@@ -319,7 +319,8 @@ void TBitmap::LoadFromResourceName(System::NativeInt, const System::UnicodeStrin
 
 const Pixels& TBitmap::PixelsWithAlpha()
 {
-    if (mWithAlpha) {
+    // Who has the canvas's device may draw on it without a word.
+    if (mWithAlpha && (mCanvas == nullptr || !mCanvas->HandleAllocated())) {
         return *mWithAlpha;
     }
     mWithAlpha = Toolkits::TSharedPixels(new Pixels(Content()));

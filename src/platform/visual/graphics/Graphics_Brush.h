@@ -31,6 +31,9 @@ public:
     TBrushStyle getStyle() const noexcept { return mStyle; }
     void setStyle(TBrushStyle style);
 
+    /// Whether areas are filled with the colour alone; texts then stand on it.
+    bool IsSolid() const noexcept { return mStyle == bsSolid && !mPattern; }
+
     /// What areas are tiled with, in place of the style; null for none. A change of colour or style ends it.
     /// The brush doesn't own it and doesn't look at it again: it keeps the pixels that the bitmap had when it
     /// was set.

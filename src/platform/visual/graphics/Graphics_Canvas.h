@@ -115,9 +115,9 @@ public:
     int TextHeight(const System::UnicodeString& text) const { return TextExtent(text).cy; }
     /// The measures of the font.
     Toolkits::TTextMetrics GetTextMetrics() const;
-    /// One line of text, on the brush's colour unless the brush is clear.
+    /// One line of text, on the brush's colour if the brush is solid.
     void TextOut(int x, int y, const System::UnicodeString& text);
-    /// As `TextOut`, but within the rectangle, which it fills first.
+    /// As `TextOut`, but within the rectangle, which the brush fills first.
     void TextRect(const Types::TRect& rect, int x, int y, const System::UnicodeString& text);
     /// Lines of text by the `DT_...` flags, as `Graphics::DrawText`; `DT_MODIFYSTRING` changes `text` to what
     /// was drawn, `DT_CALCRECT` draws nothing and changes `rect`.

@@ -18,11 +18,10 @@ Toolkits::TTextMetrics TCanvas::GetTextMetrics() const
 
 void TCanvas::DrawLine(const System::UnicodeString& text, const Types::TPoint& at, const Types::TRect* clip)
 {
-    const bool isOpaque = mBrush.getStyle() != bsClear;
     RequiredDevice().Text(at, text, mFont.getData(),
                           {.color = ColorToPixel(mFont.getColor()),
                            .background = ColorToPixel(mBrush.getColor()),
-                           .isOpaque = isOpaque && clip == nullptr,
+                           .isOpaque = mBrush.IsSolid() && clip == nullptr,
                            .clip = clip});
 }
 

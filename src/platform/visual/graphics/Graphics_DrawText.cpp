@@ -26,7 +26,7 @@ public:
     {
         mOptions.color = ColorToPixel(canvas.getFont()->getColor());
         mOptions.background = ColorToPixel(canvas.getBrush()->getColor());
-        mOptions.isOpaque = canvas.getBrush()->getStyle() != bsClear;
+        mOptions.isOpaque = canvas.getBrush()->IsSolid();
         mOptions.isRightToLeft = (flags & DT_RTLREADING) != 0;
         mOptions.clip = (flags & DT_NOCLIP) == 0 ? &mRect : nullptr;
     }

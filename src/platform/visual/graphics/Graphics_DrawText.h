@@ -10,8 +10,8 @@ namespace Graphics
 
 class TCanvas;
 
-/// Lays a text out in lines within the rectangle and draws it in the font of the canvas, on its brush unless
-/// that is clear, by the `DT_...` flags. Gives the height of the lines, with `DT_VCENTER` and `DT_BOTTOM` the
+/// Lays a text out in lines within the rectangle and draws it in the font of the canvas, on its brush if that
+/// is solid, by the `DT_...` flags. Gives the height of the lines, with `DT_VCENTER` and `DT_BOTTOM` the
 /// distance from the top of the rectangle to their end.
 ///
 ///     Types::TRect rect{.Left = 2, .Top = 2, .Right = 102, .Bottom = 22};

@@ -116,6 +116,17 @@ TEST(GraphicsCanvasTest, DrawsTexts)
                              "text 3,4 \"x\" font Tahoma -11 color #FF0000 clip 1,2,30,20\n");
 }
 
+TEST(GraphicsCanvasTest, PutsTextsOnASolidBrushAlone)
+{
+    RecordedCanvas canvas;
+    canvas->getBrush()->setColor(clYellow);
+    canvas->TextOut(0, 0, u"x");
+    canvas->getBrush()->setStyle(bsCross);
+    canvas->TextOut(0, 0, u"x");
+    EXPECT_EQ(canvas.Take(), "text 0,0 \"x\" font Tahoma -11 color #000000 on #FFFF00\n"
+                             "text 0,0 \"x\" font Tahoma -11 color #000000\n");
+}
+
 TEST(GraphicsCanvasTest, MeasuresTextsWithoutADevice)
 {
     TCanvas canvas;

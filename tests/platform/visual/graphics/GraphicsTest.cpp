@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "platform/visual/graphics/Graphics.h"
+
 #include "platform/runtime/classes/Classes_Component.h"
 #include "platform/runtime/filer/Classes_FormText.h"
 #include "platform/runtime/filer/Classes_Reader.h"
 #include "platform/runtime/filer/Classes_Writer.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/visual/graphics/Controls_Cursor.h"
-#include "platform/visual/graphics/Graphics.h"
 
 #include <gtest/gtest.h>
 
@@ -92,7 +93,7 @@ constexpr std::string_view Design = "object TSign\n"
                                     "  Brush.Style = bsCross\n"
                                     "end\n";
 
-TEST(GraphicsFilerTest, ReadsAndWritesByNames)
+TEST(GraphicsTest, ReadsAndWritesByNames)
 {
     TSign sign;
     ReadText(sign, Design);
@@ -105,7 +106,7 @@ TEST(GraphicsFilerTest, ReadsAndWritesByNames)
     EXPECT_EQ(TextOf(sign), Design);
 }
 
-TEST(GraphicsFilerTest, KeepsPicturesOfForms)
+TEST(GraphicsTest, KeepsPicturesOfForms)
 {
     TSign sign;
     sign.getGlyph()->SetSize(2, 1);
