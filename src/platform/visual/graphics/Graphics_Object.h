@@ -21,6 +21,7 @@ public:
     void setOnChange(const Classes::TNotifyEvent& event) { mOnChange = event; }
 
 protected:
+    /// Calls the event.
     virtual void Changed();
 
 private:
