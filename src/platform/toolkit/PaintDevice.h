@@ -11,7 +11,7 @@ struct TBrushData
 {
     TPixel color = OpaquePixel(255, 255, 255);
     Graphics::TBrushStyle style = Graphics::bsSolid;
-    TSharedPixels pattern;
+    TSharedPixels pattern = {};
 
     friend bool operator==(const TBrushData&, const TBrushData&) = default;
 };

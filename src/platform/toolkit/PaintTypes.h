@@ -126,11 +126,11 @@ constexpr TPixel OpaquePixel(unsigned red, unsigned green, unsigned blue)
 /// What a font is asked for by.
 struct TFontData
 {
-    System::UnicodeString name;
+    System::UnicodeString name = {};
     /// In pixels at 96 dots an inch: negative the height of the characters, positive that of a line, 0 the
     /// toolkit's choice.
     int height = -11;
-    Graphics::TFontStyles styles;
+    Graphics::TFontStyles styles = {};
     Graphics::TFontCharset charset = 1;
     Graphics::TFontPitch pitch = Graphics::fpDefault;
     Graphics::TFontQuality quality = Graphics::fqDefault;
