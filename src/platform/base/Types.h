@@ -13,6 +13,15 @@ struct TPoint
     friend bool operator==(const TPoint&, const TPoint&) = default;
 };
 
+/// An extent on a plane: width and height.
+struct TSize
+{
+    int cx = 0;
+    int cy = 0;
+
+    friend bool operator==(const TSize&, const TSize&) = default;
+};
+
 /// A rectangle of pixels; `Right` and `Bottom` lie outside it.
 struct TRect
 {

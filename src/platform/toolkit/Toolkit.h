@@ -3,13 +3,24 @@
 
 #include "platform/base/System_String.h"
 #include "platform/base/Types.h"
+#include "platform/toolkit/MenuEntry.h"
+#include "platform/toolkit/PaintTypes.h"
+#include "platform/toolkit/PictureType.h"
+#include "platform/toolkit/Window.h"
 
 #include <functional>
 #include <memory>
+#include <span>
+#include <vector>
 
 /// What stands between the controls' logic and a screen.
 namespace Toolkits
 {
+
+class ModalWindow;
+class PaintDevice;
+class PaintRecording;
+class Pixels;
 
 /// A modal box with a text and buttons.
 struct TBox
@@ -58,6 +69,43 @@ public:
     /// All screens together, in pixels.
     virtual Types::TRect DesktopRect() const = 0;
 
+    /// A window for one control; hidden at first.
+    virtual std::unique_ptr<Window> MakeWindow(const TWindowSettings& settings) = 0;
+    /// Opens a menu at a place of the screen until the user chose or left it. The id of what was chosen, 0
+    /// for nothing; of what can be used alone.
+    virtual int ShowMenu(const std::vector<TMenuEntry>& entries, Types::TPoint place) = 0;
+    /// A form begins to be shown modally; its loop is about to run.
+    virtual void EnterModal(ModalWindow& window) = 0;
+    /// What the frame takes from the size of a window on the screen itself.
+    virtual TFrameMargins FrameMargins(EFrame frame) const = 0;
+    /// Calls `tick` from the message loop each time that so many milliseconds have passed, at least 1, until
+    /// `StopTimer`. Ticks that the program is late for are one.
+    virtual TTimerId StartTimer(unsigned milliseconds, std::function<void()> tick) = 0;
+    /// An id that isn't running any more is ignored. It may be called by the tick itself.
+    virtual void StopTimer(TTimerId timer) = 0;
+
+    /// The measures of the font that the toolkit takes for `font`.
+    virtual TTextMetrics FontMetrics(const TFontData& font) const = 0;
+    /// The width of one line of text in the font, and the height of a line.
+    virtual Types::TSize TextExtent(const TFontData& font, const System::UnicodeString& text) const = 0;
+    /// A colour of the desktop by its number: 5 the ground of windows, 8 their text, and so on; black for a
+    /// number without one.
+    virtual TPixel SystemColor(int index) const = 0;
+    /// A device that draws on `pixels`, which must outlive it and keep their size.
+    virtual std::unique_ptr<PaintDevice> NewPixelDevice(Pixels& pixels) = 0;
+
+    /// The pixels of a picture. `Graphics::EInvalidGraphic` if it is damaged or the toolkit can't read the
+    /// type.
+    virtual Pixels DecodePicture(EPictureType type, std::span<const System::Byte> bytes) = 0;
+    /// A file of the picture, with the quality from 1 to 100 where the type has one.
+    /// `Graphics::EInvalidGraphic` if the toolkit can't write the type.
+    virtual std::vector<System::Byte> EncodePicture(EPictureType type, const Pixels& pixels, int quality) = 0;
+    /// Adds to `recording` what the metafile draws, in pixels. Faults as of `DecodePicture`.
+    virtual void DecodeMetafile(EPictureType type, std::span<const System::Byte> bytes,
+                                PaintRecording& recording) = 0;
+    /// A metafile of `size` pixels that draws what the recording does. Faults as of `EncodePicture`.
+    virtual std::vector<System::Byte> EncodeMetafile(EPictureType type, const PaintRecording& recording,
+                                                     const Types::TSize& size) = 0;
     /// Shows the mouse cursor of this number over all windows; 0 gives each control its own back.
     virtual void SetCursor(int cursor) = 0;
 

@@ -14,6 +14,9 @@
 namespace Toolkits
 {
 
+class CHeadlessDesktop;
+class CTimerQueue;
+
 /// A toolkit without a screen: the default of a machine that has none, and of the tests. A box takes the next
 /// answer of the script. Where the script is at its end nobody attends: the box is written to the standard
 /// error stream and gets the answer that loses nothing.
@@ -49,6 +52,22 @@ public:
     /// written to the standard error stream and cancelled.
     void AnswerInput(std::optional<System::UnicodeString> line);
 
+    /// Adds to the script of modal forms: the next one is handed to `drive`, from its message loop, which may
+    /// press its buttons or end it. Where the script is at its end, a form is told on the standard error
+    /// stream and closed.
+    void AnswerForm(std::function<void(ModalWindow&)> drive);
+
+    /// Adds to the script of menus that are opened: what is chosen, by its caption without marks of keys,
+    /// those of its parents in front of it with a `|` between. `std::logic_error` from `ShowMenu` for what
+    /// isn't there or can't be used. Where the script is at its end, the menu is left.
+    void AnswerMenu(const System::UnicodeString& path);
+
+    /// From now on time stands still for timers, but for `AdvanceClock` and for a loop that waits for nothing
+    /// else: that comes to the next tick at once.
+    void UseVirtualClock();
+    /// Lets so many milliseconds pass and runs the ticks that fall into them, each at its time.
+    void AdvanceClock(unsigned milliseconds);
+
     /// The boxes shown since the last call, in their order.
     std::vector<TShown> TakeShown();
 
@@ -65,6 +84,26 @@ public:
     System::UnicodeString GetClipboardText() override;
     /// Always 1920 by 1080 at the origin.
     Types::TRect DesktopRect() const override;
+    std::unique_ptr<Window> MakeWindow(const TWindowSettings& settings) override;
+    int ShowMenu(const std::vector<TMenuEntry>& entries, Types::TPoint place) override;
+    void EnterModal(ModalWindow& window) override;
+    /// 8 on each side of a frame that can be sized, else 3, and 23 more at the top.
+    TFrameMargins FrameMargins(EFrame frame) const override;
+    TTimerId StartTimer(unsigned milliseconds, std::function<void()> tick) override;
+    void StopTimer(TTimerId timer) override;
+    /// From the height, the pitch and the styles alone: on each machine the same.
+    TTextMetrics FontMetrics(const TFontData& font) const override;
+    Types::TSize TextExtent(const TFontData& font, const System::UnicodeString& text) const override;
+    TPixel SystemColor(int index) const override;
+    /// Draws shapes and images as they are, and characters as blocks.
+    std::unique_ptr<PaintDevice> NewPixelDevice(Pixels& pixels) override;
+    /// Always raise `Graphics::EInvalidGraphic`: codecs come with a toolkit that has windows.
+    Pixels DecodePicture(EPictureType type, std::span<const System::Byte> bytes) override;
+    std::vector<System::Byte> EncodePicture(EPictureType type, const Pixels& pixels, int quality) override;
+    void DecodeMetafile(EPictureType type, std::span<const System::Byte> bytes,
+                        PaintRecording& recording) override;
+    std::vector<System::Byte> EncodeMetafile(EPictureType type, const PaintRecording& recording,
+                                             const Types::TSize& size) override;
     void SetCursor(int cursor) override { mCursor = cursor; }
     void Post(std::function<void()> action) override;
     void Watch(int descriptor, std::function<void()> action) override;
@@ -83,11 +122,15 @@ public:
 private:
     class CWaker;
 
+    /// Milliseconds of the clock that timers go by.
+    System::Int64 Now() const;
     bool ProcessPosted();
     bool ProcessWatched();
     bool HasPosted();
 
     std::deque<int> mScript;
+    std::deque<std::function<void(ModalWindow&)>> mForms;
+    std::deque<System::UnicodeString> mChoices;
     std::vector<TShown> mShown;
     std::deque<std::optional<System::UnicodeString>> mLines;
     std::vector<TAsked> mAsked;
@@ -103,6 +146,9 @@ private:
     std::deque<std::function<void()>> mMessages;
     /// Ends the wait of the main thread for a message.
     std::unique_ptr<CWaker> mWaker;
+    std::unique_ptr<CTimerQueue> mTimers;
+    std::optional<System::Int64> mVirtualNow;
+    std::shared_ptr<CHeadlessDesktop> mDesktop;
 };
 
 } // namespace Toolkits

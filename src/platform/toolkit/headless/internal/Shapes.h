@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/toolkit/PaintDevice.h"
+#include "platform/toolkit/headless/internal/SpanFiller.h"
+
+#include <span>
+#include <vector>
+
+namespace Toolkits
+{
+
+// Shapes as rows of pixels. Co-ordinates are held to `FarthestPlace`.
+
+/// A rectangle whose corners are quarters of an ellipse.
+struct TRoundShape
+{
+    Types::TRect rect;
+    Types::TSize corner;
+
+    /// That which lies `by` pixels inside, with corners that fit.
+    TRoundShape Inset(int by) const;
+};
+
+/// Fills the shape in the brush and frames it in the pen. A pen wider than 1 spreads to both sides of the
+/// frame, unless its style keeps it inside.
+void DrawRoundShape(CSpanFiller& line, CSpanFiller& area, const TRoundShape& shape, const TPenData& pen);
+
+/// Fills what is within the closed line, by the even-odd rule.
+void FillPolygon(CSpanFiller& area, std::span<const Types::TPoint> points);
+
+/// Lines from point to point, without the last point.
+void DrawPolyline(CSpanFiller& line, std::span<const Types::TPoint> points, const TPenData& pen);
+
+/// The points of an ellipse from the radius through `from` counterclockwise to that through `to`.
+std::vector<Types::TPoint> ArcPoints(const Types::TRect& rect, const Types::TPoint& from,
+                                     const Types::TPoint& to);
+
+} // namespace Toolkits
