@@ -109,6 +109,7 @@ TEST(FormResourceTest, AllLevelsAreReadIntoAnObjectFromOutside)
 
 TEST(FormResourceTest, ReadsAResourceByNameOrClass)
 {
+    RegisterClasses();
     const std::string design = Compiled("object Any: TBox\n  Width = 5\nend");
     Detail::RegisterForm("ANY_FORM", design.data(), design.size());
     const std::unique_ptr<TComponent> made(ReadComponentRes(u"any_form", nullptr));
