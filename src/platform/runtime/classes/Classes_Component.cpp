@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/classes/Classes_Component.h"
 
+#include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/runtime/classes/internal/Classes_ObjectList.h"
 #include "platform/runtime/filer/Classes_Reader.h"
 #include "platform/runtime/filer/Classes_Writer.h"
@@ -79,6 +80,14 @@ TComponent::~TComponent()
     DestroyComponents();
     if (mOwner != nullptr) {
         mOwner->RemoveComponent(this);
+    }
+    EndWatches();
+}
+
+void TComponent::EndWatches() noexcept
+{
+    for (TComponentWatch* watch = mWatches; watch != nullptr; watch = watch->mNext) {
+        watch->mComponent = nullptr;
     }
 }
 

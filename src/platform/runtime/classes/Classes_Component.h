@@ -35,6 +35,8 @@ enum TComponentStateFlag
     csDesignInstance
 };
 
+class TComponentWatch;
+
 /// All that holds for a component at a time.
 using TComponentState = System::Set<TComponentStateFlag, csLoading, csDesignInstance>;
 
@@ -163,11 +165,13 @@ protected:
     void DefineProperties(TFiler& filer) override;
 
 private:
+    friend class TComponentWatch;
     friend class TReader;
     friend class TWriter;
     friend class CLoading;
 
     void SetState(TComponentStateFlag flag, bool value);
+    void EndWatches() noexcept;
     void Attach(TComponent& component);
     void Detach(TComponent& component);
     void Link(TComponent& component);
@@ -188,6 +192,8 @@ private:
     /// By names in small letters.
     std::unordered_map<System::UnicodeString, TComponent*> mByName;
     std::vector<TComponent*> mFreeNotifies;
+    /// Those who want to know of the end, the latest first.
+    mutable TComponentWatch* mWatches = nullptr;
 };
 
 } // namespace Classes
