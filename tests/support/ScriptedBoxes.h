@@ -3,6 +3,7 @@
 
 #include "platform/toolkit/headless/HeadlessToolkit.h"
 
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <optional>
@@ -33,6 +34,16 @@ public:
     void AnswerInput(std::optional<System::UnicodeString> line) { mToolkit->AnswerInput(std::move(line)); }
     std::vector<Toolkits::HeadlessToolkit::TAsked> TakeAsked() { return mToolkit->TakeAsked(); }
 
+    /// Drives the next modal form.
+    void AnswerForm(std::function<void(Toolkits::ModalWindow&)> drive)
+    {
+        mToolkit->AnswerForm(std::move(drive));
+    }
+    /// Chooses in the next menu that is opened.
+    void AnswerMenu(const System::UnicodeString& path) { mToolkit->AnswerMenu(path); }
+    /// Timers go by a clock that stands still, but for `AdvanceClock` and where nothing else is waited for.
+    void UseVirtualClock() { mToolkit->UseVirtualClock(); }
+    void AdvanceClock(unsigned milliseconds) { mToolkit->AdvanceClock(milliseconds); }
     /// The cursor over all windows.
     int getCursor() const { return mToolkit->getCursor(); }
 

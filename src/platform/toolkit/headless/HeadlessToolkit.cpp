@@ -3,11 +3,14 @@
 
 #include "platform/host/internal/Host_Wakeup.h"
 #include "platform/toolkit/MessageBox.h"
+#include "platform/toolkit/headless/internal/HeadlessDesktop.h"
+#include "platform/toolkit/headless/internal/TimerQueue.h"
 
 #include <algorithm>
 #include <array>
 #include <atomic>
 #include <cerrno>
+#include <climits>
 #include <functional>
 #include <iostream>
 #include <span>
@@ -132,7 +135,12 @@ private:
     std::atomic<bool> mIsWaiting = false;
 };
 
-HeadlessToolkit::HeadlessToolkit() : mWaker(std::make_unique<CWaker>()) {}
+HeadlessToolkit::HeadlessToolkit()
+    : mWaker(std::make_unique<CWaker>()),
+      mTimers(std::make_unique<CTimerQueue>()),
+      mDesktop(std::make_shared<CHeadlessDesktop>())
+{
+}
 
 HeadlessToolkit::~HeadlessToolkit() = default;
 
@@ -247,7 +255,9 @@ void HeadlessToolkit::SetActivationToken(const System::UnicodeString& token)
 bool HeadlessToolkit::ProcessMessage()
 {
     mIsWatchedNext = !mIsWatchedNext;
-    return mIsWatchedNext ? ProcessPosted() || ProcessWatched() : ProcessWatched() || ProcessPosted();
+    const bool isDone =
+        mIsWatchedNext ? ProcessPosted() || ProcessWatched() : ProcessWatched() || ProcessPosted();
+    return isDone || mTimers->RunDue(Now()) || mDesktop->PaintOne();
 }
 
 bool HeadlessToolkit::HasPosted()
@@ -300,7 +310,15 @@ void HeadlessToolkit::WaitMessage()
     std::ranges::transform(mWatches, std::back_inserter(sources), [](const auto& watch) {
         return pollfd{watch.first, POLLIN, 0};
     });
-    while (!HasPosted() && poll(sources.data(), sources.size(), -1) < 0 && errno == EINTR) {
+    const std::optional<System::Int64> due = mTimers->NextDue();
+    if (due && mVirtualNow) {
+        mVirtualNow = std::max(*mVirtualNow, *due);
+        return;
+    }
+    const auto timeout = [&] {
+        return due ? static_cast<int>(std::clamp<System::Int64>(*due - Now(), 0, INT_MAX)) : -1;
+    };
+    while (!HasPosted() && poll(sources.data(), sources.size(), timeout()) < 0 && errno == EINTR) {
     }
 }
 

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/System_String.h"
+#include "platform/toolkit/Input.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace Toolkits
+{
+
+class PaintDevice;
+class PaintRecording;
+
+/// What happens to a window on the screen. The control behind it hears of it here, and runs the same code for
+/// it whatever the toolkit is. No call lets an exception out. The control, and the window with it, may be
+/// gone when a call returns.
+class TRS8_BTL_API WindowEvents
+{
+public:
+    virtual ~WindowEvents();
+
+    /// A key goes down, or up, while the window has the focus. True if that is dealt with, so that the window
+    /// mustn't act on it; otherwise it acts on what `key` is then.
+    virtual bool KeyPressed(System::Word& key, Classes::TShiftState shift) = 0;
+    virtual bool KeyReleased(System::Word key, Classes::TShiftState shift) = 0;
+    /// A character is typed, after the key that makes it went down. As `KeyPressed`.
+    virtual bool CharacterTyped(System::WideChar& character) = 0;
+    /// True if the window mustn't act on it.
+    virtual bool MouseUsed(const TMouseInput& mouse) = 0;
+    /// The window got the focus from the user, or lost it.
+    virtual void FocusChanged(bool isFocused) = 0;
+    /// The text that the user edits in the window is now `text`.
+    virtual void TextEdited(const System::UnicodeString& text) = 0;
+    /// The user moved the caret or the selection.
+    virtual void SelectionMoved(int start, int length) = 0;
+    /// The user chose by a click or key: pressed a button, checked a box, picked the item `index`.
+    virtual void Chosen(int index) = 0;
+    /// `part` of the client area has to be painted anew. True if that is done, so that the window mustn't
+    /// paint its own contents.
+    virtual bool PaintAsked(PaintDevice& device, const Types::TRect& part) = 0;
+    /// The user moved or sized the window; of the outer frame, as in `Window::SetBounds`.
+    virtual void BoundsChanged(const Types::TRect& bounds) = 0;
+    virtual void FilesDropped(const std::vector<System::UnicodeString>& files, Types::TPoint place) = 0;
+    /// The user asks the window to close.
+    virtual void CloseAsked() = 0;
+    /// The window became the one that the user works in, or ceased to be it.
+    virtual void ActivationChanged(bool isActive) = 0;
+};
+
+/// What stands for a control on the screen.
+enum class EWindowKind
+{
+    /// A window of its own, with a frame.
+    Form,
+    /// An area within its parent that the library paints.
+    Canvas,
+    Edit,
+    Memo,
+    RichEdit,
+    Button,
+    CheckBox,
+    RadioButton,
+    ComboBox,
+    ListBox,
+    CheckListBox,
+    ProgressBar,
+    Pages
+};
+
+/// A window of the screen, made for one control: the control tells it what it looks like.
+class TRS8_BTL_API Window
+{
+public:
+    Window() = default;
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+    virtual ~Window();
+
+    /// In the client area of the parent, or on the screen for one without.
+    virtual void SetBounds(const Types::TRect& bounds) = 0;
+    virtual void SetVisible(bool isVisible) = 0;
+    virtual void SetEnabled(bool isEnabled) = 0;
+    virtual void SetText(const System::UnicodeString& text) = 0;
+    /// Lets the window have the keyboard.
+    virtual void Focus() = 0;
+    /// Marks a part of the client area, or all of it for null, to be painted soon.
+    virtual void Invalidate(const Types::TRect* part) = 0;
+    /// Paints at once what is marked.
+    virtual void Update() = 0;
+    /// Whether the window acts by itself on keys and clicks, and tells of what came of it. Otherwise the
+    /// control acts in its place.
+    virtual bool ActsByItself() const = 0;
+    /// Before or behind all of its siblings.
+    virtual void BringToFront() = 0;
+    virtual void SendToBack() = 0;
+    /// What was painted last, for a toolkit that keeps it; null otherwise.
+    virtual const PaintRecording* LastPainting() const { return nullptr; }
+};
+
+/// The frame of a window on the screen itself.
+enum class EFrame
+{
+    None,
+    Single,
+    Sizeable,
+    Dialog,
+    ToolWindow,
+    SizeableToolWindow
+};
+
+/// The number of a running timer; never 0.
+using TTimerId = std::uintptr_t;
+
+/// What the frame of a window takes from its size on each side.
+struct TFrameMargins
+{
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+};
+
+/// What a window is made of.
+struct TWindowSettings
+{
+    EWindowKind kind = EWindowKind::Canvas;
+    EFrame frame = EFrame::None;
+    /// Null for a window on the screen itself.
+    Window* parent = nullptr;
+    /// Outlives the window.
+    WindowEvents* events = nullptr;
+    System::UnicodeString text;
+    Types::TRect bounds;
+    bool isEnabled = true;
+    /// The platform's flags of style and extended style, as `TWinControl::CreateParams` left them.
+    unsigned style = 0;
+    unsigned exStyle = 0;
+};
+
+} // namespace Toolkits

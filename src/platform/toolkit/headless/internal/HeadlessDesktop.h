@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/toolkit/PaintRecording.h"
+#include "platform/toolkit/Window.h"
+
+#include <deque>
+#include <memory>
+#include <unordered_set>
+#include <vector>
+
+namespace Toolkits
+{
+
+class CHeadlessWindow;
+
+/// The windows of a program without a screen: which one is active, which has the focus, what is to be
+/// painted. It lives as long as one of its windows.
+class CHeadlessDesktop : public std::enable_shared_from_this<CHeadlessDesktop>
+{
+public:
+    std::unique_ptr<Window> MakeWindow(const TWindowSettings& settings);
+    /// Paints one window that asked for it; false if none did.
+    bool PaintOne();
+
+    // For the windows.
+
+    void Forget(CHeadlessWindow* window, bool isDirty);
+    void Activate(CHeadlessWindow* window);
+    void Focus(CHeadlessWindow* window);
+    /// The window is no longer there for the user.
+    void Leave(CHeadlessWindow* window);
+    void PaintSoon(CHeadlessWindow* window) { mDirty.push_back(window); }
+    void MoveForm(CHeadlessWindow* window, bool toFront);
+    bool Exists(const CHeadlessWindow* window) const;
+
+private:
+    std::unordered_set<const CHeadlessWindow*> mWindows;
+    /// From the back to the front.
+    std::vector<CHeadlessWindow*> mForms;
+    /// Those that are gone meanwhile are null.
+    std::deque<CHeadlessWindow*> mDirty;
+    CHeadlessWindow* mActive = nullptr;
+    CHeadlessWindow* mFocused = nullptr;
+};
+
+/// A window of which only the state is there.
+class CHeadlessWindow final : public Window
+{
+public:
+    CHeadlessWindow(std::shared_ptr<CHeadlessDesktop> desktop, const TWindowSettings& settings);
+    ~CHeadlessWindow() override;
+
+    void SetBounds(const Types::TRect& bounds) override;
+    void SetVisible(bool isVisible) override;
+    void SetEnabled(bool isEnabled) override { mIsEnabled = isEnabled; }
+    void SetText(const System::UnicodeString&) override {}
+    void Focus() override;
+    void Invalidate(const Types::TRect* part) override;
+    void Update() override;
+    bool ActsByItself() const override { return false; }
+    void BringToFront() override;
+    void SendToBack() override;
+    const PaintRecording* LastPainting() const override { return &mPainting; }
+
+    void Paint();
+    WindowEvents& Events() const noexcept { return *mEvents; }
+    bool IsForm() const noexcept { return mIsForm; }
+    bool CanBeActive() const noexcept { return mIsForm && mIsVisible && mIsEnabled; }
+    /// The form that the window is in; null for one outside of any.
+    CHeadlessWindow* Form() noexcept;
+
+private:
+    std::shared_ptr<CHeadlessDesktop> mDesktop;
+    WindowEvents* mEvents;
+    CHeadlessWindow* mParent;
+    Types::TRect mBounds;
+    PaintRecording mPainting;
+    bool mIsForm;
+    bool mIsEnabled;
+    bool mIsVisible = false;
+    bool mIsDirty = false;
+};
+
+} // namespace Toolkits

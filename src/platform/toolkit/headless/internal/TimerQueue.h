@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/System_Types.h"
+#include "platform/toolkit/Window.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace Toolkits
+{
+
+/// The timers of a message loop, by a clock in milliseconds that its owner reads.
+class CTimerQueue
+{
+public:
+    TTimerId Start(System::Int64 now, unsigned milliseconds, std::function<void()> tick);
+    void Stop(TTimerId timer);
+    /// When the next one ticks; nothing if none runs.
+    std::optional<System::Int64> NextDue() const;
+    /// Runs the timer that is due for the longest time; false if none is.
+    bool RunDue(System::Int64 now);
+
+private:
+    struct TTimer
+    {
+        TTimerId id;
+        unsigned interval;
+        System::Int64 due;
+        /// Shared with the call that runs it, during which the timer may be stopped.
+        std::shared_ptr<const std::function<void()>> tick;
+    };
+
+    std::vector<TTimer> mTimers;
+    TTimerId mLastId = 0;
+};
+
+} // namespace Toolkits
