@@ -3,7 +3,8 @@
 
 #include "foundation/UTL_I18N_Texts.h"
 #include "platform/toolkit/MessageBox.h"
-#include "platform/visual/Forms.h"
+#include "platform/visual/controls/Controls_Thread.h"
+#include "platform/visual/forms/Forms_Application.h"
 
 #include <deque>
 #include <mutex>
@@ -85,6 +86,17 @@ void ShowWarning(const Char* expression, const char* file, int line)
 {
     ShowBox(XAssert(expression, file, line).what(), u"Warning", MB_OK);
 }
+
+/// Lets controls report that another thread than theirs touched them.
+struct TLinkToControls
+{
+    TLinkToControls()
+    {
+        Controls::ForeignThread = [] { THROW_XAssert("the main thread", "Controls_Thread.cpp", 1); };
+    }
+};
+
+const TLinkToControls linkToControls;
 
 } // namespace
 
