@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/Export.h"
-#include "platform/visual/Controls_Cursors.h"
+#include "platform/visual/graphics/Controls_Cursor.h"
 
 #include <cstdint>
 

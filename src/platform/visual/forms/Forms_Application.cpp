@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: MIT
+#include "platform/visual/forms/Forms_Application.h"
+
+#include "platform/host/Host_Module.h"
+#include "platform/runtime/sysutils/Sysutils_File.h"
+#include "platform/runtime/typinfo/System_ClassBuilder.h"
+#include "platform/toolkit/MessageBox.h"
+#include "platform/toolkit/Toolkit.h"
+#include "platform/visual/forms/Forms_Form.h"
+#include "platform/visual/forms/Forms_Screen.h"
+
+namespace Forms
+{
+
+constinit TApplication* Application = nullptr;
+constinit TScreen* Screen = nullptr;
+
+namespace
+{
+
+void HandleControlException(System::TObject* sender)
+{
+    Application->HandleException(sender);
+}
+
+/// The hint of what the mouse is over, which its parents may give.
+void ShowHintOf(Controls::TControl* control)
+{
+    System::UnicodeString hint;
+    for (; control != nullptr && hint.IsEmpty(); control = control->getParent()) {
+        hint = control->getHint();
+    }
+    Application->setHint(hint);
+}
+
+/// Makes the two global objects. They are never destroyed: a fault in the destructor of a program's global
+/// object still finds them.
+struct TGlobalObjects
+{
+    TGlobalObjects()
+    {
+        Application = new TApplication;
+        Screen = new TScreen;
+        Controls::ApplicationLinks().HandleException = &HandleControlException;
+        Controls::ApplicationLinks().MouseMoved = &ShowHintOf;
+        Controls::ApplicationLinks().ControlDestroyed = [](Controls::TControl* control) {
+            Screen->Forget(control);
+        };
+    }
+};
+
+// Units that ask for the program's folder while they start find the application there.
+[[gnu::init_priority(200)]] TGlobalObjects globalObjects;
+
+/// The part of a hint that is for a line of its own.
+System::UnicodeString LongHint(const System::UnicodeString& hint)
+{
+    const int bar = hint.Pos(u"|");
+    return bar == 0 ? hint : hint.SubString(bar + 1, hint.Length());
+}
+
+} // namespace
+
+System::TMetaClass* TApplication::ClassRecord()
+{
+    static System::TMetaClass* const record = System::GClassBuilder<TApplication>(u"TApplication").Build();
+    return record;
+}
+
+TApplication::TApplication()
+    : mTitle(Sysutils::ChangeFileExt(Sysutils::ExtractFileName(getExeName()), System::UnicodeString()))
+{
+}
+
+TApplication::~TApplication() = default;
+
+System::UnicodeString TApplication::getExeName() const
+{
+    return Host::ProgramPath();
+}
+
+void TApplication::FormCreated(Classes::TComponent* component)
+{
+    auto* const form = dynamic_cast<TCustomForm*>(component);
+    if (form == nullptr) {
+        return;
+    }
+    if (mMainForm == nullptr) {
+        mMainForm = form;
+    }
+    form->AfterConstruction();
+}
+
+void TApplication::FormDestroyed(const TCustomForm* form) noexcept
+{
+    if (form == mMainForm) {
+        mMainForm = nullptr;
+        Terminate();
+    }
+}
+
+void TApplication::Terminate()
+{
+    mTerminated = true;
+    Toolkits::CurrentToolkit().Post([] {});
+}
+
+int TApplication::MessageBox(const System::WideChar* text, const System::WideChar* caption, int flags) const
+{
+    return MessageBoxW(nullptr, text, caption == nullptr ? mTitle.c_str() : caption,
+                       static_cast<unsigned>(flags));
+}
+
+void TApplication::ProcessMessages()
+{
+    while (Toolkits::CurrentToolkit().ProcessMessage()) {
+    }
+}
+
+void TApplication::HandleMessage()
+{
+    if (Toolkits::CurrentToolkit().ProcessMessage()) {
+        return;
+    }
+    bool isDone = true;
+    if (OnIdle) {
+        OnIdle(this, isDone);
+    }
+    if (isDone) {
+        Toolkits::CurrentToolkit().WaitMessage();
+    }
+}
+
+void TApplication::Run()
+{
+    if (mMainForm != nullptr && mShowMainForm) {
+        mMainForm->Show();
+    }
+    while (!mTerminated) {
+        try {
+            HandleMessage();
+        } catch (...) {
+            HandleException(this);
+        }
+    }
+}
+
+void TApplication::HandleException(System::TObject* sender)
+{
+    try {
+        throw;
+    } catch (const Sysutils::EAbort&) {
+    } catch (const std::exception& fault) {
+        if (OnException) {
+            OnException(sender, fault);
+        } else {
+            ShowException(fault);
+        }
+    } catch (...) {
+        MessageBox(u"An exception of an unknown kind", nullptr, MB_OK | MB_ICONSTOP);
+    }
+}
+
+void TApplication::ShowException(const std::exception& fault)
+{
+    MessageBox(Sysutils::MessageOf(fault).c_str(), nullptr, MB_OK | MB_ICONSTOP);
+}
+
+bool TApplication::HelpContext(int context)
+{
+    return HelpCommand(1, context);
+}
+
+bool TApplication::HelpCommand(int command, System::NativeInt data)
+{
+    bool callHelp = true;
+    return OnHelp && OnHelp(static_cast<System::Word>(command), data, callHelp);
+}
+
+void TApplication::setHint(const System::UnicodeString& hint)
+{
+    const System::UnicodeString text = LongHint(hint);
+    if (text != mHint) {
+        mHint = text;
+        if (OnHint) {
+            OnHint(this);
+        }
+    }
+}
+
+} // namespace Forms

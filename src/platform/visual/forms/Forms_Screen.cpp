@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "platform/visual/forms/Forms_Screen.h"
+
+#include "platform/runtime/classes/Classes_ComponentWatch.h"
+#include "platform/runtime/typinfo/System_ClassBuilder.h"
+#include "platform/toolkit/Toolkit.h"
+#include "platform/visual/forms/Forms_Form.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace Forms
+{
+
+System::TMetaClass* TScreen::ClassRecord()
+{
+    static System::TMetaClass* const record = System::GClassBuilder<TScreen>(u"TScreen").Build();
+    return record;
+}
+
+TScreen::TScreen() = default;
+
+TScreen::~TScreen() = default;
+
+Types::TRect TScreen::getDesktopRect() const
+{
+    return Toolkits::CurrentToolkit().DesktopRect();
+}
+
+void TScreen::setCursor(Controls::TCursor cursor)
+{
+    if (mCursor != cursor) {
+        mCursor = cursor;
+        Toolkits::CurrentToolkit().SetCursor(cursor);
+    }
+}
+
+TCustomForm* TScreen::getCustomForms(int index) const
+{
+    if (index < 0 || index >= getCustomFormCount()) {
+        throw Classes::EListError(u"There is no form " + System::UnicodeString(index));
+    }
+    return mForms[static_cast<std::size_t>(index)];
+}
+
+int TScreen::getFormCount() const
+{
+    return static_cast<int>(std::ranges::count_if(
+        mForms, [](const TCustomForm* form) { return dynamic_cast<const TForm*>(form) != nullptr; }));
+}
+
+TForm* TScreen::getForms(int index) const
+{
+    for (TCustomForm* form : mForms) {
+        auto* const found = dynamic_cast<TForm*>(form);
+        if (found != nullptr && index-- == 0) {
+            return found;
+        }
+    }
+    throw Classes::EListError(u"There is no form " + System::UnicodeString(index));
+}
+
+TForm* TScreen::getActiveForm() const
+{
+    return dynamic_cast<TForm*>(mActiveForm);
+}
+
+void TScreen::AddForm(TCustomForm* form)
+{
+    mForms.push_back(form);
+}
+
+void TScreen::RemoveForm(TCustomForm* form) noexcept
+{
+    std::erase(mForms, form);
+    if (mActiveForm == form) {
+        mActiveForm = nullptr;
+        mActiveControl = nullptr;
+    }
+}
+
+void TScreen::ActivationMoved(TCustomForm* form, bool isActive)
+{
+    if (!isActive || form == mActiveForm) {
+        return;
+    }
+    const auto place = std::ranges::find(mForms, form);
+    std::rotate(mForms.begin(), place, std::next(place));
+    mActiveForm = form;
+    if (OnActiveFormChange) {
+        OnActiveFormChange(this);
+    }
+}
+
+void TScreen::FocusMoved(Controls::TWinControl* control)
+{
+    if (control != mActiveControl) {
+        mActiveControl = control;
+        if (OnActiveControlChange) {
+            OnActiveControlChange(this);
+        }
+    }
+}
+
+void TScreen::Forget(const Controls::TControl* control) noexcept
+{
+    if (mActiveControl == control) {
+        mActiveControl = nullptr;
+    }
+}
+
+void TScreen::DestroyLater(TCustomForm* form)
+{
+    const auto watch = std::make_shared<Classes::TComponentWatch>(form);
+    Toolkits::CurrentToolkit().Post([form, watch] {
+        if (watch->IsAlive()) {
+            delete form;
+        }
+    });
+}
+
+} // namespace Forms

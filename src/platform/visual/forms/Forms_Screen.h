@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/Types.h"
+#include "platform/runtime/classes/Classes_Component.h"
+#include "platform/visual/graphics/Controls_Cursor.h"
+
+#include <vector>
+
+namespace Controls
+{
+class TControl;
+class TWinControl;
+} // namespace Controls
+
+namespace Forms
+{
+
+class TCustomForm;
+class TForm;
+
+/// The screens of the machine, as one rectangle in pixels, the forms and the mouse cursor on them. Of the
+/// main thread.
+///
+///     for (int i = 0; i < Forms::Screen->getFormCount(); ++i) { Forms::Screen->getForms(i)->Hide(); }
+class TRS8_BTL_API TScreen : public Classes::TComponent
+{
+    TRS8_BTL_CLASS(TScreen, Classes::TComponent)
+
+public:
+    TScreen();
+    ~TScreen() override;
+
+    Types::TRect getDesktopRect() const;
+    int getDesktopLeft() const { return getDesktopRect().Left; }
+    int getDesktopTop() const { return getDesktopRect().Top; }
+    int getDesktopWidth() const { return getDesktopRect().Width(); }
+    int getDesktopHeight() const { return getDesktopRect().Height(); }
+    /// The size of the first screen.
+    int getWidth() const { return getDesktopWidth(); }
+    int getHeight() const { return getDesktopHeight(); }
+
+    /// The cursor over all windows of the program, `crDefault` at first: each control then has its own.
+    Controls::TCursor getCursor() const noexcept { return mCursor; }
+    void setCursor(Controls::TCursor cursor);
+
+    /// All forms that there are, shown or not, the last active one first; `Classes::EListError` for an index
+    /// out of range.
+    int getCustomFormCount() const noexcept { return static_cast<int>(mForms.size()); }
+    TCustomForm* getCustomForms(int index) const;
+    /// As `getCustomForms`, of those that are a `TForm`.
+    int getFormCount() const;
+    TForm* getForms(int index) const;
+
+    /// The form that the user works in, or worked in last; null if there is none.
+    TCustomForm* getActiveCustomForm() const noexcept { return mActiveForm; }
+    TForm* getActiveForm() const;
+    /// The control of that form that has the keyboard; null for none.
+    Controls::TWinControl* getActiveControl() const noexcept { return mActiveControl; }
+
+    Classes::TNotifyEvent OnActiveFormChange;
+    Classes::TNotifyEvent OnActiveControlChange;
+
+    // For forms.
+
+    void AddForm(TCustomForm* form);
+    void RemoveForm(TCustomForm* form) noexcept;
+    void ActivationMoved(TCustomForm* form, bool isActive);
+    void FocusMoved(Controls::TWinControl* control);
+    /// The control is at its end.
+    void Forget(const Controls::TControl* control) noexcept;
+    /// Destroys the form from the message loop.
+    void DestroyLater(TCustomForm* form);
+
+private:
+    std::vector<TCustomForm*> mForms;
+    TCustomForm* mActiveForm = nullptr;
+    Controls::TWinControl* mActiveControl = nullptr;
+    Controls::TCursor mCursor = Controls::crDefault;
+};
+
+/// The program's screen; stands and stays as `Application` does.
+TRS8_BTL_API extern TScreen* Screen;
+
+} // namespace Forms

@@ -1,0 +1,237 @@
+// SPDX-License-Identifier: MIT
+#include "platform/visual/forms/Forms_Form.h"
+
+#include "platform/runtime/classes/Classes_ComponentWatch.h"
+#include "platform/toolkit/Dialogs.h"
+#include "platform/visual/Forms.h"
+#include "platform/visual/controls/ProbeControl.h"
+#include "testing/FormDriver.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <thread>
+
+namespace
+{
+
+using Forms::TForm;
+using System::TObject;
+using System::UnicodeString;
+using Types::TRect;
+
+/// Boxes and forms of a test, and what was heard of a form.
+class FormTest : public testing::Test
+{
+protected:
+    Classes::TNotifyEvent Note(const UnicodeString& what)
+    {
+        return [this, what](TObject*) { mLog += what + u" "; };
+    }
+
+    Support::ScriptedBoxes mToolkit;
+    UnicodeString mLog;
+};
+
+TEST_F(FormTest, ComesAndGoesInItsOrder)
+{
+    {
+        TForm form;
+        form.OnCreate = Note(u"create");
+        form.OnShow = Note(u"show");
+        form.OnActivate = Note(u"activate");
+        form.OnDeactivate = Note(u"deactivate");
+        form.OnHide = Note(u"hide");
+        form.OnDestroy = Note(u"destroy");
+        EXPECT_FALSE(form.getVisible());
+        form.Show();
+        EXPECT_TRUE(form.getShowing());
+        EXPECT_EQ(Forms::Screen->getActiveForm(), &form);
+        form.Hide();
+        EXPECT_FALSE(form.getShowing());
+        form.Show();
+        form.Hide();
+    }
+    EXPECT_EQ(mLog, u"create show activate deactivate hide show activate deactivate hide destroy ");
+    EXPECT_EQ(Forms::Screen->getActiveForm(), nullptr);
+}
+
+TEST_F(FormTest, AsksBeforeItCloses)
+{
+    TForm form;
+    form.Show();
+    bool canClose = false;
+    Forms::TCloseAction action = Forms::caNone;
+    form.OnCloseQuery = [&](TObject*, bool& result) { result = canClose; };
+    form.OnClose = [&](TObject*, Forms::TCloseAction& result) { result = action; };
+    form.Close();
+    EXPECT_TRUE(form.getVisible());
+    canClose = true;
+    form.Close();
+    EXPECT_TRUE(form.getVisible());
+    action = Forms::caHide;
+    form.Close();
+    EXPECT_FALSE(form.getVisible());
+}
+
+TEST_F(FormTest, FreesItselfFromTheMessageLoop)
+{
+    auto* const form = new TForm;
+    const Classes::TComponentWatch watch(form);
+    form->Show();
+    form->OnClose = [](TObject*, Forms::TCloseAction& action) { action = Forms::caFree; };
+    form->Close();
+    form->Release();
+    EXPECT_TRUE(watch.IsAlive());
+    Forms::Application->ProcessMessages();
+    EXPECT_FALSE(watch.IsAlive());
+}
+
+TEST_F(FormTest, StandsWhereItsPositionSays)
+{
+    struct TCase
+    {
+        Forms::TPosition position;
+        TRect expected;
+    };
+    const TCase cases[] = {
+        {Forms::poDesigned, {5000, 10, 5320, 250}},
+        {Forms::poScreenCenter, {800, 420, 1120, 660}},
+    };
+    for (const TCase& row : cases) {
+        TForm form;
+        form.SetBounds(5000, 10, 320, 240);
+        form.setPosition(row.position);
+        form.Show();
+        EXPECT_EQ(form.getBoundsRect(), row.expected);
+        form.MakeFullyVisible();
+        EXPECT_LE(form.getBoundsRect().Right, 1920);
+        EXPECT_GE(form.getBoundsRect().Left, 0);
+    }
+}
+
+TEST_F(FormTest, HasAClientAreaWithinItsFrame)
+{
+    TForm form;
+    for (const Forms::TFormBorderStyle style : {Forms::bsSizeable, Forms::bsDialog, Forms::bsNone}) {
+        form.setBorderStyle(style);
+        form.setClientWidth(400);
+        form.setClientHeight(69);
+        EXPECT_EQ(form.getClientRect(), (TRect{0, 0, 400, 69}));
+        EXPECT_EQ(form.getWidth() > 400, style != Forms::bsNone);
+    }
+    form.SetBounds(0, 0, 2, 2);
+    EXPECT_EQ(form.getClientRect(), (TRect{0, 0, 2, 2}));
+}
+
+TEST_F(FormTest, ShowsAndSurvivesWhatHandlersRaise)
+{
+    TForm form;
+    form.SetBounds(0, 0, 100, 100);
+    auto* const probe = new Support::TProbe(&form, u"A");
+    probe->SetBounds(0, 0, 50, 50);
+    probe->setParent(&form);
+    form.Show();
+    const auto fail = [](TObject*) { throw Sysutils::Exception(u"click failed"); };
+    probe->OnClick = fail;
+    Testing::CFormDriver driver(form);
+    driver.Click(u"A");
+    driver.Click(u"A");
+    auto shown = mToolkit.TakeShown();
+    ASSERT_EQ(shown.size(), 2U);
+    EXPECT_EQ(shown[1].box.text, u"click failed");
+
+    UnicodeString heard;
+    Forms::Application->OnException = [&](TObject* sender, const std::exception& fault) {
+        heard = sender == probe ? Sysutils::MessageOf(fault) : UnicodeString(u"another sender");
+    };
+    driver.Click(u"A");
+    Forms::Application->OnException = nullptr;
+    EXPECT_EQ(heard, u"click failed");
+
+    probe->OnClick = [](TObject*) { throw Sysutils::EAbort(u"silent"); };
+    driver.Click(u"A");
+    EXPECT_TRUE(mToolkit.TakeShown().empty());
+}
+
+TEST_F(FormTest, BearsAClickThatDestroysWhatWasClicked)
+{
+    for (const char16_t* victim : {u"control", u"panel", u"form"}) {
+        auto* const form = new TForm;
+        auto* const panel = new Support::TProbe(form, u"Panel");
+        panel->SetBounds(0, 0, 100, 100);
+        panel->setParent(form);
+        auto* const graphic = new Controls::TGraphicControl(form);
+        graphic->setName(u"Graphic");
+        graphic->SetBounds(0, 0, 50, 50);
+        graphic->setParent(panel);
+        graphic->OnClick = [&](TObject*) {
+            const UnicodeString name(victim);
+            delete (name == u"control" ? static_cast<Classes::TComponent*>(graphic)
+                    : name == u"panel" ? static_cast<Classes::TComponent*>(panel)
+                                       : form);
+        };
+        form->Show();
+        const Classes::TComponentWatch watch(form);
+        Testing::CFormDriver(*form).Click(u"Graphic");
+        if (watch.IsAlive()) {
+            EXPECT_EQ(form->FindComponent(u"Graphic"), nullptr);
+            delete form;
+        }
+    }
+    EXPECT_EQ(Controls::GetCaptureControl(), nullptr);
+    EXPECT_EQ(Controls::GetMouseControl(), nullptr);
+}
+
+TEST_F(FormTest, KeepsItsStateWhereItsWindowIsMadeAnew)
+{
+    TForm form;
+    auto* const probe = new Support::TProbe(&form, u"A");
+    probe->SetBounds(0, 0, 50, 50);
+    probe->setParent(&form);
+    form.OnShow = Note(u"show");
+    form.OnActivate = Note(u"activate");
+    form.Show();
+    form.setBorderStyle(Forms::bsDialog);
+    EXPECT_TRUE(probe->HandleAllocated());
+    EXPECT_TRUE(probe->Focused());
+    Testing::CFormDriver(form).Type(u"x");
+    EXPECT_EQ(probe->getText(), u"Ax");
+    EXPECT_EQ(mLog, u"show activate ");
+}
+
+TEST_F(FormTest, PrintsItself)
+{
+    TForm form;
+    form.setName(u"Settings");
+    form.SetBounds(1, 2, 300, 200);
+    auto* const probe = new Support::TProbe(&form, u"A");
+    probe->SetBounds(3, 4, 50, 20);
+    probe->setParent(&form);
+    auto* const inner = new Controls::TGraphicControl(&form);
+    inner->setParent(probe);
+    inner->setEnabled(false);
+    inner->setVisible(false);
+    form.setPosition(Forms::poDesigned);
+    form.Show();
+    EXPECT_EQ(Testing::CFormDriver(form).Print(), "TForm Settings 1,2 300x200 \"Settings\"\n"
+                                                  "  TCustomControl A 3,4 50x20 \"A\" focused\n"
+                                                  "    TGraphicControl - 0,0 0x0 \"\" hidden disabled\n");
+}
+
+TEST_F(FormTest, BelongsToTheMainThread)
+{
+    TForm form;
+    bool wasRefused = false;
+    std::thread([&] {
+        try {
+            form.setCaption(u"no");
+        } catch (const Sysutils::Exception&) {
+            wasRefused = true;
+        }
+    }).join();
+    EXPECT_TRUE(wasRefused);
+    EXPECT_EQ(form.getCaption(), u"");
+}
+
+} // namespace
