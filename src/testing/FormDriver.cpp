@@ -1,0 +1,218 @@
+// SPDX-License-Identifier: MIT
+#include "testing/FormDriver.h"
+
+#include "platform/runtime/classes/Classes_ComponentWatch.h"
+
+#include <sstream>
+#include <stdexcept>
+
+namespace Testing
+{
+
+using Classes::TComponent;
+using Classes::TShiftState;
+using Controls::TControl;
+using Controls::TWinControl;
+using System::UnicodeString;
+using Toolkits::EMouseAction;
+using Toolkits::TMouseInput;
+using Types::TPoint;
+
+namespace
+{
+
+/// The windowed control that the mouse over `control` belongs to, and where `place` of `control` is in it.
+TWinControl& WindowOf(TControl& control, TPoint& place)
+{
+    if (auto* const window = dynamic_cast<TWinControl*>(&control)) {
+        return *window;
+    }
+    place.X += control.getLeft();
+    place.Y += control.getTop();
+    return *control.getParent();
+}
+
+/// What the left button of the mouse does.
+TMouseInput At(EMouseAction action, TPoint place)
+{
+    TMouseInput mouse;
+    mouse.action = action;
+    mouse.place = place;
+    if (action == EMouseAction::Down || action == EMouseAction::DoubleClick) {
+        mouse.shift << Classes::ssLeft;
+    }
+    return mouse;
+}
+
+bool CanBeUsed(const TControl& control)
+{
+    for (const TControl* outer = &control; outer != nullptr; outer = outer->getParent()) {
+        if (!outer->getVisible() || !outer->getEnabled()) {
+            return false;
+        }
+    }
+    return true;
+}
+
+UnicodeString PathOf(const TComponent& component, const TComponent& form)
+{
+    UnicodeString path = component.getName();
+    for (const TComponent* owner = component.getOwner(); owner != nullptr && owner != &form;
+         owner = owner->getOwner()) {
+        path = owner->getName() + u"." + path;
+    }
+    return path;
+}
+
+void PrintControl(std::ostream& out, const TControl& control, int level)
+{
+    out << std::string(static_cast<std::size_t>(level) * 2, ' ') << control.ClassName() << ' '
+        << (control.getName().IsEmpty() ? UnicodeString(u"-") : control.getName()) << ' ' << control.getLeft()
+        << ',' << control.getTop() << ' ' << control.getWidth() << 'x' << control.getHeight() << " \""
+        << control.GetText() << '"';
+    if (!control.getVisible()) {
+        out << " hidden";
+    }
+    if (!control.getEnabled()) {
+        out << " disabled";
+    }
+    const auto* const window = dynamic_cast<const TWinControl*>(&control);
+    if (window != nullptr && window->Focused()) {
+        out << " focused";
+    }
+    out << '\n';
+    for (int i = 0; window != nullptr && i < window->GetControlCount(); ++i) {
+        PrintControl(out, *window->GetControl(i), level + 1);
+    }
+}
+
+/// What a key types; 0 for one that types nothing.
+System::WideChar CharacterOf(System::Word key)
+{
+    switch (key) {
+    case VK_BACK:
+    case VK_TAB:
+    case VK_RETURN:
+    case VK_ESCAPE:
+    case VK_SPACE:
+        return key;
+    default:
+        return 0;
+    }
+}
+
+} // namespace
+
+TControl& CFormDriver::Find(const UnicodeString& name) const
+{
+    TComponent* found = &mForm;
+    std::u16string_view rest = name.AsView();
+    while (found != nullptr && !rest.empty()) {
+        const std::size_t dot = std::min(rest.find(u'.'), rest.size());
+        found = found->FindComponent(UnicodeString(rest.substr(0, dot)));
+        rest.remove_prefix(std::min(dot + 1, rest.size()));
+    }
+    auto* const control = dynamic_cast<TControl*>(found);
+    if (control == nullptr || control == &mForm) {
+        throw std::invalid_argument("there is no control '" + System::ToUtf8(name) + "'");
+    }
+    return *control;
+}
+
+void CFormDriver::Click(const UnicodeString& name)
+{
+    const TControl& control = Find(name);
+    Click(name, {control.getWidth() / 2, control.getHeight() / 2});
+}
+
+void CFormDriver::Click(const UnicodeString& name, TPoint place)
+{
+    if (!CanBeUsed(Find(name))) {
+        throw std::logic_error("nobody can click on '" + System::ToUtf8(name) + "'");
+    }
+    TPoint inWindow = place;
+    TWinControl& window = WindowOf(Find(name), inWindow);
+    const Classes::TComponentWatch watch(&window);
+    window.GetWindowEvents().MouseUsed(At(EMouseAction::Move, inWindow));
+    if (watch.IsAlive()) {
+        window.GetWindowEvents().MouseUsed(At(EMouseAction::Down, inWindow));
+    }
+    if (watch.IsAlive()) {
+        window.GetWindowEvents().MouseUsed(At(EMouseAction::Up, inWindow));
+    }
+}
+
+void CFormDriver::DoubleClick(const UnicodeString& name)
+{
+    const TControl& control = Find(name);
+    const TPoint place{control.getWidth() / 2, control.getHeight() / 2};
+    const Classes::TComponentWatch watch(&control);
+    Click(name, place);
+    if (watch.IsAlive()) {
+        Mouse(name, At(EMouseAction::DoubleClick, place));
+    }
+    if (watch.IsAlive()) {
+        Mouse(name, At(EMouseAction::Up, place));
+    }
+}
+
+void CFormDriver::Mouse(const UnicodeString& name, const TMouseInput& mouse)
+{
+    TMouseInput inWindow = mouse;
+    WindowOf(Find(name), inWindow.place).GetWindowEvents().MouseUsed(inWindow);
+}
+
+void CFormDriver::Focus(const UnicodeString& name)
+{
+    auto* const window = dynamic_cast<TWinControl*>(&Find(name));
+    if (window == nullptr) {
+        throw std::logic_error("'" + System::ToUtf8(name) + "' can't have the focus");
+    }
+    window->SetFocus();
+}
+
+UnicodeString CFormDriver::Focused() const
+{
+    const TWinControl* const focused = Controls::GetFocusedControl();
+    return focused == nullptr || focused == &mForm ? UnicodeString() : PathOf(*focused, mForm);
+}
+
+TWinControl* CFormDriver::KeyTarget() const
+{
+    TWinControl* const focused = Controls::GetFocusedControl();
+    return focused != nullptr && mForm.ContainsControl(focused) ? focused : &mForm;
+}
+
+void CFormDriver::Press(System::Word key, const TShiftState& shift)
+{
+    const Classes::TComponentWatch watch(&mForm);
+    System::Word pressed = key;
+    const bool isTaken = KeyTarget()->GetWindowEvents().KeyPressed(pressed, shift);
+    System::WideChar character = CharacterOf(pressed);
+    if (watch.IsAlive() && !isTaken && character != 0 && !shift.Contains(Classes::ssAlt)) {
+        KeyTarget()->GetWindowEvents().CharacterTyped(character);
+    }
+    if (watch.IsAlive()) {
+        KeyTarget()->GetWindowEvents().KeyReleased(key, shift);
+    }
+}
+
+void CFormDriver::Type(const UnicodeString& text)
+{
+    const Classes::TComponentWatch watch(&mForm);
+    for (System::WideChar character : text.AsView()) {
+        if (!watch.IsAlive()) {
+            return;
+        }
+        KeyTarget()->GetWindowEvents().CharacterTyped(character);
+    }
+}
+
+std::string CFormDriver::Print() const
+{
+    std::ostringstream out;
+    PrintControl(out, mForm, 0);
+    return out.str();
+}
+
+} // namespace Testing

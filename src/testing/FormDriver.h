@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/System_String.h"
+#include "platform/toolkit/Input.h"
+#include "platform/visual/forms/Forms_Form.h"
+
+#include <string>
+
+namespace Testing
+{
+
+/// Uses a form as its user does: by the names of its controls, with keys and mouse. What an event's handler
+/// raises goes to the application, as it does on a screen.
+///
+///     Testing::CFormDriver driver(*form);
+///     driver.Focus(u"fEdit");
+///     driver.Type(u"12,5");
+///     driver.Press(VK_TAB);
+///     driver.Click(u"fBtn_Ok");
+///     std::cout << driver.Print();
+class TRS8_BTL_API CFormDriver
+{
+public:
+    /// `form` outlives the driver.
+    explicit CFormDriver(Forms::TCustomForm& form) noexcept : mForm(form) {}
+
+    /// The control of that name path: "fEdit", or "fFrame.fEdit" within a frame. `std::invalid_argument` if
+    /// there is none.
+    Controls::TControl& Find(const System::UnicodeString& name) const;
+
+    /// Presses and lets go the left button of the mouse in the middle of the control, or at a place in it.
+    /// `std::logic_error` for one that can't be seen or used.
+    void Click(const System::UnicodeString& name);
+    void Click(const System::UnicodeString& name, Types::TPoint place);
+    void DoubleClick(const System::UnicodeString& name);
+    /// One thing that the mouse does over the control.
+    void Mouse(const System::UnicodeString& name, const Toolkits::TMouseInput& mouse);
+
+    /// Gives the control the focus by a click of the mouse in no place, as `SetFocus` does.
+    void Focus(const System::UnicodeString& name);
+    /// The name path of the control that has the focus; empty for none.
+    System::UnicodeString Focused() const;
+    /// Presses a key and lets it go, in the control that has the focus; keys that make a character type it
+    /// too.
+    void Press(System::Word key, const Classes::TShiftState& shift = {});
+    /// Types each character of the text.
+    void Type(const System::UnicodeString& text);
+
+    /// The form and its controls, one a line, each level two blanks to the right: class, name, bounds, text
+    /// and what isn't usual of its state.
+    std::string Print() const;
+
+private:
+    Controls::TWinControl* KeyTarget() const;
+
+    Forms::TCustomForm& mForm;
+};
+
+} // namespace Testing
