@@ -65,6 +65,13 @@ bool IsDialogKey(Word key)
     return std::ranges::find(keys, key) != std::end(keys);
 }
 
+/// Whether a key may be the one that a caption marks.
+bool IsAccelerator(Word key, const TShiftState& shift)
+{
+    const bool isCharacter = (key >= u'0' && key <= u'9') || (key >= u'A' && key <= u'Z');
+    return isCharacter && shift.Contains(Classes::ssAlt) && !shift.Contains(Classes::ssCtrl);
+}
+
 unsigned MessageOf(const TMouseInput& mouse)
 {
     constexpr unsigned down[] = {WM_LBUTTONDOWN, WM_RBUTTONDOWN, WM_MBUTTONDOWN};
@@ -144,6 +151,9 @@ bool TWinControl::TakeKey(Word& key, TShiftState shift)
         if (top->Perform(CM_DIALOGKEY, key, static_cast<std::intptr_t>(ShiftToParam(shift))) != 0) {
             return true;
         }
+    }
+    if (watch.IsAlive() && IsAccelerator(key, shift) && GetTopParent()->Perform(CM_DIALOGCHAR, key) != 0) {
+        return true;
     }
     if (!watch.IsAlive()) {
         return true;

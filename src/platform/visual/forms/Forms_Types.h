@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/base/System_String.h"
 #include "platform/runtime/typinfo/Typinfo.h"
 
 namespace Forms
@@ -16,6 +17,8 @@ enum TFormBorderStyle
     bsToolWindow,
     bsSizeToolWin
 };
+/// The frame of a control within a form: `bsNone` or `bsSingle`.
+using TBorderStyle = TFormBorderStyle;
 
 /// What stands in the frame's upper edge.
 enum TBorderIcon
@@ -85,6 +88,11 @@ using TFormState = System::Set<TFormStateFlag, fsCreating, fsActivated>;
 using TCloseEvent = System::TClosure<void(System::TObject* sender, TCloseAction& action)>;
 /// Whether a form may be closed.
 using TCloseQueryEvent = System::TClosure<void(System::TObject* sender, bool& canClose)>;
+
+/// Whether the character, case aside, is what an ampersand marks in the caption; "&&" is an ampersand.
+///
+///     IsAccel(u'n', u"&Name");                                    // true
+TRS8_BTL_API bool IsAccel(System::Word character, const System::UnicodeString& caption);
 
 } // namespace Forms
 
