@@ -2,6 +2,7 @@
 #include "testing/FormDriver.h"
 
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
+#include "platform/toolkit/Toolkit.h"
 
 #include <sstream>
 #include <stdexcept>
@@ -154,6 +155,13 @@ void CFormDriver::DoubleClick(const UnicodeString& name)
     if (watch.IsAlive()) {
         Mouse(name, At(EMouseAction::Up, place));
     }
+}
+
+void CFormDriver::ClickSoon(const UnicodeString& name)
+{
+    mForm.HandleNeeded();
+    Toolkits::CurrentToolkit().PostInput(*mForm.GetWindow(),
+                                         [driver = *this, name]() mutable { driver.Click(name); });
 }
 
 void CFormDriver::Mouse(const UnicodeString& name, const TMouseInput& mouse)

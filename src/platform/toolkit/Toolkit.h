@@ -126,6 +126,14 @@ public:
     /// as one.
     virtual bool ProcessMessage() = 0;
 
+    /// Handles one waiting thing that the user did with `window` or one in it, or paints what of them waits.
+    /// Nothing posted runs, no timer, and no input of another window. False if there was nothing.
+    virtual bool ProcessInput(Window& window) = 0;
+
+    /// Runs `input` from the message loop as what the user does with `window`, unless that is gone by then.
+    /// For those who drive forms.
+    virtual void PostInput(Window& window, std::function<void()> input) = 0;
+
     /// Sleeps until a message waits.
     virtual void WaitMessage() = 0;
 };

@@ -110,6 +110,8 @@ public:
     void Unwatch(int descriptor) override;
     void SetActivationToken(const System::UnicodeString& token) override;
     bool ProcessMessage() override;
+    bool ProcessInput(Window& window) override;
+    void PostInput(Window& window, std::function<void()> input) override;
     void WaitMessage() override;
 
     /// The token that came last; empty at first.
