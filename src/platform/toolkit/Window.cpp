@@ -10,6 +10,12 @@ WindowEvents::~WindowEvents() = default;
 
 Window::~Window() = default;
 
+// Only windows of text know of it.
+
+void Window::SetSelection(int, int) {}
+
+void Window::SetEditTraits(const TEditTraits&) {}
+
 WindowItems::~WindowItems() = default;
 
 ECheck WindowItems::GetItemCheck(int) const
