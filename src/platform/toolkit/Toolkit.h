@@ -3,6 +3,7 @@
 
 #include "platform/base/System_String.h"
 #include "platform/base/Types.h"
+#include "platform/toolkit/FileQuestion.h"
 #include "platform/toolkit/MenuEntry.h"
 #include "platform/toolkit/PaintTypes.h"
 #include "platform/toolkit/PictureType.h"
@@ -59,6 +60,9 @@ public:
 
     /// Asks until the user agrees or cancels. True with the line in `value`; false leaves `value` alone.
     virtual bool AskInput(const TInput& input, System::UnicodeString& value) = 0;
+
+    /// Asks for files or a folder until the user agrees or cancels.
+    virtual TFileAnswer AskFiles(const TFileQuestion& question) = 0;
 
     /// Puts a text on the clipboard. False if this toolkit shares none with other programs; then the text is
     /// kept for this program alone.

@@ -84,6 +84,13 @@ void WriteCancelled(const TInput& input)
               << std::flush;
 }
 
+void WriteCancelled(const TFileQuestion& question)
+{
+    std::cerr << question.caption << ": " << question.folder << " [" << question.fileName << "]\n["
+              << Cancel.name << "]\n"
+              << std::flush;
+}
+
 } // namespace
 
 /// Wakes the main thread where it waits, and costs nothing where it doesn't.
@@ -164,6 +171,16 @@ std::vector<HeadlessToolkit::TAsked> HeadlessToolkit::TakeAsked()
     return std::exchange(mAsked, {});
 }
 
+void HeadlessToolkit::AnswerFiles(TFileAnswer answer)
+{
+    mFileAnswers.push_back(std::move(answer));
+}
+
+std::vector<HeadlessToolkit::TAskedFiles> HeadlessToolkit::TakeAskedFiles()
+{
+    return std::exchange(mAskedFiles, {});
+}
+
 int HeadlessToolkit::UnattendedAnswer(unsigned flags)
 {
     const unsigned icon = flags & MB_ICONMASK;
@@ -210,6 +227,19 @@ bool HeadlessToolkit::AskInput(const TInput& input, System::UnicodeString& value
         value = *answer;
     }
     return answer.has_value();
+}
+
+TFileAnswer HeadlessToolkit::AskFiles(const TFileQuestion& question)
+{
+    TFileAnswer answer{.files = {}, .filterIndex = question.filterIndex};
+    if (mFileAnswers.empty()) {
+        WriteCancelled(question);
+    } else {
+        answer = std::move(mFileAnswers.front());
+        mFileAnswers.pop_front();
+    }
+    mAskedFiles.push_back({question, answer});
+    return answer;
 }
 
 bool HeadlessToolkit::SetClipboardText(const System::UnicodeString& text)
