@@ -84,9 +84,14 @@ int CListItems::FindPrefix(const UnicodeString& prefix, int start) const
     return FindRound(GetCount(), start, [&](int index) { return BeginsWith(At(index), prefix); });
 }
 
+int CListItems::FindExact(const UnicodeString& text) const
+{
+    return FindRound(GetCount(), 0, [&](int index) { return At(index) == text; });
+}
+
 int CListItems::FindText(const UnicodeString& text) const
 {
-    const int exact = FindRound(GetCount(), 0, [&](int index) { return At(index) == text; });
+    const int exact = FindExact(text);
     return exact >= 0 ? exact : FindRound(GetCount(), 0, [&](int index) {
         return At(index).Length() == text.Length() && BeginsWith(At(index), text);
     });

@@ -44,6 +44,8 @@ public:
     void setCurrent(int index);
     /// The first item from `start` on, and round to it, that begins with `prefix`, case aside; -1 for none.
     int FindPrefix(const System::UnicodeString& prefix, int start) const;
+    /// The first item of exactly that text; -1 for none.
+    int FindExact(const System::UnicodeString& text) const;
     /// The item of exactly that text, or else of that but for its case; -1 for none.
     int FindText(const System::UnicodeString& text) const;
 
