@@ -478,9 +478,9 @@ bool TCustomComboBox::TypeAhead(System::WideChar character)
     if (character < u' ' || GetCount() == 0) {
         return false;
     }
-    const int found =
-        mTyped->Type(character, mAutoComplete ? mAutoCompleteDelay : 0, GetItemIndex(),
-                     [this](const UnicodeString& text, int start) { return mItems->FindPrefix(text, start); });
+    const int found = mTyped->Type(
+        character, mAutoComplete ? mAutoCompleteDelay : 0, GetItemIndex(),
+        [this](const UnicodeString& text, int start) { return mItems->FindPrefix(text, start); });
     if (found >= 0 && found != GetItemIndex()) {
         ChooseByUser(found);
     }

@@ -30,8 +30,8 @@ TCustomListBox::TCustomListBox(Classes::TComponent* owner)
       mItems(std::make_unique<CListItems>()),
       mTyped(std::make_unique<CTypeAhead>())
 {
-    setControlStyle({Controls::csCaptureMouse, Controls::csSetCaption, Controls::csDoubleClicks,
-                     Controls::csOpaque});
+    setControlStyle(
+        {Controls::csCaptureMouse, Controls::csSetCaption, Controls::csDoubleClicks, Controls::csOpaque});
     setParentColor(false);
     setTabStop(true);
     SetBounds(0, 0, 121, 97);
@@ -326,7 +326,8 @@ void TCustomListBox::DeleteSelected()
 System::TMetaClass* TListBox::ClassRecord()
 {
     static System::TMetaClass* const record =
-        PublishListBox(Controls::PublishFocus(Controls::PublishControl(System::GClassBuilder<TListBox>(u"TListBox"))))
+        PublishListBox(
+            Controls::PublishFocus(Controls::PublishControl(System::GClassBuilder<TListBox>(u"TListBox"))))
             .Property(u"ExtendedSelect", &TListBox::getExtendedSelect, &TListBox::setExtendedSelect,
                       {.defaultValue = 1})
             .Property(u"MultiSelect", &TListBox::getMultiSelect, &TListBox::setMultiSelect,

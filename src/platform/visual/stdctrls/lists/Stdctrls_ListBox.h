@@ -15,8 +15,8 @@ namespace Stdctrls
 class CListItems;
 class CTypeAhead;
 
-/// How a list box has and shows its items. Those of a virtual list are asked for by `OnData`; owner-drawn ones
-/// are drawn by `OnDrawItem`, all as high as `ItemHeight` or each as `OnMeasureItem` tells.
+/// How a list box has and shows its items. Those of a virtual list are asked for by `OnData`; owner-drawn
+/// ones are drawn by `OnDrawItem`, all as high as `ItemHeight` or each as `OnMeasureItem` tells.
 enum TListBoxStyle
 {
     lbStandard,
@@ -138,7 +138,11 @@ protected:
     /// Asks `OnMeasureItem`.
     virtual void MeasureItem(int index, int& height);
     /// Draws what stands in front of an item, and gives the rest of its place.
-    virtual Types::TRect DrawLead(int index, const Types::TRect& rect) { (void)index; return rect; }
+    virtual Types::TRect DrawLead(int index, const Types::TRect& rect)
+    {
+        (void)index;
+        return rect;
+    }
     /// What a virtual list's events give.
     virtual System::UnicodeString DoGetData(int index) const;
     virtual System::TObject* DoGetDataObject(int index) const;

@@ -236,8 +236,9 @@ bool TCustomListBox::MoveByKey(int index, const TShiftState& shift)
     if (index == GetItemIndex() && !getMultiSelect()) {
         return true;
     }
-    const bool movesOnly = getMultiSelect() && (!mExtendedSelect || (shift.Contains(Classes::ssCtrl) &&
-                                                                     !shift.Contains(Classes::ssShift)));
+    const bool movesOnly =
+        getMultiSelect() &&
+        (!mExtendedSelect || (shift.Contains(Classes::ssCtrl) && !shift.Contains(Classes::ssShift)));
     if (movesOnly) {
         MoveCurrent(index);
         TellChoice();

@@ -19,7 +19,9 @@ namespace
 /// Two characters that are the same but for the case of ASCII; any beyond that may be.
 bool MayBeSame(System::WideChar a, System::WideChar b)
 {
-    constexpr auto lower = [](System::WideChar c) -> unsigned { return c >= u'A' && c <= u'Z' ? c + 32U : c; };
+    constexpr auto lower = [](System::WideChar c) -> unsigned {
+        return c >= u'A' && c <= u'Z' ? c + 32U : c;
+    };
     return a > 127 || b > 127 || lower(a) == lower(b);
 }
 
@@ -28,7 +30,8 @@ bool MayBeSame(System::WideChar a, System::WideChar b)
 bool BeginsWith(const UnicodeString& text, const UnicodeString& prefix)
 {
     const std::u16string_view begin = text.AsView().substr(0, prefix.AsView().size());
-    if (begin.size() < prefix.AsView().size() || (!begin.empty() && !MayBeSame(begin[0], prefix.AsView()[0]))) {
+    if (begin.size() < prefix.AsView().size() ||
+        (!begin.empty() && !MayBeSame(begin[0], prefix.AsView()[0]))) {
         return false;
     }
     return Sysutils::AnsiSameText(UnicodeString(begin), prefix);
