@@ -132,6 +132,8 @@ protected:
     virtual bool EditByUser(int start, int length, const System::UnicodeString& text);
     /// As `EditByUser`, whatever the user may do; `OnChange` follows.
     void Replace(int start, int length, const System::UnicodeString& text);
+    /// As `Replace` with the whole text, but has the caret at a place of it.
+    void ReplaceAll(const System::UnicodeString& text, int caret);
     /// Moves the caret; what is between `anchor` and `caret` is selected.
     void Select(int anchor, int caret);
     /// The text of the control changed, or its selection did: the window has to show it.
