@@ -43,6 +43,7 @@ public:
     virtual bool IsValueOk(int value, int index) const;
 
 protected:
+    /// What parts the parts.
     const System::UnicodeString& Separator() const noexcept { return mSeparator; }
 
 private:
@@ -67,6 +68,7 @@ public:
     static bool PlusMinusCheck(const System::UnicodeString& text);
 
 protected:
+    /// Whether the limits, which follow, count.
     bool HasLimits() const noexcept { return mMin != mMax; }
     double Min() const noexcept { return mMin; }
     double Max() const noexcept { return mMax; }

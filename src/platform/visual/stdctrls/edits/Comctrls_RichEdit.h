@@ -31,6 +31,7 @@ class TRS8_BTL_API TTextAttributes : public Classes::TPersistent
     TRS8_BTL_CLASS(TTextAttributes, Classes::TPersistent)
 
 public:
+    /// Whose looks these are.
     enum class ETarget
     {
         Selection,

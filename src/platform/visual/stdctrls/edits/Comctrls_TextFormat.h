@@ -48,6 +48,7 @@ template <class Format>
 class GFormatRuns
 {
 public:
+    /// Units that stand side by side.
     struct TRun
     {
         int length = 0;
@@ -56,6 +57,7 @@ public:
 
     const std::vector<TRun>& getRuns() const noexcept { return mRuns; }
 
+    /// Forgets all.
     void Clear() noexcept { mRuns.clear(); }
 
     /// Adds units at the end.

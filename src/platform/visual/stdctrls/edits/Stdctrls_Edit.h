@@ -145,6 +145,7 @@ protected:
     virtual Toolkits::TEditTraits EditTraits() const;
     void ShowTraitsInWindow();
 
+    /// The text with its caret. Who changes it by this tells nobody.
     const CEditBuffer& Buffer() const noexcept { return mBuffer; }
     CEditBuffer& Buffer() noexcept { return mBuffer; }
     /// The place above or below the caret by so many lines.

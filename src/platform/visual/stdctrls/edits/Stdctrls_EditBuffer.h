@@ -20,14 +20,17 @@ class TRS8_BTL_API CEditBuffer
 {
 public:
     const System::UnicodeString& getText() const noexcept { return mText; }
+    /// In units.
     int Length() const noexcept { return mText.Length(); }
     /// The caret goes to the beginning, and there is nothing to undo.
     void SetText(const System::UnicodeString& text);
 
+    /// Where the selection begins, and how many units it has.
     int SelStart() const noexcept { return mAnchor < mCaret ? mAnchor : mCaret; }
     int SelLength() const noexcept { return mAnchor < mCaret ? mCaret - mAnchor : mAnchor - mCaret; }
     int getAnchor() const noexcept { return mAnchor; }
     int getCaret() const noexcept { return mCaret; }
+    /// Moves the caret; what is between the two is selected.
     void Select(int anchor, int caret) noexcept;
 
     /// Puts `text` in place of `length` units from `start` on; the caret goes behind it. Insertions that
