@@ -144,7 +144,7 @@ private:
             break;
         case EDestination::Fonts:
             if (c == u';') {
-                mFonts[mState.font] = UnicodeString(View(mName));
+                mFonts.try_emplace(mState.font, View(mName));
                 mName.clear();
             } else {
                 mName += c;
