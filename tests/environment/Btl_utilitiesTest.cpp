@@ -58,7 +58,7 @@ TEST(ControlScopesTest, AnExceptionAtTheEndIsShown)
 {
     Support::ScriptedBoxes boxes({1});
     Forms::TForm form;
-    form.setVisible(true);
+    form.Show();
     {
         const CHideControl hidden(&form);
         form.OnShow = [](System::TObject*) { throw Sysutils::Exception(u"no"); };
