@@ -2,6 +2,7 @@
 #include "testing/FormDriver.h"
 
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
+#include "testing/internal/ControlState.h"
 
 #include <sstream>
 #include <stdexcept>
@@ -80,6 +81,7 @@ void PrintControl(std::ostream& out, const TControl& control, int level)
     if (window != nullptr && window->Focused()) {
         out << " focused";
     }
+    WriteControlState(out, control);
     out << '\n';
     for (int i = 0; window != nullptr && i < window->GetControlCount(); ++i) {
         PrintControl(out, *window->GetControl(i), level + 1);
@@ -160,6 +162,15 @@ void CFormDriver::Mouse(const UnicodeString& name, const TMouseInput& mouse)
 {
     TMouseInput inWindow = mouse;
     WindowOf(Find(name), inWindow.place).GetWindowEvents().MouseUsed(inWindow);
+}
+
+void CFormDriver::Choose(const UnicodeString& name, int index)
+{
+    auto* const window = dynamic_cast<TWinControl*>(&Find(name));
+    if (window == nullptr || !CanBeUsed(*window)) {
+        throw std::logic_error("nobody can choose in '" + System::ToUtf8(name) + "'");
+    }
+    window->GetWindowEvents().Chosen(index);
 }
 
 void CFormDriver::Focus(const UnicodeString& name)
