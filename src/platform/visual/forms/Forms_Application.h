@@ -88,6 +88,17 @@ public:
     /// To be called in a handler of any exception: gives it to `OnException`, or shows it. One of the kind
     /// `Sysutils::EAbort` is passed over.
     void HandleException(System::TObject* sender);
+    /// Calls `action` for those who can't let an exception pass, as destructors: what it raises goes to
+    /// `HandleException`.
+    template <class Action>
+    void RunHandled(Action action)
+    {
+        try {
+            action();
+        } catch (...) {
+            HandleException(this);
+        }
+    }
     /// Shows an exception in a box.
     void ShowException(const std::exception& fault);
 
