@@ -6,6 +6,7 @@
 #include "platform/host/Host_File.h"
 #include "support/AccessList.h"
 #include "support/ChildProgram.h"
+#include "support/ScopedVariable.h"
 #include "support/SecondProcess.h"
 
 #include <algorithm>
@@ -388,7 +389,7 @@ TEST_F(HostProfileTest, CountsABareNameFromTheCurrentFolder)
 
 TEST_F(HostProfileTest, HasAProfileOfTheUser)
 {
-    setenv("XDG_CONFIG_HOME", Host("config").c_str(), 1);
+    const Support::ScopedVariable user("XDG_CONFIG_HOME", Host("config"));
     EXPECT_EQ(Host::SystemProfile(), Name(u"config\\win.ini"));
     EXPECT_TRUE(WriteProfileStringW(u"s", u"k", u"5"));
     EXPECT_TRUE(WritePrivateProfileStringA("s", "l", "6", nullptr));
