@@ -11,6 +11,8 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
+#include <thread>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -385,6 +387,31 @@ TEST_F(HostProfileTest, CountsABareNameFromTheCurrentFolder)
     ASSERT_TRUE(SetCurrentDirectoryW(u"sub"));
     EXPECT_EQ(Host::ReadProfileValue(u"b.ini", u"s", u"k"), std::nullopt);
     ASSERT_TRUE(SetCurrentDirectoryW(former));
+}
+
+TEST_F(HostProfileTest, AFileThatIsDeletedWhileItGrowsIsGone)
+{
+    const std::filesystem::path file = Host("a.ini");
+    // So long that it mostly grows while it is read.
+    const std::string text = "[s]\nk=1\n" + std::string(1 << 20, ';');
+    for (int i = 0; i < 10; ++i) {
+        Write("a.ini", text);
+        std::atomic<bool> isOver = false;
+        std::thread writer([&] {
+            std::ofstream stream(file, std::ios::app | std::ios::binary);
+            while (!isOver) {
+                stream << ';' << std::flush;
+            }
+        });
+        while (std::filesystem::file_size(file) == text.size()) {
+            std::this_thread::yield();
+        }
+        EXPECT_EQ(Get(u"s", u"k"), u"1");
+        std::filesystem::remove(file);
+        EXPECT_EQ(Get(u"s", u"k"), u"<none>");
+        isOver = true;
+        writer.join();
+    }
 }
 
 TEST_F(HostProfileTest, HasAProfileOfTheUser)
