@@ -91,10 +91,11 @@ void ProfileWatch::LetGo() noexcept
     if (!IsHolding()) {
         return;
     }
-    // A program that closed all descriptors may have a file of its own under this number.
+    // A program that closed all descriptors may have a file of its own under this number, this one perhaps.
     struct stat status;
-    const bool isOurs =
-        fstat(mFile.Get(), &status) == 0 && status.st_dev == mState.device && status.st_ino == mState.file;
+    const int flags = fcntl(mFile.Get(), F_GETFL);
+    const bool isOurs = flags >= 0 && (flags & O_PATH) != 0 && fstat(mFile.Get(), &status) == 0 &&
+                        status.st_dev == mState.device && status.st_ino == mState.file;
     if (!isOurs) {
         mFile.Release();
     }

@@ -223,25 +223,28 @@ TEST_P(ProfileWatchTest, TouchesNoLock)
 
 TEST_P(ProfileWatchTest, LeavesADescriptorThatIsNotItsOwnAlone)
 {
-    EXPECT_EQ(Support::ExitOfFork([&] {
-                  auto watch = std::make_unique<ProfileWatch>(mFile);
-                  Hold(*watch);
-                  // As a program does that goes into the background.
-                  close_range(3, ~0U, 0);
-                  int last = 0;
-                  for (int i = 0; i < 64; ++i) {
-                      last = open(mFolder.c_str(), O_RDONLY | O_CLOEXEC);
-                  }
-                  const bool isRight = watch->Look() == QueryState(mFile);
-                  watch.reset();
-                  for (int i = 3; i <= last; ++i) {
-                      if (fcntl(i, F_GETFD) < 0) {
-                          return 1;
+    for (const fs::path& another : {mFolder, mFile}) {
+        SCOPED_TRACE(another);
+        EXPECT_EQ(Support::ExitOfFork([&] {
+                      auto watch = std::make_unique<ProfileWatch>(mFile);
+                      Hold(*watch);
+                      // As a program does that goes into the background.
+                      close_range(3, ~0U, 0);
+                      int last = 0;
+                      for (int i = 0; i < 64; ++i) {
+                          last = open(another.c_str(), O_RDONLY | O_CLOEXEC);
                       }
-                  }
-                  return isRight ? 0 : 2;
-              }),
-              0);
+                      const bool isRight = watch->Look() == QueryState(mFile);
+                      watch.reset();
+                      for (int i = 3; i <= last; ++i) {
+                          if (fcntl(i, F_GETFD) < 0) {
+                              return 1;
+                          }
+                      }
+                      return isRight ? 0 : 2;
+                  }),
+                  0);
+    }
 }
 
 } // namespace
