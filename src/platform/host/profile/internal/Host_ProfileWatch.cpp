@@ -77,7 +77,8 @@ FileState ProfileWatch::Look()
 
 void ProfileWatch::Hold()
 {
-    if (!S_ISREG(mState.mode) || HasLinks(mPath)) {
+    // A move in the tick of the last change would not show.
+    if (!S_ISREG(mState.mode) || !mState.IsSettled() || HasLinks(mPath)) {
         return;
     }
     Descriptor file(open(mPath.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC));

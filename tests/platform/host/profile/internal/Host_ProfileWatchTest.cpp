@@ -171,6 +171,23 @@ TEST_P(ProfileWatchTest, FollowsLinksAtEachLook)
     EXPECT_EQ(inFolder.Look(), file.Look());
 }
 
+TEST_P(ProfileWatchTest, HoldsNoFileThatChangedJustNow)
+{
+    for (int i = 0; i < 20; ++i) {
+        fs::remove(mFile);
+        WriteTo(mFile, "one");
+        ProfileWatch watch(mFile);
+        Host::FileState state;
+        for (int look = 0; look < 64; ++look) {
+            state = watch.Look();
+        }
+        // A test that had to wait may have come to its end.
+        EXPECT_TRUE(!watch.IsHolding() || state.IsSettled());
+        fs::rename(mFile, mFolder / "moved");
+        EXPECT_EQ(watch.Look(), QueryState(mFile));
+    }
+}
+
 TEST_P(ProfileWatchTest, LetsGoOfAFileThatIsSeldomAskedFor)
 {
     ProfileWatch watch(mFile);
