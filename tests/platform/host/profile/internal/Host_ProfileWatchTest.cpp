@@ -145,6 +145,26 @@ TEST_P(ProfileWatchTest, TellsSoonThatAFolderWasExchanged)
     EXPECT_EQ(watch.Look(), QueryState(mFile));
 }
 
+TEST_P(ProfileWatchTest, TellsSoonThatAFolderBecameALinkThatLeadsElsewhere)
+{
+    fs::create_directory(mFolder / "other");
+    WriteTo(mFolder / "other" / "a.ini", "other");
+    ProfileWatch watch(mFile);
+    Hold(watch);
+    fs::rename(mFolder / "sub", mFolder / "former");
+    for (const char* const target : {"former", "other", "former"}) {
+        SCOPED_TRACE(target);
+        fs::remove(mFolder / "sub");
+        fs::create_directory_symlink(target, mFolder / "sub");
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        EXPECT_EQ(watch.Look(), QueryState(mFolder / target / "a.ini"));
+        // Enough to hold it, were it not for the link.
+        for (int i = 0; i < 64; ++i) {
+            EXPECT_EQ(watch.Look(), QueryState(mFolder / target / "a.ini"));
+        }
+    }
+}
+
 TEST_P(ProfileWatchTest, FollowsLinksAtEachLook)
 {
     fs::create_directory(mFolder / "other");
