@@ -3,8 +3,6 @@
 
 #include "os/WIN_LastError.h"
 #include "platform/host/Host_Error.h"
-#include "platform/runtime/classes/Classes_Strings.h"
-#include "platform/visual/controls/Controls_DropFiles.h"
 #include "platform/visual/graphics/Graphics_Brush.h"
 #include "platform/visual/graphics/Graphics_Canvas.h"
 #include "platform/visual/graphics/Graphics_FileIcon.h"
@@ -71,18 +69,6 @@ void DrawSmalIcon(Graphics::TBitmap* bitmap, HICON icon, Graphics::TColor color)
     if (!::DrawIconEx(canvas->getHandle(), 0, 0, icon, Side, Side, 0, &ground, DI_NORMAL)) {
         ThrowLastError();
     }
-}
-
-void DragQueryFiles(HDROP drop, Classes::TStrings* list)
-{
-    if (list != nullptr) {
-        list->Clear();
-        const unsigned count = ::DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
-        for (unsigned i = 0; i < count; ++i) {
-            list->Add(drop->files[i]);
-        }
-    }
-    ::DragFinish(drop);
 }
 
 } // namespace WIN

@@ -4,16 +4,6 @@
 #include "platform/base/System_String.h"
 #include "platform/visual/graphics/Graphics_Color.h"
 
-namespace Classes
-{
-class TStrings;
-} // namespace Classes
-
-namespace Controls
-{
-struct TDroppedFiles;
-} // namespace Controls
-
 namespace Graphics
 {
 class TBitmap;
@@ -55,9 +45,5 @@ TRS8_BTL_API unsigned ExtractIconExW(const char* file, int index, Graphics::TIco
 /// becomes the colour of the canvas's brush. A failure goes to `ThrowLastError`, as where either is null.
 TRS8_BTL_API void DrawSmalIcon(Graphics::TBitmap* bitmap, Graphics::TIconObject* icon,
                                Graphics::TColor color);
-
-/// Takes the full paths of the dropped files, as `WM_DROPFILES` has them, in place of all that was in `list`,
-/// and gives the handle up by `::DragFinish`. A null list gets nothing.
-TRS8_BTL_API void DragQueryFiles(Controls::TDroppedFiles* drop, Classes::TStrings* list);
 
 } // namespace WIN

@@ -4,8 +4,6 @@
 #include "os/WIN_LastError.h"
 #include "platform/host/Host_Error.h"
 #include "platform/host/Host_Path.h"
-#include "platform/runtime/classes/Classes_StringList.h"
-#include "platform/visual/controls/Controls_DropFiles.h"
 #include "platform/visual/graphics/Graphics_Canvas.h"
 #include "platform/visual/graphics/Graphics_FileIcon.h"
 #include "platform/visual/graphics/Graphics_Icon.h"
@@ -118,35 +116,6 @@ TEST_F(IconsTest, ASmallIconIsDrawnOnAGround)
 
     EXPECT_THROW(WIN::DrawSmalIcon(&bitmap, nullptr, Graphics::clBlue), WIN::XLastError);
     EXPECT_THROW(WIN::DrawSmalIcon(nullptr, nullptr, Graphics::clBlue), WIN::XLastError);
-}
-
-TEST(DropTest, DroppedFilesAreTakenOnce)
-{
-    Controls::TDroppedFiles dropped{{u"\\a\\one.txt", u"\\b\\zwei ä.txt"}, {3, 4}};
-    Classes::TStringList list;
-    list.Add(u"former");
-    WIN::DragQueryFiles(&dropped, &list);
-    EXPECT_EQ(list.getText(), u"\\a\\one.txt\n\\b\\zwei ä.txt\n");
-    WIN::DragQueryFiles(&dropped, &list);
-    EXPECT_EQ(list.getCount(), 0) << "the handle has none any more";
-    WIN::DragQueryFiles(nullptr, &list);
-    WIN::DragQueryFiles(&dropped, nullptr);
-}
-
-TEST(DropTest, AHandleTellsItsFiles)
-{
-    Controls::TDroppedFiles dropped{{u"\\a\\one.txt", u"\\b"}, {}};
-    System::WideChar buffer[5] = u"????";
-    EXPECT_EQ(DragQueryFileW(&dropped, 0xFFFFFFFF, nullptr, 0), 2u);
-    EXPECT_EQ(DragQueryFileW(&dropped, 0, nullptr, 0), 10u);
-    EXPECT_EQ(DragQueryFileW(&dropped, 0, buffer, 5), 4u);
-    EXPECT_EQ(UnicodeString(buffer), u"\\a\\o");
-    EXPECT_EQ(DragQueryFileW(&dropped, 1, buffer, 5), 2u);
-    EXPECT_EQ(UnicodeString(buffer), u"\\b");
-    EXPECT_EQ(DragQueryFileW(&dropped, 1, buffer, 0), 0u);
-    EXPECT_EQ(DragQueryFileW(&dropped, 2, buffer, 5), 0u);
-    EXPECT_EQ(DragQueryFileW(nullptr, 0, buffer, 5), 0u);
-    DragFinish(nullptr);
 }
 
 } // namespace
