@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "progress/BTL_THRD_ActionThreadWithForm.h"
 
+#include "platform/runtime/classes/Classes_ComponentLink.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/forms/Forms_Form.h"
@@ -12,26 +13,6 @@ namespace BTL
 {
 
 using Forms::TCustomForm;
-
-/// Knows a form as long as that is there.
-class TActionThreadWithForm::CFormLink : public Classes::TComponent
-{
-public:
-    explicit CFormLink(TCustomForm* form) : mForm(form) { form->FreeNotification(this); }
-
-    TCustomForm* getForm() const noexcept { return mForm; }
-
-    void Notification(TComponent* component, Classes::TOperation operation) override
-    {
-        TComponent::Notification(component, operation);
-        if (operation == Classes::opRemove && component == mForm) {
-            mForm = nullptr;
-        }
-    }
-
-private:
-    TCustomForm* mForm;
-};
 
 System::TMetaClass* TActionThreadWithForm::ClassRecord()
 {
@@ -48,7 +29,7 @@ TActionThreadWithForm::TActionThreadWithForm(bool createSuspended, bool synchron
 TActionThreadWithForm::TActionThreadWithForm(TCustomForm* form, bool createSuspended, bool synchronized,
                                              bool processMessages)
     : TActionThread(createSuspended, synchronized, processMessages),
-      mOwnForm(form == nullptr ? nullptr : new CFormLink(form))
+      mOwnForm(form == nullptr ? nullptr : new Classes::TComponentLink(form))
 {
 }
 
@@ -57,7 +38,7 @@ TActionThreadWithForm::~TActionThreadWithForm()
     EndThread();
     if (mOwnForm != nullptr && !IsTheCurrentThreadTheMainThread()) {
         // The thread destroys its object itself, and the form knows the link.
-        auto link = std::make_shared<System::GOwner<CFormLink>>(std::move(mOwnForm));
+        auto link = std::make_shared<System::GOwner<Classes::TComponentLink>>(std::move(mOwnForm));
         Toolkits::CurrentToolkit().Post([link = std::move(link)] { *link = nullptr; });
     }
 }
@@ -68,7 +49,7 @@ void TActionThreadWithForm::CloseForm(int modalResult)
         return;
     }
     Synchronize([this, modalResult] {
-        if (TCustomForm* const form = mOwnForm->getForm(); form != nullptr) {
+        if (auto* const form = static_cast<TCustomForm*>(mOwnForm->getComponent()); form != nullptr) {
             form->setModalResult(modalResult);
         }
     });

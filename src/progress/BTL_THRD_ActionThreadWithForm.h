@@ -4,6 +4,11 @@
 #include "platform/base/System_Owner.h"
 #include "progress/BTL_THRD_ActionThread.h"
 
+namespace Classes
+{
+class TComponentLink;
+} // namespace Classes
+
 namespace Forms
 {
 class TCustomForm;
@@ -47,10 +52,8 @@ public:
     void CloseForm(Forms::TCustomForm* form, int modalResult);
 
 private:
-    class CFormLink;
-
     /// Of the main thread alone; null without a form.
-    System::GOwner<CFormLink> mOwnForm;
+    System::GOwner<Classes::TComponentLink> mOwnForm;
 };
 
 } // namespace BTL

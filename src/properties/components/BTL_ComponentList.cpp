@@ -2,6 +2,7 @@
 #include "properties/components/BTL_ComponentList.h"
 
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
+#include "platform/runtime/classes/Contnrs_ComponentList.h"
 #include "properties/classes/BTL_Classes.h"
 #include "properties/components/internal/BTL_OwnedWalk.h"
 
@@ -37,6 +38,22 @@ void CComponentList::AddComponents(TComponent* component, TMetaClass* type)
         }
         return true;
     });
+}
+
+void CComponentList::AddComponents(const Contnrs::TComponentList* list)
+{
+    if (list == nullptr) {
+        return;
+    }
+    reserve(SizeWith(static_cast<unsigned>(list->getCount())));
+    for (int i = 0; i < list->getCount(); ++i) {
+        push_back(list->getItems(i));
+    }
+}
+
+void CComponentList::AddComponents(const Contnrs::TComponentList* list, TMetaClass* type)
+{
+    AddComponents(CComponentList(list), type);
 }
 
 void CComponentList::AddWithBelow(TComponent* component, TMetaClass* type)

@@ -4,6 +4,11 @@
 #include "foundation/vectors/UTL_SV_GSimpleVector.h"
 #include "platform/runtime/classes/Classes_Component.h"
 
+namespace Contnrs
+{
+class TComponentList;
+} // namespace Contnrs
+
 namespace BTL
 {
 
@@ -21,21 +26,31 @@ public:
     CComponentList(const CComponentList& list, System::TMetaClass* type) { AddComponents(list, type); }
     /// What `component` itself owns.
     explicit CComponentList(Classes::TComponent* component) { AddComponents(component); }
+    /// Those of the platform's list.
+    explicit CComponentList(const Contnrs::TComponentList* list) { AddComponents(list); }
     /// Those of the class `type` on all levels below `component`.
     CComponentList(Classes::TComponent* component, System::TMetaClass* type)
     {
         AddComponents(component, type);
+    }
+    /// As of another list and a class.
+    CComponentList(const Contnrs::TComponentList* list, System::TMetaClass* type)
+    {
+        AddComponents(list, type);
     }
 
     /// What `component` itself owns.
     void AddComponents(Classes::TComponent* component);
     /// Those of `list`, which may be this one.
     void AddComponents(const CComponentList& list) { append(list); }
+    /// Those of the platform's list.
+    void AddComponents(const Contnrs::TComponentList* list);
     /// Those of the class `type` on all levels below `component`, each before what it owns.
     void AddComponents(Classes::TComponent* component, System::TMetaClass* type);
     /// Those of `list` that are of the class `type`, each followed by those of the class on all levels below
     /// it.
     void AddComponents(const CComponentList& list, System::TMetaClass* type);
+    void AddComponents(const Contnrs::TComponentList* list, System::TMetaClass* type);
     /// Destroys all that are in the list and empties it. One that goes with another, which owns it, or that
     /// is in the list twice, is destroyed once.
     void DeleteComponents();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "properties/components/BTL_ComponentSet.h"
 
+#include "platform/runtime/classes/Contnrs_ComponentList.h"
 #include "properties/classes/BTL_Classes.h"
 #include "properties/components/internal/BTL_OwnedWalk.h"
 
@@ -35,6 +36,21 @@ void CComponentSet::AddComponents(TComponent* component, TMetaClass* type)
         }
         return false;
     });
+}
+
+void CComponentSet::AddComponents(const Contnrs::TComponentList* list)
+{
+    AddComponents(list, System::ClassOf<TComponent>());
+}
+
+void CComponentSet::AddComponents(const Contnrs::TComponentList* list, TMetaClass* type)
+{
+    const int count = list == nullptr ? 0 : list->getCount();
+    for (int i = 0; i < count; ++i) {
+        if (InheritsFrom(list->getItems(i), type)) {
+            insert(list->getItems(i));
+        }
+    }
 }
 
 } // namespace BTL

@@ -5,6 +5,11 @@
 
 #include <set>
 
+namespace Contnrs
+{
+class TComponentList;
+} // namespace Contnrs
+
 namespace BTL
 {
 
@@ -27,12 +32,23 @@ public:
     {
         AddComponents(component, type);
     }
+    /// Those of the platform's list.
+    explicit CComponentSet(const Contnrs::TComponentList* list) { AddComponents(list); }
+    /// Those of the platform's list that are of the class `type`.
+    CComponentSet(const Contnrs::TComponentList* list, System::TMetaClass* type)
+    {
+        AddComponents(list, type);
+    }
 
     void AddComponents(const CComponentSet& other) { insert(other.begin(), other.end()); }
     /// What `component` itself owns.
     void AddComponents(Classes::TComponent* component);
+    /// Those of the platform's list.
+    void AddComponents(const Contnrs::TComponentList* list);
     /// Those of `other` that are of the class `type`.
     void AddComponents(const CComponentSet& other, System::TMetaClass* type);
+    /// Those of the platform's list that are of the class `type`.
+    void AddComponents(const Contnrs::TComponentList* list, System::TMetaClass* type);
     /// What `component` itself owns of the class `type`.
     void AddComponents(Classes::TComponent* component, System::TMetaClass* type);
 

@@ -2,6 +2,7 @@
 #include "properties/components/BTL_ComponentList.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
+#include "platform/runtime/classes/Contnrs_ComponentList.h"
 #include "properties/components/ComponentTrees.h"
 #include "support/ScriptedBoxes.h"
 
@@ -45,6 +46,17 @@ TEST(ComponentListTest, TakesOtherLists)
     EXPECT_EQ(list.getComponent(3), owned.getComponent(1));
 }
 
+TEST(ComponentListTest, TakesListsOfThePlatform)
+{
+    const TDesk tree;
+    Contnrs::TComponentList list(false);
+    list.Add(tree.desk->FindComponent(u"Plain"));
+    list.Add(tree.desk->FindComponent(u"Marked"));
+    EXPECT_EQ(Names(CComponentList(&list)), "Plain Marked");
+    EXPECT_EQ(Names(CComponentList(&list, ClassOf<TMarked>())), "M1 Marked M2 M3");
+    EXPECT_EQ(Names(CComponentList(static_cast<Contnrs::TComponentList*>(nullptr))), "");
+}
+
 /// An owner takes what it owns along, and nothing is destroyed twice.
 TEST(ComponentListTest, DestroysEachOnce)
 {
@@ -63,7 +75,7 @@ TEST(ComponentListTest, DestroysEachOnce)
 TEST(ComponentListTest, NullAddsNothing)
 {
     CComponentList list(static_cast<TComponent*>(nullptr));
-    list.AddComponents(nullptr, ClassOf<TComponent>());
+    list.AddComponents(static_cast<TComponent*>(nullptr), ClassOf<TComponent>());
     EXPECT_TRUE(list.empty());
     const Support::ScriptedBoxes boxes({6});
     EXPECT_THROW(list.getComponent(0), UTL::XAssert);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "properties/components/BTL_ComponentSet.h"
 
+#include "platform/runtime/classes/Contnrs_ComponentList.h"
 #include "properties/components/ComponentTrees.h"
 
 #include <gtest/gtest.h>
@@ -40,10 +41,21 @@ TEST(ComponentSetTest, HasEachOnce)
     EXPECT_FALSE(set.Contains(tree.desk));
 }
 
+TEST(ComponentSetTest, TakesListsOfThePlatform)
+{
+    const TDesk tree;
+    Contnrs::TComponentList list(false);
+    list.Add(tree.desk->FindComponent(u"Plain"));
+    list.Add(tree.desk->FindComponent(u"Marked"));
+    EXPECT_EQ(SortedNames(CComponentSet(&list)), "Marked Plain");
+    EXPECT_EQ(SortedNames(CComponentSet(&list, ClassOf<TMarked>())), "Marked");
+    EXPECT_EQ(SortedNames(CComponentSet(static_cast<Contnrs::TComponentList*>(nullptr))), "");
+}
+
 TEST(ComponentSetTest, NullAddsNothing)
 {
     CComponentSet set(static_cast<TComponent*>(nullptr));
-    set.AddComponents(nullptr, ClassOf<TComponent>());
+    set.AddComponents(static_cast<TComponent*>(nullptr), ClassOf<TComponent>());
     EXPECT_TRUE(set.empty());
     EXPECT_FALSE(set.Contains(nullptr));
 }

@@ -115,4 +115,15 @@ struct TMessage
     std::intptr_t Result = 0;
 };
 
+/// `WM_COPYDATA` as a message: bytes that another process sends.
+struct TWMCopyData
+{
+    unsigned Msg = WM_COPYDATA;
+    /// What the sender gave for its window.
+    std::uintptr_t From = 0;
+    /// Valid during the call.
+    const COPYDATASTRUCT* CopyDataStruct = nullptr;
+    std::intptr_t Result = 0;
+};
+
 } // namespace Messages
