@@ -3,10 +3,9 @@
 
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/toolkit/Toolkit.h"
-#include "platform/visual/controls/Controls_Publish.h"
 #include "platform/visual/controls/Controls_Thread.h"
 #include "platform/visual/controls/Controls_WindowActs.h"
-#include "platform/visual/graphics/Graphics_Canvas.h"
+#include "platform/visual/stdctrls/edits/Stdctrls_PublishEdit.h"
 
 #include <algorithm>
 
@@ -171,6 +170,14 @@ void TCustomEdit::Replace(int start, int length, const UnicodeString& text)
 {
     Controls::CheckMainThread();
     mBuffer.Replace(start, length, text);
+    TextReplaced();
+}
+
+void TCustomEdit::ReplaceAll(const UnicodeString& text, int caret)
+{
+    Controls::CheckMainThread();
+    mBuffer.Replace(0, mBuffer.Length(), text);
+    mBuffer.Select(caret, caret);
     TextReplaced();
 }
 
@@ -468,23 +475,8 @@ void TCustomEdit::SelectionMovedInWindow(int start, int length)
 System::TMetaClass* TEdit::ClassRecord()
 {
     static System::TMetaClass* const record =
-        Controls::PublishFocus(Controls::PublishControl(System::GClassBuilder<TEdit>(u"TEdit")))
-            .Property(u"Alignment", &TEdit::getAlignment, &TEdit::setAlignment, {.defaultValue = 0})
-            .Property(u"AutoSelect", &TEdit::getAutoSelect, &TEdit::setAutoSelect, {.defaultValue = 1})
-            .Property(u"AutoSize", &TEdit::getAutoSize, &TEdit::setAutoSize, {.defaultValue = 1})
-            .Property(u"BorderStyle", &TEdit::getBorderStyle, &TEdit::setBorderStyle,
-                      {.defaultValue = Forms::bsSingle})
-            .Property(u"CharCase", &TEdit::getCharCase, &TEdit::setCharCase, {.defaultValue = ecNormal})
-            .Property(u"Ctl3D", &TEdit::getCtl3D, &TEdit::setCtl3D, {.defaultValue = 1})
-            .Property(u"HideSelection", &TEdit::getHideSelection, &TEdit::setHideSelection,
-                      {.defaultValue = 1})
-            .Property(u"MaxLength", &TEdit::getMaxLength, &TEdit::setMaxLength, {.defaultValue = 0})
+        PublishLine(PublishEdit(System::GClassBuilder<TEdit>(u"TEdit")))
             .Property(u"NumbersOnly", &TEdit::getNumbersOnly, &TEdit::setNumbersOnly, {.defaultValue = 0})
-            .Property(u"PasswordChar", &TEdit::getPasswordChar, &TEdit::setPasswordChar, {.defaultValue = 0})
-            .Property(u"ReadOnly", &TEdit::getReadOnly, &TEdit::setReadOnly, {.defaultValue = 0})
-            .Property(u"Text", &TEdit::getText, &TEdit::setText)
-            .Property(u"TextHint", &TEdit::getTextHint, &TEdit::setTextHint)
-            .Property(u"OnChange", &TEdit::OnChange)
             .Build();
     return record;
 }

@@ -5,6 +5,7 @@
 #include "platform/runtime/classes/Classes_Exceptions.h"
 #include "platform/visual/controls/Controls_FormHost.h"
 #include "platform/visual/controls/Controls_Publish.h"
+#include "platform/visual/controls/Forms_Accelerator.h"
 #include "platform/visual/graphics/Graphics_Canvas.h"
 
 #include <algorithm>
@@ -413,6 +414,19 @@ bool TPageControl::DialogKey(const Messages::TMessage& message)
     return true;
 }
 
+bool TPageControl::ChooseMarked(System::Word key)
+{
+    const auto isMarked = [key](const TTabSheet* page) {
+        return page->getTabVisible() && Forms::IsAccel(key, page->getCaption());
+    };
+    const auto found = std::ranges::find_if(mPages, isMarked);
+    if (found == mPages.end() || !CanFocus()) {
+        return false;
+    }
+    ChooseTab((*found)->getTabIndex());
+    return true;
+}
+
 void TPageControl::Dispatch(void* record)
 {
     auto& message = *static_cast<Messages::TMessage*>(record);
@@ -424,6 +438,12 @@ void TPageControl::Dispatch(void* record)
             message.Result = 1;
         }
         return;
+    case CM_DIALOGCHAR:
+        if (ChooseMarked(static_cast<System::Word>(message.WParam))) {
+            message.Result = 1;
+            return;
+        }
+        return TCustomTabControl::Dispatch(record);
     case CM_CONTROLCHANGE: {
         TCustomTabControl::Dispatch(record);
         auto* const page = dynamic_cast<TTabSheet*>(reinterpret_cast<TControl*>(message.WParam));

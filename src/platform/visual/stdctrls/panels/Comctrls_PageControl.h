@@ -108,6 +108,8 @@ private:
     /// Takes the focus from the page that is left; false if it didn't let go.
     bool LeavePage();
     bool DialogKey(const Messages::TMessage& message);
+    /// Chooses the tab whose caption marks the key; false if there is none.
+    bool ChooseMarked(System::Word key);
     TTabSheet* FindTab(int index) const;
 
     std::vector<TTabSheet*> mPages;
