@@ -8,6 +8,8 @@
 #include "platform/visual/stdctrls/ShownForm.h"
 #include "platform/visual/stdctrls/buttons/Stdctrls_Button.h"
 
+#include <stdexcept>
+
 namespace
 {
 
@@ -123,6 +125,15 @@ TEST_F(ComboBoxTest, KeepsEnterAndEscapeOfTheFormWhileItIsOpen)
     mBox->setDroppedDown(true);
     mDriver.Press(VK_TAB);
     EXPECT_EQ(TakeLog(), u"drop close ");
+}
+
+TEST_F(ComboBoxTest, CantBeChosenFromWhileItIsDisabled)
+{
+    mBox->setEnabled(false);
+    EXPECT_THROW(mDriver.Choose(u"Box", 1), std::logic_error);
+    mBox->setEnabled(true);
+    mDriver.Choose(u"Box", 99);
+    EXPECT_EQ(mBox->getItemIndex(), -1);
 }
 
 TEST_F(ComboBoxTest, LetsItsListBeFilledAsItOpens)
