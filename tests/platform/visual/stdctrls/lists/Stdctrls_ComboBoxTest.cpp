@@ -250,6 +250,12 @@ TEST_F(ComboBoxTest, HearsOfWhatItsNativeWindowDid)
     mBox->GetWindowEvents().Chosen(0);
     mBox->GetWindowEvents().DropChanged(false);
     EXPECT_EQ(TakeLog(), u"change drop click change close ");
+    mBox->setText({});
+    mBox->GetWindowEvents().TextEdited(u"O");
+    EXPECT_EQ(mBox->getText(), u"Ohm");
+    EXPECT_EQ(mBox->getSelText(), u"hm");
+    mBox->GetWindowEvents().TextEdited(u"O");
+    EXPECT_EQ(mBox->getText(), u"O");
 }
 
 TEST_F(ComboBoxTest, LetsItsItemBeDrawn)
