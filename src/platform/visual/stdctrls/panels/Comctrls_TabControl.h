@@ -77,8 +77,10 @@ public:
     TTabChangingEvent OnChanging;
 
 protected:
+    /// What `TabIndex` gives and does; any index may come.
     virtual int GetTabIndex() const = 0;
     virtual void SetTabIndex(int index) = 0;
+    /// The tabs that can be seen, and what stands in one of them.
     virtual int GetTabCount() const = 0;
     virtual System::UnicodeString GetTabText(int index) const = 0;
 
