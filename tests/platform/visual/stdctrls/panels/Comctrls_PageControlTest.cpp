@@ -152,7 +152,7 @@ TEST_F(PageControlTest, TurnsToWhatIsToBeShown)
 {
     Edit(2)->Show();
     EXPECT_EQ(mPages->getActivePageIndex(), 2);
-    EXPECT_NE(mDriver.Print().find("TPageControl Pages 0,0 300x200 \"\" tab 2\n"), std::string::npos)
+    EXPECT_NE(mDriver.Print().find("TPageControl Pages 0,0 300x200 \"\" focused tab 2\n"), std::string::npos)
         << mDriver.Print();
 }
 
@@ -214,6 +214,7 @@ TEST_F(PageControlTest, BearsTheEndOfPagesWithinTheirEvents)
     ClickTab(1);
     EXPECT_EQ(mPages->getPageCount(), 2);
     EXPECT_NE(mPages->getActivePage(), page);
+    mPages->setActivePageIndex(0);
     Page(0)->OnHide = [this](TObject*) { delete mPages; };
     ClickTab(1);
     EXPECT_EQ(mForm.FindComponent(u"Pages"), nullptr);
