@@ -2,6 +2,8 @@
 #include "testing/FormDriver.h"
 
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
+#include "platform/visual/grids/Grids_CustomGrid.h"
+#include "testing/internal/GridState.h"
 
 #include <sstream>
 #include <stdexcept>
@@ -80,7 +82,9 @@ void PrintControl(std::ostream& out, const TControl& control, int level)
     if (window != nullptr && window->Focused()) {
         out << " focused";
     }
+    WriteGridState(out, control);
     out << '\n';
+    WriteGridCells(out, control, level + 1);
     for (int i = 0; window != nullptr && i < window->GetControlCount(); ++i) {
         PrintControl(out, *window->GetControl(i), level + 1);
     }
@@ -154,6 +158,17 @@ void CFormDriver::DoubleClick(const UnicodeString& name)
     if (watch.IsAlive()) {
         Mouse(name, At(EMouseAction::Up, place));
     }
+}
+
+void CFormDriver::ClickCell(const UnicodeString& name, int col, int row)
+{
+    const auto* const grid = dynamic_cast<const Grids::TCustomGrid*>(&Find(name));
+    const Types::TRect rect = grid == nullptr ? Types::TRect{} : grid->CellRect(col, row);
+    if (rect.Width() <= 0 || rect.Height() <= 0) {
+        throw std::logic_error("nobody can click on a cell of '" + System::ToUtf8(name) +
+                               "' that isn't in sight");
+    }
+    Click(name, {(rect.Left + rect.Right) / 2, (rect.Top + rect.Bottom) / 2});
 }
 
 void CFormDriver::Mouse(const UnicodeString& name, const TMouseInput& mouse)

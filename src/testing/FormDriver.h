@@ -34,6 +34,8 @@ public:
     void Click(const System::UnicodeString& name);
     void Click(const System::UnicodeString& name, Types::TPoint place);
     void DoubleClick(const System::UnicodeString& name);
+    /// Clicks on a cell of a grid. `std::logic_error` for any other control and for a cell out of sight.
+    void ClickCell(const System::UnicodeString& name, int col, int row);
     /// One thing that the mouse does over the control.
     void Mouse(const System::UnicodeString& name, const Toolkits::TMouseInput& mouse);
 
@@ -48,7 +50,7 @@ public:
     void Type(const System::UnicodeString& text);
 
     /// The form and its controls, one a line, each level two blanks to the right: class, name, bounds, text
-    /// and what isn't usual of its state.
+    /// and what isn't usual of its state. Below a grid of strings stand its cells in sight.
     std::string Print() const;
 
 private:
