@@ -319,7 +319,7 @@ TEST_F(DrawGridTest, MovesByFixedCells)
     mGrid->setColWidths(1, 60);
     mGrid->setCol(1);
     Drag(100, 5, 230, 5);
-    Drag(5, 100, 5, 30);
+    Drag(5, 90, 5, 30);
     EXPECT_EQ(log, u"1>3 3>1 ");
     EXPECT_EQ(mGrid->getColWidths(3), 60);
     EXPECT_EQ(mGrid->getColWidths(1), 64);
