@@ -3,12 +3,11 @@
 
 #include <benchmark/benchmark.h>
 
-#include <chrono>
 #include <string>
 #include <vector>
 
-// A million cells of a string grid, beside a vector of as many strings. Each round does both, one after the
-// other; `ratio` is our time by that of the vector.
+// A million cells of a string grid, of as many columns as the argument tells, beside a vector of as many
+// strings.
 
 namespace
 {
@@ -18,6 +17,11 @@ using System::UnicodeString;
 
 constexpr int CellCount = 1'000'000;
 constexpr std::size_t TextCount = 1000;
+
+void Columns(benchmark::internal::Benchmark* benchmark)
+{
+    benchmark->Arg(5)->Arg(1000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+}
 
 /// What a column of measured values shows; too long for a string to hold it in itself.
 template <class Text>
@@ -31,119 +35,113 @@ std::vector<Text> Texts()
     return texts;
 }
 
-double SecondsOf(const auto& work)
+void Size(TStringGrid& grid, std::int64_t columns)
 {
-    const auto begin = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+    grid.setColCount(static_cast<int>(columns));
+    grid.setRowCount(CellCount / grid.getColCount());
 }
 
-template <class Ours, class Theirs>
-void Compare(benchmark::State& state, Ours ours, Theirs theirs)
+/// Calls `work(col, row)` for each cell, row by row.
+template <class Work>
+void EachCell(const TStringGrid& grid, Work work)
 {
-    double ourTime = 0;
-    double theirTime = 0;
+    for (int row = 0; row < grid.getRowCount(); ++row) {
+        for (int col = 0; col < grid.getColCount(); ++col) {
+            work(col, row);
+        }
+    }
+}
+
+// Setting all cells of a new grid.
+
+void SetOurs(benchmark::State& state)
+{
+    const auto texts = Texts<UnicodeString>();
     for (auto _ : state) {
-        ourTime += SecondsOf(ours);
-        theirTime += SecondsOf(theirs);
+        TStringGrid grid;
+        Size(grid, state.range(0));
+        std::size_t i = 0;
+        EachCell(grid, [&](int col, int row) { grid.setCells(col, row, texts[i++ % TextCount]); });
+        benchmark::DoNotOptimize(grid.getCells(0, 0));
     }
-    state.counters["ratio"] = ourTime / theirTime;
-    state.SetItemsProcessed(state.iterations() * CellCount);
 }
+BENCHMARK(SetOurs)->Name("set_cells/ours")->Apply(Columns);
 
-/// The argument is the count of columns.
-void SetCells(benchmark::State& state)
+template <class Text>
+void SetVector(benchmark::State& state)
+{
+    const auto texts = Texts<Text>();
+    for (auto _ : state) {
+        std::vector<Text> cells(CellCount);
+        for (std::size_t i = 0; i < cells.size(); ++i) {
+            cells[i] = texts[i % TextCount];
+        }
+        benchmark::DoNotOptimize(cells.data());
+    }
+}
+BENCHMARK(SetVector<std::u16string>)->Name("set_cells/std_u16string")->Apply(Columns);
+BENCHMARK(SetVector<UnicodeString>)->Name("set_cells/unicode_string")->Apply(Columns);
+
+// As above, but each text is made for its cell.
+
+void MakeOurs(benchmark::State& state)
+{
+    for (auto _ : state) {
+        TStringGrid grid;
+        Size(grid, state.range(0));
+        EachCell(grid, [&](int col, int row) { grid.setCells(col, row, u"channel name"); });
+        benchmark::DoNotOptimize(grid.getCells(0, 0));
+    }
+}
+BENCHMARK(MakeOurs)->Name("make_cells/ours")->Apply(Columns);
+
+template <class Text>
+void MakeVector(benchmark::State& state)
+{
+    for (auto _ : state) {
+        std::vector<Text> cells(CellCount);
+        for (Text& cell : cells) {
+            cell = u"channel name";
+        }
+        benchmark::DoNotOptimize(cells.data());
+    }
+}
+BENCHMARK(MakeVector<std::u16string>)->Name("make_cells/std_u16string")->Apply(Columns);
+BENCHMARK(MakeVector<UnicodeString>)->Name("make_cells/unicode_string")->Apply(Columns);
+
+// Reading all cells.
+
+void GetOurs(benchmark::State& state)
 {
     const auto texts = Texts<UnicodeString>();
-    const auto plainTexts = Texts<std::u16string>();
-    const auto cols = static_cast<int>(state.range(0));
-    const int rows = CellCount / cols;
-    Compare(
-        state,
-        [&] {
-            TStringGrid grid;
-            grid.setColCount(cols);
-            grid.setRowCount(rows);
-            std::size_t i = 0;
-            for (int row = 0; row < rows; ++row) {
-                for (int col = 0; col < cols; ++col) {
-                    grid.setCells(col, row, texts[i++ % TextCount]);
-                }
-            }
-            benchmark::DoNotOptimize(grid.getCells(cols - 1, rows - 1));
-        },
-        [&] {
-            std::vector<std::u16string> cells(CellCount);
-            for (std::size_t i = 0; i < CellCount; ++i) {
-                cells[i] = plainTexts[i % TextCount];
-            }
-            benchmark::DoNotOptimize(cells.back());
-        });
-}
-BENCHMARK(SetCells)->Arg(5)->Arg(1000)->Arg(100'000)->Unit(benchmark::kMillisecond);
-
-/// As `SetCells`, but each text is made for its cell.
-void MakeCells(benchmark::State& state)
-{
-    const auto cols = static_cast<int>(state.range(0));
-    const int rows = CellCount / cols;
-    Compare(
-        state,
-        [&] {
-            TStringGrid grid;
-            grid.setColCount(cols);
-            grid.setRowCount(rows);
-            for (int row = 0; row < rows; ++row) {
-                for (int col = 0; col < cols; ++col) {
-                    grid.setCells(col, row, u"channel name");
-                }
-            }
-            benchmark::DoNotOptimize(grid.getCells(cols - 1, rows - 1));
-        },
-        [&] {
-            std::vector<std::u16string> cells(CellCount);
-            for (std::u16string& cell : cells) {
-                cell = u"channel name";
-            }
-            benchmark::DoNotOptimize(cells.back());
-        });
-}
-BENCHMARK(MakeCells)->Arg(5)->Arg(1000)->Unit(benchmark::kMillisecond);
-
-void GetCells(benchmark::State& state)
-{
-    const auto texts = Texts<UnicodeString>();
-    const auto plainTexts = Texts<std::u16string>();
-    const auto cols = static_cast<int>(state.range(0));
-    const int rows = CellCount / cols;
     TStringGrid grid;
-    grid.setColCount(cols);
-    grid.setRowCount(rows);
-    std::vector<std::u16string> cells(CellCount);
-    for (std::size_t i = 0; i < CellCount; ++i) {
-        const auto number = static_cast<int>(i);
-        grid.setCells(number % cols, number / cols, texts[i % TextCount]);
-        cells[i] = plainTexts[i % TextCount];
+    Size(grid, state.range(0));
+    std::size_t i = 0;
+    EachCell(grid, [&](int col, int row) { grid.setCells(col, row, texts[i++ % TextCount]); });
+    for (auto _ : state) {
+        std::size_t sum = 0;
+        EachCell(grid, [&](int col, int row) { sum += grid.getCells(col, row).size(); });
+        benchmark::DoNotOptimize(sum);
     }
-    Compare(
-        state,
-        [&] {
-            std::size_t sum = 0;
-            for (int row = 0; row < rows; ++row) {
-                for (int col = 0; col < cols; ++col) {
-                    sum += grid.getCells(col, row).size();
-                }
-            }
-            benchmark::DoNotOptimize(sum);
-        },
-        [&] {
-            std::size_t sum = 0;
-            for (std::size_t i = 0; i < CellCount; ++i) {
-                sum += std::u16string(cells[i]).size();
-            }
-            benchmark::DoNotOptimize(sum);
-        });
 }
-BENCHMARK(GetCells)->Arg(5)->Arg(1000)->Unit(benchmark::kMillisecond);
+BENCHMARK(GetOurs)->Name("get_cells/ours")->Apply(Columns);
+
+template <class Text>
+void GetVector(benchmark::State& state)
+{
+    const auto texts = Texts<Text>();
+    std::vector<Text> cells(CellCount);
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        cells[i] = texts[i % TextCount];
+    }
+    for (auto _ : state) {
+        std::size_t sum = 0;
+        for (const Text& cell : cells) {
+            sum += Text(cell).size();
+        }
+        benchmark::DoNotOptimize(sum);
+    }
+}
+BENCHMARK(GetVector<std::u16string>)->Name("get_cells/std_u16string")->Apply(Columns);
 
 } // namespace

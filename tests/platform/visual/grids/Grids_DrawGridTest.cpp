@@ -304,6 +304,23 @@ TEST_F(DrawGridTest, SizesByTheLinesOfFixedCells)
     EXPECT_EQ(mGrid->getColWidths(0), 64);
 }
 
+TEST_F(DrawGridTest, ShowsByTheCursorWhatCanBeSized)
+{
+    AddOption(goColSizing);
+    AddOption(goRowSizing);
+    const struct
+    {
+        int x, y, cursor;
+    } cases[] = {{129, 5, Controls::crHSplit}, {5, 49, Controls::crVSplit}, {129, 49, Controls::crDefault}};
+    for (const auto& [x, y, cursor] : cases) {
+        MoveTo(x, y);
+        EXPECT_EQ(mToolkit.getCursor(), cursor);
+    }
+    MoveTo(129, 5);
+    delete mGrid;
+    EXPECT_EQ(mToolkit.getCursor(), Controls::crDefault);
+}
+
 TEST_F(DrawGridTest, MovesByFixedCells)
 {
     UnicodeString log;

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "platform/visual/grids/Grids_CustomGrid.h"
+
 #include "platform/runtime/classes/Classes_ClassRegister.h"
 #include "platform/runtime/classes/Classes_Stream.h"
 #include "platform/runtime/filer/Classes_FormText.h"
