@@ -75,6 +75,9 @@ inline constexpr System::Word VK_F10 = 121;
 inline constexpr System::Word VK_F11 = 122;
 inline constexpr System::Word VK_F12 = 123;
 inline constexpr System::Word VK_F24 = 135;
+/// Text that no key of its own makes is about to come: from an input method or in one piece, or a character.
+inline constexpr System::Word VK_PROCESSKEY = 229;
+inline constexpr System::Word VK_PACKET = 231;
 
 namespace Toolkits
 {

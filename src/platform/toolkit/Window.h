@@ -3,6 +3,7 @@
 
 #include "platform/base/System_String.h"
 #include "platform/toolkit/Input.h"
+#include "platform/toolkit/WindowItems.h"
 
 #include <cstdint>
 #include <vector>
@@ -31,12 +32,19 @@ public:
     virtual bool MouseUsed(const TMouseInput& mouse) = 0;
     /// The window got the focus from the user, or lost it.
     virtual void FocusChanged(bool isFocused) = 0;
-    /// The text that the user edits in the window is now `text`.
+    /// The text that the user edits in the window is now `text`. A key that makes text was told of before;
+    /// what comes in one piece without one, from an input method or a drop, is preceded by `VK_PROCESSKEY` as
+    /// `KeyPressed`, so that whoever refuses the text can put the former one back. By then the selection is
+    /// still the former one here; where it is now, `SelectionMoved` tells afterwards.
     virtual void TextEdited(const System::UnicodeString& text) = 0;
     /// The user moved the caret or the selection.
     virtual void SelectionMoved(int start, int length) = 0;
     /// The user chose by a click or key: pressed a button, checked a box, picked the item `index`.
     virtual void Chosen(int index) = 0;
+    /// The user clicked on the check box of an item.
+    virtual void ItemChecked(int index);
+    /// The list of a combo box is about to open, so that its items may still be changed; or it closed.
+    virtual void DropChanged(bool isOpen);
     /// `part` of the client area has to be painted anew. True if that is done, so that the window mustn't
     /// paint its own contents.
     virtual bool PaintAsked(PaintDevice& device, const Types::TRect& part) = 0;
@@ -69,6 +77,29 @@ enum class EWindowKind
     Pages
 };
 
+/// How the user edits the text of an edit, memo or rich edit.
+struct TEditTraits
+{
+    /// Most characters that the user can bring the text to; 0 is no limit.
+    int maxLength = 0;
+    /// What stands in place of each character; 0 shows the text.
+    System::WideChar passwordChar = 0;
+    /// Shown, paler, while there is no text.
+    System::UnicodeString hint;
+    /// 0 at the left, 1 at the right, 2 in the middle.
+    int alignment = 0;
+    bool isReadOnly = false;
+    bool hasBorder = true;
+    /// Whether the selection is seen only while the window has the focus.
+    bool hidesSelection = true;
+    // Of texts with several lines.
+    bool isWordWrapped = true;
+    bool wantsTabs = false;
+    bool wantsReturns = true;
+    bool hasHorizontalBar = false;
+    bool hasVerticalBar = false;
+};
+
 /// A window of the screen, made for one control: the control tells it what it looks like.
 class TRS8_BTL_API Window
 {
@@ -83,6 +114,11 @@ public:
     virtual void SetVisible(bool isVisible) = 0;
     virtual void SetEnabled(bool isEnabled) = 0;
     virtual void SetText(const System::UnicodeString& text) = 0;
+    /// Selects in an edited text, from 0, and has the caret at the end of that. It isn't told back.
+    virtual void SetSelection(int start, int length);
+    virtual void SetEditTraits(const TEditTraits& traits);
+    /// Brings the caret of an edited text to sight.
+    virtual void ShowCaret() {}
     /// Lets the window have the keyboard.
     virtual void Focus() = 0;
     /// Marks a part of the client area, or all of it for null, to be painted soon.
@@ -97,6 +133,23 @@ public:
     virtual void SendToBack() = 0;
     /// What was painted last, for a toolkit that keeps it; null otherwise.
     virtual const PaintRecording* LastPainting() const { return nullptr; }
+
+    // Of buttons, boxes and lists. What is told here isn't told back by the events; any other window does
+    // nothing.
+
+    /// The mark of a check box or radio button.
+    virtual void SetCheck(ECheck check);
+    /// Whether the button is the one that the Enter key presses.
+    virtual void SetDefaultButton(bool isDefault);
+    /// There are other items, or others are as they were; `items` outlives the window.
+    virtual void ShowItems(const WindowItems& items);
+    /// The text or the mark of one item changed.
+    virtual void ShowItem(int index);
+    /// The item that is chosen, brought to sight; -1 for none.
+    virtual void SelectItem(int index);
+    virtual void SetComboTraits(const TComboTraits& traits);
+    /// Opens or closes the list of a combo box.
+    virtual void SetDropped(bool isOpen);
 };
 
 /// The frame of a window on the screen itself.

@@ -170,6 +170,9 @@ protected:
     virtual void KeyPress(System::WideChar& key);
     /// Whether the control needs a key for itself that otherwise moves the focus or presses a form's button.
     virtual bool WantsKey(System::Word key, Classes::TShiftState shift) const;
+    /// Whether a typed character is the control's. Otherwise it may be the marked one of another's caption,
+    /// as it always is with Alt held.
+    virtual bool WantsChars() const { return true; }
     /// Acts on a key, or a character, in place of a window that doesn't; true if it did.
     virtual bool ActOnKey(System::Word key, Classes::TShiftState shift);
     virtual bool ActOnChar(System::WideChar character);
@@ -179,6 +182,9 @@ protected:
     virtual void TextEditedInWindow(const System::UnicodeString& text);
     virtual void SelectionMovedInWindow(int start, int length);
     virtual void ChosenInWindow(int index);
+    /// The user clicked on the check box of an item in the window, or opened or closed its list.
+    virtual void ItemCheckedInWindow(int index);
+    virtual void DropChangedInWindow(bool isOpen);
     virtual void BoundsChangedOnScreen(const Types::TRect& bounds);
     virtual void CloseAskedOnScreen();
     virtual void ActivationChangedOnScreen(bool isActive);
@@ -207,6 +213,8 @@ private:
     void TextEdited(const System::UnicodeString& text) override;
     void SelectionMoved(int start, int length) override;
     void Chosen(int index) override;
+    void ItemChecked(int index) override;
+    void DropChanged(bool isOpen) override;
     bool PaintAsked(Toolkits::PaintDevice& device, const Types::TRect& part) override;
     void BoundsChanged(const Types::TRect& bounds) override;
     void FilesDropped(const std::vector<System::UnicodeString>& files, Types::TPoint place) override;
@@ -233,6 +241,7 @@ private:
     bool DispatchWindowChange(Messages::TMessage& message);
     bool TakeKey(System::Word& key, Classes::TShiftState shift);
     bool TakeChar(System::WideChar& character);
+    bool PressMarked(System::Word key, Classes::TShiftState shift);
     void PressOrRelease(Messages::TMessage& message);
     void TypeCharacter(Messages::TMessage& message);
     bool TakeMouse(const Toolkits::TMouseInput& mouse);

@@ -65,6 +65,13 @@ bool IsDialogKey(Word key)
     return std::ranges::find(keys, key) != std::end(keys);
 }
 
+/// Whether a key with Alt is what a caption may have marked.
+bool IsMarkKey(Word key, const TShiftState& shift)
+{
+    const bool isCharacter = (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9');
+    return isCharacter && shift.Contains(Classes::ssAlt) && !shift.Contains(Classes::ssCtrl);
+}
+
 unsigned MessageOf(const TMouseInput& mouse)
 {
     constexpr unsigned down[] = {WM_LBUTTONDOWN, WM_RBUTTONDOWN, WM_MBUTTONDOWN};
@@ -145,6 +152,9 @@ bool TWinControl::TakeKey(Word& key, TShiftState shift)
             return true;
         }
     }
+    if (watch.IsAlive() && IsMarkKey(key, shift) && PressMarked(key, shift)) {
+        return true;
+    }
     if (!watch.IsAlive()) {
         return true;
     }
@@ -174,6 +184,12 @@ bool TWinControl::CharacterTyped(WideChar& character)
 bool TWinControl::TakeChar(WideChar& character)
 {
     const TComponentWatch watch(this);
+    if (!WantsChars() && character > u' ' && PressMarked(character, {})) {
+        return true;
+    }
+    if (!watch.IsAlive()) {
+        return true;
+    }
     TMessage message{.Msg = WM_CHAR, .WParam = character};
     WndProc(message);
     if (message.Result != 0 || !watch.IsAlive()) {
@@ -182,6 +198,12 @@ bool TWinControl::TakeChar(WideChar& character)
     character = static_cast<WideChar>(message.WParam);
     const bool actsByItself = mWindow != nullptr && mWindow->ActsByItself();
     return !actsByItself && ActOnChar(character);
+}
+
+bool TWinControl::PressMarked(Word key, TShiftState shift)
+{
+    const auto param = static_cast<std::intptr_t>(ShiftToParam(shift));
+    return GetTopParent()->Perform(CM_DIALOGCHAR, key, param) != 0;
 }
 
 bool TWinControl::ActOnKey(Word, TShiftState)
@@ -256,6 +278,16 @@ void TWinControl::Chosen(int index)
     Guarded(this, [&] { ChosenInWindow(index); });
 }
 
+void TWinControl::ItemChecked(int index)
+{
+    Guarded(this, [&] { ItemCheckedInWindow(index); });
+}
+
+void TWinControl::DropChanged(bool isOpen)
+{
+    Guarded(this, [&] { DropChangedInWindow(isOpen); });
+}
+
 void TWinControl::BoundsChanged(const TRect& bounds)
 {
     Guarded(this, [&] { BoundsChangedOnScreen(bounds); });
@@ -290,6 +322,10 @@ void TWinControl::ChosenInWindow(int)
 {
     Click();
 }
+
+void TWinControl::ItemCheckedInWindow(int) {}
+
+void TWinControl::DropChangedInWindow(bool) {}
 
 void TWinControl::BoundsChangedOnScreen(const TRect& bounds)
 {
@@ -502,6 +538,8 @@ void TWinControl::TellChildren(unsigned message)
 {
     const auto tell = [this](void (*work)(TWinControl&)) { RunNested(*this, work); };
     switch (message) {
+    case CM_FOCUSCHANGED:
+        return tell([](TWinControl& control) { control.NotifyControls(CM_FOCUSCHANGED); });
     case CM_FONTCHANGED:
         return tell([](TWinControl& control) { control.NotifyControls(CM_PARENTFONTCHANGED); });
     case CM_COLORCHANGED:
