@@ -4,6 +4,7 @@
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/menus/Menus.h"
+#include "testing/internal/ControlState.h"
 
 #include <sstream>
 #include <stdexcept>
@@ -82,6 +83,7 @@ void PrintControl(std::ostream& out, const TControl& control, int level)
     if (window != nullptr && window->Focused()) {
         out << " focused";
     }
+    WriteControlState(out, control);
     out << '\n';
     for (int i = 0; window != nullptr && i < window->GetControlCount(); ++i) {
         PrintControl(out, *window->GetControl(i), level + 1);
@@ -171,7 +173,7 @@ void CFormDriver::Mouse(const UnicodeString& name, const TMouseInput& mouse)
     WindowOf(Find(name), inWindow.place).GetWindowEvents().MouseUsed(inWindow);
 }
 
-void CFormDriver::Choose(const UnicodeString& path)
+void CFormDriver::ChooseMenu(const UnicodeString& path)
 {
     const Menus::TMainMenu* const menu = mForm.getMenu();
     Menus::TMenuItem* item = menu == nullptr ? nullptr : menu->getItems();
@@ -188,6 +190,15 @@ void CFormDriver::Choose(const UnicodeString& path)
         throw std::invalid_argument("there is no item '" + System::ToUtf8(path) + "'");
     }
     item->Click();
+}
+
+void CFormDriver::Choose(const UnicodeString& name, int index)
+{
+    auto* const window = dynamic_cast<TWinControl*>(&Find(name));
+    if (window == nullptr || !CanBeUsed(*window)) {
+        throw std::logic_error("nobody can choose in '" + System::ToUtf8(name) + "'");
+    }
+    window->GetWindowEvents().Chosen(index);
 }
 
 void CFormDriver::Focus(const UnicodeString& name)
