@@ -120,6 +120,9 @@ protected:
     /// What the control holds has to go into its field.
     virtual void UpdateData() {}
 
+    /// Ends with the link, for those who call what may end it.
+    std::weak_ptr<const bool> GetLife() const noexcept { return mLife; }
+
 private:
     friend class TDataSource;
 
@@ -129,7 +132,6 @@ private:
     int FollowCursor() noexcept;
 
     TDataSource* mDataSource = nullptr;
-    /// Ends with the link, for those who call what may end it.
     std::shared_ptr<const bool> mLife = std::make_shared<const bool>(true);
     int mBufferCount = 1;
     int mFirst = 0;
