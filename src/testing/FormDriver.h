@@ -34,6 +34,8 @@ public:
     void Click(const System::UnicodeString& name);
     void Click(const System::UnicodeString& name, Types::TPoint place);
     void DoubleClick(const System::UnicodeString& name);
+    /// Clicks on a cell of a grid. `std::logic_error` for any other control and for a cell out of sight.
+    void ClickCell(const System::UnicodeString& name, int col, int row);
     /// As `Click`, once the message loop comes to it; nothing happens if the form has no window by then.
     void ClickSoon(const System::UnicodeString& name);
     /// Picks an item of a list or a combo box, as by a click on it in the open list. `std::logic_error` for a
@@ -58,7 +60,7 @@ public:
     void Type(const System::UnicodeString& text);
 
     /// The form and its controls, one a line, each level two blanks to the right: class, name, bounds, text
-    /// and what isn't usual of its state.
+    /// and what isn't usual of its state. Below a grid of strings stand its cells in sight.
     std::string Print() const;
 
 private:

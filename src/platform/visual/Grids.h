@@ -3,5 +3,6 @@
 
 // Grids of cells in columns and rows.
 
-#include "platform/visual/grids/Grids_DrawGrid.h"   // IWYU pragma: export
-#include "platform/visual/grids/Grids_StringGrid.h" // IWYU pragma: export
+#include "platform/visual/grids/Grids_DrawGrid.h"    // IWYU pragma: export
+#include "platform/visual/grids/Grids_InplaceEdit.h" // IWYU pragma: export
+#include "platform/visual/grids/Grids_StringGrid.h"  // IWYU pragma: export

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/visual/grids/Grids_Axis.h"
 
+#include "platform/visual/grids/Grids_Types.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <limits>
@@ -30,6 +32,13 @@ int CGridAxis::MovedIndex(int index, int from, int to) noexcept
         return index - 1;
     }
     return index < from && index >= to ? index + 1 : index;
+}
+
+void CGridAxis::CheckIndex(int index) const
+{
+    if (index < 0 || index >= mCount) {
+        throw EInvalidGridOperation(u"Grid index out of range");
+    }
 }
 
 void CGridAxis::setCount(int count)

@@ -35,6 +35,8 @@ public:
     }
 
     int getCount() const noexcept { return mCount; }
+    /// Raises `EInvalidGridOperation` for one that isn't there.
+    void CheckIndex(int index) const;
     /// At least 1. What is beyond is forgotten; at least one stays that isn't fixed, but for a count of 1.
     void setCount(int count);
     int getFixedCount() const noexcept { return mFixedCount; }

@@ -12,7 +12,7 @@
 #include <algorithm>
 #include <limits>
 
-// Columns, rows, the cell at hand and the selection.
+// Columns, rows, options and the design.
 
 namespace Grids
 {
@@ -26,18 +26,6 @@ namespace
 constexpr int UsualCount = 5;
 constexpr int UsualWidth = 64;
 constexpr int UsualHeight = 24;
-
-[[noreturn]] void ThrowOutOfRange()
-{
-    throw EInvalidGridOperation(u"Grid index out of range");
-}
-
-void CheckIndex(int index, const CGridAxis& axis)
-{
-    if (index < 0 || index >= axis.getCount()) {
-        ThrowOutOfRange();
-    }
-}
 
 /// Goes with the one that moves from one index to another.
 std::set<int> Moved(const std::set<int>& indices, int from, int to)
@@ -74,23 +62,12 @@ TCustomGrid::TCustomGrid(Classes::TComponent* owner)
 TCustomGrid::~TCustomGrid()
 {
     Destroying();
+    ShowLineCursor(gsNormal);
 }
 
 bool TCustomGrid::IsInGrid(int col, int row) const noexcept
 {
     return col >= 0 && col < getColCount() && row >= 0 && row < getRowCount();
-}
-
-void TCustomGrid::CheckCell(int col, int row) const
-{
-    if (!IsInGrid(col, row)) {
-        ThrowOutOfRange();
-    }
-}
-
-TGridCoord TCustomGrid::Held(TGridCoord cell) const noexcept
-{
-    return {std::clamp(cell.X, -1, getColCount() - 1), std::clamp(cell.Y, -1, getRowCount() - 1)};
 }
 
 void TCustomGrid::ChangeSize(int colCount, int rowCount)
@@ -105,6 +82,9 @@ void TCustomGrid::ChangeSize(int colCount, int rowCount)
     mPassedCols.erase(mPassedCols.lower_bound(getColCount()), mPassedCols.end());
     mCurrent = Held(mCurrent);
     mAnchor = Held(mAnchor);
+    if (!IsInGrid(mEditorCell.X, mEditorCell.Y)) {
+        HideEdit();
+    }
     if (mGridState != gsNormal && mGridState != gsSelecting) {
         StopDragging();
     }
@@ -118,6 +98,7 @@ void TCustomGrid::ChangeSize(int colCount, int rowCount)
 void TCustomGrid::Relaid()
 {
     Invalidate();
+    PlaceEditor();
 }
 
 void TCustomGrid::ResetToBegin()
@@ -126,7 +107,11 @@ void TCustomGrid::ResetToBegin()
     mRows.setFirst(getFixedRows());
     mCurrent = mAnchor = {getFixedCols(), getFixedRows()};
     StopDragging();
-    Relaid();
+    const TComponentWatch watch(this);
+    HideEdit();
+    if (watch.IsAlive()) {
+        Relaid();
+    }
 }
 
 void TCustomGrid::setFixedCols(int count)
@@ -134,12 +119,10 @@ void TCustomGrid::setFixedCols(int count)
     if (count == getFixedCols()) {
         return;
     }
-    if (count < 0) {
-        ThrowOutOfRange();
-    }
     if (count >= getColCount()) {
         throw EInvalidGridOperation(u"Fixed column count must be less than column count");
     }
+    mCols.CheckIndex(count);
     mCols.setFixedCount(count);
     ResetToBegin();
 }
@@ -149,12 +132,10 @@ void TCustomGrid::setFixedRows(int count)
     if (count == getFixedRows()) {
         return;
     }
-    if (count < 0) {
-        ThrowOutOfRange();
-    }
     if (count >= getRowCount()) {
         throw EInvalidGridOperation(u"Fixed row count must be less than row count");
     }
+    mRows.CheckIndex(count);
     mRows.setFixedCount(count);
     ResetToBegin();
 }
@@ -181,7 +162,7 @@ void TCustomGrid::setDefaultRowHeight(int height)
 
 void TCustomGrid::setColWidths(int col, int width)
 {
-    CheckIndex(col, mCols);
+    mCols.CheckIndex(col);
     if (width == getColWidths(col)) {
         return;
     }
@@ -195,7 +176,7 @@ void TCustomGrid::setColWidths(int col, int width)
 
 void TCustomGrid::setRowHeights(int row, int height)
 {
-    CheckIndex(row, mRows);
+    mRows.CheckIndex(row);
     if (height == getRowHeights(row)) {
         return;
     }
@@ -209,7 +190,7 @@ void TCustomGrid::setRowHeights(int row, int height)
 
 void TCustomGrid::setTabStops(int col, bool isStop)
 {
-    CheckIndex(col, mCols);
+    mCols.CheckIndex(col);
     if (isStop) {
         mPassedCols.erase(col);
     } else {
@@ -232,8 +213,8 @@ void TCustomGrid::ApplyLineWidth()
 
 void TCustomGrid::MoveColumn(int from, int to)
 {
-    CheckIndex(from, mCols);
-    CheckIndex(to, mCols);
+    mCols.CheckIndex(from);
+    mCols.CheckIndex(to);
     if (from == to) {
         return;
     }
@@ -241,6 +222,7 @@ void TCustomGrid::MoveColumn(int from, int to)
     mPassedCols = Moved(mPassedCols, from, to);
     mCurrent.X = CGridAxis::MovedIndex(mCurrent.X, from, to);
     mAnchor.X = CGridAxis::MovedIndex(mAnchor.X, from, to);
+    mEditorCell.X = CGridAxis::MovedIndex(mEditorCell.X, from, to);
     const TComponentWatch watch(this);
     Relaid();
     if (watch.IsAlive()) {
@@ -250,14 +232,15 @@ void TCustomGrid::MoveColumn(int from, int to)
 
 void TCustomGrid::MoveRow(int from, int to)
 {
-    CheckIndex(from, mRows);
-    CheckIndex(to, mRows);
+    mRows.CheckIndex(from);
+    mRows.CheckIndex(to);
     if (from == to) {
         return;
     }
     mRows.Move(from, to);
     mCurrent.Y = CGridAxis::MovedIndex(mCurrent.Y, from, to);
     mAnchor.Y = CGridAxis::MovedIndex(mAnchor.Y, from, to);
+    mEditorCell.Y = CGridAxis::MovedIndex(mEditorCell.Y, from, to);
     const TComponentWatch watch(this);
     Relaid();
     if (watch.IsAlive()) {
@@ -267,7 +250,7 @@ void TCustomGrid::MoveRow(int from, int to)
 
 void TCustomGrid::DeleteColumn(int col)
 {
-    CheckIndex(col, mCols);
+    mCols.CheckIndex(col);
     if (getColCount() == 1) {
         throw EInvalidGridOperation(u"Cannot delete the last column of a grid");
     }
@@ -280,7 +263,7 @@ void TCustomGrid::DeleteColumn(int col)
 
 void TCustomGrid::DeleteRow(int row)
 {
-    CheckIndex(row, mRows);
+    mRows.CheckIndex(row);
     if (getRowCount() == 1) {
         throw EInvalidGridOperation(u"Cannot delete the last row of a grid");
     }
@@ -289,110 +272,6 @@ void TCustomGrid::DeleteRow(int row)
     if (watch.IsAlive()) {
         setRowCount(getRowCount() - 1);
     }
-}
-
-void TCustomGrid::setCol(int col)
-{
-    if (col != getCol()) {
-        FocusCell(col, std::max(getRow(), 0), true);
-    }
-}
-
-void TCustomGrid::setRow(int row)
-{
-    if (row != getRow()) {
-        FocusCell(std::max(getCol(), 0), row, true);
-    }
-}
-
-void TCustomGrid::FocusCell(int col, int row, bool moveAnchor)
-{
-    const TComponentWatch watch(this);
-    MoveCurrent(col, row, moveAnchor, true);
-    if (watch.IsAlive()) {
-        Click();
-    }
-}
-
-bool TCustomGrid::MoveCurrent(int col, int row, bool moveAnchor, bool show)
-{
-    CheckCell(col, row);
-    const TComponentWatch watch(this);
-    // Whoever is asked may have made the grid smaller.
-    if (!SelectCell(col, row) || !watch.IsAlive() || !IsInGrid(col, row)) {
-        return false;
-    }
-    mCurrent = {HasOption(goRowSelect) ? getFixedCols() : col, row};
-    if (moveAnchor || !HasOption(goRangeSelect)) {
-        mAnchor = mCurrent;
-    }
-    Invalidate();
-    if (show) {
-        ShowCell({col, row});
-    }
-    return true;
-}
-
-TGridRect TCustomGrid::getSelection() const noexcept
-{
-    TGridRect selection{std::min(mAnchor.X, mCurrent.X), std::min(mAnchor.Y, mCurrent.Y),
-                        std::max(mAnchor.X, mCurrent.X), std::max(mAnchor.Y, mCurrent.Y)};
-    if (HasOption(goRowSelect) && selection.Left >= 0) {
-        selection.Left = getFixedCols();
-        selection.Right = getColCount() - 1;
-    }
-    return selection;
-}
-
-void TCustomGrid::setSelection(const TGridRect& selection)
-{
-    mAnchor = Held({selection.Left, selection.Top});
-    mCurrent = Held({selection.Right, selection.Bottom});
-    Relaid();
-}
-
-void TCustomGrid::setLeftCol(int col)
-{
-    CheckIndex(col, mCols);
-    MoveTopLeft(col, getTopRow());
-}
-
-void TCustomGrid::setTopRow(int row)
-{
-    CheckIndex(row, mRows);
-    MoveTopLeft(getLeftCol(), row);
-}
-
-void TCustomGrid::MoveTopLeft(int left, int top)
-{
-    left = std::max(left, getFixedCols());
-    top = std::max(top, getFixedRows());
-    if (left == getLeftCol() && top == getTopRow()) {
-        return;
-    }
-    mCols.setFirst(left);
-    mRows.setFirst(top);
-    Invalidate();
-    TopLeftChanged();
-}
-
-void TCustomGrid::ShowCell(TGridCoord cell)
-{
-    const TLayout layout = GetLayout();
-    MoveTopLeft(mCols.GetFirstToShow(cell.X, layout.width), mRows.GetFirstToShow(cell.Y, layout.height));
-}
-
-void TCustomGrid::ScrollBy(int cols, int rows)
-{
-    const TLayout layout = GetLayout();
-    const auto moved = [](const CGridAxis& axis, int count, int area) {
-        // What was scrolled further than to the end, as a program may, isn't pulled back.
-        const int last = std::max(axis.GetHighestFirst(area), axis.getFirst());
-        const System::Int64 first = System::Int64{axis.getFirst()} + count;
-        return static_cast<int>(
-            std::clamp<System::Int64>(first, axis.getFixedCount(), std::max(last, axis.getFixedCount())));
-    };
-    MoveTopLeft(moved(mCols, cols, layout.width), moved(mRows, rows, layout.height));
 }
 
 void TCustomGrid::SetOptions(const TGridOptions& options)
@@ -409,7 +288,15 @@ void TCustomGrid::SetOptions(const TGridOptions& options)
         mAnchor = mCurrent;
     }
     ApplyLineWidth();
-    Relaid();
+    const TComponentWatch watch(this);
+    if (HasOption(goAlwaysShowEditor)) {
+        ShowEditor();
+    } else if (!HasOption(goEditing) || HasOption(goRowSelect)) {
+        HideEditor();
+    }
+    if (watch.IsAlive()) {
+        Relaid();
+    }
 }
 
 void TCustomGrid::setScrollBars(Stdctrls::TScrollStyle style)
@@ -469,7 +356,10 @@ void TCustomGrid::ColWidthsChanged() {}
 
 void TCustomGrid::RowHeightsChanged() {}
 
-void TCustomGrid::TopLeftChanged() {}
+void TCustomGrid::TopLeftChanged()
+{
+    PlaceEditor();
+}
 
 void TCustomGrid::ColumnMoved(int, int) {}
 
@@ -502,7 +392,7 @@ void TCustomGrid::ReadSizes(Classes::TReader& reader, bool areColumns)
     reader.ReadListBegin();
     for (int i = 0; !reader.EndOfList(); ++i) {
         const int size = reader.ReadInteger();
-        CheckIndex(i, axis);
+        axis.CheckIndex(i);
         axis.setSize(i, size);
     }
     reader.ReadListEnd();

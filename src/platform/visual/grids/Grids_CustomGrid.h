@@ -18,6 +18,7 @@ namespace Grids
 {
 
 class CGridScrollBar;
+class TInplaceEdit;
 
 /// Cells in columns and rows, the first of which may be fixed: they are headings, and don't scroll. What a
 /// cell is, and how it is drawn, is the derived class's. Columns and rows count from 0, the fixed ones among
@@ -118,6 +119,22 @@ public:
     Types::TPoint getHitTest() const noexcept { return mHitTest; }
     TGridState getGridState() const noexcept { return mGridState; }
 
+    // The editor of the cell at hand, which is there with `goEditing` alone, and not with `goRowSelect`.
+
+    /// Whether the user edits the cell at hand. It begins by the key F2, the return key, a character or a
+    /// click on the cell, and ends by the return key or when the user goes to another cell; the escape key
+    /// brings the former text back.
+    bool getEditorMode() const noexcept { return mEditorMode; }
+    void setEditorMode(bool isOn);
+    void ShowEditor();
+    void HideEditor();
+    /// As `ShowEditor`, and types a character into it.
+    void ShowEditorChar(System::WideChar character);
+    /// Has it take the text of its cell anew, if it is shown.
+    void InvalidateEditor();
+    /// Null as long as nothing was edited.
+    TInplaceEdit* getInplaceEditor() const noexcept { return mEditor; }
+
     // What is drawn and allowed.
 
     /// Lines and range selection at first. With `goRowSelect` there is no `goAlwaysShowEditor`.
@@ -152,8 +169,11 @@ public:
     /// The area without the bars.
     Types::TRect GetClientRect() const override;
     void Dispatch(void* message) override;
+    void Notification(Classes::TComponent* component, Classes::TOperation operation) override;
 
 protected:
+    friend class TInplaceEdit;
+
     // What a derived class adds to; it calls its parent's.
 
     /// Draws what is in a cell. The canvas has the font, and the brush and text colour that fit the state.
@@ -190,6 +210,25 @@ protected:
     virtual bool EndColumnDrag(int& origin, int& destination, Types::TPoint place);
     virtual bool EndRowDrag(int& origin, int& destination, Types::TPoint place);
 
+    /// A new editor, which the grid owns.
+    virtual TInplaceEdit* CreateEditor();
+    /// The text of a cell as the editor shows it, and its mask, empty by itself; what the user makes of it.
+    virtual System::UnicodeString GetEditText(int col, int row);
+    virtual void SetEditText(int col, int row, const System::UnicodeString& text);
+    virtual System::UnicodeString GetEditMask(int col, int row);
+    /// Most characters of the text; 0 is no limit.
+    virtual int GetEditLimit();
+    /// Whether the character may be typed into the editor.
+    virtual bool CanEditAcceptKey(System::WideChar character);
+    /// Whether the user may change the cell at hand.
+    virtual bool CanEditModify();
+    /// Whether the editor may be seen now.
+    virtual bool CanEditShow();
+
+    /// Shows the editor at the cell at hand, if it may be seen.
+    void UpdateEditor();
+    /// Puts the editor away until it is shown again.
+    void HideEdit();
     /// Goes to a cell without a click; `show` scrolls it to sight. False if `SelectCell` refused it.
     bool MoveCurrent(int col, int row, bool moveAnchor, bool show);
     /// Scrolls by so many columns and rows, within what there is.
@@ -201,6 +240,8 @@ protected:
     void DefineProperties(Classes::TFiler& filer) override;
     bool WantsKey(System::Word key, Classes::TShiftState shift) const override;
     void KeyDown(System::Word& key, Classes::TShiftState shift) override;
+    void KeyPress(System::WideChar& key) override;
+    void DoExit() override;
     void MouseDown(Controls::TMouseButton button, Classes::TShiftState shift, int x, int y) override;
     void MouseMove(Classes::TShiftState shift, int x, int y) override;
     void MouseUp(Controls::TMouseButton button, Classes::TShiftState shift, int x, int y) override;
@@ -213,7 +254,7 @@ private:
     void ApplyOptions();
     void ApplyLineWidth();
     void ResetToBegin();
-    /// What was laid out is another; `notify` tells it the derived class.
+    /// Cells are somewhere else now.
     void Relaid();
     void MoveTopLeft(int left, int top);
     void ShowCell(TGridCoord cell);
@@ -222,6 +263,17 @@ private:
     bool HasOption(TGridOption option) const { return mOptions.Contains(option); }
     void ReadSizes(Classes::TReader& reader, bool areColumns);
     static void WriteSizes(Classes::TWriter& writer, const CGridAxis& axis, int end);
+
+    // The editor.
+
+    /// Whether the keyboard of the form belongs to the grid or its editor.
+    bool IsActive() const;
+    bool IsEditing() const noexcept;
+    void FillEditor();
+    void PlaceEditor();
+    void EditorChanged();
+    void CancelEditor(const System::UnicodeString& formerText);
+    bool StartTyping(Messages::TMessage& message);
 
     // Geometry.
 
@@ -251,7 +303,10 @@ private:
     TGridCoord TabTarget(bool goForward) const;
     TGridCoord HeldBehindFixed(System::Int64 col, System::Int64 row) const noexcept;
     void GoByKey(System::Word key, const Classes::TShiftState& shift);
+    /// What a press at a place would size, and its number; `gsNormal` for nothing.
+    TGridState FindLine(Types::TPoint place, int& index) const;
     bool StartSizing(Types::TPoint place);
+    void ShowLineCursor(TGridState state);
     void StartMoving(TGridCoord cell, Types::TPoint place);
     void StartDragging(TGridState state);
     void PressCell(TGridCoord cell, const Classes::TShiftState& shift, Types::TPoint place);
@@ -280,6 +335,13 @@ private:
     int mLineWidth = 1;
     bool mDefaultDrawing = true;
 
+    TInplaceEdit* mEditor = nullptr;
+    /// The cell that is edited; -1 for none.
+    TGridCoord mEditorCell{-1, -1};
+    bool mEditorMode = false;
+    bool mIsFillingEditor = false;
+    bool mIsHidingEditor = false;
+
     TGridState mGridState = gsNormal;
     Types::TPoint mHitTest;
     Types::TPoint mMousePlace;
@@ -290,6 +352,8 @@ private:
     /// The bar whose thumb is dragged: 0 none, 1 the horizontal, 2 the vertical one.
     int mDraggedBar = 0;
     int mWheelRest = 0;
+    /// The cursor of a line that the mouse is over.
+    Controls::TCursor mLineCursor = Controls::crDefault;
     TGridCoord mHotCell{-1, -1};
     TGridCoord mPressedCell{-1, -1};
 };

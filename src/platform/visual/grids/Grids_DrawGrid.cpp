@@ -56,6 +56,31 @@ bool TCustomDrawGrid::SelectCell(int col, int row)
     return canSelect;
 }
 
+UnicodeString TCustomDrawGrid::GetEditMask(int col, int row)
+{
+    UnicodeString mask;
+    if (OnGetEditMask) {
+        OnGetEditMask(this, col, row, mask);
+    }
+    return mask;
+}
+
+UnicodeString TCustomDrawGrid::GetEditText(int col, int row)
+{
+    UnicodeString text;
+    if (OnGetEditText) {
+        OnGetEditText(this, col, row, text);
+    }
+    return text;
+}
+
+void TCustomDrawGrid::SetEditText(int col, int row, const UnicodeString& text)
+{
+    if (OnSetEditText) {
+        OnSetEditText(this, col, row, text);
+    }
+}
+
 void TCustomDrawGrid::TopLeftChanged()
 {
     const Classes::TComponentWatch watch(this);

@@ -33,6 +33,9 @@ protected:
     void RowMoved(int from, int to) override;
     void FixedCellClick(int col, int row) override;
     bool SelectCell(int col, int row) override;
+    System::UnicodeString GetEditMask(int col, int row) override;
+    System::UnicodeString GetEditText(int col, int row) override;
+    void SetEditText(int col, int row, const System::UnicodeString& text) override;
     void TopLeftChanged() override;
 };
 

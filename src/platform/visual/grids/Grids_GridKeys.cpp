@@ -66,6 +66,10 @@ void TCustomGrid::KeyDown(Word& key, TShiftState shift)
         key = 0;
         return;
     }
+    if (key == VK_F2 && HasOption(goEditing)) {
+        ShowEditor();
+        return;
+    }
     GoByKey(UseRightToLeftAlignment() ? MirroredKey(key) : key, shift);
 }
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
+#include "platform/toolkit/Toolkit.h"
+#include "platform/visual/forms/Forms_Screen.h"
 #include "platform/visual/grids/Grids_CustomGrid.h"
 #include "platform/visual/grids/internal/Grids_GridLayout.h"
-#include "platform/visual/grids/internal/Grids_ScrollBar.h"
 #include "platform/visual/stdctrls/Extctrls_Timer.h"
 
 #include <algorithm>
@@ -109,32 +110,68 @@ void TCustomGrid::PressCell(TGridCoord cell, const TShiftState& shift, TPoint pl
         StartMoving(cell, place);
         return;
     }
-    StartDragging(gsSelecting);
-    MoveCurrent(cell.X, cell.Y, !shift.Contains(Classes::ssShift), true);
+    if (!HasOption(goEditing)) {
+        StartDragging(gsSelecting);
+        MoveCurrent(cell.X, cell.Y, !shift.Contains(Classes::ssShift), true);
+        return;
+    }
+    // Where the user edits, a press on the cell at hand asks for the editor.
+    if (cell != mCurrent) {
+        FocusCell(cell.X, cell.Y, true);
+        return;
+    }
+    const TComponentWatch watch(this);
+    ShowEditor();
+    if (watch.IsAlive()) {
+        Click();
+    }
 }
 
-bool TCustomGrid::StartSizing(TPoint place)
+TGridState TCustomGrid::FindLine(TPoint place, int& index) const
 {
     const TLayout layout = GetLayout();
     const int x = Mirror(place.X);
     const auto isInFixed = [](const CGridAxis& axis, int at, int area) {
-        const int index = axis.GetIndexAt(at, area);
-        return index >= 0 && index < axis.getFixedCount();
+        const int under = axis.GetIndexAt(at, area);
+        return under >= 0 && under < axis.getFixedCount();
     };
-    const auto start = [&](const CGridAxis& axis, int at, int area, TGridState state) {
+    const auto find = [&](const CGridAxis& axis, int at, int area) {
         const auto line = axis.GetLineAt(at, area);
-        if (!line || line->index < axis.getFixedCount()) {
-            return false;
-        }
-        mDragged = line->index;
-        StartDragging(state);
-        return true;
+        const bool isFound = line && line->index >= axis.getFixedCount();
+        index = isFound ? line->index : -1;
+        return isFound;
     };
     if (HasOption(goColSizing) && isInFixed(mRows, place.Y, layout.height)) {
-        return start(mCols, x, layout.width, gsColSizing);
+        return find(mCols, x, layout.width) ? gsColSizing : gsNormal;
     }
-    return HasOption(goRowSizing) && isInFixed(mCols, x, layout.width) &&
-           start(mRows, place.Y, layout.height, gsRowSizing);
+    const bool isOverRows = HasOption(goRowSizing) && isInFixed(mCols, x, layout.width);
+    return isOverRows && find(mRows, place.Y, layout.height) ? gsRowSizing : gsNormal;
+}
+
+bool TCustomGrid::StartSizing(TPoint place)
+{
+    int index = -1;
+    const TGridState state = FindLine(place, index);
+    if (state != gsNormal) {
+        mDragged = index;
+        StartDragging(state);
+    }
+    return state != gsNormal;
+}
+
+void TCustomGrid::ShowLineCursor(TGridState state)
+{
+    const Controls::TCursor cursor = state == gsColSizing   ? Controls::crHSplit
+                                     : state == gsRowSizing ? Controls::crVSplit
+                                                            : Controls::crDefault;
+    if (cursor == mLineCursor) {
+        return;
+    }
+    mLineCursor = cursor;
+    // What the program shows over all of the screen, as while it is busy, counts more.
+    if (Forms::Screen->getCursor() == Controls::crDefault) {
+        Toolkits::CurrentToolkit().SetCursor(cursor);
+    }
 }
 
 void TCustomGrid::StartMoving(TGridCoord cell, TPoint place)
@@ -224,8 +261,11 @@ void TCustomGrid::DragTo(TPoint place)
     case gsColMoving:
         MoveDragTarget(place);
         break;
-    default:
+    default: {
+        int index = -1;
+        ShowLineCursor(FindLine(place, index));
         TrackFixed(cell);
+    }
     }
 }
 
@@ -366,38 +406,6 @@ void TCustomGrid::TimedScroll(TGridScrollDirection direction)
     }
 }
 
-bool TCustomGrid::PressBar(TPoint place)
-{
-    using EPart = CGridScrollBar::EPart;
-    for (const bool isVertical : {false, true}) {
-        const auto bar = GetBar(isVertical);
-        const EPart part = bar ? bar->GetPartAt(place) : EPart::None;
-        if (part == EPart::None) {
-            continue;
-        }
-        if (part == EPart::Thumb) {
-            mDraggedBar = isVertical ? 2 : 1;
-            return true;
-        }
-        const int size = part == EPart::LineBack || part == EPart::LineOn ? 1 : bar->getPage();
-        const int step = part == EPart::LineBack || part == EPart::PageBack ? -size : size;
-        isVertical ? ScrollBy(0, step) : ScrollBy(step, 0);
-        return true;
-    }
-    return place.X >= getClientWidth() && place.Y >= getClientHeight();
-}
-
-void TCustomGrid::DragBar(TPoint place)
-{
-    const bool isVertical = mDraggedBar == 2;
-    const auto bar = GetBar(isVertical);
-    // A press and release on one spot moves nothing, though the thumb is held at its middle.
-    if (bar && place != mHitTest) {
-        const int step = bar->GetPositionAt(place) - bar->getPosition();
-        isVertical ? ScrollBy(0, step) : ScrollBy(step, 0);
-    }
-}
-
 void TCustomGrid::TrackFixed(TGridCoord cell)
 {
     const bool isFixed = cell.X >= 0 && (cell.X < getFixedCols() || cell.Y < getFixedRows());
@@ -446,8 +454,16 @@ bool TCustomGrid::DoMouseWheelUp(TShiftState, TPoint)
 
 void TCustomGrid::Dispatch(void* record)
 {
-    switch (static_cast<const Messages::TMessage*>(record)->Msg) {
+    auto& message = *static_cast<Messages::TMessage*>(record);
+    const TComponentWatch watch(this);
+    switch (message.Msg) {
+    case WM_CHAR:
+        if (StartTyping(message)) {
+            return;
+        }
+        break;
     case CM_MOUSELEAVE:
+        ShowLineCursor(gsNormal);
         TrackFixed({-1, -1});
         break;
     case CM_ENABLEDCHANGED:
@@ -458,6 +474,10 @@ void TCustomGrid::Dispatch(void* record)
         break;
     }
     TCustomControl::Dispatch(record);
+    // The editor that is always there has the keyboard for the grid.
+    if (message.Msg == WM_SETFOCUS && watch.IsAlive() && HasOption(goAlwaysShowEditor) && !mIsHidingEditor) {
+        ShowEditor();
+    }
 }
 
 } // namespace Grids

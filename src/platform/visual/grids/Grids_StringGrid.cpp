@@ -4,6 +4,7 @@
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/runtime/classes/Classes_Update.h"
 #include "platform/visual/graphics/Graphics_Canvas.h"
+#include "platform/visual/grids/internal/Grids_FlagScope.h"
 #include "platform/visual/grids/internal/Grids_SparseArray.h"
 
 #include <limits>
@@ -212,6 +213,9 @@ void TStringGrid::setCells(int col, int row, const UnicodeString& text)
     if (cell != nullptr && cell->text != text) {
         cell->text = text;
         CellChanged(col, row);
+        if (!mIsTakingEdit && col == getCol() && row == getRow()) {
+            InvalidateEditor();
+        }
     }
 }
 
@@ -286,6 +290,24 @@ void TStringGrid::DrawCell(int col, int row, const Types::TRect& rect, TGridDraw
         getCanvas()->TextRect(rect, rect.Left + margin, rect.Top + margin, getCells(col, row));
     }
     TDrawGrid::DrawCell(col, row, rect, state);
+}
+
+UnicodeString TStringGrid::GetEditText(int col, int row)
+{
+    UnicodeString text = getCells(col, row);
+    if (OnGetEditText) {
+        OnGetEditText(this, col, row, text);
+    }
+    return text;
+}
+
+void TStringGrid::SetEditText(int col, int row, const UnicodeString& text)
+{
+    {
+        const CFlagScope taking(*this, mIsTakingEdit);
+        setCells(col, row, text);
+    }
+    TDrawGrid::SetEditText(col, row, text);
 }
 
 void TStringGrid::ColumnMoved(int from, int to)

@@ -47,6 +47,10 @@ public:
 protected:
     /// Draws the text, two pixels from the corner, if the grid draws by itself; then calls `OnDrawCell`.
     void DrawCell(int col, int row, const Types::TRect& rect, TGridDrawState state) override;
+    /// The cell's text, which `OnGetEditText` may change.
+    System::UnicodeString GetEditText(int col, int row) override;
+    /// Sets the cell, then calls `OnSetEditText`.
+    void SetEditText(int col, int row, const System::UnicodeString& text) override;
     void ColumnMoved(int from, int to) override;
     void RowMoved(int from, int to) override;
 
@@ -63,6 +67,8 @@ private:
     CViews mRowViews;
     /// While it isn't 0, many cells change, and the grid is painted once for all of them.
     int mUpdateLevel = 0;
+    /// The editor is about to tell a cell what the user typed, and needn't hear of it.
+    bool mIsTakingEdit = false;
 };
 
 } // namespace Grids

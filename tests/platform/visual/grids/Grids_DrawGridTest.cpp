@@ -304,6 +304,23 @@ TEST_F(DrawGridTest, SizesByTheLinesOfFixedCells)
     EXPECT_EQ(mGrid->getColWidths(0), 64);
 }
 
+TEST_F(DrawGridTest, ShowsByTheCursorWhatCanBeSized)
+{
+    AddOption(goColSizing);
+    AddOption(goRowSizing);
+    const struct
+    {
+        int x, y, cursor;
+    } cases[] = {{129, 5, Controls::crHSplit}, {5, 49, Controls::crVSplit}, {129, 49, Controls::crDefault}};
+    for (const auto& [x, y, cursor] : cases) {
+        MoveTo(x, y);
+        EXPECT_EQ(mToolkit.getCursor(), cursor);
+    }
+    MoveTo(129, 5);
+    delete mGrid;
+    EXPECT_EQ(mToolkit.getCursor(), Controls::crDefault);
+}
+
 TEST_F(DrawGridTest, MovesByFixedCells)
 {
     UnicodeString log;
@@ -319,7 +336,7 @@ TEST_F(DrawGridTest, MovesByFixedCells)
     mGrid->setColWidths(1, 60);
     mGrid->setCol(1);
     Drag(100, 5, 230, 5);
-    Drag(5, 100, 5, 30);
+    Drag(5, 90, 5, 30);
     EXPECT_EQ(log, u"1>3 3>1 ");
     EXPECT_EQ(mGrid->getColWidths(3), 60);
     EXPECT_EQ(mGrid->getColWidths(1), 64);

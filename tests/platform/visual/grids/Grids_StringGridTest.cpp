@@ -2,6 +2,8 @@
 #include "platform/visual/grids/Grids_StringGrid.h"
 
 #include "platform/runtime/classes/Classes_StringList.h"
+#include "platform/visual/graphics/Graphics_Bitmap.h"
+#include "platform/visual/graphics/Graphics_Canvas.h"
 #include "platform/visual/grids/GridForm.h"
 
 #include <limits>
@@ -158,6 +160,44 @@ TEST_F(StringGridTest, AssignsAsManyLinesAsThereAreCells)
     EXPECT_EQ(mGrid->getRows(3)->getCommaText(), u",,,,,,,,,");
     EXPECT_EQ(mGrid->getObjects(1, 3), nullptr);
     EXPECT_THROW(mGrid->getRows(3)->Assign(nullptr), Sysutils::EConvertError);
+}
+
+TEST_F(StringGridTest, IsPrintedWithItsCellsAndDrivenByThem)
+{
+    mGrid->setColCount(3);
+    mGrid->setRowCount(3);
+    mGrid->getRows(0)->setCommaText(u",x,y");
+    mGrid->getRows(2)->setCommaText(u"2,a,b");
+    mDriver.ClickCell(u"fGrid", 2, 2);
+    EXPECT_NE(mDriver.Print().find("TStringGrid fGrid 10,10 342x192 \"\" focused cells 3x3 first 1,1 at 2,2\n"
+                                   "    row 0 \"\" \"x\" \"y\"\n"
+                                   "    row 1 \"\" \"\" \"\"\n"
+                                   "    row 2 \"2\" \"a\" \"b\"\n"),
+              std::string::npos)
+        << mDriver.Print();
+    Press(VK_LEFT, {Classes::ssShift});
+    EXPECT_NE(mDriver.Print().find("at 1,2 selected 1,2-2,2"), std::string::npos);
+    EXPECT_THROW(mDriver.ClickCell(u"fGrid", 3, 0), std::logic_error);
+}
+
+TEST_F(StringGridTest, DrawsItsTextsUnlessItIsToldNotTo)
+{
+    mGrid->setCells(1, 1, u"shown");
+    const auto isDrawn = [this] {
+        mGrid->Repaint();
+        Graphics::TBitmap picture;
+        picture.SetSize(mGrid->getWidth(), mGrid->getHeight());
+        mGrid->PaintTo(picture.getCanvas()->getHandle(), 0, 0);
+        for (int x = 67; x < 128; ++x) {
+            if (picture.getCanvas()->getPixels(x, 33) == Graphics::clBlack) {
+                return true;
+            }
+        }
+        return false;
+    };
+    EXPECT_TRUE(isDrawn());
+    mGrid->setDefaultDrawing(false);
+    EXPECT_FALSE(isDrawn());
 }
 
 } // namespace
