@@ -2,6 +2,8 @@
 #include "testing/FormDriver.h"
 
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
+#include "platform/toolkit/Toolkit.h"
+#include "platform/visual/menus/Menus.h"
 #include "testing/internal/ControlState.h"
 
 #include <sstream>
@@ -158,10 +160,36 @@ void CFormDriver::DoubleClick(const UnicodeString& name)
     }
 }
 
+void CFormDriver::ClickSoon(const UnicodeString& name)
+{
+    mForm.HandleNeeded();
+    Toolkits::CurrentToolkit().PostInput(*mForm.GetWindow(),
+                                         [driver = *this, name]() mutable { driver.Click(name); });
+}
+
 void CFormDriver::Mouse(const UnicodeString& name, const TMouseInput& mouse)
 {
     TMouseInput inWindow = mouse;
     WindowOf(Find(name), inWindow.place).GetWindowEvents().MouseUsed(inWindow);
+}
+
+void CFormDriver::ChooseMenu(const UnicodeString& path)
+{
+    const Menus::TMainMenu* const menu = mForm.getMenu();
+    Menus::TMenuItem* item = menu == nullptr ? nullptr : menu->getItems();
+    std::u16string_view rest = path.AsView();
+    while (item != nullptr && !rest.empty()) {
+        const std::size_t bar = std::min(rest.find(u'|'), rest.size());
+        item = item->Find(UnicodeString(rest.substr(0, bar)));
+        rest.remove_prefix(std::min(bar + 1, rest.size()));
+        if (item != nullptr && !(item->getVisible() && item->getEnabled())) {
+            throw std::logic_error("nobody can choose '" + System::ToUtf8(path) + "'");
+        }
+    }
+    if (item == nullptr) {
+        throw std::invalid_argument("there is no item '" + System::ToUtf8(path) + "'");
+    }
+    item->Click();
 }
 
 void CFormDriver::Choose(const UnicodeString& name, int index)

@@ -312,7 +312,7 @@ void TStrings::StoreValue(int index, const UnicodeString& name, const UnicodeStr
     }
 }
 
-UnicodeString TStrings::getText() const
+UnicodeString TStrings::GetTextStr() const
 {
     const int count = GetCount();
     const View lineBreak = mLineBreak.AsView();
@@ -330,7 +330,7 @@ UnicodeString TStrings::getText() const
     return UnicodeString(std::move(text));
 }
 
-void TStrings::setText(const UnicodeString& text)
+void TStrings::SetTextStr(const UnicodeString& text)
 {
     const View lineBreak = mLineBreak.AsView();
     ReplaceLines(lineBreak == UsualLineBreak ? SplitUsualLines(text.AsView())

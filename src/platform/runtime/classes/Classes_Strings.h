@@ -124,9 +124,9 @@ public:
     // The whole list as one text.
 
     /// The lines with the line break behind each.
-    System::UnicodeString getText() const;
+    System::UnicodeString getText() const { return GetTextStr(); }
     /// Lines end at the line break. While that is the usual CR LF, a CR or LF alone ends a line as well.
-    void setText(const System::UnicodeString& text);
+    void setText(const System::UnicodeString& text) { SetTextStr(text); }
     /// The lines with commas between. A line with blanks, commas, quotes or control characters is put in
     /// double quotes, so that any list comes back as it was. `Delimiter`, `QuoteChar` and `StrictDelimiter`
     /// don't matter.
@@ -154,12 +154,12 @@ public:
     /// Reads the rest of `stream` as the list's text. A byte order mark tells UTF-8 or UTF-16; without one
     /// the bytes are in `encoding`, or the system's code page if that is null. `EReadError` for a device
     /// without an end, `Sysutils::EOutOfMemory` if the memory isn't there; the lines stay then.
-    void LoadFromStream(TStream* stream, Sysutils::TEncoding* encoding = nullptr);
+    virtual void LoadFromStream(TStream* stream, Sysutils::TEncoding* encoding = nullptr);
     /// Takes the file as the lines, as `LoadFromStream` reads it. `EFOpenError` if it can't be opened.
     void LoadFromFile(const System::UnicodeString& path, Sysutils::TEncoding* encoding = nullptr);
     /// Writes the list's text, with the byte order mark of `encoding`; in the system's code page if that is
     /// null.
-    void SaveToStream(TStream* stream, Sysutils::TEncoding* encoding = nullptr) const;
+    virtual void SaveToStream(TStream* stream, Sysutils::TEncoding* encoding = nullptr) const;
     /// Makes what `SaveToStream` writes the whole file. It isn't done in one step: a crash leaves a part.
     /// `EFCreateError` if the file can't be made, `EWriteError` if the host doesn't take all of it.
     void SaveToFile(const System::UnicodeString& path, Sysutils::TEncoding* encoding = nullptr) const;
@@ -173,6 +173,9 @@ protected:
     virtual System::TObject* GetObject(int index) const;
     virtual void Put(int index, const System::UnicodeString& text);
     virtual void PutObject(int index, System::TObject* object);
+    /// The whole list as one text, as `getText` and `setText` give and take it.
+    virtual System::UnicodeString GetTextStr() const;
+    virtual void SetTextStr(const System::UnicodeString& text);
     virtual int GetCapacity() const;
     virtual void SetCapacity(int capacity);
     /// Called when the first `BeginUpdate` begins a change and when the last `EndUpdate` ends it.

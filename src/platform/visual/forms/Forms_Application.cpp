@@ -6,8 +6,10 @@
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/toolkit/MessageBox.h"
 #include "platform/toolkit/Toolkit.h"
+#include "platform/visual/forms/Classes_DataModule.h"
 #include "platform/visual/forms/Forms_Form.h"
 #include "platform/visual/forms/Forms_Screen.h"
+#include "platform/visual/graphics/Graphics_Icon.h"
 
 namespace Forms
 {
@@ -79,8 +81,24 @@ System::UnicodeString TApplication::getExeName() const
     return Host::ProgramPath();
 }
 
+Graphics::TIcon* TApplication::getIcon()
+{
+    if (mIcon == nullptr) {
+        mIcon = System::MakeOwner<Graphics::TIcon>();
+    }
+    return mIcon.get();
+}
+
+void TApplication::setIcon(Graphics::TIcon* icon)
+{
+    getIcon()->Assign(icon);
+}
+
 void TApplication::FormCreated(Classes::TComponent* component)
 {
+    if (auto* const module = dynamic_cast<Classes::TDataModule*>(component)) {
+        return module->AfterConstruction();
+    }
     auto* const form = dynamic_cast<TCustomForm*>(component);
     if (form == nullptr) {
         return;

@@ -1,12 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/base/System_Owner.h"
 #include "platform/base/System_String.h"
 #include "platform/base/Sysutils_Exception.h"
 #include "platform/runtime/classes/Classes_Component.h"
 
 #include <atomic>
 #include <exception>
+
+namespace Graphics
+{
+class TIcon;
+} // namespace Graphics
 
 namespace Forms
 {
@@ -46,12 +52,18 @@ public:
     const System::UnicodeString& getHelpFile() const noexcept { return mHelpFile; }
     void setHelpFile(const System::UnicodeString& file) { mHelpFile = file; }
 
+    /// The program's icon; empty at first.
+    Graphics::TIcon* getIcon();
+    /// Takes over another icon; null makes it empty.
+    void setIcon(Graphics::TIcon* icon);
+
     /// Whether the main form itself stands for the program on the task bar; off at first.
     bool getMainFormOnTaskBar() const noexcept { return mMainFormOnTaskBar; }
     void setMainFormOnTaskBar(bool isOn) noexcept { mMainFormOnTaskBar = isOn; }
 
-    /// Makes a form or data module that the application owns, and lets `reference` point to it while it is
-    /// being made already. The first form made so is the main form.
+    /// Makes a form or data module that the application owns; `reference` points to it from its `OnCreate`
+    /// on. The first form made so is the main form. What its constructor raises passes through, and leaves
+    /// `reference` as it was.
     template <class T>
     void CreateForm(T*& reference)
     {
@@ -87,6 +99,17 @@ public:
     /// To be called in a handler of any exception: gives it to `OnException`, or shows it. One of the kind
     /// `Sysutils::EAbort` is passed over.
     void HandleException(System::TObject* sender);
+    /// Calls `action` for those who can't let an exception pass, as destructors: what it raises goes to
+    /// `HandleException`.
+    template <class Action>
+    void RunHandled(Action action)
+    {
+        try {
+            action();
+        } catch (...) {
+            HandleException(this);
+        }
+    }
     /// Shows an exception in a box.
     void ShowException(const std::exception& fault);
 
@@ -116,6 +139,8 @@ private:
     System::UnicodeString mTitle;
     System::UnicodeString mHelpFile;
     System::UnicodeString mHint;
+    /// Made when it is needed.
+    System::GOwner<Graphics::TIcon> mIcon;
     TCustomForm* mMainForm = nullptr;
     bool mMainFormOnTaskBar = false;
     bool mShowMainForm = true;

@@ -7,8 +7,10 @@
 #include "platform/toolkit/Dialogs.h"
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/controls/Controls_Publish.h"
+#include "platform/visual/controls/Forms_Accelerator.h"
 #include "platform/visual/forms/Forms_Application.h"
 #include "platform/visual/forms/Forms_Screen.h"
+#include "platform/visual/forms/internal/Forms_Orphans.h"
 #include "platform/visual/graphics/Graphics_Canvas.h"
 #include "platform/visual/menus/Menus.h"
 
@@ -137,10 +139,34 @@ void TCustomForm::Dispatch(void* record)
             return;
         }
         break;
+    case CM_DIALOGCHAR:
+        TCustomControl::Dispatch(record);
+        if (message.Result == 0 && OpenMarkedMenu(message)) {
+            message.Result = 1;
+        }
+        return;
     default:
         break;
     }
     TCustomControl::Dispatch(record);
+}
+
+bool TCustomForm::OpenMarkedMenu(const TMessage& message)
+{
+    if (mMenu == nullptr ||
+        !Controls::ParamToShift(static_cast<std::uintptr_t>(message.LParam)).Contains(Classes::ssAlt)) {
+        return false;
+    }
+    const Menus::TMenuItem& items = *mMenu->getItems();
+    for (int i = 0; i < items.GetCount(); ++i) {
+        Menus::TMenuItem* const item = items.GetItem(i);
+        if (item->getVisible() && IsAccel(static_cast<System::Word>(message.WParam), item->getCaption())) {
+            const TPoint place = GetClientOrigin();
+            mMenu->OpenItem(item, place.X, place.Y);
+            return true;
+        }
+    }
+    return false;
 }
 
 void TCustomForm::ShowingChanged()
@@ -318,13 +344,8 @@ void TCustomForm::Paint()
 void TCustomForm::GetChildren(const Classes::TGetChildProc& proc, Classes::TComponent* root)
 {
     TCustomControl::GetChildren(proc, root);
-    if (root != this) {
-        return;
-    }
-    for (int i = 0; i < GetComponentCount(); ++i) {
-        if (!GetComponent(i)->HasParent()) {
-            proc(GetComponent(i));
-        }
+    if (root == this) {
+        ForEachOrphan(*this, proc);
     }
 }
 

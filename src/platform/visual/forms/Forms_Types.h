@@ -16,6 +16,8 @@ enum TFormBorderStyle
     bsToolWindow,
     bsSizeToolWin
 };
+/// The frame of a control within a form: `bsNone` or `bsSingle`.
+using TBorderStyle = TFormBorderStyle;
 
 /// What stands in the frame's upper edge.
 enum TBorderIcon

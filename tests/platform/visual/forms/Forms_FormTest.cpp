@@ -3,8 +3,10 @@
 
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/toolkit/Dialogs.h"
+#include "platform/toolkit/Toolkit.h"
 #include "platform/visual/Forms.h"
 #include "platform/visual/controls/ProbeControl.h"
+#include "platform/visual/menus/Menus.h"
 #include "testing/FormDriver.h"
 
 #include <gtest/gtest.h>
@@ -54,6 +56,59 @@ TEST_F(FormTest, ComesAndGoesInItsOrder)
     }
     EXPECT_EQ(mLog, u"create show activate deactivate hide show activate deactivate hide destroy ");
     EXPECT_EQ(Forms::Screen->getActiveForm(), nullptr);
+}
+
+TEST_F(FormTest, OfOneWindowOnlyInputAndPaintRun)
+{
+    Toolkits::Toolkit& toolkit = Toolkits::CurrentToolkit();
+    TForm form;
+    auto* const other = new TForm(&form);
+    form.Show();
+    other->Show();
+    Forms::Application->ProcessMessages();
+    std::string log;
+    toolkit.Post([&] { log += "posted "; });
+    toolkit.PostInput(*other->GetWindow(), [&] { log += "other "; });
+    toolkit.PostInput(*form.GetWindow(), [&] { log += "form "; });
+    form.OnPaint = [&](TObject*) { log += "paint "; };
+    form.Invalidate();
+    while (toolkit.ProcessInput(*form.GetWindow())) {
+    }
+    EXPECT_EQ(log, "form paint ");
+    toolkit.PostInput(*form.GetWindow(), [&] { delete other; });
+    while (toolkit.ProcessInput(*form.GetWindow())) {
+    }
+    Forms::Application->ProcessMessages();
+    EXPECT_EQ(log, "form paint posted ");
+}
+
+TEST_F(FormTest, ItsMenuIsOpenedByItsMarksAndChosenFrom)
+{
+    TForm form;
+    auto* const menu = new Menus::TMainMenu(&form);
+    const auto add = [&](Menus::TMenuItem* parent, const UnicodeString& caption) {
+        auto* const item = new Menus::TMenuItem(&form);
+        item->setCaption(caption);
+        item->OnClick = Note(caption);
+        parent->Add(item);
+        return item;
+    };
+    Menus::TMenuItem* const file = add(menu->getItems(), u"&File");
+    add(file, u"&Open");
+    add(file, u"&Close")->setEnabled(false);
+    form.setMenu(menu);
+    form.Show();
+    Testing::CFormDriver driver(form);
+    driver.ChooseMenu(u"File|Open");
+    EXPECT_EQ(mLog, u"&Open ");
+    EXPECT_THROW(driver.ChooseMenu(u"File|Close"), std::logic_error);
+    EXPECT_THROW(driver.ChooseMenu(u"File|Print"), std::invalid_argument);
+    mLog = {};
+    mToolkit.AnswerMenu(u"Open");
+    driver.Press('F', {Classes::ssAlt});
+    EXPECT_EQ(mLog, u"&File &Open ");
+    driver.Press('F');
+    EXPECT_EQ(mLog, u"&File &Open ");
 }
 
 TEST_F(FormTest, AsksBeforeItCloses)
