@@ -3,8 +3,11 @@
 
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/toolkit/Toolkit.h"
+#include "platform/visual/grids/Grids_CustomGrid.h"
 #include "platform/visual/menus/Menus.h"
 #include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
+#include "testing/internal/ControlState.h"
+#include "testing/internal/GridState.h"
 
 #include <sstream>
 #include <stdexcept>
@@ -83,7 +86,10 @@ void PrintControl(std::ostream& out, const TControl& control, int level)
     if (window != nullptr && window->Focused()) {
         out << " focused";
     }
+    WriteControlState(out, control);
+    WriteGridState(out, control);
     out << '\n';
+    WriteGridCells(out, control, level + 1);
     for (int i = 0; window != nullptr && i < window->GetControlCount(); ++i) {
         PrintControl(out, *window->GetControl(i), level + 1);
     }
@@ -171,6 +177,17 @@ void CFormDriver::DoubleClick(const UnicodeString& name)
     }
 }
 
+void CFormDriver::ClickCell(const UnicodeString& name, int col, int row)
+{
+    const auto* const grid = dynamic_cast<const Grids::TCustomGrid*>(&Find(name));
+    const Types::TRect rect = grid == nullptr ? Types::TRect{} : grid->CellRect(col, row);
+    if (rect.Width() <= 0 || rect.Height() <= 0) {
+        throw std::logic_error("nobody can click on a cell of '" + System::ToUtf8(name) +
+                               "' that isn't in sight");
+    }
+    Click(name, {(rect.Left + rect.Right) / 2, (rect.Top + rect.Bottom) / 2});
+}
+
 void CFormDriver::ClickSoon(const UnicodeString& name)
 {
     mForm.HandleNeeded();
@@ -184,7 +201,7 @@ void CFormDriver::Mouse(const UnicodeString& name, const TMouseInput& mouse)
     WindowOf(Find(name), inWindow.place).GetWindowEvents().MouseUsed(inWindow);
 }
 
-void CFormDriver::Choose(const UnicodeString& path)
+void CFormDriver::ChooseMenu(const UnicodeString& path)
 {
     const Menus::TMainMenu* const menu = mForm.getMenu();
     Menus::TMenuItem* item = menu == nullptr ? nullptr : menu->getItems();
@@ -201,6 +218,15 @@ void CFormDriver::Choose(const UnicodeString& path)
         throw std::invalid_argument("there is no item '" + System::ToUtf8(path) + "'");
     }
     item->Click();
+}
+
+void CFormDriver::Choose(const UnicodeString& name, int index)
+{
+    auto* const window = dynamic_cast<TWinControl*>(&Find(name));
+    if (window == nullptr || !CanBeUsed(*window)) {
+        throw std::logic_error("nobody can choose in '" + System::ToUtf8(name) + "'");
+    }
+    window->GetWindowEvents().Chosen(index);
 }
 
 void CFormDriver::Focus(const UnicodeString& name)

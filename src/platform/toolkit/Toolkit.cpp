@@ -2,6 +2,7 @@
 #include "platform/toolkit/Toolkit.h"
 
 #include "platform/runtime/classes/internal/Classes_ThreadState.h"
+#include "platform/toolkit/Pixels.h"
 #include "platform/toolkit/headless/HeadlessToolkit.h"
 #include "platform/toolkit/internal/Watches.h"
 
@@ -85,6 +86,16 @@ const LinkToThreads linkToThreads;
 } // namespace
 
 Toolkit::~Toolkit() = default;
+
+bool Toolkit::SetClipboardPixels(const Pixels&)
+{
+    return false;
+}
+
+Pixels Toolkit::GetClipboardPixels()
+{
+    return {};
+}
 
 Toolkit& CurrentToolkit()
 {
