@@ -302,6 +302,10 @@ void CFormDriver::Insert(const UnicodeString& text)
     UnicodeString whole = edit->GetText();
     whole.Delete(edit->getSelStart() + 1, edit->getSelLength());
     whole.Insert(text, edit->getSelStart() + 1);
+    // The window has the text before the control hears of it.
+    if (edit->GetWindow() != nullptr) {
+        edit->GetWindow()->SetText(whole);
+    }
     edit->GetWindowEvents().TextEdited(whole);
 }
 
