@@ -154,7 +154,7 @@ void TCustomComboBox::Loaded()
 UnicodeString TCustomComboBox::GetText() const
 {
     if (IsEditable()) {
-        return TCustomListControl::GetText();
+        return mText.getText();
     }
     const int index = GetItemIndex();
     return index < 0 ? UnicodeString() : mItems->At(index);
@@ -175,30 +175,22 @@ void TCustomComboBox::SetText(const UnicodeString& text)
 
 void TCustomComboBox::PutText(const UnicodeString& text)
 {
-    if (text == TCustomListControl::GetText()) {
-        return;
+    if (text != mText.getText()) {
+        mText.SetText(text);
+        Perform(CM_TEXTCHANGED);
     }
-    mSelStart = 0;
-    mSelLength = 0;
-    mIsCaretFirst = false;
-    TCustomListControl::SetText(text);
 }
 
-void TCustomComboBox::PutSelection(int caret, int anchor)
+void TCustomComboBox::PutSelection(int anchor, int caret)
 {
-    const int length = IsEditable() ? GetTextLen() : 0;
-    caret = std::clamp(caret, 0, length);
-    anchor = std::clamp(anchor, 0, length);
-    mSelStart = std::min(caret, anchor);
-    mSelLength = std::max(caret, anchor) - mSelStart;
-    mIsCaretFirst = caret < anchor;
+    mText.Select(anchor, caret);
     TellSelection();
 }
 
 void TCustomComboBox::TellSelection()
 {
     if (GetWindow() != nullptr && IsEditable()) {
-        GetWindow()->SetSelection(mSelStart, mSelLength);
+        GetWindow()->SetSelection(getSelStart(), getSelLength());
     }
     Invalidate();
 }
@@ -210,28 +202,32 @@ void TCustomComboBox::setSelStart(int start)
 
 void TCustomComboBox::setSelLength(int length)
 {
-    PutSelection(mSelStart + std::clamp(length, 0, GetTextLen() - mSelStart), mSelStart);
+    const int start = getSelStart();
+    PutSelection(start, start + std::clamp(length, 0, mText.Length() - start));
 }
 
 UnicodeString TCustomComboBox::getSelText() const
 {
-    return GetText().SubString(mSelStart + 1, mSelLength);
+    return mText.getText().SubString(getSelStart() + 1, getSelLength());
 }
 
 void TCustomComboBox::setSelText(const UnicodeString& text)
 {
-    if (IsEditable()) {
-        const int end = mSelStart + text.Length();
-        const UnicodeString whole = GetText();
-        SetText(whole.SubString(1, mSelStart) + text +
-                whole.SubString(mSelStart + mSelLength + 1, whole.Length()));
-        setSelStart(end);
+    if (!IsEditable()) {
+        return;
+    }
+    mText.Replace(getSelStart(), getSelLength(), text);
+    mItems->setCurrent(mItems->FindExact(mText.getText()));
+    const TComponentWatch watch(this);
+    Perform(CM_TEXTCHANGED);
+    if (watch.IsAlive()) {
+        TellSelection();
     }
 }
 
 void TCustomComboBox::SelectAll()
 {
-    PutSelection(GetTextLen(), 0);
+    PutSelection(0, mText.Length());
 }
 
 void TCustomComboBox::setMaxLength(int length)

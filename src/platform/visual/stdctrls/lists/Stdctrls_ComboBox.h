@@ -3,6 +3,7 @@
 
 #include "platform/runtime/classes/Classes_Strings.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
+#include "platform/visual/stdctrls/edits/Stdctrls_EditBuffer.h"
 #include "platform/visual/stdctrls/lists/Stdctrls_ListControl.h"
 #include "platform/visual/stdctrls/lists/Stdctrls_OwnerDraw.h"
 
@@ -66,9 +67,9 @@ public:
     /// Where only items can be the text, chooses the one of that text, case aside, or none.
     void SetText(const System::UnicodeString& text) override;
     /// Of a text that can be edited, in characters from 0; held within the text.
-    int getSelStart() const noexcept { return mSelStart; }
+    int getSelStart() const noexcept { return mText.SelStart(); }
     void setSelStart(int start);
-    int getSelLength() const noexcept { return mSelLength; }
+    int getSelLength() const noexcept { return mText.SelLength(); }
     void setSelLength(int length);
     System::UnicodeString getSelText() const;
     /// Replaces what is selected.
@@ -153,7 +154,7 @@ private:
     void TellTraits();
     void TellSelection();
     void PutText(const System::UnicodeString& text);
-    void PutSelection(int caret, int anchor);
+    void PutSelection(int anchor, int caret);
     void ChooseByUser(int index);
     /// The list was opened or closed; the window knows it already if it did so.
     void OpenOrClose(bool isOpen, bool isByWindow);
@@ -163,11 +164,12 @@ private:
     bool ActOnClipboardKey(System::Word key);
     void CancelDropDown();
     int TargetOf(System::Word key) const;
-    int Caret() const noexcept { return mIsCaretFirst ? mSelStart : mSelStart + mSelLength; }
-    int Anchor() const noexcept { return mIsCaretFirst ? mSelStart + mSelLength : mSelStart; }
     void ReplaceSelection(const System::UnicodeString& text);
-    void EraseAt(int place);
-    bool Edited(const System::UnicodeString& text, int caret);
+    /// Takes out what is selected, or else what lies between the caret and another place.
+    void EraseTo(int place);
+    void UndoEdit();
+    /// The user has edited the text.
+    void Edited();
     bool TypeText(System::WideChar character);
     void Complete();
     bool TypeAhead(System::WideChar character);
@@ -179,9 +181,9 @@ private:
 
     std::unique_ptr<CListItems> mItems;
     std::unique_ptr<CTypeAhead> mTyped;
+    /// The text that can be edited.
+    CEditBuffer mText;
     unsigned mAutoCompleteDelay = 500;
-    int mSelStart = 0;
-    int mSelLength = 0;
     int mMaxLength = 0;
     int mDropDownCount = 8;
     int mDropDownWidth = 0;
@@ -191,7 +193,6 @@ private:
     /// The item that a design chooses before it has the items.
     int mDesignedIndex = -1;
     TComboBoxStyle mStyle = csDropDown;
-    bool mIsCaretFirst = false;
     bool mIsDroppedDown = false;
     bool mSorted = false;
     bool mAutoComplete = true;

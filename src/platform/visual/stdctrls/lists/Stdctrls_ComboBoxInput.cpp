@@ -119,24 +119,22 @@ void TCustomComboBox::TextEditedInWindow(const UnicodeString& text)
     if (!IsEditable() || text == GetText()) {
         return;
     }
-    const bool isAtEnd = mSelStart + mSelLength == GetTextLen();
-    const bool hasGrown = text.Length() > GetTextLen() - mSelLength;
+    const bool isAtEnd = getSelStart() + getSelLength() == mText.Length();
+    const bool hasGrown = text.Length() > mText.Length() - getSelLength();
     const TComponentWatch watch(this);
     SetText(text);
     if (watch.IsAlive()) {
         Change();
     }
     if (watch.IsAlive() && isAtEnd && hasGrown && mAutoComplete && text == GetText()) {
-        mSelStart = text.Length();
+        mText.Select(text.Length(), text.Length());
         Complete();
     }
 }
 
 void TCustomComboBox::SelectionMovedInWindow(int start, int length)
 {
-    mSelStart = std::clamp(start, 0, GetTextLen());
-    mSelLength = std::clamp(length, 0, GetTextLen() - mSelStart);
-    mIsCaretFirst = false;
+    mText.Select(start, start + std::max(length, 0));
 }
 
 void TCustomComboBox::Dispatch(void* record)
@@ -156,13 +154,16 @@ void TCustomComboBox::Dispatch(void* record)
         return;
     case WM_CUT:
         CopyToClipboard();
-        setSelText({});
+        ReplaceSelection({});
         return;
     case WM_CLEAR:
-        setSelText({});
+        ReplaceSelection({});
         return;
     case WM_PASTE:
-        setSelText(Toolkits::CurrentToolkit().GetClipboardText());
+        ReplaceSelection(Toolkits::CurrentToolkit().GetClipboardText());
+        return;
+    case WM_UNDO:
+        UndoEdit();
         return;
     default:
         if (DispatchList(message)) {
@@ -341,24 +342,26 @@ bool TCustomComboBox::ActOnListKey(System::Word key, const TShiftState& shift)
 
 bool TCustomComboBox::ActOnEditKey(System::Word key, const TShiftState& shift)
 {
-    const auto move = [&](int caret) {
-        PutSelection(caret, shift.Contains(Classes::ssShift) ? Anchor() : caret);
+    const bool isCtrl = shift.Contains(Classes::ssCtrl);
+    const int caret = mText.getCaret();
+    const auto move = [&](int place) {
+        PutSelection(shift.Contains(Classes::ssShift) ? mText.getAnchor() : place, place);
         return true;
     };
     switch (key) {
     case VK_LEFT:
-        return move(Caret() - 1 < 0 ? 0 : Caret() - 1);
+        return move(isCtrl ? mText.FormerWord(caret) : mText.FormerPlace(caret));
     case VK_RIGHT:
-        return move(std::min(Caret() + 1, GetTextLen()));
+        return move(isCtrl ? mText.NextWord(caret) : mText.NextPlace(caret));
     case VK_HOME:
         return move(0);
     case VK_END:
-        return move(GetTextLen());
+        return move(mText.Length());
     case VK_DELETE:
-        EraseAt(mSelStart);
+        EraseTo(isCtrl ? mText.NextWord(caret) : mText.NextPlace(caret));
         return true;
     default:
-        return shift.Contains(Classes::ssCtrl) && ActOnClipboardKey(key);
+        return isCtrl && ActOnClipboardKey(key);
     }
 }
 
@@ -378,6 +381,9 @@ bool TCustomComboBox::ActOnClipboardKey(System::Word key)
     case 'V':
         ReplaceSelection(Toolkits::CurrentToolkit().GetClipboardText());
         return true;
+    case 'Z':
+        UndoEdit();
+        return true;
     default:
         return false;
     }
@@ -385,47 +391,47 @@ bool TCustomComboBox::ActOnClipboardKey(System::Word key)
 
 void TCustomComboBox::CopyToClipboard() const
 {
-    if (mSelLength > 0) {
+    if (getSelLength() > 0) {
         Toolkits::CurrentToolkit().SetClipboardText(getSelText());
     }
 }
 
-bool TCustomComboBox::Edited(const UnicodeString& text, int caret)
+void TCustomComboBox::Edited()
 {
-    if (text == GetText()) {
-        return true;
-    }
+    mItems->setCurrent(mItems->FindExact(mText.getText()));
     const TComponentWatch watch(this);
-    SetText(text);
-    if (!watch.IsAlive()) {
-        return false;
+    Perform(CM_TEXTCHANGED);
+    if (watch.IsAlive()) {
+        TellSelection();
+        Change();
     }
-    PutSelection(caret, caret);
-    Change();
-    return watch.IsAlive();
 }
 
 void TCustomComboBox::ReplaceSelection(const UnicodeString& text)
 {
-    const UnicodeString whole = GetText();
-    UnicodeString added = text;
-    if (mMaxLength > 0) {
-        added = added.SubString(1, std::max(mMaxLength - (whole.Length() - mSelLength), 0));
+    const int start = getSelStart();
+    const int length = getSelLength();
+    const int room = mMaxLength > 0 ? std::max(mMaxLength - (mText.Length() - length), 0) : text.Length();
+    const UnicodeString added = text.SubString(1, room);
+    if (IsEditable() && (length > 0 || !added.IsEmpty())) {
+        mText.Replace(start, length, added);
+        Edited();
     }
-    Edited(whole.SubString(1, mSelStart) + added +
-               whole.SubString(mSelStart + mSelLength + 1, whole.Length()),
-           mSelStart + added.Length());
 }
 
-void TCustomComboBox::EraseAt(int place)
+void TCustomComboBox::EraseTo(int place)
 {
-    if (mSelLength == 0) {
-        if (place < 0 || place >= GetTextLen()) {
-            return;
-        }
-        PutSelection(place + 1, place);
+    if (getSelLength() == 0) {
+        mText.Select(mText.getCaret(), place);
     }
     ReplaceSelection({});
+}
+
+void TCustomComboBox::UndoEdit()
+{
+    if (IsEditable() && mText.Undo()) {
+        Edited();
+    }
 }
 
 bool TCustomComboBox::ActOnChar(System::WideChar character)
@@ -434,7 +440,7 @@ bool TCustomComboBox::ActOnChar(System::WideChar character)
         return TypeAhead(character);
     }
     if (character == VK_BACK) {
-        EraseAt(mSelStart - 1);
+        EraseTo(mText.FormerPlace(mText.getCaret()));
         return true;
     }
     return character >= u' ' && TypeText(character);
@@ -452,7 +458,7 @@ bool TCustomComboBox::TypeText(System::WideChar character)
     if (watch.IsAlive() && mAutoComplete) {
         Complete();
     }
-    if (watch.IsAlive() && mAutoCloseUp && GetItemIndex() >= 0 && mSelLength == 0) {
+    if (watch.IsAlive() && mAutoCloseUp && GetItemIndex() >= 0 && getSelLength() == 0) {
         setDroppedDown(false);
     }
     return true;
@@ -461,7 +467,7 @@ bool TCustomComboBox::TypeText(System::WideChar character)
 void TCustomComboBox::Complete()
 {
     const UnicodeString typed = GetText();
-    const bool isAtEnd = mSelLength == 0 && mSelStart == typed.Length();
+    const bool isAtEnd = getSelStart() == typed.Length();
     const int found = isAtEnd && GetItemIndex() < 0 ? mItems->FindPrefix(typed, 0) : -1;
     if (found < 0 || (mMaxLength > 0 && mItems->At(found).Length() > mMaxLength)) {
         return;
@@ -472,7 +478,7 @@ void TCustomComboBox::Complete()
         return;
     }
     // What was added is selected, so that the next character replaces it.
-    PutSelection(GetTextLen(), typed.Length());
+    PutSelection(typed.Length(), mText.Length());
     Click();
     if (watch.IsAlive()) {
         Select();

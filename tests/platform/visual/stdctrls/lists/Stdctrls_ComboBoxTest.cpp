@@ -174,6 +174,22 @@ TEST_F(ComboBoxTest, IsTypedInto)
     EXPECT_EQ(mBox->getText(), u"axy");
 }
 
+TEST_F(ComboBoxTest, TakesAnEditBackAndMovesByWords)
+{
+    mBox->setAutoComplete(false);
+    mDriver.Type(u"one two");
+    mDriver.Press(VK_LEFT, {Classes::ssCtrl});
+    EXPECT_EQ(mBox->getSelStart(), 4);
+    mDriver.Press(VK_DELETE, {Classes::ssCtrl});
+    EXPECT_EQ(mBox->getText(), u"one ");
+    mDriver.Press('Z', {Classes::ssCtrl});
+    EXPECT_EQ(mBox->getText(), u"one two");
+    mBox->setText(u"a\U0001F600");
+    mDriver.Press(VK_END);
+    mDriver.Press(VK_BACK);
+    EXPECT_EQ(mBox->getText(), u"a");
+}
+
 TEST_F(ComboBoxTest, ChoosesTheItemThatIsTyped)
 {
     mBox->setAutoComplete(false);

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "platform/visual/Stdctrls.h"
+
 #include "platform/runtime/classes/Classes_ClassRegister.h"
 #include "platform/runtime/classes/Classes_Stream.h"
 #include "platform/runtime/filer/Classes_FormText.h"
@@ -8,10 +10,7 @@
 #include "platform/visual/stdctrls/buttons/Buttons_BitBtn.h"
 #include "platform/visual/stdctrls/buttons/Buttons_SpeedButton.h"
 #include "platform/visual/stdctrls/buttons/Extctrls_RadioGroup.h"
-#include "platform/visual/stdctrls/buttons/Stdctrls_CheckBox.h"
-#include "platform/visual/stdctrls/buttons/Stdctrls_RadioButton.h"
 #include "platform/visual/stdctrls/lists/Checklst_CheckListBox.h"
-#include "platform/visual/stdctrls/lists/Stdctrls_ComboBox.h"
 
 // What a form's design says of buttons, boxes and lists.
 
@@ -79,7 +78,7 @@ constexpr const char* Design = R"(object Form1: TForm
 end
 )";
 
-class StdctrlsFormTest : public testing::Test
+class StdctrlsTest : public testing::Test
 {
 protected:
     template <class... T>
@@ -104,7 +103,7 @@ protected:
     Support::ScriptedBoxes mToolkit;
 };
 
-TEST_F(StdctrlsFormTest, IsReadAndWrittenAsItIs)
+TEST_F(StdctrlsTest, IsReadAndWrittenAsItIs)
 {
     Classes::TStringStream text(System::UTF8String{Design});
     Classes::TMemoryStream binary;
