@@ -448,7 +448,9 @@ void TPageControl::Dispatch(void* record)
         return TCustomTabControl::Dispatch(record);
     case CM_CONTROLCHANGE: {
         TCustomTabControl::Dispatch(record);
-        auto* const page = dynamic_cast<TTabSheet*>(reinterpret_cast<TControl*>(message.WParam));
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): the parameter of the message is an address
+        auto* const control = reinterpret_cast<TControl*>(message.WParam);
+        auto* const page = dynamic_cast<TTabSheet*>(control);
         if (page != nullptr) {
             message.LParam != 0 ? InsertPage(page) : RemovePage(page);
         }

@@ -35,7 +35,7 @@ public:
     bool getHighlighted() const noexcept { return mHighlighted; }
     void setHighlighted(bool isOn);
 
-    void Dispatch(void* message) override;
+    void Dispatch(void* record) override;
 
     /// The page comes to sight, or leaves it.
     Classes::TNotifyEvent OnShow;
@@ -86,7 +86,7 @@ public:
 
     /// Turns to the page that `control` lies in.
     void ShowControl(Controls::TControl* control) override;
-    void Dispatch(void* message) override;
+    void Dispatch(void* record) override;
     void Loaded() override;
 
 protected:

@@ -85,7 +85,7 @@ public:
     Graphics::TColor getBackgroundColor() const noexcept { return mBackgroundColor; }
     void setBackgroundColor(Graphics::TColor color) { Change(mBackgroundColor, color); }
 
-    void Dispatch(void* message) override;
+    void Dispatch(void* record) override;
     void Loaded() override;
 
 protected:

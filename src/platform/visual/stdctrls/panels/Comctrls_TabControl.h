@@ -69,7 +69,7 @@ public:
     /// Moves the tabs of a single row by so many, back for a negative number.
     void ScrollTabs(int delta);
 
-    void Dispatch(void* message) override;
+    void Dispatch(void* record) override;
 
     /// The user chose another tab.
     Classes::TNotifyEvent OnChange;

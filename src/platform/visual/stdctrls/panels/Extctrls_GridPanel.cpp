@@ -192,7 +192,7 @@ void TCustomGridPanel::Take(const TControlItem& item)
     const int right = std::min(item.getColumnSpan(), std::max(columns - item.getColumn(), 0));
     const int down = std::min(item.getRowSpan(), std::max(mRows->GetCount() - item.getRow(), 0));
     for (int row = item.getRow(); row < item.getRow() + down; ++row) {
-        const auto begin = mTakenCells.begin() + row * columns + item.getColumn();
+        const auto begin = mTakenCells.begin() + std::ptrdiff_t{row} * columns + item.getColumn();
         std::fill(begin, begin + right, true);
     }
 }
@@ -287,6 +287,7 @@ void TCustomGridPanel::Dispatch(void* record)
 {
     const auto& message = *static_cast<Messages::TMessage*>(record);
     if (message.Msg == CM_CONTROLLISTCHANGE && !IsLoading() && !IsDestroying()) {
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): the parameter of the message is an address
         auto* const control = reinterpret_cast<TControl*>(message.WParam);
         if (message.LParam != 0) {
             TakeControl(control);

@@ -45,7 +45,7 @@ public:
     bool IsColumnEmpty(int column) const;
     bool IsRowEmpty(int row) const;
 
-    void Dispatch(void* message) override;
+    void Dispatch(void* record) override;
     void Loaded() override;
     void Notification(Classes::TComponent* component, Classes::TOperation operation) override;
 

@@ -55,7 +55,7 @@ public:
     bool getParentBackground() const;
     void setParentBackground(bool isOn);
 
-    void Dispatch(void* message) override;
+    void Dispatch(void* record) override;
 
 protected:
     void Paint() override;

@@ -96,7 +96,7 @@ public:
     bool getTimers() const noexcept { return mTimers; }
     void setTimers(bool isOn) noexcept { mTimers = isOn; }
 
-    void Dispatch(void* message) override;
+    void Dispatch(void* record) override;
     void Loaded() override;
 
     Classes::TNotifyEvent OnOpen;
