@@ -452,13 +452,13 @@ bool TCustomGrid::DoMouseWheelUp(TShiftState, TPoint)
     return true;
 }
 
-void TCustomGrid::Dispatch(void* record)
+void TCustomGrid::Dispatch(void* message)
 {
-    auto& message = *static_cast<Messages::TMessage*>(record);
+    auto& received = *static_cast<Messages::TMessage*>(message);
     const TComponentWatch watch(this);
-    switch (message.Msg) {
+    switch (received.Msg) {
     case WM_CHAR:
-        if (StartTyping(message)) {
+        if (StartTyping(received)) {
             return;
         }
         break;
@@ -473,9 +473,9 @@ void TCustomGrid::Dispatch(void* record)
     default:
         break;
     }
-    TCustomControl::Dispatch(record);
+    TCustomControl::Dispatch(message);
     // The editor that is always there has the keyboard for the grid.
-    if (message.Msg == WM_SETFOCUS && watch.IsAlive() && HasOption(goAlwaysShowEditor) && !mIsHidingEditor) {
+    if (received.Msg == WM_SETFOCUS && watch.IsAlive() && HasOption(goAlwaysShowEditor) && !mIsHidingEditor) {
         ShowEditor();
     }
 }

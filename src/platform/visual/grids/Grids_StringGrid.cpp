@@ -49,7 +49,7 @@ public:
     {
         CheckPlace(col, row);
         if (!isToBlank) {
-            return &mRows.Need(row, grid.getRowCount()).Need(col, grid.getColCount());
+            return &NeedRow(row, grid.getRowCount()).Need(col, grid.getColCount());
         }
         CRow* const cells = mRows.Find(row);
         return cells == nullptr ? nullptr : cells->Find(col);
@@ -68,7 +68,11 @@ public:
             }
         });
     }
-    void MoveRow(int from, int to, int count) { mRows.Move(from, to, count); }
+    void MoveRow(int from, int to, int count)
+    {
+        mLastRow = nullptr;
+        mRows.Move(from, to, count);
+    }
     void MoveColumn(int from, int to, int count)
     {
         mRows.ForEach([=](int, CRow& cells) { cells.Move(from, to, count); });
@@ -83,7 +87,19 @@ private:
         }
     }
 
+    CRow& NeedRow(int row, int count)
+    {
+        if (mLastRow == nullptr || mLastIndex != row) {
+            mLastRow = &mRows.Need(row, count);
+            mLastIndex = row;
+        }
+        return *mLastRow;
+    }
+
     GSparseArray<CRow, RowsInPage> mRows;
+    /// The row in which a cell was set last: grids are filled row by row.
+    CRow* mLastRow = nullptr;
+    int mLastIndex = 0;
 };
 
 /// A column or row as a list.
