@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#include "forms/BTL_CDisableForm.h"
+
+#include "platform/visual/forms/Forms_Application.h"
+#include "platform/visual/forms/Forms_Screen.h"
+
+namespace BTL
+{
+
+CDisableForm::CDisableForm() : CDisableForm(Forms::Screen->getActiveForm()) {}
+
+CDisableForm::CDisableForm(Forms::TForm* form)
+{
+    if (form == nullptr || !form->getEnabled()) {
+        return;
+    }
+    mForm = form;
+    mWatch.emplace(form);
+    form->setEnabled(false);
+}
+
+CDisableForm::~CDisableForm()
+{
+    if (mWatch.has_value() && mWatch->IsAlive()) {
+        Forms::Application->RunHandled([this] { mForm->setEnabled(true); });
+    }
+}
+
+} // namespace BTL
