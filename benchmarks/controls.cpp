@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "platform/runtime/classes/Classes_Stream.h"
 #include "platform/runtime/filer/Classes_FormResource.h"
 #include "platform/runtime/filer/Classes_FormText.h"
-#include "platform/runtime/classes/Classes_Stream.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/Forms.h"
@@ -101,7 +101,8 @@ std::string DesignOf(const char* formClass)
         const auto kind = static_cast<std::size_t>(ControlAt(i));
         text += "  object C" + std::to_string(i) + ": " + names[kind] +
                 "\n    Left = " + std::to_string(i % 10 * 80) + "\n    Top = " + std::to_string(i / 10 * 24) +
-                "\n    Width = 75\n    Height = 21\n    " + (kind == 1 ? "Text" : "Caption") + " = 'Limit'\n  end\n";
+                "\n    Width = 75\n    Height = 21\n    " + (kind == 1 ? "Text" : "Caption") +
+                " = 'Limit'\n  end\n";
     }
     return text + "end\n";
 }
@@ -236,12 +237,13 @@ BENCHMARK(IdleQt)->Name("idle/Qt");
 
 std::string UiOf()
 {
-    std::string text = "<?xml version=\"1.0\"?><ui version=\"4.0\"><class>Sheet</class><widget class=\"QDialog\" name=\"Sheet\">";
+    std::string text = "<?xml version=\"1.0\"?><ui version=\"4.0\"><class>Sheet</class><widget "
+                       "class=\"QDialog\" name=\"Sheet\">";
     for (int i = 0; i < ControlCount; ++i) {
         const char* const names[] = {"QLabel", "QLineEdit", "QPushButton"};
-        text += std::string("<widget class=\"") + names[static_cast<std::size_t>(ControlAt(i))] + "\" name=\"c" +
-                std::to_string(i) + "\"><property name=\"geometry\"><rect><x>" + std::to_string(i % 10 * 80) +
-                "</x><y>" + std::to_string(i / 10 * 24) +
+        text += std::string("<widget class=\"") + names[static_cast<std::size_t>(ControlAt(i))] +
+                "\" name=\"c" + std::to_string(i) + "\"><property name=\"geometry\"><rect><x>" +
+                std::to_string(i % 10 * 80) + "</x><y>" + std::to_string(i / 10 * 24) +
                 "</y><width>75</width><height>21</height></rect></property><property name=\"text\">"
                 "<string>Limit</string></property></widget>";
     }

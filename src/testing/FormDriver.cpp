@@ -5,8 +5,8 @@
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/grids/Grids_CustomGrid.h"
 #include "platform/visual/menus/Menus.h"
-#include "testing/internal/ControlState.h"
 #include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
+#include "testing/internal/ControlState.h"
 #include "testing/internal/GridState.h"
 
 #include <sstream>

@@ -65,7 +65,8 @@ void TProgressDLG::SetPositionDelayed(int position, unsigned duration, unsigned 
         return SetPosition(position);
     }
     const unsigned pause = std::max(interval, 1U);
-    const auto ticks = static_cast<int>(std::clamp<unsigned>(duration / pause, 1, static_cast<unsigned>(distance)));
+    const auto ticks =
+        static_cast<int>(std::clamp<unsigned>(duration / pause, 1, static_cast<unsigned>(distance)));
     fTimer->setEnabled(false);
     fTimer->setInterval(pause);
     mTarget = position;

@@ -62,7 +62,10 @@ public:
         With([&](Dialog& dialog) { dialog.IncPosition(step); });
     }
     /// In pixels; 0 without a dialog.
-    int getWidth() const { return Of(0, [](const Dialog& dialog) { return dialog.getWidth(); }); }
+    int getWidth() const
+    {
+        return Of(0, [](const Dialog& dialog) { return dialog.getWidth(); });
+    }
     void setWidth(int width)
     {
         With([&](Dialog& dialog) { dialog.setWidth(width); });

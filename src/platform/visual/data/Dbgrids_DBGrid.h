@@ -175,7 +175,8 @@ private:
     void NoteColumn(int former);
     void DrawTitle(TColumn* column, const Types::TRect& rect);
     void DrawIndicator(int row, const Types::TRect& rect);
-    void WriteText(const Types::TRect& rect, const System::UnicodeString& text, Classes::TAlignment alignment);
+    void WriteText(const Types::TRect& rect, const System::UnicodeString& text,
+                   Classes::TAlignment alignment);
     void TitleFontChanged(System::TObject* sender);
 
     std::unique_ptr<CLink> mLink;
