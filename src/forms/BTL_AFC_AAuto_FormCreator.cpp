@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "forms/BTL_AFC_AAuto_FormCreator.h"
 
+#include "forms/BTL_HideForm.h"
 #include "foundation/UTL_ASRT_Assert.h"
 #include "platform/runtime/classes/Classes_ComponentLink.h"
 #include "platform/visual/forms/Forms_Form.h"
@@ -60,9 +61,10 @@ void AAuto_FormCreator::Watch()
     mLink = System::MakeOwner<Classes::TComponentLink>(mForm.Get(), clear);
 }
 
-int AAuto_FormCreator::ShowModal(Forms::TForm*)
+int AAuto_FormCreator::ShowModal(Forms::TForm* over)
 {
     CreateForm();
+    const CHideForm hidden(over, false);
     auto* const form = dynamic_cast<Forms::TForm*>(mForm.Get());
     return form == nullptr ? 0 : form->ShowModal();
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "forms/BTL_CDisableForm.h"
 
-#include "platform/visual/forms/Forms_Form.h"
+#include "platform/visual/forms/Forms_Application.h"
 #include "platform/visual/forms/Forms_Screen.h"
 
 namespace BTL
@@ -11,17 +11,18 @@ CDisableForm::CDisableForm() : CDisableForm(Forms::Screen->getActiveForm()) {}
 
 CDisableForm::CDisableForm(Forms::TForm* form)
 {
-    if (form != nullptr && form->getEnabled()) {
-        mForm = form;
-        mWatch.emplace(form);
-        form->setEnabled(false);
+    if (form == nullptr || !form->getEnabled()) {
+        return;
     }
+    mForm = form;
+    mWatch.emplace(form);
+    form->setEnabled(false);
 }
 
 CDisableForm::~CDisableForm()
 {
-    if (mForm != nullptr && mWatch->IsAlive()) {
-        mForm->setEnabled(true);
+    if (mWatch.has_value() && mWatch->IsAlive()) {
+        Forms::Application->RunHandled([this] { mForm->setEnabled(true); });
     }
 }
 

@@ -131,11 +131,18 @@ TEST_F(FormCreatorTest, TheVariableHearsOfTheEndOfTheForm)
 TEST_F(FormCreatorTest, ShowsTheFormModally)
 {
     GAuto_FormCreator<TMadeForm> creator(mForm, false, true);
-    mBoxes.AnswerForm([&](Toolkits::ModalWindow&) {
-        EXPECT_TRUE(mForm->getVisible());
-        mForm->setModalResult(mrYes);
-    });
-    EXPECT_EQ(creator.ShowModal(nullptr), mrYes);
+    Forms::TForm under;
+    under.Show();
+    for (Forms::TForm* const over : {&under, static_cast<Forms::TForm*>(nullptr)}) {
+        mBoxes.AnswerForm([&](Toolkits::ModalWindow&) {
+            EXPECT_TRUE(mForm->getVisible());
+            EXPECT_EQ(under.getVisible(), over == nullptr) << "it gives way to the form over it";
+            mForm->setModalResult(mrYes);
+        });
+        EXPECT_EQ(creator.ShowModal(over), mrYes);
+        EXPECT_TRUE(under.getVisible());
+        EXPECT_TRUE(under.getEnabled());
+    }
 }
 
 TEST_F(FormCreatorTest, CreationMayBeForbidden)

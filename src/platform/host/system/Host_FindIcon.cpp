@@ -35,12 +35,14 @@ std::string FindPicture(const std::string& name, const char* context)
     }
     for (const std::string& folder : DataFolders()) {
         for (const char* const size : Sizes) {
-            std::string path = folder + "icons/hicolor/" + size + "/" + context + "/" + name + ".png";
-            if (IsThere(path)) {
+            std::string path = folder;
+            path.append("icons/hicolor/").append(size).append("/").append(context).append("/");
+            if (path.append(name).append(".png"); IsThere(path)) {
                 return path;
             }
         }
-        if (std::string path = folder + "pixmaps/" + name + ".png"; IsThere(path)) {
+        std::string path = folder;
+        if (path.append("pixmaps/").append(name).append(".png"); IsThere(path)) {
             return path;
         }
     }

@@ -9,7 +9,6 @@
 
 #include <algorithm>
 
-using Graphics::TIconImage;
 using Graphics::TIconImages;
 using Graphics::TIconObject;
 
@@ -44,7 +43,7 @@ std::vector<System::Byte> AsIconFile(const std::vector<System::Byte>& png)
 /// No images with the last error set where there is no icon.
 System::GSharedBlock<TIconImages> IconOf(const System::WideChar* file)
 {
-    const System::GSharedBlock<TIconImages> none(new TIconImages);
+    System::GSharedBlock<TIconImages> none(new TIconImages);
     try {
         Classes::TFileStream stream(file, Sysutils::fmOpenRead | Sysutils::fmShareDenyNone);
         std::vector<System::Byte> bytes = Graphics::ReadRest(&stream);
