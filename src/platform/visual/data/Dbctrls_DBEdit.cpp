@@ -59,7 +59,8 @@ void TDBEdit::ShowField(System::TObject*)
             setText(IsDesigning() ? getName() : UnicodeString());
         }
     } else {
-        const bool isToEdit = getIsMasked() || !field->getEditMask().IsEmpty() || (mIsEntered && mLink.getCanModify());
+        const bool isToEdit =
+            getIsMasked() || !field->getEditMask().IsEmpty() || (mIsEntered && mLink.getCanModify());
         const UnicodeString text = isToEdit ? field->getText() : field->getDisplayText();
         const UnicodeString mask = field->getEditMask();
         const bool isText = field->getDataType() == Db::ftString || field->getDataType() == Db::ftWideString;
@@ -136,7 +137,7 @@ void TDBEdit::Enter()
 {
     mIsEntered = true;
     if (mLink.getCanModify() && !mLink.getIsModified()) {
-        ShowField(nullptr);
+        mLink.Reset();
     }
 }
 

@@ -21,15 +21,17 @@ System::TMetaClass* TColumnTitle::ClassRecord()
             .Property(u"Alignment", &TColumnTitle::getAlignment, &TColumnTitle::setAlignment,
                       {.defaultValue = Classes::taLeftJustify})
             .Property(u"Caption", &TColumnTitle::getCaption, &TColumnTitle::setCaption,
-                      {.stored = [](const System::TObject* title) {
-                          return dynamic_cast<const TColumnTitle*>(title)->mCaption.has_value();
-                      }})
+                      {.stored =
+                           [](const System::TObject* title) {
+                               return dynamic_cast<const TColumnTitle*>(title)->mCaption.has_value();
+                           }})
             .Property(u"Color", &TColumnTitle::getColor, &TColumnTitle::setColor,
                       {.defaultValue = static_cast<int>(Graphics::clBtnFace)})
             .Property(u"Font", &TColumnTitle::getFont, &TColumnTitle::setFont,
-                      {.stored = [](const System::TObject* title) {
-                          return dynamic_cast<const TColumnTitle*>(title)->mFont->IsOwn();
-                      }})
+                      {.stored =
+                           [](const System::TObject* title) {
+                               return dynamic_cast<const TColumnTitle*>(title)->mFont->IsOwn();
+                           }})
             .Build();
     return record;
 }
@@ -37,7 +39,9 @@ System::TMetaClass* TColumnTitle::ClassRecord()
 System::TMetaClass* TColumn::ClassRecord()
 {
     using System::TObject;
-    const auto of = [](const TObject* column) -> const TColumn& { return *dynamic_cast<const TColumn*>(column); };
+    const auto of = [](const TObject* column) -> const TColumn& {
+        return *dynamic_cast<const TColumn*>(column);
+    };
     static System::TMetaClass* const record =
         System::GClassBuilder<TColumn>(u"TColumn")
             .Property(u"Alignment", &TColumn::getAlignment, &TColumn::setAlignment,
@@ -58,7 +62,8 @@ System::TMetaClass* TColumn::ClassRecord()
 
 System::TMetaClass* TDBGridColumns::ClassRecord()
 {
-    static System::TMetaClass* const record = System::GClassBuilder<TDBGridColumns>(u"TDBGridColumns").Build();
+    static System::TMetaClass* const record =
+        System::GClassBuilder<TDBGridColumns>(u"TDBGridColumns").Build();
     return record;
 }
 
@@ -160,7 +165,8 @@ void TColumnTitle::Assign(Classes::TPersistent* source)
 }
 
 TColumn::TColumn(Classes::TCollection* collection)
-    : Classes::TCollectionItem(collection), mTitle(std::make_unique<TColumnTitle>(this)),
+    : Classes::TCollectionItem(collection),
+      mTitle(std::make_unique<TColumnTitle>(this)),
       mFont(std::make_unique<CFollowingFont>())
 {
     mFont->OnChange = {this, &TColumn::FontChanged};
@@ -212,7 +218,9 @@ int TColumn::getWidth() const
     const int chars = std::min(field->getDisplayWidth(), MostChars);
     const int width = chars * grid->MeasureText(GetShownFont(), u"0") + Margin;
     const bool hasTitle = grid->getOptions().Contains(dgTitles);
-    return hasTitle ? std::max(width, grid->MeasureText(mTitle->GetShownFont(), mTitle->getCaption()) + Margin) : width;
+    return hasTitle
+               ? std::max(width, grid->MeasureText(mTitle->GetShownFont(), mTitle->getCaption()) + Margin)
+               : width;
 }
 
 void TColumn::setWidth(int width)
@@ -307,7 +315,10 @@ void TColumn::RestoreDefaults()
     Changed(false);
 }
 
-TDBGridColumns::TDBGridColumns(TCustomDBGrid* grid) : Classes::TCollection(System::ClassOf<TColumn>()), mGrid(grid) {}
+TDBGridColumns::TDBGridColumns(TCustomDBGrid* grid)
+    : Classes::TCollection(System::ClassOf<TColumn>()), mGrid(grid)
+{
+}
 
 TDBGridColumns::~TDBGridColumns()
 {
@@ -334,7 +345,7 @@ void TDBGridColumns::Notify(Classes::TCollectionItem* item, Classes::TOperation 
 {
     TCollection::Notify(item, operation);
     if (operation == Classes::opRemove && mGrid != nullptr) {
-        mGrid->ForgetColumn(static_cast<TColumn*>(item));
+        mGrid->ForgetColumn(item);
     }
     if (operation != Classes::opInsert || mIsMaking || mState == csCustomized) {
         return;
@@ -368,7 +379,8 @@ void TDBGridColumns::setState(TDBGridColumnsState state)
 
 void TDBGridColumns::MakeForFields()
 {
-    const Db::TDataSet* const dataSet = mGrid != nullptr && mGrid->GetLinkActive() ? mGrid->GetDataSet() : nullptr;
+    const Db::TDataSet* const dataSet =
+        mGrid != nullptr && mGrid->GetLinkActive() ? mGrid->GetDataSet() : nullptr;
     mIsMaking = true;
     Clear();
     for (int i = 0; dataSet != nullptr && i < dataSet->getFieldCount(); ++i) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/visual/data/Dbgrids_DBGrid.h"
 
+#include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/controls/Controls_Publish.h"
@@ -21,7 +22,8 @@ TTypeInfo GEnumType<Dbgrids::TDBGridOption>::Make()
     return EnumType(u"TDBGridOption",
                     {u"dgEditing", u"dgAlwaysShowEditor", u"dgTitles", u"dgIndicator", u"dgColumnResize",
                      u"dgColLines", u"dgRowLines", u"dgTabs", u"dgRowSelect", u"dgAlwaysShowSelection",
-                     u"dgConfirmDelete", u"dgCancelOnExit", u"dgMultiSelect", u"dgTitleClick", u"dgTitleHotTrack"});
+                     u"dgConfirmDelete", u"dgCancelOnExit", u"dgMultiSelect", u"dgTitleClick",
+                     u"dgTitleHotTrack"});
 }
 
 } // namespace Typinfo
@@ -37,8 +39,8 @@ namespace
 
 TDBGridOptions FirstOptions()
 {
-    return {dgEditing,  dgTitles, dgIndicator,     dgColumnResize, dgColLines,  dgRowLines,
-            dgTabs,     dgConfirmDelete, dgCancelOnExit, dgTitleClick, dgTitleHotTrack};
+    return {dgEditing, dgTitles,        dgIndicator,    dgColumnResize, dgColLines,     dgRowLines,
+            dgTabs,    dgConfirmDelete, dgCancelOnExit, dgTitleClick,   dgTitleHotTrack};
 }
 
 } // namespace
@@ -57,17 +59,18 @@ System::TMetaClass* TDBGrid::ClassRecord()
         Controls::PublishFocus(Controls::PublishControl(System::GClassBuilder<TDBGrid>(u"TDBGrid")))
             .Property(u"BorderStyle", &TDBGrid::getBorderStyle, &TDBGrid::setBorderStyle,
                       {.defaultValue = Forms::bsSingle})
-            .Property(u"Columns", &TDBGrid::getColumns, &TDBGrid::setColumns,
-                      {.stored = [of](const TObject* grid) {
-                          return of(grid).getColumns()->getState() == csCustomized;
-                      }})
+            .Property(
+                u"Columns", &TDBGrid::getColumns, &TDBGrid::setColumns,
+                {.stored =
+                     [of](const TObject* grid) { return of(grid).getColumns()->getState() == csCustomized; }})
             .Property(u"DataSource", &TDBGrid::getDataSource, &TDBGrid::setDataSource)
             .Property(u"DefaultDrawing", &TDBGrid::getDefaultDrawing, &TDBGrid::setDefaultDrawing,
                       {.defaultValue = 1})
             .Property(u"FixedColor", &TDBGrid::getFixedColor, &TDBGrid::setFixedColor,
                       {.defaultValue = static_cast<int>(Graphics::clBtnFace)})
-            .Property(u"Options", &TDBGrid::getOptions, &TDBGrid::setOptions,
-                      {.stored = [of](const TObject* grid) { return of(grid).getOptions() != FirstOptions(); }})
+            .Property(
+                u"Options", &TDBGrid::getOptions, &TDBGrid::setOptions,
+                {.stored = [of](const TObject* grid) { return of(grid).getOptions() != FirstOptions(); }})
             .Property(u"ReadOnly", &TDBGrid::getReadOnly, &TDBGrid::setReadOnly, {.defaultValue = 0})
             .Property(u"TitleFont", &TDBGrid::getTitleFont, &TDBGrid::setTitleFont)
             .Property(u"OnCellClick", &TDBGrid::OnCellClick)
@@ -83,8 +86,11 @@ System::TMetaClass* TDBGrid::ClassRecord()
 TDBGrid::~TDBGrid() = default;
 
 TCustomDBGrid::TCustomDBGrid(Classes::TComponent* owner)
-    : TCustomGrid(owner), mLink(std::make_unique<CLink>(*this)), mColumns(std::make_unique<TDBGridColumns>(this)),
-      mTitleFont(std::make_unique<CFollowingFont>()), mDBOptions(FirstOptions())
+    : TCustomGrid(owner),
+      mLink(std::make_unique<CLink>(*this)),
+      mColumns(std::make_unique<TDBGridColumns>(this)),
+      mTitleFont(std::make_unique<CFollowingFont>()),
+      mDBOptions(FirstOptions())
 {
     mTitleFont->OnChange = {this, &TCustomDBGrid::TitleFontChanged};
     ApplyOptions();
@@ -197,11 +203,12 @@ void TCustomDBGrid::ColumnsChanged()
     LayOut();
 }
 
-void TCustomDBGrid::ForgetColumn(const TColumn* column) noexcept
+void TCustomDBGrid::ForgetColumn(const Classes::TCollectionItem* column) noexcept
 {
     // The places of the others stay until the grid is laid out anew.
-    std::replace(mShownColumns.begin(), mShownColumns.end(), const_cast<TColumn*>(column),
-                 static_cast<TColumn*>(nullptr));
+    std::replace_if(
+        mShownColumns.begin(), mShownColumns.end(), [&](const TColumn* shown) { return shown == column; },
+        nullptr);
 }
 
 TColumn* TCustomDBGrid::ColumnAt(int col) const
@@ -329,7 +336,8 @@ void TCustomDBGrid::setSelectedIndex(int index)
 {
     const TComponentWatch watch(this);
     const int former = getCol();
-    MoveCurrent(IndicatorCols() + std::clamp(index, 0, std::max(getFieldCount() - 1, 0)), getRow(), true, true);
+    MoveCurrent(IndicatorCols() + std::clamp(index, 0, std::max(getFieldCount() - 1, 0)), getRow(), true,
+                true);
     if (watch.IsAlive()) {
         NoteColumn(former);
     }

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "platform/visual/data/Dbgrids_DBGrid.h"
 #include "platform/toolkit/MessageBox.h"
+#include "platform/visual/data/Dbgrids_DBGrid.h"
+
+#include "platform/runtime/classes/Classes_ComponentWatch.h"
+#include "platform/visual/data/internal/Dbctrls_ReadScope.h"
 #include "platform/visual/data/internal/Dbgrids_Link.h"
 #include "platform/visual/data/sets/Db_Field.h"
 #include "platform/visual/forms/Forms_Application.h"
@@ -27,7 +30,8 @@ bool TCustomDBGrid::GoToRow(int row)
     if (watch.IsAlive() && setWatch.IsAlive() && dataSet->BookmarkValid(target)) {
         dataSet->GotoBookmark(target);
     }
-    return watch.IsAlive() && setWatch.IsAlive() && GetLinkActive() && TitleRows() + mLink->getActiveRecord() == row;
+    return watch.IsAlive() && setWatch.IsAlive() && GetLinkActive() &&
+           TitleRows() + mLink->getActiveRecord() == row;
 }
 
 bool TCustomDBGrid::SelectCell(int col, int row)
@@ -88,7 +92,8 @@ bool TCustomDBGrid::CanEditModify()
 {
     const TColumn* const column = ColumnAtHand();
     const Db::TField* const field = getSelectedField();
-    return CanChange() && field != nullptr && !column->getReadOnly() && field->getCanModify() && mLink->Edit();
+    return CanChange() && field != nullptr && !column->getReadOnly() && field->getCanModify() &&
+           mLink->Edit();
 }
 
 bool TCustomDBGrid::CanEditShow()
@@ -258,7 +263,8 @@ void TCustomDBGrid::DoExit()
     if (!watch.IsAlive()) {
         return;
     }
-    const bool isUntouched = GetLinkActive() && GetDataSet()->getState() == Db::dsInsert && !GetDataSet()->getModified();
+    const bool isUntouched =
+        GetLinkActive() && GetDataSet()->getState() == Db::dsInsert && !GetDataSet()->getModified();
     if (isUntouched && mDBOptions.Contains(dgCancelOnExit)) {
         GetDataSet()->Cancel();
     }
@@ -295,7 +301,8 @@ void TCustomDBGrid::ColExit()
     }
 }
 
-void TCustomDBGrid::DrawColumnCell(const Types::TRect& rect, int dataCol, TColumn* column, Grids::TGridDrawState state)
+void TCustomDBGrid::DrawColumnCell(const Types::TRect& rect, int dataCol, TColumn* column,
+                                   Grids::TGridDrawState state)
 {
     if (OnDrawColumnCell) {
         OnDrawColumnCell(this, rect, dataCol, column, state);
@@ -320,7 +327,8 @@ void TCustomDBGrid::DrawCellHighlight(const Types::TRect& rect, Grids::TGridDraw
     }
 }
 
-void TCustomDBGrid::WriteText(const Types::TRect& rect, const UnicodeString& text, Classes::TAlignment alignment)
+void TCustomDBGrid::WriteText(const Types::TRect& rect, const UnicodeString& text,
+                              Classes::TAlignment alignment)
 {
     constexpr int Margin = 2;
     // As much as can be seen is enough of a text of any length.
@@ -333,7 +341,8 @@ void TCustomDBGrid::WriteText(const Types::TRect& rect, const UnicodeString& tex
     canvas.TextRect(rect, rect.Left + left, rect.Top + Margin, seen);
 }
 
-void TCustomDBGrid::DefaultDrawColumnCell(const Types::TRect& rect, int, TColumn* column, Grids::TGridDrawState)
+void TCustomDBGrid::DefaultDrawColumnCell(const Types::TRect& rect, int, TColumn* column,
+                                          Grids::TGridDrawState)
 {
     const Db::TField* const field = column == nullptr ? nullptr : column->getField();
     const TComponentWatch watch(this);
@@ -394,7 +403,7 @@ void TCustomDBGrid::DrawCell(int col, int row, const Types::TRect& rect, Grids::
         canvas.getBrush()->setColor(column->getColor());
     }
     const TComponentWatch watch(this);
-    const CReadScope reading(*GetDataSet(), row - TitleRows());
+    const Dbctrls::CReadScope reading(*GetDataSet(), row - TitleRows());
     if (getDefaultDrawing()) {
         DefaultDrawColumnCell(rect, col - IndicatorCols(), column, state);
     }

@@ -44,7 +44,8 @@ protected:
     UnicodeString Drawn()
     {
         UnicodeString text;
-        mGrid->OnDrawColumnCell = [&](System::TObject*, Types::TRect, int, TColumn* column, Grids::TGridDrawState) {
+        mGrid->OnDrawColumnCell = [&](System::TObject*, Types::TRect, int, TColumn* column,
+                                      Grids::TGridDrawState) {
             text += column->getField()->getDisplayText() + u"|";
         };
         mGrid->Repaint();

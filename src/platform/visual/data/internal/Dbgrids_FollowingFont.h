@@ -35,7 +35,10 @@ public:
         return mFont.get();
     }
     /// The font to show.
-    const Graphics::TFont& Shown(const Graphics::TFont& followed) const noexcept { return mIsOwn ? *mFont : followed; }
+    const Graphics::TFont& Shown(const Graphics::TFont& followed) const noexcept
+    {
+        return mIsOwn ? *mFont : followed;
+    }
     /// Null has it follow again.
     void Set(Graphics::TFont* font, const Graphics::TFont& followed)
     {
