@@ -47,6 +47,7 @@ public:
 protected:
     void Notify(void* item, Classes::TListNotification action) override;
 
+    /// The object that an item of `TList` is.
     static System::TObject* ToObject(void* item) noexcept { return static_cast<System::TObject*>(item); }
 
 private:

@@ -74,6 +74,7 @@ public:
     Classes::TNotifyEvent OnClose;
 
 protected:
+    /// Call the events of these names.
     virtual void DoShow();
     virtual void DoClose();
 

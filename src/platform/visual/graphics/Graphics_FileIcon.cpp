@@ -2,6 +2,7 @@
 #include "platform/visual/graphics/Graphics_FileIcon.h"
 
 #include "platform/host/Host_Error.h"
+#include "platform/host/system/Host_FindIcon.h"
 #include "platform/runtime/classes/Classes_Exceptions.h"
 #include "platform/runtime/classes/Classes_Stream.h"
 #include "platform/visual/graphics/internal/Graphics_IconFile.h"
@@ -113,5 +114,9 @@ HICON ExtractAssociatedIconW(HINSTANCE instance, const System::WideChar* file, u
     if (index != nullptr) {
         *index = 0;
     }
-    return ExtractIconW(instance, file, 0);
+    if (const HICON icon = ExtractIconW(instance, file, 0); icon != nullptr) {
+        return icon;
+    }
+    const System::UnicodeString picture = Host::FindIcon(file);
+    return picture.IsEmpty() ? nullptr : ExtractIconW(instance, picture.c_str(), 0);
 }

@@ -22,6 +22,8 @@ TRS8_BTL_API HICON ExtractIconW(HINSTANCE instance, const System::WideChar* file
 /// -1, or where both are null, how many the file has. 0 with the last error set if it can't be read.
 TRS8_BTL_API unsigned ExtractIconExW(const System::WideChar* file, int index, HICON* large, HICON* small,
                                      unsigned count);
-/// As `ExtractIconW`, but takes the first icon where there is none at `index`, which is set to 0 then.
+/// The icon of a file, or where it has none the one that the desktop shows for it, see `Host::FindIcon`; the
+/// caller destroys it. Null with the last error set if there is neither. `index` is set to 0, which is the
+/// one icon that there is.
 TRS8_BTL_API HICON ExtractAssociatedIconW(HINSTANCE instance, const System::WideChar* file,
                                           unsigned short* index);

@@ -143,46 +143,42 @@ void TCustomGrid::setFixedRows(int count)
 void TCustomGrid::setDefaultColWidth(int width)
 {
     mCols.setDefaultSize(width);
-    const TComponentWatch watch(this);
-    ColWidthsChanged();
-    if (watch.IsAlive()) {
-        Relaid();
-    }
+    SizesChanged(mCols);
 }
 
 void TCustomGrid::setDefaultRowHeight(int height)
 {
     mRows.setDefaultSize(height);
-    const TComponentWatch watch(this);
-    RowHeightsChanged();
-    if (watch.IsAlive()) {
-        Relaid();
-    }
+    SizesChanged(mRows);
 }
 
 void TCustomGrid::setColWidths(int col, int width)
 {
-    mCols.CheckIndex(col);
-    if (width == getColWidths(col)) {
-        return;
-    }
-    mCols.setSize(col, width);
-    const TComponentWatch watch(this);
-    ColWidthsChanged();
-    if (watch.IsAlive()) {
-        Relaid();
-    }
+    SetSize(mCols, col, width);
 }
 
 void TCustomGrid::setRowHeights(int row, int height)
 {
-    mRows.CheckIndex(row);
-    if (height == getRowHeights(row)) {
-        return;
+    SetSize(mRows, row, height);
+}
+
+void TCustomGrid::SetSize(CGridAxis& axis, int index, int size)
+{
+    axis.CheckIndex(index);
+    if (size != axis.getSize(index)) {
+        axis.setSize(index, size);
+        SizesChanged(axis);
     }
-    mRows.setSize(row, height);
+}
+
+void TCustomGrid::SizesChanged(const CGridAxis& axis)
+{
     const TComponentWatch watch(this);
-    RowHeightsChanged();
+    if (&axis == &mCols) {
+        ColWidthsChanged();
+    } else {
+        RowHeightsChanged();
+    }
     if (watch.IsAlive()) {
         Relaid();
     }
@@ -213,16 +209,10 @@ void TCustomGrid::ApplyLineWidth()
 
 void TCustomGrid::MoveColumn(int from, int to)
 {
-    mCols.CheckIndex(from);
-    mCols.CheckIndex(to);
-    if (from == to) {
+    if (!MoveOn(mCols, &TGridCoord::X, from, to)) {
         return;
     }
-    mCols.Move(from, to);
     mPassedCols = Moved(mPassedCols, from, to);
-    mCurrent.X = CGridAxis::MovedIndex(mCurrent.X, from, to);
-    mAnchor.X = CGridAxis::MovedIndex(mAnchor.X, from, to);
-    mEditorCell.X = CGridAxis::MovedIndex(mEditorCell.X, from, to);
     const TComponentWatch watch(this);
     Relaid();
     if (watch.IsAlive()) {
@@ -232,20 +222,28 @@ void TCustomGrid::MoveColumn(int from, int to)
 
 void TCustomGrid::MoveRow(int from, int to)
 {
-    mRows.CheckIndex(from);
-    mRows.CheckIndex(to);
-    if (from == to) {
+    if (!MoveOn(mRows, &TGridCoord::Y, from, to)) {
         return;
     }
-    mRows.Move(from, to);
-    mCurrent.Y = CGridAxis::MovedIndex(mCurrent.Y, from, to);
-    mAnchor.Y = CGridAxis::MovedIndex(mAnchor.Y, from, to);
-    mEditorCell.Y = CGridAxis::MovedIndex(mEditorCell.Y, from, to);
     const TComponentWatch watch(this);
     Relaid();
     if (watch.IsAlive()) {
         RowMoved(from, to);
     }
+}
+
+bool TCustomGrid::MoveOn(CGridAxis& axis, int TGridCoord::*number, int from, int to)
+{
+    axis.CheckIndex(from);
+    axis.CheckIndex(to);
+    if (from == to) {
+        return false;
+    }
+    axis.Move(from, to);
+    for (TGridCoord* const cell : {&mCurrent, &mAnchor, &mEditorCell}) {
+        cell->*number = CGridAxis::MovedIndex(cell->*number, from, to);
+    }
+    return true;
 }
 
 void TCustomGrid::DeleteColumn(int col)
@@ -396,15 +394,7 @@ void TCustomGrid::ReadSizes(Classes::TReader& reader, bool areColumns)
         axis.setSize(i, size);
     }
     reader.ReadListEnd();
-    const TComponentWatch watch(this);
-    if (areColumns) {
-        ColWidthsChanged();
-    } else {
-        RowHeightsChanged();
-    }
-    if (watch.IsAlive()) {
-        Relaid();
-    }
+    SizesChanged(axis);
 }
 
 void TCustomGrid::WriteSizes(Classes::TWriter& writer, const CGridAxis& axis, int end)

@@ -251,9 +251,12 @@ private:
     struct TLayout;
 
     void ChangeSize(int colCount, int rowCount);
-    void ApplyOptions();
     void ApplyLineWidth();
     void ResetToBegin();
+    void SetSize(CGridAxis& axis, int index, int size);
+    void SizesChanged(const CGridAxis& axis);
+    /// Moves one of an axis, which is `number` of a cell; false if it is there.
+    bool MoveOn(CGridAxis& axis, int TGridCoord::*number, int from, int to);
     /// Cells are somewhere else now.
     void Relaid();
     void MoveTopLeft(int left, int top);
@@ -283,6 +286,7 @@ private:
     int Mirror(int x) const;
     Types::TRect Mirror(const Types::TRect& rect) const;
     void InvalidateRect(const Types::TRect& rect);
+    void InvalidateCells(const TGridRect& cells);
     std::optional<CGridScrollBar> GetBar(bool isVertical) const;
 
     // Painting.

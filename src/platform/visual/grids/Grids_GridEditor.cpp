@@ -77,8 +77,11 @@ void TCustomGrid::ShowEditor()
 
 void TCustomGrid::HideEditor()
 {
-    mEditorMode = false;
+    const TComponentWatch watch(this);
     HideEdit();
+    if (watch.IsAlive()) {
+        mEditorMode = false;
+    }
 }
 
 void TCustomGrid::ShowEditorChar(WideChar character)
@@ -132,14 +135,15 @@ void TCustomGrid::HideEdit()
     if (!IsEditing()) {
         return;
     }
-    mEditorCell = {-1, -1};
     const TComponentWatch watch(this);
     const CFlagScope hiding(*this, mIsHidingEditor);
     const Controls::AFormHost* const form = Controls::FindFormHost(this);
     if (form != nullptr && form->getActiveControl() == mEditor && CanFocus()) {
+        // It may refuse to be left, and then goes on as it was.
         SetFocus();
     }
-    if (watch.IsAlive() && mEditor != nullptr) {
+    if (watch.IsAlive() && IsEditing()) {
+        mEditorCell = {-1, -1};
         mEditor->setVisible(false);
     }
 }

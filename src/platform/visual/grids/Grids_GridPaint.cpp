@@ -169,9 +169,16 @@ void TCustomGrid::InvalidateRect(const TRect& rect)
     }
 }
 
-void TCustomGrid::InvalidateCell(int col, int row)
+void TCustomGrid::InvalidateCells(const TGridRect& cells)
 {
     // Where nothing is shown, as while a grid is filled, this must cost nothing.
+    if (GetWindow() != nullptr && getShowing()) {
+        InvalidateRect(BoxRect(cells.Left, cells.Top, cells.Right, cells.Bottom));
+    }
+}
+
+void TCustomGrid::InvalidateCell(int col, int row)
+{
     if (GetWindow() != nullptr && getShowing()) {
         InvalidateRect(CellRect(col, row));
     }
@@ -179,16 +186,12 @@ void TCustomGrid::InvalidateCell(int col, int row)
 
 void TCustomGrid::InvalidateCol(int col)
 {
-    if (GetWindow() != nullptr && getShowing()) {
-        InvalidateRect(BoxRect(col, 0, col, getRowCount() - 1));
-    }
+    InvalidateCells({col, 0, col, getRowCount() - 1});
 }
 
 void TCustomGrid::InvalidateRow(int row)
 {
-    if (GetWindow() != nullptr && getShowing()) {
-        InvalidateRect(BoxRect(0, row, getColCount() - 1, row));
-    }
+    InvalidateCells({0, row, getColCount() - 1, row});
 }
 
 TGridDrawState TCustomGrid::StateOf(int col, int row) const

@@ -59,16 +59,19 @@ bool TCustomGrid::MoveCurrent(int col, int row, bool moveAnchor, bool show)
     if (!SelectCell(col, row) || !watch.IsAlive() || !IsInGrid(col, row)) {
         return false;
     }
-    mEditorMode = mEditorMode && HasOption(goAlwaysShowEditor);
+    // A masked text that isn't complete keeps its user.
     HideEdit();
     if (!watch.IsAlive() || !IsInGrid(col, row)) {
         return false;
     }
+    mEditorMode = mEditorMode && HasOption(goAlwaysShowEditor);
+    const TGridRect former = getSelection();
     mCurrent = {HasOption(goRowSelect) ? getFixedCols() : col, row};
     if (moveAnchor || !HasOption(goRangeSelect)) {
         mAnchor = mCurrent;
     }
-    Invalidate();
+    InvalidateCells(former);
+    InvalidateCells(getSelection());
     if (show) {
         ShowCell({col, row});
     }

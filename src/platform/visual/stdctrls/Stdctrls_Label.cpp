@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/visual/stdctrls/Stdctrls_Label.h"
 
-#include "platform/visual/controls/Forms_Accelerator.h"
 #include "platform/visual/controls/Controls_Publish.h"
 #include "platform/visual/controls/Forms_Accelerator.h"
 #include "platform/visual/graphics/Graphics_Canvas.h"

@@ -105,7 +105,7 @@ TEST_F(OpenDialogTest, TestsWhatIsChosen)
         const char* name;
         TOpenOptions options;
         const char* file;
-        std::vector<int> boxes;
+        std::initializer_list<int> boxes;
         bool isTaken;
     } cases[] = {
         {"any name", {}, "no/new.csv", {}, true},
@@ -122,10 +122,7 @@ TEST_F(OpenDialogTest, TestsWhatIsChosen)
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
-        Support::ScriptedBoxes toolkit{};
-        for (const int answer : c.boxes) {
-            dynamic_cast<Toolkits::HeadlessToolkit&>(Toolkits::CurrentToolkit()).Answer(answer);
-        }
+        Support::ScriptedBoxes toolkit(c.boxes);
         toolkit.AnswerFiles({.files = {In(c.file)}, .filterIndex = 0});
         toolkit.AnswerFiles({});
         TSaveDialog dialog;

@@ -136,8 +136,13 @@ TEST_F(DrawGridTest, DrawsOnlyWhatIsInSight)
     EXPECT_FALSE(drawn.contains({1, 1}));
     count = 0;
     mGrid->InvalidateCell(1, 1);
+    mGrid->InvalidateRow(5);
+    mGrid->InvalidateCol(5);
     mGrid->Update();
     EXPECT_EQ(count, 0);
+    mGrid->InvalidateRow(0);
+    mGrid->Update();
+    EXPECT_GT(count, 0);
 }
 
 TEST_F(DrawGridTest, SurvivesBillionsOfCellsWithoutASize)

@@ -144,6 +144,21 @@ TEST_F(InplaceEditTest, AsksForTextAndMask)
     EXPECT_EQ(mGrid->getCells(1, 1), u"");
 }
 
+TEST_F(InplaceEditTest, StaysWhileAMaskedTextIsntComplete)
+{
+    mGrid->OnGetEditMask = [](System::TObject*, int, int, UnicodeString& mask) { mask = u"00;1;_"; };
+    mDriver.Type(u"1");
+    Press(VK_DOWN);
+    EXPECT_EQ(Cell(), "1,1");
+    EXPECT_TRUE(mGrid->getEditorMode());
+    EXPECT_TRUE(IsEditing());
+    EXPECT_TRUE(Editor()->Focused());
+    Editor()->setText(u"12");
+    Press(VK_DOWN);
+    EXPECT_EQ(Cell(), "1,2");
+    EXPECT_EQ(mGrid->getCells(1, 1), u"12");
+}
+
 TEST_F(InplaceEditTest, TakesOnlyWhatTheGridAllows)
 {
     mGrid->refused = u"xy";

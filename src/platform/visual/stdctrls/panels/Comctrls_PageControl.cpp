@@ -6,6 +6,7 @@
 #include "platform/visual/controls/Controls_FormHost.h"
 #include "platform/visual/controls/Controls_Publish.h"
 #include "platform/visual/controls/Forms_Accelerator.h"
+#include "platform/visual/forms/Forms_Application.h"
 #include "platform/visual/graphics/Graphics_Canvas.h"
 
 #include <algorithm>
@@ -59,7 +60,8 @@ TTabSheet::~TTabSheet()
     Destroying();
     DestroyChildren();
     if (TPageControl* const control = getPageControl()) {
-        control->RemovePage(this);
+        // Another page may come to sight, and its event may raise.
+        Forms::Application->RunHandled([&] { control->RemovePage(this); });
     }
 }
 

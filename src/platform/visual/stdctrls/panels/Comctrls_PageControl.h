@@ -42,6 +42,7 @@ public:
     Classes::TNotifyEvent OnHide;
 
 protected:
+    /// The page came to sight, or left it; each calls its event.
     virtual void DoShow();
     virtual void DoHide();
     void Paint() override;

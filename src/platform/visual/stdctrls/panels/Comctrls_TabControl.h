@@ -77,10 +77,12 @@ public:
     TTabChangingEvent OnChanging;
 
 protected:
-    virtual int GetTabIndex() const = 0;
-    virtual void SetTabIndex(int index) = 0;
-    virtual int GetTabCount() const = 0;
-    virtual System::UnicodeString GetTabText(int index) const = 0;
+    /// What `TabIndex` gives and does; any index may come. By itself there is no tab.
+    virtual int GetTabIndex() const { return -1; }
+    virtual void SetTabIndex(int) {}
+    /// The tabs that can be seen, and what stands in one of them.
+    virtual int GetTabCount() const { return 0; }
+    virtual System::UnicodeString GetTabText(int) const { return {}; }
 
     /// Whether the user may choose another tab; asks `OnChanging`.
     virtual bool CanChange();

@@ -4,7 +4,6 @@
 #include "platform/runtime/classes/Classes_Exceptions.h"
 #include "platform/runtime/filer/FilerSupport.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
-#include "platform/toolkit/PaintRecording.h"
 #include "platform/visual/Forms.h"
 #include "platform/visual/controls/ProbeControl.h"
 #include "testing/FormDriver.h"
@@ -153,6 +152,8 @@ TEST_F(PageControlTest, TurnsToWhatIsToBeShown)
 {
     Edit(2)->Show();
     EXPECT_EQ(mPages->getActivePageIndex(), 2);
+    EXPECT_NE(mDriver.Print().find("TPageControl Pages 0,0 300x200 \"\" focused tab 2\n"), std::string::npos)
+        << mDriver.Print();
 }
 
 TEST_F(PageControlTest, HasPagesWithoutTabs)
@@ -213,9 +214,20 @@ TEST_F(PageControlTest, BearsTheEndOfPagesWithinTheirEvents)
     ClickTab(1);
     EXPECT_EQ(mPages->getPageCount(), 2);
     EXPECT_NE(mPages->getActivePage(), page);
+    mPages->setActivePageIndex(0);
     Page(0)->OnHide = [this](TObject*) { delete mPages; };
     ClickTab(1);
     EXPECT_EQ(mForm.FindComponent(u"Pages"), nullptr);
+}
+
+TEST_F(PageControlTest, ShowsWhatIsRaisedAsAPageGoes)
+{
+    Page(1)->OnShow = [](TObject*) { throw std::runtime_error("shown"); };
+    testing::internal::CaptureStderr();
+    delete Page(0);
+    testing::internal::GetCapturedStderr();
+    EXPECT_EQ(mToolkit.TakeShown().at(0).box.text, u"shown");
+    EXPECT_EQ(mPages->getPageCount(), 2);
 }
 
 TEST_F(PageControlTest, EndsFromWithinItsOwnQuestion)

@@ -4,6 +4,7 @@
 #include "platform/toolkit/PaintRecording.h"
 #include "platform/visual/Forms.h"
 #include "support/ScriptedBoxes.h"
+#include "testing/FormDriver.h"
 
 #include <gtest/gtest.h>
 
@@ -68,7 +69,7 @@ TEST_F(ProgressBarTest, StepsAndBeginsAnewAtTheEnd)
         {5, 5, 5, 1, 5},
         {Least, Most, Most, 1, Least + 1},
         {Least, Most, Least, 10, Least + 10},
-        {0, Most, Most, Most, Most},
+        {0, Most, Most, Most, 0},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message()
@@ -91,15 +92,22 @@ TEST_F(ProgressBarTest, IsHeldWhereItIsMovedByMore)
     EXPECT_EQ(mBar.getPosition(), 0);
 }
 
+TEST_F(ProgressBarTest, IsPrintedWithItsPosition)
+{
+    mBar.setPosition(40);
+    const std::string form = Testing::CFormDriver(mForm).Print();
+    EXPECT_NE(form.find("104x20 \"\" position 40 of 0..100"), std::string::npos) << form;
+}
+
 TEST_F(ProgressBarTest, FillsItsRoomByThePosition)
 {
     mBar.setSmooth(true);
     const std::string empty = Painted();
     mBar.setPosition(50);
     // Two pixels on each side are its frame.
-    EXPECT_NE(Painted().find("2,2 52,18"), std::string::npos) << Painted();
+    EXPECT_NE(Painted().find("2,2,52,18"), std::string::npos) << Painted();
     mBar.setOrientation(Comctrls::pbVertical);
-    EXPECT_NE(Painted().find("2,10 102,18"), std::string::npos) << Painted();
+    EXPECT_NE(Painted().find("2,10,102,18"), std::string::npos) << Painted();
     mBar.setPosition(0);
     EXPECT_EQ(Painted(), empty);
     for (const auto& [width, height] : {std::pair(0, 0), {3, 1}, {Most, 5}}) {

@@ -6,8 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 namespace
 {
 
@@ -102,14 +100,14 @@ TEST_F(TabControlTest, SizesTheTabsByTheirTexts)
 
 TEST_F(TabControlTest, PaintsInAnySize)
 {
-    for (const auto& [width, height] : {std::pair(0, 0), {1, 1}, {100, 80}}) {
-        for (const auto style : {Comctrls::tsTabs, Comctrls::tsButtons, Comctrls::tsFlatButtons}) {
+    mTabs.SetTabs({u"Ofen"});
+    for (const auto style : {Comctrls::tsTabs, Comctrls::tsButtons, Comctrls::tsFlatButtons}) {
+        mTabs.setStyle(style);
+        for (const auto& [width, height] : {std::pair(0, 0), {1, 1}, {100, 80}}) {
             mTabs.SetBounds(0, 0, width, height);
-            mTabs.setStyle(style);
             Toolkits::PaintRecording recording;
-            mTabs.PaintTo(&recording, 0, 0);
-            EXPECT_EQ(System::ToUtf8(recording.AsText()).find('B') != std::string::npos, width == 100)
-                << width;
+            EXPECT_NO_THROW(mTabs.PaintTo(&recording, 0, 0));
+            EXPECT_TRUE(width < 100 || recording.AsText().Pos(u"Ofen") > 0) << style;
         }
     }
     mTabs.SetTabs({});

@@ -29,8 +29,8 @@ TEST(ShapeTest, DrawsItsShapeWithinItsLine)
         int line;
         const char* drawn;
     } cases[] = {
-        {stRectangle, 1, "0,0 40,20"}, {stSquare, 1, "10,0 30,20"},   {stRoundRect, 1, "0,0 40,20"},
-        {stCircle, 1, "10,0 30,20"},   {stRectangle, 0, "0,0 40,20"}, {stEllipse, 4, "2,2 39,19"},
+        {stRectangle, 1, "0,0,40,20"}, {stSquare, 1, "10,0,30,20"},   {stRoundRect, 1, "0,0,40,20"},
+        {stCircle, 1, "10,0,30,20"},   {stRectangle, 0, "0,0,40,20"}, {stEllipse, 4, "2,2,39,19"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << c.shape << ' ' << c.line);
