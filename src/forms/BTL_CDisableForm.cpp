@@ -2,6 +2,7 @@
 #include "forms/BTL_CDisableForm.h"
 
 #include "platform/visual/forms/Forms_Application.h"
+#include "platform/visual/forms/Forms_Form.h"
 #include "platform/visual/forms/Forms_Screen.h"
 
 namespace BTL

@@ -2,31 +2,37 @@
 #pragma once
 
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
-#include "platform/visual/forms/Forms_Form.h"
 
 #include <optional>
+
+namespace Forms
+{
+class TForm;
+} // namespace Forms
 
 namespace BTL
 {
 
-/// Disables a form while something else runs. Without a form, or with one that is disabled already, nothing
-/// happens at either end, and nothing at the end of one that is gone by then. What handlers raise at the end
-/// goes to the application.
+/// A scope in which a form is out of use, unless it was so before. What handlers raise at its end goes to the
+/// application.
 ///
-///     const BTL::CDisableForm disabled(this);
-///     Measure();                                                  // nobody clicks meanwhile
+///     {
+///         const BTL::CDisableForm disabled(mainForm);
+///         Measure();                                              // the user can't touch the form
+///     }
 class TRS8_BTL_API CDisableForm
 {
 public:
-    /// Disables the screen's active form.
+    /// The form that the user works in.
     CDisableForm();
+    /// Null does nothing. The form may be destroyed meanwhile.
     explicit CDisableForm(Forms::TForm* form);
     CDisableForm(const CDisableForm&) = delete;
     CDisableForm& operator=(const CDisableForm&) = delete;
     ~CDisableForm();
 
 private:
-    /// Null if nothing was disabled.
+    /// Null if it isn't this that disabled one.
     Forms::TForm* mForm = nullptr;
     std::optional<Classes::TComponentWatch> mWatch;
 };

@@ -34,8 +34,9 @@ CHideForm::CHideForm(Forms::TForm* form, bool enabled) : mForm(form)
     }
     mWatch.emplace(form);
     mWasEnabled = form->getEnabled();
+    StoreEdits();
     try {
-        DisableDataSources();
+        DisableSources();
         if (HasForm()) {
             form->setEnabled(enabled);
         }
@@ -52,33 +53,42 @@ CHideForm::CHideForm(Forms::TForm* form, bool enabled) : mForm(form)
 CHideForm::~CHideForm()
 {
     Restore();
+    RunForForm([this] { ReenterActiveControl(); });
+}
+
+template <class Action>
+void CHideForm::RunForForm(const Action& action)
+{
+    if (HasForm()) {
+        Forms::Application->RunHandled(action);
+    }
 }
 
 void CHideForm::Restore()
 {
-    const auto run = [this](auto action) {
-        if (HasForm()) {
-            Forms::Application->RunHandled(action);
-        }
-    };
-    run([this] { mForm->setEnabled(mWasEnabled); });
-    run([this] { mForm->Show(); });
-    run([this] { EnableDataSources(); });
-    run([this] {
-        Controls::TWinControl* const active = mForm->getActiveControl();
-        if (active == nullptr || !mForm->getVisible() || !mForm->getEnabled()) {
-            return;
-        }
-        const Classes::TComponentWatch watch(active);
-        mForm->setActiveControl(nullptr);
-        if (HasForm() && watch.IsAlive()) {
-            mForm->setActiveControl(active);
-        }
-    });
+    RunForForm([this] { mForm->setEnabled(mWasEnabled); });
+    RunForForm([this] { mForm->Show(); });
+    RunForForm([this] { EnableDataSources(); });
+}
+
+void CHideForm::ReenterActiveControl()
+{
+    Controls::TWinControl* const active = mForm->getActiveControl();
+    if (active == nullptr || !mForm->getVisible() || !mForm->getEnabled()) {
+        return;
+    }
+    const Classes::TComponentWatch watch(active);
+    mForm->setActiveControl(nullptr);
+    if (HasForm() && watch.IsAlive()) {
+        mForm->setActiveControl(active);
+    }
 }
 
 void CHideForm::StoreEdits()
 {
+    if (!HasForm()) {
+        return;
+    }
     Contnrs::TComponentList edits(false);
     for (Classes::TComponent* const component : CComponents(mForm)) {
         if (dynamic_cast<Dbctrls::TDBEdit*>(component) != nullptr) {
@@ -97,10 +107,12 @@ void CHideForm::StoreEdits()
 
 void CHideForm::DisableDataSources()
 {
-    if (!HasForm()) {
-        return;
-    }
     StoreEdits();
+    DisableSources();
+}
+
+void CHideForm::DisableSources()
+{
     if (!HasForm()) {
         return;
     }

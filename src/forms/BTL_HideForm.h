@@ -43,7 +43,12 @@ public:
 
 private:
     void StoreEdits();
+    void DisableSources();
     void Restore();
+    void ReenterActiveControl();
+    /// Calls `action` if the form is still there; what it raises goes to the application.
+    template <class Action>
+    void RunForForm(const Action& action);
     bool HasForm() const noexcept { return mWatch.has_value() && mWatch->IsAlive(); }
 
     Forms::TForm* mForm;

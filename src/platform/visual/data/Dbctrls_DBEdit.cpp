@@ -137,7 +137,7 @@ void TDBEdit::Enter()
 {
     mIsEntered = true;
     if (mLink.getCanModify() && !mLink.getIsModified()) {
-        ShowField(nullptr);
+        mLink.Reset();
     }
 }
 

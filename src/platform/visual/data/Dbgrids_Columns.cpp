@@ -345,7 +345,7 @@ void TDBGridColumns::Notify(Classes::TCollectionItem* item, Classes::TOperation 
 {
     TCollection::Notify(item, operation);
     if (operation == Classes::opRemove && mGrid != nullptr) {
-        mGrid->ForgetColumn(static_cast<TColumn*>(item));
+        mGrid->ForgetColumn(item);
     }
     if (operation != Classes::opInsert || mIsMaking || mState == csCustomized) {
         return;

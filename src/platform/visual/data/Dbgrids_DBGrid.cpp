@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/visual/data/Dbgrids_DBGrid.h"
 
+#include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/controls/Controls_Publish.h"
@@ -202,11 +203,12 @@ void TCustomDBGrid::ColumnsChanged()
     LayOut();
 }
 
-void TCustomDBGrid::ForgetColumn(const TColumn* column) noexcept
+void TCustomDBGrid::ForgetColumn(const Classes::TCollectionItem* column) noexcept
 {
     // The places of the others stay until the grid is laid out anew.
-    std::replace(mShownColumns.begin(), mShownColumns.end(), const_cast<TColumn*>(column),
-                 static_cast<TColumn*>(nullptr));
+    std::replace_if(
+        mShownColumns.begin(), mShownColumns.end(), [&](const TColumn* shown) { return shown == column; },
+        nullptr);
 }
 
 TColumn* TCustomDBGrid::ColumnAt(int col) const

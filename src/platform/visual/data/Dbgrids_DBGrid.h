@@ -124,10 +124,16 @@ public:
     TDBGridClickEvent OnTitleClick;
 
 protected:
+    // Each calls the event of its name.
+
+    /// The user clicked on a cell of the column.
     virtual void CellClick(TColumn* column);
+    /// The user clicked on the heading of the column.
     virtual void TitleClick(TColumn* column);
+    /// The user, or a program, came to the column at hand, or leaves the former one.
     virtual void ColEnter();
     virtual void ColExit();
+    /// A cell was drawn, unless its event is to draw it: the fields have the values of its record.
     virtual void DrawColumnCell(const Types::TRect& rect, int dataCol, TColumn* column,
                                 Grids::TGridDrawState state);
 
@@ -151,14 +157,13 @@ protected:
 
 private:
     class CLink;
-    class CReadScope;
     friend class CLink;
     friend class TDBGridColumns;
 
     int TitleRows() const { return mDBOptions.Contains(dgTitles) ? 1 : 0; }
     int IndicatorCols() const { return mDBOptions.Contains(dgIndicator) ? 1 : 0; }
     TColumn* ColumnAt(int col) const;
-    void ForgetColumn(const TColumn* column) noexcept;
+    void ForgetColumn(const Classes::TCollectionItem* column) noexcept;
     bool IsMarked(int row) const;
     bool IsHighlightSeen(int row) const;
     bool CanChange() const;

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/MessageBox.h"
 #include "platform/visual/data/Dbgrids_DBGrid.h"
+
+#include "platform/runtime/classes/Classes_ComponentWatch.h"
+#include "platform/visual/data/internal/Dbctrls_ReadScope.h"
 #include "platform/visual/data/internal/Dbgrids_Link.h"
 #include "platform/visual/data/sets/Db_Field.h"
 #include "platform/visual/forms/Forms_Application.h"
@@ -400,7 +403,7 @@ void TCustomDBGrid::DrawCell(int col, int row, const Types::TRect& rect, Grids::
         canvas.getBrush()->setColor(column->getColor());
     }
     const TComponentWatch watch(this);
-    const CReadScope reading(*GetDataSet(), row - TitleRows());
+    const Dbctrls::CReadScope reading(*GetDataSet(), row - TitleRows());
     if (getDefaultDrawing()) {
         DefaultDrawColumnCell(rect, col - IndicatorCols(), column, state);
     }

@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/visual/data/Dbgrids_DBGrid.h"
 
+#include "platform/runtime/classes/Classes.h"
+#include "platform/runtime/classes/Classes_ClassRegister.h"
+#include "platform/runtime/filer/Classes_FormText.h"
+#include "platform/runtime/filer/Classes_Reader.h"
+#include "platform/runtime/filer/Classes_Writer.h"
+#include "platform/runtime/typinfo/System_MetaClass.h"
 #include "platform/toolkit/MessageBox.h"
 #include "platform/visual/Forms.h"
 #include "platform/visual/data/sets/Db_FieldTypes.h"
@@ -10,6 +16,8 @@
 #include "testing/FormDriver.h"
 
 #include <gtest/gtest.h>
+
+#include <string>
 
 namespace
 {
@@ -255,6 +263,70 @@ TEST_F(DBGridTest, OutlivesWhatItShows)
     mDriver.Press(VK_DOWN);
     mDriver.Press(VK_DELETE, {Classes::ssCtrl});
     EXPECT_EQ(Drawn(), u"");
+}
+
+TEST_F(DBGridTest, IsReadFromADesignAndWrittenAsIt)
+{
+    for (System::TMetaClass* const type :
+         {System::ClassOf<TDBGrid>(), System::ClassOf<TDataSource>(), System::ClassOf<TMemoryDataSet>(),
+          System::ClassOf<TIntegerField>()}) {
+        if (Classes::GetClass(type->ClassName()) == nullptr) {
+            Classes::RegisterClass(type);
+        }
+    }
+    const std::string design = "object Form1: TForm\n"
+                               "  object fGrid: TDBGrid\n"
+                               "    Left = 8\n"
+                               "    Top = 9\n"
+                               "    Columns = <\n"
+                               "      item\n"
+                               "        FieldName = 'Count'\n"
+                               "        Title.Caption = 'n'\n"
+                               "        Width = 70\n"
+                               "      end>\n"
+                               "    DataSource = fSource\n"
+                               "  end\n"
+                               "  object fSource: TDataSource\n"
+                               "    DataSet = fSet\n"
+                               "  end\n"
+                               "  object fSet: TMemoryDataSet\n"
+                               "    FieldDefs = <\n"
+                               "      item\n"
+                               "        Name = 'Count'\n"
+                               "        DataType = ftInteger\n"
+                               "      end>\n"
+                               "    Active = True\n"
+                               "    object fCount: TIntegerField\n"
+                               "      DisplayLabel = 'Number'\n"
+                               "      FieldName = 'Count'\n"
+                               "    end\n"
+                               "  end\n"
+                               "end\n";
+    Classes::TMemoryStream source;
+    source.WriteBuffer(design.data(), static_cast<System::Int64>(design.size()));
+    source.setPosition(0);
+    Classes::TMemoryStream binary;
+    Classes::ObjectTextToBinary(&source, &binary);
+    binary.setPosition(0);
+    Forms::TForm form;
+    Classes::TReader(&binary).ReadRootComponent(&form);
+    auto& grid = dynamic_cast<TDBGrid&>(*form.FindComponent(u"fGrid"));
+    auto& set = dynamic_cast<TMemoryDataSet&>(*form.FindComponent(u"fSet"));
+    EXPECT_TRUE(set.getActive());
+    ASSERT_EQ(grid.getFieldCount(), 1);
+    EXPECT_EQ(grid.getFields(0), form.FindComponent(u"fCount"));
+    EXPECT_EQ(grid.getColWidths(1), 70);
+    Classes::TMemoryStream written;
+    Classes::TWriter(&written).WriteDescendent(&form, nullptr);
+    written.setPosition(0);
+    Classes::TMemoryStream text;
+    Classes::ObjectBinaryToText(&written, &text);
+    const std::string all(text.AsView());
+    for (const char* part : {"Title.Caption = 'n'", "Width = 70", "DataType = ftInteger", "Active = True",
+                             "object fCount: TIntegerField", "DisplayLabel = 'Number'"}) {
+        EXPECT_NE(all.find(part), std::string::npos) << part << all;
+    }
+    EXPECT_EQ(all.find("Options"), std::string::npos);
 }
 
 TEST_F(DBGridTest, EndsWithinItsOwnEvents)

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/visual/data/Dbgrids_DBGrid.h"
 #include "platform/visual/data/sets/Db_DataSet.h"
 
@@ -38,30 +37,6 @@ protected:
 
 private:
     TCustomDBGrid& mGrid;
-};
-
-/// While it lives, the fields have the values of the record in a row.
-class TCustomDBGrid::CReadScope
-{
-public:
-    CReadScope(Db::TDataSet& dataSet, int index)
-        : mDataSet(dataSet), mWatch(&dataSet), mFormer(dataSet.GetReadIndex())
-    {
-        dataSet.SetReadIndex(index);
-    }
-    CReadScope(const CReadScope&) = delete;
-    CReadScope& operator=(const CReadScope&) = delete;
-    ~CReadScope()
-    {
-        if (mWatch.IsAlive()) {
-            mDataSet.SetReadIndex(mFormer);
-        }
-    }
-
-private:
-    Db::TDataSet& mDataSet;
-    Classes::TComponentWatch mWatch;
-    int mFormer;
 };
 
 } // namespace Dbgrids

@@ -27,8 +27,7 @@ struct TRecord
     bool isCalculated = false;
 };
 
-/// The records of a data set, in their order. What is in the list is changed by putting another record in its
-/// place.
+/// The records of a data set, in their order.
 using TRecords = std::vector<std::shared_ptr<TRecord>>;
 
 /// Records with fields, one of which is at hand: it is shown, and can be changed. All records are read when

@@ -156,14 +156,17 @@ void TDataSet::StorePosted()
     record->isCalculated = false;
     if (mState == dsEdit) {
         UpdateInStore(*record, *mBefore);
-        std::replace(mRecords.begin(), mRecords.end(), mBefore, record);
-        std::replace(mView.begin(), mView.end(), mBefore, record);
+        // In its place, so that nobody has to look for it in the lists.
+        *mBefore = std::move(*record);
+        record = mBefore;
     } else {
         InsertIntoStore(*record);
-        const bool isLast = mCursor >= getRecordCount();
-        const auto place =
-            isLast ? mRecords.end()
-                   : std::find(mRecords.begin(), mRecords.end(), View()[static_cast<std::size_t>(mCursor)]);
+        auto place = mRecords.end();
+        if (mCursor < getRecordCount()) {
+            place = mFiltered ? std::find(mRecords.begin(), mRecords.end(),
+                                          mView[static_cast<std::size_t>(mCursor)])
+                              : mRecords.begin() + mCursor;
+        }
         if (mFiltered) {
             mView.insert(mView.begin() + mCursor, record);
         }
@@ -242,8 +245,11 @@ void TDataSet::RemoveCurrent()
 {
     const auto record = mState == dsEdit ? mBefore : RecordAt(mCursor);
     DeleteFromStore(*record);
-    std::erase(mView, record);
-    std::erase(mRecords, record);
+    auto& view = View();
+    view.erase(view.begin() + mCursor);
+    if (mFiltered) {
+        std::erase(mRecords, record);
+    }
 }
 
 void TDataSet::Delete()

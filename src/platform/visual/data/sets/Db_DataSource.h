@@ -109,13 +109,19 @@ public:
     bool getEof() const noexcept;
 
 protected:
+    /// The link became active, or ceased to be it.
     virtual void ActiveChanged() {}
+    /// The record at hand is about to be left.
     virtual void CheckBrowseMode() {}
+    /// The records are others, or others of them are shown.
     virtual void DataSetChanged() { RecordChanged(nullptr); }
     /// The records shown moved by so many.
     virtual void DataSetScrolled(int) { DataSetChanged(); }
+    /// The record is edited for the control, or not any more.
     virtual void EditingChanged() {}
+    /// The fields, or how they look, changed.
     virtual void LayoutChanged() { DataSetChanged(); }
+    /// A field has another value, or for null several may have.
     virtual void RecordChanged(TField*) {}
     /// What the control holds has to go into its field.
     virtual void UpdateData() {}

@@ -84,7 +84,7 @@ TEST_F(DataSourceTest, TellsItsLinksWhatHappens)
     mSet->Post();
     mSet->Close();
     mSet->Open();
-    EXPECT_EQ(mLog, u"by0 edit record Count update browse set closed open ");
+    EXPECT_EQ(mLog, u"by-1 edit record Count update browse set closed open ");
 }
 
 TEST_F(DataSourceTest, ShowsNothingWhileItIsntEnabled)
