@@ -15,6 +15,44 @@ Window::~Window() = default;
 void Window::SetSelection(int, int) {}
 
 void Window::SetEditTraits(const TEditTraits&) {}
+WindowItems::~WindowItems() = default;
+
+ECheck WindowItems::GetItemCheck(int) const
+{
+    return ECheck::Unchecked;
+}
+
+bool WindowItems::IsItemEnabled(int) const
+{
+    return true;
+}
+
+bool WindowItems::IsItemHeader(int) const
+{
+    return false;
+}
+
+// Only windows of lists tell of these.
+
+void WindowEvents::ItemChecked(int) {}
+
+void WindowEvents::DropChanged(bool) {}
+
+// Only windows of buttons, boxes and lists know of these.
+
+void Window::SetCheck(ECheck) {}
+
+void Window::SetDefaultButton(bool) {}
+
+void Window::ShowItems(const WindowItems&) {}
+
+void Window::ShowItem(int) {}
+
+void Window::SelectItem(int) {}
+
+void Window::SetComboTraits(const TComboTraits&) {}
+
+void Window::SetDropped(bool) {}
 
 ModalWindow::~ModalWindow() = default;
 

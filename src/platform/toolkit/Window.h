@@ -3,6 +3,7 @@
 
 #include "platform/base/System_String.h"
 #include "platform/toolkit/Input.h"
+#include "platform/toolkit/WindowItems.h"
 
 #include <cstdint>
 #include <vector>
@@ -40,6 +41,10 @@ public:
     virtual void SelectionMoved(int start, int length) = 0;
     /// The user chose by a click or key: pressed a button, checked a box, picked the item `index`.
     virtual void Chosen(int index) = 0;
+    /// The user clicked on the check box of an item.
+    virtual void ItemChecked(int index);
+    /// The list of a combo box is about to open, so that its items may still be changed; or it closed.
+    virtual void DropChanged(bool isOpen);
     /// `part` of the client area has to be painted anew. True if that is done, so that the window mustn't
     /// paint its own contents.
     virtual bool PaintAsked(PaintDevice& device, const Types::TRect& part) = 0;
@@ -128,6 +133,23 @@ public:
     virtual void SendToBack() = 0;
     /// What was painted last, for a toolkit that keeps it; null otherwise.
     virtual const PaintRecording* LastPainting() const { return nullptr; }
+
+    // Of buttons, boxes and lists. What is told here isn't told back by the events; any other window does
+    // nothing.
+
+    /// The mark of a check box or radio button.
+    virtual void SetCheck(ECheck check);
+    /// Whether the button is the one that the Enter key presses.
+    virtual void SetDefaultButton(bool isDefault);
+    /// There are other items, or others are as they were; `items` outlives the window.
+    virtual void ShowItems(const WindowItems& items);
+    /// The text or the mark of one item changed.
+    virtual void ShowItem(int index);
+    /// The item that is chosen, brought to sight; -1 for none.
+    virtual void SelectItem(int index);
+    virtual void SetComboTraits(const TComboTraits& traits);
+    /// Opens or closes the list of a combo box.
+    virtual void SetDropped(bool isOpen);
 };
 
 /// The frame of a window on the screen itself.

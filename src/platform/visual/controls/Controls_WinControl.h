@@ -179,6 +179,9 @@ protected:
     virtual void TextEditedInWindow(const System::UnicodeString& text);
     virtual void SelectionMovedInWindow(int start, int length);
     virtual void ChosenInWindow(int index);
+    /// The user clicked on the check box of an item in the window, or opened or closed its list.
+    virtual void ItemCheckedInWindow(int index);
+    virtual void DropChangedInWindow(bool isOpen);
     virtual void BoundsChangedOnScreen(const Types::TRect& bounds);
     virtual void CloseAskedOnScreen();
     virtual void ActivationChangedOnScreen(bool isActive);
@@ -207,6 +210,8 @@ private:
     void TextEdited(const System::UnicodeString& text) override;
     void SelectionMoved(int start, int length) override;
     void Chosen(int index) override;
+    void ItemChecked(int index) override;
+    void DropChanged(bool isOpen) override;
     bool PaintAsked(Toolkits::PaintDevice& device, const Types::TRect& part) override;
     void BoundsChanged(const Types::TRect& bounds) override;
     void FilesDropped(const std::vector<System::UnicodeString>& files, Types::TPoint place) override;

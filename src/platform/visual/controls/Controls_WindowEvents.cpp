@@ -266,6 +266,16 @@ void TWinControl::Chosen(int index)
     Guarded(this, [&] { ChosenInWindow(index); });
 }
 
+void TWinControl::ItemChecked(int index)
+{
+    Guarded(this, [&] { ItemCheckedInWindow(index); });
+}
+
+void TWinControl::DropChanged(bool isOpen)
+{
+    Guarded(this, [&] { DropChangedInWindow(isOpen); });
+}
+
 void TWinControl::BoundsChanged(const TRect& bounds)
 {
     Guarded(this, [&] { BoundsChangedOnScreen(bounds); });
@@ -300,6 +310,10 @@ void TWinControl::ChosenInWindow(int)
 {
     Click();
 }
+
+void TWinControl::ItemCheckedInWindow(int) {}
+
+void TWinControl::DropChangedInWindow(bool) {}
 
 void TWinControl::BoundsChangedOnScreen(const TRect& bounds)
 {

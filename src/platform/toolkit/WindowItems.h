@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/base/System_String.h"
+
+namespace Toolkits
+{
+
+/// The mark of a box that is checked, or neither checked nor unchecked. The numbers are those of a control's
+/// state.
+enum class ECheck
+{
+    Unchecked,
+    Checked,
+    Grayed
+};
+
+/// The items of a list, a check list or a combo box as their control has them: a window that shows them reads
+/// them here and keeps nothing of its own that could differ. Indexes are within the count.
+class TRS8_BTL_API WindowItems
+{
+public:
+    virtual ~WindowItems();
+
+    virtual int GetItemCount() const = 0;
+    virtual System::UnicodeString GetItemText(int index) const = 0;
+    /// Of a check list.
+    virtual ECheck GetItemCheck(int index) const;
+    /// Whether the user can check the item; of a check list.
+    virtual bool IsItemEnabled(int index) const;
+    /// Whether the item is a heading without a box; of a check list.
+    virtual bool IsItemHeader(int index) const;
+};
+
+/// How a combo box behaves.
+struct TComboTraits
+{
+    /// Whether the user can type a text that is no item's.
+    bool isEditable = true;
+    /// Most items that are seen at once in the open list.
+    int dropDownCount = 8;
+    /// Most characters that the user can bring the text to; 0 is no limit.
+    int maxLength = 0;
+};
+
+} // namespace Toolkits
