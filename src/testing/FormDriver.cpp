@@ -2,6 +2,8 @@
 #include "testing/FormDriver.h"
 
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
+#include "platform/toolkit/InputPlayer.h"
+#include "platform/toolkit/Toolkit.h"
 
 #include <sstream>
 #include <stdexcept>
@@ -42,6 +44,25 @@ TMouseInput At(EMouseAction action, TPoint place)
         mouse.shift << Classes::ssLeft;
     }
     return mouse;
+}
+
+/// What the mouse does in a window, by way of the toolkit where it has one.
+void Use(TWinControl& window, const TMouseInput& mouse)
+{
+    Toolkits::InputPlayer* const player = Toolkits::CurrentToolkit().GetInputPlayer();
+    if (player != nullptr && window.GetWindow() != nullptr) {
+        player->UseMouse(*window.GetWindow(), mouse);
+    } else {
+        window.GetWindowEvents().MouseUsed(mouse);
+    }
+}
+
+/// Has the toolkit done what it does later.
+void Settle()
+{
+    if (Toolkits::InputPlayer* const player = Toolkits::CurrentToolkit().GetInputPlayer()) {
+        player->Settle();
+    }
 }
 
 bool CanBeUsed(const TControl& control)
@@ -130,15 +151,14 @@ void CFormDriver::Click(const UnicodeString& name, TPoint place)
     if (!CanBeUsed(Find(name))) {
         throw std::logic_error("nobody can click on '" + System::ToUtf8(name) + "'");
     }
+    Settle();
     TPoint inWindow = place;
     TWinControl& window = WindowOf(Find(name), inWindow);
     const Classes::TComponentWatch watch(&window);
-    window.GetWindowEvents().MouseUsed(At(EMouseAction::Move, inWindow));
-    if (watch.IsAlive()) {
-        window.GetWindowEvents().MouseUsed(At(EMouseAction::Down, inWindow));
-    }
-    if (watch.IsAlive()) {
-        window.GetWindowEvents().MouseUsed(At(EMouseAction::Up, inWindow));
+    for (const EMouseAction action : {EMouseAction::Move, EMouseAction::Down, EMouseAction::Up}) {
+        if (watch.IsAlive()) {
+            Use(window, At(action, inWindow));
+        }
     }
 }
 
@@ -159,7 +179,8 @@ void CFormDriver::DoubleClick(const UnicodeString& name)
 void CFormDriver::Mouse(const UnicodeString& name, const TMouseInput& mouse)
 {
     TMouseInput inWindow = mouse;
-    WindowOf(Find(name), inWindow.place).GetWindowEvents().MouseUsed(inWindow);
+    TWinControl& window = WindowOf(Find(name), inWindow.place);
+    Use(window, inWindow);
 }
 
 void CFormDriver::Focus(const UnicodeString& name)
@@ -168,6 +189,7 @@ void CFormDriver::Focus(const UnicodeString& name)
     if (window == nullptr) {
         throw std::logic_error("'" + System::ToUtf8(name) + "' can't have the focus");
     }
+    Settle();
     window->SetFocus();
 }
 
@@ -183,13 +205,29 @@ TWinControl* CFormDriver::KeyTarget() const
     return focused != nullptr && mForm.ContainsControl(focused) ? focused : &mForm;
 }
 
+bool CFormDriver::PlayKey(System::Word key, System::WideChar character, const TShiftState& shift)
+{
+    Settle();
+    Toolkits::InputPlayer* const player = Toolkits::CurrentToolkit().GetInputPlayer();
+    TWinControl* const target = KeyTarget();
+    if (player == nullptr || target->GetWindow() == nullptr) {
+        return false;
+    }
+    player->PressKey(*target->GetWindow(), key, character, shift);
+    return true;
+}
+
 void CFormDriver::Press(System::Word key, const TShiftState& shift)
 {
     const Classes::TComponentWatch watch(&mForm);
+    const bool typesNothing = shift.Contains(Classes::ssAlt);
+    if (PlayKey(key, typesNothing ? 0 : CharacterOf(key), shift)) {
+        return;
+    }
     System::Word pressed = key;
     const bool isTaken = KeyTarget()->GetWindowEvents().KeyPressed(pressed, shift);
     System::WideChar character = CharacterOf(pressed);
-    if (watch.IsAlive() && !isTaken && character != 0 && !shift.Contains(Classes::ssAlt)) {
+    if (watch.IsAlive() && !isTaken && character != 0 && !typesNothing) {
         KeyTarget()->GetWindowEvents().CharacterTyped(character);
     }
     if (watch.IsAlive()) {
@@ -204,7 +242,9 @@ void CFormDriver::Type(const UnicodeString& text)
         if (!watch.IsAlive()) {
             return;
         }
-        KeyTarget()->GetWindowEvents().CharacterTyped(character);
+        if (!PlayKey(0, character, {})) {
+            KeyTarget()->GetWindowEvents().CharacterTyped(character);
+        }
     }
 }
 
