@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/toolkit/qt/QtWindow.h"
+
+class QListView;
+
+namespace Toolkits
+{
+
+class CQtItems;
+class CComboWidget;
+
+/// A list, or one with check boxes.
+class CQtList final : public CQtWindow
+{
+public:
+    CQtList(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings);
+    ~CQtList() override;
+
+    void ShowItems(const WindowItems& items) override;
+    void ShowItem(int index) override;
+    void SelectItem(int index) override;
+    bool ActsByItself() const override { return true; }
+    QWidget& Surface() const noexcept override;
+
+    /// The user clicked on the box of an item.
+    void TellCheck(int row);
+
+private:
+    QListView* mList;
+    CQtItems* mItems;
+    bool mIsBusy = false;
+};
+
+/// A line with a list that opens below it.
+class CQtCombo final : public CQtWindow
+{
+public:
+    CQtCombo(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings);
+    ~CQtCombo() override;
+
+    void SetText(const System::UnicodeString& text) override;
+    void SetSelection(int start, int length) override;
+    void ShowItems(const WindowItems& items) override;
+    void ShowItem(int index) override;
+    void SelectItem(int index) override;
+    void SetComboTraits(const TComboTraits& traits) override;
+    void SetDropped(bool isOpen) override;
+    bool ActsByItself() const override { return true; }
+
+    /// The list opens or closes.
+    void TellDrop(bool isOpen);
+
+private:
+    void SetEditable(bool isEditable);
+    void TellText(const QString& text);
+    void TellSelection();
+
+    CComboWidget* mCombo;
+    CQtItems* mItems;
+    System::UnicodeString mText;
+    /// Whether the list opens or closes because the control says so.
+    bool mIsToldSo = false;
+};
+
+} // namespace Toolkits

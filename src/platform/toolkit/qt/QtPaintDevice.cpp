@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include "platform/toolkit/qt/QtPaintDevice.h"
+
+#include "platform/toolkit/qt/QtConvert.h"
+#include "platform/toolkit/qt/QtFonts.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+namespace Toolkits
+{
+
+namespace
+{
+
+/// No line of a screen has more characters; what comes behind them can't be seen.
+constexpr int MostCharacters = 1 << 15;
+
+} // namespace
+
+CQtPaintDevice::~CQtPaintDevice() = default;
+
+void CQtPaintDevice::Text(const Types::TPoint& at, const System::UnicodeString& text, const TFontData& font,
+                          const TTextOptions& options)
+{
+    const Types::TRect clip = options.clip == nullptr
+                                  ? State().Clip()
+                                  : Intersection(State().Clip(), State().ToDevice(*options.clip));
+    if (clip.Width() <= 0 || clip.Height() <= 0 || text.IsEmpty()) {
+        return;
+    }
+    QImage image = ViewOf(GetPixels());
+    QPainter painter(&image);
+    painter.setClipRect(ToQRect(clip));
+    const Types::TPoint corner = State().ToDevice(at);
+    painter.translate(corner.X, corner.Y);
+    painter.rotate(-font.orientation / 10.0);
+    const QFont& shown = ToQFont(font);
+    painter.setFont(shown);
+    painter.setLayoutDirection(options.isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    const QString line = ToQString(text).left(MostCharacters);
+    const QFontMetrics metrics(shown);
+    if (options.isOpaque) {
+        painter.fillRect(0, 0, metrics.horizontalAdvance(line), metrics.ascent() + metrics.descent(),
+                         QColor::fromRgba(options.background));
+    }
+    painter.setPen(QColor::fromRgba(options.color));
+    painter.drawText(0, metrics.ascent(), line);
+}
+
+QImage ViewOf(Pixels& pixels)
+{
+    return {reinterpret_cast<uchar*>(pixels.All().data()), pixels.getWidth(), pixels.getHeight(),
+            static_cast<qsizetype>(pixels.getWidth()) * static_cast<qsizetype>(sizeof(TPixel)),
+            QImage::Format_ARGB32};
+}
+
+} // namespace Toolkits
