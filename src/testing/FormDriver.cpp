@@ -176,6 +176,13 @@ void CFormDriver::DoubleClick(const UnicodeString& name)
     }
 }
 
+void CFormDriver::ClickSoon(const UnicodeString& name)
+{
+    mForm.HandleNeeded();
+    Toolkits::CurrentToolkit().PostInput(*mForm.GetWindow(),
+                                         [driver = *this, name]() mutable { driver.Click(name); });
+}
+
 void CFormDriver::Mouse(const UnicodeString& name, const TMouseInput& mouse)
 {
     TMouseInput inWindow = mouse;

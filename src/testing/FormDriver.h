@@ -35,6 +35,8 @@ public:
     void Click(const System::UnicodeString& name);
     void Click(const System::UnicodeString& name, Types::TPoint place);
     void DoubleClick(const System::UnicodeString& name);
+    /// As `Click`, once the message loop comes to it; nothing happens if the form has no window by then.
+    void ClickSoon(const System::UnicodeString& name);
     /// One thing that the mouse does over the control.
     void Mouse(const System::UnicodeString& name, const Toolkits::TMouseInput& mouse);
 

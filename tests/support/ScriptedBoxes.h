@@ -34,6 +34,13 @@ public:
     void AnswerInput(std::optional<System::UnicodeString> line) { mToolkit->AnswerInput(std::move(line)); }
     std::vector<Toolkits::HeadlessToolkit::TAsked> TakeAsked() { return mToolkit->TakeAsked(); }
 
+    /// Answers the next question for files or a folder; no files cancel it.
+    void AnswerFiles(Toolkits::TFileAnswer answer) { mToolkit->AnswerFiles(std::move(answer)); }
+    std::vector<Toolkits::HeadlessToolkit::TAskedFiles> TakeAskedFiles()
+    {
+        return mToolkit->TakeAskedFiles();
+    }
+
     /// Drives the next modal form.
     void AnswerForm(std::function<void(Toolkits::ModalWindow&)> drive)
     {

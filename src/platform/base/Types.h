@@ -33,6 +33,11 @@ struct TRect
     /// The extent; negative where the edges are the wrong way round.
     constexpr int Width() const { return Right - Left; }
     constexpr int Height() const { return Bottom - Top; }
+    /// Whether the point lies inside; the right and lower edges don't.
+    constexpr bool Contains(const TPoint& point) const
+    {
+        return point.X >= Left && point.X < Right && point.Y >= Top && point.Y < Bottom;
+    }
 
     friend bool operator==(const TRect&, const TRect&) = default;
 };

@@ -3,6 +3,7 @@
 
 #include "platform/base/System_String.h"
 #include "platform/base/Types.h"
+#include "platform/toolkit/FileQuestion.h"
 #include "platform/toolkit/MenuEntry.h"
 #include "platform/toolkit/PaintTypes.h"
 #include "platform/toolkit/PictureType.h"
@@ -60,6 +61,9 @@ public:
 
     /// Asks until the user agrees or cancels. True with the line in `value`; false leaves `value` alone.
     virtual bool AskInput(const TInput& input, System::UnicodeString& value) = 0;
+
+    /// Asks for files or a folder until the user agrees or cancels.
+    virtual TFileAnswer AskFiles(const TFileQuestion& question) = 0;
 
     /// Puts a text on the clipboard. False if this toolkit shares none with other programs; then the text is
     /// kept for this program alone.
@@ -126,6 +130,14 @@ public:
     /// Handles one waiting message; false if none waits. What is to be read from a watched descriptor counts
     /// as one.
     virtual bool ProcessMessage() = 0;
+
+    /// Handles one waiting thing that the user did with `window` or one in it, or paints what of them waits.
+    /// Nothing posted runs, no timer, and no input of another window. False if there was nothing.
+    virtual bool ProcessInput(Window& window) = 0;
+
+    /// Runs `input` from the message loop as what the user does with `window`, unless that is gone by then.
+    /// For those who drive forms.
+    virtual void PostInput(Window& window, std::function<void()> input) = 0;
 
     /// Sleeps until a message waits.
     virtual void WaitMessage() = 0;

@@ -48,6 +48,11 @@ bool InitInheritedComponent(TComponent* instance, TMetaClass* rootAncestor)
     return !levels.empty();
 }
 
+bool ReadOwnDesign(TComponent& instance)
+{
+    return InitInheritedComponent(&instance, instance.ClassType()->getParent());
+}
+
 TComponent* ReadComponentRes(const UnicodeString& name, TComponent* instance)
 {
     TResourceStream stream(name);

@@ -11,7 +11,7 @@
 //
 //     TMainForm::TMainForm(TComponent* owner) : TForm(owner)
 //     {
-//         InitInheritedComponent(this, System::ClassOf<TForm>());
+//         ReadDesign();                                           // of TCustomForm; calls ReadOwnDesign
 //     }
 
 namespace Classes
@@ -23,6 +23,9 @@ namespace Classes
 /// `TReader::ReadRootComponent`. Of a class whose parent's constructor has read its resource already, the
 /// parent is the `rootAncestor`.
 TRS8_BTL_API bool InitInheritedComponent(TComponent* instance, System::TMetaClass* rootAncestor);
+
+/// As `InitInheritedComponent`, for the class alone whose constructor calls it.
+TRS8_BTL_API bool ReadOwnDesign(TComponent& instance);
 
 /// Reads the form in the raw resource `name` into `instance`, or into a new component without an owner if
 /// that is null, and gives it. `EResNotFound` if there is no such resource; else as

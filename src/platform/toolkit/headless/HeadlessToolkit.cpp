@@ -84,6 +84,13 @@ void WriteCancelled(const TInput& input)
               << std::flush;
 }
 
+void WriteCancelled(const TFileQuestion& question)
+{
+    std::cerr << question.caption << ": " << question.folder << " [" << question.fileName << "]\n["
+              << Cancel.name << "]\n"
+              << std::flush;
+}
+
 } // namespace
 
 /// Wakes the main thread where it waits, and costs nothing where it doesn't.
@@ -164,6 +171,16 @@ std::vector<HeadlessToolkit::TAsked> HeadlessToolkit::TakeAsked()
     return std::exchange(mAsked, {});
 }
 
+void HeadlessToolkit::AnswerFiles(TFileAnswer answer)
+{
+    mFileAnswers.push_back(std::move(answer));
+}
+
+std::vector<HeadlessToolkit::TAskedFiles> HeadlessToolkit::TakeAskedFiles()
+{
+    return std::exchange(mAskedFiles, {});
+}
+
 int HeadlessToolkit::UnattendedAnswer(unsigned flags)
 {
     const unsigned icon = flags & MB_ICONMASK;
@@ -212,6 +229,19 @@ bool HeadlessToolkit::AskInput(const TInput& input, System::UnicodeString& value
     return answer.has_value();
 }
 
+TFileAnswer HeadlessToolkit::AskFiles(const TFileQuestion& question)
+{
+    TFileAnswer answer{.files = {}, .filterIndex = question.filterIndex};
+    if (mFileAnswers.empty()) {
+        WriteCancelled(question);
+    } else {
+        answer = std::move(mFileAnswers.front());
+        mFileAnswers.pop_front();
+    }
+    mAskedFiles.push_back({question, answer});
+    return answer;
+}
+
 bool HeadlessToolkit::SetClipboardText(const System::UnicodeString& text)
 {
     mClipboard = text;
@@ -257,7 +287,18 @@ bool HeadlessToolkit::ProcessMessage()
     mIsWatchedNext = !mIsWatchedNext;
     const bool isDone =
         mIsWatchedNext ? ProcessPosted() || ProcessWatched() : ProcessWatched() || ProcessPosted();
-    return isDone || mTimers->RunDue(Now()) || mDesktop->PaintOne();
+    return isDone || mDesktop->RunInput(nullptr) || mTimers->RunDue(Now()) || mDesktop->PaintOne(nullptr);
+}
+
+bool HeadlessToolkit::ProcessInput(Window& window)
+{
+    auto* const within = &dynamic_cast<CHeadlessWindow&>(window);
+    return mDesktop->RunInput(within) || mDesktop->PaintOne(within);
+}
+
+void HeadlessToolkit::PostInput(Window& window, std::function<void()> input)
+{
+    mDesktop->PostInput(dynamic_cast<CHeadlessWindow&>(window), std::move(input));
 }
 
 bool HeadlessToolkit::HasPosted()

@@ -41,6 +41,13 @@ public:
         std::optional<System::UnicodeString> answer;
     };
 
+    /// Files that were asked for, and what was given.
+    struct TAskedFiles
+    {
+        TFileQuestion question;
+        TFileAnswer answer;
+    };
+
     HeadlessToolkit();
     ~HeadlessToolkit() override;
 
@@ -51,6 +58,10 @@ public:
     /// Adds a line to the script of what is asked for; nothing cancels. Where it is at its end, each input is
     /// written to the standard error stream and cancelled.
     void AnswerInput(std::optional<System::UnicodeString> line);
+
+    /// Adds to the script of questions for files: what the next one is answered; no files cancel. Where it is
+    /// at its end, each question is written to the standard error stream and cancelled.
+    void AnswerFiles(TFileAnswer answer);
 
     /// Adds to the script of modal forms: the next one is handed to `drive`, from its message loop, which may
     /// press its buttons or end it. Where the script is at its end, a form is told on the standard error
@@ -74,11 +85,15 @@ public:
     /// The inputs asked for since the last call, in their order.
     std::vector<TAsked> TakeAsked();
 
+    /// The questions for files since the last call, in their order.
+    std::vector<TAskedFiles> TakeAskedFiles();
+
     /// The cursor that was set last, 0 at first.
     int getCursor() const noexcept { return mCursor; }
 
     int ShowBox(const TBox& box) override;
     bool AskInput(const TInput& input, System::UnicodeString& value) override;
+    TFileAnswer AskFiles(const TFileQuestion& question) override;
     /// Keeps the text and gives false.
     bool SetClipboardText(const System::UnicodeString& text) override;
     System::UnicodeString GetClipboardText() override;
@@ -110,6 +125,8 @@ public:
     void Unwatch(int descriptor) override;
     void SetActivationToken(const System::UnicodeString& token) override;
     bool ProcessMessage() override;
+    bool ProcessInput(Window& window) override;
+    void PostInput(Window& window, std::function<void()> input) override;
     void WaitMessage() override;
 
     /// The token that came last; empty at first.
@@ -134,6 +151,8 @@ private:
     std::vector<TShown> mShown;
     std::deque<std::optional<System::UnicodeString>> mLines;
     std::vector<TAsked> mAsked;
+    std::deque<TFileAnswer> mFileAnswers;
+    std::vector<TAskedFiles> mAskedFiles;
     System::UnicodeString mClipboard;
     int mCursor = 0;
     System::UnicodeString mActivationToken;

@@ -170,6 +170,9 @@ protected:
     virtual void KeyPress(System::WideChar& key);
     /// Whether the control needs a key for itself that otherwise moves the focus or presses a form's button.
     virtual bool WantsKey(System::Word key, Classes::TShiftState shift) const;
+    /// Whether a typed character is the control's. Otherwise it may be the marked one of another's caption,
+    /// as it always is with Alt held.
+    virtual bool WantsChars() const { return true; }
     /// Acts on a key, or a character, in place of a window that doesn't; true if it did.
     virtual bool ActOnKey(System::Word key, Classes::TShiftState shift);
     virtual bool ActOnChar(System::WideChar character);
@@ -241,6 +244,7 @@ private:
     bool DispatchWindowChange(Messages::TMessage& message);
     bool TakeKey(System::Word& key, Classes::TShiftState shift);
     bool TakeChar(System::WideChar& character);
+    bool PressMarked(System::Word key, Classes::TShiftState shift);
     void PressOrRelease(Messages::TMessage& message);
     void TypeCharacter(Messages::TMessage& message);
     bool TakeMouse(const Toolkits::TMouseInput& mouse);

@@ -65,10 +65,10 @@ bool IsDialogKey(Word key)
     return std::ranges::find(keys, key) != std::end(keys);
 }
 
-/// Whether a key may be the one that a caption marks.
-bool IsAccelerator(Word key, const TShiftState& shift)
+/// Whether a key with Alt is what a caption may have marked.
+bool IsMarkKey(Word key, const TShiftState& shift)
 {
-    const bool isCharacter = (key >= u'0' && key <= u'9') || (key >= u'A' && key <= u'Z');
+    const bool isCharacter = (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9');
     return isCharacter && shift.Contains(Classes::ssAlt) && !shift.Contains(Classes::ssCtrl);
 }
 
@@ -152,7 +152,7 @@ bool TWinControl::TakeKey(Word& key, TShiftState shift)
             return true;
         }
     }
-    if (watch.IsAlive() && IsAccelerator(key, shift) && GetTopParent()->Perform(CM_DIALOGCHAR, key) != 0) {
+    if (watch.IsAlive() && IsMarkKey(key, shift) && PressMarked(key, shift)) {
         return true;
     }
     if (!watch.IsAlive()) {
@@ -184,6 +184,12 @@ bool TWinControl::CharacterTyped(WideChar& character)
 bool TWinControl::TakeChar(WideChar& character)
 {
     const TComponentWatch watch(this);
+    if (!WantsChars() && character > u' ' && PressMarked(character, {})) {
+        return true;
+    }
+    if (!watch.IsAlive()) {
+        return true;
+    }
     TMessage message{.Msg = WM_CHAR, .WParam = character};
     WndProc(message);
     if (message.Result != 0 || !watch.IsAlive()) {
@@ -192,6 +198,12 @@ bool TWinControl::TakeChar(WideChar& character)
     character = static_cast<WideChar>(message.WParam);
     const bool actsByItself = mWindow != nullptr && mWindow->ActsByItself();
     return !actsByItself && ActOnChar(character);
+}
+
+bool TWinControl::PressMarked(Word key, TShiftState shift)
+{
+    const auto param = static_cast<std::intptr_t>(ShiftToParam(shift));
+    return GetTopParent()->Perform(CM_DIALOGCHAR, key, param) != 0;
 }
 
 bool TWinControl::ActOnKey(Word, TShiftState)
@@ -554,6 +566,8 @@ void TWinControl::TellChildren(unsigned message)
 {
     const auto tell = [this](void (*work)(TWinControl&)) { RunNested(*this, work); };
     switch (message) {
+    case CM_FOCUSCHANGED:
+        return tell([](TWinControl& control) { control.NotifyControls(CM_FOCUSCHANGED); });
     case CM_FONTCHANGED:
         ShowLook();
         return tell([](TWinControl& control) { control.NotifyControls(CM_PARENTFONTCHANGED); });

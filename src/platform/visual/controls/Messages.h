@@ -22,10 +22,29 @@ inline constexpr unsigned WM_SETFOCUS = 7;
 inline constexpr unsigned WM_KILLFOCUS = 8;
 inline constexpr unsigned WM_PAINT = 15;
 inline constexpr unsigned WM_CLOSE = 16;
+/// Of a box: its mark. Both give or take 0, 1 and 2.
+inline constexpr unsigned BM_GETCHECK = 240;
+inline constexpr unsigned BM_SETCHECK = 241;
+inline constexpr unsigned BM_CLICK = 245;
 inline constexpr unsigned WM_KEYDOWN = 256;
 inline constexpr unsigned WM_KEYUP = 257;
 inline constexpr unsigned WM_CHAR = 258;
 inline constexpr unsigned WM_TIMER = 275;
+/// Of a combo box: what the names say. An item that isn't there gives -1.
+inline constexpr unsigned CB_GETCOUNT = 326;
+inline constexpr unsigned CB_GETCURSEL = 327;
+inline constexpr unsigned CB_SETCURSEL = 334;
+inline constexpr unsigned CB_SHOWDROPDOWN = 335;
+inline constexpr unsigned CB_GETITEMDATA = 336;
+inline constexpr unsigned CB_SETITEMDATA = 337;
+inline constexpr unsigned CB_GETDROPPEDSTATE = 343;
+/// Of a list box, as those of a combo box.
+inline constexpr unsigned LB_SETCURSEL = 390;
+inline constexpr unsigned LB_GETSEL = 391;
+inline constexpr unsigned LB_GETCURSEL = 392;
+inline constexpr unsigned LB_GETCOUNT = 395;
+inline constexpr unsigned LB_GETITEMDATA = 409;
+inline constexpr unsigned LB_SETITEMDATA = 410;
 inline constexpr unsigned WM_MOUSEMOVE = 512;
 inline constexpr unsigned WM_LBUTTONDOWN = 513;
 inline constexpr unsigned WM_LBUTTONUP = 514;
@@ -65,6 +84,7 @@ inline constexpr unsigned CM_CTL3DCHANGED = CM_BASE + 16;
 inline constexpr unsigned CM_TEXTCHANGED = CM_BASE + 18;
 inline constexpr unsigned CM_MOUSEENTER = CM_BASE + 19;
 inline constexpr unsigned CM_MOUSELEAVE = CM_BASE + 20;
+inline constexpr unsigned CM_BUTTONPRESSED = CM_BASE + 21;
 inline constexpr unsigned CM_SHOWINGCHANGED = CM_BASE + 23;
 inline constexpr unsigned CM_ENTER = CM_BASE + 26;
 inline constexpr unsigned CM_EXIT = CM_BASE + 27;

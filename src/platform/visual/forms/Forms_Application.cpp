@@ -6,6 +6,7 @@
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/toolkit/MessageBox.h"
 #include "platform/toolkit/Toolkit.h"
+#include "platform/visual/forms/Classes_DataModule.h"
 #include "platform/visual/forms/Forms_Form.h"
 #include "platform/visual/forms/Forms_Screen.h"
 
@@ -81,6 +82,9 @@ System::UnicodeString TApplication::getExeName() const
 
 void TApplication::FormCreated(Classes::TComponent* component)
 {
+    if (auto* const module = dynamic_cast<Classes::TDataModule*>(component)) {
+        return module->AfterConstruction();
+    }
     auto* const form = dynamic_cast<TCustomForm*>(component);
     if (form == nullptr) {
         return;

@@ -50,8 +50,9 @@ public:
     bool getMainFormOnTaskBar() const noexcept { return mMainFormOnTaskBar; }
     void setMainFormOnTaskBar(bool isOn) noexcept { mMainFormOnTaskBar = isOn; }
 
-    /// Makes a form or data module that the application owns, and lets `reference` point to it while it is
-    /// being made already. The first form made so is the main form.
+    /// Makes a form or data module that the application owns; `reference` points to it from its `OnCreate`
+    /// on. The first form made so is the main form. What its constructor raises passes through, and leaves
+    /// `reference` as it was.
     template <class T>
     void CreateForm(T*& reference)
     {

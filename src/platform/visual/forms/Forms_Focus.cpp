@@ -111,6 +111,11 @@ bool TCustomForm::SetFocusedControl(TWinControl* control)
         }
     }
     Screen->FocusMoved(mActiveControl);
+    if (isOvertaken()) {
+        return false;
+    }
+    // Each control on the form may ask it who has the focus now, as the default button does.
+    Perform(CM_FOCUSCHANGED, 0, reinterpret_cast<std::intptr_t>(control));
     return !isOvertaken();
 }
 

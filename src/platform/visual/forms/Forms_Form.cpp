@@ -9,6 +9,7 @@
 #include "platform/visual/controls/Controls_Publish.h"
 #include "platform/visual/forms/Forms_Application.h"
 #include "platform/visual/forms/Forms_Screen.h"
+#include "platform/visual/forms/internal/Forms_Orphans.h"
 #include "platform/visual/graphics/Graphics_Canvas.h"
 #include "platform/visual/menus/Menus.h"
 
@@ -318,13 +319,8 @@ void TCustomForm::Paint()
 void TCustomForm::GetChildren(const Classes::TGetChildProc& proc, Classes::TComponent* root)
 {
     TCustomControl::GetChildren(proc, root);
-    if (root != this) {
-        return;
-    }
-    for (int i = 0; i < GetComponentCount(); ++i) {
-        if (!GetComponent(i)->HasParent()) {
-            proc(GetComponent(i));
-        }
+    if (root == this) {
+        ForEachOrphan(*this, proc);
     }
 }
 

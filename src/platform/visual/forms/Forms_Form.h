@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/runtime/filer/Classes_FormResource.h"
 #include "platform/toolkit/ModalWindow.h"
 #include "platform/visual/controls/Controls_CustomControl.h"
 #include "platform/visual/controls/Controls_FormHost.h"
@@ -117,6 +118,10 @@ public:
     TShortCutEvent OnShortCut;
 
 protected:
+    /// To be called last in the constructor of each class that has a `NAME.form`: makes what stands there.
+    /// False without one. Raises as `Classes::TReader::ReadRootComponent`.
+    bool ReadDesign() { return Classes::ReadOwnDesign(*this); }
+
     /// Called when the form is made, at its end, and each time that it is shown or hidden or gets or loses
     /// the user's attention; each calls its event.
     virtual void DoCreate();

@@ -1,27 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/visual/forms/Forms_Types.h"
 
-namespace Forms
-{
-
-bool IsAccel(System::Word character, const System::UnicodeString& caption)
-{
-    const std::u16string_view text = caption.AsView();
-    for (std::size_t i = 0; i + 1 < text.size(); ++i) {
-        if (text[i] != u'&') {
-            continue;
-        }
-        ++i;
-        if (text[i] != u'&') {
-            const auto typed = static_cast<System::WideChar>(character);
-            return System::UnicodeString(text[i]).UpperCase() == System::UnicodeString(typed).UpperCase();
-        }
-    }
-    return false;
-}
-
-} // namespace Forms
-
 namespace Typinfo
 {
 

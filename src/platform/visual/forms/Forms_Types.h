@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/base/System_String.h"
 #include "platform/runtime/typinfo/Typinfo.h"
 
 namespace Forms
@@ -88,11 +87,6 @@ using TFormState = System::Set<TFormStateFlag, fsCreating, fsActivated>;
 using TCloseEvent = System::TClosure<void(System::TObject* sender, TCloseAction& action)>;
 /// Whether a form may be closed.
 using TCloseQueryEvent = System::TClosure<void(System::TObject* sender, bool& canClose)>;
-
-/// Whether the character, case aside, is what an ampersand marks in the caption; "&&" is an ampersand.
-///
-///     IsAccel(u'n', u"&Name");                                    // true
-TRS8_BTL_API bool IsAccel(System::Word character, const System::UnicodeString& caption);
 
 } // namespace Forms
 

@@ -5,12 +5,15 @@
 #include "platform/runtime/classes/Classes_Component.h"
 #include "platform/runtime/classes/Classes_Stream.h"
 #include "platform/runtime/classes/Classes_StringList.h"
+#include "platform/runtime/filer/Classes_FormResource.h"
 #include "platform/runtime/filer/Classes_FormText.h"
+#include "platform/runtime/filer/Classes_Writer.h"
 #include "platform/runtime/typinfo/Typinfo.h"
 
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace FilerTest
@@ -166,6 +169,35 @@ std::unique_ptr<Classes::TMemoryStream> StreamOf(std::string_view bytes);
 std::unique_ptr<TSheet> SheetOf(std::string_view text);
 /// The text of what makes `root` differ from `ancestor`.
 std::string TextOf(Classes::TComponent& root, Classes::TComponent* ancestor = nullptr);
+
+/// The design of a class while a test runs.
+class CRegisteredDesign
+{
+public:
+    CRegisteredDesign(std::string className, std::string_view text)
+        : mClass(std::move(className)), mBytes(Compiled(text))
+    {
+        Classes::Detail::RegisterForm(mClass.c_str(), mBytes.data(), mBytes.size());
+    }
+    CRegisteredDesign(const CRegisteredDesign&) = delete;
+    CRegisteredDesign& operator=(const CRegisteredDesign&) = delete;
+    ~CRegisteredDesign() { Classes::Detail::UnregisterForm(mClass.c_str(), mBytes.data(), mBytes.size()); }
+
+private:
+    std::string mClass;
+    std::string mBytes;
+};
+
+/// What a writer gives of a component, as text.
+inline std::string WrittenText(Classes::TComponent& component)
+{
+    Classes::TMemoryStream binary;
+    Classes::TWriter(&binary).WriteRootComponent(&component);
+    binary.setPosition(0);
+    Classes::TMemoryStream text;
+    Classes::ObjectBinaryToText(&binary, &text);
+    return {static_cast<const char*>(text.getMemory()), static_cast<std::size_t>(text.getSize())};
+}
 
 } // namespace FilerTest
 

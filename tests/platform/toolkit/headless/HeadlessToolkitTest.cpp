@@ -52,6 +52,24 @@ TEST(HeadlessToolkitTest, CancelsUnattendedInputs)
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "Kanal: Name: [Ofen]\n[Cancel]\n");
 }
 
+TEST(HeadlessToolkitTest, AnswersQuestionsForFilesFromTheScript)
+{
+    HeadlessToolkit toolkit;
+    toolkit.AnswerFiles({.files = {u"/tmp/a.csv"}, .filterIndex = 1});
+    const Toolkits::TFileQuestion question{.kind = Toolkits::EFileQuestion::Save,
+                                           .caption = u"Messung",
+                                           .folder = u"/tmp",
+                                           .fileName = u"b.csv"};
+    const Toolkits::TFileAnswer answer = toolkit.AskFiles(question);
+    EXPECT_EQ(answer.files, std::vector<System::UnicodeString>{u"/tmp/a.csv"});
+    EXPECT_EQ(answer.filterIndex, 1U);
+
+    testing::internal::CaptureStderr();
+    EXPECT_TRUE(toolkit.AskFiles(question).files.empty());
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Messung: /tmp [b.csv]\n[Cancel]\n");
+    EXPECT_EQ(toolkit.TakeAskedFiles().size(), 2U);
+}
+
 TEST(HeadlessToolkitTest, RefusesAScriptedAnswerWithoutAButton)
 {
     Support::ScriptedBoxes boxes({IDYES});

@@ -3,6 +3,7 @@
 
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/toolkit/Dialogs.h"
+#include "platform/toolkit/Toolkit.h"
 #include "platform/visual/Forms.h"
 #include "platform/visual/controls/ProbeControl.h"
 #include "testing/FormDriver.h"
@@ -54,6 +55,30 @@ TEST_F(FormTest, ComesAndGoesInItsOrder)
     }
     EXPECT_EQ(mLog, u"create show activate deactivate hide show activate deactivate hide destroy ");
     EXPECT_EQ(Forms::Screen->getActiveForm(), nullptr);
+}
+
+TEST_F(FormTest, OfOneWindowOnlyInputAndPaintRun)
+{
+    Toolkits::Toolkit& toolkit = Toolkits::CurrentToolkit();
+    TForm form;
+    auto* const other = new TForm(&form);
+    form.Show();
+    other->Show();
+    Forms::Application->ProcessMessages();
+    std::string log;
+    toolkit.Post([&] { log += "posted "; });
+    toolkit.PostInput(*other->GetWindow(), [&] { log += "other "; });
+    toolkit.PostInput(*form.GetWindow(), [&] { log += "form "; });
+    form.OnPaint = [&](TObject*) { log += "paint "; };
+    form.Invalidate();
+    while (toolkit.ProcessInput(*form.GetWindow())) {
+    }
+    EXPECT_EQ(log, "form paint ");
+    toolkit.PostInput(*form.GetWindow(), [&] { delete other; });
+    while (toolkit.ProcessInput(*form.GetWindow())) {
+    }
+    Forms::Application->ProcessMessages();
+    EXPECT_EQ(log, "form paint posted ");
 }
 
 TEST_F(FormTest, AsksBeforeItCloses)

@@ -48,7 +48,7 @@ public:
     template <class T>
     T Take()
     {
-        T value;
+        T value{};
         Take(sizeof value).copy(reinterpret_cast<char*>(&value), sizeof value);
         return value;
     }

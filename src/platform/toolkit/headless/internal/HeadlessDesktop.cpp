@@ -26,8 +26,9 @@ void CHeadlessDesktop::Forget(CHeadlessWindow* window, bool isDirty)
 {
     mWindows.erase(window);
     std::erase(mForms, window);
+    std::erase_if(mInputs, [window](const auto& input) { return input.window == window; });
     if (isDirty) {
-        std::ranges::replace(mDirty, window, nullptr);
+        std::erase(mDirty, window);
     }
     if (mFocused == window) {
         mFocused = nullptr;
@@ -92,17 +93,35 @@ void CHeadlessDesktop::MoveForm(CHeadlessWindow* window, bool toFront)
     }
 }
 
-bool CHeadlessDesktop::PaintOne()
+bool CHeadlessDesktop::PaintOne(const CHeadlessWindow* within)
 {
-    CHeadlessWindow* window = nullptr;
-    while (window == nullptr && !mDirty.empty()) {
-        window = mDirty.front();
-        mDirty.pop_front();
+    const auto found =
+        std::ranges::find_if(mDirty, [within](const auto* window) { return window->IsWithin(within); });
+    if (found == mDirty.end()) {
+        return false;
     }
-    if (window != nullptr) {
-        window->Paint();
+    CHeadlessWindow* const window = *found;
+    mDirty.erase(found);
+    window->Paint();
+    return true;
+}
+
+void CHeadlessDesktop::PostInput(CHeadlessWindow& window, std::function<void()> input)
+{
+    mInputs.push_back({&window, std::move(input)});
+}
+
+bool CHeadlessDesktop::RunInput(const CHeadlessWindow* within)
+{
+    const auto found =
+        std::ranges::find_if(mInputs, [within](const auto& input) { return input.window->IsWithin(within); });
+    if (found == mInputs.end()) {
+        return false;
     }
-    return window != nullptr;
+    const std::function<void()> run = std::move(found->run);
+    mInputs.erase(found);
+    run();
+    return true;
 }
 
 CHeadlessWindow::CHeadlessWindow(std::shared_ptr<CHeadlessDesktop> desktop, const TWindowSettings& settings)
@@ -127,6 +146,15 @@ CHeadlessWindow* CHeadlessWindow::Form() noexcept
         outer = outer->mParent;
     }
     return outer;
+}
+
+bool CHeadlessWindow::IsWithin(const CHeadlessWindow* outer) const noexcept
+{
+    const CHeadlessWindow* window = this;
+    while (window != nullptr && window != outer) {
+        window = window->mParent;
+    }
+    return outer == nullptr || window != nullptr;
 }
 
 void CHeadlessWindow::SetBounds(const Types::TRect& bounds)

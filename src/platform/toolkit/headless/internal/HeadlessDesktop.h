@@ -5,6 +5,7 @@
 #include "platform/toolkit/Window.h"
 
 #include <deque>
+#include <functional>
 #include <memory>
 #include <unordered_set>
 #include <vector>
@@ -20,8 +21,11 @@ class CHeadlessDesktop : public std::enable_shared_from_this<CHeadlessDesktop>
 {
 public:
     std::unique_ptr<Window> MakeWindow(const TWindowSettings& settings);
-    /// Paints one window that asked for it; false if none did.
-    bool PaintOne();
+    /// Paints one window that asked for it, if it lies in `within`, of all for null; false if none did.
+    bool PaintOne(const CHeadlessWindow* within);
+    void PostInput(CHeadlessWindow& window, std::function<void()> input);
+    /// Runs the first input that waits for a window in `within`, of all for null; false if none does.
+    bool RunInput(const CHeadlessWindow* within);
 
     // For the windows.
 
@@ -35,11 +39,18 @@ public:
     bool Exists(const CHeadlessWindow* window) const;
 
 private:
+    /// What the user does with a window.
+    struct TInputOf
+    {
+        CHeadlessWindow* window;
+        std::function<void()> run;
+    };
+
     std::unordered_set<const CHeadlessWindow*> mWindows;
     /// From the back to the front.
     std::vector<CHeadlessWindow*> mForms;
-    /// Those that are gone meanwhile are null.
     std::deque<CHeadlessWindow*> mDirty;
+    std::deque<TInputOf> mInputs;
     CHeadlessWindow* mActive = nullptr;
     CHeadlessWindow* mFocused = nullptr;
 };
@@ -69,6 +80,8 @@ public:
     bool CanBeActive() const noexcept { return mIsForm && mIsVisible && mIsEnabled; }
     /// The form that the window is in; null for one outside of any.
     CHeadlessWindow* Form() noexcept;
+    /// Whether it is `outer` or lies in it; true for null.
+    bool IsWithin(const CHeadlessWindow* outer) const noexcept;
 
 private:
     std::shared_ptr<CHeadlessDesktop> mDesktop;
