@@ -12,9 +12,10 @@ namespace Toolkits
 /// out of the loop that the dialog interrupts.
 int RunDialog(Toolkit& toolkit, QDialog& dialog);
 
-/// As `Toolkit::ShowBox` and `Toolkit::AskInput`.
+/// As `Toolkit::ShowBox`, `Toolkit::AskInput` and `Toolkit::AskFiles`.
 int ShowQtBox(Toolkit& toolkit, const TBox& box);
 bool AskByQt(Toolkit& toolkit, const TInput& input, System::UnicodeString& value);
+TFileAnswer AskFilesByQt(Toolkit& toolkit, const TFileQuestion& question);
 
 /// As `Toolkit::ShowMenu`.
 int ShowQtMenu(Toolkit& toolkit, const std::vector<TMenuEntry>& entries, Types::TPoint place);

@@ -16,11 +16,12 @@ namespace Toolkits
 namespace
 {
 
-/// A box whose mark is the control's alone to set.
+/// A box whose mark is the control's alone to set, and that can be clicked on anywhere.
 template <class Box>
 class GMarkedBox final : public Box
 {
 protected:
+    bool hitButton(const QPoint& place) const override { return Box::rect().contains(place); }
     void nextCheckState() override {}
 };
 

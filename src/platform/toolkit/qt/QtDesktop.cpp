@@ -37,6 +37,8 @@ void CQtDesktop::Forget(CQtWindow* window)
 {
     mWindows.erase(window);
     std::erase(mForms, window);
+    std::erase(mUnpainted, window);
+    mInputs.Forget(window);
     for (CQtWindow** place : {&mFocused, &mAwaited}) {
         if (*place == window) {
             *place = nullptr;
@@ -46,6 +48,14 @@ void CQtDesktop::Forget(CQtWindow* window)
         mActive = nullptr;
         ActivateNext();
     }
+}
+
+const CQtWindow* CQtDesktop::ExchangeOnly(const CQtWindow* window)
+{
+    for (CQtWindow* const unpainted : std::exchange(mUnpainted, {})) {
+        unpainted->Invalidate(nullptr);
+    }
+    return std::exchange(mOnly, window);
 }
 
 void CQtDesktop::ActivateNext()

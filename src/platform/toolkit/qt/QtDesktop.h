@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/toolkit/internal/InputQueue.h"
+
 #include <QPointer>
 #include <QWidget>
 
@@ -31,6 +33,14 @@ public:
     bool Exists(const CQtWindow* window) const { return mWindows.contains(window); }
     /// The form in which the user works; null for none.
     CQtWindow* Active() const noexcept { return mActive; }
+
+    /// What is played of the user.
+    GInputQueue<CQtWindow>& Inputs() noexcept { return mInputs; }
+    /// Lets the user work with `window` and what is in it alone; null for all. Gives the former one.
+    const CQtWindow* ExchangeOnly(const CQtWindow* window);
+    const CQtWindow* Only() const noexcept { return mOnly; }
+    /// The window is to be painted once it may be used again.
+    void PaintLater(CQtWindow* window) { mUnpainted.push_back(window); }
 
     // What a control asks for.
 
@@ -77,6 +87,9 @@ private:
     /// Those that were active longest ago stand first.
     std::vector<CQtWindow*> mForms;
     std::vector<TGrave> mGraves;
+    GInputQueue<CQtWindow> mInputs;
+    std::vector<CQtWindow*> mUnpainted;
+    const CQtWindow* mOnly = nullptr;
     CQtWindow* mActive = nullptr;
     CQtWindow* mFocused = nullptr;
     /// The form that the screen was asked to activate and hasn't yet.

@@ -55,10 +55,10 @@ CQtEdit::~CQtEdit() = default;
 
 void CQtEdit::SetText(const System::UnicodeString& text)
 {
-    const QString shown = ToQString(text);
-    if (shown != mEdit->text()) {
+    mTold = ToQString(text);
+    if (mTold != mEdit->text()) {
         const QSignalBlocker blocker(mEdit);
-        mEdit->setText(shown);
+        mEdit->setText(mTold);
     }
 }
 
@@ -90,7 +90,8 @@ void CQtEdit::SetEditTraits(const TEditTraits& traits)
 
 void CQtEdit::TellText()
 {
-    const System::UnicodeString text = FromQString(mEdit->text());
+    mTold = mEdit->text();
+    const System::UnicodeString text = FromQString(mTold);
     if (!IsInKey() && !Tell(TellForeignText)) {
         return;
     }
@@ -101,6 +102,10 @@ void CQtEdit::TellText()
 
 void CQtEdit::TellSelection()
 {
+    // The one in a text that the control doesn't know yet follows that.
+    if (mEdit->text() != mTold) {
+        return;
+    }
     const bool isSelected = mEdit->hasSelectedText();
     const int start = isSelected ? mEdit->selectionStart() : mEdit->cursorPosition();
     const int length = isSelected ? mEdit->selectionLength() : 0;

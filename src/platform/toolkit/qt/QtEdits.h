@@ -26,6 +26,8 @@ private:
     void TellText();
 
     QLineEdit* mEdit;
+    /// What the control knows.
+    QString mTold;
 };
 
 /// Lines that the user edits. The control's text has "\r\n" between them.

@@ -102,8 +102,8 @@ void CQtForm::SetBounds(const Types::TRect& bounds)
 void CQtForm::Place()
 {
     const Types::TRect& bounds = Bounds();
-    const QSize size = HeldSize(0LL + bounds.Width() - mMargins.left - mMargins.right,
-                                0LL + bounds.Height() - mMargins.top - mMargins.bottom);
+    const QSize size = HeldSize(0LL + bounds.Right - bounds.Left - mMargins.left - mMargins.right,
+                                0LL + bounds.Bottom - bounds.Top - mMargins.top - mMargins.bottom);
     if (IsSizeable(mFrame) || mFrame == EFrame::None) {
         Widget().resize(size);
     } else {

@@ -266,6 +266,11 @@ void CQtCombo::ShowItem(int index)
 void CQtCombo::SelectItem(int index)
 {
     const QSignalBlocker blocker(mCombo);
+    if (!mCombo->isEditable()) {
+        mCombo->setCurrentIndex(index);
+        return;
+    }
+    const QSignalBlocker lineBlocker(mCombo->lineEdit());
     mCombo->setCurrentIndex(index);
     SetText(mText);
 }
@@ -298,6 +303,10 @@ void CQtCombo::TellText(const QString& text)
 void CQtCombo::TellSelection()
 {
     const QLineEdit* const line = mCombo->lineEdit();
+    // The one in a text that the control doesn't know yet follows that.
+    if (line->text() != ToQString(mText)) {
+        return;
+    }
     const int start = line->hasSelectedText() ? line->selectionStart() : line->cursorPosition();
     const int length = line->hasSelectedText() ? line->selectionLength() : 0;
     Tell([&](WindowEvents& events) { events.SelectionMoved(start, length); });

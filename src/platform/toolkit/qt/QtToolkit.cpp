@@ -85,6 +85,12 @@ bool CQtToolkit::AskInput(const TInput& input, System::UnicodeString& value)
     return AskByQt(*this, input, value);
 }
 
+TFileAnswer CQtToolkit::AskFiles(const TFileQuestion& question)
+{
+    NeedApplication();
+    return AskFilesByQt(*this, question);
+}
+
 bool CQtToolkit::SetClipboardText(const System::UnicodeString& text)
 {
     NeedApplication();
@@ -246,17 +252,35 @@ bool CQtToolkit::ProcessMessage()
     if (mTurns >= mostTurns && ProcessQtEvents(false)) {
         return true;
     }
-    if (mMessages.RunOne()) {
+    if (mMessages.RunOne() || mDesktop->Inputs().RunOne(nullptr)) {
         ++mTurns;
         return true;
     }
     return ProcessQtEvents(false);
 }
 
+bool CQtToolkit::ProcessInput(Window& window)
+{
+    NeedApplication();
+    const auto* const only = dynamic_cast<const CQtWindow*>(&window);
+    if (mDesktop->Inputs().RunOne(only)) {
+        return true;
+    }
+    const CQtWindow* const former = mDesktop->ExchangeOnly(only);
+    const bool isDone = ProcessQtEvents(false);
+    mDesktop->ExchangeOnly(former);
+    return isDone;
+}
+
+void CQtToolkit::PostInput(Window& window, std::function<void()> input)
+{
+    mDesktop->Inputs().Post(dynamic_cast<CQtWindow&>(window), std::move(input));
+}
+
 void CQtToolkit::WaitMessage()
 {
     NeedApplication();
-    if (mMessages.IsEmpty()) {
+    if (mMessages.IsEmpty() && mDesktop->Inputs().IsEmpty()) {
         ProcessQtEvents(true);
     }
 }

@@ -22,6 +22,7 @@ public:
 
     int ShowBox(const TBox& box) override;
     bool AskInput(const TInput& input, System::UnicodeString& value) override;
+    TFileAnswer AskFiles(const TFileQuestion& question) override;
     bool SetClipboardText(const System::UnicodeString& text) override;
     System::UnicodeString GetClipboardText() override;
     Types::TRect DesktopRect() const override;
@@ -49,6 +50,8 @@ public:
     void Unwatch(int descriptor) override;
     void SetActivationToken(const System::UnicodeString& token) override;
     bool ProcessMessage() override;
+    bool ProcessInput(Window& window) override;
+    void PostInput(Window& window, std::function<void()> input) override;
     void WaitMessage() override;
     InputPlayer* GetInputPlayer() override { return &mPlayer; }
 

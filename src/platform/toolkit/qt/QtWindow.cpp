@@ -53,8 +53,11 @@ constexpr int MaximumExtent = QWIDGETSIZE_MAX;
 QRect HeldRect(const Types::TRect& bounds)
 {
     const auto place = [](int value) { return std::clamp(value, -MaximumExtent, MaximumExtent); };
-    const auto extent = [](int value) { return std::clamp(value, 0, MaximumExtent); };
-    return {place(bounds.Left), place(bounds.Top), extent(bounds.Width()), extent(bounds.Height())};
+    const auto extent = [](long long begin, long long end) {
+        return static_cast<int>(std::clamp<long long>(end - begin, 0, MaximumExtent));
+    };
+    return {place(bounds.Left), place(bounds.Top), extent(bounds.Left, bounds.Right),
+            extent(bounds.Top, bounds.Bottom)};
 }
 
 } // namespace
@@ -108,6 +111,15 @@ CQtWindow* CQtWindow::Form() noexcept
         outer = outer->mParent;
     }
     return outer;
+}
+
+bool CQtWindow::IsWithin(const CQtWindow* outer) const noexcept
+{
+    const CQtWindow* window = this;
+    while (window != nullptr && window != outer) {
+        window = window->mParent;
+    }
+    return outer == nullptr || window != nullptr;
 }
 
 QObject* CQtWindow::Context() const noexcept
@@ -178,7 +190,7 @@ void CQtWindow::Update()
 bool CQtWindow::IsBlocked()
 {
     CQtWindow* const form = Form();
-    return form != nullptr && !form->CanBeActive();
+    return (form != nullptr && !form->CanBeActive()) || !IsWithin(mDesktop->Only());
 }
 
 bool CQtWindow::HandleFiltered(QEvent& event)
@@ -383,6 +395,10 @@ bool CQtWindow::Paint(const QPaintEvent& event)
 {
     const QRect part = event.rect();
     if (part.isEmpty()) {
+        return true;
+    }
+    if (!IsWithin(mDesktop->Only())) {
+        mDesktop->PaintLater(this);
         return true;
     }
     Pixels pixels(part.width(), part.height(), mGround);

@@ -46,6 +46,8 @@ public:
     bool IsForm() const noexcept { return mIsForm; }
     /// The form that the window is in; null for one outside of any.
     CQtWindow* Form() noexcept;
+    /// Whether it is `outer` or lies in it; true for null.
+    bool IsWithin(const CQtWindow* outer) const noexcept;
     virtual bool CanBeActive() const { return false; }
 
     /// Tells the control something. Nothing that it raises comes out. False if the window is gone by then:
