@@ -4,6 +4,7 @@
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/toolkit/InputPlayer.h"
 #include "platform/toolkit/Toolkit.h"
+#include "platform/visual/menus/Menus.h"
 
 #include <sstream>
 #include <stdexcept>
@@ -188,6 +189,25 @@ void CFormDriver::Mouse(const UnicodeString& name, const TMouseInput& mouse)
     TMouseInput inWindow = mouse;
     TWinControl& window = WindowOf(Find(name), inWindow.place);
     Use(window, inWindow);
+}
+
+void CFormDriver::Choose(const UnicodeString& path)
+{
+    const Menus::TMainMenu* const menu = mForm.getMenu();
+    Menus::TMenuItem* item = menu == nullptr ? nullptr : menu->getItems();
+    std::u16string_view rest = path.AsView();
+    while (item != nullptr && !rest.empty()) {
+        const std::size_t bar = std::min(rest.find(u'|'), rest.size());
+        item = item->Find(UnicodeString(rest.substr(0, bar)));
+        rest.remove_prefix(std::min(bar + 1, rest.size()));
+        if (item != nullptr && !(item->getVisible() && item->getEnabled())) {
+            throw std::logic_error("nobody can choose '" + System::ToUtf8(path) + "'");
+        }
+    }
+    if (item == nullptr) {
+        throw std::invalid_argument("there is no item '" + System::ToUtf8(path) + "'");
+    }
+    item->Click();
 }
 
 void CFormDriver::Focus(const UnicodeString& name)

@@ -40,6 +40,11 @@ public:
     /// One thing that the mouse does over the control.
     void Mouse(const System::UnicodeString& name, const Toolkits::TMouseInput& mouse);
 
+    /// Chooses an item of the form's menu by the captions on the way to it, without marks, with a `|`
+    /// between: "File|Open...". `std::invalid_argument` for one that isn't there, `std::logic_error` for one
+    /// that can't be seen or used.
+    void Choose(const System::UnicodeString& path);
+
     /// Gives the control the focus by a click of the mouse in no place, as `SetFocus` does.
     void Focus(const System::UnicodeString& name);
     /// The name path of the control that has the focus; empty for none.

@@ -8,6 +8,7 @@
 #include "platform/visual/controls/Controls_WinControl.h"
 #include "platform/visual/controls/internal/Controls_Forget.h"
 #include "platform/visual/graphics/Graphics_Font.h"
+#include "platform/visual/graphics/Graphics_TextFormat.h"
 #include "platform/visual/menus/Menus.h"
 
 #include <algorithm>
@@ -571,6 +572,14 @@ void TControl::TakeParentBiDiMode()
         mBiDiMode = mParent->getBiDiMode();
         Perform(CM_BIDIMODECHANGED);
     }
+}
+
+unsigned TControl::DrawTextBiDiModeFlags(unsigned flags) const noexcept
+{
+    if (UseRightToLeftAlignment() && (flags & DT_CENTER) == 0) {
+        flags ^= DT_RIGHT;
+    }
+    return UseRightToLeftReading() ? flags | DT_RTLREADING : flags;
 }
 
 void TControl::Invalidate()

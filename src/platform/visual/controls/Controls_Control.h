@@ -162,6 +162,9 @@ public:
     bool IsRightToLeft() const noexcept { return mBiDiMode != Classes::bdLeftToRight; }
     bool UseRightToLeftAlignment() const noexcept { return mBiDiMode == Classes::bdRightToLeft; }
     bool UseRightToLeftReading() const noexcept { return IsRightToLeft(); }
+    /// The `DT_...` flags of a text for `Graphics::DrawText`, changed for the direction: left and right
+    /// change places where alignment does.
+    unsigned DrawTextBiDiModeFlags(unsigned flags) const noexcept;
 
     const TControlStyle& getControlStyle() const noexcept { return mControlStyle; }
     void setControlStyle(const TControlStyle& style) { mControlStyle = style; }

@@ -7,6 +7,7 @@
 #include "platform/toolkit/Dialogs.h"
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/controls/Controls_Publish.h"
+#include "platform/visual/controls/Forms_Accelerator.h"
 #include "platform/visual/forms/Forms_Application.h"
 #include "platform/visual/forms/Forms_Screen.h"
 #include "platform/visual/forms/internal/Forms_Orphans.h"
@@ -138,10 +139,34 @@ void TCustomForm::Dispatch(void* record)
             return;
         }
         break;
+    case CM_DIALOGCHAR:
+        TCustomControl::Dispatch(record);
+        if (message.Result == 0 && OpenMarkedMenu(message)) {
+            message.Result = 1;
+        }
+        return;
     default:
         break;
     }
     TCustomControl::Dispatch(record);
+}
+
+bool TCustomForm::OpenMarkedMenu(const TMessage& message)
+{
+    if (mMenu == nullptr ||
+        !Controls::ParamToShift(static_cast<std::uintptr_t>(message.LParam)).Contains(Classes::ssAlt)) {
+        return false;
+    }
+    const Menus::TMenuItem& items = *mMenu->getItems();
+    for (int i = 0; i < items.GetCount(); ++i) {
+        Menus::TMenuItem* const item = items.GetItem(i);
+        if (item->getVisible() && IsAccel(static_cast<System::Word>(message.WParam), item->getCaption())) {
+            const TPoint place = GetClientOrigin();
+            mMenu->OpenItem(item, place.X, place.Y);
+            return true;
+        }
+    }
+    return false;
 }
 
 void TCustomForm::ShowingChanged()

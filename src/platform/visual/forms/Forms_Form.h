@@ -149,6 +149,8 @@ private:
     System::UnicodeString ModalCaption() const override { return GetText(); }
     void CloseUnattended() override;
 
+    /// Opens the item of the menu whose caption marks the character; false if none does.
+    bool OpenMarkedMenu(const Messages::TMessage& message);
     void ShowingChanged();
     void PlaceForShow();
     void Center(const Types::TRect& area);

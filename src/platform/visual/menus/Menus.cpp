@@ -71,6 +71,14 @@ private:
     std::deque<TOpenItem> mItems;
 };
 
+/// Opens the menu of the items in `parent` at a place of the screen, and does what the user chose.
+void OpenItemsOf(const TMenuItem& parent, Types::TPoint place)
+{
+    COpenItems open;
+    const std::vector<Toolkits::TMenuEntry> entries = open.EntriesOf(parent);
+    open.Click(Toolkits::CurrentToolkit().ShowMenu(entries, place));
+}
+
 } // namespace
 
 TMetaClass* TMenu::ClassRecord()
@@ -147,6 +155,18 @@ TMetaClass* TMainMenu::ClassRecord()
 
 TMainMenu::~TMainMenu() = default;
 
+void TMainMenu::OpenItem(TMenuItem* item, int x, int y)
+{
+    if (!item->getEnabled()) {
+        return;
+    }
+    const TComponentWatch watch(item);
+    item->Click();
+    if (watch.IsAlive() && item->GetCount() > 0) {
+        OpenItemsOf(*item, {x, y});
+    }
+}
+
 TMetaClass* TPopupMenu::ClassRecord()
 {
     static TMetaClass* const record =
@@ -166,12 +186,9 @@ void TPopupMenu::Popup(int x, int y)
     if (OnPopup) {
         OnPopup(this);
     }
-    if (!watch.IsAlive()) {
-        return;
+    if (watch.IsAlive()) {
+        OpenItemsOf(*getItems(), {x, y});
     }
-    COpenItems open;
-    const std::vector<Toolkits::TMenuEntry> entries = open.EntriesOf(*getItems());
-    open.Click(Toolkits::CurrentToolkit().ShowMenu(entries, {x, y}));
 }
 
 } // namespace Menus

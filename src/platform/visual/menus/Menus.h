@@ -48,6 +48,10 @@ class TRS8_BTL_API TMainMenu : public TMenu
 public:
     explicit TMainMenu(Classes::TComponent* owner = nullptr) : TMenu(owner) {}
     ~TMainMenu() override;
+
+    /// Clicks on an item of this menu, which may prepare what is in it, and opens that at a place of the
+    /// screen. Nothing happens for an item that is disabled.
+    void OpenItem(TMenuItem* item, int x, int y);
 };
 
 /// A menu that opens at a place of the screen, as by the right button of the mouse.

@@ -6,6 +6,7 @@
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/Forms.h"
 #include "platform/visual/controls/ProbeControl.h"
+#include "platform/visual/menus/Menus.h"
 #include "testing/FormDriver.h"
 
 #include <gtest/gtest.h>
@@ -79,6 +80,35 @@ TEST_F(FormTest, OfOneWindowOnlyInputAndPaintRun)
     }
     Forms::Application->ProcessMessages();
     EXPECT_EQ(log, "form paint posted ");
+}
+
+TEST_F(FormTest, ItsMenuIsOpenedByItsMarksAndChosenFrom)
+{
+    TForm form;
+    auto* const menu = new Menus::TMainMenu(&form);
+    const auto add = [&](Menus::TMenuItem* parent, const UnicodeString& caption) {
+        auto* const item = new Menus::TMenuItem(&form);
+        item->setCaption(caption);
+        item->OnClick = Note(caption);
+        parent->Add(item);
+        return item;
+    };
+    Menus::TMenuItem* const file = add(menu->getItems(), u"&File");
+    add(file, u"&Open");
+    add(file, u"&Close")->setEnabled(false);
+    form.setMenu(menu);
+    form.Show();
+    Testing::CFormDriver driver(form);
+    driver.Choose(u"File|Open");
+    EXPECT_EQ(mLog, u"&Open ");
+    EXPECT_THROW(driver.Choose(u"File|Close"), std::logic_error);
+    EXPECT_THROW(driver.Choose(u"File|Print"), std::invalid_argument);
+    mLog = {};
+    mToolkit.AnswerMenu(u"Open");
+    driver.Press('F', {Classes::ssAlt});
+    EXPECT_EQ(mLog, u"&File &Open ");
+    driver.Press('F');
+    EXPECT_EQ(mLog, u"&File &Open ");
 }
 
 TEST_F(FormTest, AsksBeforeItCloses)

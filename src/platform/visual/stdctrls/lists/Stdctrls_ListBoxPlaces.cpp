@@ -1,0 +1,332 @@
+// SPDX-License-Identifier: MIT
+#include "platform/visual/controls/Controls_WindowActs.h"
+#include "platform/visual/graphics/Graphics_Canvas.h"
+#include "platform/visual/graphics/Graphics_DrawText.h"
+#include "platform/visual/stdctrls/lists/Stdctrls_ListBox.h"
+#include "platform/visual/stdctrls/lists/internal/Stdctrls_ListItems.h"
+
+#include <algorithm>
+
+// Where the items of a list box are, and how they are drawn.
+
+namespace Stdctrls
+{
+
+using Types::TRect;
+
+bool TCustomListBox::IsNative() const
+{
+    return !IsOwnerDrawn() && !getMultiSelect() && mColumns == 0;
+}
+
+void TCustomListBox::CreateParams(Controls::TCreateParams& params)
+{
+    TCustomMultiSelectListControl::CreateParams(params);
+    params.Kind = IsNative() ? NativeKind() : Toolkits::EWindowKind::Canvas;
+}
+
+void TCustomListBox::CreateWnd()
+{
+    TCustomMultiSelectListControl::CreateWnd();
+    GetWindow()->ShowItems(*this);
+    GetWindow()->SelectItem(GetItemIndex());
+}
+
+Toolkits::ECheck TCustomListBox::GetItemCheck(int index) const
+{
+    return IsVirtual() ? Toolkits::ECheck::Unchecked : mItems->ItemAt(index).check;
+}
+
+bool TCustomListBox::IsItemEnabled(int index) const
+{
+    return IsVirtual() || mItems->ItemAt(index).isEnabled;
+}
+
+bool TCustomListBox::IsItemHeader(int index) const
+{
+    return !IsVirtual() && mItems->ItemAt(index).isHeader;
+}
+
+void TCustomListBox::setStyle(TListBoxStyle style)
+{
+    if (style != mStyle) {
+        mStyle = style;
+        mTopIndex = 0;
+        RecreateWnd();
+        Invalidate();
+    }
+}
+
+void TCustomListBox::setColumns(int columns)
+{
+    columns = std::max(columns, 0);
+    if (columns != mColumns) {
+        mColumns = columns;
+        KeepTopIndex();
+        RecreateWnd();
+        Invalidate();
+    }
+}
+
+void TCustomListBox::setBorderStyle(Forms::TFormBorderStyle style)
+{
+    if (style != mBorderStyle) {
+        mBorderStyle = style;
+        RecreateWnd();
+        Invalidate();
+    }
+}
+
+int TCustomListBox::getItemHeight() const
+{
+    return IsOwnerDrawn() ? mItemHeight : std::max(getCanvas()->TextHeight(u"0"), 1);
+}
+
+void TCustomListBox::setItemHeight(int height)
+{
+    if (height > 0 && height != mItemHeight) {
+        mItemHeight = height;
+        KeepTopIndex();
+        Invalidate();
+    }
+}
+
+void TCustomListBox::MeasureItem(int index, int& height)
+{
+    if (OnMeasureItem) {
+        OnMeasureItem(this, index, height);
+    }
+}
+
+int TCustomListBox::HeightOf(int index) const
+{
+    if (mStyle != lbOwnerDrawVariable || index >= GetCount()) {
+        return getItemHeight();
+    }
+    CListItem& item = mItems->ItemAt(index);
+    if (item.height <= 0) {
+        int height = mItemHeight;
+        const_cast<TCustomListBox*>(this)->MeasureItem(index, height);
+        // Whoever measures may have changed the list.
+        if (index >= GetCount()) {
+            return mItemHeight;
+        }
+        mItems->ItemAt(index).height = std::max(height, 1);
+        return mItems->ItemAt(index).height;
+    }
+    return item.height;
+}
+
+int TCustomListBox::RowsInSight() const
+{
+    return std::max(getClientHeight() / getItemHeight(), 1);
+}
+
+int TCustomListBox::ItemsInSight() const
+{
+    if (mColumns > 0) {
+        return RowsInSight() * mColumns;
+    }
+    if (mStyle != lbOwnerDrawVariable) {
+        return RowsInSight();
+    }
+    int count = 0;
+    for (int used = 0; mTopIndex + count < GetCount(); ++count) {
+        used += HeightOf(mTopIndex + count);
+        if (used > getClientHeight()) {
+            break;
+        }
+    }
+    return std::max(count, 1);
+}
+
+int TCustomListBox::ColumnWidth() const
+{
+    return mColumns == 0 ? getClientWidth() : std::max(getClientWidth() / mColumns, 1);
+}
+
+int TCustomListBox::getTopIndex() const
+{
+    return mTopIndex;
+}
+
+void TCustomListBox::setTopIndex(int index)
+{
+    const int former = mTopIndex;
+    mTopIndex = index;
+    KeepTopIndex();
+    if (mTopIndex != former) {
+        Invalidate();
+    }
+}
+
+void TCustomListBox::KeepTopIndex()
+{
+    int last = GetCount() - 1;
+    if (mStyle == lbOwnerDrawVariable) {
+        for (int room = getClientHeight(); last > 0; --last) {
+            room -= HeightOf(last);
+            if (room < HeightOf(last - 1)) {
+                break;
+            }
+        }
+    } else {
+        last = GetCount() - ItemsInSight();
+    }
+    mTopIndex = std::clamp(mTopIndex, 0, std::max(last, 0));
+    if (mColumns > 0) {
+        // Columns are moved as a whole; the last one need not be full.
+        const int rows = RowsInSight();
+        mTopIndex = (mTopIndex + rows - 1) / rows * rows;
+    }
+}
+
+void TCustomListBox::ShowIndex(int index)
+{
+    if (index < mTopIndex) {
+        setTopIndex(mColumns > 0 ? index / RowsInSight() * RowsInSight() : index);
+        return;
+    }
+    if (mStyle == lbOwnerDrawVariable) {
+        while (mTopIndex < index && index >= mTopIndex + ItemsInSight()) {
+            ++mTopIndex;
+        }
+        Invalidate();
+        return;
+    }
+    const int inSight = ItemsInSight();
+    if (index >= mTopIndex + inSight) {
+        setTopIndex(index - inSight + 1);
+    }
+}
+
+void TCustomListBox::Resize()
+{
+    KeepTopIndex();
+    TCustomMultiSelectListControl::Resize();
+}
+
+TRect TCustomListBox::ItemRect(int index) const
+{
+    if (index < 0 || index > GetCount()) {
+        return {};
+    }
+    if (mColumns > 0) {
+        const int rows = RowsInSight();
+        const int column = index / rows - mTopIndex / rows;
+        const int top = index % rows * getItemHeight();
+        return {column * ColumnWidth(), top, (column + 1) * ColumnWidth(), top + getItemHeight()};
+    }
+    if (mStyle != lbOwnerDrawVariable) {
+        const long long top = static_cast<long long>(index - mTopIndex) * getItemHeight();
+        const int held = static_cast<int>(std::clamp(top, -0x3FFFFFFFLL, 0x3FFFFFFFLL));
+        return {0, held, getClientWidth(), held + getItemHeight()};
+    }
+    int top = 0;
+    for (int i = mTopIndex; i < index; ++i) {
+        top += HeightOf(i);
+    }
+    for (int i = index; i < mTopIndex; ++i) {
+        top -= HeightOf(i);
+    }
+    return {0, top, getClientWidth(), top + HeightOf(index)};
+}
+
+int TCustomListBox::ItemAtPos(const Types::TPoint& place, bool existing) const
+{
+    if (!GetClientRect().Contains(place)) {
+        return -1;
+    }
+    const int count = GetCount();
+    int index = mTopIndex;
+    if (mColumns > 0) {
+        const int row = place.Y / getItemHeight();
+        index += row < RowsInSight() ? place.X / ColumnWidth() * RowsInSight() + row : count;
+    } else if (mStyle != lbOwnerDrawVariable) {
+        index += place.Y / getItemHeight();
+    } else {
+        for (int bottom = HeightOf(index); index < count && place.Y >= bottom; bottom += HeightOf(index)) {
+            ++index;
+        }
+    }
+    if (index < count) {
+        return index;
+    }
+    return existing ? -1 : count;
+}
+
+void TCustomListBox::InvalidateItem(int index)
+{
+    if (GetWindow() != nullptr) {
+        GetWindow()->ShowItem(index);
+    }
+    Invalidate();
+}
+
+void TCustomListBox::DrawText(int index, const TRect& rect)
+{
+    const bool isFromRight = UseRightToLeftAlignment();
+    TRect place{rect.Left + (isFromRight ? 0 : 2), rect.Top, rect.Right - (isFromRight ? 2 : 0), rect.Bottom};
+    Graphics::TCanvas& canvas = *getCanvas();
+    canvas.FillRect(rect);
+    Graphics::DrawText(&canvas, GetItemText(index), place,
+                       DrawTextBiDiModeFlags(DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX));
+}
+
+void TCustomListBox::DrawItem(int index, const TRect& rect, TOwnerDrawState state)
+{
+    if (OnDrawItem) {
+        OnDrawItem(this, index, rect, state);
+    } else if (index >= 0 && index < GetCount()) {
+        DrawText(index, rect);
+    } else {
+        getCanvas()->FillRect(rect);
+    }
+}
+
+void TCustomListBox::PaintItem(int index, const TRect& rect)
+{
+    Graphics::TCanvas& canvas = *getCanvas();
+    TOwnerDrawState state;
+    const bool isChosen = IsChosen(index);
+    const bool isFocused = Focused() && index == GetItemIndex();
+    isChosen ? state << odSelected : state;
+    isFocused ? state << odFocused : state;
+    getEnabled() ? state : state << odDisabled;
+    canvas.setFont(const_cast<Graphics::TFont*>(&GetShownFont()));
+    canvas.getBrush()->setColor(getColor());
+    const TRect rest = DrawLead(index, rect);
+    canvas.getBrush()->setColor(isChosen ? Graphics::clHighlight : getColor());
+    if (isChosen) {
+        canvas.getFont()->setColor(Graphics::clHighlightText);
+    } else if (!getEnabled() || !IsItemEnabled(index)) {
+        canvas.getFont()->setColor(Graphics::clGrayText);
+    }
+    if (IsOwnerDrawn()) {
+        DrawItem(index, rest, state);
+    } else {
+        DrawText(index, rest);
+    }
+    if (isFocused && canvas.HandleAllocated()) {
+        canvas.DrawFocusRect(rest);
+    }
+}
+
+void TCustomListBox::Paint()
+{
+    if (Controls::WindowActs(*this)) {
+        return;
+    }
+    Graphics::TCanvas& canvas = *getCanvas();
+    canvas.FillRect(GetClientRect());
+    const int end = mColumns > 0 ? RowsInSight() * (mColumns + 1) : ItemsInSight() + 1;
+    for (int i = 0; i < end && mTopIndex + i < GetCount(); ++i) {
+        PaintItem(mTopIndex + i, ItemRect(mTopIndex + i));
+    }
+    if (mBorderStyle != Forms::bsNone) {
+        canvas.getBrush()->setColor(Graphics::clWindowFrame);
+        canvas.FrameRect(GetClientRect());
+    }
+}
+
+} // namespace Stdctrls

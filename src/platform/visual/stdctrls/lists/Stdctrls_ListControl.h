@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/visual/controls/Controls_CustomControl.h"
+
+namespace Stdctrls
+{
+
+/// Base of controls with items of which the user chooses.
+class TRS8_BTL_API TCustomListControl : public Controls::TCustomControl
+{
+    TRS8_BTL_CLASS(TCustomListControl, Controls::TCustomControl)
+
+public:
+    explicit TCustomListControl(Classes::TComponent* owner = nullptr) : TCustomControl(owner) {}
+    ~TCustomListControl() override;
+
+    /// The chosen item; -1 for none. An index that isn't there chooses none. No event is called.
+    int getItemIndex() const { return GetItemIndex(); }
+    void setItemIndex(int index) { SetItemIndex(index); }
+
+    /// Adds an item with an object, which stays the caller's.
+    virtual void AddItem(const System::UnicodeString& text, System::TObject* object) = 0;
+    /// Deletes all items.
+    virtual void Clear() = 0;
+    virtual void ClearSelection() = 0;
+    /// Adds the chosen items, with their objects, to another list.
+    virtual void CopySelection(TCustomListControl* destination) = 0;
+    virtual void DeleteSelected() = 0;
+    /// As `CopySelection`, and deletes them here.
+    virtual void MoveSelection(TCustomListControl* destination);
+    virtual void SelectAll() = 0;
+
+protected:
+    virtual int GetCount() const = 0;
+    virtual int GetItemIndex() const = 0;
+    virtual void SetItemIndex(int index) = 0;
+};
+
+/// Base of lists of which several items may be chosen.
+class TRS8_BTL_API TCustomMultiSelectListControl : public TCustomListControl
+{
+    TRS8_BTL_CLASS(TCustomMultiSelectListControl, TCustomListControl)
+
+public:
+    explicit TCustomMultiSelectListControl(Classes::TComponent* owner = nullptr) : TCustomListControl(owner)
+    {
+    }
+    ~TCustomMultiSelectListControl() override;
+
+    /// Whether several items may be chosen at once; off at first.
+    bool getMultiSelect() const noexcept { return mMultiSelect; }
+    void setMultiSelect(bool isOn) { SetMultiSelect(isOn); }
+    /// How many items are chosen; -1 unless several may be.
+    int getSelCount() const { return GetSelCount(); }
+
+protected:
+    virtual void SetMultiSelect(bool isOn) { mMultiSelect = isOn; }
+    virtual int GetSelCount() const = 0;
+
+private:
+    bool mMultiSelect = false;
+};
+
+} // namespace Stdctrls
