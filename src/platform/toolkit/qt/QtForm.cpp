@@ -104,12 +104,13 @@ void CQtForm::Place()
     const Types::TRect& bounds = Bounds();
     const QSize size = HeldSize(0LL + bounds.Right - bounds.Left - mMargins.left - mMargins.right,
                                 0LL + bounds.Bottom - bounds.Top - mMargins.top - mMargins.bottom);
-    if (IsSizeable(mFrame) || mFrame == EFrame::None) {
-        Widget().resize(size);
-    } else {
-        Widget().setFixedSize(size);
-    }
-    Widget().move(HeldPlace(bounds.Left), HeldPlace(bounds.Top));
+    const bool isFixed = !IsSizeable(mFrame) && mFrame != EFrame::None;
+    Widget().setMinimumSize(isFixed ? size : QSize(1, 1));
+    Widget().setMaximumSize(isFixed ? size : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+    // By the place of the client area, whatever the frame takes in truth: what is in the form is where the controls
+    // say.
+    Widget().setGeometry(
+        QRect(QPoint(HeldPlace(bounds.Left) + mMargins.left, HeldPlace(bounds.Top) + mMargins.top), size));
 }
 
 void CQtForm::SetVisible(bool isVisible)
@@ -126,9 +127,10 @@ void CQtForm::SetVisible(bool isVisible)
 
 void CQtForm::TellBounds()
 {
-    const QRect now(Widget().pos(), Widget().size());
-    const Types::TRect bounds{now.x(), now.y(), now.x() + now.width() + mMargins.left + mMargins.right,
-                              now.y() + now.height() + mMargins.top + mMargins.bottom};
+    const QRect now = Widget().geometry();
+    const Types::TRect bounds{now.x() - mMargins.left, now.y() - mMargins.top,
+                              now.x() + now.width() + mMargins.right,
+                              now.y() + now.height() + mMargins.bottom};
     if (bounds != Bounds()) {
         KeepBounds(bounds);
         Tell([&](WindowEvents& events) { events.BoundsChanged(bounds); });

@@ -2,7 +2,7 @@
 #include "platform/visual/stdctrls/Stdctrls_Label.h"
 
 #include "platform/visual/controls/Controls_Publish.h"
-#include "platform/visual/forms/Forms_Types.h"
+#include "platform/visual/controls/Forms_Accelerator.h"
 #include "platform/visual/graphics/Graphics_Canvas.h"
 
 namespace Stdctrls
@@ -20,7 +20,8 @@ System::TMetaClass* TCustomLabel::ClassRecord()
 
 TCustomLabel::TCustomLabel(Classes::TComponent* owner) : TGraphicControl(owner)
 {
-    setControlStyle(getControlStyle() + Controls::TControlStyle{Controls::csOpaque, Controls::csReplicatable} -
+    setControlStyle(getControlStyle() +
+                    Controls::TControlStyle{Controls::csOpaque, Controls::csReplicatable} -
                     Controls::TControlStyle{Controls::csAcceptsControls});
     TControl::SetAutoSize(true);
     // There is no text yet that it could take the size of.
@@ -115,11 +116,7 @@ void TCustomLabel::Dispatch(void* record)
 unsigned TCustomLabel::LayoutFlags() const
 {
     constexpr unsigned alignments[] = {DT_LEFT, DT_RIGHT, DT_CENTER};
-    Classes::TAlignment alignment = mAlignment;
-    if (UseRightToLeftAlignment() && alignment != Classes::taCenter) {
-        alignment = alignment == Classes::taLeftJustify ? Classes::taRightJustify : Classes::taLeftJustify;
-    }
-    return DT_EXPANDTABS | alignments[alignment] | (mWordWrap ? DT_WORDBREAK : 0);
+    return DrawTextBiDiModeFlags(DT_EXPANDTABS | alignments[mAlignment] | (mWordWrap ? DT_WORDBREAK : 0));
 }
 
 void TCustomLabel::AdjustBounds()
@@ -146,9 +143,6 @@ void TCustomLabel::DoDrawText(TRect& rect, unsigned flags)
     }
     if (!mShowAccelChar) {
         flags |= DT_NOPREFIX;
-    }
-    if (UseRightToLeftReading()) {
-        flags |= DT_RTLREADING;
     }
     if (mEllipsisPosition != epNone && !getAutoSize()) {
         flags = (flags & ~DT_EXPANDTABS) | ellipses[mEllipsisPosition] |
