@@ -1,0 +1,332 @@
+// SPDX-License-Identifier: MIT
+#include "platform/runtime/classes/Classes_ComponentWatch.h"
+#include "platform/toolkit/Toolkit.h"
+#include "platform/visual/controls/Controls_WindowActs.h"
+#include "platform/visual/graphics/Graphics_Canvas.h"
+#include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
+
+#include <algorithm>
+
+// Keys, the mouse and the picture of an edit whose window doesn't act by itself.
+
+namespace Stdctrls
+{
+
+using Classes::ssAlt;
+using Classes::ssCtrl;
+using Classes::ssShift;
+using Classes::TShiftState;
+using System::UnicodeString;
+using System::WideChar;
+using System::Word;
+using Types::TPoint;
+using Types::TRect;
+
+bool TCustomEdit::WantsKey(Word key, TShiftState shift) const
+{
+    const bool isArrow = key >= VK_LEFT && key <= VK_DOWN;
+    return isArrow && !shift.Contains(ssAlt);
+}
+
+bool TCustomEdit::ActOnKey(Word key, TShiftState shift)
+{
+    if (shift.Contains(ssAlt) && (shift.Contains(ssCtrl) || key != VK_BACK)) {
+        return false;
+    }
+    return ActOnClipboardKey(key, shift) || ActOnDeleteKey(key, shift) || ActOnMoveKey(key, shift);
+}
+
+bool TCustomEdit::ActOnClipboardKey(Word key, const TShiftState& shift)
+{
+    const bool isCtrl = shift.Contains(ssCtrl);
+    const bool isShift = shift.Contains(ssShift);
+    if (isCtrl && key == 'A') {
+        SelectAll();
+    } else if (isCtrl && (key == 'C' || key == VK_INSERT)) {
+        CopyToClipboard();
+    } else if ((isCtrl && key == 'X') || (isShift && !isCtrl && key == VK_DELETE)) {
+        CutToClipboard();
+    } else if ((isCtrl && key == 'V') || (isShift && !isCtrl && key == VK_INSERT)) {
+        PasteFromClipboard();
+    } else if ((isCtrl && key == 'Z') || (shift.Contains(ssAlt) && key == VK_BACK)) {
+        Undo();
+    } else {
+        return false;
+    }
+    return true;
+}
+
+bool TCustomEdit::ActOnDeleteKey(Word key, const TShiftState& shift)
+{
+    const int caret = mBuffer.getCaret();
+    if (key == VK_DELETE) {
+        DeleteByKey(caret, shift.Contains(ssCtrl) ? mBuffer.NextWord(caret) : mBuffer.NextPlace(caret));
+        return true;
+    }
+    // Without Ctrl it comes as a character, which a handler may keep.
+    if (key == VK_BACK && shift.Contains(ssCtrl)) {
+        DeleteByKey(mBuffer.FormerWord(caret), caret);
+        return true;
+    }
+    return false;
+}
+
+void TCustomEdit::DeleteByKey(int from, int to)
+{
+    if (mBuffer.SelLength() > 0) {
+        from = mBuffer.SelStart();
+        to = from + mBuffer.SelLength();
+    }
+    EditByUser(from, to - from, {});
+}
+
+bool TCustomEdit::ActOnMoveKey(Word key, const TShiftState& shift)
+{
+    const bool isCtrl = shift.Contains(ssCtrl);
+    const bool extends = shift.Contains(ssShift);
+    const int caret = mBuffer.getCaret();
+    const bool leavesSelection = mBuffer.SelLength() > 0 && !extends && !isCtrl;
+    switch (key) {
+    case VK_LEFT:
+        MoveCaret(leavesSelection ? mBuffer.SelStart()
+                  : isCtrl        ? mBuffer.FormerWord(caret)
+                                  : mBuffer.FormerPlace(caret),
+                  extends);
+        return true;
+    case VK_RIGHT:
+        MoveCaret(leavesSelection ? mBuffer.SelStart() + mBuffer.SelLength()
+                  : isCtrl        ? mBuffer.NextWord(caret)
+                                  : mBuffer.NextPlace(caret),
+                  extends);
+        return true;
+    case VK_UP:
+    case VK_DOWN:
+        MoveCaret(VerticalPlace(key == VK_UP ? -1 : 1), extends);
+        return true;
+    case VK_PRIOR:
+    case VK_NEXT:
+        MoveCaret(VerticalPlace(key == VK_PRIOR ? -PageLines() : PageLines()), extends);
+        return IsMultiLine();
+    case VK_HOME:
+        MoveCaret(isCtrl ? 0 : LineBegin(caret), extends);
+        return true;
+    case VK_END:
+        MoveCaret(isCtrl ? mBuffer.Length() : LineEnd(caret), extends);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void TCustomEdit::MoveCaret(int place, bool extends)
+{
+    Select(extends ? mBuffer.getAnchor() : place, place);
+}
+
+int TCustomEdit::VerticalPlace(int lines) const
+{
+    const int caret = mBuffer.getCaret();
+    return lines < 0 ? mBuffer.FormerPlace(caret) : mBuffer.NextPlace(caret);
+}
+
+int TCustomEdit::LineBegin(int) const
+{
+    return 0;
+}
+
+int TCustomEdit::LineEnd(int) const
+{
+    return mBuffer.Length();
+}
+
+bool TCustomEdit::ActOnChar(WideChar character)
+{
+    if (character == VK_BACK) {
+        DeleteByKey(mBuffer.FormerPlace(mBuffer.getCaret()), mBuffer.getCaret());
+        return true;
+    }
+    constexpr WideChar deleted = 127;
+    if (character < u' ' || character == deleted) {
+        return false;
+    }
+    EditByUser(mBuffer.SelStart(), mBuffer.SelLength(), UnicodeString(character));
+    return true;
+}
+
+void TCustomEdit::ActOnMouse(const Toolkits::TMouseInput& mouse)
+{
+    using Toolkits::EMouseAction;
+    if (mouse.action == EMouseAction::Move && getControlState().Contains(Controls::csLButtonDown)) {
+        MoveCaret(PlaceAt(mouse.place), true);
+        return;
+    }
+    const bool isPress = mouse.action == EMouseAction::Down || mouse.action == EMouseAction::DoubleClick;
+    if (!isPress || mouse.button != Controls::mbLeft) {
+        return;
+    }
+    if (!Focused() && CanFocus()) {
+        const Classes::TComponentWatch watch(this);
+        SetFocus();
+        if (!watch.IsAlive()) {
+            return;
+        }
+    }
+    const int place = PlaceAt(mouse.place);
+    if (mouse.action == EMouseAction::DoubleClick) {
+        const int begin = mBuffer.FormerWord(mBuffer.NextPlace(place));
+        Select(begin, mBuffer.NextWord(begin));
+    } else {
+        MoveCaret(place, mouse.shift.Contains(ssShift));
+    }
+}
+
+// The picture.
+
+int TCustomEdit::LineHeight() const
+{
+    return Toolkits::CurrentToolkit().FontMetrics(GetShownFont().getData()).height;
+}
+
+int TCustomEdit::TextWidth(const UnicodeString& text) const
+{
+    return text.IsEmpty() ? 0 : Toolkits::CurrentToolkit().TextExtent(GetShownFont().getData(), text).cx;
+}
+
+UnicodeString TCustomEdit::ShownText(const UnicodeString& text) const
+{
+    return mTraits.passwordChar == 0
+               ? text
+               : System::UnicodeString::StringOfChar(mTraits.passwordChar, text.Length());
+}
+
+TRect TCustomEdit::TextRect() const
+{
+    const int inset = mBorderStyle == Forms::bsNone ? 1 : getCtl3D() ? 4 : 3;
+    const TRect client = GetClientRect();
+    return {inset, inset, std::max(client.Right - inset, inset), std::max(client.Bottom - inset, inset)};
+}
+
+int TCustomEdit::UnitsWithin(const UnicodeString& text, int distance) const
+{
+    int low = 0;
+    int high = text.Length();
+    while (low < high) {
+        const int middle = low + (high - low + 1) / 2;
+        if (TextWidth(text.SubString(1, middle)) <= distance) {
+            low = middle;
+        } else {
+            high = middle - 1;
+        }
+    }
+    if (low == text.Length() || distance < 0) {
+        return low;
+    }
+    // The nearer side of the character that is hit.
+    const int left = TextWidth(text.SubString(1, low));
+    const int right = TextWidth(text.SubString(1, low + 1));
+    return distance - left > right - distance ? low + 1 : low;
+}
+
+namespace
+{
+
+/// More units than any width shows, since few take no width of their own.
+int MostUnits(int width)
+{
+    return std::max(width, 0) + 16;
+}
+
+} // namespace
+
+UnicodeString TCustomEdit::SeenPiece() const
+{
+    mFirstSeen = std::min(mFirstSeen, mBuffer.Length());
+    return ShownText(mBuffer.getText().SubString(mFirstSeen + 1, MostUnits(TextRect().Width())));
+}
+
+int TCustomEdit::AlignmentSpace(const UnicodeString& shown) const
+{
+    const int space = TextRect().Width() - TextWidth(shown);
+    if (mAlignment == Classes::taLeftJustify || space <= 0) {
+        return 0;
+    }
+    return mAlignment == Classes::taCenter ? space / 2 : space;
+}
+
+int TCustomEdit::PlaceAt(TPoint place) const
+{
+    const UnicodeString shown = SeenPiece();
+    return mFirstSeen + UnitsWithin(shown, place.X - TextRect().Left - AlignmentSpace(shown));
+}
+
+void TCustomEdit::ScrollCaret()
+{
+    if (!getShowing() || Controls::WindowActs(*this)) {
+        return;
+    }
+    const int caret = mBuffer.getCaret();
+    const int width = TextRect().Width();
+    mFirstSeen = std::min(mFirstSeen, caret);
+    const auto fits = [&](int first) {
+        return TextWidth(ShownText(mBuffer.getText().SubString(first + 1, caret - first))) <= width;
+    };
+    int low = std::max(mFirstSeen, caret - MostUnits(width));
+    int high = caret;
+    while (low < high) {
+        const int middle = low + (high - low) / 2;
+        if (fits(middle)) {
+            high = middle;
+        } else {
+            low = middle + 1;
+        }
+    }
+    mFirstSeen = low;
+}
+
+void TCustomEdit::PaintPiece(Graphics::TCanvas& canvas, TPoint at, int place, const UnicodeString& text) const
+{
+    const bool isSelectionSeen = Focused() || !mTraits.hidesSelection;
+    const int length = text.Length();
+    const int begin = std::clamp(mBuffer.SelStart() - place, 0, length);
+    const int end = std::clamp(mBuffer.SelStart() + mBuffer.SelLength() - place, 0, length);
+    canvas.getBrush()->setStyle(Graphics::bsClear);
+    canvas.getFont()->setColor(getEnabled() ? GetShownFont().getColor() : Graphics::clGrayText);
+    canvas.TextOut(at.X, at.Y, text);
+    if (!isSelectionSeen || begin == end) {
+        return;
+    }
+    canvas.getBrush()->setColor(Graphics::clHighlight);
+    canvas.getBrush()->setStyle(Graphics::bsSolid);
+    canvas.getFont()->setColor(Graphics::clHighlightText);
+    canvas.TextOut(at.X + TextWidth(text.SubString(1, begin)), at.Y, text.SubString(begin + 1, end - begin));
+}
+
+void TCustomEdit::PaintText(Graphics::TCanvas& canvas)
+{
+    const TRect area = TextRect();
+    if (mBuffer.Length() == 0) {
+        canvas.getBrush()->setStyle(Graphics::bsClear);
+        canvas.getFont()->setColor(Graphics::clGrayText);
+        canvas.TextOut(area.Left + AlignmentSpace(mTraits.hint), area.Top, mTraits.hint);
+        return;
+    }
+    const UnicodeString shown = SeenPiece();
+    PaintPiece(canvas, {area.Left + AlignmentSpace(shown), area.Top}, mFirstSeen, shown);
+}
+
+void TCustomEdit::PaintOn(Toolkits::PaintDevice& device)
+{
+    Graphics::TCanvas canvas;
+    canvas.setFont(const_cast<Graphics::TFont*>(&GetShownFont()));
+    canvas.getBrush()->setColor(getColor());
+    canvas.setHandle(&device);
+    canvas.FillRect(GetClientRect());
+    if (mBorderStyle != Forms::bsNone) {
+        canvas.getBrush()->setColor(Graphics::clBtnShadow);
+        canvas.FrameRect(GetClientRect());
+    }
+    PaintText(canvas);
+    canvas.setHandle(nullptr);
+}
+
+} // namespace Stdctrls
