@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/toolkit/Pixels.h"
+#include "platform/toolkit/PaintDevice.h"
 #include "platform/toolkit/headless/HeadlessToolkit.h"
 
 #include <cstdlib>

@@ -107,8 +107,8 @@ void CQtForm::Place()
     const bool isFixed = !IsSizeable(mFrame) && mFrame != EFrame::None;
     Widget().setMinimumSize(isFixed ? size : QSize(1, 1));
     Widget().setMaximumSize(isFixed ? size : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
-    // By the place of the client area, whatever the frame takes in truth: what is in the form is where the controls
-    // say.
+    // By the place of the client area, whatever the frame takes in truth: what is in the form is where the
+    // controls say.
     Widget().setGeometry(
         QRect(QPoint(HeldPlace(bounds.Left) + mMargins.left, HeldPlace(bounds.Top) + mMargins.top), size));
 }

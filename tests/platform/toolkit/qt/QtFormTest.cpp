@@ -8,6 +8,7 @@
 #include "platform/visual/stdctrls/Extctrls_Timer.h"
 #include "platform/visual/stdctrls/Stdctrls_Label.h"
 #include "platform/visual/stdctrls/buttons/Stdctrls_Button.h"
+#include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
 #include "support/ChildProgram.h"
 #include "support/ScopedVariable.h"
 #include "support/TempFolder.h"
@@ -33,20 +34,6 @@ using Forms::TForm;
 using System::TObject;
 using System::UnicodeString;
 
-/// A line to type in, with what every windowed control has and no more.
-class TLine final : public Controls::TWinControl
-{
-public:
-    explicit TLine(Classes::TComponent* owner) : TWinControl(owner) { setTabStop(true); }
-
-protected:
-    void CreateParams(Controls::TCreateParams& params) override
-    {
-        TWinControl::CreateParams(params);
-        params.Kind = Toolkits::EWindowKind::Edit;
-    }
-};
-
 class TMeasureForm final : public TForm
 {
 public:
@@ -58,13 +45,13 @@ public:
         SetBounds(100, 80, 320, 200);
         setPosition(Forms::poDesigned);
         Place(fLabel, u"fLabel", {20, 20, 280, 40});
-        Place(fLine, u"fLine", {20, 50, 200, 80});
+        Place(fEdit, u"fEdit", {20, 50, 200, 80});
         Place(fButton, u"fButton", {20, 100, 120, 130});
         fLabel.setCaption(u"<b>Voltage</b> in volts, 50 % to 100 %");
-        fLine.setText(UnicodeString());
+        fEdit.setText(UnicodeString());
         fButton.setCaption(u"&Start");
         fButton.OnClick = [this](TObject*) {
-            fLabel.setCaption(u"Started with " + fLine.getText());
+            fLabel.setCaption(u"Started with " + fEdit.getText());
             ++clicks;
         };
         timer.setInterval(5);
@@ -72,7 +59,7 @@ public:
     }
 
     Stdctrls::TLabel fLabel{this};
-    TLine fLine{this};
+    Stdctrls::TEdit fEdit{this};
     Stdctrls::TButton fButton{this};
     Extctrls::TTimer timer{this};
     int clicks = 0;
@@ -145,21 +132,21 @@ TEST(QtScreenTest, DISABLED_FormIsUsedByKeysAndMouse)
     TMeasureForm form;
     form.Show();
     ASSERT_TRUE(RunUntil([&] { return form.ticks > 3 && QApplication::activeWindow() != nullptr; }));
-    ClickOn(form.fLine);
-    ASSERT_TRUE(RunUntil([&] { return form.fLine.Focused(); }));
+    ClickOn(form.fEdit);
+    ASSERT_TRUE(RunUntil([&] { return form.fEdit.Focused(); }));
     Use("type 12,5");
-    ASSERT_TRUE(RunUntil([&] { return form.fLine.getText() == u"12,5"; }));
+    ASSERT_TRUE(RunUntil([&] { return form.fEdit.getText() == u"12,5"; }));
     Use("key BackSpace key 7");
-    ASSERT_TRUE(RunUntil([&] { return form.fLine.getText() == u"12,7"; }));
+    ASSERT_TRUE(RunUntil([&] { return form.fEdit.getText() == u"12,7"; }));
     const QImage before = TakePicture("before.png");
     EXPECT_GT(CountDark(before, form.fLabel), 100);
-    EXPECT_GT(CountDark(before, form.fLine), 20);
+    EXPECT_GT(CountDark(before, form.fEdit), 20);
     ClickOn(form.fButton);
     ASSERT_TRUE(RunUntil([&] { return form.clicks == 1; }));
     EXPECT_EQ(form.fLabel.getCaption(), u"Started with 12,7");
     EXPECT_TRUE(form.fButton.Focused());
     Use("key Tab");
-    ASSERT_TRUE(RunUntil([&] { return form.fLine.Focused(); }));
+    ASSERT_TRUE(RunUntil([&] { return form.fEdit.Focused(); }));
     Use("key alt+s");
     ASSERT_TRUE(RunUntil([&] { return form.clicks == 2; }));
     EXPECT_NE(TakePicture("after.png"), before);
