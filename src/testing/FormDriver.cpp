@@ -5,6 +5,7 @@
 #include "platform/toolkit/InputPlayer.h"
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/menus/Menus.h"
+#include "testing/internal/ControlState.h"
 
 #include <sstream>
 #include <stdexcept>
@@ -102,6 +103,7 @@ void PrintControl(std::ostream& out, const TControl& control, int level)
     if (window != nullptr && window->Focused()) {
         out << " focused";
     }
+    WriteControlState(out, control);
     out << '\n';
     for (int i = 0; window != nullptr && i < window->GetControlCount(); ++i) {
         PrintControl(out, *window->GetControl(i), level + 1);
@@ -208,6 +210,15 @@ void CFormDriver::Choose(const UnicodeString& path)
         throw std::invalid_argument("there is no item '" + System::ToUtf8(path) + "'");
     }
     item->Click();
+}
+
+void CFormDriver::Choose(const UnicodeString& name, int index)
+{
+    auto* const window = dynamic_cast<TWinControl*>(&Find(name));
+    if (window == nullptr || !CanBeUsed(*window)) {
+        throw std::logic_error("nobody can choose in '" + System::ToUtf8(name) + "'");
+    }
+    window->GetWindowEvents().Chosen(index);
 }
 
 void CFormDriver::Focus(const UnicodeString& name)

@@ -37,6 +37,9 @@ public:
     void DoubleClick(const System::UnicodeString& name);
     /// As `Click`, once the message loop comes to it; nothing happens if the form has no window by then.
     void ClickSoon(const System::UnicodeString& name);
+    /// Picks an item of a list or a combo box, as by a click on it in the open list. `std::logic_error` for a
+    /// control that can't be seen or used.
+    void Choose(const System::UnicodeString& name, int index);
     /// One thing that the mouse does over the control.
     void Mouse(const System::UnicodeString& name, const Toolkits::TMouseInput& mouse);
 

@@ -12,7 +12,7 @@ namespace Buttons
 {
 
 /// The picture of a button, in as many parts as there are states, and how it is laid out with the caption.
-class CButtonGlyph
+class TRS8_BTL_API CButtonGlyph
 {
 public:
     CButtonGlyph();
