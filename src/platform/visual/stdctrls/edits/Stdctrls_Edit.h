@@ -171,6 +171,10 @@ protected:
                     const System::UnicodeString& text) const;
     /// How many units of `text` end before the distance from its beginning.
     int UnitsWithin(const System::UnicodeString& text, int distance) const;
+    /// The first place of a line that is seen, `first` as far as the caret then is too.
+    int FirstSeenFor(int first, int caret) const;
+    /// As much of the text from the place on, up to `end`, as could be seen at once.
+    System::UnicodeString PieceFrom(int place, int end) const;
 
     bool CanAutoSize(int& width, int& height) override;
     void CreateParams(Controls::TCreateParams& params) override;

@@ -238,10 +238,16 @@ int MostUnits(int width)
 
 } // namespace
 
+UnicodeString TCustomEdit::PieceFrom(int place, int end) const
+{
+    const int length = std::min(end - place, MostUnits(TextRect().Width()));
+    return ShownText(mBuffer.getText().SubString(place + 1, length));
+}
+
 UnicodeString TCustomEdit::SeenPiece() const
 {
     mFirstSeen = std::min(mFirstSeen, mBuffer.Length());
-    return ShownText(mBuffer.getText().SubString(mFirstSeen + 1, MostUnits(TextRect().Width())));
+    return PieceFrom(mFirstSeen, mBuffer.Length());
 }
 
 int TCustomEdit::AlignmentSpace(const UnicodeString& shown) const
@@ -259,28 +265,28 @@ int TCustomEdit::PlaceAt(TPoint place) const
     return mFirstSeen + UnitsWithin(shown, place.X - TextRect().Left - AlignmentSpace(shown));
 }
 
-void TCustomEdit::ScrollCaret()
+int TCustomEdit::FirstSeenFor(int first, int caret) const
 {
-    if (!getShowing() || Controls::WindowActs(*this)) {
-        return;
-    }
-    const int caret = mBuffer.getCaret();
     const int width = TextRect().Width();
-    mFirstSeen = std::min(mFirstSeen, caret);
-    const auto fits = [&](int first) {
-        return TextWidth(ShownText(mBuffer.getText().SubString(first + 1, caret - first))) <= width;
-    };
-    int low = std::max(mFirstSeen, caret - MostUnits(width));
+    int low = std::max(std::min(first, caret), caret - MostUnits(width));
     int high = caret;
     while (low < high) {
         const int middle = low + (high - low) / 2;
-        if (fits(middle)) {
+        const UnicodeString piece = mBuffer.getText().SubString(middle + 1, caret - middle);
+        if (TextWidth(ShownText(piece)) <= width) {
             high = middle;
         } else {
             low = middle + 1;
         }
     }
-    mFirstSeen = low;
+    return low;
+}
+
+void TCustomEdit::ScrollCaret()
+{
+    if (getShowing() && !Controls::WindowActs(*this)) {
+        mFirstSeen = FirstSeenFor(mFirstSeen, mBuffer.getCaret());
+    }
 }
 
 void TCustomEdit::PaintPiece(Graphics::TCanvas& canvas, TPoint at, int place, const UnicodeString& text) const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/visual/controls/Controls_Publish.h"
+#include "platform/visual/stdctrls/Stdctrls_ScrollStyle.h"
 #include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
 
 namespace Stdctrls
@@ -37,6 +38,18 @@ System::GClassBuilder<T> PublishLine(System::GClassBuilder<T> builder)
         .Property(u"PasswordChar", &T::getPasswordChar, &T::setPasswordChar, {.defaultValue = 0})
         .Property(u"Text", &T::getText, &T::setText)
         .Property(u"TextHint", &T::getTextHint, &T::setTextHint);
+    return builder;
+}
+
+/// What edits of several lines have beside it.
+template <class T>
+System::GClassBuilder<T> PublishMemo(System::GClassBuilder<T> builder)
+{
+    builder.Property(u"Lines", &T::getLines, &T::setLines)
+        .Property(u"ScrollBars", &T::getScrollBars, &T::setScrollBars, {.defaultValue = ssNone})
+        .Property(u"WantReturns", &T::getWantReturns, &T::setWantReturns, {.defaultValue = 1})
+        .Property(u"WantTabs", &T::getWantTabs, &T::setWantTabs, {.defaultValue = 0})
+        .Property(u"WordWrap", &T::getWordWrap, &T::setWordWrap, {.defaultValue = 1});
     return builder;
 }
 
