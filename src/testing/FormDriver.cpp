@@ -188,6 +188,7 @@ void CFormDriver::ClickSoon(const UnicodeString& name)
 
 void CFormDriver::Mouse(const UnicodeString& name, const TMouseInput& mouse)
 {
+    Settle();
     TMouseInput inWindow = mouse;
     TWinControl& window = WindowOf(Find(name), inWindow.place);
     Use(window, inWindow);

@@ -4,6 +4,7 @@
 #include "platform/toolkit/qt/QtConvert.h"
 
 #include <QCheckBox>
+#include <QEvent>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
@@ -51,6 +52,19 @@ CQtButton::CQtButton(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings&
 }
 
 CQtButton::~CQtButton() = default;
+
+bool CQtButton::HandleEvent(QEvent& event)
+{
+    if (event.type() != QEvent::MouseButtonRelease) {
+        return CQtWindow::HandleEvent(event);
+    }
+    // The click comes before the release, as on every toolkit.
+    if (CanBeUsed() && !Pass(event)) {
+        return true;
+    }
+    CQtWindow::HandleEvent(event);
+    return true;
+}
 
 void CQtButton::SetText(const System::UnicodeString& text)
 {

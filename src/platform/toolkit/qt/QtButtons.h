@@ -20,6 +20,9 @@ public:
     void SetDefaultButton(bool isDefault) override;
     bool ActsByItself() const override { return true; }
 
+protected:
+    bool HandleEvent(QEvent& event) override;
+
 private:
     QAbstractButton* mButton;
 };

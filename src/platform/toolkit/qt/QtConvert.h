@@ -13,6 +13,9 @@
 namespace Toolkits
 {
 
+/// A line that is longer than this fits no screen, and takes Qt longer to lay out than anybody waits.
+inline constexpr int MostLineUnits = 1 << 15;
+
 /// Texts with all their units, zeros and lone surrogates among them.
 inline QString ToQString(const System::UnicodeString& text)
 {

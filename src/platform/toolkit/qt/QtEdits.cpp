@@ -31,6 +31,18 @@ Qt::Alignment AlignmentOf(int alignment)
     }
 }
 
+bool HasLongLine(std::u16string_view text)
+{
+    while (text.size() > static_cast<std::size_t>(MostLineUnits)) {
+        const std::size_t end = text.rfind(u'\n', static_cast<std::size_t>(MostLineUnits));
+        if (end == text.npos) {
+            return true;
+        }
+        text.remove_prefix(end + 1);
+    }
+    return false;
+}
+
 /// Text that came without a key is told of like one, so that the control can refuse it.
 void TellForeignText(WindowEvents& events)
 {
@@ -55,7 +67,11 @@ CQtEdit::~CQtEdit() = default;
 
 void CQtEdit::SetText(const System::UnicodeString& text)
 {
-    mTold = ToQString(text);
+    mIsTooLong = text.Length() > MostLineUnits;
+    mTold = mIsTooLong ? QString() : ToQString(text);
+    if (mIsTooLong) {
+        mEdit->update();
+    }
     if (mTold != mEdit->text()) {
         const QSignalBlocker blocker(mEdit);
         mEdit->setText(mTold);
@@ -92,7 +108,7 @@ void CQtEdit::TellText()
 {
     mTold = mEdit->text();
     const System::UnicodeString text = FromQString(mTold);
-    if (!IsInKey() && !Tell(TellForeignText)) {
+    if (!IsPassing() && !Tell(TellForeignText)) {
         return;
     }
     if (Tell([&](WindowEvents& events) { events.TextEdited(text); })) {
@@ -133,7 +149,12 @@ QWidget& CQtMemo::Surface() const noexcept
 
 void CQtMemo::SetText(const System::UnicodeString& text)
 {
-    const QString shown = ToQString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    mIsTooLong = HasLongLine(text.AsView());
+    const QString shown =
+        mIsTooLong ? QString() : ToQString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    if (mIsTooLong) {
+        Surface().update();
+    }
     if (shown == mTold) {
         return;
     }
@@ -217,7 +238,7 @@ void CQtMemo::TellText()
     }
     mTold = text;
     text.replace(QStringLiteral("\n"), QStringLiteral("\r\n"));
-    if (!IsInKey() && !Tell(TellForeignText)) {
+    if (!IsPassing() && !Tell(TellForeignText)) {
         return;
     }
     if (Tell([&](WindowEvents& events) { events.TextEdited(FromQString(text)); })) {

@@ -9,7 +9,7 @@ class QPlainTextEdit;
 namespace Toolkits
 {
 
-/// A line that the user edits.
+/// A line that the user edits. One that is too long for Qt is edited and painted by the control itself.
 class CQtEdit final : public CQtWindow
 {
 public:
@@ -19,18 +19,20 @@ public:
     void SetText(const System::UnicodeString& text) override;
     void SetSelection(int start, int length) override;
     void SetEditTraits(const TEditTraits& traits) override;
-    bool ActsByItself() const override { return true; }
+    bool ActsByItself() const override { return !mIsTooLong; }
 
 private:
     void TellSelection();
     void TellText();
 
     QLineEdit* mEdit;
+    bool mIsTooLong = false;
     /// What the control knows.
     QString mTold;
 };
 
-/// Lines that the user edits. The control's text has "\r\n" between them.
+/// Lines that the user edits. The control's text has "\r\n" between them. If one is too long for Qt, the
+/// control itself edits and paints all of them.
 class CQtMemo final : public CQtWindow
 {
 public:
@@ -41,7 +43,7 @@ public:
     void SetSelection(int start, int length) override;
     void SetEditTraits(const TEditTraits& traits) override;
     void ShowCaret() override;
-    bool ActsByItself() const override { return true; }
+    bool ActsByItself() const override { return !mIsTooLong; }
     QWidget& Surface() const noexcept override;
 
 private:
@@ -55,6 +57,7 @@ private:
     QString mTold;
     int mMaxLength = 0;
     bool mIsBusy = false;
+    bool mIsTooLong = false;
 };
 
 } // namespace Toolkits

@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 
 #include <algorithm>
+#include <limits>
 #include <vector>
 
 namespace Toolkits
@@ -107,7 +108,11 @@ TTextMetrics MetricsOf(const TFontData& data)
 Types::TSize ExtentOf(const TFontData& data, const System::UnicodeString& text)
 {
     const QFontMetrics metrics(ToQFont(data));
-    return {.cx = metrics.horizontalAdvance(ToQString(text)), .cy = metrics.ascent() + metrics.descent()};
+    const int measured = std::min(text.Length(), MostLineUnits);
+    const long long width = metrics.horizontalAdvance(ToQString(text).left(measured)) +
+                            static_cast<long long>(text.Length() - measured) * metrics.averageCharWidth();
+    return {.cx = static_cast<int>(std::min<long long>(width, std::numeric_limits<int>::max())),
+            .cy = metrics.ascent() + metrics.descent()};
 }
 
 } // namespace Toolkits

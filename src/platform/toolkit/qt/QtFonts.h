@@ -15,6 +15,7 @@ namespace Toolkits
 const QFont& ToQFont(const TFontData& data);
 
 TTextMetrics MetricsOf(const TFontData& data);
+/// As `Toolkit::TextExtent`; what is beyond any screen is measured by the average width.
 Types::TSize ExtentOf(const TFontData& data, const System::UnicodeString& text);
 
 } // namespace Toolkits

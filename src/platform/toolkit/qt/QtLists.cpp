@@ -231,10 +231,17 @@ void CQtCombo::SetEditable(bool isEditable)
 void CQtCombo::SetText(const System::UnicodeString& text)
 {
     mText = text;
-    if (mCombo->isEditable() && ToQString(text) != mCombo->lineEdit()->text()) {
-        const QSignalBlocker blocker(mCombo->lineEdit());
-        mCombo->lineEdit()->setText(ToQString(text));
+    if (!mCombo->isEditable()) {
+        return;
     }
+    mIsTooLong = text.Length() > MostLineUnits;
+    mCombo->lineEdit()->setVisible(!mIsTooLong);
+    const QString shown = mIsTooLong ? QString() : ToQString(text);
+    if (shown != mCombo->lineEdit()->text()) {
+        const QSignalBlocker blocker(mCombo->lineEdit());
+        mCombo->lineEdit()->setText(shown);
+    }
+    mCombo->update();
 }
 
 void CQtCombo::SetSelection(int start, int length)

@@ -33,7 +33,8 @@ private:
     bool mIsBusy = false;
 };
 
-/// A line with a list that opens below it.
+/// A line with a list that opens below it. A text that is too long for Qt is edited and painted by the
+/// control.
 class CQtCombo final : public CQtWindow
 {
 public:
@@ -47,7 +48,7 @@ public:
     void SelectItem(int index) override;
     void SetComboTraits(const TComboTraits& traits) override;
     void SetDropped(bool isOpen) override;
-    bool ActsByItself() const override { return true; }
+    bool ActsByItself() const override { return !mIsTooLong; }
 
     /// The list opens or closes.
     void TellDrop(bool isOpen);
@@ -62,6 +63,7 @@ private:
     System::UnicodeString mText;
     /// Whether the list opens or closes because the control says so.
     bool mIsToldSo = false;
+    bool mIsTooLong = false;
 };
 
 } // namespace Toolkits

@@ -10,14 +10,6 @@
 namespace Toolkits
 {
 
-namespace
-{
-
-/// No line of a screen has more characters; what comes behind them can't be seen.
-constexpr int MostCharacters = 1 << 15;
-
-} // namespace
-
 CQtPaintDevice::~CQtPaintDevice() = default;
 
 void CQtPaintDevice::Text(const Types::TPoint& at, const System::UnicodeString& text, const TFontData& font,
@@ -38,7 +30,7 @@ void CQtPaintDevice::Text(const Types::TPoint& at, const System::UnicodeString& 
     const QFont& shown = ToQFont(font);
     painter.setFont(shown);
     painter.setLayoutDirection(options.isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
-    const QString line = ToQString(text).left(MostCharacters);
+    const QString line = ToQString(text).left(MostLineUnits);
     const QFontMetrics metrics(shown);
     if (options.isOpaque) {
         painter.fillRect(0, 0, metrics.horizontalAdvance(line), metrics.ascent() + metrics.descent(),

@@ -195,10 +195,9 @@ bool CQtWindow::IsBlocked()
 
 bool CQtWindow::HandleFiltered(QEvent& event)
 {
-    if (mIsInKey && (event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease)) {
-        return false;
-    }
-    return HandleEvent(event);
+    const bool isInput = event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease ||
+                         event.type() == QEvent::MouseButtonRelease;
+    return !(mIsPassing && isInput) && HandleEvent(event);
 }
 
 bool CQtWindow::HandleEvent(QEvent& event)
@@ -275,13 +274,19 @@ bool CQtWindow::PassKey(const QKeyEvent& event, System::Word key, const QString&
     const bool isOther = key != KeyOf(event) && ToQtKey(key) != 0;
     QKeyEvent passed(event.type(), isOther ? ToQtKey(key) : event.key(), event.modifiers(), text,
                      event.isAutoRepeat(), static_cast<quint16>(event.count()));
-    const std::shared_ptr<TState> state = mState;
-    mIsInKey = true;
-    QCoreApplication::sendEvent(mWidget, &passed);
-    if (state->isAlive) {
-        mIsInKey = false;
-    }
+    Pass(passed);
     return true;
+}
+
+bool CQtWindow::Pass(QEvent& event)
+{
+    const std::shared_ptr<TState> state = mState;
+    mIsPassing = true;
+    QCoreApplication::sendEvent(mWidget, &event);
+    if (state->isAlive) {
+        mIsPassing = false;
+    }
+    return state->isAlive;
 }
 
 bool CQtWindow::HandleRelease(const QKeyEvent& event)

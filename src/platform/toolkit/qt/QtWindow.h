@@ -75,10 +75,15 @@ protected:
     virtual bool HandleEvent(QEvent& event);
     /// What the signals of the widget are connected by, so that they end with the window.
     QObject* Context() const noexcept;
+    /// Whether the user is kept from the form of the window, or from all windows but another one.
+    bool IsBlocked();
+    bool CanBeUsed() { return mWidget->isEnabled() && !IsBlocked(); }
     /// Watches a part of the widget too.
     void WatchPart(QWidget* part);
-    /// Whether a key is on its way through the widget.
-    bool IsInKey() const noexcept { return mIsInKey; }
+    /// Whether a key, or what else is told of around it, is on its way through the widget.
+    bool IsPassing() const noexcept { return mIsPassing; }
+    /// Lets the widget act on an event now; false if the window is gone then.
+    bool Pass(QEvent& event);
     CQtDesktop& Desktop() const noexcept { return *mDesktop; }
     const Types::TRect& Bounds() const noexcept { return mBounds; }
     void KeepBounds(const Types::TRect& bounds) noexcept { mBounds = bounds; }
@@ -102,9 +107,8 @@ private:
     bool HandleFocus(const QEvent& event);
     bool HandleDrop(QEvent& event);
     bool Paint(const QPaintEvent& event);
-    /// Lets the widget itself act on a key; always true.
+    /// Lets the widget act on a key that may be another one by now; always true.
     bool PassKey(const QKeyEvent& event, System::Word key, const QString& text);
-    bool IsBlocked();
 
     std::shared_ptr<CQtDesktop> mDesktop;
     std::shared_ptr<TState> mState;
@@ -115,7 +119,7 @@ private:
     Types::TRect mBounds;
     TPixel mGround = OpaquePixel(240, 240, 240);
     bool mIsForm;
-    bool mIsInKey = false;
+    bool mIsPassing = false;
 };
 
 /// An area that the library paints.
