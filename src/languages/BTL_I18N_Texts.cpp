@@ -4,6 +4,7 @@
 #include "config/BTL_INI_Texts.h"
 #include "os/WIN_TickCount.h"
 #include "platform/runtime/sysutils/Sysutils_Text.h"
+#include "text/verifiers/BTL_TextVerifier.h"
 
 namespace BTL
 {
@@ -39,6 +40,7 @@ UnicodeString GetFormat(EIDS id)
 
 [[maybe_unused]] const bool linked = [] {
     WIN::GetRemainingTimeText = [] { return Gi18n::GetString(EIDS::RemainingTime); };
+    GetCurrencyUnit = [] { return Gi18n::GetString(EIDS::CurrencyUnit); };
     GetIniText = [](EIniText text) { return GetFormat(static_cast<EIDS>(text)); };
     return true;
 }();

@@ -5,6 +5,7 @@
 #include "platform/toolkit/InputPlayer.h"
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/menus/Menus.h"
+#include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
 #include "testing/internal/ControlState.h"
 
 #include <sstream>
@@ -108,6 +109,18 @@ void PrintControl(std::ostream& out, const TControl& control, int level)
     for (int i = 0; window != nullptr && i < window->GetControlCount(); ++i) {
         PrintControl(out, *window->GetControl(i), level + 1);
     }
+}
+
+/// The key that types a character: that of a letter or digit, else one that only brings it.
+System::Word KeyOf(System::WideChar character)
+{
+    const bool isSmall = character >= u'a' && character <= u'z';
+    const bool isKey = isSmall || (character >= u'A' && character <= u'Z') ||
+                       (character >= u'0' && character <= u'9') || character == u' ';
+    if (!isKey) {
+        return VK_PACKET;
+    }
+    return isSmall ? static_cast<System::Word>(character - u'a' + u'A') : character;
 }
 
 /// What a key types; 0 for one that types nothing.
@@ -281,10 +294,46 @@ void CFormDriver::Type(const UnicodeString& text)
         if (!watch.IsAlive()) {
             return;
         }
-        if (!PlayKey(0, character, {})) {
-            KeyTarget()->GetWindowEvents().CharacterTyped(character);
-        }
+        TypeCharacter(character);
     }
+}
+
+void CFormDriver::TypeCharacter(System::WideChar character)
+{
+    if (PlayKey(0, character, {})) {
+        return;
+    }
+    const Classes::TComponentWatch watch(&mForm);
+    System::Word key = KeyOf(character);
+    const bool isTaken = KeyTarget()->GetWindowEvents().KeyPressed(key, {});
+    if (watch.IsAlive() && !isTaken && key != 0) {
+        KeyTarget()->GetWindowEvents().CharacterTyped(character);
+    }
+    if (watch.IsAlive()) {
+        KeyTarget()->GetWindowEvents().KeyReleased(KeyOf(character), {});
+    }
+}
+
+void CFormDriver::Insert(const UnicodeString& text)
+{
+    auto* const edit = dynamic_cast<Stdctrls::TCustomEdit*>(KeyTarget());
+    if (edit == nullptr) {
+        throw std::logic_error("what has the focus takes no text");
+    }
+    Toolkits::InputPlayer* const player = Toolkits::CurrentToolkit().GetInputPlayer();
+    if (player != nullptr && edit->GetWindow() != nullptr) {
+        player->InsertText(*edit->GetWindow(), text);
+        return;
+    }
+    const Classes::TComponentWatch watch(edit);
+    System::Word key = VK_PROCESSKEY;
+    if (edit->GetWindowEvents().KeyPressed(key, {}) || !watch.IsAlive() || edit->getReadOnly()) {
+        return;
+    }
+    UnicodeString whole = edit->GetText();
+    whole.Delete(edit->getSelStart() + 1, edit->getSelLength());
+    whole.Insert(text, edit->getSelStart() + 1);
+    edit->GetWindowEvents().TextEdited(whole);
 }
 
 std::string CFormDriver::Print() const

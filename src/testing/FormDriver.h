@@ -55,8 +55,11 @@ public:
     /// Presses a key and lets it go, in the control that has the focus; keys that make a character type it
     /// too.
     void Press(System::Word key, const Classes::TShiftState& shift = {});
-    /// Types each character of the text.
+    /// Types each character of the text by a key of its own.
     void Type(const System::UnicodeString& text);
+    /// Brings a text in one piece to the edit that has the focus, in place of its selection, as an input
+    /// method or a drop does. `std::logic_error` if what has the focus is no edit.
+    void Insert(const System::UnicodeString& text);
 
     /// The form and its controls, one a line, each level two blanks to the right: class, name, bounds, text
     /// and what isn't usual of its state.
@@ -66,6 +69,7 @@ private:
     Controls::TWinControl* KeyTarget() const;
     /// False if the toolkit has nobody who plays the user.
     bool PlayKey(System::Word key, System::WideChar character, const Classes::TShiftState& shift);
+    void TypeCharacter(System::WideChar character);
 
     Forms::TCustomForm& mForm;
 };

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/Export.h"
+#include "platform/base/System_String.h"
 #include "platform/toolkit/Input.h"
 
 namespace Toolkits
@@ -22,6 +23,8 @@ public:
     /// nothing.
     virtual void PressKey(Window& window, System::Word key, System::WideChar character,
                           const Classes::TShiftState& shift) = 0;
+    /// Brings a text in one piece to the window, as an input method does.
+    virtual void InsertText(Window& window, const System::UnicodeString& text) = 0;
     /// Does one thing with the mouse in the window.
     virtual void UseMouse(Window& window, const TMouseInput& mouse) = 0;
 };

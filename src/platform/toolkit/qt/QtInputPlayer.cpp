@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/qt/QtInputPlayer.h"
 
+#include "platform/toolkit/qt/QtConvert.h"
 #include "platform/toolkit/qt/QtKeys.h"
 #include "platform/toolkit/qt/QtWindow.h"
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
@@ -64,6 +66,13 @@ void CQtInputPlayer::PressKey(Window& window, System::Word key, System::WideChar
             QCoreApplication::sendEvent(target, &event);
         }
     }
+}
+
+void CQtInputPlayer::InsertText(Window& window, const System::UnicodeString& text)
+{
+    QInputMethodEvent event;
+    event.setCommitString(ToQString(text));
+    QCoreApplication::sendEvent(&dynamic_cast<CQtWindow&>(window).Widget(), &event);
 }
 
 void CQtInputPlayer::UseMouse(Window& window, const TMouseInput& mouse)

@@ -15,6 +15,7 @@ public:
     void Settle() override;
     void PressKey(Window& window, System::Word key, System::WideChar character,
                   const Classes::TShiftState& shift) override;
+    void InsertText(Window& window, const System::UnicodeString& text) override;
     void UseMouse(Window& window, const TMouseInput& mouse) override;
 };
 
