@@ -45,7 +45,8 @@ CQtButton::CQtButton(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings&
     : CQtWindow(std::move(desktop), settings, MakeButton(settings.kind)),
       mButton(static_cast<QAbstractButton*>(&Widget()))
 {
-    mButton->setFocusPolicy(Qt::ClickFocus);
+    // The control takes the focus when it hears of the press: a radio button must know why it comes.
+    mButton->setFocusPolicy(Qt::NoFocus);
     SetText(settings.text);
     QObject::connect(mButton, &QAbstractButton::clicked, Context(),
                      [this] { Tell([](WindowEvents& events) { events.Chosen(0); }); });

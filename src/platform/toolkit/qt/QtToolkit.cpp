@@ -4,12 +4,12 @@
 #include "platform/toolkit/qt/QtBoxes.h"
 #include "platform/toolkit/qt/QtButtons.h"
 #include "platform/toolkit/qt/QtColors.h"
+#include "platform/toolkit/qt/QtCombo.h"
 #include "platform/toolkit/qt/QtConvert.h"
 #include "platform/toolkit/qt/QtDesktop.h"
 #include "platform/toolkit/qt/QtEdits.h"
 #include "platform/toolkit/qt/QtFonts.h"
 #include "platform/toolkit/qt/QtForm.h"
-#include "platform/toolkit/qt/QtLists.h"
 #include "platform/toolkit/qt/QtPaintDevice.h"
 #include "platform/toolkit/qt/QtPictures.h"
 
@@ -125,12 +125,10 @@ std::unique_ptr<Window> CQtToolkit::MakeWindow(const TWindowSettings& settings)
     case EWindowKind::CheckBox:
     case EWindowKind::RadioButton:
         return std::make_unique<CQtButton>(mDesktop, settings);
-    case EWindowKind::ListBox:
-    case EWindowKind::CheckListBox:
-        return std::make_unique<CQtList>(mDesktop, settings);
     case EWindowKind::ComboBox:
         return std::make_unique<CQtCombo>(mDesktop, settings);
     default:
+        // What the controls paint and do by themselves, with all their styles.
         return std::make_unique<CQtCanvas>(mDesktop, settings);
     }
 }

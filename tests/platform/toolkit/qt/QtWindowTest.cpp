@@ -111,33 +111,26 @@ TEST(QtWindowTest, ChoosesByMouseAndByKeys)
     }
 }
 
-/// Two items, the second one with a check mark.
+/// What a combo box has.
 class TwoItems final : public Toolkits::WindowItems
 {
 public:
     int GetItemCount() const override { return 2; }
     System::UnicodeString GetItemText(int index) const override { return index == 0 ? u"one" : u"two"; }
-    Toolkits::ECheck GetItemCheck(int index) const override
-    {
-        return index == 1 ? Toolkits::ECheck::Checked : Toolkits::ECheck::Unchecked;
-    }
 };
 
-TEST(QtWindowTest, ShowsTheItemsOfLists)
+TEST(QtWindowTest, ShowsTheItemsOfAComboBox)
 {
     const TwoItems items;
-    for (const EWindowKind kind : {EWindowKind::ListBox, EWindowKind::CheckListBox, EWindowKind::ComboBox}) {
-        TShownWindow shown(kind);
-        shown.window->ShowItems(items);
-        shown.window->SelectItem(0);
-        EXPECT_EQ(shown.log.Take(), "");
-        shown.Press(VK_DOWN);
-        EXPECT_EQ(shown.log.Take().find("key40 chosen1 "), 0U);
-        if (kind == EWindowKind::CheckListBox) {
-            shown.Press(VK_SPACE, u' ');
-            EXPECT_EQ(shown.log.Take(), "key32 char  check1 ");
-        }
-    }
+    TShownWindow shown(EWindowKind::ComboBox);
+    shown.window->ShowItems(items);
+    shown.window->SelectItem(0);
+    EXPECT_EQ(shown.log.Take(), "");
+    shown.Press(VK_DOWN);
+    EXPECT_EQ(shown.log.Take().find("key40 chosen1 "), 0U);
+    shown.window->SetDropped(true);
+    shown.window->SetDropped(false);
+    EXPECT_EQ(shown.log.Take(), "");
 }
 
 TEST(QtWindowTest, HearsOfTheFocusAtOnceAndFromTheUserOnce)
@@ -190,6 +183,20 @@ TEST(QtWindowTest, BearsSizesOfAllKinds)
     EXPECT_EQ(FindWidget("Form")->size(), QSize(100, 100));
 }
 
+TEST(QtWindowTest, LeavesTextsThatAreTooLongToTheControl)
+{
+    for (const EWindowKind kind : {EWindowKind::Edit, EWindowKind::Memo, EWindowKind::ComboBox}) {
+        TShownWindow shown(kind);
+        EXPECT_TRUE(shown.window->ActsByItself());
+        shown.window->SetText(System::UnicodeString(std::u16string(10'000'000, u'x')));
+        EXPECT_FALSE(shown.window->ActsByItself());
+        shown.Type(u"a");
+        EXPECT_EQ(shown.log.Take(), "key65 chara ");
+        shown.window->SetText(u"short");
+        EXPECT_TRUE(shown.window->ActsByItself());
+    }
+}
+
 TEST(QtWindowTest, BearsItsEndInEachOfItsEvents)
 {
     using TCase = std::pair<EWindowKind, const char*>;
@@ -202,8 +209,7 @@ TEST(QtWindowTest, BearsItsEndInEachOfItsEvents)
                                      {EWindowKind::Button, "down5,5"},
                                      {EWindowKind::Button, "chosen0"},
                                      {EWindowKind::CheckBox, "chosen0"},
-                                     {EWindowKind::ListBox, "chosen0"},
-                                     {EWindowKind::CheckListBox, "check0"},
+                                     {EWindowKind::ListBox, "down5,5"},
                                      {EWindowKind::ComboBox, "text=a"},
                                      {EWindowKind::Canvas, "down5,5"},
                                      {EWindowKind::Canvas, "chara"},

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "platform/toolkit/qt/QtLists.h"
+#include "platform/toolkit/qt/QtCombo.h"
 
 #include "platform/toolkit/qt/QtConvert.h"
 
 #include <QAbstractListModel>
 #include <QComboBox>
+#include <QEvent>
 #include <QLineEdit>
-#include <QListView>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -20,15 +20,10 @@ namespace Toolkits
 class CQtItems final : public QAbstractListModel
 {
 public:
-    /// `checked` hears of the boxes that the user clicked on; for null there are none.
-    CQtItems(QObject* owner, CQtList* checked) : QAbstractListModel(owner), mChecked(checked) {}
+    using QAbstractListModel::QAbstractListModel;
 
     /// The control is at its end, but the widget isn't yet.
-    void Leave()
-    {
-        mItems = nullptr;
-        mChecked = nullptr;
-    }
+    void Leave() { mItems = nullptr; }
 
     void Show(const WindowItems& items)
     {
@@ -47,104 +42,14 @@ public:
     {
         // The control may have fewer by now.
         const int row = place.row();
-        if (row < 0 || row >= rowCount()) {
-            return {};
-        }
-        if (role == Qt::DisplayRole || role == Qt::EditRole) {
-            return ToQString(mItems->GetItemText(row));
-        }
-        if (role == Qt::CheckStateRole && HasBox(row)) {
-            switch (mItems->GetItemCheck(row)) {
-            case ECheck::Checked:
-                return Qt::Checked;
-            case ECheck::Grayed:
-                return Qt::PartiallyChecked;
-            default:
-                return Qt::Unchecked;
-            }
-        }
-        return {};
-    }
-
-    bool setData(const QModelIndex& place, const QVariant&, int role) override
-    {
-        if (role != Qt::CheckStateRole || mChecked == nullptr) {
-            return false;
-        }
-        mChecked->TellCheck(place.row());
-        return true;
-    }
-
-    Qt::ItemFlags flags(const QModelIndex& place) const override
-    {
-        Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
-        const int row = place.row();
-        if (row >= 0 && row < rowCount() && HasBox(row) && mItems->IsItemEnabled(row)) {
-            flags |= Qt::ItemIsUserCheckable;
-        }
-        return flags;
+        const bool isText = role == Qt::DisplayRole || role == Qt::EditRole;
+        return isText && row >= 0 && row < rowCount() ? QVariant(ToQString(mItems->GetItemText(row)))
+                                                      : QVariant();
     }
 
 private:
-    bool HasBox(int row) const { return mChecked != nullptr && !mItems->IsItemHeader(row); }
-
     const WindowItems* mItems = nullptr;
-    CQtList* mChecked;
 };
-
-CQtList::CQtList(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings)
-    : CQtWindow(std::move(desktop), settings, new QListView),
-      mList(static_cast<QListView*>(&Widget())),
-      mItems(new CQtItems(mList, settings.kind == EWindowKind::CheckListBox ? this : nullptr))
-{
-    WatchPart(mList->viewport());
-    mList->setFocusPolicy(Qt::ClickFocus);
-    mList->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    mList->setUniformItemSizes(true);
-    mList->setModel(mItems);
-    QObject::connect(mList->selectionModel(), &QItemSelectionModel::currentChanged, Context(),
-                     [this](const QModelIndex& place) {
-                         if (!mIsBusy && place.isValid()) {
-                             Tell([&](WindowEvents& events) { events.Chosen(place.row()); });
-                         }
-                     });
-}
-
-CQtList::~CQtList()
-{
-    mItems->Leave();
-}
-
-void CQtList::TellCheck(int row)
-{
-    Tell([row](WindowEvents& events) { events.ItemChecked(row); });
-}
-
-QWidget& CQtList::Surface() const noexcept
-{
-    return *mList->viewport();
-}
-
-void CQtList::ShowItems(const WindowItems& items)
-{
-    const int row = mList->currentIndex().row();
-    const bool wasBusy = std::exchange(mIsBusy, true);
-    mItems->Show(items);
-    mIsBusy = wasBusy;
-    SelectItem(row < mItems->rowCount() ? row : -1);
-}
-
-void CQtList::ShowItem(int index)
-{
-    mItems->Renew(index);
-}
-
-void CQtList::SelectItem(int index)
-{
-    const bool wasBusy = std::exchange(mIsBusy, true);
-    mList->setCurrentIndex(mItems->index(index));
-    mIsBusy = wasBusy;
-}
 
 /// Tells when its list opens and closes.
 class CComboWidget final : public QComboBox
@@ -153,20 +58,23 @@ public:
     /// Null where the window is at its end.
     CQtCombo* window = nullptr;
 
+    /// Whether the list has the keyboard, or gives it back.
+    bool IsOpen() const noexcept { return mIsOpen; }
+
     void showPopup() override
     {
         const QPointer<CComboWidget> self = this;
         Tell(true);
         // Whoever heard of it may have destroyed the window.
         if (self != nullptr && window != nullptr) {
+            mIsOpen = true;
             QComboBox::showPopup();
         }
     }
     void hidePopup() override
     {
-        const bool wasOpen = view()->isVisible();
         QComboBox::hidePopup();
-        if (wasOpen) {
+        if (std::exchange(mIsOpen, false)) {
             Tell(false);
         }
     }
@@ -178,12 +86,14 @@ private:
             window->TellDrop(isOpen);
         }
     }
+
+    bool mIsOpen = false;
 };
 
 CQtCombo::CQtCombo(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings)
     : CQtWindow(std::move(desktop), settings, new CComboWidget),
       mCombo(static_cast<CComboWidget*>(&Widget())),
-      mItems(new CQtItems(mCombo, nullptr)),
+      mItems(new CQtItems(mCombo)),
       mText(settings.text)
 {
     mCombo->window = this;
@@ -199,6 +109,12 @@ CQtCombo::~CQtCombo()
 {
     mCombo->window = nullptr;
     mItems->Leave();
+}
+
+bool CQtCombo::HandleEvent(QEvent& event)
+{
+    const bool isFocus = event.type() == QEvent::FocusIn || event.type() == QEvent::FocusOut;
+    return !(isFocus && mCombo->IsOpen()) && CQtWindow::HandleEvent(event);
 }
 
 void CQtCombo::TellDrop(bool isOpen)

@@ -3,35 +3,11 @@
 
 #include "platform/toolkit/qt/QtWindow.h"
 
-class QListView;
-
 namespace Toolkits
 {
 
 class CQtItems;
 class CComboWidget;
-
-/// A list, or one with check boxes.
-class CQtList final : public CQtWindow
-{
-public:
-    CQtList(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings);
-    ~CQtList() override;
-
-    void ShowItems(const WindowItems& items) override;
-    void ShowItem(int index) override;
-    void SelectItem(int index) override;
-    bool ActsByItself() const override { return true; }
-    QWidget& Surface() const noexcept override;
-
-    /// The user clicked on the box of an item.
-    void TellCheck(int row);
-
-private:
-    QListView* mList;
-    CQtItems* mItems;
-    bool mIsBusy = false;
-};
 
 /// A line with a list that opens below it. A text that is too long for Qt is edited and painted by the
 /// control.
@@ -52,6 +28,9 @@ public:
 
     /// The list opens or closes.
     void TellDrop(bool isOpen);
+
+protected:
+    bool HandleEvent(QEvent& event) override;
 
 private:
     void SetEditable(bool isEditable);
