@@ -67,7 +67,7 @@ void CheckSection(const UnicodeString& name)
     }
 }
 
-void CheckEntry(const UnicodeString& section, const UnicodeString& key, const UnicodeString& value)
+void CheckEntry(const UnicodeString& section, const UnicodeString& key, std::u16string_view value)
 {
     if (!Detail::IsSavableEntry(key, value)) {
         RaiseNotSavable(u"The key " + Shown(key) + u" of the section " + Shown(section));
@@ -159,7 +159,7 @@ void CIniStreamImp::CheckSavable() const
         if (!section->empty()) {
             CheckSection(name);
         }
-        section->ForEach([&name = name](const UnicodeString& key, const UnicodeString& value) {
+        section->ForEach([&name = name](const UnicodeString& key, std::u16string_view value) {
             CheckEntry(name, key, value);
         });
     }
@@ -180,7 +180,7 @@ void CIniStreamImp::SaveValues(TStream* stream, EValues values)
     }
     CheckHeadline(mHeadline);
     if (!mHeadline.IsEmpty()) {
-        saver.Put(mHeadline, EValues::CodePage);
+        saver.Put(mHeadline.AsView(), EValues::CodePage);
         saver.Put("\r\n\r\n");
     }
     int index = 0;
@@ -196,18 +196,18 @@ void CIniStreamImp::SaveValues(TStream* stream, EValues values)
             CheckSection(name);
         }
         saver.Put("[");
-        saver.Put(name, EValues::CodePage);
+        saver.Put(name.AsView(), EValues::CodePage);
         saver.Put("]\r\n");
         if (mOnSaveKey) {
             section->ForEachInSteps([&, &entries = *section](const UnicodeString& key) {
                 saver.Flush();
-                mOnSaveKey(AnsiString(key), AnsiString(entries.Find(key)->value), index++);
-                if (const auto* const entry = entries.Find(key)) {
-                    saver.PutEntry(key, entry->value, values);
+                mOnSaveKey(AnsiString(key), AnsiString(*entries.Find(key)), index++);
+                if (const auto value = entries.Find(key)) {
+                    saver.PutEntry(key, *value, values);
                 }
             });
         } else {
-            section->ForEach([&, &name = name](const UnicodeString& key, const UnicodeString& value) {
+            section->ForEach([&, &name = name](const UnicodeString& key, std::u16string_view value) {
                 if (!mustStep) {
                     CheckEntry(name, key, value);
                 }
@@ -263,8 +263,8 @@ void CIniStreamImp::GetStrings(TStrings* lines) const
             continue;
         }
         lines->Add(u'[' + name + u']');
-        section->ForEach([lines](const UnicodeString& key, const UnicodeString& value) {
-            lines->Add(key + u'=' + value);
+        section->ForEach([lines](const UnicodeString& key, std::u16string_view value) {
+            lines->Add(key + u'=' + UnicodeString(value));
         });
         lines->Add(UnicodeString());
     }
@@ -284,7 +284,7 @@ void CIniStreamImp::SetStrings(const TStrings* lines)
         }
         const int equals = line.Pos(u'=');
         if (section != nullptr && equals > 0 && line[1] != u';') {
-            section->Set(line.SubString(1, equals - 1).Trim(), line.SubString(equals + 1));
+            section->Set(line.SubString(1, equals - 1).Trim(), line.SubString(equals + 1).AsView());
         }
     }
 }
@@ -329,12 +329,12 @@ bool CIniStreamImp::SectionExists(const UnicodeString& section)
 bool CIniStreamImp::KeyExists(const UnicodeString& section, const UnicodeString& key)
 {
     const CSection* found = FindSection(section);
-    return found != nullptr && found->Find(key) != nullptr;
+    return found != nullptr && found->Find(key).has_value();
 }
 
 bool CIniStreamImp::KeyExists2(const UnicodeString& key)
 {
-    return mCurrent != nullptr && mCurrent->Find(key) != nullptr;
+    return mCurrent != nullptr && mCurrent->Find(key).has_value();
 }
 
 void CIniStreamImp::ReadSections(TStrings* sections)
@@ -358,7 +358,8 @@ void CIniStreamImp::ReadValues(const UnicodeString& section, TStrings* values)
 {
     const CSection* found = FindSection(section);
     if (found != nullptr && values != nullptr) {
-        found->ForEach([values](const UnicodeString&, const UnicodeString& value) { values->Add(value); });
+        found->ForEach(
+            [values](const UnicodeString&, std::u16string_view value) { values->Add(UnicodeString(value)); });
     }
 }
 
@@ -382,14 +383,14 @@ UnicodeString CIniStreamImp::ReadString(const UnicodeString& key, const UnicodeS
     if (mCurrent == nullptr) {
         return defaultValue;
     }
-    const auto* const entry = mCurrent->Find(key);
-    return entry == nullptr ? defaultValue : entry->value;
+    const auto value = mCurrent->Find(key);
+    return value ? UnicodeString(*value) : defaultValue;
 }
 
 void CIniStreamImp::WriteString(const UnicodeString& key, const UnicodeString& value)
 {
     if (mCurrent != nullptr) {
-        mCurrent->Set(key.Trim(), value);
+        mCurrent->Set(key.Trim(), value.AsView());
     }
 }
 

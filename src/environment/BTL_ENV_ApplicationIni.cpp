@@ -7,6 +7,7 @@
 #include "os/Win_sys_utilitiesw.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"
 #include "platform/visual/Forms.h"
+#include "platform/visual/graphics/Graphics_Icon.h"
 
 #include <array>
 
@@ -132,6 +133,9 @@ void CApplicationIni::AssignToCurrApplication() const
     }
     Forms::Application->setTitle(getTitle());
     Forms::Application->setHelpFile(getHelpFileEx());
+    if (!IconFile.IsEmpty() && Sysutils::FileExists(GetProductPath() + IconFile)) {
+        Forms::Application->getIcon()->LoadFromFile(GetProductPath() + IconFile);
+    }
 }
 
 void CApplicationIni::OpenExternalApp() const

@@ -36,7 +36,8 @@ public:
     /// `DefaultDBFile` in the folder of the user's databases.
     System::UnicodeString getDefaultDBFileEx() const;
 
-    /// Hands title, help file and, unless it is -1, `MainFormOnTaskBar` to `Forms::Application`.
+    /// Hands title, help file and, unless it is -1, `MainFormOnTaskBar` to `Forms::Application`, and the icon
+    /// if its file is there. Raises `Graphics::EInvalidGraphic` for a damaged one.
     void AssignToCurrApplication() const;
     /// Starts `ExternalAppExe` with `ExternalAppParams` and doesn't wait; does nothing without a program. A
     /// file is started in its folder; any other text is a command, whose program is searched on the path.

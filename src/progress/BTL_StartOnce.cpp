@@ -6,13 +6,13 @@
 #include "platform/host/Host_TickCount.h"
 #include "platform/host/objects/Host_Mutex.h"
 #include "platform/toolkit/MessageBox.h"
-#include "platform/toolkit/MessageWindow.h"
+#include "platform/visual/forms/Forms_Application.h"
+#include "progress/BTL_MessageReceiverDLG.h"
 #include "progress/BTL_THRD_Timer.h"
 #include "text/editing/BTL_STR_Replace.h"
 #include "text/grammar/BTL_STR_Command.h"
 
 #include <algorithm>
-#include <map>
 #include <memory>
 #include <utility>
 
@@ -27,51 +27,17 @@ using System::UnicodeString;
 constexpr System::WideChar IsReadyCommand[] = u"-IsReady";
 constexpr unsigned long NoLimit = INFINITE;
 
-/// Who sent the last message.
-struct TSender
+/// The program's receiver of that title, other than `except`; null if there is none.
+TBTL_MessageReceiverDLG* FindReceiver(const UnicodeString& title, const TBTL_MessageReceiverDLG* except)
 {
-    UnicodeString folder;
-    UnicodeString token;
-};
-
-/// The windows that this process made, by title, and what they got.
-struct TWindows
-{
-    std::map<UnicodeString, std::unique_ptr<Toolkits::MessageWindow>> windows;
-    TSender sender;
-    /// How many messages are handled, one within the loop of another.
-    int depth = 0;
-};
-
-/// Never destroyed: the windows last as long as the process.
-TWindows& Windows()
-{
-    static auto* const windows = new TWindows;
-    return *windows;
-}
-
-/// Tells who sent the message while it is handled. A message that is handled within another one gives way to
-/// that in the end.
-class CSenderScope
-{
-public:
-    explicit CSenderScope(const Toolkits::MessageWindow::TMessage& message)
-        : mFormer(std::exchange(Windows().sender, {message.folder, message.token}))
-    {
-        ++Windows().depth;
-    }
-    CSenderScope(const CSenderScope&) = delete;
-    CSenderScope& operator=(const CSenderScope&) = delete;
-    ~CSenderScope()
-    {
-        if (--Windows().depth > 0) {
-            Windows().sender = std::move(mFormer);
+    for (int i = 0; i < Forms::Application->GetComponentCount(); ++i) {
+        auto* const form = dynamic_cast<TBTL_MessageReceiverDLG*>(Forms::Application->GetComponent(i));
+        if (form != nullptr && form != except && form->getCaption() == title) {
+            return form;
         }
     }
-
-private:
-    TSender mFormer;
-};
+    return nullptr;
+}
 
 /// How much of a limit is left.
 class CLimit
@@ -185,15 +151,15 @@ void CStartOnce::CreateMessageWindow()
     if (mMutex == nullptr) {
         return;
     }
-    const auto handle = [handler = OnMessage](const Toolkits::MessageWindow::TMessage& message) {
-        const CSenderScope scope(message);
-        return std::intptr_t{handler ? handler(message.text) : 0};
-    };
-    // The new one stands before the former one goes, so that there is always one to be found.
-    auto window = std::make_unique<Toolkits::MessageWindow>(mWindowTitle, handle);
-    if (window->IsOpen()) {
-        Windows().windows[mWindowTitle] = std::move(window);
+    auto receiver = std::make_unique<TBTL_MessageReceiverDLG>(Forms::Application);
+    receiver->AfterConstruction();
+    receiver->setCaption(mWindowTitle);
+    receiver->OnMessage = OnMessage;
+    if (!receiver->Listen()) {
+        return;
     }
+    delete FindReceiver(mWindowTitle, receiver.get());
+    _BTL_MessageReceiverDLG = receiver.release();
 }
 
 int CStartOnce::SendMessageToMainProcess(const char* text) const
@@ -247,12 +213,12 @@ int CStartOnce::SendMessageTo(HWND window, const System::WideChar* text, unsigne
 
 UnicodeString CStartOnce::GetSenderFolder()
 {
-    return Windows().sender.folder;
+    return TBTL_MessageReceiverDLG::GetSenderFolder();
 }
 
 UnicodeString CStartOnce::GetSenderToken()
 {
-    return Windows().sender.token;
+    return TBTL_MessageReceiverDLG::GetSenderToken();
 }
 
 int GetStartOnceCommand(const char* commandLine)

@@ -55,9 +55,10 @@ public:
     /// In a later process: tells the user that the program runs already, and gives true.
     bool ShowMessageIfNotSingular() const;
 
-    /// In the first process: makes the window that receives. It calls the handler that stands in `OnMessage`
-    /// now, and lasts as long as the process; one with the same title that was made before ends. Elsewhere,
-    /// and if the session has no place for it, nothing.
+    /// In the first process: makes the form that receives, a `TBTL_MessageReceiverDLG` of the application's
+    /// that is never shown and never the main form. It calls the handler that stands in `OnMessage` now, and
+    /// lasts as long as the process; one with the same title that was made before ends. Elsewhere, and if the
+    /// session has no place for it, nothing.
     void CreateMessageWindow();
 
     /// Sends the text to the first process, waits for its handler, and gives the answer. A window that isn't

@@ -4,9 +4,11 @@
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/toolkit/InputPlayer.h"
 #include "platform/toolkit/Toolkit.h"
+#include "platform/visual/grids/Grids_CustomGrid.h"
 #include "platform/visual/menus/Menus.h"
 #include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
 #include "testing/internal/ControlState.h"
+#include "testing/internal/GridState.h"
 
 #include <sstream>
 #include <stdexcept>
@@ -105,7 +107,9 @@ void PrintControl(std::ostream& out, const TControl& control, int level)
         out << " focused";
     }
     WriteControlState(out, control);
+    WriteGridState(out, control);
     out << '\n';
+    WriteGridCells(out, control, level + 1);
     for (int i = 0; window != nullptr && i < window->GetControlCount(); ++i) {
         PrintControl(out, *window->GetControl(i), level + 1);
     }
@@ -192,6 +196,17 @@ void CFormDriver::DoubleClick(const UnicodeString& name)
     }
 }
 
+void CFormDriver::ClickCell(const UnicodeString& name, int col, int row)
+{
+    const auto* const grid = dynamic_cast<const Grids::TCustomGrid*>(&Find(name));
+    const Types::TRect rect = grid == nullptr ? Types::TRect{} : grid->CellRect(col, row);
+    if (rect.Width() <= 0 || rect.Height() <= 0) {
+        throw std::logic_error("nobody can click on a cell of '" + System::ToUtf8(name) +
+                               "' that isn't in sight");
+    }
+    Click(name, {(rect.Left + rect.Right) / 2, (rect.Top + rect.Bottom) / 2});
+}
+
 void CFormDriver::ClickSoon(const UnicodeString& name)
 {
     mForm.HandleNeeded();
@@ -207,7 +222,7 @@ void CFormDriver::Mouse(const UnicodeString& name, const TMouseInput& mouse)
     Use(window, inWindow);
 }
 
-void CFormDriver::Choose(const UnicodeString& path)
+void CFormDriver::ChooseMenu(const UnicodeString& path)
 {
     const Menus::TMainMenu* const menu = mForm.getMenu();
     Menus::TMenuItem* item = menu == nullptr ? nullptr : menu->getItems();

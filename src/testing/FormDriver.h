@@ -35,6 +35,8 @@ public:
     void Click(const System::UnicodeString& name);
     void Click(const System::UnicodeString& name, Types::TPoint place);
     void DoubleClick(const System::UnicodeString& name);
+    /// Clicks on a cell of a grid. `std::logic_error` for any other control and for a cell out of sight.
+    void ClickCell(const System::UnicodeString& name, int col, int row);
     /// As `Click`, once the message loop comes to it; nothing happens if the form has no window by then.
     void ClickSoon(const System::UnicodeString& name);
     /// Picks an item of a list or a combo box, as by a click on it in the open list. `std::logic_error` for a
@@ -46,7 +48,7 @@ public:
     /// Chooses an item of the form's menu by the captions on the way to it, without marks, with a `|`
     /// between: "File|Open...". `std::invalid_argument` for one that isn't there, `std::logic_error` for one
     /// that can't be seen or used.
-    void Choose(const System::UnicodeString& path);
+    void ChooseMenu(const System::UnicodeString& path);
 
     /// Gives the control the focus by a click of the mouse in no place, as `SetFocus` does.
     void Focus(const System::UnicodeString& name);
@@ -62,7 +64,7 @@ public:
     void Insert(const System::UnicodeString& text);
 
     /// The form and its controls, one a line, each level two blanks to the right: class, name, bounds, text
-    /// and what isn't usual of its state.
+    /// and what isn't usual of its state. Below a grid of strings stand its cells in sight.
     std::string Print() const;
 
 private:

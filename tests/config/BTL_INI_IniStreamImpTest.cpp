@@ -393,8 +393,9 @@ TEST(IniStreamImpTest, KeepsManyKeysInOrder)
                 store.DeleteKey(key);
                 expected.erase(key);
             } else {
-                store.WriteString(key, UnicodeString(i));
-                expected[key] = UnicodeString(i);
+                const UnicodeString value = UnicodeString::StringOfChar(u'v', i % 20) + UnicodeString(i);
+                store.WriteString(key, value);
+                expected[key] = value;
             }
             const UnicodeString other(random() % 4000);
             const auto found = expected.find(other);

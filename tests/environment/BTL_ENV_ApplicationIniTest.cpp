@@ -4,7 +4,9 @@
 #include "environment/folders/BTL_ENV_Folders.h"
 #include "platform/host/Host_Path.h"
 #include "platform/visual/Forms.h"
+#include "platform/visual/graphics/Graphics_Icon.h"
 #include "support/ChildProgram.h"
+#include "support/IconFiles.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -56,6 +58,7 @@ TEST(ApplicationIniChild, DISABLED_Defaults)
     EXPECT_FALSE(application.RemoteControlExe.IsEmpty());
     EXPECT_EQ(application.ExternalAppInstallPath, u"");
 
+    EXPECT_TRUE(Forms::Application->getIcon()->getEmpty());
     Forms::Application->setMainFormOnTaskBar(true);
     application.AssignToCurrApplication();
     EXPECT_TRUE(Forms::Application->getMainFormOnTaskBar()) << "left as it was";
@@ -85,14 +88,19 @@ TEST(ApplicationIniChild, DISABLED_Described)
     EXPECT_EQ(Forms::Application->getTitle(), u"The station");
     EXPECT_EQ(Forms::Application->getHelpFile(), application.getHelpFileEx());
     EXPECT_TRUE(Forms::Application->getMainFormOnTaskBar());
+    EXPECT_EQ(Forms::Application->getIcon()->getWidth(), 3);
     Support::PrintResult("");
 }
 
 TEST_F(ApplicationIniTest, ReadsTheFile)
 {
+    const auto icon = Support::IconFile({Support::IconImage(3, 3, 0xFF)});
+    std::ofstream(Product() / "station.ico", std::ios::binary)
+        .write(reinterpret_cast<const char*>(icon.data()), static_cast<std::streamsize>(icon.size()));
     Describe("KernelName=Kernel\nVendorNo=12\nAppVersion=new\nAppName=Station\nTitle=The station\n"
              "UserDataLocation=26\nIB_ErrorHelpFile=\nHelpFile=station.chm\nDefaultDBFile=main.db\n"
-             "MainFormOnTaskBar=2\nExternalAppExe=\\opt\\tool\\tool\nExternalAppCaption=Tool\n");
+             "MainFormOnTaskBar=2\nIconFile=station.ico\nExternalAppExe="
+             "\\opt\\tool\\tool\nExternalAppCaption=Tool\n");
     EXPECT_EQ(Run("ApplicationIniChild.DISABLED_Described"), "");
 }
 

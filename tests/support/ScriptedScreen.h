@@ -54,6 +54,11 @@ public:
         return mScreen->SetClipboardText(text);
     }
     System::UnicodeString GetClipboardText() override { return mScreen->GetClipboardText(); }
+    bool SetClipboardPixels(const Toolkits::Pixels& pixels) override
+    {
+        return mScreen->SetClipboardPixels(pixels);
+    }
+    Toolkits::Pixels GetClipboardPixels() override { return mScreen->GetClipboardPixels(); }
     Types::TRect DesktopRect() const override { return mScreen->DesktopRect(); }
     std::unique_ptr<Toolkits::Window> MakeWindow(const Toolkits::TWindowSettings& settings) override
     {

@@ -3,11 +3,11 @@
 
 #include "config/internal/BTL_INI_IniStreamSection.h"
 #include "platform/runtime/classes/Classes_Stream.h"
-#include "text/editing/BTL_STR_Cut.h"
 
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -22,11 +22,11 @@ inline System::UnicodeString FromCodePage(std::string_view bytes)
     return System::UnicodeString(System::DecodeText(System::DefaultSystemCodePage, bytes));
 }
 
-/// Without the quotes around it.
-inline System::UnicodeString Unquoted(System::UnicodeString value)
+/// Without the double quotes around it.
+inline std::u16string_view Unquoted(std::u16string_view value)
 {
-    const bool isQuoted = value.AsView().starts_with(u'"') && IsQuotedStr(value, u'"');
-    return isQuoted ? ExtractQuotedStr(value, u'"') : value;
+    const bool isQuoted = value.size() >= 2 && value.front() == u'"' && value.back() == u'"';
+    return isQuoted ? value.substr(1, value.size() - 2) : value;
 }
 
 /// A position for a closure, which knows no larger ones.
@@ -35,19 +35,19 @@ inline int ToldPlace(System::Int64 position)
     return static_cast<int>(std::min(position, System::Int64{std::numeric_limits<int>::max()}));
 }
 
-/// Decodes short texts so that those that come again, as the keys of alike sections do, share one buffer.
-class CTextCache
+/// Decodes short names so that those that come again, as the keys of alike sections do, share one buffer.
+class CNameCache
 {
 public:
-    System::UnicodeString Decoded(System::CodePage codePage, std::string_view bytes)
+    System::UnicodeString Decoded(std::string_view bytes)
     {
         constexpr std::size_t longest = 32;
         if (bytes.size() > longest) {
-            return System::UnicodeString(System::DecodeText(codePage, bytes));
+            return FromCodePage(bytes);
         }
         System::UnicodeString& text = mTexts[std::hash<std::string_view>()(bytes) % mTexts.size()];
         if (!IsAsciiOf(text, bytes)) {
-            text = System::UnicodeString(System::DecodeText(codePage, bytes));
+            text = FromCodePage(bytes);
         }
         return text;
     }
@@ -64,6 +64,30 @@ private:
     std::array<System::UnicodeString, 1024> mTexts;
 };
 
+/// Decodes one text after the other, mostly without a block of memory for each.
+class CTextDecoder
+{
+public:
+    explicit CTextDecoder(System::CodePage codePage) : mCodePage(codePage) {}
+
+    /// Until the next one.
+    std::u16string_view Decoded(std::string_view bytes)
+    {
+        const auto isAscii = [](char byte) { return static_cast<unsigned char>(byte) < 0x80; };
+        if (std::all_of(bytes.begin(), bytes.end(), isAscii)) {
+            mAscii.assign(bytes.begin(), bytes.end());
+            return mAscii;
+        }
+        mOther = System::UnicodeString(System::DecodeText(mCodePage, bytes));
+        return mOther.AsView();
+    }
+
+private:
+    System::CodePage mCodePage;
+    std::u16string mAscii;
+    System::UnicodeString mOther;
+};
+
 } // namespace Detail
 
 /// Takes what is loaded into the store and tells the closures. Those may do with the store what they like, so
@@ -74,7 +98,7 @@ public:
     CLoader(CIniStreamImp& store, Classes::TStream& stream, EValues values)
         : mStore(store),
           mStream(stream),
-          mCodePage(values == EValues::Utf8 ? System::CP_UTF8 : System::DefaultSystemCodePage)
+          mValues(values == EValues::Utf8 ? System::CP_UTF8 : System::DefaultSystemCodePage)
     {
     }
 
@@ -90,10 +114,10 @@ public:
     void OnKey(std::string_view keyBytes, std::string_view valueBytes)
     {
         using System::Detail::WithoutBlanks;
-        System::UnicodeString key = mKeys.Decoded(System::DefaultSystemCodePage, WithoutBlanks(keyBytes));
-        System::UnicodeString value = Detail::Unquoted(mValues.Decoded(mCodePage, WithoutBlanks(valueBytes)));
+        System::UnicodeString key = mKeys.Decoded(WithoutBlanks(keyBytes));
+        const std::u16string_view value = Detail::Unquoted(mValues.Decoded(WithoutBlanks(valueBytes)));
         if (!mStore.mOnLoadKey) {
-            mSection->Set(std::move(key), std::move(value));
+            mSection->Set(std::move(key), value);
             return;
         }
         mStore.NeedSection(mName).Set(key, value);
@@ -104,11 +128,10 @@ public:
 private:
     CIniStreamImp& mStore;
     Classes::TStream& mStream;
-    System::CodePage mCodePage;
     System::UnicodeString mName;
     CSection* mSection = nullptr;
-    Detail::CTextCache mKeys;
-    Detail::CTextCache mValues;
+    Detail::CNameCache mKeys;
+    Detail::CTextDecoder mValues;
 };
 
 } // namespace BTL

@@ -34,9 +34,9 @@ inline bool IsSavableSection(const System::UnicodeString& name)
     return name.Pos(u']') == 0 && IsInCodePage(name);
 }
 
-inline bool IsSavableEntry(const System::UnicodeString& key, const System::UnicodeString& value)
+inline bool IsSavableEntry(const System::UnicodeString& key, std::u16string_view value)
 {
-    if (key.Pos(u'=') != 0 || value.Pos(u'\r') != 0 || !IsInCodePage(key)) {
+    if (key.Pos(u'=') != 0 || value.find(u'\r') != std::u16string_view::npos || !IsInCodePage(key)) {
         return false;
     }
     const System::WideChar first = key.IsEmpty() ? u'=' : key[1];
@@ -44,7 +44,7 @@ inline bool IsSavableEntry(const System::UnicodeString& key, const System::Unico
         return false;
     }
     // A line that doesn't load is passed over up to its line feed, and no further.
-    const bool isOneLine = key.Pos(u'\n') == 0 && value.Pos(u'\n') == 0;
+    const bool isOneLine = key.Pos(u'\n') == 0 && value.find(u'\n') == std::u16string_view::npos;
     return isOneLine || BeginsKey(first < 0x80 ? static_cast<char>(first) : '\x80');
 }
 
@@ -57,13 +57,13 @@ public:
     explicit CSaver(Classes::TStream& stream) : mStream(stream) {}
 
     void Put(std::string_view bytes) { mText.append(bytes); }
-    void Put(const System::UnicodeString& text, EValues values)
+    void Put(std::u16string_view text, EValues values)
     {
         values == EValues::Utf8 ? Put(System::ToUtf8(text)) : Put(System::AnsiString(text).AsView());
     }
-    void PutEntry(const System::UnicodeString& key, const System::UnicodeString& value, EValues values)
+    void PutEntry(const System::UnicodeString& key, std::u16string_view value, EValues values)
     {
-        Put(key, EValues::CodePage);
+        Put(key.AsView(), EValues::CodePage);
         Put("=");
         Put(value, values);
         Put("\r\n");

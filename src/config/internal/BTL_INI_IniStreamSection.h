@@ -2,11 +2,14 @@
 #pragma once
 
 #include "config/BTL_INI_IniStreamImp.h"
+#include "config/internal/BTL_INI_PackedTexts.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
 #include <map>
+#include <optional>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -14,49 +17,45 @@ namespace BTL
 {
 
 /// The keys of a section with their values, in the order of their characters. They lie close together, in
-/// blocks, so that a way through all of them is one through memory, and a new key moves few others.
+/// blocks, and the values in one text, so that a way through all of them is one through memory, and a new key
+/// moves few others.
 ///
 ///     CSection section(u"Range");
 ///     section.Set(u"Upper", u"10");
-///     if (const auto* const entry = section.Find(u"Upper")) { ... entry->value ... }
+///     if (const auto value = section.Find(u"Upper")) { ... *value ... }
 class CIniStreamImp::CSection
 {
 public:
-    struct TEntry
-    {
-        System::UnicodeString key;
-        System::UnicodeString value;
-    };
-
     explicit CSection(const System::UnicodeString& name) : mName(name) {}
 
     const System::UnicodeString& getName() const noexcept { return mName; }
     std::size_t size() const noexcept { return mSize; }
     bool empty() const noexcept { return mSize == 0; }
 
-    /// Null if the key is missing.
-    const TEntry* Find(const System::UnicodeString& key) const
+    /// The value, until the section changes; nothing if the key is missing.
+    std::optional<std::u16string_view> Find(const System::UnicodeString& key) const
     {
         const TEntry* const entry = FindFrom(key);
-        return entry != nullptr && entry->key == key ? entry : nullptr;
+        return entry != nullptr && entry->key == key ? std::optional(mValues.Of(entry->value)) : std::nullopt;
     }
 
     /// Overwrites the value of a key that is there.
-    void Set(System::UnicodeString key, System::UnicodeString value)
+    void Set(System::UnicodeString key, std::u16string_view value)
     {
         // Keys often come in their order.
         if (empty() || mBlocks.back().back().key < key) {
-            Append({std::move(key), std::move(value)});
+            Append({std::move(key), mValues.Add(value)});
             return;
         }
         const std::size_t number = BlockOf(key);
         TBlock& block = mBlocks[number];
         const auto place = block.begin() + PlaceOf(key, block);
         if (place != block.end() && place->key == key) {
-            place->value = std::move(value);
+            mValues.Replace(place->value, value);
+            PackValues();
             return;
         }
-        block.insert(place, {std::move(key), std::move(value)});
+        block.insert(place, {std::move(key), mValues.Add(value)});
         ++mSize;
         if (block.size() > Most) {
             Split(number);
@@ -65,31 +64,35 @@ public:
 
     void Remove(const System::UnicodeString& key)
     {
-        if (Find(key) == nullptr) {
+        if (!Find(key)) {
             return;
         }
         const std::size_t number = BlockOf(key);
         TBlock& block = mBlocks[number];
-        block.erase(block.begin() + PlaceOf(key, block));
+        const auto place = block.begin() + PlaceOf(key, block);
+        mValues.Remove(place->value);
+        block.erase(place);
         --mSize;
         if (block.empty()) {
             mBlocks.erase(mBlocks.begin() + static_cast<std::ptrdiff_t>(number));
         }
+        PackValues();
     }
 
     void Clear() noexcept
     {
         mBlocks.clear();
+        mValues = {};
         mSize = 0;
     }
 
-    /// Calls `use(key, value)` for each.
+    /// Calls `use(key, value)` for each; it may not change the section.
     template <class Use>
     void ForEach(Use use) const
     {
         for (const TBlock& block : mBlocks) {
-            for (const auto& [key, value] : block) {
-                use(key, value);
+            for (const TEntry& entry : block) {
+                use(entry.key, mValues.Of(entry.value));
             }
         }
     }
@@ -110,6 +113,11 @@ public:
     }
 
 private:
+    struct TEntry
+    {
+        System::UnicodeString key;
+        Detail::CPackedTexts::TSlice value;
+    };
     using TBlock = std::vector<TEntry>;
     static constexpr std::size_t Most = 256;
 
@@ -164,9 +172,22 @@ private:
         mBlocks.insert(std::next(place), std::move(upper));
     }
 
+    void PackValues()
+    {
+        if (!mValues.MustPack()) {
+            return;
+        }
+        mValues.Pack([this](auto move) {
+            for (TBlock& block : mBlocks) {
+                std::for_each(block.begin(), block.end(), [&](TEntry& entry) { move(entry.value); });
+            }
+        });
+    }
+
     System::UnicodeString mName;
     /// None is empty.
     std::vector<TBlock> mBlocks;
+    Detail::CPackedTexts mValues;
     std::size_t mSize = 0;
 };
 

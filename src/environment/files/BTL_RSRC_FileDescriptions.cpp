@@ -14,6 +14,11 @@ void GetFileDescriptions(const System::UnicodeString& folder, const System::Unic
 {
     Classes::TStringList files;
     SearchDirForFiles(folder, mask, &files);
+    AddFileDescriptions(files, list, tag);
+}
+
+void AddFileDescriptions(const Classes::TStrings& files, CFileList& list, int tag)
+{
     for (const System::UnicodeString& file : files) {
         CVersionInfo info;
         if (ReadVersionInfo(file, info)) {

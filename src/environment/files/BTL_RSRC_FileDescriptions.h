@@ -3,6 +3,11 @@
 
 #include "environment/BTL_RSRC_VersionInfo.h"
 
+namespace Classes
+{
+class TStrings;
+} // namespace Classes
+
 namespace BTL
 {
 
@@ -13,5 +18,7 @@ namespace BTL
 ///     BTL::GetFileDescriptions(BTL::GetAddInsPath(), u"*.so", addIns, 0);
 TRS8_BTL_API void GetFileDescriptions(const System::UnicodeString& folder, const System::UnicodeString& mask,
                                       CFileList& list, int tag);
+/// As `GetFileDescriptions`, of the files named.
+TRS8_BTL_API void AddFileDescriptions(const Classes::TStrings& files, CFileList& list, int tag);
 
 } // namespace BTL

@@ -7,13 +7,30 @@
 #include <string>
 
 #include <fcntl.h>
+#include <pthread.h>
 #include <unistd.h>
+
+namespace
+{
+
+/// 0 as long as nobody asked. A call of the host for each question would cost more than all else that is done
+/// for one action of a thread.
+constinit thread_local unsigned long currentId = 0;
+
+/// The thread that goes on in a fork has another number than the one that it is a copy of.
+[[maybe_unused]] const bool isForkHeard = [] {
+    Host::AfterFork([] { currentId = 0; });
+    return true;
+}();
+
+} // namespace
 
 unsigned long GetCurrentThreadId() noexcept
 {
-    // A call of the host would cost more than all else that is done for one action of a thread.
-    thread_local const auto id = static_cast<unsigned long>(gettid());
-    return id;
+    if (currentId == 0) {
+        currentId = static_cast<unsigned long>(gettid());
+    }
+    return currentId;
 }
 
 namespace Host
@@ -47,6 +64,12 @@ std::string CutName(std::string name)
 unsigned long FirstThreadId() noexcept
 {
     return static_cast<unsigned long>(getpid());
+}
+
+void AfterFork(void (*action)()) noexcept
+{
+    // Without memory for it nothing can be done.
+    static_cast<void>(pthread_atfork(nullptr, nullptr, action));
 }
 
 bool NameThread(unsigned long thread, const System::UnicodeString& name)

@@ -9,6 +9,7 @@
 #include <memory>
 
 #include <dlfcn.h>
+#include <link.h>
 #include <unistd.h>
 
 namespace
@@ -61,6 +62,21 @@ const void* ModuleOf(const void* address) noexcept
 {
     Dl_info info;
     return address != nullptr && dladdr(address, &info) != 0 ? info.dli_fbase : nullptr;
+}
+
+void KeepModule(const void* address) noexcept
+{
+    Dl_info info;
+    link_map* map = nullptr;
+    if (address == nullptr || dladdr1(address, &info, reinterpret_cast<void**>(&map), RTLD_DL_LINKMAP) == 0 ||
+        map == nullptr || map->l_name == nullptr || map->l_name[0] == '\0') {
+        return;
+    }
+    // The loader's own name for it finds it, even where its file has gone meanwhile. The handle isn't needed:
+    // the mark stays.
+    if (void* const module = dlopen(map->l_name, RTLD_NOW | RTLD_NOLOAD | RTLD_NODELETE); module != nullptr) {
+        dlclose(module);
+    }
 }
 
 System::UnicodeString ProgramPath()

@@ -25,6 +25,10 @@ namespace Host
 /// none holds it.
 [[nodiscard]] TRS8_BTL_API const void* ModuleOf(const void* address) noexcept;
 
+/// Keeps the program or library that holds `address` in memory until the process ends, however often it is
+/// closed. An address that none holds is ignored.
+TRS8_BTL_API void KeepModule(const void* address) noexcept;
+
 /// The full path of the running program, links resolved; empty on a failure.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString ProgramPath();
 

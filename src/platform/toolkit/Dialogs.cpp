@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/Dialogs.h"
 
+#include "platform/runtime/classes/Classes_Exceptions.h"
 #include "platform/toolkit/MessageBox.h"
 #include "platform/toolkit/Toolkit.h"
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 namespace Dialogs
 {
@@ -70,6 +72,12 @@ int MessageDlg(const System::UnicodeString& text, TMsgDlgType type, TMsgDlgButto
     return MessageBoxW(nullptr, text.c_str(), look.caption, RowFlags(buttons) | look.icon);
 }
 
+int MessageDlgPos(const System::UnicodeString& text, TMsgDlgType type, TMsgDlgButtons buttons,
+                  int helpContext, int, int)
+{
+    return MessageDlg(text, type, buttons, helpContext);
+}
+
 void ShowMessage(const System::UnicodeString& text)
 {
     MessageDlg(text, mtCustom, {mbOK}, 0);
@@ -79,6 +87,22 @@ bool InputQuery(const System::UnicodeString& caption, const System::UnicodeStrin
                 System::UnicodeString& value)
 {
     return Toolkits::CurrentToolkit().AskInput({.caption = caption, .prompt = prompt, .value = value}, value);
+}
+
+bool InputQuery(const System::UnicodeString& caption, std::span<const System::UnicodeString> prompts,
+                std::span<System::UnicodeString> values)
+{
+    if (prompts.empty() || values.size() < prompts.size()) {
+        throw Classes::EInvalidOperation(u"An input takes at least one prompt, and a value for each");
+    }
+    std::vector<System::UnicodeString> lines(values.begin(), values.end());
+    for (std::size_t i = 0; i < prompts.size(); ++i) {
+        if (!InputQuery(caption, prompts[i], lines[i])) {
+            return false;
+        }
+    }
+    std::ranges::copy(lines, values.begin());
+    return true;
 }
 
 System::UnicodeString InputBox(const System::UnicodeString& caption, const System::UnicodeString& prompt,

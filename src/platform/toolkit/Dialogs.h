@@ -4,6 +4,8 @@
 #include "platform/base/System_Set.h"
 #include "platform/base/System_String.h"
 
+#include <span>
+
 /// The answers of a box.
 inline constexpr int mrNone = 0;
 inline constexpr int mrOk = 1;
@@ -49,6 +51,9 @@ using TMsgDlgButtons = System::Set<TMsgDlgBtn, mbYes, mbIgnore>;
 ///     if (MessageDlg(u"Overwrite?", mtConfirmation, {mbYes, mbNo}, 0) == mrYes) { ... }
 TRS8_BTL_API int MessageDlg(const System::UnicodeString& text, TMsgDlgType type, TMsgDlgButtons buttons,
                             int helpContext);
+/// As `MessageDlg`; where the box stands is the toolkit's to know, so the place isn't looked at.
+TRS8_BTL_API int MessageDlgPos(const System::UnicodeString& text, TMsgDlgType type, TMsgDlgButtons buttons,
+                               int helpContext, int x, int y);
 /// A box with OK alone.
 TRS8_BTL_API void ShowMessage(const System::UnicodeString& text);
 
@@ -56,6 +61,12 @@ TRS8_BTL_API void ShowMessage(const System::UnicodeString& text);
 /// otherwise it stays.
 TRS8_BTL_API bool InputQuery(const System::UnicodeString& caption, const System::UnicodeString& prompt,
                              System::UnicodeString& value);
+/// Asks for one line after the other, for each prompt one, as `InputQuery` does. Once the user cancels,
+/// false, and all values stay. `Classes::EInvalidOperation` without a prompt, and for fewer values than
+/// prompts.
+TRS8_BTL_API bool InputQuery(const System::UnicodeString& caption,
+                             std::span<const System::UnicodeString> prompts,
+                             std::span<System::UnicodeString> values);
 /// As `InputQuery`, but gives the line itself, which is `defaultValue` at first and if the user cancels.
 TRS8_BTL_API System::UnicodeString InputBox(const System::UnicodeString& caption,
                                             const System::UnicodeString& prompt,

@@ -23,12 +23,13 @@ enum class EFileQuestion
 struct TFileFilter
 {
     System::UnicodeString name;
-    /// As "*.csv"; a file of one of them is listed.
+    /// As "*.csv", or "*" for all; a file of one of them is listed.
     std::vector<System::UnicodeString> masks;
 };
 
-/// A modal question for files or a folder. Whether what is answered exists, and may be replaced, is for the
-/// asker to test: the toolkit neither refuses it nor asks.
+/// A modal question for files or a folder. Paths are those of the library, see `Sysutils::HostPath`. Whether
+/// what is answered exists, and may be replaced, is for the asker to test: the toolkit neither refuses it nor
+/// asks.
 struct TFileQuestion
 {
     EFileQuestion kind = EFileQuestion::Open;

@@ -3,6 +3,7 @@
 
 #include "platform/runtime/classes/internal/Classes_ThreadState.h"
 #include "platform/toolkit/InputPlayer.h"
+#include "platform/toolkit/Pixels.h"
 #include "platform/toolkit/headless/HeadlessToolkit.h"
 #include "platform/toolkit/internal/ToolkitPlugin.h"
 #include "platform/toolkit/internal/Watches.h"
@@ -95,6 +96,16 @@ const LinkToThreads linkToThreads;
 Toolkit::~Toolkit() = default;
 
 InputPlayer::~InputPlayer() = default;
+
+bool Toolkit::SetClipboardPixels(const Pixels&)
+{
+    return false;
+}
+
+Pixels Toolkit::GetClipboardPixels()
+{
+    return {};
+}
 
 Toolkit& CurrentToolkit()
 {

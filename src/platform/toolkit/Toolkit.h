@@ -70,6 +70,11 @@ public:
     virtual bool SetClipboardText(const System::UnicodeString& text) = 0;
     /// Empty if there is no text on the clipboard.
     virtual System::UnicodeString GetClipboardText() = 0;
+    /// Puts a picture on the clipboard in place of what is there. False if this toolkit can't; the clipboard
+    /// is as it was then.
+    virtual bool SetClipboardPixels(const Pixels& pixels);
+    /// The picture on the clipboard; an empty one if there is none.
+    virtual Pixels GetClipboardPixels();
 
     /// All screens together, in pixels.
     virtual Types::TRect DesktopRect() const = 0;

@@ -22,7 +22,9 @@ class TRS8_BTL_API WindowItems
 public:
     virtual ~WindowItems();
 
+    /// How many items there are now.
     virtual int GetItemCount() const = 0;
+    /// What an item shows.
     virtual System::UnicodeString GetItemText(int index) const = 0;
     /// Of a check list.
     virtual ECheck GetItemCheck(int index) const;

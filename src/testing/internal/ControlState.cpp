@@ -8,6 +8,8 @@
 #include "platform/visual/stdctrls/buttons/Stdctrls_RadioButton.h"
 #include "platform/visual/stdctrls/lists/Checklst_CheckListBox.h"
 #include "platform/visual/stdctrls/lists/Stdctrls_ComboBox.h"
+#include "platform/visual/stdctrls/panels/Comctrls_ProgressBar.h"
+#include "platform/visual/stdctrls/panels/Comctrls_TabControl.h"
 
 #include <ostream>
 
@@ -97,6 +99,11 @@ void WriteControlState(std::ostream& out, const Controls::TControl& control)
         WriteIndex(to, box.getItemCount(), box.getItemIndex());
         to << (box.getDroppedDown() ? " open" : "");
     });
+    IfIs<Comctrls::TProgressBar>(out, control, [](std::ostream& to, const auto& bar) {
+        to << " position " << bar.getPosition() << " of " << bar.getMin() << ".." << bar.getMax();
+    });
+    IfIs<Comctrls::TCustomTabControl>(
+        out, control, [](std::ostream& to, const auto& tabs) { to << " tab " << tabs.getTabIndex(); });
 }
 
 } // namespace Testing

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/Host_CurrentThread.h"
 
+#include "support/SecondProcess.h"
+
 #include <gtest/gtest.h>
 
 #include <thread>
@@ -18,6 +20,18 @@ TEST(CurrentThreadTest, HasANumberOfItsOwn)
     std::thread([&] { other = GetCurrentThreadId(); }).join();
     EXPECT_NE(other, 0U);
     EXPECT_NE(other, GetCurrentThreadId());
+}
+
+/// The copy of a thread is another one.
+TEST(CurrentThreadTest, AForkHasANumberOfItsOwn)
+{
+    const unsigned long own = GetCurrentThreadId();
+    const Support::SecondProcess fork([own](int tell) {
+        if (GetCurrentThreadId() == static_cast<unsigned long>(getpid()) && GetCurrentThreadId() != own) {
+            Support::SecondProcess::Tell(tell);
+        }
+    });
+    EXPECT_TRUE(fork.Await());
 }
 
 TEST(CurrentThreadTest, NamesThreadsOfThisProcessAlone)

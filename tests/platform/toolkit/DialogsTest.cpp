@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/Dialogs.h"
 
+#include "platform/runtime/classes/Classes_Exceptions.h"
 #include "platform/toolkit/MessageBox.h"
 #include "support/ScriptedBoxes.h"
 
@@ -65,6 +66,25 @@ TEST(DialogsTest, AsksForALine)
     EXPECT_EQ(asked[0].input.value, u"Ofen");
     EXPECT_EQ(asked[1].input.value, u"Ofen 2");
     EXPECT_EQ(asked[1].answer, std::nullopt);
+}
+
+TEST(DialogsTest, AsksForSeveralLines)
+{
+    Support::ScriptedBoxes boxes;
+    const System::UnicodeString prompts[] = {u"Name:", u"Ort:"};
+    System::UnicodeString values[] = {u"a", u"b"};
+    boxes.AnswerInput(u"x");
+    boxes.AnswerInput(std::nullopt);
+    EXPECT_FALSE(InputQuery(u"Kanal", prompts, values));
+    EXPECT_EQ(values[0], u"a");
+    boxes.AnswerInput(u"x");
+    boxes.AnswerInput(u"y");
+    EXPECT_TRUE(InputQuery(u"Kanal", prompts, values));
+    EXPECT_EQ(values[0], u"x");
+    EXPECT_EQ(values[1], u"y");
+    EXPECT_EQ(boxes.TakeAsked().at(3).input.prompt, u"Ort:");
+    EXPECT_THROW(InputQuery(u"Kanal", prompts, std::span(values).first(1)), Classes::EInvalidOperation);
+    EXPECT_THROW(InputQuery(u"Kanal", std::span(prompts).first(0), values), Classes::EInvalidOperation);
 }
 
 } // namespace

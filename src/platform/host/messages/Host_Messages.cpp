@@ -371,6 +371,8 @@ bool IsGood(unsigned message, const COPYDATASTRUCT* data)
 
 } // namespace
 
+constinit FSendToControl SendToControl = nullptr;
+
 } // namespace Host
 
 HWND FindWindowW(const System::WideChar* className, const System::WideChar* title)
@@ -401,6 +403,13 @@ std::intptr_t SendMessageA(HWND window, unsigned message, std::uintptr_t wParam,
 bool SendMessageTimeoutA(HWND window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam,
                          unsigned /*flags*/, unsigned long milliseconds, std::uintptr_t* result)
 {
+    std::intptr_t answer = 0;
+    if (Host::SendToControl != nullptr && Host::SendToControl(window, message, wParam, lParam, answer)) {
+        if (result != nullptr) {
+            *result = static_cast<std::uintptr_t>(answer);
+        }
+        return true;
+    }
     // NOLINTNEXTLINE(performance-no-int-to-ptr): the parameter of the message is an address
     const auto* const data = reinterpret_cast<const COPYDATASTRUCT*>(lParam);
     const auto reply = Host::IsGood(message, data)

@@ -42,9 +42,10 @@ struct COPYDATASTRUCT
 TRS8_BTL_API HWND FindWindowW(const System::WideChar* className, const System::WideChar* title);
 
 /// Sends the message and waits, without limit, until the window's process has handled it in its message loop;
-/// gives the result. From the thread that owns the window it is handled at once. 0 with the last error set:
-/// 1400 if there is no such window (any more), also if its process ends meanwhile; 50 for another message
-/// than `WM_COPYDATA`; 87 for a null structure, null data of a length, and for more than 1 GiB.
+/// gives the result. A control of this process, by its handle, gets any message, at once in the main thread.
+/// From the thread that owns the window it is handled at once. 0 with the last error set: 1400 if there is no
+/// such window (any more), also if its process ends meanwhile; 50 for another message than `WM_COPYDATA`; 87
+/// for a null structure, null data of a length, and for more than 1 GiB.
 ///
 /// A sender that ends before its turn came isn't served. A loop that waits for a sender of its own process's
 /// other thread, or two processes that send to each other at once, wait for ever.
@@ -57,3 +58,14 @@ TRS8_BTL_API std::intptr_t SendMessageA(HWND window, unsigned message, std::uint
 TRS8_BTL_API bool SendMessageTimeoutA(HWND window, unsigned message, std::uintptr_t wParam,
                                       std::intptr_t lParam, unsigned flags, unsigned long milliseconds,
                                       std::uintptr_t* result);
+
+namespace Host
+{
+
+/// Hands a message to the control of this process that `window` stands for; false if it stands for none. The
+/// room of controls fills it in with the first handle.
+using FSendToControl = bool (*)(HWND window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam,
+                                std::intptr_t& result);
+TRS8_BTL_API extern FSendToControl SendToControl;
+
+} // namespace Host

@@ -3,6 +3,8 @@
 
 // Components, lists and streams, all at once:
 // - `Classes_Strings.h`: `TStrings`, what every list of lines can; `Classes_StringList.h`: `TStringList`
+// - `Classes_List.h`: `TList`, a list of pointers; `Contnrs_ObjectList.h`, `Contnrs_ComponentList.h`: of
+// objects
 // - `Classes_Stream.h`: streams of files, memory, texts and resources
 // - `Classes_Persistent.h`: objects that can be assigned; `Classes_Component.h`: `TComponent`, which owns
 // others
@@ -15,6 +17,7 @@
 #include "platform/runtime/classes/Classes_Collection.h"
 #include "platform/runtime/classes/Classes_Component.h"
 #include "platform/runtime/classes/Classes_Exceptions.h"
+#include "platform/runtime/classes/Classes_List.h"
 #include "platform/runtime/classes/Classes_Persistent.h"
 #include "platform/runtime/classes/Classes_Stream.h"
 #include "platform/runtime/classes/Classes_StringList.h"
@@ -22,3 +25,5 @@
 #include "platform/runtime/classes/Classes_Synchronize.h"
 #include "platform/runtime/classes/Classes_Thread.h"
 #include "platform/runtime/classes/Classes_Update.h"
+#include "platform/runtime/classes/Contnrs_ComponentList.h"
+#include "platform/runtime/classes/Contnrs_ObjectList.h"

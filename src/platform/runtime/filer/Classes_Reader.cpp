@@ -27,12 +27,15 @@ std::size_t BlockSize(int bufSize)
     return bufSize < 1 ? std::size_t{1} : static_cast<std::size_t>(bufSize);
 }
 
-/// The name that no other form has: `name`, or that with a number behind.
+/// The name that no other form, nor any other component of its owner, has: `name`, or that with a number
+/// behind.
 UnicodeString UniqueName(const TComponent& root, const UnicodeString& name)
 {
-    const auto isTaken = [&root](const UnicodeString& candidate) {
-        const TComponent* const found = FindGlobalComponent(candidate);
-        return found != nullptr && found != &root;
+    const auto isOther = [&root](const TComponent* found) { return found != nullptr && found != &root; };
+    const TComponent* const owner = root.getOwner();
+    const auto isTaken = [&](const UnicodeString& candidate) {
+        return isOther(FindGlobalComponent(candidate)) ||
+               (owner != nullptr && isOther(owner->FindComponent(candidate)));
     };
     UnicodeString result = name;
     for (int i = 1; !result.IsEmpty() && isTaken(result); ++i) {

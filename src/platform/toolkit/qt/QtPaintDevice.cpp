@@ -40,11 +40,27 @@ void CQtPaintDevice::Text(const Types::TPoint& at, const System::UnicodeString& 
     painter.drawText(0, metrics.ascent(), line);
 }
 
-QImage ViewOf(Pixels& pixels)
+namespace
 {
-    return {reinterpret_cast<uchar*>(pixels.All().data()), pixels.getWidth(), pixels.getHeight(),
+
+template <class Bytes, class Block>
+QImage View(Block& pixels)
+{
+    return {reinterpret_cast<Bytes*>(pixels.All().data()), pixels.getWidth(), pixels.getHeight(),
             static_cast<qsizetype>(pixels.getWidth()) * static_cast<qsizetype>(sizeof(TPixel)),
             QImage::Format_ARGB32};
+}
+
+} // namespace
+
+QImage ViewOf(Pixels& pixels)
+{
+    return View<uchar>(pixels);
+}
+
+QImage ViewOf(const Pixels& pixels)
+{
+    return View<const uchar>(pixels);
 }
 
 } // namespace Toolkits

@@ -19,7 +19,8 @@ public:
               const TTextOptions& options) override;
 };
 
-/// The pixels as an image that shares them, and so must not outlive them.
+/// The pixels as an image that shares them, and so must not outlive them; constant ones are only read.
 QImage ViewOf(Pixels& pixels);
+QImage ViewOf(const Pixels& pixels);
 
 } // namespace Toolkits

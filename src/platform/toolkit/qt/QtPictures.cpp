@@ -2,6 +2,7 @@
 #include "platform/toolkit/qt/QtPictures.h"
 
 #include "platform/toolkit/qt/QtConvert.h"
+#include "platform/toolkit/qt/QtPaintDevice.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -47,6 +48,8 @@ bool HasFormat(const QList<QByteArray>& formats, EPictureType type)
     return name != nullptr && formats.contains(QByteArray(name));
 }
 
+} // namespace
+
 Pixels PixelsOf(const QImage& image)
 {
     const QImage rows = image.convertToFormat(QImage::Format_ARGB32);
@@ -56,8 +59,6 @@ Pixels PixelsOf(const QImage& image)
     }
     return pixels;
 }
-
-} // namespace
 
 [[noreturn]] void ThrowNoCodec(EPictureType type)
 {
@@ -98,11 +99,7 @@ std::vector<System::Byte> EncodeByQt(EPictureType type, const Pixels& pixels, in
     if (!HasFormat(formats, type)) {
         ThrowNoCodec(type);
     }
-    // Qt only reads it.
-    const auto* const data = reinterpret_cast<const uchar*>(pixels.All().data());
-    const QImage image(data, pixels.getWidth(), pixels.getHeight(),
-                       static_cast<qsizetype>(pixels.getWidth()) * static_cast<qsizetype>(sizeof(TPixel)),
-                       QImage::Format_ARGB32);
+    const QImage image = ViewOf(pixels);
     QByteArray file;
     QBuffer buffer(&file);
     buffer.open(QIODevice::WriteOnly);

@@ -8,6 +8,8 @@
 #include <span>
 #include <vector>
 
+class QImage;
+
 namespace Toolkits
 {
 
@@ -16,6 +18,9 @@ Pixels DecodeByQt(EPictureType type, std::span<const System::Byte> bytes);
 
 /// As `Toolkit::EncodePicture`.
 std::vector<System::Byte> EncodeByQt(EPictureType type, const Pixels& pixels, int quality);
+
+/// The pixels of an image of Qt.
+Pixels PixelsOf(const QImage& image);
 
 /// Raises `Graphics::EInvalidGraphic`: there is no codec for the type.
 [[noreturn]] void ThrowNoCodec(EPictureType type);

@@ -104,6 +104,21 @@ System::UnicodeString CQtToolkit::GetClipboardText()
     return FromQString(QGuiApplication::clipboard()->text());
 }
 
+bool CQtToolkit::SetClipboardPixels(const Pixels& pixels)
+{
+    NeedApplication();
+    // The clipboard keeps a copy, since the pixels may go.
+    QGuiApplication::clipboard()->setImage(ViewOf(pixels).copy());
+    return true;
+}
+
+Pixels CQtToolkit::GetClipboardPixels()
+{
+    NeedApplication();
+    const QImage image = QGuiApplication::clipboard()->image();
+    return image.isNull() ? Pixels() : PixelsOf(image);
+}
+
 Types::TRect CQtToolkit::DesktopRect() const
 {
     NeedApplication();

@@ -25,6 +25,8 @@ public:
     TFileAnswer AskFiles(const TFileQuestion& question) override;
     bool SetClipboardText(const System::UnicodeString& text) override;
     System::UnicodeString GetClipboardText() override;
+    bool SetClipboardPixels(const Pixels& pixels) override;
+    Pixels GetClipboardPixels() override;
     Types::TRect DesktopRect() const override;
     std::unique_ptr<Window> MakeWindow(const TWindowSettings& settings) override;
     int ShowMenu(const std::vector<TMenuEntry>& entries, Types::TPoint place) override;

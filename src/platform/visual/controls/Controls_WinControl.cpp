@@ -58,8 +58,13 @@ void TWinControl::InsertControl(TControl* control)
         control->SetParent(this);
         return;
     }
-    TakeIn(*control);
+    const TComponentWatch ownWatch(this);
     const TComponentWatch watch(control);
+    TellOfControl(CM_CONTROLLISTCHANGE, control, true);
+    if (!watch.IsAlive() || !ownWatch.IsAlive() || control->mParent != nullptr) {
+        return;
+    }
+    TakeIn(*control);
     const auto tell = [&](unsigned message) {
         if (watch.IsAlive()) {
             control->Perform(message);
@@ -84,6 +89,14 @@ void TWinControl::InsertControl(TControl* control)
     if (watch.IsAlive()) {
         AlignControl(control);
     }
+    if (watch.IsAlive() && control->mParent == this) {
+        TellOfControl(CM_CONTROLCHANGE, control, true);
+    }
+}
+
+void TWinControl::TellOfControl(unsigned message, const TControl* control, bool isComing)
+{
+    Perform(message, reinterpret_cast<std::uintptr_t>(control), isComing ? 1 : 0);
 }
 
 void TWinControl::RemoveControl(TControl* control)
@@ -93,6 +106,10 @@ void TWinControl::RemoveControl(TControl* control)
     }
     const TComponentWatch watch(control);
     const TComponentWatch ownWatch(this);
+    TellOfControl(CM_CONTROLCHANGE, control, false);
+    if (!watch.IsAlive() || !ownWatch.IsAlive() || control->mParent != this) {
+        return;
+    }
     auto* const window = dynamic_cast<TWinControl*>(control);
     if (window != nullptr) {
         window->RemoveFocus(true);
@@ -137,6 +154,7 @@ void TWinControl::TakeOut(TControl& control)
         mAlignedFor = nullptr;
     }
     control.mParent = nullptr;
+    TellOfControl(CM_CONTROLLISTCHANGE, &control, false);
 }
 
 namespace

@@ -221,6 +221,8 @@ private:
     void CloseAsked() override;
     void ActivationChanged(bool isActive) override;
 
+    /// Sends a message about a control that comes or goes.
+    void TellOfControl(unsigned message, const TControl* control, bool isComing);
     void TakeIn(TControl& control);
     void TakeOut(TControl& control);
     void MoveChild(TControl& control, bool inFront);

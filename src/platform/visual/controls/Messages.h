@@ -90,7 +90,12 @@ inline constexpr unsigned CM_ENTER = CM_BASE + 26;
 inline constexpr unsigned CM_EXIT = CM_BASE + 27;
 inline constexpr unsigned CM_SHOWHINTCHANGED = CM_BASE + 33;
 inline constexpr unsigned CM_PARENTSHOWHINTCHANGED = CM_BASE + 34;
+/// The control in `WParam` is about to come into the receiver, with 1 in `LParam`, which a handler may refuse
+/// by an exception; or it is gone, and nothing but its address is of use then.
 inline constexpr unsigned CM_CONTROLLISTCHANGE = CM_BASE + 36;
+/// The control in `WParam` came into the receiver, with 1 in `LParam`, or is about to be put elsewhere; one
+/// that is destroyed isn't told of.
+inline constexpr unsigned CM_CONTROLCHANGE = CM_BASE + 37;
 inline constexpr unsigned CM_MOUSEWHEEL = CM_BASE + 66;
 inline constexpr unsigned CM_TABSTOPCHANGED = CM_BASE + 40;
 inline constexpr unsigned CM_HINTSHOW = CM_BASE + 46;
@@ -107,6 +112,17 @@ struct TMessage
     unsigned Msg = 0;
     std::uintptr_t WParam = 0;
     std::intptr_t LParam = 0;
+    std::intptr_t Result = 0;
+};
+
+/// `WM_COPYDATA` as a message: bytes that another process sends.
+struct TWMCopyData
+{
+    unsigned Msg = WM_COPYDATA;
+    /// What the sender gave for its window.
+    std::uintptr_t From = 0;
+    /// Valid during the call.
+    const COPYDATASTRUCT* CopyDataStruct = nullptr;
     std::intptr_t Result = 0;
 };
 

@@ -9,6 +9,7 @@
 #include "platform/visual/forms/Classes_DataModule.h"
 #include "platform/visual/forms/Forms_Form.h"
 #include "platform/visual/forms/Forms_Screen.h"
+#include "platform/visual/graphics/Graphics_Icon.h"
 
 namespace Forms
 {
@@ -78,6 +79,19 @@ TApplication::~TApplication() = default;
 System::UnicodeString TApplication::getExeName() const
 {
     return Host::ProgramPath();
+}
+
+Graphics::TIcon* TApplication::getIcon()
+{
+    if (mIcon == nullptr) {
+        mIcon = System::MakeOwner<Graphics::TIcon>();
+    }
+    return mIcon.get();
+}
+
+void TApplication::setIcon(Graphics::TIcon* icon)
+{
+    getIcon()->Assign(icon);
 }
 
 void TApplication::FormCreated(Classes::TComponent* component)

@@ -1,12 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/base/System_Owner.h"
 #include "platform/base/System_String.h"
 #include "platform/base/Sysutils_Exception.h"
 #include "platform/runtime/classes/Classes_Component.h"
 
 #include <atomic>
 #include <exception>
+
+namespace Graphics
+{
+class TIcon;
+} // namespace Graphics
 
 namespace Forms
 {
@@ -45,6 +51,11 @@ public:
     /// The program's help file; empty at first.
     const System::UnicodeString& getHelpFile() const noexcept { return mHelpFile; }
     void setHelpFile(const System::UnicodeString& file) { mHelpFile = file; }
+
+    /// The program's icon; empty at first.
+    Graphics::TIcon* getIcon();
+    /// Takes over another icon; null makes it empty.
+    void setIcon(Graphics::TIcon* icon);
 
     /// Whether the main form itself stands for the program on the task bar; off at first.
     bool getMainFormOnTaskBar() const noexcept { return mMainFormOnTaskBar; }
@@ -88,6 +99,17 @@ public:
     /// To be called in a handler of any exception: gives it to `OnException`, or shows it. One of the kind
     /// `Sysutils::EAbort` is passed over.
     void HandleException(System::TObject* sender);
+    /// Calls `action` for those who can't let an exception pass, as destructors: what it raises goes to
+    /// `HandleException`.
+    template <class Action>
+    void RunHandled(Action action)
+    {
+        try {
+            action();
+        } catch (...) {
+            HandleException(this);
+        }
+    }
     /// Shows an exception in a box.
     void ShowException(const std::exception& fault);
 
@@ -117,6 +139,8 @@ private:
     System::UnicodeString mTitle;
     System::UnicodeString mHelpFile;
     System::UnicodeString mHint;
+    /// Made when it is needed.
+    System::GOwner<Graphics::TIcon> mIcon;
     TCustomForm* mMainForm = nullptr;
     bool mMainFormOnTaskBar = false;
     bool mShowMainForm = true;

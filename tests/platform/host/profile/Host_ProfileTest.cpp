@@ -6,10 +6,13 @@
 #include "platform/host/Host_File.h"
 #include "support/AccessList.h"
 #include "support/ChildProgram.h"
+#include "support/ScopedVariable.h"
 #include "support/SecondProcess.h"
 
 #include <algorithm>
 #include <array>
+#include <atomic>
+#include <thread>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -386,9 +389,34 @@ TEST_F(HostProfileTest, CountsABareNameFromTheCurrentFolder)
     ASSERT_TRUE(SetCurrentDirectoryW(former));
 }
 
+TEST_F(HostProfileTest, AFileThatIsDeletedWhileItGrowsIsGone)
+{
+    const std::filesystem::path file = Host("a.ini");
+    // So long that it mostly grows while it is read.
+    const std::string text = "[s]\nk=1\n" + std::string(1 << 20, ';');
+    for (int i = 0; i < 10; ++i) {
+        Write("a.ini", text);
+        std::atomic<bool> isOver = false;
+        std::thread writer([&] {
+            std::ofstream stream(file, std::ios::app | std::ios::binary);
+            while (!isOver) {
+                stream << ';' << std::flush;
+            }
+        });
+        while (std::filesystem::file_size(file) == text.size()) {
+            std::this_thread::yield();
+        }
+        EXPECT_EQ(Get(u"s", u"k"), u"1");
+        std::filesystem::remove(file);
+        EXPECT_EQ(Get(u"s", u"k"), u"<none>");
+        isOver = true;
+        writer.join();
+    }
+}
+
 TEST_F(HostProfileTest, HasAProfileOfTheUser)
 {
-    setenv("XDG_CONFIG_HOME", Host("config").c_str(), 1);
+    const Support::ScopedVariable user("XDG_CONFIG_HOME", Host("config"));
     EXPECT_EQ(Host::SystemProfile(), Name(u"config\\win.ini"));
     EXPECT_TRUE(WriteProfileStringW(u"s", u"k", u"5"));
     EXPECT_TRUE(WritePrivateProfileStringA("s", "l", "6", nullptr));

@@ -190,6 +190,18 @@ TEST_F(ReaderTest, ANullRootIsMadeOfTheClassThatTheFormNames)
     EXPECT_EQ(reader.getRoot(), root.get());
 }
 
+/// Two forms of one design may have one owner, as the application.
+TEST_F(ReaderTest, FormsOfOneOwnerHaveNamesOfTheirOwn)
+{
+    TComponent owner;
+    for (const char16_t* const name : {u"Main", u"Main_1", u"Main_2"}) {
+        auto* const root = new TSheet(&owner);
+        const auto stream = StreamOf(Compiled("object Main: TSheet\nend"));
+        TReader(stream.get(), 16).ReadRootComponent(root);
+        EXPECT_EQ(root->getName(), name);
+    }
+}
+
 TEST_F(ReaderTest, InheritedComponentsAreChangedAndMoved)
 {
     const auto sheet =

@@ -294,6 +294,9 @@ TEST(QtToolkitTest, SharesTheClipboard)
     EXPECT_TRUE(CurrentToolkit().SetClipboardText(u"12,5 kΩ"));
     EXPECT_EQ(CurrentToolkit().GetClipboardText(), u"12,5 kΩ");
     EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("12,5 kΩ"));
+    const Pixels picture(3, 2, Support::Red);
+    EXPECT_TRUE(CurrentToolkit().SetClipboardPixels(picture));
+    EXPECT_EQ(CurrentToolkit().GetClipboardPixels(), picture);
 }
 
 TEST(QtToolkitTest, SetsTheCursorAndGivesItBack)

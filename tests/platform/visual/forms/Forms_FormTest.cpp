@@ -99,10 +99,10 @@ TEST_F(FormTest, ItsMenuIsOpenedByItsMarksAndChosenFrom)
     form.setMenu(menu);
     form.Show();
     Testing::CFormDriver driver(form);
-    driver.Choose(u"File|Open");
+    driver.ChooseMenu(u"File|Open");
     EXPECT_EQ(mLog, u"&Open ");
-    EXPECT_THROW(driver.Choose(u"File|Close"), std::logic_error);
-    EXPECT_THROW(driver.Choose(u"File|Print"), std::invalid_argument);
+    EXPECT_THROW(driver.ChooseMenu(u"File|Close"), std::logic_error);
+    EXPECT_THROW(driver.ChooseMenu(u"File|Print"), std::invalid_argument);
     mLog = {};
     mToolkit.AnswerMenu(u"Open");
     driver.Press('F', {Classes::ssAlt});

@@ -5,7 +5,7 @@
 #include "platform/visual/graphics/Graphics_Canvas.h"
 #include "platform/visual/graphics/Graphics_IconHandle.h"
 #include "support/DrawnPixels.h"
-#include "support/PictureFiles.h"
+#include "support/IconFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -15,47 +15,14 @@ namespace
 using namespace Graphics;
 using Support::Drawn;
 using Support::FileBytes;
+using Support::IconFile;
+using Support::IconImage;
 using Support::Load;
 using Support::Saved;
 
-/// One picture of an icon: its header, 24 bits a pixel, one colour, and a mask for its first pixel.
-std::vector<System::Byte> Image(unsigned width, unsigned height, unsigned color)
-{
-    FileBytes image;
-    image.Put32({40, width, 2 * height}).Put16({1, 24}).Put32({0, 0, 0, 0, 0, 0});
-    for (unsigned y = 0; y < height; ++y) {
-        for (unsigned x = 0; x < width; ++x) {
-            image.Put8({color & 255U, color >> 8U & 255U, color >> 16U});
-        }
-        for (unsigned fill = width * 3; fill % 4 != 0; ++fill) {
-            image.Put8({0});
-        }
-    }
-    for (unsigned y = 0; y < height; ++y) {
-        image.Put8({y == height - 1 ? 0x80U : 0U, 0, 0, 0});
-    }
-    return image.getBytes();
-}
-
-std::vector<System::Byte> IconFile(const std::vector<std::vector<System::Byte>>& images)
-{
-    FileBytes file;
-    file.Put16({0, 1, static_cast<unsigned>(images.size())});
-    auto offset = static_cast<unsigned>(6 + 16 * images.size());
-    for (const auto& image : images) {
-        file.Put8({image[4], image[4], 0, 0}).Put16({1, 24});
-        file.Put32({static_cast<unsigned>(image.size()), offset});
-        offset += static_cast<unsigned>(image.size());
-    }
-    for (const auto& image : images) {
-        file.Append(image);
-    }
-    return file.getBytes();
-}
-
 TEST(GraphicsIconTest, TakesTheImageThatIsNearest)
 {
-    const auto bytes = IconFile({Image(2, 2, 0xFF0000), Image(4, 4, 0xFF)});
+    const auto bytes = IconFile({IconImage(2, 2, 0xFF0000), IconImage(4, 4, 0xFF)});
     TIcon icon;
     EXPECT_TRUE(icon.getEmpty());
     EXPECT_EQ(icon.getWidth(), 32);
@@ -77,7 +44,7 @@ TEST(GraphicsIconTest, TakesTheImageThatIsNearest)
 TEST(GraphicsIconTest, IsDrawnOnTheGround)
 {
     TIcon icon;
-    Load(icon, IconFile({Image(2, 2, 0xFF0000)}));
+    Load(icon, IconFile({IconImage(2, 2, 0xFF0000)}));
     TBitmap bitmap(4, 3);
     bitmap.getCanvas()->Draw(1, 1, &icon);
     EXPECT_EQ(Drawn(*bitmap.SharePixels()), "....\n..r.\n.rr.\n");
@@ -104,12 +71,12 @@ TEST(GraphicsIconTest, ComesFromABitmap)
 
 TEST(GraphicsIconTest, StaysAsItWasWhenAFileIsDamaged)
 {
-    auto beyond = IconFile({Image(2, 2, 0)});
+    auto beyond = IconFile({IconImage(2, 2, 0)});
     beyond[6 + 8] = 255;
-    auto noHeader = IconFile({Image(2, 2, 0)});
+    auto noHeader = IconFile({IconImage(2, 2, 0)});
     noHeader[6 + 16] = 7;
     TIcon icon;
-    Load(icon, IconFile({Image(2, 2, 0xFF0000)}));
+    Load(icon, IconFile({IconImage(2, 2, 0xFF0000)}));
     for (const auto& bytes : {std::vector<System::Byte>{0, 0, 1},
                               {0, 0, 1, 0, 0, 0},
                               {0, 0, 1, 0, 2, 0, 0},
@@ -121,7 +88,7 @@ TEST(GraphicsIconTest, StaysAsItWasWhenAFileIsDamaged)
         EXPECT_EQ(icon.getCount(), 1);
     }
     // Pixels are looked at when they are asked for.
-    auto truncated = IconFile({Image(2, 2, 0)});
+    auto truncated = IconFile({IconImage(2, 2, 0)});
     truncated[6 + 8] = 44;
     Load(icon, truncated);
     EXPECT_THROW(icon.PixelsFor(2, 2), EInvalidGraphic);
@@ -203,7 +170,7 @@ TEST(GraphicsIconTest, IsDrawnByItsHandle)
                            {0, nullptr, DI_MASK, "....\n..#.\n.##.\n"},
                            {0, nullptr, DI_IMAGE, "....\n.#r.\n.rr.\n"}};
     TIcon icon;
-    Load(icon, IconFile({Image(2, 2, 0xFF0000)}));
+    Load(icon, IconFile({IconImage(2, 2, 0xFF0000)}));
     for (const TCase& row : cases) {
         SCOPED_TRACE(row.pixels);
         Support::WhitePaper paper(4, 3);

@@ -132,9 +132,11 @@ std::optional<std::string> ReadAll(int descriptor)
 /// Programs that don't lock may write meanwhile; a content that goes on changing has no state to be known by.
 std::optional<ReadBytes> ReadSteady(int descriptor)
 {
-    ReadBytes read;
+    ReadBytes read{{}, {}, false};
     for (int i = 0; i < 3; ++i) {
         const FileState before = QueryState(descriptor);
+        // Asked once all is read, a change in the tick of the last one might have come meanwhile.
+        const bool isSettled = before.IsSettled();
         auto bytes = ReadAll(descriptor);
         if (!bytes) {
             return std::nullopt;
@@ -142,6 +144,7 @@ std::optional<ReadBytes> ReadSteady(int descriptor)
         read.bytes = std::move(*bytes);
         if (before == QueryState(descriptor)) {
             read.state = before;
+            read.isSettled = isSettled;
             break;
         }
     }
@@ -199,7 +202,7 @@ std::optional<ReadBytes> ReadProfile(const std::string& path)
         FailErrno();
         return std::nullopt;
     }
-    return S_ISREG(state.mode) ? ReadSteady(file.Get()) : ReadBytes{{}, state};
+    return S_ISREG(state.mode) ? ReadSteady(file.Get()) : ReadBytes{{}, state, state.IsSettled()};
 }
 
 LockedProfile::~LockedProfile()

@@ -52,6 +52,8 @@ struct ReadBytes
 {
     std::string bytes;
     FileState state;
+    /// Whether the file has these bytes for as long as it has this state.
+    bool isSettled = true;
 };
 [[nodiscard]] std::optional<ReadBytes> ReadProfile(const std::string& path);
 

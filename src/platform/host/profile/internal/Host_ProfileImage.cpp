@@ -220,7 +220,7 @@ void ProfileImage::Take(const ReadBytes& read)
 {
     const std::size_t hash = HashOf(read.bytes);
     const bool isSame = mIsCurrent && hash == mHash && read.state.size == mState.size;
-    mIsSettled = read.state == FileState() || read.state.IsSettled();
+    mIsSettled = read.isSettled;
     mState = read.state;
     if (isSame) {
         return;

@@ -77,13 +77,20 @@ bool IsForeignByte(UChar32 c)
     return c >= 0xDC80 && c <= 0xDCFF;
 }
 
+/// The one at `i`, which moves behind it; a lone surrogate counts as one.
+UChar32 NextCharacter(View text, std::size_t& i)
+{
+    UChar32 c = 0;
+    U16_NEXT(text, i, text.size(), c);
+    return c;
+}
+
 std::string ToForeignUtf8(View text)
 {
     std::string bytes;
     bytes.reserve(text.size() + text.size() / 8);
     for (std::size_t i = 0; i < text.size();) {
-        UChar32 c = 0;
-        U16_NEXT(text.data(), i, text.size(), c);
+        const UChar32 c = NextCharacter(text, i);
         if (c < 0x80 || IsForeignByte(c)) {
             bytes += static_cast<char>(c);
             continue;
@@ -194,8 +201,7 @@ std::u16string Quoted(View value)
 bool IsOneLine(View text)
 {
     for (std::size_t i = 0; i < text.size();) {
-        UChar32 c = 0;
-        U16_NEXT(text.data(), i, text.size(), c);
+        const UChar32 c = NextCharacter(text, i);
         if (c == 0 || c == '\r' || c == '\n' || U_IS_SURROGATE(c)) {
             return false;
         }
@@ -432,8 +438,7 @@ UnicodeString ProfileText::Shown(View text) const
     UnicodeString shown(text);
     if (mHasForeignBytes) {
         for (std::size_t i = 0; i < text.size();) {
-            UChar32 c = 0;
-            U16_NEXT(text.data(), i, text.size(), c);
+            const UChar32 c = NextCharacter(text, i);
             if (IsForeignByte(c)) {
                 shown[static_cast<int>(i)] = 0xFFFD;
             }
@@ -524,17 +529,20 @@ void ProfileText::AppendSection(View name)
 
 void ProfileText::EndLastLine()
 {
-    for (auto section = mSections.rbegin(); section != mSections.rend(); ++section) {
-        const auto last = std::find_if(section->lines.rbegin(), section->lines.rend(),
+    // The header, if it has no other.
+    const auto lastOf = [](Section& section) {
+        const auto last = std::find_if(section.lines.rbegin(), section.lines.rend(),
                                        [](const Line& line) { return !line.IsDeleted(); });
-        Line& line = last == section->lines.rend() ? section->header : *last;
-        if (line.IsDeleted()) {
-            continue;
-        }
-        if (line.end == LineEnd::None) {
-            line.end = mLineEnd;
-        }
+        return last == section.lines.rend() ? &section.header : &*last;
+    };
+    const auto section = std::find_if(mSections.rbegin(), mSections.rend(),
+                                      [&](Section& sought) { return !lastOf(sought)->IsDeleted(); });
+    if (section == mSections.rend()) {
         return;
+    }
+    Line& line = *lastOf(*section);
+    if (line.end == LineEnd::None) {
+        line.end = mLineEnd;
     }
 }
 

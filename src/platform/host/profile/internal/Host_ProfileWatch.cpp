@@ -77,7 +77,8 @@ FileState ProfileWatch::Look()
 
 void ProfileWatch::Hold()
 {
-    if (!S_ISREG(mState.mode) || HasLinks(mPath)) {
+    // A move in the tick of the last change would not show.
+    if (!S_ISREG(mState.mode) || !mState.IsSettled() || HasLinks(mPath)) {
         return;
     }
     Descriptor file(open(mPath.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
@@ -91,10 +92,11 @@ void ProfileWatch::LetGo() noexcept
     if (!IsHolding()) {
         return;
     }
-    // A program that closed all descriptors may have a file of its own under this number.
+    // A program that closed all descriptors may have a file of its own under this number, this one perhaps.
     struct stat status;
-    const bool isOurs =
-        fstat(mFile.Get(), &status) == 0 && status.st_dev == mState.device && status.st_ino == mState.file;
+    const int flags = fcntl(mFile.Get(), F_GETFL);
+    const bool isOurs = flags >= 0 && (flags & O_PATH) != 0 && fstat(mFile.Get(), &status) == 0 &&
+                        status.st_dev == mState.device && status.st_ino == mState.file;
     if (!isOurs) {
         mFile.Release();
     }

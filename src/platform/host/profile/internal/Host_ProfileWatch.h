@@ -18,8 +18,8 @@ namespace Host
 ///     if (watch.Look() != known) { ... }
 ///
 /// No other program and no lock is concerned: the file is opened for its state alone. It is not held where
-/// the state doesn't tell all: along a link, which may be pointed elsewhere, and on other file systems than
-/// the common ones of local disks.
+/// the state doesn't tell all: along a link, which may be pointed elsewhere, within the tick of the clock in
+/// which it changed last, and on other file systems than the common ones of local disks.
 class TRS8_BTL_API ProfileWatch
 {
 public:

@@ -80,6 +80,12 @@ std::string ProgramOfEntry(std::string_view text)
     return command ? FirstArgument(WithoutEscapes(*command)) : std::string();
 }
 
+std::string IconOfEntry(std::string_view text)
+{
+    const auto icon = FindKey(text, "Icon");
+    return icon ? WithoutEscapes(*icon) : std::string();
+}
+
 std::vector<std::string> PathsOfEntry(std::string_view id)
 {
     constexpr std::size_t longest = 255;

@@ -19,10 +19,20 @@ constinit unsigned long MainThreadID = 0;
 namespace
 {
 
-/// Sets the number while the library is loaded, before the units that start threads.
+void TakeFirstThread() noexcept
+{
+    MainThreadID = Host::FirstThreadId();
+}
+
+/// Sets the number while the library is loaded, before the units that start threads, and in a fork, whose one
+/// thread is its main one.
 struct TFirstThread
 {
-    TFirstThread() noexcept { MainThreadID = Host::FirstThreadId(); }
+    TFirstThread() noexcept
+    {
+        TakeFirstThread();
+        Host::AfterFork(&TakeFirstThread);
+    }
 };
 
 [[gnu::init_priority(150)]] TFirstThread firstThread;

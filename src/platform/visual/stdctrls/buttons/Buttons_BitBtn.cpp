@@ -175,15 +175,6 @@ void TBitBtn::Click()
     TCustomButton::Click();
 }
 
-void TBitBtn::Dispatch(void* record)
-{
-    const unsigned number = static_cast<Messages::TMessage*>(record)->Msg;
-    if (number == CM_MOUSEENTER || number == CM_MOUSELEAVE) {
-        Put(mIsMouseOver, number == CM_MOUSEENTER);
-    }
-    TCustomButton::Dispatch(record);
-}
-
 void TBitBtn::CreateParams(Controls::TCreateParams& params)
 {
     TCustomButton::CreateParams(params);

@@ -30,7 +30,6 @@ public:
     /// Closes the form of a `bkClose` button, and shows the help topic of a `bkHelp` button that has one, its
     /// own or that of a parent. Otherwise as any button.
     void Click() override;
-    void Dispatch(void* message) override;
 
     /// `bkCustom` as soon as anything that it gave is changed.
     TBitBtnKind getKind() const;
@@ -68,7 +67,6 @@ private:
     int mMargin = -1;
     int mSpacing = 4;
     bool mIsGlyphChanged = false;
-    bool mIsMouseOver = false;
 };
 
 } // namespace Buttons

@@ -140,7 +140,8 @@ void TSpeedButton::setAllowAllUp(bool isOn)
 
 void TSpeedButton::setDown(bool isDown)
 {
-    isDown = isDown && mGroupIndex != 0;
+    // A design may say so before it names the group.
+    isDown = isDown && (mGroupIndex != 0 || IsLoading());
     if (isDown == mDown || (mDown && !mAllowAllUp)) {
         return;
     }
@@ -170,6 +171,7 @@ void TSpeedButton::OtherPressed(const TMessage& message)
 void TSpeedButton::Loaded()
 {
     TGraphicControl::Loaded();
+    mDown = mDown && mGroupIndex != 0;
     mState = !getEnabled() ? bsDisabled : mDown ? bsExclusive : bsUp;
 }
 

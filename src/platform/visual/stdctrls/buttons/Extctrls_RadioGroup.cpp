@@ -16,6 +16,24 @@ namespace Extctrls
 using Classes::TComponentWatch;
 using System::UnicodeString;
 
+namespace
+{
+
+/// Raises a flag for its life.
+class CReading
+{
+public:
+    explicit CReading(bool& flag) : mFlag(flag) { mFlag = true; }
+    CReading(const CReading&) = delete;
+    CReading& operator=(const CReading&) = delete;
+    ~CReading() { mFlag = false; }
+
+private:
+    bool& mFlag;
+};
+
+} // namespace
+
 /// The button of an item. It belongs to the group, which it tells of clicks and of its end.
 class TCustomRadioGroup::TGroupButton final : public Stdctrls::TRadioButton
 {
@@ -35,6 +53,14 @@ public:
         if (watch.IsAlive()) {
             mGroup.ButtonClicked(this);
         }
+    }
+
+    /// Without a click.
+    void CheckSilently()
+    {
+        setClicksDisabled(true);
+        setChecked(true);
+        setClicksDisabled(false);
     }
 
 protected:
@@ -139,9 +165,10 @@ void TCustomRadioGroup::setColumns(int columns)
 
 void TCustomRadioGroup::ReadState(Classes::TReader& reader)
 {
-    mIsReading = true;
-    TCustomGroupBox::ReadState(reader);
-    mIsReading = false;
+    {
+        const CReading scope(mIsReading);
+        TCustomGroupBox::ReadState(reader);
+    }
     UpdateButtons();
 }
 
@@ -172,9 +199,7 @@ void TCustomRadioGroup::UpdateButtons()
     }
     mItemIndex = std::clamp(mItemIndex, -1, static_cast<int>(mButtons.size()) - 1);
     if (mItemIndex >= 0) {
-        mIsUpdating = true;
-        getButtons(mItemIndex)->setChecked(true);
-        mIsUpdating = false;
+        mButtons[static_cast<std::size_t>(mItemIndex)]->CheckSilently();
     }
     ArrangeButtons();
     Invalidate();
@@ -205,9 +230,6 @@ void TCustomRadioGroup::ArrangeButtons()
 
 void TCustomRadioGroup::ButtonClicked(TGroupButton* button)
 {
-    if (mIsUpdating) {
-        return;
-    }
     mItemIndex = static_cast<int>(std::ranges::find(mButtons, button) - mButtons.begin());
     Click();
 }

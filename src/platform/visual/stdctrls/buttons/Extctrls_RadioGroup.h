@@ -75,7 +75,6 @@ private:
     int mItemIndex = -1;
     int mColumns = 1;
     bool mIsReading = false;
-    bool mIsUpdating = false;
 };
 
 /// A box of radio buttons.

@@ -127,14 +127,15 @@ bool TButtonControl::DispatchMouse(void* record)
         return false;
     }
     const TComponentWatch watch(this);
-    mIsMouseDown = true;
+    // Whoever refuses to be left by an exception keeps it from being pressed, too.
     if (CanFocus()) {
         SetFocus();
     }
     if (!watch.IsAlive()) {
         return true;
     }
-    mIsMouseInside = mIsMouseDown;
+    mIsMouseDown = true;
+    mIsMouseInside = true;
     Invalidate();
     return false;
 }

@@ -10,6 +10,30 @@ namespace Stdctrls
 
 using Classes::TComponentWatch;
 
+namespace
+{
+
+/// While the mouse presses a button, that gives it the focus, but its mark only when the mouse is let go.
+class CMousePress
+{
+public:
+    CMousePress(const TRadioButton& button, bool& flag) : mWatch(&button), mFlag(flag) { mFlag = true; }
+    CMousePress(const CMousePress&) = delete;
+    CMousePress& operator=(const CMousePress&) = delete;
+    ~CMousePress()
+    {
+        if (mWatch.IsAlive()) {
+            mFlag = false;
+        }
+    }
+
+private:
+    TComponentWatch mWatch;
+    bool& mFlag;
+};
+
+} // namespace
+
 System::TMetaClass* TRadioButton::ClassRecord()
 {
     static System::TMetaClass* const record =
@@ -82,13 +106,8 @@ void TRadioButton::Dispatch(void* record)
         return;
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK: {
-        // The press gives it the focus, but its mark only when the button is let go.
-        const TComponentWatch watch(this);
-        mIsMouseDown = true;
+        const CMousePress scope(*this, mIsMouseDown);
         TButtonControl::Dispatch(record);
-        if (watch.IsAlive()) {
-            mIsMouseDown = false;
-        }
         return;
     }
     case BM_GETCHECK:

@@ -119,7 +119,9 @@ void TCustomEdit::SetText(const UnicodeString& text)
     if (value == mBuffer.getText()) {
         return;
     }
+    const int former = mBuffer.Length();
     mBuffer.SetText(value);
+    Edited(0, former, value.Length());
     mModified = false;
     mFirstSeen = 0;
     Perform(CM_TEXTCHANGED);
@@ -169,15 +171,20 @@ void TCustomEdit::SetSelText(const UnicodeString& text)
 void TCustomEdit::Replace(int start, int length, const UnicodeString& text)
 {
     Controls::CheckMainThread();
+    start = std::clamp(start, 0, mBuffer.Length());
+    length = std::clamp(length, 0, mBuffer.Length() - start);
     mBuffer.Replace(start, length, text);
+    Edited(start, length, text.Length());
     TextReplaced();
 }
 
 void TCustomEdit::ReplaceAll(const UnicodeString& text, int caret)
 {
     Controls::CheckMainThread();
-    mBuffer.Replace(0, mBuffer.Length(), text);
+    const int former = mBuffer.Length();
+    mBuffer.Replace(0, former, text);
     mBuffer.Select(caret, caret);
+    Edited(0, former, text.Length());
     TextReplaced();
 }
 
@@ -272,7 +279,13 @@ bool TCustomEdit::DispatchEdit(unsigned message)
         EditByUser(start, length, {});
         return true;
     case WM_UNDO:
-        if (!mTraits.isReadOnly && mBuffer.Undo()) {
+        if (!mTraits.isReadOnly && mBuffer.CanUndo()) {
+            const int former = mBuffer.Length();
+            mBuffer.Undo();
+            // What came back is selected; what went had stood there too.
+            const int begin = mBuffer.SelStart();
+            const int back = mBuffer.SelLength();
+            Edited(begin, former - (mBuffer.Length() - back), back);
             TextReplaced();
         }
         return true;
@@ -327,6 +340,8 @@ void TCustomEdit::Dispatch(void* record)
         TWinControl::Dispatch(record);
     }
 }
+
+void TCustomEdit::Edited(int, int, int) {}
 
 void TCustomEdit::Change()
 {

@@ -122,6 +122,8 @@ public:
 protected:
     /// Called after each change of the text; calls `OnChange`.
     virtual void Change();
+    /// Called when `removed` units from `start` on gave way to `added` ones, before `Change`.
+    virtual void Edited(int start, int removed, int added);
     /// Whether the text has lines.
     virtual bool IsMultiLine() const { return false; }
     /// What of a text that the user types or pastes in place of the selection goes in: in the case that is

@@ -180,18 +180,24 @@ bool TCheckListBox::ActOnChar(System::WideChar character)
     return true;
 }
 
+void TCheckListBox::SetItemColors(int index, bool isChosen)
+{
+    TCustomListBox::SetItemColors(index, isChosen);
+    if (IsItemHeader(index) && !isChosen) {
+        getCanvas()->getBrush()->setColor(mHeaderBackgroundColor);
+        getCanvas()->getFont()->setColor(mHeaderColor);
+    }
+}
+
 TRect TCheckListBox::DrawLead(int index, const TRect& rect)
 {
-    Graphics::TCanvas& canvas = *getCanvas();
     if (IsItemHeader(index)) {
-        canvas.getBrush()->setColor(mHeaderBackgroundColor);
-        canvas.FillRect(rect);
         return rect;
     }
     const bool isAtRight = UseRightToLeftAlignment();
     const int left = isAtRight ? rect.Right - Stdctrls::BoxSize - 1 : rect.Left + 1;
     const int top = rect.Top + (rect.Height() - Stdctrls::BoxSize) / 2;
-    Stdctrls::CButtonPainter(*this, canvas)
+    Stdctrls::CButtonPainter(*this, *getCanvas())
         .CheckBox({left, top, left + Stdctrls::BoxSize, top + Stdctrls::BoxSize}, GetItemCheck(index));
     return {rect.Left + (isAtRight ? 0 : GetCheckWidth()), rect.Top,
             rect.Right - (isAtRight ? GetCheckWidth() : 0), rect.Bottom};

@@ -62,6 +62,7 @@ protected:
     int GetCheckWidth() const;
 
     Types::TRect DrawLead(int index, const Types::TRect& rect) override;
+    void SetItemColors(int index, bool isChosen) override;
     Toolkits::EWindowKind NativeKind() const override { return Toolkits::EWindowKind::CheckListBox; }
     void ItemCheckedInWindow(int index) override { ToggleClickCheck(index); }
     void MouseDown(Controls::TMouseButton button, Classes::TShiftState shift, int x, int y) override;

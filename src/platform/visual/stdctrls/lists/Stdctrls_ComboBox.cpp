@@ -47,6 +47,8 @@ TCustomComboBox::~TCustomComboBox()
 {
     Destroying();
     mItems->setOnChange({});
+    // It may look at the items as long as it is there.
+    DestroyWnd();
 }
 
 Classes::TStrings* TCustomComboBox::getItems() const noexcept

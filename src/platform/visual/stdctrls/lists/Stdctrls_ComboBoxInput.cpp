@@ -119,10 +119,16 @@ void TCustomComboBox::TextEditedInWindow(const UnicodeString& text)
     if (!IsEditable() || text == GetText()) {
         return;
     }
+    const bool isAtEnd = mSelStart + mSelLength == GetTextLen();
+    const bool hasGrown = text.Length() > GetTextLen() - mSelLength;
     const TComponentWatch watch(this);
     SetText(text);
     if (watch.IsAlive()) {
         Change();
+    }
+    if (watch.IsAlive() && isAtEnd && hasGrown && mAutoComplete && text == GetText()) {
+        mSelStart = text.Length();
+        Complete();
     }
 }
 

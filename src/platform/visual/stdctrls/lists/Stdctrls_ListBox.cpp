@@ -42,6 +42,8 @@ TCustomListBox::~TCustomListBox()
 {
     Destroying();
     mItems->setOnChange({});
+    // It may look at the items as long as it is there.
+    DestroyWnd();
 }
 
 Classes::TStrings* TCustomListBox::getItems() const noexcept

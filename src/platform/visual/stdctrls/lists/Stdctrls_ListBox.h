@@ -138,11 +138,9 @@ protected:
     /// Asks `OnMeasureItem`.
     virtual void MeasureItem(int index, int& height);
     /// Draws what stands in front of an item, and gives the rest of its place.
-    virtual Types::TRect DrawLead(int index, const Types::TRect& rect)
-    {
-        (void)index;
-        return rect;
-    }
+    virtual Types::TRect DrawLead(int index, const Types::TRect& rect);
+    /// Gives the canvas the colours of an item.
+    virtual void SetItemColors(int index, bool isChosen);
     /// What a virtual list's events give.
     virtual System::UnicodeString DoGetData(int index) const;
     virtual System::TObject* DoGetDataObject(int index) const;

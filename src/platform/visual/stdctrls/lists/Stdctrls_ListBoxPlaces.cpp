@@ -284,6 +284,22 @@ void TCustomListBox::DrawItem(int index, const TRect& rect, TOwnerDrawState stat
     }
 }
 
+TRect TCustomListBox::DrawLead(int, const TRect& rect)
+{
+    return rect;
+}
+
+void TCustomListBox::SetItemColors(int index, bool isChosen)
+{
+    Graphics::TCanvas& canvas = *getCanvas();
+    canvas.getBrush()->setColor(isChosen ? Graphics::clHighlight : getColor());
+    if (isChosen) {
+        canvas.getFont()->setColor(Graphics::clHighlightText);
+    } else if (!getEnabled() || !IsItemEnabled(index)) {
+        canvas.getFont()->setColor(Graphics::clGrayText);
+    }
+}
+
 void TCustomListBox::PaintItem(int index, const TRect& rect)
 {
     Graphics::TCanvas& canvas = *getCanvas();
@@ -293,15 +309,9 @@ void TCustomListBox::PaintItem(int index, const TRect& rect)
     isChosen ? state << odSelected : state;
     isFocused ? state << odFocused : state;
     getEnabled() ? state : state << odDisabled;
-    canvas.setFont(const_cast<Graphics::TFont*>(&GetShownFont()));
-    canvas.getBrush()->setColor(getColor());
     const TRect rest = DrawLead(index, rect);
-    canvas.getBrush()->setColor(isChosen ? Graphics::clHighlight : getColor());
-    if (isChosen) {
-        canvas.getFont()->setColor(Graphics::clHighlightText);
-    } else if (!getEnabled() || !IsItemEnabled(index)) {
-        canvas.getFont()->setColor(Graphics::clGrayText);
-    }
+    canvas.setFont(const_cast<Graphics::TFont*>(&GetShownFont()));
+    SetItemColors(index, isChosen);
     if (IsOwnerDrawn()) {
         DrawItem(index, rest, state);
     } else {

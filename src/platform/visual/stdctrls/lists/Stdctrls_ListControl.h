@@ -32,7 +32,9 @@ public:
     virtual void SelectAll() = 0;
 
 protected:
+    /// How many items there are.
     virtual int GetCount() const = 0;
+    /// What the property of this name gives and does.
     virtual int GetItemIndex() const = 0;
     virtual void SetItemIndex(int index) = 0;
 };
@@ -55,6 +57,7 @@ public:
     int getSelCount() const { return GetSelCount(); }
 
 protected:
+    /// What the properties of these names do and give.
     virtual void SetMultiSelect(bool isOn) { mMultiSelect = isOn; }
     virtual int GetSelCount() const = 0;
 

@@ -145,6 +145,26 @@ TEST_P(ProfileWatchTest, TellsSoonThatAFolderWasExchanged)
     EXPECT_EQ(watch.Look(), QueryState(mFile));
 }
 
+TEST_P(ProfileWatchTest, TellsSoonThatAFolderBecameALinkThatLeadsElsewhere)
+{
+    fs::create_directory(mFolder / "other");
+    WriteTo(mFolder / "other" / "a.ini", "other");
+    ProfileWatch watch(mFile);
+    Hold(watch);
+    fs::rename(mFolder / "sub", mFolder / "former");
+    for (const char* const target : {"former", "other", "former"}) {
+        SCOPED_TRACE(target);
+        fs::remove(mFolder / "sub");
+        fs::create_directory_symlink(target, mFolder / "sub");
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        EXPECT_EQ(watch.Look(), QueryState(mFolder / target / "a.ini"));
+        // Enough to hold it, were it not for the link.
+        for (int i = 0; i < 64; ++i) {
+            EXPECT_EQ(watch.Look(), QueryState(mFolder / target / "a.ini"));
+        }
+    }
+}
+
 TEST_P(ProfileWatchTest, FollowsLinksAtEachLook)
 {
     fs::create_directory(mFolder / "other");
@@ -169,6 +189,23 @@ TEST_P(ProfileWatchTest, FollowsLinksAtEachLook)
     fs::create_directory_symlink("other", mFolder / "folder");
     EXPECT_EQ(file.Look(), QueryState(mFolder / "other" / "a.ini"));
     EXPECT_EQ(inFolder.Look(), file.Look());
+}
+
+TEST_P(ProfileWatchTest, HoldsNoFileThatChangedJustNow)
+{
+    for (int i = 0; i < 20; ++i) {
+        fs::remove(mFile);
+        WriteTo(mFile, "one");
+        ProfileWatch watch(mFile);
+        Host::FileState state;
+        for (int look = 0; look < 64; ++look) {
+            state = watch.Look();
+        }
+        // A test that had to wait may have come to its end.
+        EXPECT_TRUE(!watch.IsHolding() || state.IsSettled());
+        fs::rename(mFile, mFolder / "moved");
+        EXPECT_EQ(watch.Look(), QueryState(mFile));
+    }
 }
 
 TEST_P(ProfileWatchTest, LetsGoOfAFileThatIsSeldomAskedFor)
@@ -223,25 +260,28 @@ TEST_P(ProfileWatchTest, TouchesNoLock)
 
 TEST_P(ProfileWatchTest, LeavesADescriptorThatIsNotItsOwnAlone)
 {
-    EXPECT_EQ(Support::ExitOfFork([&] {
-                  auto watch = std::make_unique<ProfileWatch>(mFile);
-                  Hold(*watch);
-                  // As a program does that goes into the background.
-                  close_range(3, ~0U, 0);
-                  int last = 0;
-                  for (int i = 0; i < 64; ++i) {
-                      last = open(mFolder.c_str(), O_RDONLY | O_CLOEXEC);
-                  }
-                  const bool isRight = watch->Look() == QueryState(mFile);
-                  watch.reset();
-                  for (int i = 3; i <= last; ++i) {
-                      if (fcntl(i, F_GETFD) < 0) {
-                          return 1;
+    for (const fs::path& another : {mFolder, mFile}) {
+        SCOPED_TRACE(another);
+        EXPECT_EQ(Support::ExitOfFork([&] {
+                      auto watch = std::make_unique<ProfileWatch>(mFile);
+                      Hold(*watch);
+                      // As a program does that goes into the background.
+                      close_range(3, ~0U, 0);
+                      int last = 0;
+                      for (int i = 0; i < 64; ++i) {
+                          last = open(another.c_str(), O_RDONLY | O_CLOEXEC);
                       }
-                  }
-                  return isRight ? 0 : 2;
-              }),
-              0);
+                      const bool isRight = watch->Look() == QueryState(mFile);
+                      watch.reset();
+                      for (int i = 3; i <= last; ++i) {
+                          if (fcntl(i, F_GETFD) < 0) {
+                              return 1;
+                          }
+                      }
+                      return isRight ? 0 : 2;
+                  }),
+                  0);
+    }
 }
 
 } // namespace

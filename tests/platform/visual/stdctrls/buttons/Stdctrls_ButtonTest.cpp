@@ -151,6 +151,15 @@ TEST_F(ButtonTest, SurvivesAHandlerThatThrows)
     EXPECT_EQ(TakeLog(), u"ok ");
 }
 
+TEST_F(ButtonTest, IsntPressedWhereTheFocusIsRefused)
+{
+    mEdit->OnExit = [](TObject*) { throw std::runtime_error("not yet"); };
+    mDriver.Click(u"Ok");
+    EXPECT_EQ(TakeLog(), u"");
+    EXPECT_EQ(mDriver.Focused(), u"Edit");
+    EXPECT_EQ(mToolkit.TakeShown().size(), 1U);
+}
+
 TEST_F(ButtonTest, IsPrintedWithWhatTheKeysDo)
 {
     EXPECT_NE(mDriver.Print().find("TButton Ok 0,60 75x25 \"&Ok\" default\n"), std::string::npos)

@@ -2,6 +2,8 @@
 #include "platform/visual/stdctrls/lists/Checklst_CheckListBox.h"
 
 #include "platform/runtime/classes/Classes_Exceptions.h"
+#include "platform/visual/graphics/Graphics_Bitmap.h"
+#include "platform/visual/graphics/Graphics_Canvas.h"
 #include "platform/visual/stdctrls/ShownForm.h"
 
 namespace
@@ -77,6 +79,19 @@ TEST_F(CheckListBoxTest, LeavesHeadingsAndWhatCantBeUsedAlone)
     mBox->CheckAll(cbChecked, false);
     EXPECT_TRUE(mBox->getChecked(0));
     EXPECT_EQ(mBox->getState(2), cbGrayed);
+}
+
+TEST_F(CheckListBoxTest, DrawsHeadingsInTheirColours)
+{
+    mBox->setHeader(0, true);
+    mBox->setHeaderBackgroundColor(Graphics::clLime);
+    Graphics::TBitmap bitmap(100, 100);
+    mBox->PaintTo(bitmap.getCanvas()->getHandle(), 0, 0);
+    const auto colorAt = [&](int index) {
+        return bitmap.getCanvas()->getPixels(98, mBox->ItemRect(index).Top + 2);
+    };
+    EXPECT_EQ(colorAt(0), Graphics::clLime);
+    EXPECT_NE(colorAt(1), Graphics::clLime);
 }
 
 TEST_F(CheckListBoxTest, RefusesItemsThatArentThere)

@@ -8,6 +8,8 @@
 #include "platform/visual/stdctrls/ShownForm.h"
 #include "platform/visual/stdctrls/buttons/Stdctrls_Button.h"
 
+#include <stdexcept>
+
 namespace
 {
 
@@ -125,6 +127,15 @@ TEST_F(ComboBoxTest, KeepsEnterAndEscapeOfTheFormWhileItIsOpen)
     EXPECT_EQ(TakeLog(), u"drop close ");
 }
 
+TEST_F(ComboBoxTest, CantBeChosenFromWhileItIsDisabled)
+{
+    mBox->setEnabled(false);
+    EXPECT_THROW(mDriver.Choose(u"Box", 1), std::logic_error);
+    mBox->setEnabled(true);
+    mDriver.Choose(u"Box", 99);
+    EXPECT_EQ(mBox->getItemIndex(), -1);
+}
+
 TEST_F(ComboBoxTest, LetsItsListBeFilledAsItOpens)
 {
     mBox->OnDropDown = [this](TObject*) { mBox->getItems()->Add(u"Tesla"); };
@@ -239,6 +250,12 @@ TEST_F(ComboBoxTest, HearsOfWhatItsNativeWindowDid)
     mBox->GetWindowEvents().Chosen(0);
     mBox->GetWindowEvents().DropChanged(false);
     EXPECT_EQ(TakeLog(), u"change drop click change close ");
+    mBox->setText({});
+    mBox->GetWindowEvents().TextEdited(u"O");
+    EXPECT_EQ(mBox->getText(), u"Ohm");
+    EXPECT_EQ(mBox->getSelText(), u"hm");
+    mBox->GetWindowEvents().TextEdited(u"O");
+    EXPECT_EQ(mBox->getText(), u"O");
 }
 
 TEST_F(ComboBoxTest, LetsItsItemBeDrawn)

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#include "platform/visual/forms/Forms_Foreground.h"
+
+#include "platform/host/Host_Error.h"
+#include "platform/visual/controls/Controls_Handle.h"
+#include "platform/visual/forms/Forms_Form.h"
+#include "platform/visual/forms/Forms_Screen.h"
+
+HWND GetForegroundWindow()
+{
+    Forms::TCustomForm* const form =
+        Forms::Screen == nullptr ? nullptr : Forms::Screen->getActiveCustomForm();
+    return form == nullptr || !form->getActive() ? nullptr : Controls::GetHandle(*form);
+}
+
+bool SetForegroundWindow(HWND window)
+{
+    Forms::TCustomForm* const form = Forms::GetParentForm(Controls::FindControl(window));
+    if (form == nullptr) {
+        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+        return false;
+    }
+    if (!form->getShowing() || !form->getEnabled()) {
+        SetLastError(ERROR_ACCESS_DENIED);
+        return false;
+    }
+    form->BringToFront();
+    form->SetFocus();
+    return true;
+}

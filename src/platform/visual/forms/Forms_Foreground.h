@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/host/messages/Host_Messages.h"
+
+/// The window of the program that the user works in; null if there is none.
+///
+///     const HWND former = GetForegroundWindow();
+///     SetForegroundWindow(Controls::GetHandle(*form));
+TRS8_BTL_API HWND GetForegroundWindow();
+/// Lets the user work in the form that `window` is, or stands on: brings it in front of the program's others
+/// and gives it the keyboard. False with the last error set if it is none of this program's, or isn't shown
+/// or enabled.
+TRS8_BTL_API bool SetForegroundWindow(HWND window);

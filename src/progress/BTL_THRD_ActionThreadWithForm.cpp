@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include "progress/BTL_THRD_ActionThreadWithForm.h"
+
+#include "platform/runtime/classes/Classes_ComponentLink.h"
+#include "platform/runtime/typinfo/System_ClassBuilder.h"
+#include "platform/toolkit/Toolkit.h"
+#include "platform/visual/forms/Forms_Form.h"
+
+#include <memory>
+#include <utility>
+
+namespace BTL
+{
+
+using Forms::TCustomForm;
+
+System::TMetaClass* TActionThreadWithForm::ClassRecord()
+{
+    static System::TMetaClass* const record =
+        System::GClassBuilder<TActionThreadWithForm>(u"TActionThreadWithForm").Build();
+    return record;
+}
+
+TActionThreadWithForm::TActionThreadWithForm(bool createSuspended, bool synchronized, bool processMessages)
+    : TActionThread(createSuspended, synchronized, processMessages)
+{
+}
+
+TActionThreadWithForm::TActionThreadWithForm(TCustomForm* form, bool createSuspended, bool synchronized,
+                                             bool processMessages)
+    : TActionThread(createSuspended, synchronized, processMessages),
+      mOwnForm(form == nullptr ? nullptr : new Classes::TComponentLink(form))
+{
+}
+
+TActionThreadWithForm::~TActionThreadWithForm()
+{
+    EndThread();
+    if (mOwnForm != nullptr && !IsTheCurrentThreadTheMainThread()) {
+        // The thread destroys its object itself, and the form knows the link.
+        auto link = std::make_shared<System::GOwner<Classes::TComponentLink>>(std::move(mOwnForm));
+        Toolkits::CurrentToolkit().Post([link = std::move(link)] { *link = nullptr; });
+    }
+}
+
+void TActionThreadWithForm::CloseForm(int modalResult)
+{
+    if (mOwnForm == nullptr) {
+        return;
+    }
+    Synchronize([this, modalResult] {
+        if (auto* const form = static_cast<TCustomForm*>(mOwnForm->getComponent()); form != nullptr) {
+            form->setModalResult(modalResult);
+        }
+    });
+}
+
+void TActionThreadWithForm::CloseForm(TCustomForm* form, int modalResult)
+{
+    if (form != nullptr) {
+        Synchronize([form, modalResult] { form->setModalResult(modalResult); });
+    }
+}
+
+} // namespace BTL
