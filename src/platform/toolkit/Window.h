@@ -86,7 +86,7 @@ struct TEditTraits
     /// What stands in place of each character; 0 shows the text.
     System::WideChar passwordChar = 0;
     /// Shown, paler, while there is no text.
-    System::UnicodeString hint;
+    System::UnicodeString hint = {};
     /// 0 at the left, 1 at the right, 2 in the middle.
     int alignment = 0;
     bool isReadOnly = false;
@@ -104,7 +104,7 @@ struct TEditTraits
 /// How a control looks, as far as its window paints.
 struct TWindowLook
 {
-    TFontData font;
+    TFontData font = {};
     TPixel textColor = OpaquePixel(0, 0, 0);
     /// What is below all that is painted.
     TPixel ground = OpaquePixel(255, 255, 255);
@@ -199,10 +199,10 @@ struct TWindowSettings
     Window* parent = nullptr;
     /// Outlives the window.
     WindowEvents* events = nullptr;
-    System::UnicodeString text;
+    System::UnicodeString text = {};
     /// The names of the control and its owners: "Settings.fFrame.fEdit"; tools find the window by it.
-    System::UnicodeString name;
-    Types::TRect bounds;
+    System::UnicodeString name = {};
+    Types::TRect bounds = {};
     bool isEnabled = true;
     /// The platform's flags of style and extended style, as `TWinControl::CreateParams` left them.
     unsigned style = 0;
