@@ -5,8 +5,7 @@ set(sourceFolder "${CMAKE_CURRENT_LIST_DIR}/..")
 set(version "${CPACK_PACKAGE_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}")
 
 # Moves the symbols to the place at which gdb looks for those of a library with this build-id.
-function(divide_symbols)
-    file(GLOB_RECURSE library "${CPACK_TEMPORARY_DIRECTORY}/Runtime/*.so.${CPACK_PACKAGE_VERSION}")
+function(divide_symbols library)
     execute_process(COMMAND readelf --notes --wide "${library}" OUTPUT_VARIABLE notes COMMAND_ERROR_IS_FATAL ANY)
     if(NOT notes MATCHES "Build ID: ([0-9a-f][0-9a-f])([0-9a-f]+)")
         message(FATAL_ERROR "${library} has no build-id, so gdb would never find its symbols")
@@ -46,7 +45,11 @@ function(strip_programs)
     execute_process(COMMAND strip --strip-unneeded --remove-section=.comment ${programs} COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 
-divide_symbols()
+file(GLOB_RECURSE libraries "${CPACK_TEMPORARY_DIRECTORY}/Runtime/*.so.${CPACK_PACKAGE_VERSION}"
+     "${CPACK_TEMPORARY_DIRECTORY}/Qt/*.so")
+foreach(library IN LISTS libraries)
+    divide_symbols("${library}")
+endforeach()
 strip_programs()
 foreach(component IN LISTS CPACK_COMPONENTS_ALL)
     string(TOUPPER "${component}" name)

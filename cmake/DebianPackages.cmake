@@ -4,6 +4,13 @@
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_CONTACT "TRS8_BTL developers <trs8-btl@example.org>")
 set(CPACK_COMPONENTS_ALL Runtime Development Documentation Symbols)
+set(packaged_targets TRS8_BTL_low TRS8_BTL TRS8_BTL_testing trs8_btl_form)
+if(TARGET TRS8_BTL_qt)
+    list(APPEND CPACK_COMPONENTS_ALL Qt)
+    list(APPEND packaged_targets TRS8_BTL_qt)
+endif()
+# What scripts/package builds.
+add_custom_target(packaged DEPENDS ${packaged_targets})
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 # The installation sees /usr as its prefix, not a folder that stands for it.
 set(CPACK_SET_DESTDIR ON)
@@ -18,7 +25,7 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 
 # The symbols name the sources as they lie below the project's root, wherever that was.
-foreach(target TRS8_BTL_low TRS8_BTL TRS8_BTL_testing trs8_btl_form)
+foreach(target IN LISTS packaged_targets)
     target_compile_options(${target} PRIVATE -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
 endforeach()
 
@@ -54,7 +61,12 @@ set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS Runtime)
 # It has a program, which needs the library of this very build.
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/src)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SUGGESTS ${library_package}-qt)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "libjsoncpp-dev, libtrs8-btl-doc")
+
+describe_package(QT ${library_package}-qt libs " (windows)" "the plug-in by which programs show windows on the desktop, with Qt")
+set(CPACK_COMPONENT_QT_DEPENDS Runtime)
+set(CPACK_DEBIAN_QT_PACKAGE_SHLIBDEPS ON)
 
 describe_package(SYMBOLS ${library_package}-dbgsym debug " (debug symbols)" "what gdb shows of the library's own code")
 set(CPACK_COMPONENT_SYMBOLS_DEPENDS Runtime)

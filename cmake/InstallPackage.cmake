@@ -6,6 +6,11 @@ set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/TRS8_BTL)
 
 install(TARGETS TRS8_BTL TRS8_BTL_testing EXPORT TRS8_BTLTargets LIBRARY COMPONENT Runtime
         NAMELINK_COMPONENT Development ARCHIVE COMPONENT Development)
+if(TARGET TRS8_BTL_qt)
+    # The library looks for plug-ins in a folder of its minor version, beside itself.
+    install(TARGETS TRS8_BTL_qt COMPONENT Qt LIBRARY
+            DESTINATION ${CMAKE_INSTALL_LIBDIR}/TRS8_BTL-${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+endif()
 install(TARGETS trs8_btl_form EXPORT TRS8_BTLTargets RUNTIME COMPONENT Development)
 install(EXPORT TRS8_BTLTargets NAMESPACE TRS8_BTL:: DESTINATION ${package_dir} COMPONENT Development)
 

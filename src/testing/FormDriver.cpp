@@ -2,6 +2,7 @@
 #include "testing/FormDriver.h"
 
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
+#include "platform/toolkit/InputPlayer.h"
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/grids/Grids_CustomGrid.h"
 #include "platform/visual/menus/Menus.h"
@@ -48,6 +49,25 @@ TMouseInput At(EMouseAction action, TPoint place)
         mouse.shift << Classes::ssLeft;
     }
     return mouse;
+}
+
+/// What the mouse does in a window, by way of the toolkit where it has one.
+void Use(TWinControl& window, const TMouseInput& mouse)
+{
+    Toolkits::InputPlayer* const player = Toolkits::CurrentToolkit().GetInputPlayer();
+    if (player != nullptr && window.GetWindow() != nullptr) {
+        player->UseMouse(*window.GetWindow(), mouse);
+    } else {
+        window.GetWindowEvents().MouseUsed(mouse);
+    }
+}
+
+/// Has the toolkit done what it does later.
+void Settle()
+{
+    if (Toolkits::InputPlayer* const player = Toolkits::CurrentToolkit().GetInputPlayer()) {
+        player->Settle();
+    }
 }
 
 bool CanBeUsed(const TControl& control)
@@ -151,15 +171,14 @@ void CFormDriver::Click(const UnicodeString& name, TPoint place)
     if (!CanBeUsed(Find(name))) {
         throw std::logic_error("nobody can click on '" + System::ToUtf8(name) + "'");
     }
+    Settle();
     TPoint inWindow = place;
     TWinControl& window = WindowOf(Find(name), inWindow);
     const Classes::TComponentWatch watch(&window);
-    window.GetWindowEvents().MouseUsed(At(EMouseAction::Move, inWindow));
-    if (watch.IsAlive()) {
-        window.GetWindowEvents().MouseUsed(At(EMouseAction::Down, inWindow));
-    }
-    if (watch.IsAlive()) {
-        window.GetWindowEvents().MouseUsed(At(EMouseAction::Up, inWindow));
+    for (const EMouseAction action : {EMouseAction::Move, EMouseAction::Down, EMouseAction::Up}) {
+        if (watch.IsAlive()) {
+            Use(window, At(action, inWindow));
+        }
     }
 }
 
@@ -197,8 +216,10 @@ void CFormDriver::ClickSoon(const UnicodeString& name)
 
 void CFormDriver::Mouse(const UnicodeString& name, const TMouseInput& mouse)
 {
+    Settle();
     TMouseInput inWindow = mouse;
-    WindowOf(Find(name), inWindow.place).GetWindowEvents().MouseUsed(inWindow);
+    TWinControl& window = WindowOf(Find(name), inWindow.place);
+    Use(window, inWindow);
 }
 
 void CFormDriver::ChooseMenu(const UnicodeString& path)
@@ -235,6 +256,7 @@ void CFormDriver::Focus(const UnicodeString& name)
     if (window == nullptr) {
         throw std::logic_error("'" + System::ToUtf8(name) + "' can't have the focus");
     }
+    Settle();
     window->SetFocus();
 }
 
@@ -250,13 +272,29 @@ TWinControl* CFormDriver::KeyTarget() const
     return focused != nullptr && mForm.ContainsControl(focused) ? focused : &mForm;
 }
 
+bool CFormDriver::PlayKey(System::Word key, System::WideChar character, const TShiftState& shift)
+{
+    Settle();
+    Toolkits::InputPlayer* const player = Toolkits::CurrentToolkit().GetInputPlayer();
+    TWinControl* const target = KeyTarget();
+    if (player == nullptr || target->GetWindow() == nullptr) {
+        return false;
+    }
+    player->PressKey(*target->GetWindow(), key, character, shift);
+    return true;
+}
+
 void CFormDriver::Press(System::Word key, const TShiftState& shift)
 {
     const Classes::TComponentWatch watch(&mForm);
+    const bool typesNothing = shift.Contains(Classes::ssAlt);
+    if (PlayKey(key, typesNothing ? 0 : CharacterOf(key), shift)) {
+        return;
+    }
     System::Word pressed = key;
     const bool isTaken = KeyTarget()->GetWindowEvents().KeyPressed(pressed, shift);
     System::WideChar character = CharacterOf(pressed);
-    if (watch.IsAlive() && !isTaken && character != 0 && !shift.Contains(Classes::ssAlt)) {
+    if (watch.IsAlive() && !isTaken && character != 0 && !typesNothing) {
         KeyTarget()->GetWindowEvents().CharacterTyped(character);
     }
     if (watch.IsAlive()) {
@@ -277,6 +315,9 @@ void CFormDriver::Type(const UnicodeString& text)
 
 void CFormDriver::TypeCharacter(System::WideChar character)
 {
+    if (PlayKey(0, character, {})) {
+        return;
+    }
     const Classes::TComponentWatch watch(&mForm);
     System::Word key = KeyOf(character);
     const bool isTaken = KeyTarget()->GetWindowEvents().KeyPressed(key, {});
@@ -293,6 +334,11 @@ void CFormDriver::Insert(const UnicodeString& text)
     auto* const edit = dynamic_cast<Stdctrls::TCustomEdit*>(KeyTarget());
     if (edit == nullptr) {
         throw std::logic_error("what has the focus takes no text");
+    }
+    Toolkits::InputPlayer* const player = Toolkits::CurrentToolkit().GetInputPlayer();
+    if (player != nullptr && edit->GetWindow() != nullptr) {
+        player->InsertText(*edit->GetWindow(), text);
+        return;
     }
     const Classes::TComponentWatch watch(edit);
     System::Word key = VK_PROCESSKEY;

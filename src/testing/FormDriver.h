@@ -11,7 +11,8 @@ namespace Testing
 {
 
 /// Uses a form as its user does: by the names of its controls, with keys and mouse. What an event's handler
-/// raises goes to the application, as it does on a screen.
+/// raises goes to the application, as it does on a screen. On a toolkit with windows, keys and mouse go by
+/// way of its own events.
 ///
 ///     Testing::CFormDriver driver(*form);
 ///     driver.Focus(u"fEdit");
@@ -68,6 +69,8 @@ public:
 
 private:
     Controls::TWinControl* KeyTarget() const;
+    /// False if the toolkit has nobody who plays the user.
+    bool PlayKey(System::Word key, System::WideChar character, const Classes::TShiftState& shift);
     void TypeCharacter(System::WideChar character);
 
     Forms::TCustomForm& mForm;

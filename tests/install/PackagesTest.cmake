@@ -23,6 +23,8 @@ function(make_packages)
     string(REGEX MATCH "^[0-9]+\\.[0-9]+" soVersion "${libraryVersion}")
     set(library "libtrs8-btl${soVersion}")
     set(library "${library}" PARENT_SCOPE)
+    # The windows are there where Qt is.
+    list(REMOVE_ITEM names "${library}-qt")
     if(NOT names STREQUAL "libtrs8-btl-dev;libtrs8-btl-doc;${library}-dbgsym;${library}")
         message(FATAL_ERROR "The packages are ${names}")
     endif()
@@ -90,6 +92,8 @@ endfunction()
 
 make_packages()
 make_root()
+# dpkg would refuse the windows in a root without Qt; the test of the toolkit shows that they work.
+list(REMOVE_ITEM packages "${package_${library}-qt}")
 expect_refusal_without_library()
 run_step(DESCRIPTION "dpkg" COMMAND ${dpkg} ${packages})
 expect_no_path_of_this_machine()

@@ -1,18 +1,21 @@
 # One CTest entry, LABEL.SUITE, for each test suite of a program: a process for each single test takes longer to
 # start, under the sanitizers, than the tests do.
 #
-#   discover_suites(TARGET LABEL)
+#   discover_suites(TARGET LABEL [SUITES REGEX] [ENVIRONMENT VARIABLE=VALUE...])
 #
-# The program is asked for its suites when CTest starts, so that none is left out.
+# The program is asked for its suites when CTest starts, so that none is left out; REGEX picks some of them.
 
 if(NOT CMAKE_SCRIPT_MODE_FILE AND COMMAND add_library)
     set(DISCOVER_SUITES_SCRIPT ${CMAKE_CURRENT_LIST_FILE})
 
     function(discover_suites target label)
-        set(include_file ${CMAKE_CURRENT_BINARY_DIR}/${target}_suites.cmake)
+        cmake_parse_arguments(PARSE_ARGV 2 suites "" "SUITES" "ENVIRONMENT")
+        set(include_file ${CMAKE_CURRENT_BINARY_DIR}/${label}_suites.cmake)
         file(GENERATE OUTPUT ${include_file} CONTENT
 "set(program [==[$<TARGET_FILE:${target}>]==])
 set(label [==[${label}]==])
+set(wanted [==[${suites_SUITES}]==])
+set(environment [==[${suites_ENVIRONMENT}]==])
 include([==[${DISCOVER_SUITES_SCRIPT}]==])
 ")
         set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${include_file})
@@ -40,10 +43,13 @@ foreach(line IN LISTS lines)
     endif()
 endforeach()
 list(REMOVE_DUPLICATES suites)
+if(wanted)
+    list(FILTER suites INCLUDE REGEX "${wanted}")
+endif()
 if(NOT suites)
     message(FATAL_ERROR "${program} has no tests")
 endif()
 foreach(suite IN LISTS suites)
     add_test(${label}.${suite} ${program} --gtest_filter=${suite}.* --gtest_shuffle)
-    set_tests_properties(${label}.${suite} PROPERTIES LABELS ${label} TIMEOUT 120)
+    set_tests_properties(${label}.${suite} PROPERTIES LABELS ${label} TIMEOUT 120 ENVIRONMENT "${environment}")
 endforeach()

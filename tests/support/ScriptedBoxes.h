@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/toolkit/headless/HeadlessToolkit.h"
+#include "support/ScriptedScreen.h"
 
 #include <functional>
 #include <initializer_list>
@@ -13,7 +14,8 @@
 namespace Support
 {
 
-/// Answers the boxes of a test from a script, for the life of the object.
+/// Answers the boxes of a test from a script, for the life of the object. Windows, keys and mouse are those
+/// of the toolkit that `TRS8_BTL_TOOLKIT` names.
 class ScriptedBoxes
 {
 public:
@@ -24,7 +26,13 @@ public:
         for (const int answer : answers) {
             mToolkit->Answer(answer);
         }
-        mFormer = Toolkits::ExchangeToolkit(std::move(toolkit));
+        if (ScriptedScreen::IsWanted()) {
+            // The former one goes aside first, so that the screen is chosen by the variable.
+            mFormer = Toolkits::ExchangeToolkit(nullptr);
+            Toolkits::ExchangeToolkit(std::make_unique<ScriptedScreen>(std::move(toolkit)));
+        } else {
+            mFormer = Toolkits::ExchangeToolkit(std::move(toolkit));
+        }
     }
     ScriptedBoxes(const ScriptedBoxes&) = delete;
     ScriptedBoxes& operator=(const ScriptedBoxes&) = delete;
@@ -49,8 +57,24 @@ public:
     /// Chooses in the next menu that is opened.
     void AnswerMenu(const System::UnicodeString& path) { mToolkit->AnswerMenu(path); }
     /// Timers go by a clock that stands still, but for `AdvanceClock` and where nothing else is waited for.
+    /// On a screen the time really passes.
     void UseVirtualClock() { mToolkit->UseVirtualClock(); }
-    void AdvanceClock(unsigned milliseconds) { mToolkit->AdvanceClock(milliseconds); }
+    void AdvanceClock(unsigned milliseconds)
+    {
+        if (!ScriptedScreen::IsWanted()) {
+            mToolkit->AdvanceClock(milliseconds);
+            return;
+        }
+        Toolkits::Toolkit& screen = Toolkits::CurrentToolkit();
+        bool isOver = false;
+        const auto timer = screen.StartTimer(milliseconds, [&isOver] { isOver = true; });
+        while (!isOver) {
+            if (!screen.ProcessMessage()) {
+                screen.WaitMessage();
+            }
+        }
+        screen.StopTimer(timer);
+    }
     /// The cursor over all windows.
     int getCursor() const { return mToolkit->getCursor(); }
 

@@ -100,9 +100,9 @@ struct TMouseInput
     EMouseAction action = EMouseAction::Move;
     Controls::TMouseButton button = Controls::mbLeft;
     /// What is held, the buttons of the mouse among it.
-    Classes::TShiftState shift;
+    Classes::TShiftState shift = {};
     /// In the window's client area.
-    Types::TPoint place;
+    Types::TPoint place = {};
     /// Of the wheel: 120 for a notch away from the user.
     int wheelDelta = 0;
 };

@@ -14,13 +14,13 @@ struct TMenuEntry
     /// What the toolkit gives back for the item that was chosen.
     int id = 0;
     /// With `&` in front of the key's character; "-" for a line.
-    System::UnicodeString caption;
-    System::UnicodeString shortCut;
+    System::UnicodeString caption = {};
+    System::UnicodeString shortCut = {};
     bool isEnabled = true;
     bool isChecked = false;
     bool isRadio = false;
     bool isDefault = false;
-    std::vector<TMenuEntry> entries;
+    std::vector<TMenuEntry> entries = {};
 };
 
 } // namespace Toolkits

@@ -2,14 +2,17 @@
 #include "platform/toolkit/Toolkit.h"
 
 #include "platform/runtime/classes/internal/Classes_ThreadState.h"
+#include "platform/toolkit/InputPlayer.h"
 #include "platform/toolkit/Pixels.h"
 #include "platform/toolkit/headless/HeadlessToolkit.h"
+#include "platform/toolkit/internal/ToolkitPlugin.h"
 #include "platform/toolkit/internal/Watches.h"
 
 #include <atomic>
 #include <cstdlib>
 #include <iostream>
 #include <mutex>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -36,7 +39,12 @@ std::unique_ptr<Toolkit> ChooseToolkit()
 {
     const char* wish = std::getenv("TRS8_BTL_TOOLKIT");
     if (wish != nullptr && *wish != '\0' && std::string_view(wish) != "headless") {
-        std::cerr << "TRS8_BTL: the toolkit '" << wish << "' is not available, running headless\n";
+        std::string reason;
+        if (auto toolkit = LoadToolkit(wish, reason)) {
+            return toolkit;
+        }
+        std::cerr << "TRS8_BTL: the toolkit '" << wish << "' is not available, running headless: " << reason
+                  << '\n';
     }
     return std::make_unique<HeadlessToolkit>();
 }
@@ -86,6 +94,8 @@ const LinkToThreads linkToThreads;
 } // namespace
 
 Toolkit::~Toolkit() = default;
+
+InputPlayer::~InputPlayer() = default;
 
 bool Toolkit::SetClipboardPixels(const Pixels&)
 {

@@ -18,6 +18,7 @@
 namespace Toolkits
 {
 
+class InputPlayer;
 class ModalWindow;
 class PaintDevice;
 class PaintRecording;
@@ -145,10 +146,14 @@ public:
 
     /// Sleeps until a message waits.
     virtual void WaitMessage() = 0;
+
+    /// Who plays the user in tests; null where what happens is told to the controls themselves.
+    virtual InputPlayer* GetInputPlayer() { return nullptr; }
 };
 
-/// The toolkit in use. At the first call it is chosen by the variable `TRS8_BTL_TOOLKIT`; a name that this
-/// build doesn't have is told on the standard error stream, and the headless one serves.
+/// The toolkit in use. At the first call it is chosen by the variable `TRS8_BTL_TOOLKIT`: "qt" loads the
+/// plug-in "libTRS8_BTL_qt.so", which lies beside the library or in the folder "TRS8_BTL-0.2" there. One that
+/// is missing, or of another version, is told on the standard error stream, and the headless toolkit serves.
 TRS8_BTL_API Toolkit& CurrentToolkit();
 
 /// Puts `toolkit` in place of the current one and gives that back; null means the choice is made anew at the

@@ -10,6 +10,10 @@ WindowEvents::~WindowEvents() = default;
 
 Window::~Window() = default;
 
+// Only windows that paint by themselves look at it.
+
+void Window::SetLook(const TWindowLook&) {}
+
 // Only windows of text know of it.
 
 void Window::SetSelection(int, int) {}
@@ -56,5 +60,15 @@ void Window::SetComboTraits(const TComboTraits&) {}
 void Window::SetDropped(bool) {}
 
 ModalWindow::~ModalWindow() = default;
+
+TFrameMargins UsualFrameMargins(EFrame frame)
+{
+    if (frame == EFrame::None) {
+        return {};
+    }
+    const bool isSizeable = frame == EFrame::Sizeable || frame == EFrame::SizeableToolWindow;
+    const int side = isSizeable ? 8 : 3;
+    return {side, side + 23, side, side};
+}
 
 } // namespace Toolkits

@@ -3,6 +3,7 @@
 
 #include "platform/base/System_String.h"
 #include "platform/toolkit/Input.h"
+#include "platform/toolkit/PaintTypes.h"
 #include "platform/toolkit/WindowItems.h"
 
 #include <cstdint>
@@ -85,7 +86,7 @@ struct TEditTraits
     /// What stands in place of each character; 0 shows the text.
     System::WideChar passwordChar = 0;
     /// Shown, paler, while there is no text.
-    System::UnicodeString hint;
+    System::UnicodeString hint = {};
     /// 0 at the left, 1 at the right, 2 in the middle.
     int alignment = 0;
     bool isReadOnly = false;
@@ -98,6 +99,15 @@ struct TEditTraits
     bool wantsReturns = true;
     bool hasHorizontalBar = false;
     bool hasVerticalBar = false;
+};
+
+/// How a control looks, as far as its window paints.
+struct TWindowLook
+{
+    TFontData font = {};
+    TPixel textColor = OpaquePixel(0, 0, 0);
+    /// What is below all that is painted.
+    TPixel ground = OpaquePixel(255, 255, 255);
 };
 
 /// A window of the screen, made for one control: the control tells it what it looks like.
@@ -114,6 +124,7 @@ public:
     virtual void SetVisible(bool isVisible) = 0;
     virtual void SetEnabled(bool isEnabled) = 0;
     virtual void SetText(const System::UnicodeString& text) = 0;
+    virtual void SetLook(const TWindowLook& look);
     /// Selects in an edited text, from 0, and has the caret at the end of that. It isn't told back.
     virtual void SetSelection(int start, int length);
     virtual void SetEditTraits(const TEditTraits& traits);
@@ -175,6 +186,10 @@ struct TFrameMargins
     int bottom = 0;
 };
 
+/// The margins that a toolkit has where nobody tells it better: 8 on each side of a frame that can be sized,
+/// else 3, and 23 more at the top.
+TRS8_BTL_API TFrameMargins UsualFrameMargins(EFrame frame);
+
 /// What a window is made of.
 struct TWindowSettings
 {
@@ -184,8 +199,10 @@ struct TWindowSettings
     Window* parent = nullptr;
     /// Outlives the window.
     WindowEvents* events = nullptr;
-    System::UnicodeString text;
-    Types::TRect bounds;
+    System::UnicodeString text = {};
+    /// The names of the control and its owners: "Settings.fFrame.fEdit"; tools find the window by it.
+    System::UnicodeString name = {};
+    Types::TRect bounds = {};
     bool isEnabled = true;
     /// The platform's flags of style and extended style, as `TWinControl::CreateParams` left them.
     unsigned style = 0;

@@ -287,18 +287,19 @@ bool HeadlessToolkit::ProcessMessage()
     mIsWatchedNext = !mIsWatchedNext;
     const bool isDone =
         mIsWatchedNext ? ProcessPosted() || ProcessWatched() : ProcessWatched() || ProcessPosted();
-    return isDone || mDesktop->RunInput(nullptr) || mTimers->RunDue(Now()) || mDesktop->PaintOne(nullptr);
+    return isDone || mDesktop->Inputs().RunOne(nullptr) || mTimers->RunDue(Now()) ||
+           mDesktop->PaintOne(nullptr);
 }
 
 bool HeadlessToolkit::ProcessInput(Window& window)
 {
     auto* const within = &dynamic_cast<CHeadlessWindow&>(window);
-    return mDesktop->RunInput(within) || mDesktop->PaintOne(within);
+    return mDesktop->Inputs().RunOne(within) || mDesktop->PaintOne(within);
 }
 
 void HeadlessToolkit::PostInput(Window& window, std::function<void()> input)
 {
-    mDesktop->PostInput(dynamic_cast<CHeadlessWindow&>(window), std::move(input));
+    mDesktop->Inputs().Post(dynamic_cast<CHeadlessWindow&>(window), std::move(input));
 }
 
 bool HeadlessToolkit::HasPosted()

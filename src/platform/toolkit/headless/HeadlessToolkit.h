@@ -102,7 +102,7 @@ public:
     std::unique_ptr<Window> MakeWindow(const TWindowSettings& settings) override;
     int ShowMenu(const std::vector<TMenuEntry>& entries, Types::TPoint place) override;
     void EnterModal(ModalWindow& window) override;
-    /// 8 on each side of a frame that can be sized, else 3, and 23 more at the top.
+    /// Always the usual ones.
     TFrameMargins FrameMargins(EFrame frame) const override;
     TTimerId StartTimer(unsigned milliseconds, std::function<void()> tick) override;
     void StopTimer(TTimerId timer) override;

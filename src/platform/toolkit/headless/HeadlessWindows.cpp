@@ -89,12 +89,7 @@ int HeadlessToolkit::ShowMenu(const std::vector<TMenuEntry>& entries, Types::TPo
 
 TFrameMargins HeadlessToolkit::FrameMargins(EFrame frame) const
 {
-    if (frame == EFrame::None) {
-        return {};
-    }
-    const bool isSizeable = frame == EFrame::Sizeable || frame == EFrame::SizeableToolWindow;
-    const int side = isSizeable ? 8 : 3;
-    return {side, side + 23, side, side};
+    return UsualFrameMargins(frame);
 }
 
 System::Int64 HeadlessToolkit::Now() const

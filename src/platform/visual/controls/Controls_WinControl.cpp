@@ -9,6 +9,7 @@
 #include "platform/visual/controls/Controls_Thread.h"
 #include "platform/visual/controls/internal/Controls_Nesting.h"
 #include "platform/visual/graphics/Graphics_Brush.h"
+#include "platform/visual/graphics/Graphics_Font.h"
 
 #include <algorithm>
 
@@ -337,6 +338,22 @@ void TWinControl::CreateParams(TCreateParams& params)
     params.Height = getHeight();
 }
 
+namespace
+{
+
+/// The names of a component and its owners up to the first one without.
+System::UnicodeString NamePath(const Classes::TComponent& component)
+{
+    System::UnicodeString path = component.getName();
+    for (const auto* owner = component.getOwner(); owner != nullptr && !owner->getName().IsEmpty();
+         owner = owner->getOwner()) {
+        path = owner->getName() + u"." + path;
+    }
+    return path;
+}
+
+} // namespace
+
 void TWinControl::CreateWnd()
 {
     TCreateParams params;
@@ -347,11 +364,24 @@ void TWinControl::CreateWnd()
     settings.parent = getParent() == nullptr ? nullptr : getParent()->mWindow.get();
     settings.events = this;
     settings.text = params.Caption;
+    settings.name = NamePath(*this);
     settings.bounds = {params.X, params.Y, params.X + params.Width, params.Y + params.Height};
     settings.isEnabled = getEnabled();
     settings.style = params.Style;
     settings.exStyle = params.ExStyle;
     mWindow = Toolkits::CurrentToolkit().MakeWindow(settings);
+    ShowLook();
+}
+
+void TWinControl::ShowLook()
+{
+    if (mWindow == nullptr) {
+        return;
+    }
+    const Graphics::TFont& font = GetShownFont();
+    mWindow->SetLook({.font = font.getData(),
+                      .textColor = Graphics::ColorToPixel(font.getColor()),
+                      .ground = Graphics::ColorToPixel(getColor())});
 }
 
 void TWinControl::DestroyWnd()

@@ -234,6 +234,9 @@ private:
     void InvalidateArea(const Types::TRect& area);
     void FixTabOrder();
     void UpdateOwnShowing();
+    /// Tells the window its font and colours.
+    void ShowLook();
+    void FocusedOnScreen();
     /// Makes and shows the windows again that were there.
     void RestoreWnd();
     void UpdateShowingOfChildren();

@@ -260,7 +260,35 @@ bool TWinControl::TakeMouse(const TMouseInput& mouse)
 
 void TWinControl::FocusChanged(bool isFocused)
 {
-    Guarded(this, [&] { Perform(isFocused ? WM_SETFOCUS : WM_KILLFOCUS); });
+    Guarded(this, [&] {
+        if (isFocused) {
+            FocusedOnScreen();
+        } else {
+            Perform(WM_KILLFOCUS);
+        }
+    });
+}
+
+void TWinControl::FocusedOnScreen()
+{
+    const TComponentWatch watch(this);
+    AFormHost* const form = AsFormHost() == nullptr ? FindFormHost(this) : nullptr;
+    if (form != nullptr && form->getActiveControl() != this) {
+        // The user came here by himself; whoever refuses to be left gets the keyboard back.
+        const TComponentWatch formWatch(GetTopParent());
+        try {
+            form->FocusControl(this);
+        } catch (...) {
+            TWinControl* const active = formWatch.IsAlive() ? form->getActiveControl() : nullptr;
+            if (active != nullptr && active->mWindow != nullptr) {
+                active->mWindow->Focus();
+            }
+            throw;
+        }
+    }
+    if (watch.IsAlive() && (form == nullptr || form->getActiveControl() == this)) {
+        Perform(WM_SETFOCUS);
+    }
 }
 
 void TWinControl::TextEdited(const UnicodeString& text)
@@ -541,11 +569,13 @@ void TWinControl::TellChildren(unsigned message)
     case CM_FOCUSCHANGED:
         return tell([](TWinControl& control) { control.NotifyControls(CM_FOCUSCHANGED); });
     case CM_FONTCHANGED:
+        ShowLook();
         return tell([](TWinControl& control) { control.NotifyControls(CM_PARENTFONTCHANGED); });
     case CM_COLORCHANGED:
         if (mBrush != nullptr) {
             mBrush->setColor(getColor());
         }
+        ShowLook();
         return tell([](TWinControl& control) { control.NotifyControls(CM_PARENTCOLORCHANGED); });
     case CM_SHOWHINTCHANGED:
         return tell([](TWinControl& control) { control.NotifyControls(CM_PARENTSHOWHINTCHANGED); });

@@ -149,9 +149,12 @@ TEST_F(FormTest, StandsWhereItsPositionSays)
         Forms::TPosition position;
         TRect expected;
     };
+    const TRect desktop = Forms::Screen->getDesktopRect();
+    const int left = (desktop.Width() - 320) / 2;
+    const int top = (desktop.Height() - 240) / 2;
     const TCase cases[] = {
         {Forms::poDesigned, {5000, 10, 5320, 250}},
-        {Forms::poScreenCenter, {800, 420, 1120, 660}},
+        {Forms::poScreenCenter, {left, top, left + 320, top + 240}},
     };
     for (const TCase& row : cases) {
         TForm form;
@@ -160,7 +163,7 @@ TEST_F(FormTest, StandsWhereItsPositionSays)
         form.Show();
         EXPECT_EQ(form.getBoundsRect(), row.expected);
         form.MakeFullyVisible();
-        EXPECT_LE(form.getBoundsRect().Right, 1920);
+        EXPECT_LE(form.getBoundsRect().Right, desktop.Right);
         EXPECT_GE(form.getBoundsRect().Left, 0);
     }
 }

@@ -26,7 +26,7 @@ void CHeadlessDesktop::Forget(CHeadlessWindow* window, bool isDirty)
 {
     mWindows.erase(window);
     std::erase(mForms, window);
-    std::erase_if(mInputs, [window](const auto& input) { return input.window == window; });
+    mInputs.Forget(window);
     if (isDirty) {
         std::erase(mDirty, window);
     }
@@ -103,24 +103,6 @@ bool CHeadlessDesktop::PaintOne(const CHeadlessWindow* within)
     CHeadlessWindow* const window = *found;
     mDirty.erase(found);
     window->Paint();
-    return true;
-}
-
-void CHeadlessDesktop::PostInput(CHeadlessWindow& window, std::function<void()> input)
-{
-    mInputs.push_back({&window, std::move(input)});
-}
-
-bool CHeadlessDesktop::RunInput(const CHeadlessWindow* within)
-{
-    const auto found =
-        std::ranges::find_if(mInputs, [within](const auto& input) { return input.window->IsWithin(within); });
-    if (found == mInputs.end()) {
-        return false;
-    }
-    const std::function<void()> run = std::move(found->run);
-    mInputs.erase(found);
-    run();
     return true;
 }
 

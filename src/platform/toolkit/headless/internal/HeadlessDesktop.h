@@ -3,9 +3,9 @@
 
 #include "platform/toolkit/PaintRecording.h"
 #include "platform/toolkit/Window.h"
+#include "platform/toolkit/internal/InputQueue.h"
 
 #include <deque>
-#include <functional>
 #include <memory>
 #include <unordered_set>
 #include <vector>
@@ -23,9 +23,8 @@ public:
     std::unique_ptr<Window> MakeWindow(const TWindowSettings& settings);
     /// Paints one window that asked for it, if it lies in `within`, of all for null; false if none did.
     bool PaintOne(const CHeadlessWindow* within);
-    void PostInput(CHeadlessWindow& window, std::function<void()> input);
-    /// Runs the first input that waits for a window in `within`, of all for null; false if none does.
-    bool RunInput(const CHeadlessWindow* within);
+    /// What is played of the user.
+    GInputQueue<CHeadlessWindow>& Inputs() noexcept { return mInputs; }
 
     // For the windows.
 
@@ -39,18 +38,11 @@ public:
     bool Exists(const CHeadlessWindow* window) const;
 
 private:
-    /// What the user does with a window.
-    struct TInputOf
-    {
-        CHeadlessWindow* window;
-        std::function<void()> run;
-    };
-
     std::unordered_set<const CHeadlessWindow*> mWindows;
     /// From the back to the front.
     std::vector<CHeadlessWindow*> mForms;
     std::deque<CHeadlessWindow*> mDirty;
-    std::deque<TInputOf> mInputs;
+    GInputQueue<CHeadlessWindow> mInputs;
     CHeadlessWindow* mActive = nullptr;
     CHeadlessWindow* mFocused = nullptr;
 };

@@ -8,8 +8,9 @@
 namespace Toolkits
 {
 
-/// Draws on pixels without a screen, the same ones on each machine. Characters are blocks.
-class CPixelDevice final : public PaintDevice
+/// Draws on pixels without a screen, the same ones on each machine. Characters are blocks; a toolkit that has
+/// fonts derives from it.
+class TRS8_BTL_API CPixelDevice : public PaintDevice
 {
 public:
     explicit CPixelDevice(Pixels& pixels);
@@ -38,6 +39,10 @@ public:
                const TImageOptions& options) override;
     void FocusRect(const Types::TRect& rect) override;
     void FloodFill(const Types::TPoint& at, TPixel color, EFlood kind, const TBrushData& brush) override;
+
+protected:
+    Pixels& GetPixels() noexcept { return mPixels; }
+    const CDeviceState& State() const noexcept { return mState; }
 
 private:
     bool IsVisible(const Types::TPoint& pixel) const;

@@ -80,7 +80,7 @@ void TButtonControl::Dispatch(void* record)
     case WM_LBUTTONDBLCLK:
     case WM_LBUTTONUP:
     case WM_MOUSEMOVE:
-        if (!WindowActs(*this) && DispatchMouse(record)) {
+        if (WindowActs(*this) ? FocusByMouse(message) : DispatchMouse(record)) {
             return;
         }
         break;
@@ -103,6 +103,16 @@ void TButtonControl::Dispatch(void* record)
         break;
     }
     TCustomControl::Dispatch(record);
+}
+
+bool TButtonControl::FocusByMouse(const TMessage& message)
+{
+    const TComponentWatch watch(this);
+    const bool isPress = message.Msg == WM_LBUTTONDOWN || message.Msg == WM_LBUTTONDBLCLK;
+    if (isPress && CanFocus()) {
+        SetFocus();
+    }
+    return !watch.IsAlive();
 }
 
 bool TButtonControl::DispatchMouse(void* record)

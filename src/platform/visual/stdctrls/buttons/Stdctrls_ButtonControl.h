@@ -48,6 +48,9 @@ protected:
 
 private:
     bool DispatchMouse(void* record);
+    /// The window acts on the mouse, but who has the focus is the form's to know; true if the control is
+    /// gone.
+    bool FocusByMouse(const Messages::TMessage& message);
     void MouseLetGo(void* record);
     void SpaceLetGo(void* record);
     void FollowMouse(const Messages::TMessage& message);

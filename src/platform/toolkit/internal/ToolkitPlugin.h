@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/toolkit/Toolkit.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace Toolkits
+{
+
+/// What a plug-in exports as `trs8_btl_toolkit`. Its first member never changes its place.
+struct TToolkitPlugin
+{
+    /// `System::LibraryVersion()` of the headers that the plug-in was compiled with.
+    const char* version;
+    Toolkit* (*make)();
+};
+
+/// The toolkit of the plug-in `libTRS8_BTL_NAME.so`, which is never unloaded; null, and `reason` tells why,
+/// if there is none that fits.
+[[nodiscard]] std::unique_ptr<Toolkit> LoadToolkit(std::string_view name, std::string& reason);
+
+} // namespace Toolkits

@@ -1,0 +1,238 @@
+// SPDX-License-Identifier: MIT
+#include "platform/toolkit/qt/QtCombo.h"
+
+#include "platform/toolkit/qt/QtConvert.h"
+
+#include <QAbstractListModel>
+#include <QComboBox>
+#include <QEvent>
+#include <QLineEdit>
+#include <QSignalBlocker>
+
+#include <algorithm>
+#include <climits>
+#include <utility>
+
+namespace Toolkits
+{
+
+/// The items of a control, read where they are.
+class CQtItems final : public QAbstractListModel
+{
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    /// The control is at its end, but the widget isn't yet.
+    void Leave() { mItems = nullptr; }
+
+    void Show(const WindowItems& items)
+    {
+        beginResetModel();
+        mItems = &items;
+        endResetModel();
+    }
+    void Renew(int row) { Q_EMIT dataChanged(index(row), index(row)); }
+
+    int rowCount(const QModelIndex& parent = {}) const override
+    {
+        return mItems == nullptr || parent.isValid() ? 0 : mItems->GetItemCount();
+    }
+
+    QVariant data(const QModelIndex& place, int role) const override
+    {
+        // The control may have fewer by now.
+        const int row = place.row();
+        const bool isText = role == Qt::DisplayRole || role == Qt::EditRole;
+        return isText && row >= 0 && row < rowCount() ? QVariant(ToQString(mItems->GetItemText(row)))
+                                                      : QVariant();
+    }
+
+private:
+    const WindowItems* mItems = nullptr;
+};
+
+/// Tells when its list opens and closes.
+class CComboWidget final : public QComboBox
+{
+public:
+    /// Null where the window is at its end.
+    CQtCombo* window = nullptr;
+
+    /// Whether the list has the keyboard, or gives it back.
+    bool IsOpen() const noexcept { return mIsOpen; }
+
+    void showPopup() override
+    {
+        const QPointer<CComboWidget> self = this;
+        Tell(true);
+        // Whoever heard of it may have destroyed the window.
+        if (self != nullptr && window != nullptr) {
+            mIsOpen = true;
+            QComboBox::showPopup();
+        }
+    }
+    void hidePopup() override
+    {
+        QComboBox::hidePopup();
+        if (std::exchange(mIsOpen, false)) {
+            Tell(false);
+        }
+    }
+
+private:
+    void Tell(bool isOpen)
+    {
+        if (window != nullptr) {
+            window->TellDrop(isOpen);
+        }
+    }
+
+    bool mIsOpen = false;
+};
+
+CQtCombo::CQtCombo(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings)
+    : CQtWindow(std::move(desktop), settings, new CComboWidget),
+      mCombo(static_cast<CComboWidget*>(&Widget())),
+      mItems(new CQtItems(mCombo)),
+      mText(settings.text)
+{
+    mCombo->window = this;
+    mCombo->setFocusPolicy(Qt::ClickFocus);
+    mCombo->setModel(mItems);
+    mCombo->setInsertPolicy(QComboBox::NoInsert);
+    SetEditable(true);
+    QObject::connect(mCombo, &QComboBox::activated, Context(),
+                     [this](int index) { Tell([index](WindowEvents& events) { events.Chosen(index); }); });
+}
+
+CQtCombo::~CQtCombo()
+{
+    mCombo->window = nullptr;
+    mItems->Leave();
+}
+
+bool CQtCombo::HandleEvent(QEvent& event)
+{
+    const bool isFocus = event.type() == QEvent::FocusIn || event.type() == QEvent::FocusOut;
+    return !(isFocus && mCombo->IsOpen()) && CQtWindow::HandleEvent(event);
+}
+
+void CQtCombo::TellDrop(bool isOpen)
+{
+    if (!mIsToldSo) {
+        Tell([isOpen](WindowEvents& events) { events.DropChanged(isOpen); });
+    }
+}
+
+void CQtCombo::SetEditable(bool isEditable)
+{
+    if (isEditable == mCombo->isEditable()) {
+        return;
+    }
+    const QSignalBlocker blocker(mCombo);
+    mCombo->setEditable(isEditable);
+    if (isEditable) {
+        QLineEdit* const line = mCombo->lineEdit();
+        mCombo->setCompleter(nullptr);
+        line->setMaxLength(INT_MAX);
+        QObject::connect(line, &QLineEdit::textEdited, Context(),
+                         [this](const QString& text) { TellText(text); });
+        QObject::connect(line, &QLineEdit::selectionChanged, Context(), [this] { TellSelection(); });
+        QObject::connect(line, &QLineEdit::cursorPositionChanged, Context(), [this] { TellSelection(); });
+        WatchPart(line);
+        SetText(mText);
+    }
+}
+
+void CQtCombo::SetText(const System::UnicodeString& text)
+{
+    mText = text;
+    if (!mCombo->isEditable()) {
+        return;
+    }
+    mIsTooLong = text.Length() > MostLineUnits;
+    mCombo->lineEdit()->setVisible(!mIsTooLong);
+    const QString shown = mIsTooLong ? QString() : ToQString(text);
+    if (shown != mCombo->lineEdit()->text()) {
+        const QSignalBlocker blocker(mCombo->lineEdit());
+        mCombo->lineEdit()->setText(shown);
+    }
+    mCombo->update();
+}
+
+void CQtCombo::SetSelection(int start, int length)
+{
+    if (mCombo->isEditable()) {
+        const QSignalBlocker blocker(mCombo->lineEdit());
+        mCombo->lineEdit()->setSelection(start, length);
+        if (length == 0) {
+            mCombo->lineEdit()->setCursorPosition(start);
+        }
+    }
+}
+
+void CQtCombo::ShowItems(const WindowItems& items)
+{
+    const int index = mCombo->currentIndex();
+    {
+        const QSignalBlocker blocker(mCombo);
+        mItems->Show(items);
+    }
+    SelectItem(index < mItems->rowCount() ? index : -1);
+}
+
+void CQtCombo::ShowItem(int index)
+{
+    mItems->Renew(index);
+}
+
+void CQtCombo::SelectItem(int index)
+{
+    const QSignalBlocker blocker(mCombo);
+    if (!mCombo->isEditable()) {
+        mCombo->setCurrentIndex(index);
+        return;
+    }
+    const QSignalBlocker lineBlocker(mCombo->lineEdit());
+    mCombo->setCurrentIndex(index);
+    SetText(mText);
+}
+
+void CQtCombo::SetComboTraits(const TComboTraits& traits)
+{
+    SetEditable(traits.isEditable);
+    mCombo->setMaxVisibleItems(std::max(traits.dropDownCount, 1));
+    if (mCombo->isEditable()) {
+        mCombo->lineEdit()->setMaxLength(traits.maxLength > 0 ? traits.maxLength : INT_MAX);
+    }
+}
+
+void CQtCombo::SetDropped(bool isOpen)
+{
+    const bool was = std::exchange(mIsToldSo, true);
+    isOpen ? mCombo->showPopup() : mCombo->hidePopup();
+    mIsToldSo = was;
+}
+
+void CQtCombo::TellText(const QString& text)
+{
+    mText = FromQString(text);
+    const System::UnicodeString edited = mText;
+    if (Tell([&](WindowEvents& events) { events.TextEdited(edited); })) {
+        TellSelection();
+    }
+}
+
+void CQtCombo::TellSelection()
+{
+    const QLineEdit* const line = mCombo->lineEdit();
+    // The one in a text that the control doesn't know yet follows that.
+    if (line->text() != ToQString(mText)) {
+        return;
+    }
+    const int start = line->hasSelectedText() ? line->selectionStart() : line->cursorPosition();
+    const int length = line->hasSelectedText() ? line->selectionLength() : 0;
+    Tell([&](WindowEvents& events) { events.SelectionMoved(start, length); });
+}
+
+} // namespace Toolkits

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/toolkit/qt/QtWindow.h"
+
+namespace Toolkits
+{
+
+class CQtItems;
+class CComboWidget;
+
+/// A line with a list that opens below it. A text that is too long for Qt is edited and painted by the
+/// control.
+class CQtCombo final : public CQtWindow
+{
+public:
+    CQtCombo(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings);
+    ~CQtCombo() override;
+
+    void SetText(const System::UnicodeString& text) override;
+    void SetSelection(int start, int length) override;
+    void ShowItems(const WindowItems& items) override;
+    void ShowItem(int index) override;
+    void SelectItem(int index) override;
+    void SetComboTraits(const TComboTraits& traits) override;
+    void SetDropped(bool isOpen) override;
+    bool ActsByItself() const override { return !mIsTooLong; }
+
+    /// The list opens or closes.
+    void TellDrop(bool isOpen);
+
+protected:
+    bool HandleEvent(QEvent& event) override;
+
+private:
+    void SetEditable(bool isEditable);
+    void TellText(const QString& text);
+    void TellSelection();
+
+    CComboWidget* mCombo;
+    CQtItems* mItems;
+    System::UnicodeString mText;
+    /// Whether the list opens or closes because the control says so.
+    bool mIsToldSo = false;
+    bool mIsTooLong = false;
+};
+
+} // namespace Toolkits

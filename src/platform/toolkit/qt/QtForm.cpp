@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: MIT
+#include "platform/toolkit/qt/QtForm.h"
+
+#include "platform/toolkit/qt/QtConvert.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWindow>
+
+#include <algorithm>
+#include <utility>
+
+namespace Toolkits
+{
+
+namespace
+{
+
+/// A form's own widget. Where the Tab key leads to, and who has the focus after one that is hidden, is up to
+/// the controls.
+class CFormWidget final : public QWidget
+{
+protected:
+    bool focusNextPrevChild(bool) override { return false; }
+};
+
+Qt::WindowFlags FlagsOf(EFrame frame)
+{
+    constexpr Qt::WindowFlags title =
+        Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+    switch (frame) {
+    case EFrame::None:
+        return Qt::Window | Qt::FramelessWindowHint;
+    case EFrame::Dialog:
+        return Qt::Dialog | title;
+    case EFrame::ToolWindow:
+    case EFrame::SizeableToolWindow:
+        return Qt::Tool | title;
+    default:
+        return Qt::Window;
+    }
+}
+
+bool IsSizeable(EFrame frame)
+{
+    return frame == EFrame::Sizeable || frame == EFrame::SizeableToolWindow;
+}
+
+/// As large as all screens together at most: a window takes memory for all of it.
+QSize HeldSize(long long width, long long height)
+{
+    const QSize most = QGuiApplication::primaryScreen()->virtualSize();
+    const auto hold = [](long long extent, int limit) {
+        return static_cast<int>(std::clamp<long long>(extent, 1, std::max(limit, 1)));
+    };
+    return {hold(width, most.width()), hold(height, most.height())};
+}
+
+/// Far enough to be out of sight; further away a place isn't the same on every kind of screen.
+int HeldPlace(int place)
+{
+    return std::clamp(place, -(1 << 14), 1 << 14);
+}
+
+} // namespace
+
+CQtForm::CQtForm(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings)
+    : CQtWindow(std::move(desktop), settings, new CFormWidget),
+      mMargins(UsualFrameMargins(settings.frame)),
+      mFrame(settings.frame),
+      mIsEnabled(settings.isEnabled)
+{
+    Widget().setWindowFlags(FlagsOf(mFrame));
+    Widget().setAttribute(Qt::WA_ShowWithoutActivating);
+    Widget().setAttribute(Qt::WA_InputMethodEnabled);
+    Widget().setAcceptDrops(true);
+    SetText(settings.text);
+    Place();
+}
+
+CQtForm::~CQtForm() = default;
+
+bool CQtForm::CanBeActive() const
+{
+    return mIsEnabled && Widget().isVisible();
+}
+
+void CQtForm::SetText(const System::UnicodeString& text)
+{
+    // Qt takes these three characters once for the mark of a changed document, twice for themselves.
+    Widget().setWindowTitle(ToQString(text).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
+}
+
+void CQtForm::SetBounds(const Types::TRect& bounds)
+{
+    if (bounds != Bounds()) {
+        KeepBounds(bounds);
+        Place();
+    }
+}
+
+void CQtForm::Place()
+{
+    const Types::TRect& bounds = Bounds();
+    const QSize size = HeldSize(0LL + bounds.Right - bounds.Left - mMargins.left - mMargins.right,
+                                0LL + bounds.Bottom - bounds.Top - mMargins.top - mMargins.bottom);
+    const bool isFixed = !IsSizeable(mFrame) && mFrame != EFrame::None;
+    Widget().setMinimumSize(isFixed ? size : QSize(1, 1));
+    Widget().setMaximumSize(isFixed ? size : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+    // By the place of the client area, whatever the frame takes in truth: what is in the form is where the
+    // controls say.
+    Widget().setGeometry(
+        QRect(QPoint(HeldPlace(bounds.Left) + mMargins.left, HeldPlace(bounds.Top) + mMargins.top), size));
+}
+
+void CQtForm::SetVisible(bool isVisible)
+{
+    const CQtWindow* const former = Desktop().Active();
+    if (isVisible && former != nullptr && former != this && !former->CanBeActive() &&
+        former->Widget().isVisible()) {
+        // The user is about to be kept from that one, so this one stays in front of it.
+        Widget().winId();
+        Widget().windowHandle()->setTransientParent(former->Widget().windowHandle());
+    }
+    CQtWindow::SetVisible(isVisible);
+}
+
+void CQtForm::TellBounds()
+{
+    const QRect now = Widget().geometry();
+    const Types::TRect bounds{now.x() - mMargins.left, now.y() - mMargins.top,
+                              now.x() + now.width() + mMargins.right,
+                              now.y() + now.height() + mMargins.bottom};
+    if (bounds != Bounds()) {
+        KeepBounds(bounds);
+        Tell([&](WindowEvents& events) { events.BoundsChanged(bounds); });
+    }
+}
+
+bool CQtForm::HandleEvent(QEvent& event)
+{
+    switch (event.type()) {
+    case QEvent::Close:
+        // Whether it closes is up to the form.
+        event.ignore();
+        if (CanBeActive()) {
+            Tell([](WindowEvents& events) { events.CloseAsked(); });
+        }
+        return true;
+    case QEvent::WindowActivate:
+    case QEvent::WindowDeactivate:
+        Desktop().ActivationTold(this, event.type() == QEvent::WindowActivate);
+        return false;
+    case QEvent::Move:
+    case QEvent::Resize:
+        if (event.spontaneous()) {
+            TellBounds();
+        }
+        return false;
+    default:
+        return CQtWindow::HandleEvent(event);
+    }
+}
+
+} // namespace Toolkits

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/toolkit/qt/QtWindow.h"
+
+namespace Toolkits
+{
+
+/// A window on the screen itself.
+class CQtForm final : public CQtWindow
+{
+public:
+    CQtForm(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings);
+    ~CQtForm() override;
+
+    void SetBounds(const Types::TRect& bounds) override;
+    void SetVisible(bool isVisible) override;
+    /// A form that is disabled looks as it did, but the user can't do anything in it.
+    void SetEnabled(bool isEnabled) override { mIsEnabled = isEnabled; }
+    void SetText(const System::UnicodeString& text) override;
+    bool CanBeActive() const override;
+
+protected:
+    bool HandleEvent(QEvent& event) override;
+
+private:
+    void Place();
+    void TellBounds();
+
+    TFrameMargins mMargins;
+    EFrame mFrame;
+    bool mIsEnabled;
+};
+
+} // namespace Toolkits

@@ -1,0 +1,301 @@
+// SPDX-License-Identifier: MIT
+#include "platform/toolkit/qt/QtToolkit.h"
+
+#include "platform/toolkit/qt/QtBoxes.h"
+#include "platform/toolkit/qt/QtButtons.h"
+#include "platform/toolkit/qt/QtColors.h"
+#include "platform/toolkit/qt/QtCombo.h"
+#include "platform/toolkit/qt/QtConvert.h"
+#include "platform/toolkit/qt/QtDesktop.h"
+#include "platform/toolkit/qt/QtEdits.h"
+#include "platform/toolkit/qt/QtFonts.h"
+#include "platform/toolkit/qt/QtForm.h"
+#include "platform/toolkit/qt/QtPaintDevice.h"
+#include "platform/toolkit/qt/QtPictures.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QImageReader>
+#include <QScreen>
+
+#include <cerrno>
+#include <cstdlib>
+#include <utility>
+
+namespace Toolkits
+{
+
+namespace
+{
+
+/// Qt refers to them as long as the process lives.
+struct TArguments
+{
+    int count = 1;
+    char* texts[2] = {program_invocation_name, nullptr};
+};
+
+void MakeApplication()
+{
+    if (QCoreApplication::instance() != nullptr) {
+        return;
+    }
+    auto& arguments = *new TArguments;
+    // Never destroyed: forms and boxes may be shown up to the last global object of the program.
+    auto* const application = new QApplication(arguments.count, arguments.texts);
+    // When the program ends is up to it.
+    application->setQuitOnLastWindowClosed(false);
+    // In megabytes: as many pixels as a picture of the library can have.
+    QImageReader::setAllocationLimit(static_cast<int>(Pixels::MaximumCount * 4 / (1 << 20)));
+}
+
+} // namespace
+
+CQtToolkit::CQtToolkit()
+    : mDesktop(std::make_shared<CQtDesktop>([this](std::exception_ptr fault) {
+          mMessages.Post([fault = std::move(fault)] { std::rethrow_exception(fault); });
+      }))
+{
+}
+
+CQtToolkit::~CQtToolkit()
+{
+    // Windows that are left tell their faults to nobody.
+    mDesktop->setRaise({});
+}
+
+void CQtToolkit::NeedApplication() const
+{
+    if (!mHasApplication) {
+        MakeApplication();
+        mMessages.setDispatcher(QAbstractEventDispatcher::instance());
+        mHasApplication = true;
+    }
+}
+
+int CQtToolkit::ShowBox(const TBox& box)
+{
+    NeedApplication();
+    return ShowQtBox(*this, box);
+}
+
+bool CQtToolkit::AskInput(const TInput& input, System::UnicodeString& value)
+{
+    NeedApplication();
+    return AskByQt(*this, input, value);
+}
+
+TFileAnswer CQtToolkit::AskFiles(const TFileQuestion& question)
+{
+    NeedApplication();
+    return AskFilesByQt(*this, question);
+}
+
+bool CQtToolkit::SetClipboardText(const System::UnicodeString& text)
+{
+    NeedApplication();
+    QGuiApplication::clipboard()->setText(ToQString(text));
+    return true;
+}
+
+System::UnicodeString CQtToolkit::GetClipboardText()
+{
+    NeedApplication();
+    return FromQString(QGuiApplication::clipboard()->text());
+}
+
+bool CQtToolkit::SetClipboardPixels(const Pixels& pixels)
+{
+    NeedApplication();
+    // The clipboard keeps a copy, since the pixels may go.
+    QGuiApplication::clipboard()->setImage(ViewOf(pixels).copy());
+    return true;
+}
+
+Pixels CQtToolkit::GetClipboardPixels()
+{
+    NeedApplication();
+    const QImage image = QGuiApplication::clipboard()->image();
+    return image.isNull() ? Pixels() : PixelsOf(image);
+}
+
+Types::TRect CQtToolkit::DesktopRect() const
+{
+    NeedApplication();
+    return FromQRect(QGuiApplication::primaryScreen()->virtualGeometry());
+}
+
+std::unique_ptr<Window> CQtToolkit::MakeWindow(const TWindowSettings& settings)
+{
+    NeedApplication();
+    switch (settings.kind) {
+    case EWindowKind::Form:
+        return std::make_unique<CQtForm>(mDesktop, settings);
+    case EWindowKind::Edit:
+        return std::make_unique<CQtEdit>(mDesktop, settings);
+    case EWindowKind::Memo:
+    case EWindowKind::RichEdit:
+        return std::make_unique<CQtMemo>(mDesktop, settings);
+    case EWindowKind::Button:
+    case EWindowKind::CheckBox:
+    case EWindowKind::RadioButton:
+        return std::make_unique<CQtButton>(mDesktop, settings);
+    case EWindowKind::ComboBox:
+        return std::make_unique<CQtCombo>(mDesktop, settings);
+    default:
+        // What the controls paint and do by themselves, with all their styles.
+        return std::make_unique<CQtCanvas>(mDesktop, settings);
+    }
+}
+
+int CQtToolkit::ShowMenu(const std::vector<TMenuEntry>& entries, Types::TPoint place)
+{
+    NeedApplication();
+    return ShowQtMenu(*this, entries, place);
+}
+
+TFrameMargins CQtToolkit::FrameMargins(EFrame frame) const
+{
+    return UsualFrameMargins(frame);
+}
+
+TTimerId CQtToolkit::StartTimer(unsigned milliseconds, std::function<void()> tick)
+{
+    NeedApplication();
+    return mMessages.StartTimer(milliseconds, std::move(tick));
+}
+
+void CQtToolkit::StopTimer(TTimerId timer)
+{
+    mMessages.StopTimer(timer);
+}
+
+TTextMetrics CQtToolkit::FontMetrics(const TFontData& font) const
+{
+    NeedApplication();
+    return MetricsOf(font);
+}
+
+Types::TSize CQtToolkit::TextExtent(const TFontData& font, const System::UnicodeString& text) const
+{
+    NeedApplication();
+    return ExtentOf(font, text);
+}
+
+TPixel CQtToolkit::SystemColor(int index) const
+{
+    NeedApplication();
+    return PaletteColor(index);
+}
+
+std::unique_ptr<PaintDevice> CQtToolkit::NewPixelDevice(Pixels& pixels)
+{
+    NeedApplication();
+    return std::make_unique<CQtPaintDevice>(pixels);
+}
+
+Pixels CQtToolkit::DecodePicture(EPictureType type, std::span<const System::Byte> bytes)
+{
+    NeedApplication();
+    return DecodeByQt(type, bytes);
+}
+
+std::vector<System::Byte> CQtToolkit::EncodePicture(EPictureType type, const Pixels& pixels, int quality)
+{
+    NeedApplication();
+    return EncodeByQt(type, pixels, quality);
+}
+
+void CQtToolkit::DecodeMetafile(EPictureType type, std::span<const System::Byte>, PaintRecording&)
+{
+    ThrowNoCodec(type);
+}
+
+std::vector<System::Byte> CQtToolkit::EncodeMetafile(EPictureType type, const PaintRecording&,
+                                                     const Types::TSize&)
+{
+    ThrowNoCodec(type);
+}
+
+void CQtToolkit::SetCursor(int cursor)
+{
+    NeedApplication();
+    QGuiApplication::restoreOverrideCursor();
+    if (cursor != 0) {
+        QGuiApplication::setOverrideCursor(ToQtCursor(cursor));
+    }
+}
+
+void CQtToolkit::Post(std::function<void()> action)
+{
+    mMessages.Post(std::move(action));
+}
+
+void CQtToolkit::Watch(int descriptor, std::function<void()> action)
+{
+    NeedApplication();
+    mMessages.Watch(descriptor, std::move(action));
+}
+
+void CQtToolkit::Unwatch(int descriptor)
+{
+    mMessages.Unwatch(descriptor);
+}
+
+void CQtToolkit::SetActivationToken(const System::UnicodeString& token)
+{
+    // The next window that asks to be activated finds it here.
+    setenv("XDG_ACTIVATION_TOKEN", System::ToUtf8(token).c_str(), 1);
+}
+
+bool CQtToolkit::ProcessQtEvents(bool canWait)
+{
+    mTurns = 0;
+    const bool isDone = QAbstractEventDispatcher::instance()->processEvents(
+        canWait ? QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents : QEventLoop::AllEvents);
+    mDesktop->EmptyGraves();
+    return isDone;
+}
+
+bool CQtToolkit::ProcessMessage()
+{
+    NeedApplication();
+    // So many actions are as quick as one look at the screen.
+    constexpr int mostTurns = 16;
+    if (mTurns >= mostTurns && ProcessQtEvents(false)) {
+        return true;
+    }
+    if (mMessages.RunOne() || mDesktop->Inputs().RunOne(nullptr)) {
+        ++mTurns;
+        return true;
+    }
+    return ProcessQtEvents(false);
+}
+
+bool CQtToolkit::ProcessInput(Window& window)
+{
+    NeedApplication();
+    const auto* const only = dynamic_cast<const CQtWindow*>(&window);
+    if (mDesktop->Inputs().RunOne(only)) {
+        return true;
+    }
+    const CQtWindow* const former = mDesktop->ExchangeOnly(only);
+    const bool isDone = ProcessQtEvents(false);
+    mDesktop->ExchangeOnly(former);
+    return isDone;
+}
+
+void CQtToolkit::PostInput(Window& window, std::function<void()> input)
+{
+    mDesktop->Inputs().Post(dynamic_cast<CQtWindow&>(window), std::move(input));
+}
+
+void CQtToolkit::WaitMessage()
+{
+    NeedApplication();
+    if (mMessages.IsEmpty() && mDesktop->Inputs().IsEmpty()) {
+        ProcessQtEvents(true);
+    }
+}
+
+} // namespace Toolkits

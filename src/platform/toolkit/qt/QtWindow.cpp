@@ -1,0 +1,427 @@
+// SPDX-License-Identifier: MIT
+#include "platform/toolkit/qt/QtWindow.h"
+
+#include "platform/host/Host_Path.h"
+#include "platform/toolkit/qt/QtConvert.h"
+#include "platform/toolkit/qt/QtFonts.h"
+#include "platform/toolkit/qt/QtKeys.h"
+#include "platform/toolkit/qt/QtPaintDevice.h"
+
+#include <QCoreApplication>
+#include <QDropEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QUrl>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <utility>
+
+namespace Toolkits
+{
+
+/// Sees what a widget, or a part of it, hears, before that acts on it.
+class CQtWindow::CFilter final : public QObject
+{
+public:
+    explicit CFilter(CQtWindow& window) : mWindow(window) {}
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        CQtDesktop& desktop = *mWindow.mDesktop;
+        try {
+            return mWindow.HandleFiltered(*event);
+        } catch (...) {
+            desktop.Raise(std::current_exception());
+            return true;
+        }
+    }
+
+private:
+    CQtWindow& mWindow;
+};
+
+namespace
+{
+
+/// The most that Qt lets a widget have.
+constexpr int MaximumExtent = QWIDGETSIZE_MAX;
+
+QRect HeldRect(const Types::TRect& bounds)
+{
+    const auto place = [](int value) { return std::clamp(value, -MaximumExtent, MaximumExtent); };
+    const auto extent = [](long long begin, long long end) {
+        return static_cast<int>(std::clamp<long long>(end - begin, 0, MaximumExtent));
+    };
+    return {place(bounds.Left), place(bounds.Top), extent(bounds.Left, bounds.Right),
+            extent(bounds.Top, bounds.Bottom)};
+}
+
+} // namespace
+
+CQtWindow::CQtWindow(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings, QWidget* widget)
+    : mDesktop(std::move(desktop)),
+      mState(std::make_shared<TState>()),
+      mEvents(settings.events),
+      mParent(dynamic_cast<CQtWindow*>(settings.parent)),
+      mWidget(widget),
+      mFilter(std::make_unique<CFilter>(*this)),
+      mBounds(settings.bounds),
+      mIsForm(settings.kind == EWindowKind::Form)
+{
+    mWidget->setObjectName(ToQString(settings.name));
+    mWidget->setAccessibleName(mWidget->objectName());
+    // Who doesn't act on the mouse keeps it from its parent all the same.
+    mWidget->setAttribute(Qt::WA_NoMousePropagation);
+    mWidget->setMouseTracking(true);
+    mWidget->installEventFilter(mFilter.get());
+    if (mParent != nullptr && !mIsForm) {
+        mWidget->setParent(&mParent->Surface());
+    }
+    if (!mIsForm) {
+        mWidget->setGeometry(HeldRect(mBounds));
+        mWidget->setEnabled(settings.isEnabled);
+    }
+    mDesktop->Add(this);
+}
+
+CQtWindow::~CQtWindow()
+{
+    mState->isAlive = false;
+    mFilter.reset();
+    mDesktop->Forget(this);
+    const int level = mDesktop->getTellLevel();
+    if (level == 0) {
+        delete mWidget;
+        return;
+    }
+    // Qt may be at work on it, further down on the stack.
+    mWidget->hide();
+    mWidget->setParent(nullptr);
+    mDesktop->Bury(mWidget, mState->tellCount > 0 ? 1 : level);
+}
+
+CQtWindow* CQtWindow::Form() noexcept
+{
+    CQtWindow* outer = this;
+    while (outer != nullptr && !outer->mIsForm) {
+        outer = outer->mParent;
+    }
+    return outer;
+}
+
+bool CQtWindow::IsWithin(const CQtWindow* outer) const noexcept
+{
+    const CQtWindow* window = this;
+    while (window != nullptr && window != outer) {
+        window = window->mParent;
+    }
+    return outer == nullptr || window != nullptr;
+}
+
+QObject* CQtWindow::Context() const noexcept
+{
+    return mFilter.get();
+}
+
+void CQtWindow::WatchPart(QWidget* part)
+{
+    part->installEventFilter(mFilter.get());
+    part->setAttribute(Qt::WA_NoMousePropagation);
+    part->setMouseTracking(true);
+}
+
+void CQtWindow::SetBounds(const Types::TRect& bounds)
+{
+    mBounds = bounds;
+    mWidget->setGeometry(HeldRect(bounds));
+}
+
+void CQtWindow::SetVisible(bool isVisible)
+{
+    const std::shared_ptr<TState> state = mState;
+    mWidget->setVisible(isVisible);
+    if (!isVisible && state->isAlive) {
+        mDesktop->Leave(this);
+    }
+}
+
+void CQtWindow::SetEnabled(bool isEnabled)
+{
+    mWidget->setEnabled(isEnabled);
+}
+
+void CQtWindow::SetLook(const TWindowLook& look)
+{
+    mGround = look.ground;
+    QPalette palette = mWidget->palette();
+    const QColor text = QColor::fromRgba(look.textColor);
+    const QColor ground = QColor::fromRgba(look.ground);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Active, role, text);
+        palette.setColor(QPalette::Inactive, role, text);
+    }
+    for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base, QPalette::Button}) {
+        palette.setColor(role, ground);
+    }
+    mWidget->setPalette(palette);
+    mWidget->setFont(ToQFont(look.font));
+    Surface().update();
+}
+
+void CQtWindow::Invalidate(const Types::TRect* part)
+{
+    if (part == nullptr) {
+        Surface().update();
+    } else {
+        Surface().update(HeldRect(*part));
+    }
+}
+
+void CQtWindow::Update()
+{
+    // All that is marked in a form is painted in one.
+    QCoreApplication::sendPostedEvents(mWidget->window(), QEvent::UpdateRequest);
+}
+
+bool CQtWindow::IsBlocked()
+{
+    CQtWindow* const form = Form();
+    return (form != nullptr && !form->CanBeActive()) || !IsWithin(mDesktop->Only());
+}
+
+bool CQtWindow::HandleFiltered(QEvent& event)
+{
+    const bool isInput = event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease ||
+                         event.type() == QEvent::MouseButtonRelease;
+    return !(mIsPassing && isInput) && HandleEvent(event);
+}
+
+bool CQtWindow::HandleEvent(QEvent& event)
+{
+    switch (event.type()) {
+    case QEvent::ShortcutOverride:
+        // Keys are the control's; Qt has no shortcuts of its own to find among them.
+        event.accept();
+        return true;
+    case QEvent::KeyPress:
+        return HandleKey(static_cast<const QKeyEvent&>(event));
+    case QEvent::KeyRelease:
+        return HandleRelease(static_cast<const QKeyEvent&>(event));
+    case QEvent::InputMethod:
+        return HandleInputMethod(static_cast<const QInputMethodEvent&>(event));
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+        return HandleMouse(static_cast<const QMouseEvent&>(event));
+    case QEvent::Wheel:
+        return HandleWheel(static_cast<const QWheelEvent&>(event));
+    case QEvent::Leave:
+        Tell([](WindowEvents& events) { events.MouseUsed({.action = EMouseAction::Leave}); });
+        return false;
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+        return HandleFocus(event);
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+        return HandleDrop(event);
+    case QEvent::Paint:
+        return !ActsByItself() && Paint(static_cast<const QPaintEvent&>(event));
+    default:
+        return false;
+    }
+}
+
+bool CQtWindow::HandleKey(const QKeyEvent& event)
+{
+    if (IsBlocked()) {
+        return true;
+    }
+    mDesktop->UserActed(Form());
+    System::Word key = KeyOf(event);
+    const Classes::TShiftState shift = ShiftOf(event.modifiers());
+    bool isTaken = false;
+    if (key != 0) {
+        const bool isHere = Tell([&](WindowEvents& events) { isTaken = events.KeyPressed(key, shift); });
+        if (!isHere || isTaken) {
+            return true;
+        }
+    }
+    // Keys with Alt are commands, and the key that deletes types nothing.
+    QString typed;
+    const bool isText = !shift.Contains(Classes::ssAlt) && event.key() != Qt::Key_Delete;
+    for (const QChar unit : isText ? event.text() : QString()) {
+        System::WideChar character = unit.unicode();
+        const bool isHere = Tell([&](WindowEvents& events) { isTaken = events.CharacterTyped(character); });
+        if (!isHere) {
+            return true;
+        }
+        if (!isTaken) {
+            typed += QChar(character);
+        }
+    }
+    const bool isRefused = isText && typed.isEmpty() && !event.text().isEmpty();
+    return isRefused || !ActsByItself() || PassKey(event, key, isText ? typed : event.text());
+}
+
+bool CQtWindow::PassKey(const QKeyEvent& event, System::Word key, const QString& text)
+{
+    const bool isOther = key != KeyOf(event) && ToQtKey(key) != 0;
+    QKeyEvent passed(event.type(), isOther ? ToQtKey(key) : event.key(), event.modifiers(), text,
+                     event.isAutoRepeat(), static_cast<quint16>(event.count()));
+    Pass(passed);
+    return true;
+}
+
+bool CQtWindow::Pass(QEvent& event)
+{
+    const std::shared_ptr<TState> state = mState;
+    mIsPassing = true;
+    QCoreApplication::sendEvent(mWidget, &event);
+    if (state->isAlive) {
+        mIsPassing = false;
+    }
+    return state->isAlive;
+}
+
+bool CQtWindow::HandleRelease(const QKeyEvent& event)
+{
+    const System::Word key = KeyOf(event);
+    // A key that is held is pressed again and again, but let go once.
+    if (event.isAutoRepeat() || IsBlocked()) {
+        return true;
+    }
+    bool isTaken = false;
+    const bool isHere = Tell([&](WindowEvents& events) {
+        isTaken = key != 0 && events.KeyReleased(key, ShiftOf(event.modifiers()));
+    });
+    return !isHere || isTaken || !ActsByItself();
+}
+
+bool CQtWindow::HandleInputMethod(const QInputMethodEvent& event)
+{
+    if (ActsByItself() || IsBlocked()) {
+        return IsBlocked();
+    }
+    for (const QChar unit : event.commitString()) {
+        System::WideChar character = unit.unicode();
+        if (!Tell([&](WindowEvents& events) { events.CharacterTyped(character); })) {
+            break;
+        }
+    }
+    return true;
+}
+
+bool CQtWindow::HandleMouse(const QMouseEvent& event)
+{
+    if (IsBlocked()) {
+        return true;
+    }
+    if (!mWidget->isEnabled()) {
+        return false;
+    }
+    TMouseInput mouse;
+    switch (event.type()) {
+    case QEvent::MouseButtonPress:
+        mouse.action = EMouseAction::Down;
+        mDesktop->UserActed(Form());
+        break;
+    case QEvent::MouseButtonRelease:
+        mouse.action = EMouseAction::Up;
+        break;
+    case QEvent::MouseButtonDblClick:
+        mouse.action = EMouseAction::DoubleClick;
+        break;
+    default:
+        break;
+    }
+    mouse.button = ButtonOf(event.button());
+    mouse.shift = ShiftOf(event.modifiers(), event.buttons());
+    mouse.place = FromQPoint(event.position().toPoint());
+    bool isTaken = false;
+    const bool isHere = Tell([&](WindowEvents& events) { isTaken = events.MouseUsed(mouse); });
+    return !isHere || isTaken || !ActsByItself();
+}
+
+bool CQtWindow::HandleWheel(const QWheelEvent& event)
+{
+    if (IsBlocked()) {
+        return true;
+    }
+    TMouseInput mouse;
+    mouse.action = EMouseAction::Wheel;
+    mouse.shift = ShiftOf(event.modifiers(), event.buttons());
+    mouse.place = FromQPoint(event.position().toPoint());
+    mouse.wheelDelta = event.angleDelta().y();
+    bool isTaken = false;
+    const bool isHere = Tell([&](WindowEvents& events) { isTaken = events.MouseUsed(mouse); });
+    return !isHere || isTaken || !ActsByItself();
+}
+
+bool CQtWindow::HandleFocus(const QEvent& event)
+{
+    // A menu, or the list of a combo box, takes the keyboard for a while and gives it back.
+    if (static_cast<const QFocusEvent&>(event).reason() == Qt::PopupFocusReason || mIsForm) {
+        return false;
+    }
+    const std::shared_ptr<TState> state = mState;
+    mDesktop->FocusTold(this, event.type() == QEvent::FocusIn);
+    return !state->isAlive;
+}
+
+bool CQtWindow::HandleDrop(QEvent& event)
+{
+    auto& drop = static_cast<QDropEvent&>(event);
+    const QList<QUrl> urls = drop.mimeData()->urls();
+    if (urls.isEmpty()) {
+        // A text goes to whoever edits one.
+        return !ActsByItself();
+    }
+    drop.acceptProposedAction();
+    if (event.type() == QEvent::Drop) {
+        std::vector<System::UnicodeString> files;
+        for (const QUrl& url : urls) {
+            if (url.isLocalFile()) {
+                files.push_back(Sysutils::FromHostPath(url.toLocalFile().toStdString()));
+            }
+        }
+        const Types::TPoint place = FromQPoint(drop.position().toPoint());
+        Tell([&](WindowEvents& events) { events.FilesDropped(files, place); });
+    }
+    return true;
+}
+
+bool CQtWindow::Paint(const QPaintEvent& event)
+{
+    const QRect part = event.rect();
+    if (part.isEmpty()) {
+        return true;
+    }
+    if (!IsWithin(mDesktop->Only())) {
+        mDesktop->PaintLater(this);
+        return true;
+    }
+    Pixels pixels(part.width(), part.height(), mGround);
+    CQtPaintDevice device(pixels);
+    device.MoveOrigin(-part.x(), -part.y());
+    if (Tell([&](WindowEvents& events) { events.PaintAsked(device, FromQRect(part)); })) {
+        QPainter(mWidget).drawImage(part.topLeft(), ViewOf(pixels).convertToFormat(QImage::Format_RGB32));
+    }
+    return true;
+}
+
+CQtCanvas::CQtCanvas(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings)
+    : CQtWindow(std::move(desktop), settings, new QWidget)
+{
+    Widget().setAttribute(Qt::WA_InputMethodEnabled);
+    Widget().setAcceptDrops(true);
+}
+
+CQtCanvas::~CQtCanvas() = default;
+
+} // namespace Toolkits

@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/toolkit/Window.h"
+#include "platform/toolkit/qt/QtDesktop.h"
+
+#include <QObject>
+#include <QWidget>
+
+#include <memory>
+#include <vector>
+
+class QInputMethodEvent;
+class QKeyEvent;
+class QMouseEvent;
+class QPaintEvent;
+class QWheelEvent;
+
+namespace Toolkits
+{
+
+/// A widget that stands for a control. What happens to the widget comes by here first: the control hears of
+/// it, and the widget acts on it only where the control leaves it to that.
+class CQtWindow : public Window
+{
+public:
+    /// Takes the widget; for a parent, its own is within that one's.
+    CQtWindow(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings, QWidget* widget);
+    ~CQtWindow() override;
+
+    void SetBounds(const Types::TRect& bounds) override;
+    void SetVisible(bool isVisible) override;
+    void SetEnabled(bool isEnabled) override;
+    void SetText(const System::UnicodeString&) override {}
+    void SetLook(const TWindowLook& look) override;
+    void Focus() override { mDesktop->Focus(this); }
+    void Invalidate(const Types::TRect* part) override;
+    void Update() override;
+    bool ActsByItself() const override { return false; }
+    void BringToFront() override { mWidget->raise(); }
+    void SendToBack() override { mWidget->lower(); }
+
+    QWidget& Widget() const noexcept { return *mWidget; }
+    /// The widget that keys, the mouse and the paint come to, which is within `Widget` where that scrolls.
+    virtual QWidget& Surface() const noexcept { return *mWidget; }
+    bool IsForm() const noexcept { return mIsForm; }
+    /// The form that the window is in; null for one outside of any.
+    CQtWindow* Form() noexcept;
+    /// Whether it is `outer` or lies in it; true for null.
+    bool IsWithin(const CQtWindow* outer) const noexcept;
+    virtual bool CanBeActive() const { return false; }
+
+    /// Tells the control something. Nothing that it raises comes out. False if the window is gone by then:
+    /// its widget is still there, but must be left alone.
+    template <class Action>
+    bool Tell(Action action)
+    {
+        // The window, and all it refers to, may be gone when the call returns.
+        const std::shared_ptr<CQtDesktop> desktop = mDesktop;
+        const std::shared_ptr<TState> state = mState;
+        desktop->BeginTell();
+        ++state->tellCount;
+        try {
+            action(*mEvents);
+        } catch (...) {
+            desktop->Raise(std::current_exception());
+        }
+        --state->tellCount;
+        desktop->EndTell();
+        return state->isAlive;
+    }
+
+protected:
+    /// What the widget hears. True if the widget mustn't act on it.
+    virtual bool HandleEvent(QEvent& event);
+    /// What the signals of the widget are connected by, so that they end with the window.
+    QObject* Context() const noexcept;
+    /// Whether the user is kept from the form of the window, or from all windows but another one.
+    bool IsBlocked();
+    bool CanBeUsed() { return mWidget->isEnabled() && !IsBlocked(); }
+    /// Watches a part of the widget too.
+    void WatchPart(QWidget* part);
+    /// Whether a key, or what else is told of around it, is on its way through the widget.
+    bool IsPassing() const noexcept { return mIsPassing; }
+    /// Lets the widget act on an event now; false if the window is gone then.
+    bool Pass(QEvent& event);
+    CQtDesktop& Desktop() const noexcept { return *mDesktop; }
+    const Types::TRect& Bounds() const noexcept { return mBounds; }
+    void KeepBounds(const Types::TRect& bounds) noexcept { mBounds = bounds; }
+
+private:
+    class CFilter;
+
+    struct TState
+    {
+        bool isAlive = true;
+        /// The events that the control is told of at present.
+        int tellCount = 0;
+    };
+
+    bool HandleFiltered(QEvent& event);
+    bool HandleKey(const QKeyEvent& event);
+    bool HandleRelease(const QKeyEvent& event);
+    bool HandleInputMethod(const QInputMethodEvent& event);
+    bool HandleMouse(const QMouseEvent& event);
+    bool HandleWheel(const QWheelEvent& event);
+    bool HandleFocus(const QEvent& event);
+    bool HandleDrop(QEvent& event);
+    bool Paint(const QPaintEvent& event);
+    /// Lets the widget act on a key that may be another one by now; always true.
+    bool PassKey(const QKeyEvent& event, System::Word key, const QString& text);
+
+    std::shared_ptr<CQtDesktop> mDesktop;
+    std::shared_ptr<TState> mState;
+    WindowEvents* mEvents;
+    CQtWindow* mParent;
+    QWidget* mWidget;
+    std::unique_ptr<CFilter> mFilter;
+    Types::TRect mBounds;
+    TPixel mGround = OpaquePixel(240, 240, 240);
+    bool mIsForm;
+    bool mIsPassing = false;
+};
+
+/// An area that the library paints.
+class CQtCanvas final : public CQtWindow
+{
+public:
+    CQtCanvas(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings);
+    ~CQtCanvas() override;
+};
+
+} // namespace Toolkits

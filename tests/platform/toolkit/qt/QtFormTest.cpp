@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+#include "platform/toolkit/qt/QtForm.h"
+
+#include "platform/toolkit/Dialogs.h"
+#include "platform/toolkit/MessageBox.h"
+#include "platform/toolkit/Toolkit.h"
+#include "platform/visual/Forms.h"
+#include "platform/visual/stdctrls/Extctrls_Timer.h"
+#include "platform/visual/stdctrls/Stdctrls_Label.h"
+#include "platform/visual/stdctrls/buttons/Stdctrls_Button.h"
+#include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
+#include "support/ChildProgram.h"
+#include "support/ScopedVariable.h"
+#include "support/TempFolder.h"
+#include "support/VirtualScreen.h"
+
+#include <QApplication>
+#include <QPixmap>
+#include <QScreen>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+// A form on a real screen: keys and mouse come from the X server, as those of a user do.
+
+namespace
+{
+
+using Forms::TForm;
+using System::TObject;
+using System::UnicodeString;
+
+class TMeasureForm final : public TForm
+{
+public:
+    TMeasureForm()
+    {
+        setName(u"Measure");
+        setCaption(u"Measure");
+        setBorderStyle(Forms::bsDialog);
+        SetBounds(100, 80, 320, 200);
+        setPosition(Forms::poDesigned);
+        Place(fLabel, u"fLabel", {20, 20, 280, 40});
+        Place(fEdit, u"fEdit", {20, 50, 200, 80});
+        Place(fButton, u"fButton", {20, 100, 120, 130});
+        fLabel.setCaption(u"<b>Voltage</b> in volts, 50 % to 100 %");
+        fEdit.setText(UnicodeString());
+        fButton.setCaption(u"&Start");
+        fButton.OnClick = [this](TObject*) {
+            fLabel.setCaption(u"Started with " + fEdit.getText());
+            ++clicks;
+        };
+        timer.setInterval(5);
+        timer.setOnTimer([this](TObject*) { ++ticks; });
+    }
+
+    Stdctrls::TLabel fLabel{this};
+    Stdctrls::TEdit fEdit{this};
+    Stdctrls::TButton fButton{this};
+    Extctrls::TTimer timer{this};
+    int clicks = 0;
+    int ticks = 0;
+
+private:
+    void Place(Controls::TControl& control, const char16_t* name, Types::TRect bounds)
+    {
+        control.setName(name);
+        control.setParent(this);
+        control.setBoundsRect(bounds);
+    }
+};
+
+/// Runs the message loop until it is so. False if that never comes: only a fault takes so long.
+template <class Test>
+bool RunUntil(Test isTrue)
+{
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+    const auto waker = Toolkits::CurrentToolkit().StartTimer(20, [] {});
+    while (!isTrue() && std::chrono::steady_clock::now() < deadline) {
+        Forms::Application->HandleMessage();
+    }
+    Toolkits::CurrentToolkit().StopTimer(waker);
+    return isTrue();
+}
+
+/// Has the X server do something with its keyboard and mouse.
+void Use(const std::string& command)
+{
+    ASSERT_EQ(std::system(("xdotool " + command).c_str()), 0) << command;
+}
+
+void ClickOn(Controls::TControl& control)
+{
+    const Types::TPoint place = control.ClientToScreen({control.getWidth() / 2, control.getHeight() / 2});
+    Use("mousemove " + std::to_string(place.X) + " " + std::to_string(place.Y) + " click 1");
+}
+
+/// Keeps what is seen: in the folder that a variable names, for somebody to look at, or else in one of the
+/// test.
+QImage TakePicture(const std::string& name)
+{
+    Forms::Application->ProcessMessages();
+    const Support::TempFolder folder;
+    const char* const kept = std::getenv("TRS8_BTL_SCREENSHOTS");
+    const std::filesystem::path file = (kept == nullptr ? folder.Path() : std::filesystem::path(kept)) / name;
+    const QPixmap screen = QGuiApplication::primaryScreen()->grabWindow(0);
+    EXPECT_TRUE(screen.save(QString::fromStdString(file.string()), "PNG"));
+    QImage image;
+    EXPECT_TRUE(image.load(QString::fromStdString(file.string())));
+    return image;
+}
+
+/// How many pixels of a control are dark, as those of its text are.
+int CountDark(const QImage& image, const Controls::TControl& control)
+{
+    const Types::TPoint corner = control.ClientToScreen({0, 0});
+    int count = 0;
+    for (int y = 0; y < control.getHeight(); ++y) {
+        for (int x = 0; x < control.getWidth(); ++x) {
+            count += qGray(image.pixel(corner.X + x, corner.Y + y)) < 96;
+        }
+    }
+    return count;
+}
+
+TEST(QtScreenTest, DISABLED_FormIsUsedByKeysAndMouse)
+{
+    TMeasureForm form;
+    form.Show();
+    ASSERT_TRUE(RunUntil([&] { return form.ticks > 3 && QApplication::activeWindow() != nullptr; }));
+    ClickOn(form.fEdit);
+    ASSERT_TRUE(RunUntil([&] { return form.fEdit.Focused(); }));
+    Use("type 12,5");
+    ASSERT_TRUE(RunUntil([&] { return form.fEdit.getText() == u"12,5"; }));
+    Use("key BackSpace key 7");
+    ASSERT_TRUE(RunUntil([&] { return form.fEdit.getText() == u"12,7"; }));
+    const QImage before = TakePicture("before.png");
+    EXPECT_GT(CountDark(before, form.fLabel), 100);
+    EXPECT_GT(CountDark(before, form.fEdit), 20);
+    ClickOn(form.fButton);
+    ASSERT_TRUE(RunUntil([&] { return form.clicks == 1; }));
+    EXPECT_EQ(form.fLabel.getCaption(), u"Started with 12,7");
+    EXPECT_TRUE(form.fButton.Focused());
+    Use("key Tab");
+    ASSERT_TRUE(RunUntil([&] { return form.fEdit.Focused(); }));
+    Use("key alt+s");
+    ASSERT_TRUE(RunUntil([&] { return form.clicks == 2; }));
+    EXPECT_NE(TakePicture("after.png"), before);
+    Support::PrintResult("used");
+}
+
+TEST(QtScreenTest, DISABLED_ModalFormAndBoxAreAnswered)
+{
+    TMeasureForm behind;
+    behind.Show();
+    TForm form;
+    form.setBorderStyle(Forms::bsDialog);
+    form.setPosition(Forms::poDesigned);
+    form.SetBounds(450, 300, 200, 120);
+    Stdctrls::TButton ok(&form);
+    ok.setParent(&form);
+    ok.SetBounds(20, 20, 100, 30);
+    ok.setModalResult(mrOk);
+    int box = 0;
+    ok.OnClick = [&](TObject*) {
+        const auto timer =
+            Toolkits::CurrentToolkit().StartTimer(200, [] { std::system("xdotool key Return"); });
+        box = MessageBoxW(nullptr, u"Sure?", u"Measure", MB_OKCANCEL | MB_ICONQUESTION);
+        Toolkits::CurrentToolkit().StopTimer(timer);
+    };
+    const auto timer = Toolkits::CurrentToolkit().StartTimer(200, [&] {
+        // What is behind can't be used; the button in front can.
+        if (box == 0 && QApplication::activeModalWidget() == nullptr) {
+            ClickOn(behind.fButton);
+            ClickOn(ok);
+        }
+    });
+    EXPECT_EQ(form.ShowModal(), mrOk);
+    Toolkits::CurrentToolkit().StopTimer(timer);
+    EXPECT_EQ(box, IDOK);
+    EXPECT_EQ(behind.clicks, 0);
+    Support::PrintResult("answered");
+}
+
+TEST(QtFormTest, IsUsedOnAScreen)
+{
+    const Support::VirtualScreen screen;
+    if (!screen.IsThere() || std::system("command -v xdotool >/dev/null") != 0) {
+        GTEST_SKIP() << "Xvfb or xdotool isn't installed.";
+    }
+    const Support::ScopedVariable display("DISPLAY", screen.Display());
+    const Support::ScopedVariable platform("QT_QPA_PLATFORM", "xcb");
+    EXPECT_EQ(Support::RunChildTest("QtScreenTest.DISABLED_FormIsUsedByKeysAndMouse"), "used");
+    EXPECT_EQ(Support::RunChildTest("QtScreenTest.DISABLED_ModalFormAndBoxAreAnswered"), "answered");
+}
+
+} // namespace

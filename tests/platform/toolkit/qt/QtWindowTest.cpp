@@ -1,0 +1,268 @@
+// SPDX-License-Identifier: MIT
+#include "platform/toolkit/qt/QtWindow.h"
+
+#include "platform/toolkit/qt/WindowLog.h"
+
+#include <QApplication>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <utility>
+
+namespace
+{
+
+using Support::TShownWindow;
+using Toolkits::EWindowKind;
+using Types::TRect;
+
+QWidget* FindWidget(const char* name)
+{
+    for (QWidget* const widget : QApplication::allWidgets()) {
+        if (widget->objectName() == QLatin1String(name)) {
+            return widget;
+        }
+    }
+    return nullptr;
+}
+
+TEST(QtWindowTest, IsFoundByTheNameOfItsControl)
+{
+    const TShownWindow shown(EWindowKind::Edit);
+    ASSERT_NE(FindWidget("Form.Window"), nullptr);
+    EXPECT_TRUE(FindWidget("Form")->isAncestorOf(FindWidget("Form.Window")));
+}
+
+TEST(QtWindowTest, TellsOfKeysCharactersTextAndSelectionInTheirOrder)
+{
+    TShownWindow shown(EWindowKind::Edit);
+    shown.Type(u"a");
+    EXPECT_EQ(shown.log.Take(), "key65 chara text=a selection1+0 selection1+0 ");
+    shown.Press(VK_LEFT);
+    EXPECT_EQ(shown.log.Take(), "key37 selection0+0 ");
+    shown.Press(VK_DELETE);
+    EXPECT_EQ(shown.log.Take(), "key46 text= selection0+0 ");
+}
+
+TEST(QtWindowTest, DoesNothingWithWhatTheControlRefuses)
+{
+    TShownWindow shown(EWindowKind::Edit);
+    shown.log.refused = u"x";
+    shown.Type(u"axb");
+    EXPECT_NE(shown.log.Take().find("text=ab "), std::string::npos);
+}
+
+TEST(QtWindowTest, AnnouncesTextThatNoKeyMakes)
+{
+    TShownWindow shown(EWindowKind::Edit);
+    QInputMethodEvent event;
+    event.setCommitString(QStringLiteral("ß"));
+    QCoreApplication::sendEvent(FindWidget("Form.Window"), &event);
+    EXPECT_EQ(shown.log.Take(), "key229 text=ß selection1+0 ");
+}
+
+TEST(QtWindowTest, SetsTextAndSelectionWithoutAnEcho)
+{
+    TShownWindow shown(EWindowKind::Edit);
+    shown.window->SetText(u"<b>bold</b>");
+    shown.window->SetSelection(3, 4);
+    EXPECT_EQ(shown.log.Take(), "");
+    shown.Type(u"x");
+    EXPECT_NE(shown.log.Take().find("text=<b>x</b> "), std::string::npos);
+}
+
+TEST(QtWindowTest, KeepsToTheTraitsOfAnEdit)
+{
+    TShownWindow shown(EWindowKind::Edit);
+    shown.window->SetEditTraits({.maxLength = 2});
+    shown.Type(u"abc");
+    const auto* const edit = qobject_cast<QLineEdit*>(FindWidget("Form.Window"));
+    ASSERT_NE(edit, nullptr);
+    EXPECT_EQ(edit->text(), QStringLiteral("ab"));
+    shown.window->SetEditTraits({.passwordChar = u'*', .isReadOnly = true});
+    shown.Type(u"d");
+    EXPECT_EQ(edit->text(), QStringLiteral("ab"));
+    EXPECT_EQ(edit->displayText(), QStringLiteral("**"));
+}
+
+TEST(QtWindowTest, EndsLinesOfAMemoAsControlsDo)
+{
+    TShownWindow shown(EWindowKind::Memo);
+    shown.window->SetText(u"one\r\ntwo");
+    shown.window->SetSelection(5, 3);
+    shown.Type(u"2");
+    EXPECT_NE(shown.log.Take().find("text=one\r\n2 selection6+0 "), std::string::npos);
+    shown.Press(VK_RETURN, u'\r');
+    EXPECT_NE(shown.log.Take().find("text=one\r\n2\r\n selection8+0 "), std::string::npos);
+}
+
+TEST(QtWindowTest, ChoosesByMouseAndByKeys)
+{
+    for (const EWindowKind kind : {EWindowKind::Button, EWindowKind::CheckBox, EWindowKind::RadioButton}) {
+        TShownWindow shown(kind);
+        shown.Click();
+        EXPECT_EQ(shown.log.Take(), "down5,5 chosen0 ");
+        shown.Press(VK_SPACE, u' ');
+        EXPECT_EQ(shown.log.Take(), "key32 char  chosen0 ");
+    }
+}
+
+/// What a combo box has.
+class TwoItems final : public Toolkits::WindowItems
+{
+public:
+    int GetItemCount() const override { return 2; }
+    System::UnicodeString GetItemText(int index) const override { return index == 0 ? u"one" : u"two"; }
+};
+
+TEST(QtWindowTest, ShowsTheItemsOfAComboBox)
+{
+    const TwoItems items;
+    TShownWindow shown(EWindowKind::ComboBox);
+    shown.window->ShowItems(items);
+    shown.window->SelectItem(0);
+    EXPECT_EQ(shown.log.Take(), "");
+    shown.Press(VK_DOWN);
+    EXPECT_EQ(shown.log.Take().find("key40 chosen1 "), 0U);
+    shown.window->SetDropped(true);
+    shown.window->SetDropped(false);
+    EXPECT_EQ(shown.log.Take(), "");
+}
+
+TEST(QtWindowTest, HearsOfTheFocusAtOnceAndFromTheUserOnce)
+{
+    TShownWindow shown(EWindowKind::Edit);
+    Support::WindowLog otherLog;
+    const auto other = Toolkits::CurrentToolkit().MakeWindow({.kind = EWindowKind::Edit,
+                                                              .parent = shown.form.get(),
+                                                              .events = &otherLog,
+                                                              .bounds = {10, 60, 110, 90}});
+    other->SetVisible(true);
+    other->Focus();
+    EXPECT_EQ(shown.log.Take(), "unfocus ");
+    EXPECT_EQ(otherLog.Take(), "focus ");
+    shown.Click();
+    EXPECT_EQ(otherLog.Take(), "unfocus ");
+    EXPECT_EQ(shown.log.Take(), "focus down5,5 ");
+    shown.window->SetVisible(false);
+    TShownWindow::player().Settle();
+    EXPECT_EQ(shown.log.Take(), "unfocus ");
+    EXPECT_EQ(otherLog.Take(), "");
+}
+
+TEST(QtWindowTest, KeepsTheUserFromAFormThatIsDisabled)
+{
+    TShownWindow shown(EWindowKind::Edit);
+    shown.form->SetEnabled(false);
+    shown.Type(u"a");
+    shown.Click();
+    QCoreApplication::postEvent(FindWidget("Form"), new QEvent(QEvent::Close));
+    EXPECT_EQ(shown.log.Take(), "");
+    EXPECT_TRUE(FindWidget("Form.Window")->isEnabled());
+    shown.form->SetEnabled(true);
+    FindWidget("Form")->close();
+    EXPECT_EQ(shown.formLog.Take(), "close ");
+    EXPECT_TRUE(FindWidget("Form")->isVisible());
+}
+
+TEST(QtWindowTest, BearsSizesOfAllKinds)
+{
+    TShownWindow shown(EWindowKind::Canvas);
+    constexpr int huge = 2'000'000'000;
+    for (const TRect& bounds : {TRect{0, 0, -5, -5}, TRect{-huge, -huge, huge / 8, huge / 8},
+                                TRect{huge, huge, huge + 10, huge + 10}, TRect{0, 0, 100, 100}}) {
+        shown.window->SetBounds(bounds);
+        shown.form->SetBounds(bounds);
+        TShownWindow::player().Settle();
+    }
+    EXPECT_EQ(FindWidget("Form.Window")->size(), QSize(100, 100));
+    EXPECT_EQ(FindWidget("Form")->size(), QSize(100, 100));
+}
+
+TEST(QtWindowTest, LeavesTextsThatAreTooLongToTheControl)
+{
+    for (const EWindowKind kind : {EWindowKind::Edit, EWindowKind::Memo, EWindowKind::ComboBox}) {
+        TShownWindow shown(kind);
+        EXPECT_TRUE(shown.window->ActsByItself());
+        shown.window->SetText(System::UnicodeString(std::u16string(10'000'000, u'x')));
+        EXPECT_FALSE(shown.window->ActsByItself());
+        shown.Type(u"a");
+        EXPECT_EQ(shown.log.Take(), "key65 chara ");
+        shown.window->SetText(u"short");
+        EXPECT_TRUE(shown.window->ActsByItself());
+    }
+}
+
+TEST(QtWindowTest, BearsItsEndInEachOfItsEvents)
+{
+    using TCase = std::pair<EWindowKind, const char*>;
+    for (const auto& [kind, word] : {TCase(EWindowKind::Edit, "key65"),
+                                     {EWindowKind::Edit, "chara"},
+                                     {EWindowKind::Edit, "text=a"},
+                                     {EWindowKind::Edit, "selection1+0"},
+                                     {EWindowKind::Memo, "text=a"},
+                                     {EWindowKind::Memo, "selection1+0"},
+                                     {EWindowKind::Button, "down5,5"},
+                                     {EWindowKind::Button, "chosen0"},
+                                     {EWindowKind::CheckBox, "chosen0"},
+                                     {EWindowKind::ListBox, "down5,5"},
+                                     {EWindowKind::ComboBox, "text=a"},
+                                     {EWindowKind::Canvas, "down5,5"},
+                                     {EWindowKind::Canvas, "chara"},
+                                     {EWindowKind::Edit, "unfocus"}}) {
+        for (const bool isWhole : {false, true}) {
+            SCOPED_TRACE(word);
+            const TwoItems items;
+            TShownWindow shown(kind);
+            shown.window->ShowItems(items);
+            bool isHeard = false;
+            shown.log.heard = [&, wanted = std::string(word)](const std::string& heard) {
+                if (heard == wanted) {
+                    isHeard = true;
+                    shown.window.reset();
+                    if (isWhole) {
+                        shown.form.reset();
+                    }
+                }
+            };
+            const auto isThere = [&] { return shown.window != nullptr; };
+            shown.Click();
+            if (isThere()) {
+                shown.Type(u"a");
+            }
+            if (isThere()) {
+                shown.Press(VK_SPACE, u' ');
+            }
+            if (isThere()) {
+                shown.window->SetVisible(false);
+            }
+            EXPECT_TRUE(isHeard);
+            while (Toolkits::CurrentToolkit().ProcessMessage()) {
+            }
+            EXPECT_EQ(FindWidget("Form.Window") != nullptr, isThere());
+        }
+    }
+}
+
+TEST(QtWindowTest, LetsNoExceptionPassThroughQt)
+{
+    TShownWindow shown(EWindowKind::Canvas);
+    shown.log.heard = [](const std::string&) { throw Sysutils::Exception(u"heard"); };
+    EXPECT_NO_THROW(shown.Click());
+    shown.log.heard = nullptr;
+    EXPECT_THROW(while (Toolkits::CurrentToolkit().ProcessMessage()){}, Sysutils::Exception);
+    while (true) {
+        try {
+            if (!Toolkits::CurrentToolkit().ProcessMessage()) {
+                break;
+            }
+        } catch (const Sysutils::Exception&) {
+        }
+    }
+}
+
+} // namespace
