@@ -33,8 +33,10 @@ public:
     System::Int64 getProgressPosition() const override { return GetPosition(); }
     void SetProgressBarPosition(System::Int64 position) override;
 
+    /// 100 at first.
     int GetMax() const;
     void SetMax(int max) { setMax(max); }
+    /// What the bar shows; as `setPosition`.
     int GetPosition() const;
     void SetPosition(int position) { setPosition(System::Int64(position)); }
 
@@ -50,21 +52,31 @@ public:
     using TProgressForm::GetText;
     using TProgressForm::SetText;
 
+    /// As `getUserCancel`, `setUserCancel`.
     bool GetUserCancel() const noexcept { return getUserCancel(); }
     void SetUserCancel(bool isCancelled) noexcept { setUserCancel(isCancelled); }
+    /// As `getShowOk`, `setShowOk`.
     bool GetShowOk() const { return getShowOk(); }
     void SetShowOk(bool isShown) { setShowOk(isShown); }
+    /// As `getShowCancel`, `setShowCancel`.
     bool GetShowCancel() const { return getShowCancel(); }
     void SetShowCancel(bool isShown) { setShowCancel(isShown); }
+    /// As `setLinesHeight`.
     void SetLinesHeight(int height) { setLinesHeight(height); }
+    /// As `getText`, `setText`.
     System::UnicodeString GetText(int index) const { return getText(index); }
     void SetText(int index, const System::UnicodeString& text) { setText(index, text); }
+    /// As `getText1`, `setText1`.
     System::UnicodeString GetText1() const { return getText1(); }
     void SetText1(const System::UnicodeString& text) { setText1(text); }
+    /// As `getText2`, `setText2`.
     System::UnicodeString GetText2() const { return getText2(); }
     void SetText2(const System::UnicodeString& text) { setText2(text); }
+    /// As `getLines`.
     Classes::TStrings* GetLines() const { return getLines(); }
+    /// As `setProgressBar`.
     void SetProgressBar(bool isShown) { setProgressBar(isShown); }
+    /// As `setShowText1`, `setShowText2` and `setShowLines`.
     void SetShowText1(bool isShown) { setShowText1(isShown); }
     void SetShowText2(bool isShown) { setShowText2(isShown); }
     void SetShowLines(bool isShown) { setShowLines(isShown); }

@@ -36,6 +36,7 @@ public:
     /// The dialog; null if there is none.
     Dialog* getForm() const noexcept { return this->mDialog; }
 
+    /// As `TProgressForm::Prepare`.
     void Prepare(Number max, bool throwOnCancel, bool showCancel, const System::UnicodeString& caption,
                  const System::UnicodeString& text1, const System::UnicodeString& text2,
                  Classes::TStrings* lines, int width)
@@ -44,10 +45,12 @@ public:
             dialog.Prepare(max, throwOnCancel, showCancel, caption, text1, text2, lines, width);
         });
     }
+    /// As `TProgressForm::Start`.
     void Start(Number max)
     {
         With([&](Dialog& dialog) { dialog.Start(max); });
     }
+    /// As `TProgressForm::Stop`.
     void Stop()
     {
         With([](Dialog& dialog) { dialog.Stop(); });
@@ -57,6 +60,7 @@ public:
     {
         With([](const Dialog& dialog) { dialog.ThrowIfUserCancel(); });
     }
+    /// As `TProgressForm::IncPosition`.
     void IncPosition(int step)
     {
         With([&](Dialog& dialog) { dialog.IncPosition(step); });
@@ -116,12 +120,13 @@ public:
     {
         With([&](Dialog& dialog) { dialog.setText2(text); });
     }
-    /// As those of the dialog.
+    /// As `TProgressForm::SetText_V`.
     template <class Character>
     void SetText_V(int index, const Character* format, System::TVarArgs arguments)
     {
         With([&](Dialog& dialog) { dialog.SetText_V(index, format, arguments); });
     }
+    /// As `TProgressForm::SetText_VA`.
     template <class Character, class... Arguments>
     void SetText_VA(int index, const Character* format, const Arguments&... arguments)
     {
