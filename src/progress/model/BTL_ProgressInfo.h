@@ -82,8 +82,8 @@ public:
     /// All is done: the position becomes `getMax`.
     virtual void SetProgressEndPosition();
 
-    /// With `visible` the dialog of the program, whose cancel is reset; it belongs to the library. Null where
-    /// no unit with a dialog is in the program. Else what `SetInvisibleProgressInfo` set, null at first.
+    /// With `visible` the dialog of the program, whose cancel is reset; it belongs to the library. Else what
+    /// `SetInvisibleProgressInfo` set, null at first.
     static AProgressInfo* Get(bool visible);
     /// Sets what `Get(false)` gives; it stays the caller's and may be null.
     static void SetInvisibleProgressInfo(AProgressInfo* info);

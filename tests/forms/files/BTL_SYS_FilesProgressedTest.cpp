@@ -48,7 +48,11 @@ TEST_F(FilesProgressedTest, ShowWhatTheyDo)
     }
     const System::UnicodeString source = Name(u"source");
     std::optional<TSeen> seen;
-    Toolkits::CurrentToolkit().Post([&] { seen = Look(); });
+    Forms::Screen->OnActiveFormChange = [&](System::TObject*) {
+        if (Forms::Screen->getActiveForm() != nullptr) {
+            Toolkits::CurrentToolkit().Post([&] { seen = Look(); });
+        }
+    };
     EXPECT_TRUE(BTL::CopyPathProgressed(source, Name(u"target"), u""));
     ASSERT_TRUE(seen);
     EXPECT_EQ(seen->text, u"Kopiere Verzeichnis ...");
@@ -59,16 +63,15 @@ TEST_F(FilesProgressedTest, ShowWhatTheyDo)
     EXPECT_FALSE(Look());
 
     Classes::TStringList files;
-    Toolkits::CurrentToolkit().Post([&] { seen = Look(); });
     EXPECT_TRUE(BTL::SearchDirForFilesProgressed(source, u"*.txt", &files, u"Look ..."));
     EXPECT_EQ(seen->text, u"Look ...");
     EXPECT_EQ(files.getCount(), 3);
 
     BTL::CFileList list;
-    Toolkits::CurrentToolkit().Post([&] { seen = Look(); });
     BTL::GetFileDescriptionsProgressed(source, u"*.txt", list, 1, u"");
     EXPECT_EQ(seen->text, u"Suche Versionsinformationen ...");
     EXPECT_TRUE(list.empty());
+    Forms::Screen->OnActiveFormChange = nullptr;
 }
 
 } // namespace

@@ -36,7 +36,8 @@ TEST(ProcessMemoryTest, CopiesFromAndToAnotherProcess)
     constexpr std::size_t page = 4096;
     char* const memory = static_cast<char*>(
         mmap(nullptr, 2 * page, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
-    ASSERT_EQ(munmap(memory + page, page), 0);
+    // A page that were only given back might be taken anew.
+    ASSERT_EQ(mprotect(memory + page, page, PROT_NONE), 0);
     std::strcpy(memory, "before");
     unsigned long otherId = 0;
     int ids[2];
@@ -77,7 +78,7 @@ TEST(ProcessMemoryTest, CopiesFromAndToAnotherProcess)
     EXPECT_FALSE(ReadProcessMemory(process, memory, buffer, 1, &done));
     EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
     EXPECT_TRUE(CloseHandle(process));
-    munmap(memory, page);
+    munmap(memory, 2 * page);
 }
 
 } // namespace
