@@ -18,6 +18,7 @@
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <sys/ioctl.h>
+#include <sys/stat.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -71,12 +72,39 @@ int OpenMaster()
     return master;
 }
 
+/// A number that was just given back may come again within the same step of the host's clock. What is kept
+/// for a device goes by the time at which it was made, so that is moved on.
+void BeNewerThanBefore(const std::string& device)
+{
+    using TTime = std::pair<time_t, long>;
+    static std::mutex mutex;
+    static auto& made = *new std::map<std::string, TTime>;
+    const auto timeOf = [&device] {
+        struct stat status
+        {
+        };
+        stat(device.c_str(), &status);
+        return TTime(status.st_ctim.tv_sec, status.st_ctim.tv_nsec);
+    };
+    const std::lock_guard lock(mutex);
+    TTime& last = made[device];
+    while (timeOf() == last) {
+        std::this_thread::sleep_for(Milliseconds(1));
+        // A change of the mode, though to the same one, sets the time.
+        if (chmod(device.c_str(), S_IRUSR | S_IWUSR) != 0) {
+            break;
+        }
+    }
+    last = timeOf();
+}
+
 std::string DeviceOf(int master)
 {
     char name[128] = {};
     if (ptsname_r(master, name, sizeof name) != 0) {
         throw std::runtime_error("The pseudo-terminal has no name.");
     }
+    BeNewerThanBefore(name);
     return name;
 }
 
