@@ -31,6 +31,8 @@ TClassRegister& Register()
 
 } // namespace
 
+constinit TMetaClass* (*FindOwnClass)(const UnicodeString& name) = nullptr;
+
 void RegisterClass(TMetaClass* type)
 {
     if (type == nullptr) {
@@ -51,9 +53,15 @@ void UnRegisterClass(TMetaClass* type)
 
 TMetaClass* GetClass(const UnicodeString& name)
 {
-    const std::scoped_lock lock(Register().mutex);
-    const auto found = Register().classes.find(name.LowerCase());
-    return found == Register().classes.end() ? nullptr : found->second;
+    const UnicodeString key = name.LowerCase();
+    {
+        const std::scoped_lock lock(Register().mutex);
+        const auto found = Register().classes.find(key);
+        if (found != Register().classes.end()) {
+            return found->second;
+        }
+    }
+    return FindOwnClass == nullptr ? nullptr : FindOwnClass(key);
 }
 
 TMetaClass* FindClass(const UnicodeString& name)
