@@ -31,7 +31,7 @@ TClassRegister& Register()
 
 } // namespace
 
-constinit TMetaClass* (*FindOwnClass)(const UnicodeString& name) = nullptr;
+TMetaClass* (*FindOwnClass)(const UnicodeString& name) = nullptr;
 
 void RegisterClass(TMetaClass* type)
 {
