@@ -89,6 +89,10 @@ public:
 
     void Run()
     {
+        // Most controls stay where they are put, and many come one after the other.
+        if (!IsAnyPlaced()) {
+            return;
+        }
         for (const TAlign align : {alTop, alBottom, alLeft, alRight, alClient}) {
             for (TControl* control : Collect(align)) {
                 PlaceAligned(align, control);
@@ -100,6 +104,19 @@ public:
     }
 
 private:
+    /// Whether the parent places the control, by its alignment or its anchors.
+    static bool IsPlaced(const TControl* control)
+    {
+        static const TAnchors usual{akLeft, akTop};
+        return control->getAlign() != alNone || control->getAnchors() != usual;
+    }
+
+    bool IsAnyPlaced() const
+    {
+        return std::ranges::any_of(mParent.mGraphics, IsPlaced) ||
+               std::ranges::any_of(mParent.mWindows, IsPlaced);
+    }
+
     std::vector<TControl*> Collect(TAlign align) const
     {
         std::vector<TControl*> found;
@@ -108,7 +125,8 @@ private:
         }
         for (int i = 0; i < mParent.GetControlCount(); ++i) {
             TControl* control = mParent.GetControl(i);
-            if (control->getAlign() == align && (align == alNone || control->getVisible())) {
+            if (control->getAlign() == align && IsPlaced(control) &&
+                (align == alNone || control->getVisible())) {
                 found.push_back(control);
             }
         }
@@ -134,8 +152,7 @@ private:
 
     void PlaceAnchored(TControl* control) const
     {
-        static const TAnchors usual{akLeft, akTop};
-        if (IsThere(control) && control->getAnchors() != usual) {
+        if (IsThere(control)) {
             const TRect client = mParent.GetClientRect();
             control->setBoundsRect(control->GetAnchored(client.Width(), client.Height()));
         }
