@@ -76,6 +76,36 @@ TEST_F(ProgressDLGTest, GlidesByOneWhereItWouldStandStill)
     EXPECT_FALSE(mDialog.fTimer->getEnabled());
 }
 
+TEST_F(ProgressDLGTest, TheTimerEndsWithTheGlide)
+{
+    mDialog.SetPositionDelayed(50, 1000, 100);
+    mDialog.SetPosition(60);
+    mToolkit.AdvanceClock(1000);
+    EXPECT_FALSE(mDialog.fTimer->getEnabled());
+    EXPECT_EQ(mDialog.GetPosition(), 60);
+    mDialog.SetPositionDelayed(std::numeric_limits<int>::min(), 1000, 100);
+    EXPECT_EQ(mDialog.GetPosition(), 0);
+}
+
+/// The work may go on to its end.
+TEST_F(ProgressDLGTest, GlidesAnewBehindACancel)
+{
+    mDialog.UserCancelClick();
+    mDialog.SetPositionDelayed(50, 1000, 100);
+    mToolkit.AdvanceClock(2000);
+    EXPECT_EQ(mDialog.GetPosition(), 50);
+}
+
+TEST_F(ProgressDLGTest, CountsStepsOfFastLoopsInTheBar)
+{
+    mDialog.SetMax(1000);
+    EXPECT_FALSE(mDialog.IncPositionModulo(2));
+    EXPECT_TRUE(mDialog.IncPositionModulo(2));
+    EXPECT_EQ(mDialog.GetPosition(), 2);
+    EXPECT_TRUE(mDialog.IncPositionModulo(101)) << "there are fewer than ten";
+    EXPECT_EQ(mDialog.GetPosition(), 3);
+}
+
 TEST_F(ProgressDLGTest, StandsStillOnceTheUserCancels)
 {
     mDialog.Prepare(100, true, true, u"", u"", u"", u"", 0);
