@@ -81,15 +81,18 @@ void TProgressDLG::TimerTick(TObject* sender)
     if (OnTick) {
         OnTick(sender);
     }
-    if (!watch.IsAlive()) {
+    // The event may have cancelled. And where nothing glides, the timer is the program's own.
+    if (!watch.IsAlive() || !fTimer->getEnabled() || (!mIsGliding && GetPosition() >= mTarget)) {
         return;
     }
     fTimer->setEnabled(false);
-    if (mIsGliding && GetPosition() < mTarget) {
+    mIsGliding = true;
+    if (GetPosition() < mTarget) {
         Glide();
     }
     if (watch.IsAlive()) {
-        fTimer->setEnabled(mIsGliding && GetPosition() < std::min(mTarget, GetMax()));
+        mIsGliding = mIsGliding && GetPosition() < std::min(mTarget, GetMax());
+        fTimer->setEnabled(mIsGliding);
     }
 }
 

@@ -91,6 +91,6 @@ private:
 
     int mTarget = 0;
     int mStep = 1;
-    /// False once the user cancelled.
+    /// From `SetPositionDelayed` up to the goal, or Cancel.
     bool mIsGliding = false;
 };

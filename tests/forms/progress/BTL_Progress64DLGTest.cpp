@@ -23,6 +23,13 @@ namespace
 using System::Int64;
 using System::TObject;
 
+/// Can be asked to close as by its frame.
+class TAskedDialog : public TProgress64DLG
+{
+public:
+    using TProgress64DLG::CloseAskedOnScreen;
+};
+
 class Progress64DLGTest : public testing::Test
 {
 protected:
@@ -165,6 +172,39 @@ TEST_F(Progress64DLGTest, ThrowsOnCancelOnlyIfItWasToldTo)
     EXPECT_EQ(cancels, 2);
     mDialog.setUserCancel(false);
     mDialog.Close();
+    EXPECT_TRUE(mDialog.getUserCancel());
+}
+
+TEST_F(Progress64DLGTest, IsClosedByItsFrameOnlyWithACancelButton)
+{
+    TAskedDialog dialog;
+    for (const bool showCancel : {false, true}) {
+        SCOPED_TRACE(showCancel);
+        dialog.Prepare(10, false, showCancel, u"", u"", u"", u"", 0);
+        dialog.Start(0);
+        dialog.CloseAskedOnScreen();
+        EXPECT_EQ(dialog.getUserCancel(), showCancel);
+        EXPECT_NE(dialog.getVisible(), showCancel);
+    }
+}
+
+TEST_F(Progress64DLGTest, AnswersKeysByTheButtonsThatAreShown)
+{
+    for (const bool showCancel : {false, true}) {
+        SCOPED_TRACE(showCancel);
+        mDialog.Prepare(10, false, showCancel, u"", u"", u"", u"", 0);
+        mDialog.Start(0);
+        mDriver.Press(VK_ESCAPE);
+        EXPECT_EQ(mDialog.getUserCancel(), showCancel);
+    }
+    int oks = 0;
+    mDialog.OnOk = [&](TObject*) { ++oks; };
+    mDialog.OnCancel = [](TObject*) { FAIL(); };
+    mDialog.Prepare(10, false, false, u"", u"", u"", u"", 0);
+    mDialog.setShowOk(true);
+    mDialog.Start(0);
+    mDriver.Press(VK_RETURN);
+    EXPECT_EQ(oks, 1);
     EXPECT_TRUE(mDialog.getUserCancel());
 }
 
