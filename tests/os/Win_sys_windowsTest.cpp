@@ -81,6 +81,16 @@ TEST(DropTest, DroppedFilesAreTakenOnce)
     WIN::DragQueryFiles(&dropped, nullptr);
 }
 
+TEST(DropTest, AHandleIsGoneThoughTheListRaises)
+{
+    Controls::TDroppedFiles dropped{{u"\\a", u"\\a"}, {}};
+    Classes::TStringList list;
+    list.setSorted(true);
+    list.setDuplicates(Classes::dupError);
+    EXPECT_THROW(WIN::DragQueryFiles(&dropped, &list), Classes::EStringListError);
+    EXPECT_EQ(DragQueryFileW(&dropped, 0xFFFFFFFF, nullptr, 0), 0u);
+}
+
 TEST(DropTest, AHandleTellsItsFiles)
 {
     Controls::TDroppedFiles dropped{{u"\\a\\one.txt", u"\\b"}, {}};
