@@ -82,6 +82,10 @@ TCustomForm::~TCustomForm()
     }
     mActiveControl = nullptr;
     mFocusedControl = this;
+    if (GetWindow() != nullptr) {
+        // What comes to its end with the form may have the user; he mustn't be led back to this one.
+        GetWindow()->SetVisible(false);
+    }
     Screen->RemoveForm(this);
     Application->FormDestroyed(this);
     // They go while this is still a form that they can ask.

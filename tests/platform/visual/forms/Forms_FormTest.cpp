@@ -58,6 +58,32 @@ TEST_F(FormTest, ComesAndGoesInItsOrder)
     EXPECT_EQ(Forms::Screen->getActiveForm(), nullptr);
 }
 
+/// What it owns is destroyed with it, and the user may have worked in that.
+TEST_F(FormTest, IsNotEnteredWhileItEnds)
+{
+    for (const bool hasOther : {false, true}) {
+        TForm other;
+        if (hasOther) {
+            other.Show();
+        }
+        auto form = std::make_unique<TForm>();
+        form->Show();
+        auto* const owned = new TForm(form.get());
+        owned->Show();
+        form->OnActivate = Note(u"activate");
+        form->OnDeactivate = Note(u"deactivate");
+        form->OnDestroy = Note(u"destroy");
+        form.reset();
+        EXPECT_EQ(Forms::Screen->getActiveCustomForm(), hasOther ? &other : nullptr);
+        auto active = std::make_unique<TForm>();
+        active->Show();
+        active->OnDeactivate = Note(u"deactivate");
+        active.reset();
+        EXPECT_EQ(Forms::Screen->getActiveCustomForm(), hasOther ? &other : nullptr);
+    }
+    EXPECT_EQ(mLog, u"destroy destroy ");
+}
+
 TEST_F(FormTest, OfOneWindowOnlyInputAndPaintRun)
 {
     Toolkits::Toolkit& toolkit = Toolkits::CurrentToolkit();
