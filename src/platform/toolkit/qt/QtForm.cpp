@@ -137,6 +137,18 @@ void CQtForm::TellBounds()
     }
 }
 
+void CQtForm::BringToFront()
+{
+    CQtWindow::BringToFront();
+    Desktop().MoveForm(this, true);
+}
+
+void CQtForm::SendToBack()
+{
+    CQtWindow::SendToBack();
+    Desktop().MoveForm(this, false);
+}
+
 bool CQtForm::HandleEvent(QEvent& event)
 {
     switch (event.type()) {

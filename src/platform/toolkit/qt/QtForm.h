@@ -18,6 +18,8 @@ public:
     /// A form that is disabled looks as it did, but the user can't do anything in it.
     void SetEnabled(bool isEnabled) override { mIsEnabled = isEnabled; }
     void SetText(const System::UnicodeString& text) override;
+    void BringToFront() override;
+    void SendToBack() override;
     bool CanBeActive() const override;
 
 protected:

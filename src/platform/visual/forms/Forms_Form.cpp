@@ -311,6 +311,15 @@ void TCustomForm::setWindowState(TWindowState state)
     mWindowState = state;
 }
 
+void TCustomForm::SetZOrder(bool inFront)
+{
+    if (!IsTopLevel()) {
+        TCustomControl::SetZOrder(inFront);
+    } else if (GetWindow() != nullptr) {
+        inFront ? GetWindow()->BringToFront() : GetWindow()->SendToBack();
+    }
+}
+
 TRect TCustomForm::GetClientRect() const
 {
     const Toolkits::TFrameMargins margins =

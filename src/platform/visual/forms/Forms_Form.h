@@ -135,6 +135,7 @@ protected:
     void Paint() override;
     void CreateParams(Controls::TCreateParams& params) override;
     void SetVisible(bool isVisible) override;
+    void SetZOrder(bool inFront) override;
     bool IsTopLevel() const override { return getParent() == nullptr; }
     Types::TPoint GetClientOffset() const override;
     bool PreviewKeyDown(System::Word& key, Classes::TShiftState shift) override;

@@ -84,6 +84,21 @@ TEST_F(FormTest, IsNotEnteredWhileItEnds)
     EXPECT_EQ(mLog, u"destroy destroy ");
 }
 
+TEST_F(FormTest, GoesToTheFrontAndToTheBack)
+{
+    TForm forms[4];
+    for (TForm& form : forms) {
+        form.Show();
+    }
+    forms[0].BringToFront();
+    forms[2].SendToBack();
+    EXPECT_TRUE(forms[3].getActive()) << "the user stays where he is";
+    for (const int next : {0, 1, 2}) {
+        Forms::Screen->getActiveForm()->Hide();
+        EXPECT_EQ(Forms::Screen->getActiveForm(), &forms[next]) << next;
+    }
+}
+
 TEST_F(FormTest, OfOneWindowOnlyInputAndPaintRun)
 {
     Toolkits::Toolkit& toolkit = Toolkits::CurrentToolkit();
