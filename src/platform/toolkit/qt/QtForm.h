@@ -20,6 +20,7 @@ public:
     void SetText(const System::UnicodeString& text) override;
     void BringToFront() override;
     void SendToBack() override;
+    void SetState(EWindowState state) override;
     bool CanBeActive() const override;
 
 protected:
@@ -28,9 +29,12 @@ protected:
 private:
     void Place();
     void TellBounds();
+    /// Tells of a state that nobody here set.
+    void TellState();
 
     TFrameMargins mMargins;
     EFrame mFrame;
+    EWindowState mState = EWindowState::Normal;
     bool mIsEnabled;
 };
 

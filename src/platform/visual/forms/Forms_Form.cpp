@@ -190,6 +190,10 @@ void TCustomForm::ShowingChanged()
         return;
     }
     PlaceForShow();
+    ShowState();
+    if (!watch.IsAlive() || !getShowing() || GetWindow() == nullptr) {
+        return;
+    }
     GetWindow()->SetVisible(true);
     if (watch.IsAlive() && GetWindow() != nullptr) {
         GetWindow()->Focus();
@@ -198,7 +202,7 @@ void TCustomForm::ShowingChanged()
 
 void TCustomForm::PlaceForShow()
 {
-    if (!IsTopLevel()) {
+    if (!IsTopLevel() || mWindowState != wsNormal) {
         return;
     }
     switch (mPosition) {
@@ -308,7 +312,28 @@ void TCustomForm::setMenu(Menus::TMainMenu* menu)
 
 void TCustomForm::setWindowState(TWindowState state)
 {
-    mWindowState = state;
+    if (state != mWindowState) {
+        mWindowState = state;
+        ShowState();
+    }
+}
+
+void TCustomForm::ShowState()
+{
+    if (IsTopLevel() && getShowing() && GetWindow() != nullptr) {
+        GetWindow()->SetState(static_cast<Toolkits::EWindowState>(mWindowState));
+    }
+}
+
+void TCustomForm::StateChangedOnScreen(Toolkits::EWindowState state)
+{
+    mWindowState = static_cast<TWindowState>(state);
+}
+
+void TCustomForm::CreateWnd()
+{
+    TCustomControl::CreateWnd();
+    ShowState();
 }
 
 void TCustomForm::SetZOrder(bool inFront)

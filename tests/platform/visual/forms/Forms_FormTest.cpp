@@ -99,6 +99,44 @@ TEST_F(FormTest, GoesToTheFrontAndToTheBack)
     }
 }
 
+TEST_F(FormTest, FillsTheScreenAndComesBack)
+{
+    const TRect desktop = Forms::Screen->getDesktopRect();
+    const TRect usual{20, 30, 340, 270};
+    for (const bool isSetBefore : {true, false}) {
+        TForm form;
+        form.setBoundsRect(usual);
+        if (isSetBefore) {
+            form.setWindowState(Forms::wsMaximized);
+            EXPECT_EQ(form.getBoundsRect(), usual) << "it isn't shown yet";
+        }
+        form.Show();
+        form.setWindowState(Forms::wsMaximized);
+        Forms::Application->ProcessMessages();
+        EXPECT_GE(form.getClientWidth(), desktop.Width() / 2);
+        EXPECT_LE(form.getLeft(), 0);
+        EXPECT_EQ(form.getWindowState(), Forms::wsMaximized);
+        form.setWindowState(Forms::wsNormal);
+        Forms::Application->ProcessMessages();
+        EXPECT_EQ(form.getBoundsRect(), usual);
+        form.setWindowState(Forms::wsMinimized);
+        Forms::Application->ProcessMessages();
+        EXPECT_EQ(form.getWindowState(), Forms::wsMinimized);
+        form.GetWindowEvents().StateChanged(Toolkits::EWindowState::Maximized);
+        EXPECT_EQ(form.getWindowState(), Forms::wsMaximized) << "the user's doing";
+    }
+}
+
+TEST_F(FormTest, MayGoWhereItsStateIsShown)
+{
+    auto* form = new TForm;
+    form->setWindowState(Forms::wsMaximized);
+    form->OnResize = [&](TObject*) { delete std::exchange(form, nullptr); };
+    form->Show();
+    Forms::Application->ProcessMessages();
+    EXPECT_EQ(form, nullptr);
+}
+
 TEST_F(FormTest, OfOneWindowOnlyInputAndPaintRun)
 {
     Toolkits::Toolkit& toolkit = Toolkits::CurrentToolkit();
