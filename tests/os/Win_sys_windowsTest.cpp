@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <utility>
 
 namespace
 {
@@ -38,6 +39,35 @@ TEST(ForegroundTest, AFormComesToTheFront)
     EXPECT_EQ(GetLastError(), ERROR_ACCESS_DENIED);
     EXPECT_FALSE(WIN::SetForegroundWindowEx(nullptr));
     EXPECT_EQ(GetLastError(), ERROR_INVALID_WINDOW_HANDLE);
+}
+
+TEST(ForegroundTest, AFormThatTheUserIsKeptFromStaysBehind)
+{
+    const Support::ScriptedBoxes boxes;
+    Forms::TForm first;
+    Forms::TForm second;
+    first.Show();
+    second.Show();
+    // As behind a modal form.
+    first.GetWindow()->SetEnabled(false);
+    SetLastError(0);
+    EXPECT_FALSE(WIN::SetForegroundWindowEx(Controls::GetHandle(first)));
+    EXPECT_EQ(GetLastError(), ERROR_ACCESS_DENIED);
+    EXPECT_TRUE(second.getActive());
+}
+
+TEST(ForegroundTest, AFormMayGoOnTheWay)
+{
+    const Support::ScriptedBoxes boxes;
+    auto* form = new Forms::TForm;
+    Forms::TForm other;
+    form->Show();
+    other.Show();
+    other.OnDeactivate = [&](System::TObject*) { delete std::exchange(form, nullptr); };
+    EXPECT_FALSE(WIN::SetForegroundWindowEx(Controls::GetHandle(*form)));
+    EXPECT_EQ(form, nullptr);
+    EXPECT_TRUE(other.getActive());
+    other.OnDeactivate = nullptr;
 }
 
 /// Tells what it is sent.
