@@ -468,7 +468,7 @@ void TCustomForm::Deactivate()
 TMetaClass* TForm::ClassRecord()
 {
     static TMetaClass* const record =
-        Controls::PublishControl(GClassBuilder<TForm>(u"TForm"))
+        Controls::PublishColoredControl(GClassBuilder<TForm>(u"TForm"))
             .Property(u"BorderIcons", &TForm::getBorderIcons, &TForm::setBorderIcons, {.defaultValue = 7})
             .Property(u"BorderStyle", &TForm::getBorderStyle, &TForm::setBorderStyle,
                       {.defaultValue = bsSizeable})
@@ -478,9 +478,11 @@ TMetaClass* TForm::ClassRecord()
             .Property(u"FormStyle", &TForm::getFormStyle, &TForm::setFormStyle, {.defaultValue = fsNormal})
             .Property(u"KeyPreview", &TForm::getKeyPreview, &TForm::setKeyPreview, {.defaultValue = 0})
             .Property(u"Menu", &TForm::getMenu, &TForm::setMenu)
+            .Property(u"ParentFont", &TForm::getParentFont, &TForm::setParentFont, {.defaultValue = 0})
             .Property(u"PixelsPerInch", &TForm::getPixelsPerInch, &TForm::setPixelsPerInch)
             .Property(u"Position", &TForm::getPosition, &TForm::setPosition,
                       {.defaultValue = poDefaultPosOnly})
+            .Property(u"Visible", &TForm::getVisible, &TForm::setVisible, {.defaultValue = 0})
             .Property(u"WindowState", &TForm::getWindowState, &TForm::setWindowState,
                       {.defaultValue = wsNormal})
             .Property(u"ActiveControl", &TForm::getActiveControl, &TForm::setActiveControl)
