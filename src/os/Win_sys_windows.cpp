@@ -15,14 +15,17 @@ bool SetForegroundWindowEx(HWND window)
 
 void DragQueryFiles(HDROP drop, Classes::TStrings* list)
 {
-    if (list != nullptr) {
-        list->Clear();
-        const unsigned count = ::DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
-        for (unsigned i = 0; i < count; ++i) {
-            list->Add(drop->files[i]);
-        }
-    }
+    // Taken at once: what hears of the list's lines may raise, or give the handle up.
+    const std::vector<System::UnicodeString> files =
+        drop == nullptr ? std::vector<System::UnicodeString>() : drop->files;
     ::DragFinish(drop);
+    if (list == nullptr) {
+        return;
+    }
+    list->Clear();
+    for (const System::UnicodeString& file : files) {
+        list->Add(file);
+    }
 }
 
 } // namespace WIN

@@ -45,6 +45,26 @@ TEST(ControlScopesTest, EndAsTheyBegan)
     ExpectScope<CDisableMenu>(item, &Menus::TMenuItem::getEnabled, &Menus::TMenuItem::setEnabled, false);
 }
 
+/// Tells to be enabled by a rule of its own.
+class TRuled : public Controls::TGraphicControl
+{
+public:
+    bool GetEnabled() const noexcept override { return isAllowed && TGraphicControl::GetEnabled(); }
+
+    bool isAllowed = false;
+};
+
+TEST(ControlScopesTest, AskAControlWithARuleOfItsOwn)
+{
+    TRuled control;
+    {
+        const CEnableControl scope(&control);
+        control.isAllowed = true;
+        EXPECT_TRUE(control.getEnabled());
+    }
+    EXPECT_FALSE(control.getEnabled()) << "as it told before";
+}
+
 TEST(ControlScopesTest, MayOutliveTheirControl)
 {
     auto control = std::make_unique<Controls::TGraphicControl>();

@@ -12,7 +12,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <filesystem>
 #include <fstream>
+
+#include <sys/stat.h>
 
 namespace
 {
@@ -99,6 +103,22 @@ TEST_F(IconsTest, OtherFilesHaveNone)
     const UnicodeString file = Write("one.ico", IconFile({IconImage(16, 16, Red)}));
     EXPECT_EQ(WIN::ExtractIconW(file, 1), nullptr);
     EXPECT_EQ(::GetLastError(), ERROR_NOT_FOUND);
+}
+
+/// A large file is not read for it, and nobody waits for a pipe.
+TEST_F(IconsTest, WhatIsNoIconIsSeenByItsBegin)
+{
+    const auto large = mFolder.Path() / "large.bin";
+    std::ofstream(large) << "none";
+    std::filesystem::resize_file(large, std::uintmax_t{1} << 36);
+    const auto pipe = mFolder.Path() / "pipe";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    for (const std::string& file : {large.native(), pipe.native(), std::string("/dev/zero")}) {
+        SCOPED_TRACE(file);
+        ::SetLastError(0);
+        EXPECT_EQ(WIN::ExtractSmallIcon(Sysutils::FromHostPath(file)), nullptr);
+        EXPECT_EQ(::GetLastError(), ERROR_NOT_FOUND);
+    }
 }
 
 TEST_F(IconsTest, ASmallIconIsDrawnOnAGround)

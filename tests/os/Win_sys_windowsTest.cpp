@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <utility>
 
 namespace
 {
@@ -38,6 +39,35 @@ TEST(ForegroundTest, AFormComesToTheFront)
     EXPECT_EQ(GetLastError(), ERROR_ACCESS_DENIED);
     EXPECT_FALSE(WIN::SetForegroundWindowEx(nullptr));
     EXPECT_EQ(GetLastError(), ERROR_INVALID_WINDOW_HANDLE);
+}
+
+TEST(ForegroundTest, AFormThatTheUserIsKeptFromStaysBehind)
+{
+    const Support::ScriptedBoxes boxes;
+    Forms::TForm first;
+    Forms::TForm second;
+    first.Show();
+    second.Show();
+    // As behind a modal form.
+    first.GetWindow()->SetEnabled(false);
+    SetLastError(0);
+    EXPECT_FALSE(WIN::SetForegroundWindowEx(Controls::GetHandle(first)));
+    EXPECT_EQ(GetLastError(), ERROR_ACCESS_DENIED);
+    EXPECT_TRUE(second.getActive());
+}
+
+TEST(ForegroundTest, AFormMayGoOnTheWay)
+{
+    const Support::ScriptedBoxes boxes;
+    auto* form = new Forms::TForm;
+    Forms::TForm other;
+    form->Show();
+    other.Show();
+    other.OnDeactivate = [&](System::TObject*) { delete std::exchange(form, nullptr); };
+    EXPECT_FALSE(WIN::SetForegroundWindowEx(Controls::GetHandle(*form)));
+    EXPECT_EQ(form, nullptr);
+    EXPECT_TRUE(other.getActive());
+    other.OnDeactivate = nullptr;
 }
 
 /// Tells what it is sent.
@@ -79,6 +109,16 @@ TEST(DropTest, DroppedFilesAreTakenOnce)
     EXPECT_EQ(list.getCount(), 0) << "the handle has none any more";
     WIN::DragQueryFiles(nullptr, &list);
     WIN::DragQueryFiles(&dropped, nullptr);
+}
+
+TEST(DropTest, AHandleIsGoneThoughTheListRaises)
+{
+    Controls::TDroppedFiles dropped{{u"\\a", u"\\a"}, {}};
+    Classes::TStringList list;
+    list.setSorted(true);
+    list.setDuplicates(Classes::dupError);
+    EXPECT_THROW(WIN::DragQueryFiles(&dropped, &list), Classes::EStringListError);
+    EXPECT_EQ(DragQueryFileW(&dropped, 0xFFFFFFFF, nullptr, 0), 0u);
 }
 
 TEST(DropTest, AHandleTellsItsFiles)

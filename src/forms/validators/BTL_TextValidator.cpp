@@ -24,7 +24,13 @@ TCustomEdit* AsEdit(TObject* object)
 
 } // namespace
 
-ATextValidator::ATextValidator() = default;
+/// Off while a change is dealt with.
+struct ATextValidator::TActivity : System::TSharedBlock
+{
+    bool isOn = true;
+};
+
+ATextValidator::ATextValidator() : mActivity(new TActivity) {}
 
 ATextValidator::~ATextValidator() = default;
 
@@ -76,10 +82,11 @@ void ATextValidator::SetOldText()
 
 void ATextValidator::Change(TObject* sender)
 {
-    if (!mIsActive) {
+    if (!mActivity->isOn) {
         return;
     }
-    const UTL::CToggle scope(mIsActive);
+    const System::GSharedBlock<TActivity> activity = mActivity;
+    const UTL::CToggle scope(activity->isOn);
     SetObject(sender);
     UnicodeString text = GetObjectText();
     if (Validate(text)) {
@@ -90,7 +97,10 @@ void ATextValidator::Change(TObject* sender)
     } else {
         DoObjectUndo();
     }
-    mIsOldTextValid = false;
+    const bool isGone = activity.IsUnique();
+    if (!isGone) {
+        mIsOldTextValid = false;
+    }
 }
 
 UnicodeString ATextValidator::GetObjectText() const
@@ -116,12 +126,15 @@ void ATextValidator::DoObjectUndo()
         edit->SetText({});
         return;
     }
-    const TComponentWatch watch(edit);
-    edit->SetText(mOldText);
     // Others hear of the text, too, and may do anything.
+    const TComponentWatch watch(edit);
+    const UnicodeString text = mOldText;
+    const int start = mSelStart;
+    const int length = mSelLength;
+    edit->SetText(text);
     if (watch.IsAlive()) {
-        edit->setSelStart(mSelStart);
-        edit->setSelLength(mSelLength);
+        edit->setSelStart(start);
+        edit->setSelLength(length);
     }
 }
 

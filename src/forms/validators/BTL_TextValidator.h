@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/base/System_Owner.h"
+#include "platform/base/System_SharedBlock.h"
 #include "platform/base/System_String.h"
 #include "platform/toolkit/Input.h"
 
@@ -60,12 +61,15 @@ public:
     void DoExit(System::TObject* sender, ATextVerifier& verifier);
 
 private:
+    struct TActivity;
+
     System::TObject* mObject = nullptr;
     bool mIsOldTextValid = true;
     int mSelStart = 0;
     int mSelLength = 0;
     System::UnicodeString mOldText;
-    bool mIsActive = true;
+    /// Apart, since what hears of a text may destroy the validator.
+    System::GSharedBlock<TActivity> mActivity;
     /// Whether the object is still the one that it was; another one may come to its address.
     System::GOwner<Classes::TComponentWatch> mWatch;
 };

@@ -10,6 +10,12 @@ WindowEvents::~WindowEvents() = default;
 
 Window::~Window() = default;
 
+// Only windows of forms know of states.
+
+void WindowEvents::StateChanged(EWindowState) {}
+
+void Window::SetState(EWindowState) {}
+
 // Only windows that paint by themselves look at it.
 
 void Window::SetLook(const TWindowLook&) {}

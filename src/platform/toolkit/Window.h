@@ -15,6 +15,15 @@ namespace Toolkits
 class PaintDevice;
 class PaintRecording;
 
+/// How large the window of a form is: as it was set, out of sight but for the desktop's list, or all of the
+/// screen.
+enum class EWindowState
+{
+    Normal,
+    Minimized,
+    Maximized
+};
+
 /// What happens to a window on the screen. The control behind it hears of it here, and runs the same code for
 /// it whatever the toolkit is. No call lets an exception out. The control, and the window with it, may be
 /// gone when a call returns.
@@ -56,6 +65,9 @@ public:
     virtual void CloseAsked() = 0;
     /// The window became the one that the user works in, or ceased to be it.
     virtual void ActivationChanged(bool isActive) = 0;
+    /// The user, or the desktop, made the window of a form that large; `BoundsChanged` tells where it is
+    /// then.
+    virtual void StateChanged(EWindowState state);
 };
 
 /// What stands for a control on the screen.
@@ -142,6 +154,9 @@ public:
     /// Before or behind all of its siblings.
     virtual void BringToFront() = 0;
     virtual void SendToBack() = 0;
+    /// Makes the window of a form that large. `BoundsChanged` tells where it is then, at once or soon; it
+    /// comes back to where it was as a normal one.
+    virtual void SetState(EWindowState state);
     /// What was painted last, for a toolkit that keeps it; null otherwise.
     virtual const PaintRecording* LastPainting() const { return nullptr; }
 

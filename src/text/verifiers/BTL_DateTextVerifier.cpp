@@ -35,6 +35,7 @@ bool IsInPart(int value, int index, const std::array<TRange, 3>& ranges)
 {
     if (index < 0 || index > 2) {
         UTL::THROW_XAssert(NoSuchPart);
+        return false;
     }
     const TRange& range = ranges[static_cast<std::size_t>(index)];
     return value >= range.first && value <= range.last;

@@ -23,7 +23,8 @@ public:
     ~CTimeTextVerifier() override;
 
     bool operator()(const System::UnicodeString& text) override;
-    /// The hours, minutes and last part. Any other index is an internal fault.
+    /// The hours, minutes and last part. Any other index is an internal fault; false if the user lets that
+    /// pass.
     bool IsValueOk(int value, int index) const override;
 };
 
@@ -47,7 +48,7 @@ public:
     /// Completes the date by today's and holds it within the calendar, the day to the last of its month. A
     /// filter only loses separators and blanks at its ends.
     bool ExitText(System::UnicodeString& text) override;
-    /// The day, month and year. Any other index is an internal fault.
+    /// The day, month and year. Any other index is an internal fault; false if the user lets that pass.
     bool IsValueOk(int value, int index) const override;
 };
 

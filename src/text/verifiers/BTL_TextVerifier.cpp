@@ -21,11 +21,6 @@ UnicodeString (*GetCurrencyUnit)() = nullptr;
 namespace
 {
 
-char ActiveSeparator()
-{
-    return static_cast<char>(Sysutils::DecimalSeparator);
-}
-
 UnicodeString ToInteger(double value)
 {
     constexpr double most = 9e18;
@@ -101,12 +96,12 @@ bool CNumberTextVerifier::ExitText(UnicodeString& text)
 }
 
 CFloatTextVerifier::CFloatTextVerifier(double min, double max) noexcept
-    : CNumberTextVerifier(min, max), mSeparator(ActiveSeparator())
+    : CNumberTextVerifier(min, max), mSeparator(Sysutils::DecimalSeparator)
 {
 }
 
 CFloatTextVerifier::CFloatTextVerifier(char separator) noexcept
-    : CNumberTextVerifier(0, 0), mSeparator(separator)
+    : CNumberTextVerifier(0, 0), mSeparator(static_cast<unsigned char>(separator))
 {
 }
 
@@ -137,14 +132,14 @@ bool CFloatTextVerifier::ExitText(UnicodeString& text)
 
 void CFloatTextVerifier::ClearDecimalSeparator(UnicodeString& text) const
 {
-    text = BTL::SetDecimalSeparator(text, static_cast<unsigned char>(mSeparator));
+    text = BTL::SetDecimalSeparator(text, mSeparator);
 }
 
 void CFloatTextVerifier::SetDecimalSeparator(UnicodeString& text) const
 {
-    const int place = mSeparator == '.' ? 0 : text.Pos(u'.');
+    const int place = mSeparator == u'.' ? 0 : text.Pos(u'.');
     if (place > 0) {
-        text[place] = static_cast<unsigned char>(mSeparator);
+        text[place] = mSeparator;
     }
 }
 
@@ -153,9 +148,7 @@ CUnitTextVerifier::CUnitTextVerifier(const UnicodeString& unit, char separator)
 {
 }
 
-CUnitTextVerifier::CUnitTextVerifier(const UnicodeString& unit) : CUnitTextVerifier(unit, ActiveSeparator())
-{
-}
+CUnitTextVerifier::CUnitTextVerifier(const UnicodeString& unit) : CFloatTextVerifier(0.0, 0.0), mUnit(unit) {}
 
 CUnitTextVerifier::~CUnitTextVerifier() = default;
 

@@ -101,7 +101,8 @@ public:
     void SetDecimalSeparator(System::UnicodeString& text) const;
 
 private:
-    char mSeparator;
+    // As wide as the locale's, which not every code page has.
+    System::WideChar mSeparator;
 };
 
 /// Of numbers as `CFloatTextVerifier` has them, with a unit anywhere.

@@ -292,4 +292,25 @@ TEST_F(TextValidatorTest, BearsAnEditThatGoesWhenItsTextComesBack)
     EXPECT_EQ(edit, nullptr);
 }
 
+/// As where another kind of value is set while the text of the former one comes back.
+TEST_F(TextValidatorTest, MayGoWhenTheTextComesBack)
+{
+    auto validator = std::make_unique<CNumberTextValidator>(0, 0);
+    Start(*validator);
+    driver.Type(u"12");
+    edit->OnChange = [&](TObject* sender) {
+        if (edit->getText() == u"12") {
+            validator.reset();
+        } else if (validator != nullptr) {
+            validator->Change(sender);
+        }
+    };
+    edit->setSelStart(1);
+    driver.Type(u"x");
+    EXPECT_EQ(validator, nullptr);
+    EXPECT_EQ(edit->getText(), u"12");
+    EXPECT_EQ(edit->getSelStart(), 1);
+    edit->OnExit = nullptr;
+}
+
 } // namespace

@@ -127,9 +127,11 @@ TEST_F(DateTextVerifierTest, KnowsThreePartsAlone)
     EXPECT_FALSE(date.IsValueOk(0, 0));
     EXPECT_TRUE(date.IsValueOk(9999, 2));
     for (const int index : {-1, 3}) {
-        const Support::ScriptedBoxes boxes{IDYES, IDYES};
+        const Support::ScriptedBoxes boxes{IDYES, IDYES, IDNO, IDNO};
         EXPECT_THROW(time.IsValueOk(1, index), UTL::XAssert);
         EXPECT_THROW(date.IsValueOk(1, index), UTL::XAssert);
+        EXPECT_FALSE(time.IsValueOk(1, index)) << "the fault was let pass";
+        EXPECT_FALSE(date.IsValueOk(1, index)) << "the fault was let pass";
     }
 }
 

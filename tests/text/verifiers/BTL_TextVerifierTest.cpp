@@ -124,6 +124,17 @@ TEST_F(TextVerifierTest, ExchangesSeparatorsAndUnits)
     EXPECT_EQ(text, u"5 ");
 }
 
+TEST_F(TextVerifierTest, TakesASeparatorOfAnyLocale)
+{
+    Sysutils::DecimalSeparator = u'\u066B';
+    UnicodeString text = u"1.5";
+    CFloatTextVerifier(0, 0).ClearDecimalSeparator(text);
+    EXPECT_EQ(text, u"1\u066B5");
+    text = u"1.5";
+    CUnitTextVerifier(u"V").SetDecimalSeparator(text);
+    EXPECT_EQ(text, u"1\u066B5");
+}
+
 TEST_F(TextVerifierTest, TakesTheUnitOfMoneyFromTheTexts)
 {
     const auto former = std::exchange(GetCurrencyUnit, [] { return UnicodeString(u"Taler"); });

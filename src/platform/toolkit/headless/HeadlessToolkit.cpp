@@ -214,7 +214,7 @@ System::UnicodeString HeadlessToolkit::GetClipboardText()
 
 Types::TRect HeadlessToolkit::DesktopRect() const
 {
-    return {.Left = 0, .Top = 0, .Right = 1920, .Bottom = 1080};
+    return HeadlessScreen;
 }
 
 void HeadlessToolkit::Post(std::function<void()> action)

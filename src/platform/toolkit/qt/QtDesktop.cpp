@@ -90,8 +90,7 @@ void CQtDesktop::MoveActivation(CQtWindow* form)
     }
     // Whoever was left may have changed all of it.
     if (form != nullptr && mActive == form) {
-        std::erase(mForms, form);
-        mForms.push_back(form);
+        MoveForm(form, true);
         form->Tell([](WindowEvents& events) { events.ActivationChanged(true); });
     }
 }
@@ -137,6 +136,13 @@ void CQtDesktop::Leave(CQtWindow* window)
     if (mActive == window) {
         // It isn't told twice if a handler is slow to leave.
         ActivateNext();
+    }
+}
+
+void CQtDesktop::MoveForm(CQtWindow* form, bool toFront)
+{
+    if (std::erase(mForms, form) > 0) {
+        mForms.insert(toFront ? mForms.end() : mForms.begin(), form);
     }
 }
 

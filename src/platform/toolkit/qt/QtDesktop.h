@@ -47,6 +47,8 @@ public:
     void Focus(CQtWindow* window);
     /// The window is no longer there for the user.
     void Leave(CQtWindow* window);
+    /// The form moves before or behind all others.
+    void MoveForm(CQtWindow* form, bool toFront);
 
     // What the screen tells.
 
@@ -84,7 +86,7 @@ private:
 
     std::function<void(std::exception_ptr)> mRaise;
     std::unordered_set<const CQtWindow*> mWindows;
-    /// Those that were active longest ago stand first.
+    /// From the back to the front.
     std::vector<CQtWindow*> mForms;
     std::vector<TGrave> mGraves;
     GInputQueue<CQtWindow> mInputs;

@@ -43,6 +43,18 @@ Qt::WindowFlags FlagsOf(EFrame frame, bool hasCloseButton)
     }
 }
 
+Qt::WindowStates FlagOf(EWindowState state)
+{
+    switch (state) {
+    case EWindowState::Minimized:
+        return Qt::WindowMinimized;
+    case EWindowState::Maximized:
+        return Qt::WindowMaximized;
+    default:
+        return Qt::WindowNoState;
+    }
+}
+
 bool IsSizeable(EFrame frame)
 {
     return frame == EFrame::Sizeable || frame == EFrame::SizeableToolWindow;
@@ -139,6 +151,44 @@ void CQtForm::TellBounds()
     }
 }
 
+void CQtForm::BringToFront()
+{
+    CQtWindow::BringToFront();
+    Desktop().MoveForm(this, true);
+}
+
+void CQtForm::SendToBack()
+{
+    CQtWindow::SendToBack();
+    Desktop().MoveForm(this, false);
+}
+
+void CQtForm::SetState(EWindowState state)
+{
+    if (state == mState) {
+        return;
+    }
+    mState = state;
+    if (state == EWindowState::Maximized) {
+        // The limits hold a normal window of its kind.
+        Widget().setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    }
+    const Qt::WindowStates others = Widget().windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized);
+    Widget().setWindowState(others | FlagOf(state));
+}
+
+void CQtForm::TellState()
+{
+    const Qt::WindowStates states = Widget().windowState();
+    const EWindowState state = states.testFlag(Qt::WindowMinimized)   ? EWindowState::Minimized
+                               : states.testFlag(Qt::WindowMaximized) ? EWindowState::Maximized
+                                                                      : EWindowState::Normal;
+    if (state != mState) {
+        mState = state;
+        Tell([state](WindowEvents& events) { events.StateChanged(state); });
+    }
+}
+
 bool CQtForm::HandleEvent(QEvent& event)
 {
     switch (event.type()) {
@@ -152,6 +202,9 @@ bool CQtForm::HandleEvent(QEvent& event)
     case QEvent::WindowActivate:
     case QEvent::WindowDeactivate:
         Desktop().ActivationTold(this, event.type() == QEvent::WindowActivate);
+        return false;
+    case QEvent::WindowStateChange:
+        TellState();
         return false;
     case QEvent::Move:
     case QEvent::Resize:

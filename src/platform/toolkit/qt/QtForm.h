@@ -18,6 +18,9 @@ public:
     /// A form that is disabled looks as it did, but the user can't do anything in it.
     void SetEnabled(bool isEnabled) override { mIsEnabled = isEnabled; }
     void SetText(const System::UnicodeString& text) override;
+    void BringToFront() override;
+    void SendToBack() override;
+    void SetState(EWindowState state) override;
     bool CanBeActive() const override;
 
 protected:
@@ -26,9 +29,12 @@ protected:
 private:
     void Place();
     void TellBounds();
+    /// Tells of a state that nobody here set.
+    void TellState();
 
     TFrameMargins mMargins;
     EFrame mFrame;
+    EWindowState mState = EWindowState::Normal;
     bool mIsEnabled;
 };
 

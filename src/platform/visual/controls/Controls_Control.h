@@ -116,7 +116,8 @@ public:
     void Show();
     void Hide() { setVisible(false); }
     /// Whether the user can work with it, if its parents are enabled; on at first.
-    bool getEnabled() const noexcept { return mEnabled; }
+    bool getEnabled() const noexcept { return GetEnabled(); }
+    virtual bool GetEnabled() const noexcept { return mEnabled; }
     void setEnabled(bool isEnabled) { SetEnabled(isEnabled); }
 
     /// The control's own font; changing it ends `ParentFont`.

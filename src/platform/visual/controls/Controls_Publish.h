@@ -58,6 +58,15 @@ System::GClassBuilder<T> PublishControl(System::GClassBuilder<T> builder)
     return builder;
 }
 
+/// As `PublishControl`, of a class whose controls have a colour of their own at first.
+template <class T>
+System::GClassBuilder<T> PublishColoredControl(System::GClassBuilder<T> builder)
+{
+    builder = PublishControl(std::move(builder));
+    builder.Property(u"ParentColor", &T::getParentColor, &T::setParentColor, {.defaultValue = 0});
+    return builder;
+}
+
 /// The order of the Tab key, and the events of focus and keyboard.
 template <class T>
 System::GClassBuilder<T> PublishFocus(System::GClassBuilder<T> builder)

@@ -467,7 +467,8 @@ void TWinControl::UpdateShowingOfChildren()
 void TWinControl::SetVisible(bool isVisible)
 {
     const TComponentWatch watch(this);
-    if (!isVisible && getVisible()) {
+    // A form that is hidden keeps its place for when it is shown again.
+    if (!isVisible && getVisible() && getParent() != nullptr) {
         RemoveFocus(false);
     }
     if (watch.IsAlive()) {

@@ -189,6 +189,7 @@ protected:
     virtual void BoundsChangedOnScreen(const Types::TRect& bounds);
     virtual void CloseAskedOnScreen();
     virtual void ActivationChangedOnScreen(bool isActive);
+    virtual void StateChangedOnScreen(Toolkits::EWindowState state);
     /// Paints the control itself, without those in it.
     virtual void PaintWindow(Toolkits::PaintDevice& device);
     /// Destroys all that is in here, as a class does that its children still need at their end.
@@ -221,6 +222,7 @@ private:
     void FilesDropped(const std::vector<System::UnicodeString>& files, Types::TPoint place) override;
     void CloseAsked() override;
     void ActivationChanged(bool isActive) override;
+    void StateChanged(Toolkits::EWindowState state) override;
 
     /// Sends a message about a control that comes or goes.
     void TellOfControl(unsigned message, const TControl* control, bool isComing);

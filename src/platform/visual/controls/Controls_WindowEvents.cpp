@@ -339,6 +339,11 @@ void TWinControl::ActivationChanged(bool isActive)
     Guarded(this, [&] { ActivationChangedOnScreen(isActive); });
 }
 
+void TWinControl::StateChanged(Toolkits::EWindowState state)
+{
+    Guarded(this, [&] { StateChangedOnScreen(state); });
+}
+
 void TWinControl::TextEditedInWindow(const UnicodeString& text)
 {
     SetText(text);
@@ -363,6 +368,8 @@ void TWinControl::BoundsChangedOnScreen(const TRect& bounds)
 void TWinControl::CloseAskedOnScreen() {}
 
 void TWinControl::ActivationChangedOnScreen(bool) {}
+
+void TWinControl::StateChangedOnScreen(Toolkits::EWindowState) {}
 
 bool TWinControl::PaintAsked(Toolkits::PaintDevice& device, const TRect&)
 {

@@ -24,7 +24,7 @@ namespace
 template <class T>
 System::TMetaClass* MakeRecord(const char16_t* name)
 {
-    return Controls::PublishFocus(Controls::PublishControl(System::GClassBuilder<T>(name)))
+    return Controls::PublishFocus(Controls::PublishColoredControl(System::GClassBuilder<T>(name)))
         .Property(u"DataField", &T::getDataField, &T::setDataField)
         .Property(u"DataSource", &T::getDataSource, &T::setDataSource)
         .Property(u"KeyField", &T::getKeyField, &T::setKeyField)

@@ -56,7 +56,7 @@ System::TMetaClass* TDBGrid::ClassRecord()
     using System::TObject;
     const auto of = [](const TObject* grid) -> const TDBGrid& { return *dynamic_cast<const TDBGrid*>(grid); };
     static System::TMetaClass* const record =
-        Controls::PublishFocus(Controls::PublishControl(System::GClassBuilder<TDBGrid>(u"TDBGrid")))
+        Controls::PublishFocus(Controls::PublishColoredControl(System::GClassBuilder<TDBGrid>(u"TDBGrid")))
             .Property(u"BorderStyle", &TDBGrid::getBorderStyle, &TDBGrid::setBorderStyle,
                       {.defaultValue = Forms::bsSingle})
             .Property(

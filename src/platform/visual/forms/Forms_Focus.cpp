@@ -121,7 +121,7 @@ bool TCustomForm::SetFocusedControl(TWinControl* control)
 
 void TCustomForm::ActivationChangedOnScreen(bool isActive)
 {
-    if (isActive == mIsActive) {
+    if (isActive == mIsActive || (isActive && IsDestroying())) {
         return;
     }
     mIsActive = isActive;
@@ -129,7 +129,9 @@ void TCustomForm::ActivationChangedOnScreen(bool isActive)
     Screen->ActivationMoved(this, isActive);
     if (!isActive) {
         mFormState >> fsActivated;
-        Deactivate();
+        if (!IsDestroying()) {
+            Deactivate();
+        }
         return;
     }
     mFormState << fsActivated;

@@ -2,6 +2,7 @@
 #include "platform/visual/forms/Forms_Foreground.h"
 
 #include "platform/host/Host_Error.h"
+#include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/visual/controls/Controls_Handle.h"
 #include "platform/visual/forms/Forms_Form.h"
 #include "platform/visual/forms/Forms_Screen.h"
@@ -24,7 +25,12 @@ bool SetForegroundWindow(HWND window)
         SetLastError(ERROR_ACCESS_DENIED);
         return false;
     }
-    form->BringToFront();
+    const Classes::TComponentWatch watch(form);
     form->SetFocus();
+    if (!watch.IsAlive() || !form->getActive()) {
+        SetLastError(ERROR_ACCESS_DENIED);
+        return false;
+    }
+    form->BringToFront();
     return true;
 }

@@ -82,6 +82,10 @@ TCustomForm::~TCustomForm()
     }
     mActiveControl = nullptr;
     mFocusedControl = this;
+    if (GetWindow() != nullptr) {
+        // What comes to its end with the form may have the user; he mustn't be led back to this one.
+        GetWindow()->SetVisible(false);
+    }
     Screen->RemoveForm(this);
     Application->FormDestroyed(this);
     // They go while this is still a form that they can ask.
@@ -186,6 +190,10 @@ void TCustomForm::ShowingChanged()
         return;
     }
     PlaceForShow();
+    ShowState();
+    if (!watch.IsAlive() || !getShowing() || GetWindow() == nullptr) {
+        return;
+    }
     GetWindow()->SetVisible(true);
     if (watch.IsAlive() && GetWindow() != nullptr) {
         GetWindow()->Focus();
@@ -194,7 +202,7 @@ void TCustomForm::ShowingChanged()
 
 void TCustomForm::PlaceForShow()
 {
-    if (!IsTopLevel()) {
+    if (!IsTopLevel() || mWindowState != wsNormal) {
         return;
     }
     switch (mPosition) {
@@ -304,7 +312,37 @@ void TCustomForm::setMenu(Menus::TMainMenu* menu)
 
 void TCustomForm::setWindowState(TWindowState state)
 {
-    mWindowState = state;
+    if (state != mWindowState) {
+        mWindowState = state;
+        ShowState();
+    }
+}
+
+void TCustomForm::ShowState()
+{
+    if (IsTopLevel() && getShowing() && GetWindow() != nullptr) {
+        GetWindow()->SetState(static_cast<Toolkits::EWindowState>(mWindowState));
+    }
+}
+
+void TCustomForm::StateChangedOnScreen(Toolkits::EWindowState state)
+{
+    mWindowState = static_cast<TWindowState>(state);
+}
+
+void TCustomForm::CreateWnd()
+{
+    TCustomControl::CreateWnd();
+    ShowState();
+}
+
+void TCustomForm::SetZOrder(bool inFront)
+{
+    if (!IsTopLevel()) {
+        TCustomControl::SetZOrder(inFront);
+    } else if (GetWindow() != nullptr) {
+        inFront ? GetWindow()->BringToFront() : GetWindow()->SendToBack();
+    }
 }
 
 TRect TCustomForm::GetClientRect() const
@@ -439,7 +477,7 @@ void TCustomForm::Deactivate()
 TMetaClass* TForm::ClassRecord()
 {
     static TMetaClass* const record =
-        Controls::PublishControl(GClassBuilder<TForm>(u"TForm"))
+        Controls::PublishColoredControl(GClassBuilder<TForm>(u"TForm"))
             .Property(u"BorderIcons", &TForm::getBorderIcons, &TForm::setBorderIcons, {.defaultValue = 7})
             .Property(u"BorderStyle", &TForm::getBorderStyle, &TForm::setBorderStyle,
                       {.defaultValue = bsSizeable})
@@ -449,9 +487,11 @@ TMetaClass* TForm::ClassRecord()
             .Property(u"FormStyle", &TForm::getFormStyle, &TForm::setFormStyle, {.defaultValue = fsNormal})
             .Property(u"KeyPreview", &TForm::getKeyPreview, &TForm::setKeyPreview, {.defaultValue = 0})
             .Property(u"Menu", &TForm::getMenu, &TForm::setMenu)
+            .Property(u"ParentFont", &TForm::getParentFont, &TForm::setParentFont, {.defaultValue = 0})
             .Property(u"PixelsPerInch", &TForm::getPixelsPerInch, &TForm::setPixelsPerInch)
             .Property(u"Position", &TForm::getPosition, &TForm::setPosition,
                       {.defaultValue = poDefaultPosOnly})
+            .Property(u"Visible", &TForm::getVisible, &TForm::setVisible, {.defaultValue = 0})
             .Property(u"WindowState", &TForm::getWindowState, &TForm::setWindowState,
                       {.defaultValue = wsNormal})
             .Property(u"ActiveControl", &TForm::getActiveControl, &TForm::setActiveControl)

@@ -71,8 +71,11 @@ public:
     TFormStyle getFormStyle() const noexcept { return mFormStyle; }
     void setFormStyle(TFormStyle style) noexcept { mFormStyle = style; }
     TPosition getPosition() const noexcept { return mPosition; }
-    /// Counts when the form is shown.
+    /// Counts when the form is shown in its own size.
     void setPosition(TPosition position) noexcept { mPosition = position; }
+    /// Whether the form is as large as it was set, is out of sight, or takes all of the screen. It counts
+    /// while the form is shown, and follows what the user does; its bounds are those that it has on the
+    /// screen then.
     TWindowState getWindowState() const noexcept { return mWindowState; }
     void setWindowState(TWindowState state);
     /// Moves the form as little as is needed to have all of it on the screen; a form that is too large stands
@@ -136,7 +139,9 @@ protected:
 
     void Paint() override;
     void CreateParams(Controls::TCreateParams& params) override;
+    void CreateWnd() override;
     void SetVisible(bool isVisible) override;
+    void SetZOrder(bool inFront) override;
     bool IsTopLevel() const override { return getParent() == nullptr; }
     Types::TPoint GetClientOffset() const override;
     bool PreviewKeyDown(System::Word& key, Classes::TShiftState shift) override;
@@ -145,6 +150,7 @@ protected:
     bool IsShortCut(System::Word key, Classes::TShiftState shift) override;
     void CloseAskedOnScreen() override;
     void ActivationChangedOnScreen(bool isActive) override;
+    void StateChangedOnScreen(Toolkits::EWindowState state) override;
     void GetChildren(const Classes::TGetChildProc& proc, Classes::TComponent* root) override;
 
 private:
@@ -155,6 +161,8 @@ private:
     bool OpenMarkedMenu(const Messages::TMessage& message);
     void ShowingChanged();
     void PlaceForShow();
+    /// Has a window that is shown take the state.
+    void ShowState();
     void Center(const Types::TRect& area);
     /// Ends what the focus leaves and begins what it enters, from the innermost to the outermost and back.
     /// False if a handler moved it elsewhere.

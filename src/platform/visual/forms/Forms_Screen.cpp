@@ -51,9 +51,10 @@ int TScreen::getFormCount() const
 
 TForm* TScreen::getForms(int index) const
 {
+    int rest = index;
     for (TCustomForm* form : mForms) {
         auto* const found = dynamic_cast<TForm*>(form);
-        if (found != nullptr && index-- == 0) {
+        if (found != nullptr && rest-- == 0) {
             return found;
         }
     }

@@ -2,6 +2,7 @@
 #include "platform/visual/graphics/Graphics_FileIcon.h"
 
 #include "platform/host/Host_Error.h"
+#include "platform/host/Host_FileInfo.h"
 #include "platform/host/system/Host_FindIcon.h"
 #include "platform/runtime/classes/Classes_Exceptions.h"
 #include "platform/runtime/classes/Classes_Stream.h"
@@ -40,21 +41,34 @@ std::vector<System::Byte> AsIconFile(const std::vector<System::Byte>& png)
     return file.Take();
 }
 
+/// What a file begins with; 0 for a shorter one, and for a pipe or a device, which would have to be waited
+/// for.
+unsigned BeginOf(Classes::TFileStream& stream)
+{
+    const auto info = Host::QueryFile(stream.getHandle());
+    if (!info.has_value() || (info->attributes & FILE_ATTRIBUTE_SYSTEM) != 0) {
+        return 0;
+    }
+    System::Byte begin[4] = {};
+    stream.Read(begin, sizeof begin);
+    stream.setPosition(0);
+    return Graphics::CByteView(begin).At32(0);
+}
+
 /// No images with the last error set where there is no icon.
 System::GSharedBlock<TIconImages> IconOf(const System::WideChar* file)
 {
     System::GSharedBlock<TIconImages> none(new TIconImages);
     try {
         Classes::TFileStream stream(file, Sysutils::fmOpenRead | Sysutils::fmShareDenyNone);
-        std::vector<System::Byte> bytes = Graphics::ReadRest(&stream);
-        const unsigned begin = Graphics::CByteView(bytes).At32(0);
-        if (begin == PngSignature) {
-            bytes = AsIconFile(bytes);
-        } else if (begin != IconDirectory) {
+        // Most files that are asked for have none, and may be large.
+        const unsigned begin = BeginOf(stream);
+        if (begin != PngSignature && begin != IconDirectory) {
             ::SetLastError(ERROR_NOT_FOUND);
             return none;
         }
-        return Graphics::OpenIconFile(std::move(bytes));
+        std::vector<System::Byte> bytes = Graphics::ReadRest(&stream);
+        return Graphics::OpenIconFile(begin == PngSignature ? AsIconFile(bytes) : std::move(bytes));
     } catch (const Classes::EFOpenError&) {
         ::SetLastError(ERROR_FILE_NOT_FOUND);
     } catch (const Sysutils::Exception&) {

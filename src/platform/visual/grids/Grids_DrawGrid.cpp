@@ -94,7 +94,7 @@ System::TMetaClass* TDrawGrid::ClassRecord()
 {
     using T = TDrawGrid;
     static System::TMetaClass* const record =
-        Controls::PublishFocus(Controls::PublishControl(System::GClassBuilder<T>(u"TDrawGrid")))
+        Controls::PublishFocus(Controls::PublishColoredControl(System::GClassBuilder<T>(u"TDrawGrid")))
             .Property(u"BorderStyle", &T::getBorderStyle, &T::setBorderStyle,
                       {.defaultValue = Forms::bsSingle})
             .Property(u"Color", &T::getColor, &T::setColor, {.defaultValue = Graphics::clWindow})
@@ -116,7 +116,6 @@ System::TMetaClass* TDrawGrid::ClassRecord()
                       {.defaultValue = Graphics::clWhite})
             .Property(u"GridLineWidth", &T::getGridLineWidth, &T::setGridLineWidth, {.defaultValue = 1})
             .Property(u"Options", &T::getOptions, &T::setOptions, {.defaultValue = 31})
-            .Property(u"ParentColor", &T::getParentColor, &T::setParentColor, {.defaultValue = 0})
             .Property(u"ScrollBars", &T::getScrollBars, &T::setScrollBars, {.defaultValue = Stdctrls::ssBoth})
             .Property(u"TabStop", &T::getTabStop, &T::setTabStop, {.defaultValue = 1})
             .Property(u"VisibleColCount", &T::getVisibleColCount)

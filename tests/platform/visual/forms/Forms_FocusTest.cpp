@@ -107,6 +107,19 @@ TEST_F(FormFocusTest, GivesThePressedKeysToTheFocusedControlAfterTheForm)
     EXPECT_EQ(mDriver.Find(u"B").getText(), u"1");
 }
 
+TEST_F(FormFocusTest, KeepsItsPlaceWhileTheFormIsHidden)
+{
+    mForm.Show();
+    mDriver.Focus(u"B");
+    mLog = {};
+    mForm.Hide();
+    EXPECT_EQ(mForm.getActiveControl(), &mDriver.Find(u"B"));
+    EXPECT_EQ(Controls::GetFocusedControl(), nullptr);
+    mForm.Show();
+    EXPECT_EQ(mDriver.Focused(), u"B");
+    EXPECT_EQ(mLog, u"") << "it was never left";
+}
+
 TEST_F(FormFocusTest, LeavesWhatIsHiddenDisabledMovedOrDestroyed)
 {
     mForm.Show();

@@ -58,6 +58,85 @@ TEST_F(FormTest, ComesAndGoesInItsOrder)
     EXPECT_EQ(Forms::Screen->getActiveForm(), nullptr);
 }
 
+/// What it owns is destroyed with it, and the user may have worked in that.
+TEST_F(FormTest, IsNotEnteredWhileItEnds)
+{
+    for (const bool hasOther : {false, true}) {
+        TForm other;
+        if (hasOther) {
+            other.Show();
+        }
+        auto form = std::make_unique<TForm>();
+        form->Show();
+        auto* const owned = new TForm(form.get());
+        owned->Show();
+        form->OnActivate = Note(u"activate");
+        form->OnDeactivate = Note(u"deactivate");
+        form->OnDestroy = Note(u"destroy");
+        form.reset();
+        EXPECT_EQ(Forms::Screen->getActiveCustomForm(), hasOther ? &other : nullptr);
+        auto active = std::make_unique<TForm>();
+        active->Show();
+        active->OnDeactivate = Note(u"deactivate");
+        active.reset();
+        EXPECT_EQ(Forms::Screen->getActiveCustomForm(), hasOther ? &other : nullptr);
+    }
+    EXPECT_EQ(mLog, u"destroy destroy ");
+}
+
+TEST_F(FormTest, GoesToTheFrontAndToTheBack)
+{
+    TForm forms[4];
+    for (TForm& form : forms) {
+        form.Show();
+    }
+    forms[0].BringToFront();
+    forms[2].SendToBack();
+    EXPECT_TRUE(forms[3].getActive()) << "the user stays where he is";
+    for (const int next : {0, 1, 2}) {
+        Forms::Screen->getActiveForm()->Hide();
+        EXPECT_EQ(Forms::Screen->getActiveForm(), &forms[next]) << next;
+    }
+}
+
+TEST_F(FormTest, FillsTheScreenAndComesBack)
+{
+    const TRect desktop = Forms::Screen->getDesktopRect();
+    const TRect usual{20, 30, 340, 270};
+    for (const bool isSetBefore : {true, false}) {
+        TForm form;
+        form.setBoundsRect(usual);
+        if (isSetBefore) {
+            form.setWindowState(Forms::wsMaximized);
+            EXPECT_EQ(form.getBoundsRect(), usual) << "it isn't shown yet";
+        }
+        form.Show();
+        form.setWindowState(Forms::wsMaximized);
+        Forms::Application->ProcessMessages();
+        EXPECT_GE(form.getClientWidth(), desktop.Width() / 2);
+        EXPECT_LE(form.getLeft(), 0);
+        EXPECT_EQ(form.getWindowState(), Forms::wsMaximized);
+        form.setWindowState(Forms::wsNormal);
+        Forms::Application->ProcessMessages();
+        EXPECT_EQ(form.getBoundsRect(), usual);
+        form.setWindowState(Forms::wsMinimized);
+        Forms::Application->ProcessMessages();
+        EXPECT_EQ(form.getWindowState(), Forms::wsMinimized);
+        form.GetWindowEvents().StateChanged(Toolkits::EWindowState::Maximized);
+        EXPECT_EQ(form.getWindowState(), Forms::wsMaximized) << "the user's doing";
+    }
+}
+
+TEST_F(FormTest, MayGoWhereItsStateIsShown)
+{
+    auto* form = new TForm;
+    form->setWindowState(Forms::wsMaximized);
+    form->OnResize = [&](TObject*) { delete std::exchange(form, nullptr); };
+    form->Show();
+    Forms::Application->ProcessMessages();
+    EXPECT_EQ(form, nullptr);
+}
+
 TEST_F(FormTest, OfOneWindowOnlyInputAndPaintRun)
 {
     Toolkits::Toolkit& toolkit = Toolkits::CurrentToolkit();

@@ -209,4 +209,16 @@ void CHeadlessWindow::SendToBack()
     mDesktop->MoveForm(this, false);
 }
 
+void CHeadlessWindow::SetState(EWindowState state)
+{
+    if (!mIsForm || state == mState) {
+        return;
+    }
+    if (mState == EWindowState::Normal) {
+        mNormalBounds = mBounds;
+    }
+    mState = state;
+    mEvents->BoundsChanged(state == EWindowState::Maximized ? HeadlessScreen : mNormalBounds);
+}
+
 } // namespace Toolkits

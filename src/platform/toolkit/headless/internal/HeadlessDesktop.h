@@ -15,6 +15,9 @@ namespace Toolkits
 
 class CHeadlessWindow;
 
+/// What would be the screen.
+inline constexpr Types::TRect HeadlessScreen{.Left = 0, .Top = 0, .Right = 1920, .Bottom = 1080};
+
 /// The windows of a program without a screen: which one is active, which has the focus, what is to be
 /// painted. It lives as long as one of its windows.
 class CHeadlessDesktop : public std::enable_shared_from_this<CHeadlessDesktop>
@@ -64,6 +67,7 @@ public:
     bool ActsByItself() const override { return false; }
     void BringToFront() override;
     void SendToBack() override;
+    void SetState(EWindowState state) override;
     const PaintRecording* LastPainting() const override { return &mPainting; }
 
     void Paint();
@@ -80,6 +84,9 @@ private:
     WindowEvents* mEvents;
     CHeadlessWindow* mParent;
     Types::TRect mBounds;
+    /// Where the window goes back to.
+    Types::TRect mNormalBounds;
+    EWindowState mState = EWindowState::Normal;
     PaintRecording mPainting;
     bool mIsForm;
     bool mIsEnabled;

@@ -17,7 +17,7 @@ namespace Stdctrls
 template <class T>
 System::GClassBuilder<T> PublishEdit(System::GClassBuilder<T> builder)
 {
-    builder = Controls::PublishFocus(Controls::PublishControl(std::move(builder)));
+    builder = Controls::PublishFocus(Controls::PublishColoredControl(std::move(builder)));
     builder.Property(u"Alignment", &T::getAlignment, &T::setAlignment, {.defaultValue = 0})
         .Property(u"BorderStyle", &T::getBorderStyle, &T::setBorderStyle, {.defaultValue = Forms::bsSingle})
         .Property(u"Ctl3D", &T::getCtl3D, &T::setCtl3D, {.defaultValue = 1})

@@ -19,8 +19,8 @@ System::TMetaClass* TCheckListBox::ClassRecord()
 {
     using T = TCheckListBox;
     static System::TMetaClass* const record =
-        Stdctrls::PublishListBox(
-            Controls::PublishFocus(Controls::PublishControl(System::GClassBuilder<T>(u"TCheckListBox"))))
+        Stdctrls::PublishListBox(Controls::PublishFocus(Controls::PublishColoredControl(
+                                     System::GClassBuilder<T>(u"TCheckListBox"))))
             .Property(u"AllowGrayed", &T::getAllowGrayed, &T::setAllowGrayed, {.defaultValue = 0})
             .Property(u"Flat", &T::getFlat, &T::setFlat, {.defaultValue = 1})
             .Property(u"HeaderBackgroundColor", &T::getHeaderBackgroundColor, &T::setHeaderBackgroundColor,

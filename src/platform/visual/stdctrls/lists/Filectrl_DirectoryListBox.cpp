@@ -73,7 +73,8 @@ System::TMetaClass* TDirectoryListBox::ClassRecord()
 {
     using T = TDirectoryListBox;
     static System::TMetaClass* const record =
-        Controls::PublishFocus(Controls::PublishControl(System::GClassBuilder<T>(u"TDirectoryListBox")))
+        Controls::PublishFocus(
+            Controls::PublishColoredControl(System::GClassBuilder<T>(u"TDirectoryListBox")))
             .Property(u"Columns", &T::getColumns, &T::setColumns, {.defaultValue = 0})
             .Property(u"Ctl3D", &T::getCtl3D, &T::setCtl3D)
             .Property(u"IntegralHeight", &T::getIntegralHeight, &T::setIntegralHeight, {.defaultValue = 0})

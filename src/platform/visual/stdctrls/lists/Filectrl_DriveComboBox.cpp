@@ -18,7 +18,7 @@ System::TMetaClass* TDriveComboBox::ClassRecord()
 {
     using T = TDriveComboBox;
     static System::TMetaClass* const record =
-        Controls::PublishFocus(Controls::PublishControl(System::GClassBuilder<T>(u"TDriveComboBox")))
+        Controls::PublishFocus(Controls::PublishColoredControl(System::GClassBuilder<T>(u"TDriveComboBox")))
             .Property(u"Ctl3D", &T::getCtl3D, &T::setCtl3D)
             .Property(u"DirList", &T::getDirList, &T::setDirList)
             .Property(u"ParentCtl3D", &T::getParentCtl3D, &T::setParentCtl3D, {.defaultValue = 1})

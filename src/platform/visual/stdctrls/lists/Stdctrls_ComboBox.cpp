@@ -392,7 +392,7 @@ System::TMetaClass* TComboBox::ClassRecord()
 {
     using T = TComboBox;
     static System::TMetaClass* const record =
-        Controls::PublishFocus(Controls::PublishControl(System::GClassBuilder<T>(u"TComboBox")))
+        Controls::PublishFocus(Controls::PublishColoredControl(System::GClassBuilder<T>(u"TComboBox")))
             .Property(u"AutoComplete", &T::getAutoComplete, &T::setAutoComplete, {.defaultValue = 1})
             .Property(u"AutoCompleteDelay", &T::getAutoCompleteDelay, &T::setAutoCompleteDelay,
                       {.defaultValue = 500})

@@ -337,8 +337,8 @@ void TCustomListBox::DeleteSelected()
 System::TMetaClass* TListBox::ClassRecord()
 {
     static System::TMetaClass* const record =
-        PublishListBox(
-            Controls::PublishFocus(Controls::PublishControl(System::GClassBuilder<TListBox>(u"TListBox"))))
+        PublishListBox(Controls::PublishFocus(
+                           Controls::PublishColoredControl(System::GClassBuilder<TListBox>(u"TListBox"))))
             .Property(u"ExtendedSelect", &TListBox::getExtendedSelect, &TListBox::setExtendedSelect,
                       {.defaultValue = 1})
             .Property(u"MultiSelect", &TListBox::getMultiSelect, &TListBox::setMultiSelect,

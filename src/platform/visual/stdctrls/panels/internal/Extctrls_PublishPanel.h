@@ -10,7 +10,7 @@ namespace Extctrls
 template <class T>
 System::GClassBuilder<T> PublishPanel(System::GClassBuilder<T> builder)
 {
-    builder = Controls::PublishFocus(Controls::PublishControl(std::move(builder)));
+    builder = Controls::PublishFocus(Controls::PublishColoredControl(std::move(builder)));
     builder.Property(u"Alignment", &T::getAlignment, &T::setAlignment, {.defaultValue = Classes::taCenter})
         .Property(u"AutoSize", &T::getAutoSize, &T::setAutoSize, {.defaultValue = 0})
         .Property(u"BevelInner", &T::getBevelInner, &T::setBevelInner, {.defaultValue = Controls::bvNone})
@@ -27,7 +27,6 @@ System::GClassBuilder<T> PublishPanel(System::GClassBuilder<T> builder)
         .Property(u"FullRepaint", &T::getFullRepaint, &T::setFullRepaint, {.defaultValue = 1})
         .Property(u"Locked", &T::getLocked, &T::setLocked, {.defaultValue = 0})
         .Property(u"ParentBackground", &T::getParentBackground, &T::setParentBackground, {.defaultValue = 1})
-        .Property(u"ParentColor", &T::getParentColor, &T::setParentColor, {.defaultValue = 0})
         .Property(u"ParentCtl3D", &T::getParentCtl3D, &T::setParentCtl3D, {.defaultValue = 1})
         .Property(u"ShowCaption", &T::getShowCaption, &T::setShowCaption, {.defaultValue = 1})
         .Property(u"VerticalAlignment", &T::getVerticalAlignment, &T::setVerticalAlignment,
