@@ -66,8 +66,6 @@ TComponent::~TComponent()
 {
     if (mIsTracked) {
         CLiveComponents::Forget(*this);
-    }
-    if (mState.Contains(csFixups)) {
         ForgetReferences(*this);
     }
     Destroying();
