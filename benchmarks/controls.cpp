@@ -31,6 +31,7 @@ namespace
 {
 
 constexpr int ControlCount = 1000;
+constexpr int LargeCount = 10'000;
 constexpr int PostCount = 100'000;
 
 /// Labels, edits and buttons by turns.
@@ -55,9 +56,9 @@ void Place(Forms::TForm& form, int index)
     control->setParent(&form);
 }
 
-void FillForm(Forms::TForm& form)
+void FillForm(Forms::TForm& form, int count = ControlCount)
 {
-    for (int i = 0; i < ControlCount; ++i) {
+    for (int i = 0; i < count; ++i) {
         switch (ControlAt(i)) {
         case EControl::Label:
             Place<Stdctrls::TLabel>(form, i);
@@ -76,11 +77,29 @@ void MakeForm(benchmark::State& state)
 {
     for (auto _ : state) {
         Forms::TForm form;
-        FillForm(form);
+        FillForm(form, static_cast<int>(state.range(0)));
         benchmark::DoNotOptimize(form.GetControlCount());
     }
 }
-BENCHMARK(MakeForm)->Name("make_form/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK(MakeForm)
+    ->Name("make_form/ours")
+    ->Arg(ControlCount)
+    ->Arg(LargeCount)
+    ->Unit(benchmark::kMillisecond);
+
+/// As `MakeForm`, with one control at an edge, which the others don't move.
+void MakeFormWithBar(benchmark::State& state)
+{
+    for (auto _ : state) {
+        Forms::TForm form;
+        auto* const bar = new Stdctrls::TLabel(&form);
+        bar->setAlign(Controls::alBottom);
+        bar->setParent(&form);
+        FillForm(form, static_cast<int>(state.range(0)));
+        benchmark::DoNotOptimize(form.GetControlCount());
+    }
+}
+BENCHMARK(MakeFormWithBar)->Name("make_form/with_bar")->Arg(LargeCount)->Unit(benchmark::kMillisecond);
 
 void ShowForm(benchmark::State& state)
 {
@@ -168,9 +187,9 @@ void PlaceQt(QDialog& dialog, int index)
     widget->setGeometry(index % 10 * 80, index / 10 * 24, 75, 21);
 }
 
-void FillQt(QDialog& dialog)
+void FillQt(QDialog& dialog, int count = ControlCount)
 {
-    for (int i = 0; i < ControlCount; ++i) {
+    for (int i = 0; i < count; ++i) {
         switch (ControlAt(i)) {
         case EControl::Label:
             PlaceQt<QLabel>(dialog, i);
@@ -190,11 +209,11 @@ void MakeQt(benchmark::State& state)
     NeedQt();
     for (auto _ : state) {
         QDialog dialog;
-        FillQt(dialog);
+        FillQt(dialog, static_cast<int>(state.range(0)));
         benchmark::DoNotOptimize(&dialog);
     }
 }
-BENCHMARK(MakeQt)->Name("make_form/Qt")->Unit(benchmark::kMillisecond);
+BENCHMARK(MakeQt)->Name("make_form/Qt")->Arg(ControlCount)->Arg(LargeCount)->Unit(benchmark::kMillisecond);
 
 void ShowQt(benchmark::State& state)
 {

@@ -9,6 +9,7 @@
 #include "platform/visual/data/sets/Db_SqliteDataSet.h"
 #include "platform/visual/data/sets/Db_SqliteDatabase.h"
 #include "platform/visual/dialogs/Dialogs_OpenDialog.h"
+#include "platform/visual/graphics/Controls_ImageList.h"
 #include "platform/visual/grids/Grids_DrawGrid.h"
 #include "platform/visual/grids/Grids_StringGrid.h"
 #include "platform/visual/menus/Menus.h"
@@ -66,6 +67,7 @@ TClassesByName OwnClasses()
              ClassOf<Comctrls::TProgressBar>(),
              ClassOf<Comctrls::TRichEdit>(),
              ClassOf<Comctrls::TTabSheet>(),
+             ClassOf<Controls::TImageList>(),
              ClassOf<Db::TBlobField>(),
              ClassOf<Db::TBooleanField>(),
              ClassOf<Db::TDataSource>(),

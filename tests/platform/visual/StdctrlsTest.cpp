@@ -103,6 +103,31 @@ protected:
     Support::ScriptedBoxes mToolkit;
 };
 
+/// Of a program's own class, without a description of its own.
+class TWitness : public Stdctrls::TButton
+{
+public:
+    using TButton::TButton;
+
+    void Notification(Classes::TComponent* component, Classes::TOperation operation) override
+    {
+        TButton::Notification(component, operation);
+        cameCount += operation == Classes::opInsert && component != this ? 1 : 0;
+    }
+
+    int cameCount = 0;
+};
+
+TEST_F(StdctrlsTest, ADerivedClassHearsOfOtherControls)
+{
+    Forms::TForm form;
+    auto* const witness = new TWitness(&form);
+    for (int i = 1; i <= 3; ++i) {
+        new Stdctrls::TCheckBox(&form);
+        EXPECT_EQ(witness->cameCount, i);
+    }
+}
+
 TEST_F(StdctrlsTest, IsReadAndWrittenAsItIs)
 {
     Classes::TStringStream text(System::UTF8String{Design});

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <utility>
 
 #include <unicode/uchar.h>
 
@@ -66,8 +67,6 @@ TComponent::~TComponent()
 {
     if (mIsTracked) {
         CLiveComponents::Forget(*this);
-    }
-    if (mState.Contains(csFixups)) {
         ForgetReferences(*this);
     }
     Destroying();
@@ -176,6 +175,7 @@ void TComponent::Attach(TComponent& component)
 {
     mComponents.push_back(&component);
     component.mOwner = this;
+    Listen(component);
     if (!component.mName.IsEmpty()) {
         mByName[component.mName.LowerCase()] = &component;
     }
@@ -184,8 +184,14 @@ void TComponent::Attach(TComponent& component)
 void TComponent::Detach(TComponent& component)
 {
     // The one to leave is most often the last: the search begins there.
-    const auto found = std::find(mComponents.rbegin(), mComponents.rend(), &component);
-    mComponents.erase(std::next(found).base());
+    const auto remove = [&component](std::vector<TComponent*>& components) {
+        const auto found = std::find(components.rbegin(), components.rend(), &component);
+        components.erase(std::next(found).base());
+    };
+    remove(mComponents);
+    if (std::exchange(component.mIsListener, false)) {
+        remove(mListeners);
+    }
     mByName.erase(component.mName.LowerCase());
     component.mOwner = nullptr;
 }
@@ -242,8 +248,46 @@ void TComponent::Unlink(TComponent& component)
     std::erase(component.mFreeNotifies, this);
 }
 
+void TComponent::Listen(TComponent& component)
+{
+    TComponent* listener = &component;
+    for (TComponent* owner = this; owner != nullptr && !listener->mIsListener; owner = owner->mOwner) {
+        owner->mListeners.push_back(listener);
+        listener->mIsListener = true;
+        listener = owner;
+    }
+}
+
+bool TComponent::NeedsInsertions() const
+{
+    // A class speaks for itself alone, not for what a program derives from it, with or without a record. No
+    // class that ignores insertions has a constructor that causes one at its owner, so that the object is
+    // seen as what it will be.
+    const TMetaClass* const type = ClassType();
+    return !mListeners.empty() || type->HearsInsertions() || !type->IsExactly(*this);
+}
+
+void TComponent::TellOfInsertion(TComponent* component)
+{
+    // What it is shows only when it is made completely, thus not where it comes.
+    std::erase_if(mListeners, [](TComponent* listener) {
+        listener->mIsListener = listener->NeedsInsertions();
+        return !listener->mIsListener;
+    });
+    // From the end, and by index: a handler may remove the one that it looks at.
+    for (std::size_t i = mListeners.size(); i > 0; --i) {
+        if (i <= mListeners.size()) {
+            mListeners[i - 1]->Notification(component, opInsert);
+        }
+    }
+}
+
 void TComponent::Notification(TComponent* component, TOperation operation)
 {
+    if (operation == opInsert) {
+        TellOfInsertion(component);
+        return;
+    }
     // From the end, and by index: a handler may remove the one that it looks at.
     for (int i = GetComponentCount() - 1; i >= 0; --i) {
         if (i < GetComponentCount()) {

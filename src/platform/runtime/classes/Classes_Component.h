@@ -126,7 +126,8 @@ public:
 
     /// Told of each component that comes or goes, among the owned ones or by `FreeNotification`. On
     /// `opRemove` the component may be in its destructor: only its address is of use. Passes the news to all
-    /// owned components.
+    /// owned components; of one that comes, not to those whose class ignores that, see
+    /// `GClassBuilder::HearsInsertions`. The controls of this library do.
     virtual void Notification(TComponent* component, TOperation operation);
 
 protected:
@@ -172,6 +173,10 @@ private:
 
     void SetState(TComponentStateFlag flag, bool value);
     void EndWatches() noexcept;
+    /// Tells `component` of what comes here, and this one of what comes to its owners, so that it passes it.
+    void Listen(TComponent& component);
+    bool NeedsInsertions() const;
+    void TellOfInsertion(TComponent* component);
     void Attach(TComponent& component);
     void Detach(TComponent& component);
     void Link(TComponent& component);
@@ -187,8 +192,12 @@ private:
     int mDesignInfo = 0;
     /// A reader, or a reference that waits, knows this component and must hear of its end.
     bool mIsTracked = false;
+    /// Is among the owner's listeners.
+    bool mIsListener = false;
     TComponentState mState;
     std::vector<TComponent*> mComponents;
+    /// Those of them that are told of each one that comes.
+    std::vector<TComponent*> mListeners;
     /// By names in small letters.
     std::unordered_map<System::UnicodeString, TComponent*> mByName;
     std::vector<TComponent*> mFreeNotifies;

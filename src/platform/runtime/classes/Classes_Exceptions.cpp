@@ -21,6 +21,7 @@ EParserError::EParserError(const System::UnicodeString& reason, int line, int co
 }
 
 EParserError::~EParserError() = default;
+EInvalidImage::~EInvalidImage() = default;
 EClassNotFound::~EClassNotFound() = default;
 EResNotFound::~EResNotFound() = default;
 EListError::~EListError() = default;

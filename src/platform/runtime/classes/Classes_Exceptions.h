@@ -94,6 +94,14 @@ private:
     int mColumn;
 };
 
+/// A stream that has no resource where one is to be read, see `TStream::ReadResHeader`.
+class TRS8_BTL_API EInvalidImage : public EFilerError
+{
+public:
+    using EFilerError::EFilerError;
+    ~EInvalidImage() override;
+};
+
 /// No class of the name in the message is registered, see `FindClass`.
 class TRS8_BTL_API EClassNotFound : public EFilerError
 {

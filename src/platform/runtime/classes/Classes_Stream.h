@@ -18,6 +18,8 @@ class FileBuffer;
 namespace Classes
 {
 
+class TComponent;
+
 /// From where `Seek` counts.
 enum TSeekOrigin
 {
@@ -80,6 +82,30 @@ public:
     /// seek, as a pipe, is copied from where it is up to its end; `EReadError` for a device that has none, as
     /// that of zeros.
     System::Int64 CopyFrom(TStream* source, System::Int64 count);
+
+    // Components in the binary form of form resources, with a `TReader` or a `TWriter` of their own.
+
+    /// Reads the component at the position, with all in it, into `instance`, or into a new one without an
+    /// owner if that is null, and gives it. The stream is behind it then. Raises as
+    /// `TReader::ReadRootComponent`.
+    TComponent* ReadComponent(TComponent* instance);
+    /// As `ReadComponent`, from a resource as `WriteComponentRes` or `ObjectTextToResource` writes it.
+    TComponent* ReadComponentRes(TComponent* instance);
+    /// Writes a component with all in it. Raises as `TWriter::WriteDescendent`, also for null.
+    void WriteComponent(TComponent* instance) { WriteDescendent(instance, nullptr); }
+    /// As `WriteComponent`, as a resource with a head that has its name and size. The name, of 1 to 255 bytes
+    /// of UTF-8, is written in capitals; `EWriteError` for another one.
+    void WriteComponentRes(const System::UnicodeString& name, TComponent* instance)
+    {
+        WriteDescendentRes(name, instance, nullptr);
+    }
+    /// As `WriteComponent`, what makes `instance` differ from `ancestor`.
+    void WriteDescendent(TComponent* instance, TComponent* ancestor);
+    /// As `WriteComponentRes`, what makes `instance` differ from `ancestor`.
+    void WriteDescendentRes(const System::UnicodeString& name, TComponent* instance, TComponent* ancestor);
+    /// Goes behind the head of a resource. `EInvalidImage` if none is here; the stream is where it was then,
+    /// if it can seek.
+    void ReadResHeader();
 
 private:
     friend class CStreamWindow;

@@ -10,7 +10,9 @@
 #include <map>
 #include <mutex>
 #include <optional>
-#include <unordered_map>
+#include <set>
+#include <utility>
+#include <vector>
 
 namespace Classes
 {
@@ -20,12 +22,16 @@ using System::UnicodeString;
 namespace
 {
 
+/// Keys by components.
+using TKeys = std::set<std::pair<const TComponent*, long>>;
+
 /// The references that wait, in the order in which they came.
 struct TPending
 {
     std::mutex mutex;
     std::map<long, TReference> references;
-    std::unordered_multimap<const TComponent*, long> byComponent;
+    TKeys byComponent;
+    TKeys byRoot;
     long next = 0;
 };
 
@@ -72,13 +78,31 @@ TComponent* FindGlobalTarget(const UnicodeString& name)
     return found == nullptr || rest.IsEmpty() ? found : FindNestedComponent(found, rest);
 }
 
+/// The first key of the component; nothing if it has none.
+std::optional<long> FirstKey(const TKeys& keys, const TComponent* component)
+{
+    const auto found = keys.lower_bound({component, 0});
+    return found != keys.end() && found->first == component ? std::optional(found->second) : std::nullopt;
+}
+
 /// Takes the reference from those that wait.
 void Erase(TPending& pending, std::map<long, TReference>::iterator entry)
 {
-    auto [first, last] = pending.byComponent.equal_range(entry->second.component);
-    pending.byComponent.erase(
-        std::find_if(first, last, [&](const auto& known) { return known.second == entry->first; }));
+    TComponent* const component = entry->second.component;
+    pending.byComponent.erase({component, entry->first});
+    pending.byRoot.erase({entry->second.root, entry->first});
     pending.references.erase(entry);
+    if (!FirstKey(pending.byComponent, component)) {
+        CLoading::SetState(*component, csFixups, false);
+    }
+}
+
+/// Takes all references that these keys have for `component`.
+void EraseAll(TPending& pending, const TKeys& keys, const TComponent* component)
+{
+    for (auto key = FirstKey(keys, component); key; key = FirstKey(keys, component)) {
+        Erase(pending, pending.references.find(*key));
+    }
 }
 
 /// Takes one reference, if it still waits.
@@ -91,16 +115,50 @@ std::optional<TReference> TakeReference(long key)
     }
     TReference reference = found->second;
     Erase(Pending(), found);
-    if (!Pending().byComponent.contains(reference.component)) {
-        CLoading::SetState(*reference.component, csFixups, false);
-    }
     return reference;
+}
+
+/// The keys of the references that `isMeant`, which is given each one.
+template <class Test>
+std::vector<long> KeysOf(Test isMeant)
+{
+    std::vector<long> keys;
+    const std::scoped_lock lock(Pending().mutex);
+    for (const auto& [key, reference] : Pending().references) {
+        if (isMeant(reference)) {
+            keys.push_back(key);
+        }
+    }
+    return keys;
+}
+
+/// Adds what `textOf` gives of each reference of `root`, or of any if that is null; nothing of empty texts.
+template <class TextOf>
+void AddTexts(const TComponent* root, TStrings* names, TextOf textOf)
+{
+    if (names == nullptr) {
+        return;
+    }
+    std::vector<UnicodeString> texts;
+    {
+        const std::scoped_lock lock(Pending().mutex);
+        for (const auto& [key, reference] : Pending().references) {
+            if (root == nullptr || reference.root == root) {
+                texts.push_back(textOf(Split(reference.name)));
+            }
+        }
+    }
+    for (const UnicodeString& text : texts) {
+        if (!text.IsEmpty() && names->IndexOf(text) < 0) {
+            names->Add(text);
+        }
+    }
 }
 
 struct TWaiting
 {
     long key;
-    UnicodeString name;
+    TReference reference;
 };
 
 /// The next one that waits, behind `key`.
@@ -111,7 +169,7 @@ std::optional<TWaiting> NextReference(long key)
     if (next == Pending().references.end()) {
         return {};
     }
-    return TWaiting{next->first, next->second.name};
+    return TWaiting{next->first, next->second};
 }
 
 System::TObject* StepInto(System::TObject* object, const TPartStep& step)
@@ -127,6 +185,18 @@ System::TObject* StepInto(System::TObject* object, const TPartStep& step)
         step.itemIndex < collection->GetCount() ? collection->GetItem(step.itemIndex) : nullptr;
     const bool isIt = likely != nullptr && likely->getID() == step.itemID;
     return isIt ? likely : collection->FindItemID(step.itemID);
+}
+
+/// Whether `instance` is the component of the reference, or a part on the way to its property.
+bool LeadsThrough(const TReference& reference, const System::TObject* instance)
+{
+    System::TObject* object = reference.component;
+    bool isOnWay = object == instance;
+    for (const TPartStep& step : reference.steps) {
+        object = object == nullptr || isOnWay ? nullptr : StepInto(object, step);
+        isOnWay = isOnWay || object == instance;
+    }
+    return isOnWay;
 }
 
 } // namespace
@@ -177,7 +247,7 @@ void GlobalFixupReferences()
 {
     std::optional<TWaiting> waiting = NextReference(-1);
     for (; waiting; waiting = NextReference(waiting->key)) {
-        TComponent* const target = FindGlobalTarget(waiting->name);
+        TComponent* const target = FindGlobalTarget(waiting->reference.name);
         if (target == nullptr) {
             continue;
         }
@@ -189,39 +259,52 @@ void GlobalFixupReferences()
 
 void GetFixupReferenceNames(TComponent* root, TStrings* names)
 {
-    if (names == nullptr) {
-        return;
-    }
-    std::vector<UnicodeString> waiting;
+    AddTexts(root, names, [](const TSplitName& name) { return name.root; });
+}
+
+void GetFixupInstanceNames(TComponent* root, const UnicodeString& rootName, TStrings* names)
+{
+    AddTexts(root, names, [&rootName](const TSplitName& name) {
+        return name.root.CompareIC(rootName) == 0 ? name.rest : UnicodeString();
+    });
+}
+
+void RedirectFixupReferences(TComponent* root, const UnicodeString& oldName, const UnicodeString& newName)
+{
     {
         const std::scoped_lock lock(Pending().mutex);
-        for (const auto& [key, reference] : Pending().references) {
-            if (root == nullptr || reference.root == root) {
-                waiting.push_back(Split(reference.name).root);
+        for (auto& [key, reference] : Pending().references) {
+            const auto [name, rest] = Split(reference.name);
+            if ((root == nullptr || reference.root == root) && name.CompareIC(oldName) == 0) {
+                reference.name = rest.IsEmpty() ? newName : newName + u"." + rest;
             }
         }
     }
-    for (const UnicodeString& name : waiting) {
-        if (names->IndexOf(name) < 0) {
-            names->Add(name);
-        }
-    }
+    GlobalFixupReferences();
 }
 
 void RemoveFixupReferences(TComponent* root, const UnicodeString& rootName)
 {
-    std::vector<long> keys;
-    {
-        const std::scoped_lock lock(Pending().mutex);
-        for (const auto& [key, reference] : Pending().references) {
-            const bool isOfRoot = root == nullptr || reference.root == root;
-            const bool isForName = rootName.IsEmpty() || Split(reference.name).root.CompareIC(rootName) == 0;
-            if (isOfRoot && isForName) {
-                keys.push_back(key);
-            }
+    std::ranges::for_each(KeysOf([&](const TReference& reference) {
+                              const bool isOfRoot = root == nullptr || reference.root == root;
+                              return isOfRoot && (rootName.IsEmpty() ||
+                                                  Split(reference.name).root.CompareIC(rootName) == 0);
+                          }),
+                          TakeReference);
+}
+
+void RemoveFixups(TPersistent* instance)
+{
+    if (instance == nullptr) {
+        return;
+    }
+    // The way to a part goes through getters, which may do what they like: each is looked up anew.
+    std::optional<TWaiting> waiting = NextReference(-1);
+    for (; waiting; waiting = NextReference(waiting->key)) {
+        if (LeadsThrough(waiting->reference, instance)) {
+            TakeReference(waiting->key);
         }
     }
-    std::ranges::for_each(keys, TakeReference);
 }
 
 TComponent* FindLocalTarget(const TReference& reference)
@@ -253,16 +336,17 @@ void KeepReference(TReference&& reference)
     TComponent& component = *reference.component;
     CLoading::SetState(component, csFixups, true);
     const std::scoped_lock lock(Pending().mutex);
-    Pending().byComponent.emplace(&component, Pending().next);
-    Pending().references.emplace(Pending().next++, std::move(reference));
+    const long key = Pending().next++;
+    Pending().byComponent.emplace(&component, key);
+    Pending().byRoot.emplace(reference.root, key);
+    Pending().references.emplace(key, std::move(reference));
 }
 
 void ForgetReferences(const TComponent& component) noexcept
 {
     const std::scoped_lock lock(Pending().mutex);
-    const auto [first, last] = Pending().byComponent.equal_range(&component);
-    std::for_each(first, last, [](const auto& known) { Pending().references.erase(known.second); });
-    Pending().byComponent.erase(first, last);
+    EraseAll(Pending(), Pending().byComponent, &component);
+    EraseAll(Pending(), Pending().byRoot, &component);
 }
 
 } // namespace Classes

@@ -2,6 +2,7 @@
 #include "platform/runtime/filer/Classes_FormText.h"
 
 #include "platform/runtime/classes/internal/Classes_NeedStream.h"
+#include "platform/runtime/filer/internal/Classes_FormFile.h"
 #include "platform/runtime/filer/internal/Classes_FormInput.h"
 #include "platform/runtime/filer/internal/Classes_FormNames.h"
 #include "platform/runtime/filer/internal/Classes_FormOutput.h"
@@ -15,6 +16,7 @@ namespace Classes
 {
 
 using System::Int64;
+using System::UnicodeString;
 
 namespace
 {
@@ -25,6 +27,26 @@ constexpr std::size_t BlockSize = 0x10000;
 bool BeginsWith(std::string_view begin, std::string_view text)
 {
     return Form::SameAsciiText(begin.substr(0, text.size()), text);
+}
+
+/// The class of a form that was just made.
+UnicodeString ClassOfForm(std::string_view form)
+{
+    TMemoryStream stream;
+    stream.WriteBuffer(form.data(), static_cast<Int64>(form.size()));
+    stream.setPosition(0);
+    Form::CInput input(stream, BlockSize);
+    input.Take(Form::Signature.size());
+    Int64 place = 0;
+    input.TakePrefix(place);
+    return System::FromUtf8(input.TakeIdentifier());
+}
+
+/// Tells `sink` the text that `input` has up to its end.
+void Compile(TStream* input, Form::CBinarySink& sink)
+{
+    Form::CInput text(NeedStream(input), BlockSize);
+    Form::CParser(text.TakeRest(), sink).Parse();
 }
 
 } // namespace
@@ -41,11 +63,25 @@ void ObjectBinaryToText(TStream* input, TStream* output)
 void ObjectTextToBinary(TStream* input, TStream* output)
 {
     TStream& target = NeedStream(output);
-    Form::CInput text(NeedStream(input), BlockSize);
     Form::CBinarySink sink;
-    Form::CParser(text.TakeRest(), sink).Parse();
+    Compile(input, sink);
     const std::string& bytes = sink.getBytes();
     target.WriteBuffer(bytes.data(), static_cast<Int64>(bytes.size()));
+}
+
+void ObjectTextToResource(TStream* input, TStream* output)
+{
+    TStream& target = NeedStream(output);
+    Form::CBinarySink sink;
+    Compile(input, sink);
+    Form::WriteResource(target, ClassOfForm(sink.getBytes()), sink.getBytes());
+}
+
+void ObjectResourceToText(TStream* input, TStream* output)
+{
+    NeedStream(output);
+    NeedStream(input).ReadResHeader();
+    ObjectBinaryToText(input, output);
 }
 
 TStreamOriginalFormat TestStreamFormat(TStream* stream)
@@ -53,7 +89,7 @@ TStreamOriginalFormat TestStreamFormat(TStream* stream)
     Form::CInput input(NeedStream(stream), Form::Signature.size());
     const std::string_view begin = input.PeekUpTo(64);
     input.GiveBack();
-    if (begin.starts_with(Form::Signature)) {
+    if (begin.starts_with(Form::Signature) || begin.starts_with(Form::ResourceMark)) {
         return sofBinary;
     }
     if (begin.starts_with(Form::ByteOrderMark)) {

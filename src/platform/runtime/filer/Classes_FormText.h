@@ -21,6 +21,13 @@ TRS8_BTL_API void ObjectBinaryToText(TStream* input, TStream* output);
 /// with line and column, if it isn't the text of one form; nothing is written then.
 TRS8_BTL_API void ObjectTextToBinary(TStream* input, TStream* output);
 
+/// As `ObjectTextToBinary`, as a resource with a head in front, which `TStream::ReadComponentRes` reads; it
+/// is named as the class of the form.
+TRS8_BTL_API void ObjectTextToResource(TStream* input, TStream* output);
+
+/// As `ObjectBinaryToText`, of a resource. `EInvalidImage` if `input` has none.
+TRS8_BTL_API void ObjectResourceToText(TStream* input, TStream* output);
+
 /// What a form resource is: its binary form, its text, or none of them.
 enum TStreamOriginalFormat
 {
@@ -30,8 +37,8 @@ enum TStreamOriginalFormat
     sofUTF8Text
 };
 
-/// Tells which form begins at the position of `stream`, which stays. `sofUTF8Text` is one with a byte order
-/// mark; a text without is in UTF-8 as well.
+/// Tells which form begins at the position of `stream`, which stays; the binary one may be a resource.
+/// `sofUTF8Text` is one with a byte order mark; a text without is in UTF-8 as well.
 TRS8_BTL_API TStreamOriginalFormat TestStreamFormat(TStream* stream);
 
 } // namespace Classes

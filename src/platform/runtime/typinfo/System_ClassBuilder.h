@@ -37,6 +37,7 @@ public:
             mDescription.parent = ClassOf<typename T::ParentClass>();
         }
         mDescription.moduleAddress = reinterpret_cast<const void*>(&T::ClassRecord);
+        mDescription.type = &typeid(T);
         if constexpr (std::is_default_constructible_v<T>) {
             mDescription.create = [] { return std::unique_ptr<TObject>(std::make_unique<T>()); };
         }
@@ -106,6 +107,15 @@ public:
     GClassBuilder& Resource(std::span<const Byte> resource)
     {
         mDescription.formResource = resource;
+        return *this;
+    }
+
+    /// Whether components of this very class are told, by `Notification`, of each component that comes to
+    /// their owner; they are at first. False spares the call where it would do nothing, so that many may come
+    /// to an owner that has many. Derived classes are told all the same, until they say likewise.
+    GClassBuilder& HearsInsertions(bool hears)
+    {
+        mDescription.hearsInsertions = hears;
         return *this;
     }
 

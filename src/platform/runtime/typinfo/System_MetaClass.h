@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <span>
+#include <typeinfo>
 #include <utility>
 #include <vector>
 
@@ -54,6 +55,8 @@ public:
         std::vector<std::pair<UnicodeString, TMethodAddress>> methods;
         std::vector<TFieldInfo> fields;
         const void* moduleAddress = nullptr;
+        const std::type_info* type = nullptr;
+        bool hearsInsertions = true;
         std::span<const Byte> formResource;
     };
 
@@ -89,6 +92,13 @@ public:
 
     /// An address in the module that declares the class.
     const void* ModuleAddress() const noexcept { return mDescription.moduleAddress; }
+    /// Whether `object` is of this very class rather than of one derived from it, with a record or without.
+    bool IsExactly(const TObject& object) const
+    {
+        return mDescription.type != nullptr && *mDescription.type == typeid(object);
+    }
+    /// False for a component class that said so by `GClassBuilder::HearsInsertions`.
+    bool HearsInsertions() const noexcept { return mDescription.hearsInsertions; }
     /// The class's own form resource; empty if it has none. Lives as long as the module.
     std::span<const Byte> FormResource() const noexcept { return mDescription.formResource; }
 

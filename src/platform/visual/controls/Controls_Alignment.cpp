@@ -89,8 +89,9 @@ public:
 
     void Run()
     {
-        // Most controls stay where they are put, and many come one after the other.
-        if (!IsAnyPlaced()) {
+        // Most controls stay where they are put, and many come one after the other: such a one moves nobody.
+        const bool isFirstPlaced = mFirst == nullptr || mFirst->IsPlaced();
+        if (mParent.mPlacedCount == 0 || !isFirstPlaced) {
             return;
         }
         for (const TAlign align : {alTop, alBottom, alLeft, alRight, alClient}) {
@@ -104,19 +105,6 @@ public:
     }
 
 private:
-    /// Whether the parent places the control, by its alignment or its anchors.
-    static bool IsPlaced(const TControl* control)
-    {
-        static const TAnchors usual{akLeft, akTop};
-        return control->getAlign() != alNone || control->getAnchors() != usual;
-    }
-
-    bool IsAnyPlaced() const
-    {
-        return std::ranges::any_of(mParent.mGraphics, IsPlaced) ||
-               std::ranges::any_of(mParent.mWindows, IsPlaced);
-    }
-
     std::vector<TControl*> Collect(TAlign align) const
     {
         std::vector<TControl*> found;
@@ -125,7 +113,7 @@ private:
         }
         for (int i = 0; i < mParent.GetControlCount(); ++i) {
             TControl* control = mParent.GetControl(i);
-            if (control->getAlign() == align && IsPlaced(control) &&
+            if (control->getAlign() == align && control->IsPlaced() &&
                 (align == alNone || control->getVisible())) {
                 found.push_back(control);
             }

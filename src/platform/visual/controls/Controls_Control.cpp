@@ -257,21 +257,40 @@ void TControl::SetParentComponent(Classes::TComponent* parent)
     }
 }
 
+bool TControl::IsPlaced() const
+{
+    static const TAnchors usual{akLeft, akTop};
+    return mAlign != alNone || mAnchors != usual;
+}
+
+template <class Change>
+void TControl::ChangePlacing(Change change)
+{
+    const bool wasPlaced = IsPlaced();
+    change();
+    if (mParent != nullptr) {
+        mParent->mPlacedCount += static_cast<int>(IsPlaced()) - static_cast<int>(wasPlaced);
+    }
+}
+
 void TControl::setAlign(TAlign align)
 {
     if (align == mAlign) {
         return;
     }
-    mAlign = align;
+    ChangePlacing([&] { mAlign = align; });
     if (align == alNone) {
         KeepAnchorBase();
     }
-    RequestAlign();
+    // The others take the room that it leaves, though it is none of those that are placed any more.
+    if (mParent != nullptr) {
+        align == alNone ? mParent->Realign() : RequestAlign();
+    }
 }
 
 void TControl::setAnchors(const TAnchors& anchors)
 {
-    mAnchors = anchors;
+    ChangePlacing([&] { mAnchors = anchors; });
     KeepAnchorBase();
 }
 

@@ -271,6 +271,11 @@ private:
     void TakeParentBiDiMode();
     /// Remembers from which bounds and which size of the parent the anchors count.
     void KeepAnchorBase();
+    /// Whether the parent places the control, by its alignment or its anchors.
+    bool IsPlaced() const;
+    /// Makes a change of what `IsPlaced` looks at, which the parent keeps a count of.
+    template <class Change>
+    void ChangePlacing(Change change);
     /// Where the anchors put the control in a parent of that size.
     Types::TRect GetAnchored(int parentWidth, int parentHeight) const;
     /// Holds the size within its limits; false if it can't be taken.

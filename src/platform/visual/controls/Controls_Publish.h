@@ -16,7 +16,8 @@ namespace Controls
 //             .Property(u"Value", &TGauge::getValue, &TGauge::setValue)
 //             .Build();
 
-/// Place in the parent, colour, font, hint, visibility, and the events of the mouse.
+/// Place in the parent, colour, font, hint, visibility, and the events of the mouse. It also says that the
+/// class does nothing when others come to its owner; one that does says `HearsInsertions(true)` behind it.
 template <class T>
 System::GClassBuilder<T> PublishControl(System::GClassBuilder<T> builder)
 {
@@ -54,7 +55,8 @@ System::GClassBuilder<T> PublishControl(System::GClassBuilder<T> builder)
         .Property(u"OnMouseLeave", &T::OnMouseLeave)
         .Property(u"OnMouseMove", &T::OnMouseMove)
         .Property(u"OnMouseUp", &T::OnMouseUp)
-        .Property(u"OnResize", &T::OnResize);
+        .Property(u"OnResize", &T::OnResize)
+        .HearsInsertions(false);
     return builder;
 }
 

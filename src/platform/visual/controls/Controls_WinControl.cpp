@@ -136,23 +136,29 @@ void TWinControl::TakeIn(TControl& control)
         mGraphics.push_back(&control);
     }
     control.mParent = this;
+    mPlacedCount += static_cast<int>(control.IsPlaced());
 }
 
 void TWinControl::TakeOut(TControl& control)
 {
-    // Called by the control's destructors too, when it is no longer known for a windowed one.
+    // The one to leave is most often the last: the search begins there.
     const auto remove = [&control](auto& list) {
         const auto found = std::find(list.rbegin(), list.rend(), &control);
         if (found != list.rend()) {
             list.erase(std::next(found).base());
         }
     };
-    remove(mGraphics);
-    remove(mWindows);
-    remove(mTabList);
+    // In its destructor a windowed one is still known for it, and after that has no parent.
+    if (dynamic_cast<TWinControl*>(&control) != nullptr) {
+        remove(mWindows);
+        remove(mTabList);
+    } else {
+        remove(mGraphics);
+    }
     if (mAlignedFor == &control) {
         mAlignedFor = nullptr;
     }
+    mPlacedCount -= static_cast<int>(control.IsPlaced());
     control.mParent = nullptr;
     TellOfControl(CM_CONTROLLISTCHANGE, &control, false);
 }

@@ -269,6 +269,8 @@ private:
     TControl* mAlignedFor = nullptr;
     int mAlignLevel = 0;
     int mBorderWidth = 0;
+    /// How many controls in here this one places.
+    int mPlacedCount = 0;
     /// The order that a design gave; -1 for none.
     int mDesignedTabOrder = -1;
     bool mIsAligning = false;

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/visual/forms/Classes_DataModule.h"
 
+#include "platform/host/Host_CurrentThread.h"
+#include "platform/runtime/classes/Classes_Synchronize.h"
 #include "platform/runtime/filer/Classes_Filer.h"
 #include "platform/runtime/filer/Classes_Reader.h"
 #include "platform/runtime/filer/Classes_Writer.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/visual/forms/Forms_Application.h"
+#include "platform/visual/forms/Forms_Screen.h"
 #include "platform/visual/forms/internal/Forms_Orphans.h"
 
 #include <utility>
@@ -25,11 +28,22 @@ TMetaClass* TDataModule::ClassRecord()
     return record;
 }
 
+TDataModule::TDataModule(TComponent* owner)
+    : TComponent(owner), mIsOnScreen(GetCurrentThreadId() == System::MainThreadID)
+{
+    if (mIsOnScreen) {
+        Forms::Screen->AddDataModule(this);
+    }
+}
+
 TDataModule::~TDataModule()
 {
     Destroying();
     if (mIsWhole) {
         DoDestroy(); // NOLINT(clang-analyzer-optin.cplusplus.VirtualCall): the event is all that is meant
+    }
+    if (mIsOnScreen) {
+        Forms::Screen->RemoveDataModule(this);
     }
     DestroyComponents();
 }

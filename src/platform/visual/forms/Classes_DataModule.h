@@ -20,7 +20,7 @@ class TRS8_BTL_API TDataModule : public TComponent
     TRS8_BTL_CLASS(TDataModule, TComponent)
 
 public:
-    explicit TDataModule(TComponent* owner = nullptr) : TComponent(owner) {}
+    explicit TDataModule(TComponent* owner = nullptr);
     ~TDataModule() override;
 
     /// To be called when the module has been made completely, as `TApplication::CreateForm` does; only the
@@ -53,6 +53,7 @@ private:
     Types::TPoint mDesignOffset;
     Types::TPoint mDesignSize;
     bool mIsWhole = false;
+    bool mIsOnScreen;
 };
 
 } // namespace Classes

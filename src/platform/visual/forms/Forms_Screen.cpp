@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/visual/forms/Forms_Screen.h"
 
+#include "platform/host/Host_CurrentThread.h"
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
+#include "platform/runtime/classes/Classes_Synchronize.h"
+#include "platform/runtime/filer/Classes_Fixups.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/toolkit/Toolkit.h"
+#include "platform/visual/forms/Classes_DataModule.h"
 #include "platform/visual/forms/Forms_Form.h"
 
 #include <algorithm>
@@ -18,9 +22,40 @@ System::TMetaClass* TScreen::ClassRecord()
     return record;
 }
 
-TScreen::TScreen() = default;
+namespace
+{
+
+/// The one of that name that a reference may be set to; null if there is none.
+template <class Root>
+Classes::TComponent* FindNamed(const std::vector<Root*>& roots, const System::UnicodeString& name)
+{
+    const auto found = std::ranges::find_if(roots, [&name](const Root* root) {
+        return !root->getComponentState().Contains(Classes::csDestroying) &&
+               root->getName().CompareIC(name) == 0;
+    });
+    return found == roots.end() ? nullptr : *found;
+}
+
+/// Forms belong to the main thread; others find none.
+Classes::TComponent* FindOnScreen(const System::UnicodeString& name)
+{
+    return GetCurrentThreadId() == System::MainThreadID ? Screen->FindRoot(name) : nullptr;
+}
+
+} // namespace
+
+TScreen::TScreen()
+{
+    Classes::RegisterFindGlobalComponentProc(FindOnScreen);
+}
 
 TScreen::~TScreen() = default;
+
+Classes::TComponent* TScreen::FindRoot(const System::UnicodeString& name) const
+{
+    Classes::TComponent* const form = FindNamed(mForms, name);
+    return form != nullptr ? form : FindNamed(mDataModules, name);
+}
 
 Types::TRect TScreen::getDesktopRect() const
 {
@@ -61,6 +96,14 @@ TForm* TScreen::getForms(int index) const
     throw Classes::EListError(u"There is no form " + System::UnicodeString(index));
 }
 
+Classes::TDataModule* TScreen::getDataModules(int index) const
+{
+    if (index < 0 || index >= getDataModuleCount()) {
+        throw Classes::EListError(u"There is no data module " + System::UnicodeString(index));
+    }
+    return mDataModules[static_cast<std::size_t>(index)];
+}
+
 TForm* TScreen::getActiveForm() const
 {
     return dynamic_cast<TForm*>(mActiveForm);
@@ -78,6 +121,16 @@ void TScreen::RemoveForm(TCustomForm* form) noexcept
         mActiveForm = nullptr;
         mActiveControl = nullptr;
     }
+}
+
+void TScreen::AddDataModule(Classes::TDataModule* module)
+{
+    mDataModules.push_back(module);
+}
+
+void TScreen::RemoveDataModule(Classes::TDataModule* module) noexcept
+{
+    std::erase(mDataModules, module);
 }
 
 void TScreen::ActivationMoved(TCustomForm* form, bool isActive)

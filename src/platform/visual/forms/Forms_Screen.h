@@ -7,6 +7,11 @@
 
 #include <vector>
 
+namespace Classes
+{
+class TDataModule;
+} // namespace Classes
+
 namespace Controls
 {
 class TControl;
@@ -19,8 +24,9 @@ namespace Forms
 class TCustomForm;
 class TForm;
 
-/// The screens of the machine, as one rectangle in pixels, the forms and the mouse cursor on them. Of the
-/// main thread.
+/// The screens of the machine, as one rectangle in pixels, the forms and the mouse cursor on them, and the
+/// data modules beside. Of the main thread. Its forms and data modules are what
+/// `Classes::FindGlobalComponent` finds there by their names, but for those that are at their end.
 ///
 ///     for (int i = 0; i < Forms::Screen->getFormCount(); ++i) { Forms::Screen->getForms(i)->Hide(); }
 class TRS8_BTL_API TScreen : public Classes::TComponent
@@ -52,6 +58,14 @@ public:
     int getFormCount() const;
     TForm* getForms(int index) const;
 
+    /// All data modules that were made in the main thread, in their order; `Classes::EListError` for an index
+    /// out of range.
+    int getDataModuleCount() const noexcept { return static_cast<int>(mDataModules.size()); }
+    Classes::TDataModule* getDataModules(int index) const;
+
+    /// The form or data module of that name, case aside, that isn't at its end; null if there is none.
+    Classes::TComponent* FindRoot(const System::UnicodeString& name) const;
+
     /// The form that the user works in, or worked in last; null if there is none.
     TCustomForm* getActiveCustomForm() const noexcept { return mActiveForm; }
     TForm* getActiveForm() const;
@@ -61,10 +75,12 @@ public:
     Classes::TNotifyEvent OnActiveFormChange;
     Classes::TNotifyEvent OnActiveControlChange;
 
-    // For forms.
+    // For forms and data modules.
 
     void AddForm(TCustomForm* form);
     void RemoveForm(TCustomForm* form) noexcept;
+    void AddDataModule(Classes::TDataModule* module);
+    void RemoveDataModule(Classes::TDataModule* module) noexcept;
     void ActivationMoved(TCustomForm* form, bool isActive);
     void FocusMoved(Controls::TWinControl* control);
     /// The control is at its end.
@@ -74,6 +90,7 @@ public:
 
 private:
     std::vector<TCustomForm*> mForms;
+    std::vector<Classes::TDataModule*> mDataModules;
     TCustomForm* mActiveForm = nullptr;
     Controls::TWinControl* mActiveControl = nullptr;
     Controls::TCursor mCursor = Controls::crDefault;

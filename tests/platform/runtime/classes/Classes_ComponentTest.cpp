@@ -165,6 +165,55 @@ TEST(ComponentTest, TellsOfComingAndGoing)
     EXPECT_EQ(owner.notes.size(), 2U);
 }
 
+/// Of a class that says that it ignores what comes.
+class Deaf : public Probe
+{
+    TRS8_BTL_CLASS(Deaf, Probe)
+
+public:
+    using Probe::Probe;
+};
+
+TMetaClass* Deaf::ClassRecord()
+{
+    static TMetaClass* const record = GClassBuilder<Deaf>(u"Deaf").HearsInsertions(false).Build();
+    return record;
+}
+
+/// Derived from one, without a record of its own.
+class Hearing : public Deaf
+{
+public:
+    using Deaf::Deaf;
+};
+
+TEST(ComponentTest, SparesClassesThatIgnoreWhatComes)
+{
+    Probe owner;
+    auto* const deaf = new Deaf(&owner);
+    auto* const hearing = new Hearing(&owner);
+    auto* const inner = new Probe(deaf);
+    for (Probe* const probe : {&owner, static_cast<Probe*>(deaf), static_cast<Probe*>(hearing), inner}) {
+        probe->notes.clear();
+    }
+    auto* const item = new TComponent(&owner);
+    const auto coming = std::pair(item, opInsert);
+    EXPECT_THAT(owner.notes, ElementsAre(coming));
+    EXPECT_THAT(hearing->notes, ElementsAre(coming));
+    // It passes the news, since one within it hears them.
+    EXPECT_THAT(inner->notes, ElementsAre(coming));
+    delete inner;
+    deaf->notes.clear();
+    auto* const next = new TComponent(&owner);
+    EXPECT_THAT(deaf->notes, ElementsAre());
+    new Probe(deaf);
+    deaf->notes.clear();
+    delete next;
+    EXPECT_THAT(deaf->notes, ElementsAre(std::pair(next, opRemove)));
+    auto* const last = new TComponent(&owner);
+    EXPECT_THAT(deaf->notes, ElementsAre(std::pair(next, opRemove), std::pair(last, opInsert)));
+}
+
 TEST(ComponentTest, TellsItsFriendsOfItsEnd)
 {
     Probe watcher;

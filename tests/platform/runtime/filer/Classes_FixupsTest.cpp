@@ -55,6 +55,43 @@ TEST(FixupsTest, ReferencesCanBeGivenUp)
     EXPECT_FALSE(second->getComponentState().Contains(csFixups));
 }
 
+std::string Waiting(TComponent* root)
+{
+    TStringList names;
+    GetFixupReferenceNames(root, &names);
+    return System::ToUtf8(names.getCommaText());
+}
+
+TEST(FixupsTest, TheEndOfAComponentOrOfItsFormGivesReferencesUp)
+{
+    auto first =
+        SheetOf("object First: TSheet\n  object A: TBox\n    Buddy = Late\n  end\n  object B: TBox\n    "
+                "Buddy = Never.B\n  end\nend");
+    delete first->FindComponent(u"A");
+    EXPECT_EQ(Waiting(first.get()), "Never");
+    TComponent* const kept = first->FindComponent(u"B");
+    first->RemoveComponent(kept);
+    // It outlives the form in which it was read.
+    const std::unique_ptr<TComponent> owned(kept);
+    dynamic_cast<TBox&>(*kept).Leave();
+    first.reset();
+    EXPECT_EQ(Waiting(nullptr), "");
+    EXPECT_FALSE(kept->getComponentState().Contains(csFixups));
+}
+
+TEST(FixupsTest, PartsGiveTheirReferencesUpAlone)
+{
+    const auto sheet =
+        SheetOf("object Main: TSheet\n  Buddy = Late.A\n  Columns = <\n    item\n      Source = "
+                "Soon.B\n    end\n    item\n      Source = Never.C\n    end>\nend");
+    RemoveFixups(nullptr);
+    RemoveFixups(sheet->getColumns()->GetItem(0));
+    EXPECT_EQ(Waiting(nullptr), "Late,Never");
+    RemoveFixups(sheet.get());
+    EXPECT_EQ(Waiting(nullptr), "");
+    EXPECT_FALSE(sheet->getComponentState().Contains(csFixups));
+}
+
 TComponent* Outer = nullptr;
 
 TComponent* FindOuter(const UnicodeString&)
@@ -65,6 +102,31 @@ TComponent* FindOuter(const UnicodeString&)
 TComponent* FindNone(const UnicodeString&)
 {
     return nullptr;
+}
+
+TEST(FixupsTest, ReferencesCanWaitForAnotherForm)
+{
+    const auto other = SheetOf("object Other: TSheet\n  object A: TBox\n  end\nend");
+    const auto sheet = SheetOf("object Main: TSheet\n  Buddy = Late.A\n  object B: TBox\n    Buddy = Late\n  "
+                               "end\n  object C: TBox\n    Buddy = late.Missing\n  end\nend");
+    TStringList paths;
+    GetFixupInstanceNames(sheet.get(), u"LATE", &paths);
+    EXPECT_EQ(paths.getCommaText(), u"A,Missing");
+    Outer = other.get();
+    const auto find = [](const UnicodeString& name) {
+        return name.CompareIC(u"Other") == 0 ? Outer : nullptr;
+    };
+    RegisterFindGlobalComponentProc(find);
+    RedirectFixupReferences(other.get(), u"Late", u"Other");
+    EXPECT_EQ(sheet->Buddy, nullptr);
+    RedirectFixupReferences(sheet.get(), u"late", u"Other");
+    EXPECT_EQ(sheet->Buddy, other->FindComponent(u"A"));
+    EXPECT_EQ(static_cast<TBox*>(sheet->FindComponent(u"B"))->Buddy, other.get());
+    // What isn't in the other form stays null and is listed.
+    EXPECT_EQ(static_cast<TBox*>(sheet->FindComponent(u"C"))->Buddy, nullptr);
+    EXPECT_EQ(Waiting(nullptr), "Other");
+    UnregisterFindGlobalComponentProc(find);
+    Outer = nullptr;
 }
 
 TEST(FixupsTest, TheLastFinderThatKnowsHolds)

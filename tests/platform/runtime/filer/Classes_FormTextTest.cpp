@@ -252,6 +252,24 @@ TEST(FormTextTest, AStreamIsLeftBehindTheForm)
     }
 }
 
+TEST(FormTextTest, AResourceHasTheNameOfTheClass)
+{
+    TMemoryStream resource;
+    ObjectTextToResource(StreamOf(Whole).get(), &resource);
+    resource.setPosition(0);
+    EXPECT_EQ(TestStreamFormat(&resource), sofBinary);
+    TMemoryStream text;
+    ObjectResourceToText(&resource, &text);
+    EXPECT_EQ(text.AsView(), Whole);
+    EXPECT_EQ(resource.getPosition(), resource.getSize());
+
+    TMemoryStream inherited;
+    ObjectTextToResource(StreamOf("inherited A: TBox [2]\nend").get(), &inherited);
+    EXPECT_EQ(inherited.AsView().substr(3, 5), std::string_view("TBOX\0", 5));
+    EXPECT_THROW(ObjectResourceToText(StreamOf(Compiled(Whole)).get(), &text), EInvalidImage);
+    EXPECT_EQ(text.AsView(), Whole);
+}
+
 TEST(FormTextTest, TellsTheFormatOfAStream)
 {
     for (const auto& [bytes, format] : {std::pair("TPF0....", sofBinary),
@@ -272,6 +290,8 @@ TEST(FormTextTest, NullStreamsAreRefused)
     TMemoryStream stream;
     EXPECT_THROW(ObjectBinaryToText(nullptr, &stream), EStreamError);
     EXPECT_THROW(ObjectTextToBinary(&stream, nullptr), EStreamError);
+    EXPECT_THROW(ObjectTextToResource(&stream, nullptr), EStreamError);
+    EXPECT_THROW(ObjectResourceToText(nullptr, &stream), EStreamError);
 }
 
 } // namespace

@@ -74,6 +74,8 @@ public:
     /// Refuses what is negative.
     void setStrict(int value);
     const std::vector<TBox*>& Children() const { return mChildren; }
+    /// Leaves the parent, and is no child any more.
+    void Leave() { PutInto(nullptr); }
     /// The names of the children.
     std::string Order() const;
 

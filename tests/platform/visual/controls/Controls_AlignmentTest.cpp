@@ -89,6 +89,36 @@ TEST_F(AlignmentTest, KeepsToItsAnchors)
     }
 }
 
+TEST_F(AlignmentTest, TakesTheRoomOfOneThatIsAlignedNoMore)
+{
+    mParent.SetBounds(0, 0, 200, 100);
+    TControl* const top = Add(alTop, {0, 0, 1, 20});
+    const TControl* const client = Add(alClient, {});
+    top->setAlign(alNone);
+    EXPECT_EQ(client->getTop(), 0);
+    EXPECT_EQ(top->getBoundsRect(), (TRect{0, 0, 200, 20}));
+}
+
+TEST_F(AlignmentTest, KnowsWhetherAnyIsPlacedWhereverItComesFrom)
+{
+    TWinControl other;
+    other.SetBounds(0, 0, 50, 50);
+    mParent.SetBounds(0, 0, 200, 100);
+    TControl* const moved = Add(alNone, {0, 0, 10, 10});
+    moved->setAnchors({akLeft, akTop, akRight});
+    moved->setParent(&other);
+    other.setWidth(70);
+    EXPECT_EQ(moved->getWidth(), 30);
+    moved->setParent(nullptr);
+    moved->setAnchors({akLeft, akTop});
+    moved->setAlign(alClient);
+    moved->setParent(&mParent);
+    EXPECT_EQ(moved->getBoundsRect(), (TRect{0, 0, 200, 100}));
+    delete moved;
+    const TControl* const late = Add(alTop, {0, 0, 1, 5});
+    EXPECT_EQ(late->getWidth(), 200);
+}
+
 TEST_F(AlignmentTest, HoldsSizesWithinTheirLimits)
 {
     mParent.SetBounds(0, 0, 200, 100);

@@ -38,7 +38,7 @@ TComponent* FindLocalTarget(const TReference& reference);
 void SetReference(const TReference& reference, TComponent* target);
 /// Keeps a reference to another form until that is there.
 void KeepReference(TReference&& reference);
-/// Forgets what `component`, which is being destroyed, has to refer to.
+/// Forgets what `component`, which is being destroyed, has to refer to, and what was read within it.
 void ForgetReferences(const TComponent& component) noexcept;
 
 } // namespace Classes

@@ -149,12 +149,20 @@ public:
 protected:
     void Edited(int start, int removed, int added) override;
     void CreateParams(Controls::TCreateParams& params) override;
+    int WidthOf(int place, int length) const override;
+    int RowHeight(const TRow& row) const override;
+    Types::TPoint RowRoom(int begin) const override;
+    Classes::TAlignment RowAlignment(int begin) const override;
+    void PaintRow(Graphics::TCanvas& canvas, Types::TPoint at, const TRow& row) override;
 
 private:
     friend class TTextAttributes;
     friend class TParaAttributes;
 
     const TCharFormat& SelFormat() const;
+    /// The space above and below the base line that the characters of a row need.
+    Types::TPoint RowExtent(const TRow& row) const;
+    void PaintBullet(Graphics::TCanvas& canvas, Types::TPoint at, const TRow& row, int ascent);
     /// The selection, as far as the paragraphs that it touches reach.
     Types::TPoint ParagraphRange() const;
     void TakeFont();

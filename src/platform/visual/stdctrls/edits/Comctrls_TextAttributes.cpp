@@ -138,7 +138,7 @@ TConsistentAttributes TTextAttributes::getConsistentAttributes() const
         }
     };
     const int start = mEdit->getSelStart();
-    mEdit->mChars.VisitRange(start, start + mEdit->getSelLength(), [&](const TCharFormat& format) {
+    mEdit->mChars.VisitRange(start, start + mEdit->getSelLength(), [&](const TCharFormat& format, int, int) {
         const auto hasSame = [&](Graphics::TFontStyle style) {
             return format.style.Contains(style) == first.style.Contains(style);
         };

@@ -34,6 +34,7 @@ struct TCharFormat
 struct TParaFormat
 {
     Classes::TAlignment alignment = Classes::taLeftJustify;
+    /// That of the first row comes to that of all.
     int firstIndent = 0;
     int leftIndent = 0;
     int rightIndent = 0;
@@ -126,16 +127,18 @@ public:
         mRuns = std::move(changed.mRuns);
     }
 
-    /// Calls `visit` with each run that has a unit within the range.
+    /// Calls `visit` with the format of each run that has a unit within the range, and where its units in
+    /// there begin and end.
     template <class Visit>
     void VisitRange(int start, int end, Visit visit) const
     {
         int place = 0;
         for (const TRun& run : mRuns) {
-            if (Overlap(place, place + run.length, start, end) > 0) {
-                visit(run.format);
+            const int runEnd = place + run.length;
+            if (Overlap(place, runEnd, start, end) > 0) {
+                visit(run.format, place > start ? place : start, runEnd < end ? runEnd : end);
             }
-            place += run.length;
+            place = runEnd;
         }
     }
 

@@ -321,6 +321,7 @@ void TCustomEdit::Dispatch(void* record)
     case CM_TEXTCHANGED:
         TWinControl::Dispatch(record);
         ShowSelectionInWindow();
+        Invalidate();
         Change();
         return;
     case CM_FONTCHANGED:
@@ -369,7 +370,6 @@ void TCustomEdit::setPasswordChar(WideChar character)
     if (character != mTraits.passwordChar) {
         mTraits.passwordChar = character;
         ShowTraitsInWindow();
-        Invalidate();
     }
 }
 
@@ -385,7 +385,6 @@ void TCustomEdit::setHideSelection(bool isOn)
 {
     mTraits.hidesSelection = isOn;
     ShowTraitsInWindow();
-    Invalidate();
 }
 
 void TCustomEdit::setAlignment(Classes::TAlignment alignment)
@@ -393,7 +392,6 @@ void TCustomEdit::setAlignment(Classes::TAlignment alignment)
     if (alignment != mAlignment) {
         mAlignment = alignment;
         ShowTraitsInWindow();
-        Invalidate();
     }
 }
 
@@ -412,7 +410,6 @@ void TCustomEdit::setTextHint(const UnicodeString& hint)
 {
     mTraits.hint = hint;
     ShowTraitsInWindow();
-    Invalidate();
 }
 
 Toolkits::TEditTraits TCustomEdit::EditTraits() const
@@ -427,6 +424,7 @@ void TCustomEdit::ShowTraitsInWindow()
 {
     if (GetWindow() != nullptr) {
         GetWindow()->SetEditTraits(EditTraits());
+        Invalidate();
     }
 }
 

@@ -169,15 +169,24 @@ protected:
     /// The height of the font's lines.
     int LineHeight() const;
     int TextWidth(const System::UnicodeString& text) const;
-    /// Draws a piece of one line that begins at `place` of the text, the selection in other colours.
-    void PaintPiece(Graphics::TCanvas& canvas, Types::TPoint at, int place,
-                    const System::UnicodeString& text) const;
-    /// How many units of `text` end before the distance from its beginning.
-    int UnitsWithin(const System::UnicodeString& text, int distance) const;
+    /// How wide `length` units of one line are drawn.
+    virtual int WidthOf(int place, int length) const;
+    /// Draws units of one line in the font of the canvas, those of the selection in other colours than
+    /// `color`.
+    void PaintPiece(Graphics::TCanvas& canvas, Types::TPoint at, int place, int length,
+                    Graphics::TColor color) const;
+    /// The colour of the control's font, or that of what can't be used.
+    Graphics::TColor TextColor() const;
+    /// How many of `length` units from the place on are no wider than the distance.
+    int UnitsFitting(int place, int length, int distance) const;
+    /// As `UnitsFitting`, but counts one that lies nearer to the distance than to its beginning.
+    int UnitsWithin(int place, int length, int distance) const;
     /// The first place of a line that is seen, `first` as far as the caret then is too.
     int FirstSeenFor(int first, int caret) const;
-    /// As much of the text from the place on, up to `end`, as could be seen at once.
-    System::UnicodeString PieceFrom(int place, int end) const;
+    /// How many units from the place on, up to `end`, could be seen at once in one line.
+    int SeenLength(int place, int end) const;
+    /// What an alignment leaves empty in front of a text of a width, in a room.
+    static int AlignmentSpace(Classes::TAlignment alignment, int width, int room);
 
     bool CanAutoSize(int& width, int& height) override;
     void CreateParams(Controls::TCreateParams& params) override;
@@ -201,9 +210,9 @@ private:
     bool DispatchEdit(unsigned message);
     void PaintOn(Toolkits::PaintDevice& device);
     void TextReplaced();
-    /// How many pixels before the text an alignment leaves empty.
-    int AlignmentSpace(const System::UnicodeString& shown) const;
-    System::UnicodeString SeenPiece() const;
+    /// Where a text of a width begins.
+    int TextLeft(int width) const;
+    int SeenLength() const;
 
     CEditBuffer mBuffer;
     Toolkits::TEditTraits mTraits;

@@ -206,25 +206,36 @@ TRect TCustomEdit::TextRect() const
     return {inset, inset, std::max(client.Right - inset, inset), std::max(client.Bottom - inset, inset)};
 }
 
-int TCustomEdit::UnitsWithin(const UnicodeString& text, int distance) const
+int TCustomEdit::WidthOf(int place, int length) const
+{
+    return TextWidth(ShownText(mBuffer.getText().SubString(place + 1, length)));
+}
+
+int TCustomEdit::UnitsFitting(int place, int length, int distance) const
 {
     int low = 0;
-    int high = text.Length();
+    int high = length;
     while (low < high) {
         const int middle = low + (high - low + 1) / 2;
-        if (TextWidth(text.SubString(1, middle)) <= distance) {
+        if (WidthOf(place, middle) <= distance) {
             low = middle;
         } else {
             high = middle - 1;
         }
     }
-    if (low == text.Length() || distance < 0) {
-        return low;
+    return low;
+}
+
+int TCustomEdit::UnitsWithin(int place, int length, int distance) const
+{
+    const int count = UnitsFitting(place, length, distance);
+    if (count == length || distance < 0) {
+        return count;
     }
     // The nearer side of the character that is hit.
-    const int left = TextWidth(text.SubString(1, low));
-    const int right = TextWidth(text.SubString(1, low + 1));
-    return distance - left > right - distance ? low + 1 : low;
+    const int left = WidthOf(place, count);
+    const int right = WidthOf(place, count + 1);
+    return distance - left > right - distance ? count + 1 : count;
 }
 
 namespace
@@ -238,31 +249,36 @@ int MostUnits(int width)
 
 } // namespace
 
-UnicodeString TCustomEdit::PieceFrom(int place, int end) const
+int TCustomEdit::SeenLength(int place, int end) const
 {
-    const int length = std::min(end - place, MostUnits(TextRect().Width()));
-    return ShownText(mBuffer.getText().SubString(place + 1, length));
+    return std::min(end - place, MostUnits(TextRect().Width()));
 }
 
-UnicodeString TCustomEdit::SeenPiece() const
+int TCustomEdit::SeenLength() const
 {
     mFirstSeen = std::min(mFirstSeen, mBuffer.Length());
-    return PieceFrom(mFirstSeen, mBuffer.Length());
+    return SeenLength(mFirstSeen, mBuffer.Length());
 }
 
-int TCustomEdit::AlignmentSpace(const UnicodeString& shown) const
+int TCustomEdit::AlignmentSpace(Classes::TAlignment alignment, int width, int room)
 {
-    const int space = TextRect().Width() - TextWidth(shown);
-    if (mAlignment == Classes::taLeftJustify || space <= 0) {
+    const int space = room - width;
+    if (alignment == Classes::taLeftJustify || space <= 0) {
         return 0;
     }
-    return mAlignment == Classes::taCenter ? space / 2 : space;
+    return alignment == Classes::taCenter ? space / 2 : space;
+}
+
+int TCustomEdit::TextLeft(int width) const
+{
+    const TRect area = TextRect();
+    return area.Left + AlignmentSpace(mAlignment, width, area.Width());
 }
 
 int TCustomEdit::PlaceAt(TPoint place) const
 {
-    const UnicodeString shown = SeenPiece();
-    return mFirstSeen + UnitsWithin(shown, place.X - TextRect().Left - AlignmentSpace(shown));
+    const int length = SeenLength();
+    return mFirstSeen + UnitsWithin(mFirstSeen, length, place.X - TextLeft(WidthOf(mFirstSeen, length)));
 }
 
 int TCustomEdit::FirstSeenFor(int first, int caret) const
@@ -272,8 +288,7 @@ int TCustomEdit::FirstSeenFor(int first, int caret) const
     int high = caret;
     while (low < high) {
         const int middle = low + (high - low) / 2;
-        const UnicodeString piece = mBuffer.getText().SubString(middle + 1, caret - middle);
-        if (TextWidth(ShownText(piece)) <= width) {
+        if (WidthOf(middle, caret - middle) <= width) {
             high = middle;
         } else {
             low = middle + 1;
@@ -289,14 +304,20 @@ void TCustomEdit::ScrollCaret()
     }
 }
 
-void TCustomEdit::PaintPiece(Graphics::TCanvas& canvas, TPoint at, int place, const UnicodeString& text) const
+Graphics::TColor TCustomEdit::TextColor() const
+{
+    return getEnabled() ? GetShownFont().getColor() : Graphics::clGrayText;
+}
+
+void TCustomEdit::PaintPiece(Graphics::TCanvas& canvas, TPoint at, int place, int length,
+                             Graphics::TColor color) const
 {
     const bool isSelectionSeen = Focused() || !mTraits.hidesSelection;
-    const int length = text.Length();
+    const UnicodeString text = ShownText(mBuffer.getText().SubString(place + 1, length));
     const int begin = std::clamp(mBuffer.SelStart() - place, 0, length);
     const int end = std::clamp(mBuffer.SelStart() + mBuffer.SelLength() - place, 0, length);
     canvas.getBrush()->setStyle(Graphics::bsClear);
-    canvas.getFont()->setColor(getEnabled() ? GetShownFont().getColor() : Graphics::clGrayText);
+    canvas.getFont()->setColor(color);
     canvas.TextOut(at.X, at.Y, text);
     if (!isSelectionSeen || begin == end) {
         return;
@@ -304,7 +325,7 @@ void TCustomEdit::PaintPiece(Graphics::TCanvas& canvas, TPoint at, int place, co
     canvas.getBrush()->setColor(Graphics::clHighlight);
     canvas.getBrush()->setStyle(Graphics::bsSolid);
     canvas.getFont()->setColor(Graphics::clHighlightText);
-    canvas.TextOut(at.X + TextWidth(text.SubString(1, begin)), at.Y, text.SubString(begin + 1, end - begin));
+    canvas.TextOut(at.X + WidthOf(place, begin), at.Y, text.SubString(begin + 1, end - begin));
 }
 
 void TCustomEdit::PaintText(Graphics::TCanvas& canvas)
@@ -313,11 +334,11 @@ void TCustomEdit::PaintText(Graphics::TCanvas& canvas)
     if (mBuffer.Length() == 0) {
         canvas.getBrush()->setStyle(Graphics::bsClear);
         canvas.getFont()->setColor(Graphics::clGrayText);
-        canvas.TextOut(area.Left + AlignmentSpace(mTraits.hint), area.Top, mTraits.hint);
+        canvas.TextOut(TextLeft(TextWidth(mTraits.hint)), area.Top, mTraits.hint);
         return;
     }
-    const UnicodeString shown = SeenPiece();
-    PaintPiece(canvas, {area.Left + AlignmentSpace(shown), area.Top}, mFirstSeen, shown);
+    const int length = SeenLength();
+    PaintPiece(canvas, {TextLeft(WidthOf(mFirstSeen, length)), area.Top}, mFirstSeen, length, TextColor());
 }
 
 void TCustomEdit::PaintOn(Toolkits::PaintDevice& device)

@@ -2,8 +2,6 @@
 #include "platform/visual/stdctrls/edits/Stdctrls_Memo.h"
 
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
-#include "platform/visual/controls/Controls_WindowActs.h"
-#include "platform/visual/graphics/Graphics_Canvas.h"
 #include "platform/visual/stdctrls/edits/Stdctrls_PublishEdit.h"
 #include "platform/visual/stdctrls/edits/internal/Stdctrls_MemoLines.h"
 
@@ -16,7 +14,6 @@ using System::UnicodeString;
 using System::WideChar;
 using System::Word;
 using Types::TPoint;
-using Types::TRect;
 
 System::TMetaClass* TCustomMemo::ClassRecord()
 {
@@ -46,7 +43,7 @@ void TCustomMemo::setLines(Classes::TStrings* lines)
 
 void TCustomMemo::SetText(const UnicodeString& text)
 {
-    mTopLine = 0;
+    mTop = 0;
     mFirstColumn = 0;
     TCustomEdit::SetText(WithUsualBreaks(text));
 }
@@ -174,38 +171,6 @@ bool TCustomMemo::ActOnChar(WideChar character)
         return mWantTabs;
     }
     return TCustomEdit::ActOnChar(character);
-}
-
-void TCustomMemo::ScrollCaret()
-{
-    if (!getShowing() || Controls::WindowActs(*this)) {
-        return;
-    }
-    const TPoint caret = getCaretPos();
-    mTopLine = std::clamp(mTopLine, std::max(caret.Y - PageLines() + 1, 0), caret.Y);
-    const int begin = Buffer().LineBegin(caret.Y);
-    mFirstColumn = FirstSeenFor(begin + mFirstColumn, begin + caret.X) - begin;
-}
-
-int TCustomMemo::PlaceAt(TPoint place) const
-{
-    const TRect area = TextRect();
-    const int row = std::max(place.Y - area.Top, 0) / std::max(LineHeight(), 1);
-    const int line = std::min(mTopLine + row, Buffer().LineCount() - 1);
-    const int first = std::min(Buffer().LineBegin(line) + mFirstColumn, Buffer().LineEnd(line));
-    return first + UnitsWithin(PieceFrom(first, Buffer().LineEnd(line)), place.X - area.Left);
-}
-
-void TCustomMemo::PaintText(Graphics::TCanvas& canvas)
-{
-    const TRect area = TextRect();
-    const int height = std::max(LineHeight(), 1);
-    const int last = std::min(mTopLine + PageLines() + 1, Buffer().LineCount());
-    for (int line = mTopLine; line < last; ++line) {
-        const int first = std::min(Buffer().LineBegin(line) + mFirstColumn, Buffer().LineEnd(line));
-        PaintPiece(canvas, {area.Left, area.Top + (line - mTopLine) * height}, first,
-                   PieceFrom(first, Buffer().LineEnd(line)));
-    }
 }
 
 System::TMetaClass* TMemo::ClassRecord()

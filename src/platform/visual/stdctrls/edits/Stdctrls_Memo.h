@@ -6,6 +6,7 @@
 #include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
 
 #include <memory>
+#include <optional>
 
 namespace Stdctrls
 {
@@ -38,7 +39,7 @@ public:
     /// None at first.
     TScrollStyle getScrollBars() const noexcept { return mScrollBars; }
     void setScrollBars(TScrollStyle bars);
-    /// Whether long lines are wrapped where the window acts by itself; on at first.
+    /// Whether long lines are wrapped to be seen, which a horizontal bar makes needless; on at first.
     bool getWordWrap() const noexcept { return mWordWrap; }
     void setWordWrap(bool isOn);
     /// Whether the Enter key begins a line, rather than pressing the form's default button; on at first.
@@ -59,8 +60,22 @@ protected:
     int LineBegin(int place) const override;
     int LineEnd(int place) const override;
     int PageLines() const override;
+    /// What is seen in one row: a line, or as much of it as there is room for.
+    struct TRow
+    {
+        int begin = 0;
+        int end = 0;
+    };
+
     void PaintText(Graphics::TCanvas& canvas) override;
     int PlaceAt(Types::TPoint place) const override;
+    /// How high a row is, and where it begins and ends in the area of the text if it is wrapped.
+    virtual int RowHeight(const TRow& row) const;
+    virtual Types::TPoint RowRoom(int begin) const;
+    /// How a line is aligned in the room of its rows.
+    virtual Classes::TAlignment RowAlignment(int begin) const;
+    /// Draws units of a row.
+    virtual void PaintRow(Graphics::TCanvas& canvas, Types::TPoint at, const TRow& row);
     void ScrollCaret() override;
     void CreateParams(Controls::TCreateParams& params) override;
     bool WantsKey(System::Word key, Classes::TShiftState shift) const override;
@@ -70,9 +85,22 @@ protected:
 private:
     friend class CMemoLines;
 
+    bool IsWrapped() const;
+    /// The rows of a line begin anew with each part of it.
+    TRow PartAround(int place) const;
+    TRow RowFrom(int begin) const;
+    TRow RowAround(int place) const;
+    /// Nothing in front of the first and behind the last row.
+    std::optional<TRow> RowBefore(const TRow& row) const;
+    std::optional<TRow> RowBehind(const TRow& row) const;
+    /// What of a row could be seen, and where that begins.
+    TRow SeenOf(const TRow& row) const;
+    int LeftOf(const TRow& seen) const;
+
     std::unique_ptr<Classes::TStrings> mLines;
-    int mTopLine = 0;
-    /// How much of each line is left of what is seen.
+    /// A place in the first row that is seen.
+    int mTop = 0;
+    /// How much of each line is left of what is seen, where none is wrapped.
     int mFirstColumn = 0;
     TScrollStyle mScrollBars = ssNone;
     bool mWordWrap = true;

@@ -115,6 +115,14 @@ void TTabSheet::setTabVisible(bool isVisible)
     }
 }
 
+void TTabSheet::setImageIndex(int index)
+{
+    mImageIndex = index;
+    if (TPageControl* const control = getPageControl()) {
+        control->TabsChanged();
+    }
+}
+
 void TTabSheet::setHighlighted(bool isOn)
 {
     mHighlighted = isOn;
@@ -169,6 +177,7 @@ System::TMetaClass* TPageControl::ClassRecord()
             .Property(u"ActivePage", &TPageControl::getActivePage, &TPageControl::setActivePage)
             .Property(u"HotTrack", &TPageControl::getHotTrack, &TPageControl::setHotTrack,
                       {.defaultValue = 0})
+            .Property(u"Images", &TPageControl::getImages, &TPageControl::setImages)
             .Property(u"MultiLine", &TPageControl::getMultiLine, &TPageControl::setMultiLine,
                       {.defaultValue = 0})
             .Property(u"Style", &TPageControl::getStyle, &TPageControl::setStyle, {.defaultValue = tsTabs})
@@ -390,6 +399,12 @@ System::UnicodeString TPageControl::GetTabText(int index) const
 {
     const TTabSheet* const page = FindTab(index);
     return page == nullptr ? System::UnicodeString() : page->getCaption();
+}
+
+int TPageControl::GetTabImage(int index) const
+{
+    const TTabSheet* const page = FindTab(index);
+    return page == nullptr ? -1 : page->getImageIndex();
 }
 
 int TPageControl::GetTabIndex() const

@@ -28,9 +28,10 @@ public:
     /// Whether the page has a tab to be seen, on at first. The page of a tab that goes makes way for another.
     bool getTabVisible() const noexcept { return mTabVisible; }
     void setTabVisible(bool isVisible);
-    /// The number of the picture in the tab; -1, as at first, for none.
+    /// The number of the picture in the tab, among those of the page control's `Images`; -1, as at first, for
+    /// none.
     int getImageIndex() const noexcept { return mImageIndex; }
-    void setImageIndex(int index) noexcept { mImageIndex = index; }
+    void setImageIndex(int index);
     /// Whether the tab is drawn as one that asks for attention.
     bool getHighlighted() const noexcept { return mHighlighted; }
     void setHighlighted(bool isOn);
@@ -94,6 +95,7 @@ protected:
     void SetTabIndex(int index) override;
     int GetTabCount() const override;
     System::UnicodeString GetTabText(int index) const override;
+    int GetTabImage(int index) const override;
     void GetChildren(const Classes::TGetChildProc& proc, Classes::TComponent* root) override;
     void SetChildOrder(Classes::TComponent* child, int order) override;
 

@@ -3,6 +3,7 @@
 
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
+#include "platform/visual/controls/Controls_FormHost.h"
 #include "platform/visual/graphics/Graphics_Canvas.h"
 #include "platform/visual/graphics/Graphics_DrawText.h"
 #include "platform/visual/stdctrls/panels/Extctrls_Frame3D.h"
@@ -36,6 +37,8 @@ namespace
 /// Between a tab's edge and its text, on both sides together.
 constexpr int TabPaddingAcross = 12;
 constexpr int TabPaddingDown = 6;
+/// Between a tab's picture and its text.
+constexpr int PictureMargin = 4;
 /// Between the tabs and the pages, and around these.
 constexpr int PageMargin = 4;
 
@@ -68,9 +71,32 @@ TCustomTabControl::TCustomTabControl(Classes::TComponent* owner) : TCustomContro
 {
     setTabStop(true);
     SetBounds(0, 0, 289, 193);
+    mImages.OnChange = [this](System::TObject*) { PicturesChanged(); };
 }
 
 TCustomTabControl::~TCustomTabControl() = default;
+
+void TCustomTabControl::setImages(Controls::TImageList* images)
+{
+    mImages.setSender(images);
+    TabsChanged();
+}
+
+void TCustomTabControl::PicturesChanged()
+{
+    if (IsDestroying()) {
+        return;
+    }
+    // The list may be at its end, and what is placed anew calls handlers.
+    try {
+        TabsChanged();
+    } catch (...) {
+        if (Controls::ApplicationLinks().HandleException == nullptr) {
+            throw;
+        }
+        Controls::ApplicationLinks().HandleException(this);
+    }
+}
 
 void TCustomTabControl::setTabHeight(int height)
 {
@@ -90,13 +116,43 @@ void TCustomTabControl::TabsChanged()
     Realign();
 }
 
+int TCustomTabControl::ShownImage(int index) const
+{
+    const int image = getImages() == nullptr ? -1 : GetTabImage(index);
+    return image >= 0 && image < getImages()->getCount() ? image : -1;
+}
+
+Types::TSize TCustomTabControl::GetContentSize(int index) const
+{
+    Types::TSize size = getCanvas()->TextExtent(GetTabText(index));
+    if (ShownImage(index) >= 0) {
+        size.cx += getImages()->getWidth() + PictureMargin;
+        size.cy = std::max(size.cy, getImages()->getHeight());
+    }
+    return size;
+}
+
 int TCustomTabControl::GetTabExtent(int index) const
 {
-    const Types::TSize text = getCanvas()->TextExtent(GetTabText(index));
     if (IsUpright()) {
-        return mTabHeight > 0 ? mTabHeight : text.cy + TabPaddingDown;
+        return mTabHeight > 0 ? mTabHeight : GetContentSize(index).cy + TabPaddingDown;
     }
-    return mTabWidth > 0 ? mTabWidth : text.cx + TabPaddingAcross;
+    return mTabWidth > 0 ? mTabWidth : GetContentSize(index).cx + TabPaddingAcross;
+}
+
+int TCustomTabControl::GetTabDepth() const
+{
+    const int given = IsUpright() ? mTabWidth : mTabHeight;
+    if (given > 0) {
+        return given;
+    }
+    int depth = IsUpright() ? 0 : getCanvas()->TextHeight(u"0") + TabPaddingDown;
+    const int count = GetTabCount();
+    for (int i = 0; i < count; ++i) {
+        const Types::TSize size = GetContentSize(i);
+        depth = std::max(depth, IsUpright() ? size.cx + TabPaddingAcross : size.cy + TabPaddingDown);
+    }
+    return depth;
 }
 
 const TCustomTabControl::TLayout& TCustomTabControl::GetLayout() const
@@ -110,7 +166,6 @@ const TCustomTabControl::TLayout& TCustomTabControl::GetLayout() const
     const int room = IsUpright() ? getHeight() : getWidth();
     int place = 0;
     int row = 0;
-    int widest = 0;
     for (int i = mMultiLine ? 0 : mFirstTab; i < count; ++i) {
         const int extent = std::min(GetTabExtent(i), std::max(room, 1));
         if (mMultiLine && place > 0 && place > room - extent) {
@@ -120,13 +175,8 @@ const TCustomTabControl::TLayout& TCustomTabControl::GetLayout() const
         layout->tabs[static_cast<std::size_t>(i)] = {row, place, place + extent};
         place += extent;
     }
-    for (int i = 0; IsUpright() && mTabWidth == 0 && i < count; ++i) {
-        widest = std::max(widest, getCanvas()->TextWidth(GetTabText(i)) + TabPaddingAcross);
-    }
-    const int high = mTabHeight > 0 ? mTabHeight : getCanvas()->TextHeight(u"0") + TabPaddingDown;
-    const int wide = mTabWidth > 0 ? mTabWidth : widest;
     layout->rows = count == 0 ? 0 : row + 1;
-    layout->depth = IsUpright() ? wide : high;
+    layout->depth = GetTabDepth();
     mLayout = std::move(layout);
     return *mLayout;
 }
@@ -319,6 +369,22 @@ void TCustomTabControl::ActOnMouse(const Toolkits::TMouseInput& mouse)
     ChooseTab(index);
 }
 
+void TCustomTabControl::PaintContent(int index, const TRect& rect)
+{
+    Graphics::TCanvas& canvas = *getCanvas();
+    const int image = ShownImage(index);
+    if (image < 0) {
+        TRect text = rect;
+        Graphics::DrawText(&canvas, GetTabText(index), text, DT_SINGLELINE | DT_CENTER | DT_VCENTER);
+        return;
+    }
+    const Controls::TImageList& images = *getImages();
+    const int left = rect.Left + std::max((rect.Width() - GetContentSize(index).cx) / 2, 0);
+    images.Draw(&canvas, left, rect.Top + (rect.Height() - images.getHeight()) / 2, image);
+    TRect text{left + images.getWidth() + PictureMargin, rect.Top, rect.Right, rect.Bottom};
+    Graphics::DrawText(&canvas, GetTabText(index), text, DT_SINGLELINE | DT_LEFT | DT_VCENTER);
+}
+
 void TCustomTabControl::PaintTab(int index)
 {
     TRect rect = TabRect(index);
@@ -334,7 +400,7 @@ void TCustomTabControl::PaintTab(int index)
     }
     canvas.getBrush()->setStyle(Graphics::bsClear);
     canvas.getFont()->setColor(getEnabled() ? GetShownFont().getColor() : Graphics::clGrayText);
-    Graphics::DrawText(&canvas, GetTabText(index), rect, DT_SINGLELINE | DT_CENTER | DT_VCENTER);
+    PaintContent(index, rect);
     if (isChosen && Focused()) {
         canvas.DrawFocusRect({rect.Left + 1, rect.Top + 1, rect.Right - 1, rect.Bottom - 1});
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/visual/controls/Controls_CustomControl.h"
+#include "platform/visual/graphics/Controls_ImageList.h"
 
 #include <vector>
 
@@ -58,6 +59,10 @@ public:
     bool getHotTrack() const noexcept { return mHotTrack; }
     void setHotTrack(bool isOn) noexcept { mHotTrack = isOn; }
 
+    /// The pictures that tabs show in front of their texts; null, as at first, for none.
+    Controls::TImageList* getImages() const noexcept { return mImages.getSender(); }
+    void setImages(Controls::TImageList* images);
+
     /// What is left for what the tabs stand for.
     Types::TRect getDisplayRect() const;
     /// The rows of tabs; 0 without tabs.
@@ -83,6 +88,8 @@ protected:
     /// The tabs that can be seen, and what stands in one of them.
     virtual int GetTabCount() const { return 0; }
     virtual System::UnicodeString GetTabText(int) const { return {}; }
+    /// The number of its picture; -1 for none.
+    virtual int GetTabImage(int) const { return -1; }
 
     /// Whether the user may choose another tab; asks `OnChanging`.
     virtual bool CanChange();
@@ -114,9 +121,17 @@ private:
     bool IsUpright() const noexcept { return mTabPosition == tpLeft || mTabPosition == tpRight; }
     const TLayout& GetLayout() const;
     int GetTabExtent(int index) const;
+    /// The picture that a tab shows; -1 for none, and for one that isn't there.
+    int ShownImage(int index) const;
+    /// What text and picture of a tab take.
+    Types::TSize GetContentSize(int index) const;
+    int GetTabDepth() const;
+    void PicturesChanged();
+    void PaintContent(int index, const Types::TRect& rect);
     void ShowTab(int index);
     void PaintTab(int index);
 
+    Controls::TChangeLink mImages;
     int mTabHeight = 0;
     int mTabWidth = 0;
     /// The first tab in sight of a single row.

@@ -2,6 +2,8 @@
 #include "platform/visual/stdctrls/edits/Comctrls_RichEdit.h"
 
 #include "platform/runtime/classes/Classes_Stream.h"
+#include "platform/toolkit/PaintRecording.h"
+#include "platform/toolkit/Toolkit.h"
 #include "platform/visual/stdctrls/edits/EditForm.h"
 #include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
 
@@ -116,6 +118,48 @@ TEST_F(RichEditTest, KeepsFormatsThroughEdits)
     EXPECT_EQ(At(4).getStyle(), Graphics::TFontStyles{fsBold});
     edit->getDefAttributes()->setSize(17);
     EXPECT_EQ(At(8).getSize(), 17);
+}
+
+TEST_F(RichEditTest, PaintsItsFormats)
+{
+    edit->SetBounds(0, 0, 308, 200);
+    Load("{\\rtf1{\\colortbl;\\red255;}\\fs20 ab{\\b\\fs40\\cf1 C}d\\par\\qr right\\par\\ql in}");
+    edit->setSelStart(edit->getText().Length() - 1);
+    edit->getParagraph()->setLeftIndent(72);
+    edit->getParagraph()->setFirstIndent(-36);
+    edit->getParagraph()->setNumbering(nsBullet);
+    edit->Update();
+    const UnicodeString painted = edit->GetWindow()->LastPainting()->AsText();
+    const std::string seen = System::ToUtf8(painted);
+    const auto font = [](int height, Graphics::TFontStyles styles = {}) {
+        Toolkits::TFontData data;
+        data.name = u"Tahoma";
+        data.height = height;
+        data.styles = styles;
+        return data;
+    };
+    Toolkits::Toolkit& measures = Toolkits::CurrentToolkit();
+    const auto metrics = [&](const Toolkits::TFontData& data) { return measures.FontMetrics(data); };
+    const auto width = [&](const Toolkits::TFontData& data, const char16_t* text) {
+        return measures.TextExtent(data, text).cx;
+    };
+    const Toolkits::TFontData small = font(-13);
+    const Toolkits::TFontData large = font(-26, {fsBold});
+    const auto expect = [&](int x, int y, const std::string& rest) {
+        const std::string call = "text " + std::to_string(x) + "," + std::to_string(y) + " " + rest;
+        EXPECT_NE(seen.find(call), std::string::npos) << call << "\nin\n" << seen;
+    };
+    const int ascent = metrics(large).ascent;
+    const int down = ascent - metrics(small).ascent;
+    expect(4, 4 + down, "\"ab\"");
+    expect(4 + width(small, u"ab"), 4, "\"C\"");
+    expect(4 + width(small, u"ab") + width(large, u"C"), 4 + down, "\"d\"");
+    const int second = 4 + ascent + metrics(large).descent;
+    expect(304 - width(small, u"right"), second, "\"right\"");
+    const int third = second + metrics(small).height;
+    expect(4 + 48, third, "\"\u2022\"");
+    expect(4 + 48 + 16, third, "\"in\"");
+    EXPECT_NE(seen.find("-26 bold color #FF0000"), std::string::npos) << seen;
 }
 
 TEST_F(RichEditTest, BearsBrokenText)

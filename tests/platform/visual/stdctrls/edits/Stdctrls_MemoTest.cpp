@@ -4,9 +4,14 @@
 #include "platform/runtime/classes/Classes_Exceptions.h"
 #include "platform/runtime/classes/Classes_StringList.h"
 #include "platform/toolkit/PaintRecording.h"
+#include "platform/toolkit/Toolkit.h"
+#include "platform/visual/graphics/Graphics_Font.h"
 #include "platform/visual/stdctrls/edits/EditForm.h"
 
 #include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
 
 namespace
 {
@@ -20,6 +25,28 @@ using System::UnicodeString;
 class MemoTest : public testing::Test, protected Support::TEditForm<TMemo, TEdit>
 {
 protected:
+    /// The texts that were painted, each with a bar behind.
+    std::string Painted() const
+    {
+        edit->Update();
+        std::istringstream calls(System::ToUtf8(edit->GetWindow()->LastPainting()->AsText()));
+        std::string texts;
+        for (std::string call; std::getline(calls, call);) {
+            const std::size_t begin = call.find('"');
+            if (call.starts_with("text ") && begin != std::string::npos) {
+                texts += call.substr(begin + 1, call.find('"', begin + 1) - begin - 1) + "|";
+            }
+        }
+        return texts;
+    }
+
+    /// A width that has room for so many digits in a row.
+    void MakeRoom(int digits)
+    {
+        const UnicodeString text(std::u16string(static_cast<std::size_t>(digits), u'0'));
+        edit->setWidth(Toolkits::CurrentToolkit().TextExtent(edit->GetShownFont().getData(), text).cx + 8);
+    }
+
     Classes::TStrings& lines = *edit->getLines();
 };
 
@@ -105,6 +132,68 @@ TEST_F(MemoTest, PaintsTheLinesThatAreSeenAlone)
     driver.Click(u"fEdit", {.X = 10'000, .Y = 5});
     EXPECT_GT(edit->getCaretPos().Y, 299'980);
     EXPECT_EQ(edit->getCaretPos().X, 11);
+}
+
+TEST_F(MemoTest, WrapsLinesThatAreTooLong)
+{
+    MakeRoom(5);
+    for (const auto& [text, rows] : {std::pair(u"00 00 00", "00 00 |00|"),
+                                     {u"00000   00", "00000   |00|"},
+                                     {u"000000000000", "00000|00000|00|"},
+                                     {u"00000\r\n\r\n0", "00000||0|"},
+                                     {u"", "|"}}) {
+        SCOPED_TRACE(rows);
+        edit->setText(text);
+        EXPECT_EQ(Painted(), rows);
+    }
+    // A pair isn't parted.
+    edit->setText(u"0\U0001F600\U0001F600\U0001F600\U0001F600");
+    std::string painted = Painted();
+    EXPECT_GT(std::erase(painted, '|'), 1);
+    EXPECT_EQ(painted, System::ToUtf8(edit->getText()));
+    edit->setText(u"00 00 00");
+    edit->setWordWrap(false);
+    EXPECT_EQ(Painted(), "00 00 00|");
+    edit->setWordWrap(true);
+    edit->setScrollBars(Stdctrls::ssBoth);
+    EXPECT_EQ(Painted(), "00 00 00|");
+}
+
+TEST_F(MemoTest, FindsThePlaceInAWrappedLine)
+{
+    MakeRoom(5);
+    edit->setText(u"00 00 11 11");
+    const int height = Toolkits::CurrentToolkit().FontMetrics(edit->GetShownFont().getData()).height;
+    driver.Click(u"fEdit", {.X = 5, .Y = 5 + height});
+    EXPECT_EQ(edit->getSelStart(), 6);
+    // Behind the end of a row that goes on, the caret stays in it.
+    driver.Click(u"fEdit", {.X = 1000, .Y = 5});
+    EXPECT_EQ(edit->getSelStart(), 5);
+    driver.Click(u"fEdit", {.X = 1000, .Y = 1000});
+    EXPECT_EQ(edit->getSelStart(), 11);
+    driver.Click(u"fEdit", {.X = 5, .Y = -50});
+    EXPECT_EQ(edit->getSelStart(), 0);
+}
+
+TEST_F(MemoTest, ScrollsWithinALineOfAnyLength)
+{
+    MakeRoom(5);
+    edit->setText(UnicodeString(std::u16string(1'000'000, u'1') + u"22222333"));
+    driver.Press(VK_END, {ssCtrl});
+    EXPECT_TRUE(Painted().ends_with("|11111|12222|2333|")) << Painted();
+    driver.Press(VK_HOME, {ssCtrl});
+    EXPECT_TRUE(Painted().starts_with("11111|11111|"));
+}
+
+TEST_F(MemoTest, AlignsItsRows)
+{
+    edit->setText(u"0\r\n00");
+    edit->setAlignment(Classes::taRightJustify);
+    edit->Update();
+    const Types::TSize extent = Toolkits::CurrentToolkit().TextExtent(edit->GetShownFont().getData(), u"00");
+    const UnicodeString painted = edit->GetWindow()->LastPainting()->AsText();
+    const int left = edit->getClientWidth() - 4 - extent.cx;
+    EXPECT_GT(painted.Pos(u"text " + UnicodeString(left) + u","), 0) << System::ToUtf8(painted);
 }
 
 } // namespace

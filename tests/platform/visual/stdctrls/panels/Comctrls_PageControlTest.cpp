@@ -6,6 +6,8 @@
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/visual/Forms.h"
 #include "platform/visual/controls/ProbeControl.h"
+#include "platform/visual/graphics/Graphics_Bitmap.h"
+#include "platform/visual/graphics/Graphics_Canvas.h"
 #include "testing/FormDriver.h"
 
 #include <gtest/gtest.h>
@@ -280,6 +282,41 @@ TEST_F(PageControlTest, StandsInADesign)
     EXPECT_NE(written.find("ActivePage = Memo"), std::string::npos) << written;
     EXPECT_LT(written.find("object Values"), written.find("object Memo")) << written;
     EXPECT_EQ(written.find("Visible = False"), std::string::npos) << written;
+}
+
+TEST_F(PageControlTest, ShowsPicturesInItsTabs)
+{
+    const int plain = mPages->TabRect(1).Width();
+    const int depth = mPages->getDisplayRect().Top;
+    auto images = std::make_unique<Controls::TImageList>();
+    images->setWidth(40);
+    images->setHeight(30);
+    Graphics::TBitmap bitmap(40, 30);
+    bitmap.getCanvas()->getBrush()->setColor(Graphics::clRed);
+    bitmap.getCanvas()->FillRect({0, 0, 40, 30});
+    images->Add(&bitmap);
+    mPages->setImages(images.get());
+    Page(1)->setImageIndex(0);
+    Page(2)->setImageIndex(7);
+    EXPECT_EQ(mPages->TabRect(1).Width(), plain + 40 + 4);
+    EXPECT_EQ(mPages->TabRect(2).Width(), plain);
+    EXPECT_EQ(mPages->TabRect(1).Height(), 36);
+    EXPECT_GT(mPages->getDisplayRect().Top, depth);
+
+    const auto colorAt = [this](int x, int y) {
+        Graphics::TBitmap target(300, 200);
+        mPages->PaintTo(target.getCanvas()->getHandle(), 0, 0);
+        return target.getCanvas()->getPixels(x, y);
+    };
+    const Types::TRect tab = mPages->TabRect(1);
+    const int middle = (tab.Top + tab.Bottom) / 2;
+    EXPECT_EQ(colorAt(tab.Left + 6, middle), Graphics::clRed);
+    EXPECT_EQ(colorAt(tab.Left + 45, tab.Top + 4), Graphics::clRed);
+    EXPECT_NE(colorAt(tab.Left + 47, tab.Top + 4), Graphics::clRed);
+    images.reset();
+    EXPECT_EQ(mPages->getImages(), nullptr);
+    EXPECT_EQ(mPages->TabRect(1).Width(), plain);
+    EXPECT_EQ(mPages->getDisplayRect().Top, depth);
 }
 
 } // namespace
