@@ -101,9 +101,9 @@ inline Controls::TControl* MakeGrid(Forms::TForm& form)
     auto* const grid = new Grids::TStringGrid(&form);
     grid->setRowCount(50);
     grid->setColCount(50);
-    grid->setOptions(grid->getOptions() +
-                     Grids::TGridOptions{Grids::goEditing, Grids::goColMoving, Grids::goRowMoving,
-                                         Grids::goFixedColClick, Grids::goFixedRowClick});
+    grid->setOptions(grid->getOptions() + Grids::TGridOptions{Grids::goEditing, Grids::goColMoving,
+                                                              Grids::goRowMoving, Grids::goFixedColClick,
+                                                              Grids::goFixedRowClick});
     return grid;
 }
 

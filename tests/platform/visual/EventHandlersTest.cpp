@@ -172,7 +172,10 @@ public:
                 list->getItems()->Add(u"d");
             }
         });
-        Do([&] { TForm other; other.Show(); });
+        Do([&] {
+            TForm other;
+            other.Show();
+        });
         Do([&] { mForm->Close(); });
         Do([&] { Forms::Application->ProcessMessages(); });
     }

@@ -10,9 +10,9 @@ namespace Grids
 {
 
 /// A grid of texts, each with an object that may go with it. An empty cell takes 8 bytes, 16 where there are
-/// objects, and none where nothing near to it is set. What is set beyond the counts is kept and seen once there are as many;
-/// fewer columns or rows lose nothing, but for `DeleteColumn` and `DeleteRow`. A negative column or row of a
-/// cell raises `EInvalidGridOperation`.
+/// objects, and none where nothing near to it is set. What is set beyond the counts is kept and seen once
+/// there are as many; fewer columns or rows lose nothing, but for `DeleteColumn` and `DeleteRow`. A negative
+/// column or row of a cell raises `EInvalidGridOperation`.
 ///
 ///     auto* const grid = new Grids::TStringGrid(form);
 ///     grid->setParent(form);

@@ -3,8 +3,8 @@
 
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
-#include "platform/visual/forms/Forms_Application.h"
 #include "platform/visual/data/sets/Db_DataSet.h"
+#include "platform/visual/forms/Forms_Application.h"
 
 #include <algorithm>
 
