@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "platform/visual/controls/Controls_WinControl.h"
+
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/visual/ControlKinds.h"
 #include "platform/visual/dialogs/Dialogs_OpenDialog.h"

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "platform/visual/controls/Controls_Control.h"
+
 #include "platform/visual/ControlKinds.h"
 #include "testing/FormDriver.h"
 
