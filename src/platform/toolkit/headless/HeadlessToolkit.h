@@ -70,7 +70,8 @@ public:
 
     /// Adds to the script of menus that are opened: what is chosen, by its caption without marks of keys,
     /// those of its parents in front of it with a `|` between. `std::logic_error` from `ShowMenu` for what
-    /// isn't there or can't be used. Where the script is at its end, the menu is left.
+    /// isn't there or can't be used. What waits by then is handled first, as on a screen on which a menu
+    /// stands open. Where the script is at its end, the menu is left.
     void AnswerMenu(const System::UnicodeString& path);
 
     /// From now on time stands still for timers, but for `AdvanceClock` and for a loop that waits for nothing

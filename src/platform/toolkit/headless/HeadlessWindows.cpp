@@ -80,6 +80,10 @@ int HeadlessToolkit::ShowMenu(const std::vector<TMenuEntry>& entries, Types::TPo
     }
     const System::UnicodeString choice = std::move(mChoices.front());
     mChoices.pop_front();
+    const auto isOver = std::make_shared<bool>(false);
+    Post([isOver] { *isOver = true; });
+    while (!*isOver && ProcessMessage()) {
+    }
     const TMenuEntry* const entry = FindEntry(entries, choice.AsView());
     if (entry == nullptr) {
         throw std::logic_error("The menu has nothing to choose at '" + System::ToUtf8(choice) + "'.");

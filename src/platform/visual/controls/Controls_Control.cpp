@@ -61,6 +61,19 @@ bool Contains(const TRect& rect, TPoint place) noexcept
     return place.X >= rect.Left && place.X < rect.Right && place.Y >= rect.Top && place.Y < rect.Bottom;
 }
 
+/// A place beside another one, held within what a number without an overflow of its negative can be.
+int Sum(int a, int b)
+{
+    constexpr int most = std::numeric_limits<int>::max();
+    const auto sum = static_cast<long long>(a) + b;
+    return static_cast<int>(std::clamp<long long>(sum, -most, most));
+}
+
+TPoint Sum(TPoint a, TPoint b)
+{
+    return {Sum(a.X, b.X), Sum(a.Y, b.Y)};
+}
+
 } // namespace
 
 System::TMetaClass* TControl::ClassRecord()
@@ -206,22 +219,20 @@ TPoint TControl::GetClientOrigin() const
     TPoint origin;
     for (const TControl* outer = this; outer != nullptr; outer = outer->mParent) {
         const TPoint offset = outer->GetClientOffset();
-        origin.X += outer->mLeft + offset.X;
-        origin.Y += outer->mTop + offset.Y;
+        origin = Sum(origin, {outer->mLeft + offset.X, outer->mTop + offset.Y});
     }
     return origin;
 }
 
 TPoint TControl::ClientToScreen(TPoint place) const
 {
-    const TPoint origin = GetClientOrigin();
-    return {origin.X + place.X, origin.Y + place.Y};
+    return Sum(GetClientOrigin(), place);
 }
 
 TPoint TControl::ScreenToClient(TPoint place) const
 {
     const TPoint origin = GetClientOrigin();
-    return {place.X - origin.X, place.Y - origin.Y};
+    return Sum(place, {-origin.X, -origin.Y});
 }
 
 void TControl::SetParent(TWinControl* parent)
@@ -562,7 +573,10 @@ void TControl::setPopupMenu(Menus::TPopupMenu* menu)
 
 void TControl::Notification(Classes::TComponent* component, Classes::TOperation operation)
 {
-    TComponent::Notification(component, operation);
+    // A form tells each control of each other one, and few own anything.
+    if (GetComponentCount() > 0) {
+        TComponent::Notification(component, operation);
+    }
     if (operation == Classes::opRemove && component == mPopupMenu) {
         mPopupMenu = nullptr;
     }

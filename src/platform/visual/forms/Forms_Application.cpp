@@ -144,7 +144,7 @@ void TApplication::HandleMessage()
     }
     bool isDone = true;
     if (OnIdle) {
-        OnIdle(this, isDone);
+        RunHandled([&] { OnIdle(this, isDone); });
     }
     if (isDone) {
         Toolkits::CurrentToolkit().WaitMessage();
@@ -167,15 +167,34 @@ void TApplication::Run()
 
 void TApplication::HandleException(System::TObject* sender)
 {
+    if (!OnException) {
+        return ShowCurrentException();
+    }
+    try {
+        TellException(sender);
+    } catch (...) {
+        // What the handler itself raises must not end the program.
+        ShowCurrentException();
+    }
+}
+
+void TApplication::TellException(System::TObject* sender)
+{
     try {
         throw;
     } catch (const Sysutils::EAbort&) {
     } catch (const std::exception& fault) {
-        if (OnException) {
-            OnException(sender, fault);
-        } else {
-            ShowException(fault);
-        }
+        OnException(sender, fault);
+    }
+}
+
+void TApplication::ShowCurrentException()
+{
+    try {
+        throw;
+    } catch (const Sysutils::EAbort&) {
+    } catch (const std::exception& fault) {
+        ShowException(fault);
     } catch (...) {
         MessageBox(u"An exception of an unknown kind", nullptr, MB_OK | MB_ICONSTOP);
     }

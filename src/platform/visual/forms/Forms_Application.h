@@ -96,8 +96,8 @@ public:
     /// Shows the main form, if there is one, and handles messages until `Terminate`.
     void Run();
 
-    /// To be called in a handler of any exception: gives it to `OnException`, or shows it. One of the kind
-    /// `Sysutils::EAbort` is passed over.
+    /// To be called in a handler of any exception: gives it to `OnException`, or shows it, as it does with
+    /// what that handler raises itself. One of the kind `Sysutils::EAbort` is passed over.
     void HandleException(System::TObject* sender);
     /// Calls `action` for those who can't let an exception pass, as destructors: what it raises goes to
     /// `HandleException`.
@@ -133,6 +133,9 @@ public:
 private:
     friend class TCustomForm;
 
+    /// Gives the exception that is being handled to `OnException`, or shows it.
+    void TellException(System::TObject* sender);
+    void ShowCurrentException();
     /// Ends the making; `onGone` is called if the component goes meanwhile.
     void FormCreated(Classes::TComponent* component, const System::TClosure<void()>& onGone);
     void FormDestroyed(const TCustomForm* form) noexcept;

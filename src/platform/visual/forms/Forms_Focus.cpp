@@ -33,8 +33,14 @@ void TCustomForm::FocusControl(TWinControl* control)
     const TComponentWatch watch(this);
     const bool wasActive = mIsActive;
     setActiveControl(control == this ? nullptr : control);
-    if (watch.IsAlive() && !wasActive && getShowing()) {
+    if (!watch.IsAlive()) {
+        return;
+    }
+    if (!wasActive && getShowing()) {
         SetFocus();
+    } else if (control == mActiveControl && !control->Focused() && control->GetWindow() != nullptr) {
+        // It was chosen before it had a window, as one that lies deep is while its form is shown.
+        control->GetWindow()->Focus();
     }
 }
 

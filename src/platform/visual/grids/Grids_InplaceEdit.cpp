@@ -68,15 +68,23 @@ void TInplaceEdit::UpdateContents()
     const TGridCoord cell{mGrid->getCol(), mGrid->getRow()};
     const TComponentWatch watch(this);
     setText(System::UnicodeString());
-    setEditMask(mGrid->GetEditMask(cell.X, cell.Y));
+    if (!watch.IsAlive()) {
+        return;
+    }
+    const System::UnicodeString mask = mGrid->GetEditMask(cell.X, cell.Y);
+    if (watch.IsAlive()) {
+        setEditMask(mask);
+    }
     if (!watch.IsAlive()) {
         return;
     }
     const System::UnicodeString text = mGrid->GetEditText(cell.X, cell.Y);
+    if (watch.IsAlive()) {
+        setText(text);
+    }
     if (!watch.IsAlive()) {
         return;
     }
-    setText(text);
     setMaxLength(mGrid->GetEditLimit());
     mFormerText = getText();
 }

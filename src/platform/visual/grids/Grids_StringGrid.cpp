@@ -4,10 +4,8 @@
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/runtime/classes/Classes_Update.h"
 #include "platform/visual/graphics/Graphics_Canvas.h"
+#include "platform/visual/grids/internal/Grids_CellTable.h"
 #include "platform/visual/grids/internal/Grids_FlagScope.h"
-#include "platform/visual/grids/internal/Grids_SparseArray.h"
-
-#include <limits>
 
 namespace Grids
 {
@@ -16,90 +14,18 @@ using Classes::TComponentWatch;
 using System::TObject;
 using System::UnicodeString;
 
-namespace
+/// Texts and objects apart: most grids have no objects, and those that have have few.
+struct TStringGrid::TCells
 {
+    GCellTable<UnicodeString> texts;
+    GCellTable<TObject*> objects;
 
-struct TGridCell
-{
-    UnicodeString text;
-    TObject* object = nullptr;
-
-    bool IsBlank() const noexcept { return object == nullptr && text.IsEmpty(); }
-};
-static_assert(sizeof(TGridCell) <= 16);
-
-constexpr int ColsInPage = 64;
-constexpr int RowsInPage = 1024;
-using CRow = GSparseArray<TGridCell, ColsInPage>;
-
-} // namespace
-
-/// All cells, by rows.
-class TStringGrid::CCells
-{
-public:
-    const TGridCell* Find(int col, int row) const
+    template <class Work>
+    void Each(Work work)
     {
-        CheckPlace(col, row);
-        const CRow* const cells = mRows.Find(row);
-        return cells == nullptr ? nullptr : cells->Find(col);
+        work(texts);
+        work(objects);
     }
-    /// Null for a cell without memory that is to become what it is.
-    TGridCell* ForChange(const TStringGrid& grid, int col, int row, bool isToBlank)
-    {
-        CheckPlace(col, row);
-        if (!isToBlank) {
-            return &NeedRow(row, grid.getRowCount()).Need(col, grid.getColCount());
-        }
-        CRow* const cells = mRows.Find(row);
-        return cells == nullptr ? nullptr : cells->Find(col);
-    }
-    void ClearRow(int row)
-    {
-        if (CRow* const cells = mRows.Find(row)) {
-            *cells = CRow();
-        }
-    }
-    void ClearColumn(int col)
-    {
-        mRows.ForEach([col](int, CRow& cells) {
-            if (TGridCell* const cell = cells.Find(col)) {
-                *cell = TGridCell();
-            }
-        });
-    }
-    void MoveRow(int from, int to, int count)
-    {
-        mLastRow = nullptr;
-        mRows.Move(from, to, count);
-    }
-    void MoveColumn(int from, int to, int count)
-    {
-        mRows.ForEach([=](int, CRow& cells) { cells.Move(from, to, count); });
-    }
-
-private:
-    static void CheckPlace(int col, int row)
-    {
-        constexpr int most = std::numeric_limits<int>::max();
-        if (col < 0 || row < 0 || col == most || row == most) {
-            throw EInvalidGridOperation(u"Grid index out of range");
-        }
-    }
-
-    CRow& NeedRow(int row, int count)
-    {
-        if (mLastRow == nullptr || mLastIndex != row) {
-            mLastRow = &mRows.Need(row, count);
-            mLastIndex = row;
-        }
-        return *mLastRow;
-    }
-
-    GSparseArray<CRow, RowsInPage> mRows;
-    /// The row in which a cell was set last: grids are filled row by row.
-    CRow* mLastRow = nullptr;
-    int mLastIndex = 0;
 };
 
 /// A column or row as a list.
@@ -210,7 +136,7 @@ System::TMetaClass* TStringGrid::ClassRecord()
     return record;
 }
 
-TStringGrid::TStringGrid(Classes::TComponent* owner) : TDrawGrid(owner), mCells(std::make_unique<CCells>()) {}
+TStringGrid::TStringGrid(Classes::TComponent* owner) : TDrawGrid(owner), mCells(std::make_unique<TCells>()) {}
 
 TStringGrid::~TStringGrid()
 {
@@ -219,42 +145,48 @@ TStringGrid::~TStringGrid()
 
 UnicodeString TStringGrid::getCells(int col, int row) const
 {
-    const TGridCell* const cell = mCells->Find(col, row);
-    return cell == nullptr ? UnicodeString() : cell->text;
+    const UnicodeString* const text = mCells->texts.Find(col, row);
+    return text == nullptr ? UnicodeString() : *text;
 }
 
 void TStringGrid::setCells(int col, int row, const UnicodeString& text)
 {
-    TGridCell* const cell = mCells->ForChange(*this, col, row, text.IsEmpty());
-    if (cell != nullptr && cell->text != text) {
-        cell->text = text;
-        CellChanged(col, row);
-        if (!mIsTakingEdit && col == getCol() && row == getRow()) {
-            InvalidateEditor();
-        }
+    if (Set(mCells->texts, col, row, text) && !mIsTakingEdit && col == getCol() && row == getRow()) {
+        InvalidateEditor();
     }
 }
 
 TObject* TStringGrid::getObjects(int col, int row) const
 {
-    const TGridCell* const cell = mCells->Find(col, row);
-    return cell == nullptr ? nullptr : cell->object;
+    TObject* const* const object = mCells->objects.Find(col, row);
+    return object == nullptr ? nullptr : *object;
 }
 
 void TStringGrid::setObjects(int col, int row, TObject* object)
 {
-    TGridCell* const cell = mCells->ForChange(*this, col, row, object == nullptr);
-    if (cell != nullptr && cell->object != object) {
-        cell->object = object;
-        CellChanged(col, row);
-    }
+    Set(mCells->objects, col, row, object);
 }
 
-void TStringGrid::CellChanged(int col, int row)
+template <class Table, class Value>
+bool TStringGrid::Set(Table& table, int col, int row, const Value& value)
 {
-    if (mUpdateLevel == 0) {
+    if (value == Value{}) {
+        // What isn't there gets no memory to become empty.
+        if (!table.Clear(col, row)) {
+            return false;
+        }
+    } else {
+        Value& cell = table.Need(col, row, getColCount(), getRowCount());
+        if (cell == value) {
+            return false;
+        }
+        cell = value;
+    }
+    // Where nothing is shown, as while a grid is filled, this must cost nothing.
+    if (getShowing() && mUpdateLevel == 0) {
         InvalidateCell(col, row);
     }
+    return true;
 }
 
 Classes::TStrings* TStringGrid::NeedView(CViews& views, bool isColumn, int index)
@@ -285,7 +217,7 @@ void TStringGrid::DeleteColumn(int col)
     const int last = getColCount() - 1;
     TDrawGrid::DeleteColumn(col);
     if (watch.IsAlive()) {
-        mCells->ClearColumn(last);
+        mCells->Each([last](auto& table) { table.ClearColumn(last); });
     }
 }
 
@@ -295,7 +227,7 @@ void TStringGrid::DeleteRow(int row)
     const int last = getRowCount() - 1;
     TDrawGrid::DeleteRow(row);
     if (watch.IsAlive()) {
-        mCells->ClearRow(last);
+        mCells->Each([last](auto& table) { table.ClearRow(last); });
     }
 }
 
@@ -328,14 +260,14 @@ void TStringGrid::SetEditText(int col, int row, const UnicodeString& text)
 
 void TStringGrid::ColumnMoved(int from, int to)
 {
-    mCells->MoveColumn(from, to, getColCount());
+    mCells->Each([&](auto& table) { table.MoveColumn(from, to, getColCount()); });
     Invalidate();
     TDrawGrid::ColumnMoved(from, to);
 }
 
 void TStringGrid::RowMoved(int from, int to)
 {
-    mCells->MoveRow(from, to, getRowCount());
+    mCells->Each([&](auto& table) { table.MoveRow(from, to, getRowCount()); });
     Invalidate();
     TDrawGrid::RowMoved(from, to);
 }

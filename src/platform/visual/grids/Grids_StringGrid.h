@@ -9,10 +9,10 @@
 namespace Grids
 {
 
-/// A grid of texts, each with an object that may go with it. An empty cell takes at most 16 bytes, and none
-/// where nothing near to it is set. What is set beyond the counts is kept and seen once there are as many;
-/// fewer columns or rows lose nothing, but for `DeleteColumn` and `DeleteRow`. A negative column or row of a
-/// cell raises `EInvalidGridOperation`.
+/// A grid of texts, each with an object that may go with it. An empty cell takes 8 bytes, 16 where there are
+/// objects, and none where nothing near to it is set. What is set beyond the counts is kept and seen once
+/// there are as many; fewer columns or rows lose nothing, but for `DeleteColumn` and `DeleteRow`. A negative
+/// column or row of a cell raises `EInvalidGridOperation`.
 ///
 ///     auto* const grid = new Grids::TStringGrid(form);
 ///     grid->setParent(form);
@@ -55,14 +55,16 @@ protected:
     void RowMoved(int from, int to) override;
 
 private:
-    class CCells;
+    struct TCells;
     class CLines;
     using CViews = std::map<int, std::unique_ptr<CLines>>;
 
     Classes::TStrings* NeedView(CViews& views, bool isColumn, int index);
-    void CellChanged(int col, int row);
+    /// Whether the cell changed, which then is painted soon.
+    template <class Table, class Value>
+    bool Set(Table& table, int col, int row, const Value& value);
 
-    std::unique_ptr<CCells> mCells;
+    std::unique_ptr<TCells> mCells;
     CViews mColViews;
     CViews mRowViews;
     /// While it isn't 0, many cells change, and the grid is painted once for all of them.

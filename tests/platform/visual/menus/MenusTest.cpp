@@ -129,6 +129,25 @@ TEST_F(MenuTest, OpensAndDoesWhatIsChosenIfItIsStillThere)
     EXPECT_THROW(mMenu.Popup(0, 0), std::logic_error);
 }
 
+TEST_F(MenuTest, BearsItemsThatGoWhileItIsOpen)
+{
+    int clicks = 0;
+    const auto click = [&](TObject*) { ++clicks; };
+    TMenuItem* const file = Add(u"&File");
+    Add(u"&Save", file)->OnClick = click;
+    Toolkits::CurrentToolkit().Post([&] {
+        file->Clear();
+        Add(u"&Save", file)->OnClick = click;
+    });
+    mToolkit.AnswerMenu(u"File|Save");
+    mMenu.Popup(0, 0);
+    EXPECT_EQ(clicks, 0);
+    Toolkits::CurrentToolkit().Post([&] { delete file; });
+    mToolkit.AnswerMenu(u"File|Save");
+    mMenu.Popup(0, 0);
+    EXPECT_EQ(clicks, 0);
+}
+
 TEST_F(MenuTest, BearsAClickThatDestroysItsItemOrMenu)
 {
     auto menu = std::make_unique<TPopupMenu>();

@@ -22,12 +22,12 @@ bool CHeadlessDesktop::Exists(const CHeadlessWindow* window) const
     return mWindows.contains(window);
 }
 
-void CHeadlessDesktop::Forget(CHeadlessWindow* window, bool isDirty)
+void CHeadlessDesktop::Forget(CHeadlessWindow* window, bool isWaiting)
 {
     mWindows.erase(window);
     std::erase(mForms, window);
     mInputs.Forget(window);
-    if (isDirty) {
+    if (isWaiting) {
         std::erase(mDirty, window);
     }
     if (mFocused == window) {
@@ -102,7 +102,7 @@ bool CHeadlessDesktop::PaintOne(const CHeadlessWindow* within)
     }
     CHeadlessWindow* const window = *found;
     mDirty.erase(found);
-    window->Paint();
+    window->PaintInTurn();
     return true;
 }
 
@@ -118,7 +118,7 @@ CHeadlessWindow::CHeadlessWindow(std::shared_ptr<CHeadlessDesktop> desktop, cons
 
 CHeadlessWindow::~CHeadlessWindow()
 {
-    mDesktop->Forget(this, mIsDirty);
+    mDesktop->Forget(this, mIsWaiting);
 }
 
 CHeadlessWindow* CHeadlessWindow::Form() noexcept
@@ -170,7 +170,12 @@ void CHeadlessWindow::Focus()
 
 void CHeadlessWindow::Invalidate(const Types::TRect*)
 {
-    if (mIsVisible && !std::exchange(mIsDirty, true)) {
+    if (!mIsVisible) {
+        return;
+    }
+    mIsDirty = true;
+    // One that was painted out of turn still waits for it.
+    if (!std::exchange(mIsWaiting, true)) {
         mDesktop->PaintSoon(this);
     }
 }
@@ -180,6 +185,12 @@ void CHeadlessWindow::Update()
     if (mIsVisible && mIsDirty) {
         Paint();
     }
+}
+
+void CHeadlessWindow::PaintInTurn()
+{
+    mIsWaiting = false;
+    Paint();
 }
 
 void CHeadlessWindow::Paint()

@@ -31,7 +31,8 @@ public:
 
     // For the windows.
 
-    void Forget(CHeadlessWindow* window, bool isDirty);
+    /// `isWaiting` says whether it is to be painted in its turn.
+    void Forget(CHeadlessWindow* window, bool isWaiting);
     void Activate(CHeadlessWindow* window);
     void Focus(CHeadlessWindow* window);
     /// The window is no longer there for the user.
@@ -70,7 +71,8 @@ public:
     void SetState(EWindowState state) override;
     const PaintRecording* LastPainting() const override { return &mPainting; }
 
-    void Paint();
+    /// Paints what is to be painted, when it is the window's turn.
+    void PaintInTurn();
     WindowEvents& Events() const noexcept { return *mEvents; }
     bool IsForm() const noexcept { return mIsForm; }
     bool CanBeActive() const noexcept { return mIsForm && mIsVisible && mIsEnabled; }
@@ -80,6 +82,8 @@ public:
     bool IsWithin(const CHeadlessWindow* outer) const noexcept;
 
 private:
+    void Paint();
+
     std::shared_ptr<CHeadlessDesktop> mDesktop;
     WindowEvents* mEvents;
     CHeadlessWindow* mParent;
@@ -92,6 +96,8 @@ private:
     bool mIsEnabled;
     bool mIsVisible = false;
     bool mIsDirty = false;
+    /// Whether the desktop has it among those that are painted in turn.
+    bool mIsWaiting = false;
 };
 
 } // namespace Toolkits

@@ -6,6 +6,7 @@
 #include "platform/visual/data/sets/Db_DataSource.h"
 #include "platform/visual/data/sets/Db_Field.h"
 #include "platform/visual/data/sets/internal/Db_StateScope.h"
+#include "platform/visual/forms/Forms_Application.h"
 
 #include <algorithm>
 
@@ -81,10 +82,7 @@ void TDataSet::CloseQuietly() noexcept
     const Classes::TComponentWatch watch(this);
     ReleaseStore();
     // Nobody can stop the end, whatever he raises.
-    try {
-        Notify(deUpdateState);
-    } catch (...) {
-    }
+    Forms::Application->RunHandled([this] { Notify(deUpdateState); });
     if (watch.IsAlive() && mState == dsInactive) {
         ReleaseFields();
     }

@@ -4,6 +4,7 @@
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/visual/data/sets/Db_DataSet.h"
+#include "platform/visual/forms/Forms_Application.h"
 
 #include <algorithm>
 
@@ -30,9 +31,10 @@ TDataSource::~TDataSource()
 {
     Destroying();
     OnStateChange = nullptr;
-    setDataSet(nullptr);
+    // What shows the data may tell handlers that raise.
+    Forms::Application->RunHandled([this] { setDataSet(nullptr); });
     while (!mLinks.empty()) {
-        mLinks.back()->setDataSource(nullptr);
+        Forms::Application->RunHandled([this] { mLinks.back()->setDataSource(nullptr); });
     }
 }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -11,7 +12,7 @@ namespace Grids
 {
 
 /// Items by numbers from 0, of which only those take memory that lie near to one that was set: in pages of
-/// up to `PageSize`. An item that wasn't set is as `T{}`, for which `IsBlank()` holds.
+/// up to `PageSize`. An item that wasn't set is as `T{}`.
 template <class T, int PageSize>
 class GSparseArray
 {
@@ -25,9 +26,23 @@ public:
     }
     T* Find(int index) { return const_cast<T*>(std::as_const(*this).Find(index)); }
 
+    /// Items that lie beside each other in memory.
+    struct TRun
+    {
+        int begin;
+        std::span<T> items;
+    };
+
     /// The item, which gets memory. `count` is how many there will be as far as one knows, so that they get
     /// no more than they need.
     T& Need(int index, int count)
+    {
+        const TRun run = NeedRun(index, count);
+        return run.items[static_cast<std::size_t>(index - run.begin)];
+    }
+    /// As `Need`, but with all items of its page that have memory. They stay where they are until another
+    /// call that isn't const for the same page.
+    TRun NeedRun(int index, int count)
     {
         const int number = index / PageSize;
         const auto place = static_cast<std::size_t>(index % PageSize);
@@ -35,7 +50,7 @@ public:
         if (place >= page.items.size()) {
             Grow(page.items, place + 1, static_cast<std::size_t>(std::max(count - number * PageSize, 0)));
         }
-        return page.items[place];
+        return {number * PageSize, page.items};
     }
 
     /// Calls `visit(index, item)` for each item with memory, the lowest first.
@@ -137,6 +152,14 @@ private:
         }
         return page == mPages.begin() ? -1 : LastOf(*std::prev(page));
     }
+    static bool IsBlankItem(const T& item) noexcept
+    {
+        if constexpr (requires { item.IsBlank(); }) {
+            return item.IsBlank();
+        } else {
+            return item == T{};
+        }
+    }
     static int LastOf(const TPage& page)
     {
         return page.number * PageSize + static_cast<int>(page.items.size()) - 1;
@@ -151,7 +174,7 @@ private:
         T* const place = Find(index);
         if (place != nullptr) {
             *place = std::move(item);
-        } else if (!item.IsBlank()) {
+        } else if (!IsBlankItem(item)) {
             Need(index, count) = std::move(item);
         }
     }

@@ -373,8 +373,12 @@ void TCustomComboBox::Paint()
     }
     const TRect button = ButtonRect();
     const bool isAtLeft = UseRightToLeftAlignment();
+    const Classes::TComponentWatch watch(this);
     PaintText({isAtLeft ? button.Right + 1 : 2, 2, client.Right - 2 - (isAtLeft ? 0 : button.Width()),
                client.Bottom - 2});
+    if (!watch.IsAlive()) {
+        return;
+    }
     canvas.getBrush()->setColor(Graphics::clWindowFrame);
     canvas.FrameRect(client);
     if (button.Width() > 0) {

@@ -229,7 +229,8 @@ void TCustomComboBox::MouseWentDown(const TMessage& message)
 
 bool TCustomComboBox::MouseWheel(TShiftState shift, int delta, Types::TPoint place)
 {
-    if (TCustomListControl::MouseWheel(shift, delta, place)) {
+    const TComponentWatch watch(this);
+    if (TCustomListControl::MouseWheel(shift, delta, place) || !watch.IsAlive()) {
         return true;
     }
     if (WindowActs(*this) || !Focused() || delta == 0) {

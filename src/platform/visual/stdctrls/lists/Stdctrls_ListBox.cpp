@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/visual/stdctrls/lists/Stdctrls_ListBox.h"
 
+#include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/runtime/classes/Classes_Exceptions.h"
 #include "platform/runtime/classes/Classes_Update.h"
 #include "platform/visual/controls/Controls_Publish.h"
@@ -15,6 +16,7 @@
 namespace Stdctrls
 {
 
+using Classes::TComponentWatch;
 using System::TObject;
 using System::UnicodeString;
 
@@ -101,11 +103,20 @@ bool TCustomListBox::SetItemObject(int index, TObject* object)
     return true;
 }
 
+void TCustomListBox::StopIfGone(const TComponentWatch& watch)
+{
+    if (!watch.IsAlive()) {
+        throw Sysutils::EAbort(u"The list box is gone");
+    }
+}
+
 UnicodeString TCustomListBox::DoGetData(int index) const
 {
     UnicodeString data;
     if (OnData) {
+        const TComponentWatch watch(this);
         OnData(const_cast<TCustomListBox*>(this), index, data);
+        StopIfGone(watch);
     }
     return data;
 }
@@ -114,14 +125,22 @@ TObject* TCustomListBox::DoGetDataObject(int index) const
 {
     TObject* object = nullptr;
     if (OnDataObject) {
+        const TComponentWatch watch(this);
         OnDataObject(const_cast<TCustomListBox*>(this), index, object);
+        StopIfGone(watch);
     }
     return object;
 }
 
 int TCustomListBox::DoFindData(const UnicodeString& text) const
 {
-    return OnDataFind ? OnDataFind(const_cast<TCustomListBox*>(this), text) : -1;
+    if (!OnDataFind) {
+        return -1;
+    }
+    const TComponentWatch watch(this);
+    const int index = OnDataFind(const_cast<TCustomListBox*>(this), text);
+    StopIfGone(watch);
+    return index;
 }
 
 void TCustomListBox::setSorted(bool isSorted)

@@ -9,6 +9,11 @@
 
 #include <vector>
 
+namespace Classes
+{
+class TComponentWatch;
+} // namespace Classes
+
 namespace Stdctrls
 {
 
@@ -184,6 +189,8 @@ protected:
     bool IsItemHeader(int index) const override;
 
 private:
+    /// Ends what goes on, with a quiet exception, where a handler destroyed the box that asked it.
+    static void StopIfGone(const Classes::TComponentWatch& watch);
     void ItemsChanged(System::TObject* sender);
     void TellChoice();
     void KeepTopIndex();

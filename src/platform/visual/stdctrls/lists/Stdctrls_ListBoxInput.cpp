@@ -143,7 +143,8 @@ void TCustomListBox::MouseLetGo(void* record)
 
 bool TCustomListBox::MouseWheel(TShiftState shift, int delta, Types::TPoint place)
 {
-    if (TCustomMultiSelectListControl::MouseWheel(shift, delta, place)) {
+    const TComponentWatch watch(this);
+    if (TCustomMultiSelectListControl::MouseWheel(shift, delta, place) || !watch.IsAlive()) {
         return true;
     }
     if (WindowActs(*this) || delta == 0) {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/visual/controls/Controls_WindowActs.h"
 #include "platform/visual/graphics/Graphics_Canvas.h"
 #include "platform/visual/graphics/Graphics_DrawText.h"
@@ -12,6 +13,7 @@
 namespace Stdctrls
 {
 
+using Classes::TComponentWatch;
 using Types::TRect;
 
 bool TCustomListBox::IsNative() const
@@ -106,7 +108,9 @@ int TCustomListBox::HeightOf(int index) const
     CListItem& item = mItems->ItemAt(index);
     if (item.height <= 0) {
         int height = mItemHeight;
+        const TComponentWatch watch(this);
         const_cast<TCustomListBox*>(this)->MeasureItem(index, height);
+        StopIfGone(watch);
         // Whoever measures may have changed the list.
         if (index >= GetCount()) {
             return mItemHeight;
@@ -309,6 +313,7 @@ void TCustomListBox::PaintItem(int index, const TRect& rect)
     isChosen ? state << odSelected : state;
     isFocused ? state << odFocused : state;
     getEnabled() ? state : state << odDisabled;
+    const TComponentWatch watch(this);
     const TRect rest = DrawLead(index, rect);
     canvas.setFont(const_cast<Graphics::TFont*>(&GetShownFont()));
     SetItemColors(index, isChosen);
@@ -317,7 +322,7 @@ void TCustomListBox::PaintItem(int index, const TRect& rect)
     } else {
         DrawText(index, rest);
     }
-    if (isFocused && canvas.HandleAllocated()) {
+    if (watch.IsAlive() && isFocused && canvas.HandleAllocated()) {
         canvas.DrawFocusRect(rest);
     }
 }
@@ -330,10 +335,11 @@ void TCustomListBox::Paint()
     Graphics::TCanvas& canvas = *getCanvas();
     canvas.FillRect(GetClientRect());
     const int end = mColumns > 0 ? RowsInSight() * (mColumns + 1) : ItemsInSight() + 1;
-    for (int i = 0; i < end && mTopIndex + i < GetCount(); ++i) {
+    const TComponentWatch watch(this);
+    for (int i = 0; watch.IsAlive() && i < end && mTopIndex + i < GetCount(); ++i) {
         PaintItem(mTopIndex + i, ItemRect(mTopIndex + i));
     }
-    if (mBorderStyle != Forms::bsNone) {
+    if (watch.IsAlive() && mBorderStyle != Forms::bsNone) {
         canvas.getBrush()->setColor(Graphics::clWindowFrame);
         canvas.FrameRect(GetClientRect());
     }
