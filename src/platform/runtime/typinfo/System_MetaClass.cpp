@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/typinfo/System_MetaClass.h"
 
+#include "platform/base/internal/System_Ascii.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/runtime/typinfo/Typinfo.h"
 
@@ -10,11 +11,62 @@
 namespace System
 {
 
+namespace
+{
+
+/// A name of ASCII letters in any case, which is looked up without a folded copy of it.
+struct TAnyCase
+{
+    std::u16string_view name;
+};
+
+struct TFoldedHash
+{
+    using is_transparent = void;
+
+    std::size_t operator()(std::u16string_view folded) const { return (*this)(TAnyCase{folded}); }
+    std::size_t operator()(TAnyCase text) const
+    {
+        std::size_t hash = text.name.size();
+        for (const WideChar c : text.name) {
+            hash = (hash ^ Detail::AsciiLower(c)) * 0x100000001B3U;
+        }
+        return hash ^ hash >> 32U;
+    }
+};
+
+struct TFoldedEqual
+{
+    using is_transparent = void;
+
+    bool operator()(std::u16string_view a, std::u16string_view b) const { return a == b; }
+    bool operator()(std::u16string_view folded, TAnyCase text) const
+    {
+        return std::ranges::equal(folded, text.name, {}, {}, Detail::AsciiLower<WideChar>);
+    }
+    bool operator()(TAnyCase text, std::u16string_view folded) const { return (*this)(folded, text); }
+};
+
+bool IsAscii(std::u16string_view text)
+{
+    return std::ranges::all_of(text, [](WideChar c) { return c < 0x80; });
+}
+
+} // namespace
+
 /// All names of a class and its parents, folded.
 struct TMetaClass::NameIndex
 {
     template <class T>
-    using Map = std::unordered_map<UnicodeString, T>;
+    using Map = std::unordered_map<UnicodeString, T, TFoldedHash, TFoldedEqual>;
+
+    template <class T>
+    static T Find(const Map<T>& names, std::u16string_view name)
+    {
+        const auto found =
+            IsAscii(name) ? names.find(TAnyCase{name}) : names.find(UnicodeString(name).LowerCase());
+        return found == names.end() ? T() : found->second;
+    }
 
     Map<Typinfo::TPropInfo*> properties;
     Map<TMethodAddress> methods;
@@ -77,26 +129,14 @@ Classes::TComponent* TMetaClass::Create(Classes::TComponent* owner) const
     return mDescription.createOwned ? mDescription.createOwned(owner) : nullptr;
 }
 
-namespace
+Typinfo::TPropInfo* TMetaClass::FindProperty(std::u16string_view name) const
 {
-
-template <class T>
-T Lookup(const std::unordered_map<UnicodeString, T>& names, const UnicodeString& name)
-{
-    const auto found = names.find(name.LowerCase());
-    return found == names.end() ? T() : found->second;
-}
-
-} // namespace
-
-Typinfo::TPropInfo* TMetaClass::FindProperty(const UnicodeString& name) const
-{
-    return Lookup(mIndex->properties, name);
+    return NameIndex::Find(mIndex->properties, name);
 }
 
 TMethodAddress TMetaClass::FindMethod(const UnicodeString& name) const
 {
-    return Lookup(mIndex->methods, name);
+    return NameIndex::Find(mIndex->methods, name);
 }
 
 UnicodeString TMetaClass::FindMethodName(const TMethodAddress& method) const
@@ -116,7 +156,7 @@ UnicodeString TMetaClass::FindMethodName(const TMethodAddress& method) const
 
 const TFieldInfo* TMetaClass::FindField(const UnicodeString& name) const
 {
-    return Lookup(mIndex->fields, name);
+    return NameIndex::Find(mIndex->fields, name);
 }
 
 } // namespace System

@@ -77,7 +77,7 @@ public:
     /// that a class describes again stands in the place of the parent's.
     const std::vector<Typinfo::TPropInfo*>& Properties() const noexcept { return mProperties; }
     /// The published property of that name, of this class or its parents, case aside; null if there is none.
-    Typinfo::TPropInfo* FindProperty(const UnicodeString& name) const;
+    Typinfo::TPropInfo* FindProperty(std::u16string_view name) const;
     /// The published method of this class or its parents, case aside; null if there is none.
     TMethodAddress FindMethod(const UnicodeString& name) const;
     /// The name of a published method; empty if it isn't published.
