@@ -110,6 +110,14 @@ UnicodeString FloatText(const TTypeInfo& type, System::Extended value)
                                  precisions[static_cast<std::size_t>(type.FloatType)], 0);
 }
 
+/// `StrToFloat` has the width of a `double`, which would cut what a wider property holds.
+System::Extended FloatOf(const TTypeInfo& type, const UnicodeString& text)
+{
+    long double wide = 0;
+    const bool isWide = type.FloatType != Typinfo::ftSingle && type.FloatType != Typinfo::ftDouble;
+    return isWide && Sysutils::TryStrToFloat(text, wide) ? wide : Sysutils::StrToFloat(text);
+}
+
 UnicodeString ClassText(TObject* object, const TPropInfo* info, bool showNames)
 {
     const TTypeInfo& type = *info->getPropType();
@@ -296,7 +304,7 @@ void SetPropValueFromString(TObject* object, const TPropInfo* info, const Unicod
         SetEnumByName(object, info, value);
         break;
     case Typinfo::tkFloat:
-        Typinfo::SetFloatProp(object, info, Sysutils::StrToFloat(value));
+        Typinfo::SetFloatProp(object, info, FloatOf(*info->getPropType(), value));
         break;
     case Typinfo::tkString:
     case Typinfo::tkLString:
