@@ -37,7 +37,7 @@ struct TForm
         }
         limit->setParent(frame);
         start->setCaption(u"&Start");
-        start->setBounds(10, 20, 75, 25);
+        start->SetBounds(10, 20, 75, 25);
         notes->getLines()->setCommaText(u"one,\"two words\"");
         limit->setText(u"5 \u00B5m");
         mainMenu->getItems()->Add(file);

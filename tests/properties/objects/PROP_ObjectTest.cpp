@@ -35,7 +35,7 @@ TEST(ObjectTest, TakesNameAndPropertiesOfAComponent)
     EXPECT_EQ(object.getName(), u"FormMain.Frame.Gauge");
     EXPECT_EQ(Lines(object.getProperties()), "Count=3\nSerial=4711\n");
     object.SetProperties(frame, &filter);
-    EXPECT_EQ(object.getName(), u"FormMain.Frame");
+    EXPECT_EQ(object.getName(), u"Frame");
     object.SetProperties(form, &filter);
     EXPECT_EQ(object.getName(), u"FormMain");
     EXPECT_TRUE(object.getProperties().empty());
