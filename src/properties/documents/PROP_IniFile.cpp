@@ -113,6 +113,7 @@ public:
     }
 
 protected:
+    /// Null if the user let that pass.
     ADocument* getDocument() const noexcept { return mDocument; }
 
     void WritePlan(const CPlan& plan)
@@ -186,6 +187,9 @@ public:
 
     void Read()
     {
+        if (getDocument() == nullptr) {
+            return;
+        }
         for (const UnicodeString& section : Host::ListProfileSections(getFile())) {
             if (section.CompareIC(InfoSection) != 0) {
                 ReadObject(section);
@@ -195,6 +199,9 @@ public:
 
     void Write()
     {
+        if (getDocument() == nullptr) {
+            return;
+        }
         CPlan plan;
         const CObjects& objects = getDocument()->getObjects();
         for (auto object = objects.sbegin(); object != objects.send(); ++object) {
@@ -234,6 +241,9 @@ public:
 
     void Read()
     {
+        if (getDocument() == nullptr) {
+            return;
+        }
         DiscardCache();
         for (const Host::ProfileEntry& entry : Host::ReadProfileSection(getFile(), getSection().AsView())) {
             CObject* const object = getDocument()->InsertNewObject(entry.key);
@@ -247,6 +257,9 @@ public:
 
     void Write()
     {
+        if (getDocument() == nullptr) {
+            return;
+        }
         CPlan plan;
         if (TSection* const section = plan.AddSection(getSection()); section != nullptr) {
             for (const auto& object : getDocument()->getObjects()) {

@@ -30,9 +30,9 @@ struct TForm
     TForm()
     {
         form->setCaption(u"Station");
-        for (Controls::TWinControl* const control : {static_cast<Controls::TWinControl*>(start),
-                                                     static_cast<Controls::TWinControl*>(notes),
-                                                     static_cast<Controls::TWinControl*>(frame)}) {
+        for (Controls::TWinControl* const control :
+             {static_cast<Controls::TWinControl*>(start), static_cast<Controls::TWinControl*>(notes),
+              static_cast<Controls::TWinControl*>(frame)}) {
             control->setParent(form);
         }
         limit->setParent(frame);

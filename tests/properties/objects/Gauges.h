@@ -77,27 +77,26 @@ private:
 
 inline System::TMetaClass* TGauge::ClassRecord()
 {
-    static System::TMetaClass* const record =
-        System::GClassBuilder<TGauge>(u"TGauge")
-            .Property(u"Text", &TGauge::Text)
-            .Property(u"Narrow", &TGauge::Narrow)
-            .Property(u"Count", &TGauge::Count)
-            .Property(u"Mark", &TGauge::Mark)
-            .Property(u"Active", &TGauge::Active)
-            .Property(u"Value", &TGauge::Value)
-            .Property(u"Color", &TGauge::Color)
-            .Property(u"Style", &TGauge::Style)
-            .Property(u"Ticks", &TGauge::Ticks)
-            .Property(u"Any", &TGauge::Any)
-            .Property(u"Limit", &TGauge::getLimit, &TGauge::setLimit)
-            .Property(u"Serial", &TGauge::getSerial)
-            .Property(u"Lines", &TGauge::getLines)
-            .Property(u"Notes", &TGauge::getNotes)
-            .Property(u"Channels", &TGauge::getChannels)
-            .Property(u"Font", &TGauge::getFont)
-            .Property(u"Next", &TGauge::Next)
-            .Property(u"OnChange", &TGauge::OnChange)
-            .Build();
+    static System::TMetaClass* const record = System::GClassBuilder<TGauge>(u"TGauge")
+                                                  .Property(u"Text", &TGauge::Text)
+                                                  .Property(u"Narrow", &TGauge::Narrow)
+                                                  .Property(u"Count", &TGauge::Count)
+                                                  .Property(u"Mark", &TGauge::Mark)
+                                                  .Property(u"Active", &TGauge::Active)
+                                                  .Property(u"Value", &TGauge::Value)
+                                                  .Property(u"Color", &TGauge::Color)
+                                                  .Property(u"Style", &TGauge::Style)
+                                                  .Property(u"Ticks", &TGauge::Ticks)
+                                                  .Property(u"Any", &TGauge::Any)
+                                                  .Property(u"Limit", &TGauge::getLimit, &TGauge::setLimit)
+                                                  .Property(u"Serial", &TGauge::getSerial)
+                                                  .Property(u"Lines", &TGauge::getLines)
+                                                  .Property(u"Notes", &TGauge::getNotes)
+                                                  .Property(u"Channels", &TGauge::getChannels)
+                                                  .Property(u"Font", &TGauge::getFont)
+                                                  .Property(u"Next", &TGauge::Next)
+                                                  .Property(u"OnChange", &TGauge::OnChange)
+                                                  .Build();
     return record;
 }
 

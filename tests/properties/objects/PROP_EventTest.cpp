@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "properties/objects/PROP_Event.h"
 
-#include "properties/objects/Gauges.h"
 #include "platform/visual/stdctrls/buttons/Stdctrls_Button.h"
+#include "properties/objects/Gauges.h"
 
 #include <gtest/gtest.h>
 

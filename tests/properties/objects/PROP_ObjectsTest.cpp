@@ -110,12 +110,12 @@ TEST(ObjectsTest, TakeATreeOfComponents)
     TDesk desk;
     CObjects all;
     all.AddObjects(&desk.desk, nullptr);
-    EXPECT_EQ(Names(all), "Desk B Desk.B.C A ");
+    EXPECT_EQ(Names(all), "Desk B B.C A ");
     CObjects of;
     desk.filter.getNotClasses() << u"TGauge";
     of.AddObjects(&desk.desk, &desk.filter);
     EXPECT_TRUE(of.empty());
-    EXPECT_EQ(all.Find(desk.c)->getName(), u"Desk.B.C");
+    EXPECT_EQ(all.Find(desk.c)->getName(), u"B.C");
     EXPECT_EQ(all.Find(desk.nameless), nullptr);
     EXPECT_THROW(static_cast<void>(all.Find(desk.c->getFont())), UTL::XAssert);
 
@@ -130,7 +130,7 @@ TEST(ObjectsTest, AreAppliedToTheComponentsOfTheirNames)
 {
     TDesk desk;
     CObjects objects;
-    objects.AddObject(new CObject(u"Desk.B.C", UnicodeString(u"Count(3)")));
+    objects.AddObject(new CObject(u"B.C", UnicodeString(u"Count(3)")));
     objects.AddObject(new CObject(u"A", UnicodeString(u"Count(1)")));
     objects.AddObject(new CObject(u"Desk", UnicodeString(u"Count(9)")));
     objects.AddObject(new CObject(u"Nobody", UnicodeString(u"Count(9)")));
@@ -156,7 +156,7 @@ TEST(ObjectsTest, TellWhatChanged)
     CObjects changes;
     changes.AddObject(new CObject(u"former"));
     former.GetDifferenceOf(present, changes);
-    EXPECT_EQ(Names(changes), "Desk.B.C A ");
+    EXPECT_EQ(Names(changes), "B.C A ");
     EXPECT_EQ(Lines(changes.Find(u"A")->getProperties()), "Text=new\nCount=5\n");
     former.GetDifferenceOf(former, former);
     EXPECT_TRUE(former.empty());
