@@ -145,9 +145,9 @@ TEST_F(DocumentFileTest, IsAsItWasIfItCantBeWritten)
 /// More than lists and values of the platform's profile functions hold.
 TEST_F(DocumentFileTest, HasNoLimitOfLength)
 {
-    const UnicodeString value(std::u16string(5'000'000, u'v'));
+    const UnicodeString value(std::u16string(100'000, u'v'));
     CDocument document;
-    constexpr int count = 5'000;
+    constexpr int count = 2'500;
     for (int i = 0; i < count; ++i) {
         document.InsertNewObject(u"FormMain.FrameOfThatForm.ComponentNo" + UnicodeString(i))
             ->AddProperty(u"Text", UnicodeString(i));

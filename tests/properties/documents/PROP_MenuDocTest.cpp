@@ -149,7 +149,7 @@ TEST_F(MenuDocTest, EndsAChainOfAnyLength)
     Menus::TMenuItem parent;
     parent.Add(Sample::Made<Menus::TMenuItem>(&parent, u"mnBelow"));
     parent.GetItem(0)->Add(Sample::Made<Menus::TMenuItem>(&parent, u"mnDeep"));
-    for (int i = 0; i < 50'000; ++i) {
+    for (int i = 0; i < 20'000; ++i) {
         CMenuDoc* const current = last;
         current->AddMenuItems(&parent, last);
         last->getObjects().clear();
