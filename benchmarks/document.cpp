@@ -141,7 +141,7 @@ CPairs TakeQt(const QObject& object, const QSet<QByteArray>& names)
 /// As many properties as ours has of each control.
 CSnapshot TakeQt(const QDialog& form)
 {
-    static const QSet<QByteArray> names = {"text", "x",       "y",        "width",
+    static const QSet<QByteArray> names = {"text",   "x",       "y",       "width",
                                            "height", "toolTip", "visible", "windowTitle"};
     CSnapshot snapshot;
     for (const QObject* const control : form.children()) {

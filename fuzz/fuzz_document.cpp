@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/UTL_ASRT_Assert.h"
 #include "platform/host/Host_Path.h"
+#include "platform/host/profile/internal/Host_ProfileText.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"
 #include "platform/runtime/typinfo/Typinfo.h"
 #include "platform/visual/forms/Forms_Form.h"
@@ -53,6 +54,9 @@ std::string Storable(const PROP::CObjects& objects)
         PROP::CProperties properties;
         object->second->GetProperties(properties);
         for (const PROP::CProperty& property : properties) {
+            if (!Host::IsStorable({object->first, property.getName(), property.getValue()})) {
+                continue;
+            }
             text += System::ToUtf8(object->first + u'\n' + property.ToString() + u'\n');
         }
     }
