@@ -41,8 +41,8 @@ UnicodeString GetComponentName(TComponent* component)
         return {};
     }
     const TComponent* const owner = component->getOwner();
-    const bool hasPath = owner != nullptr && owner->getOwner() != nullptr && !owner->getName().IsEmpty() &&
-                         !component->getName().IsEmpty();
+    const TComponent* const upper = owner == nullptr ? nullptr : owner->getOwner();
+    const bool hasPath = upper != nullptr && !upper->getName().IsEmpty() && !owner->getName().IsEmpty();
     return hasPath ? BTL::GetNamePath(component) : component->getName();
 }
 

@@ -16,6 +16,7 @@ class TMetaClass;
 
 // Components by the names that documents know.
 //
+//     PROP::GetComponentName(button);                             // "BtnStart", directly on the form
 //     PROP::GetComponentName(edit);                               // "FormMain.FrameData.EditName"
 //     PROP::GetChildNames(form, System::ClassOf<Stdctrls::TEdit>(), list);
 
@@ -29,8 +30,8 @@ TRS8_BTL_API void GetChildNames(Classes::TComponent* owner, System::TMetaClass* 
                                 Classes::TStrings* list);
 
 /// The name by which a document knows the component: `BTL::GetNamePath` if its owner has an owner and both of
-/// them have names, else the bare name. So what stands directly on a form of the application has its bare
-/// name. Null is an internal fault and gives the empty text if the user lets that pass.
+/// these have names, else the bare name. So what stands directly on a form of the application, which has no
+/// name, has its bare one. Null is an internal fault and gives the empty text if the user lets that pass.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString GetComponentName(Classes::TComponent* component);
 
 } // namespace PROP

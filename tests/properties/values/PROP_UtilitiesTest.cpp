@@ -35,8 +35,11 @@ TEST(PropUtilitiesTest, NamesComponentsAsDocumentsDo)
     auto* const frame = Make<TComponent>(form, "Frame");
     auto* const edit = Make<TComponent>(frame, "Edit");
     EXPECT_EQ(GetComponentName(form), u"Main") << "the application has no owner";
-    EXPECT_EQ(GetComponentName(frame), u"Main.Frame");
+    EXPECT_EQ(GetComponentName(frame), u"Frame") << "the application has no name";
     EXPECT_EQ(GetComponentName(edit), u"Main.Frame.Edit");
+    application.setName(u"App");
+    EXPECT_EQ(GetComponentName(form), u"Main");
+    EXPECT_EQ(GetComponentName(frame), u"Main.Frame");
     auto* const nameless = Make<TComponent>(frame, "");
     EXPECT_EQ(GetComponentName(nameless), u"");
     EXPECT_EQ(GetComponentName(Make<TComponent>(nameless, "Below")), u"Below");
