@@ -142,8 +142,8 @@ private:
 /// The document of a menu: caption and shortcut of each item that has a name. Each menu has a section, the
 /// topmost one "MAIN_MENU_ITEMS", all others that of the item which they open from, with a key for each item.
 ///
-///     PROP::CMenuDoc(mainMenu).SetAndWrite(nullptr);              // [MAIN_MENU_ITEMS]
-///     mnSave=["&Save","Ctrl+S"] PROP::CMenuDoc(mainMenu).ReadAndApply();
+///     PROP::CMenuDoc(mainMenu).SetAndWrite(nullptr);              // mnSave=["&Save","Ctrl+S"]
+///     PROP::CMenuDoc(mainMenu).ReadAndApply();
 ///
 /// A menu that is written, read and applied is as it was, but that an item without a caption is an internal
 /// fault when it is applied. Names of items must be unique in the file.

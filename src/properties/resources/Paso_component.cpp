@@ -3,11 +3,11 @@
 
 #include "languages/boxes/Btl_messagebox.h"
 #include "platform/runtime/typinfo/System_MetaClass.h"
+#include "properties/objects/PROP_Event.h"
 #include "properties/resources/Paso_create.h"
 #include "properties/resources/Paso_readcomponentres.h"
 #include "properties/resources/Paso_setclasstype.h"
 #include "properties/resources/internal/Paso_designbase.h"
-#include "properties/resources/internal/Paso_events.h"
 
 #include <limits>
 #include <memory>
@@ -68,7 +68,7 @@ void DeleteComponent(TComponent* component)
         if (TMetaClass* const base = DesignBaseOf(component->ClassType()); base != nullptr) {
             SetClassType(component, base);
         }
-        ClearEvents(*component);
+        PROP::ClearEvents(component, true);
         SetDesigning(component, true, true);
     } catch (const std::exception& fault) {
         component->SetClassType(shown);

@@ -10,8 +10,7 @@ namespace Pasu_buildobject
 /// forms and data modules are followed by `AfterConstruction`. It belongs to `owner` or, if that is null, to
 /// the caller. Null for null, an abstract class and one that is none of components.
 ///
-///     Classes::TComponent* const frame = Pasu_buildobject::BuildObject(System::ClassOf<TLimitsFrame>(),
-///     form);
+///     auto* const frame = Pasu_buildobject::BuildObject(System::ClassOf<TLimitsFrame>(), form);
 [[nodiscard]] TRS8_BTL_API Classes::TComponent* BuildObject(System::TMetaClass* type,
                                                             Classes::TComponent* owner);
 

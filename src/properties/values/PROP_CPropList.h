@@ -35,6 +35,7 @@ public:
     CPropList& operator=(const CPropList&) = delete;
     ~CPropList();
 
+    /// How many there are.
     int GetCount() const noexcept { return mCount; }
     /// The record at the 0-based index, which must be below the count: it isn't looked at.
     Typinfo::TPropInfo* getItem(int index) const { return mList[static_cast<std::size_t>(index)]; }

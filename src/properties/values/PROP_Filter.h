@@ -16,8 +16,9 @@ namespace PROP
 ///
 ///     PROP::CFilter filter;
 ///     filter.getProperties().setCommaText(u"Caption,Hint,Columns");
-///     filter.getItemProperties() << u"Title";                     // of the items of the collection
-///     "Columns" filter.getNotClasses() << u"TSplitter"; const PROP::CPropList texts(form, &filter);
+///     filter.getItemProperties() << u"Title";                     // of the items in "Columns"
+///     filter.getNotClasses() << u"TSplitter";
+///     const PROP::CPropList texts(form, &filter);
 class TRS8_BTL_API CFilter
 {
 public:
