@@ -51,7 +51,13 @@ void AAuto_FormCreator::CreateForm(bool showSplash)
     const CWaitForDataSplash splash(showSplash);
     const CHourGlassCursor busy(true);
     mOwned = mOwned || !HasMainForm();
-    DoCreateForm(mOwned);
+    try {
+        DoCreateForm(mOwned);
+    } catch (...) {
+        // A form whose handler raised as it was made is there all the same.
+        Watch();
+        throw;
+    }
     Watch();
 }
 

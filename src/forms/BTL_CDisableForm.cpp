@@ -17,10 +17,21 @@ CDisableForm::CDisableForm(Forms::TForm* form)
     }
     mForm = form;
     mWatch.emplace(form);
-    form->setEnabled(false);
+    try {
+        form->setEnabled(false);
+    } catch (...) {
+        // Nobody calls the destructor of what wasn't made.
+        Restore();
+        throw;
+    }
 }
 
 CDisableForm::~CDisableForm()
+{
+    Restore();
+}
+
+void CDisableForm::Restore()
 {
     if (mWatch.has_value() && mWatch->IsAlive()) {
         Forms::Application->RunHandled([this] { mForm->setEnabled(true); });

@@ -13,8 +13,8 @@ class TForm;
 namespace BTL
 {
 
-/// A scope in which a form is out of use, unless it was so before. What handlers raise at its end goes to the
-/// application.
+/// A scope in which a form is out of use, unless it was so before. What handlers raise at its begin comes
+/// out, and the form is of use again; at its end it goes to the application.
 ///
 ///     {
 ///         const BTL::CDisableForm disabled(mainForm);
@@ -32,6 +32,8 @@ public:
     ~CDisableForm();
 
 private:
+    void Restore();
+
     /// Null if it isn't this that disabled one.
     Forms::TForm* mForm = nullptr;
     std::optional<Classes::TComponentWatch> mWatch;

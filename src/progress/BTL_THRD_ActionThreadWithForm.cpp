@@ -5,6 +5,7 @@
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/forms/Forms_Form.h"
+#include "platform/visual/forms/Forms_Screen.h"
 
 #include <memory>
 #include <utility>
@@ -13,6 +14,22 @@ namespace BTL
 {
 
 using Forms::TCustomForm;
+
+namespace
+{
+
+/// Whether there is a form at this address; of the main thread.
+bool Exists(const TCustomForm* form)
+{
+    for (int i = 0; i < Forms::Screen->getCustomFormCount(); ++i) {
+        if (Forms::Screen->getCustomForms(i) == form) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
 
 System::TMetaClass* TActionThreadWithForm::ClassRecord()
 {
@@ -57,9 +74,15 @@ void TActionThreadWithForm::CloseForm(int modalResult)
 
 void TActionThreadWithForm::CloseForm(TCustomForm* form, int modalResult)
 {
-    if (form != nullptr) {
-        Synchronize([form, modalResult] { form->setModalResult(modalResult); });
+    if (form == nullptr) {
+        return;
     }
+    Synchronize([form, modalResult] {
+        // It may have gone while the thread waited.
+        if (Exists(form)) {
+            form->setModalResult(modalResult);
+        }
+    });
 }
 
 } // namespace BTL

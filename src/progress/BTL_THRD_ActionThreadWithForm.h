@@ -48,7 +48,8 @@ public:
     /// Sets the `ModalResult` of the thread's own form, in the main thread, which ends a `ShowModal` that
     /// runs there; waits for that. Nothing happens if there is no form, or none any more.
     void CloseForm(int modalResult);
-    /// As for the own form, but of any other, which must still be there then. Null does nothing.
+    /// As for the own form, but of any other; one that goes before the main thread comes to it is left alone.
+    /// Null does nothing.
     void CloseForm(Forms::TCustomForm* form, int modalResult);
 
 private:

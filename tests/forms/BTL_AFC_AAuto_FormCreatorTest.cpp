@@ -46,6 +46,32 @@ System::TMetaClass* TMadeForm::ClassRecord()
     return record;
 }
 
+/// Raises as it is made, or destroys itself.
+class TFailingForm : public Forms::TForm
+{
+    TRS8_BTL_CLASS(TFailingForm, Forms::TForm)
+
+public:
+    explicit TFailingForm(Classes::TComponent* owner = nullptr) : TForm(owner)
+    {
+        OnCreate = [this](System::TObject*) {
+            if (!isRaising) {
+                delete this;
+                return;
+            }
+            throw Sysutils::Exception(u"no");
+        };
+    }
+
+    static inline bool isRaising = true;
+};
+
+System::TMetaClass* TFailingForm::ClassRecord()
+{
+    static System::TMetaClass* const record = System::GClassBuilder<TFailingForm>(u"TFailingForm").Build();
+    return record;
+}
+
 class FormCreatorTest : public testing::Test
 {
 protected:
@@ -126,6 +152,20 @@ TEST_F(FormCreatorTest, TheVariableHearsOfTheEndOfTheForm)
     EXPECT_EQ(mForm, nullptr);
     creator.CreateForm();
     EXPECT_EQ(TMadeForm::count, 1);
+}
+
+TEST_F(FormCreatorTest, TheVariableIsTrueAlsoIfTheCreationFails)
+{
+    TFailingForm* form = nullptr;
+    GAuto_FormCreator<TFailingForm> creator(form, false, false);
+    EXPECT_THROW(creator.CreateForm(), Sysutils::Exception);
+    ASSERT_NE(form, nullptr) << "its handler raised, but it is there";
+    delete form;
+    EXPECT_EQ(form, nullptr);
+    TFailingForm::isRaising = false;
+    creator.CreateForm();
+    EXPECT_EQ(form, nullptr);
+    TFailingForm::isRaising = true;
 }
 
 TEST_F(FormCreatorTest, ShowsTheFormModally)

@@ -2,6 +2,7 @@
 #include "forms/BTL_CDisableForm.h"
 
 #include "platform/visual/Forms.h"
+#include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
 #include "support/ScriptedBoxes.h"
 
 #include <gtest/gtest.h>
@@ -30,6 +31,19 @@ TEST(DisableFormTest, DisablesAFormForAScope)
         const BTL::CDisableForm active;
         EXPECT_FALSE(form.getEnabled());
     }
+    EXPECT_TRUE(form.getEnabled());
+}
+
+TEST(DisableFormTest, DisablesNothingIfAHandlerRaises)
+{
+    const Support::ScriptedBoxes toolkit;
+    Forms::TForm form;
+    auto* const edit = new Stdctrls::TEdit(&form);
+    edit->setParent(&form);
+    form.Show();
+    edit->SetFocus();
+    edit->OnExit = [](System::TObject*) { throw Sysutils::Exception(u"no"); };
+    EXPECT_THROW(const BTL::CDisableForm disabled(&form), Sysutils::Exception);
     EXPECT_TRUE(form.getEnabled());
 }
 

@@ -68,9 +68,11 @@ TEST(ActionThreadWithFormTest, TheFormMayGoFirst)
 {
     const Support::ScriptedBoxes boxes;
     auto form = std::make_unique<Forms::TForm>();
+    Forms::TForm* const address = form.get();
     std::atomic<bool> isDone = false;
     TWorker worker(form.get(), [&](TWorker& self) {
         self.CloseForm(mrOk);
+        self.CloseForm(address, mrOk);
         isDone = true;
     });
     form.reset();

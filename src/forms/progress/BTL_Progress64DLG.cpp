@@ -49,19 +49,3 @@ void TProgress64DLG::SetProgressBarPosition(Int64 position)
     const Int64 onBar = mScaleDivisor == 0 ? position : Thousandfold(position, mScaleDivisor);
     fProgressBar->setPosition(static_cast<int>(std::clamp<Int64>(onBar, 0, MaxOfBar)));
 }
-
-bool TProgress64DLG::IncPositionModulo(int modulo)
-{
-    const Int64 step = std::max(modulo, 1);
-    if (step * 10 > mMax) {
-        IncPosition(1);
-        return true;
-    }
-    ++mPosition;
-    if (mPosition % step != 0) {
-        return false;
-    }
-    SetProgressBarPosition(mPosition);
-    PositionChanged();
-    return true;
-}

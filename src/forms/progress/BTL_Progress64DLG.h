@@ -23,10 +23,6 @@ public:
     void setMax(System::Int64 max) override;
     System::Int64 getProgressPosition() const override { return mPosition; }
     void SetProgressBarPosition(System::Int64 position) override;
-    /// One step of a fast loop: the message loop runs and the bar moves at each multiple of `modulo` alone,
-    /// and at each step if there are fewer than ten of those up to the maximum. True if it did. A `modulo`
-    /// below 1 counts as 1.
-    bool IncPositionModulo(int modulo);
 
 protected:
     void KeepPosition(System::Int64 position) override { mPosition = position; }

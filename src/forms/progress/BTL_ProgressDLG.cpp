@@ -60,10 +60,10 @@ void TProgressDLG::SetProgressBarPosition(Int64 position)
 
 void TProgressDLG::SetPositionDelayed(int position, unsigned duration, unsigned interval)
 {
-    const int distance = position - GetPosition();
-    if (duration == 0 || distance <= 0) {
+    if (duration == 0 || GetPosition() >= position) {
         return SetPosition(position);
     }
+    const int distance = position - GetPosition();
     const unsigned pause = std::max(interval, 1U);
     const auto ticks =
         static_cast<int>(std::clamp<unsigned>(duration / pause, 1, static_cast<unsigned>(distance)));
@@ -71,6 +71,7 @@ void TProgressDLG::SetPositionDelayed(int position, unsigned duration, unsigned 
     fTimer->setInterval(pause);
     mTarget = position;
     mStep = distance / ticks;
+    mIsGliding = true;
     fTimer->setEnabled(true);
 }
 
@@ -80,13 +81,18 @@ void TProgressDLG::TimerTick(TObject* sender)
     if (OnTick) {
         OnTick(sender);
     }
-    if (!watch.IsAlive() || GetPosition() >= mTarget) {
+    // The event may have cancelled. And where nothing glides, the timer is the program's own.
+    if (!watch.IsAlive() || !fTimer->getEnabled() || (!mIsGliding && GetPosition() >= mTarget)) {
         return;
     }
     fTimer->setEnabled(false);
-    Glide();
+    mIsGliding = true;
+    if (GetPosition() < mTarget) {
+        Glide();
+    }
     if (watch.IsAlive()) {
-        fTimer->setEnabled(!getUserCancel() && GetPosition() < std::min(mTarget, GetMax()));
+        mIsGliding = mIsGliding && GetPosition() < std::min(mTarget, GetMax());
+        fTimer->setEnabled(mIsGliding);
     }
 }
 
@@ -97,6 +103,9 @@ void TProgressDLG::Glide()
         IncPosition(mStep);
     } catch (EProgressException) {
         // The work isn't on the stack here: its own next step tells it.
+        if (watch.IsAlive()) {
+            mIsGliding = false;
+        }
         return;
     }
     if (watch.IsAlive() && GetPosition() > mTarget) {
@@ -119,5 +128,6 @@ void TProgressDLG::StepBy(int delta)
 void TProgressDLG::Cancelled()
 {
     TProgressForm::Cancelled();
+    mIsGliding = false;
     fTimer->setEnabled(false);
 }

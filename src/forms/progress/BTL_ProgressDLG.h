@@ -41,7 +41,7 @@ public:
     void SetPosition(int position) { setPosition(System::Int64(position)); }
 
     /// Lets the bar glide to `position` within `duration` milliseconds, a step at each `interval`; at once
-    /// for a `duration` of 0 or a bar that is there already. Cancel stops it.
+    /// for a `duration` of 0 or a bar that is there already. An `interval` of 0 counts as 1. Cancel stops it.
     void SetPositionDelayed(int position, unsigned duration, unsigned interval);
     /// Moves the bar by its own step, or by `delta`.
     void StepIt();
@@ -82,6 +82,7 @@ public:
     void SetShowLines(bool isShown) { setShowLines(isShown); }
 
 protected:
+    void KeepPosition(System::Int64 position) override { SetProgressBarPosition(position); }
     void Cancelled() override;
 
 private:
@@ -90,4 +91,6 @@ private:
 
     int mTarget = 0;
     int mStep = 1;
+    /// From `SetPositionDelayed` up to the goal, or Cancel.
+    bool mIsGliding = false;
 };

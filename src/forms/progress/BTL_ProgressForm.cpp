@@ -13,6 +13,7 @@
 #include "platform/visual/stdctrls/panels/Comctrls_ProgressBar.h"
 #include "platform/visual/stdctrls/panels/Extctrls_Panel.h"
 #include "progress/BTL_HourGlassCursor.h"
+#include "progress/model/internal/BTL_ProgressSteps.h"
 
 #include <algorithm>
 #include <array>
@@ -63,6 +64,7 @@ System::TMetaClass* TProgressForm::ClassRecord()
                                                   .Method(u"FormClose", &TProgressForm::FormClose)
                                                   .Method(u"FormShow", &TProgressForm::FormShow)
                                                   .Method(u"FormHide", &TProgressForm::FormHide)
+                                                  .Method(u"ButtonsResize", &TProgressForm::ButtonsResize)
                                                   .Build();
     return record;
 }
@@ -100,7 +102,7 @@ void TProgressForm::DoPrepare(Int64 max, bool throwOnCancel, bool showCancel, co
 {
     const TComponentWatch watch(this);
     mUserCancel = false;
-    mThrowOnCancel = throwOnCancel;
+    mThrowOnCancel = false;
     setMax(max);
     setPosition(0);
     if (!watch.IsAlive()) {
@@ -108,6 +110,7 @@ void TProgressForm::DoPrepare(Int64 max, bool throwOnCancel, bool showCancel, co
     }
     // What waited may have been a click that was meant for the work before.
     mUserCancel = false;
+    mThrowOnCancel = throwOnCancel;
     setCaption(caption.IsEmpty() ? Forms::Application->getTitle() : caption);
     fLabel1->setCaption(text1);
     fLabel2->setCaption(text2);
@@ -153,11 +156,19 @@ void TProgressForm::Start(Int64 max)
 void TProgressForm::Stop()
 {
     const TComponentWatch watch(this);
+    const auto hide = [&] {
+        if (watch.IsAlive()) {
+            Hide();
+        }
+    };
     SetProgressBarPosition(getMax());
-    ProcessMessages();
-    if (watch.IsAlive()) {
-        Hide();
+    try {
+        ProcessMessages();
+    } catch (...) {
+        hide();
+        throw;
     }
+    hide();
 }
 
 void TProgressForm::ThrowIfUserCancel() const
@@ -202,10 +213,26 @@ void TProgressForm::setPosition(Int64 position)
 void TProgressForm::IncPosition(int step)
 {
     const TComponentWatch watch(this);
-    setPosition(getProgressPosition() + step);
+    setPosition(BTL::AddSteps(getProgressPosition(), step));
     if (watch.IsAlive()) {
         PositionChanged();
     }
+}
+
+bool TProgressForm::IncPositionModulo(int modulo)
+{
+    const Int64 step = std::max(modulo, 1);
+    if (step * 10 > getMax()) {
+        IncPosition(1);
+        return true;
+    }
+    KeepPosition(BTL::AddSteps(getProgressPosition(), 1));
+    if (getProgressPosition() % step != 0) {
+        return false;
+    }
+    SetProgressBarPosition(getProgressPosition());
+    PositionChanged();
+    return true;
 }
 
 void TProgressForm::IncPositionExt(int step, int textIndex, const UnicodeString& text)
@@ -253,6 +280,11 @@ void TProgressForm::FormShow(TObject*)
 void TProgressForm::FormHide(TObject*)
 {
     SwitchHourglass(true);
+}
+
+void TProgressForm::ButtonsResize(TObject*)
+{
+    InitControls();
 }
 
 void TProgressForm::SwitchHourglass(bool isOn)

@@ -104,6 +104,10 @@ public:
     /// Moves the bar alone.
     virtual void SetProgressBarPosition(System::Int64 position) = 0;
     void IncPosition(int step);
+    /// One step of a fast loop: the message loop runs at each multiple of `modulo` alone, and at each step if
+    /// there are fewer than ten of those up to the maximum. True if it did. A bar that doesn't hold the
+    /// position itself moves only then, too. A `modulo` below 1 counts as 1.
+    bool IncPositionModulo(int modulo);
     /// As `IncPosition`, and `text` becomes the text of that index.
     void IncPositionExt(int step, int textIndex, const System::UnicodeString& text);
     /// As `IncPositionExt`, with the text that `System::PrintfA` or `System::Printf` makes.
@@ -156,8 +160,8 @@ public:
     void setShowLines(bool isShown);
 
 protected:
-    /// For a dialog whose bar doesn't hold the position itself.
-    virtual void KeepPosition(System::Int64 /*position*/) {}
+    /// Keeps the position where `getProgressPosition` has it from.
+    virtual void KeepPosition(System::Int64 position) = 0;
     /// The user pressed a button or closed the dialog.
     virtual void Cancelled() { mUserCancel = true; }
 
@@ -167,6 +171,7 @@ private:
     void FormClose(System::TObject* sender, Forms::TCloseAction& action);
     void FormShow(System::TObject* sender);
     void FormHide(System::TObject* sender);
+    void ButtonsResize(System::TObject* sender);
 
     /// Off while the form is shown: that tells the user enough.
     void SwitchHourglass(bool isOn);

@@ -6,6 +6,7 @@
 #include "forms/progress/BTL_ProgressDLG.h"
 #include "platform/runtime/classes/Classes_Strings.h"
 #include "platform/visual/forms/Forms_Application.h"
+#include "platform/visual/forms/Forms_Screen.h"
 
 #include <utility>
 
@@ -194,6 +195,12 @@ CProgressInfoDialog::~CProgressInfoDialog()
     if (mOwner == nullptr) {
         delete Form();
     }
+}
+
+Forms::TForm* CProgressInfoStarterModal::ActiveForm()
+{
+    Forms::TForm* const active = Forms::Screen->getActiveForm();
+    return dynamic_cast<TProgressForm*>(active) == nullptr ? active : nullptr;
 }
 
 void CProgressInfoDialog::ResetUserCancel()

@@ -77,20 +77,24 @@ private:
     std::unique_ptr<Classes::TComponentWatch> mOwnerWatch;
 };
 
-/// As `CProgressInfoStarter`, with the active form of the program out of use meanwhile.
+/// As `CProgressInfoStarter`, with the active form of the program out of use meanwhile, unless that is a
+/// dialog of progress: the user can cancel in any case.
 class TRS8_BTL_API CProgressInfoStarterModal
 {
 public:
     CProgressInfoStarterModal(const CProgressInfoStarterModal&) = delete;
     CProgressInfoStarterModal& operator=(const CProgressInfoStarterModal&) = delete;
     CProgressInfoStarterModal(AProgressInfo* info, System::Int64 max)
-        : mDisabled(std::in_place), mStarter(info, max)
+        : mDisabled(std::in_place, ActiveForm()), mStarter(info, max)
     {
     }
     /// The form can be used again before the dialog goes, so that it becomes the active one.
     ~CProgressInfoStarterModal() { mDisabled.reset(); }
 
 private:
+    /// Null for a dialog of progress.
+    static Forms::TForm* ActiveForm();
+
     /// It takes the form that is active before the dialog is.
     std::optional<CDisableForm> mDisabled;
     CProgressInfoStarter mStarter;

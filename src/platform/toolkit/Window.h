@@ -204,6 +204,8 @@ struct TWindowSettings
     System::UnicodeString name = {};
     Types::TRect bounds = {};
     bool isEnabled = true;
+    /// Whether the frame of a window on the screen has a button that asks to close it.
+    bool hasCloseButton = true;
     /// The platform's flags of style and extended style, as `TWinControl::CreateParams` left them.
     unsigned style = 0;
     unsigned exStyle = 0;

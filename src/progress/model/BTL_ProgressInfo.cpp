@@ -3,6 +3,8 @@
 
 #include "platform/runtime/classes/Classes_Strings.h"
 #include "platform/runtime/sysutils/System_Printf.h"
+#include "platform/visual/forms/Forms_Application.h"
+#include "progress/model/internal/BTL_ProgressSteps.h"
 
 #include <utility>
 
@@ -105,7 +107,7 @@ void AProgressInfo::Stop() {}
 
 void AProgressInfo::IncPosition()
 {
-    setPosition(getPosition() + 1);
+    setPosition(AddSteps(getPosition(), 1));
 }
 
 void AProgressInfo::SetProgressEndPosition()
@@ -161,15 +163,27 @@ void AProgressInfo::SetText_V(int index, const char* format, System::TVarArgs ar
 
 CProgressInfoStarter::CProgressInfoStarter(AProgressInfo* info, Int64 max) : mInfo(info)
 {
-    if (mInfo != nullptr) {
+    if (mInfo == nullptr) {
+        return;
+    }
+    try {
         mInfo->Start(max);
+    } catch (...) {
+        // It may be seen already, and nobody calls the destructor of what wasn't made.
+        Stop();
+        throw;
     }
 }
 
 CProgressInfoStarter::~CProgressInfoStarter()
 {
+    Stop();
+}
+
+void CProgressInfoStarter::Stop()
+{
     if (mInfo != nullptr) {
-        mInfo->Stop();
+        Forms::Application->RunHandled([this] { mInfo->Stop(); });
     }
 }
 

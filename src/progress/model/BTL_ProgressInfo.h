@@ -121,7 +121,8 @@ using FVisibleProgressInfo = AProgressInfo* (*)();
 TRS8_BTL_API extern FVisibleProgressInfo GetVisibleProgressInfo;
 
 /// A scope in which an operation runs: `Start(max)` at its begin, `Stop()` at its end, also when an exception
-/// passes; `Stop` must raise nothing. Null does nothing.
+/// passes. What `Stop` raises, as handlers may that run meanwhile, goes to the application. Null does
+/// nothing.
 class TRS8_BTL_API CProgressInfoStarter
 {
 public:
@@ -131,6 +132,8 @@ public:
     ~CProgressInfoStarter();
 
 private:
+    void Stop();
+
     AProgressInfo* mInfo;
 };
 

@@ -23,6 +23,13 @@ namespace
 using System::Int64;
 using System::TObject;
 
+/// Can be asked to close as by its frame.
+class TAskedDialog : public TProgress64DLG
+{
+public:
+    using TProgress64DLG::CloseAskedOnScreen;
+};
+
 class Progress64DLGTest : public testing::Test
 {
 protected:
@@ -168,6 +175,39 @@ TEST_F(Progress64DLGTest, ThrowsOnCancelOnlyIfItWasToldTo)
     EXPECT_TRUE(mDialog.getUserCancel());
 }
 
+TEST_F(Progress64DLGTest, IsClosedByItsFrameOnlyWithACancelButton)
+{
+    TAskedDialog dialog;
+    for (const bool showCancel : {false, true}) {
+        SCOPED_TRACE(showCancel);
+        dialog.Prepare(10, false, showCancel, u"", u"", u"", u"", 0);
+        dialog.Start(0);
+        dialog.CloseAskedOnScreen();
+        EXPECT_EQ(dialog.getUserCancel(), showCancel);
+        EXPECT_NE(dialog.getVisible(), showCancel);
+    }
+}
+
+TEST_F(Progress64DLGTest, AnswersKeysByTheButtonsThatAreShown)
+{
+    for (const bool showCancel : {false, true}) {
+        SCOPED_TRACE(showCancel);
+        mDialog.Prepare(10, false, showCancel, u"", u"", u"", u"", 0);
+        mDialog.Start(0);
+        mDriver.Press(VK_ESCAPE);
+        EXPECT_EQ(mDialog.getUserCancel(), showCancel);
+    }
+    int oks = 0;
+    mDialog.OnOk = [&](TObject*) { ++oks; };
+    mDialog.OnCancel = [](TObject*) { FAIL(); };
+    mDialog.Prepare(10, false, false, u"", u"", u"", u"", 0);
+    mDialog.setShowOk(true);
+    mDialog.Start(0);
+    mDriver.Press(VK_RETURN);
+    EXPECT_EQ(oks, 1);
+    EXPECT_TRUE(mDialog.getUserCancel());
+}
+
 TEST_F(Progress64DLGTest, CountsStepsOfFastLoops)
 {
     Prepare(500);
@@ -185,6 +225,78 @@ TEST_F(Progress64DLGTest, CountsStepsOfFastLoops)
     EXPECT_EQ(answers, 3);
     EXPECT_EQ(mDialog.getProgressPosition(), 300);
     EXPECT_TRUE(mDialog.IncPositionModulo(0));
+}
+
+TEST_F(Progress64DLGTest, StaysWithinItsNumbers)
+{
+    using TLimits = std::numeric_limits<Int64>;
+    Prepare(TLimits::max());
+    mDialog.setPosition(TLimits::max());
+    mDialog.IncPosition(3);
+    mDialog.IncPositionModulo(10);
+    EXPECT_EQ(mDialog.getProgressPosition(), TLimits::max());
+    mDialog.setPosition(TLimits::min());
+    mDialog.IncPosition(-3);
+    EXPECT_EQ(mDialog.getProgressPosition(), TLimits::min());
+    mDialog.setMax(TLimits::min());
+    EXPECT_EQ(BarPosition(), 0);
+}
+
+/// Also where it is drawn, block by block.
+TEST_F(Progress64DLGTest, BearsAnySize)
+{
+    for (const int size : {-5, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
+        mDialog.Prepare(10, false, true, u"", u"one", u"two", u"lines", size);
+        mDialog.setLinesHeight(size);
+        mDialog.setShowOk(true);
+        mDialog.Start(0);
+        mDialog.setPosition(10);
+        mDialog.Stop();
+        EXPECT_GE(mDialog.getWidth(), 0);
+    }
+}
+
+TEST_F(Progress64DLGTest, FitsItsPartsToAWidthThatIsSetLater)
+{
+    Prepare(10);
+    mDialog.Start(0);
+    mDialog.setWidth(700);
+    EXPECT_EQ(mDialog.fPanel1->getWidth(), mDialog.getClientWidth());
+    const Stdctrls::TButton& button = *mDialog.fBtn_Cancel;
+    EXPECT_EQ(button.getLeft() + button.getWidth() / 2, mDialog.getClientWidth() / 2);
+}
+
+TEST_F(Progress64DLGTest, PassesOverACancelOfTheWorkBefore)
+{
+    Prepare(10);
+    mDialog.Start(0);
+    mDriver.ClickSoon(u"fBtn_Cancel");
+    EXPECT_NO_THROW(Prepare(10, true));
+    EXPECT_FALSE(mDialog.getUserCancel());
+    mDriver.Click(u"fBtn_Cancel");
+    EXPECT_THROW(mDialog.setPosition(1), EProgressException);
+}
+
+TEST_F(Progress64DLGTest, IsHiddenByStopAlsoIfAHandlerRaises)
+{
+    Prepare(10);
+    mDialog.Start(0);
+    Toolkits::CurrentToolkit().Post([] { throw Sysutils::Exception(u"no"); });
+    EXPECT_THROW(mDialog.Stop(), Sysutils::Exception);
+    EXPECT_FALSE(mDialog.getVisible());
+}
+
+TEST_F(Progress64DLGTest, CancelMayTakeItselfAway)
+{
+    Prepare(10);
+    mDialog.Start(0);
+    mDialog.OnCancel = [&](TObject*) { mDialog.setShowCancel(false); };
+    mDriver.Click(u"fBtn_Cancel");
+    EXPECT_FALSE(mDialog.fPanel5->getVisible());
+    EXPECT_TRUE(mDialog.getVisible());
+    mDialog.Stop();
+    const BTL::CHourGlassCursor busy(true);
+    EXPECT_EQ(Forms::Screen->getCursor(), Controls::crHourGlass);
 }
 
 TEST_F(Progress64DLGTest, TellsTheEndAtEachChange)

@@ -125,6 +125,16 @@ TEST_F(ProgressInfoDialogTest, ModalKeepsTheUserFromTheActiveForm)
     EXPECT_FALSE(form.getEnabled());
 }
 
+TEST_F(ProgressInfoDialogTest, ModalLeavesTheDialogItselfInUse)
+{
+    CProgressInfoDialog info(nullptr);
+    const BTL::CProgressInfoStarterModal outer(&info, 10);
+    const TProgress64DLG* const dialog = FindDialog();
+    ASSERT_EQ(Forms::Screen->getActiveForm(), dialog);
+    const BTL::CProgressInfoStarterModal inner(&info, 5);
+    EXPECT_TRUE(dialog->getEnabled());
+}
+
 TEST_F(ProgressInfoDialogTest, WalksThroughFoldersTellADialog)
 {
     TProgressDLG dialog;

@@ -2,9 +2,12 @@
 #include "progress/model/BTL_ProgressInfo.h"
 
 #include "platform/runtime/classes/Classes_StringList.h"
+#include "platform/toolkit/MessageBox.h"
+#include "support/ScriptedBoxes.h"
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <stdexcept>
 #include <string>
 #include <type_traits>
@@ -51,6 +54,40 @@ private:
     UnicodeString mText1;
     UnicodeString mText2;
     std::vector<std::string> mNotes;
+};
+
+enum class EOperation
+{
+    Start,
+    Stop
+};
+
+/// As a recorder, but one operation raises behind what it does.
+class Raiser : public Recorder
+{
+public:
+    explicit Raiser(EOperation raising) : mRaising(raising) {}
+
+    void Start(Int64 max) override
+    {
+        Recorder::Start(max);
+        Raise(EOperation::Start);
+    }
+    void Stop() override
+    {
+        Recorder::Stop();
+        Raise(EOperation::Stop);
+    }
+
+private:
+    void Raise(EOperation operation) const
+    {
+        if (operation == mRaising) {
+            throw std::runtime_error("no");
+        }
+    }
+
+    EOperation mRaising;
 };
 
 using Notes = std::vector<std::string>;
@@ -164,8 +201,33 @@ TEST(ProgressInfoStarterTest, StartsAndStops)
         EXPECT_EQ(info.Take(), (Notes{"position 0", "max 4", "position 1", "stop"}));
     }
     const BTL::CProgressInfoStarter nobody(nullptr, 10);
-    TProgressDLG* const noDialog = nullptr;
-    EXPECT_EQ(noDialog, nullptr);
+}
+
+TEST(ProgressInfoStarterTest, StopsWhatRaisedAsItStarted)
+{
+    Raiser info(EOperation::Start);
+    EXPECT_THROW(const BTL::CProgressInfoStarter started(&info, 4), std::runtime_error);
+    EXPECT_EQ(info.Take(), (Notes{"position 0", "max 4", "stop"}));
+}
+
+TEST(ProgressInfoStarterTest, WhatItsEndRaisesGoesToTheApplication)
+{
+    Support::ScriptedBoxes boxes{IDOK};
+    Raiser info(EOperation::Stop);
+    {
+        const BTL::CProgressInfoStarter started(&info, 4);
+    }
+    const auto shown = boxes.TakeShown();
+    ASSERT_EQ(shown.size(), 1U);
+    EXPECT_EQ(shown[0].box.text, u"no");
+}
+
+TEST(ProgressInfoTest, StaysWithinItsNumbers)
+{
+    Recorder info;
+    info.setPosition(std::numeric_limits<Int64>::max());
+    info.IncPosition();
+    EXPECT_EQ(info.getPosition(), std::numeric_limits<Int64>::max());
 }
 
 } // namespace

@@ -24,10 +24,12 @@ protected:
     bool focusNextPrevChild(bool) override { return false; }
 };
 
-Qt::WindowFlags FlagsOf(EFrame frame)
+Qt::WindowFlags FlagsOf(EFrame frame, bool hasCloseButton)
 {
-    constexpr Qt::WindowFlags title =
-        Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+    Qt::WindowFlags title = Qt::CustomizeWindowHint | Qt::WindowTitleHint;
+    if (hasCloseButton) {
+        title |= Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+    }
     switch (frame) {
     case EFrame::None:
         return Qt::Window | Qt::FramelessWindowHint;
@@ -37,7 +39,7 @@ Qt::WindowFlags FlagsOf(EFrame frame)
     case EFrame::SizeableToolWindow:
         return Qt::Tool | title;
     default:
-        return Qt::Window;
+        return hasCloseButton ? Qt::Window : Qt::Window | title | Qt::WindowMinMaxButtonsHint;
     }
 }
 
@@ -70,7 +72,7 @@ CQtForm::CQtForm(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& set
       mFrame(settings.frame),
       mIsEnabled(settings.isEnabled)
 {
-    Widget().setWindowFlags(FlagsOf(mFrame));
+    Widget().setWindowFlags(FlagsOf(mFrame, settings.hasCloseButton));
     Widget().setAttribute(Qt::WA_ShowWithoutActivating);
     Widget().setAttribute(Qt::WA_InputMethodEnabled);
     Widget().setAcceptDrops(true);

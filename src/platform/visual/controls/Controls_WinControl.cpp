@@ -361,6 +361,7 @@ void TWinControl::CreateWnd()
     Toolkits::TWindowSettings settings;
     settings.kind = params.Kind;
     settings.frame = params.Frame;
+    settings.hasCloseButton = params.HasCloseButton;
     settings.parent = getParent() == nullptr ? nullptr : getParent()->mWindow.get();
     settings.events = this;
     settings.text = params.Caption;

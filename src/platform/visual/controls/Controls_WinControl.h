@@ -29,6 +29,7 @@ struct TCreateParams
     int Height = 0;
     Toolkits::EWindowKind Kind = Toolkits::EWindowKind::Canvas;
     Toolkits::EFrame Frame = Toolkits::EFrame::None;
+    bool HasCloseButton = true;
 };
 
 /// A control with a window of its own while it is shown: it can have the focus and hold other controls, which

@@ -2,6 +2,7 @@
 #include "platform/visual/forms/Forms_Application.h"
 
 #include "platform/host/Host_Module.h"
+#include "platform/runtime/classes/Classes_ComponentLink.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/toolkit/MessageBox.h"
@@ -94,8 +95,9 @@ void TApplication::setIcon(Graphics::TIcon* icon)
     getIcon()->Assign(icon);
 }
 
-void TApplication::FormCreated(Classes::TComponent* component)
+void TApplication::FormCreated(Classes::TComponent* component, const System::TClosure<void()>& onGone)
 {
+    const Classes::TComponentLink link(component, onGone);
     if (auto* const module = dynamic_cast<Classes::TDataModule*>(component)) {
         return module->AfterConstruction();
     }

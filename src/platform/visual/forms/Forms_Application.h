@@ -62,13 +62,13 @@ public:
     void setMainFormOnTaskBar(bool isOn) noexcept { mMainFormOnTaskBar = isOn; }
 
     /// Makes a form or data module that the application owns; `reference` points to it from its `OnCreate`
-    /// on. The first form made so is the main form. What its constructor raises passes through, and leaves
-    /// `reference` as it was.
+    /// on, and is null again if it is destroyed there. The first form made so is the main form. What its
+    /// constructor raises passes through, and leaves `reference` as it was.
     template <class T>
     void CreateForm(T*& reference)
     {
         reference = new T(this);
-        FormCreated(reference);
+        FormCreated(reference, [&reference] { reference = nullptr; });
     }
 
     /// The form whose end is the program's; null if there is none.
@@ -133,7 +133,8 @@ public:
 private:
     friend class TCustomForm;
 
-    void FormCreated(Classes::TComponent* component);
+    /// Ends the making; `onGone` is called if the component goes meanwhile.
+    void FormCreated(Classes::TComponent* component, const System::TClosure<void()>& onGone);
     void FormDestroyed(const TCustomForm* form) noexcept;
 
     System::UnicodeString mTitle;

@@ -331,6 +331,15 @@ void TCustomForm::CreateParams(Controls::TCreateParams& params)
     if (IsTopLevel()) {
         params.Kind = Toolkits::EWindowKind::Form;
         params.Frame = FrameOf(mBorderStyle);
+        params.HasCloseButton = mBorderIcons.Contains(biSystemMenu);
+    }
+}
+
+void TCustomForm::CloseAskedOnScreen()
+{
+    // Desktops have other ways to ask than the button in the frame.
+    if (mBorderIcons.Contains(biSystemMenu)) {
+        Close();
     }
 }
 

@@ -64,6 +64,8 @@ public:
 
     TFormBorderStyle getBorderStyle() const noexcept { return mBorderStyle; }
     void setBorderStyle(TFormBorderStyle style);
+    /// What the frame offers; at first all but help. Without `biSystemMenu` the user can't close the form by
+    /// its frame, nor by another way of the desktop.
     const TBorderIcons& getBorderIcons() const noexcept { return mBorderIcons; }
     void setBorderIcons(const TBorderIcons& icons);
     TFormStyle getFormStyle() const noexcept { return mFormStyle; }
@@ -141,7 +143,7 @@ protected:
     bool PreviewKeyUp(System::Word& key, Classes::TShiftState shift) override;
     bool PreviewKeyPress(System::WideChar& key) override;
     bool IsShortCut(System::Word key, Classes::TShiftState shift) override;
-    void CloseAskedOnScreen() override { Close(); }
+    void CloseAskedOnScreen() override;
     void ActivationChangedOnScreen(bool isActive) override;
     void GetChildren(const Classes::TGetChildProc& proc, Classes::TComponent* root) override;
 

@@ -169,6 +169,24 @@ TEST(QtWindowTest, KeepsTheUserFromAFormThatIsDisabled)
     EXPECT_TRUE(FindWidget("Form")->isVisible());
 }
 
+TEST(QtWindowTest, AFrameHasItsCloseButtonUnlessItIsMadeWithout)
+{
+    using Toolkits::EFrame;
+    Support::WindowLog log;
+    for (const EFrame frame : {EFrame::Dialog, EFrame::Single, EFrame::Sizeable, EFrame::ToolWindow}) {
+        for (const bool hasButton : {true, false}) {
+            SCOPED_TRACE(static_cast<int>(frame));
+            const auto window = Toolkits::CurrentToolkit().MakeWindow({.kind = EWindowKind::Form,
+                                                                       .frame = frame,
+                                                                       .events = &log,
+                                                                       .name = u"Framed",
+                                                                       .bounds = {10, 10, 310, 210},
+                                                                       .hasCloseButton = hasButton});
+            EXPECT_EQ(FindWidget("Framed")->windowFlags().testFlag(Qt::WindowCloseButtonHint), hasButton);
+        }
+    }
+}
+
 TEST(QtWindowTest, BearsSizesOfAllKinds)
 {
     TShownWindow shown(EWindowKind::Canvas);

@@ -35,6 +35,14 @@ using Graphics::TColor;
 using Types::TRect;
 using Long = long long;
 
+namespace
+{
+
+/// One that is longer than all screens is drawn in one piece.
+constexpr int MostBlocks = 10'000;
+
+} // namespace
+
 System::TMetaClass* TProgressBar::ClassRecord()
 {
     static System::TMetaClass* const record =
@@ -188,6 +196,9 @@ void TProgressBar::PaintBlocks(const TRect& filled)
     const bool isAcross = mOrientation == pbHorizontal;
     const int block = std::max((isAcross ? filled.Height() : filled.Width()) * 2 / 3, 4);
     const int length = isAcross ? filled.Width() : filled.Height();
+    if (length / block > MostBlocks) {
+        return getCanvas()->FillRect(filled);
+    }
     for (int begin = 0; begin < length; begin += block + 2) {
         getCanvas()->FillRect(GetPart(filled, begin, std::min(block, length - begin)));
     }
