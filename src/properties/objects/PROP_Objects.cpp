@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+#include "foundation/UTL_ASRT_Assert.h"
+#include "platform/runtime/classes/Classes_ComponentWatch.h"
+#include "properties/components/BTL_Components.h"
+#include "properties/objects/PROP_Object.h"
+#include "properties/values/PROP_Filter.h"
+#include "properties/values/PROP_Utilities.h"
+
+#include <deque>
+
+namespace PROP
+{
+
+using BTL::CComponents;
+using Classes::TComponent;
+using System::TObject;
+using System::UnicodeString;
+
+namespace
+{
+
+constexpr UTL::CFaultPlace NoObject{"PROP_Object", 4};
+constexpr UTL::CFaultPlace NoName{"PROP_Object", 5};
+constexpr UTL::CFaultPlace NameTwice{"PROP_Object", 6};
+constexpr UTL::CFaultPlace NoComponentToFind{"PROP_Object", 7};
+
+} // namespace
+
+CObjects::~CObjects() = default;
+
+void CObjects::clear() noexcept
+{
+    mMap.clear();
+    mList.clear();
+}
+
+void CObjects::AddObject(CObject* object)
+{
+    // Held at once: one that isn't added and that nobody holds ends here.
+    const UTL::GAutoPtr<CObject> held = object;
+    if (object == nullptr) {
+        UTL::THROW_XAssert(NoObject);
+    } else if (object->getName().IsEmpty()) {
+        UTL::THROW_XAssert(NoName, "Object Name is empty.");
+    } else if (!mMap.try_emplace(object->getName(), held).second) {
+        UTL::THROW_XAssert((u"Ambiguous Object : " + object->getName()).c_str(), NameTwice.source,
+                           NameTwice.line);
+    } else {
+        mList.push_back(held);
+    }
+}
+
+void CObjects::AddObject(TObject* object, const CFilter* filter)
+{
+    AddObject(new CObject(object, filter));
+}
+
+void CObjects::AddObjects(TComponent* root, const CFilter* filter)
+{
+    if (filter == nullptr || filter->IsObjectValid(root)) {
+        AddObject(root, filter);
+    }
+    AddObjects(CComponents(root), filter);
+}
+
+void CObjects::AddObjects(const CComponents& components, const CFilter* filter)
+{
+    for (TComponent* const component : components) {
+        if (!component->getName().IsEmpty() && (filter == nullptr || filter->IsObjectValid(component))) {
+            AddObject(component, filter);
+        }
+    }
+}
+
+CObject* CObjects::Find(const UnicodeString& name) const
+{
+    const auto found = mMap.find(name);
+    return found == mMap.end() ? nullptr : found->second.get();
+}
+
+CObject* CObjects::Find(TObject* component) const
+{
+    auto* const typed = dynamic_cast<TComponent*>(component);
+    if (typed == nullptr) {
+        UTL::THROW_XAssert(NoComponentToFind);
+        return nullptr;
+    }
+    return Find(GetComponentName(typed));
+}
+
+void CObjects::ApplyProperties(const CComponents& components) const
+{
+    if (empty()) {
+        return;
+    }
+    std::deque<Classes::TComponentWatch> watches;
+    for (const TComponent* const component : components) {
+        watches.emplace_back(component);
+    }
+    auto watch = watches.begin();
+    for (TComponent* const component : components) {
+        const bool isThere = (watch++)->IsAlive();
+        if (const CObject* const object = isThere ? Find(component) : nullptr; object != nullptr) {
+            object->ApplyProperties(component);
+        }
+    }
+}
+
+void CObjects::GetDifferenceOf(const CObjects& other, CObjects& out) const
+{
+    CObjects difference;
+    for (const auto& object : mList) {
+        const CObject* const present = other.Find(object->getName());
+        CProperties changes;
+        if (present != nullptr) {
+            object->GetDifferenceOf(*present, changes);
+        }
+        if (!changes.empty()) {
+            difference.AddObject(new CObject(object->getName(), changes));
+        }
+    }
+    out.mMap.swap(difference.mMap);
+    out.mList.swap(difference.mList);
+}
+
+} // namespace PROP

@@ -1,0 +1,320 @@
+// SPDX-License-Identifier: MIT
+#include "properties/objects/PROP_Property.h"
+
+#include "platform/runtime/classes/Classes_Collection.h"
+#include "platform/runtime/classes/Classes_ComponentWatch.h"
+#include "platform/runtime/classes/Classes_Strings.h"
+#include "properties/values/PROP_CPropList.h"
+#include "properties/values/PROP_Filter.h"
+#include "properties/values/PROP_Typinfo.h"
+#include "properties/values/internal/PROP_Path.h"
+#include "text/lists/BTL_STR_StringsUpdate.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string_view>
+
+namespace PROP
+{
+
+using Classes::TCollection;
+using Classes::TStrings;
+using System::TObject;
+using System::UnicodeString;
+using Typinfo::TPropInfo;
+
+namespace
+{
+
+constexpr std::u16string_view True = u"true";
+constexpr std::u16string_view False = u"false";
+
+/// A word that stands for a property with its value.
+struct TWord
+{
+    std::u16string_view word;
+    std::u16string_view name;
+    std::u16string_view value;
+};
+
+/// The positive word of each name first, which any value has for which there is no other.
+constexpr std::array Words = {
+    TWord{u"visible", u"Visible", True},   TWord{u"invisible", u"Visible", False},
+    TWord{u"readonly", u"ReadOnly", True}, TWord{u"required", u"Required", True},
+    TWord{u"active", u"Active", True},     TWord{u"inactive", u"Active", False},
+};
+
+/// The word of the name, with its value if that is "true", else with the other one if there is one; null if
+/// the name has none.
+const TWord* FindWord(std::u16string_view name, std::u16string_view value)
+{
+    const TWord* found = nullptr;
+    for (const TWord& word : Words) {
+        if (word.name == name && (found == nullptr || value != True)) {
+            found = &word;
+        }
+    }
+    return found;
+}
+
+UnicodeString LinesText(const TStrings& lines)
+{
+    return u"[" + lines.getCommaText() + u"]";
+}
+
+/// Finds by name in linear time, all names taken together, however many there are.
+class CFirstOfName
+{
+public:
+    explicit CFirstOfName(const CProperties& properties) : mProperties(properties)
+    {
+        constexpr int fewEnough = 40;
+        if (properties.size() <= fewEnough) {
+            return;
+        }
+        mByName.reserve(static_cast<std::size_t>(properties.size()));
+        for (const CProperty& property : properties) {
+            mByName.push_back(&property);
+        }
+        std::ranges::stable_sort(mByName, {}, NameOf);
+    }
+
+    const CProperty* Find(const UnicodeString& name) const
+    {
+        if (mByName.empty()) {
+            return mProperties.FindProperty(name);
+        }
+        const auto found = std::ranges::lower_bound(mByName, name.AsView(), {}, NameOf);
+        return found != mByName.end() && (*found)->getName() == name ? *found : nullptr;
+    }
+
+private:
+    static std::u16string_view NameOf(const CProperty* property) { return property->getName().AsView(); }
+
+    const CProperties& mProperties;
+    std::vector<const CProperty*> mByName;
+};
+
+} // namespace
+
+CProperty::CProperty(const UnicodeString& name, TObject* object)
+{
+    SetProperty(name, object);
+}
+
+CProperty::CProperty(const UnicodeString& text)
+{
+    SetProperty(text);
+}
+
+void CProperty::SetProperty(const UnicodeString& name, TObject* object)
+{
+    mValue = GetPropValueAsString(object, name, false);
+    mName = name;
+}
+
+void CProperty::SetProperty(const UnicodeString& text)
+{
+    const std::u16string_view view = text;
+    for (const auto& [mark, tail] : {std::pair(u'(', std::size_t{1}), {u'=', std::size_t{0}}}) {
+        if (const std::size_t place = view.find(mark); place != view.npos) {
+            const std::u16string_view rest = view.substr(place + 1);
+            UnicodeString name(view.substr(0, place));
+            mValue = UnicodeString(rest.substr(0, rest.size() - std::min(tail, rest.size())));
+            mName = std::move(name);
+            return;
+        }
+    }
+    if (const auto* const word = std::ranges::find(Words, view, &TWord::word); word != Words.end()) {
+        mName = UnicodeString(word->name);
+        mValue = UnicodeString(word->value);
+    }
+}
+
+void CProperty::ApplyProperty(TObject* object) const
+{
+    const CPathEnd end = ResolvePropPath(object, mName);
+    const UnicodeString name(end.name);
+    auto* const collection = end.object == object ? nullptr : dynamic_cast<TCollection*>(end.object);
+    if (collection != nullptr) {
+        SetItemPropValuesFromString(collection, name, mValue);
+    } else {
+        SetPropValueFromString(end.object, name, mValue);
+    }
+}
+
+UnicodeString CProperty::ToString() const
+{
+    return mName + u"=" + mValue;
+}
+
+UnicodeString CProperty::GetPropString() const
+{
+    const TWord* const word = FindWord(mName, mValue);
+    return word != nullptr ? UnicodeString(word->word) : mName + u"(" + mValue + u")";
+}
+
+/// The walk through an object and what its properties hold.
+class CProperties::CSnapshot
+{
+public:
+    CSnapshot(std::vector<CProperty>& out, const CFilter* filter) : mOut(out), mFilter(filter) {}
+
+    void Take(TObject* object, const UnicodeString& path)
+    {
+        constexpr std::size_t deepest = 64;
+        if (object == nullptr || mPath.size() >= deepest || std::ranges::find(mPath, object) != mPath.end()) {
+            return;
+        }
+        const UnicodeString prefix = path.IsEmpty() ? path : path + u".";
+        const CPropList list(object, mFilter);
+        Reserve(static_cast<std::size_t>(list.GetCount()));
+        mPath.push_back(object);
+        for (const TPropInfo* const info : list) {
+            if (info->CanRead()) {
+                TakeProperty(object, info, path.IsEmpty() ? info->getName() : prefix + info->getName());
+            }
+        }
+        mPath.pop_back();
+    }
+
+private:
+    /// Not exactly: many objects one after the other would move all properties each time.
+    void Reserve(std::size_t count)
+    {
+        if (mOut.capacity() - mOut.size() < count) {
+            mOut.reserve(std::max(mOut.size() + count, mOut.capacity() * 2));
+        }
+    }
+
+    void TakeProperty(TObject* object, const TPropInfo* info, const UnicodeString& name)
+    {
+        if (info->getKind() != Typinfo::tkClass) {
+            mOut.emplace_back(name, GetPropValueAsString(object, info, false));
+            return;
+        }
+        // By what it is, whatever the property is declared as.
+        TObject* const held = Typinfo::GetObjectProp(object, info);
+        if (const auto* const lines = dynamic_cast<TStrings*>(held); lines != nullptr) {
+            mOut.emplace_back(name, LinesText(*lines));
+        } else if (auto* const collection = dynamic_cast<TCollection*>(held); collection != nullptr) {
+            TakeItems(collection, name);
+        } else {
+            Take(held, name);
+        }
+    }
+
+    void TakeItems(TCollection* collection, const UnicodeString& path)
+    {
+        if (mFilter == nullptr) {
+            return;
+        }
+        for (const UnicodeString& name : mFilter->getItemProperties()) {
+            UnicodeString values;
+            if (GetItemPropValuesAsString(collection, name, values)) {
+                mOut.emplace_back(path + u"." + name, std::move(values));
+            }
+        }
+    }
+
+    std::vector<CProperty>& mOut;
+    const CFilter* mFilter;
+    std::vector<const TObject*> mPath;
+};
+
+void CProperties::AddProperty(const UnicodeString& name, const UnicodeString& value)
+{
+    mProperties.emplace_back(name, value);
+}
+
+void CProperties::AddProperties(const TStrings* strings)
+{
+    if (strings == nullptr) {
+        return;
+    }
+    for (const UnicodeString& line : *strings) {
+        mProperties.emplace_back(line);
+    }
+}
+
+void CProperties::AddProperties(TObject* object, const CFilter* filter)
+{
+    CSnapshot(mProperties, filter).Take(object, {});
+}
+
+void CProperties::SetProperties(TObject* object, const CFilter* filter)
+{
+    clear();
+    AddProperties(object, filter);
+}
+
+void CProperties::SetProperty(const UnicodeString& name, const UnicodeString& value)
+{
+    if (CProperty* const property = FindProperty(name); property != nullptr) {
+        property->setValue(value);
+    } else {
+        AddProperty(name, value);
+    }
+}
+
+CProperty* CProperties::FindProperty(const UnicodeString& name)
+{
+    const auto found = std::ranges::find(mProperties, name, &CProperty::getName);
+    return found == mProperties.end() ? nullptr : &*found;
+}
+
+const CProperty* CProperties::FindProperty(const UnicodeString& name) const
+{
+    const auto found = std::ranges::find(mProperties, name, &CProperty::getName);
+    return found == mProperties.end() ? nullptr : &*found;
+}
+
+void CProperties::DeleteProperty(const UnicodeString& name)
+{
+    if (const auto found = std::ranges::find(mProperties, name, &CProperty::getName);
+        found != mProperties.end()) {
+        mProperties.erase(found);
+    }
+}
+
+void CProperties::ApplyProperties(TObject* object) const
+{
+    std::optional<Classes::TComponentWatch> watch;
+    if (const auto* const component = dynamic_cast<Classes::TComponent*>(object); component != nullptr) {
+        watch.emplace(component);
+    }
+    for (const CProperty& property : mProperties) {
+        if (watch && !watch->IsAlive()) {
+            return;
+        }
+        property.ApplyProperty(object);
+    }
+}
+
+void CProperties::GetDifferenceOf(const CProperties& other, CProperties& out) const
+{
+    CProperties difference;
+    const CFirstOfName others(other);
+    for (const CProperty& property : mProperties) {
+        const CProperty* const present = others.Find(property.getName());
+        if (present != nullptr && present->getValue() != property.getValue()) {
+            difference.AddProperty(*present);
+        }
+    }
+    out = std::move(difference);
+}
+
+void CProperties::GetProperties(TStrings* strings) const
+{
+    if (strings == nullptr) {
+        return;
+    }
+    const BTL::CStringsUpdate update(strings);
+    strings->Clear();
+    for (const CProperty& property : mProperties) {
+        strings->Add(property.ToString());
+    }
+}
+
+} // namespace PROP

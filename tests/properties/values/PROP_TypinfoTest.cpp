@@ -1,0 +1,323 @@
+// SPDX-License-Identifier: MIT
+#include "properties/values/PROP_Typinfo.h"
+
+#include "foundation/UTL_ASRT_Assert.h"
+#include "platform/runtime/classes/Classes_Collection.h"
+#include "platform/runtime/typinfo/System_ClassBuilder.h"
+#include "platform/toolkit/MessageBox.h"
+#include "platform/visual/graphics/Controls_Cursor.h"
+#include "platform/visual/graphics/Graphics_Color.h"
+#include "platform/visual/graphics/Graphics_Font.h"
+#include "support/FormatSettingsGuard.h"
+#include "support/ScriptedBoxes.h"
+#include "text/lists/BTL_STR_StringList.h"
+
+#include <gtest/gtest.h>
+
+namespace PropertyValues
+{
+
+enum TShape
+{
+    shBelow = -1,
+    shRound,
+    shSquare
+};
+
+class TColumn : public Classes::TCollectionItem
+{
+    TRS8_BTL_CLASS(TColumn, Classes::TCollectionItem)
+
+public:
+    explicit TColumn(Classes::TCollection* collection = nullptr) : TCollectionItem(collection) {}
+
+    System::UnicodeString Caption;
+    int Width = 0;
+};
+
+class TGauge : public Classes::TPersistent
+{
+    TRS8_BTL_CLASS(TGauge, Classes::TPersistent)
+
+public:
+    ~TGauge() override { delete Inner; }
+
+    int Value = 0;
+    unsigned char Small = 0;
+    System::Int64 Ticks = 0;
+    Graphics::TColor Color = Graphics::clRed;
+    Controls::TCursor Cursor = Controls::crDefault;
+    char Mark = 'a';
+    System::WideChar WideMark = u'a';
+    bool Active = false;
+    TShape Shape = shRound;
+    float Single = 0;
+    double Double = 0;
+    long double Extended = 0;
+    System::Currency Price;
+    System::UnicodeString Title;
+    System::AnsiString Narrow;
+    System::Variant Any;
+    System::Set<TShape, shRound, shSquare> Shapes;
+    Classes::TNotifyEvent OnChange;
+    TGauge* Inner = nullptr;
+    Classes::TStringList List;
+    Classes::TCollection Columns{System::ClassOf<TColumn>()};
+
+    Classes::TStrings* getLines() const { return const_cast<Classes::TStringList*>(&List); }
+    Classes::TCollection* getColumns() const { return const_cast<Classes::TCollection*>(&Columns); }
+};
+
+} // namespace PropertyValues
+
+template <>
+struct Typinfo::GEnumType<PropertyValues::TShape>
+{
+    static TTypeInfo Make() { return EnumType(u"TShape", {u"shBelow", u"shRound", u"shSquare"}, -1); }
+};
+
+namespace PropertyValues
+{
+
+System::TMetaClass* TColumn::ClassRecord()
+{
+    static System::TMetaClass* const record = System::GClassBuilder<TColumn>(u"TColumn")
+                                                  .Property(u"Caption", &TColumn::Caption)
+                                                  .Property(u"Width", &TColumn::Width)
+                                                  .Build();
+    return record;
+}
+
+System::TMetaClass* TGauge::ClassRecord()
+{
+    static System::TMetaClass* const record = System::GClassBuilder<TGauge>(u"TGauge")
+                                                  .Property(u"Value", &TGauge::Value)
+                                                  .Property(u"Small", &TGauge::Small)
+                                                  .Property(u"Ticks", &TGauge::Ticks)
+                                                  .Property(u"Color", &TGauge::Color)
+                                                  .Property(u"Cursor", &TGauge::Cursor)
+                                                  .Property(u"Mark", &TGauge::Mark)
+                                                  .Property(u"WideMark", &TGauge::WideMark)
+                                                  .Property(u"Active", &TGauge::Active)
+                                                  .Property(u"Shape", &TGauge::Shape)
+                                                  .Property(u"Single", &TGauge::Single)
+                                                  .Property(u"Double", &TGauge::Double)
+                                                  .Property(u"Extended", &TGauge::Extended)
+                                                  .Property(u"Price", &TGauge::Price)
+                                                  .Property(u"Title", &TGauge::Title)
+                                                  .Property(u"Narrow", &TGauge::Narrow)
+                                                  .Property(u"Any", &TGauge::Any)
+                                                  .Property(u"Shapes", &TGauge::Shapes)
+                                                  .Property(u"OnChange", &TGauge::OnChange)
+                                                  .Property(u"Inner", &TGauge::Inner)
+                                                  .Property(u"Lines", &TGauge::getLines)
+                                                  .Property(u"Columns", &TGauge::getColumns)
+                                                  .Build();
+    return record;
+}
+
+namespace
+{
+
+using Support::ScriptedBoxes;
+using System::UnicodeString;
+using System::Variant;
+
+class PropTypinfoTest : public testing::Test
+{
+protected:
+    PropTypinfoTest()
+    {
+        Sysutils::FormatSettings.DecimalSeparator = u'.';
+        mGauge.Inner = new TGauge;
+        mGauge.Inner->Inner = new TGauge;
+    }
+
+    UnicodeString Text(const UnicodeString& name, bool showNames = false)
+    {
+        return PROP::GetPropValueAsString(&mGauge, name, showNames);
+    }
+
+    Support::FormatSettingsGuard mSettings;
+    TGauge mGauge;
+};
+
+TEST_F(PropTypinfoTest, FindsPropertiesByNameInAnyCase)
+{
+    EXPECT_EQ(PROP::GetPropInfo(&mGauge, u"vALUE"), Typinfo::GetPropInfo(&mGauge, u"Value"));
+    EXPECT_EQ(PROP::GetPropInfo(&mGauge, u"Val"), nullptr);
+    EXPECT_TRUE(PROP::HasProp(&mGauge, u"lines"));
+    EXPECT_FALSE(PROP::HasProp(&mGauge, u"L\u00CFnes"));
+    EXPECT_EQ(PROP::GetPropType(&mGauge, u"Color")->Name, u"TColor");
+    EXPECT_EQ(PROP::GetPropType(&mGauge, u"Colour"), nullptr);
+    EXPECT_EQ(PROP::GetPropTypeKind(&mGauge, u"Shapes"), Typinfo::tkSet);
+    EXPECT_EQ(PROP::GetPropTypeKind(&mGauge, u"Colour"), Typinfo::tkUnknown);
+    EXPECT_EQ(PROP::GetPropObject(&mGauge, u"Inner"), mGauge.Inner);
+    EXPECT_EQ(PROP::GetPropObject(&mGauge, u"Value"), nullptr);
+    EXPECT_EQ(PROP::GetPropObject(&mGauge, u"Colour"), nullptr);
+}
+
+/// Each property takes the text, and gives the one expected back.
+TEST_F(PropTypinfoTest, GoesThroughTexts)
+{
+    const struct
+    {
+        const char* name;
+        UnicodeString text;
+        UnicodeString expected;
+    } cases[] = {
+        {"Value", u"-12", u"-12"},
+        {"Value", u"$1F", u"31"},
+        {"Small", u"255", u"255"},
+        {"Color", u"clblue", u"clBlue"},
+        {"Color", u"$FF0000", u"clBlue"},
+        {"Color", u"65793", u""},
+        {"Cursor", u"crHourGlass", u"crHourGlass"},
+        {"Cursor", u"77", u""},
+        {"Mark", u"xyz", u"x"},
+        {"Mark", u"\u20AC", u"\u20AC"},
+        {"Mark", u"\u00FC", u"\u00FC"},
+        {"Active", u"true", u"True"},
+        {"Active", u"maybe", u"True"},
+        {"Shape", u"SHSQUARE", u"shSquare"},
+        {"Shape", u"shOval", u"shSquare"},
+        {"Shape", u"shBelow", u"shBelow"},
+        {"Single", u"0.1", u"0.1"},
+        {"Double", u"0.1234567890123456", u"0.123456789012346"},
+        {"Double", u"1e100", u"1E100"},
+        {"Extended", u"0.123456789012345678", u"0.123456789012345678"},
+        {"Price", u"12.5", u"12.5"},
+        {"Title", u"5 \u00B5m, \"x\"", u"5 \u00B5m, \"x\""},
+        {"Narrow", u"5 \u03A9", u"5 ?"},
+        {"Lines", u"[a,\"b c\"]", u"[a,\"b c\"]"},
+        {"Lines", u"[]", u"[]"},
+        {"Lines", u"[a", u"[[a]"},
+        {"Lines", u"a]", u"[a]]"},
+        {"Lines", u"", u"[]"},
+        {"Ticks", u"5", u""},
+        {"Shapes", u"[shRound]", u""},
+        {"WideMark", u"b", u""},
+        {"Any", u"5", u""},
+        {"Inner", u"x", u""},
+        {"OnChange", u"x", u""},
+        {"Columns", u"[x]", u""},
+        {"Colour", u"x", u""},
+    };
+    for (const auto& [name, text, expected] : cases) {
+        PROP::SetPropValueFromString(&mGauge, name, text);
+        EXPECT_EQ(Text(name), expected) << name << " = " << text;
+    }
+    EXPECT_EQ(mGauge.Ticks, 0) << "what has no text isn't written";
+    EXPECT_EQ(mGauge.WideMark, u'a');
+    EXPECT_EQ(Graphics::TColor(65793), mGauge.Color);
+    PROP::SetPropValueFromString(&mGauge, u"Mark", u"");
+    EXPECT_EQ(mGauge.Mark, '\0');
+}
+
+TEST_F(PropTypinfoTest, ShowsNamesOfWhatHasNoText)
+{
+    EXPECT_EQ(Text(u"Inner", true), u"TGauge");
+    EXPECT_EQ(Text(u"Columns", true), u"TCollection");
+    EXPECT_EQ(Text(u"OnChange", true), u"OnChange");
+    EXPECT_EQ(Text(u"Value", true), u"0");
+    EXPECT_EQ(Text(u"Shapes", true), u"");
+}
+
+TEST_F(PropTypinfoTest, RefusesTextsThatAreNoValue)
+{
+    const char* const noNumbers[] = {"", "x", "1.5", "clNone2"};
+    for (const char* const name : {"Value", "Color", "Cursor"}) {
+        for (const char* const text : noNumbers) {
+            EXPECT_THROW(PROP::SetPropValueFromString(&mGauge, name, text), Sysutils::EConvertError) << text;
+        }
+    }
+    EXPECT_THROW(PROP::SetPropValueFromString(&mGauge, u"Double", u"1,5x"), Sysutils::EConvertError);
+    EXPECT_THROW(PROP::SetPropValueFromString(&mGauge, u"Small", u"256"), Typinfo::EPropertyConvertError);
+    EXPECT_THROW(PROP::SetPropValueFromString(&mGauge, u"Cursor", u"70000"), Typinfo::EPropertyConvertError);
+    EXPECT_THROW(PROP::SetPropValueFromString(&mGauge, u"Mark", u"\u03A9"), Typinfo::EPropertyConvertError);
+    EXPECT_EQ(mGauge.Value, 0);
+    EXPECT_EQ(mGauge.Mark, 'a');
+}
+
+TEST_F(PropTypinfoTest, GivesVariants)
+{
+    mGauge.Value = -5;
+    mGauge.Mark = static_cast<char>(0xE9);
+    mGauge.Double = 2.5;
+    mGauge.Title = u"text";
+    mGauge.Any = 7.25;
+    const auto valueOf = [this](const char* name) { return PROP::GetPropValueAsVariant(&mGauge, name); };
+    EXPECT_EQ(valueOf("Value"), Variant(-5));
+    EXPECT_EQ(valueOf("Value").Type(), System::varInteger);
+    EXPECT_EQ(valueOf("Shape").Type(), System::varInteger);
+    EXPECT_EQ(valueOf("Mark").Type(), System::varShortInt);
+    EXPECT_EQ(valueOf("Mark"), Variant(-23));
+    EXPECT_EQ(valueOf("Double").Type(), System::varDouble);
+    EXPECT_EQ(valueOf("Title"), Variant(u"text"));
+    EXPECT_EQ(valueOf("Any"), Variant(7.25));
+    for (const char* const name : {"Ticks", "Shapes", "Inner", "OnChange", "WideMark", "Colour"}) {
+        EXPECT_TRUE(valueOf(name).IsNull()) << name;
+    }
+}
+
+TEST_F(PropTypinfoTest, FollowsPaths)
+{
+    TGauge* const last = mGauge.Inner->Inner;
+    EXPECT_EQ(PROP::GetPropPathObject(&mGauge, u"Inner"), mGauge.Inner);
+    EXPECT_EQ(PROP::GetPropPathObject(&mGauge, u"inner.INNER"), last);
+    EXPECT_EQ(PROP::GetPropPathObject(&mGauge, u"Inner.Inner.Inner.Inner"), nullptr);
+    EXPECT_EQ(PROP::GetPropPathObject(&mGauge, u"Inner.Value"), nullptr);
+    EXPECT_EQ(PROP::GetPropPathObject(nullptr, u"Inner.Inner"), nullptr);
+
+    PROP::SetPropPathValueFromString(&mGauge, u"Inner.Inner.Title", u"deep");
+    EXPECT_EQ(last->Title, u"deep");
+    EXPECT_EQ(PROP::GetPropPathValueAsString(&mGauge, u"Inner.Inner.Title", false), u"deep");
+    EXPECT_EQ(PROP::GetPropPathValueAsString(&mGauge, u"Inner Inner.Title", false), u"deep")
+        << "a blank parts names too";
+    EXPECT_EQ(PROP::GetPropPathValueAsString(&mGauge, u"Inner.Inner.Inner.Title", false), u"")
+        << "the last object isn't there";
+    EXPECT_EQ(PROP::GetPropPathValueAsString(&mGauge, u"Inner.Nothing", false), u"");
+    EXPECT_EQ(PROP::GetPropPathValueAsString(&mGauge, u".Title", false), u"");
+    EXPECT_EQ(PROP::GetPropPathValueAsString(&mGauge, u"Value", false), u"0");
+    EXPECT_EQ(PROP::GetPropPathValueAsString(&mGauge, u"Inner.Inner", true), u"TGauge");
+    EXPECT_NO_THROW(PROP::SetPropPathValueFromString(&mGauge, u"Inner.Inner.Inner.Title", u"x"));
+    EXPECT_NO_THROW(PROP::SetPropPathValueFromString(&mGauge, u"Nothing", u"x"));
+}
+
+TEST_F(PropTypinfoTest, TakesAGapOnTheWayForAFault)
+{
+    const ScriptedBoxes boxes({IDYES, IDYES, IDYES, IDYES, IDYES, IDNO, IDNO});
+    const auto valueOf = [](System::TObject* object, const char* path) {
+        return PROP::GetPropPathValueAsString(object, path, false);
+    };
+    EXPECT_THROW(valueOf(&mGauge, "Inner.Inner.Inner.Inner.Title"), UTL::XAssert);
+    EXPECT_THROW(valueOf(nullptr, "Title"), UTL::XAssert);
+    EXPECT_THROW(PROP::SetPropPathValueFromString(nullptr, u"Title", u"x"), UTL::XAssert);
+    EXPECT_THROW(static_cast<void>(PROP::HasProp(nullptr, u"Title")), UTL::XAssert);
+    EXPECT_THROW(PROP::SetPropValueFromString(&mGauge, static_cast<Typinfo::TPropInfo*>(nullptr), u"x"),
+                 UTL::XAssert);
+    EXPECT_EQ(valueOf(nullptr, "Title"), u"") << "the user lets it pass";
+    EXPECT_TRUE(PROP::GetPropValueAsVariant(&mGauge, static_cast<Typinfo::TPropInfo*>(nullptr)).IsNull());
+}
+
+TEST_F(PropTypinfoTest, ReadsAndWritesTheItemsOfACollection)
+{
+    Classes::TCollection& columns = mGauge.Columns;
+    columns.Add();
+    columns.Add();
+    EXPECT_TRUE(PROP::SetItemPropValuesFromString(&columns, u"Caption", u"[Time,\"Value, kV\",more]"));
+    EXPECT_EQ(columns.GetCount(), 2) << "it never grows";
+    EXPECT_TRUE(PROP::SetItemPropValuesFromString(&columns, u"width", u"7"));
+    UnicodeString text;
+    EXPECT_TRUE(PROP::GetItemPropValuesAsString(&columns, u"caption", text));
+    EXPECT_EQ(text, u"[Time,\"Value, kV\"]");
+    EXPECT_TRUE(PROP::GetItemPropValuesAsString(&columns, u"Width", text));
+    EXPECT_EQ(text, u"[7,0]");
+    EXPECT_FALSE(PROP::GetItemPropValuesAsString(&columns, u"Height", text));
+    EXPECT_EQ(text, u"[7,0]") << "stays as it was";
+    EXPECT_FALSE(PROP::SetItemPropValuesFromString(&columns, u"Height", u"[1]"));
+}
+
+} // namespace
+
+} // namespace PropertyValues
