@@ -161,6 +161,7 @@ private:
 class TRS8_BTL_API CObjects
 {
 public:
+    /// The two stores, by order of adding and by name.
     using TList = std::vector<UTL::GAutoPtr<CObject>>;
     using TMap = std::map<System::UnicodeString, UTL::GAutoPtr<CObject>>;
 
