@@ -133,6 +133,11 @@ void SwitchOn(TOptions& options, const UnicodeString&)
     options.*Field = true;
 }
 
+void AddChange(TOptions& options, const UnicodeString& value)
+{
+    options.changes.push_back(value);
+}
+
 struct TOption
 {
     const WideChar* name;
@@ -140,6 +145,8 @@ struct TOption
     const WideChar* valueName;
     const WideChar* help;
     void (*set)(TOptions& options, const UnicodeString& value);
+    /// Whether each value counts, where the option is given several times.
+    bool repeats = false;
 };
 
 constexpr std::array Table = {
@@ -187,6 +194,16 @@ constexpr std::array Table = {
     TOption{u"--about", nullptr, u"print the version of the program", SwitchOn<&TOptions::about>},
     TOption{u"--copy", nullptr, u"also print what a bug report needs, and put it on the clipboard",
             SwitchOn<&TOptions::copy>},
+    TOption{u"--form", nullptr,
+            u"print the forms of the settings, in the texts of --language and as their user left them",
+            SwitchOn<&TOptions::form>},
+    TOption{
+        u"--set", u"CHANGE",
+        u"with --form: change something first, \"SettingsForm.fEdit_Interval.Text=0.5\" say; any number of "
+        u"times",
+        AddChange, true},
+    TOption{u"--design", nullptr, u"print each form as what differs from the one that it derives from",
+            SwitchOn<&TOptions::design>},
     TOption{u"--help", nullptr, u"this text", SwitchOn<&TOptions::help>},
 };
 
@@ -228,6 +245,20 @@ UnicodeString HelpText()
     return Introduction + KnownOptions().GetHelpText() + Conclusion;
 }
 
+namespace
+{
+
+void SetOption(TOptions& options, const TOption& option, const UnicodeString& value)
+{
+    try {
+        option.set(options, value);
+    } catch (const XBadValue& fault) {
+        throw BTL::XCommandLine(UnicodeString(option.name) + u": '" + value + u"' " + fault.getMessage());
+    }
+}
+
+} // namespace
+
 TOptions ReadOptions(int argc, const char* const* argv)
 {
     BTL::CCommandLineOptions line = KnownOptions();
@@ -239,15 +270,15 @@ TOptions ReadOptions(int argc, const char* const* argv)
         if (values.empty()) {
             continue;
         }
-        try {
-            option.set(options, values.front());
-        } catch (const XBadValue& fault) {
-            throw BTL::XCommandLine(UnicodeString(option.name) + u": '" + values.front() + u"' " +
-                                    fault.getMessage());
-        }
+        const auto end = option.repeats ? values.end() : values.begin() + 1;
+        std::for_each(values.begin(), end,
+                      [&](const UnicodeString& value) { SetOption(options, option, value); });
     }
     if (options.faulty && !options.instrument) {
         throw BTL::XCommandLine(u"--faulty goes with --instrument");
+    }
+    if (!options.changes.empty() && !options.form) {
+        throw BTL::XCommandLine(u"--set goes with --form");
     }
     if (options.copy && !options.about) {
         throw BTL::XCommandLine(u"--copy goes with --about");
@@ -260,7 +291,7 @@ bool IsForRunUnderWay(const TOptions& options)
     return !options.channels && options.store == EStore::Ini && options.settings.IsEmpty() &&
            options.chart.IsEmpty() && options.language.IsEmpty() && !options.open && !options.decimal &&
            !options.from && !options.sql && options.log.IsEmpty() && !options.serial && !options.instrument &&
-           !options.publish && !options.help;
+           !options.publish && !options.form && !options.design && !options.help;
 }
 
 } // namespace Station

@@ -8,6 +8,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <vector>
 
 namespace Station
 {
@@ -52,10 +53,15 @@ struct TOptions
     /// Whether others may watch the run, and the process whose run to watch.
     bool publish = false;
     std::optional<unsigned long> watch;
+    /// Whether to print the forms, and those as what differs from the forms that they derive from.
+    bool form = false;
+    bool design = false;
+    /// What the user changes in the forms.
+    std::vector<System::UnicodeString> changes;
     bool help = false;
 };
 
-/// What the command line asks for; of an option that is given twice, the first counts.
+/// What the command line asks for; of an option that is given twice, the first counts, but for --set.
 /// `BTL::XCommandLine` for an unknown word, a missing or a bad value.
 TOptions ReadOptions(int argc, const char* const* argv);
 

@@ -7,6 +7,7 @@
 #include <TRS8_BTL/config/BTL_INI_WinIniFile.h>
 #include <TRS8_BTL/environment/folders/BTL_ENV_Folders.h>
 #include <TRS8_BTL/platform/base/dates/Sysutils_DateText.h>
+#include <TRS8_BTL/platform/host/devices/Host_PortMap.h>
 #include <TRS8_BTL/platform/runtime/classes/Classes_StringList.h>
 #include <TRS8_BTL/platform/runtime/sysutils/Sysutils_File.h>
 
@@ -28,6 +29,7 @@ constexpr auto RunSection = u"Run";
 constexpr auto ChannelSection = u"Channels";
 constexpr auto IntervalKey = u"Interval";
 constexpr auto LastRunKey = u"LastRun";
+constexpr auto PortKey = u"Port";
 constexpr double DefaultInterval = 0.25;
 
 constexpr std::array<std::pair<const System::WideChar*, const System::WideChar*>, 6> UsualChannels = {{
@@ -38,6 +40,13 @@ constexpr std::array<std::pair<const System::WideChar*, const System::WideChar*>
     {u"serial.U", u"mV; lower -40; upper -30"},
     {u"serial.I", u"mA; lower 10; upper 15"},
 }};
+
+constexpr auto BadInterval = u"the value is not a number of seconds from 0.01 to 3600";
+
+bool IsInterval(double seconds)
+{
+    return seconds >= 0.01 && seconds <= 3600;
+}
 
 UnicodeString PlaceOf(const BTL::AIni& settings, const UnicodeString& section, const UnicodeString& key)
 {
@@ -95,9 +104,8 @@ double LoadInterval(BTL::AIni& settings)
     } catch (const std::exception&) {
         // A value of another type, which the range tells.
     }
-    if (!(interval >= 0.01 && interval <= 3600)) {
-        throw XBadSettings(PlaceOf(settings, RunSection, IntervalKey) +
-                           u"the value is not a number of seconds from 0.01 to 3600");
+    if (!IsInterval(interval)) {
+        throw XBadSettings(PlaceOf(settings, RunSection, IntervalKey) + BadInterval);
     }
     return interval;
 }
@@ -135,6 +143,63 @@ std::vector<CChannel> LoadChannels(BTL::AIni& settings, const std::vector<TSourc
     }
     CheckInstrument(channels, serial, settings.getFile());
     return channels;
+}
+
+void LoadChannelLines(BTL::AIni& settings, Classes::TStrings& lines)
+{
+    settings.ReadSectionValues(ChannelSection, &lines);
+    if (lines.getCount() == 0) {
+        for (const auto& [name, rest] : UsualChannels) {
+            lines.Add(UnicodeString(name) + u"=" + rest);
+        }
+    }
+}
+
+std::optional<int> LoadPort(BTL::AIni& settings)
+{
+    const BTL::CSetIniSection section(&settings, RunSection);
+    try {
+        return ReadPortName(settings.ReadString(PortKey, UnicodeString()));
+    } catch (const XBadSettings& fault) {
+        throw XBadSettings(PlaceOf(settings, RunSection, PortKey) + fault.getMessage());
+    }
+}
+
+void StoreSettings(BTL::AIni& settings, double interval, Classes::TStrings& channelLines)
+{
+    if (!IsInterval(interval)) {
+        throw XBadSettings(PlaceOf(settings, RunSection, IntervalKey) + BadInterval);
+    }
+    for (const UnicodeString& line : channelLines) {
+        if (line.Pos(u'=') < 2) {
+            throw XBadSettings(PlaceOf(settings, ChannelSection, line) + u"'=' is missing");
+        }
+    }
+    settings.SetSectionValues(ChannelSection, &channelLines);
+    const BTL::CSetIniSection section(&settings, RunSection);
+    settings.WriteFloat(IntervalKey, interval);
+}
+
+std::optional<int> ReadPortName(const UnicodeString& name)
+{
+    if (name.IsEmpty()) {
+        return std::nullopt;
+    }
+    const int port = Host::PortNumber(System::ToUtf8(name));
+    if (port == 0) {
+        throw XBadSettings(u"'" + name + u"' is no port, COM1 to COM256");
+    }
+    return port;
+}
+
+void StorePort(BTL::AIni& settings, std::optional<int> port)
+{
+    const BTL::CSetIniSection section(&settings, RunSection);
+    if (port) {
+        settings.WriteString(PortKey, u"COM" + UnicodeString(*port));
+    } else {
+        settings.DeleteKey(PortKey);
+    }
 }
 
 void SaveSettings(BTL::AIni& settings, const UnicodeString& file, const System::TDateTime& lastRun)

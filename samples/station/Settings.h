@@ -7,6 +7,7 @@
 #include <TRS8_BTL/platform/base/dates/System_DateTime.h>
 
 #include <memory>
+#include <optional>
 
 namespace Station
 {
@@ -33,6 +34,21 @@ System::UnicodeString LoadLastRun(BTL::AIni& settings);
 /// The channels of the settings, by the rules of a channel file; those that are usual if there are none.
 std::vector<CChannel> LoadChannels(BTL::AIni& settings, const std::vector<TSource>& sources,
                                    const TSourceMaker& serial);
+
+/// The channels as lines of a channel file; those that are usual if there are none.
+void LoadChannelLines(BTL::AIni& settings, Classes::TStrings& lines);
+
+/// The port of the instrument that each run asks; nothing for none. `XBadSettings` for what is no port.
+std::optional<int> LoadPort(BTL::AIni& settings);
+
+/// Sets the interval and the channels, without saving them. `XBadSettings`, with nothing set, for what isn't
+/// an interval and for a line without a channel.
+void StoreSettings(BTL::AIni& settings, double interval, Classes::TStrings& channelLines);
+
+/// The port by its name; nothing for an empty text. `XBadSettings` for what is no port.
+std::optional<int> ReadPortName(const System::UnicodeString& name);
+/// Sets the port, without saving it.
+void StorePort(BTL::AIni& settings, std::optional<int> port);
 
 /// Keeps the time as that of the last run, and beside it what else is missing, so that the user finds it to
 /// edit. `Sysutils::Exception` for a file that is read-only or can't be written.

@@ -2,6 +2,7 @@
 #include "About.h"
 #include "Channels.h"
 #include "Chart.h"
+#include "FormDesk.h"
 #include "Instrument.h"
 #include "Options.h"
 #include "Progress.h"
@@ -189,6 +190,13 @@ UnicodeString SamplesFile(const TOptions& options)
     return options.samples.IsEmpty() ? BTL::GetBinPath() + u"Samples.txt" : options.samples;
 }
 
+/// For the port of the command line or else of the settings; null if neither names one.
+std::unique_ptr<CSerialReader> MakeSerialReader(const TOptions& options, BTL::AIni& settings)
+{
+    const std::optional<int> port = options.serial ? options.serial : LoadPort(settings);
+    return port ? std::make_unique<CSerialReader>(*port) : nullptr;
+}
+
 EExitCode Run(const TOptions& options, CSingleStation& single)
 {
     if (options.decimal) {
@@ -198,9 +206,9 @@ EExitCode Run(const TOptions& options, CSingleStation& single)
         BTL::SetLogFile(options.log);
     }
     const UnicodeString file = SamplesFile(options);
-    const auto serial = options.serial ? std::make_unique<CSerialReader>(*options.serial) : nullptr;
     const UnicodeString settingsFile = SettingsFile(options);
     const auto settings = OpenSettings(options.store, settingsFile);
+    const auto serial = MakeSerialReader(options, *settings);
     const auto maker = serial ? serial->GetSourceMaker() : TSourceMaker();
     const UnicodeString lastRun = LoadLastRun(*settings);
     const UnicodeString title = BTL::CApplicationIni::Get()->Title;
@@ -295,6 +303,15 @@ EExitCode Start(const TOptions& options)
     }
     if (!options.chart.IsEmpty()) {
         WriteChart(std::cout, LoadChart(options.chart));
+        return Done;
+    }
+    if (options.form) {
+        const auto settings = OpenSettings(options.store, SettingsFile(options));
+        WriteForms(std::cout, *settings, options.language, options.changes);
+        return Done;
+    }
+    if (options.design) {
+        WriteDesigns(std::cout, options.language);
         return Done;
     }
     if (options.instrument) {

@@ -3,6 +3,7 @@
 
 #include "platform/base/internal/System_Memory.h"
 #include "platform/runtime/classes/Classes_Stream.h"
+#include "platform/runtime/classes/Classes_StringList.h"
 #include "platform/runtime/classes/Classes_Update.h"
 #include "platform/runtime/classes/internal/Classes_DelimitedText.h"
 #include "platform/runtime/classes/internal/Classes_NeedStream.h"
@@ -101,7 +102,10 @@ Items ItemsOf(const TStrings& strings)
 
 TMetaClass* TStrings::ClassRecord()
 {
-    static TMetaClass* const record = GClassBuilder<TStrings>(u"TStrings").Build();
+    static TMetaClass* const record =
+        GClassBuilder<TStrings>(u"TStrings")
+            .StandIn([]() -> std::unique_ptr<System::TObject> { return std::make_unique<TStringList>(); })
+            .Build();
     return record;
 }
 

@@ -91,6 +91,10 @@ public:
     void setOwner(TComponent* owner) noexcept { mOwner = owner; }
     TComponent* getParent() const noexcept { return mParent; }
     void setParent(TComponent* parent) noexcept { mParent = parent; }
+    /// The class whose form is read, where the root appears as one that this derives from; null at first. The
+    /// root has the published properties of this class as well, see `TObject::SetClassType`.
+    System::TMetaClass* getRootClass() const noexcept { return mRootClass; }
+    void setRootClass(System::TMetaClass* type) noexcept { mRootClass = type; }
     /// The offset from where reading began, in bytes.
     System::Int64 getPosition() const;
 
@@ -147,6 +151,8 @@ private:
     System::TMetaClass* LookUpClass(const System::UnicodeString& className);
     void SetComponentName(TComponent& component, System::UnicodeString name);
     void SkipComponentBody();
+    const Typinfo::TPropInfo* FindProperty(const TPersistent& object,
+                                           const System::UnicodeString& name) const;
     void ReadPropertyAt(TPersistent& instance, const System::UnicodeString& path);
     void ReadPropValue(TPersistent& instance, const Typinfo::TPropInfo& info);
     void ReadOrdinal(TPersistent& instance, const Typinfo::TPropInfo& info);
@@ -162,6 +168,7 @@ private:
     System::GOwner<CState> mState;
     TComponent* mOwner = nullptr;
     TComponent* mParent = nullptr;
+    System::TMetaClass* mRootClass = nullptr;
     System::UnicodeString mPropName;
 };
 

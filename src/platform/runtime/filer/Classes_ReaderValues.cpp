@@ -83,12 +83,18 @@ void TReader::ReadProperty(TPersistent* instance)
     state.path.setProperty(outer);
 }
 
+const TPropInfo* TReader::FindProperty(const TPersistent& object, const UnicodeString& name) const
+{
+    const TPropInfo* const info = Typinfo::GetPropInfo(&object, name);
+    return info == nullptr && &object == mRoot ? Typinfo::GetPropInfo(mRootClass, name) : info;
+}
+
 void TReader::ReadPropertyAt(TPersistent& instance, const UnicodeString& path)
 {
     TPersistent* target = &instance;
     UnicodeString name = path;
     for (int point = name.Pos(u'.'); point > 0; point = name.Pos(u'.')) {
-        const TPropInfo* const info = Typinfo::GetPropInfo(target, name.SubString(1, point - 1));
+        const TPropInfo* const info = FindProperty(*target, name.SubString(1, point - 1));
         const bool isObject = info != nullptr && info->getKind() == Typinfo::tkClass;
         auto* const part =
             isObject ? dynamic_cast<TPersistent*>(Typinfo::GetObjectProp(target, info)) : nullptr;
@@ -100,7 +106,7 @@ void TReader::ReadPropertyAt(TPersistent& instance, const UnicodeString& path)
         target = part;
         name.Delete(1, point);
     }
-    if (const TPropInfo* const info = Typinfo::GetPropInfo(target, name); info != nullptr) {
+    if (const TPropInfo* const info = FindProperty(*target, name); info != nullptr) {
         ReadPropValue(*target, *info);
     } else {
         mPropName = name;

@@ -37,13 +37,17 @@ public:
             mDescription.parent = ClassOf<typename T::ParentClass>();
         }
         mDescription.moduleAddress = reinterpret_cast<const void*>(&T::ClassRecord);
+        static_assert(alignof(T) <= __STDCPP_DEFAULT_NEW_ALIGNMENT__,
+                      "storage of described classes has the usual alignment");
+        mDescription.instanceSize = sizeof(T);
         if constexpr (std::is_default_constructible_v<T>) {
-            mDescription.create = [] { return std::unique_ptr<TObject>(std::make_unique<T>()); };
+            mDescription.construct = [](void* storage) -> TObject* { return ::new (storage) T(); };
         }
         if constexpr (std::is_base_of_v<Classes::TComponent, T> &&
                       std::is_constructible_v<T, Classes::TComponent*>) {
-            mDescription.createOwned = [](Classes::TComponent* owner) -> Classes::TComponent* {
-                return new T(owner);
+            mDescription.constructOwned = [](void* storage,
+                                             Classes::TComponent* owner) -> Classes::TComponent* {
+                return ::new (storage) T(owner);
             };
         }
     }
@@ -85,6 +89,24 @@ public:
     GClassBuilder& Method(const UnicodeString& name, Member member)
     {
         mDescription.methods.emplace_back(name, Detail::MakeMethodAddress(member));
+        return *this;
+    }
+
+    /// As a member function, but one that also runs on objects that only appear as a `T`: a function that
+    /// takes the object first, as a class that they are made of.
+    template <class R, class Self, class... Args>
+    requires std::derived_from<T, Self> GClassBuilder& Method(const UnicodeString& name,
+                                                              R (*function)(Self*, Args...))
+    {
+        mDescription.methods.emplace_back(name, Detail::MakeMethodAddress(function));
+        return *this;
+    }
+
+    /// What a property of this class holds for an object whose constructor, which would make it, didn't run,
+    /// see `TObject::SetClassType`. For a class that can't be made without arguments.
+    GClassBuilder& StandIn(std::unique_ptr<TObject> (*create)())
+    {
+        mDescription.createStandIn = create;
         return *this;
     }
 

@@ -34,17 +34,32 @@ void* ToMethodData(T* object) noexcept
     }
 }
 
+/// Null for an object that only appears as a `T`, which can't run its methods.
 template <class T>
-T& FromMethodData(void* data)
+T* FromMethodData(void* data)
 {
     if constexpr (std::derived_from<T, TObject>) {
-        T* object = CheckedCast<T>(static_cast<TObject*>(data));
-        if (object == nullptr) {
+        auto* const base = static_cast<TObject*>(data);
+        T* const object = dynamic_cast<T*>(base);
+        if (object == nullptr && (base == nullptr || !base->HasSetClass())) {
             ThrowInvalidCast();
         }
-        return *object;
+        return object;
     } else {
-        return *static_cast<T*>(data);
+        return static_cast<T*>(data);
+    }
+}
+
+/// What a method gives that isn't run.
+template <class R>
+R NoResult()
+{
+    if constexpr (std::is_void_v<R>) {
+        return;
+    } else if constexpr (std::is_default_constructible_v<R>) {
+        return R();
+    } else {
+        ThrowInvalidCast();
     }
 }
 
@@ -76,7 +91,8 @@ public:
     }
     R Invoke(void* data, Args... args) const override
     {
-        return (FromMethodData<T>(data).*mMember)(std::forward<Args>(args)...);
+        T* const object = FromMethodData<T>(data);
+        return object == nullptr ? NoResult<R>() : (object->*mMember)(std::forward<Args>(args)...);
     }
 
 private:
@@ -102,6 +118,33 @@ public:
 
 private:
     mutable Callable mCallable;
+};
+
+template <class Self, class Signature>
+class GFunctionCode;
+
+/// A function that takes the object first, and then what the closure is called with.
+template <class Self, class R, class... Args>
+class GFunctionCode<Self, R(Args...)> final : public GMethodCode<R(Args...)>
+{
+public:
+    using Function = R (*)(Self*, Args...);
+
+    explicit GFunctionCode(Function function) noexcept : mFunction(function) {}
+
+    bool Equals(const TMethodCode& other) const noexcept override
+    {
+        const auto* same = dynamic_cast<const GFunctionCode*>(&other);
+        return same != nullptr && same->mFunction == mFunction;
+    }
+    R Invoke(void* data, Args... args) const override
+    {
+        Self* const object = FromMethodData<Self>(data);
+        return object == nullptr ? NoResult<R>() : mFunction(object, std::forward<Args>(args)...);
+    }
+
+private:
+    Function mFunction;
 };
 
 template <class Member>
@@ -136,6 +179,12 @@ TMethodAddress MakeMethodAddress(Member member)
     using Traits = GMemberTraits<Member>;
     using Code = GMemberCode<typename Traits::Class, Member, typename Traits::Signature>;
     return TMethodAddress(new Code(member));
+}
+
+template <class R, std::derived_from<TObject> Self, class... Args>
+TMethodAddress MakeMethodAddress(R (*function)(Self*, Args...))
+{
+    return TMethodAddress(new GFunctionCode<Self, R(Args...)>(function));
 }
 
 } // namespace Detail
@@ -205,7 +254,9 @@ public:
     friend bool operator==(const TClosure& a, std::nullptr_t) noexcept { return !a.mMethod; }
 
     /// Raises `Sysutils::Exception` if the closure is empty, `Sysutils::EInvalidCast` if the object isn't of
-    /// the method's class. The closure may be changed or destroyed by what it calls.
+    /// the method's class. Does nothing, and gives a value made without arguments, if the object only appears
+    /// as one of that class, see `TObject::SetClassType`. The closure may be changed or destroyed by what it
+    /// calls.
     R operator()(Args... args) const
     {
         const TMethod method = mMethod;

@@ -6,6 +6,7 @@
 #include "platform/runtime/typinfo/Typinfo.h"
 
 #include <algorithm>
+#include <cstring>
 #include <unordered_map>
 
 namespace System
@@ -86,6 +87,7 @@ TMetaClass::TMetaClass(TDescription&& description)
         *mIndex = *parent->mIndex;
     }
     for (Typinfo::TPropInfo& property : mDescription.properties) {
+        property.mClass = this;
         Typinfo::TPropInfo*& known = mIndex->properties[property.getName().LowerCase()];
         if (known == nullptr) {
             mProperties.push_back(&property);
@@ -119,14 +121,84 @@ bool TMetaClass::Inherits(const TMetaClass* type) const noexcept
     return ancestor != nullptr;
 }
 
+namespace
+{
+
+/// Nothing but its class, in storage that is to become an object of another one.
+class CBareObject final : public TObject
+{
+public:
+    explicit CBareObject(TMetaClass* type) noexcept : mClass(type) {}
+    const TMetaClass* Storage() const noexcept { return mClass; }
+
+protected:
+    TMetaClass* OwnClass() const override { return mClass; }
+
+private:
+    TMetaClass* mClass;
+};
+
+struct TFreeStorage
+{
+    void operator()(void* storage) const noexcept { ::operator delete(storage); }
+};
+
+/// What `construct` makes in new storage for an object of `type`.
+template <class Construct>
+auto InNewStorage(const TMetaClass& type, Construct construct)
+{
+    std::unique_ptr<void, TFreeStorage> storage(::operator new(type.InstanceSize()));
+    auto* const made = construct(storage.get());
+    if (made != nullptr) {
+        static_cast<void>(storage.release());
+    }
+    return made;
+}
+
+} // namespace
+
 std::unique_ptr<TObject> TMetaClass::Create() const
 {
-    return mDescription.create ? mDescription.create() : nullptr;
+    return std::unique_ptr<TObject>(
+        InNewStorage(*this, [this](void* storage) { return Construct(storage); }));
 }
 
 Classes::TComponent* TMetaClass::Create(Classes::TComponent* owner) const
 {
-    return mDescription.createOwned ? mDescription.createOwned(owner) : nullptr;
+    return InNewStorage(*this, [&](void* storage) { return Construct(storage, owner); });
+}
+
+std::unique_ptr<TObject> TMetaClass::CreateStandIn() const
+{
+    return mDescription.createStandIn == nullptr ? Create() : mDescription.createStandIn();
+}
+
+std::size_t TMetaClass::InstanceSize() const noexcept
+{
+    return std::max(mDescription.instanceSize, sizeof(CBareObject));
+}
+
+TObject* TMetaClass::InitInstance(void* storage) const
+{
+    std::memset(storage, 0, InstanceSize());
+    // The object has a class as others have, which may be written to; the record itself never is.
+    return new (storage) CBareObject(const_cast<TMetaClass*>(this));
+}
+
+const TMetaClass* TMetaClass::StorageOf(const TObject& object)
+{
+    const auto* const bare = dynamic_cast<const CBareObject*>(&object);
+    return bare == nullptr ? nullptr : bare->Storage();
+}
+
+TObject* TMetaClass::Construct(void* storage) const
+{
+    return mDescription.construct == nullptr ? nullptr : mDescription.construct(storage);
+}
+
+Classes::TComponent* TMetaClass::Construct(void* storage, Classes::TComponent* owner) const
+{
+    return mDescription.constructOwned == nullptr ? nullptr : mDescription.constructOwned(storage, owner);
 }
 
 Typinfo::TPropInfo* TMetaClass::FindProperty(std::u16string_view name) const

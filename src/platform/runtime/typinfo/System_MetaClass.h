@@ -48,8 +48,12 @@ public:
     {
         UnicodeString name;
         TMetaClass* parent = nullptr;
-        std::function<std::unique_ptr<TObject>()> create;
-        std::function<Classes::TComponent*(Classes::TComponent* owner)> createOwned;
+        /// The bytes of an object, and what makes one in storage of that size; null for a class that can't
+        /// be made in that way.
+        std::size_t instanceSize = 0;
+        TObject* (*construct)(void* storage) = nullptr;
+        Classes::TComponent* (*constructOwned)(void* storage, Classes::TComponent* owner) = nullptr;
+        std::unique_ptr<TObject> (*createStandIn)() = nullptr;
         std::vector<Typinfo::TPropInfo> properties;
         std::vector<std::pair<UnicodeString, TMethodAddress>> methods;
         std::vector<TFieldInfo> fields;
@@ -72,6 +76,29 @@ public:
     /// A new component, which belongs to `owner` or, if that is null, to the caller; null if the class is no
     /// component or abstract.
     Classes::TComponent* Create(Classes::TComponent* owner) const;
+
+    /// A new object for a kept property of this class, see `TObject::SetClassType`: what the description
+    /// says, or as `Create`.
+    std::unique_ptr<TObject> CreateStandIn() const;
+
+    // The steps of `Create` one by one, for who makes an object in the storage of one of another class.
+    //
+    //     void* const storage = ::operator new(type->InstanceSize());
+    //     TObject* object = type->InitInstance(storage);              // bare: its class is all that it has
+    //     object->~TObject();
+    //     object = type->Construct(storage);                          // delete frees the storage
+
+    /// The bytes of storage that an object of the class needs, aligned as `::operator new` does.
+    std::size_t InstanceSize() const noexcept;
+    /// A bare object at the begin of `storage`, which appears as one of this class. It can be asked for its
+    /// class and destroyed. The rest of the storage is filled with 0.
+    TObject* InitInstance(void* storage) const;
+    /// The class whose `InitInstance` made `object`; null for an object that isn't bare.
+    static const TMetaClass* StorageOf(const TObject& object);
+    /// As the `Create` of these arguments, in storage of `InstanceSize()` bytes or more. The storage stays
+    /// the caller's if that gives null or raises; else the object's `delete` frees it.
+    TObject* Construct(void* storage) const;
+    Classes::TComponent* Construct(void* storage, Classes::TComponent* owner) const;
 
     /// All published properties: those of the parent first, each in the order of its description. A property
     /// that a class describes again stands in the place of the parent's.

@@ -3,6 +3,9 @@
 
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/runtime/typinfo/System_MetaClass.h"
+#include "platform/runtime/typinfo/internal/System_ShownClass.h"
+
+#include <utility>
 
 namespace Sysutils
 {
@@ -24,7 +27,10 @@ void ThrowInvalidCast()
 
 } // namespace Detail
 
-TObject::~TObject() = default;
+TObject::~TObject()
+{
+    delete mShown;
+}
 
 TMetaClass* TObject::ClassRecord()
 {
@@ -35,6 +41,27 @@ TMetaClass* TObject::ClassRecord()
 TMetaClass* TObject::OwnClass() const
 {
     return ClassRecord();
+}
+
+TMetaClass* TObject::ShownClass() const noexcept
+{
+    return mShown->type;
+}
+
+void TObject::SetClassType(TMetaClass* type)
+{
+    if (type == nullptr) {
+        delete std::exchange(mShown, nullptr);
+    } else if (mShown == nullptr) {
+        mShown = new Detail::TShownClass{type, {}};
+    } else {
+        mShown->type = type;
+    }
+}
+
+bool TObject::IsMadeOf(const TMetaClass* type) const
+{
+    return OwnClass()->Inherits(type);
 }
 
 const UnicodeString& TObject::ClassName() const

@@ -5,9 +5,11 @@
 #include "platform/runtime/typinfo/System_Method.h"
 
 #include <concepts>
+#include <new>
 
 namespace Typinfo
 {
+class TPropInfo;
 struct TTypeInfo;
 } // namespace Typinfo
 
@@ -29,6 +31,13 @@ namespace System
 
 class TMetaClass;
 
+namespace Detail
+{
+
+struct TShownClass;
+
+} // namespace Detail
+
 /// The root of all classes that know at run time what they are.
 ///
 ///     class TGauge : public System::TObject
@@ -46,7 +55,7 @@ public:
 
     /// The class of this object: the one it was made of, unless `SetClassType` replaced it. Never null. While
     /// a constructor or destructor runs it is the class of that constructor.
-    TMetaClass* ClassType() const { return mReplacedClass != nullptr ? mReplacedClass : OwnClass(); }
+    TMetaClass* ClassType() const { return mShown == nullptr ? OwnClass() : ShownClass(); }
     const UnicodeString& ClassName() const;
     /// Null for `TObject` itself.
     TMetaClass* ClassParent() const;
@@ -59,8 +68,29 @@ public:
     UnicodeString MethodName(const TMethodAddress& method) const;
 
     /// Lets the object appear as one of the class `type`, or again as what it is if `type` is null. The code
-    /// it runs stays that of the class it was made of.
-    void SetClassType(TMetaClass* type) noexcept { mReplacedClass = type; }
+    /// it runs stays that of the class it was made of. The published properties of classes that derive from
+    /// that one are kept beside the object, without their accessors: each has its default until it is
+    /// written, and goes with the object, or when `type` is null. Methods of these classes do nothing when an
+    /// event calls them.
+    void SetClassType(TMetaClass* type);
+    /// Whether `SetClassType` gave the object its class, if only the one that it was made of.
+    bool HasSetClass() const noexcept { return mShown != nullptr; }
+    /// Whether the object was made of `type` or a class that derives from it, whatever it appears as; false
+    /// for null.
+    bool IsMadeOf(const TMetaClass* type) const;
+
+    // An object may lie in storage that was made for one of a larger class, so its own size isn't told to who
+    // frees that.
+
+    static void* operator new(std::size_t size) { return ::operator new(size); }
+    static void* operator new(std::size_t size, const std::nothrow_t& tag) noexcept
+    {
+        return ::operator new(size, tag);
+    }
+    static void* operator new(std::size_t, void* place) noexcept { return place; }
+    static void operator delete(void* storage) noexcept { ::operator delete(storage); }
+    static void operator delete(void* storage, const std::nothrow_t&) noexcept { ::operator delete(storage); }
+    static void operator delete(void*, void*) noexcept {}
 
     static TMetaClass* ClassRecord();
     using ThisClass = TObject;
@@ -70,7 +100,11 @@ protected:
     virtual TMetaClass* OwnClass() const;
 
 private:
-    TMetaClass* mReplacedClass = nullptr;
+    friend class Typinfo::TPropInfo;
+
+    TMetaClass* ShownClass() const noexcept;
+
+    Detail::TShownClass* mShown = nullptr;
 };
 
 /// The one line that a class with run-time information has in its body. Its source file defines

@@ -2,6 +2,7 @@
 #include "platform/runtime/typinfo/Typinfo.h"
 
 #include "platform/runtime/typinfo/System_MetaClass.h"
+#include "platform/runtime/typinfo/internal/System_ShownClass.h"
 #include "platform/runtime/typinfo/internal/Typinfo_Expected.h"
 #include "platform/runtime/typinfo/internal/Typinfo_NeedProp.h"
 
@@ -149,7 +150,7 @@ TPropValue TPropInfo::Read(const TObject* object) const
     if (!CanRead()) {
         throw EPropertyError(u"Property " + mName + u" can't be read");
     }
-    return mRead(object);
+    return IsShown(object) ? ReadShown(*object) : mRead(object);
 }
 
 void TPropInfo::Write(TObject* object, const TPropValue& value) const
@@ -158,7 +159,11 @@ void TPropInfo::Write(TObject* object, const TPropValue& value) const
         throw EPropertyError(u"Property " + mName + u" is read-only");
     }
     try {
-        mWrite(object, value);
+        if (IsShown(object)) {
+            WriteShown(*object, value);
+        } else {
+            mWrite(object, value);
+        }
     } catch (const std::bad_variant_access&) {
         throw EPropertyConvertError(u"Invalid value for property " + mName);
     }

@@ -131,14 +131,35 @@ public:
     /// Whether the property has a reader, a writer, and whether the object's value is to be stored.
     bool CanRead() const noexcept { return static_cast<bool>(mRead); }
     bool CanWrite() const noexcept { return static_cast<bool>(mWrite); }
-    bool IsStored(const System::TObject* object) const { return !mOptions.stored || mOptions.stored(object); }
+    bool IsStored(const System::TObject* object) const
+    {
+        return IsShown(object) ? IsShownStored(*object) : !mOptions.stored || mOptions.stored(object);
+    }
+    /// The class that describes the property; null before that is complete.
+    System::TMetaClass* getClass() const noexcept { return mClass; }
 
     /// Raise `EPropertyError` if the property can't be read or written or `object` has no such property,
-    /// `EPropertyConvertError` for a value that doesn't fit; what a setter raises passes.
+    /// `EPropertyConvertError` for a value that doesn't fit; what a setter raises passes. Of an object that
+    /// only appears as one of the class that has the property, see `TObject::SetClassType`, the value is kept
+    /// beside it: a component is a reference, which is null when that is gone, and any other persistent
+    /// object a part of the property's class that takes over the state of what is written.
     TPropValue Read(const System::TObject* object) const;
     void Write(System::TObject* object, const TPropValue& value) const;
 
 private:
+    friend class System::TMetaClass;
+
+    static bool IsShown(const System::TObject* object) noexcept
+    {
+        return object != nullptr && object->HasSetClass();
+    }
+    const TPropInfo* AccessorsFor(const System::TObject& object) const;
+    bool IsShownStored(const System::TObject& object) const;
+    TPropValue ReadShown(const System::TObject& object) const;
+    void WriteShown(System::TObject& object, const TPropValue& value) const;
+    TPropValue DefaultValue() const;
+
+    System::TMetaClass* mClass = nullptr;
     System::UnicodeString mName;
     TTypeInfoFunction mType;
     Reader mRead;

@@ -2,9 +2,9 @@
 #include "platform/toolkit/headless/HeadlessToolkit.h"
 
 #include "platform/host/internal/Host_Wakeup.h"
-#include "platform/toolkit/MessageBox.h"
 #include "platform/toolkit/headless/internal/HeadlessDesktop.h"
 #include "platform/toolkit/headless/internal/TimerQueue.h"
+#include "platform/toolkit/internal/BoxButtons.h"
 
 #include <algorithm>
 #include <array>
@@ -13,7 +13,6 @@
 #include <climits>
 #include <functional>
 #include <iostream>
-#include <span>
 #include <stdexcept>
 #include <utility>
 
@@ -26,60 +25,20 @@ namespace Toolkits
 namespace
 {
 
-struct TButton
+const char* NameOf(int answer)
 {
-    int id;
-    const char* name;
-};
-
-constexpr TButton Ok = {IDOK, "OK"};
-constexpr TButton Cancel = {IDCANCEL, "Cancel"};
-constexpr TButton Abort = {IDABORT, "Abort"};
-constexpr TButton Retry = {IDRETRY, "Retry"};
-constexpr TButton Ignore = {IDIGNORE, "Ignore"};
-constexpr TButton Yes = {IDYES, "Yes"};
-constexpr TButton No = {IDNO, "No"};
-
-std::span<const TButton> ButtonsOf(unsigned flags)
-{
-    static constexpr std::array okCancel = {Ok, Cancel};
-    static constexpr std::array abortRetryIgnore = {Abort, Retry, Ignore};
-    static constexpr std::array yesNoCancel = {Yes, No, Cancel};
-    static constexpr std::array yesNo = {Yes, No};
-    static constexpr std::array retryCancel = {Retry, Cancel};
-    static constexpr std::array ok = {Ok};
-    switch (flags & MB_TYPEMASK) {
-    case MB_OKCANCEL:
-        return okCancel;
-    case MB_ABORTRETRYIGNORE:
-        return abortRetryIgnore;
-    case MB_YESNOCANCEL:
-        return yesNoCancel;
-    case MB_YESNO:
-        return yesNo;
-    case MB_RETRYCANCEL:
-        return retryCancel;
-    default:
-        return ok;
-    }
-}
-
-const TButton* FindButton(unsigned flags, int id)
-{
-    const auto buttons = ButtonsOf(flags);
-    const auto found = std::ranges::find(buttons, id, &TButton::id);
-    return found == buttons.end() ? nullptr : &*found;
+    static constexpr std::array names = {"OK", "Cancel", "Abort", "Retry", "Ignore", "Yes", "No"};
+    return names.at(static_cast<std::size_t>(answer - IDOK));
 }
 
 void WriteBox(const TBox& box, int answer)
 {
-    std::cerr << box.caption << ": " << box.text << "\n[" << FindButton(box.flags, answer)->name << "]\n"
-              << std::flush;
+    std::cerr << box.caption << ": " << box.text << "\n[" << NameOf(answer) << "]\n" << std::flush;
 }
 
 void WriteCancelled(const TInput& input)
 {
-    std::cerr << input.caption << ": " << input.prompt << " [" << input.value << "]\n[" << Cancel.name
+    std::cerr << input.caption << ": " << input.prompt << " [" << input.value << "]\n[" << NameOf(IDCANCEL)
               << "]\n"
               << std::flush;
 }
@@ -87,7 +46,7 @@ void WriteCancelled(const TInput& input)
 void WriteCancelled(const TFileQuestion& question)
 {
     std::cerr << question.caption << ": " << question.folder << " [" << question.fileName << "]\n["
-              << Cancel.name << "]\n"
+              << NameOf(IDCANCEL) << "]\n"
               << std::flush;
 }
 
@@ -188,7 +147,7 @@ int HeadlessToolkit::UnattendedAnswer(unsigned flags)
         return IDYES;
     }
     for (const int safe : {IDNO, IDCANCEL, IDABORT}) {
-        if (FindButton(flags, safe) != nullptr) {
+        if (HasButton(flags, safe)) {
             return safe;
         }
     }
@@ -204,7 +163,7 @@ int HeadlessToolkit::ShowBox(const TBox& box)
     } else {
         answer = mScript.front();
         mScript.pop_front();
-        if (FindButton(box.flags, answer) == nullptr) {
+        if (!HasButton(box.flags, answer)) {
             throw std::logic_error("The box '" + System::ToUtf8(box.caption) + "' has no button " +
                                    std::to_string(answer) + ".");
         }

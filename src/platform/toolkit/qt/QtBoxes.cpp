@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/qt/QtBoxes.h"
 
-#include "platform/toolkit/MessageBox.h"
+#include "platform/toolkit/internal/BoxButtons.h"
 #include "platform/toolkit/qt/QtConvert.h"
 
 #include <QInputDialog>
@@ -13,7 +13,6 @@
 #include <algorithm>
 #include <array>
 #include <exception>
-#include <span>
 #include <vector>
 
 namespace Toolkits
@@ -22,36 +21,12 @@ namespace Toolkits
 namespace
 {
 
-struct TButton
+QMessageBox::StandardButton ButtonOf(int answer)
 {
-    int id;
-    QMessageBox::StandardButton button;
-};
-
-std::span<const TButton> ButtonsOf(unsigned flags)
-{
-    static constexpr std::array ok = {TButton{IDOK, QMessageBox::Ok}};
-    static constexpr std::array okCancel = {ok[0], TButton{IDCANCEL, QMessageBox::Cancel}};
-    static constexpr std::array abortRetryIgnore = {TButton{IDABORT, QMessageBox::Abort},
-                                                    TButton{IDRETRY, QMessageBox::Retry},
-                                                    TButton{IDIGNORE, QMessageBox::Ignore}};
-    static constexpr std::array yesNo = {TButton{IDYES, QMessageBox::Yes}, TButton{IDNO, QMessageBox::No}};
-    static constexpr std::array yesNoCancel = {yesNo[0], yesNo[1], okCancel[1]};
-    static constexpr std::array retryCancel = {abortRetryIgnore[1], okCancel[1]};
-    switch (flags & MB_TYPEMASK) {
-    case MB_OKCANCEL:
-        return okCancel;
-    case MB_ABORTRETRYIGNORE:
-        return abortRetryIgnore;
-    case MB_YESNOCANCEL:
-        return yesNoCancel;
-    case MB_YESNO:
-        return yesNo;
-    case MB_RETRYCANCEL:
-        return retryCancel;
-    default:
-        return ok;
-    }
+    static constexpr std::array buttons = {QMessageBox::Ok,    QMessageBox::Cancel, QMessageBox::Abort,
+                                           QMessageBox::Retry, QMessageBox::Ignore, QMessageBox::Yes,
+                                           QMessageBox::No};
+    return buttons.at(static_cast<std::size_t>(answer - IDOK));
 }
 
 QMessageBox::Icon IconOf(unsigned flags)
@@ -133,25 +108,25 @@ int RunDialog(Toolkit& toolkit, QDialog& dialog)
 int ShowQtBox(Toolkit& toolkit, const TBox& box)
 {
     const auto buttons = ButtonsOf(box.flags);
-    const bool canLeave = buttons.size() == 1 || buttons.back().id == IDCANCEL;
+    const bool canLeave = buttons.size() == 1 || buttons.back() == IDCANCEL;
     CBox shown(canLeave);
     shown.setWindowTitle(ToQString(box.caption));
     shown.setTextFormat(Qt::PlainText);
     shown.setText(ToQString(box.text));
     shown.setIcon(IconOf(box.flags));
     for (std::size_t i = 0; i < buttons.size(); ++i) {
-        QPushButton* const button = shown.addButton(buttons[i].button);
+        QPushButton* const button = shown.addButton(ButtonOf(buttons[i]));
         if (i == 0 || i == DefaultOf(box.flags)) {
             shown.setDefaultButton(button);
         }
     }
     if (canLeave) {
-        shown.setEscapeButton(buttons.back().button);
+        shown.setEscapeButton(ButtonOf(buttons.back()));
     }
     RunDialog(toolkit, shown);
     const auto answer = shown.standardButton(shown.clickedButton());
-    const auto found = std::ranges::find(buttons, answer, &TButton::button);
-    return found == buttons.end() ? buttons.back().id : found->id;
+    const auto found = std::ranges::find(buttons, answer, ButtonOf);
+    return found == buttons.end() ? buttons.back() : *found;
 }
 
 bool AskByQt(Toolkit& toolkit, const TInput& input, System::UnicodeString& value)

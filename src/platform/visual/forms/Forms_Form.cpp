@@ -441,6 +441,13 @@ TMetaClass* TForm::ClassRecord()
             .Property(u"KeyPreview", &TForm::getKeyPreview, &TForm::setKeyPreview, {.defaultValue = 0})
             .Property(u"Menu", &TForm::getMenu, &TForm::setMenu)
             .Property(u"PixelsPerInch", &TForm::getPixelsPerInch, &TForm::setPixelsPerInch)
+            // A form that is being made tells what it is to be.
+            .Property(u"Visible",
+                      [](const TForm& form) {
+                          const TFormState& state = form.getFormState();
+                          return state.Contains(fsCreating) ? state.Contains(fsVisible) : form.getVisible();
+                      },
+                      &TForm::setVisible, {.defaultValue = 0})
             .Property(u"Position", &TForm::getPosition, &TForm::setPosition,
                       {.defaultValue = poDefaultPosOnly})
             .Property(u"WindowState", &TForm::getWindowState, &TForm::setWindowState,

@@ -260,28 +260,6 @@ void RegisterClasses()
     RegisterIntegerConsts(ColourType(), ColourOf, NameOfColour);
 }
 
-std::string Compiled(std::string_view text)
-{
-    TMemoryStream binary;
-    ObjectTextToBinary(StreamOf(text).get(), &binary);
-    return std::string(binary.AsView());
-}
-
-std::string Decompiled(std::string_view bytes)
-{
-    TMemoryStream text;
-    ObjectBinaryToText(StreamOf(bytes).get(), &text);
-    return std::string(text.AsView());
-}
-
-std::unique_ptr<TMemoryStream> StreamOf(std::string_view bytes)
-{
-    auto stream = std::make_unique<TMemoryStream>();
-    stream->WriteBuffer(bytes.data(), static_cast<System::Int64>(bytes.size()));
-    stream->setPosition(0);
-    return stream;
-}
-
 std::unique_ptr<TSheet> SheetOf(std::string_view text)
 {
     RegisterClasses();

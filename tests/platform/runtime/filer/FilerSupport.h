@@ -9,6 +9,7 @@
 #include "platform/runtime/filer/Classes_FormText.h"
 #include "platform/runtime/filer/Classes_Writer.h"
 #include "platform/runtime/typinfo/Typinfo.h"
+#include "support/RegisteredDesign.h"
 
 #include <memory>
 #include <string>
@@ -159,34 +160,15 @@ int BoxCount();
 /// Makes the classes known to readers.
 void RegisterClasses();
 
-/// The binary form of a text.
-std::string Compiled(std::string_view text);
-/// The text of a binary form.
-std::string Decompiled(std::string_view bytes);
-/// The bytes in a stream, to read.
-std::unique_ptr<Classes::TMemoryStream> StreamOf(std::string_view bytes);
+using Support::Compiled;
+using Support::CRegisteredDesign;
+using Support::Decompiled;
+using Support::StreamOf;
+
 /// A sheet read from the text of a form.
 std::unique_ptr<TSheet> SheetOf(std::string_view text);
 /// The text of what makes `root` differ from `ancestor`.
 std::string TextOf(Classes::TComponent& root, Classes::TComponent* ancestor = nullptr);
-
-/// The design of a class while a test runs.
-class CRegisteredDesign
-{
-public:
-    CRegisteredDesign(std::string className, std::string_view text)
-        : mClass(std::move(className)), mBytes(Compiled(text))
-    {
-        Classes::Detail::RegisterForm(mClass.c_str(), mBytes.data(), mBytes.size());
-    }
-    CRegisteredDesign(const CRegisteredDesign&) = delete;
-    CRegisteredDesign& operator=(const CRegisteredDesign&) = delete;
-    ~CRegisteredDesign() { Classes::Detail::UnregisterForm(mClass.c_str(), mBytes.data(), mBytes.size()); }
-
-private:
-    std::string mClass;
-    std::string mBytes;
-};
 
 /// What a writer gives of a component, as text.
 inline std::string WrittenText(Classes::TComponent& component)

@@ -126,6 +126,17 @@ int TCustomComboBox::GetItemIndex() const
     return mItems->getCurrent();
 }
 
+System::TObject* TCustomComboBox::GetItemObject(int index) const
+{
+    return mItems->getObjects(index);
+}
+
+bool TCustomComboBox::SetItemObject(int index, System::TObject* object)
+{
+    mItems->setObjects(index, object);
+    return true;
+}
+
 void TCustomComboBox::SetItemIndex(int index)
 {
     if (IsLoading() && index >= GetCount()) {

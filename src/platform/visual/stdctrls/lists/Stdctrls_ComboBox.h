@@ -134,6 +134,8 @@ protected:
     int GetCount() const override;
     int GetItemIndex() const override;
     void SetItemIndex(int index) override;
+    System::TObject* GetItemObject(int index) const override;
+    bool SetItemObject(int index, System::TObject* object) override;
     void CreateParams(Controls::TCreateParams& params) override;
     void CreateWnd() override;
     void Paint() override;

@@ -178,19 +178,9 @@ void TCustomComboBox::Dispatch(void* record)
 
 bool TCustomComboBox::DispatchList(TMessage& message)
 {
-    const auto index = static_cast<int>(message.WParam);
-    const bool isThere = index >= 0 && index < GetCount();
+    static constexpr TListMessages numbers = {CB_GETCOUNT, CB_GETCURSEL, CB_SETCURSEL, CB_GETITEMDATA,
+                                              CB_SETITEMDATA};
     switch (message.Msg) {
-    case CB_GETCOUNT:
-        message.Result = GetCount();
-        return true;
-    case CB_GETCURSEL:
-        message.Result = GetItemIndex();
-        return true;
-    case CB_SETCURSEL:
-        SetItemIndex(index);
-        message.Result = GetItemIndex();
-        return true;
     case CB_SHOWDROPDOWN:
         setDroppedDown(message.WParam != 0);
         message.Result = 1;
@@ -198,17 +188,8 @@ bool TCustomComboBox::DispatchList(TMessage& message)
     case CB_GETDROPPEDSTATE:
         message.Result = mIsDroppedDown ? 1 : 0;
         return true;
-    case CB_GETITEMDATA:
-        message.Result = isThere ? reinterpret_cast<std::intptr_t>(mItems->getObjects(index)) : -1;
-        return true;
-    case CB_SETITEMDATA:
-        message.Result = isThere ? 0 : -1;
-        if (isThere) {
-            mItems->setObjects(index, reinterpret_cast<System::TObject*>(message.LParam));
-        }
-        return true;
     default:
-        return false;
+        return DispatchItems(message, numbers);
     }
 }
 

@@ -87,9 +87,18 @@ UnicodeString TCustomListBox::GetItemText(int index) const
     return IsVirtual() ? DoGetData(index) : mItems->At(index);
 }
 
-TObject* TCustomListBox::ObjectAt(int index) const
+TObject* TCustomListBox::GetItemObject(int index) const
 {
     return IsVirtual() ? DoGetDataObject(index) : mItems->getObjects(index);
+}
+
+bool TCustomListBox::SetItemObject(int index, TObject* object)
+{
+    if (IsVirtual()) {
+        return false;
+    }
+    mItems->setObjects(index, object);
+    return true;
 }
 
 UnicodeString TCustomListBox::DoGetData(int index) const
@@ -301,7 +310,7 @@ void TCustomListBox::CopySelection(TCustomListControl* destination)
     }
     for (int i = 0; i < GetCount(); ++i) {
         if (IsChosen(i)) {
-            destination->AddItem(GetItemText(i), ObjectAt(i));
+            destination->AddItem(GetItemText(i), GetItemObject(i));
         }
     }
 }

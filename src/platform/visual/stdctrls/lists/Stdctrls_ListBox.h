@@ -162,6 +162,8 @@ protected:
     int GetCount() const override;
     int GetItemIndex() const override;
     void SetItemIndex(int index) override;
+    System::TObject* GetItemObject(int index) const override;
+    bool SetItemObject(int index, System::TObject* object) override;
     int GetSelCount() const override;
     void SetMultiSelect(bool isOn) override;
     void CreateParams(Controls::TCreateParams& params) override;
@@ -207,7 +209,6 @@ private:
     bool DispatchList(Messages::TMessage& message);
     void PaintItem(int index, const Types::TRect& rect);
     void DrawText(int index, const Types::TRect& rect);
-    System::TObject* ObjectAt(int index) const;
 
     std::unique_ptr<CListItems> mItems;
     /// Of a virtual list.

@@ -88,34 +88,14 @@ void TCustomListBox::Dispatch(void* record)
 
 bool TCustomListBox::DispatchList(TMessage& message)
 {
-    const auto index = static_cast<int>(message.WParam);
-    const bool isThere = index >= 0 && index < GetCount();
-    switch (message.Msg) {
-    case LB_GETCOUNT:
-        message.Result = GetCount();
+    static constexpr TListMessages numbers = {LB_GETCOUNT, LB_GETCURSEL, LB_SETCURSEL, LB_GETITEMDATA,
+                                              LB_SETITEMDATA};
+    if (message.Msg == LB_GETSEL) {
+        const auto index = static_cast<int>(message.WParam);
+        message.Result = !HasItem(index) ? -1 : IsChosen(index) ? 1 : 0;
         return true;
-    case LB_GETCURSEL:
-        message.Result = GetItemIndex();
-        return true;
-    case LB_SETCURSEL:
-        SetItemIndex(index);
-        message.Result = GetItemIndex();
-        return true;
-    case LB_GETSEL:
-        message.Result = !isThere ? -1 : IsChosen(index) ? 1 : 0;
-        return true;
-    case LB_GETITEMDATA:
-        message.Result = isThere ? reinterpret_cast<std::intptr_t>(ObjectAt(index)) : -1;
-        return true;
-    case LB_SETITEMDATA:
-        message.Result = isThere && !IsVirtual() ? 0 : -1;
-        if (message.Result == 0) {
-            mItems->setObjects(index, reinterpret_cast<System::TObject*>(message.LParam));
-        }
-        return true;
-    default:
-        return false;
     }
+    return DispatchItems(message, numbers);
 }
 
 void TCustomListBox::MouseWentDown(const TMessage& message)

@@ -6,6 +6,16 @@
 namespace Stdctrls
 {
 
+/// The numbers of the messages that ask for the items of a list and set them; each kind of list has its own.
+struct TListMessages
+{
+    unsigned GetCount;
+    unsigned GetCurrent;
+    unsigned SetCurrent;
+    unsigned GetItemData;
+    unsigned SetItemData;
+};
+
 /// Base of controls with items of which the user chooses.
 class TRS8_BTL_API TCustomListControl : public Controls::TCustomControl
 {
@@ -37,6 +47,15 @@ protected:
     /// What the property of this name gives and does.
     virtual int GetItemIndex() const = 0;
     virtual void SetItemIndex(int index) = 0;
+    /// The object of an item that is there, and whether it could be set: items that are made when they are
+    /// asked for keep none.
+    virtual System::TObject* GetItemObject(int index) const = 0;
+    virtual bool SetItemObject(int index, System::TObject* object) = 0;
+
+    /// Whether `index` is that of an item.
+    bool HasItem(int index) const { return index >= 0 && index < GetCount(); }
+    /// Acts on a message of these numbers; false for any other. -1 answers for an item that isn't there.
+    bool DispatchItems(Messages::TMessage& message, const TListMessages& numbers);
 };
 
 /// Base of lists of which several items may be chosen.

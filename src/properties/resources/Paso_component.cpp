@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "properties/resources/Paso_component.h"
+
+#include "languages/boxes/Btl_messagebox.h"
+#include "platform/runtime/typinfo/System_MetaClass.h"
+#include "properties/resources/Paso_create.h"
+#include "properties/resources/Paso_readcomponentres.h"
+#include "properties/resources/Paso_setclasstype.h"
+#include "properties/resources/internal/Paso_designbase.h"
+#include "properties/resources/internal/Paso_events.h"
+
+#include <limits>
+#include <memory>
+
+namespace PASO
+{
+
+using Classes::TComponent;
+using System::TMetaClass;
+using System::UnicodeString;
+
+namespace
+{
+
+constexpr int StopIcon = 16;
+
+void ShowFault(const UnicodeString& message, const UnicodeString& className)
+{
+    try {
+        BTL::MessageBox1(message + u"\nClass: " + className, StopIcon);
+    } catch (...) {
+        // Nothing that could be shown is left.
+    }
+}
+
+} // namespace
+
+void SetDesigning(TComponent* component, bool value, bool setChildren)
+{
+    if (component != nullptr) {
+        component->SetDesigning(value, setChildren);
+    }
+}
+
+TComponent* BuildComponent(TMetaClass* type, bool designing)
+{
+    TMetaClass* const base = DesignBaseOf(type);
+    if (base == nullptr || base == type) {
+        return nullptr;
+    }
+    std::unique_ptr<TComponent> component(CreateComponent(type, base, nullptr));
+    SetDesigning(component.get(), true, true);
+    component->setName(type->getName().SubString(2, std::numeric_limits<int>::max()));
+    ReadComponentRes(component.get(), type);
+    SetClassType(component.get(), type);
+    SetDesigning(component.get(), designing, true);
+    return component.release();
+}
+
+void DeleteComponent(TComponent* component)
+{
+    if (component == nullptr) {
+        return;
+    }
+    const UnicodeString className = component->ClassName();
+    TMetaClass* const shown = component->HasSetClass() ? component->ClassType() : nullptr;
+    try {
+        if (TMetaClass* const base = DesignBaseOf(component->ClassType()); base != nullptr) {
+            SetClassType(component, base);
+        }
+        ClearEvents(*component);
+        SetDesigning(component, true, true);
+    } catch (const std::exception& fault) {
+        component->SetClassType(shown);
+        return ShowFault(Sysutils::MessageOf(fault), className);
+    }
+    delete component;
+}
+
+void DeleteComponent(TComponent* first, TComponent* second)
+{
+    DeleteComponent(second);
+    DeleteComponent(first);
+}
+
+} // namespace PASO

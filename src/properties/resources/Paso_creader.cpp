@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#include "properties/resources/Paso_creader.h"
+
+#include "foundation/UTL_ASRT_Assert.h"
+#include "platform/runtime/classes/Classes_ClassRegister.h"
+#include "platform/runtime/classes/Classes_Stream.h"
+#include "platform/runtime/typinfo/System_MetaClass.h"
+#include "properties/classes/BTL_Classes.h"
+#include "properties/resources/Pasu_classtable.h"
+
+namespace PASO
+{
+
+using Classes::TComponent;
+using Classes::TReader;
+using System::TMetaClass;
+using System::TMethod;
+using System::UnicodeString;
+
+namespace
+{
+
+constexpr UTL::CFaultPlace NoClass{"PASO_CReader", 1};
+constexpr int BufferSize = 4096;
+
+struct TEvents
+{
+    CReader::TCreateEvent createComponent;
+    CReader::TAfterReadEvent afterRead;
+};
+
+/// Never destroyed: a global object may read a form at its end.
+TEvents& Events()
+{
+    static auto* const events = new TEvents;
+    return *events;
+}
+
+} // namespace
+
+CReader::CReader(TMetaClass* componentClass) : mComponentClass(componentClass)
+{
+    if (componentClass != nullptr) {
+        mCreateByDesigner = componentClass->FindMethod(u"CreateComponentByDesigner");
+        // Raises for one of other arguments, which couldn't be called.
+        static_cast<void>(TCreateEvent(TMethod::Of(mCreateByDesigner, nullptr)));
+    }
+}
+
+CReader::~CReader()
+{
+    Close();
+}
+
+void CReader::Init()
+{
+    mStream = std::make_unique<Classes::TResourceStream>(mComponentClass);
+    mReader = std::make_unique<TReader>(mStream.get(), BufferSize);
+    mReader->setRootClass(mComponentClass);
+    mReader->OnCreateComponent = {this, &CReader::CreateComponent};
+    mReader->OnFindComponentClass = {this, &CReader::FindComponentClass};
+    mReader->OnFindMethod = {this, &CReader::FindMethod};
+    mReader->OnError = {this, &CReader::TellError};
+}
+
+/// The reader gives back to the stream what it didn't use, so it goes first.
+void CReader::Close() noexcept
+{
+    mReader.reset();
+    mStream.reset();
+}
+
+TComponent* CReader::ReadComponentRes(TComponent* root)
+{
+    Close();
+    mRoot = root;
+    try {
+        Init();
+        mRoot = mReader->ReadRootComponent(root);
+    } catch (const std::exception& fault) {
+        bool isHandled = false;
+        Error(mReader.get(), Sysutils::MessageOf(fault), isHandled);
+        if (!isHandled) {
+            throw;
+        }
+    }
+    if (const TAfterReadEvent event = Events().afterRead; event) {
+        event(mRoot);
+    }
+    return mRoot;
+}
+
+void CReader::CreateComponent(TReader* reader, TMetaClass* type, TComponent*& component)
+{
+    if (mCreateByDesigner != nullptr) {
+        TCreateEvent(TMethod::Of(mCreateByDesigner, mRoot))(reader, type, component);
+    }
+    if (component == nullptr && Events().createComponent) {
+        Events().createComponent(reader, type, component);
+    }
+}
+
+void CReader::FindComponentClass(TReader*, const UnicodeString& name, TMetaClass*& type)
+{
+    const auto [known, isNew] = mClasses.try_emplace(name, nullptr);
+    if (isNew) {
+        known->second = Pasu_classtable::GetFieldClass(mComponentClass, name);
+    }
+    type = known->second;
+    if (type == nullptr) {
+        type = BTL::GetComponentClass(name);
+    }
+    if (type == nullptr) {
+        type = Classes::GetClass(name);
+    }
+}
+
+void CReader::FindMethod(TReader*, const UnicodeString& name, System::TMethodAddress& address, bool& error)
+{
+    if (mComponentClass == nullptr) {
+        return UTL::THROW_XAssert(NoClass);
+    }
+    address = mComponentClass->FindMethod(name);
+    error = address == nullptr;
+}
+
+void CReader::Error(TReader*, const UnicodeString&, bool&) {}
+
+void CReader::SetCreateComponentEvent(const TCreateEvent& event)
+{
+    Events().createComponent = event;
+}
+
+void CReader::SetAfterReadEvent(const TAfterReadEvent& event)
+{
+    Events().afterRead = event;
+}
+
+void CReader::ClearEvents()
+{
+    Events() = {};
+}
+
+} // namespace PASO
