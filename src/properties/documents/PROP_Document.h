@@ -27,8 +27,9 @@ namespace PROP
 //
 // A file is written in one step, whole, and the first write makes its folder; what is in it and isn't of the
 // document stays. A name or value that the file can't hold, such as one with a line break, is left out of it,
-// and all of these are told in one warning (`UTL::Warn`) before the file is touched. A file that can't be
-// written raises `Sysutils::Exception`; `PROP::Lint` tells what of a document fits a form.
+// and all of these are told in one warning (`UTL::Warn`), of a menu's document one for each menu, before the
+// file is touched. A file that can't be written raises `Sysutils::Exception`; `PROP::Lint` tells what of a
+// document fits a form.
 
 /// Base of documents: what is alike however objects are taken, applied and stored.
 class TRS8_BTL_API ADocument

@@ -6,6 +6,8 @@
 #include "properties/values/PROP_Utilities.h"
 #include "text/lists/BTL_STR_StringList.h"
 
+#include <utility>
+
 namespace PROP
 {
 
@@ -22,8 +24,8 @@ constexpr UTL::CFaultPlace NoComponent{"PROP_Object", 1};
 
 CObject::CObject(const UnicodeString& name) : mName(name) {}
 
-CObject::CObject(const UnicodeString& name, const CProperties& properties)
-    : mName(name), mProperties(properties)
+CObject::CObject(const UnicodeString& name, CProperties properties)
+    : mName(name), mProperties(std::move(properties))
 {
 }
 

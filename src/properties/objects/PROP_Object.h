@@ -34,7 +34,7 @@ class TRS8_BTL_API CObject : public UTL::AAutoObj
 {
 public:
     explicit CObject(const System::UnicodeString& name);
-    CObject(const System::UnicodeString& name, const CProperties& properties);
+    CObject(const System::UnicodeString& name, CProperties properties);
     /// As `SetProperties` of the text, with the name.
     CObject(const System::UnicodeString& name, const System::UnicodeString& propString);
     /// As `SetProperties` of the object and the filter.
@@ -161,7 +161,7 @@ private:
 class TRS8_BTL_API CObjects
 {
 public:
-    /// How the objects are held, in order and by name.
+    /// The two stores, by order of adding and by name.
     using TList = std::vector<UTL::GAutoPtr<CObject>>;
     using TMap = std::map<System::UnicodeString, UTL::GAutoPtr<CObject>>;
 

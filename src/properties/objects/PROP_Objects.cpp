@@ -3,10 +3,12 @@
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "properties/components/BTL_Components.h"
 #include "properties/objects/PROP_Object.h"
+#include "properties/objects/internal/PROP_Snapshot.h"
 #include "properties/values/PROP_Filter.h"
 #include "properties/values/PROP_Utilities.h"
 
 #include <deque>
+#include <utility>
 
 namespace PROP
 {
@@ -65,9 +67,12 @@ void CObjects::AddObjects(TComponent* root, const CFilter* filter)
 
 void CObjects::AddObjects(const CComponents& components, const CFilter* filter)
 {
+    CSnapshot snapshot(filter);
     for (TComponent* const component : components) {
         if (!component->getName().IsEmpty() && (filter == nullptr || filter->IsObjectValid(component))) {
-            AddObject(component, filter);
+            CProperties properties;
+            snapshot.AddTo(properties, component);
+            AddObject(new CObject(GetComponentName(component), std::move(properties)));
         }
     }
 }
@@ -116,7 +121,7 @@ void CObjects::GetDifferenceOf(const CObjects& other, CObjects& out) const
             object->GetDifferenceOf(*present, changes);
         }
         if (!changes.empty()) {
-            difference.AddObject(new CObject(object->getName(), changes));
+            difference.AddObject(new CObject(object->getName(), std::move(changes)));
         }
     }
     out.mMap.swap(difference.mMap);

@@ -4,8 +4,7 @@
 #include "platform/runtime/classes/Classes_Collection.h"
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/runtime/classes/Classes_Strings.h"
-#include "properties/values/PROP_CPropList.h"
-#include "properties/values/PROP_Filter.h"
+#include "properties/objects/internal/PROP_Snapshot.h"
 #include "properties/values/PROP_Typinfo.h"
 #include "properties/values/internal/PROP_Path.h"
 #include "text/lists/BTL_STR_StringsUpdate.h"
@@ -22,7 +21,6 @@ using Classes::TCollection;
 using Classes::TStrings;
 using System::TObject;
 using System::UnicodeString;
-using Typinfo::TPropInfo;
 
 namespace
 {
@@ -56,11 +54,6 @@ const TWord* FindWord(std::u16string_view name, std::u16string_view value)
         }
     }
     return found;
-}
-
-UnicodeString LinesText(const TStrings& lines)
-{
-    return u"[" + lines.getCommaText() + u"]";
 }
 
 /// Finds by name in linear time, all names taken together, however many there are.
@@ -155,73 +148,14 @@ UnicodeString CProperty::GetPropString() const
     return word != nullptr ? UnicodeString(word->word) : mName + u"(" + mValue + u")";
 }
 
-/// The walk through an object and what its properties hold.
-class CProperties::CSnapshot
+/// Not exactly: many objects one after the other would move all properties each time.
+void CProperties::Reserve(int count)
 {
-public:
-    CSnapshot(std::vector<CProperty>& out, const CFilter* filter) : mOut(out), mFilter(filter) {}
-
-    void Take(TObject* object, const UnicodeString& path)
-    {
-        constexpr std::size_t deepest = 64;
-        if (object == nullptr || mPath.size() >= deepest || std::ranges::find(mPath, object) != mPath.end()) {
-            return;
-        }
-        const UnicodeString prefix = path.IsEmpty() ? path : path + u".";
-        const CPropList list(object, mFilter);
-        Reserve(static_cast<std::size_t>(list.GetCount()));
-        mPath.push_back(object);
-        for (const TPropInfo* const info : list) {
-            if (info->CanRead()) {
-                TakeProperty(object, info, path.IsEmpty() ? info->getName() : prefix + info->getName());
-            }
-        }
-        mPath.pop_back();
+    const std::size_t needed = mProperties.size() + static_cast<std::size_t>(count);
+    if (needed > mProperties.capacity()) {
+        mProperties.reserve(std::max(needed, mProperties.capacity() * 2));
     }
-
-private:
-    /// Not exactly: many objects one after the other would move all properties each time.
-    void Reserve(std::size_t count)
-    {
-        if (mOut.capacity() - mOut.size() < count) {
-            mOut.reserve(std::max(mOut.size() + count, mOut.capacity() * 2));
-        }
-    }
-
-    void TakeProperty(TObject* object, const TPropInfo* info, const UnicodeString& name)
-    {
-        if (info->getKind() != Typinfo::tkClass) {
-            mOut.emplace_back(name, GetPropValueAsString(object, info, false));
-            return;
-        }
-        // By what it is, whatever the property is declared as.
-        TObject* const held = Typinfo::GetObjectProp(object, info);
-        if (const auto* const lines = dynamic_cast<TStrings*>(held); lines != nullptr) {
-            mOut.emplace_back(name, LinesText(*lines));
-        } else if (auto* const collection = dynamic_cast<TCollection*>(held); collection != nullptr) {
-            TakeItems(collection, name);
-        } else {
-            Take(held, name);
-        }
-    }
-
-    void TakeItems(TCollection* collection, const UnicodeString& path)
-    {
-        if (mFilter == nullptr) {
-            return;
-        }
-        for (const UnicodeString& name : mFilter->getItemProperties()) {
-            UnicodeString values;
-            if (GetItemPropValuesAsString(collection, name, values)) {
-                mOut.emplace_back(path + u"." + name, std::move(values));
-            }
-        }
-    }
-
-    std::vector<CProperty>& mOut;
-    const CFilter* mFilter;
-    std::vector<const TObject*> mPath;
-};
+}
 
 void CProperties::AddProperty(const UnicodeString& name, const UnicodeString& value)
 {
@@ -240,7 +174,7 @@ void CProperties::AddProperties(const TStrings* strings)
 
 void CProperties::AddProperties(TObject* object, const CFilter* filter)
 {
-    CSnapshot(mProperties, filter).Take(object, {});
+    CSnapshot(filter).AddTo(*this, object);
 }
 
 void CProperties::SetProperties(TObject* object, const CFilter* filter)

@@ -20,6 +20,7 @@ namespace PROP
 {
 
 class CFilter;
+class CSnapshot;
 
 /// A property as a document has it: its name, or its path from an object on, and its value, both as text.
 ///
@@ -149,7 +150,9 @@ public:
     void GetProperties(Classes::TStrings* strings) const;
 
 private:
-    class CSnapshot;
+    friend class CSnapshot;
+
+    void Reserve(int count);
 
     std::vector<CProperty> mProperties;
 };
