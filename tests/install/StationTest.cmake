@@ -180,6 +180,40 @@ file(WRITE "${workFolder}/damaged.chart" "[Chart]\nSeriesCount=9\n")
 expect_station(2 ARGUMENTS --chart "${workFolder}/damaged.chart" MATCHES "damaged.chart: ")
 expect_station(2 ARGUMENTS --chart "${workFolder}/none.chart" MATCHES "none.chart: there is no such chart")
 
+# The forms of the settings, one derived from the other: as they are designed, translated, changed and kept.
+set(forms --settings "${workFolder}/forms.ini" --form)
+expect_station(0 ARGUMENTS ${forms}
+    MATCHES "^TSettingsForm SettingsForm [^\n]* \"Settings of the station\"" "\n  TEdit fEdit_Interval 160,8 80x21 \"0.25\""
+            "\nTInstrumentForm InstrumentForm [^\n]* \"Settings of a station with an instrument\""
+            "\n  TButton fBtn_Ok 240,260 .*\n  TEdit fEdit_Port 160,226 80x21 \"\"")
+expect_station(0 ARGUMENTS ${forms} --language German
+    MATCHES "^TSettingsForm SettingsForm [^\n]* \"Einstellungen der Station\"" "\"&Kanäle mit Einheit und Grenzen\""
+            "\"&Anschluss\"")
+expect_station(0 ARGUMENTS ${forms} --set SettingsForm.fEdit_Interval.Text=0.5 --set SettingsForm.fEdit_Interval.Left=200
+                           --set InstrumentForm.fEdit_Port.Text=com9
+    MATCHES "\n  TEdit fEdit_Interval 200,8 80x21 \"0.5\"" "\n  TEdit fEdit_Port 160,226 80x21 \"com9\"")
+foreach(language German English)
+    expect_station(0 ARGUMENTS ${forms} --language ${language}
+        MATCHES "\n  TEdit fEdit_Interval 200,8 80x21 \"0.5\".*\n  TEdit fEdit_Interval 160,8 80x21 \"0.5\""
+                "\n  TEdit fEdit_Port 160,226 80x21 \"COM9\"")
+endforeach()
+expect_station(0 ARGUMENTS ${forms} --set SettingsForm.fEdit_Interval.Left=160 --set InstrumentForm.fEdit_Port.Text=
+    MATCHES "\n  TEdit fEdit_Port 160,226 80x21 \"\"")
+file(GLOB kept "${workFolder}/build/UserData/i18n/*")
+if(kept)
+    message(FATAL_ERROR "A form that is back in its design keeps ${kept}")
+endif()
+expect_station(0 ARGUMENTS --design
+    MATCHES "^object SettingsForm: TSettingsForm\n" "\n  object fEdit_Interval: TEdit\n"
+            "\ninherited InstrumentForm: TInstrumentForm\n" "\n  inherited fBtn_Ok: TButton\n    Top = 260\n  end\n"
+            "\n  object fEdit_Port: TEdit\n[^:]*end\nend\n$")
+expect_station(0 ARGUMENTS --design --language German MATCHES "\n  inherited fBtn_Cancel: TButton\n    Top = 260\n    Caption = 'Abbrechen'")
+foreach(change "fEdit_Interval.Text=1" "NoForm.fEdit_Interval.Text=1" "SettingsForm.fNone.Text=1" "SettingsForm.fEdit_Interval.Left=x"
+               "SettingsForm.fEdit_Interval.Text=often" "InstrumentForm.fEdit_Port.Text=COM999" "SettingsForm.fMemo_Channels.Lines=[load.1]")
+    expect_station(2 ARGUMENTS ${forms} --set "${change}" MATCHES "^station: ")
+endforeach()
+expect_station(2 ARGUMENTS --set SettingsForm.fEdit_Interval.Text=1 MATCHES "--set goes with --form")
+
 find_program(bash NAMES bash REQUIRED)
 run_step(DESCRIPTION "The station beside an instrument"
     COMMAND ${bash} "${CMAKE_CURRENT_LIST_DIR}/pair.sh" "${station}" "${workFolder}")
