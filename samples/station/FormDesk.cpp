@@ -9,6 +9,7 @@
 #include <TRS8_BTL/platform/runtime/classes/Classes_Stream.h>
 #include <TRS8_BTL/properties/documents/PROP_RsrcDoc.h>
 #include <TRS8_BTL/properties/resources/Paso_savecomponent.h>
+#include <TRS8_BTL/properties/values/PROP_Filter.h>
 #include <TRS8_BTL/properties/values/PROP_Typinfo.h>
 #include <TRS8_BTL/testing/FormDriver.h>
 
