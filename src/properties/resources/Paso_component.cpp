@@ -50,7 +50,10 @@ TComponent* BuildComponent(TMetaClass* type, bool designing)
     }
     std::unique_ptr<TComponent> component(CreateComponent(type, base, nullptr));
     SetDesigning(component.get(), true, true);
+    // The texts that follow a name are the design's, so the name comes as one that is read.
+    component->SetLoading(true);
     component->setName(type->getName().SubString(2, std::numeric_limits<int>::max()));
+    component->SetLoading(false);
     ReadComponentRes(component.get(), type);
     SetClassType(component.get(), type);
     SetDesigning(component.get(), designing, true);
@@ -73,6 +76,9 @@ void DeleteComponent(TComponent* component)
     } catch (const std::exception& fault) {
         component->SetClassType(shown);
         return ShowFault(Sysutils::MessageOf(fault), className);
+    } catch (...) {
+        component->SetClassType(shown);
+        return ShowFault(u"Unknown exception", className);
     }
     delete component;
 }

@@ -24,7 +24,9 @@ enum EShape
 {
     shRound,
     shFlat,
-    shTall
+    shTall,
+    /// Has no name in the description.
+    shNameless
 };
 
 using TShapes = System::Set<EShape, shRound, shTall>;

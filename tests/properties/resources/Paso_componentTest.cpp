@@ -107,7 +107,7 @@ TEST_F(PasoComponentTest, DerivedPropertiesHoldWhatTheDesignSays)
     EXPECT_EQ(GetOrdProp(root, u"Shapes"), 5);
     EXPECT_EQ(root->MethodName(GetMethodProp(root, u"OnAlarm").Code), u"Alarm");
     EXPECT_EQ(GetObjectProp(root, u"Target"), root->FindComponent(u"Input"));
-    EXPECT_EQ(dynamic_cast<Classes::TStrings&>(*GetObjectProp(root, u"Lines")).getText(), u"one\ntwo\n");
+    EXPECT_EQ(dynamic_cast<Classes::TStrings&>(*GetObjectProp(root, u"Lines")).getCommaText(), u"one,two");
     const auto& limits = dynamic_cast<TLimits&>(*GetObjectProp(root, u"Limits"));
     EXPECT_EQ(limits.Low, -5);
     EXPECT_EQ(limits.High, 50);

@@ -111,20 +111,21 @@ TEST_F(PasoSaveComponentTest, AnUnchangedFormWritesOnlyThatItIsHidden)
 TEST_F(PasoSaveComponentTest, WhatDiffersOfEachKindIsWritten)
 {
     TFineForm form;
-    EXPECT_EQ(DifferenceOf(form), "inherited FineForm: TFineForm\n"
-                                  "  Caption = 'Fine'\n"
-                                  "  Visible = False\n"
-                                  "  Level = 9\n"
-                                  "  Limits.Low = -5\n"
-                                  "  Digits = 4\n"
-                                  "  inherited StartButton: TButton\n"
-                                  "    Caption = 'Go'\n"
-                                  "    OnClick = FineClick\n"
-                                  "  end\n"
-                                  "  object Extra1: TEdit\n"
-                                  "    Text = 'new'\n"
-                                  "  end\n"
-                                  "end\n");
+    const std::string design = DifferenceOf(form);
+    const std::string_view inherited = "inherited FineForm: TFineForm\n"
+                                       "  Visible = False\n"
+                                       "  Caption = 'Fine'\n"
+                                       "  Level = 9\n"
+                                       "  Limits.Low = -5\n"
+                                       "  Digits = 4\n"
+                                       "  inherited StartButton: TButton\n"
+                                       "    OnClick = FineClick\n"
+                                       "    Caption = 'Go'\n"
+                                       "  end\n"
+                                       "  object Extra1: TEdit";
+    EXPECT_TRUE(design.starts_with(inherited)) << design;
+    EXPECT_TRUE(Has(design, "    Width = 121\n")) << "a new component is written whole";
+    EXPECT_TRUE(design.ends_with("    Text = 'new'\n  end\nend\n")) << design;
 
     form.setLevel(3);
     form.Ratio = 0.25;
@@ -165,10 +166,11 @@ TEST_F(PasoSaveComponentTest, TextAndBinaryCompileBackToTheSame)
     const std::string text = DifferenceOf(form);
     EXPECT_EQ(Support::Compiled(text), binary.AsView());
 
+    const Support::CRegisteredDesign written("TFineForm", text);
     TFineForm other;
-    Classes::TReader(Support::StreamOf(binary.AsView()).get()).ReadRootComponent(&other);
     other.setName(u"FineForm");
     EXPECT_EQ(DifferenceOf(other), text);
+    EXPECT_EQ(other.getLevel(), 1);
     EXPECT_EQ(other.StartButton->getCaption(), u"It's \u00B5");
 }
 
@@ -227,7 +229,7 @@ TEST_F(PasoSaveComponentTest, WhatCannotBeWrittenRaises)
     EXPECT_EQ(stream.getSize(), 0);
     TBenchForm form;
     EXPECT_THROW(PASO::SaveComponentToStream(&form, nullptr, false), Classes::EStreamError);
-    form.Shape = static_cast<EShape>(9);
+    form.Shape = shNameless;
     EXPECT_THROW(PASO::SaveComponentToStream(&form, &stream, false), Classes::EWriteError);
     EXPECT_EQ(stream.getSize(), 0);
 }
@@ -250,7 +252,7 @@ TEST_F(PasoSaveComponentTest, AFileIsReplacedByWhatIsWhole)
     PASO::SaveComponentToFile(&form, nullptr, path, true);
     EXPECT_EQ(content(), TextOf(form, nullptr));
 
-    form.Shape = static_cast<EShape>(9);
+    form.Shape = shNameless;
     EXPECT_THROW(PASO::SaveComponentToFile(&form, path, true), Classes::EWriteError);
     EXPECT_EQ(content().substr(0, 6), "object");
     EXPECT_THROW(PASO::SaveComponentToFile(&form, path / "below", true), Sysutils::Exception);
@@ -269,6 +271,7 @@ TEST_F(PasoSaveComponentTest, ANewFrameIsComparedWithOneOfItsClass)
     EXPECT_TRUE(Has(DifferenceOf(desk), "  inline Lamp: TLampFrame\n"
                                         "    Left = 7\n"
                                         "    Width = 95\n"
+                                        "    TabOrder = 0\n"
                                         "    inherited Bulb: TEdit\n"
                                         "      Text = 'desk'\n"
                                         "    end\n"
@@ -334,7 +337,7 @@ TEST_F(PasoSaveComponentTest, AFrameInAFrameIsComparedWithThatInTheOuterOnesDesi
                                            "    inherited Bulb: TEdit\n      Text = 'rack'\n    end\n"
                                            "  end\nend");
     const std::string text = "object RackForm: TRackForm\n  Left = 0\n  Top = 0\n"
-                             "  inline Rack: TRackFrame\n    Left = 1\n"
+                             "  inline Rack: TRackFrame\n    Left = 1\n    TabOrder = 0\n"
                              "    inherited Lamp: TLampFrame\n"
                              "      inherited Bulb: TEdit\n        Text = 'on'\n      end\n"
                              "    end\n  end\nend\n";
