@@ -43,15 +43,17 @@ void TWinControl::setTabOrder(int order)
 
 void TWinControl::FixTabOrder()
 {
-    // Those that the design gives no place keep to the end, in their order.
-    const auto rank = [](const TWinControl* control) {
-        return control->mDesignedTabOrder < 0 ? std::numeric_limits<int>::max() : control->mDesignedTabOrder;
-    };
-    if (std::ranges::any_of(mTabList,
-                            [](const TWinControl* control) { return control->mDesignedTabOrder >= 0; })) {
-        std::ranges::stable_sort(mTabList, {}, rank);
-    }
-    for (TWinControl* control : mTabList) {
+    // Those that the design gives a place take it among the others, which keep their order: the design of a
+    // derived form tells of its own controls alone.
+    const auto placed =
+        std::stable_partition(mTabList.begin(), mTabList.end(),
+                              [](const TWinControl* control) { return control->mDesignedTabOrder < 0; });
+    std::vector<TWinControl*> designed(placed, mTabList.end());
+    mTabList.erase(placed, mTabList.end());
+    std::ranges::stable_sort(designed, {}, &TWinControl::mDesignedTabOrder);
+    for (TWinControl* const control : designed) {
+        const auto place = std::min(static_cast<std::size_t>(control->mDesignedTabOrder), mTabList.size());
+        mTabList.insert(mTabList.begin() + static_cast<std::ptrdiff_t>(place), control);
         control->mDesignedTabOrder = -1;
     }
 }
