@@ -4,6 +4,7 @@
 #include "platform/runtime/classes/Classes_Stream.h"
 #include "platform/runtime/filer/Classes_Reader.h"
 #include "platform/runtime/filer/internal/Classes_Loading.h"
+#include "platform/runtime/filer/internal/Classes_ScopedValue.h"
 #include "platform/runtime/typinfo/System_MetaClass.h"
 
 #include <algorithm>
@@ -19,6 +20,10 @@ using System::UnicodeString;
 namespace
 {
 
+/// Frames in frames: a design that has its own class in it would have no end.
+constexpr int MaxNesting = 64;
+thread_local constinit int Nesting = 0;
+
 TComponent* ReadFrom(TResourceStream& stream, TComponent* instance)
 {
     TReader reader(&stream);
@@ -32,6 +37,11 @@ bool InitInheritedComponent(TComponent* instance, TMetaClass* rootAncestor)
     if (instance == nullptr) {
         return false;
     }
+    if (Nesting >= MaxNesting) {
+        throw EReadError(u"The designs are nested deeper than " + UnicodeString(MaxNesting) +
+                         u" levels, or contain themselves");
+    }
+    const GScopedValue nesting(Nesting, Nesting + 1);
     std::vector<const TMetaClass*> levels;
     for (const TMetaClass* type = instance->ClassType(); type != nullptr && type != rootAncestor;
          type = type->getParent()) {

@@ -20,7 +20,8 @@ namespace Classes
 /// Reads into `instance` the form resources of its class and of the classes between that and `rootAncestor`,
 /// which is not one of them; the outermost parent's first. Classes without a resource are passed over; false
 /// if none had one. `Loaded` is called at the end, or by the form that `instance` is made for. Raises as
-/// `TReader::ReadRootComponent`. Of a class whose parent's constructor has read its resource already, the
+/// `TReader::ReadRootComponent`; `EReadError` also for designs in designs of more than 64 levels, as of one
+/// that has its own class in it. Of a class whose parent's constructor has read its resource already, the
 /// parent is the `rootAncestor`.
 TRS8_BTL_API bool InitInheritedComponent(TComponent* instance, System::TMetaClass* rootAncestor);
 

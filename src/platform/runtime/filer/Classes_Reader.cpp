@@ -241,7 +241,12 @@ TComponent* TReader::CreateComponent(const UnicodeString& className, const Unico
     TMetaClass* const type = FindComponentClass(className);
     TComponent* made = nullptr;
     if (OnCreateComponent) {
+        const std::size_t goneCount = session.alive.GoneCount();
         OnCreateComponent(this, type, made);
+        if (session.alive.GoneCount() != goneCount) {
+            // It may be the owner, or the parent.
+            Form::CInput::Fail(u"A component was destroyed when another one was to be made");
+        }
     }
     if (made == nullptr) {
         made = type->Create(mOwner);
