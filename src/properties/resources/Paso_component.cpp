@@ -2,6 +2,7 @@
 #include "properties/resources/Paso_component.h"
 
 #include "languages/boxes/Btl_messagebox.h"
+#include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/runtime/typinfo/System_MetaClass.h"
 #include "properties/objects/PROP_Event.h"
 #include "properties/resources/Paso_create.h"
@@ -10,12 +11,12 @@
 #include "properties/resources/internal/Paso_designbase.h"
 
 #include <limits>
-#include <memory>
 
 namespace PASO
 {
 
 using Classes::TComponent;
+using Classes::TComponentWatch;
 using System::TMetaClass;
 using System::UnicodeString;
 
@@ -33,6 +34,16 @@ void ShowFault(const UnicodeString& message, const UnicodeString& className)
     }
 }
 
+void ReadDesign(TComponent& component, TMetaClass& type)
+{
+    SetDesigning(&component, true, true);
+    // The texts that follow a name are the design's, so the name comes as one that is read.
+    component.SetLoading(true);
+    component.setName(type.getName().SubString(2, std::numeric_limits<int>::max()));
+    component.SetLoading(false);
+    ReadComponentRes(&component, &type);
+}
+
 } // namespace
 
 void SetDesigning(TComponent* component, bool value, bool setChildren)
@@ -48,16 +59,20 @@ TComponent* BuildComponent(TMetaClass* type, bool designing)
     if (base == nullptr || base == type) {
         return nullptr;
     }
-    std::unique_ptr<TComponent> component(CreateComponent(type, base, nullptr));
-    SetDesigning(component.get(), true, true);
-    // The texts that follow a name are the design's, so the name comes as one that is read.
-    component->SetLoading(true);
-    component->setName(type->getName().SubString(2, std::numeric_limits<int>::max()));
-    component->SetLoading(false);
-    ReadComponentRes(component.get(), type);
-    SetClassType(component.get(), type);
-    SetDesigning(component.get(), designing, true);
-    return component.release();
+    TComponent* const component = CreateComponent(type, base, nullptr);
+    const TComponentWatch watch(component);
+    try {
+        ReadDesign(*component, *type);
+    } catch (...) {
+        // What is read may run code of components, which may destroy the form.
+        if (watch.IsAlive()) {
+            delete component;
+        }
+        throw;
+    }
+    SetClassType(component, type);
+    SetDesigning(component, designing, true);
+    return component;
 }
 
 void DeleteComponent(TComponent* component)

@@ -3,10 +3,13 @@
 
 #include "foundation/UTL_ASRT_Assert.h"
 #include "platform/runtime/classes/Classes_ClassRegister.h"
+#include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/runtime/classes/Classes_Stream.h"
 #include "platform/runtime/typinfo/System_MetaClass.h"
 #include "properties/classes/BTL_Classes.h"
 #include "properties/resources/Pasu_classtable.h"
+
+#include <optional>
 
 namespace PASO
 {
@@ -35,6 +38,35 @@ TEvents& Events()
     static auto* const events = new TEvents;
     return *events;
 }
+
+/// Hears of the end of what is read.
+class CRootWatch
+{
+public:
+    /// `root` may be null, and come later.
+    explicit CRootWatch(TComponent* root) { Watch(root); }
+
+    /// Raises if the root has gone; `root` is the one that there is now.
+    void CheckAlive(TComponent* root)
+    {
+        if (!mWatch) {
+            return Watch(root);
+        }
+        if (!mWatch->IsAlive()) {
+            throw Classes::EReadError(u"The component was destroyed while its form was read");
+        }
+    }
+
+private:
+    void Watch(TComponent* root)
+    {
+        if (root != nullptr) {
+            mWatch.emplace(root);
+        }
+    }
+
+    std::optional<Classes::TComponentWatch> mWatch;
+};
 
 } // namespace
 
@@ -74,6 +106,7 @@ TComponent* CReader::ReadComponentRes(TComponent* root)
 {
     Close();
     mRoot = root;
+    CRootWatch watch(root);
     try {
         Init();
         mRoot = mReader->ReadRootComponent(root);
@@ -84,8 +117,10 @@ TComponent* CReader::ReadComponentRes(TComponent* root)
             throw;
         }
     }
+    watch.CheckAlive(mRoot);
     if (const TAfterReadEvent event = Events().afterRead; event) {
         event(mRoot);
+        watch.CheckAlive(mRoot);
     }
     return mRoot;
 }

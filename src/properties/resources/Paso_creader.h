@@ -41,7 +41,8 @@ public:
     virtual ~CReader();
 
     /// Reads into `root` and gives it; for null it makes one, as `TReader::ReadRootComponent` does.
-    /// `Classes::EResNotFound` if the class has no resource, else it raises what that does.
+    /// `Classes::EResNotFound` if the class has no resource, `Classes::EReadError` if an event destroyed the
+    /// root, else it raises what `ReadRootComponent` does.
     Classes::TComponent* ReadComponentRes(Classes::TComponent* root);
 
     // The events of all readers, empty at first. There is no lock: they belong to the main thread.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "properties/resources/Paso_component.h"
 
+#include "platform/runtime/classes/Classes_ClassRegister.h"
 #include "platform/runtime/classes/Classes_Exceptions.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "properties/classes/BTL_Classes.h"
@@ -182,6 +183,31 @@ TEST_F(PasoComponentTest, AFaultInTheMiddleLeavesNothing)
     }
     EXPECT_EQ(Forms::Screen->getFormCount(), forms);
     EXPECT_EQ(TBenchForm::Calls, 0);
+}
+
+TEST_F(PasoComponentTest, AFormMayGoWhileItIsRead)
+{
+    for (const bool isAtEnd : {false, true}) {
+        const auto destroy = [](TComponent* root) { delete root; };
+        if (isAtEnd) {
+            PASO::CReader::SetAfterReadEvent(
+                [&](System::TObject* root) { destroy(dynamic_cast<TComponent*>(root)); });
+        } else {
+            PASO::CReader::SetCreateComponentEvent(
+                [&](Classes::TReader* reader, TMetaClass*, TComponent*&) { destroy(reader->getRoot()); });
+        }
+        EXPECT_THROW(static_cast<void>(BuildComponent(ClassOf<TFineForm>(), false)), Classes::EReadError);
+        PASO::CReader::ClearEvents();
+    }
+}
+
+TEST_F(PasoComponentTest, ADesignWithItsOwnClassInItIsAFault)
+{
+    const Support::CRegisteredDesign design("TLampFrame",
+                                            "object F: TLampFrame\n  inline Inner: TLampFrame\n  end\nend");
+    Classes::RegisterClass(ClassOf<TLampFrame>());
+    EXPECT_THROW(static_cast<void>(BuildComponent(ClassOf<TLampFrame>(), false)), Classes::EReadError);
+    Classes::UnRegisterClass(ClassOf<TLampFrame>());
 }
 
 TEST_F(PasoComponentTest, AParentThatChangedIsAFault)
