@@ -32,11 +32,15 @@ struct TEvents
     CReader::TAfterReadEvent afterRead;
 };
 
-/// Never destroyed: a global object may read a form at its end.
-TEvents& Events()
+/// Made when the first is set, and never destroyed: a global object may read a form at its end.
+constinit TEvents* Events = nullptr;
+
+TEvents& NeedEvents()
 {
-    static auto* const events = new TEvents;
-    return *events;
+    if (Events == nullptr) {
+        Events = new TEvents;
+    }
+    return *Events;
 }
 
 /// Hears of the end of what is read.
@@ -118,8 +122,8 @@ TComponent* CReader::ReadComponentRes(TComponent* root)
         }
     }
     watch.CheckAlive(mRoot);
-    if (const TAfterReadEvent event = Events().afterRead; event) {
-        event(mRoot);
+    if (Events != nullptr && Events->afterRead) {
+        Events->afterRead(mRoot);
         watch.CheckAlive(mRoot);
     }
     return mRoot;
@@ -130,8 +134,8 @@ void CReader::CreateComponent(TReader* reader, TMetaClass* type, TComponent*& co
     if (mCreateByDesigner != nullptr) {
         TCreateEvent(TMethod::Of(mCreateByDesigner, mRoot))(reader, type, component);
     }
-    if (component == nullptr && Events().createComponent) {
-        Events().createComponent(reader, type, component);
+    if (component == nullptr && Events != nullptr && Events->createComponent) {
+        Events->createComponent(reader, type, component);
     }
 }
 
@@ -163,17 +167,17 @@ void CReader::Error(TReader*, const UnicodeString&, bool&) {}
 
 void CReader::SetCreateComponentEvent(const TCreateEvent& event)
 {
-    Events().createComponent = event;
+    NeedEvents().createComponent = event;
 }
 
 void CReader::SetAfterReadEvent(const TAfterReadEvent& event)
 {
-    Events().afterRead = event;
+    NeedEvents().afterRead = event;
 }
 
 void CReader::ClearEvents()
 {
-    Events() = {};
+    NeedEvents() = {};
 }
 
 } // namespace PASO
