@@ -27,10 +27,10 @@ void ForEachEvent(TComponent* component, Use use)
     }
 }
 
+/// By the class of the record: one derived from it may publish the event again under a record of its own.
 bool HasRecord(const TComponent* component, const TPropInfo* info)
 {
-    return component != nullptr && info != nullptr &&
-           component->ClassType()->FindProperty(info->getName()) == info;
+    return component != nullptr && info != nullptr && component->ClassType()->Inherits(info->getClass());
 }
 
 void TryBind(const CEvent& event) noexcept

@@ -82,6 +82,33 @@ TEST(EventsTest, BindAnotherComponentWhereItHasThem)
     EXPECT_EQ(desk.CountBound(), 2);
 }
 
+/// Publishes the event of its base again.
+class TRepeating : public TGauge
+{
+    TRS8_BTL_CLASS(TRepeating, TGauge)
+
+public:
+    using TGauge::TGauge;
+};
+
+System::TMetaClass* TRepeating::ClassRecord()
+{
+    static System::TMetaClass* const record =
+        System::GClassBuilder<TRepeating>(u"TRepeating").Property(u"OnChange", &TGauge::OnChange).Build();
+    return record;
+}
+
+TEST(EventsTest, BindADerivedComponentThatPublishesThemAgain)
+{
+    TDesk desk;
+    TRepeating derived;
+    CEvents(&desk.gauge).SetMethodProp(&derived);
+    EXPECT_EQ(derived.OnChange, desk.gauge.OnChange);
+    derived.OnChange = nullptr;
+    CEvents(&derived).SetMethodProp(&desk.gauge);
+    EXPECT_TRUE(desk.gauge.OnChange) << "the record isn't one of the base";
+}
+
 TEST(EventsTest, AreQuietForAScope)
 {
     TDesk desk;
