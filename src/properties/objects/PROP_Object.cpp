@@ -54,13 +54,14 @@ void CObject::SetProperties(TObject* object, const CFilter* filter)
 
 void CObject::SetProperties(const UnicodeString& propString)
 {
-    mProperties.clear();
     BTL::CStringList parts;
     if (propString.Pos(u'"') != 0) {
         parts.setCommaText(propString);
     } else {
         parts.Add(propString);
     }
+    // Not before: the text may be that of a property here.
+    mProperties.clear();
     AddProperties(parts.getList());
 }
 

@@ -103,8 +103,9 @@ CProperty::CProperty(const UnicodeString& text)
 
 void CProperty::SetProperty(const UnicodeString& name, TObject* object)
 {
-    mValue = GetPropValueAsString(object, name, false);
+    UnicodeString value = GetPropValueAsString(object, name, false);
     mName = name;
+    mValue = std::move(value);
 }
 
 void CProperty::SetProperty(const UnicodeString& text)

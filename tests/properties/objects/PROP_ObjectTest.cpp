@@ -63,6 +63,13 @@ TEST(ObjectTest, IsReadFromItsShortForm)
     }
 }
 
+TEST(ObjectTest, IsReadFromTheTextOfItsOwnProperty)
+{
+    CObject object(u"Edit1", UnicodeString(u"Hint(active=1)"));
+    object.SetProperties(object.getProperties().begin()->getValue());
+    EXPECT_EQ(Lines(object.getProperties()), "active=1\n");
+}
+
 TEST(ObjectTest, HandsItsPropertiesOn)
 {
     CObject object(u"Gauge", UnicodeString(u"\"Count(1)\",inactive"));

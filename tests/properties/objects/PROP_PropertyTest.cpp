@@ -81,6 +81,9 @@ TEST(PropertyTest, IsTakenOfAnObjectByName)
     gauge.Count = 7;
     EXPECT_EQ(CProperty(u"Count", &gauge).ToString(), u"Count=7");
     EXPECT_EQ(CProperty(u"Missing", &gauge).ToString(), u"Missing=");
+    CProperty named(u"Name", UnicodeString(u"Count"));
+    named.SetProperty(named.getValue(), &gauge);
+    EXPECT_EQ(named.ToString(), u"Count=7");
     EXPECT_THROW(CProperty(u"Count", static_cast<System::TObject*>(nullptr)), UTL::XAssert);
 }
 
@@ -135,6 +138,7 @@ TEST(PropertyTest, LeavesAnEnumerationAtAWrongName)
     TGauge gauge;
     gauge.Active = true;
     Apply(gauge, u"Active", u"perhaps");
+    Apply(gauge, u"Active", u"");
     EXPECT_TRUE(gauge.Active);
     Apply(gauge, u"Active", u"FALSE");
     EXPECT_FALSE(gauge.Active);
