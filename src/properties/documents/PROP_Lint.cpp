@@ -2,19 +2,16 @@
 #include "properties/documents/PROP_Lint.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
-#include "platform/base/numbers/Sysutils_FloatReading.h"
-#include "platform/base/numbers/Sysutils_Integer.h"
 #include "platform/runtime/classes/Classes_Collection.h"
 #include "platform/runtime/classes/Classes_Strings.h"
 #include "platform/runtime/typinfo/System_MetaClass.h"
 #include "platform/visual/controls/Controls_WinControl.h"
-#include "platform/visual/graphics/Controls_Cursor.h"
-#include "platform/visual/graphics/Graphics_Color.h"
 #include "platform/visual/menus/Menus.h"
 #include "properties/components/BTL_Components.h"
 #include "properties/documents/PROP_Document.h"
 #include "properties/documents/internal/PROP_InfoSection.h"
 #include "properties/values/PROP_Utilities.h"
+#include "properties/values/internal/PROP_Number.h"
 #include "properties/values/internal/PROP_Path.h"
 #include "text/editing/BTL_STR_Replace.h"
 #include "text/lists/BTL_STR_StringList.h"
@@ -50,11 +47,8 @@ CFault FaultIf(bool isFault, ELintFault fault)
 
 bool IsInteger(const TTypeInfo& type, const UnicodeString& text)
 {
-    int value = 0;
-    const bool isNamed = (type.Name == u"TColor" && Graphics::IdentToColor(text, value)) ||
-                         (type.Name == u"TCursor" && Controls::IdentToCursor(text, value));
-    return isNamed ||
-           (Sysutils::TryStrToInt(text, value) && type.MinValue <= value && value <= type.MaxValue);
+    System::Int64 value = 0;
+    return TryReadInteger(type, text, value) && type.MinValue <= value && value <= type.MaxValue;
 }
 
 bool IsChar(const UnicodeString& text)
@@ -66,10 +60,10 @@ bool IsChar(const UnicodeString& text)
     return UnicodeString(System::AnsiString(first)) == first;
 }
 
-bool IsFloat(const UnicodeString& text)
+bool IsFloat(const TTypeInfo& type, const UnicodeString& text)
 {
-    long double value = 0;
-    return Sysutils::TryStrToFloat(text, value);
+    System::Extended value = 0;
+    return TryReadFloat(type, text, value) && IsInRange(type, value);
 }
 
 bool IsLines(const TTypeInfo& type)
@@ -91,7 +85,7 @@ CFault FaultOfValue(const TPropInfo& info, const UnicodeString& text)
                                  [&](const UnicodeString& name) { return name.CompareIC(text) == 0; }),
             ELintFault::NoName);
     case Typinfo::tkFloat:
-        return FaultIf(!IsFloat(text), ELintFault::NoValue);
+        return FaultIf(!IsFloat(type, text), ELintFault::NoValue);
     case Typinfo::tkString:
     case Typinfo::tkLString:
     case Typinfo::tkWString:

@@ -99,7 +99,8 @@ private:
 /// What comes back when a snapshot is applied are the values that come back from their text, see
 /// `PROP::GetPropValueAsString`. Not among these are:
 /// - colours and mouse pointers without a name, whose empty text raises `Sysutils::EConvertError`
-/// - floats with more digits than their text
+/// - floats with more digits than their text; those that are infinite, no number or the largest of their type
+///   raise as in `PROP::SetPropValueFromString`
 /// - sets, wide characters, 64-bit integers, variants and events, which have no text
 /// - lines in a property that is declared as a class derived from `TStringList`
 /// - the count of a collection's items: as many values are written as there are items

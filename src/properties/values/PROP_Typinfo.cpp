@@ -5,16 +5,20 @@
 #include "platform/base/numbers/Sysutils_FloatText.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "platform/runtime/classes/Classes_Collection.h"
+#include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/runtime/classes/Classes_Strings.h"
 #include "platform/runtime/typinfo/System_MetaClass.h"
 #include "platform/visual/graphics/Controls_Cursor.h"
 #include "platform/visual/graphics/Graphics_Color.h"
+#include "properties/values/internal/PROP_Number.h"
 #include "properties/values/internal/PROP_Path.h"
 #include "text/editing/BTL_STR_Replace.h"
 #include "text/lists/BTL_STR_StringList.h"
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <optional>
 
 namespace PROP
 {
@@ -98,9 +102,8 @@ UnicodeString IntegerText(const TTypeInfo& type, System::Int64 value)
 
 System::Int64 IntegerOf(const TTypeInfo& type, const UnicodeString& text)
 {
-    const TNamedInteger* const named = FindNamedInteger(type);
-    int value = 0;
-    return named != nullptr && named->toValue(text, value) ? value : Sysutils::StrToInt(text);
+    System::Int64 value = 0;
+    return TryReadInteger(type, text, value) ? value : Sysutils::StrToInt(text);
 }
 
 UnicodeString FloatText(const TTypeInfo& type, System::Extended value)
@@ -110,12 +113,16 @@ UnicodeString FloatText(const TTypeInfo& type, System::Extended value)
                                  precisions[static_cast<std::size_t>(type.FloatType)], 0);
 }
 
-/// `StrToFloat` has the width of a `double`, which would cut what a wider property holds.
 System::Extended FloatOf(const TTypeInfo& type, const UnicodeString& text)
 {
-    long double wide = 0;
-    const bool isWide = type.FloatType != Typinfo::ftSingle && type.FloatType != Typinfo::ftDouble;
-    return isWide && Sysutils::TryStrToFloat(text, wide) ? wide : Sysutils::StrToFloat(text);
+    System::Extended value = 0;
+    if (!TryReadFloat(type, text, value)) {
+        Sysutils::ThrowNoFloat(text);
+    }
+    if (!IsInRange(type, value)) {
+        Typinfo::Detail::ThrowBadValue();
+    }
+    return value;
 }
 
 UnicodeString ClassText(TObject* object, const TPropInfo* info, bool showNames)
@@ -143,8 +150,8 @@ System::Int64 CharCodeOf(const UnicodeString& text)
 void SetEnumByName(TObject* object, const TPropInfo* info, const UnicodeString& name)
 {
     const int value = Typinfo::GetEnumValue(info->getPropType(), name);
-    // What stands for a name that isn't there may be a value too.
-    if (Typinfo::GetEnumName(info->getPropType(), value).CompareIC(name) == 0) {
+    // What stands for a name that isn't there may be a value too, and has no name if it is none.
+    if (!name.IsEmpty() && Typinfo::GetEnumName(info->getPropType(), value).CompareIC(name) == 0) {
         Typinfo::SetOrdProp(object, info, value);
     }
 }
@@ -206,6 +213,51 @@ CPathEnd ResolvePropPath(TObject* object, const UnicodeString& path)
     CPathEnd end{.object = object, .name = {}, .kept = last < 0 ? UnicodeString() : names[last]};
     end.name = end.kept.AsView();
     return end;
+}
+
+bool TryReadInteger(const TTypeInfo& type, const UnicodeString& text, System::Int64& value)
+{
+    const TNamedInteger* const named = FindNamedInteger(type);
+    int narrow = 0;
+    if (named != nullptr && named->toValue(text, narrow)) {
+        value = narrow;
+        return true;
+    }
+    // Eight hexadecimal digits are a negative number where the type has these.
+    if (type.MaxValue > INT32_MAX) {
+        return Sysutils::TryStrToInt64(text, value);
+    }
+    const bool isRead = Sysutils::TryStrToInt(text, narrow);
+    value = isRead ? narrow : value;
+    return isRead;
+}
+
+bool TryReadFloat(const TTypeInfo& type, const UnicodeString& text, System::Extended& value)
+{
+    // The width of a `double` would cut what a wider property holds.
+    if (type.FloatType != Typinfo::ftSingle && type.FloatType != Typinfo::ftDouble) {
+        return Sysutils::TryStrToFloat(text, value);
+    }
+    double narrow = 0;
+    const bool isRead = Sysutils::TryStrToFloat(text, narrow);
+    value = isRead ? narrow : value;
+    return isRead;
+}
+
+bool IsInRange(const TTypeInfo& type, System::Extended value)
+{
+    if (type.FloatType == Typinfo::ftSingle) {
+        return std::isfinite(static_cast<float>(value));
+    }
+    if (type.FloatType != Typinfo::ftCurr) {
+        return true;
+    }
+    try {
+        static_cast<void>(System::Currency(value));
+    } catch (const Sysutils::EIntOverflow&) {
+        return false;
+    }
+    return true;
 }
 
 UnicodeString WithoutBrackets(const UnicodeString& text)
@@ -395,8 +447,13 @@ bool SetItemPropValuesFromString(TCollection* collection, const UnicodeString& n
     }
     BTL::CStringList values;
     values.setCommaText(WithoutBrackets(value));
-    // A setter may take items away.
-    for (int i = 0; i < std::min(values.GetCount(), collection->GetCount()); ++i) {
+    std::optional<Classes::TComponentWatch> watch;
+    if (const auto* const owner = dynamic_cast<Classes::TComponent*>(collection->GetOwner())) {
+        watch.emplace(owner);
+    }
+    // A setter may take items away, and its handler the owner with all of them.
+    const auto isAlive = [&watch] { return !watch || watch->IsAlive(); };
+    for (int i = 0; i < values.GetCount() && isAlive() && i < collection->GetCount(); ++i) {
         SetPropValueFromString(collection->GetItem(i), name, values[i]);
     }
     return true;

@@ -54,7 +54,8 @@ namespace PROP
 /// - else nothing: other objects, events, sets, wide characters, variants, 64-bit integers.
 ///
 /// So these don't come back from their text: what is nothing above, colours and mouse pointers without a
-/// name, floats with more digits, a character of code 0, and lines with a NUL.
+/// name, floats with more digits, those that are infinite or no number, the largest ones, whose text is
+/// rounded to more than their type holds, and lines with a NUL.
 [[nodiscard]] TRS8_BTL_API System::UnicodeString
 GetPropValueAsString(System::TObject* object, const Typinfo::TPropInfo* info, bool showNames);
 /// As with the record; empty if the object has no such property.
@@ -68,7 +69,8 @@ GetPropValueAsString(System::TObject* object, const System::UnicodeString& name,
 /// - an enumeration's name in any case; any other text leaves the property as it is
 /// - a character: the text's first one, code 0 for an empty text. One that neither has a code up to 255 nor
 ///   is in the code page raises `Typinfo::EPropertyConvertError`
-/// - floats as `Sysutils::StrToFloat` reads them, which raises `Sysutils::EConvertError`
+/// - floats as `Sysutils::StrToFloat` reads them, which raises `Sysutils::EConvertError`;
+///   `Typinfo::EPropertyConvertError` for one beyond a `float` or an amount of money
 /// - lists of lines: an empty text clears; the brackets go if both are there; the rest is comma text
 /// - what is nothing as a text isn't written.
 TRS8_BTL_API void SetPropValueFromString(System::TObject* object, const Typinfo::TPropInfo* info,

@@ -3,6 +3,7 @@
 
 #include "foundation/UTL_ASRT_Assert.h"
 #include "platform/runtime/classes/Classes_Collection.h"
+#include "platform/runtime/classes/Classes_Component.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/toolkit/MessageBox.h"
 #include "platform/visual/graphics/Controls_Cursor.h"
@@ -35,6 +36,24 @@ public:
     int Width = 0;
 };
 
+/// An item whose first value takes its collection's owner away.
+class TFuse : public Classes::TCollectionItem
+{
+    TRS8_BTL_CLASS(TFuse, Classes::TCollectionItem)
+
+public:
+    using TCollectionItem::TCollectionItem;
+
+    int getLevel() const { return 0; }
+    void setLevel(int /*level*/) { delete dynamic_cast<Classes::TComponent*>(getCollection()->GetOwner()); }
+};
+
+class TFuseBox : public Classes::TComponent
+{
+public:
+    Classes::TOwnedCollection Fuses{this, System::ClassOf<TFuse>()};
+};
+
 class TGauge : public Classes::TPersistent
 {
     TRS8_BTL_CLASS(TGauge, Classes::TPersistent)
@@ -44,6 +63,7 @@ public:
 
     int Value = 0;
     unsigned char Small = 0;
+    unsigned Large = 0;
     System::Int64 Ticks = 0;
     Graphics::TColor Color = Graphics::clRed;
     Controls::TCursor Cursor = Controls::crDefault;
@@ -88,11 +108,19 @@ System::TMetaClass* TColumn::ClassRecord()
     return record;
 }
 
+System::TMetaClass* TFuse::ClassRecord()
+{
+    static System::TMetaClass* const record =
+        System::GClassBuilder<TFuse>(u"TFuse").Property(u"Level", &TFuse::getLevel, &TFuse::setLevel).Build();
+    return record;
+}
+
 System::TMetaClass* TGauge::ClassRecord()
 {
     static System::TMetaClass* const record = System::GClassBuilder<TGauge>(u"TGauge")
                                                   .Property(u"Value", &TGauge::Value)
                                                   .Property(u"Small", &TGauge::Small)
+                                                  .Property(u"Large", &TGauge::Large)
                                                   .Property(u"Ticks", &TGauge::Ticks)
                                                   .Property(u"Color", &TGauge::Color)
                                                   .Property(u"Cursor", &TGauge::Cursor)
@@ -169,16 +197,22 @@ TEST_F(PropTypinfoTest, GoesThroughTexts)
         {"Value", u"-12", u"-12"},
         {"Value", u"$1F", u"31"},
         {"Small", u"255", u"255"},
+        {"Large", u"4294967295", u"4294967295"},
+        {"Large", u"$80000000", u"2147483648"},
         {"Color", u"clblue", u"clBlue"},
         {"Color", u"$FF0000", u"clBlue"},
+        {"Color", u"-16777201", u"clBtnFace"},
+        {"Color", u"$FF00000F", u"clBtnFace"},
         {"Color", u"65793", u""},
         {"Cursor", u"crHourGlass", u"crHourGlass"},
+        {"Cursor", u"-11", u"crHourGlass"},
         {"Cursor", u"77", u""},
         {"Mark", u"xyz", u"x"},
         {"Mark", u"\u20AC", u"\u20AC"},
         {"Mark", u"\u00FC", u"\u00FC"},
         {"Active", u"true", u"True"},
         {"Active", u"maybe", u"True"},
+        {"Active", u"", u"True"},
         {"Shape", u"SHSQUARE", u"shSquare"},
         {"Shape", u"shOval", u"shSquare"},
         {"Shape", u"shBelow", u"shBelow"},
@@ -231,12 +265,25 @@ TEST_F(PropTypinfoTest, RefusesTextsThatAreNoValue)
             EXPECT_THROW(PROP::SetPropValueFromString(&mGauge, name, text), Sysutils::EConvertError) << text;
         }
     }
-    EXPECT_THROW(PROP::SetPropValueFromString(&mGauge, u"Double", u"1,5x"), Sysutils::EConvertError);
-    EXPECT_THROW(PROP::SetPropValueFromString(&mGauge, u"Small", u"256"), Typinfo::EPropertyConvertError);
-    EXPECT_THROW(PROP::SetPropValueFromString(&mGauge, u"Cursor", u"70000"), Typinfo::EPropertyConvertError);
-    EXPECT_THROW(PROP::SetPropValueFromString(&mGauge, u"Mark", u"\u03A9"), Typinfo::EPropertyConvertError);
+    for (const char* const text : {"", "1,5x", "INF", "NAN", "1e400"}) {
+        EXPECT_THROW(PROP::SetPropValueFromString(&mGauge, u"Double", text), Sysutils::EConvertError) << text;
+    }
+    for (const auto& [name, text] : {
+             std::pair("Small", u"256"),
+             {"Large", u"4294967296"},
+             {"Large", u"-1"},
+             {"Cursor", u"70000"},
+             {"Mark", u"\u03A9"},
+             {"Single", u"1e39"},
+             {"Single", u"-1e300"},
+             {"Price", u"922337203685477.5808"},
+         }) {
+        EXPECT_THROW(PROP::SetPropValueFromString(&mGauge, name, text), Typinfo::EPropertyConvertError)
+            << name;
+    }
     EXPECT_EQ(mGauge.Value, 0);
     EXPECT_EQ(mGauge.Mark, 'a');
+    EXPECT_EQ(mGauge.Single, 0);
 }
 
 TEST_F(PropTypinfoTest, GivesVariants)
@@ -316,6 +363,14 @@ TEST_F(PropTypinfoTest, ReadsAndWritesTheItemsOfACollection)
     EXPECT_FALSE(PROP::GetItemPropValuesAsString(&columns, u"Height", text));
     EXPECT_EQ(text, u"[7,0]") << "stays as it was";
     EXPECT_FALSE(PROP::SetItemPropValuesFromString(&columns, u"Height", u"[1]"));
+}
+
+TEST_F(PropTypinfoTest, LeavesItemsAtThatAHandlerDestroys)
+{
+    auto* const box = new TFuseBox;
+    box->Fuses.Add();
+    box->Fuses.Add();
+    EXPECT_TRUE(PROP::SetItemPropValuesFromString(&box->Fuses, u"Level", u"[1,2]"));
 }
 
 } // namespace
