@@ -49,7 +49,10 @@ inline std::string_view Bytes(const std::uint8_t* data, std::size_t size)
 inline std::u16string Units(std::string_view bytes)
 {
     std::u16string units(bytes.size() / 2, u'\0');
-    std::memcpy(units.data(), bytes.data(), units.size() * 2);
+    // An empty input may come as null, which `memcpy` must not be given.
+    if (!units.empty()) {
+        std::memcpy(units.data(), bytes.data(), units.size() * 2);
+    }
     return units;
 }
 
