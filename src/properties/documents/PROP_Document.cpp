@@ -132,7 +132,9 @@ void CComponentDoc::ApplyProperties()
         return;
     }
     const Classes::TComponentWatch watch(component);
-    if (const CObject* const object = getObjects().Find(component->getName()); object != nullptr) {
+    // Held: a handler may take the objects anew, or end this document with its form.
+    if (const UTL::GAutoPtr<CObject> object = getObjects().Find(component->getName());
+        object.get() != nullptr) {
         object->ApplyProperties(component);
     }
     if (watch.IsAlive()) {

@@ -112,9 +112,9 @@ void CMenuDoc::ApplyMenuItem(TMenuItem* item)
     if (item == nullptr) {
         return;
     }
-    // Menus tell their changes, and a handler may destroy items.
+    // Menus tell their changes, and a handler may destroy items or take the objects anew.
     const TComponentWatch watch(item);
-    if (const CObject* const object = getObjects().Find(item->getName()); object != nullptr) {
+    if (const UTL::GAutoPtr<CObject> object = getObjects().Find(item->getName()); object.get() != nullptr) {
         object->ApplyProperties(item);
     }
     for (int i = 0; watch.IsAlive() && i < item->GetCount(); ++i) {

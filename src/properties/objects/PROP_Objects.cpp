@@ -104,8 +104,11 @@ void CObjects::ApplyProperties(const CComponents& components) const
     }
     auto watch = watches.begin();
     for (TComponent* const component : components) {
-        const bool isThere = (watch++)->IsAlive();
-        if (const CObject* const object = isThere ? Find(component) : nullptr; object != nullptr) {
+        if (!(watch++)->IsAlive()) {
+            continue;
+        }
+        // Held: a handler may take the objects anew.
+        if (const UTL::GAutoPtr<CObject> object = Find(component); object.get() != nullptr) {
             object->ApplyProperties(component);
         }
     }

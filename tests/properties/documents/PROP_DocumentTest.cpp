@@ -15,6 +15,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 namespace
 {
 
@@ -172,6 +174,49 @@ TEST_F(DocumentTest, LeavesTheFormUsableWhereApplyingEnds)
     document.getObjects().Find(u"BtnStart")->DeleteProperty(u"Left");
     document.Apply();
     EXPECT_EQ(mForm.start->getTop(), 1);
+}
+
+/// As a form does that keeps its changes whenever something of it changes.
+TEST_F(DocumentTest, MayBeTakenAnewWhileItIsApplied)
+{
+    const CFilter filter = Filter(u"Text");
+    CFormDoc document(mForm.form);
+    const auto add = [&](const char16_t* name, const char16_t* first, const char16_t* second) {
+        PROP::CObject& object = *document.InsertNewObject(name);
+        object.AddProperty(first, u"77");
+        object.AddProperty(second, u"88");
+    };
+    const Classes::TNotifyEvent take([&](System::TObject*) { document.SetProperties(&filter); });
+    add(u"FormMain", u"Left", u"Width");
+    add(u"FormMain.Frame1.EdLimit", u"Text", u"Left");
+    mForm.limit->OnChange = take;
+    document.Apply();
+    EXPECT_EQ(mForm.limit->getText(), u"77");
+    EXPECT_EQ(mForm.limit->getLeft(), 88);
+
+    document.getObjects().clear();
+    add(u"FormMain", u"ClientWidth", u"Caption");
+    mForm.form->OnResize = take;
+    document.Apply();
+    EXPECT_EQ(mForm.form->getCaption(), u"88");
+    mForm.form->OnResize = nullptr;
+}
+
+TEST_F(DocumentTest, MayEndWithItsFormWhileItIsApplied)
+{
+    auto document = std::make_unique<CFormDoc>(mForm.form);
+    for (const char16_t* const name : {u"FormMain", u"FormMain.Frame1.EdLimit", u"BtnStart"}) {
+        PROP::CObject& object = *document->InsertNewObject(name);
+        object.AddProperty(u"Text", u"77");
+        object.AddProperty(u"Caption", u"88");
+    }
+    mForm.limit->OnChange = Classes::TNotifyEvent([&](System::TObject*) {
+        document = nullptr;
+        delete mForm.form;
+    });
+    document->Apply();
+    EXPECT_EQ(document, nullptr);
+    EXPECT_EQ(mForm.application.GetComponentCount(), 0);
 }
 
 TEST_F(DocumentTest, PassesOverWhatNoFormHas)

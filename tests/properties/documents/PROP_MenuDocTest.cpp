@@ -142,6 +142,20 @@ TEST_F(MenuDocTest, EndsWhereAHandlerDestroysItems)
     EXPECT_EQ(mForm.mainMenu->getItems()->GetCount(), 1);
 }
 
+TEST_F(MenuDocTest, MayBeEmptiedWhileItIsApplied)
+{
+    CMenuDoc document(mForm.mainMenu);
+    for (const char16_t* const name : {u"mnFile", u"mnHelp"}) {
+        document.InsertNewObject(name)->SetProperties(u"\"x\",\"F2\"");
+    }
+    mForm.mainMenu->OnChange =
+        Classes::TNotifyEvent([&](System::TObject*) { document.getObjects().clear(); });
+    document.Apply();
+    EXPECT_EQ(mForm.file->getCaption(), u"x");
+    EXPECT_EQ(Menus::ShortCutToText(mForm.file->getShortCut()), u"F2");
+    EXPECT_NE(mForm.help->getCaption(), u"x");
+}
+
 TEST_F(MenuDocTest, EndsAChainOfAnyLength)
 {
     CMenuDoc document(mForm.mainMenu);
