@@ -31,9 +31,15 @@ constexpr UTL::CFaultPlace NoDocument{"PROP_IniFile", 1};
 constexpr UTL::CFaultPlace NoObject{"PROP_IniFile", 2};
 constexpr UTL::CFaultPlace NotWritten{"PROP_IniFile", 3};
 
+/// What a file keeps of itself is no object's.
+bool IsInfo(const UnicodeString& section)
+{
+    return section.Trim().CompareIC(InfoSection) == 0;
+}
+
 bool IsStorableSection(const UnicodeString& section)
 {
-    return Host::IsStorable({section, UnicodeString(u"k"), UnicodeString()});
+    return !IsInfo(section) && Host::IsStorable({section, UnicodeString(u"k"), UnicodeString()});
 }
 
 /// One section as it is to be in the file.
@@ -191,7 +197,7 @@ public:
             return;
         }
         for (const UnicodeString& section : Host::ListProfileSections(getFile())) {
-            if (section.CompareIC(InfoSection) != 0) {
+            if (!IsInfo(section)) {
                 ReadObject(section);
             }
         }

@@ -71,6 +71,27 @@ TEST_F(DocumentFileTest, KeepsWhatATranslatorNotedOfIt)
     EXPECT_EQ(Body(Path()), "; mine\n[Gone]\nText=kept\n[a]\nText=x\n");
 }
 
+TEST_F(DocumentFileTest, KeepsItsOwnSectionFromObjectsOfThatName)
+{
+    for (const char16_t* const name : {u"__INFO__", u" __info__ "}) {
+        SCOPED_TRACE(UnicodeString(name));
+        Sample::Put(Path(), "[__INFO__]\r\nTranslation.....=done\r\n");
+        Support::ScriptedBoxes boxes;
+        CDocument document;
+        document.InsertNewObject(name)->AddProperty(u"Text", u"x");
+        document.SaveToFile(File());
+        CMenuDoc menu{UnicodeString(name)};
+        menu.InsertNewObject(u"a")->SetProperties(u"x");
+        menu.SaveToFile(File());
+        EXPECT_EQ(Info(u"Translation....."), u"done");
+        EXPECT_EQ(Info(u"Text"), u"missing");
+        EXPECT_EQ(Info(u"a"), u"missing");
+        const auto shown = boxes.TakeShown();
+        ASSERT_EQ(shown.size(), 2U);
+        EXPECT_NE(UnicodeString(shown[0].box.text).Pos(name), 0);
+    }
+}
+
 TEST_F(DocumentFileTest, HasSectionsInTheOrderOfNamesAndKeysAsTheyCame)
 {
     CDocument document;
