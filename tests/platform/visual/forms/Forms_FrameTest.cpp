@@ -119,6 +119,24 @@ TEST_F(FrameTest, EachConstructorReadsItsOwn)
     EXPECT_EQ(wide.log, std::vector<std::string>{"made 400"});
 }
 
+TEST_F(FrameTest, ADerivedDesignPlacesItsControlsInTheTabOrderOfTheOthers)
+{
+    const FilerTest::CRegisteredDesign desk("TDeskForm", "object DeskForm: TDeskForm\n"
+                                                         "  object A: TEdit\n    TabOrder = 1\n  end\n"
+                                                         "  object B: TEdit\n    TabOrder = 0\n  end\nend");
+    const FilerTest::CRegisteredDesign wide("TWideDeskForm",
+                                            "inherited WideDeskForm: TWideDeskForm\n"
+                                            "  object C: TEdit\n    TabOrder = 1\n  end\n"
+                                            "  object D: TEdit\n    TabOrder = 99\n  end\nend");
+    const TWideDeskForm form;
+    std::string order(4, ' ');
+    for (const char16_t* const name : {u"A", u"B", u"C", u"D"}) {
+        const auto& edit = dynamic_cast<const Controls::TWinControl&>(*form.FindComponent(name));
+        order.at(static_cast<std::size_t>(edit.getTabOrder())) = static_cast<char>(name[0]);
+    }
+    EXPECT_EQ(order, "BCAD");
+}
+
 TEST_F(FrameTest, AFrameBringsItsOwnAndTheFormChangesIt)
 {
     const TLampFrame alone;
