@@ -200,8 +200,8 @@ public:
 
     /// Applies each object to the component of its name, in the order of the components. Components without
     /// an object are left alone, and objects without a component too. A component that an event's handler
-    /// destroys meanwhile is passed over. What a property raises passes; what came before has its values
-    /// then.
+    /// destroys meanwhile is passed over; an object that it takes out of here is applied to the end. What a
+    /// property raises passes; what came before has its values then.
     void ApplyProperties(const BTL::CComponents& components) const;
 
     /// Sets `out` to what differs in objects that both have: a plain object with the values of `other` for

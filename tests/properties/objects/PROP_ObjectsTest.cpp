@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace
 {
 
@@ -162,48 +164,62 @@ TEST(ObjectsTest, TellWhatChanged)
     EXPECT_TRUE(former.empty());
 }
 
-/// Destroys its neighbour with the first change of it.
-class TRival : public TGauge
+/// Tells of each write to it.
+class TBell : public TGauge
 {
-    TRS8_BTL_CLASS(TRival, TGauge)
+    TRS8_BTL_CLASS(TBell, TGauge)
 
 public:
     using TGauge::TGauge;
 
-    TGauge* getRival() const { return nullptr; }
     int getHits() const { return 0; }
-    void setHits(int /*count*/)
-    {
-        delete rival;
-        rival = nullptr;
-    }
+    void setHits(int /*count*/) { ring(); }
 
-    TGauge* rival = nullptr;
+    std::function<void()> ring;
 };
 
-System::TMetaClass* TRival::ClassRecord()
+System::TMetaClass* TBell::ClassRecord()
 {
-    static System::TMetaClass* const record = System::GClassBuilder<TRival>(u"TRival")
-                                                  .Property(u"Hits", &TRival::getHits, &TRival::setHits)
-                                                  .Build();
+    static System::TMetaClass* const record =
+        System::GClassBuilder<TBell>(u"TBell").Property(u"Hits", &TBell::getHits, &TBell::setHits).Build();
     return record;
 }
 
+/// "First", which rings, and two others.
+struct TTower
+{
+    TTower()
+    {
+        first->setName(u"First");
+        for (const char16_t* const name : {u"First", u"Second", u"Third"}) {
+            objects.AddObject(new CObject(name, UnicodeString(u"\"Hits(1)\",\"Count(2)\"")));
+        }
+    }
+
+    TGauge desk;
+    TBell* first = new TBell(&desk);
+    TGauge* second = Make(&desk, u"Second");
+    TGauge* third = Make(&desk, u"Third");
+    CObjects objects;
+};
+
 TEST(ObjectsTest, PassOverComponentsThatAreGone)
 {
-    TGauge desk;
-    auto* const first = new TRival(&desk);
-    first->setName(u"First");
-    first->rival = Make(&desk, u"Second");
-    auto* const third = Make(&desk, u"Third");
-    CObjects objects;
-    for (const char16_t* const name : {u"First", u"Second", u"Third"}) {
-        objects.AddObject(new CObject(name, UnicodeString(u"\"Hits(1)\",\"Count(2)\"")));
-    }
-    objects.ApplyProperties(BTL::CComponents(&desk));
-    EXPECT_EQ(desk.GetComponentCount(), 2);
-    EXPECT_EQ(first->Count, 2);
-    EXPECT_EQ(third->Count, 2);
+    TTower tower;
+    tower.first->ring = [&] { delete tower.second; };
+    tower.objects.ApplyProperties(BTL::CComponents(&tower.desk));
+    EXPECT_EQ(tower.desk.GetComponentCount(), 2);
+    EXPECT_EQ(tower.first->Count, 2);
+    EXPECT_EQ(tower.third->Count, 2);
+}
+
+TEST(ObjectsTest, AreAppliedToTheEndIfAHandlerDropsThem)
+{
+    TTower tower;
+    tower.first->ring = [&] { tower.objects.clear(); };
+    tower.objects.ApplyProperties(BTL::CComponents(&tower.desk));
+    EXPECT_EQ(tower.first->Count, 2);
+    EXPECT_EQ(tower.third->Count, 0);
 }
 
 TEST(ObjectsTest, HoldVeryMany)
