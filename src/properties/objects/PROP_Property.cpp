@@ -112,7 +112,7 @@ void CProperty::SetProperty(const UnicodeString& text)
 {
     const std::u16string_view view = text;
     for (const auto& [mark, tail] : {std::pair(u'(', std::size_t{1}), {u'=', std::size_t{0}}}) {
-        if (const std::size_t place = view.find(mark); place != view.npos) {
+        if (const std::size_t place = view.find(mark); place != std::u16string_view::npos) {
             const std::u16string_view rest = view.substr(place + 1);
             UnicodeString name(view.substr(0, place));
             mValue = UnicodeString(rest.substr(0, rest.size() - std::min(tail, rest.size())));

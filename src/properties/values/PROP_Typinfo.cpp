@@ -173,8 +173,8 @@ void SetLines(TObject* object, const TPropInfo* info, const UnicodeString& text)
 bool IsPlainPath(std::u16string_view path)
 {
     const auto isSpecial = [](System::WideChar c) { return c <= u' ' || c == u'"' || c == u','; };
-    return !path.starts_with(u'.') && !path.ends_with(u'.') && path.find(u"..") == path.npos &&
-           std::ranges::none_of(path, isSpecial);
+    return !path.starts_with(u'.') && !path.ends_with(u'.') &&
+           path.find(u"..") == std::u16string_view::npos && std::ranges::none_of(path, isSpecial);
 }
 
 BTL::CStringList NamesOf(const UnicodeString& path)
@@ -187,7 +187,7 @@ BTL::CStringList NamesOf(const UnicodeString& path)
 CPathEnd ResolvePlainPath(TObject* object, std::u16string_view path)
 {
     std::size_t point = path.find(u'.');
-    while (point != path.npos) {
+    while (point != std::u16string_view::npos) {
         object = FindObject(object, path.substr(0, point));
         path.remove_prefix(point + 1);
         point = path.find(u'.');
