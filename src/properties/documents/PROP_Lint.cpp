@@ -13,7 +13,6 @@
 #include "properties/values/PROP_Utilities.h"
 #include "properties/values/internal/PROP_Number.h"
 #include "properties/values/internal/PROP_Path.h"
-#include "text/editing/BTL_STR_Replace.h"
 #include "text/lists/BTL_STR_StringList.h"
 
 #include <algorithm>
@@ -51,24 +50,10 @@ bool IsInteger(const TTypeInfo& type, const UnicodeString& text)
     return TryReadInteger(type, text, value) && type.MinValue <= value && value <= type.MaxValue;
 }
 
-bool IsChar(const UnicodeString& text)
-{
-    if (text.IsEmpty() || *text.begin() <= UINT8_MAX) {
-        return true;
-    }
-    const UnicodeString first(*text.begin());
-    return UnicodeString(System::AnsiString(first)) == first;
-}
-
 bool IsFloat(const TTypeInfo& type, const UnicodeString& text)
 {
     System::Extended value = 0;
     return TryReadFloat(type, text, value) && IsInRange(type, value);
-}
-
-bool IsLines(const TTypeInfo& type)
-{
-    return type.Name == u"TStrings" || type.Name == u"TStringList";
 }
 
 CFault FaultOfValue(const TPropInfo& info, const UnicodeString& text)
@@ -78,7 +63,7 @@ CFault FaultOfValue(const TPropInfo& info, const UnicodeString& text)
     case Typinfo::tkInteger:
         return FaultIf(!IsInteger(type, text), ELintFault::NoValue);
     case Typinfo::tkChar:
-        return FaultIf(!IsChar(text), ELintFault::NoValue);
+        return FaultIf(CharCodeOf(text) > type.MaxValue, ELintFault::NoValue);
     case Typinfo::tkEnumeration:
         return FaultIf(
             std::ranges::none_of(type.EnumNames,
@@ -128,20 +113,9 @@ CFault FaultOfItems(const TCollection& collection, const UnicodeString& name, co
     return FaultIf(values.GetCount() != collection.GetCount(), ELintFault::OtherCount);
 }
 
-BTL::CStringList NamesOf(const UnicodeString& path)
-{
-    BTL::CStringList names;
-    if (path.Pos(u'.') == 0) {
-        names.Add(path);
-    } else {
-        names.setCommaText(BTL::ExchangeAll(path, u".", u","));
-    }
-    return names;
-}
-
 CFault FaultOf(const CProperty& property, TObject* root)
 {
-    const BTL::CStringList names = NamesOf(property.getName());
+    const BTL::CStringList names = NamesOfPath(property.getName());
     TObject* object = root;
     for (int i = 0; i < names.GetCount() - 1; ++i) {
         const TPropInfo* const info = Typinfo::GetPropInfo(object, names[i]);

@@ -79,12 +79,6 @@ const TNamedInteger* FindNamedInteger(const TTypeInfo& type)
     return found == NamedIntegers.end() ? nullptr : found;
 }
 
-/// Whether it is the declared type that counts as a list of lines; one that derives from it doesn't.
-bool IsLines(const TTypeInfo& type)
-{
-    return type.Name == u"TStrings" || type.Name == u"TStringList";
-}
-
 TStrings* LinesOf(TObject* object, const TPropInfo* info)
 {
     return dynamic_cast<TStrings*>(Typinfo::GetObjectProp(object, info));
@@ -135,18 +129,6 @@ UnicodeString ClassText(TObject* object, const TPropInfo* info, bool showNames)
     return showNames ? type.Name : UnicodeString();
 }
 
-/// The code of the first character in the code page; what it lacks stays beyond all codes.
-System::Int64 CharCodeOf(const UnicodeString& text)
-{
-    const System::WideChar first = text.IsEmpty() ? u'\0' : *text.begin();
-    if (first <= UINT8_MAX) {
-        return first;
-    }
-    const System::AnsiString narrow{UnicodeString(first)};
-    return UnicodeString(narrow) == UnicodeString(first) ? static_cast<unsigned char>(*narrow.begin())
-                                                         : first;
-}
-
 void SetEnumByName(TObject* object, const TPropInfo* info, const UnicodeString& name)
 {
     const int value = Typinfo::GetEnumValue(info->getPropType(), name);
@@ -177,13 +159,6 @@ bool IsPlainPath(std::u16string_view path)
            path.find(u"..") == std::u16string_view::npos && std::ranges::none_of(path, isSpecial);
 }
 
-BTL::CStringList NamesOf(const UnicodeString& path)
-{
-    BTL::CStringList list;
-    list.setCommaText(BTL::ExchangeAll(path, u".", u","));
-    return list;
-}
-
 CPathEnd ResolvePlainPath(TObject* object, std::u16string_view path)
 {
     std::size_t point = path.find(u'.');
@@ -197,6 +172,33 @@ CPathEnd ResolvePlainPath(TObject* object, std::u16string_view path)
 
 } // namespace
 
+BTL::CStringList NamesOfPath(const UnicodeString& path)
+{
+    BTL::CStringList names;
+    if (path.Pos(u'.') == 0) {
+        names.Add(path);
+    } else {
+        names.setCommaText(BTL::ExchangeAll(path, u".", u","));
+    }
+    return names;
+}
+
+bool IsLines(const TTypeInfo& type)
+{
+    return type.Name == u"TStrings" || type.Name == u"TStringList";
+}
+
+System::Int64 CharCodeOf(const UnicodeString& text)
+{
+    const System::WideChar first = text.IsEmpty() ? u'\0' : *text.begin();
+    if (first <= UINT8_MAX) {
+        return first;
+    }
+    const System::AnsiString narrow{UnicodeString(first)};
+    return UnicodeString(narrow) == UnicodeString(first) ? static_cast<unsigned char>(*narrow.begin())
+                                                         : first;
+}
+
 CPathEnd ResolvePropPath(TObject* object, const UnicodeString& path)
 {
     if (!IsThere(object, NoObject)) {
@@ -205,7 +207,7 @@ CPathEnd ResolvePropPath(TObject* object, const UnicodeString& path)
     if (IsPlainPath(path) || path.Pos(u'.') == 0) {
         return ResolvePlainPath(object, path);
     }
-    const BTL::CStringList names = NamesOf(path);
+    const BTL::CStringList names = NamesOfPath(path);
     const int last = names.GetCount() - 1;
     for (int i = 0; i < last; ++i) {
         object = FindObject(object, names[i]);
@@ -299,7 +301,7 @@ TObject* GetPropPathObject(TObject* object, const UnicodeString& path)
     if (path.Pos(u'.') == 0) {
         return FindObject(object, path);
     }
-    const BTL::CStringList names = NamesOf(path);
+    const BTL::CStringList names = NamesOfPath(path);
     for (int i = 0; i < names.GetCount() && object != nullptr; ++i) {
         object = FindObject(object, names[i]);
     }
