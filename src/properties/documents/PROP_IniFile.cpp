@@ -173,7 +173,7 @@ UnicodeString Quoted(const UnicodeString& text)
 /// The short form, of which a caption comes back as it was.
 UnicodeString StoredForm(const CObject& object)
 {
-    const UnicodeString form = object.GetPropString();
+    UnicodeString form = object.GetPropString();
     const auto* const captioned = dynamic_cast<const ACaptionProp*>(&object);
     if (captioned == nullptr || captioned->getCaption().Pos(u'"') == 0) {
         return form;
