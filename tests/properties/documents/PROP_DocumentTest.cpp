@@ -5,7 +5,10 @@
 #include "foundation/UTL_ASRT_Assert.h"
 #include "platform/base/numbers/Sysutils_Number.h"
 #include "platform/host/Host_Path.h"
+#include "platform/runtime/classes/Classes_ClassRegister.h"
+#include "platform/runtime/typinfo/System_MetaClass.h"
 #include "platform/toolkit/MessageBox.h"
+#include "platform/visual/stdctrls/lists/Stdctrls_ComboBox.h"
 #include "properties/documents/SampleForm.h"
 #include "properties/objects/Gauges.h"
 #include "properties/values/PROP_Filter.h"
@@ -136,6 +139,49 @@ TEST_F(DocumentTest, RoundTripsWhateverATextCanHold)
     PROP::CObjects difference;
     former.getObjects().GetDifferenceOf(again.getObjects(), difference);
     EXPECT_TRUE(difference.empty());
+}
+
+TEST_F(DocumentTest, BringsEachComponentOfTheLibraryBack)
+{
+    for (const char16_t* const name :
+         {u"TBevel",       u"TBitBtn",    u"TButton",      u"TCheckBox",    u"TCheckListBox", u"TComboBox",
+          u"TEdit",        u"TGroupBox",  u"TImage",       u"TImageList",   u"TLabel",        u"TListBox",
+          u"TMainMenu",    u"TMaskEdit",  u"TMemo",        u"TMenuItem",    u"TOpenDialog",   u"TPageControl",
+          u"TPanel",       u"TPopupMenu", u"TProgressBar", u"TRadioButton", u"TRadioGroup",   u"TRichEdit",
+          u"TSpeedButton", u"TTimer"}) {
+        SCOPED_TRACE(UnicodeString(name));
+        Sample::TForm sample;
+        Classes::TComponent* const component = Classes::FindClass(name)->Create(sample.form);
+        component->setName(u"Probe1");
+        if (auto* const control = dynamic_cast<Controls::TControl*>(component); control != nullptr) {
+            control->setParent(sample.form);
+        }
+        const PROP::CObject former(component, nullptr);
+        former.ApplyProperties(component);
+        PROP::CProperties difference;
+        former.GetDifferenceOf(PROP::CObject(component, nullptr), difference);
+        EXPECT_EQ(Lines(difference), "");
+    }
+}
+
+/// A list of choices is laid over the box before the one that is chosen.
+TEST_F(DocumentTest, ChoosesAmongTheTextsOfTheDocument)
+{
+    auto* const box = Sample::Made<Stdctrls::TComboBox>(mForm.form, u"Range");
+    box->setParent(mForm.form);
+    const CFilter filter = Filter(u"Text,Items");
+    for (const Stdctrls::TComboBoxStyle style : {Stdctrls::csDropDown, Stdctrls::csDropDownList}) {
+        box->setStyle(style);
+        box->getItems()->setCommaText(u"klein,gross");
+        box->setItemIndex(1);
+        CFormDoc german(mForm.form);
+        german.SetProperties(&filter);
+        box->getItems()->setCommaText(u"small,large");
+        box->setItemIndex(0);
+        german.Apply();
+        EXPECT_EQ(box->getText(), u"gross");
+        EXPECT_EQ(box->getItems()->getCommaText(), u"klein,gross");
+    }
 }
 
 TEST_F(DocumentTest, TakesAllOfAFormWithoutAFilter)

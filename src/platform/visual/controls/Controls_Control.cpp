@@ -540,8 +540,8 @@ void TControl::setCursor(TCursor cursor)
 
 void TControl::setShowHint(bool isOn)
 {
-    mParentShowHint = false;
     if (isOn != mShowHint) {
+        mParentShowHint = false;
         mShowHint = isOn;
         Perform(CM_SHOWHINTCHANGED);
     }

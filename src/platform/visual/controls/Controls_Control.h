@@ -142,7 +142,7 @@ public:
     const System::UnicodeString& getHint() const noexcept { return mHint; }
     void setHint(const System::UnicodeString& hint) { mHint = hint; }
     bool getShowHint() const noexcept { return mShowHint; }
-    /// Ends `ParentShowHint`.
+    /// Ends `ParentShowHint` if it changes something.
     void setShowHint(bool isOn);
     bool getParentShowHint() const noexcept { return mParentShowHint; }
     void setParentShowHint(bool isOn);

@@ -174,7 +174,10 @@ UnicodeString TCustomComboBox::GetText() const
 void TCustomComboBox::SetText(const UnicodeString& text)
 {
     if (!IsEditable()) {
-        SetItemIndex(mItems->FindText(text));
+        // Of several items of one text the one that is chosen stays.
+        if (GetItemIndex() < 0 || GetText() != text) {
+            SetItemIndex(mItems->FindText(text));
+        }
         return;
     }
     const TComponentWatch watch(this);
@@ -411,9 +414,10 @@ System::TMetaClass* TComboBox::ClassRecord()
             .Property(u"ItemHeight", &T::getItemHeight, &T::setItemHeight)
             .Property(u"MaxLength", &T::getMaxLength, &T::setMaxLength, {.defaultValue = 0})
             .Property(u"Sorted", &T::getSorted, &T::setSorted, {.defaultValue = 0})
-            .Property(u"Text", &T::getText, &T::setText)
             .Property(u"Items", &T::getItems, &T::setItems)
             .Property(u"ItemIndex", &T::getItemIndex, &T::setItemIndex, {.defaultValue = -1})
+            // Behind these two, which change the text where they are laid over a box.
+            .Property(u"Text", &T::getText, &T::setText)
             .Property(u"OnChange", &T::OnChange)
             .Property(u"OnCloseUp", &T::OnCloseUp)
             .Property(u"OnDrawItem", &T::OnDrawItem)
