@@ -20,7 +20,8 @@ enum class ELintFault
 {
     /// No component or menu item has the object's name; it isn't applied.
     NoComponent,
-    /// A name of the path is no property; nothing is written.
+    /// A name of the path is no property; nothing is written. Applying it is an internal fault unless it is
+    /// the last name.
     NoProperty,
     /// The path goes through a property that holds no object; applying it is an internal fault.
     NoObject,

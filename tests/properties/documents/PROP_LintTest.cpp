@@ -33,6 +33,7 @@ struct TBench
     TGauge* gauge = Sample::Made<TGauge>(sample.form, u"Gauge");
 };
 
+/// What it finds in order is applied without an exception, and what is no value isn't.
 TEST(LintTest, TellsWhatDoesNotFit)
 {
     constexpr auto noProperty = ELintFault::NoProperty;
@@ -63,6 +64,18 @@ TEST(LintTest, TellsWhatDoesNotFit)
              {u"Mark", u"\u4F60", noValue},
              {u"Value", u"1e3", {}},
              {u"Value", u"x", noValue},
+             {u"Value", u"", noValue},
+             {u"Count", u"$FF", {}},
+             {u"Count", u"$80000000", {}},
+             {u"Color", u"$80000000", {}},
+             {u"Mark", u"", {}},
+             {u"Mark", u"ab", {}},
+             {u"Narrow", u"\u4F60", {}},
+             {u"Ticks", u"1", notWritable},
+             {u"Limit", u"100", {}},
+             {u"Notes", u"[a", {}},
+             {u"Channels", u"", {}},
+             {u"Channels.Number", u"[1,2]", {}},
              {u"Style", u"", {}},
              {u"Style", u"[fsBold]", notWritable},
              {u"OnChange", u"Hear", notWritable},
@@ -93,10 +106,16 @@ TEST(LintTest, TellsWhatDoesNotFit)
         if (fault) {
             EXPECT_EQ(findings[0], (TLintFinding{u"Gauge", name, value, *fault}));
         }
+        if (!fault) {
+            EXPECT_NO_THROW(document.Apply());
+        } else if (*fault == noValue) {
+            EXPECT_THROW(document.Apply(), Sysutils::Exception);
+        } else if (*fault == ELintFault::NoObject) {
+            EXPECT_THROW(document.Apply(), UTL::XAssert);
+        }
     }
 }
 
-/// What it finds in order is written without an exception, and has the effect that it tells.
 TEST(LintTest, FindsComponentsAsTheDocumentDoes)
 {
     TBench bench;
