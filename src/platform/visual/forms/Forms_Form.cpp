@@ -498,7 +498,6 @@ TMetaClass* TForm::ClassRecord()
                       &TForm::setVisible, {.defaultValue = 0})
             .Property(u"Position", &TForm::getPosition, &TForm::setPosition,
                       {.defaultValue = poDefaultPosOnly})
-            .Property(u"Visible", &TForm::getVisible, &TForm::setVisible, {.defaultValue = 0})
             .Property(u"WindowState", &TForm::getWindowState, &TForm::setWindowState,
                       {.defaultValue = wsNormal})
             .Property(u"ActiveControl", &TForm::getActiveControl, &TForm::setActiveControl)
