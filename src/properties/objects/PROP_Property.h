@@ -101,6 +101,7 @@ private:
 /// - colours and mouse pointers without a name, whose empty text raises `Sysutils::EConvertError`
 /// - floats with more digits than their text; those that are infinite, no number or the largest of their type
 ///   raise as in `PROP::SetPropValueFromString`
+/// - properties that can be read alone, which raise `Typinfo::EPropertyError`
 /// - sets, wide characters, 64-bit integers, variants and events, which have no text
 /// - lines in a property that is declared as a class derived from `TStringList`
 /// - the count of a collection's items: as many values are written as there are items
