@@ -176,7 +176,7 @@ TEST_F(ShownClassTest, APartIsMadeAndTakesOverWhatIsWritten)
     other.Add(u"line");
     SetObjectProp(&mBird, u"Lines", &other);
     EXPECT_EQ(GetObjectProp(&mBird, u"Lines"), lines);
-    EXPECT_EQ(lines->getText(), u"line\n");
+    EXPECT_EQ(lines->getCommaText(), u"line");
     EXPECT_THROW(SetObjectProp(&mBird, u"Lines", &mBird), EPropertyConvertError);
     EXPECT_THROW(SetObjectProp(&mBird, u"Lines", nullptr), Sysutils::Exception);
 }
