@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/visual/Buttons.h"
-#include "platform/visual/Dbctrls.h"
-#include "platform/visual/Filectrl.h"
-#include "platform/visual/Forms.h"
 #include "platform/visual/Grids.h"
 #include "platform/visual/Stdctrls.h"
+#include "platform/visual/stdctrls/Extctrls_Timer.h"
+#include "platform/visual/stdctrls/buttons/Extctrls_RadioGroup.h"
+#include "platform/visual/stdctrls/panels/Comctrls_PageControl.h"
+#include "platform/visual/stdctrls/panels/Comctrls_ProgressBar.h"
+#include "platform/visual/stdctrls/panels/Extctrls_Bevel.h"
+#include "platform/visual/stdctrls/panels/Extctrls_Panel.h"
+#include "platform/visual/stdctrls/pictures/Extctrls_Image.h"
+#include "platform/visual/stdctrls/pictures/Extctrls_Shape.h"
 #include "properties/values/PROP_Typinfo.h"
 
 #include <benchmark/benchmark.h>
@@ -127,7 +132,7 @@ struct GClasses
     static constexpr std::size_t Count = sizeof...(Controls);
 };
 
-using CClasses =
+using COurClasses =
     GClasses<Stdctrls::TLabel, Stdctrls::TEdit, Stdctrls::TMemo, Stdctrls::TButton, Stdctrls::TCheckBox,
              Stdctrls::TRadioButton, Stdctrls::TGroupBox, Stdctrls::TListBox, Stdctrls::TComboBox,
              Extctrls::TPanel, Extctrls::TShape, Extctrls::TBevel, Extctrls::TImage, Extctrls::TTimer,
@@ -148,7 +153,7 @@ constexpr std::array Names = {u"Name", u"Hint", u"Visible", u"Left", u"OnClick",
 
 void Find(benchmark::State& state)
 {
-    const auto components = MakeComponents(CClasses());
+    const auto components = MakeComponents(COurClasses());
     const std::vector<UnicodeString> names(Names.begin(), Names.end());
     for (auto _ : state) {
         for (const auto& component : components) {
@@ -225,7 +230,7 @@ BENCHMARK(SetNumberTextQt)->Name("property_set_number_text/QMetaObject");
 using CQtClasses = GClasses<QLabel, QLineEdit, QTextEdit, QPushButton, QCheckBox, QRadioButton, QGroupBox,
                             QListWidget, QComboBox, QFrame, QWidget, QSpinBox, QSlider, QDial, QDateEdit,
                             QToolButton, QLCDNumber, QTabWidget, QProgressBar, QTableWidget>;
-static_assert(CQtClasses::Count == CClasses::Count);
+static_assert(CQtClasses::Count == COurClasses::Count);
 
 template <class... Widgets>
 std::vector<std::unique_ptr<QObject>> MakeWidgets(GClasses<Widgets...>)
