@@ -134,15 +134,17 @@ void WriteForms(std::ostream& out, BTL::AIni& settings, const UnicodeString& lan
 {
     const CForms forms = MakeForms(language);
     const std::vector<TChange> made = ReadChanges(changes, forms);
+    std::string text;
     for (const auto& form : forms) {
         CPlaces places(form.get());
         places.ReadAndApply();
         Use(*form, settings, made);
         places.SetChanges();
         places.SaveToFile(places.GetFileName());
-        out << Testing::CFormDriver(*form).Print();
+        text += Testing::CFormDriver(*form).Print();
     }
     settings.Save();
+    out << text;
 }
 
 void WriteDesigns(std::ostream& out, const UnicodeString& language)
