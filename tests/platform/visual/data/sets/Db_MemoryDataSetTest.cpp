@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 namespace
 {
 
@@ -346,64 +348,101 @@ TEST_F(MemoryDataSetTest, KeepsItsStateWhereAnEventRaises)
     EXPECT_FALSE(mSet->getActive());
 }
 
-TEST_F(MemoryDataSetTest, OutlivesHandlersThatCloseOrDestroyIt)
+using TDataSetEvent = TDataSetNotifyEvent TDataSet::*;
+
+/// Each event with what calls it.
+struct TCause
 {
-    using TEvent = TDataSetNotifyEvent TDataSet::*;
-    using TAct = void (*)(TDataSet&);
-    const TAct insert = [](TDataSet& set) { set.Insert(); };
-    const TAct edit = [](TDataSet& set) { set.Edit(); };
-    const TAct post = [](TDataSet& set) {
-        set.Edit();
-        set.getFields(1)->setAsInteger(5);
-        set.Post();
-    };
-    const TAct cancel = [](TDataSet& set) {
-        set.Edit();
-        set.Cancel();
-    };
-    const TAct next = [](TDataSet& set) { set.Next(); };
-    const TAct remove = [](TDataSet& set) { set.Delete(); };
-    const TAct refresh = [](TDataSet& set) { set.Refresh(); };
-    const TAct close = [](TDataSet& set) { set.Close(); };
-    const std::pair<TEvent, TAct> cases[] = {
-        {&TDataSet::BeforeInsert, insert},  {&TDataSet::AfterInsert, insert},
-        {&TDataSet::OnNewRecord, insert},   {&TDataSet::BeforeEdit, edit},
-        {&TDataSet::AfterEdit, edit},       {&TDataSet::BeforePost, post},
-        {&TDataSet::AfterPost, post},       {&TDataSet::BeforeCancel, cancel},
-        {&TDataSet::AfterCancel, cancel},   {&TDataSet::BeforeScroll, next},
-        {&TDataSet::AfterScroll, next},     {&TDataSet::BeforeDelete, remove},
-        {&TDataSet::AfterDelete, remove},   {&TDataSet::BeforeRefresh, refresh},
-        {&TDataSet::AfterRefresh, refresh}, {&TDataSet::BeforeClose, close},
-        {&TDataSet::AfterClose, close}};
+    TDataSetEvent event;
+    void (*act)(TDataSet& set);
+};
+
+constexpr auto Insert = [](TDataSet& set) { set.Insert(); };
+constexpr auto Edit = [](TDataSet& set) { set.Edit(); };
+constexpr auto Post = [](TDataSet& set) {
+    set.Edit();
+    set.getFields(1)->setAsInteger(5);
+    set.Post();
+};
+constexpr auto Cancel = [](TDataSet& set) {
+    set.Edit();
+    set.Cancel();
+};
+constexpr auto Next = [](TDataSet& set) { set.Next(); };
+constexpr auto Delete = [](TDataSet& set) { set.Delete(); };
+constexpr auto Refresh = [](TDataSet& set) { set.Refresh(); };
+constexpr auto Close = [](TDataSet& set) { set.Close(); };
+
+const TCause Causes[] = {
+    {&TDataSet::BeforeInsert, Insert},  {&TDataSet::AfterInsert, Insert},
+    {&TDataSet::OnNewRecord, Insert},   {&TDataSet::BeforeEdit, Edit},
+    {&TDataSet::AfterEdit, Edit},       {&TDataSet::BeforePost, Post},
+    {&TDataSet::AfterPost, Post},       {&TDataSet::BeforeCancel, Cancel},
+    {&TDataSet::AfterCancel, Cancel},   {&TDataSet::BeforeScroll, Next},
+    {&TDataSet::AfterScroll, Next},     {&TDataSet::BeforeDelete, Delete},
+    {&TDataSet::AfterDelete, Delete},   {&TDataSet::BeforeRefresh, Refresh},
+    {&TDataSet::AfterRefresh, Refresh}, {&TDataSet::BeforeClose, Close},
+    {&TDataSet::AfterClose, Close},
+};
+
+std::unique_ptr<TMemoryDataSet> MakeSet()
+{
+    auto set = std::make_unique<TMemoryDataSet>();
+    set->getFieldDefs()->Add(u"Channel", ftWideString, 10);
+    set->getFieldDefs()->Add(u"Count", ftInteger);
+    set->Open();
+    for (int i = 0; i < 3; ++i) {
+        const Variant values[] = {u"a", i};
+        set->AppendRecord(values);
+    }
+    set->First();
+    return set;
+}
+
+TEST(DataSetEventsTest, MayCloseOrDestroyTheDataSet)
+{
     for (const bool destroys : {false, true}) {
-        for (const auto& [event, act] : cases) {
-            SCOPED_TRACE(&event - &cases[0].first);
-            auto* const set = new TMemoryDataSet;
-            set->getFieldDefs()->Assign(mSet->getFieldDefs());
-            set->Open();
-            for (int i = 0; i < 3; ++i) {
-                const Variant values[] = {u"a", i};
-                set->AppendRecord(values);
-            }
-            set->First();
+        for (const TCause& cause : Causes) {
+            SCOPED_TRACE(&cause - Causes);
+            std::unique_ptr<TMemoryDataSet> set = MakeSet();
             int calls = 0;
-            const TEvent handled = event;
-            set->*event = [&](TDataSet* sender) {
+            (*set).*cause.event = [&](TDataSet* sender) {
                 ++calls;
-                sender->*handled = nullptr;
+                sender->*cause.event = nullptr;
                 if (destroys) {
-                    delete sender;
+                    set.reset();
                 } else {
                     sender->Close();
                 }
             };
-            act(*set);
+            cause.act(*set);
             EXPECT_EQ(calls, 1);
-            if (!destroys) {
-                EXPECT_FALSE(set->getActive());
-                delete set;
-            }
+            EXPECT_TRUE(destroys || !set->getActive());
         }
+    }
+}
+
+/// Whatever was begun, the records are there and the set goes on.
+TEST(DataSetEventsTest, MayRaiseInEachEvent)
+{
+    for (const TCause& cause : Causes) {
+        SCOPED_TRACE(&cause - Causes);
+        const std::unique_ptr<TMemoryDataSet> set = MakeSet();
+        (*set).*cause.event = [&](TDataSet* sender) {
+            sender->*cause.event = nullptr;
+            throw Sysutils::Exception(u"no");
+        };
+        EXPECT_THROW(cause.act(*set), Sysutils::Exception);
+        set->Open();
+        set->Cancel();
+        set->Append();
+        set->getFields(1)->setAsInteger(77);
+        set->Post();
+        EXPECT_EQ(set->getState(), dsBrowse);
+        EXPECT_EQ(set->getFields(1)->getAsInteger(), 77);
+        EXPECT_GE(set->getRecordCount(), 3);
+        set->Close();
+        EXPECT_FALSE(set->getActive());
     }
 }
 
