@@ -509,6 +509,51 @@ TEST_F(EventHandlersTest, OfTheApplicationMayRaise)
     EXPECT_EQ(shown[0].box.text, Failed);
 }
 
+/// The caller or the user is told, and the form is in use all the same.
+TEST_F(EventHandlersTest, OfTheScreenMayRaise)
+{
+    Forms::TForm form(nullptr);
+    auto* const first = new Stdctrls::TEdit(&form);
+    auto* const second = new Stdctrls::TEdit(&form);
+    for (Stdctrls::TEdit* const edit : {first, second}) {
+        edit->setParent(&form);
+        edit->setHint(u"short|long");
+        edit->setShowHint(true);
+    }
+    second->setTop(50);
+    second->setName(u"Second");
+    const auto tellsOnce = [this](Classes::TNotifyEvent& event, const std::function<void()>& act) {
+        int calls = 0;
+        event = [&](System::TObject*) {
+            ++calls;
+            throw Sysutils::Exception(Failed);
+        };
+        int told = 0;
+        try {
+            act();
+            Forms::Application->ProcessMessages();
+        } catch (const Sysutils::Exception&) {
+            ++told;
+        }
+        event = nullptr;
+        told += static_cast<int>(mToolkit.TakeShown().size());
+        EXPECT_GT(calls, 0);
+        EXPECT_EQ(told, calls);
+    };
+    tellsOnce(Forms::Screen->OnActiveFormChange, [&] { form.Show(); });
+    EXPECT_TRUE(form.getVisible());
+    EXPECT_EQ(Forms::Screen->getActiveForm(), &form);
+    tellsOnce(Forms::Screen->OnActiveControlChange, [&] { second->SetFocus(); });
+    second->SetFocus();
+    EXPECT_TRUE(second->Focused()) << "the next try moves the focus";
+    tellsOnce(Forms::Application->OnHint, [&] {
+        Testing::CFormDriver(form).Mouse(u"Second",
+                                         {.action = Toolkits::EMouseAction::Move, .place = {3, 3}});
+    });
+    first->SetFocus();
+    EXPECT_TRUE(first->Focused());
+}
+
 /// In a process of its own, which is asked to end when its main form goes.
 TEST_F(EventHandlersTest, MayDestroyTheMainForm)
 {
