@@ -16,6 +16,12 @@ namespace Controls
 //             .Property(u"Value", &TGauge::getValue, &TGauge::setValue)
 //             .Build();
 
+/// Whether a control's colour isn't that of its parent.
+inline bool IsColorOwn(const System::TObject* object)
+{
+    return !dynamic_cast<const TControl*>(object)->getParentColor();
+}
+
 /// Place in the parent, colour, font, hint, visibility, and the events of the mouse. It also says that the
 /// class does nothing when others come to its owner; one that does says `HearsInsertions(true)` behind it.
 template <class T>
@@ -23,9 +29,6 @@ System::GClassBuilder<T> PublishControl(System::GClassBuilder<T> builder)
 {
     const auto isFontOwn = [](const System::TObject* object) {
         return !dynamic_cast<const TControl*>(object)->getParentFont();
-    };
-    const auto isColorOwn = [](const System::TObject* object) {
-        return !dynamic_cast<const TControl*>(object)->getParentColor();
     };
     const auto isShowHintOwn = [](const System::TObject* object) {
         return !dynamic_cast<const TControl*>(object)->getParentShowHint();
@@ -36,7 +39,7 @@ System::GClassBuilder<T> PublishControl(System::GClassBuilder<T> builder)
     builder.Property(u"Align", &T::getAlign, &T::setAlign, {.defaultValue = alNone})
         .Property(u"Anchors", &T::getAnchors, &T::setAnchors, {.defaultValue = 3})
         .Property(u"BiDiMode", &T::getBiDiMode, &T::setBiDiMode, {.stored = isBiDiModeOwn})
-        .Property(u"Color", &T::getColor, &T::setColor, {.stored = isColorOwn})
+        .Property(u"Color", &T::getColor, &T::setColor, {.stored = IsColorOwn})
         .Property(u"Constraints", &T::getConstraints, &T::setConstraints)
         .Property(u"Enabled", &T::getEnabled, &T::setEnabled, {.defaultValue = 1})
         .Property(u"Font", &T::getFont, &T::setFont, {.stored = isFontOwn})
@@ -60,21 +63,23 @@ System::GClassBuilder<T> PublishControl(System::GClassBuilder<T> builder)
     return builder;
 }
 
-/// As `PublishControl`, of a class whose controls have a colour of their own at first.
+/// As `PublishControl`, of a class whose controls have a colour of their own at first: `color`.
 template <class T>
-System::GClassBuilder<T> PublishColoredControl(System::GClassBuilder<T> builder)
+System::GClassBuilder<T> PublishColoredControl(System::GClassBuilder<T> builder,
+                                               Graphics::TColor color = Graphics::clWindow)
 {
     builder = PublishControl(std::move(builder));
-    builder.Property(u"ParentColor", &T::getParentColor, &T::setParentColor, {.defaultValue = 0});
+    builder.Property(u"Color", &T::getColor, &T::setColor, {.defaultValue = color, .stored = IsColorOwn})
+        .Property(u"ParentColor", &T::getParentColor, &T::setParentColor, {.defaultValue = 0});
     return builder;
 }
 
-/// The order of the Tab key, and the events of focus and keyboard.
+/// The order of the Tab key, and the events of focus and keyboard. `isTabStop` is what a new control has.
 template <class T>
-System::GClassBuilder<T> PublishFocus(System::GClassBuilder<T> builder)
+System::GClassBuilder<T> PublishFocus(System::GClassBuilder<T> builder, bool isTabStop = true)
 {
     builder.Property(u"TabOrder", &T::getTabOrder, &T::setTabOrder)
-        .Property(u"TabStop", &T::getTabStop, &T::setTabStop)
+        .Property(u"TabStop", &T::getTabStop, &T::setTabStop, {.defaultValue = isTabStop ? 1 : 0})
         .Property(u"OnEnter", &T::OnEnter)
         .Property(u"OnExit", &T::OnExit)
         .Property(u"OnKeyDown", &T::OnKeyDown)

@@ -477,7 +477,7 @@ void TCustomForm::Deactivate()
 TMetaClass* TForm::ClassRecord()
 {
     static TMetaClass* const record =
-        Controls::PublishColoredControl(GClassBuilder<TForm>(u"TForm"))
+        Controls::PublishControl(GClassBuilder<TForm>(u"TForm"))
             .Property(u"BorderIcons", &TForm::getBorderIcons, &TForm::setBorderIcons, {.defaultValue = 7})
             .Property(u"BorderStyle", &TForm::getBorderStyle, &TForm::setBorderStyle,
                       {.defaultValue = bsSizeable})
@@ -487,6 +487,7 @@ TMetaClass* TForm::ClassRecord()
             .Property(u"FormStyle", &TForm::getFormStyle, &TForm::setFormStyle, {.defaultValue = fsNormal})
             .Property(u"KeyPreview", &TForm::getKeyPreview, &TForm::setKeyPreview, {.defaultValue = 0})
             .Property(u"Menu", &TForm::getMenu, &TForm::setMenu)
+            .Property(u"ParentColor", &TForm::getParentColor, &TForm::setParentColor, {.defaultValue = 0})
             .Property(u"ParentFont", &TForm::getParentFont, &TForm::setParentFont, {.defaultValue = 0})
             .Property(u"PixelsPerInch", &TForm::getPixelsPerInch, &TForm::setPixelsPerInch)
             // A form that is being made tells what it is to be.

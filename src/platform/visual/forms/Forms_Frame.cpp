@@ -36,7 +36,7 @@ void TCustomFrame::GetChildren(const Classes::TGetChildProc& proc, Classes::TCom
 TMetaClass* TFrame::ClassRecord()
 {
     static TMetaClass* const record =
-        Controls::PublishFocus(Controls::PublishControl(GClassBuilder<TFrame>(u"TFrame"))).Build();
+        Controls::PublishFocus(Controls::PublishControl(GClassBuilder<TFrame>(u"TFrame")), false).Build();
     return record;
 }
 

@@ -97,7 +97,6 @@ System::TMetaClass* TDrawGrid::ClassRecord()
         Controls::PublishFocus(Controls::PublishColoredControl(System::GClassBuilder<T>(u"TDrawGrid")))
             .Property(u"BorderStyle", &T::getBorderStyle, &T::setBorderStyle,
                       {.defaultValue = Forms::bsSingle})
-            .Property(u"Color", &T::getColor, &T::setColor, {.defaultValue = Graphics::clWindow})
             .Property(u"ColCount", &T::getColCount, &T::setColCount, {.defaultValue = 5})
             .Property(u"DefaultColWidth", &T::getDefaultColWidth, &T::setDefaultColWidth,
                       {.defaultValue = 64})

@@ -29,50 +29,70 @@ std::string Differences(TMetaClass* type)
     return names;
 }
 
+constexpr const char16_t* ControlClasses[] = {
+    u"TAnimate",
+    u"TBevel",
+    u"TBitBtn",
+    u"TButton",
+    u"TCheckBox",
+    u"TCheckListBox",
+    u"TComboBox",
+    u"TDBEdit",
+    u"TDBGrid",
+    u"TDBLookupComboBox",
+    u"TDBLookupListBox",
+    u"TDirectoryListBox",
+    u"TDrawGrid",
+    u"TDriveComboBox",
+    u"TEdit",
+    u"TGridPanel",
+    u"TGroupBox",
+    u"TImage",
+    u"TLabel",
+    u"TListBox",
+    u"TMainMenu",
+    u"TMaskEdit",
+    u"TMemo",
+    u"TMenuItem",
+    u"TOpenDialog",
+    u"TPageControl",
+    u"TPanel",
+    u"TPopupMenu",
+    u"TProgressBar",
+    u"TRadioButton",
+    u"TRadioGroup",
+    u"TRichEdit",
+    u"TShape",
+    u"TSpeedButton",
+    u"TStringGrid",
+    u"TTabSheet",
+    u"TTimer",
+};
+
 /// A value that isn't written comes back only if a new component has it.
 TEST(PublishTest, WhatIsLeftOutIsWhatANewComponentHas)
 {
     const Support::ScriptedBoxes boxes;
     EXPECT_EQ(Differences(System::ClassOf<Forms::TForm>()), "");
     EXPECT_EQ(Differences(System::ClassOf<Forms::TFrame>()), "");
-    for (const char16_t* const name : {u"TAnimate",
-                                       u"TBevel",
-                                       u"TBitBtn",
-                                       u"TButton",
-                                       u"TCheckBox",
-                                       u"TCheckListBox",
-                                       u"TComboBox",
-                                       u"TDBEdit",
-                                       u"TDBGrid",
-                                       u"TDBLookupComboBox",
-                                       u"TDBLookupListBox",
-                                       u"TDirectoryListBox",
-                                       u"TDrawGrid",
-                                       u"TDriveComboBox",
-                                       u"TEdit",
-                                       u"TGridPanel",
-                                       u"TGroupBox",
-                                       u"TImage",
-                                       u"TLabel",
-                                       u"TListBox",
-                                       u"TMainMenu",
-                                       u"TMaskEdit",
-                                       u"TMemo",
-                                       u"TMenuItem",
-                                       u"TOpenDialog",
-                                       u"TPageControl",
-                                       u"TPanel",
-                                       u"TPopupMenu",
-                                       u"TProgressBar",
-                                       u"TRadioButton",
-                                       u"TRadioGroup",
-                                       u"TRichEdit",
-                                       u"TShape",
-                                       u"TSpeedButton",
-                                       u"TStringGrid",
-                                       u"TTabSheet",
-                                       u"TTimer"}) {
+    for (const char16_t* const name : ControlClasses) {
         EXPECT_EQ(Differences(Classes::FindClass(name)), "") << System::UnicodeString(name);
+    }
+}
+
+/// A colour or a stop of the Tab key that a new component has by itself isn't a part of a design.
+TEST(PublishTest, ANewControlWritesNoColorAndNoTabStop)
+{
+    const Support::ScriptedBoxes boxes;
+    for (const char16_t* const name : ControlClasses) {
+        Forms::TForm form;
+        Classes::TComponent* const made = Classes::FindClass(name)->Create(&form);
+        for (const char16_t* const property : {u"Color", u"ParentColor", u"TabStop"}) {
+            const Typinfo::TPropInfo* const info = Typinfo::GetPropInfo(made, property);
+            EXPECT_FALSE(info != nullptr && Typinfo::IsStoredProp(made, info) &&
+                         !Typinfo::IsDefaultProp(made, info))
+                << System::UnicodeString(name) << "." << System::UnicodeString(property);
+        }
     }
 }
 

@@ -290,7 +290,7 @@ System::TMetaClass* TRadioGroup::ClassRecord()
 {
     using T = TRadioGroup;
     static System::TMetaClass* const record =
-        Controls::PublishFocus(Controls::PublishControl(System::GClassBuilder<T>(u"TRadioGroup")))
+        Controls::PublishFocus(Controls::PublishControl(System::GClassBuilder<T>(u"TRadioGroup")), false)
             .Property(u"Caption", &T::getCaption, &T::setCaption)
             .Property(u"Columns", &T::getColumns, &T::setColumns, {.defaultValue = 1})
             .Property(u"Ctl3D", &T::getCtl3D, &T::setCtl3D)

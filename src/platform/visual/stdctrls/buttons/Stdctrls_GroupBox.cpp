@@ -102,7 +102,8 @@ void TCustomGroupBox::PaintCaption(int height)
 System::TMetaClass* TGroupBox::ClassRecord()
 {
     static System::TMetaClass* const record =
-        Controls::PublishFocus(Controls::PublishControl(System::GClassBuilder<TGroupBox>(u"TGroupBox")))
+        Controls::PublishFocus(Controls::PublishControl(System::GClassBuilder<TGroupBox>(u"TGroupBox")),
+                               false)
             .Property(u"Caption", &TGroupBox::getCaption, &TGroupBox::setCaption)
             .Property(u"Ctl3D", &TGroupBox::getCtl3D, &TGroupBox::setCtl3D)
             .Property(u"ParentCtl3D", &TGroupBox::getParentCtl3D, &TGroupBox::setParentCtl3D,

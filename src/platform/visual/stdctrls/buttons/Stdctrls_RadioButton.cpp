@@ -37,7 +37,8 @@ private:
 System::TMetaClass* TRadioButton::ClassRecord()
 {
     static System::TMetaClass* const record =
-        Controls::PublishFocus(Controls::PublishControl(System::GClassBuilder<TRadioButton>(u"TRadioButton")))
+        Controls::PublishFocus(Controls::PublishControl(System::GClassBuilder<TRadioButton>(u"TRadioButton")),
+                               false)
             .Property(u"Alignment", &TRadioButton::getAlignment, &TRadioButton::setAlignment,
                       {.defaultValue = Classes::taRightJustify})
             .Property(u"Caption", &TRadioButton::getCaption, &TRadioButton::setCaption)

@@ -46,7 +46,8 @@ constexpr int MostBlocks = 10'000;
 System::TMetaClass* TProgressBar::ClassRecord()
 {
     static System::TMetaClass* const record =
-        Controls::PublishFocus(Controls::PublishControl(System::GClassBuilder<TProgressBar>(u"TProgressBar")))
+        Controls::PublishFocus(Controls::PublishControl(System::GClassBuilder<TProgressBar>(u"TProgressBar")),
+                               false)
             .Property(u"BackgroundColor", &TProgressBar::getBackgroundColor,
                       &TProgressBar::setBackgroundColor, {.defaultValue = Graphics::clDefault})
             .Property(u"BarColor", &TProgressBar::getBarColor, &TProgressBar::setBarColor,

@@ -10,7 +10,8 @@ namespace Extctrls
 template <class T>
 System::GClassBuilder<T> PublishPanel(System::GClassBuilder<T> builder)
 {
-    builder = Controls::PublishFocus(Controls::PublishColoredControl(std::move(builder)));
+    builder = Controls::PublishFocus(Controls::PublishColoredControl(std::move(builder), Graphics::clBtnFace),
+                                     false);
     builder.Property(u"Alignment", &T::getAlignment, &T::setAlignment, {.defaultValue = Classes::taCenter})
         .Property(u"AutoSize", &T::getAutoSize, &T::setAutoSize, {.defaultValue = 0})
         .Property(u"BevelInner", &T::getBevelInner, &T::setBevelInner, {.defaultValue = Controls::bvNone})
