@@ -176,6 +176,33 @@ TEST_F(FieldTest, OutlivesHandlersThatCloseTheSet)
     EXPECT_FALSE(mSet.getActive());
 }
 
+/// Who reads or writes is told, and the field is in use all the same.
+TEST_F(FieldTest, MayRaiseInEachEvent)
+{
+    TField& field = Of(ftInteger);
+    const auto raise = [] { throw Sysutils::Exception(u"no"); };
+    const auto isTold = [](const auto& act) { EXPECT_THROW(act(), Sysutils::Exception); };
+    field.setAsInteger(1);
+    field.OnGetText = [&](TField*, UnicodeString&, bool) { raise(); };
+    isTold([&] { return field.getText(); });
+    isTold([&] { return field.getDisplayText(); });
+    field.OnGetText = nullptr;
+    field.OnSetText = [&](TField*, const UnicodeString&) { raise(); };
+    isTold([&] { field.setText(u"2"); });
+    field.OnSetText = nullptr;
+    field.OnValidate = [&](TField*) { raise(); };
+    isTold([&] { field.setAsInteger(3); });
+    field.OnValidate = nullptr;
+    EXPECT_EQ(field.getText(), u"1");
+    field.OnChange = [&](TField*) { raise(); };
+    isTold([&] { field.setAsInteger(4); });
+    field.OnChange = nullptr;
+    EXPECT_EQ(field.getText(), u"4") << "the change was done when it was told of";
+    mSet.Post();
+    EXPECT_EQ(mSet.getState(), dsBrowse);
+    EXPECT_EQ(field.getAsInteger(), 4);
+}
+
 TEST_F(FieldTest, KeepsBytesAsTheyAre)
 {
     auto& blob = dynamic_cast<TBlobField&>(Of(ftBlob));
