@@ -148,11 +148,11 @@ protected:
     /// The text with its caret. Who changes it by this tells nobody.
     const CEditBuffer& Buffer() const noexcept { return mBuffer; }
     CEditBuffer& Buffer() noexcept { return mBuffer; }
-    /// The place above or below the caret by so many lines.
-    virtual int VerticalPlace(int lines) const;
-    /// The ends of the line in which the place stands.
-    virtual int LineBegin(int place) const;
-    virtual int LineEnd(int place) const;
+    /// The place above or below the caret by so many rows.
+    virtual int VerticalPlace(int rows) const;
+    /// Where the Home and the End key lead to: the ends of the row in which the caret stands.
+    virtual int HomePlace() const { return 0; }
+    virtual int EndPlace() const { return mBuffer.Length(); }
     /// How many lines a page has.
     virtual int PageLines() const { return 1; }
 

@@ -108,10 +108,10 @@ bool TCustomEdit::ActOnMoveKey(Word key, const TShiftState& shift)
         MoveCaret(VerticalPlace(key == VK_PRIOR ? -PageLines() : PageLines()), extends);
         return IsMultiLine();
     case VK_HOME:
-        MoveCaret(isCtrl ? 0 : LineBegin(caret), extends);
+        MoveCaret(isCtrl ? 0 : HomePlace(), extends);
         return true;
     case VK_END:
-        MoveCaret(isCtrl ? mBuffer.Length() : LineEnd(caret), extends);
+        MoveCaret(isCtrl ? mBuffer.Length() : EndPlace(), extends);
         return true;
     default:
         return false;
@@ -123,20 +123,10 @@ void TCustomEdit::MoveCaret(int place, bool extends)
     Select(extends ? mBuffer.getAnchor() : place, place);
 }
 
-int TCustomEdit::VerticalPlace(int lines) const
+int TCustomEdit::VerticalPlace(int rows) const
 {
     const int caret = mBuffer.getCaret();
-    return lines < 0 ? mBuffer.FormerPlace(caret) : mBuffer.NextPlace(caret);
-}
-
-int TCustomEdit::LineBegin(int) const
-{
-    return 0;
-}
-
-int TCustomEdit::LineEnd(int) const
-{
-    return mBuffer.Length();
+    return rows < 0 ? mBuffer.FormerPlace(caret) : mBuffer.NextPlace(caret);
 }
 
 bool TCustomEdit::ActOnChar(WideChar character)

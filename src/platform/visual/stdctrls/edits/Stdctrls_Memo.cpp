@@ -117,19 +117,6 @@ int TCustomMemo::LineEnd(int place) const
     return Buffer().LineEnd(Buffer().LineAt(place));
 }
 
-int TCustomMemo::VerticalPlace(int lines) const
-{
-    const TPoint caret = getCaretPos();
-    const int line = caret.Y + lines;
-    if (line < 0 || line >= Buffer().LineCount()) {
-        // As far as it goes, and then nowhere.
-        const int last = lines < 0 ? 0 : Buffer().LineCount() - 1;
-        return caret.Y == last ? Buffer().getCaret()
-                               : std::min(Buffer().LineBegin(last) + caret.X, Buffer().LineEnd(last));
-    }
-    return std::min(Buffer().LineBegin(line) + caret.X, Buffer().LineEnd(line));
-}
-
 int TCustomMemo::PageLines() const
 {
     return std::max(TextRect().Height() / std::max(LineHeight(), 1), 1);

@@ -56,10 +56,13 @@ protected:
     bool IsMultiLine() const override { return true; }
     System::UnicodeString Acceptable(const System::UnicodeString& text, int replaced) const override;
     Toolkits::TEditTraits EditTraits() const override;
-    int VerticalPlace(int lines) const override;
-    int LineBegin(int place) const override;
-    int LineEnd(int place) const override;
+    int VerticalPlace(int rows) const override;
+    int HomePlace() const override;
+    int EndPlace() const override;
     int PageLines() const override;
+    /// The ends of the line in which the place stands.
+    int LineBegin(int place) const;
+    int LineEnd(int place) const;
     /// What is seen in one row: a line, or as much of it as there is room for.
     struct TRow
     {
@@ -93,6 +96,8 @@ private:
     /// Nothing in front of the first and behind the last row.
     std::optional<TRow> RowBefore(const TRow& row) const;
     std::optional<TRow> RowBehind(const TRow& row) const;
+    /// The last place at which the caret stands in the row.
+    int LastPlaceIn(const TRow& row) const;
     /// What of a row could be seen, and where that begins.
     TRow SeenOf(const TRow& row) const;
     int LeftOf(const TRow& seen) const;

@@ -4,6 +4,7 @@
 #include "platform/visual/stdctrls/edits/Stdctrls_Memo.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 // The rows in which a memo is seen whose window doesn't act by itself.
 
@@ -162,6 +163,39 @@ void TCustomMemo::ScrollCaret()
     }
 }
 
+int TCustomMemo::VerticalPlace(int rows) const
+{
+    const int caret = Buffer().getCaret();
+    TRow row = RowAround(caret);
+    const int column = caret - row.begin;
+    for (int left = std::abs(rows); left > 0; --left) {
+        const std::optional<TRow> next = rows < 0 ? RowBefore(row) : RowBehind(row);
+        if (!next) {
+            // As far as it goes.
+            break;
+        }
+        row = *next;
+    }
+    return std::min(row.begin + column, LastPlaceIn(row));
+}
+
+int TCustomMemo::HomePlace() const
+{
+    return RowAround(Buffer().getCaret()).begin;
+}
+
+int TCustomMemo::EndPlace() const
+{
+    return LastPlaceIn(RowAround(Buffer().getCaret()));
+}
+
+int TCustomMemo::LastPlaceIn(const TRow& row) const
+{
+    // The place behind a wrapped row is the first one of the next.
+    const bool isWrappedOn = row.end < LineEnd(row.begin);
+    return isWrappedOn ? std::max(Buffer().FormerPlace(row.end), row.begin) : row.end;
+}
+
 int TCustomMemo::PlaceAt(TPoint place) const
 {
     TRow row = RowAround(mTop);
@@ -171,10 +205,8 @@ int TCustomMemo::PlaceAt(TPoint place) const
         bottom += RowHeight(row);
     }
     const TRow seen = SeenOf(row);
-    const int found = seen.begin + UnitsWithin(seen.begin, seen.end - seen.begin, place.X - LeftOf(seen));
-    // The place behind a wrapped row is the first one of the next.
-    const bool isWrappedOn = found == row.end && row.end < LineEnd(row.begin);
-    return isWrappedOn ? std::max(Buffer().FormerPlace(found), row.begin) : found;
+    return std::min(seen.begin + UnitsWithin(seen.begin, seen.end - seen.begin, place.X - LeftOf(seen)),
+                    LastPlaceIn(row));
 }
 
 void TCustomMemo::PaintText(Graphics::TCanvas& canvas)

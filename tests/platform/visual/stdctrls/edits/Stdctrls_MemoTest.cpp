@@ -175,6 +175,26 @@ TEST_F(MemoTest, FindsThePlaceInAWrappedLine)
     EXPECT_EQ(edit->getSelStart(), 0);
 }
 
+TEST_F(MemoTest, MovesItsCaretOverWrappedRows)
+{
+    MakeRoom(5);
+    edit->setText(u"00 00 11 1\r\n22");
+    edit->setSelStart(2);
+    const auto after = [&](System::Word key) {
+        driver.Press(key);
+        return edit->getSelStart();
+    };
+    EXPECT_EQ(after(VK_DOWN), 8);
+    EXPECT_EQ(after(VK_HOME), 6);
+    EXPECT_EQ(after(VK_END), 10) << "it is the line's end too";
+    EXPECT_EQ(after(VK_UP), 4);
+    EXPECT_EQ(after(VK_END), 5) << "the place behind is the next row's";
+    EXPECT_EQ(after(VK_UP), 5) << "there is no row above";
+    EXPECT_EQ(after(VK_DOWN), 10);
+    EXPECT_EQ(after(VK_DOWN), 14);
+    EXPECT_EQ(after(VK_PRIOR), 2) << "the height of a page is more than all rows";
+}
+
 TEST_F(MemoTest, ScrollsWithinALineOfAnyLength)
 {
     MakeRoom(5);
