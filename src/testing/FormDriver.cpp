@@ -12,6 +12,8 @@
 
 #include <sstream>
 #include <stdexcept>
+#include <utility>
+#include <vector>
 
 namespace Testing
 {
@@ -110,8 +112,20 @@ void PrintControl(std::ostream& out, const TControl& control, int level)
     WriteGridState(out, control);
     out << '\n';
     WriteGridCells(out, control, level + 1);
-    for (int i = 0; window != nullptr && i < window->GetControlCount(); ++i) {
-        PrintControl(out, *window->GetControl(i), level + 1);
+}
+
+/// By a list of what is still to come, since controls may lie deeper than the stack bears.
+void PrintTree(std::ostream& out, const TControl& root)
+{
+    std::vector<std::pair<const TControl*, int>> waiting{{&root, 0}};
+    while (!waiting.empty()) {
+        const auto [control, level] = waiting.back();
+        waiting.pop_back();
+        PrintControl(out, *control, level);
+        const auto* const window = dynamic_cast<const TWinControl*>(control);
+        for (int i = window == nullptr ? 0 : window->GetControlCount(); i > 0; --i) {
+            waiting.emplace_back(window->GetControl(i - 1), level + 1);
+        }
     }
 }
 
@@ -358,7 +372,7 @@ void CFormDriver::Insert(const UnicodeString& text)
 std::string CFormDriver::Print() const
 {
     std::ostringstream out;
-    PrintControl(out, mForm, 0);
+    PrintTree(out, mForm);
     return out.str();
 }
 
