@@ -2,6 +2,7 @@
 #include "properties/resources/Paso_component.h"
 
 #include "platform/runtime/classes/Classes_ClassRegister.h"
+#include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/runtime/classes/Classes_Exceptions.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "properties/classes/BTL_Classes.h"
@@ -62,6 +63,25 @@ TMetaClass* TStubbornTimer::ClassRecord()
             .Build();
     return record;
 }
+
+/// Raises where it hears of an end.
+class TGrumbler : public TComponent
+{
+public:
+    using TComponent::TComponent;
+    ~TGrumbler() override { mIsHearing = false; }
+
+protected:
+    void Notification(TComponent* component, Classes::TOperation operation) override
+    {
+        if (mIsHearing && operation == Classes::opRemove) {
+            throw Classes::EInvalidOperation(component->getName() + u" is missed");
+        }
+    }
+
+private:
+    bool mIsHearing = true;
+};
 
 TEST_F(PasoComponentTest, OnlyDerivedClassesAreBuilt)
 {
@@ -243,6 +263,24 @@ TEST_F(PasoComponentTest, AFaultOnTheWayIsShownAndTheComponentStays)
     delete timer;
     DeleteComponent(form);
     EXPECT_TRUE(boxes.TakeShown().empty());
+}
+
+TEST_F(PasoComponentTest, AFaultAtTheEndIsShownAndTheEndTakesPlace)
+{
+    TComponent* const form = BuildComponent(ClassOf<TBenchForm>(), false);
+    (new TGrumbler(form))->SetComponentIndex(0);
+    form->FindComponent(u"Clock")->FreeNotification(form->FindComponent(u"Input"));
+    TGrumbler outside;
+    outside.FreeNotification(form);
+    const Classes::TComponentWatch watch(form);
+    Support::ScriptedBoxes boxes({1, 1, 1});
+    DeleteComponent(form);
+    EXPECT_FALSE(watch.IsAlive());
+    const auto shown = boxes.TakeShown();
+    ASSERT_EQ(shown.size(), 3U);
+    EXPECT_EQ(shown[0].box.text, u"Clock is missed");
+    EXPECT_EQ(shown[1].box.text, u"Input is missed");
+    EXPECT_EQ(shown[2].box.text, u"BenchForm is missed");
 }
 
 TEST_F(PasoComponentTest, SetDesigningReachesTheChildrenIfWanted)

@@ -2,6 +2,7 @@
 #include "platform/runtime/classes/Classes_Component.h"
 
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
+#include "platform/runtime/classes/internal/Classes_EndFault.h"
 #include "platform/runtime/classes/internal/Classes_ObjectList.h"
 #include "platform/runtime/filer/Classes_Reader.h"
 #include "platform/runtime/filer/Classes_Writer.h"
@@ -23,8 +24,24 @@ using System::TMetaClass;
 using System::UnicodeString;
 using System::WideChar;
 
+void (*TellEndFault)(TComponent& component) = nullptr;
+
 namespace
 {
+
+/// Tells others of the end of the component, which takes place whatever they raise.
+template <class Tell>
+void TellOfEnd(TComponent& component, Tell tell)
+{
+    try {
+        tell();
+    } catch (...) {
+        if (TellEndFault == nullptr) {
+            throw;
+        }
+        TellEndFault(component);
+    }
+}
 
 bool IsIdentifier(const UnicodeString& name)
 {
@@ -74,11 +91,15 @@ TComponent::~TComponent()
     while (!mFreeNotifies.empty()) {
         TComponent* other = mFreeNotifies.back();
         Unlink(*other);
-        other->Notification(this, opRemove);
+        TellOfEnd(*this, [&] { other->Notification(this, opRemove); });
     }
     DestroyComponents();
     if (mOwner != nullptr) {
-        mOwner->RemoveComponent(this);
+        TellOfEnd(*this, [&] { mOwner->RemoveComponent(this); });
+    }
+    if (mOwner != nullptr) {
+        UnbindField();
+        mOwner->Detach(*this);
     }
     EndWatches();
 }
@@ -162,8 +183,9 @@ void TComponent::DestroyComponents()
     while (!mComponents.empty()) {
         TComponent* last = mComponents.back();
         if (last->mState.Contains(csFreeNotification)) {
-            RemoveComponent(last);
-        } else {
+            TellOfEnd(*last, [&] { RemoveComponent(last); });
+        }
+        if (last->mOwner == this) {
             last->UnbindField();
             Detach(*last);
         }

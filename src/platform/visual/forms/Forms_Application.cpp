@@ -3,6 +3,7 @@
 
 #include "platform/host/Host_Module.h"
 #include "platform/runtime/classes/Classes_ComponentLink.h"
+#include "platform/runtime/classes/internal/Classes_EndFault.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/toolkit/MessageBox.h"
@@ -45,6 +46,8 @@ struct TGlobalObjects
         Application = new TApplication;
         Screen = new TScreen;
         Controls::ApplicationLinks().HandleException = &HandleControlException;
+        // What is at its end is no sender.
+        Classes::TellEndFault = [](Classes::TComponent&) { Application->HandleException(nullptr); };
         Controls::ApplicationLinks().MouseMoved = &ShowHintOf;
         Controls::ApplicationLinks().ControlDestroyed = [](Controls::TControl* control) {
             Screen->Forget(control);
