@@ -83,6 +83,20 @@ private:
     bool mIsHearing = true;
 };
 
+/// Publishes a text of all controls, which forms don't publish.
+class TToldForm : public Forms::TForm
+{
+    TRS8_BTL_CLASS(TToldForm, Forms::TForm)
+};
+
+TMetaClass* TToldForm::ClassRecord()
+{
+    static TMetaClass* const record = System::GClassBuilder<TToldForm>(u"TToldForm")
+                                          .Property(u"Text", &TToldForm::getText, &TToldForm::setText)
+                                          .Build();
+    return record;
+}
+
 TEST_F(PasoComponentTest, OnlyDerivedClassesAreBuilt)
 {
     for (TMetaClass* const type :
@@ -145,6 +159,13 @@ TEST_F(PasoComponentTest, ThePropertyOfAClassThatIsThereIsThatOne)
     EXPECT_TRUE(dynamic_cast<Forms::TForm&>(*form.Get()).getKeyPreview());
     Typinfo::SetOrdProp(form.Get(), u"KeyPreview", 0);
     EXPECT_FALSE(dynamic_cast<Forms::TForm&>(*form.Get()).getKeyPreview());
+}
+
+TEST_F(PasoComponentTest, WhatADerivedClassPublishesOfItsParentIsDone)
+{
+    const Support::CRegisteredDesign design("TToldForm", "object F: TToldForm\n  Text = 'Told'\nend");
+    const CBuilt form(ClassOf<TToldForm>());
+    EXPECT_EQ(dynamic_cast<Forms::TForm&>(*form.Get()).getCaption(), u"Told");
 }
 
 TEST_F(PasoComponentTest, TheLastClassOfAChainHolds)

@@ -11,6 +11,32 @@
 namespace System
 {
 
+namespace Detail
+{
+
+/// Whether all are classes that the object was made of.
+template <class... Classes>
+bool IsEach(const TObject& object)
+{
+    return ((dynamic_cast<const Classes*>(&object) != nullptr) && ...);
+}
+
+template <class Value>
+Typinfo::TPropValue RoundedTo(const Typinfo::TPropValue& value)
+{
+    using Traits = Typinfo::GPropTraits<Value>;
+    return Traits::ToValue(Traits::FromValue(value));
+}
+
+/// A member function that objects of the class `T` have as a `TObject`. The object of a method is found again
+/// from that.
+template <class Member, class T>
+concept MethodOf =
+    MemberFunction<Member> && std::derived_from<typename GMemberTraits<Member>::Class, TObject> &&
+    std::derived_from<T, typename GMemberTraits<Member>::Class>;
+
+} // namespace Detail
+
 /// Describes the class `T`, once, in its own source file:
 ///
 ///     System::TMetaClass* TGauge::ClassRecord()
@@ -54,7 +80,8 @@ public:
     }
 
     /// A property behind a getter and a setter. Each is a member function, or any function that takes a `T`
-    /// first; the getter is called for a const one.
+    /// first; the getter is called for a const one. Where both are members of parents, they also run on what
+    /// only appears as a `T`.
     template <class Getter, class Setter>
     requires(!std::same_as<Setter, Typinfo::TPropOptions>) GClassBuilder& Property(
         const UnicodeString& name, Getter getter, Setter setter, Typinfo::TPropOptions options = {})
@@ -65,9 +92,10 @@ public:
         return Add<Value>(
             name, ReaderOf(getter),
             [setter](TObject* object, const Typinfo::TPropValue& value) {
-                std::invoke(setter, Cast(object), Typinfo::GPropTraits<Value>::FromValue(value));
+                std::invoke(setter, Cast<OwnerOf<Setter>>(object),
+                            Typinfo::GPropTraits<Value>::FromValue(value));
             },
-            std::move(options));
+            std::move(options), ShownAccess<Value, OwnerOf<Getter>, OwnerOf<Setter>>());
     }
 
     /// A property behind a getter alone, which can't be written; or a member variable, which can.
@@ -75,18 +103,21 @@ public:
     GClassBuilder& Property(const UnicodeString& name, Getter getter, Typinfo::TPropOptions options = {})
     {
         using Value = ValueOf<Getter>;
+        using Owner = OwnerOf<Getter>;
         if constexpr (std::is_member_object_pointer_v<Getter>) {
-            return Property(
-                name, getter,
-                [getter](T& object, const Value& value) { std::invoke(getter, object) = value; },
-                std::move(options));
+            return Add<Value>(
+                name, ReaderOf(getter),
+                [getter](TObject* object, const Typinfo::TPropValue& value) {
+                    std::invoke(getter, Cast<Owner>(object)) = Typinfo::GPropTraits<Value>::FromValue(value);
+                },
+                std::move(options), ShownAccess<Value, Owner>());
         } else {
-            return Add<Value>(name, ReaderOf(getter), {}, std::move(options));
+            return Add<Value>(name, ReaderOf(getter), {}, std::move(options), {.runsOn = RunsOn<Owner>()});
         }
     }
 
-    /// A published method, to be found by its name.
-    template <Detail::MemberFunction Member>
+    /// A published method, to be found by its name: of the class, or of a parent that is a `TObject`.
+    template <Detail::MethodOf<T> Member>
     GClassBuilder& Method(const UnicodeString& name, Member member)
     {
         mDescription.methods.emplace_back(name, Detail::MakeMethodAddress(member));
@@ -173,31 +204,76 @@ private:
     template <class Getter>
     using ValueOf = typename GCheckedValue<typename GResultOf<Getter>::Type>::Type;
 
-    template <class Object>
+    template <class Accessor>
+    struct GOwnerOf
+    {
+        using Type = T;
+    };
+    template <class Member, std::derived_from<TObject> Class>
+    struct GOwnerOf<Member Class::*>
+    {
+        using Type = Class;
+    };
+    /// The class that the accessor is a member of, a `TObject`; else `T` itself.
+    template <class Accessor>
+    using OwnerOf = typename GOwnerOf<Accessor>::Type;
+
+    /// `object` as an `Owner`, which is `T` or a parent: an object of that class that only appears as a `T`
+    /// is one too.
+    template <class Owner, class Object>
     static auto& Cast(Object* object)
     {
         using Target = std::conditional_t<std::is_const_v<Object>, const T, T>;
-        auto* result = dynamic_cast<Target*>(object);
+        std::conditional_t<std::is_const_v<Object>, const Owner, Owner>* result =
+            dynamic_cast<Target*>(object);
+        if constexpr (!std::same_as<Owner, T>) {
+            if (result == nullptr && object != nullptr && object->HasSetClass()) {
+                result = dynamic_cast<decltype(result)>(object);
+            }
+        }
         if (result == nullptr) {
             Typinfo::Detail::ThrowBadObject();
         }
         return *result;
     }
 
+    /// Whether accessors of these classes run on an object; null if they need a `T`.
+    template <class... Owners>
+    static constexpr auto RunsOn() -> bool (*)(const TObject&)
+    {
+        if constexpr ((std::same_as<Owners, T> || ...)) {
+            return nullptr;
+        } else {
+            return &Detail::IsEach<Owners...>;
+        }
+    }
+
+    template <class Value, class... Owners>
+    static constexpr Typinfo::Detail::TShownAccess ShownAccess()
+    {
+        if constexpr (std::is_pointer_v<Value>) {
+            return {.runsOn = RunsOn<Owners...>()};
+        } else {
+            return {.runsOn = RunsOn<Owners...>(), .rounded = &Detail::RoundedTo<Value>};
+        }
+    }
+
     template <class Getter>
     static Typinfo::TPropInfo::Reader ReaderOf(Getter getter)
     {
         return [getter](const TObject* object) {
-            return Typinfo::GPropTraits<ValueOf<Getter>>::ToValue(std::invoke(getter, Cast(object)));
+            return Typinfo::GPropTraits<ValueOf<Getter>>::ToValue(
+                std::invoke(getter, Cast<OwnerOf<Getter>>(object)));
         };
     }
 
     template <class Value>
     GClassBuilder& Add(const UnicodeString& name, Typinfo::TPropInfo::Reader read,
-                       Typinfo::TPropInfo::Writer write, Typinfo::TPropOptions options)
+                       Typinfo::TPropInfo::Writer write, Typinfo::TPropOptions options,
+                       Typinfo::Detail::TShownAccess shown)
     {
         mDescription.properties.emplace_back(name, &Typinfo::TypeInfoOf<Value>, std::move(read),
-                                             std::move(write), std::move(options));
+                                             std::move(write), std::move(options), shown);
         return *this;
     }
 

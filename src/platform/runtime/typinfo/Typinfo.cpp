@@ -130,12 +130,13 @@ TTypeInfo EnumType(const UnicodeString& name, std::vector<UnicodeString> names, 
 }
 
 TPropInfo::TPropInfo(UnicodeString name, TTypeInfoFunction type, Reader read, Writer write,
-                     TPropOptions options)
+                     TPropOptions options, Detail::TShownAccess shown)
     : mName(std::move(name)),
       mType(options.type != nullptr ? options.type : type),
       mRead(std::move(read)),
       mWrite(std::move(write)),
-      mOptions(std::move(options))
+      mOptions(std::move(options)),
+      mShown(shown)
 {
 }
 

@@ -112,6 +112,21 @@ struct TPropOptions
     std::function<bool(const System::TObject*)> stored = {};
 };
 
+namespace Detail
+{
+
+/// What a property knows of objects that only appear as one of the class that describes it.
+struct TShownAccess
+{
+    /// Whether its accessors run on the object, being those of a class that it was made of; null for never.
+    bool (*runsOn)(const System::TObject& object) = nullptr;
+    /// What an accessor would give after `value` was written, and raise for one that doesn't fit; null for
+    /// what is written as it is.
+    TPropValue (*rounded)(const TPropValue& value) = nullptr;
+};
+
+} // namespace Detail
+
 /// The record of a published property. It never changes.
 class TRS8_BTL_API TPropInfo
 {
@@ -122,7 +137,7 @@ public:
 
     /// `read` and `write` may be empty.
     TPropInfo(System::UnicodeString name, TTypeInfoFunction type, Reader read, Writer write,
-              TPropOptions options);
+              TPropOptions options, Detail::TShownAccess shown = {});
 
     const System::UnicodeString& getName() const noexcept { return mName; }
     const TTypeInfo* getPropType() const { return mType(); }
@@ -141,8 +156,9 @@ public:
     /// Raise `EPropertyError` if the property can't be read or written or `object` has no such property,
     /// `EPropertyConvertError` for a value that doesn't fit; what a setter raises passes. Of an object that
     /// only appears as one of the class that has the property, see `TObject::SetClassType`, the value is kept
-    /// beside it: a component is a reference, which is null when that is gone, and any other persistent
-    /// object a part of the property's class that takes over the state of what is written.
+    /// beside it, unless the accessors are those of a class that it was made of: a component is a reference,
+    /// which is null when that is gone, and any other persistent object a part of the property's class that
+    /// takes over the state of what is written.
     TPropValue Read(const System::TObject* object) const;
     void Write(System::TObject* object, const TPropValue& value) const;
 
@@ -165,6 +181,7 @@ private:
     Reader mRead;
     Writer mWrite;
     TPropOptions mOptions;
+    Detail::TShownAccess mShown;
 };
 
 namespace Detail

@@ -56,8 +56,8 @@ AKeptObject& KeptObject(TShownClass& shown, const TPropInfo& info)
 
 } // namespace
 
-/// Whose accessors run on `object`: this property's, or those of one that a class describes under the same
-/// name which the object was made of. Null if the value is kept.
+/// Whose accessors run on `object`: this property's, where they are those of a class that the object was made
+/// of, or those of one that such a class describes under the same name. Null if the value is kept.
 const TPropInfo* TPropInfo::AccessorsFor(const TObject& object) const
 {
     if (mClass == nullptr || object.IsMadeOf(mClass)) {
@@ -66,6 +66,9 @@ const TPropInfo* TPropInfo::AccessorsFor(const TObject& object) const
     const TMetaClass* const made = object.OwnClass();
     if (!mClass->Inherits(made)) {
         Detail::ThrowBadObject();
+    }
+    if (mShown.runsOn != nullptr && mShown.runsOn(object)) {
+        return this;
     }
     const TPropInfo* const inherited = made->FindProperty(mName);
     const bool isEqual = inherited != nullptr && inherited->getKind() == getKind() &&
@@ -76,7 +79,10 @@ const TPropInfo* TPropInfo::AccessorsFor(const TObject& object) const
 bool TPropInfo::IsShownStored(const TObject& object) const
 {
     const TPropInfo* const info = AccessorsFor(object);
-    return info == nullptr || !info->mOptions.stored || info->mOptions.stored(&object);
+    // What says so is for objects of the class that describes the property.
+    const bool isAsked = info != nullptr && info->mOptions.stored &&
+                         (info->mClass == nullptr || object.IsMadeOf(info->mClass));
+    return !isAsked || info->mOptions.stored(&object);
 }
 
 /// What the property holds before anything is written.
@@ -125,7 +131,9 @@ void TPropInfo::WriteShown(TObject& object, const TPropValue& value) const
         throw std::bad_variant_access();
     }
     if (getKind() != tkClass) {
-        object.mShown->values.insert_or_assign(mName.LowerCase(), value);
+        // As a real object would hold it, with which this one is compared.
+        object.mShown->values.insert_or_assign(mName.LowerCase(),
+                                               mShown.rounded == nullptr ? value : mShown.rounded(value));
         return;
     }
     TObject* const other = std::get<TObject*>(value);

@@ -29,11 +29,25 @@ class TBird : public TObject
 public:
     int Age = 1;
     int Calls = 0;
+    int Eggs = 0;
     void Sing(int times) { Calls += times; }
+    /// No property before a derived class publishes it.
+    UnicodeString getNest() const { return mNest; }
+    void setNest(const UnicodeString& nest) { mNest = nest; }
+
+private:
+    UnicodeString mNest;
+};
+
+/// What isn't found again from a `TObject`.
+class MFlying
+{
+public:
+    void Fly() {}
 };
 
 /// What objects appear as.
-class TOwl : public TBird
+class TOwl : public TBird, public MFlying
 {
     TRS8_BTL_CLASS(TOwl, TBird)
 
@@ -48,6 +62,7 @@ public:
     int Eyes = 2;
     EWing Wing = wnTwo;
     double Weight = 1.5;
+    float Span = 1;
     std::string Call = "hoo";
     Variant Note;
     TObject* Mate = nullptr;
@@ -60,6 +75,8 @@ class TStone : public TObject
     TRS8_BTL_CLASS(TStone, TObject)
 
 public:
+    void Turn() {}
+
     int Weight = 5;
 };
 
@@ -94,6 +111,12 @@ TMetaClass* TOwl::ClassRecord()
                      [](const TObject* object) { return dynamic_cast<const TOwl&>(*object).Eyes != 2; }})
             .Property(u"Wing", &TOwl::Wing)
             .Property(u"Weight", &TOwl::Weight)
+            .Property(u"Span", &TOwl::Span)
+            .Property(
+                u"Nest", &TOwl::getNest, &TOwl::setNest,
+                {.stored = [](const TObject* object) { return dynamic_cast<const TOwl&>(*object).Eyes > 0; }})
+            .Property(u"Eggs", &TOwl::Eggs)
+            .Property(u"HasNest", &TOwl::getNest)
             .Property(u"Call", &TOwl::Call)
             .Property(u"Note", &TOwl::Note)
             .Property(u"Mate", &TOwl::Mate)
@@ -166,6 +189,45 @@ TEST_F(ShownClassTest, WhatTheObjectHasItselfIsThat)
     EXPECT_EQ(mBird.Age, 8);
     EXPECT_EQ(GetPropInfo(&mBird, u"Age")->getDefault(), 3) << "described by the class it appears as";
 }
+
+TEST_F(ShownClassTest, WhatAParentHasIsThatOfTheObjectThoughADerivedClassPublishesIt)
+{
+    SetStrProp(&mBird, u"Nest", u"hollow tree");
+    SetOrdProp(&mBird, u"Eggs", 3);
+    EXPECT_EQ(mBird.getNest(), u"hollow tree");
+    EXPECT_EQ(mBird.Eggs, 3);
+    EXPECT_EQ(GetStrProp(&mBird, u"HasNest"), u"hollow tree");
+    EXPECT_TRUE(IsStoredProp(&mBird, GetPropInfo(&mBird, u"Nest"))) << "only an owl can be asked";
+    mBird.SetClassType(nullptr);
+    EXPECT_THROW(GetPropInfo(ClassOf<TOwl>(), u"Nest")->Read(&mBird), EPropertyError) << "a bird has none";
+}
+
+TEST_F(ShownClassTest, NumbersAreKeptInTheWidthOfTheirType)
+{
+    TOwl owl;
+    const TPropInfo* const span = GetPropInfo(&owl, u"Span");
+    SetFloatProp(&owl, span, 0.1L);
+    SetFloatProp(&mBird, span, 0.1L);
+    EXPECT_EQ(GetFloatProp(&mBird, span), GetFloatProp(&owl, span));
+}
+
+TEST_F(ShownClassTest, AMethodOfOtherArgumentsIsRefused)
+{
+    const TMethod sing = TMethod::Of(mBird.MethodAddress(u"Sing"), &mBird);
+    EXPECT_THROW(SetMethodProp(&mBird, u"OnHoot", sing), EPropertyConvertError);
+    EXPECT_FALSE(GetMethodProp(&mBird, u"OnHoot"));
+    SetMethodProp(&mBird, u"OnHoot", {});
+}
+
+template <class Member>
+concept PublishedByOwl = requires(GClassBuilder<TOwl> builder, Member member)
+{
+    builder.Method(u"Name", member);
+};
+
+static_assert(PublishedByOwl<decltype(&TOwl::Hoot)> && PublishedByOwl<decltype(&TOwl::Sing)>);
+static_assert(!PublishedByOwl<decltype(&TOwl::Fly)>, "its object would be taken for another one");
+static_assert(!PublishedByOwl<decltype(&TStone::Turn)>);
 
 TEST_F(ShownClassTest, APartIsMadeAndTakesOverWhatIsWritten)
 {
