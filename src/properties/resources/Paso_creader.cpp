@@ -132,7 +132,9 @@ TComponent* CReader::ReadComponentRes(TComponent* root)
 void CReader::CreateComponent(TReader* reader, TMetaClass* type, TComponent*& component)
 {
     if (mCreateByDesigner != nullptr) {
-        TCreateEvent(TMethod::Of(mCreateByDesigner, mRoot))(reader, type, component);
+        // The root of one who gave none is that which the reader made.
+        TComponent* const root = mRoot != nullptr ? mRoot : reader->getRoot();
+        TCreateEvent(TMethod::Of(mCreateByDesigner, root))(reader, type, component);
     }
     if (component == nullptr && Events != nullptr && Events->createComponent) {
         Events->createComponent(reader, type, component);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "properties/resources/Paso_creader.h"
 
+#include "platform/runtime/classes/Classes_ClassRegister.h"
 #include "platform/runtime/classes/Classes_Exceptions.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "properties/classes/BTL_Classes.h"
@@ -190,6 +191,17 @@ TEST_F(PasoCReaderTest, OwnMakersComeFirst)
     const auto last = PlainForm();
     CReader(ClassOf<TOwnMakerForm>()).ReadComponentRes(last.get());
     EXPECT_EQ(dynamic_cast<TMadeTimer*>(last->FindComponent(u"Clock")), nullptr) << "the reader made it";
+}
+
+TEST_F(PasoCReaderTest, ARootThatIsMadeMakesItsComponents)
+{
+    const Support::CRegisteredDesign own(
+        "TOwnMakerForm", "object Made: TOwnMakerForm\n  object Clock: TTimer\n    Interval = 5\n  end\nend");
+    Classes::RegisterClass(ClassOf<TOwnMakerForm>());
+    const std::unique_ptr<TComponent> made(CReader(ClassOf<TOwnMakerForm>()).ReadComponentRes(nullptr));
+    Classes::UnRegisterClass(ClassOf<TOwnMakerForm>());
+    EXPECT_EQ(made->ClassType(), ClassOf<TOwnMakerForm>());
+    EXPECT_EQ(made->FindComponent(u"Clock")->getTag(), 11);
 }
 
 TEST_F(PasoCReaderTest, AMakerOfOtherArgumentsIsRefused)

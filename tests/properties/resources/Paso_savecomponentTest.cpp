@@ -108,6 +108,18 @@ TEST_F(PasoSaveComponentTest, AnUnchangedFormWritesOnlyThatItIsHidden)
     EXPECT_EQ(DifferenceOf(form), "inherited PlainFineForm: TPlainFineForm\n  Visible = False\nend\n");
 }
 
+/// As the application owns the forms of a program.
+TEST_F(PasoSaveComponentTest, AnOwnerMakesNoDifference)
+{
+    std::string expected;
+    {
+        TFineForm form;
+        expected = DifferenceOf(form);
+    }
+    TComponent application;
+    EXPECT_EQ(DifferenceOf(*new TFineForm(&application)), expected);
+}
+
 TEST_F(PasoSaveComponentTest, WhatDiffersOfEachKindIsWritten)
 {
     TFineForm form;
