@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "../tests/properties/values/AllKinds.h"
 #include "foundation/UTL_ASRT_Assert.h"
 #include "platform/base/Sysutils_Exception.h"
-#include "platform/runtime/classes/Classes_Collection.h"
-#include "platform/runtime/classes/Classes_Component.h"
 #include "platform/runtime/classes/Classes_StringList.h"
-#include "platform/runtime/typinfo/System_ClassBuilder.h"
-#include "platform/visual/graphics/Controls_Cursor.h"
-#include "platform/visual/graphics/Graphics_Font.h"
 #include "platform/visual/menus/Menus.h"
 #include "properties/objects/PROP_Object.h"
 #include "properties/values/PROP_CPropList.h"
@@ -18,112 +14,8 @@ using PROP::CProperties;
 using PROP::CProperty;
 using System::UnicodeString;
 
-namespace Samples
-{
-
-class TColumn : public Classes::TCollectionItem
-{
-    TRS8_BTL_CLASS(TColumn, Classes::TCollectionItem)
-
-public:
-    using TCollectionItem::TCollectionItem;
-
-    UnicodeString Title;
-    int Width = 0;
-};
-
-/// An object with properties of all kinds, one that holds an object and one that holds none.
-class TSample : public Classes::TComponent
-{
-    TRS8_BTL_CLASS(TSample, Classes::TComponent)
-
-public:
-    TSample()
-    {
-        mColumns.Add();
-        mColumns.Add();
-    }
-
-    Classes::TStrings* getLines() const { return &mLines; }
-    Classes::TCollection* getColumns() const { return &mColumns; }
-    Graphics::TFont* getFont() const { return &mFont; }
-
-    int Integer = 0;
-    unsigned Cardinal = 0;
-    signed char Short = 0;
-    System::Int64 Long = 0;
-    char Char = 'a';
-    System::WideChar WideChar = u'a';
-    bool Flag = false;
-    Graphics::TFontPitch Pitch = Graphics::fpDefault;
-    Graphics::TFontStyles Style;
-    float Single = 0;
-    double Double = 0;
-    long double Extended = 0;
-    System::Currency Money;
-    System::TDateTime Date;
-    UnicodeString Text;
-    System::AnsiString Narrow;
-    std::string Utf8;
-    System::Variant Any;
-    Graphics::TColor Color = Graphics::clRed;
-    Controls::TCursor Cursor = Controls::crDefault;
-    Classes::TNotifyEvent OnChange;
-    TSample* Nothing = nullptr;
-
-private:
-    mutable Classes::TStringList mLines;
-    mutable Classes::TCollection mColumns{System::ClassOf<TColumn>()};
-    mutable Graphics::TFont mFont;
-};
-
-System::TMetaClass* TColumn::ClassRecord()
-{
-    static System::TMetaClass* const record = System::GClassBuilder<TColumn>(u"TColumn")
-                                                  .Property(u"Title", &TColumn::Title)
-                                                  .Property(u"Width", &TColumn::Width)
-                                                  .Build();
-    return record;
-}
-
-System::TMetaClass* TSample::ClassRecord()
-{
-    static System::TMetaClass* const record = System::GClassBuilder<TSample>(u"TSample")
-                                                  .Property(u"Integer", &TSample::Integer)
-                                                  .Property(u"Cardinal", &TSample::Cardinal)
-                                                  .Property(u"Short", &TSample::Short)
-                                                  .Property(u"Long", &TSample::Long)
-                                                  .Property(u"Char", &TSample::Char)
-                                                  .Property(u"WideChar", &TSample::WideChar)
-                                                  .Property(u"Flag", &TSample::Flag)
-                                                  .Property(u"Pitch", &TSample::Pitch)
-                                                  .Property(u"Style", &TSample::Style)
-                                                  .Property(u"Single", &TSample::Single)
-                                                  .Property(u"Double", &TSample::Double)
-                                                  .Property(u"Extended", &TSample::Extended)
-                                                  .Property(u"Money", &TSample::Money)
-                                                  .Property(u"Date", &TSample::Date)
-                                                  .Property(u"Text", &TSample::Text)
-                                                  .Property(u"Narrow", &TSample::Narrow)
-                                                  .Property(u"Utf8", &TSample::Utf8)
-                                                  .Property(u"Any", &TSample::Any)
-                                                  .Property(u"Color", &TSample::Color)
-                                                  .Property(u"Cursor", &TSample::Cursor)
-                                                  .Property(u"OnChange", &TSample::OnChange)
-                                                  .Property(u"Nothing", &TSample::Nothing)
-                                                  .Property(u"Lines", &TSample::getLines)
-                                                  .Property(u"Columns", &TSample::getColumns)
-                                                  .Property(u"Font", &TSample::getFont)
-                                                  .Build();
-    return record;
-}
-
-} // namespace Samples
-
 namespace
 {
-
-using Samples::TSample;
 
 /// Whether the value was taken; otherwise the conversion or the setter refused it, which is no fault.
 template <class Call>
@@ -191,6 +83,16 @@ void ApplyItem(const UnicodeString& text)
     Require(!isApplied || (hasNoFault && !read.getCaption().IsEmpty()));
     Require(!isApplied || !read.getProperties().empty() || item.getCaption() == read.getCaption());
 }
+
+/// An object with properties of all kinds: one holds no object, one two items.
+struct TSample : PropertyValues::TGauge
+{
+    TSample()
+    {
+        Columns.Add();
+        Columns.Add();
+    }
+};
 
 /// What a property made of a text comes back from its own text, but for what says so: values of an integer
 /// without a name, floats whose text is beyond them, and lines with a NUL.

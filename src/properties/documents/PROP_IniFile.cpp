@@ -269,7 +269,7 @@ public:
         CPlan plan;
         if (TSection* const section = plan.AddSection(getSection()); section != nullptr) {
             for (const auto& object : getDocument()->getObjects()) {
-                plan.AddEntry(*section, object->getName(), u"[" + StoredForm(*object.get()) + u"]");
+                plan.AddEntry(*section, object->getName(), InBrackets(StoredForm(*object.get())));
             }
         }
         WritePlan(plan);

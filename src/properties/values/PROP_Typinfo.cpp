@@ -2,22 +2,16 @@
 #include "properties/values/PROP_Typinfo.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
-#include "platform/base/numbers/Sysutils_FloatText.h"
-#include "platform/base/numbers/Sysutils_Number.h"
 #include "platform/runtime/classes/Classes_Collection.h"
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/runtime/classes/Classes_Strings.h"
 #include "platform/runtime/typinfo/System_MetaClass.h"
-#include "platform/visual/graphics/Controls_Cursor.h"
-#include "platform/visual/graphics/Graphics_Color.h"
 #include "properties/values/internal/PROP_Number.h"
 #include "properties/values/internal/PROP_Path.h"
 #include "text/editing/BTL_STR_Replace.h"
 #include "text/lists/BTL_STR_StringList.h"
 
 #include <algorithm>
-#include <array>
-#include <cmath>
 #include <optional>
 
 namespace PROP
@@ -60,63 +54,9 @@ TObject* FindObject(const TObject* object, std::u16string_view name)
                                                                   : nullptr;
 }
 
-/// The two types of integers that have names for values.
-struct TNamedInteger
-{
-    std::u16string_view type;
-    bool (*toName)(int value, UnicodeString& name);
-    bool (*toValue)(const UnicodeString& name, int& value);
-};
-
-constexpr std::array NamedIntegers = {
-    TNamedInteger{u"TColor", &Graphics::ColorToIdent, &Graphics::IdentToColor},
-    TNamedInteger{u"TCursor", &Controls::CursorToIdent, &Controls::IdentToCursor},
-};
-
-const TNamedInteger* FindNamedInteger(const TTypeInfo& type)
-{
-    const auto* const found = std::ranges::find(NamedIntegers, type.Name.AsView(), &TNamedInteger::type);
-    return found == NamedIntegers.end() ? nullptr : found;
-}
-
 TStrings* LinesOf(TObject* object, const TPropInfo* info)
 {
     return dynamic_cast<TStrings*>(Typinfo::GetObjectProp(object, info));
-}
-
-UnicodeString IntegerText(const TTypeInfo& type, System::Int64 value)
-{
-    const TNamedInteger* const named = FindNamedInteger(type);
-    if (named == nullptr) {
-        return UnicodeString(value);
-    }
-    UnicodeString name;
-    return named->toName(static_cast<int>(value), name) ? name : UnicodeString();
-}
-
-System::Int64 IntegerOf(const TTypeInfo& type, const UnicodeString& text)
-{
-    System::Int64 value = 0;
-    return TryReadInteger(type, text, value) ? value : Sysutils::StrToInt(text);
-}
-
-UnicodeString FloatText(const TTypeInfo& type, System::Extended value)
-{
-    static constexpr std::array precisions = {7, 15, 18, 18, 18};
-    return Sysutils::FloatToStrF(value, Sysutils::ffGeneral,
-                                 precisions[static_cast<std::size_t>(type.FloatType)], 0);
-}
-
-System::Extended FloatOf(const TTypeInfo& type, const UnicodeString& text)
-{
-    System::Extended value = 0;
-    if (!TryReadFloat(type, text, value)) {
-        Sysutils::ThrowNoFloat(text);
-    }
-    if (!IsInRange(type, value)) {
-        Typinfo::Detail::ThrowBadValue();
-    }
-    return value;
 }
 
 UnicodeString ClassText(TObject* object, const TPropInfo* info, bool showNames)
@@ -124,7 +64,7 @@ UnicodeString ClassText(TObject* object, const TPropInfo* info, bool showNames)
     const TTypeInfo& type = *info->getPropType();
     if (IsLines(type)) {
         const TStrings* const lines = LinesOf(object, info);
-        return lines == nullptr ? UnicodeString(u"[]") : u"[" + lines->getCommaText() + u"]";
+        return InBrackets(lines == nullptr ? UnicodeString() : lines->getCommaText());
     }
     return showNames ? type.Name : UnicodeString();
 }
@@ -159,15 +99,22 @@ bool IsPlainPath(std::u16string_view path)
            path.find(u"..") == std::u16string_view::npos && std::ranges::none_of(path, isSpecial);
 }
 
+/// Takes the first name off a plain path.
+std::u16string_view TakeName(std::u16string_view& path)
+{
+    const std::u16string_view name = path.substr(0, path.find(u'.'));
+    path.remove_prefix(std::min(name.size() + 1, path.size()));
+    return name;
+}
+
 CPathEnd ResolvePlainPath(TObject* object, std::u16string_view path)
 {
-    std::size_t point = path.find(u'.');
-    while (point != std::u16string_view::npos) {
-        object = FindObject(object, path.substr(0, point));
-        path.remove_prefix(point + 1);
-        point = path.find(u'.');
+    std::u16string_view name = TakeName(path);
+    while (!path.empty()) {
+        object = FindObject(object, name);
+        name = TakeName(path);
     }
-    return {object, path, {}};
+    return {object, name, {}};
 }
 
 } // namespace
@@ -217,56 +164,16 @@ CPathEnd ResolvePropPath(TObject* object, const UnicodeString& path)
     return end;
 }
 
-bool TryReadInteger(const TTypeInfo& type, const UnicodeString& text, System::Int64& value)
-{
-    const TNamedInteger* const named = FindNamedInteger(type);
-    int narrow = 0;
-    if (named != nullptr && named->toValue(text, narrow)) {
-        value = narrow;
-        return true;
-    }
-    // Eight hexadecimal digits are a negative number where the type has these.
-    if (type.MaxValue > INT32_MAX) {
-        return Sysutils::TryStrToInt64(text, value);
-    }
-    const bool isRead = Sysutils::TryStrToInt(text, narrow);
-    value = isRead ? narrow : value;
-    return isRead;
-}
-
-bool TryReadFloat(const TTypeInfo& type, const UnicodeString& text, System::Extended& value)
-{
-    // The width of a `double` would cut what a wider property holds.
-    if (type.FloatType != Typinfo::ftSingle && type.FloatType != Typinfo::ftDouble) {
-        return Sysutils::TryStrToFloat(text, value);
-    }
-    double narrow = 0;
-    const bool isRead = Sysutils::TryStrToFloat(text, narrow);
-    value = isRead ? narrow : value;
-    return isRead;
-}
-
-bool IsInRange(const TTypeInfo& type, System::Extended value)
-{
-    if (type.FloatType == Typinfo::ftSingle) {
-        return std::isfinite(static_cast<float>(value));
-    }
-    if (type.FloatType != Typinfo::ftCurr) {
-        return true;
-    }
-    try {
-        static_cast<void>(System::Currency(value));
-    } catch (const Sysutils::EIntOverflow&) {
-        return false;
-    }
-    return true;
-}
-
 UnicodeString WithoutBrackets(const UnicodeString& text)
 {
     const std::u16string_view view = text;
     const bool isBracketed = view.size() >= 2 && view.front() == u'[' && view.back() == u']';
     return isBracketed ? text.SubString(2, text.Length() - 2) : text;
+}
+
+UnicodeString InBrackets(const UnicodeString& text)
+{
+    return u"[" + text + u"]";
 }
 
 TPropInfo* GetPropInfo(TObject* object, const UnicodeString& name)
@@ -300,6 +207,12 @@ TObject* GetPropPathObject(TObject* object, const UnicodeString& path)
 {
     if (path.Pos(u'.') == 0) {
         return FindObject(object, path);
+    }
+    if (IsPlainPath(path)) {
+        for (std::u16string_view rest = path; object != nullptr && !rest.empty();) {
+            object = FindObject(object, TakeName(rest));
+        }
+        return object;
     }
     const BTL::CStringList names = NamesOfPath(path);
     for (int i = 0; i < names.GetCount() && object != nullptr; ++i) {
@@ -437,7 +350,7 @@ bool GetItemPropValuesAsString(TCollection* collection, const UnicodeString& nam
     for (Classes::TCollectionItem* const item : *collection) {
         values.Add(GetPropValueAsString(item, name, false));
     }
-    out = u"[" + values.GetCommaText() + u"]";
+    out = InBrackets(values.GetCommaText());
     return true;
 }
 

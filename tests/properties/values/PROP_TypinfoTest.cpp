@@ -2,13 +2,9 @@
 #include "properties/values/PROP_Typinfo.h"
 
 #include "foundation/UTL_ASRT_Assert.h"
-#include "platform/runtime/classes/Classes_Collection.h"
 #include "platform/runtime/classes/Classes_Component.h"
-#include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/toolkit/MessageBox.h"
-#include "platform/visual/graphics/Controls_Cursor.h"
-#include "platform/visual/graphics/Graphics_Color.h"
-#include "platform/visual/graphics/Graphics_Font.h"
+#include "properties/values/AllKinds.h"
 #include "support/FormatSettingsGuard.h"
 #include "support/ScriptedBoxes.h"
 #include "text/lists/BTL_STR_StringList.h"
@@ -17,24 +13,6 @@
 
 namespace PropertyValues
 {
-
-enum TShape
-{
-    shBelow = -1,
-    shRound,
-    shSquare
-};
-
-class TColumn : public Classes::TCollectionItem
-{
-    TRS8_BTL_CLASS(TColumn, Classes::TCollectionItem)
-
-public:
-    explicit TColumn(Classes::TCollection* collection = nullptr) : TCollectionItem(collection) {}
-
-    System::UnicodeString Caption;
-    int Width = 0;
-};
 
 /// An item whose first value takes its collection's owner away.
 class TFuse : public Classes::TCollectionItem
@@ -54,93 +32,10 @@ public:
     Classes::TOwnedCollection Fuses{this, System::ClassOf<TFuse>()};
 };
 
-class TGauge : public Classes::TPersistent
-{
-    TRS8_BTL_CLASS(TGauge, Classes::TPersistent)
-
-public:
-    ~TGauge() override { delete Inner; }
-
-    int Value = 0;
-    unsigned char Small = 0;
-    unsigned Large = 0;
-    System::Int64 Ticks = 0;
-    Graphics::TColor Color = Graphics::clRed;
-    Controls::TCursor Cursor = Controls::crDefault;
-    char Mark = 'a';
-    System::WideChar WideMark = u'a';
-    bool Active = false;
-    TShape Shape = shRound;
-    float Single = 0;
-    double Double = 0;
-    long double Extended = 0;
-    System::Currency Price;
-    System::UnicodeString Title;
-    System::AnsiString Narrow;
-    System::Variant Any;
-    System::Set<TShape, shRound, shSquare> Shapes;
-    Classes::TNotifyEvent OnChange;
-    TGauge* Inner = nullptr;
-    Classes::TStringList List;
-    Classes::TCollection Columns{System::ClassOf<TColumn>()};
-
-    Classes::TStrings* getLines() const { return const_cast<Classes::TStringList*>(&List); }
-    Classes::TCollection* getColumns() const { return const_cast<Classes::TCollection*>(&Columns); }
-};
-
-} // namespace PropertyValues
-
-template <>
-struct Typinfo::GEnumType<PropertyValues::TShape>
-{
-    static TTypeInfo Make() { return EnumType(u"TShape", {u"shBelow", u"shRound", u"shSquare"}, -1); }
-};
-
-namespace PropertyValues
-{
-
-System::TMetaClass* TColumn::ClassRecord()
-{
-    static System::TMetaClass* const record = System::GClassBuilder<TColumn>(u"TColumn")
-                                                  .Property(u"Caption", &TColumn::Caption)
-                                                  .Property(u"Width", &TColumn::Width)
-                                                  .Build();
-    return record;
-}
-
 System::TMetaClass* TFuse::ClassRecord()
 {
     static System::TMetaClass* const record =
         System::GClassBuilder<TFuse>(u"TFuse").Property(u"Level", &TFuse::getLevel, &TFuse::setLevel).Build();
-    return record;
-}
-
-System::TMetaClass* TGauge::ClassRecord()
-{
-    static System::TMetaClass* const record = System::GClassBuilder<TGauge>(u"TGauge")
-                                                  .Property(u"Value", &TGauge::Value)
-                                                  .Property(u"Small", &TGauge::Small)
-                                                  .Property(u"Large", &TGauge::Large)
-                                                  .Property(u"Ticks", &TGauge::Ticks)
-                                                  .Property(u"Color", &TGauge::Color)
-                                                  .Property(u"Cursor", &TGauge::Cursor)
-                                                  .Property(u"Mark", &TGauge::Mark)
-                                                  .Property(u"WideMark", &TGauge::WideMark)
-                                                  .Property(u"Active", &TGauge::Active)
-                                                  .Property(u"Shape", &TGauge::Shape)
-                                                  .Property(u"Single", &TGauge::Single)
-                                                  .Property(u"Double", &TGauge::Double)
-                                                  .Property(u"Extended", &TGauge::Extended)
-                                                  .Property(u"Price", &TGauge::Price)
-                                                  .Property(u"Title", &TGauge::Title)
-                                                  .Property(u"Narrow", &TGauge::Narrow)
-                                                  .Property(u"Any", &TGauge::Any)
-                                                  .Property(u"Shapes", &TGauge::Shapes)
-                                                  .Property(u"OnChange", &TGauge::OnChange)
-                                                  .Property(u"Inner", &TGauge::Inner)
-                                                  .Property(u"Lines", &TGauge::getLines)
-                                                  .Property(u"Columns", &TGauge::getColumns)
-                                                  .Build();
     return record;
 }
 

@@ -5,6 +5,7 @@
 #include "platform/runtime/classes/Classes_Strings.h"
 #include "properties/values/PROP_Filter.h"
 #include "properties/values/PROP_Typinfo.h"
+#include "properties/values/internal/PROP_Path.h"
 
 #include <algorithm>
 
@@ -49,7 +50,7 @@ void CSnapshot::TakeProperty(TObject* object, const TPropInfo* info, const Unico
     // By what it is, whatever the property is declared as.
     TObject* const held = Typinfo::GetObjectProp(object, info);
     if (const auto* const lines = dynamic_cast<Classes::TStrings*>(held); lines != nullptr) {
-        mOut->AddProperty({name, u"[" + lines->getCommaText() + u"]"});
+        mOut->AddProperty({name, InBrackets(lines->getCommaText())});
     } else if (auto* const collection = dynamic_cast<TCollection*>(held); collection != nullptr) {
         TakeItems(collection, name);
     } else {

@@ -45,5 +45,7 @@ System::Int64 CharCodeOf(const System::UnicodeString& text);
 
 /// The text without one pair of `[` and `]` around it; without both of them as it is.
 System::UnicodeString WithoutBrackets(const System::UnicodeString& text);
+/// The text with a pair of them around it.
+System::UnicodeString InBrackets(const System::UnicodeString& text);
 
 } // namespace PROP
