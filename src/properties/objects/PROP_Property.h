@@ -86,8 +86,8 @@ private:
 ///
 /// A snapshot of an object goes through the objects that its properties hold, under their paths
 /// ("Font.Name"): it takes the items of collections, the lines of lists, and the properties of any other. It
-/// doesn't enter an object in which it is already, nor more than 64 deep. Properties that can't be read are
-/// passed over.
+/// doesn't enter an object in which it is already, nor more than 64 deep, nor one that it has under another
+/// path already once that came 256 times. Properties that can't be read are passed over.
 ///
 ///     PROP::CProperties before, after, changes;
 ///     before.SetProperties(button, &filter);

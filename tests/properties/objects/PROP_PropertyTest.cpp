@@ -261,6 +261,52 @@ TEST(PropertiesTest, NeverEnterAnObjectAgainThatTheyAreIn)
     EXPECT_NE(properties.FindProperty(u"Next.Font.Name"), nullptr);
 }
 
+/// An object with two others, which may be one.
+class TFork : public System::TObject
+{
+    TRS8_BTL_CLASS(TFork, System::TObject)
+
+public:
+    int Number = 0;
+    TFork* Left = nullptr;
+    TFork* Right = nullptr;
+};
+
+System::TMetaClass* TFork::ClassRecord()
+{
+    static System::TMetaClass* const record = System::GClassBuilder<TFork>(u"TFork")
+                                                  .Property(u"Number", &TFork::Number)
+                                                  .Property(u"Left", &TFork::Left)
+                                                  .Property(u"Right", &TFork::Right)
+                                                  .Build();
+    return record;
+}
+
+TEST(PropertiesTest, TakeAnObjectOnEachOfItsPathsWhileTheseAreFew)
+{
+    std::array<TFork, 3> few;
+    few[0].Left = few[0].Right = &few[1];
+    few[1].Left = few[1].Right = &few[2];
+    CProperties properties;
+    properties.SetProperties(few.data(), nullptr);
+    EXPECT_EQ(properties.size(), 1 + 2 + 4);
+
+    // There are as many paths as a number of 50 bits counts.
+    std::array<TFork, 50> many;
+    for (std::size_t i = 0; i + 1 < many.size(); ++i) {
+        many[i].Number = static_cast<int>(i);
+        many[i].Left = many[i].Right = &many[i + 1];
+    }
+    properties.SetProperties(many.data(), nullptr);
+    EXPECT_LT(properties.size(), 1000);
+    UnicodeString path;
+    for (std::size_t i = 0; i + 1 < many.size(); ++i) {
+        ASSERT_NE(properties.FindProperty(path + u"Number"), nullptr) << i;
+        EXPECT_EQ(properties.FindProperty(path + u"Number")->getValue(), UnicodeString(int(i)));
+        path += u"Left.";
+    }
+}
+
 TEST(PropertiesTest, DoNotGoDeeperThanAnyDesign)
 {
     std::vector<std::unique_ptr<TGauge>> chain;

@@ -21,13 +21,25 @@ void CSnapshot::AddTo(CProperties& properties, TObject* object)
 {
     mOut = &properties;
     mPath.clear();
+    mTaken.clear();
+    mAgain = 0;
     Take(object, {});
+}
+
+/// Objects that refer to each other have far more paths than there are objects.
+bool CSnapshot::Enter(const TObject* object)
+{
+    constexpr std::size_t deepest = 64;
+    constexpr int mostAgain = 256;
+    if (object == nullptr || mPath.size() >= deepest || std::ranges::find(mPath, object) != mPath.end()) {
+        return false;
+    }
+    return mPath.empty() || mTaken.insert(object).second || mAgain++ < mostAgain;
 }
 
 void CSnapshot::Take(TObject* object, const UnicodeString& path)
 {
-    constexpr std::size_t deepest = 64;
-    if (object == nullptr || mPath.size() >= deepest || std::ranges::find(mPath, object) != mPath.end()) {
+    if (!Enter(object)) {
         return;
     }
     const CPropList& list = ListOf(object->ClassType());

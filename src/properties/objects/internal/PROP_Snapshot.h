@@ -5,6 +5,7 @@
 #include "properties/values/PROP_CPropList.h"
 
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace Classes
@@ -32,6 +33,7 @@ public:
     void AddTo(CProperties& properties, System::TObject* object);
 
 private:
+    bool Enter(const System::TObject* object);
     void Take(System::TObject* object, const System::UnicodeString& path);
     void TakeProperty(System::TObject* object, const Typinfo::TPropInfo* info,
                       const System::UnicodeString& name);
@@ -41,6 +43,9 @@ private:
     const CFilter* mFilter;
     CProperties* mOut = nullptr;
     std::vector<const System::TObject*> mPath;
+    std::unordered_set<const System::TObject*> mTaken;
+    /// How often an object was taken that had been before, under another path.
+    int mAgain = 0;
     std::unordered_map<const System::TMetaClass*, CPropList> mLists;
 };
 
