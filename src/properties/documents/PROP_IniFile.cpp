@@ -197,7 +197,8 @@ public:
             return;
         }
         for (const UnicodeString& section : Host::ListProfileSections(getFile())) {
-            if (!IsInfo(section)) {
+            // One without a name is none that a document wrote.
+            if (!section.IsEmpty() && !IsInfo(section)) {
                 ReadObject(section);
             }
         }

@@ -31,7 +31,8 @@ public:
     CSectionFormatIniFile& operator=(const CSectionFormatIniFile&) = delete;
     ~CSectionFormatIniFile();
 
-    /// Adds an object for each section but "__INFO__". Errors of the objects pass.
+    /// Adds an object for each section but "__INFO__" and one without a name ("[]"). Errors of the objects
+    /// pass.
     void Read();
     /// Writes each object in place of its section, in the order of the names. Sections of other objects stay.
     void Write();

@@ -71,6 +71,15 @@ TEST_F(DocumentFileTest, KeepsWhatATranslatorNotedOfIt)
     EXPECT_EQ(Body(Path()), "; mine\n[Gone]\nText=kept\n[a]\nText=x\n");
 }
 
+TEST_F(DocumentFileTest, PassesOverSectionsWithoutAName)
+{
+    Sample::Put(Path(), "[]\r\nText=x\r\n[a]\r\n=x\r\nText=y\r\n[ ]\r\nText=z\r\n[\r\nText=u\r\n");
+    CDocument document;
+    document.LoadFromFile(File());
+    ASSERT_EQ(document.getObjects().size(), 1);
+    EXPECT_EQ(Lines(document.getObjects().Find(u"a")->getProperties()), "Text=y\n");
+}
+
 TEST_F(DocumentFileTest, KeepsItsOwnSectionFromObjectsOfThatName)
 {
     for (const char16_t* const name : {u"__INFO__", u" __info__ "}) {
