@@ -209,6 +209,8 @@ public:
     void GetDifferenceOf(const CObjects& other, CObjects& out) const;
 
 private:
+    TMap::iterator AddNear(TMap::iterator next, CObject* object);
+
     TMap mMap;
     TList mList;
 };

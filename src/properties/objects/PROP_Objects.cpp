@@ -36,20 +36,35 @@ void CObjects::clear() noexcept
     mList.clear();
 }
 
-void CObjects::AddObject(CObject* object)
+/// Adds the object, which is likely to come right in front of `next` by its name, and gives the place behind
+/// it: objects are added mostly in the order of their names.
+CObjects::TMap::iterator CObjects::AddNear(TMap::iterator next, CObject* object)
 {
     // Held at once: one that isn't added and that nobody holds ends here.
     const UTL::GAutoPtr<CObject> held = object;
     if (object == nullptr) {
         UTL::THROW_XAssert(NoObject);
-    } else if (object->getName().IsEmpty()) {
+        return next;
+    }
+    if (object->getName().IsEmpty()) {
         UTL::THROW_XAssert(NoName, "Object Name is empty.");
-    } else if (!mMap.try_emplace(object->getName(), held).second) {
+        return next;
+    }
+    const std::size_t count = mMap.size();
+    const auto place = mMap.try_emplace(next, object->getName(), held);
+    if (mMap.size() == count) {
         UTL::THROW_XAssert((u"Ambiguous Object : " + object->getName()).c_str(), NameTwice.source,
                            NameTwice.line);
-    } else {
-        mList.push_back(held);
+        return next;
     }
+    mList.push_back(held);
+    return std::next(place);
+}
+
+void CObjects::AddObject(CObject* object)
+{
+    // Files have their objects in the order of their names.
+    AddNear(mMap.end(), object);
 }
 
 void CObjects::AddObject(TObject* object, const CFilter* filter)
@@ -68,11 +83,12 @@ void CObjects::AddObjects(TComponent* root, const CFilter* filter)
 void CObjects::AddObjects(const CComponents& components, const CFilter* filter)
 {
     CSnapshot snapshot(filter);
+    auto next = mMap.end();
     for (TComponent* const component : components) {
         if (!component->getName().IsEmpty() && (filter == nullptr || filter->IsObjectValid(component))) {
             CProperties properties;
             snapshot.AddTo(properties, component);
-            AddObject(new CObject(GetComponentName(component), std::move(properties)));
+            next = AddNear(next, new CObject(GetComponentName(component), std::move(properties)));
         }
     }
 }
@@ -117,14 +133,18 @@ void CObjects::ApplyProperties(const CComponents& components) const
 void CObjects::GetDifferenceOf(const CObjects& other, CObjects& out) const
 {
     CObjects difference;
-    for (const auto& object : mList) {
-        const CObject* const present = other.Find(object->getName());
+    auto next = difference.mMap.end();
+    for (std::size_t i = 0; i < mList.size(); ++i) {
+        const CObject& object = *mList[i].get();
+        // Two snapshots of a form have their objects in one order.
+        const bool isThere = i < other.mList.size() && other.mList[i]->getName() == object.getName();
+        const CObject* const present = isThere ? other.mList[i].get() : other.Find(object.getName());
         CProperties changes;
         if (present != nullptr) {
-            object->GetDifferenceOf(*present, changes);
+            object.GetDifferenceOf(*present, changes);
         }
         if (!changes.empty()) {
-            difference.AddObject(new CObject(object->getName(), std::move(changes)));
+            next = difference.AddNear(next, new CObject(object.getName(), std::move(changes)));
         }
     }
     out.mMap.swap(difference.mMap);
