@@ -132,13 +132,14 @@ void CComponentDoc::ApplyProperties()
         return;
     }
     const Classes::TComponentWatch watch(component);
-    // Held: a handler may take the objects anew, or end this document with its form.
-    if (const UTL::GAutoPtr<CObject> object = getObjects().Find(component->getName());
-        object.get() != nullptr) {
+    // Apart from this: a handler may take the objects anew, or end the document, with its form or without.
+    CObjects objects;
+    objects.Assign(getObjects());
+    if (const CObject* const object = objects.Find(component->getName()); object != nullptr) {
         object->ApplyProperties(component);
     }
     if (watch.IsAlive()) {
-        getObjects().ApplyProperties(BelowOf(component));
+        objects.ApplyProperties(BelowOf(component));
     }
 }
 

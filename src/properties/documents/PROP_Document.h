@@ -53,7 +53,8 @@ public:
     /// Takes a snapshot of the component in place of all objects. A null filter takes all.
     virtual void SetProperties(const CFilter* filter) = 0;
     /// Applies the objects to the component and all below it. What a property raises passes; what was applied
-    /// before it stays.
+    /// before it stays. Whatever handlers of events do to the document, of which they may be the end, those
+    /// objects are applied that were in it at first.
     virtual void ApplyProperties() = 0;
     /// Writes the objects to the file.
     virtual void DoWrite(const System::UnicodeString& fileName) = 0;
@@ -164,7 +165,7 @@ public:
     void SetProperties(const CFilter* filter) override;
     /// Applies the objects to the items of their names: to as many items of the topmost menu as there are
     /// objects at all, and to what is in them. Documents of menus below are an internal fault: only one that
-    /// was read, and not taken from a menu, is applied.
+    /// was read, and not taken from a menu, is applied. A handler may end the document.
     void ApplyProperties() override;
     void DoWrite(const System::UnicodeString& fileName) override;
     /// Reads all sections into this document.

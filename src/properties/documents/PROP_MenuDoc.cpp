@@ -23,6 +23,19 @@ namespace
 constexpr UTL::CFaultPlace NoMenu{"PROP_Document", 2};
 constexpr UTL::CFaultPlace TakenFromMenu{"PROP_Document", 3};
 
+/// Applies the object of the item's name, and those of the items in it.
+void ApplyTo(const CObjects& objects, TMenuItem& item)
+{
+    // Menus tell their changes, and a handler may destroy items.
+    const TComponentWatch watch(&item);
+    if (const CObject* const object = objects.Find(item.getName()); object != nullptr) {
+        object->ApplyProperties(&item);
+    }
+    for (int i = 0; watch.IsAlive() && i < item.GetCount(); ++i) {
+        ApplyTo(objects, *item.GetItem(i));
+    }
+}
+
 } // namespace
 
 CMenuDoc::CMenuDoc(Menus::TMenu* menu) : ADocument(menu), mMenu(menu), mMenuName(u"MAIN_MENU_ITEMS")
@@ -100,10 +113,13 @@ void CMenuDoc::ApplyProperties()
     if (mMenu == nullptr) {
         return;
     }
-    const TComponentWatch watch(mMenu);
-    for (int i = 0; watch.IsAlive() && i < std::min(mMenu->getItems()->GetCount(), getObjects().size());
-         ++i) {
-        ApplyMenuItem(mMenu->getItems()->GetItem(i));
+    // Apart from this: a handler may take the objects anew, or end the document.
+    CObjects objects;
+    objects.Assign(getObjects());
+    TMenuItem& items = *mMenu->getItems();
+    const TComponentWatch watch(&items);
+    for (int i = 0; watch.IsAlive() && i < std::min(items.GetCount(), objects.size()); ++i) {
+        ApplyTo(objects, *items.GetItem(i));
     }
 }
 
@@ -112,14 +128,9 @@ void CMenuDoc::ApplyMenuItem(TMenuItem* item)
     if (item == nullptr) {
         return;
     }
-    // Menus tell their changes, and a handler may destroy items or take the objects anew.
-    const TComponentWatch watch(item);
-    if (const UTL::GAutoPtr<CObject> object = getObjects().Find(item->getName()); object.get() != nullptr) {
-        object->ApplyProperties(item);
-    }
-    for (int i = 0; watch.IsAlive() && i < item->GetCount(); ++i) {
-        ApplyMenuItem(item->GetItem(i));
-    }
+    CObjects objects;
+    objects.Assign(getObjects());
+    ApplyTo(objects, *item);
 }
 
 void CMenuDoc::DoWrite(const UnicodeString& fileName)

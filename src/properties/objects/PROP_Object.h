@@ -180,6 +180,8 @@ public:
     int size() const noexcept { return static_cast<int>(mList.size()); }
     [[nodiscard]] bool empty() const noexcept { return mList.empty(); }
     void clear() noexcept;
+    /// Holds the objects of `other`, the same ones, in place of all that were here.
+    void Assign(const CObjects& other);
 
     /// Holds the object. Null, an empty name and one that is there already are internal faults; if the user
     /// lets that pass, it isn't added.
@@ -200,8 +202,8 @@ public:
 
     /// Applies each object to the component of its name, in the order of the components. Components without
     /// an object are left alone, and objects without a component too. A component that an event's handler
-    /// destroys meanwhile is passed over; an object that it takes out of here is applied to the end. What a
-    /// property raises passes; what came before has its values then.
+    /// destroys meanwhile is passed over; whatever it does to the objects here, those that were there at
+    /// first are applied to the end. What a property raises passes; what came before has its values then.
     void ApplyProperties(const BTL::CComponents& components) const;
 
     /// Sets `out` to what differs in objects that both have: a plain object with the values of `other` for

@@ -26,6 +26,16 @@ constexpr UTL::CFaultPlace NoName{"PROP_Object", 5};
 constexpr UTL::CFaultPlace NameTwice{"PROP_Object", 6};
 constexpr UTL::CFaultPlace NoComponentToFind{"PROP_Object", 7};
 
+/// A component while it lives, and what is to be applied to it.
+struct TTarget
+{
+    TTarget(TComponent* target, CObject* source) : component(target), watch(target), object(source) {}
+
+    TComponent* component;
+    Classes::TComponentWatch watch;
+    UTL::GAutoPtr<CObject> object;
+};
+
 } // namespace
 
 CObjects::~CObjects() = default;
@@ -34,6 +44,12 @@ void CObjects::clear() noexcept
 {
     mMap.clear();
     mList.clear();
+}
+
+void CObjects::Assign(const CObjects& other)
+{
+    mMap = other.mMap;
+    mList = other.mList;
 }
 
 /// Adds the object, which is likely to come right in front of `next` by its name, and gives the place behind
@@ -114,18 +130,17 @@ void CObjects::ApplyProperties(const CComponents& components) const
     if (empty()) {
         return;
     }
-    std::deque<Classes::TComponentWatch> watches;
-    for (const TComponent* const component : components) {
-        watches.emplace_back(component);
-    }
-    auto watch = watches.begin();
+    // Held, and found before the first is applied: a handler may take the objects anew, and end this with
+    // them.
+    std::deque<TTarget> targets;
     for (TComponent* const component : components) {
-        if (!(watch++)->IsAlive()) {
-            continue;
+        if (CObject* const object = Find(component); object != nullptr) {
+            targets.emplace_back(component, object);
         }
-        // Held: a handler may take the objects anew.
-        if (const UTL::GAutoPtr<CObject> object = Find(component); object.get() != nullptr) {
-            object->ApplyProperties(component);
+    }
+    for (const TTarget& target : targets) {
+        if (target.watch.IsAlive()) {
+            target.object->ApplyProperties(target.component);
         }
     }
 }

@@ -265,6 +265,25 @@ TEST_F(DocumentTest, MayEndWithItsFormWhileItIsApplied)
     EXPECT_EQ(mForm.application.GetComponentCount(), 0);
 }
 
+/// As a form does that keeps one only until it is laid over it.
+TEST_F(DocumentTest, MayEndBeforeItsFormWhileItIsApplied)
+{
+    std::unique_ptr<CFormDoc> document;
+    mForm.form->OnResize = mForm.limit->OnChange =
+        Classes::TNotifyEvent([&](System::TObject*) { document = nullptr; });
+    for (const auto& [name, property] :
+         {std::pair(u"FormMain", u"Width"), {u"FormMain.Frame1.EdLimit", u"Text"}}) {
+        SCOPED_TRACE(UnicodeString(name));
+        document = std::make_unique<CFormDoc>(mForm.form);
+        document->InsertNewObject(name)->AddProperty(property, u"99");
+        document->InsertNewObject(u"mnFile")->AddProperty(u"Caption", name);
+        document->Apply();
+        EXPECT_EQ(document, nullptr);
+        EXPECT_EQ(mForm.file->getCaption(), name);
+    }
+    mForm.form->OnResize = nullptr;
+}
+
 TEST_F(DocumentTest, PassesOverWhatNoFormHas)
 {
     const UnicodeString wide(std::u16string(5'000'000, u'x'));

@@ -153,7 +153,19 @@ TEST_F(MenuDocTest, MayBeEmptiedWhileItIsApplied)
     document.Apply();
     EXPECT_EQ(mForm.file->getCaption(), u"x");
     EXPECT_EQ(Menus::ShortCutToText(mForm.file->getShortCut()), u"F2");
-    EXPECT_NE(mForm.help->getCaption(), u"x");
+    EXPECT_EQ(mForm.help->getCaption(), u"x") << "by what was there at first";
+}
+
+TEST_F(MenuDocTest, MayEndBeforeItsMenuWhileItIsApplied)
+{
+    auto document = std::make_unique<CMenuDoc>(mForm.mainMenu);
+    for (const char16_t* const name : {u"mnFile", u"mnSave", u"mnHelp"}) {
+        document->InsertNewObject(name)->SetProperties(UnicodeString(u"\"77\""));
+    }
+    mForm.mainMenu->OnChange = Classes::TNotifyEvent([&](System::TObject*) { document = nullptr; });
+    document->Apply();
+    EXPECT_EQ(document, nullptr);
+    EXPECT_EQ(Items(), u"77|0\n77|0\n77|0\n");
 }
 
 TEST_F(MenuDocTest, EndsAChainOfAnyLength)

@@ -216,10 +216,16 @@ TEST(ObjectsTest, PassOverComponentsThatAreGone)
 TEST(ObjectsTest, AreAppliedToTheEndIfAHandlerDropsThem)
 {
     TTower tower;
-    tower.first->ring = [&] { tower.objects.clear(); };
-    tower.objects.ApplyProperties(BTL::CComponents(&tower.desk));
+    auto objects = std::make_unique<CObjects>();
+    objects->Assign(tower.objects);
+    EXPECT_EQ(objects->size(), 3);
+    EXPECT_EQ(objects->Find(tower.third), tower.objects.Find(tower.third));
+    tower.objects.clear();
+    tower.first->ring = [&] { objects = nullptr; };
+    objects->ApplyProperties(BTL::CComponents(&tower.desk));
+    EXPECT_EQ(objects, nullptr);
     EXPECT_EQ(tower.first->Count, 2);
-    EXPECT_EQ(tower.third->Count, 0);
+    EXPECT_EQ(tower.third->Count, 2);
 }
 
 TEST(ObjectsTest, HoldVeryMany)
