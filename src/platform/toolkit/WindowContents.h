@@ -39,7 +39,9 @@ class TRS8_BTL_API WindowCells
 public:
     virtual ~WindowCells();
 
+    /// How many columns there are, the fixed ones among them.
     virtual int GetCellColumnCount() const = 0;
+    /// As `GetCellColumnCount`, of rows.
     virtual int GetCellRowCount() const = 0;
     /// Whether the cell is a heading of its column or row.
     virtual bool IsColumnHeading(int column, int row) const = 0;
