@@ -2,6 +2,7 @@
 #include "platform/toolkit/Window.h"
 
 #include "platform/toolkit/ModalWindow.h"
+#include "platform/toolkit/WindowContents.h"
 
 namespace Toolkits
 {
@@ -20,6 +21,8 @@ void Window::SetState(EWindowState) {}
 
 void Window::SetLook(const TWindowLook&) {}
 
+void Window::SetLabel(const System::UnicodeString&) {}
+
 // Only windows of text know of it.
 
 void Window::SetSelection(int, int) {}
@@ -27,6 +30,10 @@ void Window::SetSelection(int, int) {}
 void Window::SetEditTraits(const TEditTraits&) {}
 
 WindowItems::~WindowItems() = default;
+
+WindowCells::~WindowCells() = default;
+
+WindowContents::~WindowContents() = default;
 
 ECheck WindowItems::GetItemCheck(int) const
 {

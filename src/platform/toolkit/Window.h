@@ -14,6 +14,7 @@ namespace Toolkits
 
 class PaintDevice;
 class PaintRecording;
+class WindowContents;
 
 /// How large the window of a form is: as it was set, out of sight but for the desktop's list, or all of the
 /// screen.
@@ -137,6 +138,9 @@ public:
     virtual void SetEnabled(bool isEnabled) = 0;
     virtual void SetText(const System::UnicodeString& text) = 0;
     virtual void SetLook(const TWindowLook& look);
+    /// What a label in front of the window says: those who can't see it know the window by that. Empty for
+    /// none, as at first.
+    virtual void SetLabel(const System::UnicodeString& label);
     /// Selects in an edited text, from 0, and has the caret at the end of that. It isn't told back.
     virtual void SetSelection(int start, int length);
     virtual void SetEditTraits(const TEditTraits& traits);
@@ -214,6 +218,8 @@ struct TWindowSettings
     Window* parent = nullptr;
     /// Outlives the window.
     WindowEvents* events = nullptr;
+    /// Outlives the window; null where nobody tells what is in it.
+    WindowContents* contents = nullptr;
     System::UnicodeString text = {};
     /// The names of the control and its owners: "Settings.fFrame.fEdit"; tools find the window by it.
     System::UnicodeString name = {};

@@ -58,7 +58,8 @@ CQtEdit::CQtEdit(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& set
     mEdit->setFocusPolicy(Qt::ClickFocus);
     mEdit->setMaxLength(INT_MAX);
     SetText(settings.text);
-    QObject::connect(mEdit, &QLineEdit::textEdited, Context(), [this] { TellText(); });
+    // Not only what is typed: readers of screens set the text.
+    QObject::connect(mEdit, &QLineEdit::textChanged, Context(), [this] { TellText(); });
     QObject::connect(mEdit, &QLineEdit::selectionChanged, Context(), [this] { TellSelection(); });
     QObject::connect(mEdit, &QLineEdit::cursorPositionChanged, Context(), [this] { TellSelection(); });
 }
@@ -106,6 +107,9 @@ void CQtEdit::SetEditTraits(const TEditTraits& traits)
 
 void CQtEdit::TellText()
 {
+    if (mEdit->text() == mTold) {
+        return;
+    }
     mTold = mEdit->text();
     const System::UnicodeString text = FromQString(mTold);
     if (!IsPassing() && !Tell(TellForeignText)) {

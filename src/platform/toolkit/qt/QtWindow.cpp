@@ -2,6 +2,7 @@
 #include "platform/toolkit/qt/QtWindow.h"
 
 #include "platform/host/Host_Path.h"
+#include "platform/toolkit/qt/QtAccessible.h"
 #include "platform/toolkit/qt/QtConvert.h"
 #include "platform/toolkit/qt/QtFonts.h"
 #include "platform/toolkit/qt/QtKeys.h"
@@ -66,6 +67,7 @@ CQtWindow::CQtWindow(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings&
     : mDesktop(std::move(desktop)),
       mState(std::make_shared<TState>()),
       mEvents(settings.events),
+      mContents(settings.contents),
       mParent(dynamic_cast<CQtWindow*>(settings.parent)),
       mWidget(widget),
       mFilter(std::make_unique<CFilter>(*this)),
@@ -73,7 +75,7 @@ CQtWindow::CQtWindow(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings&
       mIsForm(settings.kind == EWindowKind::Form)
 {
     mWidget->setObjectName(ToQString(settings.name));
-    mWidget->setAccessibleName(mWidget->objectName());
+    ShowToReaders(*mWidget, this);
     // Who doesn't act on the mouse keeps it from its parent all the same.
     mWidget->setAttribute(Qt::WA_NoMousePropagation);
     mWidget->setMouseTracking(true);
@@ -91,6 +93,7 @@ CQtWindow::CQtWindow(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings&
 CQtWindow::~CQtWindow()
 {
     mState->isAlive = false;
+    ShowToReaders(*mWidget, nullptr);
     mFilter.reset();
     mDesktop->Forget(this);
     const int level = mDesktop->getTellLevel();
@@ -132,6 +135,11 @@ void CQtWindow::WatchPart(QWidget* part)
     part->installEventFilter(mFilter.get());
     part->setAttribute(Qt::WA_NoMousePropagation);
     part->setMouseTracking(true);
+}
+
+void CQtWindow::SetLabel(const System::UnicodeString& label)
+{
+    mWidget->setAccessibleName(ToQString(label));
 }
 
 void CQtWindow::SetBounds(const Types::TRect& bounds)

@@ -33,6 +33,7 @@ public:
     void SetEnabled(bool isEnabled) override;
     void SetText(const System::UnicodeString&) override {}
     void SetLook(const TWindowLook& look) override;
+    void SetLabel(const System::UnicodeString& label) override;
     void Focus() override { mDesktop->Focus(this); }
     void Invalidate(const Types::TRect* part) override;
     void Update() override;
@@ -44,6 +45,8 @@ public:
     /// The widget that keys, the mouse and the paint come to, which is within `Widget` where that scrolls.
     virtual QWidget& Surface() const noexcept { return *mWidget; }
     bool IsForm() const noexcept { return mIsForm; }
+    /// What the control has in the window, for those who can't see it; null if nobody tells.
+    WindowContents* Contents() const noexcept { return mContents; }
     /// The form that the window is in; null for one outside of any.
     CQtWindow* Form() noexcept;
     /// Whether it is `outer` or lies in it; true for null.
@@ -113,6 +116,7 @@ private:
     std::shared_ptr<CQtDesktop> mDesktop;
     std::shared_ptr<TState> mState;
     WindowEvents* mEvents;
+    WindowContents* mContents;
     CQtWindow* mParent;
     QWidget* mWidget;
     std::unique_ptr<CFilter> mFilter;

@@ -501,6 +501,25 @@ void TControl::TakeParentFont()
     }
 }
 
+System::UnicodeString TControl::GetOwnedPath() const
+{
+    System::UnicodeString path = getName();
+    for (const TComponent* owner = getOwner(); owner != nullptr && !owner->getName().IsEmpty();
+         owner = owner->getOwner()) {
+        path = owner->getName() + u"." + path;
+    }
+    return path;
+}
+
+Toolkits::TWindowPart TControl::AsWindowPart() const
+{
+    return {.kind = Toolkits::EPartKind::Picture,
+            .name = GetOwnedPath(),
+            .text = mHint.SubString(1, std::max(mHint.Pos(u"|"), mHint.Length() + 1) - 1),
+            .bounds = getBoundsRect(),
+            .isEnabled = mEnabled};
+}
+
 void TControl::setColor(Graphics::TColor color)
 {
     mParentColor = false;

@@ -20,6 +20,11 @@ namespace Menus
 class TPopupMenu;
 } // namespace Menus
 
+namespace Toolkits
+{
+struct TWindowPart;
+} // namespace Toolkits
+
 namespace Controls
 {
 
@@ -198,6 +203,11 @@ public:
 
     /// As a click of the mouse does it.
     virtual void Click();
+    /// The names of the control and its owners up to the first one without: "Settings.fFrame.fEdit".
+    System::UnicodeString GetOwnedPath() const;
+    /// How those who can't see the control hear of it: a picture that its hint tells about, unless the class
+    /// knows better.
+    virtual Toolkits::TWindowPart AsWindowPart() const;
 
     void Loaded() override;
     void SetName(const System::UnicodeString& name) override;

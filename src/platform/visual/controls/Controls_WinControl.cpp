@@ -7,6 +7,7 @@
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/controls/Controls_FormHost.h"
 #include "platform/visual/controls/Controls_Thread.h"
+#include "platform/visual/controls/Forms_Accelerator.h"
 #include "platform/visual/controls/internal/Controls_Nesting.h"
 #include "platform/visual/graphics/Graphics_Brush.h"
 #include "platform/visual/graphics/Graphics_Font.h"
@@ -344,22 +345,6 @@ void TWinControl::CreateParams(TCreateParams& params)
     params.Height = getHeight();
 }
 
-namespace
-{
-
-/// The names of a component and its owners up to the first one without.
-System::UnicodeString NamePath(const Classes::TComponent& component)
-{
-    System::UnicodeString path = component.getName();
-    for (const auto* owner = component.getOwner(); owner != nullptr && !owner->getName().IsEmpty();
-         owner = owner->getOwner()) {
-        path = owner->getName() + u"." + path;
-    }
-    return path;
-}
-
-} // namespace
-
 void TWinControl::CreateWnd()
 {
     TCreateParams params;
@@ -371,13 +356,41 @@ void TWinControl::CreateWnd()
     settings.parent = getParent() == nullptr ? nullptr : getParent()->mWindow.get();
     settings.events = this;
     settings.text = params.Caption;
-    settings.name = NamePath(*this);
+    settings.contents = this;
+    settings.name = GetOwnedPath();
     settings.bounds = {params.X, params.Y, params.X + params.Width, params.Y + params.Height};
     settings.isEnabled = getEnabled();
     settings.style = params.Style;
     settings.exStyle = params.ExStyle;
     mWindow = Toolkits::CurrentToolkit().MakeWindow(settings);
     ShowLook();
+    if (!mSpokenLabel.IsEmpty()) {
+        mWindow->SetLabel(mSpokenLabel);
+    }
+}
+
+void TWinControl::setSpokenLabel(const System::UnicodeString& label)
+{
+    mSpokenLabel = label;
+    if (mWindow != nullptr) {
+        mWindow->SetLabel(label);
+    }
+}
+
+System::UnicodeString TWinControl::GetWindowName() const
+{
+    return mSpokenLabel.IsEmpty() ? Forms::WithoutAccel(GetText()) : mSpokenLabel;
+}
+
+std::vector<Toolkits::TWindowPart> TWinControl::GetWindowParts() const
+{
+    std::vector<Toolkits::TWindowPart> parts;
+    for (const TControl* const control : mGraphics) {
+        if (control->getVisible()) {
+            parts.push_back(control->AsWindowPart());
+        }
+    }
+    return parts;
 }
 
 void TWinControl::ShowLook()

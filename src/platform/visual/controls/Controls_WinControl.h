@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/toolkit/Window.h"
+#include "platform/toolkit/WindowContents.h"
 #include "platform/visual/controls/Controls_Control.h"
 
 #include <vector>
@@ -39,7 +40,9 @@ struct TCreateParams
 ///     panel->setParent(form);
 ///     panel->setAlign(alBottom);
 ///     for (int i = 0; i < panel->GetControlCount(); ++i) { panel->GetControl(i)->setEnabled(false); }
-class TRS8_BTL_API TWinControl : public TControl, private Toolkits::WindowEvents
+class TRS8_BTL_API TWinControl : public TControl,
+                                 private Toolkits::WindowEvents,
+                                 private Toolkits::WindowContents
 {
     TRS8_BTL_CLASS(TWinControl, TControl)
 
@@ -119,6 +122,13 @@ public:
     Toolkits::Window* GetWindow() const noexcept { return mWindow.get(); }
     /// How the toolkit tells the control what happens to its window.
     Toolkits::WindowEvents& GetWindowEvents() noexcept { return *this; }
+
+    /// What is in the window, as the toolkit asks for it.
+    Toolkits::WindowContents& GetContents() noexcept { return *this; }
+    /// What a label in front of the control says, for those who can't see it. A label sets it of the control
+    /// that it leads to; empty at first.
+    const System::UnicodeString& getSpokenLabel() const noexcept { return mSpokenLabel; }
+    void setSpokenLabel(const System::UnicodeString& label);
 
     /// What the client area is filled with: the control's colour.
     Graphics::TBrush* getBrush() const;
@@ -223,6 +233,8 @@ private:
     void CloseAsked() override;
     void ActivationChanged(bool isActive) override;
     void StateChanged(Toolkits::EWindowState state) override;
+    System::UnicodeString GetWindowName() const override;
+    std::vector<Toolkits::TWindowPart> GetWindowParts() const override;
 
     /// Sends a message about a control that comes or goes.
     void TellOfControl(unsigned message, const TControl* control, bool isComing);
@@ -265,6 +277,7 @@ private:
     std::vector<TWinControl*> mTabList;
     std::unique_ptr<Toolkits::Window> mWindow;
     mutable std::unique_ptr<Graphics::TBrush> mBrush;
+    System::UnicodeString mSpokenLabel;
     /// Whom the next alignment is for.
     TControl* mAlignedFor = nullptr;
     int mAlignLevel = 0;

@@ -3,6 +3,8 @@
 
 #include "platform/runtime/sysutils/Sysutils_Text.h"
 
+#include <string>
+
 namespace Forms
 {
 
@@ -30,6 +32,19 @@ bool IsAccel(System::Word key, const UnicodeString& caption)
     const System::WideChar marked = MarkedIn(caption.AsView());
     return marked != 0 && Sysutils::AnsiUpperCase(UnicodeString(marked)) ==
                               Sysutils::AnsiUpperCase(UnicodeString(static_cast<System::WideChar>(key)));
+}
+
+UnicodeString WithoutAccel(const UnicodeString& caption)
+{
+    std::u16string text;
+    bool isMarked = false;
+    for (const System::WideChar unit : caption.AsView()) {
+        isMarked = unit == u'&' && !isMarked;
+        if (!isMarked) {
+            text += unit;
+        }
+    }
+    return UnicodeString(text);
 }
 
 } // namespace Forms

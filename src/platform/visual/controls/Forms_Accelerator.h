@@ -12,4 +12,7 @@ namespace Forms
 ///     Forms::IsAccel('S', u"&Save")                               // true
 TRS8_BTL_API bool IsAccel(System::Word key, const System::UnicodeString& caption);
 
+/// The caption as it is read: without the ampersands that mark a character, and with one in place of two.
+TRS8_BTL_API System::UnicodeString WithoutAccel(const System::UnicodeString& caption);
+
 } // namespace Forms

@@ -141,6 +141,7 @@ protected:
     bool SelectCell(int col, int row) override;
     void ColWidthsChanged() override;
     void ColumnMoved(int from, int to) override;
+    System::UnicodeString GetCellText(int col, int row) override;
     System::UnicodeString GetEditText(int col, int row) override;
     void SetEditText(int col, int row, const System::UnicodeString& text) override;
     System::UnicodeString GetEditMask(int col, int row) override;

@@ -55,6 +55,23 @@ bool TCustomDBGrid::CanChange() const
     return GetLinkActive() && !mReadOnly && mDBOptions.Contains(dgEditing) && GetDataSet()->getCanModify();
 }
 
+UnicodeString TCustomDBGrid::GetCellText(int col, int row)
+{
+    const TColumn* const column = ColumnAt(col);
+    if (column == nullptr || col < IndicatorCols()) {
+        return {};
+    }
+    if (row < TitleRows()) {
+        return column->getTitle()->getCaption();
+    }
+    if (!GetLinkActive() || row - TitleRows() >= mLink->getRecordCount()) {
+        return {};
+    }
+    const Dbctrls::CReadScope reading(*GetDataSet(), row - TitleRows());
+    const Db::TField* const field = column->getField();
+    return field == nullptr ? UnicodeString() : field->getDisplayText();
+}
+
 UnicodeString TCustomDBGrid::GetEditText(int col, int)
 {
     const TColumn* const column = ColumnAt(col);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/toolkit/WindowContents.h"
 #include "platform/visual/controls/Controls_CustomControl.h"
 #include "platform/visual/forms/Forms_Types.h"
 #include "platform/visual/grids/Grids_Axis.h"
@@ -33,7 +34,7 @@ class TInplaceEdit;
 ///             Graphics::clBlack); getCanvas()->FillRect(rect);
 ///         }
 ///     };
-class TRS8_BTL_API TCustomGrid : public Controls::TCustomControl
+class TRS8_BTL_API TCustomGrid : public Controls::TCustomControl, private Toolkits::WindowCells
 {
     TRS8_BTL_CLASS(TCustomGrid, Controls::TCustomControl)
 
@@ -174,6 +175,9 @@ public:
 protected:
     friend class TInplaceEdit;
 
+    /// What a cell says, for those who can't see it; nothing, unless a derived class knows.
+    System::UnicodeString GetCellText(int col, int row) override;
+
     // What a derived class adds to; it calls its parent's.
 
     /// Draws what is in a cell. The canvas has the font, and the brush and text colour that fit the state.
@@ -249,6 +253,16 @@ protected:
 
 private:
     struct TLayout;
+
+    Toolkits::WindowCells* GetWindowCells() override { return this; }
+    int GetCellColumnCount() const override { return getColCount(); }
+    int GetCellRowCount() const override { return getRowCount(); }
+    bool IsColumnHeading(int, int row) const override { return row < getFixedRows(); }
+    bool IsRowHeading(int col, int) const override { return col < getFixedCols(); }
+    Types::TRect GetCellBounds(int col, int row) const override { return CellRect(col, row); }
+    Types::TRect GetSelectedCells() const override;
+    bool IsCellCurrent(int col, int row) const override { return col == getCol() && row == getRow(); }
+    void ChooseCell(int col, int row) override;
 
     void ChangeSize(int colCount, int rowCount);
     void ApplyLineWidth();

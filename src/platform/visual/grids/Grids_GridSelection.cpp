@@ -89,6 +89,26 @@ TGridRect TCustomGrid::getSelection() const noexcept
     return selection;
 }
 
+Types::TRect TCustomGrid::GetSelectedCells() const
+{
+    const TGridRect selection = getSelection();
+    return selection.Left < 0
+               ? Types::TRect()
+               : Types::TRect{selection.Left, selection.Top, selection.Right + 1, selection.Bottom + 1};
+}
+
+void TCustomGrid::ChooseCell(int col, int row)
+{
+    if (col >= getFixedCols() && row >= getFixedRows()) {
+        FocusCell(col, row, true);
+    }
+}
+
+System::UnicodeString TCustomGrid::GetCellText(int, int)
+{
+    return {};
+}
+
 void TCustomGrid::setSelection(const TGridRect& selection)
 {
     const TComponentWatch watch(this);

@@ -47,6 +47,7 @@ public:
 protected:
     /// Draws the text, two pixels from the corner, if the grid draws by itself; then calls `OnDrawCell`.
     void DrawCell(int col, int row, const Types::TRect& rect, TGridDrawState state) override;
+    System::UnicodeString GetCellText(int col, int row) override { return getCells(col, row); }
     /// The cell's text, which `OnGetEditText` may change.
     System::UnicodeString GetEditText(int col, int row) override;
     /// Sets the cell, then calls `OnSetEditText`.

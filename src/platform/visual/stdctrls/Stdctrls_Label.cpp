@@ -28,7 +28,12 @@ TCustomLabel::TCustomLabel(Classes::TComponent* owner) : TGraphicControl(owner)
     SetBounds(0, 0, 65, 17);
 }
 
-TCustomLabel::~TCustomLabel() = default;
+TCustomLabel::~TCustomLabel()
+{
+    if (mFocusControl != nullptr) {
+        mFocusControl->setSpokenLabel({});
+    }
+}
 
 template <class T>
 void TCustomLabel::Take(T& field, T value)
@@ -75,11 +80,31 @@ void TCustomLabel::setTransparent(bool isOn)
     Invalidate();
 }
 
+UnicodeString TCustomLabel::SpokenText() const
+{
+    return mShowAccelChar ? Forms::WithoutAccel(GetLabelText()) : GetLabelText();
+}
+
+Toolkits::TWindowPart TCustomLabel::AsWindowPart() const
+{
+    Toolkits::TWindowPart part = TGraphicControl::AsWindowPart();
+    part.kind = Toolkits::EPartKind::Text;
+    part.text = SpokenText();
+    return part;
+}
+
 void TCustomLabel::setFocusControl(Controls::TWinControl* control)
 {
+    if (control == mFocusControl) {
+        return;
+    }
+    if (mFocusControl != nullptr) {
+        mFocusControl->setSpokenLabel({});
+    }
     mFocusControl = control;
     if (control != nullptr) {
         control->FreeNotification(this);
+        control->setSpokenLabel(SpokenText());
     }
 }
 
@@ -104,6 +129,10 @@ void TCustomLabel::Dispatch(void* record)
         }
         return;
     case CM_TEXTCHANGED:
+        if (mFocusControl != nullptr) {
+            mFocusControl->setSpokenLabel(SpokenText());
+        }
+        [[fallthrough]];
     case CM_FONTCHANGED:
         TGraphicControl::Dispatch(record);
         AdjustBounds();

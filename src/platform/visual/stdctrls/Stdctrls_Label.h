@@ -61,6 +61,8 @@ public:
     Controls::TWinControl* getFocusControl() const noexcept { return mFocusControl; }
     void setFocusControl(Controls::TWinControl* control);
 
+    /// A text: the caption without its mark.
+    Toolkits::TWindowPart AsWindowPart() const override;
     void Dispatch(void* message) override;
     void Notification(Classes::TComponent* component, Classes::TOperation operation) override;
 
@@ -76,6 +78,8 @@ protected:
 
 private:
     unsigned LayoutFlags() const;
+    /// What is read as the label's text.
+    System::UnicodeString SpokenText() const;
     template <class T>
     void Take(T& field, T value);
 

@@ -168,6 +168,17 @@ void TSpeedButton::OtherPressed(const TMessage& message)
     mAllowAllUp = sender->mAllowAllUp;
 }
 
+Toolkits::TWindowPart TSpeedButton::AsWindowPart() const
+{
+    Toolkits::TWindowPart part = TGraphicControl::AsWindowPart();
+    part.kind = Toolkits::EPartKind::Button;
+    part.isDown = mDown;
+    if (const System::UnicodeString caption = Forms::WithoutAccel(GetText()); !caption.IsEmpty()) {
+        part.text = caption;
+    }
+    return part;
+}
+
 void TSpeedButton::Loaded()
 {
     TGraphicControl::Loaded();

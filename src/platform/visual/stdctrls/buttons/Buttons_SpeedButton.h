@@ -66,6 +66,8 @@ public:
     /// Whether the mouse is over it.
     bool getMouseInControl() const noexcept { return mMouseInControl; }
 
+    /// A button, by its caption or else its hint.
+    Toolkits::TWindowPart AsWindowPart() const override;
     void Loaded() override;
 
 protected:
