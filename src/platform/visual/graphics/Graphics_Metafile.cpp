@@ -3,7 +3,7 @@
 
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/toolkit/PaintRecording.h"
-#include "platform/toolkit/Toolkit.h"
+#include "platform/toolkit/internal/PictureNames.h"
 #include "platform/visual/graphics/internal/Graphics_Bytes.h"
 #include "platform/visual/graphics/internal/Graphics_MulDiv.h"
 #include "platform/visual/graphics/internal/Graphics_PictureHeader.h"
@@ -30,8 +30,7 @@ struct TMetafileImage : System::TSharedBlock
     Toolkits::PaintRecording& Decoded()
     {
         if (file && !isDecoded) {
-            Toolkits::CurrentToolkit().DecodeMetafile(type, file->bytes, recording);
-            isDecoded = true;
+            Toolkits::ThrowNoCodec(type, u"metafiles have no player yet");
         }
         return recording;
     }
@@ -156,12 +155,7 @@ void TMetafile::SaveToStream(Classes::TStream* stream)
     if (mImage->file && mImage->type == type && mImage->size == mSize) {
         WriteBytes(stream, mImage->file->bytes);
     } else if (!getEmpty()) {
-        // A drawing that is shown in another size is stored as it is shown.
-        Toolkits::PaintRecording shown;
-        const Types::TSize& own = mImage->size;
-        mImage->Decoded().Play(shown, {.Left = 0, .Top = 0, .Right = own.cx, .Bottom = own.cy},
-                               {.Left = 0, .Top = 0, .Right = mSize.cx, .Bottom = mSize.cy});
-        WriteBytes(stream, Toolkits::CurrentToolkit().EncodeMetafile(type, shown, mSize));
+        Toolkits::ThrowNoCodec(type, u"metafiles have no player yet");
     }
     setModified(false);
 }

@@ -6,6 +6,7 @@
 #include "support/PictureFiles.h"
 #include "support/RecordedCanvas.h"
 #include "support/TempFolder.h"
+#include "support/WithoutCodecs.h"
 
 #include <gtest/gtest.h>
 
@@ -209,7 +210,8 @@ TEST(GraphicsBitmapTest, StaysAsItWasWhenAFileIsDamaged)
 
 TEST(GraphicsBitmapTest, KeepsAFileThatNeedsACodec)
 {
-    const auto bytes = BitmapFile(4, 2, 8, 1024, std::vector<System::Byte>(1024 + 8), 1);
+    const Support::WithoutCodecs none;
+    const auto bytes = BitmapFile(4, 2, 24, 0, std::vector<System::Byte>(8), 4);
     TBitmap bitmap;
     Load(bitmap, bytes);
     EXPECT_EQ(bitmap.getWidth(), 4);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/visual/graphics/internal/Graphics_BitmapFile.h"
 
-#include "platform/toolkit/Toolkit.h"
+#include "platform/toolkit/PictureCodecs.h"
 #include "platform/visual/graphics/internal/Graphics_Dib.h"
 
 #include <algorithm>
@@ -107,7 +107,7 @@ Toolkits::Pixels ReadBitmapFile(std::span<const System::Byte> bytes)
     if (dib.IsPlain()) {
         return dib.Read();
     }
-    return Toolkits::CurrentToolkit().DecodePicture(Toolkits::EPictureType::Bitmap, bytes);
+    return Toolkits::DecodePicture(Toolkits::EPictureType::Bitmap, bytes);
 }
 
 std::vector<System::Byte> WriteBitmapFile(const Toolkits::Pixels& pixels, TPixelFormat format)
