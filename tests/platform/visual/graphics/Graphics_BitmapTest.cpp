@@ -223,6 +223,46 @@ TEST(GraphicsBitmapTest, KeepsAFileThatNeedsACodec)
     EXPECT_EQ(Saved(copy), bytes);
 }
 
+/// A bitmap of six by three pixels whose rows are runs: white, black, red and blue by their numbers.
+std::vector<System::Byte> PackedFile(unsigned bitCount, std::initializer_list<unsigned> runs)
+{
+    Support::FileBytes rest;
+    rest.Put32({0xFFFFFF, 0, 0xFF0000, 0x0000FF});
+    rest.Put8(runs);
+    return BitmapFile(6, 3, bitCount, 16, rest.getBytes(), bitCount == 8 ? 1 : 2, 4);
+}
+
+TEST(GraphicsBitmapTest, ReadsRuns)
+{
+    struct TCase
+    {
+        const char* name;
+        unsigned bitCount;
+        std::initializer_list<unsigned> runs;
+        const char* drawn;
+    };
+    const TCase cases[] = {
+        {"runs", 8, {6, 1, 0, 0, 2, 2, 4, 3, 0, 0, 6, 1, 0, 1}, "######\nrrbbbb\n######\n"},
+        {"pixels as they are", 8, {0, 3, 1, 2, 3, 0, 3, 1, 0, 1}, "......\n......\n#rb###\n"},
+        {"places left out", 8, {0, 2, 2, 1, 3, 2, 0, 1}, "......\n..rrr.\n......\n"},
+        {"halves", 4, {5, 0x12, 0, 0, 0, 5, 0x12, 0x31, 0x20, 0, 0, 1}, "......\n#rb#r.\n#r#r#.\n"},
+        {"more than a row has", 8, {200, 1, 0, 1}, "......\n......\n######\n"},
+        {"rows enough without an end", 8, {6, 1, 0, 0, 6, 1, 0, 0, 6, 2, 0, 0}, "rrrrrr\n######\n######\n"},
+        {"number beyond the colours", 8, {6, 99, 0, 1}, "......\n......\n######\n"},
+    };
+    for (const TCase& row : cases) {
+        SCOPED_TRACE(row.name);
+        TBitmap bitmap;
+        Load(bitmap, PackedFile(row.bitCount, row.runs));
+        EXPECT_EQ(Drawn(bitmap), row.drawn);
+    }
+    for (const auto runs : {std::initializer_list<unsigned>{6, 1, 0, 0}, {6, 1, 0}, {0, 2, 1}, {}}) {
+        TBitmap bitmap;
+        Load(bitmap, PackedFile(8, runs));
+        EXPECT_THROW(bitmap.getCanvas()->FillRect({0, 0, 1, 1}), EInvalidGraphic);
+    }
+}
+
 TEST(GraphicsBitmapTest, TakesItsOwnPartOfAStream)
 {
     TBitmap bitmap;

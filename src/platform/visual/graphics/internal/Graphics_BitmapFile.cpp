@@ -104,7 +104,7 @@ TBitmapFile OpenBitmapFile(std::vector<System::Byte> bytes)
 Toolkits::Pixels ReadBitmapFile(std::span<const System::Byte> bytes)
 {
     const CDib dib = OpenDib(bytes);
-    if (dib.IsPlain()) {
+    if (dib.IsReadable()) {
         return dib.Read();
     }
     return Toolkits::DecodePicture(Toolkits::EPictureType::Bitmap, bytes);
