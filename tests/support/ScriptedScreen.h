@@ -86,26 +86,6 @@ public:
     {
         return mScreen->NewPixelDevice(pixels);
     }
-    Toolkits::Pixels DecodePicture(Toolkits::EPictureType type, std::span<const System::Byte> bytes) override
-    {
-        return mScreen->DecodePicture(type, bytes);
-    }
-    std::vector<System::Byte> EncodePicture(Toolkits::EPictureType type, const Toolkits::Pixels& pixels,
-                                            int quality) override
-    {
-        return mScreen->EncodePicture(type, pixels, quality);
-    }
-    void DecodeMetafile(Toolkits::EPictureType type, std::span<const System::Byte> bytes,
-                        Toolkits::PaintRecording& recording) override
-    {
-        mScreen->DecodeMetafile(type, bytes, recording);
-    }
-    std::vector<System::Byte> EncodeMetafile(Toolkits::EPictureType type,
-                                             const Toolkits::PaintRecording& recording,
-                                             const Types::TSize& size) override
-    {
-        return mScreen->EncodeMetafile(type, recording, size);
-    }
     void SetCursor(int cursor) override
     {
         mScript->SetCursor(cursor);

@@ -6,12 +6,10 @@
 #include "platform/toolkit/FileQuestion.h"
 #include "platform/toolkit/MenuEntry.h"
 #include "platform/toolkit/PaintTypes.h"
-#include "platform/toolkit/PictureType.h"
 #include "platform/toolkit/Window.h"
 
 #include <functional>
 #include <memory>
-#include <span>
 #include <vector>
 
 /// What stands between the controls' logic and a screen.
@@ -21,7 +19,6 @@ namespace Toolkits
 class InputPlayer;
 class ModalWindow;
 class PaintDevice;
-class PaintRecording;
 class Pixels;
 
 /// A modal box with a text and buttons.
@@ -104,18 +101,6 @@ public:
     /// A device that draws on `pixels`, which must outlive it and keep their size.
     virtual std::unique_ptr<PaintDevice> NewPixelDevice(Pixels& pixels) = 0;
 
-    /// The pixels of a picture. `Graphics::EInvalidGraphic` if it is damaged or the toolkit can't read the
-    /// type.
-    virtual Pixels DecodePicture(EPictureType type, std::span<const System::Byte> bytes) = 0;
-    /// A file of the picture, with the quality from 1 to 100 where the type has one.
-    /// `Graphics::EInvalidGraphic` if the toolkit can't write the type.
-    virtual std::vector<System::Byte> EncodePicture(EPictureType type, const Pixels& pixels, int quality) = 0;
-    /// Adds to `recording` what the metafile draws, in pixels. Faults as of `DecodePicture`.
-    virtual void DecodeMetafile(EPictureType type, std::span<const System::Byte> bytes,
-                                PaintRecording& recording) = 0;
-    /// A metafile of `size` pixels that draws what the recording does. Faults as of `EncodePicture`.
-    virtual std::vector<System::Byte> EncodeMetafile(EPictureType type, const PaintRecording& recording,
-                                                     const Types::TSize& size) = 0;
     /// Shows the mouse cursor of this number over all windows; 0 gives each control its own back.
     virtual void SetCursor(int cursor) = 0;
 

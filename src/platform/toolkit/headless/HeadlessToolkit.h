@@ -113,13 +113,6 @@ public:
     TPixel SystemColor(int index) const override;
     /// Draws shapes and images as they are, and characters as blocks.
     std::unique_ptr<PaintDevice> NewPixelDevice(Pixels& pixels) override;
-    /// Always raise `Graphics::EInvalidGraphic`: codecs come with a toolkit that has windows.
-    Pixels DecodePicture(EPictureType type, std::span<const System::Byte> bytes) override;
-    std::vector<System::Byte> EncodePicture(EPictureType type, const Pixels& pixels, int quality) override;
-    void DecodeMetafile(EPictureType type, std::span<const System::Byte> bytes,
-                        PaintRecording& recording) override;
-    std::vector<System::Byte> EncodeMetafile(EPictureType type, const PaintRecording& recording,
-                                             const Types::TSize& size) override;
     void SetCursor(int cursor) override { mCursor = cursor; }
     void Post(std::function<void()> action) override;
     void Watch(int descriptor, std::function<void()> action) override;

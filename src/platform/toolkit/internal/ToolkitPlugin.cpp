@@ -41,9 +41,8 @@ std::string VersionFolder()
     return "TRS8_BTL-" + version.substr(0, version.rfind('.'));
 }
 
-} // namespace
-
-std::unique_ptr<Toolkit> LoadToolkit(std::string_view name, std::string& reason)
+/// What the plug-in exports; null, and `reason` tells why, if there is none that fits.
+const TToolkitPlugin* FindPlugin(std::string_view name, std::string& reason)
 {
     if (!IsPlainName(name)) {
         reason = "that is no name of one";
@@ -74,7 +73,21 @@ std::unique_ptr<Toolkit> LoadToolkit(std::string_view name, std::string& reason)
         reason = place.string() + " belongs to version " + plugin->version;
         return nullptr;
     }
-    return std::unique_ptr<Toolkit>(plugin->make());
+    return plugin;
+}
+
+} // namespace
+
+std::unique_ptr<Toolkit> LoadToolkit(std::string_view name, std::string& reason)
+{
+    const TToolkitPlugin* const plugin = FindPlugin(name, reason);
+    return std::unique_ptr<Toolkit>(plugin == nullptr ? nullptr : plugin->make());
+}
+
+std::unique_ptr<PictureCodecs> LoadCodecs(std::string_view name, std::string& reason)
+{
+    const TToolkitPlugin* const plugin = FindPlugin(name, reason);
+    return std::unique_ptr<PictureCodecs>(plugin == nullptr ? nullptr : plugin->makeCodecs());
 }
 
 } // namespace Toolkits

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/toolkit/PictureCodecs.h"
 #include "platform/toolkit/Toolkit.h"
 
 #include <memory>
@@ -16,10 +17,15 @@ struct TToolkitPlugin
     /// `System::LibraryVersion()` of the headers that the plug-in was compiled with.
     const char* version;
     Toolkit* (*make)();
+    /// The part for pictures, which needs no display and no toolkit.
+    PictureCodecs* (*makeCodecs)() = nullptr;
 };
 
 /// The toolkit of the plug-in `libTRS8_BTL_NAME.so`, which is never unloaded; null, and `reason` tells why,
 /// if there is none that fits.
 [[nodiscard]] std::unique_ptr<Toolkit> LoadToolkit(std::string_view name, std::string& reason);
+
+/// As `LoadToolkit`, but its part for pictures.
+[[nodiscard]] std::unique_ptr<PictureCodecs> LoadCodecs(std::string_view name, std::string& reason);
 
 } // namespace Toolkits

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/qt/QtPictures.h"
 
+#include "platform/toolkit/internal/PictureNames.h"
 #include "platform/toolkit/qt/QtConvert.h"
 #include "platform/toolkit/qt/QtPaintDevice.h"
 
@@ -19,33 +20,34 @@ namespace Toolkits
 namespace
 {
 
-struct TFormat
-{
-    const char* qtName;
-    const System::WideChar* name;
-};
+/// What Qt calls the types, by their numbers; null for none of Qt's.
+constexpr std::array QtNames = {"bmp",
+                                "ico",
+                                "png",
+                                "jpg",
+                                "tiff",
+                                "gif",
+                                static_cast<const char*>(nullptr),
+                                static_cast<const char*>(nullptr)};
 
-/// By the numbers of the types; a null name is none of Qt's.
-constexpr std::array Formats = {TFormat{"bmp", u"bitmap"}, TFormat{"ico", u"icon"},  TFormat{"png", u"PNG"},
-                                TFormat{"jpg", u"JPEG"},   TFormat{"tiff", u"TIFF"}, TFormat{"gif", u"GIF"},
-                                TFormat{nullptr, u"EMF"},  TFormat{nullptr, u"WMF"}};
-
-const TFormat& FormatOf(EPictureType type)
+const char* QtNameOf(EPictureType type)
 {
-    return Formats[static_cast<std::size_t>(type)];
+    return QtNames[static_cast<std::size_t>(type)];
 }
 
 [[noreturn]] void ThrowDamaged(EPictureType type, const QString& reason)
 {
-    throw Graphics::EInvalidGraphic(System::UnicodeString(u"The ") + FormatOf(type).name +
-                                    u" picture can't be read or written: " + FromQString(reason));
+    throw Graphics::EInvalidGraphic(u"The " + NameOf(type) + u" picture can't be read or written: " +
+                                    FromQString(reason));
 }
 
-/// Whether Qt has a part for the format among those it has for reading, or writing.
-bool HasFormat(const QList<QByteArray>& formats, EPictureType type)
+/// Raises that there is none if Qt has no part for the format among those it has for reading, or writing.
+void NeedFormat(const QList<QByteArray>& formats, EPictureType type)
 {
-    const char* const name = FormatOf(type).qtName;
-    return name != nullptr && formats.contains(QByteArray(name));
+    const char* const name = QtNameOf(type);
+    if (name == nullptr || !formats.contains(QByteArray(name))) {
+        ThrowNoCodec(type, u"this Qt has no part for them");
+    }
 }
 
 } // namespace
@@ -60,18 +62,10 @@ Pixels PixelsOf(const QImage& image)
     return pixels;
 }
 
-[[noreturn]] void ThrowNoCodec(EPictureType type)
-{
-    throw Graphics::EInvalidGraphic(System::UnicodeString(u"There is no codec for pictures of the type ") +
-                                    FormatOf(type).name);
-}
-
-Pixels DecodeByQt(EPictureType type, std::span<const System::Byte> bytes)
+Pixels CQtCodecs::Decode(EPictureType type, std::span<const System::Byte> bytes)
 {
     static const QList<QByteArray>& formats = *new QList<QByteArray>(QImageReader::supportedImageFormats());
-    if (!HasFormat(formats, type)) {
-        ThrowNoCodec(type);
-    }
+    NeedFormat(formats, type);
     if (bytes.size() > static_cast<std::size_t>(INT_MAX)) {
         ThrowDamaged(type, QStringLiteral("too large"));
     }
@@ -79,7 +73,7 @@ Pixels DecodeByQt(EPictureType type, std::span<const System::Byte> bytes)
                                               static_cast<qsizetype>(bytes.size()));
     QBuffer buffer(&file);
     buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer, FormatOf(type).qtName);
+    QImageReader reader(&buffer, QtNameOf(type));
     reader.setAutoDetectImageFormat(false);
     const QSize size = reader.size();
     if (!size.isValid() || size.isEmpty() || !Pixels::IsSize(size.width(), size.height())) {
@@ -93,17 +87,15 @@ Pixels DecodeByQt(EPictureType type, std::span<const System::Byte> bytes)
     return PixelsOf(image);
 }
 
-std::vector<System::Byte> EncodeByQt(EPictureType type, const Pixels& pixels, int quality)
+std::vector<System::Byte> CQtCodecs::Encode(EPictureType type, const Pixels& pixels, int quality)
 {
     static const QList<QByteArray>& formats = *new QList<QByteArray>(QImageWriter::supportedImageFormats());
-    if (!HasFormat(formats, type)) {
-        ThrowNoCodec(type);
-    }
+    NeedFormat(formats, type);
     const QImage image = ViewOf(pixels);
     QByteArray file;
     QBuffer buffer(&file);
     buffer.open(QIODevice::WriteOnly);
-    QImageWriter writer(&buffer, FormatOf(type).qtName);
+    QImageWriter writer(&buffer, QtNameOf(type));
     if (type == EPictureType::Jpeg) {
         writer.setQuality(std::clamp(quality, 1, 100));
     }

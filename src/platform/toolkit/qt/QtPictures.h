@@ -1,28 +1,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/base/System_Types.h"
-#include "platform/toolkit/PictureType.h"
-#include "platform/toolkit/Pixels.h"
-
-#include <span>
-#include <vector>
+#include "platform/toolkit/PictureCodecs.h"
 
 class QImage;
 
 namespace Toolkits
 {
 
-/// As `Toolkit::DecodePicture`. What is too large is refused by its head, before memory is taken.
-Pixels DecodeByQt(EPictureType type, std::span<const System::Byte> bytes);
-
-/// As `Toolkit::EncodePicture`.
-std::vector<System::Byte> EncodeByQt(EPictureType type, const Pixels& pixels, int quality);
+/// Pictures by the parts for them that this Qt has. An application object isn't needed.
+class CQtCodecs final : public PictureCodecs
+{
+public:
+    Pixels Decode(EPictureType type, std::span<const System::Byte> bytes) override;
+    std::vector<System::Byte> Encode(EPictureType type, const Pixels& pixels, int quality) override;
+};
 
 /// The pixels of an image of Qt.
 Pixels PixelsOf(const QImage& image);
-
-/// Raises `Graphics::EInvalidGraphic`: there is no codec for the type.
-[[noreturn]] void ThrowNoCodec(EPictureType type);
 
 } // namespace Toolkits

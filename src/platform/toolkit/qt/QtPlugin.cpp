@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/internal/ToolkitPlugin.h"
+#include "platform/toolkit/qt/QtPictures.h"
 #include "platform/toolkit/qt/QtToolkit.h"
 
 // What the library looks for in the plug-in.
@@ -7,5 +8,6 @@
 extern "C" {
 [[gnu::visibility("default")]] extern const Toolkits::TToolkitPlugin trs8_btl_toolkit;
 const Toolkits::TToolkitPlugin trs8_btl_toolkit = {
-    TRS8_BTL_VERSION, []() -> Toolkits::Toolkit* { return new Toolkits::CQtToolkit; }};
+    TRS8_BTL_VERSION, []() -> Toolkits::Toolkit* { return new Toolkits::CQtToolkit; },
+    []() -> Toolkits::PictureCodecs* { return new Toolkits::CQtCodecs; }};
 }

@@ -194,29 +194,6 @@ std::unique_ptr<PaintDevice> CQtToolkit::NewPixelDevice(Pixels& pixels)
     return std::make_unique<CQtPaintDevice>(pixels);
 }
 
-Pixels CQtToolkit::DecodePicture(EPictureType type, std::span<const System::Byte> bytes)
-{
-    NeedApplication();
-    return DecodeByQt(type, bytes);
-}
-
-std::vector<System::Byte> CQtToolkit::EncodePicture(EPictureType type, const Pixels& pixels, int quality)
-{
-    NeedApplication();
-    return EncodeByQt(type, pixels, quality);
-}
-
-void CQtToolkit::DecodeMetafile(EPictureType type, std::span<const System::Byte>, PaintRecording&)
-{
-    ThrowNoCodec(type);
-}
-
-std::vector<System::Byte> CQtToolkit::EncodeMetafile(EPictureType type, const PaintRecording&,
-                                                     const Types::TSize&)
-{
-    ThrowNoCodec(type);
-}
-
 void CQtToolkit::SetCursor(int cursor)
 {
     NeedApplication();

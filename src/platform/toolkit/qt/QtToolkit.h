@@ -39,13 +39,6 @@ public:
     Types::TSize TextExtent(const TFontData& font, const System::UnicodeString& text) const override;
     TPixel SystemColor(int index) const override;
     std::unique_ptr<PaintDevice> NewPixelDevice(Pixels& pixels) override;
-    Pixels DecodePicture(EPictureType type, std::span<const System::Byte> bytes) override;
-    std::vector<System::Byte> EncodePicture(EPictureType type, const Pixels& pixels, int quality) override;
-    /// Always raise `Graphics::EInvalidGraphic`: Qt has no part for them.
-    void DecodeMetafile(EPictureType type, std::span<const System::Byte> bytes,
-                        PaintRecording& recording) override;
-    std::vector<System::Byte> EncodeMetafile(EPictureType type, const PaintRecording& recording,
-                                             const Types::TSize& size) override;
     void SetCursor(int cursor) override;
     void Post(std::function<void()> action) override;
     void Watch(int descriptor, std::function<void()> action) override;

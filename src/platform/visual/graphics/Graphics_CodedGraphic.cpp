@@ -2,7 +2,7 @@
 #include "platform/visual/graphics/Graphics_CodedGraphic.h"
 
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
-#include "platform/toolkit/Toolkit.h"
+#include "platform/toolkit/PictureCodecs.h"
 #include "platform/visual/graphics/Graphics_Canvas.h"
 #include "platform/visual/graphics/internal/Graphics_BitmapFile.h"
 #include "platform/visual/graphics/internal/Graphics_PictureHeader.h"
@@ -103,9 +103,8 @@ const Pixels& TCodedGraphic::Content() const
             throw EInvalidGraphicOperation(u"The picture is empty");
         }
         const EPictureType type = PictureType();
-        Pixels pixels = type == EPictureType::Bitmap
-                            ? ReadBitmapFile(mFile->bytes)
-                            : Toolkits::CurrentToolkit().DecodePicture(type, mFile->bytes);
+        Pixels pixels = type == EPictureType::Bitmap ? ReadBitmapFile(mFile->bytes)
+                                                     : Toolkits::DecodePicture(type, mFile->bytes);
         mPixels = Toolkits::TSharedPixels(new Pixels(std::move(pixels)));
     }
     return *mPixels;
@@ -163,7 +162,7 @@ void TCodedGraphic::SaveToStream(Classes::TStream* stream)
         const EPictureType type = PictureType();
         WriteBytes(stream, type == EPictureType::Bitmap
                                ? WriteBitmapFile(Content(), pf32bit)
-                               : Toolkits::CurrentToolkit().EncodePicture(type, Content(), Quality()));
+                               : Toolkits::EncodePicture(type, Content(), Quality()));
     }
     setModified(false);
 }

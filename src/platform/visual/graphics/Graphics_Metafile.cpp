@@ -3,10 +3,11 @@
 
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/toolkit/PaintRecording.h"
-#include "platform/toolkit/Toolkit.h"
 #include "platform/visual/graphics/internal/Graphics_Bytes.h"
 #include "platform/visual/graphics/internal/Graphics_MulDiv.h"
 #include "platform/visual/graphics/internal/Graphics_PictureHeader.h"
+#include "platform/visual/graphics/metafiles/internal/Graphics_MetafileReader.h"
+#include "platform/visual/graphics/metafiles/internal/Graphics_MetafileWriter.h"
 
 namespace Graphics
 {
@@ -30,7 +31,8 @@ struct TMetafileImage : System::TSharedBlock
     Toolkits::PaintRecording& Decoded()
     {
         if (file && !isDecoded) {
-            Toolkits::CurrentToolkit().DecodeMetafile(type, file->bytes, recording);
+            recording.Clear();
+            ReadMetafile(type, file->bytes, size, recording);
             isDecoded = true;
         }
         return recording;
@@ -157,20 +159,22 @@ void TMetafile::SaveToStream(Classes::TStream* stream)
         WriteBytes(stream, mImage->file->bytes);
     } else if (!getEmpty()) {
         // A drawing that is shown in another size is stored as it is shown.
-        Toolkits::PaintRecording shown;
-        const Types::TSize& own = mImage->size;
-        mImage->Decoded().Play(shown, {.Left = 0, .Top = 0, .Right = own.cx, .Bottom = own.cy},
-                               {.Left = 0, .Top = 0, .Right = mSize.cx, .Bottom = mSize.cy});
-        WriteBytes(stream, Toolkits::CurrentToolkit().EncodeMetafile(type, shown, mSize));
+        const auto writer = NewMetafileWriter(type, mSize);
+        Play(*writer, {.Left = 0, .Top = 0, .Right = mSize.cx, .Bottom = mSize.cy});
+        WriteBytes(stream, writer->TakeFile());
     }
     setModified(false);
 }
 
-void TMetafile::Draw(TCanvas* canvas, const Types::TRect& rect)
+void TMetafile::Play(Toolkits::PaintDevice& device, const Types::TRect& rect) const
 {
     const Types::TSize& size = mImage->size;
-    mImage->Decoded().Play(DeviceOf(*canvas), {.Left = 0, .Top = 0, .Right = size.cx, .Bottom = size.cy},
-                           rect);
+    mImage->Decoded().Play(device, {.Left = 0, .Top = 0, .Right = size.cx, .Bottom = size.cy}, rect);
+}
+
+void TMetafile::Draw(TCanvas* canvas, const Types::TRect& rect)
+{
+    Play(DeviceOf(*canvas), rect);
 }
 
 System::TMetaClass* TMetafileCanvas::ClassRecord()

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "platform/toolkit/PaintRecording.h"
 #include "platform/toolkit/headless/HeadlessToolkit.h"
 #include "support/DrawnPixels.h"
 
@@ -76,23 +75,6 @@ TEST(HeadlessPaintingTest, HasTheColoursOfADesktop)
                                        {-1, Support::Black}}) {
         SCOPED_TRACE(index);
         EXPECT_EQ(toolkit.SystemColor(index), color);
-    }
-}
-
-TEST(HeadlessPaintingTest, SaysThatItHasNoCodec)
-{
-    HeadlessToolkit toolkit;
-    Toolkits::PaintRecording recording;
-    EXPECT_THROW(toolkit.DecodePicture(Toolkits::EPictureType::Png, {}), Graphics::EInvalidGraphic);
-    EXPECT_THROW(toolkit.EncodePicture(Toolkits::EPictureType::Jpeg, Toolkits::Pixels(), 90),
-                 Graphics::EInvalidGraphic);
-    EXPECT_THROW(toolkit.DecodeMetafile(Toolkits::EPictureType::Metafile, {}, recording),
-                 Graphics::EInvalidGraphic);
-    try {
-        toolkit.EncodeMetafile(Toolkits::EPictureType::EnhancedMetafile, recording, {});
-        FAIL();
-    } catch (const Graphics::EInvalidGraphic& fault) {
-        EXPECT_NE(fault.getMessage().Pos(u"EMF"), 0);
     }
 }
 

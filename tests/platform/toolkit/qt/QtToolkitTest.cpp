@@ -4,7 +4,6 @@
 #include "platform/host/internal/Host_Wakeup.h"
 #include "platform/toolkit/MessageBox.h"
 #include "platform/toolkit/PaintDevice.h"
-#include "platform/toolkit/PaintRecording.h"
 #include "platform/toolkit/Watch.h"
 #include "platform/toolkit/qt/WindowLog.h"
 #include "support/DrawnPixels.h"
@@ -32,7 +31,6 @@ namespace
 using Support::TShownWindow;
 using System::UnicodeString;
 using Toolkits::CurrentToolkit;
-using Toolkits::EPictureType;
 using Toolkits::Pixels;
 
 void Press(QWidget* widget, int key)
@@ -233,36 +231,6 @@ TEST(QtToolkitTest, LetsTheUserWorkWithOneWindowAlone)
     while (CurrentToolkit().ProcessMessage()) {
     }
     EXPECT_EQ(order, "other posted one ");
-}
-
-TEST(QtToolkitTest, ReadsAndWritesPictures)
-{
-    Pixels pixels(5, 3, Support::Red);
-    pixels.At(4, 2) = Support::Blue;
-    pixels.At(0, 0) = 0x80123456U;
-    const auto file = CurrentToolkit().EncodePicture(EPictureType::Png, pixels, 0);
-    EXPECT_EQ(CurrentToolkit().DecodePicture(EPictureType::Png, file), pixels);
-    const auto photo = CurrentToolkit().EncodePicture(EPictureType::Jpeg, Pixels(16, 16, Support::White), 90);
-    EXPECT_EQ(CurrentToolkit().DecodePicture(EPictureType::Jpeg, photo), Pixels(16, 16, Support::White));
-}
-
-TEST(QtToolkitTest, RefusesPicturesThatAreDamagedOrTooLarge)
-{
-    auto file = CurrentToolkit().EncodePicture(EPictureType::Png, Pixels(50, 30, Support::Red), 0);
-    for (std::size_t length = 0; length < file.size() - 12; length += 7) {
-        EXPECT_THROW(CurrentToolkit().DecodePicture(EPictureType::Png, std::span(file).first(length)),
-                     Graphics::EInvalidGraphic);
-    }
-    EXPECT_THROW(CurrentToolkit().DecodePicture(EPictureType::Jpeg, file), Graphics::EInvalidGraphic);
-    // The width stands behind the signature and the head of the first chunk.
-    file[16] = 0x7F;
-    EXPECT_THROW(CurrentToolkit().DecodePicture(EPictureType::Png, file), Graphics::EInvalidGraphic);
-    EXPECT_THROW(CurrentToolkit().DecodePicture(EPictureType::Tiff, file), Graphics::EInvalidGraphic);
-    EXPECT_THROW(CurrentToolkit().EncodePicture(EPictureType::Gif, Pixels(1, 1), 0),
-                 Graphics::EInvalidGraphic);
-    Toolkits::PaintRecording recording;
-    EXPECT_THROW(CurrentToolkit().DecodeMetafile(EPictureType::Metafile, file, recording),
-                 Graphics::EInvalidGraphic);
 }
 
 TEST(QtToolkitTest, DrawsTextsAsLargeAsItMeasuresThem)

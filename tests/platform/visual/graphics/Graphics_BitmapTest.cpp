@@ -6,6 +6,7 @@
 #include "support/PictureFiles.h"
 #include "support/RecordedCanvas.h"
 #include "support/TempFolder.h"
+#include "support/WithoutCodecs.h"
 
 #include <gtest/gtest.h>
 
@@ -209,7 +210,8 @@ TEST(GraphicsBitmapTest, StaysAsItWasWhenAFileIsDamaged)
 
 TEST(GraphicsBitmapTest, KeepsAFileThatNeedsACodec)
 {
-    const auto bytes = BitmapFile(4, 2, 8, 1024, std::vector<System::Byte>(1024 + 8), 1);
+    const Support::WithoutCodecs none;
+    const auto bytes = BitmapFile(4, 2, 24, 0, std::vector<System::Byte>(8), 4);
     TBitmap bitmap;
     Load(bitmap, bytes);
     EXPECT_EQ(bitmap.getWidth(), 4);
@@ -219,6 +221,46 @@ TEST(GraphicsBitmapTest, KeepsAFileThatNeedsACodec)
     TBitmap copy;
     copy.Assign(&bitmap);
     EXPECT_EQ(Saved(copy), bytes);
+}
+
+/// A bitmap of six by three pixels whose rows are runs: white, black, red and blue by their numbers.
+std::vector<System::Byte> PackedFile(unsigned bitCount, std::initializer_list<unsigned> runs)
+{
+    Support::FileBytes rest;
+    rest.Put32({0xFFFFFF, 0, 0xFF0000, 0x0000FF});
+    rest.Put8(runs);
+    return BitmapFile(6, 3, bitCount, 16, rest.getBytes(), bitCount == 8 ? 1 : 2, 4);
+}
+
+TEST(GraphicsBitmapTest, ReadsRuns)
+{
+    struct TCase
+    {
+        const char* name;
+        unsigned bitCount;
+        std::initializer_list<unsigned> runs;
+        const char* drawn;
+    };
+    const TCase cases[] = {
+        {"runs", 8, {6, 1, 0, 0, 2, 2, 4, 3, 0, 0, 6, 1, 0, 1}, "######\nrrbbbb\n######\n"},
+        {"pixels as they are", 8, {0, 3, 1, 2, 3, 0, 3, 1, 0, 1}, "......\n......\n#rb###\n"},
+        {"places left out", 8, {0, 2, 2, 1, 3, 2, 0, 1}, "......\n..rrr.\n......\n"},
+        {"halves", 4, {5, 0x12, 0, 0, 0, 5, 0x12, 0x31, 0x20, 0, 0, 1}, "......\n#rb#r.\n#r#r#.\n"},
+        {"more than a row has", 8, {200, 1, 0, 1}, "......\n......\n######\n"},
+        {"rows enough without an end", 8, {6, 1, 0, 0, 6, 1, 0, 0, 6, 2, 0, 0}, "rrrrrr\n######\n######\n"},
+        {"number beyond the colours", 8, {6, 99, 0, 1}, "......\n......\n######\n"},
+    };
+    for (const TCase& row : cases) {
+        SCOPED_TRACE(row.name);
+        TBitmap bitmap;
+        Load(bitmap, PackedFile(row.bitCount, row.runs));
+        EXPECT_EQ(Drawn(bitmap), row.drawn);
+    }
+    for (const auto runs : {std::initializer_list<unsigned>{6, 1, 0, 0}, {6, 1, 0}, {0, 2, 1}, {}}) {
+        TBitmap bitmap;
+        Load(bitmap, PackedFile(8, runs));
+        EXPECT_THROW(bitmap.getCanvas()->FillRect({0, 0, 1, 1}), EInvalidGraphic);
+    }
 }
 
 TEST(GraphicsBitmapTest, TakesItsOwnPartOfAStream)

@@ -9,6 +9,7 @@
 #include "support/DrawnPixels.h"
 #include "support/PictureFiles.h"
 #include "support/TempFolder.h"
+#include "support/WithoutCodecs.h"
 
 #include <gtest/gtest.h>
 
@@ -56,6 +57,7 @@ TBytes GifFile()
 
 TEST(GraphicsCodedGraphicTest, TellsSizesAndKeepsFilesWithoutACodec)
 {
+    const Support::WithoutCodecs none;
     struct TCase
     {
         std::unique_ptr<TCodedGraphic> graphic;
@@ -110,6 +112,7 @@ TEST(GraphicsCodedGraphicTest, StaysAsItWasWhenAFileIsDamagedOrOfAnotherType)
 
 TEST(GraphicsCodedGraphicTest, TakesPixelsAndGivesThemBack)
 {
+    const Support::WithoutCodecs none;
     TBitmap bitmap(2, 1);
     bitmap.getCanvas()->setPixels(0, 0, clRed);
     TPngImage png;
@@ -131,6 +134,7 @@ TEST(GraphicsCodedGraphicTest, TakesPixelsAndGivesThemBack)
 
 TEST(GraphicsCodedGraphicTest, LeavesAFileAloneThatItCantWrite)
 {
+    const Support::WithoutCodecs none;
     const Support::TempFolder folder;
     const auto path = folder.Path() / "kept.jpg";
     std::ofstream(path) << "kept";
@@ -145,6 +149,7 @@ TEST(GraphicsCodedGraphicTest, LeavesAFileAloneThatItCantWrite)
 
 TEST(GraphicsCodedGraphicTest, KnowsTheFormat)
 {
+    const Support::WithoutCodecs none;
     TWICImage picture;
     EXPECT_EQ(picture.getImageFormat(), wifBmp);
     for (const auto& [bytes, format] : {std::pair(PngFile(5, 3), wifPng),
@@ -171,6 +176,7 @@ TEST(GraphicsCodedGraphicTest, KnowsTheFormat)
 
 TEST(GraphicsCodedGraphicTest, HasAQualityOfJpeg)
 {
+    const Support::WithoutCodecs none;
     TJPEGImage picture;
     EXPECT_EQ(picture.getCompressionQuality(), 90);
     picture.setCompressionQuality(0);

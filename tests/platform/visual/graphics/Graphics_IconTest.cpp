@@ -6,6 +6,7 @@
 #include "platform/visual/graphics/Graphics_IconHandle.h"
 #include "support/DrawnPixels.h"
 #include "support/IconFiles.h"
+#include "support/WithoutCodecs.h"
 
 #include <gtest/gtest.h>
 
@@ -96,6 +97,7 @@ TEST(GraphicsIconTest, StaysAsItWasWhenAFileIsDamaged)
 
 TEST(GraphicsIconTest, KeepsAnImageThatNeedsACodec)
 {
+    const Support::WithoutCodecs none;
     const auto bytes = IconFile({Support::PngFile(2, 2)});
     TIcon icon;
     Load(icon, bytes);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/visual/graphics/internal/Graphics_BitmapFile.h"
 
-#include "platform/toolkit/Toolkit.h"
+#include "platform/toolkit/PictureCodecs.h"
 #include "platform/visual/graphics/internal/Graphics_Dib.h"
 
 #include <algorithm>
@@ -104,10 +104,10 @@ TBitmapFile OpenBitmapFile(std::vector<System::Byte> bytes)
 Toolkits::Pixels ReadBitmapFile(std::span<const System::Byte> bytes)
 {
     const CDib dib = OpenDib(bytes);
-    if (dib.IsPlain()) {
+    if (dib.IsReadable()) {
         return dib.Read();
     }
-    return Toolkits::CurrentToolkit().DecodePicture(Toolkits::EPictureType::Bitmap, bytes);
+    return Toolkits::DecodePicture(Toolkits::EPictureType::Bitmap, bytes);
 }
 
 std::vector<System::Byte> WriteBitmapFile(const Toolkits::Pixels& pixels, TPixelFormat format)

@@ -20,6 +20,8 @@ constexpr std::size_t CommonHeader = 40;
 /// The header that has the four masks in it.
 constexpr std::size_t MaskedHeader = 56;
 constexpr unsigned Uncompressed = 0;
+constexpr unsigned RunsOfBytes = 1;
+constexpr unsigned RunsOfHalves = 2;
 constexpr unsigned BitFields = 3;
 constexpr unsigned AlphaBitFields = 6;
 
@@ -70,8 +72,11 @@ std::size_t CDib::ReadHeader(std::size_t offset)
     mBitCount = static_cast<int>(mBytes.At16(offset + (isOld ? 10 : 14)));
     const unsigned compression = isOld ? Uncompressed : mBytes.At32(offset + 16);
     const bool hasFields = compression == BitFields || compression == AlphaBitFields;
-    mIsPlain = compression == Uncompressed || (hasFields && (mBitCount == 16 || mBitCount == 32));
-    if (mIsPlain && !IsBitCount(mBitCount)) {
+    const bool isPlain = compression == Uncompressed || (hasFields && (mBitCount == 16 || mBitCount == 32));
+    const bool hasRuns =
+        (compression == RunsOfBytes && mBitCount == 8) || (compression == RunsOfHalves && mBitCount == 4);
+    mPacking = isPlain ? EPacking::None : hasRuns ? EPacking::Runs : EPacking::Foreign;
+    if (isPlain && !IsBitCount(mBitCount)) {
         ThrowDamaged();
     }
     mMasks = mBitCount == 16 ? std::array<unsigned, 4>{0x7C00, 0x3E0, 0x1F, 0}
@@ -136,6 +141,9 @@ std::size_t CDib::End() const
 
 Toolkits::Pixels CDib::Read() const
 {
+    if (mPacking == EPacking::Runs) {
+        return ReadRuns();
+    }
     const std::size_t end = End();
     Toolkits::Pixels pixels(mWidth, mHeight);
     for (int y = 0; y < mHeight; ++y) {

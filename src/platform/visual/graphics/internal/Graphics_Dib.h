@@ -21,8 +21,12 @@ public:
     int getWidth() const noexcept { return mWidth; }
     int getHeight() const noexcept { return mHeight; }
     int getBitCount() const noexcept { return mBitCount; }
-    /// Whether rows are stored as they are; otherwise only a codec can tell what they hold.
-    bool IsPlain() const noexcept { return mIsPlain; }
+    /// Whether rows are stored as they are.
+    bool IsPlain() const noexcept { return mPacking == EPacking::None; }
+    /// Whether `Read` can tell the pixels; otherwise only a codec can.
+    bool IsReadable() const noexcept { return mPacking != EPacking::Foreign; }
+    /// Whether the first row in memory is the topmost.
+    bool IsTopDown() const noexcept { return mIsTopDown; }
     /// Whether pixels have their own transparency.
     bool HasAlpha() const noexcept { return mMasks[3] != 0; }
     /// Whether green has six of sixteen bits.
@@ -32,14 +36,25 @@ public:
 
     /// The place behind the rows. `EInvalidGraphic` if the bytes end before; only of a plain one.
     std::size_t End() const;
-    /// The pixels, without any look at alpha that the header doesn't tell of. Faults as of `End`.
+    /// The pixels of a readable one, without any look at alpha that the header doesn't tell of.
+    /// `EInvalidGraphic` if the bytes end before those, or can't be as many.
     Toolkits::Pixels Read() const;
 
 private:
+    /// How rows are stored: as they are, as runs of equal bytes, or in the manner of another type of
+    /// pictures.
+    enum class EPacking
+    {
+        None,
+        Runs,
+        Foreign
+    };
+
     std::size_t ReadHeader(std::size_t offset);
     void ReadMasks(std::size_t offset);
     void ReadPalette(std::size_t offset, std::size_t count, std::size_t entrySize);
     std::size_t RowSize() const;
+    Toolkits::Pixels ReadRuns() const;
     void ReadRow(std::size_t offset, std::span<Toolkits::TPixel> row) const;
     Toolkits::TPixel PixelAt(std::size_t offset, int x) const;
     Toolkits::TPixel Masked(unsigned value) const;
@@ -49,7 +64,7 @@ private:
     int mHeight = 0;
     int mBitCount = 0;
     bool mIsTopDown = false;
-    bool mIsPlain = true;
+    EPacking mPacking = EPacking::None;
     /// Bits of red, green, blue and alpha in a pixel of 16 or 32 bits.
     std::array<unsigned, 4> mMasks{};
     std::vector<Toolkits::TPixel> mPalette;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/visual/graphics/internal/Graphics_IconFile.h"
 
-#include "platform/toolkit/Toolkit.h"
+#include "platform/toolkit/PictureCodecs.h"
 #include "platform/visual/graphics/internal/Graphics_Dib.h"
 
 #include <algorithm>
@@ -88,7 +88,7 @@ void ApplyMask(std::span<const System::Byte> part, std::size_t offset, Pixels& p
 Pixels DecodeImage(std::span<const System::Byte> part)
 {
     if (IsPng(part)) {
-        return Toolkits::CurrentToolkit().DecodePicture(Toolkits::EPictureType::Png, part);
+        return Toolkits::DecodePicture(Toolkits::EPictureType::Png, part);
     }
     CDib dib(part, 0);
     dib.HalveHeight();
