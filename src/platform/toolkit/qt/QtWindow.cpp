@@ -5,7 +5,7 @@
 #include "platform/toolkit/qt/QtConvert.h"
 #include "platform/toolkit/qt/QtFonts.h"
 #include "platform/toolkit/qt/QtKeys.h"
-#include "platform/toolkit/qt/QtPaintDevice.h"
+#include "platform/toolkit/qt/QtPainterDevice.h"
 
 #include <QCoreApplication>
 #include <QDropEvent>
@@ -13,7 +13,6 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPaintEvent>
-#include <QPainter>
 #include <QUrl>
 #include <QWheelEvent>
 
@@ -406,11 +405,9 @@ bool CQtWindow::Paint(const QPaintEvent& event)
         mDesktop->PaintLater(this);
         return true;
     }
-    Pixels pixels(part.width(), part.height(), mGround);
-    CQtPaintDevice device(pixels);
-    device.MoveOrigin(-part.x(), -part.y());
+    CQtPainterDevice device(*mWidget, FromQRect(part), mGround);
     if (Tell([&](WindowEvents& events) { events.PaintAsked(device, FromQRect(part)); })) {
-        QPainter(mWidget).drawImage(part.topLeft(), ViewOf(pixels).convertToFormat(QImage::Format_RGB32));
+        device.Show(*mWidget);
     }
     return true;
 }
