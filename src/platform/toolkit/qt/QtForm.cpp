@@ -203,6 +203,9 @@ bool CQtForm::HandleEvent(QEvent& event)
     case QEvent::WindowDeactivate:
         Desktop().ActivationTold(this, event.type() == QEvent::WindowActivate);
         return false;
+    case QEvent::PaletteChange:
+        Desktop().LookAtColors();
+        return false;
     case QEvent::WindowStateChange:
         TellState();
         return false;

@@ -59,6 +59,12 @@ QRect HeldRect(const Types::TRect& bounds)
             extent(bounds.Top, bounds.Bottom)};
 }
 
+bool IsSame(const TWindowLook& a, const TWindowLook& b)
+{
+    return a.font == b.font && a.textColor == b.textColor && a.ground == b.ground &&
+           a.isMirrored == b.isMirrored;
+}
+
 } // namespace
 
 CQtWindow::CQtWindow(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings, QWidget* widget)
@@ -155,8 +161,12 @@ void CQtWindow::SetEnabled(bool isEnabled)
 
 void CQtWindow::SetLook(const TWindowLook& look)
 {
-    mGround = look.ground;
-    QPalette palette = mWidget->palette();
+    if (mHasLook && IsSame(look, mLook)) {
+        return;
+    }
+    mLook = look;
+    mHasLook = true;
+    QPalette palette;
     const QColor text = QColor::fromRgba(look.textColor);
     const QColor ground = QColor::fromRgba(look.ground);
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
@@ -168,6 +178,10 @@ void CQtWindow::SetLook(const TWindowLook& look)
     }
     mWidget->setPalette(palette);
     mWidget->setFont(ToQFont(look.font));
+    const Qt::LayoutDirection direction = look.isMirrored ? Qt::RightToLeft : Qt::LeftToRight;
+    if (mWidget->layoutDirection() != direction) {
+        mWidget->setLayoutDirection(direction);
+    }
     Surface().update();
 }
 
@@ -405,7 +419,7 @@ bool CQtWindow::Paint(const QPaintEvent& event)
         mDesktop->PaintLater(this);
         return true;
     }
-    CQtPainterDevice device(*mWidget, FromQRect(part), mGround);
+    CQtPainterDevice device(*mWidget, FromQRect(part), mLook.ground);
     if (Tell([&](WindowEvents& events) { events.PaintAsked(device, FromQRect(part)); })) {
         device.Show(*mWidget);
     }

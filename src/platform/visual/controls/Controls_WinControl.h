@@ -223,6 +223,7 @@ private:
     void CloseAsked() override;
     void ActivationChanged(bool isActive) override;
     void StateChanged(Toolkits::EWindowState state) override;
+    void ColorsChanged() override;
 
     /// Sends a message about a control that comes or goes.
     void TellOfControl(unsigned message, const TControl* control, bool isComing);

@@ -59,6 +59,7 @@ public:
         }
         return paint != nullptr;
     }
+    void ColorsChanged() override { Add("colors"); }
     void BoundsChanged(const Types::TRect&) override { Add("bounds"); }
     void FilesDropped(const std::vector<System::UnicodeString>&, Types::TPoint) override { Add("files"); }
     void CloseAsked() override { Add("close"); }
