@@ -17,9 +17,11 @@
 #include <QApplication>
 #include <QPixmap>
 #include <QScreen>
+#include <QWindow>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
@@ -196,6 +198,50 @@ TEST(QtFormTest, IsUsedOnAScreen)
     const Support::ScopedVariable platform("QT_QPA_PLATFORM", "xcb");
     EXPECT_EQ(Support::RunChildTest("QtScreenTest.DISABLED_FormIsUsedByKeysAndMouse"), "used");
     EXPECT_EQ(Support::RunChildTest("QtScreenTest.DISABLED_ModalFormAndBoxAreAnswered"), "answered");
+}
+
+/// The widget of the only form that is shown.
+QWidget& FormWidget()
+{
+    const auto all = QApplication::topLevelWidgets();
+    return **std::ranges::find_if(all, [](const QWidget* widget) { return widget->isVisible(); });
+}
+
+TEST(QtFormTest, HearsWhatTheScreenMakesOfItsBounds)
+{
+    TForm form;
+    form.setPosition(Forms::poDesigned);
+    form.SetBounds(100, 80, 320, 200);
+    form.Show();
+    Forms::Application->ProcessMessages();
+    QWidget& widget = FormWidget();
+    const QRect before = widget.geometry();
+    widget.windowHandle()->setGeometry(before.adjusted(10, 20, 40, 60));
+    Forms::Application->ProcessMessages();
+    EXPECT_EQ(form.getBoundsRect(), (Types::TRect{110, 100, 460, 340}));
+}
+
+TEST(QtFormTest, DoesntFightAScreenThatInsists)
+{
+    TForm form;
+    form.setPosition(Forms::poDesigned);
+    form.SetBounds(100, 80, 320, 200);
+    form.getConstraints()->setMaxWidth(400);
+    form.Show();
+    Forms::Application->ProcessMessages();
+    QWidget& widget = FormWidget();
+    // As a desktop that lays its windows out in tiles, each time that it is asked for another size.
+    int asked = 0;
+    for (; asked < 20; ++asked) {
+        const QRect former = widget.geometry();
+        widget.windowHandle()->setGeometry(QRect(former.topLeft(), QSize(800, 300)));
+        Forms::Application->ProcessMessages();
+        if (widget.width() == 800) {
+            break;
+        }
+    }
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(form.getWidth(), 400);
 }
 
 } // namespace
