@@ -95,6 +95,11 @@ const LinkToThreads linkToThreads;
 
 Toolkit::~Toolkit() = default;
 
+Types::TRect Toolkit::FirstScreenRect() const
+{
+    return DesktopRect();
+}
+
 InputPlayer::~InputPlayer() = default;
 
 bool Toolkit::SetClipboardPixels(const Pixels&)

@@ -75,6 +75,8 @@ public:
 
     /// All screens together, in pixels.
     virtual Types::TRect DesktopRect() const = 0;
+    /// The first screen, in pixels; all of the desktop where there is one.
+    virtual Types::TRect FirstScreenRect() const;
 
     /// A window for one control; hidden at first.
     virtual std::unique_ptr<Window> MakeWindow(const TWindowSettings& settings) = 0;

@@ -15,6 +15,8 @@ Window::~Window() = default;
 
 void WindowEvents::StateChanged(EWindowState) {}
 
+void WindowEvents::ColorsChanged() {}
+
 void Window::SetState(EWindowState) {}
 
 // Only windows that paint by themselves look at it.

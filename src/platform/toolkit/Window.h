@@ -69,6 +69,8 @@ public:
     /// The user, or the desktop, made the window of a form that large; `BoundsChanged` tells where it is
     /// then.
     virtual void StateChanged(EWindowState state);
+    /// The desktop has other colours: `Toolkit::SystemColor` gives them already.
+    virtual void ColorsChanged();
 };
 
 /// What stands for a control on the screen.
@@ -121,6 +123,8 @@ struct TWindowLook
     TPixel textColor = OpaquePixel(0, 0, 0);
     /// What is below all that is painted.
     TPixel ground = OpaquePixel(255, 255, 255);
+    /// Whether left and right are swapped, as for a language that is read from right to left.
+    bool isMirrored = false;
 };
 
 /// A window of the screen, made for one control: the control tells it what it looks like.

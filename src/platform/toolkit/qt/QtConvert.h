@@ -23,6 +23,13 @@ inline QString ToQString(const System::UnicodeString& text)
     return QString(reinterpret_cast<const QChar*>(units.data()), static_cast<qsizetype>(units.size()));
 }
 
+/// The units as a text that shares them, and so must not outlive them.
+inline QString ViewOf(std::u16string_view units)
+{
+    return QString::fromRawData(reinterpret_cast<const QChar*>(units.data()),
+                                static_cast<qsizetype>(units.size()));
+}
+
 inline System::UnicodeString FromQString(const QString& text)
 {
     return System::UnicodeString(std::u16string_view(reinterpret_cast<const char16_t*>(text.constData()),

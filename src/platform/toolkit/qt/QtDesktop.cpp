@@ -3,6 +3,9 @@
 
 #include "platform/toolkit/qt/QtWindow.h"
 
+#include <QGuiApplication>
+#include <QPalette>
+
 #include <algorithm>
 #include <utility>
 
@@ -28,6 +31,9 @@ void CQtDesktop::Raise(std::exception_ptr fault)
 void CQtDesktop::Add(CQtWindow* window)
 {
     mWindows.insert(window);
+    if (mPalette == 0) {
+        mPalette = QGuiApplication::palette().cacheKey();
+    }
     if (window->IsForm()) {
         mForms.insert(mForms.begin(), window);
     }
@@ -173,6 +179,21 @@ void CQtDesktop::FocusTold(CQtWindow* window, bool isFocused)
         MoveFocus(window);
     } else if (window == mFocused) {
         MoveFocus(nullptr);
+    }
+}
+
+void CQtDesktop::LookAtColors()
+{
+    const qint64 palette = QGuiApplication::palette().cacheKey();
+    if (std::exchange(mPalette, palette) == palette) {
+        return;
+    }
+    // Who hears of it may make and destroy windows.
+    const std::vector<CQtWindow*> windows(mWindows.begin(), mWindows.end());
+    for (CQtWindow* const window : windows) {
+        if (Exists(window)) {
+            window->Tell([](WindowEvents& events) { events.ColorsChanged(); });
+        }
     }
 }
 

@@ -30,7 +30,7 @@ public:
 
     void Add(CQtWindow* window);
     void Forget(CQtWindow* window);
-    bool Exists(const CQtWindow* window) const { return mWindows.contains(window); }
+    bool Exists(CQtWindow* window) const { return mWindows.contains(window); }
     /// The form in which the user works; null for none.
     CQtWindow* Active() const noexcept { return mActive; }
 
@@ -54,6 +54,8 @@ public:
 
     void ActivationTold(CQtWindow* form, bool isActive);
     void FocusTold(CQtWindow* window, bool isFocused);
+    /// The colours of the desktop may be others now.
+    void LookAtColors();
     /// The user pressed a key or button in the form.
     void UserActed(CQtWindow* form);
 
@@ -85,7 +87,7 @@ private:
     void MoveFocus(CQtWindow* window);
 
     std::function<void(std::exception_ptr)> mRaise;
-    std::unordered_set<const CQtWindow*> mWindows;
+    std::unordered_set<CQtWindow*> mWindows;
     /// From the back to the front.
     std::vector<CQtWindow*> mForms;
     std::vector<TGrave> mGraves;
@@ -97,6 +99,8 @@ private:
     /// The form that the screen was asked to activate and hasn't yet.
     CQtWindow* mAwaited = nullptr;
     int mTellLevel = 0;
+    /// Which of its palettes the desktop had last.
+    qint64 mPalette = 0;
 };
 
 } // namespace Toolkits

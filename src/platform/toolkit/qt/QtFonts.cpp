@@ -69,12 +69,19 @@ QFont MakeFont(const TFontData& data)
 struct TReadyFont
 {
     TFontData data;
-    QFont font;
+    TQtFont font;
 };
+
+TQtFont MeasuredFont(const TFontData& data)
+{
+    const QFont font = MakeFont(data);
+    const QFontMetrics metrics(font);
+    return {.font = font, .ascent = metrics.ascent(), .height = metrics.ascent() + metrics.descent()};
+}
 
 } // namespace
 
-const QFont& ToQFont(const TFontData& data)
+const TQtFont& ReadyFont(const TFontData& data)
 {
     // Programs have few fonts; the one of last time stands in front. Never destroyed, as all that is Qt's.
     constexpr std::size_t mostFonts = 16;
@@ -84,7 +91,7 @@ const QFont& ToQFont(const TFontData& data)
         if (ready.size() == mostFonts) {
             ready.pop_back();
         }
-        ready.insert(ready.begin(), {data, MakeFont(data)});
+        ready.insert(ready.begin(), {data, MeasuredFont(data)});
     } else {
         std::rotate(ready.begin(), found, std::next(found));
     }
@@ -107,12 +114,15 @@ TTextMetrics MetricsOf(const TFontData& data)
 
 Types::TSize ExtentOf(const TFontData& data, const System::UnicodeString& text)
 {
-    const QFontMetrics metrics(ToQFont(data));
-    const int measured = std::min(text.Length(), MostLineUnits);
-    const long long width = metrics.horizontalAdvance(ToQString(text).left(measured)) +
-                            static_cast<long long>(text.Length() - measured) * metrics.averageCharWidth();
+    const TQtFont& ready = ReadyFont(data);
+    const QFontMetrics metrics(ready.font);
+    const std::u16string_view units = text.AsView().substr(0, MostLineUnits);
+    long long width = metrics.horizontalAdvance(ViewOf(units));
+    if (static_cast<std::size_t>(text.Length()) > units.size()) {
+        width += (text.Length() - static_cast<long long>(units.size())) * metrics.averageCharWidth();
+    }
     return {.cx = static_cast<int>(std::min<long long>(width, std::numeric_limits<int>::max())),
-            .cy = metrics.ascent() + metrics.descent()};
+            .cy = ready.height};
 }
 
 } // namespace Toolkits

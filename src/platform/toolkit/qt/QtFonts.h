@@ -10,9 +10,24 @@
 namespace Toolkits
 {
 
+/// A font with what each use of it asks for, in pixels.
+struct TQtFont
+{
+    QFont font;
+    int ascent = 0;
+    /// That of a line: ascent and descent.
+    int height = 0;
+};
+
 /// The font that is taken for the data; fontconfig chooses one for a name that the host doesn't have. Those
-/// of a design are kept ready. Of the main thread.
-const QFont& ToQFont(const TFontData& data);
+/// of a design are kept ready; the reference is good up to the next call. Of the main thread.
+const TQtFont& ReadyFont(const TFontData& data);
+
+/// As `ReadyFont`, the font alone.
+inline const QFont& ToQFont(const TFontData& data)
+{
+    return ReadyFont(data).font;
+}
 
 TTextMetrics MetricsOf(const TFontData& data);
 /// As `Toolkit::TextExtent`; what is beyond any screen is measured by the average width.

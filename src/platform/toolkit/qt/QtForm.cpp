@@ -76,6 +76,12 @@ int HeldPlace(int place)
     return std::clamp(place, -(1 << 14), 1 << 14);
 }
 
+/// Whether the session lets a program place its windows. One that doesn't tells no place that means anything.
+bool CanPlace()
+{
+    return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
+
 } // namespace
 
 CQtForm::CQtForm(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings)
@@ -139,15 +145,28 @@ void CQtForm::SetVisible(bool isVisible)
     CQtWindow::SetVisible(isVisible);
 }
 
-void CQtForm::TellBounds()
+Types::TRect CQtForm::SeenBounds() const
 {
     const QRect now = Widget().geometry();
-    const Types::TRect bounds{now.x() - mMargins.left, now.y() - mMargins.top,
-                              now.x() + now.width() + mMargins.right,
-                              now.y() + now.height() + mMargins.bottom};
-    if (bounds != Bounds()) {
-        KeepBounds(bounds);
-        Tell([&](WindowEvents& events) { events.BoundsChanged(bounds); });
+    const bool isPlaced = CanPlace();
+    const int left = isPlaced ? now.x() - mMargins.left : Bounds().Left;
+    const int top = isPlaced ? now.y() - mMargins.top : Bounds().Top;
+    return {.Left = left,
+            .Top = top,
+            .Right = left + mMargins.left + now.width() + mMargins.right,
+            .Bottom = top + mMargins.top + now.height() + mMargins.bottom};
+}
+
+void CQtForm::TellBounds()
+{
+    const Types::TRect bounds = SeenBounds();
+    // Who asks again and again for what the screen doesn't grant would never end.
+    if (bounds == Bounds() || bounds == mInsisted) {
+        return;
+    }
+    KeepBounds(bounds);
+    if (Tell([&](WindowEvents& events) { events.BoundsChanged(bounds); })) {
+        mInsisted = Bounds() == bounds ? std::nullopt : std::optional(bounds);
     }
 }
 
@@ -202,6 +221,9 @@ bool CQtForm::HandleEvent(QEvent& event)
     case QEvent::WindowActivate:
     case QEvent::WindowDeactivate:
         Desktop().ActivationTold(this, event.type() == QEvent::WindowActivate);
+        return false;
+    case QEvent::PaletteChange:
+        Desktop().LookAtColors();
         return false;
     case QEvent::WindowStateChange:
         TellState();

@@ -3,6 +3,8 @@
 
 #include "platform/toolkit/qt/QtWindow.h"
 
+#include <optional>
+
 namespace Toolkits
 {
 
@@ -28,6 +30,9 @@ protected:
 
 private:
     void Place();
+    /// The bounds by what the screen shows. Where it doesn't let windows be placed, they are at the place
+    /// that they were given.
+    Types::TRect SeenBounds() const;
     void TellBounds();
     /// Tells of a state that nobody here set.
     void TellState();
@@ -35,6 +40,8 @@ private:
     TFrameMargins mMargins;
     EFrame mFrame;
     EWindowState mState = EWindowState::Normal;
+    /// What the screen made of the bounds, although the control asked for others.
+    std::optional<Types::TRect> mInsisted;
     bool mIsEnabled;
 };
 

@@ -2,10 +2,7 @@
 #include "platform/toolkit/qt/QtPaintDevice.h"
 
 #include "platform/toolkit/qt/QtConvert.h"
-#include "platform/toolkit/qt/QtFonts.h"
-
-#include <QFontMetrics>
-#include <QPainter>
+#include "platform/toolkit/qt/QtTexts.h"
 
 namespace Toolkits
 {
@@ -18,26 +15,8 @@ void CQtPaintDevice::Text(const Types::TPoint& at, const System::UnicodeString& 
     const Types::TRect clip = options.clip == nullptr
                                   ? State().Clip()
                                   : Intersection(State().Clip(), State().ToDevice(*options.clip));
-    if (clip.Width() <= 0 || clip.Height() <= 0 || text.IsEmpty()) {
-        return;
-    }
     QImage image = ViewOf(GetPixels());
-    QPainter painter(&image);
-    painter.setClipRect(ToQRect(clip));
-    const Types::TPoint corner = State().ToDevice(at);
-    painter.translate(corner.X, corner.Y);
-    painter.rotate(-font.orientation / 10.0);
-    const QFont& shown = ToQFont(font);
-    painter.setFont(shown);
-    painter.setLayoutDirection(options.isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
-    const QString line = ToQString(text).left(MostLineUnits);
-    const QFontMetrics metrics(shown);
-    if (options.isOpaque) {
-        painter.fillRect(0, 0, metrics.horizontalAdvance(line), metrics.ascent() + metrics.descent(),
-                         QColor::fromRgba(options.background));
-    }
-    painter.setPen(QColor::fromRgba(options.color));
-    painter.drawText(0, metrics.ascent(), line);
+    CQtTexts(image, 1.0).Draw(State().ToDevice(at), text, font, options, clip);
 }
 
 namespace

@@ -125,6 +125,12 @@ Types::TRect CQtToolkit::DesktopRect() const
     return FromQRect(QGuiApplication::primaryScreen()->virtualGeometry());
 }
 
+Types::TRect CQtToolkit::FirstScreenRect() const
+{
+    NeedApplication();
+    return FromQRect(QGuiApplication::primaryScreen()->geometry());
+}
+
 std::unique_ptr<Window> CQtToolkit::MakeWindow(const TWindowSettings& settings)
 {
     NeedApplication();

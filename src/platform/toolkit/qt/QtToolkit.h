@@ -28,6 +28,7 @@ public:
     bool SetClipboardPixels(const Pixels& pixels) override;
     Pixels GetClipboardPixels() override;
     Types::TRect DesktopRect() const override;
+    Types::TRect FirstScreenRect() const override;
     std::unique_ptr<Window> MakeWindow(const TWindowSettings& settings) override;
     int ShowMenu(const std::vector<TMenuEntry>& entries, Types::TPoint place) override;
     void EnterModal(ModalWindow&) override {}

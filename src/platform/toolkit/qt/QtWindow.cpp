@@ -6,7 +6,7 @@
 #include "platform/toolkit/qt/QtConvert.h"
 #include "platform/toolkit/qt/QtFonts.h"
 #include "platform/toolkit/qt/QtKeys.h"
-#include "platform/toolkit/qt/QtPaintDevice.h"
+#include "platform/toolkit/qt/QtPainterDevice.h"
 
 #include <QCoreApplication>
 #include <QDropEvent>
@@ -14,7 +14,6 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPaintEvent>
-#include <QPainter>
 #include <QUrl>
 #include <QWheelEvent>
 
@@ -59,6 +58,12 @@ QRect HeldRect(const Types::TRect& bounds)
     };
     return {place(bounds.Left), place(bounds.Top), extent(bounds.Left, bounds.Right),
             extent(bounds.Top, bounds.Bottom)};
+}
+
+bool IsSame(const TWindowLook& a, const TWindowLook& b)
+{
+    return a.font == b.font && a.textColor == b.textColor && a.ground == b.ground &&
+           a.isMirrored == b.isMirrored;
 }
 
 } // namespace
@@ -164,8 +169,12 @@ void CQtWindow::SetEnabled(bool isEnabled)
 
 void CQtWindow::SetLook(const TWindowLook& look)
 {
-    mGround = look.ground;
-    QPalette palette = mWidget->palette();
+    if (mHasLook && IsSame(look, mLook)) {
+        return;
+    }
+    mLook = look;
+    mHasLook = true;
+    QPalette palette;
     const QColor text = QColor::fromRgba(look.textColor);
     const QColor ground = QColor::fromRgba(look.ground);
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
@@ -177,6 +186,10 @@ void CQtWindow::SetLook(const TWindowLook& look)
     }
     mWidget->setPalette(palette);
     mWidget->setFont(ToQFont(look.font));
+    const Qt::LayoutDirection direction = look.isMirrored ? Qt::RightToLeft : Qt::LeftToRight;
+    if (mWidget->layoutDirection() != direction) {
+        mWidget->setLayoutDirection(direction);
+    }
     Surface().update();
 }
 
@@ -414,11 +427,9 @@ bool CQtWindow::Paint(const QPaintEvent& event)
         mDesktop->PaintLater(this);
         return true;
     }
-    Pixels pixels(part.width(), part.height(), mGround);
-    CQtPaintDevice device(pixels);
-    device.MoveOrigin(-part.x(), -part.y());
+    CQtPainterDevice device(*mWidget, FromQRect(part), mLook.ground);
     if (Tell([&](WindowEvents& events) { events.PaintAsked(device, FromQRect(part)); })) {
-        QPainter(mWidget).drawImage(part.topLeft(), ViewOf(pixels).convertToFormat(QImage::Format_RGB32));
+        device.Show(*mWidget);
     }
     return true;
 }

@@ -121,7 +121,8 @@ private:
     QWidget* mWidget;
     std::unique_ptr<CFilter> mFilter;
     Types::TRect mBounds;
-    TPixel mGround = OpaquePixel(240, 240, 240);
+    TWindowLook mLook{.ground = OpaquePixel(240, 240, 240)};
+    bool mHasLook = false;
     bool mIsForm;
     bool mIsPassing = false;
 };

@@ -401,7 +401,8 @@ void TWinControl::ShowLook()
     const Graphics::TFont& font = GetShownFont();
     mWindow->SetLook({.font = font.getData(),
                       .textColor = Graphics::ColorToPixel(font.getColor()),
-                      .ground = Graphics::ColorToPixel(getColor())});
+                      .ground = Graphics::ColorToPixel(getColor()),
+                      .isMirrored = UseRightToLeftAlignment()});
 }
 
 void TWinControl::DestroyWnd()

@@ -235,6 +235,7 @@ private:
     void StateChanged(Toolkits::EWindowState state) override;
     System::UnicodeString GetWindowName() const override;
     std::vector<Toolkits::TWindowPart> GetWindowParts() const override;
+    void ColorsChanged() override;
 
     /// Sends a message about a control that comes or goes.
     void TellOfControl(unsigned message, const TControl* control, bool isComing);

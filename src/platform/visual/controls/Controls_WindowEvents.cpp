@@ -344,6 +344,12 @@ void TWinControl::StateChanged(Toolkits::EWindowState state)
     Guarded(this, [&] { StateChangedOnScreen(state); });
 }
 
+void TWinControl::ColorsChanged()
+{
+    // Its colour is by name what it was, but looks otherwise.
+    Guarded(this, [&] { Perform(CM_COLORCHANGED); });
+}
+
 void TWinControl::TextEditedInWindow(const UnicodeString& text)
 {
     SetText(text);
@@ -587,6 +593,7 @@ void TWinControl::TellChildren(unsigned message)
     case CM_SHOWHINTCHANGED:
         return tell([](TWinControl& control) { control.NotifyControls(CM_PARENTSHOWHINTCHANGED); });
     case CM_BIDIMODECHANGED:
+        ShowLook();
         return tell([](TWinControl& control) { control.NotifyControls(CM_PARENTBIDIMODECHANGED); });
     case CM_CTL3DCHANGED:
         return tell([](TWinControl& control) { control.NotifyControls(CM_PARENTCTL3DCHANGED); });

@@ -207,6 +207,7 @@ void TCustomForm::PlaceForShow()
     }
     switch (mPosition) {
     case poScreenCenter:
+        return Center(Toolkits::CurrentToolkit().FirstScreenRect());
     case poDesktopCenter:
         return Center(Screen->getDesktopRect());
     case poMainFormCenter:

@@ -57,6 +57,16 @@ Classes::TComponent* TScreen::FindRoot(const System::UnicodeString& name) const
     return form != nullptr ? form : FindNamed(mDataModules, name);
 }
 
+int TScreen::getWidth() const
+{
+    return Toolkits::CurrentToolkit().FirstScreenRect().Width();
+}
+
+int TScreen::getHeight() const
+{
+    return Toolkits::CurrentToolkit().FirstScreenRect().Height();
+}
+
 Types::TRect TScreen::getDesktopRect() const
 {
     return Toolkits::CurrentToolkit().DesktopRect();

@@ -43,8 +43,8 @@ public:
     int getDesktopWidth() const { return getDesktopRect().Width(); }
     int getDesktopHeight() const { return getDesktopRect().Height(); }
     /// The size of the first screen.
-    int getWidth() const { return getDesktopWidth(); }
-    int getHeight() const { return getDesktopHeight(); }
+    int getWidth() const;
+    int getHeight() const;
 
     /// The cursor over all windows of the program, `crDefault` at first: each control then has its own.
     Controls::TCursor getCursor() const noexcept { return mCursor; }

@@ -5,6 +5,7 @@
 #include "platform/toolkit/MessageBox.h"
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/Forms.h"
+#include "platform/visual/graphics/Graphics_Canvas.h"
 #include "platform/visual/stdctrls/Extctrls_Timer.h"
 #include "platform/visual/stdctrls/Stdctrls_Label.h"
 #include "platform/visual/stdctrls/buttons/Stdctrls_Button.h"
@@ -17,12 +18,15 @@
 #include <QApplication>
 #include <QPixmap>
 #include <QScreen>
+#include <QWindow>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 // A form on a real screen: keys and mouse come from the X server, as those of a user do.
@@ -196,6 +200,98 @@ TEST(QtFormTest, IsUsedOnAScreen)
     const Support::ScopedVariable platform("QT_QPA_PLATFORM", "xcb");
     EXPECT_EQ(Support::RunChildTest("QtScreenTest.DISABLED_FormIsUsedByKeysAndMouse"), "used");
     EXPECT_EQ(Support::RunChildTest("QtScreenTest.DISABLED_ModalFormAndBoxAreAnswered"), "answered");
+}
+
+/// The widget of the only form that is shown.
+QWidget& FormWidget()
+{
+    const auto all = QApplication::topLevelWidgets();
+    return **std::ranges::find_if(all, [](const QWidget* widget) { return widget->isVisible(); });
+}
+
+TEST(QtFormTest, HearsWhatTheScreenMakesOfItsBounds)
+{
+    TForm form;
+    form.setPosition(Forms::poDesigned);
+    form.SetBounds(100, 80, 320, 200);
+    form.Show();
+    Forms::Application->ProcessMessages();
+    QWidget& widget = FormWidget();
+    const QRect before = widget.geometry();
+    widget.windowHandle()->setGeometry(before.adjusted(10, 20, 40, 60));
+    Forms::Application->ProcessMessages();
+    EXPECT_EQ(form.getBoundsRect(), (Types::TRect{110, 100, 460, 340}));
+}
+
+TEST(QtFormTest, DoesntFightAScreenThatInsists)
+{
+    TForm form;
+    form.setPosition(Forms::poDesigned);
+    form.SetBounds(100, 80, 320, 200);
+    form.getConstraints()->setMaxWidth(400);
+    form.Show();
+    Forms::Application->ProcessMessages();
+    QWidget& widget = FormWidget();
+    // As a desktop that lays its windows out in tiles, each time that it is asked for another size.
+    int asked = 0;
+    for (; asked < 20; ++asked) {
+        const QRect former = widget.geometry();
+        widget.windowHandle()->setGeometry(QRect(former.topLeft(), QSize(800, 300)));
+        Forms::Application->ProcessMessages();
+        if (widget.width() == 800) {
+            break;
+        }
+    }
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(form.getWidth(), 400);
+}
+
+TEST(QtScreensTest, DISABLED_FormGoesToAScreenOfAnotherScale)
+{
+    EXPECT_EQ(Forms::Screen->getDesktopRect(), (Types::TRect{0, 0, 2624, 1200}));
+    EXPECT_EQ(Forms::Screen->getWidth(), 1024);
+    EXPECT_EQ(Forms::Screen->getHeight(), 768);
+    TForm form;
+    form.SetBounds(0, 0, 300, 200);
+    form.setPosition(Forms::poScreenCenter);
+    int painted = 0;
+    form.OnPaint = [&](TObject*) {
+        form.getCanvas()->MoveTo(10, 10);
+        form.getCanvas()->LineTo(30, 10);
+        ++painted;
+    };
+    form.Show();
+    Forms::Application->ProcessMessages();
+    EXPECT_EQ(form.getLeft(), (1024 - 300) / 2);
+    const auto lineHeight = [] {
+        const QImage image = FormWidget().grab().toImage();
+        const int x = qRound(20 * image.devicePixelRatio());
+        int height = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            height += image.pixel(x, y) == qRgb(0, 0, 0);
+        }
+        return height;
+    };
+    EXPECT_EQ(lineHeight(), 1);
+    const int before = painted;
+    form.SetBounds(1100, 100, 300, 200);
+    Forms::Application->ProcessMessages();
+    EXPECT_GT(painted, before);
+    EXPECT_EQ(lineHeight(), 2);
+    Support::PrintResult("moved");
+}
+
+TEST(QtFormTest, IsSharpOnEachScreen)
+{
+    const Support::TempFolder folder;
+    const auto file = folder.Path() / "screens.json";
+    std::ofstream(file) << R"({"screens": [
+        {"name": "one", "x": 0, "y": 0, "width": 1024, "height": 768, "dpr": 1,
+         "logicalDpi": 96, "logicalBaseDpi": 96},
+        {"name": "two", "x": 1024, "y": 0, "width": 1600, "height": 1200, "dpr": 2,
+         "logicalDpi": 96, "logicalBaseDpi": 96}]})";
+    const Support::ScopedVariable platform("QT_QPA_PLATFORM", "offscreen:configfile=" + file.string());
+    EXPECT_EQ(Support::RunChildTest("QtScreensTest.DISABLED_FormGoesToAScreenOfAnotherScale"), "moved");
 }
 
 } // namespace

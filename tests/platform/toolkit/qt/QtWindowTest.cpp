@@ -2,6 +2,8 @@
 #include "platform/toolkit/qt/QtWindow.h"
 
 #include "platform/toolkit/qt/WindowLog.h"
+#include "platform/visual/Forms.h"
+#include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
 
 #include <QApplication>
 #include <QInputMethodEvent>
@@ -10,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -63,6 +66,58 @@ TEST(QtWindowTest, AnnouncesTextThatNoKeyMakes)
     event.setCommitString(QStringLiteral("ß"));
     QCoreApplication::sendEvent(FindWidget("Form.Window"), &event);
     EXPECT_EQ(shown.log.Take(), "key229 text=ß selection1+0 ");
+}
+
+TEST(QtWindowTest, TakesWhatAnInputMethodOrADeadKeyMakes)
+{
+    TShownWindow shown(EWindowKind::Canvas);
+    QWidget* const widget = FindWidget("Form.Window");
+    QInputMethodQueryEvent query(Qt::ImEnabled | Qt::ImCursorRectangle);
+    QCoreApplication::sendEvent(widget, &query);
+    EXPECT_TRUE(query.value(Qt::ImEnabled).toBool());
+    EXPECT_TRUE(widget->rect().intersects(query.value(Qt::ImCursorRectangle).toRect()));
+    // What isn't made yet isn't told.
+    QInputMethodEvent begun(QStringLiteral("´"), {});
+    QCoreApplication::sendEvent(widget, &begun);
+    EXPECT_EQ(shown.log.Take(), "");
+    QInputMethodEvent done;
+    done.setCommitString(QStringLiteral("éß"));
+    QCoreApplication::sendEvent(widget, &done);
+    EXPECT_EQ(shown.log.Take(), "charé charß ");
+}
+
+/// The column of the first dark pixel within the frame of a widget.
+int FirstInk(QWidget& widget)
+{
+    const QImage image = widget.grab().toImage();
+    int first = image.width();
+    for (int x = 4; x < image.width() - 4; ++x) {
+        for (int y = 4; y < image.height() - 4; ++y) {
+            first = qGray(image.pixel(x, y)) < 96 ? std::min(first, x) : first;
+        }
+    }
+    return first;
+}
+
+TEST(QtWindowTest, SwapsLeftAndRight)
+{
+    Forms::TForm form;
+    form.setName(u"Swapped");
+    Stdctrls::TEdit edit(&form);
+    edit.setName(u"Field");
+    edit.setText(u"12");
+    edit.setParent(&form);
+    edit.SetBounds(10, 10, 200, 24);
+    form.Show();
+    Forms::Application->ProcessMessages();
+    QWidget& widget = *FindWidget("Swapped.Field");
+    EXPECT_EQ(widget.layoutDirection(), Qt::LeftToRight);
+    EXPECT_LT(FirstInk(widget), 50);
+    form.setBiDiMode(Classes::bdRightToLeft);
+    EXPECT_EQ(widget.layoutDirection(), Qt::RightToLeft);
+    EXPECT_GT(FirstInk(widget), 150);
+    form.setBiDiMode(Classes::bdLeftToRight);
+    EXPECT_LT(FirstInk(widget), 50);
 }
 
 TEST(QtWindowTest, SetsTextAndSelectionWithoutAnEcho)

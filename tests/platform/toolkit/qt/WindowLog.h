@@ -20,6 +20,8 @@ public:
     std::function<void(const std::string&)> heard;
     /// The characters that are refused.
     std::u16string refused;
+    /// What the window shows; nothing of its own for null.
+    std::function<void(Toolkits::PaintDevice&)> paint;
 
     std::string Take() { return std::exchange(text, {}); }
 
@@ -50,7 +52,14 @@ public:
     void Chosen(int index) override { Add("chosen" + std::to_string(index)); }
     void ItemChecked(int index) override { Add("check" + std::to_string(index)); }
     void DropChanged(bool isOpen) override { Add(isOpen ? "open" : "closed"); }
-    bool PaintAsked(Toolkits::PaintDevice&, const Types::TRect&) override { return false; }
+    bool PaintAsked(Toolkits::PaintDevice& device, const Types::TRect&) override
+    {
+        if (paint) {
+            paint(device);
+        }
+        return paint != nullptr;
+    }
+    void ColorsChanged() override { Add("colors"); }
     void BoundsChanged(const Types::TRect&) override { Add("bounds"); }
     void FilesDropped(const std::vector<System::UnicodeString>&, Types::TPoint) override { Add("files"); }
     void CloseAsked() override { Add("close"); }

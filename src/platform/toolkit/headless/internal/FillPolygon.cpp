@@ -52,10 +52,13 @@ void FillPolygon(CSpanFiller& area, std::span<const Types::TPoint> points)
         return;
     }
     const std::vector<TSide> sides = SidesOf(points);
+    if (sides.empty()) {
+        return;
+    }
     auto next = sides.begin();
     std::vector<TSide> crossed;
     std::vector<double> places;
-    for (int y = area.Clip().Top; y < area.Clip().Bottom; ++y) {
+    for (int y = std::max(area.Clip().Top, sides.front().top.Y); y < area.Clip().Bottom; ++y) {
         for (; next != sides.end() && next->top.Y <= y; ++next) {
             crossed.push_back(*next);
         }

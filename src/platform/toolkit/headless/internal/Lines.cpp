@@ -16,27 +16,6 @@ namespace
 using Types::TPoint;
 using Types::TRect;
 
-/// Lengths in pixels of strokes and gaps in turn.
-std::span<const int> StrokesOf(const TPenData& pen)
-{
-    static constexpr int dash[] = {18, 6};
-    static constexpr int dot[] = {3, 3};
-    static constexpr int dashDot[] = {9, 6, 3, 6};
-    static constexpr int dashDotDot[] = {9, 3, 3, 3, 3, 3};
-    switch (pen.style) {
-    case Graphics::psDash:
-        return dash;
-    case Graphics::psDot:
-        return dot;
-    case Graphics::psDashDot:
-        return dashDot;
-    case Graphics::psDashDotDot:
-        return dashDotDot;
-    default:
-        return {};
-    }
-}
-
 bool IsStroke(std::span<const int> strokes, long long step)
 {
     long long period = 0;
@@ -154,6 +133,26 @@ void DrawWideLines(CSpanFiller& line, std::span<const TPoint> points, int width)
 }
 
 } // namespace
+
+std::span<const int> StrokesOf(const TPenData& pen)
+{
+    static constexpr int dash[] = {18, 6};
+    static constexpr int dot[] = {3, 3};
+    static constexpr int dashDot[] = {9, 6, 3, 6};
+    static constexpr int dashDotDot[] = {9, 3, 3, 3, 3, 3};
+    switch (pen.style) {
+    case Graphics::psDash:
+        return dash;
+    case Graphics::psDot:
+        return dot;
+    case Graphics::psDashDot:
+        return dashDot;
+    case Graphics::psDashDotDot:
+        return dashDotDot;
+    default:
+        return {};
+    }
+}
 
 void DrawPolyline(CSpanFiller& line, std::span<const TPoint> points, const TPenData& pen)
 {

@@ -14,9 +14,22 @@ using Types::TPoint;
 using Types::TRect;
 using Types::TSize;
 
-CPixelDevice::CPixelDevice(Pixels& pixels) : mPixels(pixels), mState(pixels.Bounds()) {}
+CPixelDevice::CPixelDevice(Pixels& pixels, const TBrushGrid& grid)
+    : mPixels(pixels), mGrid(grid), mState(pixels.Bounds())
+{
+}
 
 CPixelDevice::~CPixelDevice() = default;
+
+CSpanFiller CPixelDevice::Filler(const TBrushData& brush, Graphics::TPenMode mode) const
+{
+    return {mPixels, mState.Clip(), brush, mode, mGrid};
+}
+
+CSpanFiller CPixelDevice::Filler(const TPenData& pen) const
+{
+    return {mPixels, mState.Clip(), pen};
+}
 
 bool CPixelDevice::IsVisible(const TPoint& pixel) const
 {
@@ -65,7 +78,7 @@ bool CPixelDevice::ReadPixels(const TRect& rect, Pixels& pixels) const
 
 void CPixelDevice::Polyline(std::span<const TPoint> points, const TPenData& pen)
 {
-    CSpanFiller line(mPixels, mState.Clip(), pen);
+    CSpanFiller line = Filler(pen);
     DrawPolyline(line, ToDevice(points), pen);
 }
 
@@ -74,10 +87,10 @@ void CPixelDevice::DrawClosed(std::vector<TPoint> points, const TPenData& pen, c
     if (points.empty()) {
         return;
     }
-    CSpanFiller area(mPixels, mState.Clip(), brush, pen.mode);
+    CSpanFiller area = Filler(brush, pen.mode);
     FillPolygon(area, points);
     points.push_back(points.front());
-    CSpanFiller line(mPixels, mState.Clip(), pen);
+    CSpanFiller line = Filler(pen);
     DrawPolyline(line, points, pen);
 }
 
@@ -89,7 +102,7 @@ void CPixelDevice::Polygon(std::span<const TPoint> points, const TPenData& pen, 
 void CPixelDevice::FillRect(const TRect& rect, const TBrushData& brush)
 {
     const TRect area = Normalized(mState.ToDevice(rect));
-    CSpanFiller filler(mPixels, mState.Clip(), brush);
+    CSpanFiller filler = Filler(brush);
     const int bottom = std::min(area.Bottom, mState.Clip().Bottom);
     for (int y = std::max(area.Top, mState.Clip().Top); y < bottom; ++y) {
         filler.Span(y, area.Left, area.Right);
@@ -99,8 +112,8 @@ void CPixelDevice::FillRect(const TRect& rect, const TBrushData& brush)
 void CPixelDevice::DrawShape(const TRect& rect, const TSize& corner, const TPenData& pen,
                              const TBrushData& brush)
 {
-    CSpanFiller area(mPixels, mState.Clip(), brush, pen.mode);
-    CSpanFiller line(mPixels, mState.Clip(), pen);
+    CSpanFiller area = Filler(brush, pen.mode);
+    CSpanFiller line = Filler(pen);
     DrawRoundShape(line, area, {.rect = rect, .corner = corner}, pen);
 }
 
@@ -125,7 +138,7 @@ void CPixelDevice::Arc(EArc kind, const TRect& rect, const TPoint& from, const T
     const TRect shape = Normalized(mState.ToDevice(rect));
     std::vector<TPoint> points = ArcPoints(shape, mState.ToDevice(from), mState.ToDevice(to));
     if (kind == EArc::Open) {
-        CSpanFiller line(mPixels, mState.Clip(), pen);
+        CSpanFiller line = Filler(pen);
         DrawPolyline(line, points, pen);
         return;
     }
@@ -190,7 +203,7 @@ void CPixelDevice::FocusRect(const TRect& rect)
         return;
     }
     // Dots that are inverted are gone when they are inverted again.
-    CSpanFiller dots(mPixels, mState.Clip(), TPenData{.mode = Graphics::pmNot});
+    CSpanFiller dots = Filler(TPenData{.mode = Graphics::pmNot});
     const TRect& clip = mState.Clip();
     const auto dot = [&](int x, int y) {
         if (((x + y) & 1) != 0) {
@@ -215,7 +228,7 @@ void CPixelDevice::FloodFill(const TPoint& at, TPixel color, EFlood kind, const 
 {
     const TRect& clip = mState.Clip();
     const TPoint start = mState.ToDevice(at);
-    CSpanFiller filler(mPixels, clip, brush);
+    CSpanFiller filler = Filler(brush);
     std::vector<bool> seen(static_cast<std::size_t>(clip.Width()) * static_cast<std::size_t>(clip.Height()));
     std::vector<TPoint> waiting;
     // What is inside is told by the colours before the flood, so all of it is found first.

@@ -3,6 +3,7 @@
 
 #include "platform/toolkit/PaintDevice.h"
 #include "platform/toolkit/Pixels.h"
+#include "platform/toolkit/headless/internal/SpanFiller.h"
 #include "platform/toolkit/internal/DeviceState.h"
 
 namespace Toolkits
@@ -13,7 +14,7 @@ namespace Toolkits
 class TRS8_BTL_API CPixelDevice : public PaintDevice
 {
 public:
-    explicit CPixelDevice(Pixels& pixels);
+    explicit CPixelDevice(Pixels& pixels, const TBrushGrid& grid = {});
     ~CPixelDevice() override;
 
     void PushState() override { mState.Push(); }
@@ -45,6 +46,8 @@ protected:
     const CDeviceState& State() const noexcept { return mState; }
 
 private:
+    CSpanFiller Filler(const TBrushData& brush, Graphics::TPenMode mode = Graphics::pmCopy) const;
+    CSpanFiller Filler(const TPenData& pen) const;
     bool IsVisible(const Types::TPoint& pixel) const;
     std::vector<Types::TPoint> ToDevice(std::span<const Types::TPoint> points) const;
     /// Points that are the device's already.
@@ -54,6 +57,7 @@ private:
     void MixPixel(TPixel& there, TPixel image, const TImageOptions& options) const;
 
     Pixels& mPixels;
+    TBrushGrid mGrid;
     CDeviceState mState;
 };
 

@@ -32,8 +32,11 @@ void FillPolygon(CSpanFiller& area, std::span<const Types::TPoint> points);
 /// Lines from point to point, without the last point.
 void DrawPolyline(CSpanFiller& line, std::span<const Types::TPoint> points, const TPenData& pen);
 
+/// Lengths in pixels of the strokes and gaps of a pen in turn; none for one without gaps.
+TRS8_BTL_API std::span<const int> StrokesOf(const TPenData& pen);
+
 /// The points of an ellipse from the radius through `from` counterclockwise to that through `to`.
-std::vector<Types::TPoint> ArcPoints(const Types::TRect& rect, const Types::TPoint& from,
-                                     const Types::TPoint& to);
+TRS8_BTL_API std::vector<Types::TPoint> ArcPoints(const Types::TRect& rect, const Types::TPoint& from,
+                                                  const Types::TPoint& to);
 
 } // namespace Toolkits

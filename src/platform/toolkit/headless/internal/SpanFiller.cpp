@@ -11,17 +11,22 @@ namespace Toolkits
 namespace
 {
 
-/// The distance of the lines of a brush.
-constexpr int LineDistance = 8;
+/// Where a place is in the period that begins at 0.
+constexpr int PlaceIn(int place, int period)
+{
+    const int rest = place % period;
+    return rest < 0 ? rest + period : rest;
+}
 
 } // namespace
 
 CSpanFiller::CSpanFiller(Pixels& pixels, const Types::TRect& clip, const TBrushData& brush,
-                         Graphics::TPenMode mode)
+                         Graphics::TPenMode mode, const TBrushGrid& grid)
     : mPixels(pixels),
       mClip(clip),
       mBrush(brush),
       mMode(mode),
+      mGrid(grid),
       mIsClear(!brush.pattern && brush.style == Graphics::bsClear)
 {
     if (mBrush.pattern && mBrush.pattern->IsEmpty()) {
@@ -38,27 +43,30 @@ CSpanFiller::CSpanFiller(Pixels& pixels, const Types::TRect& clip, const TPenDat
 {
 }
 
-bool CSpanFiller::BrushAt(int x, int y, TPixel& color) const
+bool CSpanFiller::BrushAt(int pixelX, int pixelY, TPixel& color) const
 {
+    const int x = pixelX - mGrid.origin.X;
+    const int y = pixelY - mGrid.origin.Y;
     if (mBrush.pattern) {
-        color =
-            AlphaBits | mBrush.pattern->At(x % mBrush.pattern->getWidth(), y % mBrush.pattern->getHeight());
+        color = AlphaBits | mBrush.pattern->At(PlaceIn(x, mBrush.pattern->getWidth()),
+                                               PlaceIn(y, mBrush.pattern->getHeight()));
         return true;
     }
     color = mBrush.color;
+    const auto isLine = [this](int place) { return PlaceIn(place, mGrid.lineDistance) < mGrid.lineWidth; };
     switch (mBrush.style) {
     case Graphics::bsHorizontal:
-        return y % LineDistance == 0;
+        return isLine(y);
     case Graphics::bsVertical:
-        return x % LineDistance == 0;
+        return isLine(x);
     case Graphics::bsFDiagonal:
-        return (x - y) % LineDistance == 0;
+        return isLine(x - y);
     case Graphics::bsBDiagonal:
-        return (x + y) % LineDistance == 0;
+        return isLine(x + y);
     case Graphics::bsCross:
-        return x % LineDistance == 0 || y % LineDistance == 0;
+        return isLine(x) || isLine(y);
     case Graphics::bsDiagCross:
-        return (x - y) % LineDistance == 0 || (x + y) % LineDistance == 0;
+        return isLine(x - y) || isLine(x + y);
     case Graphics::bsSolid:
     case Graphics::bsClear:
         break;

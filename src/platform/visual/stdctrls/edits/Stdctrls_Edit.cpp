@@ -324,6 +324,12 @@ void TCustomEdit::Dispatch(void* record)
         Invalidate();
         Change();
         return;
+    case CM_BIDIMODECHANGED:
+        TWinControl::Dispatch(record);
+        if (watch.IsAlive()) {
+            ShowTraitsInWindow();
+        }
+        return;
     case CM_FONTCHANGED:
     case CM_CTL3DCHANGED:
         TWinControl::Dispatch(record);
@@ -415,7 +421,8 @@ void TCustomEdit::setTextHint(const UnicodeString& hint)
 Toolkits::TEditTraits TCustomEdit::EditTraits() const
 {
     Toolkits::TEditTraits traits = mTraits;
-    traits.alignment = mAlignment;
+    const bool isSwapped = UseRightToLeftAlignment() && mAlignment != Classes::taCenter;
+    traits.alignment = isSwapped ? Classes::taRightJustify - mAlignment : mAlignment;
     traits.hasBorder = mBorderStyle != Forms::bsNone;
     return traits;
 }
