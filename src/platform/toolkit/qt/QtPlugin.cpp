@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/internal/ToolkitPlugin.h"
+#include "platform/toolkit/qt/QtDisplay.h"
 #include "platform/toolkit/qt/QtToolkit.h"
 
 // What the library looks for in the plug-in.
 
 extern "C" {
 [[gnu::visibility("default")]] extern const Toolkits::TToolkitPlugin trs8_btl_toolkit;
-const Toolkits::TToolkitPlugin trs8_btl_toolkit = {
-    TRS8_BTL_VERSION, []() -> Toolkits::Toolkit* { return new Toolkits::CQtToolkit; }};
+const Toolkits::TToolkitPlugin trs8_btl_toolkit = {TRS8_BTL_VERSION, []() -> Toolkits::Toolkit* {
+                                                       Toolkits::RequireDisplay();
+                                                       return new Toolkits::CQtToolkit;
+                                                   }};
 }
