@@ -3,6 +3,9 @@
 
 set(prefix "${workFolder}/prefix")
 
+# No window shows up on a display that is there.
+set(ENV{TRS8_BTL_TOOLKIT} headless)
+
 function(run_step)
     cmake_parse_arguments(PARSE_ARGV 0 step "" "DESCRIPTION;OUTPUT" "COMMAND")
     execute_process(COMMAND ${step_COMMAND}

@@ -3,13 +3,17 @@
 #
 #   discover_suites(TARGET LABEL [SUITES REGEX] [ENVIRONMENT VARIABLE=VALUE...])
 #
-# The program is asked for its suites when CTest starts, so that none is left out; REGEX picks some of them.
+# The program is asked for its suites when CTest starts, so that none is left out; REGEX picks some of them. Without an
+# environment they show nothing on a display that is there.
 
 if(NOT CMAKE_SCRIPT_MODE_FILE AND COMMAND add_library)
     set(DISCOVER_SUITES_SCRIPT ${CMAKE_CURRENT_LIST_FILE})
 
     function(discover_suites target label)
         cmake_parse_arguments(PARSE_ARGV 2 suites "" "SUITES" "ENVIRONMENT")
+        if(NOT suites_ENVIRONMENT)
+            set(suites_ENVIRONMENT TRS8_BTL_TOOLKIT=headless)
+        endif()
         set(include_file ${CMAKE_CURRENT_BINARY_DIR}/${label}_suites.cmake)
         file(GENERATE OUTPUT ${include_file} CONTENT
 "set(program [==[$<TARGET_FILE:${target}>]==])

@@ -5,15 +5,15 @@
 #include "platform/toolkit/InputPlayer.h"
 #include "platform/toolkit/Pixels.h"
 #include "platform/toolkit/headless/HeadlessToolkit.h"
-#include "platform/toolkit/internal/ToolkitPlugin.h"
+#include "platform/toolkit/internal/LateToolkit.h"
 #include "platform/toolkit/internal/Watches.h"
 
+#include <algorithm>
+#include <array>
 #include <atomic>
 #include <cstdlib>
-#include <iostream>
 #include <mutex>
 #include <string>
-#include <string_view>
 #include <utility>
 
 namespace Toolkits
@@ -35,18 +35,26 @@ TCurrent& Current()
     return current;
 }
 
+/// Whether the session that the program runs in has a screen.
+bool HasDisplay()
+{
+    return std::ranges::any_of(std::array{"DISPLAY", "WAYLAND_DISPLAY"}, [](const char* name) {
+        const char* const display = std::getenv(name);
+        return display != nullptr && *display != '\0';
+    });
+}
+
 std::unique_ptr<Toolkit> ChooseToolkit()
 {
-    const char* wish = std::getenv("TRS8_BTL_TOOLKIT");
-    if (wish != nullptr && *wish != '\0' && std::string_view(wish) != "headless") {
-        std::string reason;
-        if (auto toolkit = LoadToolkit(wish, reason)) {
-            return toolkit;
-        }
-        std::cerr << "TRS8_BTL: the toolkit '" << wish << "' is not available, running headless: " << reason
-                  << '\n';
+    const char* const variable = std::getenv("TRS8_BTL_TOOLKIT");
+    std::string wish = variable == nullptr ? "" : variable;
+    if (wish.empty()) {
+        wish = HasDisplay() ? "qt" : "headless";
     }
-    return std::make_unique<HeadlessToolkit>();
+    if (wish == "headless") {
+        return std::make_unique<HeadlessToolkit>();
+    }
+    return std::make_unique<CLateToolkit>(std::move(wish));
 }
 
 /// Whether the message is on its way by which the loop serves what threads hand over to the main thread. One

@@ -138,9 +138,14 @@ public:
     virtual InputPlayer* GetInputPlayer() { return nullptr; }
 };
 
-/// The toolkit in use. At the first call it is chosen by the variable `TRS8_BTL_TOOLKIT`: "qt" loads the
-/// plug-in "libTRS8_BTL_qt.so", which lies beside the library or in the folder "TRS8_BTL-0.2" there. One that
-/// is missing, or of another version, is told on the standard error stream, and the headless toolkit serves.
+/// The toolkit in use, which is chosen at the first call: the one that the variable `TRS8_BTL_TOOLKIT` names,
+/// and without it "qt" where `DISPLAY` or `WAYLAND_DISPLAY` tells of a screen, else "headless".
+///
+/// "qt" is the plug-in "libTRS8_BTL_qt.so", which lies beside the library or in the folder "TRS8_BTL-0.2"
+/// there. It is loaded by the first call that needs a screen: for a window, box, menu, the clipboard, or what
+/// is measured and painted by the screen's own fonts and colours. What was posted, timers and watches move
+/// over then; a reference to the toolkit stays valid. A plug-in that is missing, of another version, or that
+/// can't show windows here, is told on the standard error stream, and the headless toolkit serves.
 TRS8_BTL_API Toolkit& CurrentToolkit();
 
 /// Puts `toolkit` in place of the current one and gives that back; null means the choice is made anew at the

@@ -76,6 +76,12 @@ void Window::SetDropped(bool) {}
 
 ModalWindow::~ModalWindow() = default;
 
+TTimerId NewTimerId() noexcept
+{
+    static TTimerId last = 0;
+    return ++last;
+}
+
 TFrameMargins UsualFrameMargins(EFrame frame)
 {
     if (frame == EFrame::None) {

@@ -167,6 +167,9 @@ public:
     virtual void SetState(EWindowState state);
     /// What was painted last, for a toolkit that keeps it; null otherwise.
     virtual const PaintRecording* LastPainting() const { return nullptr; }
+    /// The toolkit's own object behind the window, which stays its own: a `QWidget` of the toolkit "qt"; null
+    /// where there is none.
+    virtual void* NativeObject() const noexcept { return nullptr; }
 
     // Of buttons, boxes and lists. What is told here isn't told back by the events; any other window does
     // nothing.
@@ -200,6 +203,9 @@ enum class EFrame
 /// The number of a running timer; never 0.
 using TTimerId = std::uintptr_t;
 
+/// A number that no timer of any toolkit has had, for a toolkit to give to one. Of the main thread.
+TRS8_BTL_API TTimerId NewTimerId() noexcept;
+
 /// What the frame of a window takes from its size on each side.
 struct TFrameMargins
 {
@@ -220,6 +226,9 @@ struct TWindowSettings
     EFrame frame = EFrame::None;
     /// Null for a window on the screen itself.
     Window* parent = nullptr;
+    /// The toolkit's own object that a form is shown in, in place of the screen: a `QWidget` of the toolkit
+    /// "qt". Null for none; a toolkit without such objects doesn't look at it. Outlives the window.
+    void* host = nullptr;
     /// Outlives the window.
     WindowEvents* events = nullptr;
     /// Outlives the window; null where nobody tells what is in it.

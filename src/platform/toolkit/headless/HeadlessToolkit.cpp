@@ -1,23 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/headless/HeadlessToolkit.h"
 
-#include "platform/host/internal/Host_Wakeup.h"
 #include "platform/toolkit/headless/internal/HeadlessDesktop.h"
-#include "platform/toolkit/headless/internal/TimerQueue.h"
 #include "platform/toolkit/internal/BoxButtons.h"
+#include "platform/toolkit/internal/MessageLoop.h"
 
-#include <algorithm>
 #include <array>
-#include <atomic>
-#include <cerrno>
-#include <climits>
 #include <functional>
 #include <iostream>
 #include <stdexcept>
 #include <utility>
-
-#include <poll.h>
-#include <unistd.h>
 
 namespace Toolkits
 {
@@ -52,59 +44,8 @@ void WriteCancelled(const TFileQuestion& question)
 
 } // namespace
 
-/// Wakes the main thread where it waits, and costs nothing where it doesn't.
-class HeadlessToolkit::CWaker
-{
-public:
-    /// The wait of the main thread. What is posted from its begin on ends it.
-    class CWait
-    {
-    public:
-        explicit CWait(CWaker& waker) : mWaker(waker)
-        {
-            mWaker.Own();
-            mWaker.mIsWaiting = true;
-        }
-        CWait(const CWait&) = delete;
-        CWait& operator=(const CWait&) = delete;
-        ~CWait()
-        {
-            mWaker.mIsWaiting = false;
-            static_cast<void>(mWaker.mWakeup.Take());
-        }
-
-    private:
-        CWaker& mWaker;
-    };
-
-    int Get() const noexcept { return mWakeup.Get(); }
-
-    void Wake() const
-    {
-        if (mIsWaiting) {
-            mWakeup.Wake();
-        }
-    }
-
-private:
-    /// A process that was forked off would take what wakes this one.
-    void Own()
-    {
-        if (mProcess != getpid()) {
-            mWakeup = Host::Wakeup();
-            mProcess = getpid();
-        }
-    }
-
-    pid_t mProcess = getpid();
-    Host::Wakeup mWakeup;
-    std::atomic<bool> mIsWaiting = false;
-};
-
 HeadlessToolkit::HeadlessToolkit()
-    : mWaker(std::make_unique<CWaker>()),
-      mTimers(std::make_unique<CTimerQueue>()),
-      mDesktop(std::make_shared<CHeadlessDesktop>())
+    : mLoop(std::make_unique<CMessageLoop>()), mDesktop(std::make_shared<CHeadlessDesktop>())
 {
 }
 
@@ -219,21 +160,17 @@ Types::TRect HeadlessToolkit::DesktopRect() const
 
 void HeadlessToolkit::Post(std::function<void()> action)
 {
-    {
-        const std::lock_guard lock(mMessagesMutex);
-        mMessages.push_back(std::move(action));
-    }
-    mWaker->Wake();
+    mLoop->Post(std::move(action));
 }
 
 void HeadlessToolkit::Watch(int descriptor, std::function<void()> action)
 {
-    mWatches.insert_or_assign(descriptor, std::move(action));
+    mLoop->Watch(descriptor, std::move(action));
 }
 
 void HeadlessToolkit::Unwatch(int descriptor)
 {
-    mWatches.erase(descriptor);
+    mLoop->Unwatch(descriptor);
 }
 
 void HeadlessToolkit::SetActivationToken(const System::UnicodeString& token)
@@ -243,10 +180,7 @@ void HeadlessToolkit::SetActivationToken(const System::UnicodeString& token)
 
 bool HeadlessToolkit::ProcessMessage()
 {
-    mIsWatchedNext = !mIsWatchedNext;
-    const bool isDone =
-        mIsWatchedNext ? ProcessPosted() || ProcessWatched() : ProcessWatched() || ProcessPosted();
-    return isDone || mDesktop->Inputs().RunOne(nullptr) || mTimers->RunDue(Now()) ||
+    return mLoop->RunPostedOrWatched() || mDesktop->Inputs().RunOne(nullptr) || mLoop->RunTimer() ||
            mDesktop->PaintOne(nullptr);
 }
 
@@ -261,66 +195,9 @@ void HeadlessToolkit::PostInput(Window& window, std::function<void()> input)
     mDesktop->Inputs().Post(dynamic_cast<CHeadlessWindow&>(window), std::move(input));
 }
 
-bool HeadlessToolkit::HasPosted()
-{
-    const std::lock_guard lock(mMessagesMutex);
-    return !mMessages.empty();
-}
-
-bool HeadlessToolkit::ProcessPosted()
-{
-    std::function<void()> action;
-    {
-        const std::lock_guard lock(mMessagesMutex);
-        if (mMessages.empty()) {
-            return false;
-        }
-        action = std::move(mMessages.front());
-        mMessages.pop_front();
-    }
-    action();
-    return true;
-}
-
-bool HeadlessToolkit::ProcessWatched()
-{
-    const auto isReady = [](const auto& watch) {
-        pollfd state{watch.first, POLLIN, 0};
-        return poll(&state, 1, 0) > 0;
-    };
-    // From the one behind the last on.
-    const auto next = mWatches.upper_bound(mLastWatched);
-    auto found = std::find_if(next, mWatches.end(), isReady);
-    if (found == mWatches.end()) {
-        found = std::find_if(mWatches.begin(), next, isReady);
-        if (found == next) {
-            return false;
-        }
-    }
-    mLastWatched = found->first;
-    // The action may end its own watch.
-    const std::function<void()> action = found->second;
-    action();
-    return true;
-}
-
 void HeadlessToolkit::WaitMessage()
 {
-    const CWaker::CWait wait(*mWaker);
-    std::vector<pollfd> sources = {{mWaker->Get(), POLLIN, 0}};
-    std::ranges::transform(mWatches, std::back_inserter(sources), [](const auto& watch) {
-        return pollfd{watch.first, POLLIN, 0};
-    });
-    const std::optional<System::Int64> due = mTimers->NextDue();
-    if (due && mVirtualNow) {
-        mVirtualNow = std::max(*mVirtualNow, *due);
-        return;
-    }
-    const auto timeout = [&] {
-        return due ? static_cast<int>(std::clamp<System::Int64>(*due - Now(), 0, INT_MAX)) : -1;
-    };
-    while (!HasPosted() && poll(sources.data(), sources.size(), timeout()) < 0 && errno == EINTR) {
-    }
+    mLoop->Wait();
 }
 
 } // namespace Toolkits

@@ -5,9 +5,7 @@
 
 #include <deque>
 #include <functional>
-#include <map>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <vector>
 
@@ -15,7 +13,7 @@ namespace Toolkits
 {
 
 class CHeadlessDesktop;
-class CTimerQueue;
+class CMessageLoop;
 
 /// A toolkit without a screen: the default of a machine that has none, and of the tests. A box takes the next
 /// answer of the script. Where the script is at its end nobody attends: the box is written to the standard
@@ -131,14 +129,6 @@ public:
     static int UnattendedAnswer(unsigned flags);
 
 private:
-    class CWaker;
-
-    /// Milliseconds of the clock that timers go by.
-    System::Int64 Now() const;
-    bool ProcessPosted();
-    bool ProcessWatched();
-    bool HasPosted();
-
     std::deque<int> mScript;
     std::deque<std::function<void(ModalWindow&)>> mForms;
     std::deque<System::UnicodeString> mChoices;
@@ -150,17 +140,7 @@ private:
     System::UnicodeString mClipboard;
     int mCursor = 0;
     System::UnicodeString mActivationToken;
-    std::map<int, std::function<void()>> mWatches;
-    /// The descriptor whose action ran last, so that each has its turn.
-    int mLastWatched = -1;
-    /// Whether what is watched is next, so that neither it nor what is posted waits for the other for long.
-    bool mIsWatchedNext = false;
-    std::mutex mMessagesMutex;
-    std::deque<std::function<void()>> mMessages;
-    /// Ends the wait of the main thread for a message.
-    std::unique_ptr<CWaker> mWaker;
-    std::unique_ptr<CTimerQueue> mTimers;
-    std::optional<System::Int64> mVirtualNow;
+    std::unique_ptr<CMessageLoop> mLoop;
     std::shared_ptr<CHeadlessDesktop> mDesktop;
 };
 

@@ -2,10 +2,9 @@
 #include "platform/toolkit/ModalWindow.h"
 #include "platform/toolkit/headless/HeadlessToolkit.h"
 #include "platform/toolkit/headless/internal/HeadlessDesktop.h"
-#include "platform/toolkit/headless/internal/TimerQueue.h"
+#include "platform/toolkit/internal/MessageLoop.h"
 
 #include <algorithm>
-#include <chrono>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -17,12 +16,6 @@ namespace Toolkits
 
 namespace
 {
-
-System::Int64 SteadyNow()
-{
-    const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
-}
 
 System::UnicodeString WithoutMarks(const System::UnicodeString& caption)
 {
@@ -96,37 +89,24 @@ TFrameMargins HeadlessToolkit::FrameMargins(EFrame frame) const
     return UsualFrameMargins(frame);
 }
 
-System::Int64 HeadlessToolkit::Now() const
-{
-    return mVirtualNow.value_or(SteadyNow());
-}
-
 TTimerId HeadlessToolkit::StartTimer(unsigned milliseconds, std::function<void()> tick)
 {
-    return mTimers->Start(Now(), milliseconds, std::move(tick));
+    return mLoop->StartTimer(milliseconds, std::move(tick));
 }
 
 void HeadlessToolkit::StopTimer(TTimerId timer)
 {
-    mTimers->Stop(timer);
+    mLoop->StopTimer(timer);
 }
 
 void HeadlessToolkit::UseVirtualClock()
 {
-    mVirtualNow = Now();
+    mLoop->UseVirtualClock();
 }
 
 void HeadlessToolkit::AdvanceClock(unsigned milliseconds)
 {
-    if (!mVirtualNow) {
-        UseVirtualClock();
-    }
-    const System::Int64 end = *mVirtualNow + milliseconds;
-    for (auto due = mTimers->NextDue(); due && *due <= end; due = mTimers->NextDue()) {
-        mVirtualNow = std::max(*mVirtualNow, *due);
-        mTimers->RunDue(*mVirtualNow);
-    }
-    mVirtualNow = end;
+    mLoop->AdvanceClock(milliseconds);
 }
 
 } // namespace Toolkits

@@ -30,19 +30,34 @@ CQtMessages::CQtMessages() = default;
 
 CQtMessages::~CQtMessages() = default;
 
-void CQtMessages::Post(std::function<void()> action)
+void CQtMessages::setDispatcher(QAbstractEventDispatcher* dispatcher)
 {
-    bool wasEmpty = false;
     {
         const std::lock_guard lock(mMutex);
-        wasEmpty = mActions.empty();
-        mActions.push_back(std::move(action));
+        mDispatcher = dispatcher;
     }
+    if (dispatcher == nullptr) {
+        return;
+    }
+    QObject::connect(dispatcher, &QObject::destroyed, mContext.get(), [this] { setDispatcher(nullptr); });
+    // Of those that a former loop had it knows nothing.
+    for (const auto& [id, timer] : mTimers) {
+        timer->timer.start();
+    }
+    for (const auto& [descriptor, watch] : mWatches) {
+        watch->notifier.setEnabled(false);
+        watch->notifier.setEnabled(true);
+    }
+}
+
+void CQtMessages::Post(std::function<void()> action)
+{
+    const std::lock_guard lock(mMutex);
     // Where others wait already, the loop is awake or about to be.
-    QAbstractEventDispatcher* const dispatcher = mDispatcher;
-    if (wasEmpty && dispatcher != nullptr) {
-        dispatcher->wakeUp();
+    if (mActions.empty() && mDispatcher != nullptr) {
+        mDispatcher->wakeUp();
     }
+    mActions.push_back(std::move(action));
 }
 
 bool CQtMessages::IsEmpty()
@@ -68,7 +83,7 @@ bool CQtMessages::RunOne()
 
 TTimerId CQtMessages::StartTimer(unsigned milliseconds, std::function<void()> tick)
 {
-    const TTimerId id = ++mLastTimer;
+    const TTimerId id = NewTimerId();
     const auto timer = std::make_shared<TTimer>();
     timer->tick = std::move(tick);
     timer->timer.setTimerType(Qt::PreciseTimer);

@@ -5,7 +5,6 @@
 
 #include <QAbstractEventDispatcher>
 
-#include <atomic>
 #include <deque>
 #include <functional>
 #include <map>
@@ -26,8 +25,9 @@ public:
     CQtMessages& operator=(const CQtMessages&) = delete;
     ~CQtMessages();
 
-    /// Qt's own loop, once there is one; it is woken for what is posted.
-    void setDispatcher(QAbstractEventDispatcher* dispatcher) noexcept { mDispatcher = dispatcher; }
+    /// Qt's own loop, once there is one; it is woken for what is posted. Timers and descriptors go on in it.
+    /// It may end before this, and another one follow.
+    void setDispatcher(QAbstractEventDispatcher* dispatcher);
 
     void Post(std::function<void()> action);
     /// Runs the action that waits longest; false if there is none.
@@ -43,12 +43,14 @@ private:
     struct TTimer;
     struct TWatch;
 
+    /// What it is connected by, so that it hears nothing when it is gone.
+    std::unique_ptr<QObject> mContext = std::make_unique<QObject>();
     std::mutex mMutex;
     std::deque<std::function<void()>> mActions;
-    std::atomic<QAbstractEventDispatcher*> mDispatcher = nullptr;
+    /// Under the lock as well, so that nobody wakes one that ends meanwhile.
+    QAbstractEventDispatcher* mDispatcher = nullptr;
     std::map<TTimerId, std::shared_ptr<TTimer>> mTimers;
     std::map<int, std::shared_ptr<TWatch>> mWatches;
-    TTimerId mLastTimer = 0;
 };
 
 } // namespace Toolkits

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/internal/ToolkitPlugin.h"
+#include "platform/toolkit/qt/QtDisplay.h"
 #include "platform/toolkit/qt/QtPictures.h"
 #include "platform/toolkit/qt/QtToolkit.h"
 
@@ -8,6 +9,10 @@
 extern "C" {
 [[gnu::visibility("default")]] extern const Toolkits::TToolkitPlugin trs8_btl_toolkit;
 const Toolkits::TToolkitPlugin trs8_btl_toolkit = {
-    TRS8_BTL_VERSION, []() -> Toolkits::Toolkit* { return new Toolkits::CQtToolkit; },
+    TRS8_BTL_VERSION,
+    []() -> Toolkits::Toolkit* {
+        Toolkits::RequireDisplay();
+        return new Toolkits::CQtToolkit;
+    },
     []() -> Toolkits::PictureCodecs* { return new Toolkits::CQtCodecs; }};
 }

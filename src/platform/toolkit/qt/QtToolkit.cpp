@@ -66,10 +66,10 @@ CQtToolkit::~CQtToolkit()
 
 void CQtToolkit::NeedApplication() const
 {
-    if (!mHasApplication) {
+    if (mApplication == nullptr) {
         MakeApplication();
         mMessages.setDispatcher(QAbstractEventDispatcher::instance());
-        mHasApplication = true;
+        mApplication = QCoreApplication::instance();
     }
 }
 

@@ -5,6 +5,9 @@
 #include "platform/toolkit/qt/QtInputPlayer.h"
 #include "platform/toolkit/qt/QtMessages.h"
 
+#include <QCoreApplication>
+#include <QPointer>
+
 #include <memory>
 
 namespace Toolkits
@@ -59,7 +62,8 @@ private:
     mutable CQtMessages mMessages;
     CQtInputPlayer mPlayer;
     std::shared_ptr<CQtDesktop> mDesktop;
-    mutable bool mHasApplication = false;
+    /// The one that the messages go by; a program may end its own and make another.
+    mutable QPointer<QCoreApplication> mApplication;
     /// The actions that ran since Qt had its turn.
     int mTurns = 0;
 };

@@ -40,6 +40,7 @@ public:
     bool ActsByItself() const override { return false; }
     void BringToFront() override { mWidget->raise(); }
     void SendToBack() override { mWidget->lower(); }
+    void* NativeObject() const noexcept override { return mWidget; }
 
     QWidget& Widget() const noexcept { return *mWidget; }
     /// The widget that keys, the mouse and the paint come to, which is within `Widget` where that scrolls.

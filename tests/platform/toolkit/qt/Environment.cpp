@@ -1,5 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "platform/toolkit/Toolkit.h"
+
+#include <gtest/gtest.h>
+
 #include <cstdlib>
+#include <string_view>
 
 // The tests of the plug-in run on it, whoever starts them.
 
@@ -16,5 +21,20 @@ struct TEnvironment
 };
 
 const TEnvironment environment;
+
+/// Has the plug-in there from the first test on, whatever that begins with; not in children that are about
+/// its loading.
+class CLoadedPlugin final : public testing::Environment
+{
+public:
+    void SetUp() override
+    {
+        if (std::string_view(std::getenv("TRS8_BTL_TOOLKIT")) == "qt") {
+            ASSERT_NE(Toolkits::CurrentToolkit().GetInputPlayer(), nullptr);
+        }
+    }
+};
+
+const testing::Environment* const loadedPlugin = testing::AddGlobalTestEnvironment(new CLoadedPlugin);
 
 } // namespace

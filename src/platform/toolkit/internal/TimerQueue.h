@@ -16,14 +16,6 @@ namespace Toolkits
 class CTimerQueue
 {
 public:
-    TTimerId Start(System::Int64 now, unsigned milliseconds, std::function<void()> tick);
-    void Stop(TTimerId timer);
-    /// When the next one ticks; nothing if none runs.
-    std::optional<System::Int64> NextDue() const;
-    /// Runs the timer that is due for the longest time; false if none is.
-    bool RunDue(System::Int64 now);
-
-private:
     struct TTimer
     {
         TTimerId id;
@@ -33,8 +25,17 @@ private:
         std::shared_ptr<const std::function<void()>> tick;
     };
 
+    TTimerId Start(System::Int64 now, unsigned milliseconds, std::function<void()> tick);
+    void Stop(TTimerId timer);
+    /// When the next one ticks; nothing if none runs.
+    std::optional<System::Int64> NextDue() const;
+    /// Runs the timer that is due for the longest time; false if none is.
+    bool RunDue(System::Int64 now);
+    /// All of them, in the order in which they are due, and none is left here.
+    std::vector<TTimer> Take();
+
+private:
     std::vector<TTimer> mTimers;
-    TTimerId mLastId = 0;
 };
 
 } // namespace Toolkits

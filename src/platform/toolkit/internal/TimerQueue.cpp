@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/toolkit/headless/internal/TimerQueue.h"
+#include "platform/toolkit/internal/TimerQueue.h"
 
 #include <algorithm>
 #include <utility>
@@ -10,9 +10,10 @@ namespace Toolkits
 TTimerId CTimerQueue::Start(System::Int64 now, unsigned milliseconds, std::function<void()> tick)
 {
     const unsigned interval = std::max(milliseconds, 1U);
-    mTimers.push_back({++mLastId, interval, now + interval,
-                       std::make_shared<const std::function<void()>>(std::move(tick))});
-    return mLastId;
+    const TTimerId id = NewTimerId();
+    mTimers.push_back(
+        {id, interval, now + interval, std::make_shared<const std::function<void()>>(std::move(tick))});
+    return id;
 }
 
 void CTimerQueue::Stop(TTimerId timer)
@@ -37,6 +38,12 @@ bool CTimerQueue::RunDue(System::Int64 now)
     const auto tick = next->tick;
     (*tick)();
     return true;
+}
+
+std::vector<CTimerQueue::TTimer> CTimerQueue::Take()
+{
+    std::ranges::stable_sort(mTimers, {}, &TTimer::due);
+    return std::exchange(mTimers, {});
 }
 
 } // namespace Toolkits

@@ -1,0 +1,3 @@
+// SPDX-License-Identifier: MIT
+
+// A library that knows nothing of this one.
