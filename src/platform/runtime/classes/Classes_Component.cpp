@@ -12,7 +12,9 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <exception>
 #include <utility>
+#include <vector>
 
 #include <unicode/uchar.h>
 
@@ -24,24 +26,43 @@ using System::TMetaClass;
 using System::UnicodeString;
 using System::WideChar;
 
-void (*TellEndFault)(TComponent& component) = nullptr;
+void (*TellEndFault)() = nullptr;
 
 namespace
 {
 
-/// Tells others of the end of the component, which takes place whatever they raise.
-template <class Tell>
-void TellOfEnd(TComponent& component, Tell tell)
+/// What others raise when they are told of an end, which takes place all the same. It is shown when those who
+/// go have left their owners, so that nobody who acts meanwhile finds them.
+class CEndFaults
 {
-    try {
-        tell();
-    } catch (...) {
-        if (TellEndFault == nullptr) {
-            throw;
+public:
+    template <class Tell>
+    void Gather(Tell tell)
+    {
+        try {
+            tell();
+        } catch (...) {
+            if (TellEndFault == nullptr) {
+                throw;
+            }
+            mFaults.push_back(std::current_exception());
         }
-        TellEndFault(component);
     }
-}
+
+    void Show() const
+    {
+        for (const std::exception_ptr& fault : mFaults) {
+            try {
+                std::rethrow_exception(fault);
+            } catch (...) {
+                TellEndFault();
+            }
+        }
+    }
+
+private:
+    std::vector<std::exception_ptr> mFaults;
+};
 
 bool IsIdentifier(const UnicodeString& name)
 {
@@ -87,21 +108,23 @@ TComponent::~TComponent()
         ForgetReferences(*this);
     }
     Destroying();
+    CEndFaults faults;
     // A component told of the end may drop links of its own, so the list is taken from its end.
     while (!mFreeNotifies.empty()) {
         TComponent* other = mFreeNotifies.back();
         Unlink(*other);
-        TellOfEnd(*this, [&] { other->Notification(this, opRemove); });
+        faults.Gather([&] { other->Notification(this, opRemove); });
     }
     DestroyComponents();
     if (mOwner != nullptr) {
-        TellOfEnd(*this, [&] { mOwner->RemoveComponent(this); });
+        faults.Gather([this] { mOwner->RemoveComponent(this); });
     }
     if (mOwner != nullptr) {
         UnbindField();
         mOwner->Detach(*this);
     }
     EndWatches();
+    faults.Show();
 }
 
 void TComponent::EndWatches() noexcept
@@ -180,10 +203,11 @@ void TComponent::RemoveComponent(TComponent* component)
 
 void TComponent::DestroyComponents()
 {
+    CEndFaults faults;
     while (!mComponents.empty()) {
         TComponent* last = mComponents.back();
         if (last->mState.Contains(csFreeNotification)) {
-            TellOfEnd(*last, [&] { RemoveComponent(last); });
+            faults.Gather([&] { RemoveComponent(last); });
         }
         if (last->mOwner == this) {
             last->UnbindField();
@@ -191,6 +215,7 @@ void TComponent::DestroyComponents()
         }
         delete last;
     }
+    faults.Show();
 }
 
 void TComponent::Attach(TComponent& component)

@@ -47,7 +47,7 @@ struct TGlobalObjects
         Screen = new TScreen;
         Controls::ApplicationLinks().HandleException = &HandleControlException;
         // What is at its end is no sender.
-        Classes::TellEndFault = [](Classes::TComponent&) { Application->HandleException(nullptr); };
+        Classes::TellEndFault = [] { Application->HandleException(nullptr); };
         Controls::ApplicationLinks().MouseMoved = &ShowHintOf;
         Controls::ApplicationLinks().ControlDestroyed = [](Controls::TControl* control) {
             Screen->Forget(control);

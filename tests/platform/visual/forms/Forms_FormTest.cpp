@@ -13,6 +13,7 @@
 
 #include <memory>
 #include <thread>
+#include <utility>
 
 namespace
 {
@@ -289,6 +290,41 @@ TEST_F(FormTest, ShowsAndSurvivesWhatHandlersRaise)
     probe->OnClick = [](TObject*) { throw Sysutils::EAbort(u"silent"); };
     driver.Click(u"A");
     EXPECT_TRUE(mToolkit.TakeShown().empty());
+}
+
+/// Raises where it hears of an end.
+class TGrumbler : public Classes::TComponent
+{
+public:
+    using TComponent::TComponent;
+
+protected:
+    void Notification(Classes::TComponent*, Classes::TOperation operation) override
+    {
+        if (operation == Classes::opRemove) {
+            throw Sysutils::Exception(u"missed");
+        }
+    }
+};
+
+TEST_F(FormTest, MayEndWhileAFaultAtAnotherEndIsTold)
+{
+    for (const bool isOwned : {false, true}) {
+        auto* form = new TForm;
+        new TGrumbler(form);
+        auto* const last = new Classes::TComponent(form);
+        TGrumbler outside;
+        outside.FreeNotification(isOwned ? last : form);
+        int told = 0;
+        Forms::Application->OnException = [&](TObject*, const std::exception&) {
+            ++told;
+            delete (isOwned ? std::exchange(form, nullptr) : nullptr);
+        };
+        delete (isOwned ? last : static_cast<Classes::TComponent*>(form));
+        Forms::Application->OnException = nullptr;
+        EXPECT_EQ(Forms::Screen->getFormCount(), 0);
+        EXPECT_EQ(told, isOwned ? 2 : 1);
+    }
 }
 
 TEST_F(FormTest, BearsAClickThatDestroysWhatWasClicked)
