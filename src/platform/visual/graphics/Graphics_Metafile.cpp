@@ -3,10 +3,11 @@
 
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/toolkit/PaintRecording.h"
-#include "platform/toolkit/internal/PictureNames.h"
 #include "platform/visual/graphics/internal/Graphics_Bytes.h"
 #include "platform/visual/graphics/internal/Graphics_MulDiv.h"
 #include "platform/visual/graphics/internal/Graphics_PictureHeader.h"
+#include "platform/visual/graphics/metafiles/internal/Graphics_MetafileReader.h"
+#include "platform/visual/graphics/metafiles/internal/Graphics_MetafileWriter.h"
 
 namespace Graphics
 {
@@ -30,7 +31,9 @@ struct TMetafileImage : System::TSharedBlock
     Toolkits::PaintRecording& Decoded()
     {
         if (file && !isDecoded) {
-            Toolkits::ThrowNoCodec(type, u"metafiles have no player yet");
+            recording.Clear();
+            ReadMetafile(type, file->bytes, size, recording);
+            isDecoded = true;
         }
         return recording;
     }
@@ -155,16 +158,23 @@ void TMetafile::SaveToStream(Classes::TStream* stream)
     if (mImage->file && mImage->type == type && mImage->size == mSize) {
         WriteBytes(stream, mImage->file->bytes);
     } else if (!getEmpty()) {
-        Toolkits::ThrowNoCodec(type, u"metafiles have no player yet");
+        // A drawing that is shown in another size is stored as it is shown.
+        const auto writer = NewMetafileWriter(type, mSize);
+        Play(*writer, {.Left = 0, .Top = 0, .Right = mSize.cx, .Bottom = mSize.cy});
+        WriteBytes(stream, writer->TakeFile());
     }
     setModified(false);
 }
 
-void TMetafile::Draw(TCanvas* canvas, const Types::TRect& rect)
+void TMetafile::Play(Toolkits::PaintDevice& device, const Types::TRect& rect) const
 {
     const Types::TSize& size = mImage->size;
-    mImage->Decoded().Play(DeviceOf(*canvas), {.Left = 0, .Top = 0, .Right = size.cx, .Bottom = size.cy},
-                           rect);
+    mImage->Decoded().Play(device, {.Left = 0, .Top = 0, .Right = size.cx, .Bottom = size.cy}, rect);
+}
+
+void TMetafile::Draw(TCanvas* canvas, const Types::TRect& rect)
+{
+    Play(DeviceOf(*canvas), rect);
 }
 
 System::TMetaClass* TMetafileCanvas::ClassRecord()

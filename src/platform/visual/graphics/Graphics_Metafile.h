@@ -61,12 +61,13 @@ public:
     const System::UnicodeString& getCreatedBy() const noexcept { return mCreatedBy; }
     void setCreatedBy(const System::UnicodeString& text) { mCreatedBy = text; }
 
-    /// What was drawn. `EInvalidGraphic` if it is in a file that is damaged or that there is no codec for.
+    /// What was drawn. `EInvalidGraphic` if it is in a file that is damaged, or that draws more than a
+    /// picture can have.
     const Toolkits::PaintRecording& Recording() const;
 
     /// `EInvalidGraphic` if the stream has no metafile.
     void LoadFromStream(Classes::TStream* stream) override;
-    /// `EInvalidGraphic` if the drawing is new and there is no codec to write it.
+    /// `EInvalidGraphic` if the older type can't have its size: that has 32,767 pixels each way at most.
     void SaveToStream(Classes::TStream* stream) override;
     void ReadData(Classes::TStream* stream) override { ReadSized(stream); }
     void WriteData(Classes::TStream* stream) override { WriteSized(stream); }
@@ -78,6 +79,7 @@ private:
     friend class TMetafileCanvas;
 
     void TakeImage(System::GSharedBlock<TMetafileImage> image);
+    void Play(Toolkits::PaintDevice& device, const Types::TRect& rect) const;
 
     System::GSharedBlock<TMetafileImage> mImage;
     Types::TSize mSize;

@@ -5,8 +5,10 @@
 #include "platform/visual/graphics/internal/Graphics_BitmapFile.h"
 #include "platform/visual/graphics/internal/Graphics_Bytes.h"
 #include "platform/visual/graphics/internal/Graphics_MulDiv.h"
+#include "platform/visual/graphics/metafiles/internal/Graphics_MetafileReader.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace Graphics
 {
@@ -19,7 +21,6 @@ using TBytes = std::span<const System::Byte>;
 
 constexpr unsigned PngSignature = 0x89504E47;
 constexpr unsigned EnhancedSignature = 0x464D4520;
-constexpr unsigned PlaceableSignature = 0x9AC6CDD7;
 
 [[noreturn]] void ThrowDamaged()
 {
@@ -88,12 +89,16 @@ TWide EnhancedSize(const CByteView& file)
     return {.width = pixels(24, 72), .height = pixels(28, 76)};
 }
 
-/// In pixels at 96 dots an inch.
-TWide PlaceableSize(const CByteView& file)
+/// In pixels at 96 dots an inch; in units of the drawing where there is no frame.
+TWide OldMetafileSize(const CByteView& file, TBytes bytes)
 {
+    if (file.At32(0) != PlaceableSignature) {
+        const Types::TSize size = FramelessSize(bytes);
+        return {.width = size.cx, .height = size.cy};
+    }
     const int unitsPerInch = std::max(1, static_cast<int>(file.At16(14)));
-    return {.width = MulDiv(file.Signed16(10) - file.Signed16(6), 96, unitsPerInch),
-            .height = MulDiv(file.Signed16(12) - file.Signed16(8), 96, unitsPerInch)};
+    return {.width = std::abs(MulDiv(file.Signed16(10) - file.Signed16(6), 96, unitsPerInch)),
+            .height = std::abs(MulDiv(file.Signed16(12) - file.Signed16(8), 96, unitsPerInch))};
 }
 
 TWide SizeOf(EPictureType type, TBytes bytes)
@@ -111,7 +116,7 @@ TWide SizeOf(EPictureType type, TBytes bytes)
     case EPictureType::EnhancedMetafile:
         return EnhancedSize(file);
     case EPictureType::Metafile:
-        return PlaceableSize(file);
+        return OldMetafileSize(file, bytes);
     case EPictureType::Bitmap: {
         const TBitmapFile bitmap = OpenBitmapFile({bytes.begin(), bytes.end()});
         return {.width = bitmap.image->sizeInFile.cx, .height = bitmap.image->sizeInFile.cy};
@@ -140,7 +145,7 @@ bool FindPictureType(TBytes bytes, EPictureType& type)
         type = EPictureType::Gif;
     } else if (begin == 1 && file.At32(40) == EnhancedSignature) {
         type = EPictureType::EnhancedMetafile;
-    } else if (begin == PlaceableSignature) {
+    } else if (begin == PlaceableSignature || IsFrameless(bytes)) {
         type = EPictureType::Metafile;
     } else {
         return false;

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/toolkit/PaintRecording.h"
+#include "platform/visual/graphics/metafiles/internal/Graphics_MetafileMapping.h"
+#include "platform/visual/graphics/metafiles/internal/Graphics_MetafileObjects.h"
+#include "platform/visual/graphics/metafiles/internal/Graphics_MetafilePath.h"
+
+#include <optional>
+#include <vector>
+
+namespace Graphics
+{
+
+/// What the records of a metafile set before those that draw.
+struct TMetafileState
+{
+    CMetafileMapping mapping;
+    Toolkits::TPenData pen;
+    Toolkits::TBrushData brush;
+    Toolkits::TFontData font;
+    Toolkits::TPixel textColor = Toolkits::OpaquePixel(0, 0, 0);
+    Toolkits::TPixel background = Toolkits::OpaquePixel(255, 255, 255);
+    bool isOpaque = true;
+    /// The `ta...` bits.
+    unsigned textAlign = 0;
+    TPenMode mode = pmCopy;
+    bool isClockwise = false;
+    /// Where the next line begins.
+    Types::TPoint at;
+    /// In pixels; drawing is limited by the picture alone where it has no value.
+    std::optional<Types::TRect> clip;
+};
+
+// How a text lies at its place, and the options of a text, as files have them.
+
+inline constexpr unsigned taMoves = 1;
+inline constexpr unsigned taRight = 2;
+inline constexpr unsigned taCenter = 6;
+inline constexpr unsigned taBottom = 8;
+inline constexpr unsigned taBaseline = 24;
+inline constexpr unsigned taRightToLeft = 256;
+inline constexpr unsigned toOpaque = 2;
+inline constexpr unsigned toClipped = 4;
+inline constexpr unsigned toGlyphs = 16;
+inline constexpr unsigned toRightToLeft = 128;
+
+struct TMetafileText
+{
+    Types::TPoint at;
+    System::UnicodeString text;
+    unsigned options = 0;
+    Types::TRect rect;
+};
+
+/// Draws in the units of a metafile, and keeps as a recording in pixels what that gives.
+class CMetafilePlayer
+{
+public:
+    explicit CMetafilePlayer(Toolkits::PaintRecording& recording);
+
+    TMetafileState& State() { return mState; }
+    /// `EInvalidGraphic` if that is done too often.
+    void Save();
+    /// As many as were saved since, for a negative number; else those from that one on. Others are passed
+    /// over.
+    void Restore(int number);
+    void Select(const TMetafileObject& object);
+    /// To be called at the end.
+    void Finish();
+
+    void MoveTo(const Types::TPoint& point);
+    /// From the place where the last line ended, which is at the last of the points then.
+    void LinesTo(std::vector<Types::TPoint> points);
+    void Polyline(const std::vector<Types::TPoint>& points);
+    void Polygon(const std::vector<Types::TPoint>& points);
+    /// The rows of points that make up `points`, so many in each: shapes that are filled together, or lines.
+    void Polygons(std::span<const Types::TPoint> points, const std::vector<std::size_t>& counts);
+    void Polylines(std::span<const Types::TPoint> points, const std::vector<std::size_t>& counts);
+    /// Curves through each third of the points.
+    void Bezier(const std::vector<Types::TPoint>& points);
+    void BezierTo(std::vector<Types::TPoint> points);
+    void Rectangle(const Types::TRect& rect, const Types::TSize& corner);
+    void Ellipse(const Types::TRect& rect);
+    void Arc(Toolkits::EArc kind, const Types::TRect& rect, Types::TPoint from, Types::TPoint to);
+    /// As `Arc`, with a line from where the last one ended.
+    void ArcTo(const Types::TRect& rect, Types::TPoint from, Types::TPoint to);
+    /// A line to the circle and along it, in degrees.
+    void AngleArc(const Types::TPoint& center, int radius, double start, double sweep);
+    void SetPixel(const Types::TPoint& at, Toolkits::TPixel color);
+    void FloodFill(const Types::TPoint& at, Toolkits::TPixel color, Toolkits::EFlood kind);
+    /// Fills with the brush, by an operation as `TImageOptions` has it.
+    void Fill(const Types::TRect& rect, unsigned char operation);
+    void Text(const TMetafileText& text);
+    void Image(const Toolkits::Pixels& image, const Types::TRect& source, const Types::TRect& target,
+               const Toolkits::TImageOptions& options);
+    /// `EInvalidGraphic` if all images together have more pixels than a picture can. Points of curves count
+    /// too.
+    void CountPixels(std::size_t count);
+
+    void BeginPath();
+    void ClosePath();
+    void EndPath();
+    void AbortPath();
+    void DrawPath(bool isFilled, bool isDrawn);
+    void ClipPath();
+
+    // Limits of drawing, in pixels.
+
+    void IntersectClip(const Types::TRect& rect);
+    void MoveClip(const Types::TSize& by);
+
+private:
+    /// Where to draw, with the limits that hold.
+    Toolkits::PaintRecording& Target();
+    Toolkits::TPenData Pen() const;
+    /// Whether shapes are to be drawn as such.
+    bool IsPlain() const { return !mIsPathOpen && !mState.mapping.IsTurned(); }
+    template <class Point>
+    std::vector<Types::TPoint> ToPixels(const std::vector<Point>& points) const;
+    void DrawPoints(std::vector<Types::TPoint> pixels, bool isClosed);
+    void DrawFigures(const std::vector<TMetafileFigure>& figures, bool isFilled, bool isDrawn);
+    std::vector<TMetafilePoint> ArcPoints(const Types::TRect& rect, const Types::TPoint& from,
+                                          const Types::TPoint& to) const;
+    std::vector<TMetafileFigure> FiguresOf(std::span<const Types::TPoint> points,
+                                           const std::vector<std::size_t>& counts, bool isClosed) const;
+    void DrawOrGather(const std::vector<TMetafileFigure>& figures, bool isFilled);
+    Toolkits::TFontData Font() const;
+
+    Toolkits::PaintRecording& mRecording;
+    TMetafileState mState;
+    std::vector<TMetafileState> mSaved;
+    std::optional<Types::TRect> mClipOfRecording;
+    CMetafilePath mPath;
+    bool mIsPathOpen = false;
+    std::size_t mPixelCount = 0;
+};
+
+} // namespace Graphics

@@ -1,0 +1,474 @@
+// SPDX-License-Identifier: MIT
+#include "platform/toolkit/PaintRecording.h"
+#include "platform/toolkit/Toolkit.h"
+#include "platform/visual/graphics/Graphics_Bitmap.h"
+#include "platform/visual/graphics/Graphics_Canvas.h"
+#include "platform/visual/graphics/Graphics_Metafile.h"
+#include "support/DrawnPixels.h"
+#include "support/MetafileFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <string>
+
+namespace
+{
+
+using namespace Graphics;
+using Support::EnhancedFile;
+using Support::EnhancedRecord;
+using Support::FileBytes;
+using Support::Load;
+using Support::Longs;
+using Support::OldRecord;
+using Support::PlaceableFile;
+using Support::Words;
+using TBytes = std::vector<System::Byte>;
+using TRecords = std::vector<TBytes>;
+
+/// What a file draws, or that it is refused.
+std::string Drawing(const TBytes& file)
+{
+    try {
+        TMetafile metafile;
+        Load(metafile, file);
+        return System::ToUtf8(metafile.Recording().AsText());
+    } catch (const EInvalidGraphic&) {
+        return "refused";
+    }
+}
+
+struct TCase
+{
+    const char* name;
+    TRecords records;
+    const char* drawing;
+};
+
+FileBytes With(FileBytes bytes, const FileBytes& more)
+{
+    return bytes.Append(more.getBytes());
+}
+
+/// Bounds, count, points.
+FileBytes Points32(std::initializer_list<int> points)
+{
+    return With(Longs({0, 0, 99, 49, static_cast<int>(points.size() / 2)}), Longs(points));
+}
+FileBytes Points16(std::initializer_list<int> points)
+{
+    return With(Longs({0, 0, 99, 49, static_cast<int>(points.size() / 2)}), Words(points));
+}
+
+int Float(float value)
+{
+    return std::bit_cast<int>(value);
+}
+
+/// A text of an enhanced metafile at a place, with options and a rectangle.
+TBytes WideText(int x, int y, const std::u16string& text, int options = 0)
+{
+    FileBytes fields = Longs({0, 0, 99, 49, 1, Float(1), Float(1), x, y, static_cast<int>(text.size()), 76,
+                              options, 1, 2, 30, 20, 0});
+    for (const char16_t unit : text) {
+        fields.Put16({unit});
+    }
+    return EnhancedRecord(84, text.size() % 2 != 0 ? fields.Put16({0}) : fields);
+}
+
+TEST(GraphicsMetafileReaderTest, DrawsLinesAndShapesOfTheEnhancedType)
+{
+    const TCase cases[] = {
+        {"lines from place to place",
+         {EnhancedRecord(27, Longs({1, 2})), EnhancedRecord(54, Longs({5, 6})),
+          EnhancedRecord(54, Longs({7, 0}))},
+         "polyline 1,2 5,6 pen #000000\npolyline 5,6 7,0 pen #000000\n"},
+        {"rows of points", {EnhancedRecord(4, Points32({1, 2, -3, 4}))}, "polyline 1,2 -3,4 pen #000000\n"},
+        {"short points", {EnhancedRecord(87, Points16({1, 2, -3, 4}))}, "polyline 1,2 -3,4 pen #000000\n"},
+        {"lines to", {EnhancedRecord(89, Points16({4, 5, 6, 7}))}, "polyline 0,0 4,5 6,7 pen #000000\n"},
+        {"polygon",
+         {EnhancedRecord(3, Points32({0, 0, 4, 0, 0, 4}))},
+         "polygon 0,0 4,0 0,4 pen #000000 brush #FFFFFF\n"},
+        {"short polygon",
+         {EnhancedRecord(86, Points16({0, 0, 4, 0, 0, 4}))},
+         "polygon 0,0 4,0 0,4 pen #000000 brush #FFFFFF\n"},
+        {"two polygons with a hole",
+         {EnhancedRecord(91,
+                         With(Longs({0, 0, 0, 0, 2, 6, 3, 3}), Words({0, 0, 9, 0, 0, 9, 1, 1, 4, 1, 1, 4})))},
+         "polygon 0,0 9,0 0,9 0,0 0,0 1,1 4,1 1,4 1,1 0,0 pen clear brush #FFFFFF\n"
+         "polygon 0,0 9,0 0,9 pen #000000 brush clear\npolygon 1,1 4,1 1,4 pen #000000 brush clear\n"},
+        {"two rows of lines",
+         {EnhancedRecord(7, With(Longs({0, 0, 0, 0, 2, 4, 2, 2}), Longs({0, 0, 9, 0, 1, 1, 4, 1})))},
+         "polyline 0,0 9,0 pen #000000\npolyline 1,1 4,1 pen #000000\n"},
+        {"rectangle, whose edges are within",
+         {EnhancedRecord(43, Longs({1, 2, 9, 8}))},
+         "rectangle 1,2,10,9 pen #000000 brush #FFFFFF\n"},
+        {"round",
+         {EnhancedRecord(44, Longs({1, 2, 9, 8, 3, 4}))},
+         "rectangle 1,2,10,9 corner 3x4 pen #000000 brush #FFFFFF\n"},
+        {"ellipse",
+         {EnhancedRecord(42, Longs({1, 2, 9, 8}))},
+         "ellipse 1,2,10,9 pen #000000 brush #FFFFFF\n"},
+        {"arc",
+         {EnhancedRecord(45, Longs({0, 0, 9, 9, 9, 5, 5, 0}))},
+         "arc 0,0,10,10 from 9,5 to 5,0 pen #000000\n"},
+        {"arc clockwise",
+         {EnhancedRecord(57, Longs({2})), EnhancedRecord(45, Longs({0, 0, 9, 9, 9, 5, 5, 0}))},
+         "arc 0,0,10,10 from 5,0 to 9,5 pen #000000\n"},
+        {"chord and pie",
+         {EnhancedRecord(46, Longs({0, 0, 9, 9, 9, 5, 5, 0})),
+          EnhancedRecord(47, Longs({0, 0, 9, 9, 9, 5, 5, 0}))},
+         "chord 0,0,10,10 from 9,5 to 5,0 pen #000000 brush #FFFFFF\n"
+         "pie 0,0,10,10 from 9,5 to 5,0 pen #000000 brush #FFFFFF\n"},
+        {"pixel", {EnhancedRecord(15, Longs({3, 4, 0x0000FF}))}, "pixel 3,4 #FF0000\n"},
+        {"flood",
+         {EnhancedRecord(53, Longs({3, 4, 0xFF0000, 1})), EnhancedRecord(53, Longs({3, 4, 0xFF0000, 0}))},
+         "flood 3,4 on #0000FF brush #FFFFFF\nflood 3,4 to #0000FF brush #FFFFFF\n"},
+        {"a curve that is straight",
+         {EnhancedRecord(85, Points16({0, 0, 4, 0, 8, 0, 12, 0}))},
+         "polyline 0,0 3,0 6,0 9,0 12,0 pen #000000\n"},
+        {"a path that is filled and drawn",
+         {EnhancedRecord(59), EnhancedRecord(27, Longs({1, 1})), EnhancedRecord(54, Longs({9, 1})),
+          EnhancedRecord(54, Longs({1, 9})), EnhancedRecord(61), EnhancedRecord(60),
+          EnhancedRecord(63, Longs({0, 0, 9, 9}))},
+         "polygon 1,1 9,1 1,9 pen #000000 brush #FFFFFF\n"},
+        {"a path of a rectangle that is drawn alone",
+         {EnhancedRecord(59), EnhancedRecord(43, Longs({1, 2, 9, 8})), EnhancedRecord(60),
+          EnhancedRecord(64)},
+         "polygon 1,2 10,2 10,9 1,9 pen #000000 brush clear\n"},
+        {"a path that is left",
+         {EnhancedRecord(59), EnhancedRecord(43, Longs({1, 2, 9, 8})), EnhancedRecord(68),
+          EnhancedRecord(62)},
+         ""},
+        {"unknown records and comments",
+         {EnhancedRecord(70, Longs({4, 1})), EnhancedRecord(0x4000, Longs({1})), EnhancedRecord(98),
+          EnhancedRecord(0)},
+         ""},
+    };
+    for (const TCase& row : cases) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(Drawing(EnhancedFile(row.records)), row.drawing);
+    }
+}
+
+TEST(GraphicsMetafileReaderTest, DrawsWithTheObjectsOfTheEnhancedType)
+{
+    const auto rectangle = EnhancedRecord(43, Longs({0, 0, 9, 9}));
+    const auto select = [](unsigned number) { return EnhancedRecord(37, FileBytes().Put32({number})); };
+    const TCase cases[] = {
+        {"pen",
+         {EnhancedRecord(38, Longs({1, 1, 3, 0, 0xFF})), select(1), rectangle},
+         "rectangle 0,0,10,10 pen #FF0000 width 3 dash brush #FFFFFF\n"},
+        {"pen that isn't selected",
+         {EnhancedRecord(38, Longs({1, 1, 3, 0, 0xFF})), rectangle},
+         "rectangle 0,0,10,10 pen #000000 brush #FFFFFF\n"},
+        {"pen with ends",
+         {EnhancedRecord(95, Longs({2, 0, 0, 0, 0, 0x10000, 4, 0, 0xFF00, 0, 0})), select(2), rectangle},
+         "rectangle 0,0,10,10 pen #00FF00 width 4 brush #FFFFFF\n"},
+        {"brush",
+         {EnhancedRecord(39, Longs({1, 2, 0xFF, 3})), select(1), rectangle},
+         "rectangle 0,0,10,10 pen #000000 brush #FF0000 bdiagonal\n"},
+        {"brush with a pattern",
+         {EnhancedRecord(94, With(Longs({1, 0, 32, 40, 72, 8}), Support::TwoPixels())), select(1), rectangle},
+         "rectangle 0,0,10,10 pen #000000 brush 2x1\n"},
+        {"those of every device",
+         {select(0x80000005), select(0x80000006), rectangle, select(0x80000008), rectangle},
+         "rectangle 0,0,10,10 pen #FFFFFF brush clear\nrectangle 0,0,10,10 pen clear brush clear\n"},
+        {"what was deleted is drawn with until another one is selected",
+         {EnhancedRecord(39, Longs({1, 0, 0xFF, 0})), select(1), EnhancedRecord(40, Longs({1})), rectangle,
+          select(1), rectangle},
+         "rectangle 0,0,10,10 pen #000000 brush #FF0000\nrectangle 0,0,10,10 pen #000000 brush #FF0000\n"},
+        {"mode of the pen",
+         {EnhancedRecord(20, Longs({7})), rectangle},
+         "rectangle 0,0,10,10 pen #000000 xor brush #FFFFFF\n"},
+        {"kept and put back",
+         {EnhancedRecord(33), select(0x80000004), EnhancedRecord(33), select(0x80000005),
+          EnhancedRecord(34, Longs({1})), rectangle, EnhancedRecord(34, Longs({-1})), rectangle},
+         "rectangle 0,0,10,10 pen #000000 brush #FFFFFF\nrectangle 0,0,10,10 pen #000000 brush #FFFFFF\n"},
+        {"put back by one",
+         {EnhancedRecord(33), select(0x80000004), EnhancedRecord(34, Longs({-1})), rectangle},
+         "rectangle 0,0,10,10 pen #000000 brush #FFFFFF\n"},
+        {"number beyond all", {EnhancedRecord(39, Longs({70'000, 0, 0xFF, 0}))}, "refused"},
+    };
+    for (const TCase& row : cases) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(Drawing(EnhancedFile(row.records)), row.drawing);
+    }
+}
+
+TEST(GraphicsMetafileReaderTest, MapsUnitsAndLimitsDrawing)
+{
+    const auto rectangle = EnhancedRecord(43, Longs({10, 20, 29, 39}));
+    const auto mode = [](int number) { return EnhancedRecord(17, Longs({number})); };
+    const TCase cases[] = {
+        {"window and viewport",
+         {mode(8), EnhancedRecord(9, Longs({1000, 500})), EnhancedRecord(11, Longs({100, 50})),
+          EnhancedRecord(10, Longs({-100, 0})), EnhancedRecord(12, Longs({0, 5})), rectangle},
+         "rectangle 11,7,13,9 pen #000000 brush #FFFFFF\n"},
+        {"equal both ways",
+         {mode(7), EnhancedRecord(9, Longs({10, 10})), EnhancedRecord(11, Longs({20, 10})), rectangle},
+         "rectangle 10,20,30,40 pen #000000 brush #FFFFFF\n"},
+        {"scaled by a record",
+         {mode(8), EnhancedRecord(11, Longs({2, 2})), EnhancedRecord(31, Longs({3, 1, 1, 2})), rectangle},
+         "rectangle 60,20,180,40 pen #000000 width 6 brush #FFFFFF\n"},
+        {"tenths of a millimetre, upwards",
+         {mode(2), EnhancedRecord(12, Longs({0, 50})), rectangle},
+         "rectangle 2,42,6,46 pen #000000 brush #FFFFFF\n"},
+        {"a world twice as large",
+         {EnhancedRecord(35, Longs({Float(2), 0, 0, Float(2), Float(1), 0})), rectangle},
+         "rectangle 21,40,61,80 pen #000000 width 2 brush #FFFFFF\n"},
+        {"a world that is turned",
+         {EnhancedRecord(36, Longs({0, Float(1), Float(-1), 0, Float(50), 0, 4})), rectangle},
+         "polygon 30,10 30,30 10,30 10,10 pen #000000 brush #FFFFFF\n"},
+        {"no extent is passed over",
+         {mode(8), EnhancedRecord(9, Longs({0, 0})), rectangle},
+         "rectangle 10,20,30,40 pen #000000 brush #FFFFFF\n"},
+        {"no number",
+         {EnhancedRecord(35, Longs({0x7FC00000, 0, 0, Float(1), 0, 0})),
+          EnhancedRecord(15, Longs({3, 4, 0xFF}))},
+         "pixel -268435456,-268435456 #FF0000\n"},
+        {"clip rectangles",
+         {EnhancedRecord(33), EnhancedRecord(30, Longs({0, 0, 15, 50})),
+          EnhancedRecord(30, Longs({5, 0, 50, 50})), rectangle, EnhancedRecord(34, Longs({-1})), rectangle},
+         "push\nclip 5,0,15,50\nrectangle 10,20,30,40 pen #000000 brush #FFFFFF\npop\n"
+         "rectangle 10,20,30,40 pen #000000 brush #FFFFFF\n"},
+        {"clip region",
+         {EnhancedRecord(75, Longs({48, 5, 32, 1, 1, 16, 1, 2, 30, 40, 1, 2, 30, 40})), rectangle,
+          EnhancedRecord(75, Longs({0, 5})), rectangle},
+         "push\nclip 1,2,30,40\nrectangle 10,20,30,40 pen #000000 brush #FFFFFF\npop\n"
+         "rectangle 10,20,30,40 pen #000000 brush #FFFFFF\n"},
+    };
+    for (const TCase& row : cases) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(Drawing(EnhancedFile(row.records)), row.drawing);
+    }
+}
+
+TEST(GraphicsMetafileReaderTest, DrawsTextsOfTheEnhancedType)
+{
+    FileBytes font = Longs({1, -20, 0, 900, 900, 700}).Put8({1, 0, 0, 0, 0, 0, 0, 1});
+    for (const char16_t unit : std::u16string(u"Arial")) {
+        font.Put16({unit});
+    }
+    const TCase cases[] = {
+        {"usual", {WideText(3, 4, u"abc")}, "text 3,4 \"abc\" font Tahoma -12 color #000000 on #FFFFFF\n"},
+        {"colours",
+         {EnhancedRecord(24, Longs({0xFF})), EnhancedRecord(25, Longs({0xFF00})), WideText(3, 4, u"ab"),
+          EnhancedRecord(18, Longs({1})), WideText(3, 4, u"ab")},
+         "text 3,4 \"ab\" font Tahoma -12 color #FF0000 on #00FF00\ntext 3,4 \"ab\" font Tahoma -12 color "
+         "#FF0000\n"},
+        {"font", {EnhancedRecord(82, font), EnhancedRecord(37, Longs({1})), WideText(3, 4, u"")}, ""},
+        {"rectangle",
+         {EnhancedRecord(18, Longs({1})), WideText(3, 4, u"ab", 2 | 4)},
+         "fill 1,2,30,20 brush #FFFFFF\ntext 3,4 \"ab\" font Tahoma -12 color #000000 clip 1,2,30,20\n"},
+        {"glyphs", {WideText(3, 4, u"ab", 16)}, ""},
+        {"narrow",
+         {EnhancedRecord(
+             83, Longs({0, 0, 0, 0, 1, 0, 0, 3, 4, 2, 76, 0, 0, 0, 0, 0, 0}).Put8({'a', 0xB5, 0, 0}))},
+         "text 3,4 \"a\xC2\xB5\" font Tahoma -12 color #000000 on #FFFFFF\n"},
+        {"small",
+         {EnhancedRecord(108, Longs({3, 4, 2, 0x300, 1, 0, 0}).Put8({'a', 'b', 0, 0}))},
+         "text 3,4 \"ab\" font Tahoma -12 color #000000 on #FFFFFF\n"},
+        {"longer than its record",
+         {EnhancedRecord(84, Longs({0, 0, 0, 0, 1, 0, 0, 3, 4, 9, 76, 0}))},
+         "refused"},
+    };
+    for (const TCase& row : cases) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(Drawing(EnhancedFile(row.records)), row.drawing);
+    }
+    // Turned by a quarter, on its base line.
+    const std::string turned = Drawing(EnhancedFile(
+        {EnhancedRecord(82, font), EnhancedRecord(37, Longs({1})), EnhancedRecord(22, Longs({24})),
+         EnhancedRecord(18, Longs({1})), WideText(30, 40, u"ab")}));
+    const int ascent = Toolkits::CurrentToolkit().FontMetrics({.name = u"Arial", .height = -20}).ascent;
+    EXPECT_EQ(turned, "text " + std::to_string(30 - ascent) +
+                          ",40 \"ab\" font Arial -20 bold italic turned 900 color #000000\n");
+}
+
+TEST(GraphicsMetafileReaderTest, DrawsImagesOfTheEnhancedType)
+{
+    const FileBytes pixels = Support::TwoPixels();
+    const FileBytes stretch =
+        With(Longs({0, 0, 0, 0, 10, 20, 0, 0, 2, 1, 80, 40, 120, 8, 0, 0xCC0020, 20, 10}), pixels);
+    const FileBytes area = With(Longs({0, 0,        0, 0, 10, 20, 20,  10, 0xCC0020, 0, 0, Float(1), 0,
+                                       0, Float(1), 0, 0, 0,  0,  108, 40, 148,      8, 1, 1}),
+                                pixels);
+    const TCase cases[] = {
+        {"stretched", {EnhancedRecord(81, stretch)}, "image 2x1 onto 10,20,30,30\n"},
+        {"a part of it", {EnhancedRecord(77, area)}, "image 2x1 onto 10,20,30,30 from 0,0,1,1\n"},
+        {"filled",
+         {EnhancedRecord(76, Longs({0, 0, 0, 0, 1, 2, 3, 4, 0xF00021})),
+          EnhancedRecord(76, Longs({0, 0, 0, 0, 1, 2, 3, 4, 0x550009}))},
+         "fill 1,2,4,6 brush #FFFFFF\nimage 1x1 onto 1,2,4,6 operation 55\n"},
+        {"bitmap behind its record",
+         {EnhancedRecord(81, Longs({0, 0, 0, 0, 10, 20, 0, 0, 2, 1, 80, 40, 120, 8}))},
+         "refused"},
+    };
+    for (const TCase& row : cases) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(Drawing(EnhancedFile(row.records)), row.drawing);
+    }
+    TMetafile metafile;
+    Load(metafile, EnhancedFile({EnhancedRecord(81, stretch)}));
+    TBitmap bitmap(32, 32);
+    bitmap.getCanvas()->Draw(0, 0, &metafile);
+    EXPECT_EQ(bitmap.getCanvas()->getPixels(11, 21), clRed);
+    EXPECT_EQ(bitmap.getCanvas()->getPixels(29, 29), clLime);
+    EXPECT_EQ(bitmap.getCanvas()->getPixels(30, 29), clWhite);
+}
+
+TEST(GraphicsMetafileReaderTest, DrawsTheOlderType)
+{
+    const auto select = [](int number) { return OldRecord(0x012D, Words({number})); };
+    const auto rectangle = OldRecord(0x041B, Words({100, 200, 10, 20}));
+    const TCase cases[] = {
+        {"lines",
+         {OldRecord(0x0214, Words({20, 10})), OldRecord(0x0213, Words({40, 30}))},
+         "polyline 1,2 3,4 pen #000000\n"},
+        {"points",
+         {OldRecord(0x0325, Words({2, 10, 20, -30, 40})), OldRecord(0x0324, Words({2, 10, 20, 30, 40}))},
+         "polyline 1,2 -3,4 pen #000000\npolygon 1,2 3,4 pen #000000 brush #FFFFFF\n"},
+        {"polygons",
+         {OldRecord(0x0538, Words({1, 3, 0, 0, 40, 0, 0, 40}))},
+         "polygon 0,0 4,0 0,4 pen #000000 brush #FFFFFF\n"},
+        {"shapes",
+         {rectangle, OldRecord(0x061C, Words({30, 40, 100, 200, 10, 20})),
+          OldRecord(0x0418, Words({100, 200, 10, 20}))},
+         "rectangle 2,1,20,10 pen #000000 brush #FFFFFF\nrectangle 2,1,20,10 corner 4x3 pen #000000 brush "
+         "#FFFFFF\n"
+         "ellipse 2,1,20,10 pen #000000 brush #FFFFFF\n"},
+        {"arcs",
+         {OldRecord(0x0817, Words({0, 50, 50, 100, 100, 100, 0, 0})),
+          OldRecord(0x081A, Words({0, 50, 50, 100, 100, 100, 0, 0}))},
+         "arc 0,0,10,10 from 10,5 to 5,0 pen #000000\npie 0,0,10,10 from 10,5 to 5,0 pen #000000 brush "
+         "#FFFFFF\n"},
+        {"objects get the lowest number that is free",
+         {OldRecord(0x02FA, Words({0, 10, 0, 0xFF, 0})), OldRecord(0x02FC, Words({0, 0, 0xFF, 0})), select(0),
+          select(1), rectangle, OldRecord(0x01F0, Words({0})), OldRecord(0x02FA, Words({5, 0, 0, 0, 0})),
+          select(0), rectangle},
+         "rectangle 2,1,20,10 pen #FF0000 brush #0000FF\nrectangle 2,1,20,10 pen clear brush #0000FF\n"},
+        {"pattern",
+         {OldRecord(0x0142, With(Words({5, 0}), Support::TwoPixels())), select(0), rectangle},
+         "rectangle 2,1,20,10 pen #000000 brush 2x1\n"},
+        {"texts",
+         {OldRecord(0x0521, With(With(Words({3}), FileBytes().Put8({'a', 'b', 'c', 0})), Words({40, 30}))),
+          OldRecord(0x0A32, With(Words({40, 30, 2, 4, 0, 0, 100, 100}), FileBytes().Put8({'d', 'e'})))},
+         "text 3,4 \"abc\" font Tahoma -1 color #000000 on #FFFFFF\n"
+         "text 3,4 \"de\" font Tahoma -1 color #000000 on #FFFFFF clip 0,0,10,10\n"},
+        {"texts of a character set",
+         {OldRecord(0x02FB,
+                    With(Words({-120, 0, 0, 0, 400}), FileBytes().Put8({0, 0, 0, 204, 0, 0, 0, 0, 'A', 0}))),
+          select(0), OldRecord(0x0A32, With(Words({40, 30, 1, 0}), FileBytes().Put8({0xC0, 0})))},
+         "text 3,4 \"\xD0\x90\" font A -12 color #000000 on #FFFFFF\n"},
+        {"images",
+         {OldRecord(0x0F43, With(Words({0x20, 0xCC, 0, 1, 2, 0, 0, 100, 200, 20, 10}), Support::TwoPixels())),
+          OldRecord(0x0B41, With(Words({0x20, 0xCC, 1, 1, 0, 0, 100, 200, 20, 10}), Support::TwoPixels()))},
+         "image 2x1 onto 1,2,21,12\nimage 2x1 onto 1,2,21,12 from 0,0,1,1\n"},
+        {"fillings",
+         {OldRecord(0x061D, Words({0x21, 0xF0, 100, 200, 20, 10})),
+          OldRecord(0x0940, Words({0x42, 0, 0, 0, 0, 100, 200, 20, 10}))},
+         "fill 1,2,21,12 brush #FFFFFF\nimage 1x1 onto 1,2,21,12 operation 00\n"},
+        {"window",
+         {OldRecord(0x020C, Words({50, 100})), OldRecord(0x020B, Words({1, 1})),
+          OldRecord(0x041F, Words({0xFF, 0, 5, 7}))},
+         "pixel 6,4 #FF0000\n"},
+        {"clip",
+         {OldRecord(0x001E), OldRecord(0x0416, Words({100, 100, 10, 20})), rectangle,
+          OldRecord(0x0127, Words({-1})), rectangle},
+         "push\nclip 2,1,10,10\nrectangle 2,1,20,10 pen #000000 brush #FFFFFF\npop\n"
+         "rectangle 2,1,20,10 pen #000000 brush #FFFFFF\n"},
+        {"unknown",
+         {OldRecord(0x0626, Words({15, 2, 0})), OldRecord(0x0149, Words({0, 0})), OldRecord(0x00AA)},
+         ""},
+        {"points beyond the record", {OldRecord(0x0325, Words({300, 10, 20, 30, 40}))}, "refused"},
+    };
+    for (const TCase& row : cases) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(Drawing(PlaceableFile(row.records)), row.drawing);
+    }
+}
+
+TEST(GraphicsMetafileReaderTest, TakesTheWindowOfAFileWithoutAFrame)
+{
+    TMetafile metafile;
+    Load(metafile, Support::FramelessFile({OldRecord(0x0103, Words({8})), OldRecord(0x020C, Words({-40, 60})),
+                                           OldRecord(0x020B, Words({40, 0})),
+                                           OldRecord(0x0418, Words({0, 60, 40, 0}))}));
+    EXPECT_EQ(metafile.getWidth(), 60);
+    EXPECT_EQ(metafile.getHeight(), 40);
+    EXPECT_FALSE(metafile.getEnhanced());
+    EXPECT_EQ(metafile.Recording().AsText(), u"ellipse 0,0,60,40 pen #000000 brush #FFFFFF\n");
+    EXPECT_THROW(Load(metafile, Support::FramelessFile({})), EInvalidGraphic);
+}
+
+TEST(GraphicsMetafileReaderTest, RefusesWhatIsDamagedOrEndless)
+{
+    const TRecords saves(5000, EnhancedRecord(33));
+    const auto cut = [](TBytes file, std::size_t count) {
+        file.resize(file.size() - count);
+        return file;
+    };
+    auto noSize = EnhancedFile({EnhancedRecord(43, Longs({1, 2, 9, 8}))});
+    noSize[108 + 4] = 0;
+    auto oldNoSize = PlaceableFile({OldRecord(0x041B, Words({100, 200, 10, 20}))});
+    oldNoSize[40] = 0;
+    auto tooLong = PlaceableFile({OldRecord(0x041B, Words({100, 200, 10, 20}))});
+    tooLong[40 + 3] = 0xFF;
+    // A bitmap of many millions of pixels, in a few bytes of runs.
+    FileBytes bomb;
+    bomb.Put32({40, 10'000, 10'000}).Put16({1, 8}).Put32({1, 0, 0, 0, 1, 0}).Put32({0}).Put8({0, 1});
+    const std::pair<const char*, TBytes> cases[] = {
+        {"saved too deep", EnhancedFile(saves)},
+        {"no end", cut(EnhancedFile({EnhancedRecord(43, Longs({1, 2, 9, 8}))}), 20)},
+        {"no end of the older type", cut(PlaceableFile({OldRecord(0x041B, Words({100, 200, 10, 20}))}), 6)},
+        {"record without size", noSize},
+        {"record without size of the older type", oldNoSize},
+        {"record longer than the file", tooLong},
+        {"count beyond the record", EnhancedFile({EnhancedRecord(4, Longs({0, 0, 0, 0, 0x7FFFFFFF, 1, 2}))})},
+        {"rows beyond the record", EnhancedFile({EnhancedRecord(8, Longs({0, 0, 0, 0, -1, 4, 1, 2, 3, 4}))})},
+        {"rows of more points than there are",
+         EnhancedFile({EnhancedRecord(8, Longs({0, 0, 0, 0, 1, 1, 3, 0, 0}))})},
+        {"region beyond the record",
+         EnhancedFile({EnhancedRecord(74, Longs({0, 0, 0, 0, 9, 32, 1, 0x10000000}))})},
+        {"packed bitmap that can't be as large",
+         EnhancedFile({EnhancedRecord(94, With(Longs({1, 0, 32, 44, 0, 2}), bomb))})},
+    };
+    for (const auto& [name, file] : cases) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(Drawing(file), "refused");
+    }
+}
+
+TEST(GraphicsMetafileReaderTest, SurvivesDamageAtEachByte)
+{
+    const auto stretch = Longs({0, 0, 0, 0, 10, 20, 0, 0, 2, 1, 80, 40, 120, 8, 0, 0xCC0020, 20, 10});
+    const TBytes files[] = {
+        EnhancedFile({EnhancedRecord(38, Longs({1, 1, 3, 0, 0xFF})), EnhancedRecord(37, Longs({1})),
+                      EnhancedRecord(91, With(Longs({0, 0, 0, 0, 2, 6, 3, 3}),
+                                              Words({0, 0, 9, 0, 0, 9, 1, 1, 4, 1, 1, 4}))),
+                      WideText(3, 4, u"abc", 4), EnhancedRecord(81, With(stretch, Support::TwoPixels())),
+                      EnhancedRecord(35, Longs({0, Float(1), Float(-1), 0, 0, 0})),
+                      EnhancedRecord(42, Longs({1, 2, 9, 8}))}),
+        PlaceableFile(
+            {OldRecord(0x02FA, Words({0, 10, 0, 0xFF, 0})), OldRecord(0x012D, Words({0})),
+             OldRecord(0x0538, Words({1, 3, 0, 0, 40, 0, 0, 40})),
+             OldRecord(0x0A32, With(Words({40, 30, 2, 4, 0, 0, 9, 9}), FileBytes().Put8({'d', 'e'}))),
+             OldRecord(0x0F43,
+                       With(Words({0x20, 0xCC, 0, 1, 2, 0, 0, 100, 200, 20, 10}), Support::TwoPixels()))})};
+    std::size_t refused = 0;
+    for (TBytes file : files) {
+        for (System::Byte& byte : file) {
+            const System::Byte whole = byte;
+            for (const unsigned damage : {0xFFU, 0x80U, 1U}) {
+                byte = static_cast<System::Byte>(whole ^ damage);
+                refused += Drawing(file) == "refused" ? 1U : 0U;
+            }
+            byte = whole;
+        }
+    }
+    EXPECT_GT(refused, 100U);
+}
+
+} // namespace
