@@ -46,7 +46,7 @@ void NeedFormat(const QList<QByteArray>& formats, EPictureType type)
 {
     const char* const name = QtNameOf(type);
     if (name == nullptr || !formats.contains(QByteArray(name))) {
-        ThrowNoCodec(type, u"this Qt has no part for them");
+        ThrowNoCodec(type, u"this Qt has no part for it");
     }
 }
 
