@@ -12,7 +12,7 @@ namespace Graphics
 class CEnhancedWriter final : public CMetafileWriter
 {
 public:
-    explicit CEnhancedWriter(const Types::TSize& size) : CMetafileWriter(size) {}
+    CEnhancedWriter(const Types::TSize& size, const TMetafileNames& names);
     ~CEnhancedWriter() override;
 
     std::vector<System::Byte> TakeFile() override;
@@ -46,6 +46,7 @@ private:
     /// The rectangle around all of the picture, with which many records begin.
     void PutBounds(CByteWriter& fields) const;
 
+    TMetafileNames mNames;
     CByteWriter mRecords;
     unsigned mCount = 0;
 };

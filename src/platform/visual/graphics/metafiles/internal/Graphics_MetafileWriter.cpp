@@ -275,10 +275,11 @@ void CMetafileWriter::FloodFill(const TPoint& at, Toolkits::TPixel color, Toolki
     PutFlood(mState.ToDevice(at), ReferenceOfPixel(color), kind == Toolkits::EFlood::Surface);
 }
 
-std::unique_ptr<CMetafileWriter> NewMetafileWriter(Toolkits::EPictureType type, const TSize& size)
+std::unique_ptr<CMetafileWriter> NewMetafileWriter(Toolkits::EPictureType type, const TSize& size,
+                                                   const TMetafileNames& names)
 {
     if (type == Toolkits::EPictureType::EnhancedMetafile) {
-        return std::make_unique<CEnhancedWriter>(size);
+        return std::make_unique<CEnhancedWriter>(size, names);
     }
     return std::make_unique<COldWriter>(size);
 }

@@ -6,6 +6,7 @@
 #include "platform/toolkit/internal/DeviceState.h"
 #include "platform/visual/graphics/internal/Graphics_Bytes.h"
 #include "platform/visual/graphics/metafiles/internal/Graphics_MetafileObjects.h"
+#include "platform/visual/graphics/metafiles/internal/Graphics_MetafileReader.h"
 
 #include <array>
 #include <memory>
@@ -17,7 +18,7 @@ namespace Graphics
 
 /// A device that writes what is drawn on it as a metafile.
 ///
-///     const auto writer = NewMetafileWriter(EPictureType::Metafile, {.cx = 200, .cy = 100});
+///     const auto writer = NewMetafileWriter(EPictureType::Metafile, {.cx = 200, .cy = 100}, {});
 ///     recording.Play(*writer, bounds, bounds);
 ///     const std::vector<System::Byte> file = writer->TakeFile();
 class CMetafileWriter : public Toolkits::PaintDevice
@@ -153,8 +154,10 @@ private:
     std::vector<bool> mIsUsed;
 };
 
-/// A writer of metafiles of the type. `EInvalidGraphic` if one can't have the size.
-std::unique_ptr<CMetafileWriter> NewMetafileWriter(Toolkits::EPictureType type, const Types::TSize& size);
+/// A writer of metafiles of the type; the older one has no place for names. `EInvalidGraphic` if one can't
+/// have the size.
+std::unique_ptr<CMetafileWriter> NewMetafileWriter(Toolkits::EPictureType type, const Types::TSize& size,
+                                                   const TMetafileNames& names);
 
 /// The number of the operation in files, of its byte.
 unsigned OperationNumber(unsigned char operation);
