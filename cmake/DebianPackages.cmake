@@ -67,6 +67,8 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "libjsoncpp-dev, libtrs8-btl-doc")
 describe_package(QT ${library_package}-qt libs " (windows)" "the plug-in by which programs show windows on the desktop, with Qt")
 set(CPACK_COMPONENT_QT_DEPENDS Runtime)
 set(CPACK_DEBIAN_QT_PACKAGE_SHLIBDEPS ON)
+# TIFF is one of Qt's further formats.
+set(CPACK_DEBIAN_QT_PACKAGE_RECOMMENDS qt6-image-formats-plugins)
 
 describe_package(SYMBOLS ${library_package}-dbgsym debug " (debug symbols)" "what gdb shows of the library's own code")
 set(CPACK_COMPONENT_SYMBOLS_DEPENDS Runtime)

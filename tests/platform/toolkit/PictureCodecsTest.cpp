@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/PictureCodecs.h"
 
+#include "platform/visual/graphics/Graphics.h"
 #include "support/ChildProgram.h"
+#include "support/PictureFiles.h"
 #include "support/ScopedVariable.h"
 #include "support/TempFolder.h"
 
@@ -10,6 +12,9 @@
 #include <dlfcn.h>
 
 #include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
 #include <string>
 #include <system_error>
 
@@ -73,6 +78,35 @@ TEST(PictureCodecsTest, SayWhichPlugInIsMissing)
     const Support::ScopedVariable place("LD_LIBRARY_PATH", folder.Path().string());
     EXPECT_EQ(Support::RunChildTest("PictureCodecsTest.DISABLED_LookBesideTheLibrary"),
               "There is no codec for pictures of the type PNG: there is no plug-in libTRS8_BTL_qt.so");
+}
+
+TEST(PictureCodecsTest, DISABLED_ReadWhatNeedsNone)
+{
+    Graphics::TMetafile drawing;
+    {
+        Graphics::TMetafileCanvas canvas(&drawing, nullptr);
+        canvas.Rectangle(0, 0, 4, 2);
+    }
+    Graphics::TBitmap bitmap(4, 2);
+    Graphics::TIcon icon;
+    icon.Assign(&bitmap);
+    for (Graphics::TGraphic* const graphic :
+         {static_cast<Graphics::TGraphic*>(&drawing), static_cast<Graphics::TGraphic*>(&bitmap),
+          static_cast<Graphics::TGraphic*>(&icon)}) {
+        Support::Load(*graphic, Support::Saved(*graphic));
+        bitmap.getCanvas()->Draw(0, 0, graphic);
+    }
+    std::ifstream maps("/proc/self/maps");
+    const std::string loaded((std::istreambuf_iterator<char>(maps)), {});
+    Support::PrintResult(loaded.find("libTRS8_BTL.") == std::string::npos ? "nothing"
+                         : loaded.find("libQt") == std::string::npos      ? "no Qt"
+                                                                          : "Qt");
+}
+
+TEST(PictureCodecsTest, AreNotLoadedForWhatNeedsNone)
+{
+    const Support::ScopedVariable toolkit("TRS8_BTL_TOOLKIT", "headless");
+    EXPECT_EQ(Support::RunChildTest("PictureCodecsTest.DISABLED_ReadWhatNeedsNone"), "no Qt");
 }
 
 } // namespace

@@ -113,28 +113,6 @@ std::unique_ptr<PaintDevice> CLateToolkit::NewPixelDevice(Pixels& pixels)
     return Screen().NewPixelDevice(pixels);
 }
 
-Pixels CLateToolkit::DecodePicture(EPictureType type, std::span<const System::Byte> bytes)
-{
-    return Screen().DecodePicture(type, bytes);
-}
-
-std::vector<System::Byte> CLateToolkit::EncodePicture(EPictureType type, const Pixels& pixels, int quality)
-{
-    return Screen().EncodePicture(type, pixels, quality);
-}
-
-void CLateToolkit::DecodeMetafile(EPictureType type, std::span<const System::Byte> bytes,
-                                  PaintRecording& recording)
-{
-    Screen().DecodeMetafile(type, bytes, recording);
-}
-
-std::vector<System::Byte> CLateToolkit::EncodeMetafile(EPictureType type, const PaintRecording& recording,
-                                                       const Types::TSize& size)
-{
-    return Screen().EncodeMetafile(type, recording, size);
-}
-
 void CLateToolkit::SetCursor(int cursor)
 {
     mCursor = cursor;

@@ -58,12 +58,6 @@ public:
     }
     TPixel SystemColor(int index) const override { return Screen().SystemColor(index); }
     std::unique_ptr<PaintDevice> NewPixelDevice(Pixels& pixels) override;
-    Pixels DecodePicture(EPictureType type, std::span<const System::Byte> bytes) override;
-    std::vector<System::Byte> EncodePicture(EPictureType type, const Pixels& pixels, int quality) override;
-    void DecodeMetafile(EPictureType type, std::span<const System::Byte> bytes,
-                        PaintRecording& recording) override;
-    std::vector<System::Byte> EncodeMetafile(EPictureType type, const PaintRecording& recording,
-                                             const Types::TSize& size) override;
     /// A program without a window shows no cursor; the first window finds it.
     void SetCursor(int cursor) override;
     void Post(std::function<void()> action) override;

@@ -46,9 +46,29 @@ void NeedFormat(const QList<QByteArray>& formats, EPictureType type)
 {
     const char* const name = QtNameOf(type);
     if (name == nullptr || !formats.contains(QByteArray(name))) {
-        ThrowNoCodec(type, u"this Qt has no part for them");
+        ThrowNoCodec(type, u"this Qt has no part for it");
     }
 }
+
+/// Lets Qt take as much memory as a picture of ours can have, while one is read. Its own limit, half of that,
+/// is the program's and holds again behind it.
+class CWiderLimit
+{
+public:
+    CWiderLimit() : mFormer(QImageReader::allocationLimit())
+    {
+        constexpr int megabytes = static_cast<int>(Pixels::MaximumCount * sizeof(TPixel) >> 20U);
+        if (mFormer != 0 && mFormer < megabytes) {
+            QImageReader::setAllocationLimit(megabytes);
+        }
+    }
+    CWiderLimit(const CWiderLimit&) = delete;
+    CWiderLimit& operator=(const CWiderLimit&) = delete;
+    ~CWiderLimit() { QImageReader::setAllocationLimit(mFormer); }
+
+private:
+    int mFormer;
+};
 
 } // namespace
 
@@ -80,6 +100,7 @@ Pixels CQtCodecs::Decode(EPictureType type, std::span<const System::Byte> bytes)
         ThrowDamaged(type,
                      size.isValid() ? QStringLiteral("its size is beyond the limits") : reader.errorString());
     }
+    const CWiderLimit limit;
     QImage image;
     if (!reader.read(&image)) {
         ThrowDamaged(type, reader.errorString());

@@ -41,6 +41,8 @@ struct TMetafileImage : System::TSharedBlock
     Toolkits::PaintRecording recording;
     Types::TSize size;
     TSharedBytes file;
+    /// Those in the file, which has none if it is of the older type.
+    TMetafileNames names;
     EPictureType type = EPictureType::EnhancedMetafile;
     bool isDecoded = false;
 };
@@ -145,9 +147,14 @@ void TMetafile::LoadFromStream(Classes::TStream* stream)
         throw EInvalidGraphic(u"The picture is no metafile");
     }
     image->size = PictureSize(image->type, bytes);
+    if (image->type == EPictureType::EnhancedMetafile) {
+        image->names = ReadMetafileNames(bytes);
+    }
     image->file = TSharedBytes(new TBytesBlock(std::move(bytes)));
     mSize = image->size;
     mEnhanced = image->type == EPictureType::EnhancedMetafile;
+    mCreatedBy = image->names.createdBy;
+    mDescription = image->names.description;
     TakeImage(image);
     setModified(false);
 }
@@ -155,11 +162,12 @@ void TMetafile::LoadFromStream(Classes::TStream* stream)
 void TMetafile::SaveToStream(Classes::TStream* stream)
 {
     const EPictureType type = mEnhanced ? EPictureType::EnhancedMetafile : EPictureType::Metafile;
-    if (mImage->file && mImage->type == type && mImage->size == mSize) {
+    const TMetafileNames names = mEnhanced ? TMetafileNames{mCreatedBy, mDescription} : TMetafileNames();
+    if (mImage->file && mImage->type == type && mImage->size == mSize && mImage->names == names) {
         WriteBytes(stream, mImage->file->bytes);
     } else if (!getEmpty()) {
         // A drawing that is shown in another size is stored as it is shown.
-        const auto writer = NewMetafileWriter(type, mSize);
+        const auto writer = NewMetafileWriter(type, mSize, names);
         Play(*writer, {.Left = 0, .Top = 0, .Right = mSize.cx, .Bottom = mSize.cy});
         WriteBytes(stream, writer->TakeFile());
     }

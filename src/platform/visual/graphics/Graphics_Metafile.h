@@ -55,7 +55,7 @@ public:
     void setEnhanced(bool enhanced);
     /// Dots an inch that the drawing was made for.
     System::Word getInch() const noexcept { return 96; }
-    /// What it shows and who made it.
+    /// What it shows and who made it; only files of the newer form have these.
     const System::UnicodeString& getDescription() const noexcept { return mDescription; }
     void setDescription(const System::UnicodeString& text) { mDescription = text; }
     const System::UnicodeString& getCreatedBy() const noexcept { return mCreatedBy; }

@@ -2,9 +2,12 @@
 #include "platform/toolkit/PictureCodecs.h"
 
 #include "platform/toolkit/Toolkit.h"
+#include "platform/visual/graphics/Graphics.h"
 #include "support/ChildProgram.h"
 #include "support/DrawnPixels.h"
+#include "support/IconFiles.h"
 #include "support/ScopedVariable.h"
+#include "support/TempFolder.h"
 
 #include <QCoreApplication>
 
@@ -54,7 +57,7 @@ std::vector<System::Byte> FileOf(EPictureType type, const Pixels& pixels)
         return EncodePicture(type, pixels, 100);
     } catch (const Graphics::EInvalidGraphic& fault) {
         EXPECT_STREQ(fault.what(),
-                     "There is no codec for pictures of the type TIFF: this Qt has no part for them");
+                     "There is no codec for pictures of the type TIFF: this Qt has no part for it");
         return {};
     }
 }
@@ -112,6 +115,8 @@ void DecodeOrRefuse(EPictureType type, std::span<const System::Byte> bytes)
 
 TEST(QtPicturesTest, SurviveDamageAtEachByte)
 {
+    // The libraries below Qt tell each fault on their own.
+    testing::internal::CaptureStderr();
     for (const TType& row : AllTypes) {
         SCOPED_TRACE(row.name);
         auto file = FileOf(row.type, Sample());
@@ -124,10 +129,12 @@ TEST(QtPicturesTest, SurviveDamageAtEachByte)
             }
         }
     }
+    testing::internal::GetCapturedStderr();
 }
 
 TEST(QtPicturesTest, AreRefusedByTheSizeInTheirHead)
 {
+    testing::internal::CaptureStderr();
     auto png = FileOf(EPictureType::Png, Sample());
     // The width stands behind the signature and the head of the first chunk.
     png[16] = 0x7F;
@@ -136,6 +143,90 @@ TEST(QtPicturesTest, AreRefusedByTheSizeInTheirHead)
     bitmap[18 + 3] = 0x7F;
     EXPECT_THROW(DecodePicture(EPictureType::Bitmap, bitmap), Graphics::EInvalidGraphic);
     EXPECT_THROW(DecodePicture(EPictureType::Jpeg, png), Graphics::EInvalidGraphic);
+    testing::internal::GetCapturedStderr();
+}
+
+/// An icon of 4 by 4 pixels of 1 to 32 bits, with the rows of its picture. The mask takes the first pixel
+/// out.
+std::vector<System::Byte> IconOf(unsigned bitCount, const std::vector<System::Byte>& rows)
+{
+    Support::FileBytes image;
+    image.Put32({40, 4, 8}).Put16({1, bitCount}).Put32({0, 0, 0, 0, 0, 0});
+    if (bitCount <= 8) {
+        for (unsigned i = 0; i < 1U << bitCount; ++i) {
+            image.Put32({i == 0 ? 0U : 0xFF0000U + i});
+        }
+    }
+    image.Append(rows).Put32({0, 0, 0, 0x80});
+    return Support::IconFile({image.getBytes()});
+}
+
+TEST(QtPicturesTest, ReadsIconsAsTheLibraryDoes)
+{
+    // Qt passes over the mask of one with 24 bits.
+    for (const unsigned bitCount : {1U, 4U, 8U, 32U}) {
+        SCOPED_TRACE(bitCount);
+        const std::size_t rowSize = (4 * bitCount + 31) / 32 * 4;
+        std::vector<System::Byte> rows(4 * rowSize);
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            // Alpha is all or nothing, since Qt multiplies colours by it.
+            const bool isAlpha = bitCount == 32 && i % 4 == 3;
+            rows[i] = static_cast<System::Byte>(!isAlpha ? 37 * i + 21 : i % 8 == 3 ? 255 : 0);
+        }
+        const auto file = IconOf(bitCount, rows);
+        Graphics::TIcon icon;
+        Support::Load(icon, file);
+        const Pixels own = icon.PixelsFor(4, 4);
+        const Pixels read = DecodePicture(EPictureType::Icon, file);
+        ASSERT_EQ(read.Bounds(), own.Bounds());
+        for (std::size_t i = 0; i < own.All().size(); ++i) {
+            // A pixel that isn't seen has no colour.
+            const Toolkits::TPixel pixel = read.All()[i];
+            EXPECT_EQ(own.All()[i], pixel >> 24U == 0 ? own.All()[i] & 0xFFFFFFU : pixel) << i;
+        }
+    }
+}
+
+TEST(QtPicturesTest, ReadsAndWritesTheIconsOfTheLibrary)
+{
+    Pixels sample = Sample();
+    sample.At(3, 3) = 0;
+    Graphics::TIcon packed;
+    Support::Load(packed, Support::IconFile({EncodePicture(EPictureType::Png, sample, 0)}));
+    EXPECT_EQ(packed.PixelsFor(12, 8), sample);
+    Graphics::TBitmap bitmap;
+    bitmap.Assign(&packed);
+    Graphics::TIcon written;
+    written.Assign(&bitmap);
+    EXPECT_EQ(DecodePicture(EPictureType::Icon, Support::Saved(written)), sample);
+}
+
+TEST(QtPicturesTest, AreThoseOfThePictureClasses)
+{
+    Graphics::TBitmap bitmap;
+    bitmap.TakePixels(Sample());
+    const Support::TempFolder folder;
+    for (const char* const name : {"a.png", "a.bmp", "a.tif", "a.ico"}) {
+        SCOPED_TRACE(name);
+        const System::UnicodeString path = System::FromUtf8((folder.Path() / name).string());
+        if (FileOf(EPictureType::Tiff, Sample()).empty() && std::string(name) == "a.tif") {
+            continue;
+        }
+        if (std::string(name) == "a.ico") {
+            Graphics::TIcon icon;
+            icon.Assign(&bitmap);
+            icon.SaveToFile(path);
+        } else {
+            Graphics::TWICImage image;
+            image.Assign(&bitmap);
+            image.SaveToFile(path);
+        }
+        Graphics::TPicture picture;
+        picture.LoadFromFile(path);
+        Graphics::TBitmap read;
+        read.Assign(picture.getGraphic());
+        EXPECT_EQ(Support::Drawn(*read.SharePixels()), Support::Drawn(Sample()));
+    }
 }
 
 TEST(QtPicturesTest, DISABLED_NeedNoApplication)

@@ -91,12 +91,6 @@ void AddRows(TMetafileHandlers& handlers, unsigned wide, unsigned narrow)
 
 void AddEnhancedLines(TMetafileHandlers& handlers)
 {
-    handlers[emMoveTo] = [](TMetafileReading& reading, const CByteView& record) {
-        reading.player.MoveTo(TEnhancedFields::PointAt(record, 8));
-    };
-    handlers[emLineTo] = [](TMetafileReading& reading, const CByteView& record) {
-        reading.player.LinesTo({TEnhancedFields::PointAt(record, 8)});
-    };
     AddPoints<&CMetafilePlayer::Bezier>(handlers, emPolyBezier, emPolyBezier16);
     AddPoints<&CMetafilePlayer::BezierTo>(handlers, emPolyBezierTo, emPolyBezierTo16);
     AddPoints<&CMetafilePlayer::Polygon>(handlers, emPolygon, emPolygon16);

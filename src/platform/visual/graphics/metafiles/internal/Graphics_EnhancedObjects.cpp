@@ -40,9 +40,6 @@ void AddEnhancedObjects(TMetafileHandlers& handlers)
         reading.player.Select((number & emStock) != 0 ? StockObject(number & ~emStock)
                                                       : reading.objects.Find(number));
     };
-    handlers[emDelete] = [](TMetafileReading& reading, const CByteView& record) {
-        reading.objects.Delete(record.At32(8));
-    };
     handlers[emCreatePen] = [](TMetafileReading& reading, const CByteView& record) {
         reading.objects.Put(record.At32(8),
                             MetafilePen(record.At32(12), TFields::At(record, 16), record.At32(24)));

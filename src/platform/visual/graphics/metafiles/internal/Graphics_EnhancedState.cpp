@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/visual/graphics/metafiles/internal/Graphics_EnhancedRecords.h"
+#include "platform/visual/graphics/metafiles/internal/Graphics_SharedRecords.h"
 
 #include <bit>
 
@@ -63,69 +64,46 @@ void SelectClipRegion(TMetafileReading& reading, const CByteView& record)
     }
 }
 
+/// The fields stand behind type and size of the record.
+struct TLayout
+{
+    static unsigned NumberAt(const CByteView& record) { return record.At32(8); }
+    static int SignedAt(const CByteView& record) { return record.Signed32(8); }
+    static unsigned ColorAt(const CByteView& record) { return record.At32(8); }
+    static Types::TPoint PointAt(const CByteView& record) { return TFields::PointAt(record, 8); }
+    static Types::TRect RectAt(const CByteView& record) { return TFields::RectAt(record, 8); }
+};
+
 } // namespace
 
 void AddEnhancedState(TMetafileHandlers& handlers)
 {
-    handlers[emSetWindowExtent] = [](TMetafileReading& reading, const CByteView& record) {
-        reading.player.State().mapping.setWindowExtent(TFields::SizeAt(record, 8));
-    };
-    handlers[emSetWindowOrigin] = [](TMetafileReading& reading, const CByteView& record) {
-        reading.player.State().mapping.setWindowOrigin(TFields::PointAt(record, 8));
-    };
-    handlers[emSetViewportExtent] = [](TMetafileReading& reading, const CByteView& record) {
-        reading.player.State().mapping.setViewportExtent(TFields::SizeAt(record, 8));
-    };
-    handlers[emSetViewportOrigin] = [](TMetafileReading& reading, const CByteView& record) {
-        reading.player.State().mapping.setViewportOrigin(TFields::PointAt(record, 8));
-    };
-    handlers[emScaleWindow] = [](TMetafileReading& reading, const CByteView& record) {
-        reading.player.State().mapping.ScaleWindow(
-            {.X = TFields::At(record, 8), .Y = TFields::At(record, 16)},
-            {.X = TFields::At(record, 12), .Y = TFields::At(record, 20)});
-    };
-    handlers[emScaleViewport] = [](TMetafileReading& reading, const CByteView& record) {
-        reading.player.State().mapping.ScaleViewport(
-            {.X = TFields::At(record, 8), .Y = TFields::At(record, 16)},
-            {.X = TFields::At(record, 12), .Y = TFields::At(record, 20)});
-    };
-    handlers[emSetMapMode] = [](TMetafileReading& reading, const CByteView& record) {
-        reading.player.State().mapping.setMode(record.At32(8));
-    };
+    GSharedRecords<TLayout>::Add(handlers, {.setWindowOrigin = emSetWindowOrigin,
+                                            .setWindowExtent = emSetWindowExtent,
+                                            .setViewportOrigin = emSetViewportOrigin,
+                                            .setViewportExtent = emSetViewportExtent,
+                                            .scaleWindow = emScaleWindow,
+                                            .scaleViewport = emScaleViewport,
+                                            .setMapMode = emSetMapMode,
+                                            .setBackgroundMode = emSetBackgroundMode,
+                                            .setPenMode = emSetPenMode,
+                                            .setTextAlign = emSetTextAlign,
+                                            .setTextColor = emSetTextColor,
+                                            .setBackgroundColor = emSetBackgroundColor,
+                                            .save = emSave,
+                                            .restore = emRestore,
+                                            .intersectClip = emIntersectClip,
+                                            .offsetClip = emOffsetClip,
+                                            .moveTo = emMoveTo,
+                                            .lineTo = emLineTo,
+                                            .remove = emDelete});
     handlers[emSetWorld] = [](TMetafileReading& reading, const CByteView& record) {
         reading.player.State().mapping.setWorld(TransformAt(record, 8));
     };
     handlers[emModifyWorld] = &ModifyWorld;
-    handlers[emSetBackgroundMode] = [](TMetafileReading& reading, const CByteView& record) {
-        reading.player.State().isOpaque = record.At32(8) != 1;
-    };
-    handlers[emSetPenMode] = [](TMetafileReading& reading, const CByteView& record) {
-        reading.player.State().mode = MetafilePenMode(record.At32(8));
-    };
-    handlers[emSetTextAlign] = [](TMetafileReading& reading, const CByteView& record) {
-        reading.player.State().textAlign = record.At32(8);
-    };
-    handlers[emSetTextColor] = [](TMetafileReading& reading, const CByteView& record) {
-        reading.player.State().textColor = PixelOfReference(record.At32(8));
-    };
-    handlers[emSetBackgroundColor] = [](TMetafileReading& reading, const CByteView& record) {
-        reading.player.State().background = PixelOfReference(record.At32(8));
-    };
     handlers[emSetArcDirection] = [](TMetafileReading& reading, const CByteView& record) {
-        reading.player.State().isClockwise = record.At32(8) == 2;
-    };
-    handlers[emSave] = [](TMetafileReading& reading, const CByteView&) { reading.player.Save(); };
-    handlers[emRestore] = [](TMetafileReading& reading, const CByteView& record) {
-        reading.player.Restore(TFields::At(record, 8));
-    };
-    handlers[emIntersectClip] = [](TMetafileReading& reading, const CByteView& record) {
-        reading.player.IntersectClip(reading.player.State().mapping.ToPixels(TFields::RectAt(record, 8)));
-    };
-    handlers[emOffsetClip] = [](TMetafileReading& reading, const CByteView& record) {
-        const CMetafileMapping& mapping = reading.player.State().mapping;
-        const Types::TRect moved = mapping.ToPixels(
-            {.Left = 0, .Top = 0, .Right = TFields::At(record, 8), .Bottom = TFields::At(record, 12)});
-        reading.player.MoveClip({.cx = moved.Width(), .cy = moved.Height()});
+        constexpr unsigned clockwise = 2;
+        reading.player.State().isClockwise = record.At32(8) == clockwise;
     };
     handlers[emSelectClipRegion] = &SelectClipRegion;
 }

@@ -89,7 +89,38 @@ Pixels Multiplied(const Pixels& image)
     return pixels;
 }
 
+/// How many units both names take, with a zero behind each and one more; none if both are empty.
+std::size_t NameUnits(const TMetafileNames& names)
+{
+    const auto length = static_cast<std::size_t>(names.createdBy.Length() + names.description.Length());
+    return length == 0 ? 0 : length + 3;
+}
+
+/// The names in whole words.
+std::vector<System::Byte> NameBytes(const TMetafileNames& names)
+{
+    CByteWriter bytes;
+    if (NameUnits(names) == 0) {
+        return {};
+    }
+    for (const System::UnicodeString* const name : {&names.createdBy, &names.description}) {
+        for (const System::WideChar unit : name->AsView()) {
+            bytes.Put16(unit);
+        }
+        bytes.Put16(0);
+    }
+    do {
+        bytes.Put16(0);
+    } while (bytes.Size() % 4 != 0);
+    return bytes.Take();
+}
+
 } // namespace
+
+CEnhancedWriter::CEnhancedWriter(const TSize& size, const TMetafileNames& names)
+    : CMetafileWriter(size), mNames(names)
+{
+}
 
 CEnhancedWriter::~CEnhancedWriter() = default;
 
@@ -122,9 +153,11 @@ std::vector<System::Byte> CEnhancedWriter::TakeFile()
 {
     // No palette, where it would be, and the size of this record.
     PutNumbers(emEnd, {0, 16, 20});
+    const std::vector<System::Byte> names = NameBytes(mNames);
+    const std::size_t headSize = HeaderSize + names.size();
     CByteWriter file;
     file.Put32(emHeader);
-    file.Put32(HeaderSize);
+    file.Put32(static_cast<unsigned>(headSize));
     PutBounds(file);
     constexpr int hundredthsPerInch = 2540;
     Put(file, TRect{.Left = 0,
@@ -133,17 +166,20 @@ std::vector<System::Byte> CEnhancedWriter::TakeFile()
                     .Bottom = MulDiv(Size().cy, hundredthsPerInch, 96)});
     file.Put32(0x464D4520);
     file.Put32(0x10000);
-    file.Put32(static_cast<unsigned>(HeaderSize + mRecords.Size()));
+    file.Put32(static_cast<unsigned>(headSize + mRecords.Size()));
     file.Put32(mCount + 1);
     // The numbers of objects begin with 1.
-    file.Put16(static_cast<unsigned>(mHandles + 1));
+    file.Put16(static_cast<unsigned>(ObjectCount() + 1));
     file.Put16(0);
-    // No description and no palette.
-    PutZeros(file, 12);
+    file.Put32(static_cast<unsigned>(NameUnits(mNames)));
+    file.Put32(names.empty() ? 0U : HeaderSize);
+    // No palette.
+    file.Put32(0);
     for (const unsigned field : {DevicePixels, DevicePixels, DeviceMillimetres, DeviceMillimetres, 0U, 0U, 0U,
                                  DeviceMillimetres * 1000, DeviceMillimetres * 1000}) {
         file.Put32(field);
     }
+    file.Append(names);
     file.Append(mRecords.Take());
     return file.Take();
 }
@@ -165,27 +201,22 @@ void CEnhancedWriter::PutObject(std::size_t number, const Toolkits::TPenData& pe
 {
     PutNumbers(emCreatePen, {static_cast<unsigned>(number) + 1, static_cast<unsigned>(pen.style),
                              static_cast<unsigned>(pen.width), 0, ReferenceOfPixel(pen.color)});
-    mHandles = std::max(mHandles, number + 1);
 }
 
-void CEnhancedWriter::PutObject(std::size_t number, const Toolkits::TBrushData& brush)
+void CEnhancedWriter::PutObject(std::size_t number, const TLogicalBrush& brush, unsigned color)
 {
+    PutNumbers(emCreateBrush, {static_cast<unsigned>(number) + 1, brush.style, color, brush.hatch});
+}
+
+void CEnhancedWriter::PutPattern(std::size_t number, std::span<const System::Byte> dib)
+{
+    constexpr unsigned head = 32;
     CByteWriter fields;
     fields.Put32(static_cast<unsigned>(number) + 1);
-    if (brush.pattern && !brush.pattern->IsEmpty()) {
-        const auto dib = WriteDib(*brush.pattern, {}, brush.pattern->getHeight());
-        fields.Put32(0);
-        PutBitmapPlaces(fields, dib, 32);
-        fields.Append(dib);
-        PutRecord(emCreatePatternBrush, std::move(fields));
-    } else {
-        const TLogicalBrush logical = LogicalBrush(brush);
-        fields.Put32(logical.style);
-        fields.Put32(ReferenceOfPixel(brush.color));
-        fields.Put32(logical.hatch);
-        PutRecord(emCreateBrush, std::move(fields));
-    }
-    mHandles = std::max(mHandles, number + 1);
+    fields.Put32(0);
+    PutBitmapPlaces(fields, dib, head);
+    fields.Append(dib);
+    PutRecord(emCreatePatternBrush, std::move(fields));
 }
 
 void CEnhancedWriter::PutObject(std::size_t number, const Toolkits::TFontData& font)
@@ -197,7 +228,6 @@ void CEnhancedWriter::PutObject(std::size_t number, const Toolkits::TFontData& f
     WriteMetafileFont<std::int32_t>(fields, font);
     PutZeros(fields, rest);
     PutRecord(emCreateFont, std::move(fields));
-    mHandles = std::max(mHandles, number + 1);
 }
 
 void CEnhancedWriter::PutSelect(std::size_t number)

@@ -12,7 +12,7 @@ namespace Graphics
 class CEnhancedWriter final : public CMetafileWriter
 {
 public:
-    explicit CEnhancedWriter(const Types::TSize& size) : CMetafileWriter(size) {}
+    CEnhancedWriter(const Types::TSize& size, const TMetafileNames& names);
     ~CEnhancedWriter() override;
 
     std::vector<System::Byte> TakeFile() override;
@@ -21,7 +21,8 @@ protected:
     void PutClip(const Types::TRect& rect) override;
     void PutEndOfClip() override;
     void PutObject(std::size_t number, const Toolkits::TPenData& pen) override;
-    void PutObject(std::size_t number, const Toolkits::TBrushData& brush) override;
+    void PutObject(std::size_t number, const TLogicalBrush& brush, unsigned color) override;
+    void PutPattern(std::size_t number, std::span<const System::Byte> dib) override;
     void PutObject(std::size_t number, const Toolkits::TFontData& font) override;
     void PutSelect(std::size_t number) override;
     void PutDelete(std::size_t number) override;
@@ -45,9 +46,9 @@ private:
     /// The rectangle around all of the picture, with which many records begin.
     void PutBounds(CByteWriter& fields) const;
 
+    TMetafileNames mNames;
     CByteWriter mRecords;
     unsigned mCount = 0;
-    std::size_t mHandles = 0;
 };
 
 } // namespace Graphics

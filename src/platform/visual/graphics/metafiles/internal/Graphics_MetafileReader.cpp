@@ -4,8 +4,10 @@
 #include "platform/visual/graphics/metafiles/internal/Graphics_EnhancedRecords.h"
 #include "platform/visual/graphics/metafiles/internal/Graphics_OldRecords.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <iterator>
 
 namespace Graphics
 {
@@ -147,6 +149,29 @@ void ReadMetafile(Toolkits::EPictureType type, TBytes bytes, const Types::TSize&
         ReadOld(bytes, size, reading);
     }
     reading.player.Finish();
+}
+
+TMetafileNames ReadMetafileNames(TBytes bytes)
+{
+    constexpr std::size_t countPlace = 60;
+    constexpr std::size_t offsetPlace = 64;
+    const CByteView file(bytes);
+    // One behind the other, each with a zero at its end.
+    TMetafileNames names;
+    System::UnicodeString* const both[] = {&names.createdBy, &names.description};
+    std::size_t index = 0;
+    const std::size_t offset = file.At32(offsetPlace);
+    const std::size_t count =
+        file.Has(offset, 0) ? std::min<std::size_t>(file.At32(countPlace), bytes.size() / 2) : 0;
+    for (std::size_t i = 0; i < count && index < std::size(both); ++i) {
+        const auto unit = static_cast<System::WideChar>(file.At16(offset + 2 * i));
+        if (unit == 0) {
+            ++index;
+        } else {
+            *both[index] += unit;
+        }
+    }
+    return names;
 }
 
 bool IsFrameless(TBytes bytes)

@@ -2,6 +2,7 @@
 #include "platform/visual/graphics/metafiles/internal/Graphics_MetafileWriter.h"
 
 #include "platform/visual/graphics/Graphics_CopyMode.h"
+#include "platform/visual/graphics/internal/Graphics_Dib.h"
 #include "platform/visual/graphics/metafiles/internal/Graphics_EnhancedWriter.h"
 #include "platform/visual/graphics/metafiles/internal/Graphics_MetafileReading.h"
 #include "platform/visual/graphics/metafiles/internal/Graphics_OldWriter.h"
@@ -75,6 +76,15 @@ unsigned OperationNumber(unsigned char operation)
 CMetafileWriter::CMetafileWriter(const TSize& size) : mSize(size), mState(BoundsOf(size)) {}
 
 CMetafileWriter::~CMetafileWriter() = default;
+
+void CMetafileWriter::PutObject(std::size_t number, const TBrushData& brush)
+{
+    if (brush.pattern && !brush.pattern->IsEmpty()) {
+        PutPattern(number, WriteDib(*brush.pattern, {}, brush.pattern->getHeight()));
+    } else {
+        PutObject(number, LogicalBrush(brush), ReferenceOfPixel(brush.color));
+    }
+}
 
 template <class Object>
 void CMetafileWriter::Use(GSelected<Object>& selected, const Object& wanted)
@@ -265,10 +275,11 @@ void CMetafileWriter::FloodFill(const TPoint& at, Toolkits::TPixel color, Toolki
     PutFlood(mState.ToDevice(at), ReferenceOfPixel(color), kind == Toolkits::EFlood::Surface);
 }
 
-std::unique_ptr<CMetafileWriter> NewMetafileWriter(Toolkits::EPictureType type, const TSize& size)
+std::unique_ptr<CMetafileWriter> NewMetafileWriter(Toolkits::EPictureType type, const TSize& size,
+                                                   const TMetafileNames& names)
 {
     if (type == Toolkits::EPictureType::EnhancedMetafile) {
-        return std::make_unique<CEnhancedWriter>(size);
+        return std::make_unique<CEnhancedWriter>(size, names);
     }
     return std::make_unique<COldWriter>(size);
 }

@@ -5,6 +5,8 @@
 #include "platform/toolkit/PictureType.h"
 #include "platform/toolkit/internal/DeviceState.h"
 #include "platform/visual/graphics/internal/Graphics_Bytes.h"
+#include "platform/visual/graphics/metafiles/internal/Graphics_MetafileObjects.h"
+#include "platform/visual/graphics/metafiles/internal/Graphics_MetafileReader.h"
 
 #include <array>
 #include <memory>
@@ -16,7 +18,7 @@ namespace Graphics
 
 /// A device that writes what is drawn on it as a metafile.
 ///
-///     const auto writer = NewMetafileWriter(EPictureType::Metafile, {.cx = 200, .cy = 100});
+///     const auto writer = NewMetafileWriter(EPictureType::Metafile, {.cx = 200, .cy = 100}, {});
 ///     recording.Play(*writer, bounds, bounds);
 ///     const std::vector<System::Byte> file = writer->TakeFile();
 class CMetafileWriter : public Toolkits::PaintDevice
@@ -78,6 +80,8 @@ protected:
     explicit CMetafileWriter(const Types::TSize& size);
 
     const Types::TSize& Size() const { return mSize; }
+    /// As many objects as there are at once.
+    std::size_t ObjectCount() const { return mIsUsed.size(); }
     /// The font that can show the text.
     virtual Toolkits::TFontData FontFor(const Toolkits::TFontData& font, const System::UnicodeString& text)
     {
@@ -91,7 +95,9 @@ protected:
     virtual void PutClip(const Types::TRect& rect) = 0;
     virtual void PutEndOfClip() = 0;
     virtual void PutObject(std::size_t number, const Toolkits::TPenData& pen) = 0;
-    virtual void PutObject(std::size_t number, const Toolkits::TBrushData& brush) = 0;
+    virtual void PutObject(std::size_t number, const TLogicalBrush& brush, unsigned color) = 0;
+    /// A brush with a bitmap for its pattern.
+    virtual void PutPattern(std::size_t number, std::span<const System::Byte> dib) = 0;
     virtual void PutObject(std::size_t number, const Toolkits::TFontData& font) = 0;
     virtual void PutSelect(std::size_t number) = 0;
     virtual void PutDelete(std::size_t number) = 0;
@@ -125,6 +131,7 @@ private:
         std::array<std::optional<unsigned>, SettingCount> settings;
     };
 
+    void PutObject(std::size_t number, const Toolkits::TBrushData& brush);
     template <class Object>
     void Use(GSelected<Object>& selected, const Object& wanted);
     template <class Object>
@@ -147,8 +154,10 @@ private:
     std::vector<bool> mIsUsed;
 };
 
-/// A writer of metafiles of the type. `EInvalidGraphic` if one can't have the size.
-std::unique_ptr<CMetafileWriter> NewMetafileWriter(Toolkits::EPictureType type, const Types::TSize& size);
+/// A writer of metafiles of the type; the older one has no place for names. `EInvalidGraphic` if one can't
+/// have the size.
+std::unique_ptr<CMetafileWriter> NewMetafileWriter(Toolkits::EPictureType type, const Types::TSize& size,
+                                                   const TMetafileNames& names);
 
 /// The number of the operation in files, of its byte.
 unsigned OperationNumber(unsigned char operation);

@@ -35,9 +35,6 @@ void AddOldObjects(TMetafileHandlers& handlers)
     at(omSelect) = [](TMetafileReading& reading, const CByteView& record) {
         reading.player.Select(reading.objects.Find(record.At16(0)));
     };
-    at(omDelete) = [](TMetafileReading& reading, const CByteView& record) {
-        reading.objects.Delete(record.At16(0));
-    };
     at(omCreatePen) = [](TMetafileReading& reading, const CByteView& record) {
         reading.objects.PutLowest(MetafilePen(record.At16(0), WordAt(record, 1), record.At32(6)));
     };

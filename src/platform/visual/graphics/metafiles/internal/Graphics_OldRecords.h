@@ -62,7 +62,7 @@ inline constexpr unsigned omDibStretchBlt = 0x0B41;
 inline constexpr unsigned omSetDibToDevice = 0x0D33;
 inline constexpr unsigned omStretchDib = 0x0F43;
 
-constexpr std::size_t OldRecordIndex(unsigned function)
+constexpr unsigned OldRecordIndex(unsigned function)
 {
     return function & 0xFFU;
 }

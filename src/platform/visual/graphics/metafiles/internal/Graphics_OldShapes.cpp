@@ -45,12 +45,6 @@ void AddOldShapes(TMetafileHandlers& handlers)
     const auto at = [&](unsigned function) -> TMetafileHandler& {
         return handlers[OldRecordIndex(function)];
     };
-    at(omMoveTo) = [](TMetafileReading& reading, const CByteView& record) {
-        reading.player.MoveTo(OldPointAt(record, 0));
-    };
-    at(omLineTo) = [](TMetafileReading& reading, const CByteView& record) {
-        reading.player.LinesTo({OldPointAt(record, 0)});
-    };
     at(omPolygon) = &WithPoints<&CMetafilePlayer::Polygon>;
     at(omPolyline) = &WithPoints<&CMetafilePlayer::Polyline>;
     at(omPolyPolygon) = &PolyPolygon;

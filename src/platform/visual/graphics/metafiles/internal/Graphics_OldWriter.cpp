@@ -108,7 +108,7 @@ std::vector<System::Byte> COldWriter::TakeFile()
     file.Put16(OldHeadSize / 2);
     file.Put16(0x300);
     file.Put32(static_cast<unsigned>((OldHeadSize + mRecords.Size()) / 2));
-    file.Put16(static_cast<unsigned>(mObjects));
+    file.Put16(static_cast<unsigned>(ObjectCount()));
     file.Put32(static_cast<unsigned>(mLongest / 2));
     file.Put16(0);
     file.Append(mRecords.Take());
@@ -135,7 +135,7 @@ void COldWriter::PutEndOfClip()
     PutWords(omRestore, {-1});
 }
 
-void COldWriter::PutObject(std::size_t number, const Toolkits::TPenData& pen)
+void COldWriter::PutObject(std::size_t, const Toolkits::TPenData& pen)
 {
     CByteWriter words;
     words.Put16(static_cast<unsigned>(pen.style));
@@ -143,34 +143,32 @@ void COldWriter::PutObject(std::size_t number, const Toolkits::TPenData& pen)
     words.Put16(0);
     words.Put32(ReferenceOfPixel(pen.color));
     PutRecord(omCreatePen, std::move(words));
-    mObjects = std::max(mObjects, number + 1);
 }
 
-void COldWriter::PutObject(std::size_t number, const Toolkits::TBrushData& brush)
+void COldWriter::PutObject(std::size_t, const TLogicalBrush& brush, unsigned color)
+{
+    CByteWriter words;
+    words.Put16(brush.style);
+    words.Put32(color);
+    words.Put16(brush.hatch);
+    PutRecord(omCreateBrush, std::move(words));
+}
+
+void COldWriter::PutPattern(std::size_t, std::span<const System::Byte> dib)
 {
     constexpr unsigned dibPattern = 5;
     CByteWriter words;
-    if (brush.pattern && !brush.pattern->IsEmpty()) {
-        words.Put16(dibPattern);
-        words.Put16(0);
-        words.Append(WriteDib(*brush.pattern, {}, brush.pattern->getHeight()));
-        PutRecord(omCreateDibBrush, std::move(words));
-    } else {
-        const TLogicalBrush logical = LogicalBrush(brush);
-        words.Put16(logical.style);
-        words.Put32(ReferenceOfPixel(brush.color));
-        words.Put16(logical.hatch);
-        PutRecord(omCreateBrush, std::move(words));
-    }
-    mObjects = std::max(mObjects, number + 1);
+    words.Put16(dibPattern);
+    words.Put16(0);
+    words.Append(dib);
+    PutRecord(omCreateDibBrush, std::move(words));
 }
 
-void COldWriter::PutObject(std::size_t number, const Toolkits::TFontData& font)
+void COldWriter::PutObject(std::size_t, const Toolkits::TFontData& font)
 {
     CByteWriter words;
     WriteMetafileFont<std::int16_t>(words, font);
     PutRecord(omCreateFont, std::move(words));
-    mObjects = std::max(mObjects, number + 1);
 }
 
 void COldWriter::PutSelect(std::size_t number)

@@ -26,7 +26,8 @@ protected:
     void PutClip(const Types::TRect& rect) override;
     void PutEndOfClip() override;
     void PutObject(std::size_t number, const Toolkits::TPenData& pen) override;
-    void PutObject(std::size_t number, const Toolkits::TBrushData& brush) override;
+    void PutObject(std::size_t number, const TLogicalBrush& brush, unsigned color) override;
+    void PutPattern(std::size_t number, std::span<const System::Byte> dib) override;
     void PutObject(std::size_t number, const Toolkits::TFontData& font) override;
     void PutSelect(std::size_t number) override;
     void PutDelete(std::size_t number) override;
@@ -50,7 +51,6 @@ private:
 
     CByteWriter mRecords;
     std::size_t mLongest = 0;
-    std::size_t mObjects = 0;
 };
 
 } // namespace Graphics

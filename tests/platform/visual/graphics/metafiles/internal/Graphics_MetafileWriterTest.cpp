@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <functional>
 #include <string>
+#include <utility>
 
 namespace
 {
@@ -170,6 +171,30 @@ TEST(GraphicsMetafileWriterTest, KeepsTextsAndFonts)
         TMetafile read;
         Load(read, Saved(drawn));
         EXPECT_EQ(read.Recording().AsText(), drawn.Recording().AsText());
+    }
+}
+
+TEST(GraphicsMetafileWriterTest, KeepsNames)
+{
+    for (const auto& [createdBy, description] :
+         {std::pair(u"maker", u"\u0394p of a run"), {u"", u"odd"}, {u"", u""}}) {
+        TMetafile drawn;
+        Draw(drawn, Cases[0]);
+        drawn.setCreatedBy(createdBy);
+        drawn.setDescription(description);
+        TMetafile read;
+        Load(read, Saved(drawn));
+        EXPECT_EQ(read.getCreatedBy(), createdBy);
+        EXPECT_EQ(read.getDescription(), description);
+        EXPECT_EQ(Shown(read), Shown(drawn));
+        read.setDescription(u"another");
+        TMetafile again;
+        Load(again, Saved(read));
+        EXPECT_EQ(again.getDescription(), u"another");
+        EXPECT_EQ(Shown(again), Shown(drawn));
+        drawn.setEnhanced(false);
+        Load(read, Saved(drawn));
+        EXPECT_EQ(read.getDescription(), u"");
     }
 }
 
