@@ -224,8 +224,8 @@ private:
     static auto& Cast(Object* object)
     {
         using Target = std::conditional_t<std::is_const_v<Object>, const T, T>;
-        std::conditional_t<std::is_const_v<Object>, const Owner, Owner>* result =
-            dynamic_cast<Target*>(object);
+        auto* const whole = dynamic_cast<Target*>(object);
+        std::conditional_t<std::is_const_v<Object>, const Owner, Owner>* result = whole;
         if constexpr (!std::same_as<Owner, T>) {
             if (result == nullptr && object != nullptr && object->HasSetClass()) {
                 result = dynamic_cast<decltype(result)>(object);
