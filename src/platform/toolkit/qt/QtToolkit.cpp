@@ -10,6 +10,7 @@
 #include "platform/toolkit/qt/QtEdits.h"
 #include "platform/toolkit/qt/QtFonts.h"
 #include "platform/toolkit/qt/QtForm.h"
+#include "platform/toolkit/qt/QtList.h"
 #include "platform/toolkit/qt/QtPaintDevice.h"
 #include "platform/toolkit/qt/QtPictures.h"
 
@@ -142,6 +143,9 @@ std::unique_ptr<Window> CQtToolkit::MakeWindow(const TWindowSettings& settings)
         return std::make_unique<CQtButton>(mDesktop, settings);
     case EWindowKind::ComboBox:
         return std::make_unique<CQtCombo>(mDesktop, settings);
+    case EWindowKind::ListBox:
+    case EWindowKind::CheckListBox:
+        return std::make_unique<CQtList>(mDesktop, settings);
     default:
         // What the controls paint and do by themselves, with all their styles.
         return std::make_unique<CQtCanvas>(mDesktop, settings);

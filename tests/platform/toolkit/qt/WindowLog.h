@@ -4,6 +4,9 @@
 #include "platform/toolkit/InputPlayer.h"
 #include "platform/toolkit/Toolkit.h"
 
+#include <QApplication>
+#include <QWidget>
+
 #include <functional>
 #include <memory>
 #include <string>
@@ -50,6 +53,7 @@ public:
     void Chosen(int index) override { Add("chosen" + std::to_string(index)); }
     void ItemChecked(int index) override { Add("check" + std::to_string(index)); }
     void DropChanged(bool isOpen) override { Add(isOpen ? "open" : "closed"); }
+    void Scrolled(int first) override { Add("scrolled" + std::to_string(first)); }
     bool PaintAsked(Toolkits::PaintDevice&, const Types::TRect&) override { return false; }
     void BoundsChanged(const Types::TRect&) override { Add("bounds"); }
     void FilesDropped(const std::vector<System::UnicodeString>&, Types::TPoint) override { Add("files"); }
@@ -65,6 +69,17 @@ private:
         }
     }
 };
+
+/// The widget of that name; null if there is none.
+inline QWidget* FindWidget(const char* name)
+{
+    for (QWidget* const widget : QApplication::allWidgets()) {
+        if (widget->objectName() == QLatin1String(name)) {
+            return widget;
+        }
+    }
+    return nullptr;
+}
 
 /// A form with one window in it, both shown, and what they tell.
 struct TShownWindow
