@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/Window.h"
 
+#include "platform/toolkit/MenuEntry.h"
 #include "platform/toolkit/ModalWindow.h"
 #include "platform/toolkit/WindowContents.h"
 
@@ -16,8 +17,27 @@ Window::~Window() = default;
 void WindowEvents::StateChanged(EWindowState) {}
 
 void WindowEvents::ColorsChanged() {}
+void WindowEvents::MenuOpening(int) {}
+
+void WindowEvents::MenuChosen(int) {}
+std::vector<TMenuEntry> WindowEvents::MenuAsked()
+{
+    return {};
+}
 
 void Window::SetState(EWindowState) {}
+
+void Window::ShowMenuBar(bool) {}
+
+bool Window::OpenMenu(int)
+{
+    return false;
+}
+
+System::UnicodeString WindowEvents::HintAt(Types::TPoint)
+{
+    return {};
+}
 
 // Only windows that paint by themselves look at it.
 
@@ -30,6 +50,8 @@ void Window::SetLabel(const System::UnicodeString&) {}
 void Window::SetSelection(int, int) {}
 
 void Window::SetEditTraits(const TEditTraits&) {}
+
+void Window::ShowFormats(const TTextFormats&) {}
 
 WindowItems::~WindowItems() = default;
 
@@ -52,13 +74,20 @@ bool WindowItems::IsItemHeader(int) const
     return false;
 }
 
-// Only windows of lists tell of these.
+bool WindowItems::IsItemChosen(int) const
+{
+    return false;
+}
+
+// Only windows of lists and pages tell of these.
 
 void WindowEvents::ItemChecked(int) {}
 
 void WindowEvents::DropChanged(bool) {}
 
-// Only windows of buttons, boxes and lists know of these.
+void WindowEvents::Scrolled(int) {}
+
+// Only windows of buttons, boxes, lists, bars and pages know of these.
 
 void Window::SetCheck(ECheck) {}
 
@@ -73,6 +102,16 @@ void Window::SelectItem(int) {}
 void Window::SetComboTraits(const TComboTraits&) {}
 
 void Window::SetDropped(bool) {}
+
+void Window::SetListTraits(const TListTraits&) {}
+
+void Window::SetTopItem(int) {}
+
+void Window::ShowChoice() {}
+
+void Window::SetProgress(const TProgress&) {}
+
+void Window::SetTabs(const TTabs&) {}
 
 ModalWindow::~ModalWindow() = default;
 

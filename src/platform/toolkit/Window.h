@@ -14,7 +14,9 @@ namespace Toolkits
 
 class PaintDevice;
 class PaintRecording;
+class Pixels;
 class WindowContents;
+struct TMenuEntry;
 
 /// How large the window of a form is: as it was set, out of sight but for the desktop's list, or all of the
 /// screen.
@@ -56,6 +58,16 @@ public:
     virtual void ItemChecked(int index);
     /// The list of a combo box is about to open, so that its items may still be changed; or it closed.
     virtual void DropChanged(bool isOpen);
+    /// The user moved what is seen: the item, or the tab, `first` is now the first one.
+    virtual void Scrolled(int first);
+    /// The user opens the entry `id` of the menu bar, so that what is in it may still be changed.
+    virtual void MenuOpening(int id);
+    /// The user chose the entry `id` of the menu bar, or of a menu in it.
+    virtual void MenuChosen(int id);
+    /// The entries of the menu bar as they are now.
+    virtual std::vector<TMenuEntry> MenuAsked();
+    /// What to tell the user about a place of the client area on which the mouse rests; empty for nothing.
+    virtual System::UnicodeString HintAt(Types::TPoint place);
     /// `part` of the client area has to be painted anew. True if that is done, so that the window mustn't
     /// paint its own contents.
     virtual bool PaintAsked(PaintDevice& device, const Types::TRect& part) = 0;
@@ -116,6 +128,82 @@ struct TEditTraits
     bool hasVerticalBar = false;
 };
 
+/// How some units of an edited text look that stand side by side.
+struct TTextRun
+{
+    int length = 0;
+    TFontData font = {};
+    TPixel color = OpaquePixel(0, 0, 0);
+
+    friend bool operator==(const TTextRun&, const TTextRun&) = default;
+};
+
+/// How paragraphs of an edited text are laid out that stand side by side; distances in pixels.
+struct TParagraphRun
+{
+    int length = 0;
+    /// As of `TEditTraits`.
+    int alignment = 0;
+    /// That of the first row comes to that of all.
+    int firstIndent = 0;
+    int leftIndent = 0;
+    int rightIndent = 0;
+    bool hasBullet = false;
+
+    friend bool operator==(const TParagraphRun&, const TParagraphRun&) = default;
+};
+
+/// The formats of a part of an edited text.
+struct TTextFormats
+{
+    /// Where the part begins.
+    int start = 0;
+    std::vector<TTextRun> chars = {};
+    std::vector<TParagraphRun> paragraphs = {};
+};
+
+/// What a progress bar shows.
+struct TProgress
+{
+    int min = 0;
+    int max = 100;
+    /// Within the two.
+    int position = 0;
+    /// Whether it grows upwards.
+    bool isVertical = false;
+    /// Whether a block wanders in place of the position.
+    bool isWandering = false;
+    TPixel bar = OpaquePixel(0, 0, 128);
+    TPixel ground = OpaquePixel(240, 240, 240);
+
+    friend bool operator==(const TProgress&, const TProgress&) = default;
+};
+
+/// A tab of pages.
+struct TTab
+{
+    System::UnicodeString text = {};
+    /// Where it stands in the client area; empty out of sight.
+    Types::TRect rect = {};
+    /// The picture in front of the text; null for none. It is looked at during the call alone.
+    const Pixels* picture = nullptr;
+    bool isHighlighted = false;
+};
+
+/// The tabs of pages, all in one row.
+struct TTabs
+{
+    std::vector<TTab> tabs = {};
+    /// The chosen one; -1 for none.
+    int chosen = -1;
+    /// The first one in sight.
+    int first = 0;
+    /// The side of the pages on which they stand: 0 above, 1 below, 2 at the left, 3 at the right.
+    int side = 0;
+    /// Where the pages lie in the client area, with the frame round them.
+    Types::TRect pages = {};
+};
+
 /// How a control looks, as far as its window paints.
 struct TWindowLook
 {
@@ -150,6 +238,8 @@ public:
     virtual void SetEditTraits(const TEditTraits& traits);
     /// Brings the caret of an edited text to sight.
     virtual void ShowCaret() {}
+    /// A part of the text of a rich edit looks like that now.
+    virtual void ShowFormats(const TTextFormats& formats);
     /// Lets the window have the keyboard.
     virtual void Focus() = 0;
     /// Marks a part of the client area, or all of it for null, to be painted soon.
@@ -187,6 +277,20 @@ public:
     virtual void SetComboTraits(const TComboTraits& traits);
     /// Opens or closes the list of a combo box.
     virtual void SetDropped(bool isOpen);
+    virtual void SetListTraits(const TListTraits& traits);
+    /// The first item of a list that is seen.
+    virtual void SetTopItem(int index);
+    /// Other items of a list of several choices are chosen now.
+    virtual void ShowChoice();
+    virtual void SetProgress(const TProgress& progress);
+    virtual void SetTabs(const TTabs& tabs);
+
+    // Of forms.
+
+    /// Whether there is a menu along the upper edge, of which `MenuAsked` tells; its entries are others now.
+    virtual void ShowMenuBar(bool isThere);
+    /// Opens the entry `id` of the menu bar. False for a window without one, which leaves that to the form.
+    virtual bool OpenMenu(int id);
 };
 
 /// The frame of a window on the screen itself.

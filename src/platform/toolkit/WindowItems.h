@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/base/System_String.h"
+#include "platform/toolkit/PaintTypes.h"
 
 namespace Toolkits
 {
@@ -32,6 +33,26 @@ public:
     virtual bool IsItemEnabled(int index) const;
     /// Whether the item is a heading without a box; of a check list.
     virtual bool IsItemHeader(int index) const;
+    /// Whether the item is chosen; of a list.
+    virtual bool IsItemChosen(int index) const;
+};
+
+/// How a list shows its items.
+struct TListTraits
+{
+    /// Of each item, in pixels.
+    int itemHeight = 16;
+    /// What the box in front of an item takes, with what is empty behind it; 0 for a list without boxes.
+    int boxWidth = 0;
+    /// Whether several items can be chosen.
+    bool isMultiple = false;
+    bool hasBorder = true;
+    /// Whether items begin at the right.
+    bool isFromRight = false;
+    TPixel headerText = OpaquePixel(0, 0, 0);
+    TPixel headerGround = OpaquePixel(255, 255, 255);
+
+    friend bool operator==(const TListTraits&, const TListTraits&) = default;
 };
 
 /// How a combo box behaves.

@@ -2,8 +2,8 @@
 #include "platform/toolkit/qt/QtCombo.h"
 
 #include "platform/toolkit/qt/QtConvert.h"
+#include "platform/toolkit/qt/QtItems.h"
 
-#include <QAbstractListModel>
 #include <QComboBox>
 #include <QEvent>
 #include <QLineEdit>
@@ -15,41 +15,6 @@
 
 namespace Toolkits
 {
-
-/// The items of a control, read where they are.
-class CQtItems final : public QAbstractListModel
-{
-public:
-    using QAbstractListModel::QAbstractListModel;
-
-    /// The control is at its end, but the widget isn't yet.
-    void Leave() { mItems = nullptr; }
-
-    void Show(const WindowItems& items)
-    {
-        beginResetModel();
-        mItems = &items;
-        endResetModel();
-    }
-    void Renew(int row) { Q_EMIT dataChanged(index(row), index(row)); }
-
-    int rowCount(const QModelIndex& parent = {}) const override
-    {
-        return mItems == nullptr || parent.isValid() ? 0 : mItems->GetItemCount();
-    }
-
-    QVariant data(const QModelIndex& place, int role) const override
-    {
-        // The control may have fewer by now.
-        const int row = place.row();
-        const bool isText = role == Qt::DisplayRole || role == Qt::EditRole;
-        return isText && row >= 0 && row < rowCount() ? QVariant(ToQString(mItems->GetItemText(row)))
-                                                      : QVariant();
-    }
-
-private:
-    const WindowItems* mItems = nullptr;
-};
 
 /// Tells when its list opens and closes.
 class CComboWidget final : public QComboBox
@@ -93,7 +58,7 @@ private:
 CQtCombo::CQtCombo(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings)
     : CQtWindow(std::move(desktop), settings, new CComboWidget),
       mCombo(static_cast<CComboWidget*>(&Widget())),
-      mItems(new CQtItems(mCombo)),
+      mItems(new CQtItems(*this, EBoxes::None, mCombo)),
       mText(settings.text)
 {
     mCombo->window = this;

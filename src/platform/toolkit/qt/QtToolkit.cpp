@@ -10,8 +10,11 @@
 #include "platform/toolkit/qt/QtEdits.h"
 #include "platform/toolkit/qt/QtFonts.h"
 #include "platform/toolkit/qt/QtForm.h"
+#include "platform/toolkit/qt/QtList.h"
+#include "platform/toolkit/qt/QtPages.h"
 #include "platform/toolkit/qt/QtPaintDevice.h"
 #include "platform/toolkit/qt/QtPictures.h"
+#include "platform/toolkit/qt/QtProgress.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -148,6 +151,13 @@ std::unique_ptr<Window> CQtToolkit::MakeWindow(const TWindowSettings& settings)
         return std::make_unique<CQtButton>(mDesktop, settings);
     case EWindowKind::ComboBox:
         return std::make_unique<CQtCombo>(mDesktop, settings);
+    case EWindowKind::ListBox:
+    case EWindowKind::CheckListBox:
+        return std::make_unique<CQtList>(mDesktop, settings);
+    case EWindowKind::ProgressBar:
+        return std::make_unique<CQtProgress>(mDesktop, settings);
+    case EWindowKind::Pages:
+        return std::make_unique<CQtPages>(mDesktop, settings);
     default:
         // What the controls paint and do by themselves, with all their styles.
         return std::make_unique<CQtCanvas>(mDesktop, settings);

@@ -196,6 +196,13 @@ protected:
     /// The user clicked on the check box of an item in the window, or opened or closed its list.
     virtual void ItemCheckedInWindow(int index);
     virtual void DropChangedInWindow(bool isOpen);
+    /// The user moved what is seen in the window.
+    virtual void ScrolledInWindow(int first);
+    /// The user opens an entry of the window's menu bar, or chose one.
+    virtual void MenuOpeningOnScreen(int id);
+    virtual void MenuChosenOnScreen(int id);
+    /// What is in that bar.
+    virtual std::vector<Toolkits::TMenuEntry> GetMenuEntries();
     virtual void BoundsChangedOnScreen(const Types::TRect& bounds);
     virtual void CloseAskedOnScreen();
     virtual void ActivationChangedOnScreen(bool isActive);
@@ -227,6 +234,11 @@ private:
     void Chosen(int index) override;
     void ItemChecked(int index) override;
     void DropChanged(bool isOpen) override;
+    void Scrolled(int first) override;
+    void MenuOpening(int id) override;
+    void MenuChosen(int id) override;
+    std::vector<Toolkits::TMenuEntry> MenuAsked() override;
+    System::UnicodeString HintAt(Types::TPoint place) override;
     bool PaintAsked(Toolkits::PaintDevice& device, const Types::TRect& part) override;
     void BoundsChanged(const Types::TRect& bounds) override;
     void FilesDropped(const std::vector<System::UnicodeString>& files, Types::TPoint place) override;

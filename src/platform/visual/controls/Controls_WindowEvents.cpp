@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
+#include "platform/toolkit/MenuEntry.h"
 #include "platform/toolkit/PaintDevice.h"
 #include "platform/visual/controls/Controls_DropFiles.h"
 #include "platform/visual/controls/Controls_FormHost.h"
@@ -58,10 +59,18 @@ void Guarded(TWinControl* sender, Action action)
     });
 }
 
-/// Whether a key moves the focus or presses a form's button, unless a control wants it for itself.
+/// The part of a hint that is shown beside the mouse.
+UnicodeString ShortHint(const UnicodeString& hint)
+{
+    const int bar = hint.Pos(u"|");
+    return bar == 0 ? hint : hint.SubString(1, bar - 1);
+}
+
+/// Whether a key moves the focus, presses a form's button or opens its menu, unless a control wants it for
+/// itself.
 bool IsDialogKey(Word key)
 {
-    constexpr Word keys[] = {VK_TAB, VK_RETURN, VK_ESCAPE, VK_LEFT, VK_UP, VK_RIGHT, VK_DOWN};
+    constexpr Word keys[] = {VK_TAB, VK_RETURN, VK_ESCAPE, VK_LEFT, VK_UP, VK_RIGHT, VK_DOWN, VK_F10};
     return std::ranges::find(keys, key) != std::end(keys);
 }
 
@@ -316,6 +325,40 @@ void TWinControl::DropChanged(bool isOpen)
     Guarded(this, [&] { DropChangedInWindow(isOpen); });
 }
 
+void TWinControl::Scrolled(int first)
+{
+    Guarded(this, [&] { ScrolledInWindow(first); });
+}
+
+void TWinControl::MenuOpening(int id)
+{
+    Guarded(this, [&] { MenuOpeningOnScreen(id); });
+}
+
+void TWinControl::MenuChosen(int id)
+{
+    Guarded(this, [&] { MenuChosenOnScreen(id); });
+}
+
+std::vector<Toolkits::TMenuEntry> TWinControl::MenuAsked()
+{
+    return Guarded(this, std::vector<Toolkits::TMenuEntry>(), [&] { return GetMenuEntries(); });
+}
+
+UnicodeString TWinControl::HintAt(TPoint place)
+{
+    const TControl* control = ControlAtPos(place);
+    control = control == nullptr ? this : control;
+    if (!control->getShowHint()) {
+        return {};
+    }
+    // As a parent's pop-up menu, its hint holds for what has none.
+    while (control->getParent() != nullptr && control->getHint().IsEmpty()) {
+        control = control->getParent();
+    }
+    return ShortHint(control->getHint());
+}
+
 void TWinControl::BoundsChanged(const TRect& bounds)
 {
     Guarded(this, [&] { BoundsChangedOnScreen(bounds); });
@@ -365,6 +408,17 @@ void TWinControl::ChosenInWindow(int)
 void TWinControl::ItemCheckedInWindow(int) {}
 
 void TWinControl::DropChangedInWindow(bool) {}
+
+void TWinControl::ScrolledInWindow(int) {}
+
+void TWinControl::MenuOpeningOnScreen(int) {}
+
+void TWinControl::MenuChosenOnScreen(int) {}
+
+std::vector<Toolkits::TMenuEntry> TWinControl::GetMenuEntries()
+{
+    return {};
+}
 
 void TWinControl::BoundsChangedOnScreen(const TRect& bounds)
 {

@@ -138,13 +138,19 @@ void TImageList::Clear()
     }
 }
 
+const Toolkits::Pixels* TImageList::GetPixels(int index) const noexcept
+{
+    return index < 0 || index >= getCount() ? nullptr : &mPictures[static_cast<std::size_t>(index)];
+}
+
 void TImageList::Draw(Graphics::TCanvas* canvas, int x, int y, int index) const
 {
-    if (canvas == nullptr || index < 0 || index >= getCount()) {
+    const Toolkits::Pixels* const pixels = GetPixels(index);
+    if (canvas == nullptr || pixels == nullptr) {
         return;
     }
     Graphics::TBitmap bitmap;
-    bitmap.TakePixels(mPictures[static_cast<std::size_t>(index)]);
+    bitmap.TakePixels(*pixels);
     bitmap.setAlphaFormat(Graphics::afDefined);
     canvas->Draw(x, y, &bitmap);
 }

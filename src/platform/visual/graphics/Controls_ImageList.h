@@ -79,6 +79,8 @@ public:
     /// A number out of range changes nothing.
     void Delete(int index);
     void Clear();
+    /// The pixels of a picture, up to the next change of the list; null for a number out of range.
+    const Toolkits::Pixels* GetPixels(int index) const noexcept;
     /// Nothing for a number out of range.
     void Draw(Graphics::TCanvas* canvas, int x, int y, int index) const;
 

@@ -19,19 +19,10 @@
 namespace
 {
 
+using Support::FindWidget;
 using Support::TShownWindow;
 using Toolkits::EWindowKind;
 using Types::TRect;
-
-QWidget* FindWidget(const char* name)
-{
-    for (QWidget* const widget : QApplication::allWidgets()) {
-        if (widget->objectName() == QLatin1String(name)) {
-            return widget;
-        }
-    }
-    return nullptr;
-}
 
 TEST(QtWindowTest, IsFoundByTheNameOfItsControl)
 {

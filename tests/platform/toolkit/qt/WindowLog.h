@@ -4,6 +4,9 @@
 #include "platform/toolkit/InputPlayer.h"
 #include "platform/toolkit/Toolkit.h"
 
+#include <QApplication>
+#include <QWidget>
+
 #include <functional>
 #include <memory>
 #include <string>
@@ -60,6 +63,7 @@ public:
         return paint != nullptr;
     }
     void ColorsChanged() override { Add("colors"); }
+    void Scrolled(int first) override { Add("scrolled" + std::to_string(first)); }
     void BoundsChanged(const Types::TRect&) override { Add("bounds"); }
     void FilesDropped(const std::vector<System::UnicodeString>&, Types::TPoint) override { Add("files"); }
     void CloseAsked() override { Add("close"); }
@@ -74,6 +78,17 @@ private:
         }
     }
 };
+
+/// The widget of that name; null if there is none.
+inline QWidget* FindWidget(const char* name)
+{
+    for (QWidget* const widget : QApplication::allWidgets()) {
+        if (widget->objectName() == QLatin1String(name)) {
+            return widget;
+        }
+    }
+    return nullptr;
+}
 
 /// A form with one window in it, both shown, and what they tell.
 struct TShownWindow

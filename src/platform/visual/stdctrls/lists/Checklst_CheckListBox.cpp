@@ -105,13 +105,24 @@ void TCheckListBox::setFlat(bool isOn)
 void TCheckListBox::setHeaderColor(Graphics::TColor color)
 {
     mHeaderColor = color;
+    ShowTraitsInWindow();
     Invalidate();
 }
 
 void TCheckListBox::setHeaderBackgroundColor(Graphics::TColor color)
 {
     mHeaderBackgroundColor = color;
+    ShowTraitsInWindow();
     Invalidate();
+}
+
+Toolkits::TListTraits TCheckListBox::ListTraits() const
+{
+    Toolkits::TListTraits traits = TCustomListBox::ListTraits();
+    traits.boxWidth = GetCheckWidth();
+    traits.headerText = Graphics::ColorToPixel(mHeaderColor);
+    traits.headerGround = Graphics::ColorToPixel(mHeaderBackgroundColor);
+    return traits;
 }
 
 int TCheckListBox::GetCheckWidth() const

@@ -65,6 +65,7 @@ protected:
     void SetItemColors(int index, bool isChosen) override;
     Toolkits::EWindowKind NativeKind() const override { return Toolkits::EWindowKind::CheckListBox; }
     void ItemCheckedInWindow(int index) override { ToggleClickCheck(index); }
+    Toolkits::TListTraits ListTraits() const override;
     void MouseDown(Controls::TMouseButton button, Classes::TShiftState shift, int x, int y) override;
     bool ActOnKey(System::Word key, Classes::TShiftState shift) override;
     bool ActOnChar(System::WideChar character) override;

@@ -175,9 +175,10 @@ void TCustomListBox::ItemsChanged(TObject*)
     KeepTopIndex();
     if (GetWindow() != nullptr) {
         GetWindow()->ShowItems(*this);
+        GetWindow()->SetTopItem(mTopIndex);
         GetWindow()->SelectItem(GetItemIndex());
     }
-    Invalidate();
+    ShowChoiceInWindow();
 }
 
 int TCustomListBox::GetItemIndex() const
@@ -220,6 +221,14 @@ void TCustomListBox::TellChoice()
     }
     if (GetWindow() != nullptr) {
         GetWindow()->SelectItem(index);
+    }
+    ShowChoiceInWindow();
+}
+
+void TCustomListBox::ShowChoiceInWindow()
+{
+    if (getMultiSelect() && GetWindow() != nullptr) {
+        GetWindow()->ShowChoice();
     }
     Invalidate();
 }
@@ -308,7 +317,7 @@ void TCustomListBox::ClearSelection()
 {
     if (getMultiSelect()) {
         ChooseNone();
-        Invalidate();
+        ShowChoiceInWindow();
     } else {
         SetItemIndex(-1);
     }
@@ -318,7 +327,7 @@ void TCustomListBox::SelectAll()
 {
     if (getMultiSelect() && GetCount() > 0) {
         ChooseRange(0, GetCount() - 1);
-        Invalidate();
+        ShowChoiceInWindow();
     }
 }
 

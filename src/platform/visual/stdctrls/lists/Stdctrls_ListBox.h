@@ -179,6 +179,7 @@ protected:
     bool ActOnChar(System::WideChar character) override;
     bool MouseWheel(Classes::TShiftState shift, int delta, Types::TPoint place) override;
     void ChosenInWindow(int index) override;
+    void ScrolledInWindow(int first) override { setTopIndex(first); }
     void Resize() override;
 
     // Of the window that shows them.
@@ -187,13 +188,20 @@ protected:
     Toolkits::ECheck GetItemCheck(int index) const override;
     bool IsItemEnabled(int index) const override;
     bool IsItemHeader(int index) const override;
+    bool IsItemChosen(int index) const override { return HasItem(index) && IsChosen(index); }
+    /// How the window shows the items; a derived class adds what it knows.
+    virtual Toolkits::TListTraits ListTraits() const;
+    void ShowTraitsInWindow();
 
 private:
     /// Ends what goes on, with a quiet exception, where a handler destroyed the box that asked it.
     static void StopIfGone(const Classes::TComponentWatch& watch);
     void ItemsChanged(System::TObject* sender);
     void TellChoice();
+    /// The window has to show which of several items are chosen.
+    void ShowChoiceInWindow();
     void KeepTopIndex();
+    void ShowTopInWindow();
     bool IsChosen(int index) const;
     void Choose(int index, bool isChosen);
     void ChooseRange(int from, int to);

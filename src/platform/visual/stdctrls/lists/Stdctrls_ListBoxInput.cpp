@@ -70,9 +70,12 @@ void TCustomListBox::Dispatch(void* record)
         MouseLetGo(record);
         return;
     case CM_FONTCHANGED:
+    case CM_BIDIMODECHANGED:
         TCustomMultiSelectListControl::Dispatch(record);
         if (watch.IsAlive()) {
             KeepTopIndex();
+            ShowTraitsInWindow();
+            ShowTopInWindow();
         }
         return;
     default:

@@ -18,7 +18,7 @@ using Types::TRect;
 
 bool TCustomListBox::IsNative() const
 {
-    return !IsOwnerDrawn() && !getMultiSelect() && mColumns == 0;
+    return !IsOwnerDrawn() && mColumns == 0;
 }
 
 void TCustomListBox::CreateParams(Controls::TCreateParams& params)
@@ -30,8 +30,26 @@ void TCustomListBox::CreateParams(Controls::TCreateParams& params)
 void TCustomListBox::CreateWnd()
 {
     TCustomMultiSelectListControl::CreateWnd();
+    ShowTraitsInWindow();
     GetWindow()->ShowItems(*this);
+    GetWindow()->SetTopItem(mTopIndex);
     GetWindow()->SelectItem(GetItemIndex());
+    ShowChoiceInWindow();
+}
+
+Toolkits::TListTraits TCustomListBox::ListTraits() const
+{
+    return {.itemHeight = getItemHeight(),
+            .isMultiple = getMultiSelect(),
+            .hasBorder = mBorderStyle != Forms::bsNone,
+            .isFromRight = UseRightToLeftAlignment()};
+}
+
+void TCustomListBox::ShowTraitsInWindow()
+{
+    if (GetWindow() != nullptr) {
+        GetWindow()->SetListTraits(ListTraits());
+    }
 }
 
 Toolkits::ECheck TCustomListBox::GetItemCheck(int index) const
@@ -160,8 +178,16 @@ void TCustomListBox::setTopIndex(int index)
     mTopIndex = index;
     KeepTopIndex();
     if (mTopIndex != former) {
-        Invalidate();
+        ShowTopInWindow();
     }
+}
+
+void TCustomListBox::ShowTopInWindow()
+{
+    if (GetWindow() != nullptr) {
+        GetWindow()->SetTopItem(mTopIndex);
+    }
+    Invalidate();
 }
 
 void TCustomListBox::KeepTopIndex()
@@ -195,7 +221,7 @@ void TCustomListBox::ShowIndex(int index)
         while (mTopIndex < index && index >= mTopIndex + ItemsInSight()) {
             ++mTopIndex;
         }
-        Invalidate();
+        ShowTopInWindow();
         return;
     }
     const int inSight = ItemsInSight();
@@ -207,6 +233,7 @@ void TCustomListBox::ShowIndex(int index)
 void TCustomListBox::Resize()
 {
     KeepTopIndex();
+    ShowTopInWindow();
     TCustomMultiSelectListControl::Resize();
 }
 

@@ -126,8 +126,8 @@ void TTabSheet::setImageIndex(int index)
 void TTabSheet::setHighlighted(bool isOn)
 {
     mHighlighted = isOn;
-    if (getParent() != nullptr) {
-        getParent()->Invalidate();
+    if (TPageControl* const control = getPageControl()) {
+        control->ShowTabs();
     }
 }
 
@@ -270,7 +270,7 @@ void TPageControl::TurnTo(TTabSheet* page)
     if (!watch.IsAlive()) {
         return;
     }
-    Invalidate();
+    ShowTabs();
     if (hadFocus && isThere(page) && page == mActivePage) {
         page->SelectFirst();
     }
@@ -405,6 +405,12 @@ int TPageControl::GetTabImage(int index) const
 {
     const TTabSheet* const page = FindTab(index);
     return page == nullptr ? -1 : page->getImageIndex();
+}
+
+bool TPageControl::IsTabHighlighted(int index) const
+{
+    const TTabSheet* const page = FindTab(index);
+    return page != nullptr && page->getHighlighted();
 }
 
 int TPageControl::GetTabIndex() const

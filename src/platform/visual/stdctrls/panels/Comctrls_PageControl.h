@@ -96,6 +96,7 @@ protected:
     int GetTabCount() const override;
     System::UnicodeString GetTabText(int index) const override;
     int GetTabImage(int index) const override;
+    bool IsTabHighlighted(int index) const override;
     void GetChildren(const Classes::TGetChildProc& proc, Classes::TComponent* root) override;
     void SetChildOrder(Classes::TComponent* child, int order) override;
 

@@ -79,6 +79,34 @@ TProgressBar::TProgressBar(Classes::TComponent* owner) : TCustomControl(owner)
 
 TProgressBar::~TProgressBar() = default;
 
+void TProgressBar::CreateParams(Controls::TCreateParams& params)
+{
+    TCustomControl::CreateParams(params);
+    params.Kind = Toolkits::EWindowKind::ProgressBar;
+}
+
+void TProgressBar::CreateWnd()
+{
+    TCustomControl::CreateWnd();
+    ShowProgress();
+}
+
+void TProgressBar::ShowProgress()
+{
+    if (GetWindow() == nullptr) {
+        return;
+    }
+    const bool isGroundOwn = mBackgroundColor != Graphics::clDefault;
+    GetWindow()->SetProgress(
+        {.min = mMin,
+         .max = mMax,
+         .position = mPosition,
+         .isVertical = mOrientation == pbVertical,
+         .isWandering = mStyle == pbstMarquee,
+         .bar = Graphics::ColorToPixel(GetShownBarColor()),
+         .ground = Graphics::ColorToPixel(isGroundOwn ? mBackgroundColor : Graphics::clBtnFace)});
+}
+
 void TProgressBar::SetRange(int min, int max)
 {
     // While a design is read, the other limit may not be there yet.

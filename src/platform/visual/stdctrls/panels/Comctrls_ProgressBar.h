@@ -89,6 +89,8 @@ public:
     void Loaded() override;
 
 protected:
+    void CreateParams(Controls::TCreateParams& params) override;
+    void CreateWnd() override;
     void Paint() override;
 
 private:
@@ -97,9 +99,12 @@ private:
     {
         if (member != value) {
             member = value;
+            ShowProgress();
             Invalidate();
         }
     }
+    /// The window has to show what the bar does.
+    void ShowProgress();
     void MarqueeTick(System::TObject* sender);
     void UpdateMarquee();
     Graphics::TColor GetShownBarColor() const;

@@ -112,8 +112,55 @@ void TCustomTabControl::TabsChanged()
 {
     mLayout.reset();
     mFirstTab = std::clamp(mFirstTab, 0, std::max(GetTabCount() - 1, 0));
-    Invalidate();
+    ShowTabs();
     Realign();
+}
+
+void TCustomTabControl::CreateParams(Controls::TCreateParams& params)
+{
+    TCustomControl::CreateParams(params);
+    params.Kind = IsNative() ? Toolkits::EWindowKind::Pages : Toolkits::EWindowKind::Canvas;
+}
+
+void TCustomTabControl::CreateWnd()
+{
+    TCustomControl::CreateWnd();
+    ShowTabs();
+}
+
+void TCustomTabControl::ShowTabs()
+{
+    Invalidate();
+    if (GetWindow() == nullptr || !IsNative() || IsDestroying()) {
+        return;
+    }
+    Toolkits::TTabs shown{
+        .chosen = getTabIndex(), .first = mFirstTab, .side = mTabPosition, .pages = GetPagesRect()};
+    const int count = GetTabCount();
+    for (int i = 0; i < count; ++i) {
+        const int image = ShownImage(i);
+        shown.tabs.push_back({.text = GetTabText(i),
+                              .rect = TabRect(i),
+                              .picture = image < 0 ? nullptr : getImages()->GetPixels(image),
+                              .isHighlighted = IsTabHighlighted(i)});
+    }
+    GetWindow()->SetTabs(shown);
+}
+
+void TCustomTabControl::ChosenInWindow(int index)
+{
+    const TComponentWatch watch(this);
+    ChooseTab(index);
+    if (watch.IsAlive()) {
+        // The window has turned already, which may have been refused.
+        ShowTabs();
+    }
+}
+
+TRect TCustomTabControl::GetPagesRect() const
+{
+    const TRect page = getDisplayRect();
+    return {page.Left - PageMargin, page.Top - PageMargin, page.Right + PageMargin, page.Bottom + PageMargin};
 }
 
 int TCustomTabControl::ShownImage(int index) const
@@ -295,6 +342,7 @@ void TCustomTabControl::ChooseTab(int index)
     setTabIndex(index);
     if (watch.IsAlive() && getTabIndex() == index) {
         ShowTab(index);
+        ShowTabs();
         Change();
     }
 }
@@ -308,7 +356,7 @@ void TCustomTabControl::AdjustClientRect(TRect& rect)
 void TCustomTabControl::Resize()
 {
     mLayout.reset();
-    Invalidate();
+    ShowTabs();
     TCustomControl::Resize();
 }
 
@@ -410,8 +458,7 @@ void TCustomTabControl::Paint()
 {
     Graphics::TCanvas& canvas = *getCanvas();
     canvas.FillRect(GetClientRect());
-    TRect page = getDisplayRect();
-    page = {page.Left - PageMargin, page.Top - PageMargin, page.Right + PageMargin, page.Bottom + PageMargin};
+    TRect page = GetPagesRect();
     if (mStyle == tsTabs) {
         Extctrls::FrameBevel(&canvas, page, Controls::bvRaised, getColor(), 1);
     }

@@ -44,12 +44,12 @@ public:
 
     /// At the top at first.
     TTabPosition getTabPosition() const noexcept { return mTabPosition; }
-    void setTabPosition(TTabPosition position) { Change(mTabPosition, position); }
+    void setTabPosition(TTabPosition position) { ChangeKind(mTabPosition, position); }
     TTabStyle getStyle() const noexcept { return mStyle; }
-    void setStyle(TTabStyle style) { Change(mStyle, style); }
+    void setStyle(TTabStyle style) { ChangeKind(mStyle, style); }
     /// Whether tabs that don't fit begin another row, or are reached by scrolling; off at first.
     bool getMultiLine() const noexcept { return mMultiLine; }
-    void setMultiLine(bool isOn) { Change(mMultiLine, isOn); }
+    void setMultiLine(bool isOn) { ChangeKind(mMultiLine, isOn); }
     /// Pixels of each tab; 0, as at first, leaves them to what the tab shows. A negative one counts as 0.
     int getTabHeight() const noexcept { return mTabHeight; }
     void setTabHeight(int height);
@@ -90,6 +90,8 @@ protected:
     virtual System::UnicodeString GetTabText(int) const { return {}; }
     /// The number of its picture; -1 for none.
     virtual int GetTabImage(int) const { return -1; }
+    /// Whether the tab asks for attention.
+    virtual bool IsTabHighlighted(int) const { return false; }
 
     /// Whether the user may choose another tab; asks `OnChanging`.
     virtual bool CanChange();
@@ -99,7 +101,13 @@ protected:
     void ChooseTab(int index);
     /// There are other tabs, or they look differently.
     void TabsChanged();
+    /// The window has to show the tabs anew.
+    void ShowTabs();
 
+    void CreateParams(Controls::TCreateParams& params) override;
+    void CreateWnd() override;
+    void ChosenInWindow(int index) override;
+    void ScrolledInWindow(int first) override { ScrollTabs(first - mFirstTab); }
     void Paint() override;
     void AdjustClientRect(Types::TRect& rect) override;
     void Resize() override;
@@ -118,7 +126,19 @@ private:
             TabsChanged();
         }
     }
+    /// Another window may be needed to show it.
+    template <class Value>
+    void ChangeKind(Value& member, Value value)
+    {
+        const bool wasNative = IsNative();
+        Change(member, value);
+        if (IsNative() != wasNative) {
+            RecreateWnd();
+        }
+    }
     bool IsUpright() const noexcept { return mTabPosition == tpLeft || mTabPosition == tpRight; }
+    /// Whether windows of the desktop have tabs like these.
+    bool IsNative() const noexcept { return mStyle == tsTabs && !mMultiLine && !IsUpright(); }
     const TLayout& GetLayout() const;
     int GetTabExtent(int index) const;
     /// The picture that a tab shows; -1 for none, and for one that isn't there.
@@ -126,6 +146,8 @@ private:
     /// What text and picture of a tab take.
     Types::TSize GetContentSize(int index) const;
     int GetTabDepth() const;
+    /// Where the pages lie, with the frame round them.
+    Types::TRect GetPagesRect() const;
     void PicturesChanged();
     void PaintContent(int index, const Types::TRect& rect);
     void ShowTab(int index);

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/toolkit/WindowItems.h"
+
+#include <QAbstractListModel>
+
+namespace Toolkits
+{
+
+class CQtWindow;
+
+/// Whether items have boxes that can be checked.
+enum class EBoxes
+{
+    None,
+    Shown
+};
+
+/// The items of a control as a model of Qt, which reads them where they are. What reading one raises goes the
+/// way of what the window tells.
+class CQtItems final : public QAbstractListModel
+{
+public:
+    /// `parent` owns the model, and may outlive the window.
+    CQtItems(CQtWindow& window, EBoxes boxes, QObject* parent);
+    ~CQtItems() override;
+
+    /// The window is at its end, and so may be the control, but the widget isn't yet.
+    void Leave() noexcept { mItems = nullptr; }
+
+    void Show(const WindowItems& items);
+    void Renew(int row);
+    /// Null where there are none.
+    const WindowItems* Items() const noexcept { return mItems; }
+    bool HasRow(int row) const { return row >= 0 && row < rowCount(); }
+    /// What an item shows; empty for one that isn't there.
+    QString TextOf(int row) const;
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& place, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& place) const override;
+    /// As the user's click on the box does.
+    bool setData(const QModelIndex& place, const QVariant& value, int role) override;
+
+private:
+    CQtWindow& mWindow;
+    const WindowItems* mItems = nullptr;
+    EBoxes mBoxes;
+};
+
+/// The state of a box by its mark.
+Qt::CheckState ToCheckState(ECheck check);
+
+} // namespace Toolkits

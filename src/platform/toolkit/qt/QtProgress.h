@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/toolkit/qt/QtWindow.h"
+
+class QProgressBar;
+
+namespace Toolkits
+{
+
+/// A bar that shows how far something is.
+class CQtProgress final : public CQtWindow
+{
+public:
+    CQtProgress(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings);
+    ~CQtProgress() override;
+
+    void SetLook(const TWindowLook& look) override;
+    void SetProgress(const TProgress& progress) override;
+
+protected:
+    bool HandleEvent(QEvent& event) override;
+
+private:
+    void ShowValues();
+    void ShowColors();
+
+    QProgressBar* mBar;
+    TProgress mProgress;
+};
+
+} // namespace Toolkits
