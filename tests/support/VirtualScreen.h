@@ -56,6 +56,9 @@ public:
     /// What the variable DISPLAY says.
     std::string Display() const { return ":" + mNumber; }
 
+    /// The process of the server.
+    pid_t Process() const noexcept { return mServer; }
+
 private:
     pid_t mServer = 0;
     std::string mNumber;

@@ -3,6 +3,7 @@
 
 #include "platform/runtime/classes/internal/Classes_ThreadState.h"
 #include "platform/toolkit/InputPlayer.h"
+#include "platform/toolkit/LoopFaults.h"
 #include "platform/toolkit/Pixels.h"
 #include "platform/toolkit/headless/HeadlessToolkit.h"
 #include "platform/toolkit/internal/LateToolkit.h"
@@ -12,6 +13,8 @@
 #include <array>
 #include <atomic>
 #include <cstdlib>
+#include <exception>
+#include <iostream>
 #include <mutex>
 #include <string>
 #include <utility>
@@ -100,6 +103,24 @@ struct LinkToThreads
 const LinkToThreads linkToThreads;
 
 } // namespace
+
+void (*HandleLoopException)() = nullptr;
+void (*HandleScreenLoss)() = nullptr;
+
+void TellScreenLoss() noexcept
+{
+    try {
+        std::cerr << "TRS8_BTL: the connection to the display is lost, the program ends\n" << std::flush;
+        static_cast<void>(ExchangeToolkit(std::make_unique<HeadlessToolkit>()).release());
+        if (HandleScreenLoss != nullptr) {
+            HandleScreenLoss();
+        }
+    } catch (const std::exception& fault) {
+        std::cerr << "TRS8_BTL: " << fault.what() << '\n' << std::flush;
+    } catch (...) {
+        std::cerr << "TRS8_BTL: an exception of an unknown kind\n" << std::flush;
+    }
+}
 
 Toolkit::~Toolkit() = default;
 

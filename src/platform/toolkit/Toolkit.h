@@ -62,10 +62,14 @@ public:
     /// Asks for files or a folder until the user agrees or cancels.
     virtual TFileAnswer AskFiles(const TFileQuestion& question) = 0;
 
+    /// The longest text that a clipboard takes from this program or gives to it, in units.
+    static constexpr int MaxClipboardText = 1 << 26;
+
     /// Puts a text on the clipboard. False if this toolkit shares none with other programs; then the text is
-    /// kept for this program alone.
+    /// kept for this program alone. False as well for one longer than `MaxClipboardText`, which leaves the
+    /// clipboard as it was.
     virtual bool SetClipboardText(const System::UnicodeString& text) = 0;
-    /// Empty if there is no text on the clipboard.
+    /// Empty if there is no text on the clipboard, or one longer than `MaxClipboardText`.
     virtual System::UnicodeString GetClipboardText() = 0;
     /// Puts a picture on the clipboard in place of what is there. False if this toolkit can't; the clipboard
     /// is as it was then.

@@ -144,7 +144,9 @@ TFileAnswer HeadlessToolkit::AskFiles(const TFileQuestion& question)
 
 bool HeadlessToolkit::SetClipboardText(const System::UnicodeString& text)
 {
-    mClipboard = text;
+    if (text.Length() <= MaxClipboardText) {
+        mClipboard = text;
+    }
     return false;
 }
 

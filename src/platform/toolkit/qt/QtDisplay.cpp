@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QLibrary>
+#include <QScreen>
 
 #include <algorithm>
 #include <cstdlib>
@@ -26,13 +27,30 @@ std::string Told(const char* variable)
     return std::string(variable) + "='" + qgetenv(variable).toStdString() + "'";
 }
 
+using THasError = int (*)(void*);
+
+THasError HasError(QLibrary& library)
+{
+    return reinterpret_cast<THasError>(library.resolve("xcb_connection_has_error"));
+}
+
+/// What tells of the end of the X server. It is asked when much of Qt has ended already.
+struct TWatched
+{
+    const QCoreApplication* application = nullptr;
+    void* connection = nullptr;
+    THasError hasError = nullptr;
+};
+
+TWatched watched;
+
 /// Whether the X server that the variables tell of lets the program in.
 bool ReachesX()
 {
     QLibrary library(QStringLiteral("xcb"), 1);
     const auto connect = reinterpret_cast<void* (*)(const char*, int*)>(library.resolve("xcb_connect"));
-    const auto hasError = reinterpret_cast<int (*)(void*)>(library.resolve("xcb_connection_has_error"));
     const auto disconnect = reinterpret_cast<void (*)(void*)>(library.resolve("xcb_disconnect"));
+    const THasError hasError = HasError(library);
     if (connect == nullptr || hasError == nullptr || disconnect == nullptr) {
         return false;
     }
@@ -111,6 +129,31 @@ void RequireDisplay()
     }
     throw std::runtime_error("Qt reaches no display of '" + platforms.join(u';').toStdString() + "' with " +
                              Told("DISPLAY") + ", " + Told("WAYLAND_DISPLAY"));
+}
+
+void WatchDisplay()
+{
+    watched = {};
+    const auto* const x = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (x == nullptr) {
+        return;
+    }
+    QLibrary library(QStringLiteral("xcb"), 1);
+    watched = {QCoreApplication::instance(), x->connection(), HasError(library)};
+}
+
+bool HasLostDisplay()
+{
+    // With its application object the connection has ended as well. The platform without a screen has none.
+    return watched.application != nullptr && watched.application == QCoreApplication::instance() &&
+           watched.connection != nullptr && watched.hasError != nullptr &&
+           watched.hasError(watched.connection) != 0;
+}
+
+QRect DesktopGeometry()
+{
+    const QScreen* const first = QGuiApplication::primaryScreen();
+    return first == nullptr ? QRect(0, 0, 1920, 1080) : first->virtualGeometry();
 }
 
 } // namespace Toolkits

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QRect>
+
 namespace Toolkits
 {
 
@@ -8,5 +10,15 @@ namespace Toolkits
 /// itself: at a display that can't be reached, and at an application object of the program's own that has
 /// none.
 void RequireDisplay();
+
+/// To be called once there is an application object, for `HasLostDisplay`.
+void WatchDisplay();
+
+/// Whether the X server that the windows are on has ended or cut the program off. False on other platforms,
+/// which don't tell.
+bool HasLostDisplay();
+
+/// All screens together. While there is none, as when the last one was just taken away, that of a usual one.
+QRect DesktopGeometry();
 
 } // namespace Toolkits

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/qt/QtToolkit.h"
 
+#include "platform/toolkit/LoopFaults.h"
 #include "platform/toolkit/qt/QtBoxes.h"
 #include "platform/toolkit/qt/QtButtons.h"
 #include "platform/toolkit/qt/QtColors.h"
 #include "platform/toolkit/qt/QtCombo.h"
 #include "platform/toolkit/qt/QtConvert.h"
 #include "platform/toolkit/qt/QtDesktop.h"
+#include "platform/toolkit/qt/QtDisplay.h"
 #include "platform/toolkit/qt/QtEdits.h"
 #include "platform/toolkit/qt/QtFonts.h"
 #include "platform/toolkit/qt/QtForm.h"
@@ -19,7 +21,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QImageReader>
-#include <QScreen>
+#include <QThread>
 
 #include <cerrno>
 #include <cstdlib>
@@ -30,6 +32,32 @@ namespace Toolkits
 
 namespace
 {
+
+/// So many actions are as quick as one look at the screen.
+constexpr int MostTurns = 16;
+
+/// Another value for the life of the object.
+class Restored
+{
+public:
+    Restored(int& place, int value) : mPlace(place), mFormer(std::exchange(place, value)) {}
+    Restored(const Restored&) = delete;
+    Restored& operator=(const Restored&) = delete;
+    ~Restored() { mPlace = mFormer; }
+
+private:
+    int& mPlace;
+    int mFormer;
+};
+
+/// Qt itself ends a program that loses its display, by `exit` in the midst of its work. All objects are still
+/// there, since those of the stack stay as they are and the global ones come later.
+void LookAtTheEnd()
+{
+    if (HasLostDisplay()) {
+        TellScreenLoss();
+    }
+}
 
 /// Qt refers to them as long as the process lives.
 struct TArguments
@@ -71,7 +99,14 @@ void CQtToolkit::NeedApplication() const
 {
     if (mApplication == nullptr) {
         MakeApplication();
-        mMessages.setDispatcher(QAbstractEventDispatcher::instance());
+        WatchDisplay();
+        static const int registered = std::atexit(&LookAtTheEnd);
+        static_cast<void>(registered);
+        QAbstractEventDispatcher* const dispatcher = QAbstractEventDispatcher::instance();
+        mMessages.setDispatcher(dispatcher);
+        auto* const self = const_cast<CQtToolkit*>(this);
+        QObject::connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, &mContext,
+                         [self] { self->ServeForeignLoop(); });
         mApplication = QCoreApplication::instance();
     }
 }
@@ -97,6 +132,9 @@ TFileAnswer CQtToolkit::AskFiles(const TFileQuestion& question)
 bool CQtToolkit::SetClipboardText(const System::UnicodeString& text)
 {
     NeedApplication();
+    if (text.Length() > MaxClipboardText) {
+        return false;
+    }
     QGuiApplication::clipboard()->setText(ToQString(text));
     return true;
 }
@@ -104,7 +142,13 @@ bool CQtToolkit::SetClipboardText(const System::UnicodeString& text)
 System::UnicodeString CQtToolkit::GetClipboardText()
 {
     NeedApplication();
-    return FromQString(QGuiApplication::clipboard()->text());
+    try {
+        const QString text = QGuiApplication::clipboard()->text();
+        return text.size() <= MaxClipboardText ? FromQString(text) : System::UnicodeString();
+    } catch (const std::bad_alloc&) {
+        // Other programs offer what they like, and it comes over whole.
+        return {};
+    }
 }
 
 bool CQtToolkit::SetClipboardPixels(const Pixels& pixels)
@@ -125,7 +169,7 @@ Pixels CQtToolkit::GetClipboardPixels()
 Types::TRect CQtToolkit::DesktopRect() const
 {
     NeedApplication();
-    return FromQRect(QGuiApplication::primaryScreen()->virtualGeometry());
+    return FromQRect(DesktopGeometry());
 }
 
 Types::TRect CQtToolkit::FirstScreenRect() const
@@ -244,18 +288,40 @@ void CQtToolkit::SetActivationToken(const System::UnicodeString& token)
 bool CQtToolkit::ProcessQtEvents(bool canWait)
 {
     mTurns = 0;
+    const Restored below(mLoopsBelow, QThread::currentThread()->loopLevel());
     const bool isDone = QAbstractEventDispatcher::instance()->processEvents(
         canWait ? QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents : QEventLoop::AllEvents);
     mDesktop->EmptyGraves();
     return isDone;
 }
 
+void CQtToolkit::ServeForeignLoop()
+{
+    if (QThread::currentThread()->loopLevel() <= mLoopsBelow) {
+        return;
+    }
+    for (int i = 0; i < MostTurns; ++i) {
+        try {
+            if (!mMessages.RunOne() && !mDesktop->Inputs().RunOne(nullptr)) {
+                break;
+            }
+        } catch (...) {
+            if (HandleLoopException == nullptr) {
+                throw;
+            }
+            HandleLoopException();
+        }
+    }
+    mDesktop->EmptyGraves();
+    if (!mMessages.IsEmpty() || !mDesktop->Inputs().IsEmpty()) {
+        QAbstractEventDispatcher::instance()->wakeUp();
+    }
+}
+
 bool CQtToolkit::ProcessMessage()
 {
     NeedApplication();
-    // So many actions are as quick as one look at the screen.
-    constexpr int mostTurns = 16;
-    if (mTurns >= mostTurns && ProcessQtEvents(false)) {
+    if (mTurns >= MostTurns && ProcessQtEvents(false)) {
         return true;
     }
     if (mMessages.RunOne() || mDesktop->Inputs().RunOne(nullptr)) {

@@ -58,12 +58,18 @@ private:
     /// Sees to it that there is an application object; all that needs one calls this first.
     void NeedApplication() const;
     bool ProcessQtEvents(bool canWait);
+    /// Runs what waits where a loop of the program's own is about to sleep, which knows nothing of it.
+    void ServeForeignLoop();
 
     mutable CQtMessages mMessages;
     CQtInputPlayer mPlayer;
     std::shared_ptr<CQtDesktop> mDesktop;
     /// The one that the messages go by; a program may end its own and make another.
     mutable QPointer<QCoreApplication> mApplication;
+    /// What Qt's loop is connected by.
+    mutable QObject mContext;
+    /// How many loops of Qt's own run below the innermost of ours; -1 if none of ours runs.
+    int mLoopsBelow = -1;
     /// The actions that ran since Qt had its turn.
     int mTurns = 0;
 };

@@ -6,12 +6,15 @@
 #include "platform/runtime/classes/internal/Classes_EndFault.h"
 #include "platform/runtime/sysutils/Sysutils_File.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
+#include "platform/toolkit/LoopFaults.h"
 #include "platform/toolkit/MessageBox.h"
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/forms/Classes_DataModule.h"
 #include "platform/visual/forms/Forms_Form.h"
 #include "platform/visual/forms/Forms_Screen.h"
 #include "platform/visual/graphics/Graphics_Icon.h"
+
+#include <vector>
 
 namespace Forms
 {
@@ -48,6 +51,8 @@ struct TGlobalObjects
         Controls::ApplicationLinks().HandleException = &HandleControlException;
         // What is at its end is no sender.
         Classes::TellEndFault = [] { Application->HandleException(nullptr); };
+        Toolkits::HandleLoopException = [] { Application->HandleException(Application); };
+        Toolkits::HandleScreenLoss = [] { Application->ScreenLost(); };
         Controls::ApplicationLinks().MouseMoved = &ShowHintOf;
         Controls::ApplicationLinks().ControlDestroyed = [](Controls::TControl* control) {
             Screen->Forget(control);
@@ -57,6 +62,16 @@ struct TGlobalObjects
 
 // Units that ask for the program's folder while they start find the application there.
 [[gnu::init_priority(200)]] TGlobalObjects globalObjects;
+
+bool IsThere(const TCustomForm* form)
+{
+    for (int i = 0; i < Screen->getCustomFormCount(); ++i) {
+        if (Screen->getCustomForms(i) == form) {
+            return true;
+        }
+    }
+    return false;
+}
 
 /// The part of a hint that is for a line of its own.
 System::UnicodeString LongHint(const System::UnicodeString& hint)
@@ -206,6 +221,29 @@ void TApplication::ShowCurrentException()
 void TApplication::ShowException(const std::exception& fault)
 {
     MessageBox(Sysutils::MessageOf(fault).c_str(), nullptr, MB_OK | MB_ICONSTOP);
+}
+
+void TApplication::ScreenLost()
+{
+    mTerminated = true;
+    RunHandled([this] {
+        if (OnScreenLost) {
+            OnScreenLost(this);
+        }
+    });
+    // A handler may destroy forms.
+    std::vector<TCustomForm*> forms;
+    for (int i = 0; i < Screen->getCustomFormCount(); ++i) {
+        forms.push_back(Screen->getCustomForms(i));
+    }
+    for (TCustomForm* const form : forms) {
+        if (IsThere(form) && form->getVisible()) {
+            RunHandled([form] {
+                TCloseAction action = caHide;
+                form->DoClose(action);
+            });
+        }
+    }
 }
 
 bool TApplication::HelpContext(int context)

@@ -113,6 +113,10 @@ public:
     /// Shows an exception in a box.
     void ShowException(const std::exception& fault);
 
+    /// Has the program save its data, since the screen is lost: calls `OnScreenLost`, and `OnClose` of each
+    /// form that is shown. What they raise goes to `HandleException`.
+    void ScreenLost();
+
     /// Shows a topic of the help file, by `OnHelp` if that is set. True if it was done; without it, nobody
     /// can.
     bool HelpContext(int context);
@@ -123,6 +127,11 @@ public:
     void setHint(const System::UnicodeString& hint);
 
     TExceptionEvent OnException;
+    /// The screen is lost, as by the end of the display's server, and the program ends behind this call with
+    /// the exit code
+    /// 1. Data are to be saved here; boxes go to the standard error stream. After it each form that is shown
+    /// is told `OnClose`, without being asked. Destructors of what stands on the stack don't run.
+    Classes::TNotifyEvent OnScreenLost;
     TIdleEvent OnIdle;
     THelpEvent OnHelp;
     /// `getHint` changed.

@@ -154,6 +154,8 @@ protected:
     void GetChildren(const Classes::TGetChildProc& proc, Classes::TComponent* root) override;
 
 private:
+    friend class TApplication;
+
     System::UnicodeString ModalCaption() const override { return GetText(); }
     void CloseUnattended() override;
 

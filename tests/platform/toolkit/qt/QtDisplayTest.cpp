@@ -1,16 +1,29 @@
 // SPDX-License-Identifier: MIT
+#include "platform/toolkit/qt/QtDisplay.h"
+
+#include "platform/runtime/classes/Classes_Stream.h"
+#include "platform/toolkit/MessageBox.h"
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/Forms.h"
 #include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
 #include "support/ChildProgram.h"
 #include "support/ScopedVariable.h"
+#include "support/TempFolder.h"
+#include "support/VirtualScreen.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
 
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <string>
+
+#include <sys/wait.h>
 
 // Which programs get windows. Each is a process of its own, since there is one application object of Qt.
 
@@ -98,6 +111,74 @@ TEST(QtDisplayChild, DISABLED_HasItsOwnApplication)
 TEST_F(QtDisplayTest, AnApplicationOfTheProgramsOwnServesAndMayEndFirst)
 {
     EXPECT_EQ(Support::RunChildTest("QtDisplayChild.DISABLED_HasItsOwnApplication"), "hidden");
+}
+
+void Append(const std::string& text)
+{
+    std::ofstream(std::getenv("TRS8_BTL_SAVED"), std::ios::app) << text;
+}
+
+TEST(QtScreenLossChild, DISABLED_ShowsAForm)
+{
+    Forms::TForm form;
+    form.Show();
+    Forms::Application->ProcessMessages();
+    // What a stream has gathered comes to the disk as well.
+    Classes::TFileStream gathered(
+        System::UnicodeString(std::filesystem::path(std::getenv("TRS8_BTL_GATHERED"))), Classes::fmCreate);
+    gathered.WriteBuffer("gathered", 8);
+    form.OnClose = [](System::TObject*, Forms::TCloseAction&) { Append("closed "); };
+    form.OnDestroy = [](System::TObject*) { Append("destroyed "); };
+    Forms::Application->OnScreenLost = [](System::TObject*) {
+        Append("saved ");
+        Forms::Application->MessageBox(u"Saved", nullptr, MB_OK);
+        // Nothing can be shown any more, and nothing harms.
+        Forms::TForm other;
+        other.Show();
+        throw Sysutils::Exception(u"a fault meanwhile");
+    };
+    // From within the loop as it waits.
+    Toolkits::CurrentToolkit().Post([] { kill(std::atoi(std::getenv("TRS8_BTL_SERVER")), SIGKILL); });
+    Forms::Application->Run();
+    Append("went on ");
+}
+
+std::string ContentOf(const std::filesystem::path& path)
+{
+    std::ifstream file(path);
+    return std::string((std::istreambuf_iterator<char>(file)), {});
+}
+
+TEST(QtScreenLossTest, TheEndOfTheDisplayLetsTheProgramSaveItsData)
+{
+    const Support::VirtualScreen screen;
+    if (!screen.IsThere()) {
+        GTEST_SKIP() << "Xvfb isn't installed.";
+    }
+    const Support::TempFolder folder;
+    const auto saved = folder.Path() / "saved";
+    const auto gathered = folder.Path() / "gathered";
+    const auto told = folder.Path() / "told";
+    const Support::ScopedVariable display("DISPLAY", screen.Display());
+    const Support::ScopedVariable platform("QT_QPA_PLATFORM", "xcb");
+    const Support::ScopedVariable server("TRS8_BTL_SERVER", std::to_string(screen.Process()));
+    const Support::ScopedVariable savedPath("TRS8_BTL_SAVED", saved.string());
+    const Support::ScopedVariable gatheredPath("TRS8_BTL_GATHERED", gathered.string());
+    const std::string program = std::filesystem::read_symlink("/proc/self/exe");
+    const int status = std::system(
+        ("'" + program + "' --gtest_also_run_disabled_tests --gtest_filter=QtScreenLossChild.* 2>'" +
+         told.string() + "'")
+            .c_str());
+    EXPECT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 1);
+    EXPECT_EQ(ContentOf(saved), "saved closed ");
+    EXPECT_EQ(ContentOf(gathered), "gathered");
+    const std::string messages = ContentOf(told);
+    EXPECT_NE(messages.find("TRS8_BTL: the connection to the display is lost, the program ends\n"),
+              std::string::npos)
+        << messages;
+    EXPECT_NE(messages.find("a fault meanwhile"), std::string::npos) << messages;
+    EXPECT_EQ(messages.find("Sanitizer"), std::string::npos) << messages;
 }
 
 } // namespace

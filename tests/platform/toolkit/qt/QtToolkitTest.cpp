@@ -267,6 +267,21 @@ TEST(QtToolkitTest, SharesTheClipboard)
     EXPECT_EQ(CurrentToolkit().GetClipboardPixels(), picture);
 }
 
+TEST(QtToolkitTest, RefusesMoreOnTheClipboardThanATextShouldHave)
+{
+    constexpr int most = Toolkits::Toolkit::MaxClipboardText;
+    EXPECT_TRUE(CurrentToolkit().SetClipboardText(u"before"));
+    const System::UnicodeString longer = System::UnicodeString::StringOfChar(u'a', most + 1);
+    EXPECT_FALSE(CurrentToolkit().SetClipboardText(longer));
+    EXPECT_EQ(CurrentToolkit().GetClipboardText(), u"before");
+    // As another program may put it there.
+    QApplication::clipboard()->setText(QString(most + 1, u'a'));
+    EXPECT_EQ(CurrentToolkit().GetClipboardText(), u"");
+    QApplication::clipboard()->setText(QString(most, u'a'));
+    EXPECT_EQ(CurrentToolkit().GetClipboardText().Length(), most);
+    QApplication::clipboard()->clear();
+}
+
 TEST(QtToolkitTest, SetsTheCursorAndGivesItBack)
 {
     CurrentToolkit().SetCursor(-11);
