@@ -2,9 +2,8 @@
 #include "platform/toolkit/qt/QtForm.h"
 
 #include "platform/toolkit/qt/QtConvert.h"
+#include "platform/toolkit/qt/QtDisplay.h"
 
-#include <QGuiApplication>
-#include <QScreen>
 #include <QWindow>
 
 #include <algorithm>
@@ -63,7 +62,7 @@ bool IsSizeable(EFrame frame)
 /// As large as all screens together at most: a window takes memory for all of it.
 QSize HeldSize(long long width, long long height)
 {
-    const QSize most = QGuiApplication::primaryScreen()->virtualSize();
+    const QSize most = DesktopGeometry().size();
     const auto hold = [](long long extent, int limit) {
         return static_cast<int>(std::clamp<long long>(extent, 1, std::max(limit, 1)));
     };
@@ -88,9 +87,14 @@ CQtForm::CQtForm(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& set
     : CQtWindow(std::move(desktop), settings, new CFormWidget),
       mMargins(UsualFrameMargins(settings.frame)),
       mFrame(settings.frame),
+      mIsHosted(settings.host != nullptr),
       mIsEnabled(settings.isEnabled)
 {
-    Widget().setWindowFlags(FlagsOf(mFrame, settings.hasCloseButton));
+    if (mIsHosted) {
+        Widget().setParent(static_cast<QWidget*>(settings.host), Qt::Widget);
+    } else {
+        Widget().setWindowFlags(FlagsOf(mFrame, settings.hasCloseButton));
+    }
     Widget().setAttribute(Qt::WA_ShowWithoutActivating);
     Widget().setAttribute(Qt::WA_InputMethodEnabled);
     Widget().setAcceptDrops(true);
@@ -122,6 +126,10 @@ void CQtForm::SetBounds(const Types::TRect& bounds)
 void CQtForm::Place()
 {
     const Types::TRect& bounds = Bounds();
+    if (mIsHosted) {
+        Widget().setGeometry(QRect(QPoint(), ToQRect(bounds).size()));
+        return;
+    }
     const QSize size = HeldSize(0LL + bounds.Right - bounds.Left - mMargins.left - mMargins.right,
                                 0LL + bounds.Bottom - bounds.Top - mMargins.top - mMargins.bottom);
     const bool isFixed = !IsSizeable(mFrame) && mFrame != EFrame::None;
@@ -136,7 +144,7 @@ void CQtForm::Place()
 void CQtForm::SetVisible(bool isVisible)
 {
     const CQtWindow* const former = Desktop().Active();
-    if (isVisible && former != nullptr && former != this && !former->CanBeActive() &&
+    if (isVisible && !mIsHosted && former != nullptr && former != this && !former->CanBeActive() &&
         former->Widget().isVisible()) {
         // The user is about to be kept from that one, so this one stays in front of it.
         Widget().winId();
@@ -170,6 +178,13 @@ void CQtForm::TellBounds()
     }
 }
 
+void CQtForm::Focus()
+{
+    if (!mIsHosted || Widget().isActiveWindow()) {
+        CQtWindow::Focus();
+    }
+}
+
 void CQtForm::BringToFront()
 {
     CQtWindow::BringToFront();
@@ -184,7 +199,7 @@ void CQtForm::SendToBack()
 
 void CQtForm::SetState(EWindowState state)
 {
-    if (state == mState) {
+    if (state == mState || mIsHosted) {
         return;
     }
     mState = state;

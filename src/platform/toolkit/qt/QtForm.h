@@ -23,6 +23,8 @@ public:
     void BringToFront() override;
     void SendToBack() override;
     void SetState(EWindowState state) override;
+    /// In the window of others it comes to the front with that alone.
+    void Focus() override;
     bool CanBeActive() const override;
 
 protected:
@@ -42,6 +44,8 @@ private:
     EWindowState mState = EWindowState::Normal;
     /// What the screen made of the bounds, although the control asked for others.
     std::optional<Types::TRect> mInsisted;
+    /// Whether it lies in a widget of the program's own.
+    bool mIsHosted;
     bool mIsEnabled;
 };
 

@@ -353,6 +353,7 @@ void TWinControl::CreateWnd()
     settings.kind = params.Kind;
     settings.frame = params.Frame;
     settings.hasCloseButton = params.HasCloseButton;
+    settings.host = params.Host;
     settings.parent = getParent() == nullptr ? nullptr : getParent()->mWindow.get();
     settings.events = this;
     settings.text = params.Caption;

@@ -31,6 +31,8 @@ struct TCreateParams
     Toolkits::EWindowKind Kind = Toolkits::EWindowKind::Canvas;
     Toolkits::EFrame Frame = Toolkits::EFrame::None;
     bool HasCloseButton = true;
+    /// What shows a form in place of the screen, as of `Toolkits::TWindowSettings`.
+    void* Host = nullptr;
 };
 
 /// A control with a window of its own while it is shown: it can have the focus and hold other controls, which

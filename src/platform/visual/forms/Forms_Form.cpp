@@ -202,7 +202,7 @@ void TCustomForm::ShowingChanged()
 
 void TCustomForm::PlaceForShow()
 {
-    if (!IsTopLevel() || mWindowState != wsNormal) {
+    if (!IsTopLevel() || mWindowState != wsNormal || mHost != nullptr) {
         return;
     }
     switch (mPosition) {
@@ -295,6 +295,23 @@ void TCustomForm::setBorderStyle(TFormBorderStyle style)
     }
 }
 
+Toolkits::EFrame TCustomForm::Frame() const noexcept
+{
+    return mHost == nullptr ? FrameOf(mBorderStyle) : Toolkits::EFrame::None;
+}
+
+void TCustomForm::setHost(void* host)
+{
+    if (host != mHost) {
+        const int width = getClientWidth();
+        const int height = getClientHeight();
+        mHost = host;
+        RecreateWnd();
+        setClientWidth(width);
+        setClientHeight(height);
+    }
+}
+
 void TCustomForm::setBorderIcons(const TBorderIcons& icons)
 {
     if (icons != mBorderIcons) {
@@ -349,8 +366,7 @@ void TCustomForm::SetZOrder(bool inFront)
 TRect TCustomForm::GetClientRect() const
 {
     const Toolkits::TFrameMargins margins =
-        IsTopLevel() ? Toolkits::CurrentToolkit().FrameMargins(FrameOf(mBorderStyle))
-                     : Toolkits::TFrameMargins();
+        IsTopLevel() ? Toolkits::CurrentToolkit().FrameMargins(Frame()) : Toolkits::TFrameMargins();
     return {0, 0, std::max(getWidth() - margins.left - margins.right, 0),
             std::max(getHeight() - margins.top - margins.bottom, 0)};
 }
@@ -360,7 +376,7 @@ TPoint TCustomForm::GetClientOffset() const
     if (!IsTopLevel()) {
         return {};
     }
-    const Toolkits::TFrameMargins margins = Toolkits::CurrentToolkit().FrameMargins(FrameOf(mBorderStyle));
+    const Toolkits::TFrameMargins margins = Toolkits::CurrentToolkit().FrameMargins(Frame());
     return {margins.left, margins.top};
 }
 
@@ -369,7 +385,8 @@ void TCustomForm::CreateParams(Controls::TCreateParams& params)
     TCustomControl::CreateParams(params);
     if (IsTopLevel()) {
         params.Kind = Toolkits::EWindowKind::Form;
-        params.Frame = FrameOf(mBorderStyle);
+        params.Frame = Frame();
+        params.Host = mHost;
         params.HasCloseButton = mBorderIcons.Contains(biSystemMenu);
     }
 }

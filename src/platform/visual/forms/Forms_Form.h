@@ -64,6 +64,11 @@ public:
 
     TFormBorderStyle getBorderStyle() const noexcept { return mBorderStyle; }
     void setBorderStyle(TFormBorderStyle style);
+    /// The toolkit's own object that shows the form inside of it, without a frame, in place of the screen: a
+    /// `QWidget` of the toolkit "qt". Null at first, for the screen; one that ends before the form must be
+    /// taken from it before. Whoever has it keeps the form's bounds, which stand where it lies on the screen.
+    void* getHost() const noexcept { return mHost; }
+    void setHost(void* host);
     /// What the frame offers; at first all but help. Without `biSystemMenu` the user can't close the form by
     /// its frame, nor by another way of the desktop.
     const TBorderIcons& getBorderIcons() const noexcept { return mBorderIcons; }
@@ -159,6 +164,7 @@ private:
     System::UnicodeString ModalCaption() const override { return GetText(); }
     void CloseUnattended() override;
 
+    Toolkits::EFrame Frame() const noexcept;
     /// Opens the item of the menu whose caption marks the character; false if none does.
     bool OpenMarkedMenu(const Messages::TMessage& message);
     void ShowingChanged();
@@ -179,6 +185,7 @@ private:
     Controls::TWinControl* mActiveControl = nullptr;
     /// Where the chain of those that were entered ends; the form itself at first.
     Controls::TWinControl* mFocusedControl;
+    void* mHost = nullptr;
     int mModalResult = 0;
     int mPixelsPerInch = 96;
     unsigned mFocusTicket = 0;
