@@ -60,6 +60,7 @@ public:
     }
     Toolkits::Pixels GetClipboardPixels() override { return mScreen->GetClipboardPixels(); }
     Types::TRect DesktopRect() const override { return mScreen->DesktopRect(); }
+    Types::TRect FirstScreenRect() const override { return mScreen->FirstScreenRect(); }
     std::unique_ptr<Toolkits::Window> MakeWindow(const Toolkits::TWindowSettings& settings) override
     {
         return mScreen->MakeWindow(settings);

@@ -27,6 +27,8 @@ std::string Told(const char* variable)
     return std::string(variable) + "='" + qgetenv(variable).toStdString() + "'";
 }
 
+constexpr QRect UsualScreen(0, 0, 1920, 1080);
+
 using THasError = int (*)(void*);
 
 THasError HasError(QLibrary& library)
@@ -153,7 +155,13 @@ bool HasLostDisplay()
 QRect DesktopGeometry()
 {
     const QScreen* const first = QGuiApplication::primaryScreen();
-    return first == nullptr ? QRect(0, 0, 1920, 1080) : first->virtualGeometry();
+    return first == nullptr ? UsualScreen : first->virtualGeometry();
+}
+
+QRect FirstScreenGeometry()
+{
+    const QScreen* const first = QGuiApplication::primaryScreen();
+    return first == nullptr ? UsualScreen : first->geometry();
 }
 
 } // namespace Toolkits

@@ -20,5 +20,7 @@ bool HasLostDisplay();
 
 /// All screens together. While there is none, as when the last one was just taken away, that of a usual one.
 QRect DesktopGeometry();
+/// As `DesktopGeometry`, but the first one.
+QRect FirstScreenGeometry();
 
 } // namespace Toolkits

@@ -175,7 +175,7 @@ Types::TRect CQtToolkit::DesktopRect() const
 Types::TRect CQtToolkit::FirstScreenRect() const
 {
     NeedApplication();
-    return FromQRect(QGuiApplication::primaryScreen()->geometry());
+    return FromQRect(FirstScreenGeometry());
 }
 
 std::unique_ptr<Window> CQtToolkit::MakeWindow(const TWindowSettings& settings)
