@@ -38,6 +38,7 @@ public:
     bool SetClipboardPixels(const Pixels& pixels) override { return Screen().SetClipboardPixels(pixels); }
     Pixels GetClipboardPixels() override;
     Types::TRect DesktopRect() const override { return Screen().DesktopRect(); }
+    Types::TRect FirstScreenRect() const override { return Screen().FirstScreenRect(); }
     std::unique_ptr<Window> MakeWindow(const TWindowSettings& settings) override
     {
         return Screen().MakeWindow(settings);
