@@ -56,6 +56,15 @@ void CQtDesktop::Forget(CQtWindow* window)
     }
 }
 
+void CQtDesktop::EachIn(const CQtWindow& window, void (*work)(CQtWindow& inner)) const
+{
+    for (CQtWindow* const inner : mWindows) {
+        if (inner->Parent() == &window) {
+            work(*inner);
+        }
+    }
+}
+
 const CQtWindow* CQtDesktop::ExchangeOnly(const CQtWindow* window)
 {
     for (CQtWindow* const unpainted : std::exchange(mUnpainted, {})) {

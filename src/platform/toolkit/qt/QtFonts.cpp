@@ -8,7 +8,10 @@
 #include <QGuiApplication>
 
 #include <algorithm>
+#include <functional>
 #include <limits>
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace Toolkits
@@ -66,22 +69,71 @@ QFont MakeFont(const TFontData& data)
     return font;
 }
 
+/// The widths of texts that were measured. A caption is measured when it is set, laid out and painted.
+class CWidths
+{
+public:
+    int Of(std::u16string_view text, const QFont& font)
+    {
+        if (text.size() > MostUnits) {
+            return Measured(text, font);
+        }
+        const auto found = mWidths.find(text);
+        if (found != mWidths.end()) {
+            return found->second;
+        }
+        if (mWidths.size() == MostTexts) {
+            mWidths.clear();
+        }
+        return mWidths.emplace(text, Measured(text, font)).first->second;
+    }
+
+private:
+    static constexpr std::size_t MostUnits = 64;
+    static constexpr std::size_t MostTexts = 1024;
+
+    /// By which a part of a text is found without a copy.
+    struct THash
+    {
+        using is_transparent = void;
+        std::size_t operator()(std::u16string_view text) const noexcept
+        {
+            return std::hash<std::u16string_view>()(text);
+        }
+    };
+
+    static int Measured(std::u16string_view text, const QFont& font)
+    {
+        return QFontMetrics(font).horizontalAdvance(ViewOf(text));
+    }
+
+    std::unordered_map<std::u16string, int, THash, std::equal_to<>> mWidths;
+};
+
 struct TReadyFont
 {
     TFontData data;
     TQtFont font;
+    CWidths widths = {};
 };
 
 TQtFont MeasuredFont(const TFontData& data)
 {
     const QFont font = MakeFont(data);
     const QFontMetrics metrics(font);
-    return {.font = font, .ascent = metrics.ascent(), .height = metrics.ascent() + metrics.descent()};
+    const int height = metrics.ascent() + metrics.descent();
+    return {.font = font,
+            .metrics = {.height = height,
+                        .ascent = metrics.ascent(),
+                        .descent = metrics.descent(),
+                        .internalLeading = std::max(height - QFontInfo(font).pixelSize(), 0),
+                        .externalLeading = std::max(metrics.leading(), 0),
+                        .averageWidth = metrics.averageCharWidth(),
+                        .maximumWidth = metrics.maxWidth(),
+                        .overhang = 0}};
 }
 
-} // namespace
-
-const TQtFont& ReadyFont(const TFontData& data)
+TReadyFont& Ready(const TFontData& data)
 {
     // Programs have few fonts; the one of last time stands in front. Never destroyed, as all that is Qt's.
     constexpr std::size_t mostFonts = 16;
@@ -91,38 +143,29 @@ const TQtFont& ReadyFont(const TFontData& data)
         if (ready.size() == mostFonts) {
             ready.pop_back();
         }
-        ready.insert(ready.begin(), {data, MeasuredFont(data)});
+        ready.insert(ready.begin(), {.data = data, .font = MeasuredFont(data)});
     } else {
         std::rotate(ready.begin(), found, std::next(found));
     }
-    return ready.front().font;
+    return ready.front();
 }
 
-TTextMetrics MetricsOf(const TFontData& data)
+} // namespace
+
+const TQtFont& ReadyFont(const TFontData& data)
 {
-    const QFontMetrics metrics(ToQFont(data));
-    const int height = metrics.ascent() + metrics.descent();
-    return {.height = height,
-            .ascent = metrics.ascent(),
-            .descent = metrics.descent(),
-            .internalLeading = std::max(height - QFontInfo(ToQFont(data)).pixelSize(), 0),
-            .externalLeading = std::max(metrics.leading(), 0),
-            .averageWidth = metrics.averageCharWidth(),
-            .maximumWidth = metrics.maxWidth(),
-            .overhang = 0};
+    return Ready(data).font;
 }
 
 Types::TSize ExtentOf(const TFontData& data, const System::UnicodeString& text)
 {
-    const TQtFont& ready = ReadyFont(data);
-    const QFontMetrics metrics(ready.font);
+    TReadyFont& ready = Ready(data);
+    const TTextMetrics& metrics = ready.font.metrics;
     const std::u16string_view units = text.AsView().substr(0, MostLineUnits);
-    long long width = metrics.horizontalAdvance(ViewOf(units));
-    if (static_cast<std::size_t>(text.Length()) > units.size()) {
-        width += (text.Length() - static_cast<long long>(units.size())) * metrics.averageCharWidth();
-    }
+    const long long rest = text.Length() - static_cast<long long>(units.size());
+    const long long width = ready.widths.Of(units, ready.font.font) + rest * metrics.averageWidth;
     return {.cx = static_cast<int>(std::min<long long>(width, std::numeric_limits<int>::max())),
-            .cy = ready.height};
+            .cy = metrics.height};
 }
 
 } // namespace Toolkits

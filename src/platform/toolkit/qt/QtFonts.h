@@ -10,13 +10,11 @@
 namespace Toolkits
 {
 
-/// A font with what each use of it asks for, in pixels.
+/// A font with what each use of it asks for; Qt looks the measures up anew at each question.
 struct TQtFont
 {
     QFont font;
-    int ascent = 0;
-    /// That of a line: ascent and descent.
-    int height = 0;
+    TTextMetrics metrics;
 };
 
 /// The font that is taken for the data; fontconfig chooses one for a name that the host doesn't have. Those
@@ -29,7 +27,11 @@ inline const QFont& ToQFont(const TFontData& data)
     return ReadyFont(data).font;
 }
 
-TTextMetrics MetricsOf(const TFontData& data);
+inline const TTextMetrics& MetricsOf(const TFontData& data)
+{
+    return ReadyFont(data).metrics;
+}
+
 /// As `Toolkit::TextExtent`; what is beyond any screen is measured by the average width.
 Types::TSize ExtentOf(const TFontData& data, const System::UnicodeString& text);
 

@@ -45,30 +45,6 @@ TBrushGrid GridOf(const CQtScale& scale)
             .lineWidth = scale.Length(usual.lineWidth)};
 }
 
-/// What a frame of that pen covers, for a shape that lies in `rect`.
-struct TFrame
-{
-    TRect outer;
-    TSize corner;
-};
-
-TFrame FrameOf(const TRect& rect, const TSize& corner, const TPenData& pen)
-{
-    const bool isAround =
-        pen.width > 1 && pen.style != Graphics::psInsideFrame && pen.style != Graphics::psClear;
-    if (!isAround) {
-        return {rect, corner};
-    }
-    const int before = pen.width / 2;
-    const int behind = (pen.width - 1) / 2;
-    const TSize more = corner == TSize{} ? TSize{} : TSize{.cx = before + behind, .cy = before + behind};
-    return {.outer = {.Left = rect.Left - before,
-                      .Top = rect.Top - before,
-                      .Right = rect.Right + behind,
-                      .Bottom = rect.Bottom + behind},
-            .corner = {.cx = corner.cx + more.cx, .cy = corner.cy + more.cy}};
-}
-
 TPenData Held(TPenData pen)
 {
     pen.width = std::min(pen.width, FarthestPlace / 16);
@@ -183,37 +159,35 @@ void CQtPainterDevice::Fill(const TRect& pixels, TPixel color, Graphics::TPenMod
     mShapes.Rectangle(pixels, {}, {.style = Graphics::psClear, .mode = mode}, {.color = color});
 }
 
-void CQtPainterDevice::DrawRound(const TRect& rect, const TSize& corner, const TPenData& pen,
-                                 const TBrushData& brush)
+void CQtPainterDevice::DrawRound(const TRoundShape& shape, const TPenData& pen, const TBrushData& brush)
 {
-    const TFrame frame = FrameOf(rect, corner, Held(pen));
+    const TRoundShape outer = OuterEdge(shape, Held(pen));
     TPenData inner = Scaled(Held(pen));
     if (inner.style != Graphics::psClear) {
         inner.style = Graphics::psInsideFrame;
     }
-    mShapes.Rectangle(mScale.Map(frame.outer),
-                      {.cx = mScale.Length(frame.corner.cx), .cy = mScale.Length(frame.corner.cy)}, inner,
-                      Scaled(brush));
+    const TRect rect = mScale.Map(outer.rect);
+    const bool isEllipse = outer.corner.cx == outer.rect.Width() && outer.corner.cy == outer.rect.Height();
+    const TSize corner =
+        isEllipse ? TSize{.cx = rect.Width(), .cy = rect.Height()}
+                  : TSize{.cx = mScale.Length(outer.corner.cx), .cy = mScale.Length(outer.corner.cy)};
+    mShapes.Rectangle(rect, corner, inner, Scaled(brush));
 }
 
 void CQtPainterDevice::Rectangle(const TRect& rect, const TSize& corner, const TPenData& pen,
                                  const TBrushData& brush)
 {
     const TRect shape = Normalized(mState.ToDevice(rect));
-    DrawRound(shape,
-              {.cx = std::clamp(corner.cx, 0, shape.Width()), .cy = std::clamp(corner.cy, 0, shape.Height())},
+    DrawRound({.rect = shape,
+               .corner = {.cx = std::clamp(corner.cx, 0, shape.Width()),
+                          .cy = std::clamp(corner.cy, 0, shape.Height())}},
               pen, brush);
 }
 
 void CQtPainterDevice::Ellipse(const TRect& rect, const TPenData& pen, const TBrushData& brush)
 {
     const TRect shape = Normalized(mState.ToDevice(rect));
-    const TFrame frame = FrameOf(shape, {}, Held(pen));
-    TPenData inner = Scaled(Held(pen));
-    if (inner.style != Graphics::psClear) {
-        inner.style = Graphics::psInsideFrame;
-    }
-    mShapes.Ellipse(mScale.Map(frame.outer), inner, Scaled(brush));
+    DrawRound({.rect = shape, .corner = {.cx = shape.Width(), .cy = shape.Height()}}, pen, brush);
 }
 
 void CQtPainterDevice::Text(const TPoint& at, const System::UnicodeString& text, const TFontData& font,
@@ -221,6 +195,10 @@ void CQtPainterDevice::Text(const TPoint& at, const System::UnicodeString& text,
 {
     const TRect clip =
         options.clip == nullptr ? mState.Clip() : Intersection(mState.Clip(), mState.ToDevice(*options.clip));
+    // Of less than half a pixel nothing is seen.
+    if (mPixels.IsEmpty()) {
+        return;
+    }
     if (!mTexts) {
         mTexts.emplace(mImage, mScale.Factor());
     }
@@ -243,7 +221,8 @@ bool CQtPainterDevice::DrawSmooth(const Pixels& image, const TRect& source, cons
     const bool isWhole = std::floor(mScale.Factor()) == mScale.Factor();
     const bool isUpright = source.Left < source.Right && source.Top < source.Bottom &&
                            target.Left < target.Right && target.Top < target.Bottom;
-    if (isMixed || isWhole || !isUpright || Intersection(source, image.Bounds()) != source) {
+    if (mPixels.IsEmpty() || isMixed || isWhole || !isUpright ||
+        Intersection(source, image.Bounds()) != source) {
         return false;
     }
     const QImage view = ViewOf(image);
@@ -262,30 +241,9 @@ bool CQtPainterDevice::DrawSmooth(const Pixels& image, const TRect& source, cons
 
 void CQtPainterDevice::FocusRect(const TRect& rect)
 {
-    const TRect frame = Normalized(mState.ToDevice(rect));
-    const TRect& clip = mState.Clip();
-    // Dots that are inverted are gone when they are inverted again; they stay where they are whatever part of
-    // the widget is drawn.
-    const auto dot = [&](int x, int y) {
-        if (((x + y) & 1) != 0) {
-            Fill(Cell(x, y), 0, Graphics::pmNot);
-        }
-    };
-    if (frame.Width() < 1 || frame.Height() < 1) {
-        return;
-    }
-    for (int x = std::max(frame.Left, clip.Left); x < std::min(frame.Right, clip.Right); ++x) {
-        dot(x, frame.Top);
-        if (frame.Height() > 1) {
-            dot(x, frame.Bottom - 1);
-        }
-    }
-    for (int y = std::max(frame.Top + 1, clip.Top); y < std::min(frame.Bottom - 1, clip.Bottom); ++y) {
-        dot(frame.Left, y);
-        if (frame.Width() > 1) {
-            dot(frame.Right - 1, y);
-        }
-    }
+    // By the places of the widget, so that the dots are the same ones whatever part of it is drawn.
+    EachFocusDot(Normalized(mState.ToDevice(rect)), mState.Clip(),
+                 [this](int x, int y) { Fill(Cell(x, y), 0, Graphics::pmNot); });
 }
 
 void CQtPainterDevice::FloodFill(const TPoint& at, TPixel color, EFlood kind, const TBrushData& brush)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/toolkit/headless/internal/PixelDevice.h"
+#include "platform/toolkit/headless/internal/Shapes.h"
 #include "platform/toolkit/qt/QtScale.h"
 #include "platform/toolkit/qt/QtTexts.h"
 
@@ -63,8 +64,7 @@ private:
     void Fill(const Types::TRect& pixels, TPixel color, Graphics::TPenMode mode);
     /// Where the line of a pen runs through for a place of the widget.
     Types::TPoint LinePlace(const Types::TPoint& place, const TPenData& pen) const;
-    void DrawRound(const Types::TRect& rect, const Types::TSize& corner, const TPenData& pen,
-                   const TBrushData& brush);
+    void DrawRound(const TRoundShape& shape, const TPenData& pen, const TBrushData& brush);
     std::vector<Types::TPoint> Places(std::span<const Types::TPoint> points) const;
     void DrawClosed(std::vector<Types::TPoint> places, const TPenData& pen, const TBrushData& brush);
     void DrawLines(std::span<const Types::TPoint> places, const TPenData& pen);

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "platform/toolkit/headless/internal/Shapes.h"
 #include "platform/toolkit/qt/QtPainterDevice.h"
 
 #include <algorithm>

@@ -12,9 +12,22 @@
 namespace Toolkits
 {
 
+namespace
+{
+
+/// Whether the text is one piece in one font, all of which the painter can cover by itself.
+bool IsOnePiece(const QString& line)
+{
+    constexpr char16_t endOfLatin = 0x250;
+    return std::ranges::all_of(line, [](QChar unit) { return unit >= u' ' && unit < endOfLatin; });
+}
+
+} // namespace
+
 CQtTexts::CQtTexts(QImage& image, double factor)
     : mPainter(&image), mFactor(factor), mClip(FromQRect(image.rect()))
 {
+    mPainter.setBackground(QColor::fromRgba(mGround));
     mPainter.setPen(QColor::fromRgba(mColor));
 }
 
@@ -26,8 +39,8 @@ void CQtTexts::TakeFont(const TFontData& font)
     const TQtFont& ready = ReadyFont(font);
     mFont = font;
     mHasFont = true;
-    mAscent = ready.ascent;
-    mHeight = ready.height;
+    mAscent = ready.metrics.ascent;
+    mHeight = ready.metrics.height;
     mPainter.setFont(ready.font);
 }
 
@@ -44,6 +57,18 @@ void CQtTexts::TakeColor(TPixel color)
     if (color != mColor) {
         mColor = color;
         mPainter.setPen(QColor::fromRgba(color));
+    }
+}
+
+void CQtTexts::TakeGround(bool isCovered, TPixel ground)
+{
+    if (isCovered != mIsCovered) {
+        mIsCovered = isCovered;
+        mPainter.setBackgroundMode(isCovered ? Qt::OpaqueMode : Qt::TransparentMode);
+    }
+    if (isCovered && ground != mGround) {
+        mGround = ground;
+        mPainter.setBackground(QColor::fromRgba(ground));
     }
 }
 
@@ -79,10 +104,13 @@ void CQtTexts::Draw(const Types::TPoint& corner, const System::UnicodeString& te
 
 void CQtTexts::DrawLine(double x, double top, const QString& line, const TTextOptions& options)
 {
-    if (options.isOpaque) {
+    // To measure takes as long as to draw.
+    const bool isCovered = options.isOpaque && IsOnePiece(line);
+    if (options.isOpaque && !isCovered) {
         const int width = QFontMetrics(mPainter.font()).horizontalAdvance(line);
         mPainter.fillRect(QRectF(x, top, width, mHeight), QColor::fromRgba(options.background));
     }
+    TakeGround(isCovered, options.background);
     // The line stands on whole pixels.
     mPainter.drawText(QPointF(x, top + std::round(mAscent * mFactor) / mFactor), line);
 }

@@ -26,6 +26,7 @@ private:
     void TakeFont(const TFontData& font);
     void TakeClip(const Types::TRect& clip);
     void TakeColor(TPixel color);
+    void TakeGround(bool isCovered, TPixel ground);
     void DrawLine(double x, double top, const QString& line, const TTextOptions& options);
 
     QPainter mPainter;
@@ -35,6 +36,8 @@ private:
     int mAscent = 0;
     int mHeight = 0;
     TPixel mColor = OpaquePixel(0, 0, 0);
+    TPixel mGround = OpaquePixel(255, 255, 255);
+    bool mIsCovered = false;
     Types::TRect mClip;
 };
 

@@ -60,10 +60,14 @@ QRect HeldRect(const Types::TRect& bounds)
             extent(bounds.Top, bounds.Bottom)};
 }
 
+bool HaveSameColors(const TWindowLook& a, const TWindowLook& b)
+{
+    return a.textColor == b.textColor && a.ground == b.ground;
+}
+
 bool IsSame(const TWindowLook& a, const TWindowLook& b)
 {
-    return a.font == b.font && a.textColor == b.textColor && a.ground == b.ground &&
-           a.isMirrored == b.isMirrored;
+    return a.font == b.font && HaveSameColors(a, b) && a.isMirrored == b.isMirrored;
 }
 
 } // namespace
@@ -87,6 +91,7 @@ CQtWindow::CQtWindow(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings&
     mWidget->installEventFilter(mFilter.get());
     if (mParent != nullptr && !mIsForm) {
         mWidget->setParent(&mParent->Surface());
+        mParent->mHasInner = true;
     }
     if (!mIsForm) {
         mWidget->setGeometry(HeldRect(mBounds));
@@ -172,11 +177,43 @@ void CQtWindow::SetLook(const TWindowLook& look)
     if (mHasLook && IsSame(look, mLook)) {
         return;
     }
+    if (mHasInner) {
+        // What they share with this one stays theirs.
+        mDesktop->EachIn(*this, [](CQtWindow& inner) { inner.ShowLook(true); });
+    }
     mLook = look;
     mHasLook = true;
+    ShowLook(false);
+    Surface().update();
+}
+
+void CQtWindow::ShowLook(bool isOwn)
+{
+    if (!mHasLook) {
+        return;
+    }
+    // Qt hands the look of a widget down to those in it, and lays a widget out anew for each that is set.
+    const bool isShared = !isOwn && !mIsForm && mParent != nullptr && mParent->mHasLook;
+    const bool hasColors = isShared && !mHasColors && HaveSameColors(mLook, mParent->mLook);
+    if (!hasColors) {
+        ShowColors();
+    }
+    const QFont font = ToQFont(mLook.font);
+    if (!isShared || mWidget->font() != font) {
+        mWidget->setFont(font);
+    }
+    const Qt::LayoutDirection direction = mLook.isMirrored ? Qt::RightToLeft : Qt::LeftToRight;
+    if (isOwn || mWidget->layoutDirection() != direction) {
+        mWidget->setLayoutDirection(direction);
+    }
+}
+
+void CQtWindow::ShowColors()
+{
+    mHasColors = true;
     QPalette palette;
-    const QColor text = QColor::fromRgba(look.textColor);
-    const QColor ground = QColor::fromRgba(look.ground);
+    const QColor text = QColor::fromRgba(mLook.textColor);
+    const QColor ground = QColor::fromRgba(mLook.ground);
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(QPalette::Active, role, text);
         palette.setColor(QPalette::Inactive, role, text);
@@ -185,12 +222,6 @@ void CQtWindow::SetLook(const TWindowLook& look)
         palette.setColor(role, ground);
     }
     mWidget->setPalette(palette);
-    mWidget->setFont(ToQFont(look.font));
-    const Qt::LayoutDirection direction = look.isMirrored ? Qt::RightToLeft : Qt::LeftToRight;
-    if (mWidget->layoutDirection() != direction) {
-        mWidget->setLayoutDirection(direction);
-    }
-    Surface().update();
 }
 
 void CQtWindow::Invalidate(const Types::TRect* part)

@@ -48,6 +48,7 @@ public:
     bool IsForm() const noexcept { return mIsForm; }
     /// What the control has in the window, for those who can't see it; null if nobody tells.
     WindowContents* Contents() const noexcept { return mContents; }
+    const CQtWindow* Parent() const noexcept { return mParent; }
     /// The form that the window is in; null for one outside of any.
     CQtWindow* Form() noexcept;
     /// Whether it is `outer` or lies in it; true for null.
@@ -102,6 +103,9 @@ private:
         int tellCount = 0;
     };
 
+    /// Brings the look to the widget. What is the same in the window that it is in is set if `isOwn`.
+    void ShowLook(bool isOwn);
+    void ShowColors();
     bool HandleFiltered(QEvent& event);
     bool HandleKey(const QKeyEvent& event);
     bool HandleRelease(const QKeyEvent& event);
@@ -124,6 +128,10 @@ private:
     Types::TRect mBounds;
     TWindowLook mLook{.ground = OpaquePixel(240, 240, 240)};
     bool mHasLook = false;
+    /// Whether its colours were set, rather than taken from the window that it is in.
+    bool mHasColors = false;
+    /// Whether there were windows in it.
+    bool mHasInner = false;
     bool mIsForm;
     bool mIsPassing = false;
 };

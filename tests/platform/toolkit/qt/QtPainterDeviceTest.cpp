@@ -26,6 +26,7 @@ using Support::Drawn;
 using Support::Green;
 using Support::Red;
 using Support::White;
+using System::UnicodeString;
 using Toolkits::EArc;
 using Toolkits::EFlood;
 using Toolkits::PaintDevice;
@@ -334,19 +335,21 @@ TEST(QtPainterDeviceTest, FillsBelowATextThatCovers)
 {
     CPaintedWindow painted;
     const Toolkits::TFontData font{.height = -10};
-    const Types::TSize extent = Toolkits::CurrentToolkit().TextExtent(font, u"Hi");
-    const Pixels pixels = painted.Paint([&](PaintDevice& device) {
-        device.Text({4, 5}, u"Hi", font, {.color = Blue, .background = Red, .isOpaque = true});
-    });
-    int below = 0;
-    for (int y = 0; y < Area.Bottom; ++y) {
-        for (int x = 0; x < Area.Right; ++x) {
-            const bool isInside = x >= 4 && x < 4 + extent.cx && y >= 5 && y < 5 + extent.cy;
-            EXPECT_TRUE(isInside || pixels.At(x, y) == White) << x << "," << y;
-            below += pixels.At(x, y) == Red;
+    for (const UnicodeString& text : {UnicodeString(u"Hi"), UnicodeString(u"Ωm")}) {
+        const Types::TSize extent = Toolkits::CurrentToolkit().TextExtent(font, text);
+        const Pixels pixels = painted.Paint([=](PaintDevice& device) {
+            device.Text({4, 5}, text, font, {.color = Blue, .background = Red, .isOpaque = true});
+        });
+        int below = 0;
+        for (int y = 0; y < Area.Bottom; ++y) {
+            for (int x = 0; x < Area.Right; ++x) {
+                const bool isInside = x >= 4 && x < 4 + extent.cx && y >= 5 && y < 5 + extent.cy;
+                EXPECT_TRUE(isInside || pixels.At(x, y) == White) << x << "," << y;
+                below += pixels.At(x, y) == Red;
+            }
         }
+        EXPECT_GT(below, extent.cx * extent.cy / 4);
     }
-    EXPECT_GT(below, extent.cx * extent.cy / 4);
 }
 
 /// Of each colour, how many pixels there are.
@@ -396,19 +399,25 @@ TEST(QtPainterScaleTest, DISABLED_IsSharp)
         }
         EXPECT_TRUE(known == image.width() * image.height() || std::string(name) == "wide") << name;
     }
-    // A text is drawn with the pixels of the screen, in the size that it is measured with.
-    const Toolkits::TFontData font{.height = -16};
-    painted.Paint([&](PaintDevice& device) { device.Text({2, 2}, u"Hill", font, {}); });
-    const QImage text = painted.Grab();
-    const Types::TSize extent = Toolkits::CurrentToolkit().TextExtent(font, u"Hill");
-    int right = 0;
-    for (int x = 0; x < text.width(); ++x) {
-        for (int y = 0; y < text.height(); ++y) {
-            right = text.pixel(x, y) != White ? x : right;
+    // Texts of 8 to 20 points are drawn with the pixels of the screen, in the size that they are measured
+    // with.
+    painted.Window().SetBounds({8, 16, 208, 66});
+    for (const int height : {-11, -13, -16, -21, -27}) {
+        const Toolkits::TFontData font{.height = height};
+        painted.Paint([font](PaintDevice& device) { device.Text({2, 2}, u"Hill", font, {}); });
+        const QImage text = painted.Grab();
+        const Types::TSize extent = Toolkits::CurrentToolkit().TextExtent(font, u"Hill");
+        int right = 0;
+        int dark = 0;
+        for (int x = 0; x < text.width(); ++x) {
+            for (int y = 0; y < text.height(); ++y) {
+                right = text.pixel(x, y) != White ? x : right;
+                dark += qGray(text.pixel(x, y)) < 128;
+            }
         }
+        EXPECT_NEAR(right, (2 + extent.cx) * scale, 5 * scale) << height;
+        EXPECT_GT(dark, 8) << height;
     }
-    EXPECT_NEAR(right, (2 + extent.cx) * scale, 4 * scale);
-    EXPECT_GT(CountOf(text, Black), 10);
     Support::PrintResult(std::to_string(scale));
 }
 

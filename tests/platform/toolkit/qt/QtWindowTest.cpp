@@ -77,6 +77,25 @@ TEST(QtWindowTest, TakesWhatAnInputMethodOrADeadKeyMakes)
     EXPECT_EQ(shown.log.Take(), "charé charß ");
 }
 
+TEST(QtWindowTest, KeepsALookThatItSharedWithItsForm)
+{
+    TShownWindow shown(EWindowKind::Button);
+    const Toolkits::TWindowLook look{.font = {.height = -12}, .ground = Toolkits::OpaquePixel(1, 2, 3)};
+    shown.form->SetLook(look);
+    shown.window->SetLook(look);
+    const QWidget& widget = *FindWidget("Form.Window");
+    const auto expectLook = [&] {
+        EXPECT_EQ(widget.font().pixelSize(), 12);
+        EXPECT_EQ(widget.palette().color(QPalette::Window).rgb(), look.ground);
+        EXPECT_EQ(widget.layoutDirection(), Qt::LeftToRight);
+    };
+    expectLook();
+    shown.form->SetLook(
+        {.font = {.height = -20}, .ground = Toolkits::OpaquePixel(9, 9, 9), .isMirrored = true});
+    expectLook();
+    EXPECT_EQ(FindWidget("Form")->font().pixelSize(), 20);
+}
+
 /// The column of the first dark pixel within the frame of a widget.
 int FirstInk(QWidget& widget)
 {

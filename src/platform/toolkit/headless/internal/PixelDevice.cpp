@@ -198,30 +198,9 @@ void CPixelDevice::Image(const Pixels& image, const TRect& source, const TRect& 
 
 void CPixelDevice::FocusRect(const TRect& rect)
 {
-    const TRect frame = Normalized(mState.ToDevice(rect));
-    if (frame.Width() < 1 || frame.Height() < 1) {
-        return;
-    }
     // Dots that are inverted are gone when they are inverted again.
     CSpanFiller dots = Filler(TPenData{.mode = Graphics::pmNot});
-    const TRect& clip = mState.Clip();
-    const auto dot = [&](int x, int y) {
-        if (((x + y) & 1) != 0) {
-            dots.Point(x, y);
-        }
-    };
-    for (int x = std::max(frame.Left, clip.Left); x < std::min(frame.Right, clip.Right); ++x) {
-        dot(x, frame.Top);
-        if (frame.Height() > 1) {
-            dot(x, frame.Bottom - 1);
-        }
-    }
-    for (int y = std::max(frame.Top + 1, clip.Top); y < std::min(frame.Bottom - 1, clip.Bottom); ++y) {
-        dot(frame.Left, y);
-        if (frame.Width() > 1) {
-            dot(frame.Right - 1, y);
-        }
-    }
+    EachFocusDot(Normalized(mState.ToDevice(rect)), mState.Clip(), [&](int x, int y) { dots.Point(x, y); });
 }
 
 void CPixelDevice::FloodFill(const TPoint& at, TPixel color, EFlood kind, const TBrushData& brush)

@@ -44,9 +44,22 @@ TSpan RowOf(const TRoundShape& shape, int y)
             .end = static_cast<int>(std::floor(rect.Right - edge + 0.5))};
 }
 
+} // namespace
+
+TRoundShape TRoundShape::Inset(int by) const
+{
+    TRoundShape inner{
+        .rect = {.Left = rect.Left + by,
+                 .Top = rect.Top + by,
+                 .Right = rect.Right - by,
+                 .Bottom = rect.Bottom - by},
+        .corner = {.cx = std::max(0, corner.cx - 2 * by), .cy = std::max(0, corner.cy - 2 * by)}};
+    return inner;
+}
+
 TRoundShape OuterEdge(const TRoundShape& shape, const TPenData& pen)
 {
-    if (pen.width <= 1 || pen.style == Graphics::psInsideFrame) {
+    if (pen.width <= 1 || pen.style == Graphics::psInsideFrame || pen.style == Graphics::psClear) {
         return shape;
     }
     const int width = std::min(pen.width, FarthestPlace);
@@ -63,23 +76,10 @@ TRoundShape OuterEdge(const TRoundShape& shape, const TPenData& pen)
     return outer;
 }
 
-} // namespace
-
-TRoundShape TRoundShape::Inset(int by) const
-{
-    TRoundShape inner{
-        .rect = {.Left = rect.Left + by,
-                 .Top = rect.Top + by,
-                 .Right = rect.Right - by,
-                 .Bottom = rect.Bottom - by},
-        .corner = {.cx = std::max(0, corner.cx - 2 * by), .cy = std::max(0, corner.cy - 2 * by)}};
-    return inner;
-}
-
 void DrawRoundShape(CSpanFiller& line, CSpanFiller& area, const TRoundShape& shape, const TPenData& pen)
 {
     const bool hasLine = !line.IsClear();
-    const TRoundShape outer = hasLine ? OuterEdge(shape, pen) : shape;
+    const TRoundShape outer = OuterEdge(shape, pen);
     // No inset beyond the middle, so that the sums stay in range.
     const int width = hasLine ? std::min(std::max(1, pen.width), outer.rect.Width() / 2 + 1) : 0;
     const TRoundShape inner = outer.Inset(width);

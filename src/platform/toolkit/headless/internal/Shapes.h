@@ -4,6 +4,7 @@
 #include "platform/toolkit/PaintDevice.h"
 #include "platform/toolkit/headless/internal/SpanFiller.h"
 
+#include <algorithm>
 #include <span>
 #include <vector>
 
@@ -21,6 +22,35 @@ struct TRoundShape
     /// That which lies `by` pixels inside, with corners that fit.
     TRoundShape Inset(int by) const;
 };
+
+/// What the shape takes with its frame. A pen that is clear has none.
+TRS8_BTL_API TRoundShape OuterEdge(const TRoundShape& shape, const TPenData& pen);
+
+/// Calls `dot(x, y)` for each pixel of the dotted frame within a rectangle that lies in the limit.
+template <class Dot>
+void EachFocusDot(const Types::TRect& frame, const Types::TRect& clip, Dot dot)
+{
+    if (frame.Width() < 1 || frame.Height() < 1) {
+        return;
+    }
+    const auto every = [&](int x, int y) {
+        if (((x + y) & 1) != 0) {
+            dot(x, y);
+        }
+    };
+    for (int x = std::max(frame.Left, clip.Left); x < std::min(frame.Right, clip.Right); ++x) {
+        every(x, frame.Top);
+        if (frame.Height() > 1) {
+            every(x, frame.Bottom - 1);
+        }
+    }
+    for (int y = std::max(frame.Top + 1, clip.Top); y < std::min(frame.Bottom - 1, clip.Bottom); ++y) {
+        every(frame.Left, y);
+        if (frame.Width() > 1) {
+            every(frame.Right - 1, y);
+        }
+    }
+}
 
 /// Fills the shape in the brush and frames it in the pen. A pen wider than 1 spreads to both sides of the
 /// frame, unless its style keeps it inside.
