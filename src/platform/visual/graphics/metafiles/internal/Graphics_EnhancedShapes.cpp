@@ -27,7 +27,7 @@ void Arc(TMetafileReading& reading, const CByteView& record)
                        TFields::PointAt(record, 32));
 }
 
-/// Fills the rectangles of a region with the brush. Regions are told in pixels.
+/// Fills the rectangles of a region with the brush.
 void FillRegion(TMetafileReading& reading, const CByteView& record, std::size_t region)
 {
     constexpr std::size_t headSize = 32;

@@ -49,7 +49,8 @@ void ModifyWorld(TMetafileReading& reading, const CByteView& record)
     }
 }
 
-/// A region counts as the rectangle around it, which stands before those that it is made of.
+/// A region, in pixels of the device, counts as the rectangle around it, which stands before those that it is
+/// made of.
 void SelectClipRegion(TMetafileReading& reading, const CByteView& record)
 {
     constexpr unsigned intersect = 1;
@@ -60,7 +61,7 @@ void SelectClipRegion(TMetafileReading& reading, const CByteView& record)
         player.State().clip.reset();
     }
     if ((mode == replace || mode == intersect) && record.At32(8) != 0) {
-        player.IntersectClip(TFields::RectAt(record, 32));
+        player.IntersectClip(player.State().mapping.FromDevice(TFields::RectAt(record, 32)));
     }
 }
 

@@ -92,7 +92,7 @@ Pixels Multiplied(const Pixels& image)
 /// How many units both names take, with a zero behind each and one more; none if both are empty.
 std::size_t NameUnits(const TMetafileNames& names)
 {
-    const auto length = static_cast<std::size_t>(names.createdBy.Length() + names.description.Length());
+    const std::size_t length = names.createdBy.AsView().size() + names.description.AsView().size();
     return length == 0 ? 0 : length + 3;
 }
 
@@ -266,7 +266,7 @@ void CEnhancedWriter::PutPoints(const std::vector<TPoint>& points, bool isClosed
 void CEnhancedWriter::PutFill(const TRect& rect)
 {
     // No source, and nothing that turns it: 1, 0, 0, 1, 0, 0.
-    constexpr unsigned one = std::bit_cast<unsigned>(1.0F);
+    constexpr auto one = std::bit_cast<unsigned>(1.0F);
     CByteWriter fields;
     PutBounds(fields);
     PutArea(fields, rect);
@@ -356,7 +356,7 @@ void CEnhancedWriter::PutBlend(const Pixels& image, const TRect& target, unsigne
 {
     constexpr unsigned head = 108;
     constexpr unsigned ownAlpha = 1U << 24U;
-    constexpr unsigned one = std::bit_cast<unsigned>(1.0F);
+    constexpr auto one = std::bit_cast<unsigned>(1.0F);
     const auto dib = WriteDib(Multiplied(image), {.bitCount = 32}, image.getHeight());
     CByteWriter fields;
     PutBounds(fields);

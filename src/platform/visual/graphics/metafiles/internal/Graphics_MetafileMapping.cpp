@@ -14,6 +14,7 @@ namespace
 {
 
 using Types::TPoint;
+using Types::TRect;
 using Types::TSize;
 
 /// Also for what is no number.
@@ -156,11 +157,19 @@ TPoint CMetafileMapping::ToPixel(const TMetafilePoint& point) const
             .Y = Held(point.x * mAll.xy + point.y * mAll.yy + mAll.dy)};
 }
 
-Types::TRect CMetafileMapping::ToPixels(const Types::TRect& rect) const
+TRect CMetafileMapping::ToPixels(const TRect& rect) const
 {
     const TPoint first = ToPixel(TPoint{.X = rect.Left, .Y = rect.Top});
     const TPoint last = ToPixel(TPoint{.X = rect.Right, .Y = rect.Bottom});
     return {.Left = first.X, .Top = first.Y, .Right = last.X, .Bottom = last.Y};
+}
+
+TRect CMetafileMapping::FromDevice(const TRect& rect) const
+{
+    return {.Left = Held(rect.Left - mOrigin.x),
+            .Top = Held(rect.Top - mOrigin.y),
+            .Right = Held(rect.Right - mOrigin.x),
+            .Bottom = Held(rect.Bottom - mOrigin.y)};
 }
 
 int CMetafileMapping::Across(double distance) const

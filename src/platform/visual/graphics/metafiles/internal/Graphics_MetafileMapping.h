@@ -75,6 +75,8 @@ public:
     }
     /// The edges may come out the wrong way round.
     Types::TRect ToPixels(const Types::TRect& rect) const;
+    /// The place in the picture of pixels of the device.
+    Types::TRect FromDevice(const Types::TRect& rect) const;
     /// How many pixels a distance across and down has, at least 0.
     int Across(double distance) const;
     int Down(double distance) const;

@@ -28,13 +28,10 @@ void CMetafilePath::MoveTo(const TPoint& point)
     mIsOpen = true;
 }
 
-void CMetafilePath::Add(const std::vector<TPoint>& points)
+void CMetafilePath::Add(const TPoint& from, const std::vector<TPoint>& points)
 {
-    if (points.empty()) {
-        return;
-    }
     if (!mIsOpen) {
-        MoveTo(points.front());
+        MoveTo(from);
     }
     auto& figure = mFigures.back().points;
     figure.insert(figure.end(), points.begin(), points.end());

@@ -21,8 +21,8 @@ class CMetafilePath
 public:
     /// What follows begins at the point.
     void MoveTo(const Types::TPoint& point);
-    /// Lines from where the figure is, or from the first of the points.
-    void Add(const std::vector<Types::TPoint>& points);
+    /// Lines from where the figure is; a new one begins at `from`.
+    void Add(const Types::TPoint& from, const std::vector<Types::TPoint>& points);
     void Close();
     void AddFigure(TMetafileFigure figure);
     const std::vector<TMetafileFigure>& getFigures() const { return mFigures; }

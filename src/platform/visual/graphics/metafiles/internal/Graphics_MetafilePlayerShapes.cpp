@@ -76,7 +76,7 @@ void CMetafilePlayer::LinesTo(std::vector<TPoint> points)
     }
     const TPoint last = points.back();
     if (mIsPathOpen) {
-        mPath.Add(ToPixels(points));
+        mPath.Add(mState.mapping.ToPixel(mState.at), ToPixels(points));
     } else {
         points.insert(points.begin(), mState.at);
         Polyline(points);
@@ -165,7 +165,9 @@ void CMetafilePlayer::Bezier(const std::vector<TPoint>& points)
 {
     std::vector<TPoint> line = FlattenBezier(ToPixels(points));
     CountPixels(line.size());
-    DrawPoints(std::move(line), false);
+    if (!line.empty()) {
+        DrawPoints(std::move(line), false);
+    }
 }
 
 void CMetafilePlayer::BezierTo(std::vector<TPoint> points)
@@ -178,8 +180,8 @@ void CMetafilePlayer::BezierTo(std::vector<TPoint> points)
     const std::vector<TPoint> line = FlattenBezier(ToPixels(points));
     CountPixels(line.size());
     if (mIsPathOpen) {
-        mPath.Add(line);
-    } else {
+        mPath.Add(mState.mapping.ToPixel(mState.at), line);
+    } else if (!line.empty()) {
         DrawPoints(line, false);
     }
     mState.at = last;

@@ -15,6 +15,25 @@ using Types::TPoint;
 namespace
 {
 
+/// How far from its left edge the place of a text lies.
+int WithinWidth(unsigned align, int width)
+{
+    if ((align & taCenter) == taCenter) {
+        return width / 2;
+    }
+    return (align & taRight) != 0 ? width : 0;
+}
+
+/// How far from its upper edge the place of a text lies.
+int WithinHeight(unsigned align, const Toolkits::TFontData& font)
+{
+    if ((align & taBottom) == 0) {
+        return 0;
+    }
+    const Toolkits::TTextMetrics metrics = Toolkits::CurrentToolkit().FontMetrics(font);
+    return (align & taBaseline) == taBaseline ? metrics.ascent : metrics.height;
+}
+
 /// The corner of a text that is turned around its place, which lies by so much within the level text.
 TPoint CornerOf(const TPoint& at, const TPoint& within, int orientation)
 {
@@ -47,21 +66,11 @@ void CMetafilePlayer::Text(const TMetafileText& text)
     if (text.text.IsEmpty() || (text.options & toGlyphs) != 0) {
         return;
     }
-    const Toolkits::Toolkit& toolkit = Toolkits::CurrentToolkit();
     const Toolkits::TFontData font = Font();
-    const int width = toolkit.TextExtent(font, text.text).cx;
+    // Without a need nothing is measured.
+    const int width = mState.textAlign == 0 ? 0 : Toolkits::CurrentToolkit().TextExtent(font, text.text).cx;
+    const TPoint within{.X = WithinWidth(mState.textAlign, width), .Y = WithinHeight(mState.textAlign, font)};
     const unsigned align = mState.textAlign;
-    TPoint within;
-    if ((align & taCenter) == taCenter) {
-        within.X = width / 2;
-    } else if ((align & taRight) != 0) {
-        within.X = width;
-    }
-    if ((align & taBaseline) == taBaseline) {
-        within.Y = toolkit.FontMetrics(font).ascent;
-    } else if ((align & taBottom) != 0) {
-        within.Y = toolkit.FontMetrics(font).height;
-    }
     const bool isMoving = (align & taMoves) != 0;
     const TPoint at = mapping.ToPixel(isMoving ? mState.at : text.at);
     Target().Text(CornerOf(at, within, font.orientation), text.text, font,

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <bit>
 #include <string>
 
@@ -137,6 +138,12 @@ TEST(GraphicsMetafileReaderTest, DrawsLinesAndShapesOfTheEnhancedType)
          {EnhancedRecord(59), EnhancedRecord(43, Longs({1, 2, 9, 8})), EnhancedRecord(60),
           EnhancedRecord(64)},
          "polygon 1,2 10,2 10,9 1,9 pen #000000 brush clear\n"},
+        {"a path that goes on behind a closed figure",
+         {EnhancedRecord(59), EnhancedRecord(27, Longs({1, 1})), EnhancedRecord(54, Longs({9, 1})),
+          EnhancedRecord(54, Longs({9, 9})), EnhancedRecord(61), EnhancedRecord(54, Longs({5, 5})),
+          EnhancedRecord(60), EnhancedRecord(64)},
+         "polygon 1,1 9,1 9,9 pen #000000 brush clear\npolyline 9,9 5,5 pen #000000\n"},
+        {"too few points for a curve", {EnhancedRecord(85, Points16({0, 0, 4, 0}))}, ""},
         {"a path that is left",
          {EnhancedRecord(59), EnhancedRecord(43, Longs({1, 2, 9, 8})), EnhancedRecord(68),
           EnhancedRecord(62)},
@@ -243,6 +250,16 @@ TEST(GraphicsMetafileReaderTest, MapsUnitsAndLimitsDrawing)
         SCOPED_TRACE(row.name);
         EXPECT_EQ(Drawing(EnhancedFile(row.records)), row.drawing);
     }
+}
+
+TEST(GraphicsMetafileReaderTest, BeginsThePictureAtItsFrame)
+{
+    auto file = EnhancedFile({EnhancedRecord(75, Longs({48, 5, 32, 1, 1, 16, 15, 7, 30, 40, 15, 7, 30, 40})),
+                              EnhancedRecord(43, Longs({10, 20, 29, 39}))});
+    // Left, top, right and bottom in hundredths of a millimetre: ten and five pixels further.
+    const auto frame = Longs({500, 250, 5500, 2750}).getBytes();
+    std::ranges::copy(frame, file.begin() + 24);
+    EXPECT_EQ(Drawing(file), "push\nclip 5,2,20,35\nrectangle 0,15,20,35 pen #000000 brush #FFFFFF\npop\n");
 }
 
 TEST(GraphicsMetafileReaderTest, DrawsTextsOfTheEnhancedType)
