@@ -23,6 +23,8 @@ public:
     std::function<void(const std::string&)> heard;
     /// The characters that are refused.
     std::u16string refused;
+    /// What is told about each place.
+    System::UnicodeString hint;
 
     std::string Take() { return std::exchange(text, {}); }
 
@@ -54,6 +56,7 @@ public:
     void ItemChecked(int index) override { Add("check" + std::to_string(index)); }
     void DropChanged(bool isOpen) override { Add(isOpen ? "open" : "closed"); }
     void Scrolled(int first) override { Add("scrolled" + std::to_string(first)); }
+    System::UnicodeString HintAt(Types::TPoint) override { return hint; }
     bool PaintAsked(Toolkits::PaintDevice&, const Types::TRect&) override { return false; }
     void BoundsChanged(const Types::TRect&) override { Add("bounds"); }
     void FilesDropped(const std::vector<System::UnicodeString>&, Types::TPoint) override { Add("files"); }
