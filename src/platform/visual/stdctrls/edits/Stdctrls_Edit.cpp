@@ -320,6 +320,9 @@ void TCustomEdit::Dispatch(void* record)
         return;
     case CM_TEXTCHANGED:
         TWinControl::Dispatch(record);
+        if (GetWindow() != nullptr) {
+            TextShown(EShown::Given);
+        }
         ShowSelectionInWindow();
         Invalidate();
         Change();
@@ -430,10 +433,15 @@ void TCustomEdit::ShowTraitsInWindow()
 
 void TCustomEdit::ShowTextInWindow()
 {
-    if (GetWindow() == nullptr || (mWindowText != nullptr && *mWindowText == GetText())) {
+    if (GetWindow() == nullptr) {
+        return;
+    }
+    if (mWindowText != nullptr && *mWindowText == GetText()) {
+        TextShown(EShown::Edited);
         return;
     }
     GetWindow()->SetText(GetText());
+    TextShown(EShown::Given);
     ShowSelectionInWindow();
 }
 
@@ -463,6 +471,7 @@ void TCustomEdit::CreateWnd()
 {
     TWinControl::CreateWnd();
     ShowTraitsInWindow();
+    TextShown(EShown::Given);
     ShowSelectionInWindow();
 }
 
