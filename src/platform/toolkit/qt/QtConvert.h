@@ -51,6 +51,12 @@ inline QRect ToQRect(const Types::TRect& rect)
     return {rect.Left, rect.Top, rect.Width(), rect.Height()};
 }
 
+/// As of `TEditTraits`: 0 at the left, 1 at the right, 2 in the middle.
+inline Qt::Alignment ToQtAlignment(int alignment)
+{
+    return alignment == 1 ? Qt::AlignRight : alignment == 2 ? Qt::AlignHCenter : Qt::AlignLeft;
+}
+
 // Colours are the same numbers here and there.
 static_assert(sizeof(QRgb) == sizeof(TPixel) && QRgb(0xFF000000U) == OpaquePixel(0, 0, 0));
 

@@ -8,6 +8,7 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QTextBlock>
+#include <QTextEdit>
 
 #include <algorithm>
 #include <climits>
@@ -18,18 +19,6 @@ namespace Toolkits
 
 namespace
 {
-
-Qt::Alignment AlignmentOf(int alignment)
-{
-    switch (alignment) {
-    case 1:
-        return Qt::AlignRight;
-    case 2:
-        return Qt::AlignHCenter;
-    default:
-        return Qt::AlignLeft;
-    }
-}
 
 bool HasLongLine(std::u16string_view text)
 {
@@ -100,7 +89,7 @@ void CQtEdit::SetEditTraits(const TEditTraits& traits)
     const QString style = QStringLiteral("lineedit-password-character: %1").arg(int{traits.passwordChar});
     mEdit->setStyleSheet(traits.passwordChar == 0 ? QString() : style);
     mEdit->setPlaceholderText(ToQString(traits.hint));
-    mEdit->setAlignment(AlignmentOf(traits.alignment) | Qt::AlignVCenter);
+    mEdit->setAlignment(ToQtAlignment(traits.alignment) | Qt::AlignVCenter);
     mEdit->setReadOnly(traits.isReadOnly);
     mEdit->setFrame(traits.hasBorder);
 }
@@ -132,26 +121,29 @@ void CQtEdit::TellSelection()
     Tell([&](WindowEvents& events) { events.SelectionMoved(start, length); });
 }
 
-CQtMemo::CQtMemo(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings)
-    : CQtWindow(std::move(desktop), settings, new QPlainTextEdit),
-      mMemo(static_cast<QPlainTextEdit*>(&Widget()))
+template <class Edit>
+GQtMemo<Edit>::GQtMemo(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings)
+    : CQtWindow(std::move(desktop), settings, new Edit), mMemo(static_cast<Edit*>(&Widget()))
 {
     WatchPart(mMemo->viewport());
     mMemo->setFocusPolicy(Qt::ClickFocus);
     SetText(settings.text);
-    QObject::connect(mMemo, &QPlainTextEdit::textChanged, Context(), [this] { TellText(); });
-    QObject::connect(mMemo, &QPlainTextEdit::selectionChanged, Context(), [this] { TellSelection(); });
-    QObject::connect(mMemo, &QPlainTextEdit::cursorPositionChanged, Context(), [this] { TellSelection(); });
+    QObject::connect(mMemo, &Edit::textChanged, Context(), [this] { TellText(); });
+    QObject::connect(mMemo, &Edit::selectionChanged, Context(), [this] { TellSelection(); });
+    QObject::connect(mMemo, &Edit::cursorPositionChanged, Context(), [this] { TellSelection(); });
 }
 
-CQtMemo::~CQtMemo() = default;
+template <class Edit>
+GQtMemo<Edit>::~GQtMemo() = default;
 
-QWidget& CQtMemo::Surface() const noexcept
+template <class Edit>
+QWidget& GQtMemo<Edit>::Surface() const noexcept
 {
     return *mMemo->viewport();
 }
 
-void CQtMemo::SetText(const System::UnicodeString& text)
+template <class Edit>
+void GQtMemo<Edit>::SetText(const System::UnicodeString& text)
 {
     mIsTooLong = HasLongLine(text.AsView());
     const QString shown =
@@ -168,12 +160,14 @@ void CQtMemo::SetText(const System::UnicodeString& text)
     mIsBusy = wasBusy;
 }
 
-int CQtMemo::ToControl(int place) const
+template <class Edit>
+int GQtMemo<Edit>::ToControl(int place) const
 {
     return place + mMemo->document()->findBlock(place).blockNumber();
 }
 
-int CQtMemo::ToWidget(int place) const
+template <class Edit>
+int GQtMemo<Edit>::ToWidget(int place) const
 {
     const QTextDocument& document = *mMemo->document();
     // The blocks before the one that is sought have a unit less than the lines of the control.
@@ -193,7 +187,8 @@ int CQtMemo::ToWidget(int place) const
     return block.position() + std::clamp(within, 0, block.length() - 1);
 }
 
-void CQtMemo::SetSelection(int start, int length)
+template <class Edit>
+void GQtMemo<Edit>::SetSelection(int start, int length)
 {
     const bool wasBusy = std::exchange(mIsBusy, true);
     QTextCursor cursor = mMemo->textCursor();
@@ -204,30 +199,33 @@ void CQtMemo::SetSelection(int start, int length)
     mIsBusy = wasBusy;
 }
 
-void CQtMemo::SetEditTraits(const TEditTraits& traits)
+template <class Edit>
+void GQtMemo<Edit>::SetEditTraits(const TEditTraits& traits)
 {
     mMaxLength = std::max(traits.maxLength, 0);
     mMemo->setPlaceholderText(ToQString(traits.hint));
     mMemo->setReadOnly(traits.isReadOnly);
     mMemo->setFrameShape(traits.hasBorder ? QFrame::StyledPanel : QFrame::NoFrame);
-    mMemo->setLineWrapMode(traits.isWordWrapped ? QPlainTextEdit::WidgetWidth : QPlainTextEdit::NoWrap);
+    mMemo->setLineWrapMode(traits.isWordWrapped ? Edit::WidgetWidth : Edit::NoWrap);
     mMemo->setTabChangesFocus(!traits.wantsTabs);
     const auto policy = [](bool hasBar) { return hasBar ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff; };
     mMemo->setHorizontalScrollBarPolicy(policy(traits.hasHorizontalBar));
     mMemo->setVerticalScrollBarPolicy(policy(traits.hasVerticalBar));
     QTextOption option = mMemo->document()->defaultTextOption();
-    option.setAlignment(AlignmentOf(traits.alignment));
+    option.setAlignment(ToQtAlignment(traits.alignment));
     const bool wasBusy = std::exchange(mIsBusy, true);
     mMemo->document()->setDefaultTextOption(option);
     mIsBusy = wasBusy;
 }
 
-void CQtMemo::ShowCaret()
+template <class Edit>
+void GQtMemo<Edit>::ShowCaret()
 {
     mMemo->ensureCursorVisible();
 }
 
-void CQtMemo::TellText()
+template <class Edit>
+void GQtMemo<Edit>::TellText()
 {
     QString text = mMemo->toPlainText();
     // The signal is given for changes of the look, too.
@@ -245,12 +243,15 @@ void CQtMemo::TellText()
     if (!IsPassing() && !Tell(TellForeignText)) {
         return;
     }
+    mIsTelling = true;
     if (Tell([&](WindowEvents& events) { events.TextEdited(FromQString(text)); })) {
+        mIsTelling = false;
         TellSelection();
     }
 }
 
-void CQtMemo::TellSelection()
+template <class Edit>
+void GQtMemo<Edit>::TellSelection()
 {
     if (mIsBusy || mMemo->document()->isEmpty() != mTold.isEmpty()) {
         return;
@@ -260,5 +261,8 @@ void CQtMemo::TellSelection()
     const int end = ToControl(cursor.selectionEnd());
     Tell([&](WindowEvents& events) { events.SelectionMoved(start, end - start); });
 }
+
+template class GQtMemo<QPlainTextEdit>;
+template class GQtMemo<QTextEdit>;
 
 } // namespace Toolkits

@@ -33,11 +33,12 @@ private:
 
 /// Lines that the user edits. The control's text has "\r\n" between them. If one is too long for Qt, the
 /// control itself edits and paints all of them.
-class CQtMemo final : public CQtWindow
+template <class Edit>
+class GQtMemo : public CQtWindow
 {
 public:
-    CQtMemo(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings);
-    ~CQtMemo() override;
+    GQtMemo(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings);
+    ~GQtMemo() override;
 
     void SetText(const System::UnicodeString& text) override;
     void SetSelection(int start, int length) override;
@@ -46,18 +47,36 @@ public:
     bool ActsByItself() const override { return !mIsTooLong; }
     QWidget& Surface() const noexcept override;
 
+protected:
+    Edit& Memo() const noexcept { return *mMemo; }
+    /// The place of the widget that is one in the control's text, where each end of a line counts twice.
+    int ToWidget(int place) const;
+    /// Whether the control hears of a text just now.
+    bool IsTelling() const noexcept { return mIsTelling; }
+    /// Does what isn't told as the user's doing.
+    template <class Action>
+    void Quietly(Action action)
+    {
+        const bool wasBusy = mIsBusy;
+        mIsBusy = true;
+        action();
+        mIsBusy = wasBusy;
+    }
+
 private:
     void TellSelection();
     void TellText();
-    /// A place in the control's text, where each end of a line counts twice, and back.
     int ToControl(int place) const;
-    int ToWidget(int place) const;
 
-    QPlainTextEdit* mMemo;
+    Edit* mMemo;
     QString mTold;
     int mMaxLength = 0;
     bool mIsBusy = false;
+    bool mIsTelling = false;
     bool mIsTooLong = false;
 };
+
+/// Lines without formats.
+using CQtMemo = GQtMemo<QPlainTextEdit>;
 
 } // namespace Toolkits

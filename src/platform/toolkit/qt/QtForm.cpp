@@ -3,6 +3,7 @@
 
 #include "platform/toolkit/qt/QtConvert.h"
 #include "platform/toolkit/qt/QtDisplay.h"
+#include "platform/toolkit/qt/QtMenuBar.h"
 
 #include <QWindow>
 
@@ -22,6 +23,60 @@ class CFormWidget final : public QWidget
 protected:
     bool focusNextPrevChild(bool) override { return false; }
 };
+
+} // namespace
+
+/// The window around a menu bar and the client area below it.
+class CFormFrame final : public QWidget
+{
+public:
+    CFormFrame(CQtForm& form, QWidget& client, Qt::WindowFlags flags) : mForm(&form), mClient(client)
+    {
+        setWindowFlags(flags);
+        setAttribute(Qt::WA_ShowWithoutActivating, client.testAttribute(Qt::WA_ShowWithoutActivating));
+        bar = new CQtMenuBar(form, this);
+        const bool wasHidden = client.isHidden();
+        client.setParent(this);
+        client.setVisible(!wasHidden);
+        setAccessibleName(client.accessibleName());
+    }
+
+    /// This one's own.
+    CQtMenuBar* bar;
+
+    void Leave() noexcept
+    {
+        mForm = nullptr;
+        bar->Leave();
+    }
+    int BarHeight() const { return bar->actions().isEmpty() ? 0 : bar->sizeHint().height(); }
+    void PlaceParts()
+    {
+        const int height = BarHeight();
+        bar->setGeometry(0, 0, width(), height);
+        mClient.setGeometry(0, height, width(), std::max(this->height() - height, 0));
+    }
+
+protected:
+    bool focusNextPrevChild(bool) override { return false; }
+    void resizeEvent(QResizeEvent*) override
+    {
+        if (mForm != nullptr) {
+            PlaceParts();
+        }
+    }
+    bool event(QEvent* event) override
+    {
+        return (mForm != nullptr && mForm->HandleFrameEvent(*event)) || QWidget::event(event);
+    }
+
+private:
+    CQtForm* mForm;
+    QWidget& mClient;
+};
+
+namespace
+{
 
 Qt::WindowFlags FlagsOf(EFrame frame, bool hasCloseButton)
 {
@@ -52,6 +107,18 @@ Qt::WindowStates FlagOf(EWindowState state)
     default:
         return Qt::WindowNoState;
     }
+}
+
+bool IsFrameEvent(QEvent::Type type)
+{
+    constexpr QEvent::Type types[] = {QEvent::Close,
+                                      QEvent::WindowActivate,
+                                      QEvent::WindowDeactivate,
+                                      QEvent::WindowStateChange,
+                                      QEvent::PaletteChange,
+                                      QEvent::Move,
+                                      QEvent::Resize};
+    return std::ranges::find(types, type) != std::end(types);
 }
 
 bool IsSizeable(EFrame frame)
@@ -102,7 +169,64 @@ CQtForm::CQtForm(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& set
     Place();
 }
 
-CQtForm::~CQtForm() = default;
+CQtForm::~CQtForm()
+{
+    if (mWhole == nullptr) {
+        return;
+    }
+    mWhole->Leave();
+    mWhole->hide();
+    // The client area ends by itself.
+    Widget().setParent(nullptr);
+    if (Desktop().getTellLevel() == 0) {
+        delete mWhole;
+    } else {
+        Desktop().Bury(mWhole, 1);
+    }
+}
+
+QWidget& CQtForm::Whole() const noexcept
+{
+    return mWhole == nullptr ? Widget() : *mWhole;
+}
+
+int CQtForm::BarHeight() const
+{
+    return mWhole == nullptr ? 0 : mWhole->BarHeight();
+}
+
+void CQtForm::ShowMenuBar(bool isThere)
+{
+    // In the window of others it has no place.
+    if (mIsHosted || (mWhole == nullptr && !isThere)) {
+        return;
+    }
+    if (mWhole == nullptr) {
+        const bool wasVisible = Widget().isVisible();
+        const QString title = Widget().windowTitle();
+        mWhole = new CFormFrame(*this, Widget(), Widget().windowFlags());
+        mWhole->setWindowTitle(title);
+        mWhole->setVisible(wasVisible);
+    }
+    mWhole->bar->Show(isThere);
+    FollowBar();
+}
+
+void CQtForm::FollowBar()
+{
+    if (BarHeight() != mBarHeight) {
+        Place();
+    }
+}
+
+bool CQtForm::OpenMenu(int id)
+{
+    if (BarHeight() == 0) {
+        return false;
+    }
+    mWhole->bar->Open(id);
+    return true;
+}
 
 bool CQtForm::CanBeActive() const
 {
@@ -112,7 +236,7 @@ bool CQtForm::CanBeActive() const
 void CQtForm::SetText(const System::UnicodeString& text)
 {
     // Qt takes these three characters once for the mark of a changed document, twice for themselves.
-    Widget().setWindowTitle(ToQString(text).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
+    Whole().setWindowTitle(ToQString(text).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
 }
 
 void CQtForm::SetBounds(const Types::TRect& bounds)
@@ -130,15 +254,20 @@ void CQtForm::Place()
         Widget().setGeometry(QRect(QPoint(), ToQRect(bounds).size()));
         return;
     }
+    const int bar = BarHeight();
+    mBarHeight = bar;
     const QSize size = HeldSize(0LL + bounds.Right - bounds.Left - mMargins.left - mMargins.right,
-                                0LL + bounds.Bottom - bounds.Top - mMargins.top - mMargins.bottom);
+                                0LL + bounds.Bottom - bounds.Top - mMargins.top - mMargins.bottom + bar);
     const bool isFixed = !IsSizeable(mFrame) && mFrame != EFrame::None;
-    Widget().setMinimumSize(isFixed ? size : QSize(1, 1));
-    Widget().setMaximumSize(isFixed ? size : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+    Whole().setMinimumSize(isFixed ? size : QSize(1, 1));
+    Whole().setMaximumSize(isFixed ? size : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
     // By the place of the client area, whatever the frame takes in truth: what is in the form is where the
     // controls say.
-    Widget().setGeometry(
-        QRect(QPoint(HeldPlace(bounds.Left) + mMargins.left, HeldPlace(bounds.Top) + mMargins.top), size));
+    Whole().setGeometry(QRect(
+        QPoint(HeldPlace(bounds.Left) + mMargins.left, HeldPlace(bounds.Top) + mMargins.top - bar), size));
+    if (mWhole != nullptr) {
+        mWhole->PlaceParts();
+    }
 }
 
 void CQtForm::SetVisible(bool isVisible)
@@ -147,15 +276,18 @@ void CQtForm::SetVisible(bool isVisible)
     if (isVisible && !mIsHosted && former != nullptr && former != this && !former->CanBeActive() &&
         former->Widget().isVisible()) {
         // The user is about to be kept from that one, so this one stays in front of it.
-        Widget().winId();
-        Widget().windowHandle()->setTransientParent(former->Widget().windowHandle());
+        Whole().winId();
+        Whole().windowHandle()->setTransientParent(former->Widget().window()->windowHandle());
+    }
+    if (mWhole != nullptr) {
+        mWhole->setVisible(isVisible);
     }
     CQtWindow::SetVisible(isVisible);
 }
 
 Types::TRect CQtForm::SeenBounds() const
 {
-    const QRect now = Widget().geometry();
+    const QRect now = Whole().geometry().adjusted(0, BarHeight(), 0, 0);
     const bool isPlaced = CanPlace();
     const int left = isPlaced ? now.x() - mMargins.left : Bounds().Left;
     const int top = isPlaced ? now.y() - mMargins.top : Bounds().Top;
@@ -187,13 +319,13 @@ void CQtForm::Focus()
 
 void CQtForm::BringToFront()
 {
-    CQtWindow::BringToFront();
+    Whole().raise();
     Desktop().MoveForm(this, true);
 }
 
 void CQtForm::SendToBack()
 {
-    CQtWindow::SendToBack();
+    Whole().lower();
     Desktop().MoveForm(this, false);
 }
 
@@ -205,15 +337,15 @@ void CQtForm::SetState(EWindowState state)
     mState = state;
     if (state == EWindowState::Maximized) {
         // The limits hold a normal window of its kind.
-        Widget().setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        Whole().setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     }
-    const Qt::WindowStates others = Widget().windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized);
-    Widget().setWindowState(others | FlagOf(state));
+    const Qt::WindowStates others = Whole().windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized);
+    Whole().setWindowState(others | FlagOf(state));
 }
 
 void CQtForm::TellState()
 {
-    const Qt::WindowStates states = Widget().windowState();
+    const Qt::WindowStates states = Whole().windowState();
     const EWindowState state = states.testFlag(Qt::WindowMinimized)   ? EWindowState::Minimized
                                : states.testFlag(Qt::WindowMaximized) ? EWindowState::Maximized
                                                                       : EWindowState::Normal;
@@ -224,6 +356,13 @@ void CQtForm::TellState()
 }
 
 bool CQtForm::HandleEvent(QEvent& event)
+{
+    // The window around a bar hears of its own.
+    return IsFrameEvent(event.type()) ? mWhole == nullptr && HandleFrameEvent(event)
+                                      : CQtWindow::HandleEvent(event);
+}
+
+bool CQtForm::HandleFrameEvent(QEvent& event)
 {
     switch (event.type()) {
     case QEvent::Close:
@@ -243,6 +382,10 @@ bool CQtForm::HandleEvent(QEvent& event)
     case QEvent::WindowStateChange:
         TellState();
         return false;
+    case QEvent::LayoutRequest:
+        // The bar may have its first items, or lost its last.
+        FollowBar();
+        return false;
     case QEvent::Move:
     case QEvent::Resize:
         if (event.spontaneous()) {
@@ -250,7 +393,7 @@ bool CQtForm::HandleEvent(QEvent& event)
         }
         return false;
     default:
-        return CQtWindow::HandleEvent(event);
+        return false;
     }
 }
 

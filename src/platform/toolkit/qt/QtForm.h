@@ -8,7 +8,10 @@
 namespace Toolkits
 {
 
-/// A window on the screen itself.
+class CFormFrame;
+
+/// A window on the screen itself. One with a menu bar is within another one, that has the bar above it: the
+/// client area is as large, and where it is, with and without.
 class CQtForm final : public CQtWindow
 {
 public:
@@ -25,21 +28,35 @@ public:
     void SetState(EWindowState state) override;
     /// In the window of others it comes to the front with that alone.
     void Focus() override;
+    void ShowMenuBar(bool isThere) override;
+    bool OpenMenu(int id) override;
     bool CanBeActive() const override;
+
+    /// Of the window around the bar and the client area.
+    bool HandleFrameEvent(QEvent& event);
 
 protected:
     bool HandleEvent(QEvent& event) override;
 
 private:
+    /// The widget that is a window of the screen.
+    QWidget& Whole() const noexcept;
+    int BarHeight() const;
     void Place();
     /// The bounds by what the screen shows. Where it doesn't let windows be placed, they are at the place
     /// that they were given.
     Types::TRect SeenBounds() const;
+    /// Makes room for the bar as high as it is now.
+    void FollowBar();
     void TellBounds();
     /// Tells of a state that nobody here set.
     void TellState();
 
     TFrameMargins mMargins;
+    /// Null without a menu bar.
+    CFormFrame* mWhole = nullptr;
+    /// The height that the bar was given.
+    int mBarHeight = 0;
     EFrame mFrame;
     EWindowState mState = EWindowState::Normal;
     /// What the screen made of the bounds, although the control asked for others.

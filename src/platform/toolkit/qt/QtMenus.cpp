@@ -1,19 +1,16 @@
 // SPDX-License-Identifier: MIT
+#include "platform/toolkit/qt/QtMenus.h"
+
 #include "platform/toolkit/qt/QtBoxes.h"
 #include "platform/toolkit/qt/QtConvert.h"
 
 #include <QActionGroup>
 #include <QMenu>
 
-// Menus that are opened at a place.
-
 namespace Toolkits
 {
 
-namespace
-{
-
-void Fill(QMenu& menu, const std::vector<TMenuEntry>& entries, int& chosen)
+void FillMenu(QMenu& menu, const std::vector<TMenuEntry>& entries, const std::function<void(int)>& choose)
 {
     QActionGroup* group = nullptr;
     for (const TMenuEntry& entry : entries) {
@@ -29,10 +26,10 @@ void Fill(QMenu& menu, const std::vector<TMenuEntry>& entries, int& chosen)
         QAction* action = nullptr;
         if (entry.entries.empty()) {
             action = menu.addAction(text);
-            QObject::connect(action, &QAction::triggered, action, [&chosen, id = entry.id] { chosen = id; });
+            QObject::connect(action, &QAction::triggered, action, [choose, id = entry.id] { choose(id); });
         } else {
             QMenu* const inner = menu.addMenu(text);
-            Fill(*inner, entry.entries, chosen);
+            FillMenu(*inner, entry.entries, choose);
             action = inner->menuAction();
         }
         action->setEnabled(entry.isEnabled);
@@ -48,13 +45,11 @@ void Fill(QMenu& menu, const std::vector<TMenuEntry>& entries, int& chosen)
     }
 }
 
-} // namespace
-
 int ShowQtMenu(Toolkit& toolkit, const std::vector<TMenuEntry>& entries, Types::TPoint place)
 {
     int chosen = 0;
     QMenu menu;
-    Fill(menu, entries, chosen);
+    FillMenu(menu, entries, [&chosen](int id) { chosen = id; });
     menu.popup({place.X, place.Y});
     RunLoop(toolkit, [&menu] { return menu.isVisible(); });
     return chosen;

@@ -16,6 +16,8 @@ public:
     ~CQtProgress() override;
 
     void SetLook(const TWindowLook& look) override;
+    /// The bar sees by itself when it has to be painted.
+    void Invalidate(const Types::TRect*) override {}
     void SetProgress(const TProgress& progress) override;
 
 protected:

@@ -17,6 +17,7 @@
 #include "platform/toolkit/qt/QtPaintDevice.h"
 #include "platform/toolkit/qt/QtPictures.h"
 #include "platform/toolkit/qt/QtProgress.h"
+#include "platform/toolkit/qt/QtRichEdit.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -187,8 +188,9 @@ std::unique_ptr<Window> CQtToolkit::MakeWindow(const TWindowSettings& settings)
     case EWindowKind::Edit:
         return std::make_unique<CQtEdit>(mDesktop, settings);
     case EWindowKind::Memo:
-    case EWindowKind::RichEdit:
         return std::make_unique<CQtMemo>(mDesktop, settings);
+    case EWindowKind::RichEdit:
+        return std::make_unique<CQtRichEdit>(mDesktop, settings);
     case EWindowKind::Button:
     case EWindowKind::CheckBox:
     case EWindowKind::RadioButton:

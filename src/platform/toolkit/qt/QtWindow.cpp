@@ -10,10 +10,13 @@
 
 #include <QCoreApplication>
 #include <QDropEvent>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPaintEvent>
+#include <QTextDocument>
+#include <QToolTip>
 #include <QUrl>
 #include <QWheelEvent>
 
@@ -275,6 +278,8 @@ bool CQtWindow::HandleEvent(QEvent& event)
     case QEvent::Leave:
         Tell([](WindowEvents& events) { events.MouseUsed({.action = EMouseAction::Leave}); });
         return false;
+    case QEvent::ToolTip:
+        return ShowHint(static_cast<const QHelpEvent&>(event));
     case QEvent::FocusIn:
     case QEvent::FocusOut:
         return HandleFocus(event);
@@ -413,6 +418,18 @@ bool CQtWindow::HandleWheel(const QWheelEvent& event)
     bool isTaken = false;
     const bool isHere = Tell([&](WindowEvents& events) { isTaken = events.MouseUsed(mouse); });
     return !isHere || isTaken || !ActsByItself();
+}
+
+bool CQtWindow::ShowHint(const QHelpEvent& event)
+{
+    System::UnicodeString hint;
+    const auto ask = [&](WindowEvents& events) { hint = events.HintAt(FromQPoint(event.pos())); };
+    if (!IsBlocked() && Tell(ask)) {
+        // It goes by itself after a while, and when the mouse leaves. Nothing in it is a mark of text.
+        const QString text = hint.IsEmpty() ? QString() : Qt::convertFromPlainText(ToQString(hint));
+        QToolTip::showText(event.globalPos(), text, mWidget);
+    }
+    return true;
 }
 
 bool CQtWindow::HandleFocus(const QEvent& event)

@@ -10,6 +10,7 @@
 #include <memory>
 #include <vector>
 
+class QHelpEvent;
 class QInputMethodEvent;
 class QKeyEvent;
 class QMouseEvent;
@@ -112,6 +113,7 @@ private:
     bool HandleInputMethod(const QInputMethodEvent& event);
     bool HandleMouse(const QMouseEvent& event);
     bool HandleWheel(const QWheelEvent& event);
+    bool ShowHint(const QHelpEvent& event);
     bool HandleFocus(const QEvent& event);
     bool HandleDrop(QEvent& event);
     bool Paint(const QPaintEvent& event);

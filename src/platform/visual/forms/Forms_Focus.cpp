@@ -200,6 +200,8 @@ bool TCustomForm::DialogKey(System::Word key, const Classes::TShiftState& shift)
         return false;
     }
     switch (key) {
+    case VK_F10:
+        return shift == Classes::TShiftState() && OpenFirstMenu();
     case VK_TAB:
         if (shift.Contains(Classes::ssCtrl)) {
             return false;

@@ -5,6 +5,7 @@
 #include "platform/runtime/classes/Classes_Exceptions.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
 #include "platform/toolkit/Dialogs.h"
+#include "platform/toolkit/MenuEntry.h"
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/controls/Controls_Publish.h"
 #include "platform/visual/controls/Forms_Accelerator.h"
@@ -82,6 +83,9 @@ TCustomForm::~TCustomForm()
     }
     mActiveControl = nullptr;
     mFocusedControl = this;
+    if (mMenu != nullptr) {
+        mMenu->setViewer({});
+    }
     if (GetWindow() != nullptr) {
         // What comes to its end with the form may have the user; he mustn't be led back to this one.
         GetWindow()->SetVisible(false);
@@ -165,6 +169,9 @@ bool TCustomForm::OpenMarkedMenu(const TMessage& message)
     for (int i = 0; i < items.GetCount(); ++i) {
         Menus::TMenuItem* const item = items.GetItem(i);
         if (item->getVisible() && IsAccel(static_cast<System::Word>(message.WParam), item->getCaption())) {
+            if (GetWindow() != nullptr && GetWindow()->OpenMenu(item->getCommand())) {
+                return true;
+            }
             const TPoint place = GetClientOrigin();
             mMenu->OpenItem(item, place.X, place.Y);
             return true;
@@ -322,10 +329,51 @@ void TCustomForm::setBorderIcons(const TBorderIcons& icons)
 
 void TCustomForm::setMenu(Menus::TMainMenu* menu)
 {
+    if (menu == mMenu) {
+        return;
+    }
+    if (mMenu != nullptr) {
+        mMenu->setViewer({});
+    }
     mMenu = menu;
     if (menu != nullptr) {
         menu->FreeNotification(this);
+        menu->setViewer({this, &TCustomForm::ShowMenu});
     }
+    ShowMenu();
+}
+
+void TCustomForm::ShowMenu()
+{
+    if (IsTopLevel() && GetWindow() != nullptr) {
+        GetWindow()->ShowMenuBar(mMenu != nullptr);
+    }
+}
+
+std::vector<Toolkits::TMenuEntry> TCustomForm::GetMenuEntries()
+{
+    return mMenu == nullptr ? std::vector<Toolkits::TMenuEntry>() : mMenu->getItems()->GetEntries();
+}
+
+void TCustomForm::MenuOpeningOnScreen(int id)
+{
+    // A click on the item may prepare what is in it.
+    MenuChosenOnScreen(id);
+}
+
+void TCustomForm::MenuChosenOnScreen(int id)
+{
+    Menus::TMenuItem* const item = mMenu == nullptr ? nullptr : mMenu->getItems()->FindCommand(id);
+    if (item != nullptr) {
+        item->Click();
+    }
+}
+
+bool TCustomForm::OpenFirstMenu()
+{
+    const std::vector<Toolkits::TMenuEntry> entries = GetMenuEntries();
+    const auto first = std::ranges::find(entries, true, &Toolkits::TMenuEntry::isEnabled);
+    return first != entries.end() && GetWindow() != nullptr && GetWindow()->OpenMenu(first->id);
 }
 
 void TCustomForm::setWindowState(TWindowState state)
@@ -351,6 +399,7 @@ void TCustomForm::StateChangedOnScreen(Toolkits::EWindowState state)
 void TCustomForm::CreateWnd()
 {
     TCustomControl::CreateWnd();
+    ShowMenu();
     ShowState();
 }
 
@@ -434,6 +483,7 @@ void TCustomForm::Notification(Classes::TComponent* component, Classes::TOperati
     }
     if (component == mMenu) {
         mMenu = nullptr;
+        ShowMenu();
     }
 }
 

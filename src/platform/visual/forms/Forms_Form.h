@@ -156,6 +156,9 @@ protected:
     void CloseAskedOnScreen() override;
     void ActivationChangedOnScreen(bool isActive) override;
     void StateChangedOnScreen(Toolkits::EWindowState state) override;
+    void MenuOpeningOnScreen(int id) override;
+    void MenuChosenOnScreen(int id) override;
+    std::vector<Toolkits::TMenuEntry> GetMenuEntries() override;
     void GetChildren(const Classes::TGetChildProc& proc, Classes::TComponent* root) override;
 
 private:
@@ -167,6 +170,10 @@ private:
     Toolkits::EFrame Frame() const noexcept;
     /// Opens the item of the menu whose caption marks the character; false if none does.
     bool OpenMarkedMenu(const Messages::TMessage& message);
+    /// Opens the first item of a menu that the window shows; false for any other.
+    bool OpenFirstMenu();
+    /// The window has to show the menu as it is now.
+    void ShowMenu();
     void ShowingChanged();
     void PlaceForShow();
     /// Has a window that is shown take the state.

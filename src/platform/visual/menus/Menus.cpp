@@ -6,9 +6,6 @@
 #include "platform/toolkit/MenuEntry.h"
 #include "platform/toolkit/Toolkit.h"
 
-#include <algorithm>
-#include <deque>
-
 namespace Menus
 {
 
@@ -19,64 +16,16 @@ using System::TMetaClass;
 namespace
 {
 
-/// The items of a menu that is open, by the ids that the toolkit knows them by. They may go meanwhile.
-class COpenItems
+/// Opens the menu of the items in `parent` at a place of the screen, and does what the user chose if that is
+/// still there.
+void OpenItemsOf(TMenuItem& parent, Types::TPoint place)
 {
-public:
-    std::vector<Toolkits::TMenuEntry> EntriesOf(const TMenuItem& parent)
-    {
-        std::vector<Toolkits::TMenuEntry> entries;
-        for (int i = 0; i < parent.GetCount(); ++i) {
-            TMenuItem* const item = parent.GetItem(i);
-            if (item->getVisible()) {
-                entries.push_back(EntryOf(*item));
-            }
-        }
-        return entries;
+    const TComponentWatch watch(&parent);
+    const int command = Toolkits::CurrentToolkit().ShowMenu(parent.GetEntries(), place);
+    TMenuItem* const item = watch.IsAlive() && command > 0 ? parent.FindCommand(command) : nullptr;
+    if (item != nullptr) {
+        item->Click();
     }
-
-    /// Does the item that was chosen, if it is still there.
-    void Click(int id) const
-    {
-        const auto place = static_cast<std::size_t>(id) - 1;
-        if (id > 0 && place < mItems.size() && mItems[place].watch.IsAlive()) {
-            mItems[place].item->Click();
-        }
-    }
-
-private:
-    struct TOpenItem
-    {
-        explicit TOpenItem(TMenuItem* opened) : item(opened), watch(opened) {}
-
-        TMenuItem* item;
-        TComponentWatch watch;
-    };
-
-    Toolkits::TMenuEntry EntryOf(TMenuItem& item)
-    {
-        mItems.emplace_back(&item);
-        Toolkits::TMenuEntry entry;
-        entry.id = static_cast<int>(mItems.size());
-        entry.caption = item.getCaption();
-        entry.shortCut = ShortCutToText(item.getShortCut());
-        entry.isEnabled = item.getEnabled();
-        entry.isChecked = item.getChecked();
-        entry.isRadio = item.getRadioItem();
-        entry.isDefault = item.getDefault();
-        entry.entries = EntriesOf(item);
-        return entry;
-    }
-
-    std::deque<TOpenItem> mItems;
-};
-
-/// Opens the menu of the items in `parent` at a place of the screen, and does what the user chose.
-void OpenItemsOf(const TMenuItem& parent, Types::TPoint place)
-{
-    COpenItems open;
-    const std::vector<Toolkits::TMenuEntry> entries = open.EntriesOf(parent);
-    open.Click(Toolkits::CurrentToolkit().ShowMenu(entries, place));
 }
 
 } // namespace
@@ -133,6 +82,15 @@ void TMenu::Changed()
 {
     if (OnChange && !getComponentState().Contains(Classes::csDestroying)) {
         OnChange(this);
+    }
+}
+
+void TMainMenu::Changed()
+{
+    const TComponentWatch watch(this);
+    TMenu::Changed();
+    if (watch.IsAlive() && mViewer) {
+        mViewer();
     }
 }
 

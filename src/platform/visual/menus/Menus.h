@@ -32,10 +32,11 @@ protected:
     void GetChildren(const Classes::TGetChildProc& proc, Classes::TComponent* root) override;
     void SetChildOrder(Classes::TComponent* child, int order) override;
 
+    /// An item changed.
+    virtual void Changed();
+
 private:
     friend class TMenuItem;
-
-    void Changed();
 
     std::unique_ptr<TMenuItem> mItems;
 };
@@ -52,6 +53,14 @@ public:
     /// Clicks on an item of this menu, which may prepare what is in it, and opens that at a place of the
     /// screen. Nothing happens for an item that is disabled.
     void OpenItem(TMenuItem* item, int x, int y);
+    /// Whom the menu tells of each change: the form that shows it.
+    void setViewer(System::TClosure<void()> viewer) { mViewer = std::move(viewer); }
+
+protected:
+    void Changed() override;
+
+private:
+    System::TClosure<void()> mViewer;
 };
 
 /// A menu that opens at a place of the screen, as by the right button of the mouse.

@@ -3,9 +3,11 @@
 
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
+#include "platform/toolkit/MenuEntry.h"
 #include "platform/visual/menus/Menus.h"
 
 #include <algorithm>
+#include <limits>
 #include <string>
 
 namespace Menus
@@ -59,7 +61,12 @@ System::TMetaClass* TMenuItem::ClassRecord()
     return record;
 }
 
-TMenuItem::TMenuItem(Classes::TComponent* owner) : Classes::TComponent(owner) {}
+TMenuItem::TMenuItem(Classes::TComponent* owner) : Classes::TComponent(owner)
+{
+    // Numbers are given again when all of them were.
+    static unsigned last = 0;
+    mCommand = static_cast<int>(last++ % std::numeric_limits<int>::max()) + 1;
+}
 
 TMenuItem::~TMenuItem()
 {
@@ -187,6 +194,37 @@ TMenu* TMenuItem::GetParentMenu() const noexcept
         root = root->mParent;
     }
     return root->mMenu;
+}
+
+TMenuItem* TMenuItem::FindCommand(int command) noexcept
+{
+    if (command == mCommand) {
+        return this;
+    }
+    for (TMenuItem* const item : mItems) {
+        if (TMenuItem* const found = item->FindCommand(command)) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
+std::vector<Toolkits::TMenuEntry> TMenuItem::GetEntries() const
+{
+    std::vector<Toolkits::TMenuEntry> entries;
+    for (const TMenuItem* const item : mItems) {
+        if (item->mVisible) {
+            entries.push_back({.id = item->mCommand,
+                               .caption = item->mCaption,
+                               .shortCut = ShortCutToText(item->mShortCut),
+                               .isEnabled = item->mEnabled,
+                               .isChecked = item->mChecked,
+                               .isRadio = item->mRadioItem,
+                               .isDefault = item->mDefault,
+                               .entries = item->GetEntries()});
+        }
+    }
+    return entries;
 }
 
 int TMenuItem::getMenuIndex() const

@@ -6,6 +6,11 @@
 
 #include <vector>
 
+namespace Toolkits
+{
+struct TMenuEntry;
+} // namespace Toolkits
+
 namespace Menus
 {
 
@@ -71,6 +76,13 @@ public:
     int getImageIndex() const noexcept { return mImageIndex; }
     void setImageIndex(int index);
 
+    /// The number by which windows know the item: above 0, and no other item's.
+    int getCommand() const noexcept { return mCommand; }
+    /// The item of that command, this one or one in it, however deep; null if there is none.
+    TMenuItem* FindCommand(int command) noexcept;
+    /// What windows show of the items in here.
+    std::vector<Toolkits::TMenuEntry> GetEntries() const;
+
     /// Whether it is a line between items.
     bool IsLine() const { return mCaption == System::UnicodeString(cLineCaption); }
     /// The items in it; `Classes::EListError` for an index out of range.
@@ -128,6 +140,7 @@ private:
     TMenu* mMenu = nullptr;
     int mHelpContext = 0;
     int mImageIndex = -1;
+    int mCommand;
     Classes::TShortCut mShortCut = Classes::scNone;
     System::Byte mGroupIndex = 0;
     bool mVisible = true;

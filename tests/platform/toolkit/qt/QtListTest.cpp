@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/qt/QtList.h"
 
-#include "WindowLog.h"
+#include "platform/toolkit/qt/WindowLog.h"
 
 #include <QListView>
 #include <QMouseEvent>
@@ -124,7 +124,9 @@ TEST_F(QtListTest, ShowsWhichItemsAreChosen)
     mShown.window->SelectItem(-1);
     EXPECT_EQ(Selected(), std::set<int>());
     mShown.window->SetListTraits({.itemHeight = 10, .isMultiple = true});
-    mItems.chosen = {1, 2, 5, 999'999};
+    mItems.count = 20'000;
+    mShown.window->ShowItems(mItems);
+    mItems.chosen = {1, 2, 5, 19'999};
     mShown.window->ShowChoice();
     mShown.player().Settle();
     EXPECT_EQ(Selected(), mItems.chosen);
@@ -168,7 +170,9 @@ TEST_F(QtListTest, OutlivesItemsThatEndItWhileTheyArePainted)
     mShown.window->Invalidate(nullptr);
     mShown.window->Update();
     EXPECT_EQ(mShown.window, nullptr);
-    mShown.player().Settle();
+    while (Toolkits::CurrentToolkit().ProcessMessage()) {
+    }
+    EXPECT_EQ(Support::FindWidget("Form.Window"), nullptr);
 }
 
 TEST_F(QtCheckListTest, HasMarksHeadingsAndItemsThatCantBeUsed)

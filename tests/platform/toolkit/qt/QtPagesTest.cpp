@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/qt/QtPages.h"
 
-#include "WindowLog.h"
 #include "platform/toolkit/Pixels.h"
+#include "platform/toolkit/qt/WindowLog.h"
 
 #include <QTabBar>
 #include <QToolButton>

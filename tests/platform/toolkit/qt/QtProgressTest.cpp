@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/qt/QtProgress.h"
 
-#include "WindowLog.h"
+#include "platform/toolkit/qt/WindowLog.h"
 
 #include <QProgressBar>
 

@@ -6,9 +6,12 @@
 #include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
 
 #include <QApplication>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QTextDocumentFragment>
+#include <QToolTip>
 
 #include <gtest/gtest.h>
 
@@ -328,6 +331,24 @@ TEST(QtWindowTest, BearsItsEndInEachOfItsEvents)
             }
             EXPECT_EQ(FindWidget("Form.Window") != nullptr, isThere());
         }
+    }
+}
+
+TEST(QtWindowTest, ShowsHintsAsPlainText)
+{
+    for (const EWindowKind kind : {EWindowKind::Canvas, EWindowKind::Button, EWindowKind::ListBox}) {
+        TShownWindow shown(kind);
+        shown.log.hint = u"less < <b>more</b>";
+        QWidget* const widget = FindWidget("Form.Window");
+        QHelpEvent event(QEvent::ToolTip, {5, 5}, widget->mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(widget, &event);
+        EXPECT_EQ(QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText(),
+                  QStringLiteral("less < <b>more</b>"));
+        shown.form->SetEnabled(false);
+        QToolTip::hideText();
+        shown.log.hint = u"other";
+        QCoreApplication::sendEvent(widget, &event);
+        EXPECT_FALSE(QToolTip::text().contains(QStringLiteral("other")));
     }
 }
 

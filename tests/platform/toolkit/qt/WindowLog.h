@@ -25,6 +25,8 @@ public:
     std::u16string refused;
     /// What the window shows; nothing of its own for null.
     std::function<void(Toolkits::PaintDevice&)> paint;
+    /// What is told about each place.
+    System::UnicodeString hint;
 
     std::string Take() { return std::exchange(text, {}); }
 
@@ -64,6 +66,7 @@ public:
     }
     void ColorsChanged() override { Add("colors"); }
     void Scrolled(int first) override { Add("scrolled" + std::to_string(first)); }
+    System::UnicodeString HintAt(Types::TPoint) override { return hint; }
     void BoundsChanged(const Types::TRect&) override { Add("bounds"); }
     void FilesDropped(const std::vector<System::UnicodeString>&, Types::TPoint) override { Add("files"); }
     void CloseAsked() override { Add("close"); }

@@ -42,6 +42,30 @@ protected:
     Support::ScriptedBoxes mToolkit;
 };
 
+TEST(ControlHintTest, IsThatOfTheControlUnderTheMouseOrOfWhatItIsIn)
+{
+    const Support::ScriptedBoxes toolkit;
+    Forms::TForm form;
+    auto* const panel = new Extctrls::TPanel(&form);
+    panel->setParent(&form);
+    panel->SetBounds(0, 0, 100, 100);
+    panel->setHint(u"panel");
+    auto* const label = new Stdctrls::TLabel(&form);
+    label->setParent(panel);
+    label->setAutoSize(false);
+    label->SetBounds(10, 10, 20, 20);
+    Toolkits::WindowEvents& events = panel->GetWindowEvents();
+    EXPECT_EQ(events.HintAt({15, 15}), u"");
+    form.setShowHint(true);
+    EXPECT_EQ(events.HintAt({15, 15}), u"panel");
+    label->setHint(u"short|long");
+    EXPECT_EQ(events.HintAt({15, 15}), u"short");
+    EXPECT_EQ(events.HintAt({50, 50}), u"panel");
+    label->setShowHint(false);
+    EXPECT_EQ(events.HintAt({15, 15}), u"");
+    EXPECT_EQ(form.GetWindowEvents().HintAt({-5, -5}), u"");
+}
+
 TEST_F(HostileValuesTest, AnySizeIsTaken)
 {
     ForEachKind([](Forms::TForm& form, TControl& control) {

@@ -162,33 +162,67 @@ TEST_F(FormTest, OfOneWindowOnlyInputAndPaintRun)
     EXPECT_EQ(log, "form paint posted ");
 }
 
-TEST_F(FormTest, ItsMenuIsOpenedByItsMarksAndChosenFrom)
+/// A form with a menu, whose scripts answer where no window has it in a bar.
+class FormMenuTest : public FormTest
 {
-    TForm form;
-    auto* const menu = new Menus::TMainMenu(&form);
-    const auto add = [&](Menus::TMenuItem* parent, const UnicodeString& caption) {
-        auto* const item = new Menus::TMenuItem(&form);
+protected:
+    FormMenuTest()
+    {
+        Menus::TMenuItem* const file = Add(mMenu->getItems(), u"&File");
+        Add(file, u"&Open");
+        Add(file, u"&Close")->setEnabled(false);
+        mForm.setMenu(mMenu);
+        mForm.Show();
+    }
+
+    Menus::TMenuItem* Add(Menus::TMenuItem* parent, const UnicodeString& caption)
+    {
+        auto* const item = new Menus::TMenuItem(&mForm);
         item->setCaption(caption);
         item->OnClick = Note(caption);
         parent->Add(item);
         return item;
-    };
-    Menus::TMenuItem* const file = add(menu->getItems(), u"&File");
-    add(file, u"&Open");
-    add(file, u"&Close")->setEnabled(false);
-    form.setMenu(menu);
-    form.Show();
-    Testing::CFormDriver driver(form);
-    driver.ChooseMenu(u"File|Open");
-    EXPECT_EQ(mLog, u"&Open ");
-    EXPECT_THROW(driver.ChooseMenu(u"File|Close"), std::logic_error);
-    EXPECT_THROW(driver.ChooseMenu(u"File|Print"), std::invalid_argument);
-    mLog = {};
+    }
+
+    TForm mForm;
+    Menus::TMainMenu* mMenu = new Menus::TMainMenu(&mForm);
+    Testing::CFormDriver mDriver{mForm};
+};
+
+TEST_F(FormMenuTest, IsOpenedByItsMarks)
+{
     mToolkit.AnswerMenu(u"Open");
-    driver.Press('F', {Classes::ssAlt});
+    mDriver.Press('F', {Classes::ssAlt});
     EXPECT_EQ(mLog, u"&File &Open ");
-    driver.Press('F');
+    mDriver.Press('F');
+    mDriver.Press(VK_F10);
     EXPECT_EQ(mLog, u"&File &Open ");
+}
+
+TEST_F(FormMenuTest, IsChosenFrom)
+{
+    mDriver.ChooseMenu(u"File|Open");
+    EXPECT_EQ(mLog, u"&Open ");
+    EXPECT_THROW(mDriver.ChooseMenu(u"File|Close"), std::logic_error);
+    EXPECT_THROW(mDriver.ChooseMenu(u"File|Print"), std::invalid_argument);
+}
+
+TEST_F(FormMenuTest, LetsGoOfItsMenuAndThatOfIt)
+{
+    const int height = mForm.getClientHeight();
+    auto* const other = new Menus::TMainMenu(&mForm);
+    mForm.setMenu(other);
+    Add(mMenu->getItems(), u"&Later");
+    delete other;
+    EXPECT_EQ(mForm.getMenu(), nullptr);
+    EXPECT_EQ(mForm.getClientHeight(), height);
+    Menus::TMainMenu lasting;
+    {
+        TForm form;
+        form.setMenu(&lasting);
+        form.Show();
+    }
+    lasting.getItems()->Add(new Menus::TMenuItem(&lasting));
 }
 
 TEST_F(FormTest, AsksBeforeItCloses)

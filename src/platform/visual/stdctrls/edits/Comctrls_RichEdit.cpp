@@ -116,8 +116,22 @@ Types::TPoint TCustomRichEdit::ParagraphRange() const
     return {.X = begin, .Y = end};
 }
 
+void TCustomRichEdit::TextShown(EShown shown)
+{
+    if (shown == EShown::Given) {
+        ShowAllFormats();
+        return;
+    }
+    // A window takes the looks of what stands beside, and paragraphs may have become one.
+    const Stdctrls::CEditBuffer& buffer = Buffer();
+    const int last = buffer.LineAt(mEdited.Y);
+    ShowFormats(buffer.LineBegin(buffer.LineAt(mEdited.X)),
+                last + 1 < buffer.LineCount() ? buffer.LineBegin(last + 1) : buffer.Length());
+}
+
 void TCustomRichEdit::Edited(int start, int removed, int added)
 {
+    mEdited = {.X = start, .Y = start + added};
     if (TFormattedText* const taken = std::exchange(mTaken, nullptr)) {
         mChars = std::move(taken->chars);
         mParagraphs = std::move(taken->paragraphs);
@@ -161,6 +175,7 @@ void TCustomRichEdit::SetFormattedText(const TFormattedText& text)
     if (text.text == GetText()) {
         mChars = std::move(taken.chars);
         mParagraphs = std::move(taken.paragraphs);
+        ShowAllFormats();
         Invalidate();
         return;
     }

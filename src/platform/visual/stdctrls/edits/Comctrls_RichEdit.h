@@ -148,6 +148,7 @@ public:
 
 protected:
     void Edited(int start, int removed, int added) override;
+    void TextShown(EShown shown) override;
     void CreateParams(Controls::TCreateParams& params) override;
     int WidthOf(int place, int length) const override;
     int RowHeight(const TRow& row) const override;
@@ -166,6 +167,9 @@ private:
     /// The selection, as far as the paragraphs that it touches reach.
     Types::TPoint ParagraphRange() const;
     void TakeFont();
+    /// The window has to show the formats between two places.
+    void ShowFormats(int start, int end);
+    void ShowAllFormats() { ShowFormats(0, Buffer().Length()); }
 
     TTextAttributes mSelAttributes{this, TTextAttributes::ETarget::Selection};
     TTextAttributes mDefAttributes{this, TTextAttributes::ETarget::Default};
@@ -176,6 +180,8 @@ private:
     /// The look of what is typed next, and where that is.
     TCharFormat mNextFormat;
     int mNextPlace = -1;
+    /// What was put in last, from X to Y.
+    Types::TPoint mEdited = {};
     TParaFormat mDefParagraph;
     bool mPlainText = false;
     bool mHideScrollBars = true;

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-// How a rich edit looks whose window doesn't act by itself.
+// How a rich edit looks, as it tells a window that acts by itself, or as it is painted in another one.
 
 namespace Comctrls
 {
@@ -51,6 +51,26 @@ int AscentOf(const TCharFormat& format)
 }
 
 } // namespace
+
+void TCustomRichEdit::ShowFormats(int start, int end)
+{
+    if (GetWindow() == nullptr) {
+        return;
+    }
+    Toolkits::TTextFormats formats{.start = start};
+    mChars.VisitRange(start, end, [&](const TCharFormat& format, int from, int to) {
+        formats.chars.push_back({to - from, FontOf(format), Graphics::ColorToPixel(format.color)});
+    });
+    mParagraphs.VisitRange(start, end, [&](const TParaFormat& format, int from, int to) {
+        formats.paragraphs.push_back({.length = to - from,
+                                      .alignment = format.alignment,
+                                      .firstIndent = ToPixels(format.firstIndent),
+                                      .leftIndent = ToPixels(format.leftIndent),
+                                      .rightIndent = ToPixels(format.rightIndent),
+                                      .hasBullet = format.numbering == nsBullet});
+    });
+    GetWindow()->ShowFormats(formats);
+}
 
 int TCustomRichEdit::WidthOf(int place, int length) const
 {

@@ -39,6 +39,7 @@ void TTextAttributes::ChangeFormat(Change change)
                 format = mEdit->mDefFormat;
             }
         });
+        mEdit->ShowAllFormats();
     } else if (mEdit->getSelLength() == 0) {
         mEdit->mNextFormat = mEdit->SelFormat();
         mEdit->mNextPlace = mEdit->getSelStart();
@@ -46,6 +47,7 @@ void TTextAttributes::ChangeFormat(Change change)
     } else {
         const int start = mEdit->getSelStart();
         mEdit->mChars.ChangeRange(start, start + mEdit->getSelLength(), change);
+        mEdit->ShowFormats(start, start + mEdit->getSelLength());
     }
     mEdit->Invalidate();
 }
@@ -176,6 +178,7 @@ void TParaAttributes::ChangeFormat(Change change)
     if (mEdit->Buffer().Length() == 0) {
         change(mEdit->mDefParagraph);
     }
+    mEdit->ShowFormats(range.X, range.Y);
     mEdit->Invalidate();
 }
 

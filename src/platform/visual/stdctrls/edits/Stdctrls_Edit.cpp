@@ -320,6 +320,9 @@ void TCustomEdit::Dispatch(void* record)
         return;
     case CM_TEXTCHANGED:
         TWinControl::Dispatch(record);
+        if (GetWindow() != nullptr) {
+            TextShown(EShown::Given);
+        }
         ShowSelectionInWindow();
         Invalidate();
         Change();
@@ -437,10 +440,15 @@ void TCustomEdit::ShowTraitsInWindow()
 
 void TCustomEdit::ShowTextInWindow()
 {
-    if (GetWindow() == nullptr || (mWindowText != nullptr && *mWindowText == GetText())) {
+    if (GetWindow() == nullptr) {
+        return;
+    }
+    if (mWindowText != nullptr && *mWindowText == GetText()) {
+        TextShown(EShown::Edited);
         return;
     }
     GetWindow()->SetText(GetText());
+    TextShown(EShown::Given);
     ShowSelectionInWindow();
 }
 
@@ -470,6 +478,7 @@ void TCustomEdit::CreateWnd()
 {
     TWinControl::CreateWnd();
     ShowTraitsInWindow();
+    TextShown(EShown::Given);
     ShowSelectionInWindow();
 }
 

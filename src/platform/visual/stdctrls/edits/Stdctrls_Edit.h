@@ -141,6 +141,14 @@ protected:
     /// The text of the control changed, or its selection did: the window has to show it.
     void ShowTextInWindow();
     void ShowSelectionInWindow();
+    /// Who shows a text: the window that was given it, or the one in which the user edited it.
+    enum class EShown
+    {
+        Given,
+        Edited
+    };
+    /// The window shows the text as it is now.
+    virtual void TextShown(EShown) {}
     /// How the window edits; a derived class adds what it knows.
     virtual Toolkits::TEditTraits EditTraits() const;
     void ShowTraitsInWindow();
