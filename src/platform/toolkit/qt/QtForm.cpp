@@ -5,6 +5,7 @@
 #include "platform/toolkit/qt/QtDisplay.h"
 #include "platform/toolkit/qt/QtMenuBar.h"
 
+#include <QGuiApplication>
 #include <QWindow>
 
 #include <algorithm>
