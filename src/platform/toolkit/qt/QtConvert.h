@@ -51,10 +51,12 @@ inline QRect ToQRect(const Types::TRect& rect)
     return {rect.Left, rect.Top, rect.Width(), rect.Height()};
 }
 
-/// As of `TEditTraits`: 0 at the left, 1 at the right, 2 in the middle.
+/// As of `TEditTraits`: 0 at the left, 1 at the right, 2 in the middle. The sides are those of the screen,
+/// whichever way the text is read.
 inline Qt::Alignment ToQtAlignment(int alignment)
 {
-    return alignment == 1 ? Qt::AlignRight : alignment == 2 ? Qt::AlignHCenter : Qt::AlignLeft;
+    return alignment == 2 ? Qt::AlignHCenter
+                          : Qt::AlignAbsolute | (alignment == 1 ? Qt::AlignRight : Qt::AlignLeft);
 }
 
 // Colours are the same numbers here and there.
