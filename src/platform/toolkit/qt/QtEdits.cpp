@@ -232,7 +232,9 @@ void GQtMemo<Edit>::TellText()
     if (mIsBusy || text == mTold) {
         return;
     }
-    if (mMaxLength > 0 && text.size() > mMaxLength && text.size() > mTold.size()) {
+    // Without steps back the control puts it right.
+    if (mMemo->isUndoRedoEnabled() && mMaxLength > 0 && text.size() > mMaxLength &&
+        text.size() > mTold.size()) {
         mIsBusy = true;
         mMemo->undo();
         mIsBusy = false;
@@ -243,9 +245,7 @@ void GQtMemo<Edit>::TellText()
     if (!IsPassing() && !Tell(TellForeignText)) {
         return;
     }
-    mIsTelling = true;
     if (Tell([&](WindowEvents& events) { events.TextEdited(FromQString(text)); })) {
-        mIsTelling = false;
         TellSelection();
     }
 }

@@ -51,8 +51,6 @@ protected:
     Edit& Memo() const noexcept { return *mMemo; }
     /// The place of the widget that is one in the control's text, where each end of a line counts twice.
     int ToWidget(int place) const;
-    /// Whether the control hears of a text just now.
-    bool IsTelling() const noexcept { return mIsTelling; }
     /// Does what isn't told as the user's doing.
     template <class Action>
     void Quietly(Action action)
@@ -72,7 +70,6 @@ private:
     QString mTold;
     int mMaxLength = 0;
     bool mIsBusy = false;
-    bool mIsTelling = false;
     bool mIsTooLong = false;
 };
 

@@ -71,6 +71,8 @@ public:
         const int last = std::max(row - RowsInSight() + 1, 0);
         verticalScrollBar()->setValue(std::clamp(mTop, std::min(last, row), std::max(row, 0)));
     }
+    // That of a list view lays each row out.
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
     void doItemsLayout() override { QAbstractItemView::doItemsLayout(); }
 
 protected:

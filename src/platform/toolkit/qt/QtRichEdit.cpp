@@ -63,6 +63,8 @@ CQtRichEdit::CQtRichEdit(std::shared_ptr<CQtDesktop> desktop, const TWindowSetti
     // What comes from elsewhere comes without its looks, which the control couldn't know.
     Memo().setAcceptRichText(false);
     Memo().document()->setIndentWidth(BulletRoom);
+    // Qt would take looks back, too, of which the control wouldn't know.
+    Memo().setUndoRedoEnabled(false);
 }
 
 CQtRichEdit::~CQtRichEdit() = default;
@@ -85,8 +87,7 @@ void CQtRichEdit::ShowFormats(const TTextFormats& formats)
     }
     Quietly([&] {
         QTextCursor cursor(Memo().document());
-        // What is taken back is an edit with the looks that it brought.
-        IsTelling() ? cursor.joinPreviousEditBlock() : cursor.beginEditBlock();
+        cursor.beginEditBlock();
         ForEach(cursor, formats.start, formats.chars,
                 [](QTextCursor& part, const TTextRun& run) { part.setCharFormat(FormatOf(run)); });
         ForEach(cursor, formats.start, formats.paragraphs, [](QTextCursor& part, const TParagraphRun& run) {
@@ -99,10 +100,6 @@ void CQtRichEdit::ShowFormats(const TTextFormats& formats)
             SetBullets(part, run.hasBullet);
         });
         cursor.endEditBlock();
-        if (!IsTelling()) {
-            // Looks alone can't be taken back, since the control wouldn't know.
-            Memo().document()->clearUndoRedoStacks();
-        }
     });
 }
 

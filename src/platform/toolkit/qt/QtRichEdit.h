@@ -9,7 +9,7 @@ class QTextEdit;
 namespace Toolkits
 {
 
-/// Lines whose characters and paragraphs have formats, which the control tells.
+/// Lines whose characters and paragraphs have formats, which the control tells. It also takes edits back.
 class CQtRichEdit final : public GQtMemo<QTextEdit>
 {
 public:

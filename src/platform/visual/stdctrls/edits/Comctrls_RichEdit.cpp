@@ -4,6 +4,7 @@
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/runtime/classes/Classes_Exceptions.h"
 #include "platform/runtime/classes/Classes_Stream.h"
+#include "platform/visual/controls/Controls_WindowActs.h"
 #include "platform/visual/stdctrls/edits/Stdctrls_PublishEdit.h"
 #include "platform/visual/stdctrls/edits/internal/Comctrls_Rtf.h"
 #include "platform/visual/stdctrls/edits/internal/Stdctrls_MemoLines.h"
@@ -85,7 +86,22 @@ void TCustomRichEdit::Dispatch(void* record)
     if (static_cast<const Messages::TMessage*>(record)->Msg == CM_FONTCHANGED) {
         TakeFont();
     }
+    const Classes::TComponentWatch watch(this);
     TCustomMemo::Dispatch(record);
+    if (watch.IsAlive()) {
+        TakeBackByKey(*static_cast<Messages::TMessage*>(record));
+    }
+}
+
+void TCustomRichEdit::TakeBackByKey(Messages::TMessage& message)
+{
+    const bool isKey = message.Msg == WM_KEYDOWN && message.Result == 0 && message.WParam == 'Z';
+    if (isKey && Controls::WindowActs(*this) &&
+        Controls::ParamToShift(static_cast<std::uintptr_t>(message.LParam)) ==
+            Classes::TShiftState{Classes::ssCtrl}) {
+        message.Result = 1;
+        Undo();
+    }
 }
 
 void TCustomRichEdit::CreateParams(Controls::TCreateParams& params)

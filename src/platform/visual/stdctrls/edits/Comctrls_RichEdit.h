@@ -167,6 +167,8 @@ private:
     /// The selection, as far as the paragraphs that it touches reach.
     Types::TPoint ParagraphRange() const;
     void TakeFont();
+    /// Windows know no formats to take back.
+    void TakeBackByKey(Messages::TMessage& message);
     /// The window has to show the formats between two places.
     void ShowFormats(int start, int end);
     void ShowAllFormats() { ShowFormats(0, Buffer().Length()); }

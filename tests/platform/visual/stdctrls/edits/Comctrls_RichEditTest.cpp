@@ -47,6 +47,11 @@ protected:
     Classes::TStrings& lines = *edit->getLines();
 };
 
+/// One that paints in place of its window.
+class PaintedRichEditTest : public RichEditTest
+{
+};
+
 TEST_F(RichEditTest, ReadsRichText)
 {
     Load("{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Arial;}{\\f1\\fmodern Courier New;}}"
@@ -120,7 +125,7 @@ TEST_F(RichEditTest, KeepsFormatsThroughEdits)
     EXPECT_EQ(At(8).getSize(), 17);
 }
 
-TEST_F(RichEditTest, PaintsItsFormats)
+TEST_F(PaintedRichEditTest, PaintsItsFormats)
 {
     edit->SetBounds(0, 0, 308, 200);
     Load("{\\rtf1{\\colortbl;\\red255;}\\fs20 ab{\\b\\fs40\\cf1 C}d\\par\\qr right\\par\\ql in}");

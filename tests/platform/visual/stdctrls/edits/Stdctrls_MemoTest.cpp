@@ -50,6 +50,11 @@ protected:
     Classes::TStrings& lines = *edit->getLines();
 };
 
+/// One that acts and paints in place of its window.
+class PaintedMemoTest : public MemoTest
+{
+};
+
 TEST_F(MemoTest, HasTheLinesOfItsText)
 {
     EXPECT_EQ(lines.getCount(), 0);
@@ -115,7 +120,7 @@ TEST_F(MemoTest, WantsTheKeysThatItIsToldTo)
     EXPECT_EQ(driver.Focused(), u"fOther");
 }
 
-TEST_F(MemoTest, PaintsTheLinesThatAreSeenAlone)
+TEST_F(PaintedMemoTest, PaintsTheLinesThatAreSeenAlone)
 {
     std::u16string text;
     for (int i = 0; i < 300'000; ++i) {
@@ -134,7 +139,7 @@ TEST_F(MemoTest, PaintsTheLinesThatAreSeenAlone)
     EXPECT_EQ(edit->getCaretPos().X, 11);
 }
 
-TEST_F(MemoTest, WrapsLinesThatAreTooLong)
+TEST_F(PaintedMemoTest, WrapsLinesThatAreTooLong)
 {
     MakeRoom(5);
     for (const auto& [text, rows] : {std::pair(u"00 00 00", "00 00 |00|"),
@@ -159,7 +164,7 @@ TEST_F(MemoTest, WrapsLinesThatAreTooLong)
     EXPECT_EQ(Painted(), "00 00 00|");
 }
 
-TEST_F(MemoTest, FindsThePlaceInAWrappedLine)
+TEST_F(PaintedMemoTest, FindsThePlaceInAWrappedLine)
 {
     MakeRoom(5);
     edit->setText(u"00 00 11 11");
@@ -175,7 +180,7 @@ TEST_F(MemoTest, FindsThePlaceInAWrappedLine)
     EXPECT_EQ(edit->getSelStart(), 0);
 }
 
-TEST_F(MemoTest, MovesItsCaretOverWrappedRows)
+TEST_F(PaintedMemoTest, MovesItsCaretOverWrappedRows)
 {
     MakeRoom(5);
     edit->setText(u"00 00 11 1\r\n22");
@@ -195,7 +200,7 @@ TEST_F(MemoTest, MovesItsCaretOverWrappedRows)
     EXPECT_EQ(after(VK_PRIOR), 2) << "the height of a page is more than all rows";
 }
 
-TEST_F(MemoTest, ScrollsWithinALineOfAnyLength)
+TEST_F(PaintedMemoTest, ScrollsWithinALineOfAnyLength)
 {
     MakeRoom(5);
     edit->setText(UnicodeString(std::u16string(1'000'000, u'1') + u"22222333"));
@@ -205,7 +210,7 @@ TEST_F(MemoTest, ScrollsWithinALineOfAnyLength)
     EXPECT_TRUE(Painted().starts_with("11111|11111|"));
 }
 
-TEST_F(MemoTest, AlignsItsRows)
+TEST_F(PaintedMemoTest, AlignsItsRows)
 {
     edit->setText(u"0\r\n00");
     edit->setAlignment(Classes::taRightJustify);
