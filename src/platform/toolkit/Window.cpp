@@ -19,6 +19,11 @@ void WindowEvents::ColorsChanged() {}
 
 void Window::SetState(EWindowState) {}
 
+bool Window::Grab(Pixels&)
+{
+    return false;
+}
+
 // Only windows that paint by themselves look at it.
 
 void Window::SetLook(const TWindowLook&) {}
