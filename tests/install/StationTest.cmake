@@ -49,9 +49,9 @@ install_library()
 build_against_library("${sampleFolder}" "${workFolder}/build")
 
 expect_station(0 ARGUMENTS --help
-    MATCHES "^Samples channels .*\n\nUsage: station \\[options\\]\n\n  --seconds N      how long to sample; default 5\n"
-            "\n  --channels FILE  the channels " "\n  --from TIME      .*, \"1\\.2\\.2026 10:00\" or "
-            "\n  --sql            print .*\n  --help           this text\n\nNumbers .* is bad. 3: .* in another one\\.\n$")
+    MATCHES "^Samples channels .*\n\nUsage: station \\[options\\]\n\n  --seconds N +how long to sample; default 5\n"
+            "\n  --channels FILE +the channels " "\n  --from TIME +.*, \"1\\.2\\.2026 10:00\" or "
+            "\n  --sql +print .*\n  --help +this text\n\nNumbers .* is bad. 3: .* in another one\\.\n$")
 expect_station(0 ARGUMENTS --seconds 0,3 --channels "${sampleFolder}/channels.txt" --log "${workFolder}/log.txt"
     MATCHES "channel +unit +last +min +max +mean +std dev +limits +state"
             "\nload\\.1 " "\nmemory\\.free +kB .*>= 50000\\.0 kB" "\nprocesses .* ok")
