@@ -3,13 +3,11 @@
 
 #include "Channels.h"
 #include "InstrumentForm.h"
+#include "Language.h"
 
-#include <TRS8_BTL/environment/folders/BTL_ENV_Folders.h>
 #include <TRS8_BTL/platform/base/Sysutils_Exception.h>
 #include <TRS8_BTL/platform/runtime/classes/Classes_Stream.h>
-#include <TRS8_BTL/properties/documents/PROP_RsrcDoc.h>
 #include <TRS8_BTL/properties/resources/Paso_savecomponent.h>
-#include <TRS8_BTL/properties/values/PROP_Filter.h>
 #include <TRS8_BTL/properties/values/PROP_Typinfo.h>
 #include <TRS8_BTL/testing/FormDriver.h>
 
@@ -26,32 +24,13 @@ namespace
 using System::UnicodeString;
 using CForms = std::vector<std::unique_ptr<TSettingsForm>>;
 
-/// Where the user left the controls of a form. What is typed into them belongs to the settings.
-class CPlaces : public PROP::CRsrcDoc
-{
-public:
-    explicit CPlaces(Classes::TComponent* form) : CRsrcDoc(form, PROP::ERsrcDocSetMode::None)
-    {
-        SetOriginalObjects();
-    }
-
-    void GetFilter(PROP::CFilter& filter) const override
-    {
-        filter.Clear();
-        filter.getProperties().setCommaText(u"Left,Top,Width,Height");
-    }
-};
-
 CForms MakeForms(const UnicodeString& language)
 {
     CForms forms;
     forms.push_back(std::make_unique<TSettingsForm>());
     forms.push_back(std::make_unique<TInstrumentForm>());
     for (const auto& form : forms) {
-        if (!language.IsEmpty()) {
-            const UnicodeString folder = BTL::GetProgramDataPath() + u"Texts\\" + language + u"\\";
-            PROP::CFormDoc(form.get()).ReadAndApply(folder + form->getName() + u".txt");
-        }
+        Translate(*form, language);
     }
     return forms;
 }
@@ -139,8 +118,7 @@ void WriteForms(std::ostream& out, BTL::AIni& settings, const UnicodeString& lan
         CPlaces places(form.get());
         places.ReadAndApply();
         Use(*form, settings, made);
-        places.SetChanges();
-        places.SaveToFile(places.GetFileName());
+        places.Keep();
         text += Testing::CFormDriver(*form).Print();
     }
     settings.Save();

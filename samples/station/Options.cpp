@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Options.h"
 
+#include <TRS8_BTL/environment/folders/BTL_ENV_Folders.h>
 #include <TRS8_BTL/platform/base/Sysutils_Locale.h>
 #include <TRS8_BTL/platform/base/dates/Sysutils_DateReading.h>
 #include <TRS8_BTL/platform/base/numbers/Sysutils_Integer.h>
@@ -204,6 +205,12 @@ constexpr std::array Table = {
         AddChange, true},
     TOption{u"--design", nullptr, u"print each form as what differs from the one that it derives from",
             SwitchOn<&TOptions::design>},
+    TOption{u"--window", nullptr,
+            u"run in a window, where there is a screen and Qt; otherwise on the terminal",
+            SwitchOn<&TOptions::window>},
+    TOption{u"--screenshot", u"FILE",
+            u"with --window: paint it during a run into this PNG file, for which no screen is needed",
+            Set<&TOptions::screenshot, ReadPath>},
     TOption{u"--help", nullptr, u"this text", SwitchOn<&TOptions::help>},
 };
 
@@ -280,10 +287,33 @@ TOptions ReadOptions(int argc, const char* const* argv)
     if (!options.changes.empty() && !options.form) {
         throw BTL::XCommandLine(u"--set goes with --form");
     }
+    if (!options.screenshot.IsEmpty() && !options.window) {
+        throw BTL::XCommandLine(u"--screenshot goes with --window");
+    }
     if (options.copy && !options.about) {
         throw BTL::XCommandLine(u"--copy goes with --about");
     }
     return options;
+}
+
+UnicodeString SettingsFile(const TOptions& options)
+{
+    const auto name = options.store == EStore::Json ? u"Station.json" : u"Station.ini";
+    return options.settings.IsEmpty() ? BTL::GetBinPath() + name : options.settings;
+}
+
+UnicodeString SamplesFile(const TOptions& options)
+{
+    return options.samples.IsEmpty() ? BTL::GetBinPath() + u"Samples.txt" : options.samples;
+}
+
+double ReadRunSeconds(const UnicodeString& text)
+{
+    try {
+        return ReadSeconds(text);
+    } catch (const XBadValue& fault) {
+        throw XBadSettings(u"'" + text + u"' " + fault.getMessage());
+    }
 }
 
 bool IsForRunUnderWay(const TOptions& options)
@@ -291,7 +321,7 @@ bool IsForRunUnderWay(const TOptions& options)
     return !options.channels && options.store == EStore::Ini && options.settings.IsEmpty() &&
            options.chart.IsEmpty() && options.language.IsEmpty() && !options.open && !options.decimal &&
            !options.from && !options.sql && options.log.IsEmpty() && !options.serial && !options.instrument &&
-           !options.publish && !options.form && !options.design && !options.help;
+           !options.publish && !options.form && !options.design && !options.window && !options.help;
 }
 
 } // namespace Station

@@ -58,12 +58,24 @@ struct TOptions
     bool design = false;
     /// What the user changes in the forms.
     std::vector<System::UnicodeString> changes;
+    /// Whether to run in a window, and the file to paint that into in place of a screen.
+    bool window = false;
+    System::UnicodeString screenshot;
     bool help = false;
 };
 
 /// What the command line asks for; of an option that is given twice, the first counts, but for --set.
 /// `BTL::XCommandLine` for an unknown word, a missing or a bad value.
 TOptions ReadOptions(int argc, const char* const* argv);
+
+/// The files that keep the settings and the samples: those that are asked for, or else those beside the
+/// program.
+System::UnicodeString SettingsFile(const TOptions& options);
+System::UnicodeString SamplesFile(const TOptions& options);
+
+/// How long a run takes, from a text in seconds. `XBadSettings` for what isn't a time above 0 and up to a
+/// day.
+double ReadRunSeconds(const System::UnicodeString& text);
 
 /// Whether nothing is asked for but to sample for some time into some file.
 bool IsForRunUnderWay(const TOptions& options);

@@ -27,6 +27,8 @@ using System::UnicodeString;
 
 constexpr auto RunSection = u"Run";
 constexpr auto ChannelSection = u"Channels";
+constexpr auto WindowSection = u"Window";
+constexpr auto LanguageKey = u"Language";
 constexpr auto IntervalKey = u"Interval";
 constexpr auto LastRunKey = u"LastRun";
 constexpr auto PortKey = u"Port";
@@ -200,6 +202,18 @@ void StorePort(BTL::AIni& settings, std::optional<int> port)
     } else {
         settings.DeleteKey(PortKey);
     }
+}
+
+UnicodeString LoadLanguage(BTL::AIni& settings)
+{
+    const BTL::CSetIniSection section(&settings, WindowSection);
+    return settings.ReadString(LanguageKey, u"English");
+}
+
+void StoreLanguage(BTL::AIni& settings, const UnicodeString& language)
+{
+    const BTL::CSetIniSection section(&settings, WindowSection);
+    settings.WriteString(LanguageKey, language);
 }
 
 void SaveSettings(BTL::AIni& settings, const UnicodeString& file, const System::TDateTime& lastRun)

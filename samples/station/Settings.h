@@ -50,6 +50,11 @@ std::optional<int> ReadPortName(const System::UnicodeString& name);
 /// Sets the port, without saving it.
 void StorePort(BTL::AIni& settings, std::optional<int> port);
 
+/// The language that was chosen in the window; English if none was.
+System::UnicodeString LoadLanguage(BTL::AIni& settings);
+/// Sets the language, without saving it.
+void StoreLanguage(BTL::AIni& settings, const System::UnicodeString& language);
+
 /// Keeps the time as that of the last run, and beside it what else is missing, so that the user finds it to
 /// edit. `Sysutils::Exception` for a file that is read-only or can't be written.
 void SaveSettings(BTL::AIni& settings, const System::UnicodeString& file, const System::TDateTime& lastRun);

@@ -4,6 +4,7 @@
 #include "Chart.h"
 #include "FormDesk.h"
 #include "Instrument.h"
+#include "Language.h"
 #include "Options.h"
 #include "Progress.h"
 #include "Report.h"
@@ -12,12 +13,11 @@
 #include "Settings.h"
 #include "Single.h"
 #include "Watch.h"
+#include "WindowRun.h"
 
 #include <TRS8_BTL/environment/BTL_ENV_ApplicationIni.h>
 #include <TRS8_BTL/environment/folders/BTL_ENV_Folders.h>
 #include <TRS8_BTL/foundation/logs/UTL_LOG_Log.h>
-#include <TRS8_BTL/languages/BTL_I18N_Texts.h>
-#include <TRS8_BTL/languages/WIN_ErrorTexts.h>
 #include <TRS8_BTL/platform/base/Sysutils_Exception.h>
 #include <TRS8_BTL/platform/base/Sysutils_Locale.h>
 #include <TRS8_BTL/platform/base/dates/Sysutils_Calendar.h>
@@ -179,17 +179,6 @@ EExitCode ReportInstrument(const CSerialReader* serial)
     return InstrumentFailed;
 }
 
-UnicodeString SettingsFile(const TOptions& options)
-{
-    const auto name = options.store == EStore::Json ? u"Station.json" : u"Station.ini";
-    return options.settings.IsEmpty() ? BTL::GetBinPath() + name : options.settings;
-}
-
-UnicodeString SamplesFile(const TOptions& options)
-{
-    return options.samples.IsEmpty() ? BTL::GetBinPath() + u"Samples.txt" : options.samples;
-}
-
 /// For the port of the command line or else of the settings; null if neither names one.
 std::unique_ptr<CSerialReader> MakeSerialReader(const TOptions& options, BTL::AIni& settings)
 {
@@ -199,12 +188,6 @@ std::unique_ptr<CSerialReader> MakeSerialReader(const TOptions& options, BTL::AI
 
 EExitCode Run(const TOptions& options, CSingleStation& single)
 {
-    if (options.decimal) {
-        Sysutils::DecimalSeparator = *options.decimal;
-    }
-    if (!options.log.IsEmpty()) {
-        BTL::SetLogFile(options.log);
-    }
     const UnicodeString file = SamplesFile(options);
     const UnicodeString settingsFile = SettingsFile(options);
     const auto settings = OpenSettings(options.store, settingsFile);
@@ -247,14 +230,6 @@ EExitCode Run(const TOptions& options, CSingleStation& single)
     SaveSettings(*settings, settingsFile, Sysutils::Now());
     published.Finish();
     return ReportInstrument(serial.get());
-}
-
-/// Takes all texts of the library from the folder of the language.
-void UseLanguage(const UnicodeString& language)
-{
-    const UnicodeString folder = BTL::GetProgramIDSPath() + language + u"\\";
-    BTL::Gi18n::Init(u"IDS", u"BTL_German.ids", folder);
-    WIN::SetErrorTextPath(folder);
 }
 
 /// Samples, unless another station does so into the same file: then that one gets the command line.
@@ -316,6 +291,15 @@ EExitCode Start(const TOptions& options)
     }
     if (options.instrument) {
         PlayInstrument(options.serial.value_or(DefaultPort), options.faulty, options.seconds, std::cout);
+        return Done;
+    }
+    if (options.decimal) {
+        Sysutils::DecimalSeparator = *options.decimal;
+    }
+    if (!options.log.IsEmpty()) {
+        BTL::SetLogFile(options.log);
+    }
+    if (options.window && RunWindow(options)) {
         return Done;
     }
     return RunOrHandOver(options);

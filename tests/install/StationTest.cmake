@@ -49,9 +49,9 @@ install_library()
 build_against_library("${sampleFolder}" "${workFolder}/build")
 
 expect_station(0 ARGUMENTS --help
-    MATCHES "^Samples channels .*\n\nUsage: station \\[options\\]\n\n  --seconds N      how long to sample; default 5\n"
-            "\n  --channels FILE  the channels " "\n  --from TIME      .*, \"1\\.2\\.2026 10:00\" or "
-            "\n  --sql            print .*\n  --help           this text\n\nNumbers .* is bad. 3: .* in another one\\.\n$")
+    MATCHES "^Samples channels .*\n\nUsage: station \\[options\\]\n\n  --seconds N +how long to sample; default 5\n"
+            "\n  --channels FILE +the channels " "\n  --from TIME +.*, \"1\\.2\\.2026 10:00\" or "
+            "\n  --sql +print .*\n  --help +this text\n\nNumbers .* is bad. 3: .* in another one\\.\n$")
 expect_station(0 ARGUMENTS --seconds 0,3 --channels "${sampleFolder}/channels.txt" --log "${workFolder}/log.txt"
     MATCHES "channel +unit +last +min +max +mean +std dev +limits +state"
             "\nload\\.1 " "\nmemory\\.free +kB .*>= 50000\\.0 kB" "\nprocesses .* ok")
@@ -213,6 +213,31 @@ foreach(change "fEdit_Interval.Text=1" "NoForm.fEdit_Interval.Text=1" "SettingsF
     expect_station(2 ARGUMENTS ${forms} --set "${change}" MATCHES "^station: ")
 endforeach()
 expect_station(2 ARGUMENTS --set SettingsForm.fEdit_Interval.Text=1 MATCHES "--set goes with --form")
+
+# The window: used by the keyboard on a toolkit without a screen, and painted where Qt is installed. Without
+# either, the run is that of the terminal.
+build_against_library("${CMAKE_CURRENT_LIST_DIR}/window" "${workFolder}/window" "-DSTATION=${sampleFolder}")
+file(WRITE "${channels}" "memory.total = kB; lower 0.5 kB; upper 1.5 kB\nprocesses =\n")
+run_step(DESCRIPTION "The station's window" OUTPUT printed
+    COMMAND "${workFolder}/window/Bin/window" --window --channels "${channels}")
+if(NOT printed MATCHES "TMainForm MainForm 20,30 900x640 \"Messstation\"")
+    message(FATAL_ERROR "The window came back as\n${printed}")
+endif()
+expect_station(0 ARGUMENTS --window --seconds 0.1
+    MATCHES "^station: there is nothing here to show a window; the run goes on without one\nMeasuring station\n")
+set(picture "${workFolder}/window.png")
+if(EXISTS "${prefix}/${libFolder}/TRS8_BTL-0.2/libTRS8_BTL_qt.so" OR EXISTS "${prefix}/${libFolder}/libTRS8_BTL_qt.so")
+    expect_station(0 ARGUMENTS --window --screenshot "${picture}" --seconds 1)
+    # One colour alone would take less.
+    file(SIZE "${picture}" size)
+    file(READ "${picture}" head LIMIT 24 HEX)
+    if(size LESS 8000 OR NOT head MATCHES "^89504e470d0a1a0a0000000d49484452000002[0-9a-f][0-9a-f]000002[0-9a-f][0-9a-f]$")
+        message(FATAL_ERROR "The picture of the window has ${size} bytes and begins with ${head}")
+    endif()
+else()
+    expect_station(0 ARGUMENTS --window --screenshot "${picture}" --seconds 0.1 MATCHES "nothing here to show a window.*\nMeasuring station\n")
+endif()
+expect_station(2 ARGUMENTS --screenshot "${picture}" MATCHES "--screenshot goes with --window")
 
 find_program(bash NAMES bash REQUIRED)
 run_step(DESCRIPTION "The station beside an instrument"

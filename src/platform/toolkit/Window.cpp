@@ -17,15 +17,22 @@ Window::~Window() = default;
 void WindowEvents::StateChanged(EWindowState) {}
 
 void WindowEvents::ColorsChanged() {}
+
 void WindowEvents::MenuOpening(int) {}
 
 void WindowEvents::MenuChosen(int) {}
+
 std::vector<TMenuEntry> WindowEvents::MenuAsked()
 {
     return {};
 }
 
 void Window::SetState(EWindowState) {}
+
+bool Window::Grab(Pixels&)
+{
+    return false;
+}
 
 void Window::ShowMenuBar(bool) {}
 

@@ -4,8 +4,10 @@
 #include "platform/toolkit/qt/QtConvert.h"
 #include "platform/toolkit/qt/QtDisplay.h"
 #include "platform/toolkit/qt/QtMenuBar.h"
+#include "platform/toolkit/qt/QtPictures.h"
 
 #include <QGuiApplication>
+#include <QPixmap>
 #include <QWindow>
 
 #include <algorithm>
@@ -342,6 +344,12 @@ void CQtForm::SetState(EWindowState state)
     }
     const Qt::WindowStates others = Whole().windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized);
     Whole().setWindowState(others | FlagOf(state));
+}
+
+bool CQtForm::Grab(Pixels& pixels)
+{
+    pixels = PixelsOf(Whole().grab().toImage());
+    return true;
 }
 
 void CQtForm::TellState()

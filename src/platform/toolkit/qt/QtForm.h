@@ -26,6 +26,8 @@ public:
     void BringToFront() override;
     void SendToBack() override;
     void SetState(EWindowState state) override;
+    /// With the menu bar.
+    bool Grab(Pixels& pixels) override;
     /// In the window of others it comes to the front with that alone.
     void Focus() override;
     void ShowMenuBar(bool isThere) override;

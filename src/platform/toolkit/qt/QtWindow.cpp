@@ -7,6 +7,7 @@
 #include "platform/toolkit/qt/QtFonts.h"
 #include "platform/toolkit/qt/QtKeys.h"
 #include "platform/toolkit/qt/QtPainterDevice.h"
+#include "platform/toolkit/qt/QtPictures.h"
 
 #include <QCoreApplication>
 #include <QDropEvent>
@@ -15,6 +16,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPaintEvent>
+#include <QPixmap>
 #include <QTextDocument>
 #include <QToolTip>
 #include <QUrl>
@@ -234,6 +236,12 @@ void CQtWindow::Invalidate(const Types::TRect* part)
     } else {
         Surface().update(HeldRect(*part));
     }
+}
+
+bool CQtWindow::Grab(Pixels& pixels)
+{
+    pixels = PixelsOf(mWidget->grab().toImage());
+    return true;
 }
 
 void CQtWindow::Update()

@@ -42,6 +42,7 @@ public:
     void BringToFront() override { mWidget->raise(); }
     void SendToBack() override { mWidget->lower(); }
     void* NativeObject() const noexcept override { return mWidget; }
+    bool Grab(Pixels& pixels) override;
 
     QWidget& Widget() const noexcept { return *mWidget; }
     /// The widget that keys, the mouse and the paint come to, which is within `Widget` where that scrolls.

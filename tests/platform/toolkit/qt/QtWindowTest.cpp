@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/qt/QtWindow.h"
 
+#include "platform/toolkit/Pixels.h"
 #include "platform/toolkit/qt/WindowLog.h"
 #include "platform/visual/Forms.h"
 #include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
@@ -256,6 +257,27 @@ TEST(QtWindowTest, AFrameHasItsCloseButtonUnlessItIsMadeWithout)
             EXPECT_EQ(FindWidget("Framed")->windowFlags().testFlag(Qt::WindowCloseButtonHint), hasButton);
         }
     }
+}
+
+TEST(QtWindowTest, IsPaintedIntoPixelsWithAllThatIsInIt)
+{
+    Forms::TForm form;
+    form.setClientWidth(120);
+    form.setClientHeight(60);
+    form.setColor(Graphics::clRed);
+    Stdctrls::TEdit edit(&form);
+    edit.setColor(Graphics::clLime);
+    edit.setParent(&form);
+    edit.SetBounds(20, 10, 80, 40);
+    form.Show();
+    Toolkits::Pixels pixels;
+    ASSERT_TRUE(form.GetWindow()->Grab(pixels));
+    // A screen may have several of its pixels to one of the form.
+    const int scale = pixels.getWidth() / 120;
+    ASSERT_GE(scale, 1);
+    EXPECT_EQ(pixels.getHeight() / scale, 60);
+    EXPECT_EQ(pixels.At(5 * scale, 5 * scale), Toolkits::OpaquePixel(255, 0, 0));
+    EXPECT_EQ(pixels.At(60 * scale, 40 * scale), Toolkits::OpaquePixel(0, 255, 0));
 }
 
 TEST(QtWindowTest, BearsSizesOfAllKinds)

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include "WindowRun.h"
+
+#include "MainForm.h"
+
+#include <TRS8_BTL/platform/toolkit/Window.h>
+#include <TRS8_BTL/platform/visual/graphics/Pngimage.h>
+
+#include <cstdlib>
+#include <iostream>
+#include <utility>
+
+namespace Station
+{
+
+namespace
+{
+
+/// How much of the run a picture shows.
+constexpr double PictureProgress = 0.8;
+
+/// Has windows painted without a display, whatever the session has.
+void PaintWithoutDisplay()
+{
+    setenv("TRS8_BTL_TOOLKIT", "qt", 1);
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+}
+
+/// Whether the form has a window that somebody can see, or that can be painted at least.
+bool HasWindow(Forms::TForm& form)
+{
+    form.HandleNeeded();
+    return form.GetWindow()->NativeObject() != nullptr;
+}
+
+void SavePicture(TMainForm& form, const System::UnicodeString& file)
+{
+    form.Show();
+    form.Start();
+    while (form.IsRunning() && form.GetProgress() < PictureProgress) {
+        Forms::Application->HandleMessage();
+    }
+    Toolkits::Pixels pixels;
+    form.GetWindow()->Grab(pixels);
+    Pngimage::TPngImage picture;
+    picture.TakePixels(std::move(pixels));
+    picture.SaveToFile(file);
+}
+
+} // namespace
+
+bool RunWindow(const TOptions& options)
+{
+    const bool isPicture = !options.screenshot.IsEmpty();
+    if (isPicture) {
+        PaintWithoutDisplay();
+    }
+    TMainForm* form = nullptr;
+    Forms::Application->CreateForm(form);
+    if (!HasWindow(*form)) {
+        delete form;
+        std::cerr << "station: there is nothing here to show a window; the run goes on without one\n";
+        return false;
+    }
+    form->Open(options);
+    if (isPicture) {
+        SavePicture(*form, options.screenshot);
+        delete form;
+        return true;
+    }
+    form->RestoreState();
+    Forms::Application->Run();
+    return true;
+}
+
+} // namespace Station

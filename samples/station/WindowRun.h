@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Options.h"
+
+namespace Station
+{
+
+/// Runs the station in a window until that is closed, or paints it into the file that is asked for. False if
+/// no window can be shown here; that is told on the standard error stream. `XBadSettings` if the settings
+/// make no sense.
+bool RunWindow(const TOptions& options);
+
+} // namespace Station
