@@ -50,6 +50,14 @@ CQtButton::CQtButton(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings&
     SetText(settings.text);
     QObject::connect(mButton, &QAbstractButton::clicked, Context(),
                      [this] { Tell([](WindowEvents& events) { events.Chosen(0); }); });
+    // Readers of screens set the mark by themselves, which is the control's to do.
+    QObject::connect(mButton, &QAbstractButton::toggled, Context(), [this](bool isOn) {
+        {
+            const QSignalBlocker blocker(mButton);
+            mButton->setChecked(!isOn);
+        }
+        Tell([](WindowEvents& events) { events.Chosen(0); });
+    });
 }
 
 CQtButton::~CQtButton() = default;

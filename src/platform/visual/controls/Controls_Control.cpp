@@ -7,6 +7,7 @@
 #include "platform/visual/controls/Controls_Thread.h"
 #include "platform/visual/controls/Controls_WinControl.h"
 #include "platform/visual/controls/internal/Controls_Forget.h"
+#include "platform/visual/controls/internal/Controls_Hint.h"
 #include "platform/visual/graphics/Graphics_Font.h"
 #include "platform/visual/graphics/Graphics_TextFormat.h"
 #include "platform/visual/menus/Menus.h"
@@ -515,7 +516,7 @@ Toolkits::TWindowPart TControl::AsWindowPart() const
 {
     return {.kind = Toolkits::EPartKind::Picture,
             .name = GetOwnedPath(),
-            .text = mHint.SubString(1, std::max(mHint.Pos(u"|"), mHint.Length() + 1) - 1),
+            .text = ShortHint(mHint),
             .bounds = getBoundsRect(),
             .isEnabled = mEnabled};
 }

@@ -6,6 +6,7 @@
 #include "platform/visual/controls/Controls_FormHost.h"
 #include "platform/visual/controls/Controls_WinControl.h"
 #include "platform/visual/controls/internal/Controls_Forget.h"
+#include "platform/visual/controls/internal/Controls_Hint.h"
 #include "platform/visual/controls/internal/Controls_Nesting.h"
 #include "platform/visual/graphics/Graphics_Brush.h"
 
@@ -57,13 +58,6 @@ void Guarded(TWinControl* sender, Action action)
         action();
         return true;
     });
-}
-
-/// The part of a hint that is shown beside the mouse.
-UnicodeString ShortHint(const UnicodeString& hint)
-{
-    const int bar = hint.Pos(u"|");
-    return bar == 0 ? hint : hint.SubString(1, bar - 1);
 }
 
 /// Whether a key moves the focus, presses a form's button or opens its menu, unless a control wants it for

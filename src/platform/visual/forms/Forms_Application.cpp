@@ -9,6 +9,7 @@
 #include "platform/toolkit/LoopFaults.h"
 #include "platform/toolkit/MessageBox.h"
 #include "platform/toolkit/Toolkit.h"
+#include "platform/visual/controls/internal/Controls_Hint.h"
 #include "platform/visual/forms/Classes_DataModule.h"
 #include "platform/visual/forms/Forms_Form.h"
 #include "platform/visual/forms/Forms_Screen.h"
@@ -71,13 +72,6 @@ bool IsThere(const TCustomForm* form)
         }
     }
     return false;
-}
-
-/// The part of a hint that is for a line of its own.
-System::UnicodeString LongHint(const System::UnicodeString& hint)
-{
-    const int bar = hint.Pos(u"|");
-    return bar == 0 ? hint : hint.SubString(bar + 1, hint.Length());
 }
 
 } // namespace
@@ -259,7 +253,7 @@ bool TApplication::HelpCommand(int command, System::NativeInt data)
 
 void TApplication::setHint(const System::UnicodeString& hint)
 {
-    const System::UnicodeString text = LongHint(hint);
+    const System::UnicodeString text = Controls::LongHint(hint);
     if (text != mHint) {
         mHint = text;
         if (OnHint) {

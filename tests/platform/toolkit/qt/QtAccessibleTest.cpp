@@ -10,6 +10,7 @@
 #include "platform/visual/stdctrls/buttons/Stdctrls_CheckBox.h"
 #include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
 #include "platform/visual/stdctrls/panels/Extctrls_Panel.h"
+#include "support/RunUntil.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -167,6 +168,8 @@ TEST_F(QtAccessibleTest, FindsEachControlByItsPath)
 TEST_F(QtAccessibleTest, DrivesControls)
 {
     Press("Settings.fButton");
+    EXPECT_TRUE(Support::RunUntil([this] { return form.starts > 0; }))
+        << "Qt shows the button pressed for a while";
     EXPECT_EQ(form.starts, 1);
     Press("Settings.fZoom");
     EXPECT_EQ(form.zooms, 1);

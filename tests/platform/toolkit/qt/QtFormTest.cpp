@@ -11,6 +11,7 @@
 #include "platform/visual/stdctrls/buttons/Stdctrls_Button.h"
 #include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
 #include "support/ChildProgram.h"
+#include "support/RunUntil.h"
 #include "support/ScopedVariable.h"
 #include "support/TempFolder.h"
 #include "support/VirtualScreen.h"
@@ -35,6 +36,7 @@ namespace
 {
 
 using Forms::TForm;
+using Support::RunUntil;
 using System::TObject;
 using System::UnicodeString;
 
@@ -77,19 +79,6 @@ private:
         control.setBoundsRect(bounds);
     }
 };
-
-/// Runs the message loop until it is so. False if that never comes: only a fault takes so long.
-template <class Test>
-bool RunUntil(Test isTrue)
-{
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
-    const auto waker = Toolkits::CurrentToolkit().StartTimer(20, [] {});
-    while (!isTrue() && std::chrono::steady_clock::now() < deadline) {
-        Forms::Application->HandleMessage();
-    }
-    Toolkits::CurrentToolkit().StopTimer(waker);
-    return isTrue();
-}
 
 /// Has the X server do something with its keyboard and mouse.
 void Use(const std::string& command)
