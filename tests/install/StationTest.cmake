@@ -224,8 +224,10 @@ if(NOT printed MATCHES "TMainForm MainForm 20,30 900x640 \"Messstation\"")
     message(FATAL_ERROR "The window came back as\n${printed}")
 endif()
 expect_station(0 ARGUMENTS --window --seconds 0.1
-    MATCHES "^station: there is nothing here to show a window; the run goes on without one\nMeasuring station\n")
+    MATCHES "station: there is nothing here to show a window; the run goes on without one\n" "Measuring station\nlast run: ")
 set(picture "${workFolder}/window.png")
+# What the host's own libraries don't give back is no fault of the station.
+set(ENV{LSAN_OPTIONS} "suppressions=${CMAKE_CURRENT_LIST_DIR}/../support/QtLeaks.txt:print_suppressions=0")
 if(EXISTS "${prefix}/${libFolder}/TRS8_BTL-0.2/libTRS8_BTL_qt.so" OR EXISTS "${prefix}/${libFolder}/libTRS8_BTL_qt.so")
     expect_station(0 ARGUMENTS --window --screenshot "${picture}" --seconds 1)
     # One colour alone would take less.
@@ -235,7 +237,7 @@ if(EXISTS "${prefix}/${libFolder}/TRS8_BTL-0.2/libTRS8_BTL_qt.so" OR EXISTS "${p
         message(FATAL_ERROR "The picture of the window has ${size} bytes and begins with ${head}")
     endif()
 else()
-    expect_station(0 ARGUMENTS --window --screenshot "${picture}" --seconds 0.1 MATCHES "nothing here to show a window.*\nMeasuring station\n")
+    expect_station(0 ARGUMENTS --window --screenshot "${picture}" --seconds 0.1 MATCHES "nothing here to show a window" "Measuring station\nlast run: ")
 endif()
 expect_station(2 ARGUMENTS --screenshot "${picture}" MATCHES "--screenshot goes with --window")
 

@@ -261,8 +261,8 @@ public:
     /// where there is none.
     virtual void* NativeObject() const noexcept { return nullptr; }
     /// Paints the client area with all windows in it into `pixels`, as the user would see it without what is
-    /// in front of it. False, with `pixels` as they were, for a toolkit whose windows have no look of their
-    /// own.
+    /// in front of it; of a form with its menu bar, without its frame. False, with `pixels` as they were, for
+    /// a toolkit whose windows have no look of their own.
     virtual bool Grab(Pixels& pixels);
 
     // Of buttons, boxes and lists. What is told here isn't told back by the events; any other window does
