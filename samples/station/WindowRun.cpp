@@ -3,6 +3,7 @@
 
 #include "MainForm.h"
 
+#include <TRS8_BTL/platform/base/Sysutils_Exception.h>
 #include <TRS8_BTL/platform/toolkit/Window.h>
 #include <TRS8_BTL/platform/visual/graphics/Pngimage.h>
 
@@ -41,7 +42,9 @@ void SavePicture(TMainForm& form, const System::UnicodeString& file)
         Forms::Application->HandleMessage();
     }
     Toolkits::Pixels pixels;
-    form.GetWindow()->Grab(pixels);
+    if (!form.GetWindow()->Grab(pixels)) {
+        throw Sysutils::Exception(u"the window can't be painted into a picture");
+    }
     Pngimage::TPngImage picture;
     picture.TakePixels(std::move(pixels));
     picture.SaveToFile(file);
