@@ -64,12 +64,14 @@ void Use(TWinControl& window, const TMouseInput& mouse)
     }
 }
 
-/// Has the toolkit done what it does later.
-void Settle()
+/// Has the toolkit do what it does later. False if the control is gone by then.
+bool SettleFor(const TControl& control)
 {
+    const Classes::TComponentWatch watch(&control);
     if (Toolkits::InputPlayer* const player = Toolkits::CurrentToolkit().GetInputPlayer()) {
         player->Settle();
     }
+    return watch.IsAlive();
 }
 
 bool CanBeUsed(const TControl& control)
@@ -182,12 +184,15 @@ void CFormDriver::Click(const UnicodeString& name)
 
 void CFormDriver::Click(const UnicodeString& name, TPoint place)
 {
-    if (!CanBeUsed(Find(name))) {
+    TControl& control = Find(name);
+    if (!CanBeUsed(control)) {
         throw std::logic_error("nobody can click on '" + System::ToUtf8(name) + "'");
     }
-    Settle();
+    if (!SettleFor(control)) {
+        return;
+    }
     TPoint inWindow = place;
-    TWinControl& window = WindowOf(Find(name), inWindow);
+    TWinControl& window = WindowOf(control, inWindow);
     const Classes::TComponentWatch watch(&window);
     for (const EMouseAction action : {EMouseAction::Move, EMouseAction::Down, EMouseAction::Up}) {
         if (watch.IsAlive()) {
@@ -230,10 +235,12 @@ void CFormDriver::ClickSoon(const UnicodeString& name)
 
 void CFormDriver::Mouse(const UnicodeString& name, const TMouseInput& mouse)
 {
-    Settle();
-    TMouseInput inWindow = mouse;
-    TWinControl& window = WindowOf(Find(name), inWindow.place);
-    Use(window, inWindow);
+    TControl& control = Find(name);
+    if (SettleFor(control)) {
+        TMouseInput inWindow = mouse;
+        TWinControl& window = WindowOf(control, inWindow.place);
+        Use(window, inWindow);
+    }
 }
 
 void CFormDriver::ChooseMenu(const UnicodeString& path)
@@ -270,8 +277,9 @@ void CFormDriver::Focus(const UnicodeString& name)
     if (window == nullptr) {
         throw std::logic_error("'" + System::ToUtf8(name) + "' can't have the focus");
     }
-    Settle();
-    window->SetFocus();
+    if (SettleFor(*window)) {
+        window->SetFocus();
+    }
 }
 
 UnicodeString CFormDriver::Focused() const
@@ -288,7 +296,9 @@ TWinControl* CFormDriver::KeyTarget() const
 
 bool CFormDriver::PlayKey(System::Word key, System::WideChar character, const TShiftState& shift)
 {
-    Settle();
+    if (!SettleFor(mForm)) {
+        return true;
+    }
     Toolkits::InputPlayer* const player = Toolkits::CurrentToolkit().GetInputPlayer();
     TWinControl* const target = KeyTarget();
     if (player == nullptr || target->GetWindow() == nullptr) {

@@ -75,7 +75,12 @@ protected:
     TDBGrid* mGrid = new TDBGrid(&mForm);
 };
 
-TEST_F(DBGridTest, ShowsFieldsAsColumnsAndRecordsAsRows)
+/// What a toolkit without a screen records at once.
+class PaintedDBGridTest : public DBGridTest
+{
+};
+
+TEST_F(PaintedDBGridTest, ShowsFieldsAsColumnsAndRecordsAsRows)
 {
     EXPECT_EQ(mGrid->getColumns()->GetCount(), 2);
     EXPECT_EQ(mGrid->getColumns()->getState(), csDefault);
@@ -92,7 +97,7 @@ TEST_F(DBGridTest, ShowsFieldsAsColumnsAndRecordsAsRows)
     EXPECT_EQ(Drawn(), u"");
 }
 
-TEST_F(DBGridTest, KeepsTheColumnsOfADesign)
+TEST_F(PaintedDBGridTest, KeepsTheColumnsOfADesign)
 {
     TColumn* const column = mGrid->getColumns()->Add();
     EXPECT_EQ(mGrid->getColumns()->getState(), csCustomized);
@@ -213,7 +218,7 @@ TEST_F(DBGridTest, TellsOfClicksAndColumns)
     EXPECT_EQ(Drawn().SubString(1, 8), u"1|row 1|");
 }
 
-TEST_F(DBGridTest, SelectsSeveralRecords)
+TEST_F(PaintedDBGridTest, SelectsSeveralRecords)
 {
     TDBGridOptions options = mGrid->getOptions();
     mGrid->setOptions(options << dgMultiSelect);
@@ -233,7 +238,7 @@ TEST_F(DBGridTest, SelectsSeveralRecords)
     EXPECT_TRUE(rows->Refresh());
 }
 
-TEST_F(DBGridTest, LaysOutByItsOptions)
+TEST_F(PaintedDBGridTest, LaysOutByItsOptions)
 {
     mGrid->setOptions({});
     EXPECT_EQ(mGrid->getFixedCols(), 0);
