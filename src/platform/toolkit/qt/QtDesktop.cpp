@@ -216,6 +216,18 @@ void CQtDesktop::UserActed(CQtWindow* form)
 
 void CQtDesktop::Bury(QWidget* widget, int level)
 {
+    // It stays in its parent, by way of which what was painted of it may still go to the screen. So neither
+    // of two that lie in each other ends before the other may.
+    for (TGrave& grave : mGraves) {
+        if (grave.widget != nullptr && widget->isAncestorOf(grave.widget)) {
+            level = std::min(level, grave.level);
+        }
+    }
+    for (TGrave& grave : mGraves) {
+        if (grave.widget != nullptr && grave.widget->isAncestorOf(widget)) {
+            grave.level = std::min(grave.level, level);
+        }
+    }
     mGraves.push_back({widget, level});
 }
 

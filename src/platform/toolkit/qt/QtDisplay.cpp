@@ -46,7 +46,8 @@ struct TWatched
 
 TWatched watched;
 
-/// Whether the X server that the variables tell of lets the program in.
+/// Whether the X server that the variables tell of lets the program in. The connection is kept: a server that
+/// has no other program would begin anew, and refuse Qt meanwhile.
 bool ReachesX()
 {
     QLibrary library(QStringLiteral("xcb"), 1);
@@ -58,7 +59,9 @@ bool ReachesX()
     }
     void* const connection = connect(nullptr, nullptr);
     const bool isOpen = hasError(connection) == 0;
-    disconnect(connection);
+    if (!isOpen) {
+        disconnect(connection);
+    }
     return isOpen;
 }
 

@@ -179,9 +179,9 @@ CQtForm::~CQtForm()
     }
     mWhole->Leave();
     mWhole->hide();
-    // The client area ends by itself.
-    Widget().setParent(nullptr);
     if (Desktop().getTellLevel() == 0) {
+        // The client area ends by itself.
+        Widget().setParent(nullptr);
         delete mWhole;
     } else {
         Desktop().Bury(mWhole, 1);

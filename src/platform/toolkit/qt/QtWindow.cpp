@@ -118,7 +118,6 @@ CQtWindow::~CQtWindow()
     }
     // Qt may be at work on it, further down on the stack.
     mWidget->hide();
-    mWidget->setParent(nullptr);
     mDesktop->Bury(mWidget, mState->tellCount > 0 ? 1 : level);
 }
 
