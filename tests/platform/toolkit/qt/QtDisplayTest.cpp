@@ -64,10 +64,10 @@ TEST_F(QtDisplayTest, ADisplayThatCantBeReachedLeavesTheProgramHeadless)
     for (const char* const platform : {"", "xcb", "wayland", "nothing"}) {
         const Support::ScopedVariable variable("QT_QPA_PLATFORM", platform);
         const std::string told = Support::RunChildTest("QtDisplayChild.DISABLED_NeedsAScreen");
-        EXPECT_EQ(
-            told.find(
-                "late none TRS8_BTL: the toolkit 'qt' is not available, running headless: Qt reaches no "),
-            0U)
+        EXPECT_TRUE(told.starts_with("late none ")) << told;
+        // The libraries of a platform may tell of it too.
+        EXPECT_NE(told.find("TRS8_BTL: the toolkit 'qt' is not available, running headless: Qt reaches no "),
+                  std::string::npos)
             << told;
         EXPECT_NE(told.find("DISPLAY=':9999'"), std::string::npos) << told;
     }
