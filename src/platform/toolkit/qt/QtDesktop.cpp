@@ -7,6 +7,7 @@
 #include <QPalette>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace Toolkits
@@ -16,8 +17,8 @@ CQtDesktop::CQtDesktop(std::function<void(std::exception_ptr)> raise) : mRaise(s
 
 CQtDesktop::~CQtDesktop()
 {
-    for (const TGrave& grave : mGraves) {
-        delete grave.widget;
+    for (const QPointer<QWidget>& widget : mGraves) {
+        delete widget;
     }
 }
 
@@ -216,30 +217,36 @@ void CQtDesktop::UserActed(CQtWindow* form)
 
 void CQtDesktop::Bury(QWidget* widget, int level)
 {
-    // It stays in its parent, by way of which what was painted of it may still go to the screen. So neither
-    // of two that lie in each other ends before the other may.
-    for (TGrave& grave : mGraves) {
-        if (grave.widget != nullptr && widget->isAncestorOf(grave.widget)) {
-            level = std::min(level, grave.level);
-        }
+    // It stays in its parent, by way of which what was painted of it may still go to the screen. So what is
+    // around it mustn't end earlier, and whatever is around that is no earlier than that.
+    const auto lower = [this](const QWidget* place, int most) {
+        const auto [known, isNew] = mLevels.try_emplace(place, most);
+        const bool isLowered = isNew || known->second > most;
+        known->second = std::min(known->second, most);
+        return isLowered;
+    };
+    lower(widget, level);
+    level = mLevels[widget];
+    const QWidget* place = widget->parentWidget();
+    while (place != nullptr && lower(place, level)) {
+        place = place->parentWidget();
     }
-    for (TGrave& grave : mGraves) {
-        if (grave.widget != nullptr && grave.widget->isAncestorOf(widget)) {
-            grave.level = std::min(grave.level, level);
-        }
-    }
-    mGraves.push_back({widget, level});
+    mGraves.emplace_back(widget);
 }
 
 void CQtDesktop::EmptyGraves()
 {
-    std::vector<TGrave> ended;
-    const auto rest = std::stable_partition(
-        mGraves.begin(), mGraves.end(), [this](const TGrave& grave) { return grave.level <= mTellLevel; });
+    std::vector<QPointer<QWidget>> ended;
+    const auto rest = std::stable_partition(mGraves.begin(), mGraves.end(), [this](const auto& widget) {
+        return widget != nullptr && mLevels[widget] <= mTellLevel;
+    });
     std::move(rest, mGraves.end(), std::back_inserter(ended));
     mGraves.erase(rest, mGraves.end());
-    for (const TGrave& grave : ended) {
-        delete grave.widget;
+    if (mGraves.empty()) {
+        mLevels.clear();
+    }
+    for (const QPointer<QWidget>& widget : ended) {
+        delete widget;
     }
 }
 

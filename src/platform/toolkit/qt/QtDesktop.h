@@ -8,6 +8,7 @@
 
 #include <exception>
 #include <functional>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -77,12 +78,6 @@ public:
     void EmptyGraves();
 
 private:
-    struct TGrave
-    {
-        QPointer<QWidget> widget;
-        int level;
-    };
-
     void Activate(CQtWindow* form);
     void ActivateNext();
     void MoveActivation(CQtWindow* form);
@@ -92,7 +87,9 @@ private:
     std::unordered_set<CQtWindow*> mWindows;
     /// From the back to the front.
     std::vector<CQtWindow*> mForms;
-    std::vector<TGrave> mGraves;
+    std::vector<QPointer<QWidget>> mGraves;
+    /// Of those in the graves and all around them: the event that must be over before they may end.
+    std::unordered_map<const QWidget*, int> mLevels;
     GInputQueue<CQtWindow> mInputs;
     std::vector<CQtWindow*> mUnpainted;
     const CQtWindow* mOnly = nullptr;
