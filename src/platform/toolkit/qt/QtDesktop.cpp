@@ -57,15 +57,6 @@ void CQtDesktop::Forget(CQtWindow* window)
     }
 }
 
-void CQtDesktop::EachIn(const CQtWindow& window, void (*work)(CQtWindow& inner)) const
-{
-    for (CQtWindow* const inner : mWindows) {
-        if (inner->Parent() == &window) {
-            work(*inner);
-        }
-    }
-}
-
 const CQtWindow* CQtDesktop::ExchangeOnly(const CQtWindow* window)
 {
     for (CQtWindow* const unpainted : std::exchange(mUnpainted, {})) {
@@ -201,8 +192,8 @@ void CQtDesktop::LookAtColors()
     // Who hears of it may make and destroy windows.
     const std::vector<CQtWindow*> windows(mWindows.begin(), mWindows.end());
     for (CQtWindow* const window : windows) {
-        if (Exists(window)) {
-            window->Tell([](WindowEvents& events) { events.ColorsChanged(); });
+        if (Exists(window) && window->Tell([](WindowEvents& events) { events.ColorsChanged(); })) {
+            window->FollowDesktop();
         }
     }
 }

@@ -32,8 +32,6 @@ public:
     void Add(CQtWindow* window);
     void Forget(CQtWindow* window);
     bool Exists(CQtWindow* window) const { return mWindows.contains(window); }
-    /// Calls `work` with each window that lies in `window` itself; it neither makes nor destroys any.
-    void EachIn(const CQtWindow& window, void (*work)(CQtWindow& inner)) const;
     /// The form in which the user works; null for none.
     CQtWindow* Active() const noexcept { return mActive; }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/qt/QtForm.h"
 
+#include "platform/toolkit/qt/QtAccessible.h"
 #include "platform/toolkit/qt/QtConvert.h"
 #include "platform/toolkit/qt/QtDisplay.h"
 #include "platform/toolkit/qt/QtMenuBar.h"
@@ -160,6 +161,7 @@ CQtForm::CQtForm(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& set
       mIsHosted(settings.host != nullptr),
       mIsEnabled(settings.isEnabled)
 {
+    ShowToReaders(Widget(), this);
     if (mIsHosted) {
         Widget().setParent(static_cast<QWidget*>(settings.host), Qt::Widget);
     } else {
@@ -174,6 +176,7 @@ CQtForm::CQtForm(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& set
 
 CQtForm::~CQtForm()
 {
+    ShowToReaders(Widget(), nullptr);
     if (mWhole == nullptr) {
         return;
     }

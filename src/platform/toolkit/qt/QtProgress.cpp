@@ -24,12 +24,6 @@ bool CQtProgress::HandleEvent(QEvent& event)
     return event.type() != QEvent::Paint && CQtWindow::HandleEvent(event);
 }
 
-void CQtProgress::SetLook(const TWindowLook& look)
-{
-    CQtWindow::SetLook(look);
-    ShowColors();
-}
-
 void CQtProgress::SetProgress(const TProgress& progress)
 {
     if (progress == mProgress) {
@@ -69,6 +63,7 @@ void CQtProgress::ShowValues()
 
 void CQtProgress::ShowColors()
 {
+    CQtWindow::ShowColors();
     QPalette palette = mBar->palette();
     palette.setColor(QPalette::Highlight, QColor::fromRgba(mProgress.bar));
     palette.setColor(QPalette::Base, QColor::fromRgba(mProgress.ground));

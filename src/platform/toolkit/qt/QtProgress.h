@@ -15,17 +15,16 @@ public:
     CQtProgress(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings);
     ~CQtProgress() override;
 
-    void SetLook(const TWindowLook& look) override;
     /// The bar sees by itself when it has to be painted.
     void Invalidate(const Types::TRect*) override {}
     void SetProgress(const TProgress& progress) override;
 
 protected:
     bool HandleEvent(QEvent& event) override;
+    void ShowColors() override;
 
 private:
     void ShowValues();
-    void ShowColors();
 
     QProgressBar* mBar;
     TProgress mProgress;

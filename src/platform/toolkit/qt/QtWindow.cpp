@@ -11,6 +11,7 @@
 
 #include <QCoreApplication>
 #include <QDropEvent>
+#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -23,6 +24,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace Toolkits
@@ -86,17 +88,20 @@ CQtWindow::CQtWindow(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings&
       mWidget(widget),
       mFilter(std::make_unique<CFilter>(*this)),
       mBounds(settings.bounds),
-      mIsForm(settings.kind == EWindowKind::Form)
+      mIsForm(settings.kind == EWindowKind::Form),
+      mIsAmongForeign(settings.host != nullptr)
 {
     mWidget->setObjectName(ToQString(settings.name));
-    ShowToReaders(*mWidget, this);
     // Who doesn't act on the mouse keeps it from its parent all the same.
     mWidget->setAttribute(Qt::WA_NoMousePropagation);
     mWidget->setMouseTracking(true);
     mWidget->installEventFilter(mFilter.get());
+    if (mParent != nullptr) {
+        mParent->mInner.insert(this);
+        mIsColored = !mIsForm && mParent->mIsColored;
+    }
     if (mParent != nullptr && !mIsForm) {
         mWidget->setParent(&mParent->Surface());
-        mParent->mHasInner = true;
     }
     if (!mIsForm) {
         mWidget->setGeometry(HeldRect(mBounds));
@@ -108,8 +113,13 @@ CQtWindow::CQtWindow(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings&
 CQtWindow::~CQtWindow()
 {
     mState->isAlive = false;
-    ShowToReaders(*mWidget, nullptr);
     mFilter.reset();
+    for (CQtWindow* const inner : mInner) {
+        inner->mParent = nullptr;
+    }
+    if (mParent != nullptr) {
+        mParent->mInner.erase(this);
+    }
     mDesktop->Forget(this);
     const int level = mDesktop->getTellLevel();
     if (level == 0) {
@@ -181,27 +191,35 @@ void CQtWindow::SetLook(const TWindowLook& look)
     if (mHasLook && IsSame(look, mLook)) {
         return;
     }
-    if (mHasInner) {
-        // What they share with this one stays theirs.
-        mDesktop->EachIn(*this, [](CQtWindow& inner) { inner.ShowLook(true); });
+    // What those in it share with it stays theirs.
+    if (mIsColored ? !HaveSameColors(look, mLook) : !IsDesktopsOwn(look)) {
+        KeepInnerColors();
+    }
+    for (CQtWindow* const inner : mInner) {
+        inner->ShowFont(true);
     }
     mLook = look;
     mHasLook = true;
-    ShowLook(false);
+    ShowColors();
+    ShowFont(false);
     Surface().update();
 }
 
-void CQtWindow::ShowLook(bool isOwn)
+bool CQtWindow::IsDesktopsOwn(const TWindowLook& look) const
+{
+    const QPalette desktop = QGuiApplication::palette();
+    const bool isField = Surface().backgroundRole() == QPalette::Base;
+    return desktop.color(QPalette::Text).rgba() == look.textColor &&
+           desktop.color(isField ? QPalette::Base : QPalette::Window).rgba() == look.ground;
+}
+
+void CQtWindow::ShowFont(bool isOwn)
 {
     if (!mHasLook) {
         return;
     }
-    // Qt hands the look of a widget down to those in it, and lays a widget out anew for each that is set.
-    const bool isShared = !isOwn && !mIsForm && mParent != nullptr && mParent->mHasLook;
-    const bool hasColors = isShared && !mHasColors && HaveSameColors(mLook, mParent->mLook);
-    if (!hasColors) {
-        ShowColors();
-    }
+    // Qt hands it down to those in the widget, and lays a widget out anew for each that is set.
+    const bool isShared = !isOwn && IsWithinLook();
     const QFont font = ToQFont(mLook.font);
     if (!isShared || mWidget->font() != font) {
         mWidget->setFont(font);
@@ -212,7 +230,57 @@ void CQtWindow::ShowLook(bool isOwn)
     }
 }
 
+void CQtWindow::FollowDesktop()
+{
+    if (mHasLook && !mIsColored && !IsDesktopsOwn(mLook)) {
+        KeepInnerColors();
+        ShowColors();
+    }
+}
+
 void CQtWindow::ShowColors()
+{
+    if (!mHasLook) {
+        return;
+    }
+    // Those in a widget of another palette each get one of their own, and styles paint anew for each palette
+    // what they keep for all that share one.
+    const bool isInColors = mIsAmongForeign || (!mIsForm && mParent != nullptr && mParent->mIsColored);
+    if (!isInColors && IsDesktopsOwn(mLook)) {
+        if (std::exchange(mHasColors, false)) {
+            mWidget->setPalette(QPalette());
+        }
+        mIsColored = false;
+        return;
+    }
+    const bool isShared = IsWithinLook() && isInColors && HaveSameColors(mLook, mParent->mLook);
+    if (mHasColors || !isShared) {
+        SetColors();
+    }
+    mIsColored = true;
+}
+
+void CQtWindow::KeepInnerColors()
+{
+    std::vector<CQtWindow*> takers;
+    const auto collect = [&takers](const CQtWindow& window) {
+        std::ranges::copy_if(window.mInner, std::back_inserter(takers),
+                             [](const CQtWindow* inner) { return !inner->mHasColors; });
+    };
+    collect(*this);
+    for (std::size_t i = 0; i < takers.size(); ++i) {
+        collect(*takers[i]);
+    }
+    // The innermost first: then those around hand nothing down.
+    std::for_each(takers.rbegin(), takers.rend(), [](CQtWindow* taker) {
+        if (taker->mHasLook) {
+            taker->SetColors();
+            taker->mIsColored = true;
+        }
+    });
+}
+
+void CQtWindow::SetColors()
 {
     mHasColors = true;
     QPalette palette;
@@ -492,10 +560,14 @@ bool CQtWindow::Paint(const QPaintEvent& event)
 CQtCanvas::CQtCanvas(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings)
     : CQtWindow(std::move(desktop), settings, new QWidget)
 {
+    ShowToReaders(Widget(), this);
     Widget().setAttribute(Qt::WA_InputMethodEnabled);
     Widget().setAcceptDrops(true);
 }
 
-CQtCanvas::~CQtCanvas() = default;
+CQtCanvas::~CQtCanvas()
+{
+    ShowToReaders(Widget(), nullptr);
+}
 
 } // namespace Toolkits

@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <unordered_set>
 #include <vector>
 
 class QHelpEvent;
@@ -77,7 +78,12 @@ public:
         return state->isAlive;
     }
 
+    /// The colours of the desktop are others now, and the control has heard of it.
+    void FollowDesktop();
+
 protected:
+    /// Brings the colours of the look to the widget.
+    virtual void ShowColors();
     /// What the widget hears. True if the widget mustn't act on it.
     virtual bool HandleEvent(QEvent& event);
     /// What the signals of the widget are connected by, so that they end with the window.
@@ -105,9 +111,15 @@ private:
         int tellCount = 0;
     };
 
-    /// Brings the look to the widget. What is the same in the window that it is in is set if `isOwn`.
-    void ShowLook(bool isOwn);
-    void ShowColors();
+    /// Whether there is a window around it whose look the widget takes where it has none of its own.
+    bool IsWithinLook() const noexcept { return !mIsForm && mParent != nullptr && mParent->mHasLook; }
+    /// Whether the desktop shows such a widget in these colours anyway.
+    bool IsDesktopsOwn(const TWindowLook& look) const;
+    /// Brings the font and direction to the widget; what is the same in the window that it is in, if `isOwn`.
+    void ShowFont(bool isOwn);
+    void SetColors();
+    /// Gives those in it that have no colours of their own the ones that they show now.
+    void KeepInnerColors();
     bool HandleFiltered(QEvent& event);
     bool HandleKey(const QKeyEvent& event);
     bool HandleRelease(const QKeyEvent& event);
@@ -126,16 +138,20 @@ private:
     WindowEvents* mEvents;
     WindowContents* mContents;
     CQtWindow* mParent;
+    /// Those that lie in it itself.
+    std::unordered_set<CQtWindow*> mInner;
     QWidget* mWidget;
     std::unique_ptr<CFilter> mFilter;
     Types::TRect mBounds;
     TWindowLook mLook{.ground = OpaquePixel(240, 240, 240)};
     bool mHasLook = false;
-    /// Whether its colours were set, rather than taken from the window that it is in.
+    /// Whether its colours were set, rather than taken from the window that it is in or the desktop.
     bool mHasColors = false;
-    /// Whether there were windows in it.
-    bool mHasInner = false;
+    /// Whether its widget has another palette than the desktop, set or taken.
+    bool mIsColored = false;
     bool mIsForm;
+    /// Whether it lies in a widget of another program's part, which may have any colours.
+    bool mIsAmongForeign;
     bool mIsPassing = false;
 };
 

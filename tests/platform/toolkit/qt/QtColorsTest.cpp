@@ -3,6 +3,8 @@
 
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/Forms.h"
+#include "platform/visual/stdctrls/buttons/Stdctrls_Button.h"
+#include "platform/visual/stdctrls/buttons/Stdctrls_CheckBox.h"
 #include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
 #include "platform/visual/stdctrls/panels/Extctrls_Panel.h"
 
@@ -82,6 +84,92 @@ TEST(QtColorsTest, FollowTheDesktopFromLightToDark)
     }
     Forms::Application->ProcessMessages();
     EXPECT_EQ(WidgetOf(QStringLiteral("Themed.Field")).palette().color(QPalette::Base).rgb(), formerBase);
+}
+
+class QtOwnColorsTest : public testing::Test
+{
+protected:
+    QtOwnColorsTest()
+    {
+        mForm.setName(u"Own");
+        Place(mPanel, u"Area", mForm);
+        mPanel.setBevelOuter(Controls::bvNone);
+        Place(mInner, u"Inner", mPanel);
+        mPanel.setParentColor(true);
+        mInner.setParentColor(true);
+        Place(mField, u"Field", mInner);
+        Place(mBox, u"Box", mInner);
+        Place(mFirst, u"First", mInner);
+        Place(mSecond, u"Second", mInner);
+        mForm.Show();
+        Forms::Application->ProcessMessages();
+    }
+
+    static void Place(Controls::TWinControl& control, const char16_t* name, Controls::TWinControl& parent)
+    {
+        control.setName(name);
+        control.setParent(&parent);
+    }
+    static QPalette PaletteOf(const char* name)
+    {
+        return WidgetOf(QStringLiteral("Own.") + QLatin1String(name)).palette();
+    }
+    static QRgb Shown(const char* name, QPalette::ColorRole role)
+    {
+        return PaletteOf(name).color(role).rgb();
+    }
+    static QRgb Desktop(QPalette::ColorRole role) { return QApplication::palette().color(role).rgb(); }
+
+    Forms::TForm mForm;
+    Extctrls::TPanel mPanel{&mForm};
+    Extctrls::TPanel mInner{&mForm};
+    Stdctrls::TEdit mField{&mForm};
+    Stdctrls::TCheckBox mBox{&mForm};
+    Stdctrls::TButton mFirst{&mForm};
+    Stdctrls::TButton mSecond{&mForm};
+};
+
+TEST_F(QtOwnColorsTest, ShareThePaletteOfTheDesktop)
+{
+    // What a style has painted for one button serves the others.
+    EXPECT_EQ(PaletteOf("First").cacheKey(), PaletteOf("Second").cacheKey());
+    EXPECT_EQ(PaletteOf("First").cacheKey(), QApplication::palette("QPushButton").cacheKey());
+    EXPECT_EQ(Shown("Field", QPalette::Base), Desktop(QPalette::Base));
+}
+
+TEST_F(QtOwnColorsTest, GoAlongOnlyWhereTheyTakeTheColorOfTheirParent)
+{
+    const QRgb base = Desktop(QPalette::Base);
+    const QRgb face = Desktop(QPalette::Window);
+    const QRgb green = QColor(0, 128, 0).rgb();
+    for (Controls::TWinControl* const around :
+         {static_cast<Controls::TWinControl*>(&mPanel), static_cast<Controls::TWinControl*>(&mForm)}) {
+        around->setColor(Graphics::clGreen);
+        for (const char* const name : {"Area", "Inner", "Box"}) {
+            EXPECT_EQ(Shown(name, QPalette::Window), green) << name;
+        }
+        EXPECT_EQ(Shown("Field", QPalette::Base), base);
+        around->setColor(Graphics::clBtnFace);
+        for (const char* const name : {"Area", "Inner", "Box"}) {
+            EXPECT_EQ(Shown(name, QPalette::Window), face) << name;
+        }
+        EXPECT_EQ(Shown("Field", QPalette::Base), base);
+        mPanel.setParentColor(true);
+    }
+}
+
+TEST_F(QtOwnColorsTest, StayWhenTheDesktopLeavesThem)
+{
+    const QRgb base = Desktop(QPalette::Base);
+    const QRgb face = Desktop(QPalette::Window);
+    mField.setColor(Graphics::PixelToColor(base));
+    mPanel.setColor(Graphics::PixelToColor(face));
+    const CPalette changed(QPalette(QColor(40, 42, 44)));
+    Forms::Application->ProcessMessages();
+    EXPECT_EQ(Shown("Field", QPalette::Base), base);
+    EXPECT_EQ(Shown("Area", QPalette::Window), face);
+    EXPECT_EQ(Shown("Box", QPalette::Window), face);
+    EXPECT_EQ(WidgetOf(QStringLiteral("Own")).palette().color(QPalette::Window), QColor(40, 42, 44));
 }
 
 } // namespace
