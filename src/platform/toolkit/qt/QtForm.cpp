@@ -5,7 +5,7 @@
 #include "platform/toolkit/qt/QtConvert.h"
 #include "platform/toolkit/qt/QtDisplay.h"
 #include "platform/toolkit/qt/QtMenuBar.h"
-#include "platform/toolkit/qt/QtPictures.h"
+#include "platform/toolkit/qt/painting/QtPictures.h"
 
 #include <QGuiApplication>
 #include <QPixmap>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/internal/ToolkitPlugin.h"
 #include "platform/toolkit/qt/QtDisplay.h"
-#include "platform/toolkit/qt/QtPictures.h"
 #include "platform/toolkit/qt/QtToolkit.h"
+#include "platform/toolkit/qt/painting/QtPictures.h"
 
 // What the library looks for in the plug-in.
 

@@ -4,10 +4,10 @@
 #include "platform/host/Host_Path.h"
 #include "platform/toolkit/qt/QtAccessible.h"
 #include "platform/toolkit/qt/QtConvert.h"
-#include "platform/toolkit/qt/QtFonts.h"
 #include "platform/toolkit/qt/QtKeys.h"
-#include "platform/toolkit/qt/QtPainterDevice.h"
-#include "platform/toolkit/qt/QtPictures.h"
+#include "platform/toolkit/qt/painting/QtFonts.h"
+#include "platform/toolkit/qt/painting/QtPainterDevice.h"
+#include "platform/toolkit/qt/painting/QtPictures.h"
 
 #include <QCoreApplication>
 #include <QDropEvent>

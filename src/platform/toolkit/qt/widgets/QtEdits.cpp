@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/toolkit/qt/QtEdits.h"
+#include "platform/toolkit/qt/widgets/QtEdits.h"
 
 #include "platform/toolkit/qt/QtConvert.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "platform/toolkit/qt/QtRichEdit.h"
+#include "platform/toolkit/qt/widgets/QtRichEdit.h"
 
 #include "platform/toolkit/qt/QtConvert.h"
-#include "platform/toolkit/qt/QtFonts.h"
+#include "platform/toolkit/qt/painting/QtFonts.h"
 
 #include <QTextBlock>
 #include <QTextEdit>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/toolkit/qt/QtFonts.h"
+#include "platform/toolkit/qt/painting/QtFonts.h"
 
 #include "platform/toolkit/qt/QtConvert.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "platform/toolkit/qt/QtPictures.h"
+#include "platform/toolkit/qt/painting/QtPictures.h"
 
 #include "platform/toolkit/internal/PictureNames.h"
 #include "platform/toolkit/qt/QtConvert.h"
-#include "platform/toolkit/qt/QtPaintDevice.h"
+#include "platform/toolkit/qt/painting/QtPaintDevice.h"
 
 #include <QBuffer>
 #include <QImageReader>

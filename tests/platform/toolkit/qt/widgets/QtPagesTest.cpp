@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/toolkit/qt/QtPages.h"
+#include "platform/toolkit/qt/widgets/QtPages.h"
 
 #include "platform/toolkit/Pixels.h"
 #include "platform/toolkit/qt/WindowLog.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "platform/toolkit/qt/QtPaintDevice.h"
+#include "platform/toolkit/qt/painting/QtPaintDevice.h"
 
 #include "platform/toolkit/qt/QtConvert.h"
-#include "platform/toolkit/qt/QtTexts.h"
+#include "platform/toolkit/qt/painting/QtTexts.h"
 
 namespace Toolkits
 {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/toolkit/qt/QtPainterDevice.h"
+#include "platform/toolkit/qt/painting/QtPainterDevice.h"
 
 #include <algorithm>
 #include <array>

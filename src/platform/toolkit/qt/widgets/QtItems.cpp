@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/toolkit/qt/QtItems.h"
+#include "platform/toolkit/qt/widgets/QtItems.h"
 
 #include "platform/toolkit/qt/QtConvert.h"
 #include "platform/toolkit/qt/QtWindow.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/toolkit/qt/QtButtons.h"
+#include "platform/toolkit/qt/widgets/QtButtons.h"
 
 #include "platform/toolkit/qt/QtConvert.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "platform/toolkit/qt/QtTexts.h"
+#include "platform/toolkit/qt/painting/QtTexts.h"
 
 #include "platform/toolkit/qt/QtConvert.h"
-#include "platform/toolkit/qt/QtFonts.h"
+#include "platform/toolkit/qt/painting/QtFonts.h"
 
 #include <QFontMetrics>
 

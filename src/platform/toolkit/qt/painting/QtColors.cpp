@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/toolkit/qt/QtColors.h"
+#include "platform/toolkit/qt/painting/QtColors.h"
 
 #include <QColor>
 #include <QGuiApplication>

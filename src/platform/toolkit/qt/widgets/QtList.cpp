@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "platform/toolkit/qt/QtList.h"
+#include "platform/toolkit/qt/widgets/QtList.h"
 
 #include "platform/toolkit/qt/QtConvert.h"
-#include "platform/toolkit/qt/QtItems.h"
+#include "platform/toolkit/qt/widgets/QtItems.h"
 
 #include <QCoreApplication>
 #include <QHelpEvent>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/toolkit/qt/QtEdits.h"
+#include "platform/toolkit/qt/widgets/QtEdits.h"
 
 class QTextCursor;
 class QTextEdit;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/toolkit/qt/QtProgress.h"
+#include "platform/toolkit/qt/widgets/QtProgress.h"
 
 #include "platform/toolkit/qt/WindowLog.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/toolkit/qt/QtRichEdit.h"
+#include "platform/toolkit/qt/widgets/QtRichEdit.h"
 
 #include "platform/toolkit/qt/WindowLog.h"
 #include "platform/visual/Forms.h"

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "platform/toolkit/qt/QtPages.h"
+#include "platform/toolkit/qt/widgets/QtPages.h"
 
 #include "platform/toolkit/Pixels.h"
 #include "platform/toolkit/qt/QtConvert.h"
-#include "platform/toolkit/qt/QtPaintDevice.h"
+#include "platform/toolkit/qt/painting/QtPaintDevice.h"
 
 #include <QPainter>
 #include <QProxyStyle>

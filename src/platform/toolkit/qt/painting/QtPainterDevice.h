@@ -3,8 +3,8 @@
 
 #include "platform/toolkit/headless/internal/PixelDevice.h"
 #include "platform/toolkit/headless/internal/Shapes.h"
-#include "platform/toolkit/qt/QtScale.h"
-#include "platform/toolkit/qt/QtTexts.h"
+#include "platform/toolkit/qt/painting/QtScale.h"
+#include "platform/toolkit/qt/painting/QtTexts.h"
 
 #include <QImage>
 

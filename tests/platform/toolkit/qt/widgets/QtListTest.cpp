@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/toolkit/qt/QtList.h"
+#include "platform/toolkit/qt/widgets/QtList.h"
 
 #include "platform/toolkit/qt/WindowLog.h"
 
