@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/profile/internal/Host_ProfileImage.h"
 
-#include "platform/host/Host_Path.h"
 #include "platform/host/internal/Host_PathCall.h"
+#include "platform/host/internal/Host_ShellFile.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <functional>
-
-#include <climits>
-#include <unistd.h>
 
 namespace Host
 {
@@ -23,22 +20,6 @@ using System::UnicodeString;
 std::size_t HashOf(std::string_view bytes)
 {
     return std::hash<std::string_view>()(bytes);
-}
-
-/// Empty, with the last error, if there is no such path.
-std::string AbsolutePath(const UnicodeString& file)
-{
-    std::string path = Sysutils::HostPath(file);
-    if (path.empty() || path.starts_with('/')) {
-        return path;
-    }
-    std::string folder(PATH_MAX, '\0');
-    if (getcwd(folder.data(), folder.size()) == nullptr) {
-        FailErrno();
-        return {};
-    }
-    folder.resize(folder.find('\0'));
-    return folder.append("/").append(path);
 }
 
 /// Without links as far as the path exists, so that all names of one file come out alike.
@@ -325,13 +306,13 @@ std::shared_ptr<ProfileImage> FindImage(const UnicodeString& file)
     if (auto image = Images::Instance().FindLast(file)) {
         return image;
     }
-    const std::string path = AbsolutePath(file);
+    const std::string path = AbsolutePath(file, {});
     return path.empty() ? nullptr : Images::Instance().Find(file, path);
 }
 
 std::shared_ptr<ProfileImage> BeginBundle(const UnicodeString& file)
 {
-    const std::string path = AbsolutePath(file);
+    const std::string path = AbsolutePath(file, {});
     return path.empty() ? nullptr : Images::Instance().Begin(path);
 }
 
