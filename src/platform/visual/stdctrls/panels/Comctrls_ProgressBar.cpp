@@ -164,15 +164,7 @@ void TProgressBar::Loaded()
 void TProgressBar::UpdateMarquee()
 {
     const bool isMoving = mStyle == pbstMarquee && getShowing() && !IsDesigning();
-    if (mTimer == nullptr) {
-        if (!isMoving) {
-            return;
-        }
-        mTimer = System::MakeOwner<Extctrls::TTimer>();
-        mTimer->setOnTimer({this, &TProgressBar::MarqueeTick});
-    }
-    mTimer->setInterval(mMarqueeInterval);
-    mTimer->setEnabled(isMoving);
+    Extctrls::TickWhile(isMoving, mTimer, mMarqueeInterval, {this, &TProgressBar::MarqueeTick});
 }
 
 void TProgressBar::MarqueeTick(System::TObject*)

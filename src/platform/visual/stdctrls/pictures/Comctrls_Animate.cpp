@@ -234,17 +234,8 @@ void TAnimate::Seek(int frame)
 void TAnimate::UpdateTimer()
 {
     const bool isMoving = mActive && getShowing() && mFile != nullptr && !IsDesigning();
-    if (mTimer == nullptr) {
-        if (!isMoving) {
-            return;
-        }
-        mTimer = System::MakeOwner<Extctrls::TTimer>();
-        mTimer->setOnTimer({this, &TAnimate::Tick});
-    }
-    if (isMoving) {
-        mTimer->setInterval(mFile->getMilliseconds());
-    }
-    mTimer->setEnabled(isMoving);
+    Extctrls::TickWhile(isMoving, mTimer, mFile == nullptr ? 0 : mFile->getMilliseconds(),
+                        {this, &TAnimate::Tick});
 }
 
 void TAnimate::Tick(System::TObject*)
