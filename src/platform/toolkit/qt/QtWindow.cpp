@@ -268,8 +268,9 @@ void CQtWindow::KeepInnerColors()
                              [](const CQtWindow* inner) { return !inner->mHasColors; });
     };
     collect(*this);
-    for (std::size_t i = 0; i < takers.size(); ++i) {
-        collect(*takers[i]);
+    std::size_t next = 0;
+    while (next < takers.size()) {
+        collect(*takers[next++]);
     }
     // The innermost first: then those around hand nothing down.
     std::for_each(takers.rbegin(), takers.rend(), [](CQtWindow* taker) {

@@ -181,7 +181,7 @@ public:
     /// Has the control painted soon.
     virtual void Invalidate();
     /// Paints at once what is to be painted.
-    virtual void Update();
+    virtual void Update(); // NOLINT(bugprone-virtual-near-miss): no form of TComponent::Updated
     virtual void Repaint();
     void Refresh() { Repaint(); }
 
