@@ -1,16 +1,17 @@
 # One CTest entry, LABEL.SUITE, for each test suite of a program: a process for each single test takes longer to
 # start, under the sanitizers, than the tests do.
 #
-#   discover_suites(TARGET LABEL [SUITES REGEX] [ENVIRONMENT VARIABLE=VALUE...])
+#   discover_suites(TARGET LABEL [SUITES REGEX] [LAUNCHER SCRIPT] [ENVIRONMENT VARIABLE=VALUE...])
 #
-# The program is asked for its suites when CTest starts, so that none is left out; REGEX picks some of them. Without an
-# environment they show nothing on a display that is there.
+# The program is asked for its suites when CTest starts, so that none is left out; REGEX picks some of them. SCRIPT runs
+# the program and its arguments, or ends with 77 where it can't. Without an environment they show nothing on a display
+# that is there.
 
 if(NOT CMAKE_SCRIPT_MODE_FILE AND COMMAND add_library)
     set(DISCOVER_SUITES_SCRIPT ${CMAKE_CURRENT_LIST_FILE})
 
     function(discover_suites target label)
-        cmake_parse_arguments(PARSE_ARGV 2 suites "" "SUITES" "ENVIRONMENT")
+        cmake_parse_arguments(PARSE_ARGV 2 suites "" "SUITES;LAUNCHER" "ENVIRONMENT")
         if(NOT suites_ENVIRONMENT)
             set(suites_ENVIRONMENT TRS8_BTL_TOOLKIT=headless)
         endif()
@@ -19,6 +20,7 @@ if(NOT CMAKE_SCRIPT_MODE_FILE AND COMMAND add_library)
 "set(program [==[$<TARGET_FILE:${target}>]==])
 set(label [==[${label}]==])
 set(wanted [==[${suites_SUITES}]==])
+set(launcher [==[${suites_LAUNCHER}]==])
 set(environment [==[${suites_ENVIRONMENT}]==])
 include([==[${DISCOVER_SUITES_SCRIPT}]==])
 ")
@@ -54,6 +56,7 @@ if(NOT suites)
     message(FATAL_ERROR "${program} has no tests")
 endif()
 foreach(suite IN LISTS suites)
-    add_test(${label}.${suite} ${program} --gtest_filter=${suite}.* --gtest_shuffle)
-    set_tests_properties(${label}.${suite} PROPERTIES LABELS ${label} TIMEOUT 120 ENVIRONMENT "${environment}")
+    add_test(${label}.${suite} ${launcher} ${program} --gtest_filter=${suite}.* --gtest_shuffle)
+    set_tests_properties(${label}.${suite} PROPERTIES LABELS ${label} TIMEOUT 120 SKIP_RETURN_CODE 77
+                                                      ENVIRONMENT "${environment}")
 endforeach()

@@ -29,7 +29,9 @@ public:
         if (ScriptedScreen::IsWanted()) {
             // The former one goes aside first, so that the screen is chosen by the variable.
             mFormer = Toolkits::ExchangeToolkit(nullptr);
-            Toolkits::ExchangeToolkit(std::make_unique<ScriptedScreen>(std::move(toolkit)));
+            auto screen = std::make_unique<ScriptedScreen>(std::move(toolkit));
+            mScreen = screen.get();
+            Toolkits::ExchangeToolkit(std::move(screen));
         } else {
             mFormer = Toolkits::ExchangeToolkit(std::move(toolkit));
         }
@@ -56,25 +58,17 @@ public:
     }
     /// Chooses in the next menu that is opened.
     void AnswerMenu(const System::UnicodeString& path) { mToolkit->AnswerMenu(path); }
-    /// Timers go by a clock that stands still, but for `AdvanceClock` and where nothing else is waited for.
-    /// On a screen the time really passes.
-    void UseVirtualClock() { mToolkit->UseVirtualClock(); }
-    void AdvanceClock(unsigned milliseconds)
+    /// Timers that start from here on go by a clock that stands still, but for `AdvanceClock` and where
+    /// nothing else is waited for.
+    void UseVirtualClock()
     {
-        if (!ScriptedScreen::IsWanted()) {
-            mToolkit->AdvanceClock(milliseconds);
-            return;
+        if (mScreen != nullptr) {
+            mScreen->UseVirtualClock();
+        } else {
+            mToolkit->UseVirtualClock();
         }
-        Toolkits::Toolkit& screen = Toolkits::CurrentToolkit();
-        bool isOver = false;
-        const auto timer = screen.StartTimer(milliseconds, [&isOver] { isOver = true; });
-        while (!isOver) {
-            if (!screen.ProcessMessage()) {
-                screen.WaitMessage();
-            }
-        }
-        screen.StopTimer(timer);
     }
+    void AdvanceClock(unsigned milliseconds) { mToolkit->AdvanceClock(milliseconds); }
     /// The cursor over all windows.
     int getCursor() const { return mToolkit->getCursor(); }
 
@@ -83,6 +77,8 @@ public:
 
 private:
     Toolkits::HeadlessToolkit* mToolkit;
+    /// Null without windows.
+    ScriptedScreen* mScreen = nullptr;
     std::unique_ptr<Toolkits::Toolkit> mFormer;
 };
 

@@ -13,7 +13,8 @@
 namespace Support
 {
 
-/// A toolkit with windows of which boxes, menus and modal forms are answered by the script of another one.
+/// A toolkit with windows of which boxes, menus and modal forms are answered by the script of another one,
+/// whose clock it has if that is asked for.
 class ScriptedScreen final : public Toolkits::Toolkit
 {
 public:
@@ -32,6 +33,13 @@ public:
         if (mScreen->GetInputPlayer() == nullptr) {
             throw std::runtime_error("There is no toolkit with windows.");
         }
+    }
+
+    /// Timers that start from here on go by the clock of the script.
+    void UseVirtualClock()
+    {
+        mScript->UseVirtualClock();
+        mIsClockVirtual = true;
     }
 
     int ShowBox(const Toolkits::TBox& box) override { return mScript->ShowBox(box); }
@@ -71,9 +79,15 @@ public:
     }
     Toolkits::TTimerId StartTimer(unsigned milliseconds, std::function<void()> tick) override
     {
-        return mScreen->StartTimer(milliseconds, std::move(tick));
+        Toolkits::Toolkit& clock = mIsClockVirtual ? static_cast<Toolkits::Toolkit&>(*mScript) : *mScreen;
+        return clock.StartTimer(milliseconds, std::move(tick));
     }
-    void StopTimer(Toolkits::TTimerId timer) override { mScreen->StopTimer(timer); }
+    void StopTimer(Toolkits::TTimerId timer) override
+    {
+        // One of the two doesn't know it.
+        mScript->StopTimer(timer);
+        mScreen->StopTimer(timer);
+    }
     Toolkits::TTextMetrics FontMetrics(const Toolkits::TFontData& font) const override
     {
         return mScreen->FontMetrics(font);
@@ -109,12 +123,25 @@ public:
     {
         mScreen->PostInput(window, std::move(input));
     }
-    void WaitMessage() override { mScreen->WaitMessage(); }
+    void WaitMessage() override
+    {
+        if (!mIsClockVirtual) {
+            mScreen->WaitMessage();
+            return;
+        }
+        // What the clock has to come may be all that is waited for.
+        constexpr unsigned step = 10;
+        const Toolkits::TTimerId waker = mScreen->StartTimer(step, [] {});
+        mScreen->WaitMessage();
+        mScreen->StopTimer(waker);
+        mScript->AdvanceClock(step);
+    }
     Toolkits::InputPlayer* GetInputPlayer() override { return mScreen->GetInputPlayer(); }
 
 private:
     std::unique_ptr<Toolkits::HeadlessToolkit> mScript;
     std::unique_ptr<Toolkits::Toolkit> mScreen;
+    bool mIsClockVirtual = false;
 };
 
 } // namespace Support

@@ -13,6 +13,7 @@
 #include "platform/visual/data/sets/Db_MemoryDataSet.h"
 #include "platform/visual/graphics/Graphics_Font.h"
 #include "support/ScriptedBoxes.h"
+#include "support/ShowPainted.h"
 #include "testing/FormDriver.h"
 
 #include <gtest/gtest.h>
@@ -45,7 +46,7 @@ protected:
         mGrid->setParent(&mForm);
         mGrid->SetBounds(0, 0, 300, 200);
         mGrid->setDataSource(mSource);
-        mForm.Show();
+        EXPECT_TRUE(Support::ShowPainted(mForm));
     }
 
     /// What is drawn in the cells, row by row.

@@ -7,6 +7,7 @@
 #include "platform/visual/Forms.h"
 #include "platform/visual/controls/ProbeControl.h"
 #include "platform/visual/menus/Menus.h"
+#include "support/ShowPainted.h"
 #include "testing/FormDriver.h"
 
 #include <gtest/gtest.h>
@@ -111,15 +112,15 @@ TEST_F(FormTest, FillsTheScreenAndComesBack)
             form.setWindowState(Forms::wsMaximized);
             EXPECT_EQ(form.getBoundsRect(), usual) << "it isn't shown yet";
         }
-        form.Show();
+        EXPECT_TRUE(Support::ShowPainted(form));
         form.setWindowState(Forms::wsMaximized);
-        Forms::Application->ProcessMessages();
-        EXPECT_GE(form.getClientWidth(), desktop.Width() / 2);
-        EXPECT_LE(form.getLeft(), 0);
+        EXPECT_TRUE(Support::RunUntil([&] {
+            return form.getClientWidth() >= desktop.Width() / 2 && form.getLeft() <= 0;
+        })) << form.getLeft()
+            << ' ' << form.getClientWidth();
         EXPECT_EQ(form.getWindowState(), Forms::wsMaximized);
         form.setWindowState(Forms::wsNormal);
-        Forms::Application->ProcessMessages();
-        EXPECT_EQ(form.getBoundsRect(), usual);
+        EXPECT_TRUE(Support::RunUntil([&] { return form.getBoundsRect() == usual; }));
         form.setWindowState(Forms::wsMinimized);
         Forms::Application->ProcessMessages();
         EXPECT_EQ(form.getWindowState(), Forms::wsMinimized);
@@ -134,8 +135,7 @@ TEST_F(FormTest, MayGoWhereItsStateIsShown)
     form->setWindowState(Forms::wsMaximized);
     form->OnResize = [&](TObject*) { delete std::exchange(form, nullptr); };
     form->Show();
-    Forms::Application->ProcessMessages();
-    EXPECT_EQ(form, nullptr);
+    EXPECT_TRUE(Support::RunUntil([&] { return form == nullptr; }));
 }
 
 TEST_F(FormTest, OfOneWindowOnlyInputAndPaintRun)
@@ -143,9 +143,8 @@ TEST_F(FormTest, OfOneWindowOnlyInputAndPaintRun)
     Toolkits::Toolkit& toolkit = Toolkits::CurrentToolkit();
     TForm form;
     auto* const other = new TForm(&form);
-    form.Show();
-    other->Show();
-    Forms::Application->ProcessMessages();
+    EXPECT_TRUE(Support::ShowPainted(form));
+    EXPECT_TRUE(Support::ShowPainted(*other));
     std::string log;
     toolkit.Post([&] { log += "posted "; });
     toolkit.PostInput(*other->GetWindow(), [&] { log += "other "; });

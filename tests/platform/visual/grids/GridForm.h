@@ -4,6 +4,7 @@
 #include "platform/visual/Forms.h"
 #include "platform/visual/Grids.h"
 #include "support/ScriptedBoxes.h"
+#include "support/ShowPainted.h"
 #include "testing/FormDriver.h"
 
 #include <gtest/gtest.h>
@@ -28,7 +29,7 @@ protected:
         mGrid->setColCount(10);
         mGrid->setRowCount(20);
         mGrid->setParent(&mForm);
-        mForm.Show();
+        EXPECT_TRUE(ShowPainted(mForm));
     }
 
     void AddOption(Grids::TGridOption option) { mGrid->setOptions(mGrid->getOptions() + Of(option)); }

@@ -299,7 +299,10 @@ TEST(GraphicsMetafileReaderTest, DrawsTextsOfTheEnhancedType)
     const std::string turned = Drawing(EnhancedFile(
         {EnhancedRecord(82, font), EnhancedRecord(37, Longs({1})), EnhancedRecord(22, Longs({24})),
          EnhancedRecord(18, Longs({1})), WideText(30, 40, u"ab")}));
-    const int ascent = Toolkits::CurrentToolkit().FontMetrics({.name = u"Arial", .height = -20}).ascent;
+    const int ascent =
+        Toolkits::CurrentToolkit()
+            .FontMetrics({.name = u"Arial", .height = -20, .styles = {Graphics::fsBold, Graphics::fsItalic}})
+            .ascent;
     EXPECT_EQ(turned, "text " + std::to_string(30 - ascent) +
                           ",40 \"ab\" font Arial -20 bold italic turned 900 color #000000\n");
 }
