@@ -15,6 +15,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDoubleValidator>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -232,6 +233,11 @@ void ScrollTable(benchmark::State& state)
     QTableView view;
     view.setModel(&numbers);
     view.resize(ViewSize);
+    // As many cells as the grid shows.
+    for (QHeaderView* const header : {view.horizontalHeader(), view.verticalHeader()}) {
+        header->setMinimumSectionSize(1);
+        header->setDefaultSectionSize(header->orientation() == Qt::Horizontal ? 65 : 21);
+    }
     view.show();
     QCoreApplication::processEvents();
     for (auto _ : state) {

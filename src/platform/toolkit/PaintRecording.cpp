@@ -45,13 +45,15 @@ public:
     }
     void operator()(const TArcRecord& call)
     {
-        mDevice.Arc(call.kind, Mapped(call.rect), Mapped(call.from), Mapped(call.to), Mapped(call.pen),
-                    call.brush);
+        // What ran counterclockwise runs clockwise in a mirror.
+        const bool isMirrored = (mTo.Width() < 0) != (mTo.Height() < 0);
+        mDevice.Arc(call.kind, Mapped(call.rect), Mapped(isMirrored ? call.to : call.from),
+                    Mapped(isMirrored ? call.from : call.to), Mapped(call.pen), call.brush);
     }
     void operator()(const TTextRecord& call)
     {
         TFontData font = call.font;
-        font.height = Down(font.height);
+        font.height = FontHeight(font.height);
         TTextOptions options = call.options;
         TRect clip;
         if (call.clip) {
@@ -79,6 +81,12 @@ private:
     }
     int Across(int distance) const { return Scaled(distance, mFrom.Width(), mTo.Width()); }
     int Down(int distance) const { return Scaled(distance, mFrom.Height(), mTo.Height()); }
+    /// Its sign tells what is measured, and none would be the height that is usual.
+    int FontHeight(int height) const
+    {
+        const int pixels = std::max(1, std::abs(Down(height)));
+        return height == 0 ? 0 : height < 0 ? -pixels : pixels;
+    }
 
     // The origin was moved already, to the corner of the target.
     TPoint Mapped(const TPoint& point) const { return {.X = Across(point.X), .Y = Down(point.Y)}; }

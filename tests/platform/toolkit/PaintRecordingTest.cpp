@@ -7,6 +7,7 @@
 
 #include <array>
 #include <limits>
+#include <utility>
 
 namespace
 {
@@ -120,6 +121,37 @@ TEST(PaintRecordingTest, StretchesWhatItPlays)
     PaintRecording nothing;
     recording.Play(nothing, {5, 5, 5, 9}, {0, 0, 9, 9});
     EXPECT_EQ(nothing.Count(), 0U);
+}
+
+TEST(PaintRecordingTest, KeepsTextsInProportionHoweverSmall)
+{
+    PaintRecording recording;
+    for (const int height : {-10, 10, 0}) {
+        recording.Text({0, 0}, u"x", {.name = u"A", .height = height}, {});
+    }
+    PaintRecording small;
+    recording.Play(small, {0, 0, 100, 100}, {0, 0, 4, 4});
+    EXPECT_EQ(small.AsText(), u"push\norigin 0,0\norigin 0,0\n"
+                              u"text 0,0 \"x\" font A -1 color #000000\n"
+                              u"text 0,0 \"x\" font A 1 color #000000\n"
+                              u"text 0,0 \"x\" font A 0 color #000000\npop\n");
+}
+
+TEST(PaintRecordingTest, MirrorsWhatItPlays)
+{
+    PaintRecording recording;
+    recording.Arc(EArc::Pie, {2, 2, 18, 18}, {18, 10}, {10, 2}, {}, {});
+    recording.Text({0, 0}, u"x", {.name = u"A", .height = -10}, {});
+    // What ran counterclockwise from its first place does so from its last one in a mirror.
+    for (const auto& [onto, arc] : {std::pair(TRect{20, 0, 0, 20}, u"pie -2,2,-18,18 from -10,2 to -18,10"),
+                                    {TRect{0, 20, 20, 0}, u"pie 2,-2,18,-18 from 10,-2 to 18,-10"},
+                                    {TRect{20, 20, 0, 0}, u"pie -2,-2,-18,-18 from -18,-10 to -10,-2"}}) {
+        PaintRecording mirrored;
+        recording.Play(mirrored, {0, 0, 20, 20}, onto);
+        const System::UnicodeString text = mirrored.AsText();
+        EXPECT_GT(text.Pos(arc), 0) << System::ToUtf8(text);
+        EXPECT_GT(text.Pos(u"font A -10 "), 0) << System::ToUtf8(text);
+    }
 }
 
 TEST(PaintRecordingTest, LeavesTheDeviceAsItWasHoweverItEnds)

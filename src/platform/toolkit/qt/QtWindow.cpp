@@ -564,6 +564,8 @@ CQtCanvas::CQtCanvas(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings&
     ShowToReaders(Widget(), this);
     Widget().setAttribute(Qt::WA_InputMethodEnabled);
     Widget().setAcceptDrops(true);
+    // It covers all of its part, so that what lies below need not be drawn first.
+    Widget().setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 CQtCanvas::~CQtCanvas()

@@ -54,7 +54,8 @@ TPenData Held(TPenData pen)
 } // namespace
 
 CQtPainterDevice::CQtPainterDevice(QWidget& widget, const TRect& part, TPixel ground)
-    : mScale(ScaleOf(widget, part)),
+    : mPart(part),
+      mScale(ScaleOf(widget, part)),
       mPixels(PixelsFor(mScale, part, ground)),
       mImage(CoveringView(mPixels)),
       mShapes(mPixels, GridOf(mScale)),
@@ -107,16 +108,25 @@ TPenData CQtPainterDevice::Scaled(TPenData pen) const
     return pen;
 }
 
-TBrushData CQtPainterDevice::Scaled(const TBrushData& brush) const
+TBrushData CQtPainterDevice::Scaled(const TBrushData& brush)
 {
     if (!brush.pattern || brush.pattern->IsEmpty() || mScale.IsOne()) {
         return brush;
     }
     const Pixels& pattern = *brush.pattern;
-    auto* const scaled = new Pixels(mScale.Length(pattern.getWidth()), mScale.Length(pattern.getHeight()));
+    const int width = mScale.Length(pattern.getWidth());
+    const int height = mScale.Length(pattern.getHeight());
+    if (!Pixels::IsSize(width, height)) {
+        return brush;
+    }
+    if (brush.pattern != mPattern) {
+        auto* const scaled = new Pixels(width, height);
+        mScaledPattern = TSharedPixels(scaled);
+        CPixelDevice(*scaled).Image(pattern, pattern.Bounds(), scaled->Bounds(), {});
+        mPattern = brush.pattern;
+    }
     TBrushData shown = brush;
-    shown.pattern = TSharedPixels(scaled);
-    CPixelDevice(*scaled).Image(pattern, pattern.Bounds(), scaled->Bounds(), {});
+    shown.pattern = mScaledPattern;
     return shown;
 }
 
@@ -138,11 +148,12 @@ bool CQtPainterDevice::ReadPixels(const TRect& rect, Pixels& pixels) const
         return mShapes.ReadPixels(mScale.Map(all), pixels);
     }
     pixels = Pixels(std::max(0, all.Width()), std::max(0, all.Height()));
-    for (int y = 0; y < pixels.getHeight(); ++y) {
-        for (int x = 0; x < pixels.getWidth(); ++x) {
-            const TPoint from = mScale.Middle({.X = all.Left + x, .Y = all.Top + y});
+    const TRect seen = Intersection(all, mPart);
+    for (int y = seen.Top; y < seen.Bottom; ++y) {
+        for (int x = seen.Left; x < seen.Right; ++x) {
+            const TPoint from = mScale.Middle({.X = x, .Y = y});
             if (mPixels.Contains(from.X, from.Y)) {
-                pixels.At(x, y) = mPixels.At(from.X, from.Y);
+                pixels.At(x - all.Left, y - all.Top) = mPixels.At(from.X, from.Y);
             }
         }
     }

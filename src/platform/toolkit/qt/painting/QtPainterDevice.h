@@ -59,7 +59,7 @@ private:
     Types::TRect Pixel(const Types::TRect& rect) const;
     /// What a pixel of the library covers.
     Types::TRect Cell(int x, int y) const;
-    TBrushData Scaled(const TBrushData& brush) const;
+    TBrushData Scaled(const TBrushData& brush);
     TPenData Scaled(TPenData pen) const;
     void Fill(const Types::TRect& pixels, TPixel color, Graphics::TPenMode mode);
     /// Where the line of a pen runs through for a place of the widget.
@@ -74,6 +74,7 @@ private:
     bool DrawSmooth(const Pixels& image, const Types::TRect& source, const Types::TRect& target,
                     const TImageOptions& options);
 
+    Types::TRect mPart;
     CQtScale mScale;
     Pixels mPixels;
     QImage mImage;
@@ -81,6 +82,9 @@ private:
     /// In the pixels of the widget, as the library counts them.
     CDeviceState mState;
     std::optional<CQtTexts> mTexts;
+    /// The last pattern that was scaled, and what came of it.
+    TSharedPixels mPattern;
+    TSharedPixels mScaledPattern;
 };
 
 } // namespace Toolkits

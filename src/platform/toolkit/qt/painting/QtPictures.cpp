@@ -75,6 +75,9 @@ private:
 Pixels PixelsOf(const QImage& image)
 {
     const QImage rows = image.convertToFormat(QImage::Format_ARGB32);
+    if (rows.isNull() && !image.isNull()) {
+        throw Sysutils::EOutOfMemory(u"There is no memory for the picture");
+    }
     Pixels pixels(rows.width(), rows.height());
     for (int y = 0; y < rows.height(); ++y) {
         std::memcpy(pixels.Row(y).data(), rows.constScanLine(y), pixels.Row(y).size_bytes());

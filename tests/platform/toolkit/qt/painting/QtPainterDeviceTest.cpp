@@ -240,6 +240,8 @@ public:
     }
     /// What is on the screen, in its own pixels.
     QImage Grab() const { return Widget().grab().toImage(); }
+    /// As `Grab`, but all of the form around it.
+    QImage GrabForm() const { return Widget().window()->grab().toImage(); }
     Toolkits::Window& Window() const { return *mShown.window; }
 
 private:
@@ -311,23 +313,35 @@ TEST(QtPainterDeviceTest, TellsWhereItDrawsAndWhatIsThere)
     });
 }
 
+/// Places at the ends of what a number can tell, and what is left is one colour.
+void DrawFarAway(PaintDevice& device)
+{
+    constexpr int huge = 2'147'483'647;
+    const TRect all{-huge - 1, -huge - 1, huge, huge};
+    for (const TPenData& pen : {TPenData{}, {.width = huge}, {.style = psDot}}) {
+        device.Polyline(std::array{TPoint{-huge, -huge}, TPoint{huge, huge}}, pen);
+        device.Rectangle(all, {huge, huge}, pen, Brush(Red));
+        device.Ellipse(all, pen, Brush(Blue));
+        device.Arc(EArc::Pie, all, {huge, 0}, {0, -huge}, pen, Brush(Blue));
+    }
+    device.FocusRect(all);
+    device.Text({-huge, huge}, u"far", {.height = huge}, {});
+    device.Text({-huge, huge}, u"far", {.orientation = 450}, {.isOpaque = true, .clip = &all});
+    device.Image(Picture(), {0, 0, 3, 2}, all, {});
+    device.Image(Picture(), all, {0, 0, 3, 2}, {});
+    device.PushState();
+    device.MoveOrigin(huge, -huge);
+    device.MoveOrigin(huge, -huge);
+    device.IntersectClip(all);
+    device.FillRect(all, Brush(Green));
+    device.PopState();
+    device.FillRect(all, Brush(Green));
+}
+
 TEST(QtPainterDeviceTest, BearsPlacesOfAllKinds)
 {
     CPaintedWindow painted;
-    constexpr int huge = 2'147'483'647;
-    painted.Paint([](PaintDevice& device) {
-        const TRect all{-huge - 1, -huge - 1, huge, huge};
-        for (const TPenData& pen : {TPenData{}, {.width = huge}, {.style = psDot}}) {
-            device.Polyline(std::array{TPoint{-huge, -huge}, TPoint{huge, huge}}, pen);
-            device.Rectangle(all, {huge, huge}, pen, Brush(Red));
-            device.Ellipse(all, pen, Brush(Blue));
-            device.Arc(EArc::Pie, all, {huge, 0}, {0, -huge}, pen, Brush(Blue));
-        }
-        device.FocusRect(all);
-        device.Text({-huge, huge}, u"far", {.height = huge}, {});
-        device.Image(Picture(), {0, 0, 3, 2}, all, {});
-        device.FillRect(all, Brush(Green));
-    });
+    painted.Paint(&DrawFarAway);
     EXPECT_EQ(painted.Grab().pixel(20, 20), Green);
 }
 
@@ -399,6 +413,29 @@ TEST(QtPainterScaleTest, DISABLED_IsSharp)
         }
         EXPECT_TRUE(known == image.width() * image.height() || std::string(name) == "wide") << name;
     }
+    painted.Paint(&DrawFarAway);
+    const QImage far = painted.Grab();
+    EXPECT_EQ(CountOf(far, Green), far.width() * far.height());
+    // Wherever it lies, no pixel at its edges is left to chance.
+    for (const int i : {1, 2}) {
+        const TRect place{3 + i, 4 + i, 45 + 2 * i, 40 + 3 * i};
+        painted.Window().SetBounds(place);
+        painted.Paint(&DrawFarAway);
+        const QImage form = painted.GrabForm();
+        const int green = CountOf(form, Green);
+        EXPECT_EQ(green, (pixel(place.Right) - pixel(place.Left)) * (pixel(place.Bottom) - pixel(place.Top)));
+        EXPECT_EQ(green + CountOf(form, form.pixel(0, 0)), form.width() * form.height());
+    }
+    painted.Window().SetBounds({8, 16, 8 + Area.Right, 16 + Area.Bottom});
+    painted.Paint([](PaintDevice& device) {
+        device.FillRect({3, 4, 9, 10}, Brush(Red));
+        // As many rows as a picture can have, of which few are seen.
+        Pixels read;
+        EXPECT_TRUE(device.ReadPixels({3, -9, 4, 9'000'000}, read));
+        EXPECT_EQ(read.At(0, 9 + 4), Red);
+        EXPECT_EQ(read.At(0, 9 + 10), White);
+        EXPECT_EQ(read.At(0, 0), 0U);
+    });
     // Texts of 8 to 20 points are drawn with the pixels of the screen, in the size that they are measured
     // with.
     painted.Window().SetBounds({8, 16, 208, 66});

@@ -261,6 +261,9 @@ void CMetafileObjects::Put(std::size_t number, TMetafileObject object)
 
 void CMetafileObjects::PutLowest(TMetafileObject object)
 {
+    while (!mFree.empty() && Find(mFree.top()).index() != 0) {
+        mFree.pop();
+    }
     std::size_t number = mObjects.size();
     if (!mFree.empty()) {
         number = mFree.top();

@@ -24,6 +24,11 @@ TMetafilePoint CenterOf(const TRect& box)
 
 void CMetafilePath::MoveTo(const TPoint& point)
 {
+    // A figure that has only begun is left for this one.
+    if (mIsOpen && mFigures.back().points.size() == 1) {
+        mFigures.back().points.front() = point;
+        return;
+    }
     mFigures.push_back({.points = {point}});
     mIsOpen = true;
 }

@@ -100,6 +100,12 @@ void CMetafilePlayer::CountPixels(std::size_t count)
     mPixelCount += count;
 }
 
+void CMetafilePlayer::CountPoints(std::size_t count)
+{
+    constexpr std::size_t pixelsOfAPoint = 16;
+    CountPixels(count * pixelsOfAPoint);
+}
+
 void CMetafilePlayer::IntersectClip(const TRect& rect)
 {
     const TRect pixels = Toolkits::Normalized(rect);

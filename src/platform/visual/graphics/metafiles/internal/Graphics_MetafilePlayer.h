@@ -94,8 +94,7 @@ public:
     void Text(const TMetafileText& text);
     void Image(const Toolkits::Pixels& image, const Types::TRect& source, const Types::TRect& target,
                const Toolkits::TImageOptions& options);
-    /// `EInvalidGraphic` if all images together have more pixels than a picture can. Points of curves count
-    /// too.
+    /// `EInvalidGraphic` if all images together have more pixels than a picture can.
     void CountPixels(std::size_t count);
 
     void BeginPath();
@@ -121,7 +120,13 @@ private:
     void DrawPoints(std::vector<Types::TPoint> pixels, bool isClosed);
     void DrawFigures(const std::vector<TMetafileFigure>& figures, bool isFilled, bool isDrawn);
     std::vector<TMetafilePoint> ArcPoints(const Types::TRect& rect, const Types::TPoint& from,
-                                          const Types::TPoint& to) const;
+                                          const Types::TPoint& to);
+    /// As `CountPixels`, for points of curves, which are more to keep and to draw than pixels.
+    void CountPoints(std::size_t count);
+    /// A part of an ellipse, and curves, as points close to each other. They count, a curve before the next
+    /// one is made: a few bytes of a file become hundreds of points.
+    std::vector<TMetafilePoint> EllipsePoints(const Types::TRect& box, double start, double sweep);
+    std::vector<Types::TPoint> Flattened(const std::vector<Types::TPoint>& points);
     std::vector<TMetafileFigure> FiguresOf(std::span<const Types::TPoint> points,
                                            const std::vector<std::size_t>& counts, bool isClosed) const;
     void DrawOrGather(const std::vector<TMetafileFigure>& figures, bool isFilled);

@@ -161,10 +161,29 @@ void CMetafilePlayer::DrawFigures(const std::vector<TMetafileFigure>& figures, b
     }
 }
 
+std::vector<TPoint> CMetafilePlayer::Flattened(const std::vector<TPoint>& points)
+{
+    constexpr std::size_t step = 3;
+    const std::vector<TPoint> pixels = ToPixels(points);
+    std::vector<TPoint> line;
+    for (std::size_t i = 0; i + step < pixels.size(); i += step) {
+        const std::vector<TPoint> curve = FlattenBezier(std::span(pixels).subspan(i, step + 1));
+        CountPoints(curve.size());
+        line.insert(line.end(), line.empty() ? curve.begin() : std::next(curve.begin()), curve.end());
+    }
+    return line;
+}
+
+std::vector<TMetafilePoint> CMetafilePlayer::EllipsePoints(const TRect& box, double start, double sweep)
+{
+    std::vector<TMetafilePoint> points = EllipsePart(box, start, sweep);
+    CountPoints(points.size());
+    return points;
+}
+
 void CMetafilePlayer::Bezier(const std::vector<TPoint>& points)
 {
-    std::vector<TPoint> line = FlattenBezier(ToPixels(points));
-    CountPixels(line.size());
+    std::vector<TPoint> line = Flattened(points);
     if (!line.empty()) {
         DrawPoints(std::move(line), false);
     }
@@ -177,8 +196,7 @@ void CMetafilePlayer::BezierTo(std::vector<TPoint> points)
     }
     const TPoint last = points.back();
     points.insert(points.begin(), mState.at);
-    const std::vector<TPoint> line = FlattenBezier(ToPixels(points));
-    CountPixels(line.size());
+    const std::vector<TPoint> line = Flattened(points);
     if (mIsPathOpen) {
         mPath.Add(mState.mapping.ToPixel(mState.at), line);
     } else if (!line.empty()) {
@@ -208,12 +226,12 @@ void CMetafilePlayer::Ellipse(const TRect& rect)
     if (IsPlain()) {
         Target().Ellipse(Toolkits::Normalized(mState.mapping.ToPixels(rect)), Pen(), mState.brush);
     } else {
-        DrawPoints(ToPixels(EllipsePart(rect, 0, Around)), true);
+        DrawPoints(ToPixels(EllipsePoints(rect, 0, Around)), true);
     }
 }
 
 std::vector<TMetafilePoint> CMetafilePlayer::ArcPoints(const TRect& rect, const TPoint& from,
-                                                       const TPoint& to) const
+                                                       const TPoint& to)
 {
     const double start = EllipseAngle(rect, from);
     double sweep = EllipseAngle(rect, to) - start;
@@ -222,7 +240,7 @@ std::vector<TMetafilePoint> CMetafilePlayer::ArcPoints(const TRect& rect, const 
     } else {
         sweep += sweep <= 0 ? Around : 0;
     }
-    return EllipsePart(rect, start, sweep);
+    return EllipsePoints(rect, start, sweep);
 }
 
 void CMetafilePlayer::Arc(EArc kind, const TRect& rect, TPoint from, TPoint to)
@@ -259,7 +277,7 @@ void CMetafilePlayer::AngleArc(const TPoint& center, int radius, double start, d
     const TRect box{
         .Left = middle.X - held, .Top = middle.Y - held, .Right = middle.X + held, .Bottom = middle.Y + held};
     std::vector<TPoint> points;
-    std::ranges::transform(EllipsePart(box, start * degree, sweep * degree), std::back_inserter(points),
+    std::ranges::transform(EllipsePoints(box, start * degree, sweep * degree), std::back_inserter(points),
                            Rounded);
     LinesTo(std::move(points));
 }

@@ -256,10 +256,16 @@ void CMetafileWriter::FocusRect(const TRect& rect)
 {
     UseClip();
     const TRect frame = ToPicture(rect);
+    // A side that is there twice would be gone again.
+    const int lowest = std::max(frame.Top + 1, frame.Bottom - 1);
+    const int last = std::max(frame.Left + 1, frame.Right - 1);
+    if (frame.Width() < 1 || frame.Height() < 1) {
+        return;
+    }
     for (const TRect& side : {TRect{frame.Left, frame.Top, frame.Right, frame.Top + 1},
-                              TRect{frame.Left, frame.Bottom - 1, frame.Right, frame.Bottom},
+                              TRect{frame.Left, lowest, frame.Right, frame.Bottom},
                               TRect{frame.Left, frame.Top + 1, frame.Left + 1, frame.Bottom - 1},
-                              TRect{frame.Right - 1, frame.Top + 1, frame.Right, frame.Bottom - 1}}) {
+                              TRect{last, frame.Top + 1, frame.Right, frame.Bottom - 1}}) {
         const TRect seen = Toolkits::Intersection(side, BoundsOf(mSize));
         if (seen != TRect{}) {
             PutImage(DotsOf(seen), seen, static_cast<unsigned>(cmSrcInvert));

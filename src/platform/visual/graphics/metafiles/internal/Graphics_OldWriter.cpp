@@ -203,7 +203,8 @@ void COldWriter::PutPoints(const std::vector<TPoint>& points, bool isClosed)
 {
     // As many as a word can count.
     constexpr std::size_t most = 0x7FFF;
-    for (std::size_t first = 0; first < points.size(); first += most - 1) {
+    // Each record begins with the last point of the one before it.
+    for (std::size_t first = 0; first == 0 || first + 1 < points.size(); first += most - 1) {
         const std::size_t count = std::min(most, points.size() - first);
         CByteWriter words;
         words.Put16(static_cast<unsigned>(count));

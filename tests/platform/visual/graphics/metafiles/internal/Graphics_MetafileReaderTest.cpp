@@ -143,6 +143,10 @@ TEST(GraphicsMetafileReaderTest, DrawsLinesAndShapesOfTheEnhancedType)
           EnhancedRecord(54, Longs({9, 9})), EnhancedRecord(61), EnhancedRecord(54, Longs({5, 5})),
           EnhancedRecord(60), EnhancedRecord(64)},
          "polygon 1,1 9,1 9,9 pen #000000 brush clear\npolyline 9,9 5,5 pen #000000\n"},
+        {"a path that begins more than once",
+         {EnhancedRecord(59), EnhancedRecord(27, Longs({1, 1})), EnhancedRecord(27, Longs({2, 2})),
+          EnhancedRecord(54, Longs({9, 1})), EnhancedRecord(60), EnhancedRecord(64)},
+         "polyline 2,2 9,1 pen #000000\n"},
         {"too few points for a curve", {EnhancedRecord(85, Points16({0, 0, 4, 0}))}, ""},
         {"a path that is left",
          {EnhancedRecord(59), EnhancedRecord(43, Longs({1, 2, 9, 8})), EnhancedRecord(68),
@@ -439,7 +443,13 @@ TEST(GraphicsMetafileReaderTest, RefusesWhatIsDamagedOrEndless)
     // A bitmap of many millions of pixels, in a few bytes of runs.
     FileBytes bomb;
     bomb.Put32({40, 10'000, 10'000}).Put16({1, 8}).Put32({1, 0, 0, 0, 1, 0}).Put32({0}).Put8({0, 1});
+    // A curve that takes 256 points, for each 12 bytes.
+    FileBytes curves = Longs({0, 0, 99, 49, 3 * 60'000 + 1});
+    for (int i = 0; i <= 3 * 60'000; ++i) {
+        curves.Put16({i % 2 == 0 ? 0U : 30'000U, 0});
+    }
     const std::pair<const char*, TBytes> cases[] = {
+        {"curves without end", EnhancedFile({EnhancedRecord(85, curves)})},
         {"saved too deep", EnhancedFile(saves)},
         {"no end", cut(EnhancedFile({EnhancedRecord(43, Longs({1, 2, 9, 8}))}), 20)},
         {"no end of the older type", cut(PlaceableFile({OldRecord(0x041B, Words({100, 200, 10, 20}))}), 6)},

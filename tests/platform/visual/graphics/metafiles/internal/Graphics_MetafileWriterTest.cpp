@@ -58,6 +58,9 @@ const TCase Cases[] = {
          device.Rectangle({1, 20, 20, 34}, {6, 8}, Pen, {.style = bsClear});
          device.FillRect({22, 2, 30, 12}, Brush);
          device.FocusRect({22, 20, 30, 34});
+         device.FocusRect({22, 14, 30, 15});
+         device.FocusRect({32, 14, 33, 30});
+         device.FocusRect({34, 14, 34, 30});
      }},
     {"ellipse and arcs",
      [](PaintDevice& device) {
