@@ -6,8 +6,8 @@
 //
 //     const QString title = Interop::ToQString(form.getCaption());
 //     const System::UnicodeString name = Interop::FromQString(edit->text());
-//     Interop::CDeviceStream stream(socket);                      // a stream of the library on a device of
-//     Qt's Interop::CStreamDevice device(file);                        // and the other way round
+//     Interop::CDeviceStream stream(socket);                      // a stream on a device of Qt's
+//     Interop::CStreamDevice device(file);                        // and the other way round
 //     layout->addWidget(new Interop::CFormHost(form));            // a form within a window of Qt's
 
 #include "interop/QtDevices.h"

@@ -75,12 +75,17 @@ public:
                                                            : mDevice->size();
         qint64 target = 0;
         const bool isFar = __builtin_add_overflow(from, qint64{offset}, &target);
+        if (!isFar && target == mDevice->pos() && mDevice->isOpen()) {
+            // Whoever only asks where it is leaves the device what it has read ahead.
+            return target;
+        }
         return !isFar && target >= 0 && mDevice->seek(target) ? target : -1;
     }
 
     System::Int64 getSize() const override { return mDevice->isSequential() ? -1 : mDevice->size(); }
 
-    /// Files and buffers can be resized.
+    /// Files and buffers can be resized, if they are open for writing; otherwise `Classes::EStreamError`.
+    /// Nothing happens on any other device.
     void setSize(System::Int64 size) override
     {
         size = std::max(size, System::Int64{0});
@@ -90,6 +95,9 @@ public:
             }
             file->seek(size);
         } else if (auto* const buffer = qobject_cast<QBuffer*>(mDevice)) {
+            if (!buffer->isWritable()) {
+                throw Classes::EStreamError(u"The buffer is not open for writing");
+            }
             buffer->buffer().resize(size);
             buffer->seek(std::min<qint64>(buffer->pos(), size));
         }
@@ -107,8 +115,8 @@ private:
 };
 
 /// A device of Qt's on a stream of the library, open and without a buffer of its own, so that both are at one
-/// place. On a stream that can't seek it is sequential. What the stream raises is told by `errorString`, and
-/// the operation fails.
+/// place while nobody else moves the stream. On a stream that can't seek it is sequential. What the stream
+/// raises is told by `errorString`, and the operation fails.
 ///
 ///     Classes::TMemoryStream memory;
 ///     Interop::CStreamDevice device(memory);
@@ -119,67 +127,88 @@ public:
     /// The stream stays the caller's and outlives the device.
     explicit CStreamDevice(Classes::TStream& stream, OpenMode mode = ReadWrite) : mStream(&stream)
     {
-        Begin(mode);
+        CStreamDevice::open(mode);
     }
     /// Takes the stream, which isn't null.
     explicit CStreamDevice(std::unique_ptr<Classes::TStream> stream, OpenMode mode = ReadWrite)
         : mOwned(std::move(stream)), mStream(mOwned.get())
     {
-        Begin(mode);
+        CStreamDevice::open(mode);
     }
 
     Classes::TStream& getStream() const noexcept { return *mStream; }
 
+    /// Where the stream is; at its end for `Append`, which also has each write there, and with nothing in it
+    /// for `Truncate`. To be called for a device that was closed; any other is open already. False, and not
+    /// open, if the stream refuses that.
+    bool open(OpenMode mode) override
+    {
+        System::Int64 place = 0;
+        const auto begin = [&] {
+            if (mode.testFlag(Truncate)) {
+                mStream->setSize(0);
+            }
+            place = mode.testFlag(Append) ? mStream->Seek(0, Classes::soEnd) : mStream->getPosition();
+            return qint64{0};
+        };
+        if (isOpen() || Try(begin) < 0) {
+            return false;
+        }
+        mIsSequential = place < 0;
+        mIsAtEnd = false;
+        return QIODevice::open(mode | Unbuffered) && (mIsSequential || QIODevice::seek(place));
+    }
     bool isSequential() const override { return mIsSequential; }
-    qint64 size() const override { return mIsSequential ? QIODevice::size() : mStream->getSize(); }
+    /// 0 for a stream that can't tell it.
+    qint64 size() const override
+    {
+        return mIsSequential ? QIODevice::size()
+                             : std::max<qint64>(Try([&] { return mStream->getSize(); }), 0);
+    }
+    /// False, with the device where it was, for a place that the stream can't go to.
     bool seek(qint64 place) override
     {
-        return !mIsSequential && QIODevice::seek(place) &&
-               Try([&] { return mStream->Seek(place, Classes::soBeginning) == place ? 0 : -1; }) == 0;
+        return !mIsSequential && isOpen() && place >= 0 &&
+               Try([&] { return mStream->Seek(place, Classes::soBeginning); }) == place &&
+               QIODevice::seek(place);
     }
     /// Of a sequential stream nobody knows before it is read.
-    bool atEnd() const override { return mIsSequential ? mIsAtEnd : QIODevice::atEnd(); }
+    bool atEnd() const override { return (mIsAtEnd || !mIsSequential) && QIODevice::atEnd(); }
 
 protected:
     qint64 readData(char* data, qint64 count) override
     {
         const qint64 done = Try([&] { return mStream->Read(data, count); });
-        mIsAtEnd = count > 0 && done <= 0;
+        mIsAtEnd = count > 0 ? done <= 0 : mIsAtEnd;
         return mIsAtEnd && mIsSequential ? -1 : done;
     }
     qint64 writeData(const char* data, qint64 count) override
     {
         return Try([&] {
+            if (openMode().testFlag(Append) && !mIsSequential) {
+                QIODevice::seek(mStream->Seek(0, Classes::soEnd));
+            }
             mStream->WriteBuffer(data, count);
-            return qint64{count};
+            return count;
         });
     }
 
 private:
-    void Begin(OpenMode mode)
-    {
-        const System::Int64 place = mStream->getPosition();
-        mIsSequential = place < 0;
-        open(mode | Unbuffered);
-        if (!mIsSequential) {
-            QIODevice::seek(mode.testFlag(Append) ? mStream->Seek(0, Classes::soEnd) : place);
-        }
-    }
-
     /// No exception goes through Qt.
     template <class Action>
-    qint64 Try(Action action)
+    qint64 Try(Action action) const
     {
+        // A fault belongs to what the device tells, also where it is only asked for something.
+        auto* const self = const_cast<CStreamDevice*>(this);
         try {
             return action();
         } catch (const std::exception& fault) {
-            setErrorString(FromStd(fault));
+            self->setErrorString(ToQString(Sysutils::MessageOf(fault)));
         } catch (...) {
-            setErrorString(QStringLiteral("An exception of an unknown kind"));
+            self->setErrorString(QStringLiteral("An exception of an unknown kind"));
         }
         return -1;
     }
-    static QString FromStd(const std::exception& fault) { return ToQString(Sysutils::MessageOf(fault)); }
 
     std::unique_ptr<Classes::TStream> mOwned;
     Classes::TStream* mStream;

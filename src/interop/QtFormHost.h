@@ -4,22 +4,40 @@
 #include "interop/QtValues.h"
 
 #include "platform/runtime/classes/Classes_ComponentLink.h"
+#include "platform/toolkit/Toolkit.h"
 #include "platform/visual/forms/Forms_Form.h"
+#include "platform/visual/forms/Forms_Screen.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QPointer>
 #include <QWidget>
 
+#include <algorithm>
+#include <exception>
+#include <utility>
+
 namespace Interop
 {
 
+/// The widget that stands for a control on the screen, for what only Qt can do; the library still owns and
+/// fills it. Null while the control has no window, or none of Qt's.
+inline QWidget* WidgetOf(const Controls::TWinControl& control)
+{
+    const Toolkits::Window* const window = control.GetWindow();
+    return window == nullptr ? nullptr : static_cast<QWidget*>(window->NativeObject());
+}
+
 /// A form of the library within a window of Qt's. The form has no frame there and is as large as the widget,
-/// whose first size is that of the form. It is shown with the widget for the first time; from then on `Hide`
-/// and `Show` of the form are up to the program. The program's loop may be Qt's: what is posted, timers and
-/// threads are served there too.
+/// below its menu bar if it has a `Menu`; the first size of the widget is that of the form. It is shown with
+/// the widget for the first time; from then on `Hide` and `Show` of the form are up to the program. The
+/// program's loop may be Qt's: what is posted, timers and threads are served there too. While a form of the
+/// library is shown modally, the user is kept from all of the window that the widget is in. What the form's
+/// handlers raise goes to `Forms::Application->OnException`, or is shown in a box.
 ///
 /// The form stays the caller's. Either of the two may be destroyed first: the widget is empty then, or the
-/// form hidden and one of the screen's again. Where the toolkit in use isn't "qt" the widget stays empty.
+/// form hidden and one of the screen's again. A second host takes the form from the first one, which is empty
+/// from then on. Where the toolkit in use isn't "qt" the widget stays empty.
 ///
 ///     QApplication application(argc, argv);
 ///     TMeasureForm form;
@@ -33,35 +51,45 @@ public:
     explicit CFormHost(Forms::TCustomForm& form, QWidget* parent = nullptr)
         : QWidget(parent), mForm(&form), mFirstSize(form.getClientWidth(), form.getClientHeight())
     {
-        form.setHost(this);
+        Guard([&] {
+            if (form.getHost() != nullptr) {
+                form.Hide();
+            }
+            form.setHost(this);
+        });
         resize(mFirstSize);
+        // Of the window that it is in, whichever that comes to be.
+        QCoreApplication::instance()->installEventFilter(this);
     }
     CFormHost(const CFormHost&) = delete;
     CFormHost& operator=(const CFormHost&) = delete;
     ~CFormHost() override
     {
-        if (Forms::TCustomForm* const form = getForm()) {
-            form->Hide();
-        }
-        if (Forms::TCustomForm* const form = getForm()) {
-            form->setHost(nullptr);
-        }
+        WithForm([](Forms::TCustomForm& form) { form.Hide(); });
+        WithForm([](Forms::TCustomForm& form) { form.setHost(nullptr); });
     }
 
-    /// Null once the form is gone.
+    /// Null once the form is gone, or in another host.
     Forms::TCustomForm* getForm() const noexcept
     {
-        return static_cast<Forms::TCustomForm*>(mForm.getComponent());
+        auto* const form = static_cast<Forms::TCustomForm*>(mForm.getComponent());
+        return form != nullptr && form->getHost() == this ? form : nullptr;
     }
 
-    QSize sizeHint() const override { return mFirstSize; }
+    /// That of the form as it was, with its menu bar.
+    QSize sizeHint() const override { return mFirstSize + QSize(0, mBarHeight); }
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (watched == mWindow && event->type() == QEvent::Move) {
+        // Where the form lies on the screen changes with the window that it is in.
+        if (event->type() == QEvent::Move && watched == window()) {
             FollowWidget();
         }
-        return QWidget::eventFilter(watched, event);
+        if (!IsInput(*event) || !IsInWindow(watched) || !IsKeptFromUser()) {
+            return QWidget::eventFilter(watched, event);
+        }
+        event->ignore();
+        return true;
     }
 
 protected:
@@ -74,6 +102,8 @@ protected:
             break;
         case QEvent::Resize:
         case QEvent::Move:
+        // The menu bar of the form has another height.
+        case QEvent::LayoutRequest:
             FollowWidget();
             break;
         default:
@@ -83,44 +113,117 @@ protected:
     }
 
 private:
+    /// No exception goes through Qt.
+    template <class Action>
+    static void Guard(Action action)
+    {
+        try {
+            action();
+        } catch (...) {
+            Toolkits::CurrentToolkit().Post(
+                [fault = std::current_exception()] { std::rethrow_exception(fault); });
+        }
+    }
+    /// Nothing happens without the form.
+    template <class Action>
+    void WithForm(Action action)
+    {
+        if (Forms::TCustomForm* const form = getForm()) {
+            Guard([&] { action(*form); });
+        }
+    }
+
     void Begin()
     {
-        if (mWindow != window()) {
-            // Where the form lies on the screen changes with the window that it is in.
-            if (mWindow != nullptr) {
-                mWindow->removeEventFilter(this);
-            }
-            mWindow = window();
-            mWindow->installEventFilter(this);
-        }
         FollowWidget();
-        Forms::TCustomForm* const form = getForm();
-        if (form != nullptr && !mWasShown) {
-            mWasShown = true;
-            form->Show();
+        if (std::exchange(mWasShown, true)) {
+            return;
+        }
+        const QPointer<CFormHost> self = this;
+        WithForm([](Forms::TCustomForm& form) { form.Show(); });
+        if (self != nullptr) {
+            FollowWidget();
         }
     }
 
     void FollowWidget()
     {
-        if (Forms::TCustomForm* const form = getForm()) {
-            const QPoint place = mapToGlobal(QPoint());
-            form->SetBounds(place.x(), place.y(), width(), height());
+        const QPointer<CFormHost> self = this;
+        WithForm([this](Forms::TCustomForm& form) {
+            const QWidget* const client = WidgetOf(form);
+            const int bar = client != nullptr && isAncestorOf(client) ? client->mapTo(this, QPoint()).y() : 0;
+            FollowBar(bar);
+            const QPoint place = mapToGlobal(QPoint(0, bar));
+            form.SetBounds(place.x(), place.y(), width(), std::max(height() - bar, 0));
+        });
+    }
+
+    void FollowBar(int height)
+    {
+        const QSize former = sizeHint();
+        if (std::exchange(mBarHeight, height) == height) {
+            return;
         }
+        updateGeometry();
+        if (isWindow() && size() == former) {
+            // Nobody else gave it a size.
+            resize(sizeHint());
+        }
+    }
+
+    static bool IsInput(const QEvent& event)
+    {
+        switch (event.type()) {
+        case QEvent::Close:
+            // The program itself may still close it.
+            return event.spontaneous();
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::Shortcut:
+        case QEvent::ShortcutOverride:
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::Wheel:
+        case QEvent::ContextMenu:
+        case QEvent::InputMethod:
+        case QEvent::TouchBegin:
+        case QEvent::TabletPress:
+        case QEvent::DragEnter:
+        case QEvent::Drop:
+            return true;
+        default:
+            return false;
+        }
+    }
+
+    /// Whether it is a widget of the window that this one is in, or belongs to one, as a shortcut does.
+    bool IsInWindow(const QObject* object) const
+    {
+        while (object != nullptr && !object->isWidgetType()) {
+            object = object->parent();
+        }
+        return object != nullptr && static_cast<const QWidget*>(object)->window() == window();
+    }
+
+    /// Whether a form is shown modally that isn't in this window itself.
+    bool IsKeptFromUser() const
+    {
+        for (int i = 0; i < Forms::Screen->getCustomFormCount(); ++i) {
+            const Forms::TCustomForm& form = *Forms::Screen->getCustomForms(i);
+            if (form.getFormState().Contains(Forms::fsModal) && form.getShowing() &&
+                !IsInWindow(static_cast<const QWidget*>(form.getHost()))) {
+                return getForm() != nullptr;
+            }
+        }
+        return false;
     }
 
     Classes::TComponentLink mForm;
     QSize mFirstSize;
-    QPointer<QWidget> mWindow;
+    int mBarHeight = 0;
     bool mWasShown = false;
 };
-
-/// The widget that stands for a control on the screen, for what only Qt can do; the library still owns and
-/// fills it. Null while the control has no window, or none of Qt's.
-inline QWidget* WidgetOf(const Controls::TWinControl& control)
-{
-    const Toolkits::Window* const window = control.GetWindow();
-    return window == nullptr ? nullptr : static_cast<QWidget*>(window->NativeObject());
-}
 
 } // namespace Interop

@@ -4,6 +4,7 @@
 #include "platform/base/Sysutils_Exception.h"
 #include "platform/base/dates/Sysutils_Calendar.h"
 #include "platform/runtime/classes/Classes_StringList.h"
+#include "platform/runtime/classes/Classes_Update.h"
 #include "platform/runtime/variants/System_Variant.h"
 
 #include <QByteArray>
@@ -83,13 +84,12 @@ inline QDateTime ToQDateTime(const System::TDateTime& value)
                       : QDateTime(QDate(year, month, day), QTime(hour, minute, second, milliSecond));
 }
 
-/// The local date and time. `Sysutils::EConvertError` for one that isn't valid, and outside the years 1 to
-/// 9999.
-inline System::TDateTime FromQDateTime(const QDateTime& value)
+namespace Detail
 {
-    const QDateTime local = value.toLocalTime();
-    const QDate date = local.date();
-    const QTime time = local.time();
+
+/// `Sysutils::EConvertError` for parts that aren't valid, and outside the years 1 to 9999.
+inline System::TDateTime FromDateAndTime(const QDate& date, const QTime& time)
+{
     const bool isKnown = date.isValid() && date.year() >= 1 && date.year() <= 9999;
     const auto word = [](int field) { return static_cast<System::Word>(field); };
     System::TDateTime result =
@@ -98,6 +98,16 @@ inline System::TDateTime FromQDateTime(const QDateTime& value)
     Sysutils::ReplaceTime(result, System::TDateTime(word(time.hour()), word(time.minute()),
                                                     word(time.second()), word(time.msec())));
     return result;
+}
+
+} // namespace Detail
+
+/// The local date and time. `Sysutils::EConvertError` for one that isn't valid, and outside the years 1 to
+/// 9999.
+inline System::TDateTime FromQDateTime(const QDateTime& value)
+{
+    const QDateTime local = value.toLocalTime();
+    return Detail::FromDateAndTime(local.date(), local.time());
 }
 
 /// The lines, without their objects.
@@ -114,12 +124,11 @@ inline QStringList ToQStringList(const Classes::TStrings& lines)
 /// Puts the texts in place of the lines.
 inline void AssignQStringList(Classes::TStrings& lines, const QStringList& list)
 {
-    lines.BeginUpdate();
+    const Classes::GUpdateScope<Classes::TStrings> update(lines);
     lines.Clear();
     for (const QString& line : list) {
         lines.Add(FromQString(line));
     }
-    lines.EndUpdate();
 }
 
 namespace Detail
@@ -238,9 +247,10 @@ inline System::Variant FromQVariantAt(const QVariant& value, int depth)
     case QMetaType::QString:
         return FromQString(value.toString());
     case QMetaType::QDate:
-        return FromQDateTime(value.toDate().startOfDay());
+        // Not the start of the local day, which the clocks may leave out.
+        return FromDateAndTime(value.toDate(), QTime(0, 0));
     case QMetaType::QTime:
-        return System::TDateTime(value.toTime().msecsSinceStartOfDay() / 86'400'000.0);
+        return FromDateAndTime(QDate(1899, 12, 30), value.toTime());
     case QMetaType::QDateTime:
         return FromQDateTime(value.toDateTime());
     case QMetaType::QByteArray:
@@ -283,8 +293,9 @@ inline QVariant Detail::ArrayToQVariant(const System::Variant& array, std::vecto
         return ToQByteArray(array.ArrayBytes());
     }
     QVariantList list;
-    for (int i = array.ArrayLowBound(dimension); i <= array.ArrayHighBound(dimension); ++i) {
-        indices.push_back(i);
+    const System::Int64 end = array.ArrayHighBound(dimension);
+    for (System::Int64 i = array.ArrayLowBound(dimension); i <= end; ++i) {
+        indices.push_back(static_cast<int>(i));
         list.append(dimension == count ? ToQVariant(array.GetElementAt(indices))
                                        : ArrayToQVariant(array, indices));
         indices.pop_back();

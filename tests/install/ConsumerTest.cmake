@@ -57,6 +57,18 @@ if(NOT printed STREQUAL "made from a form")
     message(FATAL_ERROR "The program with a form printed '${printed}'")
 endif()
 
+# Windows come from the plug-in alone; without a screen the application is as much of Qt's as with one.
+if(EXISTS "${workFolder}/cmake/bridged" AND
+   (EXISTS "${prefix}/${libFolder}/TRS8_BTL-0.2/libTRS8_BTL_qt.so" OR EXISTS "${prefix}/${libFolder}/libTRS8_BTL_qt.so"))
+    run_step(DESCRIPTION "The program of Qt" OUTPUT printed
+        COMMAND ${CMAKE_COMMAND} -E env TRS8_BTL_TOOLKIT=qt QT_QPA_PLATFORM=offscreen
+            "LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_LIST_DIR}/../support/QtLeaks.txt:print_suppressions=0"
+            "${workFolder}/cmake/bridged")
+    if(NOT printed STREQUAL "12,5 40 300")
+        message(FATAL_ERROR "The program of Qt printed '${printed}'")
+    endif()
+endif()
+
 file(STRINGS "${workFolder}/cmake/ProgramData/IDS/BTL_German.ids" texts REGEX "^200020000=The program")
 if(NOT texts)
     message(FATAL_ERROR "The program lies in a folder without the English language files")

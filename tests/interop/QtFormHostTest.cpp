@@ -2,8 +2,10 @@
 #include "interop/Qt.h"
 
 #include "platform/runtime/classes/Classes_Thread.h"
+#include "platform/toolkit/Dialogs.h"
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/Forms.h"
+#include "platform/visual/menus/Menus.h"
 #include "platform/visual/stdctrls/buttons/Stdctrls_Button.h"
 #include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
 
@@ -12,12 +14,20 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <memory>
+#include <optional>
 #include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace
 {
@@ -62,6 +72,25 @@ bool RunQtUntil(Test isTrue)
     return isTrue();
 }
 
+/// Presses the left button on the widget and lets it go.
+void Click(QWidget& widget)
+{
+    const QPointF place(3, 3);
+    const QPointF global = widget.mapToGlobal(place);
+    for (const auto& [type, buttons] : {std::pair(QEvent::MouseButtonPress, Qt::LeftButton),
+                                        std::pair(QEvent::MouseButtonRelease, Qt::NoButton)}) {
+        QMouseEvent mouse(type, place, global, Qt::LeftButton, buttons, Qt::NoModifier);
+        QApplication::sendEvent(&widget, &mouse);
+    }
+}
+
+/// A key without a modifier that writes `a`.
+void TypeA(QWidget& widget)
+{
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, QStringLiteral("a"));
+    QApplication::sendEvent(&widget, &key);
+}
+
 TEST(QtFormHostTest, TheFormIsAsLargeAsTheWidget)
 {
     TPart form;
@@ -96,8 +125,7 @@ TEST(QtFormHostTest, KeysFocusAndMouseReachTheForm)
     ASSERT_TRUE(RunQtUntil([&] { return window.isActiveWindow() && form.getActive(); }));
     WidgetOf(form.fEdit)->setFocus();
     EXPECT_TRUE(form.fEdit.Focused());
-    QKeyEvent key(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, QStringLiteral("a"));
-    QApplication::sendEvent(WidgetOf(form.fEdit), &key);
+    TypeA(*WidgetOf(form.fEdit));
     EXPECT_EQ(form.fEdit.getText(), u"a");
     own.setFocus();
     EXPECT_FALSE(form.fEdit.Focused());
@@ -130,6 +158,162 @@ TEST(QtFormHostTest, QtsOwnLoopServesWhatThreadsAndTimersDo)
     toolkit.Post([] { throw std::runtime_error("posted"); });
     EXPECT_TRUE(RunQtUntil([&] { return !told.empty(); }));
     EXPECT_EQ(told, "posted");
+    Forms::Application->OnException = {};
+}
+
+TEST(QtFormHostTest, AModalFormKeepsTheUserFromAllOfTheWindow)
+{
+    TPart form;
+    TPart modal;
+    QWidget window;
+    QVBoxLayout layout(&window);
+    QLineEdit own;
+    QPushButton button;
+    layout.addWidget(&own);
+    layout.addWidget(&button);
+    CFormHost host(form);
+    layout.addWidget(&host);
+    int clicks = 0;
+    QObject::connect(&button, &QPushButton::clicked, &button, [&] { ++clicks; });
+    QLineEdit elsewhere;
+    elsewhere.show();
+    window.show();
+    ASSERT_TRUE(RunQtUntil([&] { return form.getShowing(); }));
+    const auto use = [&] {
+        Click(button);
+        TypeA(own);
+        TypeA(elsewhere);
+        return std::pair(clicks, own.text().size());
+    };
+    EXPECT_EQ(use(), std::pair(1, qsizetype{1}));
+
+    std::optional<std::pair<int, qsizetype>> meanwhile;
+    QObject::connect(&button, &QPushButton::pressed, &button, [&] {
+        Toolkits::CurrentToolkit().Post([&] {
+            meanwhile = use();
+            TypeA(*WidgetOf(modal.fEdit));
+            modal.setModalResult(mrOk);
+        });
+        EXPECT_EQ(modal.ShowModal(), mrOk);
+    });
+    button.pressed();
+    EXPECT_EQ(meanwhile, std::pair(1, qsizetype{1}));
+    EXPECT_EQ(modal.fEdit.getText(), u"a");
+    // Windows without a form are not the library's.
+    EXPECT_EQ(elsewhere.text().size(), 2);
+    button.disconnect();
+    QObject::connect(&button, &QPushButton::clicked, &button, [&] { ++clicks; });
+    EXPECT_EQ(use(), std::pair(2, qsizetype{2}));
+}
+
+TEST(QtFormHostTest, AModalFormThatIsHostedItselfIsUsed)
+{
+    TPart form;
+    TPart other;
+    CFormHost host(form);
+    CFormHost behind(other);
+    host.show();
+    behind.show();
+    ASSERT_TRUE(RunQtUntil([&] { return form.getShowing() && other.getShowing(); }));
+    form.Hide();
+    QTimer::singleShot(0, &host, [&] {
+        EXPECT_TRUE(form.getFormState().Contains(Forms::fsModal));
+        Click(*WidgetOf(other.fWide));
+        Click(*WidgetOf(form.fWide));
+        form.setModalResult(mrOk);
+    });
+    EXPECT_EQ(form.ShowModal(), mrOk);
+    EXPECT_EQ(other.clicks, 0);
+    EXPECT_EQ(form.clicks, 1);
+}
+
+class TPartWithMenu : public TPart
+{
+public:
+    TPartWithMenu()
+    {
+        fFile.setCaption(u"&File");
+        fOpen.setCaption(u"&Open");
+        fOpen.OnClick = [this](System::TObject*) { ++chosen; };
+        fFile.Add(&fOpen);
+        fMenu.getItems()->Add(&fFile);
+        setMenu(&fMenu);
+    }
+    ~TPartWithMenu() override { setMenu(nullptr); }
+
+    Menus::TMainMenu fMenu{this};
+    Menus::TMenuItem fFile{this};
+    Menus::TMenuItem fOpen{this};
+    int chosen = 0;
+};
+
+TEST(QtFormHostTest, TheMenuBarStandsAboveTheForm)
+{
+    TPartWithMenu form;
+    CFormHost host(form);
+    host.show();
+    ASSERT_TRUE(RunQtUntil([&] { return form.getShowing() && host.findChild<QMenuBar*>() != nullptr; }));
+    QMenuBar& bar = *host.findChild<QMenuBar*>();
+    ASSERT_TRUE(RunQtUntil([&] { return bar.isVisible() && bar.height() > 0; }));
+    ASSERT_TRUE(RunQtUntil([&] { return host.height() == 100 + bar.height(); }));
+    EXPECT_EQ(host.sizeHint(), QSize(200, 100 + bar.height()));
+    EXPECT_EQ(form.getClientHeight(), 100);
+    EXPECT_EQ(WidgetOf(form)->mapTo(&host, QPoint()), QPoint(0, bar.height()));
+    EXPECT_EQ(form.fEdit.ClientToScreen({0, 0}).Y, host.mapToGlobal(QPoint()).y() + bar.height() + 10);
+
+    host.resize(300, 200);
+    EXPECT_EQ(form.getClientHeight(), 200 - bar.height());
+    EXPECT_EQ(bar.width(), 300);
+    ASSERT_EQ(bar.actions().size(), 1);
+    ASSERT_NE(bar.actions()[0]->menu(), nullptr);
+    bar.actions()[0]->menu()->actions()[0]->trigger();
+    EXPECT_TRUE(RunQtUntil([&] { return form.chosen == 1; }));
+
+    form.setMenu(nullptr);
+    EXPECT_TRUE(RunQtUntil([&] { return form.getClientHeight() == 200; }));
+    EXPECT_EQ(WidgetOf(form)->mapTo(&host, QPoint()), QPoint());
+    form.setMenu(&form.fMenu);
+    EXPECT_TRUE(RunQtUntil([&] { return form.getClientHeight() == 200 - bar.height(); }));
+}
+
+TEST(QtFormHostTest, ASecondHostTakesTheForm)
+{
+    TPart form;
+    auto first = std::make_unique<CFormHost>(form);
+    first->show();
+    ASSERT_TRUE(RunQtUntil([&] { return form.getShowing(); }));
+    CFormHost second(form);
+    EXPECT_EQ(first->getForm(), nullptr);
+    EXPECT_EQ(second.getForm(), &form);
+    second.show();
+    ASSERT_TRUE(RunQtUntil([&] { return form.getShowing(); }));
+    first->resize(50, 50);
+    first.reset();
+    EXPECT_TRUE(form.getVisible());
+    EXPECT_EQ(form.getWidth(), second.width());
+    EXPECT_EQ(WidgetOf(form)->parentWidget(), &second);
+}
+
+TEST(QtFormHostTest, WhatHandlersRaiseDoesNotGoThroughQt)
+{
+    std::vector<std::string> told;
+    Forms::Application->OnException = [&](System::TObject*, const std::exception& fault) {
+        told.emplace_back(fault.what());
+    };
+    {
+        TPart form;
+        form.OnShow = [](System::TObject*) { throw std::runtime_error("show"); };
+        form.OnResize = [](System::TObject*) { throw std::runtime_error("resize"); };
+        form.OnHide = [](System::TObject*) { throw std::runtime_error("hide"); };
+        auto host = std::make_unique<CFormHost>(form);
+        host->show();
+        host->resize(300, 90);
+        host.reset();
+        EXPECT_TRUE(RunQtUntil([&] { return std::ranges::count(told, "hide") == 1; }));
+        form.OnResize = {};
+    }
+    EXPECT_EQ(std::ranges::count(told, "show"), 1);
+    EXPECT_GE(std::ranges::count(told, "resize"), 1);
     Forms::Application->OnException = {};
 }
 
@@ -168,13 +352,7 @@ TEST(QtFormHostTest, AHandlerOfTheFormMayEndItsHost)
     bool isGone = false;
     QObject::connect(host, &QObject::destroyed, host, [&] { isGone = true; });
     form.fWide.OnClick = [&](System::TObject*) { delete host; };
-    const QPointF place(3, 3);
-    QWidget* const button = WidgetOf(form.fWide);
-    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-        QMouseEvent mouse(type, place, button->mapToGlobal(place), Qt::LeftButton,
-                          type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
-        QApplication::sendEvent(button, &mouse);
-    }
+    Click(*WidgetOf(form.fWide));
     EXPECT_TRUE(isGone);
     EXPECT_FALSE(form.getVisible());
     RunQtUntil([] { return true; });

@@ -7,7 +7,12 @@
 
 #include <QUrl>
 
+#include <cstdlib>
+#include <ctime>
 #include <limits>
+#include <optional>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace
@@ -61,6 +66,66 @@ TEST(QtValuesTest, DatesAreLocalAndExactToTheMillisecond)
     EXPECT_THROW(FromQDateTime(QDateTime(QDate(-1, 1, 1), QTime(0, 0))), Sysutils::EConvertError);
 }
 
+TEST(QtValuesTest, TimesOfAnyKindAreTheirLocalOnes)
+{
+    const QDateTime noon(QDate(2022, 2, 28), QTime(12, 0), Qt::UTC);
+    const QDateTime local = noon.toLocalTime();
+    const System::TDateTime expected = FromQDateTime(QDateTime(local.date(), local.time(), Qt::LocalTime));
+    EXPECT_EQ(FromQDateTime(noon), expected);
+    EXPECT_EQ(FromQDateTime(noon.toOffsetFromUtc(5 * 3600 + 1800)), expected);
+    for (const auto& [date, time] : {std::pair(QDate(1, 1, 1), QTime(0, 0, 0, 1)),
+                                     {QDate(1600, 2, 29), QTime(23, 59, 59, 999)},
+                                     {QDate(1899, 12, 30), QTime(0, 0)},
+                                     {QDate(9999, 12, 31), QTime(23, 59, 59, 999)}}) {
+        const QDateTime value(date, time);
+        SCOPED_TRACE(value.toString(Qt::ISODateWithMs).toStdString());
+        EXPECT_EQ(ToQDateTime(FromQDateTime(value)), value);
+        EXPECT_EQ(FromQVariant(date).As<System::TDateTime>().Val,
+                  FromQDateTime(QDateTime(date, QTime(0, 0))).Val);
+    }
+    // What isn't quite the next day is that one, as everywhere.
+    EXPECT_EQ(ToQDateTime(System::TDateTime(45000.9999999999)), ToQDateTime(System::TDateTime(45001)));
+}
+
+/// The zone of the process for a scope.
+class CZone
+{
+public:
+    explicit CZone(const char* zone)
+    {
+        if (const char* const former = getenv("TZ")) {
+            mFormer = former;
+        }
+        Set(zone);
+    }
+    ~CZone() { Set(mFormer ? mFormer->c_str() : nullptr); }
+    CZone(const CZone&) = delete;
+    CZone& operator=(const CZone&) = delete;
+
+private:
+    static void Set(const char* zone)
+    {
+        if (zone != nullptr) {
+            setenv("TZ", zone, 1);
+        } else {
+            unsetenv("TZ");
+        }
+        tzset();
+    }
+
+    std::optional<std::string> mFormer;
+};
+
+TEST(QtValuesTest, ADayHasItsDateWhereTheClocksLeaveItsStartOut)
+{
+    // Midnight is left out on the second Sunday of March.
+    const CZone zone("AAA5BBB,M3.2.0/0,M11.1.0/0");
+    ASSERT_EQ(QDate(2022, 3, 13).startOfDay().time(), QTime(1, 0));
+    EXPECT_EQ(FromQVariant(QDate(2022, 3, 13)).As<System::TDateTime>(), System::TDateTime(2022, 3, 13));
+    EXPECT_EQ(FromQDateTime(QDateTime(QDate(2022, 7, 1), QTime(12, 0), Qt::UTC)),
+              System::TDateTime(2022, 7, 1) + System::TDateTime(8, 0, 0, 0));
+}
+
 TEST(QtValuesTest, ListsOfTexts)
 {
     Classes::TStringList lines;
@@ -70,6 +135,18 @@ TEST(QtValuesTest, ListsOfTexts)
     EXPECT_EQ(ToQStringList(lines), QStringList({QStringLiteral("a"), QString(), QStringLiteral("Ω")}));
     AssignQStringList(lines, {});
     EXPECT_EQ(lines.getCount(), 0);
+
+    int changes = 0;
+    Classes::TStringList unique;
+    unique.setOnChange([&](System::TObject*) { ++changes; });
+    unique.setSorted(true);
+    unique.setDuplicates(Classes::dupError);
+    changes = 0;
+    EXPECT_THROW(AssignQStringList(unique, {QStringLiteral("a"), QStringLiteral("a")}),
+                 Classes::EStringListError);
+    EXPECT_EQ(changes, 1);
+    unique.Add(u"b");
+    EXPECT_EQ(changes, 2);
 }
 
 TEST(QtValuesTest, VariantsKeepTypeAndValue)
@@ -126,6 +203,11 @@ TEST(QtValuesTest, ArraysAreListsAndBytes)
     EXPECT_EQ(ToQVariant(array), QVariant(bytes));
     EXPECT_EQ(ToQVariant(FromQVariant(QByteArray())), QVariant(QByteArray()));
     EXPECT_EQ(FromQVariant(QStringList{QStringLiteral("a")}).GetElement(0).As<UnicodeString>(), u"a");
+    EXPECT_TRUE(ToQVariant(FromQVariant(QVariantList())).toList().isEmpty());
+
+    constexpr int last = std::numeric_limits<int>::max();
+    const Variant highest({last, last}, System::varInteger);
+    EXPECT_EQ(ToQVariant(highest).toList(), QVariantList{0});
 }
 
 TEST(QtValuesTest, OtherVariantsOfQt)
@@ -134,6 +216,16 @@ TEST(QtValuesTest, OtherVariantsOfQt)
     EXPECT_EQ(FromQVariant(QTime(6, 0)).As<System::TDateTime>(), System::TDateTime(6, 0, 0, 0));
     EXPECT_TRUE(FromQVariant(QVariant(QMetaType(QMetaType::QString))).IsNull());
     EXPECT_THROW(FromQVariant(QUrl(QStringLiteral("file:///a"))), Sysutils::EVariantError);
+    EXPECT_TRUE(FromQVariant(QVariant(QString())) == Variant(u""));
+    EXPECT_EQ(FromQVariant(QVariant::fromValue('a')).As<int>(), 'a');
+    EXPECT_EQ(FromQVariant(QVariant(QChar(u'Ω'))).As<UnicodeString>(), u"Ω");
+    EXPECT_EQ(FromQVariant(QVariant::fromValue(-5L)).As<System::Int64>(), -5);
+    EXPECT_EQ(FromQVariant(QVariant::fromValue(~0UL)).As<System::UInt64>(), ~System::UInt64{0});
+    EXPECT_EQ(FromQVariant(QTime(23, 59, 59, 999)).As<System::TDateTime>(),
+              System::TDateTime(23, 59, 59, 999));
+    EXPECT_THROW(FromQVariant(QTime()), Sysutils::EConvertError);
+    EXPECT_THROW(FromQVariant(QDate()), Sysutils::EConvertError);
+    EXPECT_THROW(FromQVariant(QVariantMap()), Sysutils::EVariantError);
     EXPECT_THROW(FromQVariant(QDateTime()), Sysutils::EConvertError);
 
     QVariant deep = 1;

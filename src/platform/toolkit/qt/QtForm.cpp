@@ -30,13 +30,13 @@ protected:
 
 } // namespace
 
-/// The window around a menu bar and the client area below it.
+/// What is around a menu bar and the client area below it, in place of the client area.
 class CFormFrame final : public QWidget
 {
 public:
-    CFormFrame(CQtForm& form, QWidget& client, Qt::WindowFlags flags) : mForm(&form), mClient(client)
+    CFormFrame(CQtForm& form, QWidget& client)
+        : QWidget(client.parentWidget(), client.windowFlags()), mForm(&form), mClient(client)
     {
-        setWindowFlags(flags);
         setAttribute(Qt::WA_ShowWithoutActivating, client.testAttribute(Qt::WA_ShowWithoutActivating));
         bar = new CQtMenuBar(form, this);
         const bool wasHidden = client.isHidden();
@@ -203,16 +203,15 @@ int CQtForm::BarHeight() const
 
 void CQtForm::ShowMenuBar(bool isThere)
 {
-    // In the window of others it has no place.
-    if (mIsHosted || (mWhole == nullptr && !isThere)) {
+    if (mWhole == nullptr && !isThere) {
         return;
     }
     if (mWhole == nullptr) {
-        const bool wasVisible = Widget().isVisible();
+        const bool wasHidden = Widget().isHidden();
         const QString title = Widget().windowTitle();
-        mWhole = new CFormFrame(*this, Widget(), Widget().windowFlags());
+        mWhole = new CFormFrame(*this, Widget());
         mWhole->setWindowTitle(title);
-        mWhole->setVisible(wasVisible);
+        mWhole->setVisible(!wasHidden);
     }
     mWhole->bar->Show(isThere);
     FollowBar();
@@ -222,6 +221,10 @@ void CQtForm::FollowBar()
 {
     if (BarHeight() != mBarHeight) {
         Place();
+        if (mIsHosted) {
+            // Whoever shows the form makes room.
+            Whole().updateGeometry();
+        }
     }
 }
 
@@ -256,12 +259,15 @@ void CQtForm::SetBounds(const Types::TRect& bounds)
 void CQtForm::Place()
 {
     const Types::TRect& bounds = Bounds();
-    if (mIsHosted) {
-        Widget().setGeometry(QRect(QPoint(), ToQRect(bounds).size()));
-        return;
-    }
     const int bar = BarHeight();
     mBarHeight = bar;
+    if (mIsHosted) {
+        Whole().setGeometry(QRect(QPoint(), ToQRect(bounds).size() + QSize(0, bar)));
+        if (mWhole != nullptr) {
+            mWhole->PlaceParts();
+        }
+        return;
+    }
     const QSize size = HeldSize(0LL + bounds.Right - bounds.Left - mMargins.left - mMargins.right,
                                 0LL + bounds.Bottom - bounds.Top - mMargins.top - mMargins.bottom + bar);
     const bool isFixed = !IsSizeable(mFrame) && mFrame != EFrame::None;

@@ -10,8 +10,8 @@ namespace Toolkits
 
 class CFormFrame;
 
-/// A window on the screen itself. One with a menu bar is within another one, that has the bar above it: the
-/// client area is as large, and where it is, with and without.
+/// A window on the screen itself, or in one of the program's own. One with a menu bar is within another one,
+/// that has the bar above it: the client area is as large, and on the screen where it is, with and without.
 class CQtForm final : public CQtWindow
 {
 public:
@@ -41,7 +41,7 @@ protected:
     bool HandleEvent(QEvent& event) override;
 
 private:
-    /// The widget that is a window of the screen.
+    /// The widget that is all of the form, a window on the screen.
     QWidget& Whole() const noexcept;
     int BarHeight() const;
     void Place();
