@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/Window.h"
 
+#include "platform/toolkit/DrawnItems.h"
 #include "platform/toolkit/MenuEntry.h"
 #include "platform/toolkit/ModalWindow.h"
 #include "platform/toolkit/WindowContents.h"
@@ -61,6 +62,8 @@ void Window::SetEditTraits(const TEditTraits&) {}
 void Window::ShowFormats(const TTextFormats&) {}
 
 WindowItems::~WindowItems() = default;
+
+DrawnItems::~DrawnItems() = default;
 
 WindowCells::~WindowCells() = default;
 

@@ -160,7 +160,8 @@ void CQtDesktop::ActivationTold(CQtWindow* form, bool isActive)
         return;
     }
     if (!isActive) {
-        if (form == mActive && form != mAwaited) {
+        // One that is being hidden leaves by itself, to the next one.
+        if (form == mActive && form != mAwaited && !form->Widget().window()->isHidden()) {
             MoveActivation(nullptr);
         }
         return;

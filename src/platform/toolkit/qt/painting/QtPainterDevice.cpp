@@ -67,11 +67,18 @@ CQtPainterDevice::~CQtPainterDevice() = default;
 
 void CQtPainterDevice::Show(QWidget& widget)
 {
-    mTexts.reset();
     QPainter painter(&widget);
+    Show(painter);
+}
+
+void CQtPainterDevice::Show(QPainter& painter)
+{
+    mTexts.reset();
+    painter.save();
     // Each pixel comes to its own place.
     painter.scale(1 / mScale.Factor(), 1 / mScale.Factor());
     painter.drawImage(mScale.First(), mImage);
+    painter.restore();
 }
 
 void CQtPainterDevice::PushState()

@@ -11,6 +11,7 @@
 #include <optional>
 #include <vector>
 
+class QPainter;
 class QWidget;
 
 namespace Toolkits
@@ -29,6 +30,8 @@ public:
 
     /// Brings what was drawn into the widget, from its paint event.
     void Show(QWidget& widget);
+    /// As `Show` of the widget, on which `painter` is at work.
+    void Show(QPainter& painter);
 
     void PushState() override;
     void PopState() override;

@@ -3,11 +3,15 @@
 
 #include "platform/toolkit/qt/QtConvert.h"
 #include "platform/toolkit/qt/widgets/QtItems.h"
+#include "platform/toolkit/qt/painting/QtPainterDevice.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
+#include <QStylePainter>
+#include <QStyledItemDelegate>
 
 #include <algorithm>
 #include <climits>
@@ -16,12 +20,14 @@
 namespace Toolkits
 {
 
-/// Tells when its list opens and closes.
+/// Tells when its list opens and closes, and has its window draw what the control draws itself.
 class CComboWidget final : public QComboBox
 {
 public:
     /// Null where the window is at its end.
     CQtCombo* window = nullptr;
+
+    bool IsDrawn() const { return window != nullptr && window->Drawn() != nullptr; }
 
     /// Whether the list has the keyboard, or gives it back.
     bool IsOpen() const noexcept { return mIsOpen; }
@@ -33,6 +39,7 @@ public:
         // Whoever heard of it may have destroyed the window.
         if (self != nullptr && window != nullptr) {
             mIsOpen = true;
+            PrepareRows();
             QComboBox::showPopup();
         }
     }
@@ -44,7 +51,80 @@ public:
         }
     }
 
+protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        if (!IsDrawn()) {
+            QComboBox::paintEvent(event);
+            return;
+        }
+        QStyleOptionComboBox option;
+        initStyleOption(&option);
+        option.currentText.clear();
+        QStylePainter painter(this);
+        painter.drawComplexControl(QStyle::CC_ComboBox, option);
+        const QRect field =
+            painter.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+        Paint(painter, *this, field, [this](CQtPainterDevice& device, const Types::TRect& bounds) {
+            return window->DrawField(device, bounds);
+        });
+    }
+
 private:
+    /// Shows the rows as the control draws them, as high as it says.
+    class CDrawnRows final : public QStyledItemDelegate
+    {
+    public:
+        explicit CDrawnRows(CComboWidget& box) : QStyledItemDelegate(&box), mBox(box) {}
+
+        void paint(QPainter* painter, const QStyleOptionViewItem& option,
+                   const QModelIndex& place) const override
+        {
+            const bool isChosen = option.state.testFlag(QStyle::State_Selected);
+            if (mBox.IsDrawn()) {
+                mBox.Paint(*painter, *mBox.view()->viewport(), option.rect,
+                           [&](CQtPainterDevice& device, const Types::TRect& bounds) {
+                               return mBox.window->DrawRow(device, place.row(), bounds, isChosen);
+                           });
+            }
+        }
+        QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& place) const override
+        {
+            const QSize usual = QStyledItemDelegate::sizeHint(option, place);
+            const DrawnItems* const items = mBox.window == nullptr ? nullptr : mBox.window->Drawn();
+            const bool isThere = items != nullptr && place.row() < items->GetItemCount();
+            return isThere ? QSize(usual.width(), items->GetItemHeight(place.row())) : usual;
+        }
+
+    private:
+        CComboWidget& mBox;
+    };
+
+    void PrepareRows()
+    {
+        if (!IsDrawn()) {
+            return;
+        }
+        if (!std::exchange(mHasDrawnRows, true)) {
+            setItemDelegate(new CDrawnRows(*this));
+        }
+        // They may have other heights by now.
+        view()->doItemsLayout();
+    }
+
+    template <class Draw>
+    static void Paint(QPainter& painter, QWidget& surface, const QRect& rect, Draw draw)
+    {
+        if (rect.isEmpty()) {
+            return;
+        }
+        const Types::TRect bounds = FromQRect(rect);
+        CQtPainterDevice device(surface, bounds, surface.palette().color(QPalette::Base).rgba());
+        if (draw(device, bounds)) {
+            device.Show(painter);
+        }
+    }
+
     void Tell(bool isOpen)
     {
         if (window != nullptr) {
@@ -53,6 +133,7 @@ private:
     }
 
     bool mIsOpen = false;
+    bool mHasDrawnRows = false;
 };
 
 CQtCombo::CQtCombo(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings)
@@ -87,6 +168,27 @@ void CQtCombo::TellDrop(bool isOpen)
     if (!mIsToldSo) {
         Tell([isOpen](WindowEvents& events) { events.DropChanged(isOpen); });
     }
+}
+
+const DrawnItems* CQtCombo::Drawn() const
+{
+    return mItems->Drawn();
+}
+
+bool CQtCombo::DrawField(CQtPainterDevice& device, const Types::TRect& bounds)
+{
+    if (!IsWithin(Desktop().Only())) {
+        Desktop().PaintLater(this);
+        return true;
+    }
+    return Tell([&, items = Drawn()](WindowEvents&) { items->PaintField(device, bounds); });
+}
+
+bool CQtCombo::DrawRow(CQtPainterDevice& device, int row, const Types::TRect& bounds, bool isChosen)
+{
+    // Whoever draws one may take others away.
+    return !mItems->HasRow(row) ||
+           Tell([&, items = Drawn()](WindowEvents&) { items->PaintItem(device, row, bounds, isChosen); });
 }
 
 void CQtCombo::SetEditable(bool isEditable)

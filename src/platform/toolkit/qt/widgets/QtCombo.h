@@ -7,7 +7,9 @@ namespace Toolkits
 {
 
 class CQtItems;
+class CQtPainterDevice;
 class CComboWidget;
+class DrawnItems;
 
 /// A line with a list that opens below it. A text that is too long for Qt is edited and painted by the
 /// control.
@@ -28,6 +30,12 @@ public:
 
     /// The list opens or closes.
     void TellDrop(bool isOpen);
+    /// The items that the control draws; null if it doesn't.
+    const DrawnItems* Drawn() const;
+    /// Lets the control draw the field, or an item of the list, on a device for that; false if the window is
+    /// gone then.
+    bool DrawField(CQtPainterDevice& device, const Types::TRect& bounds);
+    bool DrawRow(CQtPainterDevice& device, int row, const Types::TRect& bounds, bool isChosen);
 
 protected:
     bool HandleEvent(QEvent& event) override;

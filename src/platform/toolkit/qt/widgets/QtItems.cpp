@@ -33,6 +33,12 @@ int CQtItems::rowCount(const QModelIndex& parent) const
     return mItems == nullptr || parent.isValid() ? 0 : mItems->GetItemCount();
 }
 
+const DrawnItems* CQtItems::Drawn() const
+{
+    const auto* const drawn = dynamic_cast<const DrawnItems*>(mItems);
+    return drawn != nullptr && drawn->AreItemsDrawn() ? drawn : nullptr;
+}
+
 QString CQtItems::TextOf(int row) const
 {
     System::UnicodeString text;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/toolkit/WindowItems.h"
+#include "platform/toolkit/DrawnItems.h"
 
 #include <QAbstractListModel>
 
@@ -33,6 +33,8 @@ public:
     void Renew(int row);
     /// Null where there are none.
     const WindowItems* Items() const noexcept { return mItems; }
+    /// Those that the control draws; null if it doesn't, or there are none.
+    const DrawnItems* Drawn() const;
     bool HasRow(int row) const { return row >= 0 && row < rowCount(); }
     /// What an item shows; empty for one that isn't there.
     QString TextOf(int row) const;

@@ -275,8 +275,7 @@ void TCustomComboBox::setStyle(TComboBoxStyle style)
 
 int TCustomComboBox::getItemHeight() const
 {
-    const bool isOwnerDrawn = mStyle == csOwnerDrawFixed || mStyle == csOwnerDrawVariable;
-    return isOwnerDrawn ? mItemHeight : std::max(getCanvas()->TextHeight(u"0"), 1);
+    return IsOwnerDrawn() ? mItemHeight : std::max(getCanvas()->TextHeight(u"0"), 1);
 }
 
 void TCustomComboBox::setItemHeight(int height)
@@ -320,17 +319,79 @@ void TCustomComboBox::MeasureItem(int index, int& height)
     }
 }
 
+void TCustomComboBox::MeasureItems()
+{
+    const TComponentWatch watch(this);
+    for (int i = 0; mStyle == csOwnerDrawVariable && i < GetCount(); ++i) {
+        MeasuredHeight(*mItems, i, mItemHeight, [&](int& height) {
+            MeasureItem(i, height);
+            StopIfGone(watch);
+        });
+    }
+}
+
+int TCustomComboBox::GetItemHeight(int index) const
+{
+    const int measured = mStyle == csOwnerDrawVariable ? mItems->ItemAt(index).height : 0;
+    return measured > 0 ? measured : mItemHeight;
+}
+
 void TCustomComboBox::DrawItem(int index, const TRect& rect, TOwnerDrawState state)
 {
     if (OnDrawItem) {
         OnDrawItem(this, index, rect, state);
+    } else if (HasItem(index)) {
+        DrawItemText(mItems->At(index), rect);
+    } else {
+        getCanvas()->FillRect(rect);
+    }
+}
+
+TOwnerDrawState TCustomComboBox::FieldState() const
+{
+    TOwnerDrawState state{odComboBoxEdit};
+    return Focused() && !mIsDroppedDown ? state << odSelected << odFocused : state;
+}
+
+void TCustomComboBox::PaintItem(Toolkits::PaintDevice& device, int index, const TRect& bounds,
+                                bool isChosen) const
+{
+    PaintAskedItem(device,
+                   {index, bounds, isChosen ? TOwnerDrawState{odSelected, odFocused} : TOwnerDrawState()});
+}
+
+void TCustomComboBox::PaintField(Toolkits::PaintDevice& device, const TRect& bounds) const
+{
+    PaintAskedItem(device, {GetItemIndex(), bounds, FieldState()});
+}
+
+void TCustomComboBox::PaintAskedItem(Toolkits::PaintDevice& device, const TAskedItem& item) const
+{
+    auto& self = const_cast<TCustomComboBox&>(*this);
+    self.mAskedItem = &item;
+    self.PaintWindow(device);
+}
+
+void TCustomComboBox::PaintItemIn(const TAskedItem& item)
+{
+    Graphics::TCanvas& canvas = *getCanvas();
+    TOwnerDrawState state = item.state;
+    if (!getEnabled()) {
+        state << odDisabled;
+        canvas.getFont()->setColor(Graphics::clGrayText);
+    }
+    if (state.Contains(odSelected)) {
+        canvas.getBrush()->setColor(Graphics::clHighlight);
+        canvas.getFont()->setColor(Graphics::clHighlightText);
+    }
+    if (!IsOwnerDrawn()) {
+        DrawItemText(mItems->At(item.index), item.bounds);
         return;
     }
-    getCanvas()->FillRect(rect);
-    if (index >= 0 && index < GetCount()) {
-        TRect place{rect.Left + 2, rect.Top, rect.Right, rect.Bottom};
-        Graphics::DrawText(getCanvas(), mItems->At(index), place,
-                           DrawTextBiDiModeFlags(DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX));
+    const TComponentWatch watch(this);
+    DrawItem(item.index, item.bounds, state);
+    if (watch.IsAlive() && state.Contains(odFocused) && canvas.HandleAllocated()) {
+        canvas.DrawFocusRect(item.bounds);
     }
 }
 
@@ -347,15 +408,8 @@ TRect TCustomComboBox::ButtonRect() const
 
 void TCustomComboBox::PaintText(const TRect& rect)
 {
-    const int index = GetItemIndex();
-    if (!IsEditable() && index >= 0) {
-        TOwnerDrawState state{odComboBoxEdit};
-        if (Focused() && !mIsDroppedDown) {
-            state << odSelected << odFocused;
-            getCanvas()->getBrush()->setColor(Graphics::clHighlight);
-            getCanvas()->getFont()->setColor(Graphics::clHighlightText);
-        }
-        DrawItem(index, rect, state);
+    if (!IsEditable() && GetItemIndex() >= 0) {
+        PaintItemIn({GetItemIndex(), rect, FieldState()});
         return;
     }
     TRect place{rect.Left + 2, rect.Top, rect.Right, rect.Bottom};
@@ -365,6 +419,12 @@ void TCustomComboBox::PaintText(const TRect& rect)
 
 void TCustomComboBox::Paint()
 {
+    if (const TAskedItem* const item = std::exchange(mAskedItem, nullptr)) {
+        if (HasItem(item->index)) {
+            PaintItemIn(*item);
+        }
+        return;
+    }
     if (Controls::WindowActs(*this)) {
         return;
     }

@@ -3,6 +3,7 @@
 
 #include "platform/runtime/classes/Classes_Strings.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
+#include "platform/toolkit/DrawnItems.h"
 #include "platform/visual/stdctrls/edits/Stdctrls_EditBuffer.h"
 #include "platform/visual/stdctrls/lists/Stdctrls_ListControl.h"
 #include "platform/visual/stdctrls/lists/Stdctrls_OwnerDraw.h"
@@ -14,7 +15,8 @@ class CListItems;
 class CTypeAhead;
 
 /// What a combo box is: an edit with a list that opens below it, or with one that is always open; or a list
-/// that opens, whose items alone can be the text, drawn by the box or by `OnDrawItem`.
+/// that opens, whose items alone can be the text. Those of an owner-drawn one are drawn by `OnDrawItem`, in
+/// the list and in the field, all as high as `ItemHeight` or each as `OnMeasureItem` tells.
 enum TComboBoxStyle
 {
     csDropDown,
@@ -34,7 +36,7 @@ enum TComboBoxStyle
 ///     box->getItems()->AddStrings({u"Volt", u"Ampere"});
 ///     box->setItemIndex(0);
 ///     box->OnSelect = Classes::TNotifyEvent(this, &TMainForm::UnitChosen);
-class TRS8_BTL_API TCustomComboBox : public TCustomListControl, private Toolkits::WindowItems
+class TRS8_BTL_API TCustomComboBox : public TCustomListControl, private Toolkits::DrawnItems
 {
     TRS8_BTL_CLASS(TCustomComboBox, TCustomListControl)
 
@@ -117,6 +119,7 @@ public:
     Classes::TNotifyEvent OnDropDown;
     Classes::TNotifyEvent OnCloseUp;
     TDrawItemEvent OnDrawItem;
+    /// Each item is measured once, before the list opens.
     TMeasureItemEvent OnMeasureItem;
 
 protected:
@@ -125,9 +128,11 @@ protected:
     virtual void Select();
     virtual void DropDown();
     virtual void CloseUp();
-    /// Draws an item, by `OnDrawItem` if that is set.
+    /// Draws an item of an owner-drawn box, by `OnDrawItem` if that is set: its text on the canvas's brush.
     virtual void DrawItem(int index, const Types::TRect& rect, TOwnerDrawState state);
+    /// Asks `OnMeasureItem`.
     virtual void MeasureItem(int index, int& height);
+    bool IsOwnerDrawn() const noexcept { return mStyle == csOwnerDrawFixed || mStyle == csOwnerDrawVariable; }
     /// Whether the user can type a text.
     bool IsEditable() const noexcept { return mStyle == csDropDown || mStyle == csSimple; }
 
@@ -150,8 +155,21 @@ protected:
 
     int GetItemCount() const override { return GetCount(); }
     System::UnicodeString GetItemText(int index) const override;
+    bool AreItemsDrawn() const override { return IsOwnerDrawn(); }
+    int GetItemHeight(int index) const override;
+    void PaintItem(Toolkits::PaintDevice& device, int index, const Types::TRect& bounds,
+                   bool isChosen) const override;
+    void PaintField(Toolkits::PaintDevice& device, const Types::TRect& bounds) const override;
 
 private:
+    /// What a window wants to have drawn.
+    struct TAskedItem
+    {
+        int index;
+        Types::TRect bounds;
+        TOwnerDrawState state;
+    };
+
     void ItemsChanged(System::TObject* sender);
     void TellTraits();
     void TellSelection();
@@ -179,10 +197,16 @@ private:
     void MouseWentDown(const Messages::TMessage& message);
     int CharAt(int x) const;
     Types::TRect ButtonRect() const;
+    void MeasureItems();
+    TOwnerDrawState FieldState() const;
+    void PaintAskedItem(Toolkits::PaintDevice& device, const TAskedItem& item) const;
+    void PaintItemIn(const TAskedItem& item);
     void PaintText(const Types::TRect& rect);
 
     std::unique_ptr<CListItems> mItems;
     std::unique_ptr<CTypeAhead> mTyped;
+    /// What alone the next paint draws; null for the whole box.
+    const TAskedItem* mAskedItem = nullptr;
     /// The text that can be edited.
     CEditBuffer mText;
     unsigned mAutoCompleteDelay = 500;

@@ -80,6 +80,7 @@ void TCustomComboBox::OpenOrClose(bool isOpen, bool isByWindow)
         if (!watch.IsAlive()) {
             return;
         }
+        MeasureItems();
         mIndexBefore = GetItemIndex();
     }
     mIsDroppedDown = isOpen;

@@ -103,13 +103,6 @@ bool TCustomListBox::SetItemObject(int index, TObject* object)
     return true;
 }
 
-void TCustomListBox::StopIfGone(const TComponentWatch& watch)
-{
-    if (!watch.IsAlive()) {
-        throw Sysutils::EAbort(u"The list box is gone");
-    }
-}
-
 UnicodeString TCustomListBox::DoGetData(int index) const
 {
     UnicodeString data;

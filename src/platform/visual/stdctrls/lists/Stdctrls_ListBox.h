@@ -9,11 +9,6 @@
 
 #include <vector>
 
-namespace Classes
-{
-class TComponentWatch;
-} // namespace Classes
-
 namespace Stdctrls
 {
 
@@ -194,8 +189,6 @@ protected:
     void ShowTraitsInWindow();
 
 private:
-    /// Ends what goes on, with a quiet exception, where a handler destroyed the box that asked it.
-    static void StopIfGone(const Classes::TComponentWatch& watch);
     void ItemsChanged(System::TObject* sender);
     void TellChoice();
     /// The window has to show which of several items are chosen.
@@ -223,7 +216,6 @@ private:
     bool IsNative() const;
     bool DispatchList(Messages::TMessage& message);
     void PaintItem(int index, const Types::TRect& rect);
-    void DrawText(int index, const Types::TRect& rect);
 
     std::unique_ptr<CListItems> mItems;
     /// Of a virtual list.

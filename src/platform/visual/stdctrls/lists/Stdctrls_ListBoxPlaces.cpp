@@ -123,20 +123,11 @@ int TCustomListBox::HeightOf(int index) const
     if (mStyle != lbOwnerDrawVariable || index >= GetCount()) {
         return getItemHeight();
     }
-    CListItem& item = mItems->ItemAt(index);
-    if (item.height <= 0) {
-        int height = mItemHeight;
-        const TComponentWatch watch(this);
+    const TComponentWatch watch(this);
+    return MeasuredHeight(*mItems, index, mItemHeight, [&](int& height) {
         const_cast<TCustomListBox*>(this)->MeasureItem(index, height);
         StopIfGone(watch);
-        // Whoever measures may have changed the list.
-        if (index >= GetCount()) {
-            return mItemHeight;
-        }
-        mItems->ItemAt(index).height = std::max(height, 1);
-        return mItems->ItemAt(index).height;
-    }
-    return item.height;
+    });
 }
 
 int TCustomListBox::RowsInSight() const
@@ -294,22 +285,12 @@ void TCustomListBox::InvalidateItem(int index)
     Invalidate();
 }
 
-void TCustomListBox::DrawText(int index, const TRect& rect)
-{
-    const bool isFromRight = UseRightToLeftAlignment();
-    TRect place{rect.Left + (isFromRight ? 0 : 2), rect.Top, rect.Right - (isFromRight ? 2 : 0), rect.Bottom};
-    Graphics::TCanvas& canvas = *getCanvas();
-    canvas.FillRect(rect);
-    Graphics::DrawText(&canvas, GetItemText(index), place,
-                       DrawTextBiDiModeFlags(DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX));
-}
-
 void TCustomListBox::DrawItem(int index, const TRect& rect, TOwnerDrawState state)
 {
     if (OnDrawItem) {
         OnDrawItem(this, index, rect, state);
     } else if (index >= 0 && index < GetCount()) {
-        DrawText(index, rect);
+        DrawItemText(GetItemText(index), rect);
     } else {
         getCanvas()->FillRect(rect);
     }
@@ -347,7 +328,7 @@ void TCustomListBox::PaintItem(int index, const TRect& rect)
     if (IsOwnerDrawn()) {
         DrawItem(index, rest, state);
     } else {
-        DrawText(index, rest);
+        DrawItemText(GetItemText(index), rest);
     }
     if (watch.IsAlive() && isFocused && canvas.HandleAllocated()) {
         canvas.DrawFocusRect(rest);

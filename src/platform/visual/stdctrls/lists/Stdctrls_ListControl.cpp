@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/visual/stdctrls/lists/Stdctrls_ListControl.h"
 
+#include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/runtime/typinfo/System_ClassBuilder.h"
+#include "platform/visual/graphics/Graphics_Canvas.h"
+#include "platform/visual/graphics/Graphics_DrawText.h"
 
 namespace Stdctrls
 {
@@ -21,6 +24,23 @@ void TCustomListControl::MoveSelection(TCustomListControl* destination)
         CopySelection(destination);
         DeleteSelected();
     }
+}
+
+void TCustomListControl::StopIfGone(const Classes::TComponentWatch& watch)
+{
+    if (!watch.IsAlive()) {
+        throw Sysutils::EAbort(u"The list is gone");
+    }
+}
+
+void TCustomListControl::DrawItemText(const System::UnicodeString& text, const Types::TRect& rect)
+{
+    const bool isFromRight = UseRightToLeftAlignment();
+    Types::TRect place{rect.Left + (isFromRight ? 0 : 2), rect.Top, rect.Right - (isFromRight ? 2 : 0),
+                       rect.Bottom};
+    Graphics::TCanvas& canvas = *getCanvas();
+    canvas.FillRect(rect);
+    Graphics::DrawText(&canvas, text, place, DrawTextBiDiModeFlags(DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX));
 }
 
 bool TCustomListControl::DispatchItems(Messages::TMessage& message, const TListMessages& numbers)

@@ -3,6 +3,11 @@
 
 #include "platform/visual/controls/Controls_CustomControl.h"
 
+namespace Classes
+{
+class TComponentWatch;
+} // namespace Classes
+
 namespace Stdctrls
 {
 
@@ -54,6 +59,10 @@ protected:
 
     /// Whether `index` is that of an item.
     bool HasItem(int index) const { return index >= 0 && index < GetCount(); }
+    /// Ends what goes on, with a quiet exception, where a handler destroyed the control that asked it.
+    static void StopIfGone(const Classes::TComponentWatch& watch);
+    /// Draws the text of an item on the canvas's brush.
+    void DrawItemText(const System::UnicodeString& text, const Types::TRect& rect);
     /// Acts on a message of these numbers; false for any other. -1 answers for an item that isn't there.
     bool DispatchItems(Messages::TMessage& message, const TListMessages& numbers);
 };

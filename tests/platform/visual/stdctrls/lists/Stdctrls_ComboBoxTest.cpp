@@ -7,8 +7,10 @@
 #include "platform/visual/graphics/Graphics_Canvas.h"
 #include "platform/visual/stdctrls/ShownForm.h"
 #include "platform/visual/stdctrls/buttons/Stdctrls_Button.h"
+#include "support/ShowPainted.h"
 
 #include <stdexcept>
+#include <utility>
 
 namespace
 {
@@ -290,6 +292,67 @@ TEST_F(PaintedComboBoxTest, LetsItsItemBeDrawn)
     Graphics::TBitmap bitmap(145, 21);
     mBox->PaintTo(bitmap.getCanvas()->getHandle(), 0, 0);
     EXPECT_EQ(drawn, u"1e");
+}
+
+TEST_F(ComboBoxTest, HasItsFieldDrawnWhereItsStyleSaysSo)
+{
+    mBox->setItemIndex(1);
+    Controls::TWinControl& other = *Add<TButton>(u"Other");
+    ASSERT_TRUE(Support::ShowPainted(mForm));
+    for (const TComboBoxStyle style : {csOwnerDrawFixed, csOwnerDrawVariable, csDropDownList, csDropDown}) {
+        SCOPED_TRACE(style);
+        mBox->setStyle(style);
+        const bool isDrawn = style == csOwnerDrawFixed || style == csOwnerDrawVariable;
+        TOwnerDrawState seen;
+        int index = -1;
+        mBox->OnDrawItem = [&](Controls::TWinControl* box, int drawn, const Types::TRect& rect,
+                               TOwnerDrawState state) {
+            EXPECT_EQ(box, mBox);
+            EXPECT_GT(rect.Width(), 50);
+            EXPECT_LE(rect.Right, mBox->getWidth());
+            EXPECT_TRUE(mBox->getCanvas()->HandleAllocated());
+            index = drawn;
+            seen = state;
+        };
+        for (const bool isFocused : {true, false}) {
+            (isFocused ? *mBox : other).SetFocus();
+            mBox->Repaint();
+            EXPECT_EQ(index, isDrawn ? 1 : -1);
+            EXPECT_EQ(seen.Contains(odComboBoxEdit), isDrawn);
+            EXPECT_EQ(seen.Contains(odFocused), isDrawn && isFocused);
+        }
+        mBox->OnDrawItem = nullptr;
+    }
+}
+
+TEST_F(ComboBoxTest, MeasuresEachItemOnceBeforeTheListOpens)
+{
+    UnicodeString log;
+    mBox->OnMeasureItem = [&](Controls::TWinControl* box, int index, int& height) {
+        EXPECT_EQ(box, mBox);
+        EXPECT_EQ(height, 30);
+        EXPECT_FALSE(mBox->getDroppedDown());
+        log += UnicodeString(index) + u" ";
+        height += index;
+    };
+    const auto opened = [&] {
+        mBox->setDroppedDown(true);
+        mBox->setDroppedDown(false);
+        return std::exchange(log, {});
+    };
+    mBox->setStyle(csOwnerDrawFixed);
+    mBox->setItemHeight(30);
+    EXPECT_EQ(opened(), u"");
+    mBox->setStyle(csOwnerDrawVariable);
+    EXPECT_EQ(log, u"");
+    EXPECT_EQ(opened(), u"0 1 2 3 ");
+    EXPECT_EQ(opened(), u"");
+    mBox->getItems()->Insert(1, u"Farad");
+    EXPECT_EQ(opened(), u"1 ");
+    mBox->getItems()->Add(u"Henry");
+    mBox->OnMeasureItem = [](Controls::TWinControl* box, int, int&) { delete box; };
+    EXPECT_THROW(mBox->setDroppedDown(true), Sysutils::EAbort);
+    EXPECT_EQ(mForm.FindComponent(u"Box"), nullptr);
 }
 
 TEST_F(ComboBoxTest, MayBeDestroyedByEachOfItsEvents)

@@ -68,6 +68,22 @@ private:
     mutable int mCurrentPlace = 0;
 };
 
+/// The height of an item, which is measured once: `measure(height)` finds `usual`, and may change the items.
+/// It must raise if they are gone.
+template <class Measure>
+int MeasuredHeight(CListItems& items, int index, int usual, Measure measure)
+{
+    if (const int known = items.ItemAt(index).height; known > 0) {
+        return known;
+    }
+    int height = usual;
+    measure(height);
+    if (index >= items.getCount()) {
+        return usual;
+    }
+    return items.ItemAt(index).height = height > 1 ? height : 1;
+}
+
 /// Whether `text` begins with `prefix`, case aside.
 bool BeginsWith(const System::UnicodeString& text, const System::UnicodeString& prefix);
 
