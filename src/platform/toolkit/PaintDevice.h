@@ -6,12 +6,23 @@
 namespace Toolkits
 {
 
+/// What lies within a closed line that crosses itself.
+enum class EFillRule
+{
+    /// What a way out of crosses the line an odd number of times.
+    EvenOdd,
+    /// All that the line runs around.
+    Winding
+};
+
 /// What areas are filled with: `pattern`, repeated, if there is one, else the style in the colour.
 struct TBrushData
 {
     TPixel color = OpaquePixel(255, 255, 255);
     Graphics::TBrushStyle style = Graphics::bsSolid;
     TSharedPixels pattern = {};
+    /// For polygons.
+    EFillRule rule = EFillRule::EvenOdd;
 
     friend bool operator==(const TBrushData&, const TBrushData&) = default;
 };
@@ -95,7 +106,7 @@ public:
 
     /// Lines from point to point.
     virtual void Polyline(std::span<const Types::TPoint> points, const TPenData& pen) = 0;
-    /// A closed shape, filled by the even-odd rule.
+    /// A closed shape, filled by the rule of the brush.
     virtual void Polygon(std::span<const Types::TPoint> points, const TPenData& pen,
                          const TBrushData& brush) = 0;
     /// A filling without a line.

@@ -135,7 +135,8 @@ struct CLine
     }
     UnicodeString operator()(const TPolygonRecord& call) const
     {
-        return u"polygon " + TextOf(call.points) + TextOf(call.pen) + TextOf(call.brush);
+        return u"polygon " + TextOf(call.points) + TextOf(call.pen) + TextOf(call.brush) +
+               (call.brush.rule == EFillRule::Winding ? u" winding" : u"");
     }
     UnicodeString operator()(const TFillRecord& call) const
     {

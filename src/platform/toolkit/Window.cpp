@@ -51,6 +51,11 @@ System::UnicodeString WindowEvents::HintAt(Types::TPoint)
 
 void Window::SetLook(const TWindowLook&) {}
 
+void Window::Scroll(const Types::TRect& part, const Types::TSize&)
+{
+    Invalidate(&part);
+}
+
 void Window::SetLabel(const System::UnicodeString&) {}
 
 // Only windows of text know of it.

@@ -244,6 +244,9 @@ public:
     virtual void Focus() = 0;
     /// Marks a part of the client area, or all of it for null, to be painted soon.
     virtual void Invalidate(const Types::TRect* part) = 0;
+    /// Moves what is in a part of the client area by so many pixels, and marks what that uncovers; a toolkit
+    /// that can't marks the part.
+    virtual void Scroll(const Types::TRect& part, const Types::TSize& by);
     /// Paints at once what is marked.
     virtual void Update() = 0;
     /// Whether the window acts by itself on keys and clicks, and tells of what came of it. Otherwise the

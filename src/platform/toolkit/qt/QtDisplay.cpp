@@ -4,9 +4,12 @@
 #include <QApplication>
 #include <QDir>
 #include <QLibrary>
+#include <QLoggingCategory>
 #include <QScreen>
+#include <QThread>
 
 #include <algorithm>
+#include <atomic>
 #include <cstdlib>
 #include <stdexcept>
 #include <string>
@@ -46,6 +49,63 @@ struct TWatched
 
 TWatched watched;
 
+std::atomic<bool> hasLostCompositor = false;
+
+/// Who hears of messages as well, and whether warnings were unwanted before this part wanted them.
+QtMessageHandler formerHandler = nullptr;
+bool hidesWarnings = false;
+
+/// Ends the program as the loss of an X server does.
+void EndWithoutCompositor()
+{
+    if (!hasLostCompositor.exchange(true)) {
+        std::exit(EXIT_FAILURE);
+    }
+}
+
+/// Has the main thread end the program, and holds this one, which would do so at once if it went on. Where
+/// the main thread doesn't come to it within a minute, nothing can be saved.
+void HaveMainThreadEnd()
+{
+    constexpr int waits = 600;
+    QMetaObject::invokeMethod(QCoreApplication::instance(), &EndWithoutCompositor, Qt::QueuedConnection);
+    for (int i = 0; hasLostCompositor || i < waits; ++i) {
+        QThread::msleep(100);
+    }
+}
+
+/// With the compositor Qt ends the program at once, without `exit`, from whichever thread finds it out first.
+/// All that comes before that is a warning.
+void HearMessage(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    const bool isLoss = message.startsWith(QStringLiteral("The Wayland connection"));
+    const bool isHidden = hidesWarnings && type == QtWarningMsg && qstrcmp(context.category, "default") == 0;
+    if (formerHandler != nullptr && (isLoss || !isHidden)) {
+        formerHandler(type, context, message);
+    }
+    const QCoreApplication* const application = QCoreApplication::instance();
+    if (!isLoss || application == nullptr) {
+        return;
+    }
+    if (application->thread() == QThread::currentThread()) {
+        EndWithoutCompositor();
+    } else {
+        HaveMainThreadEnd();
+    }
+}
+
+void HearMessages()
+{
+    static const bool isFirst = [] {
+        formerHandler = qInstallMessageHandler(&HearMessage);
+        QLoggingCategory& warnings = *QLoggingCategory::defaultCategory();
+        hidesWarnings = !warnings.isWarningEnabled();
+        warnings.setEnabled(QtWarningMsg, true);
+        return true;
+    }();
+    static_cast<void>(isFirst);
+}
+
 /// Whether the X server that the variables tell of lets the program in. The connection is kept: a server that
 /// has no other program would begin anew, and refuse Qt meanwhile.
 bool ReachesX()
@@ -65,9 +125,17 @@ bool ReachesX()
     return isOpen;
 }
 
-/// As `ReachesX`, but the compositor.
+/// Whether there is a compositor.
 bool ReachesWayland()
 {
+    // A connection that was handed to the program is there once, for Qt.
+    if (IsSet("WAYLAND_SOCKET")) {
+        return true;
+    }
+    // Where no folder has the socket, the library of Wayland tells the user so.
+    if (!IsSet("XDG_RUNTIME_DIR") && !qgetenv("WAYLAND_DISPLAY").startsWith('/')) {
+        return false;
+    }
     QLibrary library(QStringLiteral("wayland-client"), 0);
     const auto connect = reinterpret_cast<void* (*)(const char*)>(library.resolve("wl_display_connect"));
     const auto disconnect = reinterpret_cast<void (*)(void*)>(library.resolve("wl_display_disconnect"));
@@ -138,21 +206,27 @@ void RequireDisplay()
 
 void WatchDisplay()
 {
-    watched = {};
+    watched = {.application = QCoreApplication::instance()};
+    if (QGuiApplication::platformName().startsWith(QStringLiteral("wayland"))) {
+        HearMessages();
+    }
     const auto* const x = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (x == nullptr) {
         return;
     }
     QLibrary library(QStringLiteral("xcb"), 1);
-    watched = {QCoreApplication::instance(), x->connection(), HasError(library)};
+    watched.connection = x->connection();
+    watched.hasError = HasError(library);
 }
 
 bool HasLostDisplay()
 {
     // With its application object the connection has ended as well. The platform without a screen has none.
-    return watched.application != nullptr && watched.application == QCoreApplication::instance() &&
-           watched.connection != nullptr && watched.hasError != nullptr &&
-           watched.hasError(watched.connection) != 0;
+    if (watched.application == nullptr || watched.application != QCoreApplication::instance()) {
+        return false;
+    }
+    return hasLostCompositor || (watched.connection != nullptr && watched.hasError != nullptr &&
+                                 watched.hasError(watched.connection) != 0);
 }
 
 QRect DesktopGeometry()

@@ -11,11 +11,12 @@ namespace Toolkits
 /// none.
 void RequireDisplay();
 
-/// To be called once there is an application object, for `HasLostDisplay`.
+/// To be called once there is an application object, for `HasLostDisplay`. From then on the loss of a Wayland
+/// compositor ends the program by `exit`, as that of an X server does.
 void WatchDisplay();
 
-/// Whether the X server that the windows are on has ended or cut the program off. False on other platforms,
-/// which don't tell.
+/// Whether the X server or the compositor that the windows are on has ended or cut the program off. False on
+/// other platforms, which don't tell.
 bool HasLostDisplay();
 
 /// All screens together. While there is none, as when the last one was just taken away, that of a usual one.

@@ -25,6 +25,9 @@
 
 #include <algorithm>
 #include <iterator>
+#include <cmath>
+#include <cstdlib>
+#include <numeric>
 #include <utility>
 
 namespace Toolkits
@@ -65,6 +68,21 @@ QRect HeldRect(const Types::TRect& bounds)
     };
     return {place(bounds.Left), place(bounds.Top), extent(bounds.Left, bounds.Right),
             extent(bounds.Top, bounds.Bottom)};
+}
+
+/// What of a region is painted one by one: its rectangles, if they are much less than the one around them.
+std::vector<QRect> PartsOf(const QRegion& region)
+{
+    constexpr int most = 16;
+    const auto areaOf = [](const QRect& rect) { return 1LL * rect.width() * rect.height(); };
+    const QRect all = region.boundingRect();
+    const long long area =
+        std::accumulate(region.begin(), region.end(), 0LL,
+                        [&](long long sum, const QRect& rect) { return sum + areaOf(rect); });
+    if (region.rectCount() > most || 2 * area > areaOf(all)) {
+        return {all};
+    }
+    return {region.begin(), region.end()};
 }
 
 bool HaveSameColors(const TWindowLook& a, const TWindowLook& b)
@@ -303,6 +321,18 @@ void CQtWindow::Invalidate(const Types::TRect* part)
         Surface().update();
     } else {
         Surface().update(HeldRect(*part));
+    }
+}
+
+void CQtWindow::Scroll(const Types::TRect& part, const Types::TSize& by)
+{
+    const QRect area = HeldRect(part);
+    // Between broken pixels nothing can be moved.
+    const double scale = mWidget->devicePixelRatioF();
+    if (std::floor(scale) != scale || std::abs(by.cx) >= area.width() || std::abs(by.cy) >= area.height()) {
+        Surface().update(area);
+    } else {
+        Surface().scroll(by.cx, by.cy, area);
     }
 }
 
@@ -551,8 +581,11 @@ bool CQtWindow::Paint(const QPaintEvent& event)
         mDesktop->PaintLater(this);
         return true;
     }
-    CQtPainterDevice device(*mWidget, FromQRect(part), mLook.ground);
-    if (Tell([&](WindowEvents& events) { events.PaintAsked(device, FromQRect(part)); })) {
+    for (const QRect& each : PartsOf(event.region())) {
+        CQtPainterDevice device(*mWidget, FromQRect(each), mLook.ground);
+        if (!Tell([&](WindowEvents& events) { events.PaintAsked(device, FromQRect(each)); })) {
+            break;
+        }
         device.Show(*mWidget);
     }
     return true;

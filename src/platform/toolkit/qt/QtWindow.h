@@ -38,6 +38,7 @@ public:
     void SetLabel(const System::UnicodeString& label) override;
     void Focus() override { mDesktop->Focus(this); }
     void Invalidate(const Types::TRect* part) override;
+    void Scroll(const Types::TRect& part, const Types::TSize& by) override;
     void Update() override;
     bool ActsByItself() const override { return false; }
     void BringToFront() override { mWidget->raise(); }

@@ -274,6 +274,10 @@ private:
     /// Cells are somewhere else now.
     void Relaid();
     void MoveTopLeft(int left, int top);
+    /// Whether what was painted is still good at another place.
+    bool CanMoveCells() const;
+    /// Moves what is shown of the cells in an area, which is told from left to right, and paints the rest.
+    void MoveCells(Types::TRect area, const Types::TSize& by);
     void ShowCell(TGridCoord cell);
     TGridCoord Held(TGridCoord cell) const noexcept;
     bool IsInGrid(int col, int row) const noexcept;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/visual/grids/Grids_CustomGrid.h"
+#include "platform/visual/grids/Grids_InplaceEdit.h"
 #include "platform/visual/grids/internal/Grids_GridLayout.h"
 #include "platform/visual/grids/internal/Grids_ScrollBar.h"
 
@@ -13,6 +14,36 @@ namespace Grids
 
 using Classes::TComponentWatch;
 using Types::TPoint;
+using Types::TRect;
+using Types::TSize;
+
+namespace
+{
+
+/// Where the cells begin that are scrolled, and how far those moved that are still in sight.
+struct TMove
+{
+    int begin = 0;
+    int way = 0;
+    bool isInSight = true;
+};
+
+TMove MoveFirst(CGridAxis& axis, int first, int area)
+{
+    const int former = axis.getFirst();
+    const auto ahead = axis.GetSpan(first, area);
+    axis.setFirst(first);
+    const auto begin = axis.GetSpan(first, area);
+    const auto behind = axis.GetSpan(former, area);
+    const auto& kept = first < former ? behind : ahead;
+    if (!begin || !kept) {
+        return {.isInSight = false};
+    }
+    const int way = kept->begin - begin->begin;
+    return {.begin = begin->begin, .way = first < former ? way : -way};
+}
+
+} // namespace
 
 void TCustomGrid::CheckCell(int col, int row) const
 {
@@ -140,10 +171,38 @@ void TCustomGrid::MoveTopLeft(int left, int top)
     if (left == getLeftCol() && top == getTopRow()) {
         return;
     }
-    mCols.setFirst(left);
-    mRows.setFirst(top);
-    Invalidate();
+    const TLayout former = GetLayout();
+    const TMove across = MoveFirst(mCols, left, former.width);
+    const TMove down = MoveFirst(mRows, top, former.height);
+    const bool isStraight = across.way == 0 || down.way == 0;
+    if (across.isInSight && down.isInSight && isStraight && GetLayout() == former && CanMoveCells()) {
+        MoveCells(
+            {across.way == 0 ? 0 : across.begin, down.way == 0 ? 0 : down.begin, former.width, former.height},
+            {across.way, down.way});
+    } else {
+        Invalidate();
+    }
     TopLeftChanged();
+}
+
+bool TCustomGrid::CanMoveCells() const
+{
+    // The mark of what the mouse drags, and the editor, stay where they are.
+    const bool isEditing = mEditor != nullptr && mEditor->getVisible();
+    return GetWindow() != nullptr && getShowing() && !isEditing &&
+           (mGridState == gsNormal || mGridState == gsSelecting);
+}
+
+void TCustomGrid::MoveCells(TRect area, const TSize& by)
+{
+    const int edge = mBorderStyle == Forms::bsSingle ? 1 : 0;
+    area = Mirror(area);
+    GetWindow()->Scroll({std::max(area.Left, edge), std::max(area.Top, edge),
+                         std::min(area.Right, getWidth() - edge), std::min(area.Bottom, getHeight() - edge)},
+                        {UseRightToLeftAlignment() ? -by.cx : by.cx, by.cy});
+    const TRect client = GetClientRect();
+    InvalidateRect({client.Right, 0, getWidth(), getHeight()});
+    InvalidateRect({0, client.Bottom, getWidth(), getHeight()});
 }
 
 void TCustomGrid::ShowCell(TGridCoord cell)

@@ -9,6 +9,7 @@
 #include "support/ChildProgram.h"
 #include "support/ScopedVariable.h"
 #include "support/TempFolder.h"
+#include "support/VirtualCompositor.h"
 #include "support/VirtualScreen.h"
 
 #include <gtest/gtest.h>
@@ -149,19 +150,14 @@ std::string ContentOf(const std::filesystem::path& path)
     return std::string((std::istreambuf_iterator<char>(file)), {});
 }
 
-TEST(QtScreenLossTest, TheEndOfTheDisplayLetsTheProgramSaveItsData)
+/// What a program has saved whose display, the process `server`, ends.
+void ExpectSaved(pid_t serverProcess)
 {
-    const Support::VirtualScreen screen;
-    if (!screen.IsThere()) {
-        GTEST_SKIP() << "Xvfb isn't installed.";
-    }
     const Support::TempFolder folder;
     const auto saved = folder.Path() / "saved";
     const auto gathered = folder.Path() / "gathered";
     const auto told = folder.Path() / "told";
-    const Support::ScopedVariable display("DISPLAY", screen.Display());
-    const Support::ScopedVariable platform("QT_QPA_PLATFORM", "xcb");
-    const Support::ScopedVariable server("TRS8_BTL_SERVER", std::to_string(screen.Process()));
+    const Support::ScopedVariable server("TRS8_BTL_SERVER", std::to_string(serverProcess));
     const Support::ScopedVariable savedPath("TRS8_BTL_SAVED", saved.string());
     const Support::ScopedVariable gatheredPath("TRS8_BTL_GATHERED", gathered.string());
     const std::string program = std::filesystem::read_symlink("/proc/self/exe");
@@ -179,6 +175,34 @@ TEST(QtScreenLossTest, TheEndOfTheDisplayLetsTheProgramSaveItsData)
         << messages;
     EXPECT_NE(messages.find("a fault meanwhile"), std::string::npos) << messages;
     EXPECT_EQ(messages.find("Sanitizer"), std::string::npos) << messages;
+}
+
+TEST(QtScreenLossTest, TheEndOfTheDisplayLetsTheProgramSaveItsData)
+{
+    const Support::VirtualScreen screen;
+    if (!screen.IsThere()) {
+        GTEST_SKIP() << "Xvfb isn't installed.";
+    }
+    const Support::ScopedVariable display("DISPLAY", screen.Display());
+    const Support::ScopedVariable platform("QT_QPA_PLATFORM", "xcb");
+    ExpectSaved(screen.Process());
+}
+
+TEST(QtScreenLossTest, TheEndOfTheCompositorLetsTheProgramSaveItsData)
+{
+    // Also where nobody wants to hear what Qt warns of.
+    for (const char* const rules : {"", "*.warning=false"}) {
+        SCOPED_TRACE(rules);
+        const Support::VirtualCompositor compositor;
+        if (!compositor.IsThere()) {
+            GTEST_SKIP() << "weston, or the part of Qt for it, isn't installed.";
+        }
+        const Support::ScopedVariable runtime("XDG_RUNTIME_DIR", compositor.Folder().string());
+        const Support::ScopedVariable display("WAYLAND_DISPLAY", Support::VirtualCompositor::Display());
+        const Support::ScopedVariable platform("QT_QPA_PLATFORM", "wayland");
+        const Support::ScopedVariable logging("QT_LOGGING_RULES", rules);
+        ExpectSaved(compositor.Process());
+    }
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "platform/toolkit/Pixels.h"
 #include "platform/toolkit/qt/WindowLog.h"
 #include "platform/visual/Forms.h"
+#include "platform/visual/Grids.h"
 #include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
 
 #include <QApplication>
@@ -11,6 +12,7 @@
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QScreen>
 #include <QTextDocumentFragment>
 #include <QToolTip>
 
@@ -278,6 +280,76 @@ TEST(QtWindowTest, IsPaintedIntoPixelsWithAllThatIsInIt)
     EXPECT_EQ(pixels.getHeight() / scale, 60);
     EXPECT_EQ(pixels.At(5 * scale, 5 * scale), Toolkits::OpaquePixel(255, 0, 0));
     EXPECT_EQ(pixels.At(60 * scale, 40 * scale), Toolkits::OpaquePixel(0, 255, 0));
+}
+
+/// What is on the screen of a window, as it was painted.
+QImage OnScreen(const Forms::TForm& form)
+{
+    const auto& widget = *static_cast<QWidget*>(form.GetWindow()->NativeObject());
+    return widget.screen()->grabWindow(widget.winId()).toImage();
+}
+
+TEST(QtWindowTest, MovesTheCellsOfAGridThatStayInSight)
+{
+    Forms::TForm form;
+    form.SetBounds(0, 0, 400, 300);
+    auto* const grid = new Grids::TStringGrid(&form);
+    grid->SetBounds(7, 5, 350, 220);
+    grid->setColCount(40);
+    grid->setRowCount(60);
+    grid->setRowHeights(9, 11);
+    grid->setColWidths(3, 31);
+    for (int row = 0; row < 60; ++row) {
+        for (int col = 0; col < 40; ++col) {
+            grid->setCells(col, row, System::UnicodeString(row * 100 + col));
+        }
+    }
+    int drawn = 0;
+    grid->OnDrawCell = [&](System::TObject*, int, int, const TRect&, Grids::TGridDrawState) { ++drawn; };
+    grid->setParent(&form);
+    form.Show();
+    Forms::Application->ProcessMessages();
+    grid->Update();
+    const auto paint = [&] {
+        drawn = 0;
+        grid->Update();
+        return drawn;
+    };
+    grid->Invalidate();
+    const int all = paint();
+    ASSERT_GT(all, 50);
+    const bool canMove = OnScreen(form).devicePixelRatioF() == 1.0;
+    struct TStep
+    {
+        int left;
+        int top;
+        bool isFar;
+    };
+    for (const bool isMirrored : {false, true}) {
+        grid->setBiDiMode(isMirrored ? Classes::bdRightToLeft : Classes::bdLeftToRight);
+        for (const auto& [left, top, isFar] : {TStep{1, 2, false},
+                                               {1, 8, true},
+                                               {1, 10, false},
+                                               {1, 9, false},
+                                               {2, 9, false},
+                                               {4, 9, true},
+                                               {3, 9, false},
+                                               {3, 40, true},
+                                               {5, 41, true},
+                                               {1, 1, true}}) {
+            paint();
+            // A cell that changed before comes along.
+            grid->setCells(left + 2, top + 4, u"new");
+            grid->setTopRow(top);
+            grid->setLeftCol(left);
+            const int count = paint();
+            EXPECT_TRUE(isFar || !canMove || count < all * 3 / 4) << left << "," << top << ": " << count;
+            const QImage moved = OnScreen(form);
+            grid->Invalidate();
+            grid->Update();
+            EXPECT_EQ(moved, OnScreen(form)) << left << "," << top;
+        }
+    }
 }
 
 TEST(QtWindowTest, BearsSizesOfAllKinds)

@@ -15,6 +15,8 @@ struct TSide
 {
     Types::TPoint top;
     Types::TPoint bottom;
+    /// 1 if the line runs down here, else -1.
+    int turn;
 
     /// Where the middle of the row crosses it.
     double CrossingAt(int y) const
@@ -32,21 +34,40 @@ std::vector<TSide> SidesOf(std::span<const Types::TPoint> points)
         const Types::TPoint& a = points[i];
         const Types::TPoint& b = points[(i + 1) % points.size()];
         if (a.Y != b.Y) {
-            sides.push_back(a.Y < b.Y ? TSide{a, b} : TSide{b, a});
+            sides.push_back(a.Y < b.Y ? TSide{a, b, 1} : TSide{b, a, -1});
         }
     }
     std::ranges::sort(sides, {}, [](const TSide& side) { return side.top.Y; });
     return sides;
 }
 
+/// Where a row is crossed, and by which turn of the line.
+struct TCrossing
+{
+    double place;
+    int turn;
+};
+
 int PixelBehind(double place)
 {
     return static_cast<int>(std::ceil(place - 0.5));
 }
 
+/// Fills what is within in the row, whose crossings stand from left to right.
+void FillRow(CSpanFiller& area, int y, std::span<const TCrossing> crossings, EFillRule rule)
+{
+    int turns = 0;
+    for (std::size_t i = 0; i + 1 < crossings.size(); ++i) {
+        turns = rule == EFillRule::EvenOdd ? 1 - turns : turns + crossings[i].turn;
+        if (turns != 0) {
+            area.Span(y, PixelBehind(crossings[i].place), PixelBehind(crossings[i + 1].place));
+        }
+    }
+}
+
 } // namespace
 
-void FillPolygon(CSpanFiller& area, std::span<const Types::TPoint> points)
+void FillPolygon(CSpanFiller& area, std::span<const Types::TPoint> points, EFillRule rule)
 {
     if (points.size() < 3 || area.IsClear()) {
         return;
@@ -57,7 +78,7 @@ void FillPolygon(CSpanFiller& area, std::span<const Types::TPoint> points)
     }
     auto next = sides.begin();
     std::vector<TSide> crossed;
-    std::vector<double> places;
+    std::vector<TCrossing> crossings;
     for (int y = std::max(area.Clip().Top, sides.front().top.Y); y < area.Clip().Bottom; ++y) {
         for (; next != sides.end() && next->top.Y <= y; ++next) {
             crossed.push_back(*next);
@@ -66,13 +87,12 @@ void FillPolygon(CSpanFiller& area, std::span<const Types::TPoint> points)
         if (crossed.empty() && next == sides.end()) {
             return;
         }
-        places.resize(crossed.size());
-        std::ranges::transform(crossed, places.begin(),
-                               [y](const TSide& side) { return side.CrossingAt(y); });
-        std::ranges::sort(places);
-        for (std::size_t i = 0; i + 1 < places.size(); i += 2) {
-            area.Span(y, PixelBehind(places[i]), PixelBehind(places[i + 1]));
-        }
+        crossings.resize(crossed.size());
+        std::ranges::transform(crossed, crossings.begin(), [y](const TSide& side) {
+            return TCrossing{.place = side.CrossingAt(y), .turn = side.turn};
+        });
+        std::ranges::sort(crossings, {}, &TCrossing::place);
+        FillRow(area, y, crossings, rule);
     }
 }
 

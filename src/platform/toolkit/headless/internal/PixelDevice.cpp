@@ -88,7 +88,7 @@ void CPixelDevice::DrawClosed(std::vector<TPoint> points, const TPenData& pen, c
         return;
     }
     CSpanFiller area = Filler(brush, pen.mode);
-    FillPolygon(area, points);
+    FillPolygon(area, points, brush.rule);
     points.push_back(points.front());
     CSpanFiller line = Filler(pen);
     DrawPolyline(line, points, pen);

@@ -56,8 +56,9 @@ void EachFocusDot(const Types::TRect& frame, const Types::TRect& clip, Dot dot)
 /// frame, unless its style keeps it inside.
 void DrawRoundShape(CSpanFiller& line, CSpanFiller& area, const TRoundShape& shape, const TPenData& pen);
 
-/// Fills what is within the closed line, by the even-odd rule.
-void FillPolygon(CSpanFiller& area, std::span<const Types::TPoint> points);
+/// Fills what is within the closed line.
+void FillPolygon(CSpanFiller& area, std::span<const Types::TPoint> points,
+                 EFillRule rule = EFillRule::EvenOdd);
 
 /// Lines from point to point, without the last point.
 void DrawPolyline(CSpanFiller& line, std::span<const Types::TPoint> points, const TPenData& pen);

@@ -183,7 +183,7 @@ CQtPages::CQtPages(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& s
         mArrows[i]->setAttribute(Qt::WA_NoMousePropagation);
         mArrows[i]->hide();
         QObject::connect(mArrows[i], &QToolButton::clicked, Context(),
-                         [this, i] { Scroll(i == 0 ? -1 : 1); });
+                         [this, i] { ScrollTabs(i == 0 ? -1 : 1); });
     }
 }
 
@@ -222,7 +222,7 @@ void CQtPages::PlaceArrows(const TTabs& tabs)
     mArrows[1]->setEnabled(last.Right > room && tabs.first + 1 < static_cast<int>(tabs.tabs.size()));
 }
 
-void CQtPages::Scroll(int delta)
+void CQtPages::ScrollTabs(int delta)
 {
     const int first = mFirst + delta;
     Tell([first](WindowEvents& events) { events.Scrolled(first); });

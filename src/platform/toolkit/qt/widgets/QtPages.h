@@ -26,7 +26,7 @@ protected:
 
 private:
     void PlaceArrows(const TTabs& tabs);
-    void Scroll(int delta);
+    void ScrollTabs(int delta);
 
     CPagesWidget* mPages;
     CTabBar* mBar;

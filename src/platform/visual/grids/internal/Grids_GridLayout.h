@@ -13,6 +13,8 @@ struct TCustomGrid::TLayout
     int height = 0;
     bool hasHorizontal = false;
     bool hasVertical = false;
+
+    friend bool operator==(const TLayout&, const TLayout&) = default;
 };
 
 } // namespace Grids

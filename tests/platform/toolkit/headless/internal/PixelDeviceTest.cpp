@@ -137,6 +137,19 @@ TEST(PixelDeviceTest, DrawsLinesAndShapes)
                             {.style = psClear}, Brush(Red));
          },
          "rrrrrrrr\nrr....rr\nrr....rr\nrr....rr\nrrrrrrrr\n"},
+        {"by the turns of the line",
+         [](PaintDevice& device) {
+             Toolkits::TBrushData brush = Brush(Red);
+             brush.rule = Toolkits::EFillRule::Winding;
+             // Around twice, then around and back.
+             device.Polygon(std::array{TPoint{0, 0}, TPoint{4, 0}, TPoint{4, 5}, TPoint{0, 5}, TPoint{0, 0},
+                                       TPoint{1, 1}, TPoint{3, 1}, TPoint{3, 4}, TPoint{1, 4}, TPoint{1, 1}},
+                            {.style = psClear}, brush);
+             device.Polygon(std::array{TPoint{4, 0}, TPoint{8, 0}, TPoint{8, 5}, TPoint{4, 5}, TPoint{4, 0},
+                                       TPoint{5, 1}, TPoint{5, 4}, TPoint{7, 4}, TPoint{7, 1}, TPoint{5, 1}},
+                            {.style = psClear}, brush);
+         },
+         "rrrrrrrr\nrrrrr..r\nrrrrr..r\nrrrrr..r\nrrrrrrrr\n"},
         {"focus",
          [](PaintDevice& device) {
              device.FocusRect({0, 0, 5, 3});

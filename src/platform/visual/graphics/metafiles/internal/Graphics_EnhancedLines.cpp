@@ -113,7 +113,9 @@ void AddEnhancedLines(TMetafileHandlers& handlers)
     handlers[emDrawPath] = [](TMetafileReading& reading, const CByteView&) {
         reading.player.DrawPath(false, true);
     };
-    handlers[emClipPath] = [](TMetafileReading& reading, const CByteView&) { reading.player.ClipPath(); };
+    handlers[emClipPath] = [](TMetafileReading& reading, const CByteView& record) {
+        reading.player.ClipPath(record.At32(8));
+    };
 }
 
 } // namespace Graphics

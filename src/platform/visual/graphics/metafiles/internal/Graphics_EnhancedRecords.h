@@ -24,12 +24,14 @@ inline constexpr unsigned emEnd = 14;
 inline constexpr unsigned emSetPixel = 15;
 inline constexpr unsigned emSetMapMode = 17;
 inline constexpr unsigned emSetBackgroundMode = 18;
+inline constexpr unsigned emSetFillRule = 19;
 inline constexpr unsigned emSetPenMode = 20;
 inline constexpr unsigned emSetTextAlign = 22;
 inline constexpr unsigned emSetTextColor = 24;
 inline constexpr unsigned emSetBackgroundColor = 25;
 inline constexpr unsigned emOffsetClip = 26;
 inline constexpr unsigned emMoveTo = 27;
+inline constexpr unsigned emExcludeClip = 29;
 inline constexpr unsigned emIntersectClip = 30;
 inline constexpr unsigned emScaleViewport = 31;
 inline constexpr unsigned emScaleWindow = 32;
@@ -63,6 +65,7 @@ inline constexpr unsigned emDrawPath = 64;
 inline constexpr unsigned emClipPath = 67;
 inline constexpr unsigned emAbortPath = 68;
 inline constexpr unsigned emFillRegion = 71;
+inline constexpr unsigned emInvertRegion = 73;
 inline constexpr unsigned emPaintRegion = 74;
 inline constexpr unsigned emSelectClipRegion = 75;
 inline constexpr unsigned emBitBlt = 76;
@@ -104,5 +107,7 @@ void AddEnhancedImages(TMetafileHandlers& handlers);
 
 /// The rectangle of a shape, whose right and lower edges are within it in the file.
 Types::TRect EnhancedBox(const CByteView& record, std::size_t offset);
+/// The rectangles of a region. `EInvalidGraphic` if the record hasn't as many as it tells.
+std::vector<Types::TRect> EnhancedRegion(const CByteView& record, std::size_t offset);
 
 } // namespace Graphics

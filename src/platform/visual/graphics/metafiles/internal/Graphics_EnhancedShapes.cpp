@@ -17,8 +17,26 @@ Types::TRect EnhancedBox(const CByteView& record, std::size_t offset)
     return box;
 }
 
+std::vector<Types::TRect> EnhancedRegion(const CByteView& record, std::size_t offset)
+{
+    constexpr std::size_t headSize = 32;
+    constexpr std::size_t rectSize = 16;
+    const std::size_t count = record.At32(offset + 8);
+    if (count > record.Size() / rectSize || !record.Has(offset + headSize, count * rectSize)) {
+        ThrowMetafileDamaged();
+    }
+    std::vector<Types::TRect> rects(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        rects[i] = TFields::RectAt(record, offset + headSize + i * rectSize);
+    }
+    return rects;
+}
+
 namespace
 {
+
+constexpr unsigned char CopyBrush = 0xF0;
+constexpr unsigned char Invert = 0x55;
 
 template <Toolkits::EArc Kind>
 void Arc(TMetafileReading& reading, const CByteView& record)
@@ -28,17 +46,11 @@ void Arc(TMetafileReading& reading, const CByteView& record)
 }
 
 /// Fills the rectangles of a region with the brush.
-void FillRegion(TMetafileReading& reading, const CByteView& record, std::size_t region)
+void FillRegion(TMetafileReading& reading, const CByteView& record, std::size_t offset,
+                unsigned char operation)
 {
-    constexpr std::size_t headSize = 32;
-    constexpr std::size_t rectSize = 16;
-    const std::size_t count = record.At32(region + 8);
-    const std::size_t rects = region + headSize;
-    if (count > record.Size() / rectSize || !record.Has(rects, count * rectSize)) {
-        ThrowMetafileDamaged();
-    }
-    for (std::size_t i = 0; i < count; ++i) {
-        reading.player.Fill(TFields::RectAt(record, rects + i * rectSize), 0xF0);
+    for (const Types::TRect& rect : EnhancedRegion(record, offset)) {
+        reading.player.Fill(rect, operation);
     }
 }
 
@@ -49,7 +61,7 @@ void FillRegionWith(TMetafileReading& reading, const CByteView& record)
     const unsigned number = record.At32(28);
     reading.player.Select((number & emStock) != 0 ? StockObject(number & ~emStock)
                                                   : reading.objects.Find(number));
-    FillRegion(reading, record, 32);
+    FillRegion(reading, record, 32, CopyBrush);
     reading.player.State().brush = selected;
 }
 
@@ -90,7 +102,10 @@ void AddEnhancedShapes(TMetafileHandlers& handlers)
     handlers[emFloodFill] = &FloodFill;
     handlers[emFillRegion] = &FillRegionWith;
     handlers[emPaintRegion] = [](TMetafileReading& reading, const CByteView& record) {
-        FillRegion(reading, record, 28);
+        FillRegion(reading, record, 28, CopyBrush);
+    };
+    handlers[emInvertRegion] = [](TMetafileReading& reading, const CByteView& record) {
+        FillRegion(reading, record, 28, Invert);
     };
 }
 

@@ -49,20 +49,23 @@ void ModifyWorld(TMetafileReading& reading, const CByteView& record)
     }
 }
 
-/// A region, in pixels of the device, counts as the rectangle around it, which stands before those that it is
-/// made of.
+/// A region is in pixels of the device.
 void SelectClipRegion(TMetafileReading& reading, const CByteView& record)
 {
-    constexpr unsigned intersect = 1;
-    constexpr unsigned replace = 5;
-    CMetafilePlayer& player = reading.player;
-    const unsigned mode = record.At32(12);
-    if (mode == replace) {
-        player.State().clip.reset();
+    constexpr std::size_t regionPlace = 16;
+    TMetafileState& state = reading.player.State();
+    const unsigned operation = record.At32(12);
+    if (record.At32(8) == 0) {
+        if (operation == CMetafileClip::Replace) {
+            state.clip = {};
+        }
+        return;
     }
-    if ((mode == replace || mode == intersect) && record.At32(8) != 0) {
-        player.IntersectClip(player.State().mapping.FromDevice(TFields::RectAt(record, 32)));
+    std::vector<Types::TRect> rects = EnhancedRegion(record, regionPlace);
+    for (Types::TRect& rect : rects) {
+        rect = state.mapping.FromDevice(rect);
     }
+    state.clip.Combine(operation, rects);
 }
 
 /// The fields stand behind type and size of the record.
@@ -88,12 +91,14 @@ void AddEnhancedState(TMetafileHandlers& handlers)
                                             .setMapMode = emSetMapMode,
                                             .setBackgroundMode = emSetBackgroundMode,
                                             .setPenMode = emSetPenMode,
+                                            .setFillRule = emSetFillRule,
                                             .setTextAlign = emSetTextAlign,
                                             .setTextColor = emSetTextColor,
                                             .setBackgroundColor = emSetBackgroundColor,
                                             .save = emSave,
                                             .restore = emRestore,
                                             .intersectClip = emIntersectClip,
+                                            .excludeClip = emExcludeClip,
                                             .offsetClip = emOffsetClip,
                                             .moveTo = emMoveTo,
                                             .lineTo = emLineTo,

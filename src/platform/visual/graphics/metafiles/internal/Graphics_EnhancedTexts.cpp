@@ -30,10 +30,15 @@ template <std::size_t UnitSize>
 void TextOut(TMetafileReading& reading, const CByteView& record)
 {
     const TFontCharset charset = reading.player.State().font.charset;
+    const std::size_t count = record.At32(44);
+    const unsigned options = record.At32(52);
+    const std::size_t distances = record.At32(72);
+    const bool hasDistances = distances != 0 && (options & toBothWays) == 0;
     reading.player.Text({.at = TFields::PointAt(record, 36),
-                         .text = TextAt(record, record.At32(48), record.At32(44), UnitSize, charset),
-                         .options = record.At32(52),
-                         .rect = TFields::RectAt(record, 56)});
+                         .text = TextAt(record, record.At32(48), count, UnitSize, charset),
+                         .options = options,
+                         .rect = TFields::RectAt(record, 56),
+                         .distances = TFields::NumbersAt(record, distances, hasDistances ? count : 0)});
 }
 
 void SmallTextOut(TMetafileReading& reading, const CByteView& record)

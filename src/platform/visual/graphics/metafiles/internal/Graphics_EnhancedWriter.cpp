@@ -242,8 +242,8 @@ void CEnhancedWriter::PutDelete(std::size_t number)
 
 void CEnhancedWriter::PutSetting(ESetting setting, unsigned value)
 {
-    static constexpr std::array types = {emSetPenMode, emSetBackgroundMode, emSetBackgroundColor,
-                                         emSetTextColor};
+    static constexpr std::array types = {emSetPenMode, emSetFillRule, emSetBackgroundMode,
+                                         emSetBackgroundColor, emSetTextColor};
     PutNumbers(types[setting], {value});
 }
 

@@ -46,6 +46,18 @@ struct GMetafileFields
                 .Right = At(record, offset + 2 * Size),
                 .Bottom = At(record, offset + 3 * Size)};
     }
+    /// None if the record hasn't as many.
+    static std::vector<int> NumbersAt(const CByteView& record, std::size_t offset, std::size_t count)
+    {
+        std::vector<int> numbers;
+        if (count <= record.Size() / Size && record.Has(offset, count * Size)) {
+            numbers.resize(count);
+            for (std::size_t i = 0; i < count; ++i) {
+                numbers[i] = At(record, offset + i * Size);
+            }
+        }
+        return numbers;
+    }
     /// `EInvalidGraphic` if the record hasn't as many.
     static std::vector<Types::TPoint> PointsAt(const CByteView& record, std::size_t offset, std::size_t count)
     {

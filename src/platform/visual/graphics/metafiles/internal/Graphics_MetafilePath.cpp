@@ -71,21 +71,14 @@ std::vector<TPoint> JoinedFigures(const std::vector<TMetafileFigure>& figures)
     return joined;
 }
 
-TRect BoundsOf(const std::vector<TMetafileFigure>& figures)
+TRect BoundsOf(const std::vector<TPoint>& points)
 {
-    TRect bounds;
-    bool isFirst = true;
-    for (const TMetafileFigure& figure : figures) {
-        for (const TPoint& point : figure.points) {
-            bounds = isFirst ? TRect{.Left = point.X, .Top = point.Y, .Right = point.X, .Bottom = point.Y}
-                             : TRect{.Left = std::min(bounds.Left, point.X),
-                                     .Top = std::min(bounds.Top, point.Y),
-                                     .Right = std::max(bounds.Right, point.X),
-                                     .Bottom = std::max(bounds.Bottom, point.Y)};
-            isFirst = false;
-        }
+    if (points.empty()) {
+        return {};
     }
-    return bounds;
+    const auto [left, right] = std::ranges::minmax(points, {}, &TPoint::X);
+    const auto [top, bottom] = std::ranges::minmax(points, {}, &TPoint::Y);
+    return {.Left = left.X, .Top = top.Y, .Right = right.X, .Bottom = bottom.Y};
 }
 
 double EllipseAngle(const TRect& box, const TPoint& through)

@@ -34,8 +34,8 @@ private:
 
 /// All figures as one row of points, which fills what they fill together.
 std::vector<Types::TPoint> JoinedFigures(const std::vector<TMetafileFigure>& figures);
-/// The smallest rectangle that has all points in it.
-Types::TRect BoundsOf(const std::vector<TMetafileFigure>& figures);
+/// The smallest rectangle that has all points in it; an empty one for none.
+Types::TRect BoundsOf(const std::vector<Types::TPoint>& points);
 
 /// The angle of the radius of the ellipse in `box` through a point, counterclockwise from the right.
 double EllipseAngle(const Types::TRect& box, const Types::TPoint& through);

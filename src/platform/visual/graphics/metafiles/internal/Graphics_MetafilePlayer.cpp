@@ -66,19 +66,19 @@ void CMetafilePlayer::Select(const TMetafileObject& object)
     std::visit(TSelection{mState}, object);
 }
 
-PaintRecording& CMetafilePlayer::Target()
+PaintRecording& CMetafilePlayer::Target(const std::optional<TRect>& clip)
 {
     if (mRecording.Count() > MostCalls) {
         ThrowTooLarge();
     }
     // A device can make its limits narrower alone, so others begin with those of the picture.
-    if (mState.clip != mClipOfRecording) {
+    if (clip != mClipOfRecording) {
         Finish();
-        if (mState.clip) {
+        if (clip) {
             mRecording.PushState();
-            mRecording.IntersectClip(*mState.clip);
+            mRecording.IntersectClip(*clip);
         }
-        mClipOfRecording = mState.clip;
+        mClipOfRecording = clip;
     }
     return mRecording;
 }
@@ -98,29 +98,6 @@ void CMetafilePlayer::CountPixels(std::size_t count)
         ThrowTooLarge();
     }
     mPixelCount += count;
-}
-
-void CMetafilePlayer::CountPoints(std::size_t count)
-{
-    constexpr std::size_t pixelsOfAPoint = 16;
-    CountPixels(count * pixelsOfAPoint);
-}
-
-void CMetafilePlayer::IntersectClip(const TRect& rect)
-{
-    const TRect pixels = Toolkits::Normalized(rect);
-    mState.clip = mState.clip ? Toolkits::Intersection(*mState.clip, pixels) : pixels;
-}
-
-void CMetafilePlayer::MoveClip(const Types::TSize& by)
-{
-    if (mState.clip) {
-        TRect& clip = *mState.clip;
-        clip = {.Left = Toolkits::HoldPlace(0LL + clip.Left + by.cx),
-                .Top = Toolkits::HoldPlace(0LL + clip.Top + by.cy),
-                .Right = Toolkits::HoldPlace(0LL + clip.Right + by.cx),
-                .Bottom = Toolkits::HoldPlace(0LL + clip.Bottom + by.cy)};
-    }
 }
 
 } // namespace Graphics

@@ -2,11 +2,13 @@
 #pragma once
 
 #include "platform/toolkit/PaintRecording.h"
+#include "platform/visual/graphics/metafiles/internal/Graphics_MetafileClip.h"
 #include "platform/visual/graphics/metafiles/internal/Graphics_MetafileMapping.h"
 #include "platform/visual/graphics/metafiles/internal/Graphics_MetafileObjects.h"
 #include "platform/visual/graphics/metafiles/internal/Graphics_MetafilePath.h"
 
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace Graphics
@@ -25,11 +27,12 @@ struct TMetafileState
     /// The `ta...` bits.
     unsigned textAlign = 0;
     TPenMode mode = pmCopy;
+    Toolkits::EFillRule fillRule = Toolkits::EFillRule::EvenOdd;
     bool isClockwise = false;
     /// Where the next line begins.
     Types::TPoint at;
-    /// In pixels; drawing is limited by the picture alone where it has no value.
-    std::optional<Types::TRect> clip;
+    /// In pixels.
+    CMetafileClip clip;
 };
 
 // How a text lies at its place, and the options of a text, as files have them.
@@ -44,6 +47,7 @@ inline constexpr unsigned toOpaque = 2;
 inline constexpr unsigned toClipped = 4;
 inline constexpr unsigned toGlyphs = 16;
 inline constexpr unsigned toRightToLeft = 128;
+inline constexpr unsigned toBothWays = 0x2000;
 
 struct TMetafileText
 {
@@ -51,6 +55,8 @@ struct TMetafileText
     System::UnicodeString text;
     unsigned options = 0;
     Types::TRect rect;
+    /// How far each character reaches; if there aren't as many as characters, that is the font's matter.
+    std::vector<int> distances = {};
 };
 
 /// Draws in the units of a metafile, and keeps as a recording in pixels what that gives.
@@ -102,17 +108,29 @@ public:
     void EndPath();
     void AbortPath();
     void DrawPath(bool isFilled, bool isDrawn);
-    void ClipPath();
-
-    // Limits of drawing, in pixels.
-
-    void IntersectClip(const Types::TRect& rect);
-    void MoveClip(const Types::TSize& by);
+    /// Limits drawing to the rectangles around the figures of the path, by the number of the operation.
+    void ClipPath(unsigned operation);
 
 private:
-    /// Where to draw, with the limits that hold.
-    Toolkits::PaintRecording& Target();
+    /// Where to draw within a rectangle, or in all of the picture.
+    Toolkits::PaintRecording& Target(const std::optional<Types::TRect>& clip);
+    /// Calls `action` with where to draw, for each rectangle that drawing is limited to. What is drawn takes
+    /// as much as so many pixels, each time, and all but the first count.
+    template <class Action>
+    void Draw(std::size_t pixels, Action action)
+    {
+        if (!mState.clip.IsSet()) {
+            action(Target({}));
+        }
+        bool isFirst = true;
+        for (const Types::TRect& rect : mState.clip.Rects()) {
+            CountPixels(std::exchange(isFirst, false) ? 0 : pixels);
+            action(Target(rect));
+        }
+    }
     Toolkits::TPenData Pen() const;
+    /// What polygons are filled with.
+    Toolkits::TBrushData PolygonBrush() const;
     /// Whether shapes are to be drawn as such.
     bool IsPlain() const { return !mIsPathOpen && !mState.mapping.IsTurned(); }
     template <class Point>
@@ -121,8 +139,9 @@ private:
     void DrawFigures(const std::vector<TMetafileFigure>& figures, bool isFilled, bool isDrawn);
     std::vector<TMetafilePoint> ArcPoints(const Types::TRect& rect, const Types::TPoint& from,
                                           const Types::TPoint& to);
-    /// As `CountPixels`, for points of curves, which are more to keep and to draw than pixels.
-    void CountPoints(std::size_t count);
+    /// A point is more to keep and to draw than a pixel.
+    static constexpr std::size_t PixelsOfAPoint = 16;
+    void CountPoints(std::size_t count) { CountPixels(count * PixelsOfAPoint); }
     /// A part of an ellipse, and curves, as points close to each other. They count, a curve before the next
     /// one is made: a few bytes of a file become hundreds of points.
     std::vector<TMetafilePoint> EllipsePoints(const Types::TRect& box, double start, double sweep);
@@ -131,6 +150,15 @@ private:
                                            const std::vector<std::size_t>& counts, bool isClosed) const;
     void DrawOrGather(const std::vector<TMetafileFigure>& figures, bool isFilled);
     Toolkits::TFontData Font() const;
+    /// `rect` is what a text is cut to that is cut at all; it must outlive the result.
+    Toolkits::TTextOptions OptionsOf(const TMetafileText& text, const Types::TRect& rect) const;
+    /// Where, in pixels behind the beginning of a text, each character begins, and where the last one ends.
+    std::vector<int> PlacesOf(const std::vector<int>& distances) const;
+    void DrawPlaced(const System::UnicodeString& text, const std::vector<int>& places,
+                    const Types::TPoint& corner, const Toolkits::TFontData& font,
+                    Toolkits::TTextOptions options);
+    /// The next text begins behind one that is so many pixels wide.
+    void MoveBehind(int width);
 
     Toolkits::PaintRecording& mRecording;
     TMetafileState mState;

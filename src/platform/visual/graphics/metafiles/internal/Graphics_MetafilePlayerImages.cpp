@@ -59,7 +59,8 @@ void CMetafilePlayer::Image(const Pixels& image, const TRect& source, const TRec
     if (LimitToImage(image.Bounds(), part, place)) {
         TImageOptions whole = options;
         whole.brush = mState.brush.color;
-        Target().Image(image, part, place, whole);
+        Draw(image.All().size(),
+             [&](Toolkits::PaintRecording& onto) { onto.Image(image, part, place, whole); });
     }
 }
 
@@ -68,12 +69,14 @@ void CMetafilePlayer::Fill(const TRect& rect, unsigned char operation)
     constexpr unsigned char copyBrush = 0xF0;
     const TRect pixels = Toolkits::Normalized(mState.mapping.ToPixels(rect));
     if (operation == copyBrush) {
-        Target().FillRect(pixels, mState.brush);
+        Draw(PixelsOfAPoint, [&](Toolkits::PaintRecording& onto) { onto.FillRect(pixels, mState.brush); });
         return;
     }
     // The operation doesn't look at the image, but it needs one.
     static constexpr TRect one{.Left = 0, .Top = 0, .Right = 1, .Bottom = 1};
-    Target().Image(Pixels(1, 1), one, pixels, {.operation = operation, .brush = mState.brush.color});
+    Draw(PixelsOfAPoint, [&](Toolkits::PaintRecording& onto) {
+        onto.Image(Pixels(1, 1), one, pixels, {.operation = operation, .brush = mState.brush.color});
+    });
 }
 
 } // namespace Graphics

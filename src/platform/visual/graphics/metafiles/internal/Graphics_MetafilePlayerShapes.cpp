@@ -41,6 +41,13 @@ Toolkits::TPenData CMetafilePlayer::Pen() const
     return pen;
 }
 
+Toolkits::TBrushData CMetafilePlayer::PolygonBrush() const
+{
+    Toolkits::TBrushData brush = mState.brush;
+    brush.rule = mState.fillRule;
+    return brush;
+}
+
 template <class Point>
 std::vector<TPoint> CMetafilePlayer::ToPixels(const std::vector<Point>& points) const
 {
@@ -52,12 +59,13 @@ std::vector<TPoint> CMetafilePlayer::ToPixels(const std::vector<Point>& points) 
 
 void CMetafilePlayer::DrawPoints(std::vector<TPoint> pixels, bool isClosed)
 {
+    const std::size_t size = pixels.size() * PixelsOfAPoint;
     if (mIsPathOpen) {
         mPath.AddFigure({.points = std::move(pixels), .isClosed = isClosed});
     } else if (isClosed) {
-        Target().Polygon(pixels, Pen(), mState.brush);
+        Draw(size, [&](PaintRecording& target) { target.Polygon(pixels, Pen(), PolygonBrush()); });
     } else {
-        Target().Polyline(pixels, Pen());
+        Draw(size, [&](PaintRecording& target) { target.Polyline(pixels, Pen()); });
     }
 }
 
@@ -140,24 +148,27 @@ void CMetafilePlayer::DrawOrGather(const std::vector<TMetafileFigure>& figures, 
 
 void CMetafilePlayer::DrawFigures(const std::vector<TMetafileFigure>& figures, bool isFilled, bool isDrawn)
 {
-    PaintRecording& target = Target();
     const Toolkits::TPenData pen = Pen();
     if (isFilled && isDrawn && figures.size() == 1 && figures.front().isClosed) {
-        target.Polygon(figures.front().points, pen, mState.brush);
+        DrawPoints(figures.front().points, true);
         return;
     }
     if (isFilled && !figures.empty() && mState.brush.style != bsClear) {
         Toolkits::TPenData none = pen;
         none.style = psClear;
-        target.Polygon(JoinedFigures(figures), none, mState.brush);
+        const std::vector<TPoint> joined = JoinedFigures(figures);
+        Draw(joined.size() * PixelsOfAPoint,
+             [&](PaintRecording& target) { target.Polygon(joined, none, PolygonBrush()); });
     }
     for (std::size_t i = 0; isDrawn && i < figures.size(); ++i) {
         const TMetafileFigure& figure = figures[i];
-        if (figure.isClosed) {
-            Target().Polygon(figure.points, pen, {.style = bsClear});
-        } else {
-            Target().Polyline(figure.points, pen);
-        }
+        Draw(figure.points.size() * PixelsOfAPoint, [&](PaintRecording& target) {
+            if (figure.isClosed) {
+                target.Polygon(figure.points, pen, {.style = bsClear});
+            } else {
+                target.Polyline(figure.points, pen);
+            }
+        });
     }
 }
 
@@ -209,9 +220,11 @@ void CMetafilePlayer::Rectangle(const TRect& rect, const TSize& corner)
 {
     if (IsPlain()) {
         const CMetafileMapping& mapping = mState.mapping;
-        Target().Rectangle(Toolkits::Normalized(mapping.ToPixels(rect)),
-                           {.cx = mapping.Across(corner.cx), .cy = mapping.Down(corner.cy)}, Pen(),
-                           mState.brush);
+        Draw(PixelsOfAPoint, [&](PaintRecording& target) {
+            target.Rectangle(Toolkits::Normalized(mapping.ToPixels(rect)),
+                             {.cx = mapping.Across(corner.cx), .cy = mapping.Down(corner.cy)}, Pen(),
+                             mState.brush);
+        });
         return;
     }
     DrawPoints(ToPixels(std::vector<TPoint>{{.X = rect.Left, .Y = rect.Top},
@@ -224,7 +237,9 @@ void CMetafilePlayer::Rectangle(const TRect& rect, const TSize& corner)
 void CMetafilePlayer::Ellipse(const TRect& rect)
 {
     if (IsPlain()) {
-        Target().Ellipse(Toolkits::Normalized(mState.mapping.ToPixels(rect)), Pen(), mState.brush);
+        Draw(PixelsOfAPoint, [&](PaintRecording& target) {
+            target.Ellipse(Toolkits::Normalized(mState.mapping.ToPixels(rect)), Pen(), mState.brush);
+        });
     } else {
         DrawPoints(ToPixels(EllipsePoints(rect, 0, Around)), true);
     }
@@ -258,8 +273,10 @@ void CMetafilePlayer::Arc(EArc kind, const TRect& rect, TPoint from, TPoint to)
         std::swap(from, to);
     }
     const CMetafileMapping& mapping = mState.mapping;
-    Target().Arc(kind, Toolkits::Normalized(mapping.ToPixels(rect)), mapping.ToPixel(from),
-                 mapping.ToPixel(to), Pen(), mState.brush);
+    Draw(PixelsOfAPoint, [&](PaintRecording& target) {
+        target.Arc(kind, Toolkits::Normalized(mapping.ToPixels(rect)), mapping.ToPixel(from),
+                   mapping.ToPixel(to), Pen(), mState.brush);
+    });
 }
 
 void CMetafilePlayer::ArcTo(const TRect& rect, TPoint from, TPoint to)
@@ -284,12 +301,14 @@ void CMetafilePlayer::AngleArc(const TPoint& center, int radius, double start, d
 
 void CMetafilePlayer::SetPixel(const TPoint& at, Toolkits::TPixel color)
 {
-    Target().SetPixel(mState.mapping.ToPixel(at), color);
+    Draw(PixelsOfAPoint, [&](PaintRecording& target) { target.SetPixel(mState.mapping.ToPixel(at), color); });
 }
 
 void CMetafilePlayer::FloodFill(const TPoint& at, Toolkits::TPixel color, Toolkits::EFlood kind)
 {
-    Target().FloodFill(mState.mapping.ToPixel(at), color, kind, mState.brush);
+    Draw(PixelsOfAPoint, [&](PaintRecording& target) {
+        target.FloodFill(mState.mapping.ToPixel(at), color, kind, mState.brush);
+    });
 }
 
 void CMetafilePlayer::BeginPath()
@@ -325,12 +344,18 @@ void CMetafilePlayer::DrawPath(bool isFilled, bool isDrawn)
     DrawFigures(figures, isFilled, isDrawn);
 }
 
-void CMetafilePlayer::ClipPath()
+void CMetafilePlayer::ClipPath(unsigned operation)
 {
     const CMetafilePath path = std::exchange(mPath, {});
     mIsPathOpen = false;
-    if (!path.getFigures().empty()) {
-        IntersectClip(BoundsOf(path.getFigures()));
+    std::vector<TRect> rects;
+    for (const TMetafileFigure& figure : path.getFigures()) {
+        rects.push_back(BoundsOf(figure.points));
+    }
+    // The rectangle around a figure leaves out more than the figure would.
+    const bool isLeftOut = operation == CMetafileClip::Exclude || operation == CMetafileClip::Differ;
+    if (!rects.empty() && !isLeftOut) {
+        mState.clip.Combine(operation, rects);
     }
 }
 

@@ -36,6 +36,11 @@ unsigned NumberOf(TPenMode mode)
     return number;
 }
 
+unsigned NumberOf(Toolkits::EFillRule rule)
+{
+    return rule == Toolkits::EFillRule::EvenOdd ? 1 : 2;
+}
+
 Pixels Part(const Pixels& image, const TRect& part)
 {
     Pixels pixels(part.Width(), part.Height());
@@ -73,7 +78,11 @@ unsigned OperationNumber(unsigned char operation)
     return found == usual.end() ? static_cast<unsigned>(operation) << 16U : static_cast<unsigned>(*found);
 }
 
-CMetafileWriter::CMetafileWriter(const TSize& size) : mSize(size), mState(BoundsOf(size)) {}
+CMetafileWriter::CMetafileWriter(const TSize& size) : mSize(size), mState(BoundsOf(size))
+{
+    // What holds at the beginning.
+    mSelection.settings[FillRule] = NumberOf(Toolkits::EFillRule::EvenOdd);
+}
 
 CMetafileWriter::~CMetafileWriter() = default;
 
@@ -173,7 +182,10 @@ void CMetafileWriter::Polygon(std::span<const TPoint> points, const TPenData& pe
 {
     UseClip();
     UsePen(pen);
-    Use(mSelection.brush, brush);
+    Use(FillRule, NumberOf(brush.rule));
+    TBrushData selected = brush;
+    selected.rule = Toolkits::EFillRule::EvenOdd;
+    Use(mSelection.brush, selected);
     PutPoints(ToPicture(points), true);
 }
 

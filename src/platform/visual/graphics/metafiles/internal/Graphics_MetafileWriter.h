@@ -61,6 +61,7 @@ protected:
     enum ESetting
     {
         PenMode,
+        FillRule,
         BackgroundMode,
         BackgroundColor,
         TextColor,

@@ -29,10 +29,15 @@ void ExtTextOut(TMetafileReading& reading, const CByteView& record)
 {
     const unsigned options = record.At16(6);
     const bool hasRect = (options & (toOpaque | toClipped)) != 0;
+    const std::size_t begin = hasRect ? 16 : 8;
+    const std::size_t count = record.At16(4);
+    const std::size_t distances = begin + (count + 1) / 2 * 2;
+    const bool hasDistances = (options & toBothWays) == 0;
     reading.player.Text({.at = OldPointAt(record, 0),
-                         .text = TextAt(reading, record, hasRect ? 16 : 8, record.At16(4)),
+                         .text = TextAt(reading, record, begin, count),
                          .options = options,
-                         .rect = hasRect ? TOldFields::RectAt(record, 8) : Types::TRect{}});
+                         .rect = hasRect ? TOldFields::RectAt(record, 8) : Types::TRect{},
+                         .distances = TOldFields::NumbersAt(record, distances, hasDistances ? count : 0)});
 }
 
 } // namespace

@@ -183,8 +183,8 @@ void COldWriter::PutDelete(std::size_t number)
 
 void COldWriter::PutSetting(ESetting setting, unsigned value)
 {
-    static constexpr std::array functions = {omSetPenMode, omSetBackgroundMode, omSetBackgroundColor,
-                                             omSetTextColor};
+    static constexpr std::array functions = {omSetPenMode, omSetFillRule, omSetBackgroundMode,
+                                             omSetBackgroundColor, omSetTextColor};
     CByteWriter words;
     // Two words of a colour; of a mode the second counts for nothing.
     words.Put32(value);

@@ -19,12 +19,14 @@ struct TSharedRecords
     unsigned setMapMode;
     unsigned setBackgroundMode;
     unsigned setPenMode;
+    unsigned setFillRule;
     unsigned setTextAlign;
     unsigned setTextColor;
     unsigned setBackgroundColor;
     unsigned save;
     unsigned restore;
     unsigned intersectClip;
+    unsigned excludeClip;
     unsigned offsetClip;
     unsigned moveTo;
     unsigned lineTo;
@@ -100,6 +102,12 @@ private:
         handlers[records.setPenMode] = [](TReading& reading, const TRecord& record) {
             reading.player.State().mode = MetafilePenMode(Layout::NumberAt(record));
         };
+        handlers[records.setFillRule] = [](TReading& reading, const TRecord& record) {
+            constexpr unsigned winding = 2;
+            reading.player.State().fillRule = Layout::NumberAt(record) == winding
+                                                  ? Toolkits::EFillRule::Winding
+                                                  : Toolkits::EFillRule::EvenOdd;
+        };
         handlers[records.setTextAlign] = [](TReading& reading, const TRecord& record) {
             reading.player.State().textAlign = Layout::NumberAt(record);
         };
@@ -118,16 +126,21 @@ private:
         };
     }
 
+    template <CMetafileClip::EOperation Operation>
+    static void Clip(TReading& reading, const TRecord& record)
+    {
+        reading.player.State().clip.Combine(Operation, {Mapping(reading).ToPixels(Layout::RectAt(record))});
+    }
+
     static void AddPlaces(TMetafileHandlers& handlers, const TSharedRecords& records)
     {
-        handlers[records.intersectClip] = [](TReading& reading, const TRecord& record) {
-            reading.player.IntersectClip(Mapping(reading).ToPixels(Layout::RectAt(record)));
-        };
+        handlers[records.intersectClip] = &Clip<CMetafileClip::Intersect>;
+        handlers[records.excludeClip] = &Clip<CMetafileClip::Exclude>;
         handlers[records.offsetClip] = [](TReading& reading, const TRecord& record) {
             const Types::TPoint by = Layout::PointAt(record);
             const Types::TRect moved =
                 Mapping(reading).ToPixels({.Left = 0, .Top = 0, .Right = by.X, .Bottom = by.Y});
-            reading.player.MoveClip({.cx = moved.Width(), .cy = moved.Height()});
+            reading.player.State().clip.Move({.cx = moved.Width(), .cy = moved.Height()});
         };
         handlers[records.moveTo] = [](TReading& reading, const TRecord& record) {
             reading.player.MoveTo(Layout::PointAt(record));

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <bit>
 #include <string>
+#include <tuple>
 
 namespace
 {
@@ -122,6 +123,18 @@ TEST(GraphicsMetafileReaderTest, DrawsLinesAndShapesOfTheEnhancedType)
           EnhancedRecord(47, Longs({0, 0, 9, 9, 9, 5, 5, 0}))},
          "chord 0,0,10,10 from 9,5 to 5,0 pen #000000 brush #FFFFFF\n"
          "pie 0,0,10,10 from 9,5 to 5,0 pen #000000 brush #FFFFFF\n"},
+        {"polygons filled by the turns of their lines",
+         {EnhancedRecord(19, Longs({2})), EnhancedRecord(3, Points32({0, 0, 4, 0, 0, 4})), EnhancedRecord(59),
+          EnhancedRecord(43, Longs({1, 2, 9, 8})), EnhancedRecord(43, Longs({2, 3, 8, 7})),
+          EnhancedRecord(60), EnhancedRecord(62), EnhancedRecord(19, Longs({1})),
+          EnhancedRecord(3, Points32({0, 0, 4, 0, 0, 4}))},
+         "polygon 0,0 4,0 0,4 pen #000000 brush #FFFFFF winding\n"
+         "polygon 1,2 10,2 10,9 1,9 1,2 1,2 2,3 9,3 9,8 2,8 2,3 1,2 pen clear brush #FFFFFF winding\n"
+         "polygon 0,0 4,0 0,4 pen #000000 brush #FFFFFF\n"},
+        {"regions filled and inverted",
+         {EnhancedRecord(74, Longs({0, 0, 9, 9, 64, 32, 1, 2, 32, 0, 0, 9, 9, 0, 0, 4, 4, 4, 4, 9, 9})),
+          EnhancedRecord(73, Longs({0, 0, 9, 9, 48, 32, 1, 1, 16, 0, 0, 9, 9, 1, 2, 3, 4}))},
+         "fill 0,0,4,4 brush #FFFFFF\nfill 4,4,9,9 brush #FFFFFF\nimage 1x1 onto 1,2,3,4 operation 55\n"},
         {"pixel", {EnhancedRecord(15, Longs({3, 4, 0x0000FF}))}, "pixel 3,4 #FF0000\n"},
         {"flood",
          {EnhancedRecord(53, Longs({3, 4, 0xFF0000, 1})), EnhancedRecord(53, Longs({3, 4, 0xFF0000, 0}))},
@@ -256,6 +269,77 @@ TEST(GraphicsMetafileReaderTest, MapsUnitsAndLimitsDrawing)
     }
 }
 
+/// A record that combines what drawing is limited to with a region of rectangles.
+TBytes ClipRegion(int operation, std::initializer_list<int> rects)
+{
+    const auto count = static_cast<int>(rects.size() / 4);
+    return EnhancedRecord(
+        75, With(Longs({32 + 16 * count, operation, 32, 1, count, 16 * count, 0, 0, 99, 49}), Longs(rects)));
+}
+
+TEST(GraphicsMetafileReaderTest, LimitsDrawingToRegions)
+{
+    const auto fill = EnhancedRecord(76, Longs({0, 0, 0, 0, 0, 0, 90, 40, 0xF00021}));
+    const auto exclude = EnhancedRecord(29, Longs({10, 10, 20, 20}));
+    const std::string filled = "fill 0,0,90,40 brush #FFFFFF\n";
+    const auto within = [&](std::initializer_list<const char*> rects) {
+        std::string text;
+        for (const char* const rect : rects) {
+            text += std::string("push\nclip ") + rect + "\n" + filled + "pop\n";
+        }
+        return text;
+    };
+    FileBytes many = Longs({32 + 16 * 100, 5, 32, 1, 100, 1600, 0, 0, 99, 49});
+    for (int i = 0; i < 100; ++i) {
+        many.Append(Longs({i, i, i + 1, i + 1}).getBytes());
+    }
+    const std::tuple<const char*, TRecords, std::string> cases[] = {
+        {"two rectangles", {ClipRegion(5, {1, 2, 3, 4, 5, 6, 7, 8})}, within({"1,2,3,4", "5,6,7,8"})},
+        {"two that overlap, one the wrong way round",
+         {ClipRegion(5, {0, 0, 9, 9, 12, 9, 3, 3})},
+         within({"0,0,9,9", "9,3,12,9"})},
+        {"what both have",
+         {ClipRegion(5, {0, 0, 9, 9}), ClipRegion(1, {5, 5, 20, 20, 30, 30, 40, 40})},
+         within({"5,5,9,9"})},
+        {"nothing", {ClipRegion(5, {0, 0, 9, 9}), ClipRegion(1, {10, 10, 20, 20})}, ""},
+        {"more",
+         {ClipRegion(5, {0, 0, 9, 9}), ClipRegion(2, {0, 0, 9, 12})},
+         within({"0,0,9,9", "0,9,9,12"})},
+        {"more than all", {ClipRegion(2, {0, 0, 9, 12})}, filled},
+        {"one of both",
+         {ClipRegion(5, {0, 0, 9, 9}), ClipRegion(3, {0, 0, 9, 4, 0, 9, 9, 12})},
+         within({"0,4,9,9", "0,9,9,12"})},
+        {"without",
+         {ClipRegion(5, {0, 0, 30, 30}), ClipRegion(4, {10, 10, 20, 40})},
+         within({"0,0,30,10", "0,10,10,30", "20,10,30,30"})},
+        {"a hole",
+         {ClipRegion(5, {0, 0, 30, 30}), exclude, EnhancedRecord(26, Longs({1, 2}))},
+         within({"1,2,31,12", "1,12,11,22", "21,12,31,22", "1,22,31,32"})},
+        {"kept and put back",
+         {EnhancedRecord(33), ClipRegion(5, {1, 2, 3, 4, 5, 6, 7, 8}), EnhancedRecord(34, Longs({-1}))},
+         filled},
+        {"an operation that isn't there", {ClipRegion(9, {1, 2, 3, 4})}, filled},
+        {"too many rectangles", {EnhancedRecord(75, many)}, within({"0,0,100,100"})},
+        {"a path of two rectangles",
+         {EnhancedRecord(59), EnhancedRecord(43, Longs({0, 0, 8, 8})),
+          EnhancedRecord(43, Longs({20, 0, 28, 8})), EnhancedRecord(60), EnhancedRecord(67, Longs({5}))},
+         within({"0,0,9,9", "20,0,29,9"})},
+        {"without a path",
+         {EnhancedRecord(59), EnhancedRecord(43, Longs({0, 0, 8, 8})), EnhancedRecord(60),
+          EnhancedRecord(67, Longs({4}))},
+         filled},
+    };
+    for (const auto& [name, clips, drawing] : cases) {
+        SCOPED_TRACE(name);
+        TRecords records = clips;
+        records.push_back(fill);
+        EXPECT_EQ(Drawing(EnhancedFile(records)), drawing);
+    }
+    EXPECT_EQ(
+        Drawing(EnhancedFile({EnhancedRecord(75, Longs({48, 5, 32, 1, 9, 16, 1, 2, 3, 4, 1, 2, 3, 4}))})),
+        "refused");
+}
+
 TEST(GraphicsMetafileReaderTest, BeginsThePictureAtItsFrame)
 {
     auto file = EnhancedFile({EnhancedRecord(75, Longs({48, 5, 32, 1, 1, 16, 15, 7, 30, 40, 15, 7, 30, 40})),
@@ -309,6 +393,69 @@ TEST(GraphicsMetafileReaderTest, DrawsTextsOfTheEnhancedType)
             .ascent;
     EXPECT_EQ(turned, "text " + std::to_string(30 - ascent) +
                           ",40 \"ab\" font Arial -20 bold italic turned 900 color #000000\n");
+}
+
+/// As `WideText`, with the distances of its characters behind it.
+TBytes PlacedText(const std::u16string& text, std::initializer_list<int> distances, int options = 0)
+{
+    const auto length = static_cast<int>(text.size());
+    FileBytes fields = Longs({0, 0, 99, 49, 1, Float(1), Float(1), 3, 4, length, 76, options, 1, 2, 30, 20,
+                              76 + 4 * ((length + 1) / 2)});
+    for (const char16_t unit : text) {
+        fields.Put16({unit});
+    }
+    return EnhancedRecord(84, With(text.size() % 2 != 0 ? fields.Put16({0}) : fields, Longs(distances)));
+}
+
+TEST(GraphicsMetafileReaderTest, PlacesCharactersWhereTheFileHasThem)
+{
+    const Toolkits::TFontData font{.name = u"Tahoma", .height = -12};
+    const auto widthOf = [&](const System::UnicodeString& text) {
+        return Toolkits::CurrentToolkit().TextExtent(font, text).cx;
+    };
+    const int a = widthOf(u"a");
+    const int height = Toolkits::CurrentToolkit().FontMetrics(font).height;
+    const auto text = [](int x, const char* shown, const char* ground = "") {
+        return "text " + std::to_string(x) + ",4 \"" + shown + "\" font Tahoma -12 color #000000" + ground +
+               "\n";
+    };
+    const TBytes clear = EnhancedRecord(18, Longs({1}));
+    const std::tuple<const char*, TRecords, std::string> cases[] = {
+        {"as the font has them", {clear, PlacedText(u"aaa", {a, a, a})}, text(3, "aaa")},
+        {"hardly apart", {clear, PlacedText(u"aaa", {a + 1, a - 1, a})}, text(3, "aaa")},
+        {"apart", {clear, PlacedText(u"aaa", {a + 5, a, a})}, text(3, "a") + text(3 + a + 5, "aa")},
+        {"over each other", {clear, PlacedText(u"aa", {0, a})}, text(3, "a") + text(3, "a")},
+        {"backwards", {clear, PlacedText(u"ab", {-9, a})}, text(3, "a") + text(-6, "b")},
+        {"with a ground",
+         {PlacedText(u"aa", {a + 5, a})},
+         "fill 3,4," + std::to_string(3 + 2 * a + 5) + "," + std::to_string(4 + height) + " brush #FFFFFF\n" +
+             text(3, "a") + text(3 + a + 5, "a")},
+        {"from its end",
+         {clear, EnhancedRecord(22, Longs({2})), PlacedText(u"aa", {50, 50})},
+         text(-97, "a") + text(-47, "a")},
+        {"a character of two halves",
+         {clear, PlacedText(u"a\U0001D11E", {60, 50, 0})},
+         text(3, "a") + text(63, "\xF0\x9D\x84\x9E")},
+        {"letters that join", {clear, PlacedText(u"\u0627\u0628", {50, 50})}, text(3, "\xD8\xA7\xD8\xA8")},
+        {"fewer than characters", {clear, PlacedText(u"aa", {50})}, text(3, "aa")},
+        {"in both directions", {clear, PlacedText(u"aa", {50, 50, 0, 0}, 0x2000)}, text(3, "aa")},
+        {"the next text stands behind it",
+         {clear, EnhancedRecord(22, Longs({1})), EnhancedRecord(27, Longs({3, 4})),
+          PlacedText(u"aa", {50, 50}), WideText(0, 0, u"b")},
+         text(3, "a") + text(53, "a") + text(103, "b")},
+    };
+    for (const auto& [name, records, drawing] : cases) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(Drawing(EnhancedFile(records)), drawing);
+    }
+    // Of the older type, whose units here are tenths of a pixel.
+    EXPECT_EQ(Drawing(PlaceableFile(
+                  {OldRecord(0x02FB, With(Words({-120, 0, 0, 0, 400}),
+                                          FileBytes().Put8({0, 0, 0, 0, 0, 0, 0, 0, 'A', 0}))),
+                   OldRecord(0x012D, Words({0})), OldRecord(0x0102, Words({1})),
+                   OldRecord(0x0A32, With(With(Words({40, 30, 2, 0}), FileBytes().Put8({'d', 'e'})),
+                                          Words({500, 100})))})),
+              "text 3,4 \"d\" font A -12 color #000000\ntext 53,4 \"e\" font A -12 color #000000\n");
 }
 
 TEST(GraphicsMetafileReaderTest, DrawsImagesOfTheEnhancedType)
@@ -398,6 +545,10 @@ TEST(GraphicsMetafileReaderTest, DrawsTheOlderType)
          {OldRecord(0x020C, Words({50, 100})), OldRecord(0x020B, Words({1, 1})),
           OldRecord(0x041F, Words({0xFF, 0, 5, 7}))},
          "pixel 6,4 #FF0000\n"},
+        {"clip with a hole, and the rule of fillings",
+         {OldRecord(0x0416, Words({100, 100, 0, 0})), OldRecord(0x0415, Words({100, 100, 50, 0})),
+          OldRecord(0x0106, Words({2})), OldRecord(0x0324, Words({2, 10, 20, 30, 40}))},
+         "push\nclip 0,0,10,5\npolygon 1,2 3,4 pen #000000 brush #FFFFFF winding\npop\n"},
         {"clip",
          {OldRecord(0x001E), OldRecord(0x0416, Words({100, 100, 10, 20})), rectangle,
           OldRecord(0x0127, Words({-1})), rectangle},

@@ -51,6 +51,9 @@ const TCase Cases[] = {
      [](PaintDevice& device) {
          const TPoint points[] = {{1, 2}, {30, 4}, {5, 36}};
          device.Polygon(points, {.color = Support::Red}, {.color = Support::Blue, .style = bsDiagCross});
+         const TPoint star[] = {{20, 2}, {30, 36}, {2, 14}, {38, 14}, {10, 36}};
+         device.Polygon(star, {}, {.color = Support::Blue, .rule = Toolkits::EFillRule::Winding});
+         device.Polygon(star, {}, {.color = Support::Green});
      }},
     {"rectangles",
      [](PaintDevice& device) {
