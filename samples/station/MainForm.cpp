@@ -5,10 +5,13 @@
 
 #include <TRS8_BTL/environment/BTL_ENV_ApplicationIni.h>
 #include <TRS8_BTL/environment/folders/BTL_ENV_Folders.h>
+#include <TRS8_BTL/foundation/logs/UTL_LOG_Log.h>
 #include <TRS8_BTL/platform/base/dates/Sysutils_Calendar.h>
 #include <TRS8_BTL/platform/runtime/classes/Classes_StringList.h>
 #include <TRS8_BTL/platform/runtime/typinfo/System_ClassBuilder.h>
 #include <TRS8_BTL/platform/toolkit/Dialogs.h>
+#include <TRS8_BTL/platform/visual/controls/Controls_Handle.h>
+#include <TRS8_BTL/platform/visual/forms/Forms_Foreground.h>
 #include <TRS8_BTL/platform/visual/graphics/Graphics.h>
 #include <TRS8_BTL/text/numbers/BTL_NUM_Floats.h>
 #include <TRS8_BTL/text/numbers/BTL_NUM_Limits.h>
@@ -172,6 +175,51 @@ void TMainForm::KeepRun()
 {
     SaveChart(mSampling->getChart(), BTL::GetRootPath() + u"Charts\\", mSampling->getStart());
     SaveSettings(*mSettings, mSettingsFile, Sysutils::Now());
+}
+
+// Later stations.
+
+std::optional<int> TMainForm::Obey(const UnicodeString& commandLine)
+{
+    const UnicodeString asked =
+        u"A station in " + BTL::CStartOnce::GetSenderFolder() + u" asks: " + commandLine;
+    BTL::Log(asked);
+    try {
+        const TOptions options = ReadHandedOver(commandLine, EStationKind::Window);
+        if (!options.window) {
+            return GoOn(options.seconds.value_or(DefaultSeconds));
+        }
+        ShowInFront();
+        return Done;
+    } catch (const BTL::XCommandLine& fault) {
+        BTL::Log(fault.getMessage());
+        return BadInput;
+    } catch (const Sysutils::Exception& fault) {
+        BTL::Log(fault.getMessage());
+        return Failed;
+    }
+}
+
+void TMainForm::ShowInFront()
+{
+    if (getWindowState() == Forms::wsMinimized) {
+        setWindowState(Forms::wsNormal);
+    }
+    SetForegroundWindow(Controls::GetHandle(*this));
+}
+
+std::optional<int> TMainForm::GoOn(double seconds)
+{
+    if (!IsRunning()) {
+        fEdit_Seconds->setText(UnicodeString(seconds));
+        Start();
+        return Done;
+    }
+    if (!mSampling->PutOff(seconds)) {
+        return std::nullopt;
+    }
+    fChart->setSeconds(mSampling->getSeconds());
+    return Done;
 }
 
 // What the design names.

@@ -40,6 +40,9 @@ public:
     void Start();
     /// Asks for the end of the run, if there is one.
     void Stop();
+    /// What a later station asks of this one, by its command line: to be seen, or a run of so many seconds
+    /// more. The answer is its exit code; none if a run is just ending.
+    std::optional<int> Obey(const System::UnicodeString& commandLine);
     bool IsRunning() const noexcept { return mState == EState::Running; }
     /// How much of the run is done, from 0 to 1.
     double GetProgress() const;
@@ -90,6 +93,8 @@ private:
     void Finish(EState state);
     void KeepRun();
     void KeepState();
+    void ShowInFront();
+    std::optional<int> GoOn(double seconds);
     /// Shows the settings until they are sound or left alone; true if they changed.
     bool EditSettings();
     void ChooseLanguage(const System::UnicodeString& language);

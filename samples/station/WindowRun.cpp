@@ -52,7 +52,7 @@ void SavePicture(TMainForm& form, const System::UnicodeString& file)
 
 } // namespace
 
-bool RunWindow(const TOptions& options)
+bool RunWindow(const TOptions& options, CSingleStation& single)
 {
     const bool isPicture = !options.screenshot.IsEmpty();
     if (isPicture) {
@@ -66,6 +66,7 @@ bool RunWindow(const TOptions& options)
         return false;
     }
     form->Open(options);
+    single.Serve([form](const System::UnicodeString& commandLine) { return form->Obey(commandLine); });
     if (isPicture) {
         SavePicture(*form, options.screenshot);
         delete form;

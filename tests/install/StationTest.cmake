@@ -230,6 +230,9 @@ set(picture "${workFolder}/window.png")
 set(ENV{LSAN_OPTIONS} "suppressions=${CMAKE_CURRENT_LIST_DIR}/../support/QtLeaks.txt:print_suppressions=0")
 if(EXISTS "${prefix}/${libFolder}/TRS8_BTL-0.2/libTRS8_BTL_qt.so" OR EXISTS "${prefix}/${libFolder}/libTRS8_BTL_qt.so")
     expect_station(0 ARGUMENTS --window --screenshot "${picture}" --seconds 1)
+    find_program(bash NAMES bash REQUIRED)
+    run_step(DESCRIPTION "A station with a window beside others"
+        COMMAND ${bash} "${CMAKE_CURRENT_LIST_DIR}/window.sh" "${station}" "${workFolder}")
     # One colour alone would take less.
     file(SIZE "${picture}" size)
     file(READ "${picture}" head LIMIT 24 HEX)

@@ -128,6 +128,24 @@ void CheckSettings(TMainForm& form)
     CFormDriver(form).Press(VK_F2);
 }
 
+/// What later stations ask for: a run, more of it, the window; nothing else.
+void CheckLaterStations(TMainForm& form)
+{
+    Expect("a run for a later one", form.Obey(u"station --seconds 600").value_or(-1), int{Done});
+    Expect("runs for a later one", form.IsRunning(), true);
+    Await("a value", [&] { return form.GetProgress() > 0; });
+    const double progress = form.GetProgress();
+    Expect("more of the run", form.Obey(u"station --seconds 60000").value_or(-1), int{Done});
+    Expect("less of it is done", form.GetProgress() < progress, true);
+    Expect("no less of the run", form.Obey(u"station --seconds 1").value_or(-1), int{Done});
+    Expect("the window", form.Obey(u"station --window").value_or(-1), int{Done});
+    Expect("another output", form.Obey(u"station --sql").value_or(-1), int{BadInput});
+    Expect("a picture", form.Obey(u"station --window --screenshot a.png").value_or(-1), int{BadInput});
+    Expect("runs on", form.IsRunning(), true);
+    form.Stop();
+    Await("the end", [&] { return !form.IsRunning(); });
+}
+
 void CheckLanguage(TMainForm& form, const UnicodeString& item, const UnicodeString& caption,
                    const UnicodeString& head)
 {
@@ -144,6 +162,7 @@ void Use(const TOptions& options)
         CheckBadTime(*form);
         CheckRun(*form);
         CheckStop(*form);
+        CheckLaterStations(*form);
         CheckSettings(*form);
         CheckLanguage(*form, u"Options|Language|Deutsch", u"Messstation", u"Kanal");
         CheckLanguage(*form, u"Optionen|Sprache|English", u"Measuring station", u"Channel");
