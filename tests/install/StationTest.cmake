@@ -244,6 +244,11 @@ else()
 endif()
 unset(ENV{LSAN_OPTIONS})
 expect_station(2 ARGUMENTS --screenshot "${picture}" MATCHES "--screenshot goes with --window")
+# Told before a run that would be for nothing.
+foreach(file window.jpg window)
+    expect_station(2 ARGUMENTS --window --screenshot "${workFolder}/${file}" --seconds 1000 MATCHES "window[.jp]*g?' is no .png file")
+endforeach()
+expect_station(2 ARGUMENTS --window --screenshot "${workFolder}/none/window.png" --seconds 1000 MATCHES "there is no such folder")
 
 find_program(bash NAMES bash REQUIRED)
 run_step(DESCRIPTION "The station beside an instrument"
