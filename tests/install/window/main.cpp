@@ -167,7 +167,11 @@ void Use(const TOptions& options)
         CheckLanguage(*form, u"Options|Language|Deutsch", u"Messstation", u"Kanal");
         CheckLanguage(*form, u"Optionen|Sprache|English", u"Measuring station", u"Channel");
         CheckLanguage(*form, u"Options|Language|Deutsch", u"Messstation", u"Kanal");
+        // Kept already, whatever ends the program.
+        Expect("kept language", LoadLanguage(*OpenSettings(options.store, SettingsFile(options))),
+               UnicodeString(u"German"));
         form->SetBounds(20, 30, 900, 640);
+        form->fGrid->setColWidths(1, 123);
         CFormDriver(*form).ChooseMenu(u"Messen|Beenden");
         Expect("interval", LoadInterval(*OpenSettings(options.store, SettingsFile(options))), 0.125);
         Expect("closed", form->getVisible(), false);
@@ -175,6 +179,10 @@ void Use(const TOptions& options)
     const auto form = OpenWindow(options);
     Expect("left", form->getLeft(), 20);
     Expect("width", form->getWidth(), 900);
+    Expect("widths", form->getWidths(), UnicodeString(u"160,123,50,90,90,150,125"));
+    form->setWidths(u"0,x,-5,99999999999,100001,7");
+    Expect("widths of a damaged file", form->getWidths(), UnicodeString(u"160,123,50,90,90,7,125"));
+    form->setWidths(u"160,123,50,90,90,150,125");
     Expect("language", form->getCaption(), UnicodeString(u"Messstation"));
     std::cout << CFormDriver(*form).Print();
     form->Close();
