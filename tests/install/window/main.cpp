@@ -158,6 +158,7 @@ void Use(const TOptions& options)
 {
     {
         const auto form = OpenWindow(options);
+        Expect("hints are shown", form->fEdit_Seconds->getShowHint(), true);
         CheckTabOrder(*form);
         CheckBadTime(*form);
         CheckRun(*form);
