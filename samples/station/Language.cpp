@@ -45,7 +45,7 @@ CPlaces::CPlaces(Forms::TForm* form) : CRsrcDoc(form, PROP::ERsrcDocSetMode::Non
 void CPlaces::GetFilter(PROP::CFilter& filter) const
 {
     filter.Clear();
-    filter.getProperties().setCommaText(u"Left,Top,Width,Height");
+    filter.getProperties().setCommaText(u"Left,Top,Width,Height,Widths");
 }
 
 void CPlaces::Keep()

@@ -5,10 +5,14 @@
 
 #include <TRS8_BTL/environment/BTL_ENV_ApplicationIni.h>
 #include <TRS8_BTL/environment/folders/BTL_ENV_Folders.h>
+#include <TRS8_BTL/foundation/logs/UTL_LOG_Log.h>
 #include <TRS8_BTL/platform/base/dates/Sysutils_Calendar.h>
+#include <TRS8_BTL/platform/base/numbers/Sysutils_Integer.h>
 #include <TRS8_BTL/platform/runtime/classes/Classes_StringList.h>
 #include <TRS8_BTL/platform/runtime/typinfo/System_ClassBuilder.h>
 #include <TRS8_BTL/platform/toolkit/Dialogs.h>
+#include <TRS8_BTL/platform/visual/controls/Controls_Handle.h>
+#include <TRS8_BTL/platform/visual/forms/Forms_Foreground.h>
 #include <TRS8_BTL/platform/visual/graphics/Graphics.h>
 #include <TRS8_BTL/text/numbers/BTL_NUM_Floats.h>
 #include <TRS8_BTL/text/numbers/BTL_NUM_Limits.h>
@@ -57,6 +61,9 @@ UnicodeString ValueText(double value)
     return BTL::MeasureFloatToStrW(value, -1, 2);
 }
 
+/// Of a column that the user made wider; one beyond that is a damaged file.
+constexpr int MostWidth = 10'000;
+
 bool IsNumber(int col)
 {
     return col == ecValue || col == ecLowest || col == ecHighest;
@@ -69,6 +76,7 @@ System::TMetaClass* TMainForm::ClassRecord()
     static System::TMetaClass* const record =
         System::GClassBuilder<TMainForm>(u"TMainForm")
             .Property(u"Heads", &TMainForm::getHeads, &TMainForm::setHeads)
+            .Property(u"Widths", &TMainForm::getWidths, &TMainForm::setWidths)
             .Property(u"Words", &TMainForm::getWords, &TMainForm::setWords)
             .Field(u"fGrid", &TMainForm::fGrid)
             .Field(u"fChart", &TMainForm::fChart)
@@ -174,6 +182,51 @@ void TMainForm::KeepRun()
     SaveSettings(*mSettings, mSettingsFile, Sysutils::Now());
 }
 
+// Later stations.
+
+std::optional<int> TMainForm::Obey(const UnicodeString& commandLine)
+{
+    const UnicodeString asked =
+        u"A station in " + BTL::CStartOnce::GetSenderFolder() + u" asks: " + commandLine;
+    BTL::Log(asked);
+    try {
+        const TOptions options = ReadHandedOver(commandLine, EStationKind::Window);
+        if (!options.window) {
+            return GoOn(options.seconds.value_or(DefaultSeconds));
+        }
+        ShowInFront();
+        return Done;
+    } catch (const BTL::XCommandLine& fault) {
+        BTL::Log(fault.getMessage());
+        return BadInput;
+    } catch (const Sysutils::Exception& fault) {
+        BTL::Log(fault.getMessage());
+        return Failed;
+    }
+}
+
+void TMainForm::ShowInFront()
+{
+    if (getWindowState() == Forms::wsMinimized) {
+        setWindowState(Forms::wsNormal);
+    }
+    SetForegroundWindow(Controls::GetHandle(*this));
+}
+
+std::optional<int> TMainForm::GoOn(double seconds)
+{
+    if (!IsRunning()) {
+        fEdit_Seconds->setText(UnicodeString(seconds));
+        Start();
+        return Done;
+    }
+    if (!mSampling->PutOff(seconds)) {
+        return std::nullopt;
+    }
+    fChart->setSeconds(mSampling->getSeconds());
+    return Done;
+}
+
 // What the design names.
 
 void TMainForm::FormClose(System::TObject*, Forms::TCloseAction&)
@@ -245,6 +298,8 @@ bool TMainForm::EditSettings()
 void TMainForm::LanguageClick(System::TObject* sender)
 {
     ChooseLanguage(sender == fItem_German ? u"German" : u"English");
+    // Whatever ends the program later.
+    KeepState();
 }
 
 void TMainForm::ChooseLanguage(const UnicodeString& language)
@@ -259,6 +314,31 @@ void TMainForm::ChooseLanguage(const UnicodeString& language)
 }
 
 // What is shown.
+
+void TMainForm::RestoreState()
+{
+    mPlaces->ReadAndApply();
+    MakeFullyVisible();
+}
+
+UnicodeString TMainForm::getWidths() const
+{
+    UnicodeString widths;
+    for (int col = 0; fGrid != nullptr && col < fGrid->getColCount(); ++col) {
+        widths += (col > 0 ? u"," : u"") + UnicodeString(fGrid->getColWidths(col));
+    }
+    return widths;
+}
+
+void TMainForm::setWidths(const UnicodeString& widths)
+{
+    for (int col = 0; fGrid != nullptr && col < fGrid->getColCount(); ++col) {
+        int width = 0;
+        if (Sysutils::TryStrToInt(Part(widths, col), width) && width > 0 && width <= MostWidth) {
+            fGrid->setColWidths(col, width);
+        }
+    }
+}
 
 void TMainForm::setHeads(const UnicodeString& heads)
 {
@@ -340,24 +420,23 @@ UnicodeString TMainForm::StateWord(const CChannel& channel) const
 
 void TMainForm::GridDrawCell(System::TObject*, int col, int row, Types::TRect rect, Grids::TGridDrawState)
 {
-    constexpr int margin = 4;
+    constexpr int margin = 6;
     Graphics::TCanvas& canvas = *fGrid->getCanvas();
     const auto index = static_cast<std::size_t>(row) - 1;
-    if (row == 0 || index >= GetChannels().size()) {
-        return;
-    }
-    const CChannel& channel = GetChannels()[index];
-    const bool isColored = (col == ecValue || col == ecState) && !channel.getSamples().empty();
-    if (!isColored && !IsNumber(col)) {
-        return;
+    const bool isColored = (col == ecValue || col == ecState) && row > 0 && index < GetChannels().size() &&
+                           !GetChannels()[index].getSamples().empty();
+    if (row == 0) {
+        // Over the text as the grid draws it by itself, closer to the edge.
+        canvas.getBrush()->setStyle(Graphics::bsSolid);
+        canvas.getBrush()->setColor(fGrid->getFixedColor());
     }
     if (isColored) {
-        canvas.getBrush()->setColor(channel.IsWithinLimits() ? GoodColor : BadColor);
+        canvas.getBrush()->setColor(GetChannels()[index].IsWithinLimits() ? GoodColor : BadColor);
         canvas.getFont()->setColor(Graphics::clBlack);
     }
     const UnicodeString text = fGrid->getCells(col, row);
     const int left = IsNumber(col) ? rect.Right - canvas.TextWidth(text) - margin : rect.Left + margin;
-    canvas.TextRect(rect, left, rect.Top + 2, text);
+    canvas.TextRect(rect, left, rect.Top + (rect.Height() - canvas.TextHeight(text)) / 2, text);
 }
 
 } // namespace Station

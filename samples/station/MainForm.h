@@ -31,8 +31,8 @@ public:
     /// Shows the channels of the settings, and the language that is asked for or was chosen. To be called
     /// once, in front of all else. `XBadSettings` if the settings make no sense.
     void Open(const TOptions& options);
-    /// Puts the form where its user left it.
-    void RestoreState() { mPlaces->ReadAndApply(); }
+    /// Puts the form where its user left it, as far as the desktop reaches there now.
+    void RestoreState();
 
     /// Begins a run of so many seconds as the form shows; nothing happens during one. `XBadSettings` for a
     /// time or settings that make no sense, `Sysutils::Exception` if a file or the instrument can't be
@@ -40,6 +40,9 @@ public:
     void Start();
     /// Asks for the end of the run, if there is one.
     void Stop();
+    /// What a later station asks of this one, by its command line: to be seen, or a run of so many seconds
+    /// more. The answer is its exit code; none if a run is just ending.
+    std::optional<int> Obey(const System::UnicodeString& commandLine);
     bool IsRunning() const noexcept { return mState == EState::Running; }
     /// How much of the run is done, from 0 to 1.
     double GetProgress() const;
@@ -47,6 +50,9 @@ public:
     /// The titles of the grid's columns, comma separated; a text of the design, to be translated.
     const System::UnicodeString& getHeads() const noexcept { return mHeads; }
     void setHeads(const System::UnicodeString& heads);
+    /// How wide they are, comma separated, to be kept as a place. What is no width leaves that column.
+    System::UnicodeString getWidths() const;
+    void setWidths(const System::UnicodeString& widths);
     /// What the states of a run and of a channel are called, comma separated; as the titles.
     const System::UnicodeString& getWords() const noexcept { return mWords; }
     void setWords(const System::UnicodeString& words);
@@ -90,6 +96,8 @@ private:
     void Finish(EState state);
     void KeepRun();
     void KeepState();
+    void ShowInFront();
+    std::optional<int> GoOn(double seconds);
     /// Shows the settings until they are sound or left alone; true if they changed.
     bool EditSettings();
     void ChooseLanguage(const System::UnicodeString& language);

@@ -240,6 +240,7 @@ but the instrument failed at times, as the log tells.
 
 A second station for the same samples hands its command line to the first, which goes on
 for its --seconds, and ends with the answer; other options are refused then, by code 2.
+A first one with a window begins a run if there is none, and comes to the front for --window.
 
 To try the instrument, start "station --instrument" in one terminal, which tells the
 others by the registry file of the user, and "station --serial COM7" in another one.
@@ -321,7 +322,8 @@ bool IsForRunUnderWay(const TOptions& options)
     return !options.channels && options.store == EStore::Ini && options.settings.IsEmpty() &&
            options.chart.IsEmpty() && options.language.IsEmpty() && !options.open && !options.decimal &&
            !options.from && !options.sql && options.log.IsEmpty() && !options.serial && !options.instrument &&
-           !options.publish && !options.form && !options.design && !options.window && !options.help;
+           !options.publish && !options.form && !options.design && !options.window &&
+           options.screenshot.IsEmpty() && !options.help;
 }
 
 } // namespace Station

@@ -13,6 +13,15 @@
 namespace Station
 {
 
+/// With what the program ends, and what a station answers to a later one.
+enum EExitCode : int
+{
+    Done = 0,
+    Failed = 1,
+    BadInput = 2,
+    InstrumentFailed = 3
+};
+
 /// How long a run samples that nobody sets a time for.
 constexpr double DefaultSeconds = 5;
 

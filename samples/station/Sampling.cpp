@@ -57,7 +57,7 @@ void CSampling::Start()
 {
     mStart = Sysutils::Now();
     mNext = Clock::now();
-    mEnd = mNext + Seconds<Clock::duration>(mPlan.seconds);
+    mEnd.PutOff(mPlan.seconds);
     mThread.Start2();
 }
 
@@ -65,6 +65,16 @@ void CSampling::Stop()
 {
     mIsStopped = true;
     mThread.Terminate();
+}
+
+bool CSampling::PutOff(double seconds)
+{
+    if (mIsStopped || !mEnd.PutOff(seconds)) {
+        return false;
+    }
+    constexpr double secondsADay = 24 * 3600;
+    mPlan.seconds = std::max(mPlan.seconds, (Sysutils::Now() - mStart) * secondsADay + seconds);
+    return true;
 }
 
 UnicodeString CSampling::GetFault() const
@@ -85,8 +95,8 @@ void CSampling::Turn(BTL::TActionThread* thread)
     thread->Synchronize([&] { Take(values); });
     // Turns that a slow instrument took the time of are left out.
     mNext = std::max(mNext + mInterval, Clock::now());
-    if (mNext > mEnd) {
-        SleepUntil(mEnd, *thread);
+    SleepUntil(std::min(mNext, mEnd.getTime()), *thread);
+    if (mEnd.EndsBefore(mNext)) {
         thread->Terminate();
         return;
     }

@@ -4,6 +4,7 @@
 #include "Chart.h"
 #include "Samples.h"
 #include "SerialReader.h"
+#include "Single.h"
 
 #include <TRS8_BTL/progress/BTL_THRD_ActionThread.h>
 
@@ -53,6 +54,8 @@ public:
     void Start();
     /// Asks for the end of the run, which comes soon.
     void Stop();
+    /// The run goes on for so many seconds from now at least. False if it has ended.
+    bool PutOff(double seconds);
 
     const std::vector<CChannel>& getChannels() const { return mPlan.channels; }
     const BTL::CChartData& getChart() const { return mChart; }
@@ -81,7 +84,7 @@ private:
     System::TDateTime mStart;
     Clock::duration mInterval;
     Clock::time_point mNext;
-    Clock::time_point mEnd;
+    CRunEnd mEnd;
     double mPassed = 0;
     bool mIsStopped = false;
     TEvent mTaken;

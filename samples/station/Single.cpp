@@ -85,7 +85,7 @@ void CSingleStation::Serve(std::function<std::optional<int>(const UnicodeString&
     mOnce->CreateMessageWindow();
 }
 
-double ReadHandedOver(const UnicodeString& commandLine)
+TOptions ReadHandedOver(const UnicodeString& commandLine, EStationKind kind)
 {
     std::vector<std::string> texts;
     for (const UnicodeString& word : Host::SplitArguments(commandLine)) {
@@ -96,10 +96,12 @@ double ReadHandedOver(const UnicodeString& commandLine)
         arguments.push_back(text.c_str());
     }
     const TOptions options = ReadOptions(static_cast<int>(arguments.size()), arguments.data());
-    if (!IsForRunUnderWay(options)) {
+    TOptions rest = options;
+    rest.window = options.window && kind == EStationKind::Terminal;
+    if (!IsForRunUnderWay(rest)) {
         throw BTL::XCommandLine(u"a run under way takes --seconds alone");
     }
-    return options.seconds.value_or(DefaultSeconds);
+    return options;
 }
 
 } // namespace Station

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Options.h"
+
 #include <TRS8_BTL/progress/BTL_StartOnce.h>
 
 #include <atomic>
@@ -24,6 +26,8 @@ public:
     bool EndsBefore(Clock::time_point time);
     /// How many turns of that length begin from `time` on up to the end.
     std::int64_t GetTurnsFrom(Clock::time_point time, Clock::duration interval) const;
+    /// Later than any time once the run has ended.
+    Clock::time_point getTime() const { return mEnd; }
 
 private:
     /// Of a run that has ended.
@@ -32,8 +36,8 @@ private:
     std::atomic<Clock::time_point> mEnd = Clock::time_point::min();
 };
 
-/// Sees to it that one station of the user's session alone samples into a file: a later one hands its command
-/// line to that, and ends with its answer.
+/// Sees to it that one station of the user's session alone samples into a file, or has a window for that: a
+/// later one hands its command line to it, and ends with its answer.
 ///
 ///     CSingleStation single(file);
 ///     if (const auto answer = single.HandOver(commandLine)) {
@@ -61,8 +65,15 @@ private:
     std::optional<BTL::CStartOnce> mOnce;
 };
 
-/// How many seconds a handed over command line asks for. `BTL::XCommandLine` if it asks for anything that a
-/// run under way can't grant.
-double ReadHandedOver(const System::UnicodeString& commandLine);
+/// What a station does, for those that come later.
+enum class EStationKind
+{
+    Terminal,
+    Window
+};
+
+/// What a later station asks for: some seconds more, and of a window also to be seen. `BTL::XCommandLine` if
+/// it asks for anything that this one can't grant.
+TOptions ReadHandedOver(const System::UnicodeString& commandLine, EStationKind kind);
 
 } // namespace Station

@@ -4,6 +4,10 @@
 #include "MainForm.h"
 
 #include <TRS8_BTL/platform/base/Sysutils_Exception.h>
+#include <TRS8_BTL/platform/host/Host_Path.h>
+#include <TRS8_BTL/platform/runtime/sysutils/Sysutils_File.h>
+#include <TRS8_BTL/platform/runtime/sysutils/Sysutils_FileName.h>
+#include <TRS8_BTL/platform/runtime/sysutils/Sysutils_Text.h>
 #include <TRS8_BTL/platform/toolkit/Window.h>
 #include <TRS8_BTL/platform/visual/graphics/Pngimage.h>
 
@@ -25,6 +29,19 @@ void PaintWithoutDisplay()
 {
     setenv("TRS8_BTL_TOOLKIT", "qt", 1);
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
+}
+
+/// In front of a run, which would be for nothing.
+void CheckPictureFile(const System::UnicodeString& file)
+{
+    const System::UnicodeString option =
+        u"--screenshot: '" + System::FromUtf8(Sysutils::HostPath(file)) + u"' ";
+    if (!Sysutils::SameText(Sysutils::ExtractFileExt(file), u".png")) {
+        throw XBadSettings(option + u"is no .png file, and there are no other pictures");
+    }
+    if (!Sysutils::DirectoryExists(Sysutils::ExtractFileDir(Sysutils::ExpandFileName(file)))) {
+        throw XBadSettings(option + u"can't be written, since there is no such folder");
+    }
 }
 
 /// Whether the form has a window that somebody can see, or that can be painted at least.
@@ -52,10 +69,11 @@ void SavePicture(TMainForm& form, const System::UnicodeString& file)
 
 } // namespace
 
-bool RunWindow(const TOptions& options)
+bool RunWindow(const TOptions& options, CSingleStation& single)
 {
     const bool isPicture = !options.screenshot.IsEmpty();
     if (isPicture) {
+        CheckPictureFile(options.screenshot);
         PaintWithoutDisplay();
     }
     TMainForm* form = nullptr;
@@ -66,6 +84,7 @@ bool RunWindow(const TOptions& options)
         return false;
     }
     form->Open(options);
+    single.Serve([form](const System::UnicodeString& commandLine) { return form->Obey(commandLine); });
     if (isPicture) {
         SavePicture(*form, options.screenshot);
         delete form;

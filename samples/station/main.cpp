@@ -43,14 +43,6 @@ using System::UnicodeString;
 
 constexpr int DefaultPort = 7;
 
-enum EExitCode : int
-{
-    Done = 0,
-    Failed = 1,
-    BadInput = 2,
-    InstrumentFailed = 3
-};
-
 constexpr double SecondsADay = 24 * 3600;
 
 /// What is sampled, and what came of it.
@@ -135,7 +127,8 @@ std::optional<int> Obey(TRun& run, const UnicodeString& commandLine)
     const UnicodeString asked =
         u"A station in " + BTL::CStartOnce::GetSenderFolder() + u" asks: " + commandLine;
     try {
-        const double seconds = ReadHandedOver(commandLine);
+        const double seconds =
+            ReadHandedOver(commandLine, EStationKind::Terminal).seconds.value_or(DefaultSeconds);
         if (!run.end.PutOff(seconds)) {
             return std::nullopt;
         }
@@ -238,10 +231,14 @@ EExitCode RunOrHandOver(const TOptions& options)
     CSingleStation single(SamplesFile(options));
     const std::optional<int> answer = single.HandOver(GetCommandLineW());
     if (!answer) {
-        return Run(options, single);
+        return options.window && RunWindow(options, single) ? Done : Run(options, single);
     }
     if (*answer == BadInput) {
         std::cerr << "station: the one that samples already takes --seconds alone\n";
+    } else if (*answer == Failed) {
+        std::cerr << "station: the one that is there already can't begin a run, as its log tells\n";
+    } else if (options.window) {
+        std::cout << "The window that is there already shows.\n";
     } else {
         std::cout << "The station that samples already goes on.\n";
     }
@@ -298,9 +295,6 @@ EExitCode Start(const TOptions& options)
     }
     if (!options.log.IsEmpty()) {
         BTL::SetLogFile(options.log);
-    }
-    if (options.window && RunWindow(options)) {
-        return Done;
     }
     return RunOrHandOver(options);
 }

@@ -230,6 +230,9 @@ set(picture "${workFolder}/window.png")
 set(ENV{LSAN_OPTIONS} "suppressions=${CMAKE_CURRENT_LIST_DIR}/../support/QtLeaks.txt:print_suppressions=0")
 if(EXISTS "${prefix}/${libFolder}/TRS8_BTL-0.2/libTRS8_BTL_qt.so" OR EXISTS "${prefix}/${libFolder}/libTRS8_BTL_qt.so")
     expect_station(0 ARGUMENTS --window --screenshot "${picture}" --seconds 1)
+    find_program(bash NAMES bash REQUIRED)
+    run_step(DESCRIPTION "A station with a window beside others"
+        COMMAND ${bash} "${CMAKE_CURRENT_LIST_DIR}/window.sh" "${station}" "${workFolder}")
     # One colour alone would take less.
     file(SIZE "${picture}" size)
     file(READ "${picture}" head LIMIT 24 HEX)
@@ -241,6 +244,11 @@ else()
 endif()
 unset(ENV{LSAN_OPTIONS})
 expect_station(2 ARGUMENTS --screenshot "${picture}" MATCHES "--screenshot goes with --window")
+# Told before a run that would be for nothing.
+foreach(file window.jpg window)
+    expect_station(2 ARGUMENTS --window --screenshot "${workFolder}/${file}" --seconds 1000 MATCHES "window[.jp]*g?' is no .png file")
+endforeach()
+expect_station(2 ARGUMENTS --window --screenshot "${workFolder}/none/window.png" --seconds 1000 MATCHES "there is no such folder")
 
 find_program(bash NAMES bash REQUIRED)
 run_step(DESCRIPTION "The station beside an instrument"

@@ -33,3 +33,11 @@ await() {
     done
     fail "'$1' never gets '$2'"
 }
+
+# Runs another station, which must end with the code and print the text.
+expect_other() {
+    local code=0
+    timeout -k 1 60 "$station" "${@:3}" >output2 2>&1 || code=$?
+    [ "$code" -eq "$1" ] || fail "'${*:3}' ended with $code, not $1"
+    grep -Eq -- "$2" output2 || fail "'${*:3}' printed no '$2'"
+}

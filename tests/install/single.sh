@@ -2,6 +2,7 @@
 # Starts several stations for one file of samples: the first samples, the others hand over and get its answer.
 # Usage: single.sh STATION FOLDER
 set -euo pipefail
+tests=$(cd "$(dirname "$0")" && pwd)
 station=$1
 folder=$2/single
 rm -rf "$folder"
@@ -10,33 +11,17 @@ export XDG_RUNTIME_DIR=$folder/run
 cd "$folder"
 printf 'load.1 =\n' >channels
 
-first=
-trap '[ -z "$first" ] || kill -KILL "$first" 2>/dev/null || true' EXIT
-
-fail() {
-    echo "single: $1" >&2
-    tail -n 50 output output2 log >&2 || true
-    exit 1
-}
+script=single
+outputs=(output output2 log)
+source "$tests/jobs.sh"
 
 # Starts the first station and waits until it samples.
 start_first() {
     rm -f log samples
     "$station" --channels channels --samples samples --log log "$@" >output 2>&1 &
     first=$!
-    for ((i = 0; i < 1000; ++i)); do
-        ! grep -qs load.1 samples || return 0
-        sleep 0.02
-    done
-    fail "the first station doesn't sample"
-}
-
-# Starts another one, which must end with the code and print the text.
-expect_other() {
-    local code=0
-    timeout -k 1 60 "$station" "${@:3}" >output2 2>&1 || code=$?
-    [ "$code" -eq "$1" ] || fail "'${*:3}' ended with $code, not $1"
-    grep -Eq -- "$2" output2 || fail "'${*:3}' printed no '$2'"
+    jobs+=("$first")
+    await samples load.1
 }
 
 begin=$SECONDS
@@ -56,7 +41,6 @@ grep -q '^load\.1 ' output || fail "the first one printed no statistics"
 start_first --seconds 50
 kill -KILL "$first"
 wait "$first" || true
-first=
 expect_other 0 '^load\.1 ' --seconds 0.1 --channels channels --samples samples --log log
 [ "$(find run/TRS8_BTL -type s | wc -l)" -le 1 ] || fail "sockets are left"
 rm -rf "$folder"

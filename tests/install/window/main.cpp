@@ -128,6 +128,24 @@ void CheckSettings(TMainForm& form)
     CFormDriver(form).Press(VK_F2);
 }
 
+/// What later stations ask for: a run, more of it, the window; nothing else.
+void CheckLaterStations(TMainForm& form)
+{
+    Expect("a run for a later one", form.Obey(u"station --seconds 600").value_or(-1), int{Done});
+    Expect("runs for a later one", form.IsRunning(), true);
+    Await("a value", [&] { return form.GetProgress() > 0; });
+    const double progress = form.GetProgress();
+    Expect("more of the run", form.Obey(u"station --seconds 60000").value_or(-1), int{Done});
+    Expect("less of it is done", form.GetProgress() < progress, true);
+    Expect("no less of the run", form.Obey(u"station --seconds 1").value_or(-1), int{Done});
+    Expect("the window", form.Obey(u"station --window").value_or(-1), int{Done});
+    Expect("another output", form.Obey(u"station --sql").value_or(-1), int{BadInput});
+    Expect("a picture", form.Obey(u"station --window --screenshot a.png").value_or(-1), int{BadInput});
+    Expect("runs on", form.IsRunning(), true);
+    form.Stop();
+    Await("the end", [&] { return !form.IsRunning(); });
+}
+
 void CheckLanguage(TMainForm& form, const UnicodeString& item, const UnicodeString& caption,
                    const UnicodeString& head)
 {
@@ -140,15 +158,21 @@ void Use(const TOptions& options)
 {
     {
         const auto form = OpenWindow(options);
+        Expect("hints are shown", form->fEdit_Seconds->getShowHint(), true);
         CheckTabOrder(*form);
         CheckBadTime(*form);
         CheckRun(*form);
         CheckStop(*form);
+        CheckLaterStations(*form);
         CheckSettings(*form);
         CheckLanguage(*form, u"Options|Language|Deutsch", u"Messstation", u"Kanal");
         CheckLanguage(*form, u"Optionen|Sprache|English", u"Measuring station", u"Channel");
         CheckLanguage(*form, u"Options|Language|Deutsch", u"Messstation", u"Kanal");
+        // Kept already, whatever ends the program.
+        Expect("kept language", LoadLanguage(*OpenSettings(options.store, SettingsFile(options))),
+               UnicodeString(u"German"));
         form->SetBounds(20, 30, 900, 640);
+        form->fGrid->setColWidths(1, 123);
         CFormDriver(*form).ChooseMenu(u"Messen|Beenden");
         Expect("interval", LoadInterval(*OpenSettings(options.store, SettingsFile(options))), 0.125);
         Expect("closed", form->getVisible(), false);
@@ -156,6 +180,10 @@ void Use(const TOptions& options)
     const auto form = OpenWindow(options);
     Expect("left", form->getLeft(), 20);
     Expect("width", form->getWidth(), 900);
+    Expect("widths", form->getWidths(), UnicodeString(u"160,123,50,90,90,150,125"));
+    form->setWidths(u"0,x,-5,99999999999,100001,7");
+    Expect("widths of a damaged file", form->getWidths(), UnicodeString(u"160,123,50,90,90,7,125"));
+    form->setWidths(u"160,123,50,90,90,150,125");
     Expect("language", form->getCaption(), UnicodeString(u"Messstation"));
     std::cout << CFormDriver(*form).Print();
     form->Close();
