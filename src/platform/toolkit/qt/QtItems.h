@@ -34,7 +34,7 @@ public:
     /// Null where there are none.
     const WindowItems* Items() const noexcept { return mItems; }
     bool HasRow(int row) const { return row >= 0 && row < rowCount(); }
-    /// What an item shows; empty for one that isn't there.
+    /// What an item shows, without what is too much for a line; empty for one that isn't there.
     QString TextOf(int row) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
