@@ -40,7 +40,7 @@ public:
     {
         CQtDesktop& desktop = *mWindow.mDesktop;
         try {
-            return mWindow.HandleFiltered(*event);
+            return mWindow.HandleEvent(*event);
         } catch (...) {
             desktop.Raise(std::current_exception());
             return true;
@@ -323,13 +323,6 @@ bool CQtWindow::IsBlocked()
     return (form != nullptr && !form->CanBeActive()) || !IsWithin(mDesktop->Only());
 }
 
-bool CQtWindow::HandleFiltered(QEvent& event)
-{
-    const bool isInput = event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease ||
-                         event.type() == QEvent::MouseButtonRelease;
-    return !(mIsPassing && isInput) && HandleEvent(event);
-}
-
 bool CQtWindow::HandleEvent(QEvent& event)
 {
     switch (event.type()) {
@@ -414,7 +407,8 @@ bool CQtWindow::Pass(QEvent& event)
 {
     const std::shared_ptr<TState> state = mState;
     mIsPassing = true;
-    QCoreApplication::sendEvent(mWidget, &event);
+    // Sent, it would go on to those around the widget if that has no use for it.
+    static_cast<QObject*>(mWidget)->event(&event);
     if (state->isAlive) {
         mIsPassing = false;
     }
@@ -432,7 +426,11 @@ bool CQtWindow::HandleRelease(const QKeyEvent& event)
     const bool isHere = Tell([&](WindowEvents& events) {
         isTaken = key != 0 && events.KeyReleased(key, ShiftOf(event.modifiers()));
     });
-    return !isHere || isTaken || !ActsByItself();
+    if (isHere && !isTaken && ActsByItself()) {
+        const std::unique_ptr<QEvent> passed(event.clone());
+        Pass(*passed);
+    }
+    return true;
 }
 
 bool CQtWindow::HandleInputMethod(const QInputMethodEvent& event)

@@ -95,7 +95,7 @@ protected:
     void WatchPart(QWidget* part);
     /// Whether a key, or what else is told of around it, is on its way through the widget.
     bool IsPassing() const noexcept { return mIsPassing; }
-    /// Lets the widget act on an event now; false if the window is gone then.
+    /// Lets the widget, and nobody else, act on an event now; false if the window is gone then.
     bool Pass(QEvent& event);
     CQtDesktop& Desktop() const noexcept { return *mDesktop; }
     const Types::TRect& Bounds() const noexcept { return mBounds; }
@@ -120,7 +120,6 @@ private:
     void SetColors();
     /// Gives those in it that have no colours of their own the ones that they show now.
     void KeepInnerColors();
-    bool HandleFiltered(QEvent& event);
     bool HandleKey(const QKeyEvent& event);
     bool HandleRelease(const QKeyEvent& event);
     bool HandleInputMethod(const QInputMethodEvent& event);

@@ -46,6 +46,17 @@ TEST(QtWindowTest, TellsOfKeysCharactersTextAndSelectionInTheirOrder)
     EXPECT_EQ(shown.log.Take(), "key46 text= selection0+0 ");
 }
 
+TEST(QtWindowTest, KeepsKeysFromItsFormThatItHasNoUseFor)
+{
+    for (const EWindowKind kind : {EWindowKind::Edit, EWindowKind::Memo, EWindowKind::ComboBox}) {
+        TShownWindow shown(kind);
+        shown.Press(VK_F5);
+        shown.Press(VK_ESCAPE, 27);
+        EXPECT_EQ(shown.formLog.Take(), "");
+        EXPECT_EQ(shown.log.Take().find("key116 key27 "), 0U);
+    }
+}
+
 TEST(QtWindowTest, DoesNothingWithWhatTheControlRefuses)
 {
     TShownWindow shown(EWindowKind::Edit);
