@@ -249,6 +249,8 @@ public:
     /// Whether the window acts by itself on keys and clicks, and tells of what came of it. Otherwise the
     /// control acts in its place.
     virtual bool ActsByItself() const = 0;
+    /// As `ActsByItself`, but for keys alone: a window may leave those to the control, and the rest not.
+    virtual bool ActsOnKeys() const { return ActsByItself(); }
     /// Before or behind all of its siblings.
     virtual void BringToFront() = 0;
     virtual void SendToBack() = 0;

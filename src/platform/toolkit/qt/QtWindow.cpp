@@ -79,6 +79,11 @@ bool IsSame(const TWindowLook& a, const TWindowLook& b)
 
 } // namespace
 
+bool IsLent(const QFocusEvent& event)
+{
+    return event.reason() == Qt::PopupFocusReason || event.reason() == Qt::MenuBarFocusReason;
+}
+
 CQtWindow::CQtWindow(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings, QWidget* widget)
     : mDesktop(std::move(desktop)),
       mState(std::make_shared<TState>()),
@@ -391,7 +396,7 @@ bool CQtWindow::HandleKey(const QKeyEvent& event)
         }
     }
     const bool isRefused = isText && typed.isEmpty() && !event.text().isEmpty();
-    return isRefused || !ActsByItself() || PassKey(event, key, isText ? typed : event.text());
+    return isRefused || !ActsOnKeys() || PassKey(event, key, isText ? typed : event.text());
 }
 
 bool CQtWindow::PassKey(const QKeyEvent& event, System::Word key, const QString& text)
@@ -507,8 +512,7 @@ bool CQtWindow::ShowHint(const QHelpEvent& event)
 
 bool CQtWindow::HandleFocus(const QEvent& event)
 {
-    // A menu, or the list of a combo box, takes the keyboard for a while and gives it back.
-    if (static_cast<const QFocusEvent&>(event).reason() == Qt::PopupFocusReason || mIsForm) {
+    if (mIsForm || IsLent(static_cast<const QFocusEvent&>(event))) {
         return false;
     }
     const std::shared_ptr<TState> state = mState;

@@ -11,6 +11,7 @@
 #include <unordered_set>
 #include <vector>
 
+class QFocusEvent;
 class QHelpEvent;
 class QInputMethodEvent;
 class QKeyEvent;
@@ -20,6 +21,9 @@ class QWheelEvent;
 
 namespace Toolkits
 {
+
+/// Whether a menu, a menu bar or the list of a combo box has the keyboard for a while, or gives it back.
+bool IsLent(const QFocusEvent& event);
 
 /// A widget that stands for a control. What happens to the widget comes by here first: the control hears of
 /// it, and the widget acts on it only where the control leaves it to that.
@@ -57,6 +61,8 @@ public:
     /// Whether it is `outer` or lies in it; true for null.
     bool IsWithin(const CQtWindow* outer) const noexcept;
     virtual bool CanBeActive() const { return false; }
+    /// Whether the user may do something in it.
+    bool CanBeUsed() { return mWidget->isEnabled() && !IsBlocked(); }
 
     /// Tells the control something. Nothing that it raises comes out. False if the window is gone by then:
     /// its widget is still there, but must be left alone.
@@ -90,7 +96,6 @@ protected:
     QObject* Context() const noexcept;
     /// Whether the user is kept from the form of the window, or from all windows but another one.
     bool IsBlocked();
-    bool CanBeUsed() { return mWidget->isEnabled() && !IsBlocked(); }
     /// Watches a part of the widget too.
     void WatchPart(QWidget* part);
     /// Whether a key, or what else is told of around it, is on its way through the widget.

@@ -210,7 +210,7 @@ TEST(QtWindowTest, ShowsTheItemsOfAComboBox)
     shown.window->SelectItem(0);
     EXPECT_EQ(shown.log.Take(), "");
     shown.Press(VK_DOWN);
-    EXPECT_EQ(shown.log.Take().find("key40 chosen1 "), 0U);
+    EXPECT_EQ(shown.log.Take(), "key40 ") << "which item that leads to is up to the control";
     shown.window->SetDropped(true);
     shown.window->SetDropped(false);
     EXPECT_EQ(shown.log.Take(), "");
