@@ -352,6 +352,9 @@ bool CQtWindow::HandleEvent(QEvent& event)
         Tell([](WindowEvents& events) { events.MouseUsed({.action = EMouseAction::Leave}); });
         return false;
     case QEvent::ToolTip:
+    case QEvent::ContextMenu:
+        // The control shows its own when the button is let go.
+        return static_cast<const QContextMenuEvent&>(event).reason() == QContextMenuEvent::Mouse;
         return ShowHint(static_cast<const QHelpEvent&>(event));
     case QEvent::FocusIn:
     case QEvent::FocusOut:
@@ -480,7 +483,20 @@ bool CQtWindow::HandleMouse(const QMouseEvent& event)
     mouse.place = FromQPoint(event.position().toPoint());
     bool isTaken = false;
     const bool isHere = Tell([&](WindowEvents& events) { isTaken = events.MouseUsed(mouse); });
-    return !isHere || isTaken || !ActsByItself();
+    if (!isHere || isTaken || !ActsByItself()) {
+        return true;
+    }
+    if (mouse.action == EMouseAction::Up && mouse.button == Controls::mbRight) {
+        ShowOwnMenu(event);
+    }
+    return false;
+}
+
+void CQtWindow::ShowOwnMenu(const QMouseEvent& event)
+{
+    QContextMenuEvent menu(QContextMenuEvent::Other, event.position().toPoint(),
+                           event.globalPosition().toPoint(), event.modifiers());
+    QCoreApplication::sendEvent(&Surface(), &menu);
 }
 
 bool CQtWindow::HandleWheel(const QWheelEvent& event)

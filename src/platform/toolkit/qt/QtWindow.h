@@ -129,6 +129,8 @@ private:
     bool HandleRelease(const QKeyEvent& event);
     bool HandleInputMethod(const QInputMethodEvent& event);
     bool HandleMouse(const QMouseEvent& event);
+    /// The menu that the widget itself has, where the control had none to show.
+    void ShowOwnMenu(const QMouseEvent& event);
     bool HandleWheel(const QWheelEvent& event);
     bool ShowHint(const QHelpEvent& event);
     bool HandleFocus(const QEvent& event);
