@@ -332,9 +332,10 @@ bool CQtWindow::HandleEvent(QEvent& event)
 {
     switch (event.type()) {
     case QEvent::ShortcutOverride:
-        // Keys are the control's; Qt has no shortcuts of its own to find among them.
-        event.accept();
-        return true;
+        // Keys are the control's; Qt has no shortcuts of its own to find among them. A menu bar looks out for
+        // Alt by this.
+        event.setAccepted(static_cast<const QKeyEvent&>(event).key() != Qt::Key_Alt);
+        return event.isAccepted();
     case QEvent::KeyPress:
         return HandleKey(static_cast<const QKeyEvent&>(event));
     case QEvent::KeyRelease:
