@@ -267,6 +267,10 @@ public:
     /// a toolkit whose windows have no look of their own.
     virtual bool Grab(Pixels& pixels);
 
+    /// The cell of a grid that keys act on may be another one now: those who can't see it hear of it while
+    /// the window has the keyboard.
+    virtual void AnnounceCell() {}
+
     // Of buttons, boxes and lists. What is told here isn't told back by the events; any other window does
     // nothing.
 

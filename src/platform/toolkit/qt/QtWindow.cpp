@@ -352,10 +352,10 @@ bool CQtWindow::HandleEvent(QEvent& event)
     case QEvent::Leave:
         Tell([](WindowEvents& events) { events.MouseUsed({.action = EMouseAction::Leave}); });
         return false;
-    case QEvent::ToolTip:
     case QEvent::ContextMenu:
         // The control shows its own when the button is let go.
         return static_cast<const QContextMenuEvent&>(event).reason() == QContextMenuEvent::Mouse;
+    case QEvent::ToolTip:
         return ShowHint(static_cast<const QHelpEvent&>(event));
     case QEvent::FocusIn:
     case QEvent::FocusOut:
@@ -587,6 +587,24 @@ CQtCanvas::CQtCanvas(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings&
 CQtCanvas::~CQtCanvas()
 {
     ShowToReaders(Widget(), nullptr);
+}
+
+void CQtCanvas::AnnounceCell()
+{
+    TellReadersOfCell(Widget(), ECellNews::IfOther);
+}
+
+bool CQtCanvas::HandleEvent(QEvent& event)
+{
+    if (CQtWindow::HandleEvent(event)) {
+        return true;
+    }
+    if (event.type() == QEvent::FocusIn) {
+        // Behind what Qt tells of the whole widget.
+        QMetaObject::invokeMethod(
+            Context(), [this] { TellReadersOfCell(Widget(), ECellNews::Always); }, Qt::QueuedConnection);
+    }
+    return false;
 }
 
 } // namespace Toolkits

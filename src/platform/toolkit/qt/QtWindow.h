@@ -167,6 +167,11 @@ class CQtCanvas final : public CQtWindow
 public:
     CQtCanvas(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings);
     ~CQtCanvas() override;
+
+    void AnnounceCell() override;
+
+protected:
+    bool HandleEvent(QEvent& event) override;
 };
 
 } // namespace Toolkits

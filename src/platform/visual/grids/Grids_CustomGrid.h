@@ -261,7 +261,7 @@ private:
     bool IsRowHeading(int col, int) const override { return col < getFixedCols(); }
     Types::TRect GetCellBounds(int col, int row) const override { return CellRect(col, row); }
     Types::TRect GetSelectedCells() const override;
-    bool IsCellCurrent(int col, int row) const override { return col == getCol() && row == getRow(); }
+    Types::TPoint GetCurrentCell() const override { return {getCol(), getRow()}; }
     void ChooseCell(int col, int row) override;
 
     void ChangeSize(int colCount, int rowCount);
@@ -275,6 +275,8 @@ private:
     void Relaid();
     void MoveTopLeft(int left, int top);
     void ShowCell(TGridCoord cell);
+    /// Lets those who can't see it know of the cell at hand.
+    void AnnounceCell();
     TGridCoord Held(TGridCoord cell) const noexcept;
     bool IsInGrid(int col, int row) const noexcept;
     bool HasOption(TGridOption option) const { return mOptions.Contains(option); }
