@@ -2,23 +2,26 @@
 #pragma once
 
 #include "platform/toolkit/Toolkit.h"
-#include "platform/visual/Forms.h"
 
 #include <chrono>
 
 namespace Support
 {
 
-/// Runs the message loop until it is so. False if that never comes: only a fault takes so long.
+/// Runs the message loop of the toolkit until it is so. False if that never comes: only a fault takes so
+/// long. What is raised comes out of it.
 template <class Test>
 bool RunUntil(Test isTrue)
 {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
-    const auto waker = Toolkits::CurrentToolkit().StartTimer(20, [] {});
+    Toolkits::Toolkit& toolkit = Toolkits::CurrentToolkit();
+    const auto waker = toolkit.StartTimer(20, [] {});
     while (!isTrue() && std::chrono::steady_clock::now() < deadline) {
-        Forms::Application->HandleMessage();
+        if (!toolkit.ProcessMessage()) {
+            toolkit.WaitMessage();
+        }
     }
-    Toolkits::CurrentToolkit().StopTimer(waker);
+    toolkit.StopTimer(waker);
     return isTrue();
 }
 

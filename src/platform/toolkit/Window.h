@@ -252,6 +252,8 @@ public:
     /// Whether the window acts by itself on keys and clicks, and tells of what came of it. Otherwise the
     /// control acts in its place.
     virtual bool ActsByItself() const = 0;
+    /// As `ActsByItself`, but for keys alone: a window may leave those to the control, and the rest not.
+    virtual bool ActsOnKeys() const { return ActsByItself(); }
     /// Before or behind all of its siblings.
     virtual void BringToFront() = 0;
     virtual void SendToBack() = 0;
@@ -267,6 +269,10 @@ public:
     /// in front of it; of a form with its menu bar, without its frame. False, with `pixels` as they were, for
     /// a toolkit whose windows have no look of their own.
     virtual bool Grab(Pixels& pixels);
+
+    /// The cell of a grid that keys act on may be another one now: those who can't see it hear of it while
+    /// the window has the keyboard.
+    virtual void AnnounceCell() {}
 
     // Of buttons, boxes and lists. What is told here isn't told back by the events; any other window does
     // nothing.

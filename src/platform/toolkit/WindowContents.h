@@ -4,7 +4,7 @@
 #include "platform/base/System_String.h"
 #include "platform/base/Types.h"
 
-#include <vector>
+#include <optional>
 
 namespace Toolkits
 {
@@ -52,8 +52,8 @@ public:
     virtual Types::TRect GetCellBounds(int column, int row) const = 0;
     /// From the first selected column and row to those behind the last; empty if none is.
     virtual Types::TRect GetSelectedCells() const = 0;
-    /// Whether it is the one at hand, which keys act on.
-    virtual bool IsCellCurrent(int column, int row) const = 0;
+    /// The column and row of the one at hand, which keys act on; one of them negative for none.
+    virtual Types::TPoint GetCurrentCell() const = 0;
     /// Goes to the cell as the user does, and brings it to sight.
     virtual void ChooseCell(int column, int row) = 0;
 };
@@ -68,8 +68,10 @@ public:
     /// What those who can't see the window know it by: what its label says, or else its own text, without
     /// the mark of an accelerator.
     virtual System::UnicodeString GetWindowName() const = 0;
-    /// What stands in the window without one of its own and can be seen, from the back to the front.
-    virtual std::vector<TWindowPart> GetWindowParts() const = 0;
+    /// How many things stand in the window without one of their own and can be seen.
+    virtual int GetWindowPartCount() const = 0;
+    /// One of them, from the back at 0 to the front; nothing for one that isn't there.
+    virtual std::optional<TWindowPart> GetWindowPart(int index) const = 0;
     /// The cells, if it is a grid; null otherwise. They are there as long as the control.
     virtual WindowCells* GetWindowCells() { return nullptr; }
 };

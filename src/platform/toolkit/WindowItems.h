@@ -44,6 +44,8 @@ struct TListTraits
     int itemHeight = 16;
     /// What the box in front of an item takes, with what is empty behind it; 0 for a list without boxes.
     int boxWidth = 0;
+    /// How much of the width can be moved to sight, by a bar below the items; 0 for no more than there is.
+    int scrollWidth = 0;
     /// Whether several items can be chosen.
     bool isMultiple = false;
     bool hasBorder = true;

@@ -46,7 +46,12 @@ WindowCells* CellsOf(const QWidget* widget)
 class AItem : public QAccessibleInterface, public QAccessibleActionInterface
 {
 public:
-    explicit AItem(QWidget* widget) : mWidget(widget) {}
+    /// The column and row of a cell, or the index of a part and -1.
+    using TPlace = std::pair<int, int>;
+
+    AItem(QWidget* widget, TPlace place) : mWidget(widget), mPlace(place) {}
+
+    TPlace getPlace() const noexcept { return mPlace; }
 
     QObject* object() const override { return nullptr; }
     QWindow* window() const override
@@ -88,13 +93,14 @@ protected:
 
 private:
     QPointer<QWidget> mWidget;
+    TPlace mPlace;
 };
 
 /// A label, a picture, a button without a window.
 class CPart final : public AItem
 {
 public:
-    CPart(QWidget* widget, int index) : AItem(widget), mIndex(index) {}
+    CPart(QWidget* widget, int index) : AItem(widget, {index, -1}), mIndex(index) {}
 
     bool isValid() const override { return Get().has_value(); }
     QString text(QAccessible::Text kind) const override
@@ -134,7 +140,8 @@ public:
     void doAction(const QString& name) override
     {
         const std::optional<TWindowPart> part = Get();
-        if (name != pressAction() || !part || part->kind != EPartKind::Button) {
+        if (name != pressAction() || !part || part->kind != EPartKind::Button ||
+            !WindowOf(Widget())->CanBeUsed()) {
             return;
         }
         const Types::TRect& bounds = part->bounds;
@@ -162,12 +169,7 @@ private:
     std::optional<TWindowPart> Get() const
     {
         const WindowContents* const contents = ContentsOf(Widget());
-        if (contents == nullptr) {
-            return std::nullopt;
-        }
-        std::vector<TWindowPart> parts = contents->GetWindowParts();
-        const auto index = static_cast<std::size_t>(mIndex);
-        return index < parts.size() ? std::optional(std::move(parts[index])) : std::nullopt;
+        return contents == nullptr ? std::nullopt : contents->GetWindowPart(mIndex);
     }
 
     int mIndex;
@@ -176,7 +178,7 @@ private:
 class CCell final : public AItem, public QAccessibleTableCellInterface
 {
 public:
-    CCell(QWidget* widget, int column, int row) : AItem(widget), mColumn(column), mRow(row) {}
+    CCell(QWidget* widget, int column, int row) : AItem(widget, {column, row}), mColumn(column), mRow(row) {}
 
     bool isValid() const override { return Cells() != nullptr; }
     QString text(QAccessible::Text kind) const override
@@ -218,7 +220,7 @@ public:
         state.selectable = true;
         state.focusable = true;
         state.selected = isSelected();
-        state.focused = Widget()->hasFocus() && cells->IsCellCurrent(mColumn, mRow);
+        state.focused = Widget()->hasFocus() && cells->GetCurrentCell() == Types::TPoint{mColumn, mRow};
         return state;
     }
     void* interface_cast(QAccessible::InterfaceType type) override
@@ -229,7 +231,7 @@ public:
     QStringList actionNames() const override { return {setFocusAction()}; }
     void doAction(const QString& name) override
     {
-        if (name == setFocusAction() && isValid()) {
+        if (name == setFocusAction() && isValid() && WindowOf(Widget())->CanBeUsed()) {
             WindowOf(Widget())->Tell([this](WindowEvents&) { Cells()->ChooseCell(mColumn, mRow); });
         }
     }
@@ -316,11 +318,16 @@ public:
     }
     int indexOfChild(const QAccessibleInterface* child) const override
     {
-        const auto found = std::ranges::find_if(mItems, [child](const auto& item) {
-            return QAccessible::accessibleInterface(item.second) == child;
-        });
-        return found == mItems.end() ? QAccessibleWidget::indexOfChild(child)
-                                     : QAccessibleWidget::childCount() + IndexOf(found->first);
+        const auto* const item = dynamic_cast<const AItem*>(child);
+        if (item == nullptr) {
+            return QAccessibleWidget::indexOfChild(child);
+        }
+        return item->parent() == this ? IndexOf(item->getPlace()) : -1;
+    }
+    QAccessibleInterface* focusChild() const override
+    {
+        QAccessibleInterface* const cell = widget()->hasFocus() ? CurrentCell() : nullptr;
+        return cell == nullptr ? QAccessibleWidget::focusChild() : cell;
     }
     QAccessibleInterface* childAt(int x, int y) const override
     {
@@ -354,7 +361,7 @@ public:
         constexpr int most = 1000;
         QList<QAccessibleInterface*> selected;
         const Types::TRect cells = Selection();
-        for (int row = cells.Top; row < cells.Bottom; ++row) {
+        for (int row = cells.Top; row < cells.Bottom && selected.size() < most; ++row) {
             for (int column = cells.Left; column < cells.Right && selected.size() < most; ++column) {
                 selected.push_back(cellAt(row, column));
             }
@@ -385,9 +392,18 @@ public:
     bool unselectColumn(int) override { return false; }
     void modelChange(QAccessibleTableModelChangeEvent*) override {}
 
+    void TellOfCell(ECellNews news)
+    {
+        QAccessibleInterface* const cell = CurrentCell();
+        if (cell != nullptr && (news == ECellNews::Always || cell != mToldCell)) {
+            mToldCell = cell;
+            QAccessibleEvent event(cell, QAccessible::Focus);
+            QAccessible::updateAccessibility(&event);
+        }
+    }
+
 private:
-    /// The column and row of a cell, or the index of a part and -1.
-    using TPlace = std::pair<int, int>;
+    using TPlace = AItem::TPlace;
 
     int ItemCount() const
     {
@@ -396,16 +412,26 @@ private:
             return static_cast<int>(std::min<long long>(count, INT_MAX - QAccessibleWidget::childCount()));
         }
         const WindowContents* const contents = ContentsOf(widget());
-        return contents == nullptr ? 0 : static_cast<int>(contents->GetWindowParts().size());
+        return contents == nullptr ? 0 : contents->GetWindowPartCount();
     }
     QAccessibleInterface* Item(int index) const
     {
         return CellsOf(widget()) == nullptr ? Item({index, -1})
                                             : Item({index % columnCount(), index / columnCount()});
     }
+    /// -1 for a cell behind those that can be counted.
     int IndexOf(TPlace place) const
     {
-        return place.second < 0 ? place.first : place.second * columnCount() + place.first;
+        const auto [column, row] = place;
+        const long long item = row < 0 ? column : 1LL * row * columnCount() + column;
+        return item < ItemCount() ? static_cast<int>(item) + QAccessibleWidget::childCount() : -1;
+    }
+    /// Null where there is none.
+    QAccessibleInterface* CurrentCell() const
+    {
+        const WindowCells* const cells = CellsOf(widget());
+        const Types::TPoint cell = cells == nullptr ? Types::TPoint{-1, -1} : cells->GetCurrentCell();
+        return cellAt(cell.Y, cell.X);
     }
     /// Made when it is asked for, since a grid may have millions.
     QAccessibleInterface* Item(TPlace place) const
@@ -443,6 +469,8 @@ private:
     }
 
     mutable std::map<TPlace, QAccessible::Id> mItems;
+    /// The cell that readers were told of last.
+    const QAccessibleInterface* mToldCell = nullptr;
 };
 
 QAccessibleInterface* MakePaintedWidget(const QString& className, QObject* object)
@@ -462,6 +490,16 @@ void ShowToReaders(QWidget& widget, CQtWindow* window)
     }();
     static_cast<void>(isInstalled);
     widget.setProperty(WindowProperty, QVariant::fromValue(static_cast<void*>(window)));
+}
+
+void TellReadersOfCell(QWidget& widget, ECellNews news)
+{
+    if (!QAccessible::isActive() || !widget.hasFocus() || CellsOf(&widget) == nullptr) {
+        return;
+    }
+    if (auto* const shown = dynamic_cast<CPaintedWidget*>(QAccessible::queryAccessibleInterface(&widget))) {
+        shown->TellOfCell(news);
+    }
 }
 
 } // namespace Toolkits

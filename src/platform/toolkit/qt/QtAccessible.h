@@ -14,4 +14,15 @@ class CQtWindow;
 /// Qt's own kinds tell their contents by themselves. Null ends it.
 void ShowToReaders(QWidget& widget, CQtWindow* window);
 
+/// Whether readers are told of a cell that they may know already.
+enum class ECellNews
+{
+    IfOther,
+    Always
+};
+
+/// Tells readers of the cell at hand of a grid in `widget`, as what has the focus, while the widget has the
+/// keyboard. Nothing happens for any other widget.
+void TellReadersOfCell(QWidget& widget, ECellNews news);
+
 } // namespace Toolkits

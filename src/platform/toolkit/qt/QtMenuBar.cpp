@@ -5,7 +5,8 @@
 #include "platform/toolkit/qt/QtConvert.h"
 #include "platform/toolkit/qt/QtMenus.h"
 
-#include <QEvent>
+#include <QApplication>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QPointer>
 
@@ -56,6 +57,43 @@ bool CQtMenuBar::event(QEvent* event)
     }
 }
 
+bool CQtMenuBar::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        // By Alt the user enters the bar, if there is something in it and he isn't kept from the form.
+        const bool canEnter = mWindow != nullptr && mWindow->CanBeActive() && !actions().isEmpty();
+        return canEnter && QMenuBar::eventFilter(watched, event);
+    }
+    const bool isEscape =
+        event->type() == QEvent::KeyPress && static_cast<const QKeyEvent&>(*event).key() == Qt::Key_Escape;
+    if (!isEscape || std::ranges::find(mTops, watched, &TTop::menu) == mTops.end()) {
+        return QMenuBar::eventFilter(watched, event);
+    }
+    // By itself the bar would keep the keyboard until another Escape.
+    const QPointer<CQtMenuBar> self = this;
+    watched->event(event);
+    if (self != nullptr) {
+        LeaveKeys();
+    }
+    return true;
+}
+
+void CQtMenuBar::LeaveKeys()
+{
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, {});
+    keyPressEvent(&escape);
+}
+
+void CQtMenuBar::focusOutEvent(QFocusEvent* event)
+{
+    // By itself the bar would take the keyboard back from whoever was given it meanwhile.
+    const QPointer<QWidget> next = QApplication::focusWidget();
+    QMenuBar::focusOutEvent(event);
+    if (next != nullptr && next != QApplication::focusWidget()) {
+        next->setFocus(event->reason());
+    }
+}
+
 void CQtMenuBar::Update()
 {
     mIsUpdateDue = false;
@@ -91,6 +129,7 @@ void CQtMenuBar::Rebuild(const std::vector<TMenuEntry>& entries)
             });
         } else {
             QMenu* const menu = addMenu(QString());
+            menu->installEventFilter(this);
             mTops.push_back({entry.id, menu->menuAction(), menu});
             connect(menu, &QMenu::aboutToShow, this, [this, menu] { MenuOpens(menu); });
         }

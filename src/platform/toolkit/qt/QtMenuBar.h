@@ -30,6 +30,8 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     struct TTop
@@ -44,6 +46,8 @@ private:
     void Rebuild(const std::vector<TMenuEntry>& entries);
     void Fill(TTop& top, const TMenuEntry& entry);
     void MenuOpens(const QMenu* menu);
+    /// Gives the keyboard back to whoever had it.
+    void LeaveKeys();
     void ChooseSoon(int id);
 
     CQtWindow* mWindow;

@@ -12,11 +12,9 @@ namespace Toolkits
 
 void FillMenu(QMenu& menu, const std::vector<TMenuEntry>& entries, const std::function<void(int)>& choose)
 {
-    QActionGroup* group = nullptr;
     for (const TMenuEntry& entry : entries) {
         if (entry.caption == u"-") {
             menu.addSeparator();
-            group = nullptr;
             continue;
         }
         QString text = ToQString(entry.caption);
@@ -36,8 +34,8 @@ void FillMenu(QMenu& menu, const std::vector<TMenuEntry>& entries, const std::fu
         action->setCheckable(entry.isChecked || entry.isRadio);
         action->setChecked(entry.isChecked);
         if (entry.isRadio) {
-            group = group == nullptr ? new QActionGroup(&menu) : group;
-            group->addAction(action);
+            // For the look alone: which of them excludes which is up to the items.
+            (new QActionGroup(action))->addAction(action);
         }
         if (entry.isDefault) {
             menu.setDefaultAction(action);

@@ -24,9 +24,9 @@
 #include <QWheelEvent>
 
 #include <algorithm>
-#include <iterator>
 #include <cmath>
 #include <cstdlib>
+#include <iterator>
 #include <numeric>
 #include <utility>
 
@@ -43,7 +43,7 @@ public:
     {
         CQtDesktop& desktop = *mWindow.mDesktop;
         try {
-            return mWindow.HandleFiltered(*event);
+            return mWindow.HandleEvent(*event);
         } catch (...) {
             desktop.Raise(std::current_exception());
             return true;
@@ -96,6 +96,11 @@ bool IsSame(const TWindowLook& a, const TWindowLook& b)
 }
 
 } // namespace
+
+bool IsLent(const QFocusEvent& event)
+{
+    return event.reason() == Qt::PopupFocusReason || event.reason() == Qt::MenuBarFocusReason;
+}
 
 CQtWindow::CQtWindow(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings, QWidget* widget)
     : mDesktop(std::move(desktop)),
@@ -354,20 +359,14 @@ bool CQtWindow::IsBlocked()
     return (form != nullptr && !form->CanBeActive()) || !IsWithin(mDesktop->Only());
 }
 
-bool CQtWindow::HandleFiltered(QEvent& event)
-{
-    const bool isInput = event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease ||
-                         event.type() == QEvent::MouseButtonRelease;
-    return !(mIsPassing && isInput) && HandleEvent(event);
-}
-
 bool CQtWindow::HandleEvent(QEvent& event)
 {
     switch (event.type()) {
     case QEvent::ShortcutOverride:
-        // Keys are the control's; Qt has no shortcuts of its own to find among them.
-        event.accept();
-        return true;
+        // Keys are the control's; Qt has no shortcuts of its own to find among them. A menu bar looks out for
+        // Alt by this.
+        event.setAccepted(static_cast<const QKeyEvent&>(event).key() != Qt::Key_Alt);
+        return event.isAccepted();
     case QEvent::KeyPress:
         return HandleKey(static_cast<const QKeyEvent&>(event));
     case QEvent::KeyRelease:
@@ -384,6 +383,9 @@ bool CQtWindow::HandleEvent(QEvent& event)
     case QEvent::Leave:
         Tell([](WindowEvents& events) { events.MouseUsed({.action = EMouseAction::Leave}); });
         return false;
+    case QEvent::ContextMenu:
+        // The control shows its own when the button is let go.
+        return static_cast<const QContextMenuEvent&>(event).reason() == QContextMenuEvent::Mouse;
     case QEvent::ToolTip:
         return ShowHint(static_cast<const QHelpEvent&>(event));
     case QEvent::FocusIn:
@@ -429,7 +431,7 @@ bool CQtWindow::HandleKey(const QKeyEvent& event)
         }
     }
     const bool isRefused = isText && typed.isEmpty() && !event.text().isEmpty();
-    return isRefused || !ActsByItself() || PassKey(event, key, isText ? typed : event.text());
+    return isRefused || !ActsOnKeys() || PassKey(event, key, isText ? typed : event.text());
 }
 
 bool CQtWindow::PassKey(const QKeyEvent& event, System::Word key, const QString& text)
@@ -445,7 +447,8 @@ bool CQtWindow::Pass(QEvent& event)
 {
     const std::shared_ptr<TState> state = mState;
     mIsPassing = true;
-    QCoreApplication::sendEvent(mWidget, &event);
+    // Sent, it would go on to those around the widget if that has no use for it.
+    static_cast<QObject*>(mWidget)->event(&event);
     if (state->isAlive) {
         mIsPassing = false;
     }
@@ -463,7 +466,11 @@ bool CQtWindow::HandleRelease(const QKeyEvent& event)
     const bool isHere = Tell([&](WindowEvents& events) {
         isTaken = key != 0 && events.KeyReleased(key, ShiftOf(event.modifiers()));
     });
-    return !isHere || isTaken || !ActsByItself();
+    if (isHere && !isTaken && ActsByItself()) {
+        const std::unique_ptr<QEvent> passed(event.clone());
+        Pass(*passed);
+    }
+    return true;
 }
 
 bool CQtWindow::HandleInputMethod(const QInputMethodEvent& event)
@@ -508,7 +515,20 @@ bool CQtWindow::HandleMouse(const QMouseEvent& event)
     mouse.place = FromQPoint(event.position().toPoint());
     bool isTaken = false;
     const bool isHere = Tell([&](WindowEvents& events) { isTaken = events.MouseUsed(mouse); });
-    return !isHere || isTaken || !ActsByItself();
+    if (!isHere || isTaken || !ActsByItself()) {
+        return true;
+    }
+    if (mouse.action == EMouseAction::Up && mouse.button == Controls::mbRight) {
+        ShowOwnMenu(event);
+    }
+    return false;
+}
+
+void CQtWindow::ShowOwnMenu(const QMouseEvent& event)
+{
+    QContextMenuEvent menu(QContextMenuEvent::Other, event.position().toPoint(),
+                           event.globalPosition().toPoint(), event.modifiers());
+    QCoreApplication::sendEvent(&Surface(), &menu);
 }
 
 bool CQtWindow::HandleWheel(const QWheelEvent& event)
@@ -540,8 +560,7 @@ bool CQtWindow::ShowHint(const QHelpEvent& event)
 
 bool CQtWindow::HandleFocus(const QEvent& event)
 {
-    // A menu, or the list of a combo box, takes the keyboard for a while and gives it back.
-    if (static_cast<const QFocusEvent&>(event).reason() == Qt::PopupFocusReason || mIsForm) {
+    if (mIsForm || IsLent(static_cast<const QFocusEvent&>(event))) {
         return false;
     }
     const std::shared_ptr<TState> state = mState;
@@ -604,6 +623,24 @@ CQtCanvas::CQtCanvas(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings&
 CQtCanvas::~CQtCanvas()
 {
     ShowToReaders(Widget(), nullptr);
+}
+
+void CQtCanvas::AnnounceCell()
+{
+    TellReadersOfCell(Widget(), ECellNews::IfOther);
+}
+
+bool CQtCanvas::HandleEvent(QEvent& event)
+{
+    if (CQtWindow::HandleEvent(event)) {
+        return true;
+    }
+    if (event.type() == QEvent::FocusIn) {
+        // Behind what Qt tells of the whole widget.
+        QMetaObject::invokeMethod(
+            Context(), [this] { TellReadersOfCell(Widget(), ECellNews::Always); }, Qt::QueuedConnection);
+    }
+    return false;
 }
 
 } // namespace Toolkits

@@ -11,6 +11,7 @@
 #include <unordered_set>
 #include <vector>
 
+class QFocusEvent;
 class QHelpEvent;
 class QInputMethodEvent;
 class QKeyEvent;
@@ -20,6 +21,9 @@ class QWheelEvent;
 
 namespace Toolkits
 {
+
+/// Whether a menu, a menu bar or the list of a combo box has the keyboard for a while, or gives it back.
+bool IsLent(const QFocusEvent& event);
 
 /// A widget that stands for a control. What happens to the widget comes by here first: the control hears of
 /// it, and the widget acts on it only where the control leaves it to that.
@@ -58,6 +62,8 @@ public:
     /// Whether it is `outer` or lies in it; true for null.
     bool IsWithin(const CQtWindow* outer) const noexcept;
     virtual bool CanBeActive() const { return false; }
+    /// Whether the user may do something in it.
+    bool CanBeUsed() { return mWidget->isEnabled() && !IsBlocked(); }
 
     /// Tells the control something. Nothing that it raises comes out. False if the window is gone by then:
     /// its widget is still there, but must be left alone.
@@ -91,12 +97,11 @@ protected:
     QObject* Context() const noexcept;
     /// Whether the user is kept from the form of the window, or from all windows but another one.
     bool IsBlocked();
-    bool CanBeUsed() { return mWidget->isEnabled() && !IsBlocked(); }
     /// Watches a part of the widget too.
     void WatchPart(QWidget* part);
     /// Whether a key, or what else is told of around it, is on its way through the widget.
     bool IsPassing() const noexcept { return mIsPassing; }
-    /// Lets the widget act on an event now; false if the window is gone then.
+    /// Lets the widget, and nobody else, act on an event now; false if the window is gone then.
     bool Pass(QEvent& event);
     CQtDesktop& Desktop() const noexcept { return *mDesktop; }
     const Types::TRect& Bounds() const noexcept { return mBounds; }
@@ -121,11 +126,12 @@ private:
     void SetColors();
     /// Gives those in it that have no colours of their own the ones that they show now.
     void KeepInnerColors();
-    bool HandleFiltered(QEvent& event);
     bool HandleKey(const QKeyEvent& event);
     bool HandleRelease(const QKeyEvent& event);
     bool HandleInputMethod(const QInputMethodEvent& event);
     bool HandleMouse(const QMouseEvent& event);
+    /// The menu that the widget itself has, where the control had none to show.
+    void ShowOwnMenu(const QMouseEvent& event);
     bool HandleWheel(const QWheelEvent& event);
     bool ShowHint(const QHelpEvent& event);
     bool HandleFocus(const QEvent& event);
@@ -162,6 +168,11 @@ class CQtCanvas final : public CQtWindow
 public:
     CQtCanvas(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings);
     ~CQtCanvas() override;
+
+    void AnnounceCell() override;
+
+protected:
+    bool HandleEvent(QEvent& event) override;
 };
 
 } // namespace Toolkits

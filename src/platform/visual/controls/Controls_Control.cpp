@@ -800,7 +800,7 @@ void TControl::DoubleClicked(const TMessage& message)
     }
 }
 
-void TControl::ButtonUp(const TMessage& message, TMouseButton button)
+void TControl::ButtonUp(TMessage& message, TMouseButton button)
 {
     const TComponentWatch watch(this);
     const TPoint place = ParamToPlace(message.LParam);
@@ -818,8 +818,8 @@ void TControl::ButtonUp(const TMessage& message, TMouseButton button)
     if (watch.IsAlive()) {
         MouseUp(button, ParamToShift(message.WParam), place.X, place.Y);
     }
-    if (watch.IsAlive() && button == mbRight && Contains(GetClientRect(), place)) {
-        AskContextMenu(place);
+    if (watch.IsAlive() && button == mbRight && Contains(GetClientRect(), place) && AskContextMenu(place)) {
+        message.Result = 1;
     }
 }
 
@@ -829,19 +829,19 @@ bool TControl::WheelTurned(const TMessage& message)
     return MouseWheel(ParamToShift(message.WParam), wheel->delta, wheel->place);
 }
 
-void TControl::AskContextMenu(TPoint place)
+bool TControl::AskContextMenu(TPoint place)
 {
     const TComponentWatch watch(this);
     if (ContextPopup(place) || !watch.IsAlive()) {
-        return;
+        return true;
     }
-    if (mPopupMenu != nullptr && mPopupMenu->getAutoPopup()) {
-        const TPoint onScreen = ClientToScreen(place);
-        mPopupMenu->setPopupComponent(this);
-        mPopupMenu->Popup(onScreen.X, onScreen.Y);
-    } else if (mParent != nullptr) {
-        mParent->AskContextMenu({place.X + mLeft, place.Y + mTop});
+    if (mPopupMenu == nullptr || !mPopupMenu->getAutoPopup()) {
+        return mParent != nullptr && mParent->AskContextMenu({place.X + mLeft, place.Y + mTop});
     }
+    const TPoint onScreen = ClientToScreen(place);
+    mPopupMenu->setPopupComponent(this);
+    mPopupMenu->Popup(onScreen.X, onScreen.Y);
+    return true;
 }
 
 bool TControl::getMouseCapture() const noexcept

@@ -254,7 +254,8 @@ protected:
     /// Puts the control into a parent that is a windowed control; nothing happens with any other.
     void SetParentComponent(Classes::TComponent* parent) override;
     /// Shows the menu of the right mouse button for a place in the control, or asks the parent for its own.
-    void AskContextMenu(Types::TPoint place);
+    /// False if nobody had anything to show.
+    bool AskContextMenu(Types::TPoint place);
 
     /// Called for the mouse, each calls its event.
     virtual void DblClick();
@@ -295,7 +296,7 @@ private:
     bool DispatchChange(const Messages::TMessage& message);
     void ButtonDown(const Messages::TMessage& message, TMouseButton button,
                     const Classes::TShiftState& extra);
-    void ButtonUp(const Messages::TMessage& message, TMouseButton button);
+    void ButtonUp(Messages::TMessage& message, TMouseButton button);
     void DoubleClicked(const Messages::TMessage& message);
     bool WheelTurned(const Messages::TMessage& message);
 

@@ -383,15 +383,19 @@ System::UnicodeString TWinControl::GetWindowName() const
     return mSpokenLabel.IsEmpty() ? Forms::WithoutAccel(GetText()) : mSpokenLabel;
 }
 
-std::vector<Toolkits::TWindowPart> TWinControl::GetWindowParts() const
+int TWinControl::GetWindowPartCount() const
 {
-    std::vector<Toolkits::TWindowPart> parts;
+    return static_cast<int>(std::ranges::count_if(mGraphics, &TControl::getVisible));
+}
+
+std::optional<Toolkits::TWindowPart> TWinControl::GetWindowPart(int index) const
+{
     for (const TControl* const control : mGraphics) {
-        if (control->getVisible()) {
-            parts.push_back(control->AsWindowPart());
+        if (control->getVisible() && index-- == 0) {
+            return control->AsWindowPart();
         }
     }
-    return parts;
+    return std::nullopt;
 }
 
 void TWinControl::ShowLook()

@@ -248,7 +248,8 @@ private:
     void ActivationChanged(bool isActive) override;
     void StateChanged(Toolkits::EWindowState state) override;
     System::UnicodeString GetWindowName() const override;
-    std::vector<Toolkits::TWindowPart> GetWindowParts() const override;
+    int GetWindowPartCount() const override;
+    std::optional<Toolkits::TWindowPart> GetWindowPart(int index) const override;
     void ColorsChanged() override;
 
     /// Sends a message about a control that comes or goes.

@@ -168,7 +168,7 @@ bool TWinControl::TakeKey(Word& key, TShiftState shift)
         return true;
     }
     key = static_cast<Word>(message.WParam);
-    const bool actsByItself = mWindow != nullptr && mWindow->ActsByItself();
+    const bool actsByItself = mWindow != nullptr && mWindow->ActsOnKeys();
     return !actsByItself && ActOnKey(key, shift);
 }
 
@@ -199,7 +199,7 @@ bool TWinControl::TakeChar(WideChar& character)
         return true;
     }
     character = static_cast<WideChar>(message.WParam);
-    const bool actsByItself = mWindow != nullptr && mWindow->ActsByItself();
+    const bool actsByItself = mWindow != nullptr && mWindow->ActsOnKeys();
     return !actsByItself && ActOnChar(character);
 }
 

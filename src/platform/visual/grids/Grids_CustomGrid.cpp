@@ -98,6 +98,7 @@ void TCustomGrid::ChangeSize(int colCount, int rowCount)
 void TCustomGrid::Relaid()
 {
     Invalidate();
+    AnnounceCell();
     PlaceEditor();
 }
 

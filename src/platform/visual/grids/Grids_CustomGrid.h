@@ -261,7 +261,7 @@ private:
     bool IsRowHeading(int col, int) const override { return col < getFixedCols(); }
     Types::TRect GetCellBounds(int col, int row) const override { return CellRect(col, row); }
     Types::TRect GetSelectedCells() const override;
-    bool IsCellCurrent(int col, int row) const override { return col == getCol() && row == getRow(); }
+    Types::TPoint GetCurrentCell() const override { return {getCol(), getRow()}; }
     void ChooseCell(int col, int row) override;
 
     void ChangeSize(int colCount, int rowCount);
@@ -279,6 +279,8 @@ private:
     /// Moves what is shown of the cells in an area, which is told from left to right, and paints the rest.
     void MoveCells(Types::TRect area, const Types::TSize& by);
     void ShowCell(TGridCoord cell);
+    /// Lets those who can't see it know of the cell at hand.
+    void AnnounceCell();
     TGridCoord Held(TGridCoord cell) const noexcept;
     bool IsInGrid(int col, int row) const noexcept;
     bool HasOption(TGridOption option) const { return mOptions.Contains(option); }

@@ -106,7 +106,17 @@ bool TCustomGrid::MoveCurrent(int col, int row, bool moveAnchor, bool show)
     if (show) {
         ShowCell({col, row});
     }
+    if (watch.IsAlive()) {
+        AnnounceCell();
+    }
     return watch.IsAlive();
+}
+
+void TCustomGrid::AnnounceCell()
+{
+    if (GetWindow() != nullptr) {
+        GetWindow()->AnnounceCell();
+    }
 }
 
 TGridRect TCustomGrid::getSelection() const noexcept

@@ -4,6 +4,7 @@
 #include "platform/host/internal/Host_Wakeup.h"
 #include "platform/toolkit/Watch.h"
 #include "platform/visual/Forms.h"
+#include "support/RunUntil.h"
 #include "support/ScopedVariable.h"
 #include "support/ScriptedScreen.h"
 
@@ -21,6 +22,7 @@
 namespace
 {
 
+using Support::RunUntil;
 using Toolkits::CurrentToolkit;
 using Toolkits::Toolkit;
 
@@ -46,16 +48,6 @@ protected:
         EXPECT_EQ(told.find("running headless") != std::string::npos, !mHasWindows);
     }
 
-    template <class Test>
-    static void RunUntil(Test isTrue)
-    {
-        while (!isTrue()) {
-            if (!CurrentToolkit().ProcessMessage()) {
-                CurrentToolkit().WaitMessage();
-            }
-        }
-    }
-
 private:
     bool mHasWindows;
     Support::ScopedVariable mWish;
@@ -74,7 +66,7 @@ TEST_F(LateToolkitTest, MovesWhatIsPostedInItsOrder)
         before.Post([&] { order += '5'; });
     });
     before.Post([&] { order += '3'; });
-    RunUntil([&] { return order.size() >= 5; });
+    EXPECT_TRUE(RunUntil([&] { return order.size() >= 5; }));
     Forms::Application->ProcessMessages();
     EXPECT_EQ(order, "12345");
     EXPECT_EQ(&CurrentToolkit(), &before);
@@ -92,11 +84,11 @@ TEST_F(LateToolkitTest, KeepsWhatThreadsPostMeanwhile)
             }
         });
     }
-    RunUntil([&] { return done[0].size() > 10; });
+    EXPECT_TRUE(RunUntil([&] { return done[0].size() > 10; }));
     NeedScreen();
-    RunUntil([&] {
+    EXPECT_TRUE(RunUntil([&] {
         return std::ranges::all_of(done, [](const auto& numbers) { return numbers.size() >= count; });
-    });
+    }));
     for (std::thread& poster : posters) {
         poster.join();
     }
@@ -123,16 +115,16 @@ TEST_F(LateToolkitTest, KeepsTimersTheirIdsAndWhenTheyAreDue)
         toolkit.StopTimer(atMove);
         hasMoved = true;
     });
-    RunUntil([&] { return hasMoved; });
+    EXPECT_TRUE(RunUntil([&] { return hasMoved; }));
     // It has been on its way for so long that this one comes behind it.
     const auto late = toolkit.StartTimer(150, [&] { order += 'b'; });
-    RunUntil([&] { return order.size() >= 4; });
+    EXPECT_TRUE(RunUntil([&] { return order.size() >= 4; }));
     EXPECT_EQ(order.front(), 'a') << order;
     EXPECT_EQ(order.find('s'), std::string::npos) << order;
     EXPECT_GE(std::ranges::count(order, 'a'), 1) << order;
     toolkit.StopTimer(slow);
     order.clear();
-    RunUntil([&] { return order.size() >= 2; });
+    EXPECT_TRUE(RunUntil([&] { return order.size() >= 2; }));
     EXPECT_EQ(order, "bb");
     toolkit.StopTimer(late);
 }
@@ -148,11 +140,11 @@ TEST_F(LateToolkitTest, MovedTimersGoOnAndStopThemselves)
         }
     });
     NeedScreen();
-    RunUntil([&] { return ticks >= 3; });
+    EXPECT_TRUE(RunUntil([&] { return ticks >= 3; }));
     bool isOver = false;
     const auto other = toolkit.StartTimer(20, [&] { isOver = true; });
     EXPECT_NE(other, timer);
-    RunUntil([&] { return isOver; });
+    EXPECT_TRUE(RunUntil([&] { return isOver; }));
     EXPECT_EQ(ticks, 3);
     toolkit.StopTimer(other);
 }
@@ -169,7 +161,7 @@ TEST_F(LateToolkitTest, LooksAfterDescriptorsOnTheOtherSide)
     });
     for (int i = 1; i <= 3; ++i) {
         source.Wake();
-        RunUntil([&] { return runs >= i; });
+        EXPECT_TRUE(RunUntil([&] { return runs >= i; }));
         EXPECT_EQ(runs, i);
     }
     watch.reset();
@@ -186,7 +178,7 @@ TEST_F(LateToolkitTest, IsntLoadedForWhatNeedsNoScreen)
     EXPECT_EQ(CurrentToolkit().FrameMargins(Toolkits::EFrame::Dialog).top, 26);
     int ticks = 0;
     const auto timer = CurrentToolkit().StartTimer(1, [&] { ++ticks; });
-    RunUntil([&] { return ticks > 0; });
+    EXPECT_TRUE(RunUntil([&] { return ticks > 0; }));
     CurrentToolkit().StopTimer(timer);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
     NeedScreen();

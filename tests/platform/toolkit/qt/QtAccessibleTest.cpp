@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/qt/QtAccessible.h"
 
+#include "platform/runtime/classes/Classes_StringList.h"
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/Forms.h"
 #include "platform/visual/grids/Grids_StringGrid.h"
@@ -9,16 +10,25 @@
 #include "platform/visual/stdctrls/buttons/Stdctrls_Button.h"
 #include "platform/visual/stdctrls/buttons/Stdctrls_CheckBox.h"
 #include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
+#include "platform/visual/stdctrls/lists/Stdctrls_ComboBox.h"
 #include "platform/visual/stdctrls/panels/Extctrls_Panel.h"
 #include "support/RunUntil.h"
+#include "testing/FormDriver.h"
 
 #include <QAccessible>
 #include <QApplication>
 #include <QWidget>
+#if __has_include(<qpa/qplatformaccessibility.h>)
+#include <private/qguiapplication_p.h>
+#include <qpa/qplatformaccessibility.h>
+#include <qpa/qplatformintegration.h>
+#endif
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
+#include <utility>
 
 // A form as it is found and driven by those who don't see it: by the tree of Qt alone.
 
@@ -68,6 +78,7 @@ public:
         Place(fEdit, u"fEdit", fPanel, {90, 5, 200, 30});
         Place(fZoom, u"fZoom", fPanel, {5, 40, 30, 60});
         Place(fCheck, u"fCheck", fPanel, {90, 40, 200, 60});
+        Place(fCombo, u"fCombo", fPanel, {210, 5, 300, 30});
         Place(fGrid, u"fGrid", *this, {0, 100, 390, 240});
         Place(fButton, u"fButton", *this, {0, 245, 90, 270});
         fPanel.setCaption(u"R&&D");
@@ -78,6 +89,7 @@ public:
         fZoom.setHint(u"Zoom|Shows more of it");
         fZoom.OnClick = [this](TObject*) { ++zooms; };
         fCheck.setCaption(u"&Log");
+        fCombo.setText({});
         fGrid.setCells(1, 0, u"Voltage");
         fGrid.setCells(0, 2, u"2 s");
         fGrid.setCells(1, 2, u"4.5");
@@ -90,6 +102,7 @@ public:
     Stdctrls::TEdit fEdit{this};
     Buttons::TSpeedButton fZoom{this};
     Stdctrls::TCheckBox fCheck{this};
+    Stdctrls::TComboBox fCombo{this};
     Grids::TStringGrid fGrid{this};
     Stdctrls::TButton fButton{this};
     int changes = 0;
@@ -186,6 +199,55 @@ TEST_F(QtAccessibleTest, DrivesControls)
     EXPECT_EQ(form.changes, 1);
 }
 
+TEST_F(QtAccessibleTest, EditsTheTextOfAComboBox)
+{
+    int changes = 0;
+    form.fCombo.getItems()->AddStrings({u"9600", u"19200"});
+    form.fCombo.setItemIndex(0);
+    form.fCombo.OnChange = [&](TObject*) { ++changes; };
+    QAccessibleInterface* const line = Find("Settings.fCombo")->child(1);
+    ASSERT_EQ(line->role(), QAccessible::EditableText);
+    line->setText(QAccessible::Value, QStringLiteral("4800"));
+    EXPECT_EQ(form.fCombo.getText(), u"4800");
+    EXPECT_EQ(form.fCombo.getItemIndex(), -1);
+    EXPECT_EQ(changes, 1);
+    line->setText(QAccessible::Value, QStringLiteral("9600"));
+    EXPECT_EQ(form.fCombo.getText(), u"9600");
+    EXPECT_EQ(form.fCombo.getItemIndex(), 0);
+    line->editableTextInterface()->insertText(0, QStringLiteral("1"));
+    EXPECT_EQ(form.fCombo.getText(), u"19600");
+    EXPECT_EQ(changes, 3);
+    form.fCombo.setText(u"1200");
+    EXPECT_EQ(line->text(QAccessible::Value), QStringLiteral("1200"));
+    EXPECT_EQ(changes, 3);
+}
+
+TEST_F(QtAccessibleTest, LeavesWhatTheUserMustLeave)
+{
+    form.setEnabled(false);
+    Press("Settings.fZoom");
+    Press("Settings.fButton");
+    Find("Settings.fCheck")->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    Find("Settings.fEdit")->setText(QAccessible::Value, QStringLiteral("second"));
+    Find("Settings.fCombo")->child(1)->setText(QAccessible::Value, QStringLiteral("other"));
+    Find("Settings.fGrid")
+        ->tableInterface()
+        ->cellAt(3, 3)
+        ->actionInterface()
+        ->doAction(QAccessibleActionInterface::setFocusAction());
+    // Qt shows a button pressed for a while.
+    const auto pressed = std::chrono::steady_clock::now();
+    EXPECT_TRUE(Support::RunUntil(
+        [&] { return std::chrono::steady_clock::now() - pressed > std::chrono::milliseconds(300); }));
+    EXPECT_EQ(form.zooms + form.starts + form.changes, 0);
+    EXPECT_FALSE(form.fCheck.getChecked());
+    EXPECT_FALSE(Find("Settings.fCheck")->state().checked);
+    EXPECT_EQ(form.fEdit.getText(), u"first");
+    EXPECT_EQ(Find("Settings.fEdit")->text(QAccessible::Value).toStdString(), "first");
+    EXPECT_EQ(form.fCombo.getText(), u"");
+    EXPECT_EQ(form.fGrid.getRow(), 1);
+}
+
 TEST_F(QtAccessibleTest, TellsWhatALabelSaysAsLongAsItLeadsThere)
 {
     form.fLabel.setCaption(u"&Port");
@@ -229,8 +291,87 @@ TEST_F(QtAccessibleTest, ExposesTheCellsOfAGrid)
     form.fGrid.setColCount(100'000);
     form.fGrid.setRowCount(100'000);
     EXPECT_GT(grid->childCount(), 1'000'000'000);
-    EXPECT_TRUE(table->cellAt(99'999, 99'999)->state().offscreen);
+    QAccessibleInterface* const far = table->cellAt(99'999, 99'999);
+    EXPECT_TRUE(far->state().offscreen);
+    EXPECT_EQ(grid->indexOfChild(far), -1);
 }
+
+#if __has_include(<qpa/qplatformaccessibility.h>)
+
+/// The paths of what readers are told has the focus, each with a blank behind.
+class FocusNews
+{
+public:
+    FocusNews() : mFormer(QAccessible::installUpdateHandler(&Hear))
+    {
+        SetActive(true);
+        Text().clear();
+    }
+    FocusNews(const FocusNews&) = delete;
+    FocusNews& operator=(const FocusNews&) = delete;
+    ~FocusNews()
+    {
+        SetActive(false);
+        QAccessible::installUpdateHandler(mFormer);
+    }
+
+    static std::string Take()
+    {
+        Forms::Application->ProcessMessages();
+        return std::exchange(Text(), {});
+    }
+
+private:
+    static std::string& Text()
+    {
+        static std::string text;
+        return text;
+    }
+    /// As the session does when a reader is started.
+    static void SetActive(bool isActive)
+    {
+        QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(isActive);
+    }
+    static void Hear(QAccessibleEvent* event)
+    {
+        if (event->type() == QAccessible::Focus) {
+            Text() += PathOf(*event->accessibleInterface()).toStdString() + " ";
+        }
+    }
+
+    QAccessible::UpdateHandler mFormer;
+};
+
+TEST_F(QtAccessibleTest, TellsOfTheCellThatHasTheFocus)
+{
+    const FocusNews news;
+    form.fEdit.SetFocus();
+    FocusNews::Take();
+    form.fGrid.setRow(2);
+    EXPECT_EQ(FocusNews::Take(), "");
+    form.fGrid.SetFocus();
+    EXPECT_EQ(FocusNews::Take(), "Settings.fGrid Settings.fGrid[1,2] ");
+    QAccessibleInterface* const grid = Find("Settings.fGrid");
+    EXPECT_EQ(grid->focusChild(), grid->tableInterface()->cellAt(2, 1));
+    EXPECT_TRUE(grid->focusChild()->state().focused);
+    Testing::CFormDriver driver(form);
+    driver.Press(VK_DOWN);
+    EXPECT_EQ(FocusNews::Take(), "Settings.fGrid[1,3] ");
+    form.fGrid.setCol(2);
+    EXPECT_EQ(FocusNews::Take(), "Settings.fGrid[2,3] ");
+    form.fGrid.setSelection({.Left = 1, .Top = 1, .Right = 3, .Bottom = 2});
+    EXPECT_EQ(FocusNews::Take(), "Settings.fGrid[3,2] ");
+    form.fGrid.Invalidate();
+    form.fGrid.setDefaultRowHeight(30);
+    EXPECT_EQ(FocusNews::Take(), "");
+    form.fGrid.setRowCount(2);
+    EXPECT_EQ(FocusNews::Take(), "Settings.fGrid[3,1] ");
+    form.fEdit.SetFocus();
+    EXPECT_EQ(FocusNews::Take(), "Settings.fEdit ");
+    EXPECT_NE(grid->focusChild(), grid->tableInterface()->cellAt(1, 3));
+}
+
+#endif
 
 TEST_F(QtAccessibleTest, LosesWhatIsDestroyed)
 {

@@ -6,6 +6,7 @@
 #include "platform/toolkit/Toolkit.h"
 #include "platform/visual/Forms.h"
 #include "platform/visual/graphics/Graphics_Canvas.h"
+#include "platform/visual/menus/Menus.h"
 #include "platform/visual/stdctrls/Extctrls_Timer.h"
 #include "platform/visual/stdctrls/Stdctrls_Label.h"
 #include "platform/visual/stdctrls/buttons/Stdctrls_Button.h"
@@ -17,6 +18,7 @@
 #include "support/VirtualScreen.h"
 
 #include <QApplication>
+#include <QMenuBar>
 #include <QPixmap>
 #include <QScreen>
 #include <QWindow>
@@ -178,6 +180,54 @@ TEST(QtScreenTest, DISABLED_ModalFormAndBoxAreAnswered)
     Support::PrintResult("answered");
 }
 
+TEST(QtScreenTest, DISABLED_MenuIsUsedByKeys)
+{
+    TMeasureForm form;
+    Menus::TMainMenu menu(&form);
+    Menus::TMenuItem file(&form);
+    Menus::TMenuItem save(&form);
+    file.setCaption(u"&File");
+    save.setCaption(u"&Save");
+    save.setShortCut(Menus::TextToShortCut(u"Ctrl+S"));
+    int saved = 0;
+    save.OnClick = [&](TObject*) { ++saved; };
+    menu.getItems()->Add(&file);
+    file.Add(&save);
+    form.setMenu(&menu);
+    form.Show();
+    ASSERT_TRUE(RunUntil([&] { return form.ticks > 3 && QApplication::activeWindow() != nullptr; }));
+    ClickOn(form.fEdit);
+    ASSERT_TRUE(RunUntil([&] { return form.fEdit.Focused(); }));
+    const auto open = [] { return QApplication::activePopupWidget(); };
+    const auto* const bar = QApplication::activeWindow()->findChild<QMenuBar*>();
+    Use("key Alt_L");
+    ASSERT_TRUE(RunUntil([&] { return bar->activeAction() != nullptr; }));
+    EXPECT_TRUE(form.fEdit.Focused());
+    Use("key Down");
+    ASSERT_TRUE(RunUntil([&] { return open() != nullptr; }));
+    Use("key Escape");
+    ASSERT_TRUE(RunUntil([&] { return open() == nullptr; }));
+    Use("key ctrl+s type 1");
+    ASSERT_TRUE(RunUntil([&] { return form.fEdit.getText() == u"1"; }));
+    EXPECT_EQ(saved, 1);
+    Use("key alt+f");
+    ASSERT_TRUE(RunUntil([&] { return open() != nullptr; }));
+    Use("key Escape");
+    ASSERT_TRUE(RunUntil([&] { return open() == nullptr; }));
+    Use("key ctrl+s type 2");
+    ASSERT_TRUE(RunUntil([&] { return form.fEdit.getText() == u"12"; }));
+    EXPECT_EQ(saved, 2);
+    Use("key Alt_L");
+    ASSERT_TRUE(RunUntil([&] { return bar->activeAction() != nullptr; }));
+    Use("key Return");
+    ASSERT_TRUE(RunUntil([&] { return open() != nullptr; }));
+    Use("key s");
+    ASSERT_TRUE(RunUntil([&] { return saved == 3; }));
+    Use("type 3");
+    ASSERT_TRUE(RunUntil([&] { return form.fEdit.getText() == u"123"; }));
+    Support::PrintResult("chosen");
+}
+
 TEST(QtFormTest, IsUsedOnAScreen)
 {
     const Support::VirtualScreen screen;
@@ -187,6 +237,7 @@ TEST(QtFormTest, IsUsedOnAScreen)
     const Support::ScopedVariable display("DISPLAY", screen.Display());
     const Support::ScopedVariable platform("QT_QPA_PLATFORM", "xcb");
     EXPECT_EQ(Support::RunChildTest("QtScreenTest.DISABLED_FormIsUsedByKeysAndMouse"), "used");
+    EXPECT_EQ(Support::RunChildTest("QtScreenTest.DISABLED_MenuIsUsedByKeys"), "chosen");
     EXPECT_EQ(Support::RunChildTest("QtScreenTest.DISABLED_ModalFormAndBoxAreAnswered"), "answered");
 }
 

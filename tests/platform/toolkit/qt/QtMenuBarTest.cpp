@@ -7,6 +7,8 @@
 #include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
 #include "testing/FormDriver.h"
 
+#include <QActionGroup>
+#include <QKeyEvent>
 #include <QMenu>
 
 #include <gtest/gtest.h>
@@ -52,6 +54,22 @@ protected:
     }
     static void Settle() { Support::TShownWindow::player().Settle(); }
     static QMenuBar& Bar() { return *Support::FindWidget("Menued")->window()->findChild<QMenuBar*>(); }
+    static void Send(QWidget& widget, int key)
+    {
+        QKeyEvent event(QEvent::KeyPress, key, {});
+        QCoreApplication::sendEvent(&widget, &event);
+        Settle();
+    }
+    /// Presses the key and lets it go, as Qt hears of it from a screen.
+    static void PressAlt(Testing::CFormDriver& driver)
+    {
+        QKeyEvent asked(QEvent::ShortcutOverride, Qt::Key_Alt, Qt::AltModifier);
+        asked.ignore();
+        QWidget* const focused = QApplication::focusWidget();
+        QCoreApplication::sendEvent(focused == nullptr ? Support::FindWidget("Menued") : focused, &asked);
+        driver.Press(VK_MENU, {Classes::ssAlt});
+        Settle();
+    }
     static QMenu* Open() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
     static QAction* Entry(const QMenu& menu, const char* text)
     {
@@ -119,6 +137,93 @@ TEST_F(QtMenuBarTest, OpensByTheKeyOfMenus)
     ASSERT_NE(Open(), nullptr);
     EXPECT_NE(Entry(*Open(), "Cut"), nullptr);
     EXPECT_EQ(mLog, u"&Edit ");
+}
+
+TEST_F(QtMenuBarTest, IsEnteredByAltAloneAndLeftByOneEscape)
+{
+    mSave->setShortCut(Menus::TextToShortCut(u"Ctrl+S"));
+    Testing::CFormDriver driver(*mForm);
+    driver.Focus(u"Edit");
+    QWidget& edit = *Support::FindWidget("Menued.Edit");
+    PressAlt(driver);
+    EXPECT_EQ(QApplication::focusWidget(), &Bar());
+    EXPECT_EQ(Bar().activeAction(), Bar().actions().front());
+    EXPECT_EQ(driver.Focused(), u"Edit") << "no control loses the keyboard to a menu";
+    Send(Bar(), Qt::Key_Escape);
+    EXPECT_EQ(QApplication::focusWidget(), &edit);
+    for (const bool isByLetter : {false, true}) {
+        SCOPED_TRACE(isByLetter);
+        if (isByLetter) {
+            driver.Press('F', {Classes::ssAlt});
+            Settle();
+        } else {
+            PressAlt(driver);
+            Send(Bar(), Qt::Key_Down);
+        }
+        ASSERT_NE(Open(), nullptr);
+        Send(*Open(), Qt::Key_Escape);
+        EXPECT_EQ(Open(), nullptr);
+        EXPECT_EQ(Bar().activeAction(), nullptr);
+        ASSERT_EQ(QApplication::focusWidget(), &edit);
+        mLog = {};
+        driver.Press('S', {Classes::ssCtrl});
+        EXPECT_EQ(mLog, u"&Save ");
+    }
+}
+
+TEST_F(QtMenuBarTest, IsntEnteredWhereThereIsNothingToDo)
+{
+    Testing::CFormDriver driver(*mForm);
+    driver.Focus(u"Edit");
+    mForm->setEnabled(false);
+    PressAlt(driver);
+    EXPECT_NE(QApplication::focusWidget(), &Bar());
+    mForm->setEnabled(true);
+    driver.Focus(u"Edit");
+    mForm->setMenu(nullptr);
+    Settle();
+    PressAlt(driver);
+    EXPECT_NE(QApplication::focusWidget(), &Bar());
+}
+
+TEST_F(QtMenuBarTest, GivesTheKeyboardToWhoeverIsToHaveIt)
+{
+    auto* const other = new Stdctrls::TEdit(mForm.get());
+    other->setName(u"Other");
+    other->setParent(mForm.get());
+    other->setTop(50);
+    Testing::CFormDriver driver(*mForm);
+    driver.Focus(u"Edit");
+    PressAlt(driver);
+    ASSERT_EQ(QApplication::focusWidget(), &Bar());
+    other->SetFocus();
+    Settle();
+    EXPECT_EQ(QApplication::focusWidget(), Support::FindWidget("Menued.Other"));
+    EXPECT_EQ(driver.Focused(), u"Other");
+    EXPECT_EQ(Bar().activeAction(), nullptr);
+}
+
+TEST_F(QtMenuBarTest, HasNoSayInWhichItemsExcludeWhich)
+{
+    for (const int group : {1, 1, 2, 2}) {
+        Menus::TMenuItem* const item = Add(mFile, u"Radio");
+        item->setGroupIndex(static_cast<System::Byte>(group));
+        item->setRadioItem(true);
+        item->setChecked(true);
+    }
+    const auto checks = [] {
+        std::string marks;
+        for (const QAction* const action : Bar().actions().front()->menu()->actions()) {
+            marks += action->isChecked() ? 'x' : '-';
+        }
+        return marks;
+    };
+    for (int i = 0; i < 10; ++i) {
+        mSave->setCaption(System::UnicodeString(i));
+        Settle();
+    }
+    EXPECT_EQ(checks(), "--x-x");
+    EXPECT_EQ(Bar().findChildren<QActionGroup*>().size(), 4);
 }
 
 TEST_F(QtMenuBarTest, ShowsItemsAsTheyAre)

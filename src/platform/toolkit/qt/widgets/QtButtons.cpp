@@ -48,16 +48,23 @@ CQtButton::CQtButton(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings&
     // The control takes the focus when it hears of the press: a radio button must know why it comes.
     mButton->setFocusPolicy(Qt::NoFocus);
     SetText(settings.text);
-    QObject::connect(mButton, &QAbstractButton::clicked, Context(),
-                     [this] { Tell([](WindowEvents& events) { events.Chosen(0); }); });
+    QObject::connect(mButton, &QAbstractButton::clicked, Context(), [this] { TellChosen(); });
     // Readers of screens set the mark by themselves, which is the control's to do.
     QObject::connect(mButton, &QAbstractButton::toggled, Context(), [this](bool isOn) {
         {
             const QSignalBlocker blocker(mButton);
             mButton->setChecked(!isOn);
         }
-        Tell([](WindowEvents& events) { events.Chosen(0); });
+        TellChosen();
     });
+}
+
+void CQtButton::TellChosen()
+{
+    // Readers don't ask whether the user may.
+    if (CanBeUsed()) {
+        Tell([](WindowEvents& events) { events.Chosen(0); });
+    }
 }
 
 CQtButton::~CQtButton() = default;

@@ -24,6 +24,8 @@ protected:
     bool HandleEvent(QEvent& event) override;
 
 private:
+    void TellChosen();
+
     QAbstractButton* mButton;
 };
 

@@ -2,19 +2,18 @@
 #include "platform/toolkit/qt/widgets/QtCombo.h"
 
 #include "platform/toolkit/qt/QtConvert.h"
-#include "platform/toolkit/qt/widgets/QtItems.h"
 #include "platform/toolkit/qt/painting/QtPainterDevice.h"
+#include "platform/toolkit/qt/widgets/QtItems.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
-#include <QEvent>
-#include <QLineEdit>
+#include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QStylePainter>
 #include <QStyledItemDelegate>
 
 #include <algorithm>
-#include <climits>
+#include <array>
 #include <utility>
 
 namespace Toolkits
@@ -38,7 +37,12 @@ public:
         Tell(true);
         // Whoever heard of it may have destroyed the window.
         if (self != nullptr && window != nullptr) {
-            mIsOpen = true;
+            window->ShowIndex();
+            // Qt opens no list without items.
+            mIsOpen = count() > 0;
+            if (!mIsOpen) {
+                return Tell(false);
+            }
             PrepareRows();
             QComboBox::showPopup();
         }
@@ -136,16 +140,27 @@ private:
     bool mHasDrawnRows = false;
 };
 
+namespace
+{
+
+bool IsListKey(int key)
+{
+    constexpr std::array keys = {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_F4};
+    return std::ranges::find(keys, key) != keys.end();
+}
+
+} // namespace
+
 CQtCombo::CQtCombo(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings)
-    : CQtWindow(std::move(desktop), settings, new CComboWidget),
+    : AQtLine(std::move(desktop), settings, new CComboWidget),
       mCombo(static_cast<CComboWidget*>(&Widget())),
-      mItems(new CQtItems(*this, EBoxes::None, mCombo)),
-      mText(settings.text)
+      mItems(new CQtItems(*this, EBoxes::None, mCombo))
 {
     mCombo->window = this;
     mCombo->setFocusPolicy(Qt::ClickFocus);
     mCombo->setModel(mItems);
     mCombo->setInsertPolicy(QComboBox::NoInsert);
+    ShowText(settings.text);
     SetEditable(true);
     QObject::connect(mCombo, &QComboBox::activated, Context(),
                      [this](int index) { Tell([index](WindowEvents& events) { events.Chosen(index); }); });
@@ -159,6 +174,11 @@ CQtCombo::~CQtCombo()
 
 bool CQtCombo::HandleEvent(QEvent& event)
 {
+    if (event.type() == QEvent::KeyPress) {
+        mIsListKey = IsListKey(static_cast<const QKeyEvent&>(event).key());
+    } else if (event.type() == QEvent::Wheel) {
+        ShowIndex();
+    }
     const bool isFocus = event.type() == QEvent::FocusIn || event.type() == QEvent::FocusOut;
     return !(isFocus && mCombo->IsOpen()) && CQtWindow::HandleEvent(event);
 }
@@ -191,87 +211,93 @@ bool CQtCombo::DrawRow(CQtPainterDevice& device, int row, const Types::TRect& bo
            Tell([&, items = Drawn()](WindowEvents&) { items->PaintItem(device, row, bounds, isChosen); });
 }
 
+bool CQtCombo::ActsOnKeys() const
+{
+    return ActsByItself() && mCombo->isEditable() && !mIsListKey;
+}
+
 void CQtCombo::SetEditable(bool isEditable)
 {
     if (isEditable == mCombo->isEditable()) {
         return;
     }
     const QSignalBlocker blocker(mCombo);
-    mCombo->setEditable(isEditable);
-    if (isEditable) {
-        QLineEdit* const line = mCombo->lineEdit();
-        mCombo->setCompleter(nullptr);
-        line->setMaxLength(INT_MAX);
-        QObject::connect(line, &QLineEdit::textEdited, Context(),
-                         [this](const QString& text) { TellText(text); });
-        QObject::connect(line, &QLineEdit::selectionChanged, Context(), [this] { TellSelection(); });
-        QObject::connect(line, &QLineEdit::cursorPositionChanged, Context(), [this] { TellSelection(); });
-        WatchPart(line);
-        SetText(mText);
+    if (!isEditable) {
+        UseLine(nullptr);
+        mCombo->setEditable(false);
+        return;
     }
+    mCombo->setEditable(true);
+    auto* const line = new CLineWidget;
+    mCombo->setLineEdit(line);
+    mCombo->setCompleter(nullptr);
+    // Qt would choose the item whose text was typed, once the keyboard is elsewhere.
+    QObject::disconnect(line, &QLineEdit::editingFinished, mCombo, nullptr);
+    UseLine(line);
+    WatchPart(line);
+    line->setVisible(ActsByItself());
 }
 
 void CQtCombo::SetText(const System::UnicodeString& text)
 {
-    mText = text;
-    if (!mCombo->isEditable()) {
-        return;
+    ShowText(text);
+    if (Line() != nullptr) {
+        Line()->setVisible(ActsByItself());
     }
-    mIsTooLong = text.Length() > MostLineUnits;
-    mCombo->lineEdit()->setVisible(!mIsTooLong);
-    const QString shown = mIsTooLong ? QString() : ToQString(text);
-    if (shown != mCombo->lineEdit()->text()) {
-        const QSignalBlocker blocker(mCombo->lineEdit());
-        mCombo->lineEdit()->setText(shown);
-    }
-    mCombo->update();
 }
 
-void CQtCombo::SetSelection(int start, int length)
+bool CQtCombo::IsToldOtherwise() const
 {
-    if (mCombo->isEditable()) {
-        const QSignalBlocker blocker(mCombo->lineEdit());
-        mCombo->lineEdit()->setSelection(start, length);
-        if (length == 0) {
-            mCombo->lineEdit()->setCursorPosition(start);
-        }
-    }
+    // The choice of an item comes after its text.
+    return mCombo->currentIndex() != mShownIndex;
 }
 
 void CQtCombo::ShowItems(const WindowItems& items)
 {
-    const int index = mCombo->currentIndex();
-    {
-        const QSignalBlocker blocker(mCombo);
-        mItems->Show(items);
-    }
-    SelectItem(index < mItems->rowCount() ? index : -1);
+    const QSignalBlocker blocker(mCombo);
+    ChangeItems([&] { mItems->Show(items); });
+    mIndex = mIndex < mItems->rowCount() ? mIndex : -1;
+    ShowIndex();
 }
 
 void CQtCombo::ShowItem(int index)
 {
-    mItems->Renew(index);
+    ChangeItems([&] { mItems->Renew(index); });
 }
 
 void CQtCombo::SelectItem(int index)
 {
-    const QSignalBlocker blocker(mCombo);
-    if (!mCombo->isEditable()) {
-        mCombo->setCurrentIndex(index);
-        return;
+    mIndex = index;
+    // Qt would put the text in anew, and take no step of the user's back from then on.
+    if (!IsTellingText()) {
+        ShowIndex();
     }
-    const QSignalBlocker lineBlocker(mCombo->lineEdit());
-    mCombo->setCurrentIndex(index);
-    SetText(mText);
+}
+
+void CQtCombo::ShowIndex()
+{
+    if (mIndex != mCombo->currentIndex()) {
+        const QSignalBlocker blocker(mCombo);
+        ChangeItems([this] { mCombo->setCurrentIndex(mIndex); });
+    }
+    mShownIndex = mCombo->currentIndex();
+}
+
+template <class Action>
+void CQtCombo::ChangeItems(Action action)
+{
+    if (Line() == nullptr) {
+        action();
+    } else {
+        KeepLine(action);
+    }
 }
 
 void CQtCombo::SetComboTraits(const TComboTraits& traits)
 {
     SetEditable(traits.isEditable);
     mCombo->setMaxVisibleItems(std::max(traits.dropDownCount, 1));
-    if (mCombo->isEditable()) {
-        mCombo->lineEdit()->setMaxLength(traits.maxLength > 0 ? traits.maxLength : INT_MAX);
-    }
+    SetLimit(traits.maxLength);
 }
 
 void CQtCombo::SetDropped(bool isOpen)
@@ -279,27 +305,6 @@ void CQtCombo::SetDropped(bool isOpen)
     const bool was = std::exchange(mIsToldSo, true);
     isOpen ? mCombo->showPopup() : mCombo->hidePopup();
     mIsToldSo = was;
-}
-
-void CQtCombo::TellText(const QString& text)
-{
-    mText = FromQString(text);
-    const System::UnicodeString edited = mText;
-    if (Tell([&](WindowEvents& events) { events.TextEdited(edited); })) {
-        TellSelection();
-    }
-}
-
-void CQtCombo::TellSelection()
-{
-    const QLineEdit* const line = mCombo->lineEdit();
-    // The one in a text that the control doesn't know yet follows that.
-    if (line->text() != ToQString(mText)) {
-        return;
-    }
-    const int start = line->hasSelectedText() ? line->selectionStart() : line->cursorPosition();
-    const int length = line->hasSelectedText() ? line->selectionLength() : 0;
-    Tell([&](WindowEvents& events) { events.SelectionMoved(start, length); });
 }
 
 } // namespace Toolkits

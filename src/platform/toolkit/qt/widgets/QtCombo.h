@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/toolkit/qt/QtWindow.h"
+#include "platform/toolkit/qt/widgets/QtLine.h"
 
 namespace Toolkits
 {
@@ -11,23 +11,24 @@ class CQtPainterDevice;
 class CComboWidget;
 class DrawnItems;
 
-/// A line with a list that opens below it. A text that is too long for Qt is edited and painted by the
-/// control.
-class CQtCombo final : public CQtWindow
+/// A line with a list that opens below it.
+class CQtCombo final : public AQtLine
 {
 public:
     CQtCombo(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings);
     ~CQtCombo() override;
 
     void SetText(const System::UnicodeString& text) override;
-    void SetSelection(int start, int length) override;
     void ShowItems(const WindowItems& items) override;
     void ShowItem(int index) override;
     void SelectItem(int index) override;
     void SetComboTraits(const TComboTraits& traits) override;
     void SetDropped(bool isOpen) override;
-    bool ActsByItself() const override { return !mIsTooLong; }
+    /// The control chooses by keys as it does on each toolkit; the line is edited here.
+    bool ActsOnKeys() const override;
 
+    /// Has Qt choose the item that the control has chosen.
+    void ShowIndex();
     /// The list opens or closes.
     void TellDrop(bool isOpen);
     /// The items that the control draws; null if it doesn't.
@@ -39,18 +40,23 @@ public:
 
 protected:
     bool HandleEvent(QEvent& event) override;
+    bool IsToldOtherwise() const override;
 
 private:
     void SetEditable(bool isEditable);
-    void TellText(const QString& text);
-    void TellSelection();
+    /// Does what Qt may take for a reason to put a text into the line.
+    template <class Action>
+    void ChangeItems(Action action);
 
     CComboWidget* mCombo;
     CQtItems* mItems;
-    System::UnicodeString mText;
+    /// The item that the control has chosen, and the one that Qt was given.
+    int mIndex = -1;
+    int mShownIndex = -1;
+    /// Whether the key that is pressed is the control's.
+    bool mIsListKey = false;
     /// Whether the list opens or closes because the control says so.
     bool mIsToldSo = false;
-    bool mIsTooLong = false;
 };
 
 } // namespace Toolkits

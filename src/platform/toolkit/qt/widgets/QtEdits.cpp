@@ -3,7 +3,7 @@
 
 #include "platform/toolkit/qt/QtConvert.h"
 
-#include <QLineEdit>
+#include <QFocusEvent>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -32,93 +32,38 @@ bool HasLongLine(std::u16string_view text)
     return false;
 }
 
-/// Text that came without a key is told of like one, so that the control can refuse it.
-void TellForeignText(WindowEvents& events)
+/// Whether there are characters that Qt takes for ends of lines, and control texts don't.
+bool HasForeignBreaks(std::u16string_view text)
 {
-    System::Word key = VK_PROCESSKEY;
-    events.KeyPressed(key, {});
+    return text.find_first_of(u"\u2029\uFDD0\uFDD1") != text.npos;
 }
 
 } // namespace
 
 CQtEdit::CQtEdit(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings)
-    : CQtWindow(std::move(desktop), settings, new QLineEdit), mEdit(static_cast<QLineEdit*>(&Widget()))
+    : AQtLine(std::move(desktop), settings, new CLineWidget)
 {
-    mEdit->setFocusPolicy(Qt::ClickFocus);
-    mEdit->setMaxLength(INT_MAX);
-    SetText(settings.text);
-    // Not only what is typed: readers of screens set the text.
-    QObject::connect(mEdit, &QLineEdit::textChanged, Context(), [this] { TellText(); });
-    QObject::connect(mEdit, &QLineEdit::selectionChanged, Context(), [this] { TellSelection(); });
-    QObject::connect(mEdit, &QLineEdit::cursorPositionChanged, Context(), [this] { TellSelection(); });
+    auto* const line = static_cast<CLineWidget*>(&Widget());
+    line->setFocusPolicy(Qt::ClickFocus);
+    ShowText(settings.text);
+    UseLine(line);
 }
 
 CQtEdit::~CQtEdit() = default;
 
-void CQtEdit::SetText(const System::UnicodeString& text)
-{
-    mIsTooLong = text.Length() > MostLineUnits;
-    mTold = mIsTooLong ? QString() : ToQString(text);
-    if (mIsTooLong) {
-        mEdit->update();
-    }
-    if (mTold != mEdit->text()) {
-        const QSignalBlocker blocker(mEdit);
-        mEdit->setText(mTold);
-    }
-}
-
-void CQtEdit::SetSelection(int start, int length)
-{
-    const QSignalBlocker blocker(mEdit);
-    if (length == 0) {
-        mEdit->deselect();
-        mEdit->setCursorPosition(start);
-    } else {
-        mEdit->setSelection(start, length);
-    }
-}
-
 void CQtEdit::SetEditTraits(const TEditTraits& traits)
 {
-    const QSignalBlocker blocker(mEdit);
-    // A longer text than the user can type is shown all the same.
-    mEdit->setMaxLength(
-        traits.maxLength <= 0 ? INT_MAX : std::max(traits.maxLength, static_cast<int>(mEdit->text().size())));
-    mEdit->setEchoMode(traits.passwordChar == 0 ? QLineEdit::Normal : QLineEdit::Password);
+    CLineWidget& line = *Line();
+    const QSignalBlocker blocker(line);
+    SetLimit(traits.maxLength);
+    line.setEchoMode(traits.passwordChar == 0 ? QLineEdit::Normal : QLineEdit::Password);
     const QString style = QStringLiteral("lineedit-password-character: %1").arg(int{traits.passwordChar});
-    mEdit->setStyleSheet(traits.passwordChar == 0 ? QString() : style);
-    mEdit->setPlaceholderText(ToQString(traits.hint));
-    mEdit->setAlignment(ToQtAlignment(traits.alignment) | Qt::AlignVCenter);
-    mEdit->setReadOnly(traits.isReadOnly);
-    mEdit->setFrame(traits.hasBorder);
-}
-
-void CQtEdit::TellText()
-{
-    if (mEdit->text() == mTold) {
-        return;
-    }
-    mTold = mEdit->text();
-    const System::UnicodeString text = FromQString(mTold);
-    if (!IsPassing() && !Tell(TellForeignText)) {
-        return;
-    }
-    if (Tell([&](WindowEvents& events) { events.TextEdited(text); })) {
-        TellSelection();
-    }
-}
-
-void CQtEdit::TellSelection()
-{
-    // The one in a text that the control doesn't know yet follows that.
-    if (mEdit->text() != mTold) {
-        return;
-    }
-    const bool isSelected = mEdit->hasSelectedText();
-    const int start = isSelected ? mEdit->selectionStart() : mEdit->cursorPosition();
-    const int length = isSelected ? mEdit->selectionLength() : 0;
-    Tell([&](WindowEvents& events) { events.SelectionMoved(start, length); });
+    line.setStyleSheet(traits.passwordChar == 0 ? QString() : style);
+    line.setPlaceholderText(ToQString(traits.hint));
+    line.setAlignment(ToQtAlignment(traits.alignment) | Qt::AlignVCenter);
+    line.setReadOnly(traits.isReadOnly);
+    line.setFrame(traits.hasBorder);
+    line.SetHiding(traits.hidesSelection);
 }
 
 template <class Edit>
@@ -145,19 +90,17 @@ QWidget& GQtMemo<Edit>::Surface() const noexcept
 template <class Edit>
 void GQtMemo<Edit>::SetText(const System::UnicodeString& text)
 {
-    mIsTooLong = HasLongLine(text.AsView());
+    mIsBeyondQt = HasLongLine(text.AsView()) || HasForeignBreaks(text.AsView());
     const QString shown =
-        mIsTooLong ? QString() : ToQString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    if (mIsTooLong) {
+        mIsBeyondQt ? QString() : ToQString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    if (mIsBeyondQt) {
         Surface().update();
     }
-    if (shown == mTold) {
-        return;
+    if (shown != mTold) {
+        mTold = shown;
+        mHidden.reset();
+        Quietly([&] { mMemo->setPlainText(shown); });
     }
-    mTold = shown;
-    const bool wasBusy = std::exchange(mIsBusy, true);
-    mMemo->setPlainText(shown);
-    mIsBusy = wasBusy;
 }
 
 template <class Edit>
@@ -190,19 +133,78 @@ int GQtMemo<Edit>::ToWidget(int place) const
 template <class Edit>
 void GQtMemo<Edit>::SetSelection(int start, int length)
 {
-    const bool wasBusy = std::exchange(mIsBusy, true);
-    QTextCursor cursor = mMemo->textCursor();
-    cursor.setPosition(ToWidget(start));
-    cursor.setPosition(ToWidget(static_cast<int>(std::min(0LL + start + length, 0LL + INT_MAX))),
-                       QTextCursor::KeepAnchor);
-    mMemo->setTextCursor(cursor);
-    mIsBusy = wasBusy;
+    const int end = static_cast<int>(std::min(0LL + start + length, 0LL + INT_MAX));
+    const TSelection selection{ToWidget(start), ToWidget(end)};
+    mHidden.reset();
+    if (IsSelectionSeen() || length == 0) {
+        Select(selection);
+    } else {
+        Select({selection.caret, selection.caret});
+        mHidden = selection;
+    }
+}
+
+template <class Edit>
+void GQtMemo<Edit>::Select(const TSelection& selection)
+{
+    Quietly([&] {
+        QTextCursor cursor = mMemo->textCursor();
+        cursor.setPosition(selection.anchor);
+        cursor.setPosition(selection.caret, QTextCursor::KeepAnchor);
+        mMemo->setTextCursor(cursor);
+    });
+}
+
+template <class Edit>
+bool GQtMemo<Edit>::IsSelectionSeen() const
+{
+    return !mHidesSelection || mMemo->hasFocus();
+}
+
+template <class Edit>
+void GQtMemo<Edit>::HideSelection()
+{
+    const QTextCursor cursor = mMemo->textCursor();
+    if (mHidden || !cursor.hasSelection()) {
+        return;
+    }
+    mHidden = TSelection{cursor.anchor(), cursor.position()};
+    // The caret comes to sight wherever it is set.
+    const int left = mMemo->horizontalScrollBar()->value();
+    const int top = mMemo->verticalScrollBar()->value();
+    Select({cursor.position(), cursor.position()});
+    mMemo->horizontalScrollBar()->setValue(left);
+    mMemo->verticalScrollBar()->setValue(top);
+}
+
+template <class Edit>
+void GQtMemo<Edit>::RevealSelection()
+{
+    if (const auto hidden = std::exchange(mHidden, std::nullopt)) {
+        Select(*hidden);
+    }
+}
+
+template <class Edit>
+bool GQtMemo<Edit>::HandleEvent(QEvent& event)
+{
+    const bool isFocus = event.type() == QEvent::FocusIn || event.type() == QEvent::FocusOut;
+    if (CQtWindow::HandleEvent(event)) {
+        return true;
+    }
+    if (isFocus && !IsLent(static_cast<const QFocusEvent&>(event))) {
+        if (event.type() == QEvent::FocusIn) {
+            RevealSelection();
+        } else if (mHidesSelection) {
+            HideSelection();
+        }
+    }
+    return false;
 }
 
 template <class Edit>
 void GQtMemo<Edit>::SetEditTraits(const TEditTraits& traits)
 {
-    mMaxLength = std::max(traits.maxLength, 0);
     mMemo->setPlaceholderText(ToQString(traits.hint));
     mMemo->setReadOnly(traits.isReadOnly);
     mMemo->setFrameShape(traits.hasBorder ? QFrame::StyledPanel : QFrame::NoFrame);
@@ -213,9 +215,13 @@ void GQtMemo<Edit>::SetEditTraits(const TEditTraits& traits)
     mMemo->setVerticalScrollBarPolicy(policy(traits.hasVerticalBar));
     QTextOption option = mMemo->document()->defaultTextOption();
     option.setAlignment(ToQtAlignment(traits.alignment));
-    const bool wasBusy = std::exchange(mIsBusy, true);
-    mMemo->document()->setDefaultTextOption(option);
-    mIsBusy = wasBusy;
+    Quietly([&] { mMemo->document()->setDefaultTextOption(option); });
+    mHidesSelection = traits.hidesSelection;
+    if (IsSelectionSeen()) {
+        RevealSelection();
+    } else {
+        HideSelection();
+    }
 }
 
 template <class Edit>
@@ -225,19 +231,34 @@ void GQtMemo<Edit>::ShowCaret()
 }
 
 template <class Edit>
+QString GQtMemo<Edit>::ShownText() const
+{
+    // As plain text it would be without what stands for blanks and ends of lines in it.
+    return mMemo->document()->toRawText().replace(QChar(QChar::ParagraphSeparator), QLatin1Char('\n'));
+}
+
+template <class Edit>
+int GQtMemo<Edit>::Revision() const
+{
+    return mMemo->document()->revision();
+}
+
+template <class Edit>
 void GQtMemo<Edit>::TellText()
 {
-    QString text = mMemo->toPlainText();
-    // The signal is given for changes of the look, too.
-    if (mIsBusy || text == mTold) {
+    if (mIsBusy) {
         return;
     }
-    // Without steps back the control puts it right.
-    if (mMemo->isUndoRedoEnabled() && mMaxLength > 0 && text.size() > mMaxLength &&
-        text.size() > mTold.size()) {
-        mIsBusy = true;
-        mMemo->undo();
-        mIsBusy = false;
+    QString text = ShownText();
+    mToldRevision = Revision();
+    // The signal is given for changes of the look, too.
+    if (text == mTold) {
+        return;
+    }
+    mHidden.reset();
+    if (!CanBeUsed()) {
+        // Somebody who doesn't ask whether the user may.
+        Quietly([this] { mMemo->setPlainText(mTold); });
         return;
     }
     mTold = text;
@@ -253,9 +274,11 @@ void GQtMemo<Edit>::TellText()
 template <class Edit>
 void GQtMemo<Edit>::TellSelection()
 {
-    if (mIsBusy || mMemo->document()->isEmpty() != mTold.isEmpty()) {
+    // The one in a text that the control doesn't know yet follows that.
+    if (mIsBusy || Revision() != mToldRevision) {
         return;
     }
+    mHidden.reset();
     const QTextCursor cursor = mMemo->textCursor();
     const int start = ToControl(cursor.selectionStart());
     const int end = ToControl(cursor.selectionEnd());

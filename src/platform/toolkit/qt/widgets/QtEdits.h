@@ -1,38 +1,28 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/toolkit/qt/QtWindow.h"
+#include "platform/toolkit/qt/widgets/QtLine.h"
 
-class QLineEdit;
+#include <optional>
+
 class QPlainTextEdit;
 
 namespace Toolkits
 {
 
-/// A line that the user edits. One that is too long for Qt is edited and painted by the control itself.
-class CQtEdit final : public CQtWindow
+/// A line that the user edits.
+class CQtEdit final : public AQtLine
 {
 public:
     CQtEdit(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings);
     ~CQtEdit() override;
 
-    void SetText(const System::UnicodeString& text) override;
-    void SetSelection(int start, int length) override;
+    void SetText(const System::UnicodeString& text) override { ShowText(text); }
     void SetEditTraits(const TEditTraits& traits) override;
-    bool ActsByItself() const override { return !mIsTooLong; }
-
-private:
-    void TellSelection();
-    void TellText();
-
-    QLineEdit* mEdit;
-    bool mIsTooLong = false;
-    /// What the control knows.
-    QString mTold;
 };
 
-/// Lines that the user edits. The control's text has "\r\n" between them. If one is too long for Qt, the
-/// control itself edits and paints all of them.
+/// Lines that the user edits. The control's text has "\r\n" between them. A text that Qt can't show, since a
+/// line is too long or a character isn't one to Qt, is edited and painted by the control itself.
 template <class Edit>
 class GQtMemo : public CQtWindow
 {
@@ -44,10 +34,11 @@ public:
     void SetSelection(int start, int length) override;
     void SetEditTraits(const TEditTraits& traits) override;
     void ShowCaret() override;
-    bool ActsByItself() const override { return !mIsTooLong; }
+    bool ActsByItself() const override { return !mIsBeyondQt; }
     QWidget& Surface() const noexcept override;
 
 protected:
+    bool HandleEvent(QEvent& event) override;
     Edit& Memo() const noexcept { return *mMemo; }
     /// The place of the widget that is one in the control's text, where each end of a line counts twice.
     int ToWidget(int place) const;
@@ -55,22 +46,40 @@ protected:
     template <class Action>
     void Quietly(Action action)
     {
-        const bool wasBusy = mIsBusy;
-        mIsBusy = true;
+        const bool wasBusy = std::exchange(mIsBusy, true);
         action();
         mIsBusy = wasBusy;
+        mToldRevision = Revision();
     }
 
 private:
+    /// Where a selection was begun and where its caret is, in the widget.
+    struct TSelection
+    {
+        int anchor;
+        int caret;
+    };
+
     void TellSelection();
     void TellText();
     int ToControl(int place) const;
+    /// The units of the document, with "\n" between the lines.
+    QString ShownText() const;
+    /// Which of the document's texts there is now.
+    int Revision() const;
+    bool IsSelectionSeen() const;
+    void HideSelection();
+    void RevealSelection();
+    void Select(const TSelection& selection);
 
     Edit* mMemo;
     QString mTold;
-    int mMaxLength = 0;
+    int mToldRevision = 0;
+    /// The selection that isn't seen while the memo is without the keyboard.
+    std::optional<TSelection> mHidden;
+    bool mHidesSelection = true;
     bool mIsBusy = false;
-    bool mIsTooLong = false;
+    bool mIsBeyondQt = false;
 };
 
 /// Lines without formats.

@@ -46,7 +46,7 @@ QString CQtItems::TextOf(int row) const
     if (HasRow(row)) {
         mWindow.Tell([&, items = mItems](WindowEvents&) { text = items->GetItemText(row); });
     }
-    return ToQString(text);
+    return ToQString(text.Length() > MostLineUnits ? text.SubString(1, MostLineUnits) : text);
 }
 
 QVariant CQtItems::data(const QModelIndex& place, int role) const

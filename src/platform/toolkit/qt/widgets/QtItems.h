@@ -36,7 +36,7 @@ public:
     /// Those that the control draws; null if it doesn't, or there are none.
     const DrawnItems* Drawn() const;
     bool HasRow(int row) const { return row >= 0 && row < rowCount(); }
-    /// What an item shows; empty for one that isn't there.
+    /// What an item shows, without what is too much for a line; empty for one that isn't there.
     QString TextOf(int row) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/qt/widgets/QtList.h"
 
+#include "platform/toolkit/internal/ListBar.h"
 #include "platform/toolkit/qt/QtConvert.h"
 #include "platform/toolkit/qt/widgets/QtItems.h"
 
@@ -18,6 +19,13 @@
 namespace Toolkits
 {
 
+/// The bar below the items, as high as the control counts.
+class CListBar final : public QScrollBar
+{
+public:
+    QSize sizeHint() const override { return {QScrollBar::sizeHint().width(), ListBarHeight}; }
+};
+
 /// Rows of one height, whose places need no more than their numbers: a million of them is as quick as ten.
 /// Each stands where the control has it, counted from the corner of the whole widget; the frame lies over
 /// them.
@@ -28,11 +36,12 @@ public:
     {
         setFocusPolicy(Qt::NoFocus);
         setEditTriggers(NoEditTriggers);
-        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setHorizontalScrollBar(new CListBar);
         setAutoScroll(false);
         setAcceptDrops(true);
         viewport()->setMouseTracking(true);
         verticalScrollBar()->setAttribute(Qt::WA_NoMousePropagation);
+        horizontalScrollBar()->setAttribute(Qt::WA_NoMousePropagation);
     }
 
     const TListTraits& Traits() const noexcept { return mTraits; }
@@ -83,6 +92,9 @@ protected:
         bar.setPageStep(RowsInSight());
         bar.setRange(0, std::max(Count() - RowsInSight(), 0));
         bar.setValue(mTop);
+        const int width = viewport()->width();
+        horizontalScrollBar()->setPageStep(width);
+        horizontalScrollBar()->setRange(0, BarHeight() > 0 ? mTraits.scrollWidth - width : 0);
         mIsPlacing = wasPlacing;
     }
     void scrollContentsBy(int, int) override
@@ -136,7 +148,7 @@ protected:
         // Whoever is asked for a text may change the items, or be at the end of all.
         QStringList texts;
         for (int row = mTop; row < Count() && RectOf(row).top() < viewport()->height(); ++row) {
-            texts.append(Items().TextOf(row).left(MostLineUnits));
+            texts.append(Items().TextOf(row));
         }
         QPainter painter(viewport());
         QStyleOptionViewItem option;
@@ -151,13 +163,17 @@ private:
     int Count() const { return model() == nullptr ? 0 : model()->rowCount(); }
     int RowHeight() const { return std::max(mTraits.itemHeight, 1); }
     /// As many as the control counts.
-    int RowsInSight() const { return std::max(height() / RowHeight(), 1); }
+    int RowsInSight() const { return std::max((height() - BarHeight()) / RowHeight(), 1); }
+    int BarHeight() const { return mTraits.scrollWidth > width() ? ListBarHeight : 0; }
     QPointF ToWhole(const QPointF& place) const { return place + QPointF(viewport()->pos()); }
     QRect RectOf(int row) const
     {
         const long long top = (static_cast<long long>(row) - mTop) * RowHeight() - viewport()->y();
         const int held = static_cast<int>(std::clamp<long long>(top, -QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
-        return {0, held, viewport()->width(), RowHeight()};
+        const int width = viewport()->width();
+        const int moved = horizontalScrollBar()->value();
+        const int all = width + horizontalScrollBar()->maximum();
+        return {mTraits.isFromRight ? width - all + moved : -moved, held, all, RowHeight()};
     }
 
     void PaintRow(QPainter& painter, const QStyleOptionViewItem& common, int row, const QString& text)

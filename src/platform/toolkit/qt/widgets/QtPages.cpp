@@ -77,6 +77,8 @@ public:
         for (int i = 0; i < count; ++i) {
             ShowTab(i, tabs.tabs[static_cast<std::size_t>(i)]);
         }
+        // Qt always has one.
+        mHasChosen = tabs.chosen >= 0;
         setCurrentIndex(tabs.chosen);
         Place(tabs);
     }
@@ -91,7 +93,9 @@ protected:
     void initStyleOption(QStyleOptionTab* option, int index) const override
     {
         QTabBar::initStyleOption(option, index);
-        option->state.setFlag(QStyle::State_HasFocus, index == currentIndex() && parentWidget()->hasFocus());
+        const bool isChosen = mHasChosen && index == currentIndex();
+        option->state.setFlag(QStyle::State_Selected, isChosen);
+        option->state.setFlag(QStyle::State_HasFocus, isChosen && parentWidget()->hasFocus());
     }
 
 private:
@@ -133,6 +137,7 @@ private:
     }
 
     std::vector<QSize> mSizes;
+    bool mHasChosen = false;
 };
 
 /// The frame of the pages.

@@ -183,7 +183,15 @@ void TCustomComboBox::SetText(const UnicodeString& text)
     const TComponentWatch watch(this);
     PutText(text);
     if (watch.IsAlive()) {
-        mItems->setCurrent(mItems->FindExact(text));
+        ChooseByText();
+    }
+}
+
+void TCustomComboBox::ChooseByText()
+{
+    mItems->setCurrent(mItems->FindExact(mText.getText()));
+    if (GetWindow() != nullptr) {
+        GetWindow()->SelectItem(GetItemIndex());
     }
 }
 
@@ -231,7 +239,7 @@ void TCustomComboBox::setSelText(const UnicodeString& text)
         return;
     }
     mText.Replace(getSelStart(), getSelLength(), text);
-    mItems->setCurrent(mItems->FindExact(mText.getText()));
+    ChooseByText();
     const TComponentWatch watch(this);
     Perform(CM_TEXTCHANGED);
     if (watch.IsAlive()) {

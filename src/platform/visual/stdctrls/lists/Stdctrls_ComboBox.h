@@ -174,6 +174,8 @@ private:
     void TellTraits();
     void TellSelection();
     void PutText(const System::UnicodeString& text);
+    /// The item with the text of the box is the chosen one; without such an item none is.
+    void ChooseByText();
     void PutSelection(int anchor, int caret);
     void ChooseByUser(int index);
     /// The list was opened or closed; the window knows it already if it did so.

@@ -381,7 +381,7 @@ void TCustomComboBox::CopyToClipboard() const
 
 void TCustomComboBox::Edited()
 {
-    mItems->setCurrent(mItems->FindExact(mText.getText()));
+    ChooseByText();
     const TComponentWatch watch(this);
     Perform(CM_TEXTCHANGED);
     if (watch.IsAlive()) {

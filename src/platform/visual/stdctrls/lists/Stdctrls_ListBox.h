@@ -107,10 +107,12 @@ public:
     /// Whether the height is meant for whole items. It is kept, and changes nothing here.
     bool getIntegralHeight() const noexcept { return mIntegralHeight; }
     void setIntegralHeight(bool isOn) noexcept { mIntegralHeight = isOn; }
-    /// The width that can be moved to sight, and the width of a tabulator in the units of a dialog; 0, the
-    /// usual ones, at first.
+    /// How many pixels of the width can be moved to sight. If that is more than the box is wide, a bar stands
+    /// below the items, unless these are drawn by the program or in columns. 0 at first, as is a negative
+    /// one.
     int getScrollWidth() const noexcept { return mScrollWidth; }
-    void setScrollWidth(int width) noexcept { mScrollWidth = width; }
+    void setScrollWidth(int width);
+    /// The width of a tabulator in the units of a dialog; 0, the usual one, at first.
     int getTabWidth() const noexcept { return mTabWidth; }
     void setTabWidth(int width) noexcept { mTabWidth = width; }
     /// `bsSingle`, with a frame, or `bsNone`.
@@ -211,6 +213,8 @@ private:
     int FindBegin(const System::UnicodeString& text, int start) const;
     int HeightOf(int index) const;
     int RowsInSight() const;
+    /// What the bar below the items takes of the height.
+    int BarHeight() const;
     int ItemsInSight() const;
     int ColumnWidth() const;
     bool IsNative() const;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
+#include "platform/toolkit/internal/ListBar.h"
 #include "platform/visual/controls/Controls_WindowActs.h"
 #include "platform/visual/graphics/Graphics_Canvas.h"
 #include "platform/visual/graphics/Graphics_DrawText.h"
@@ -40,6 +41,7 @@ void TCustomListBox::CreateWnd()
 Toolkits::TListTraits TCustomListBox::ListTraits() const
 {
     return {.itemHeight = getItemHeight(),
+            .scrollWidth = mScrollWidth,
             .isMultiple = getMultiSelect(),
             .hasBorder = mBorderStyle != Forms::bsNone,
             .isFromRight = UseRightToLeftAlignment()};
@@ -88,6 +90,17 @@ void TCustomListBox::setColumns(int columns)
     }
 }
 
+void TCustomListBox::setScrollWidth(int width)
+{
+    width = std::max(width, 0);
+    if (width != mScrollWidth) {
+        mScrollWidth = width;
+        ShowTraitsInWindow();
+        KeepTopIndex();
+        ShowTopInWindow();
+    }
+}
+
 void TCustomListBox::setBorderStyle(Forms::TFormBorderStyle style)
 {
     if (style != mBorderStyle) {
@@ -130,9 +143,14 @@ int TCustomListBox::HeightOf(int index) const
     });
 }
 
+int TCustomListBox::BarHeight() const
+{
+    return IsNative() && mScrollWidth > getClientWidth() ? Toolkits::ListBarHeight : 0;
+}
+
 int TCustomListBox::RowsInSight() const
 {
-    return std::max(getClientHeight() / getItemHeight(), 1);
+    return std::max((getClientHeight() - BarHeight()) / getItemHeight(), 1);
 }
 
 int TCustomListBox::ItemsInSight() const

@@ -86,6 +86,35 @@ TEST_F(QtListTest, StandsWhereTheControlSaysAndReadsWhatIsInSight)
     EXPECT_EQ(mShown.log.Take(), "");
 }
 
+TEST_F(QtListTest, HasABarBelowForAWidthThatDoesntFit)
+{
+    QScrollBar& bar = *mView->horizontalScrollBar();
+    EXPECT_FALSE(bar.isVisible());
+    for (const bool isFromRight : {false, true}) {
+        SCOPED_TRACE(isFromRight);
+        mShown.window->SetListTraits({.itemHeight = 10, .scrollWidth = 300, .isFromRight = isFromRight});
+        mShown.player().Settle();
+        EXPECT_TRUE(bar.isVisible());
+        EXPECT_EQ(bar.height(), 17);
+        const int room = mView->viewport()->width();
+        EXPECT_EQ(bar.maximum(), 300 - room);
+        // The last row isn't behind the bar.
+        EXPECT_EQ(mView->verticalScrollBar()->maximum(), 1'000'000 - 4);
+        const auto row = [&] { return mView->visualRect(mView->model()->index(0, 0)); };
+        bar.setValue(0);
+        EXPECT_EQ(row().width(), 300);
+        EXPECT_EQ(isFromRight ? row().right() : row().left(), isFromRight ? room - 1 : 0);
+        bar.setValue(50);
+        EXPECT_EQ(isFromRight ? row().right() : row().left(), isFromRight ? room - 1 + 50 : -50);
+        EXPECT_EQ(RowAt(25), 2);
+        mView->grab();
+    }
+    mShown.window->SetListTraits({.itemHeight = 10, .scrollWidth = 90});
+    mShown.player().Settle();
+    EXPECT_FALSE(bar.isVisible());
+    EXPECT_EQ(mShown.log.Take(), "");
+}
+
 TEST_F(QtListTest, LeavesMouseAndKeysToTheControlAndTellsOfTheBar)
 {
     mShown.Click({50, 33});

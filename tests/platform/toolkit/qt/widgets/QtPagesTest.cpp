@@ -68,6 +68,20 @@ TEST_F(QtPagesTest, HasItsTabsWhereTheControlSays)
     EXPECT_EQ(mShown.log.Take(), "");
 }
 
+TEST_F(QtPagesTest, ShowsThatNoTabIsChosen)
+{
+    TTabs tabs = Tabs(2);
+    mShown.window->SetTabs(tabs);
+    const QImage chosen = mBar->grab().toImage();
+    tabs.chosen = -1;
+    mShown.window->SetTabs(tabs);
+    EXPECT_NE(mBar->grab().toImage(), chosen);
+    tabs.chosen = 0;
+    mShown.window->SetTabs(tabs);
+    EXPECT_EQ(mBar->grab().toImage(), chosen);
+    EXPECT_EQ(mShown.log.Take(), "");
+}
+
 TEST_F(QtPagesTest, LeavesClicksToTheControlAndHearsOfAChoiceByQt)
 {
     mShown.window->SetTabs(Tabs(2));

@@ -173,6 +173,58 @@ TEST_F(EditTest, HoldsWhatIsTypedToItsTraits)
     EXPECT_EQ(edit->getText(), u"abcd");
 }
 
+TEST_F(EditTest, TakesALongerTextThanCanBeTyped)
+{
+    edit->setMaxLength(3);
+    edit->setText(u"abcdef");
+    edit->setSelStart(4);
+    driver.Press(VK_BACK);
+    EXPECT_EQ(edit->getText(), u"abcef");
+    EXPECT_EQ(edit->getSelStart(), 3);
+    driver.Type(u"x");
+    EXPECT_EQ(edit->getText(), u"abcef");
+    edit->SelectAll();
+    driver.Type(u"1234");
+    EXPECT_EQ(edit->getText(), u"123");
+}
+
+TEST_F(EditTest, KeepsItsSelectionWhileItIsLeft)
+{
+    edit->setAutoSelect(false);
+    edit->setText(u"abcdef");
+    edit->setSelStart(1);
+    edit->setSelLength(3);
+    driver.Focus(u"fOther");
+    EXPECT_EQ(edit->getSelText(), u"bcd");
+    driver.Focus(u"fEdit");
+    driver.Type(u"x");
+    EXPECT_EQ(edit->getText(), u"axef");
+}
+
+TEST_F(EditTest, KeepsItsKeysFromTheForm)
+{
+    int keys = 0;
+    form.OnKeyDown = [&](TObject*, Word&, TShiftState) { ++keys; };
+    form.OnKeyUp = [&](TObject*, Word&, TShiftState) { ++keys; };
+    form.OnShortCut = [&](TObject*, Word, TShiftState, bool&) { ++keys; };
+    driver.Press(VK_F5);
+    EXPECT_EQ(keys, 1);
+}
+
+TEST_F(EditTest, HearsOfKeysThatCameDuringAnother)
+{
+    UnicodeString typed;
+    edit->OnKeyPress = [&](TObject*, System::WideChar& key) { typed += UnicodeString(key); };
+    edit->OnChange = [&](TObject*) {
+        if (edit->getText() == u"a") {
+            driver.Type(u"b");
+        }
+    };
+    driver.Type(u"a");
+    EXPECT_EQ(typed, u"ab");
+    EXPECT_EQ(edit->getText(), u"ab");
+}
+
 TEST_F(PaintedEditTest, KeepsAPasswordFromTheClipboard)
 {
     edit->setPasswordChar(u'*');

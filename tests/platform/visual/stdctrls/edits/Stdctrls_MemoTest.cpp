@@ -120,6 +120,40 @@ TEST_F(MemoTest, WantsTheKeysThatItIsToldTo)
     EXPECT_EQ(driver.Focused(), u"fOther");
 }
 
+TEST_F(MemoTest, TakesNoMoreThanCanBeTyped)
+{
+    edit->setMaxLength(5);
+    driver.Type(u"abcdefg");
+    EXPECT_EQ(edit->getText(), u"abcde");
+    EXPECT_EQ(edit->getSelStart(), 5);
+    driver.Press(VK_BACK);
+    driver.Type(u"xy");
+    EXPECT_EQ(edit->getText(), u"abcdx");
+    edit->SelectAll();
+    driver.Insert(u"1234567");
+    EXPECT_EQ(edit->getText(), u"12345");
+}
+
+TEST_F(MemoTest, KeepsTheCharactersThatItHas)
+{
+    edit->setText(u"20\u00A0m\u2028\r\nx\u2029y");
+    edit->setSelStart(edit->getText().Length());
+    driver.Type(u"z");
+    EXPECT_EQ(edit->getText(), u"20\u00A0m\u2028\r\nx\u2029yz");
+}
+
+TEST_F(MemoTest, KeepsItsSelectionWhileItIsLeft)
+{
+    edit->setText(u"ab\r\ncdef");
+    edit->setSelStart(1);
+    edit->setSelLength(4);
+    driver.Focus(u"fOther");
+    EXPECT_EQ(edit->getSelText(), u"b\r\nc");
+    driver.Focus(u"fEdit");
+    driver.Type(u"x");
+    EXPECT_EQ(edit->getText(), u"axdef");
+}
+
 TEST_F(PaintedMemoTest, PaintsTheLinesThatAreSeenAlone)
 {
     std::u16string text;

@@ -65,7 +65,7 @@ TEST_F(ComboBoxTest, ShowsTheItemThatAProgramChooses)
     EXPECT_EQ(TakeLog(), u"");
 }
 
-TEST_F(PaintedComboBoxTest, IsChosenFromByKeys)
+TEST_F(ComboBoxTest, IsChosenFromByKeys)
 {
     mBox->setStyle(csDropDownList);
     struct TRow
@@ -93,6 +93,48 @@ TEST_F(PaintedComboBoxTest, IsChosenFromByKeys)
     mDriver.Type(u"w");
     EXPECT_EQ(mBox->getText(), u"Watt");
     EXPECT_EQ(TakeLog(), u"click select ");
+}
+
+TEST_F(ComboBoxTest, IsChosenFromByKeysBesideWhatIsTyped)
+{
+    mDriver.Type(u"x");
+    TakeLog();
+    mDriver.Press(VK_DOWN);
+    EXPECT_EQ(mBox->getText(), u"Ampere");
+    mDriver.Press(VK_NEXT);
+    EXPECT_EQ(mBox->getText(), u"Watt");
+    EXPECT_EQ(TakeLog(), u"click change click change ");
+    mBox->setText(u"Ohm");
+    mDriver.Press(VK_DOWN);
+    EXPECT_EQ(mBox->getText(), u"Volt");
+}
+
+TEST_F(ComboBoxTest, ChoosesNothingWhenItIsLeft)
+{
+    Add<TButton>(u"Other");
+    mBox->setAutoComplete(false);
+    mDriver.Type(u"Ohm");
+    mBox->setSelStart(1);
+    mBox->setSelLength(2);
+    EXPECT_EQ(TakeLog(), u"change change change ");
+    mDriver.Focus(u"Other");
+    EXPECT_EQ(TakeLog(), u"");
+    EXPECT_EQ(mBox->getSelText(), u"hm");
+}
+
+TEST_F(ComboBoxTest, TakesALongerTextThanCanBeTyped)
+{
+    mBox->setMaxLength(3);
+    mBox->setText(u"Tesla");
+    mBox->setSelStart(5);
+    mDriver.Press(VK_BACK);
+    EXPECT_EQ(mBox->getText(), u"Tesl");
+    mDriver.Type(u"x");
+    EXPECT_EQ(mBox->getText(), u"Tesl");
+    mDriver.Press(VK_BACK);
+    mDriver.Press(VK_BACK);
+    mDriver.Type(u"xy");
+    EXPECT_EQ(mBox->getText(), u"Tex");
 }
 
 TEST_F(PaintedComboBoxTest, OpensAndClosesItsList)

@@ -238,6 +238,24 @@ TEST_F(ListBoxTest, KnowsWhereItsItemsAre)
     EXPECT_EQ(mBox->ItemAtPos({5, 6 * height + 1}, false), 6);
 }
 
+TEST_F(ListBoxTest, HasRoomForABarBelowWhatIsTooWide)
+{
+    EXPECT_EQ(mBox->getItemHeight() * 4, mBox->getClientHeight());
+    mBox->setTopIndex(5);
+    EXPECT_EQ(mBox->getTopIndex(), 2);
+    mBox->setScrollWidth(500);
+    // What the bar covers is no row that is seen.
+    mBox->setItemIndex(0);
+    mBox->setItemIndex(3);
+    const int rows = (mBox->getClientHeight() - 17) / mBox->getItemHeight();
+    EXPECT_EQ(mBox->getTopIndex(), 4 - rows);
+    mBox->setTopIndex(5);
+    EXPECT_EQ(mBox->getTopIndex(), 6 - rows);
+    mBox->setScrollWidth(-1);
+    EXPECT_EQ(mBox->getScrollWidth(), 0);
+    EXPECT_EQ(mBox->getTopIndex(), 2);
+}
+
 TEST_F(ListBoxTest, FillsColumnsFromTheLeft)
 {
     const int height = mBox->getItemHeight();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/toolkit/qt/QtCombo.h"
+#include "platform/toolkit/qt/widgets/QtCombo.h"
 
 #include "platform/toolkit/DrawnItems.h"
 #include "platform/toolkit/PaintDevice.h"
