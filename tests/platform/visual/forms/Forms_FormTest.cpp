@@ -161,7 +161,7 @@ TEST_F(FormTest, OfOneWindowOnlyInputAndPaintRun)
     EXPECT_EQ(log, "form paint posted ");
 }
 
-/// A form with a menu, whose scripts answer where no window has it in a bar.
+/// A form with a menu.
 class FormMenuTest : public FormTest
 {
 protected:
@@ -188,7 +188,12 @@ protected:
     Testing::CFormDriver mDriver{mForm};
 };
 
-TEST_F(FormMenuTest, IsOpenedByItsMarks)
+/// Where no window has the menu in a bar, the script chooses in it.
+class ScriptedFormMenuTest : public FormMenuTest
+{
+};
+
+TEST_F(ScriptedFormMenuTest, IsOpenedByItsMarks)
 {
     mToolkit.AnswerMenu(u"Open");
     mDriver.Press('F', {Classes::ssAlt});

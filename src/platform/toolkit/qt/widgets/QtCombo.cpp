@@ -201,14 +201,14 @@ bool CQtCombo::DrawField(CQtPainterDevice& device, const Types::TRect& bounds)
         Desktop().PaintLater(this);
         return true;
     }
-    return Tell([&, items = Drawn()](WindowEvents&) { items->PaintField(device, bounds); });
+    return AskForItem(*this, [&, items = Drawn()] { items->PaintField(device, bounds); });
 }
 
 bool CQtCombo::DrawRow(CQtPainterDevice& device, int row, const Types::TRect& bounds, bool isChosen)
 {
     // Whoever draws one may take others away.
     return !mItems->HasRow(row) ||
-           Tell([&, items = Drawn()](WindowEvents&) { items->PaintItem(device, row, bounds, isChosen); });
+           AskForItem(*this, [&, items = Drawn()] { items->PaintItem(device, row, bounds, isChosen); });
 }
 
 bool CQtCombo::ActsOnKeys() const

@@ -1,11 +1,36 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolkit/qt/widgets/QtItems.h"
 
+#include "platform/toolkit/LoopFaults.h"
+#include "platform/toolkit/Toolkit.h"
 #include "platform/toolkit/qt/QtConvert.h"
 #include "platform/toolkit/qt/QtWindow.h"
 
+#include <exception>
+
 namespace Toolkits
 {
+
+bool AskForItem(CQtWindow& window, const std::function<void()>& ask)
+{
+    return window.Tell([&ask](WindowEvents&) {
+        try {
+            ask();
+        } catch (...) {
+            if (HandleLoopException == nullptr) {
+                throw;
+            }
+            // A box would be shown in the midst of a paint.
+            CurrentToolkit().Post([fault = std::current_exception()] {
+                try {
+                    std::rethrow_exception(fault);
+                } catch (...) {
+                    HandleLoopException();
+                }
+            });
+        }
+    });
+}
 
 CQtItems::CQtItems(CQtWindow& window, EBoxes boxes, QObject* parent)
     : QAbstractListModel(parent), mWindow(window), mBoxes(boxes)
@@ -44,7 +69,7 @@ QString CQtItems::TextOf(int row) const
     System::UnicodeString text;
     // Whoever is asked for it may raise, or destroy the window.
     if (HasRow(row)) {
-        mWindow.Tell([&, items = mItems](WindowEvents&) { text = items->GetItemText(row); });
+        AskForItem(mWindow, [&, items = mItems] { text = items->GetItemText(row); });
     }
     return ToQString(text.Length() > MostLineUnits ? text.SubString(1, MostLineUnits) : text);
 }

@@ -5,6 +5,8 @@
 
 #include <QAbstractListModel>
 
+#include <functional>
+
 namespace Toolkits
 {
 
@@ -17,8 +19,11 @@ enum class EBoxes
     Shown
 };
 
-/// The items of a control as a model of Qt, which reads them where they are. What reading one raises goes the
-/// way of what the window tells.
+/// Asks a control for something of its items, from within Qt. Nobody else asked, so that the application is
+/// told, by the message loop, what that raises. False if the window is gone by then.
+bool AskForItem(CQtWindow& window, const std::function<void()>& ask);
+
+/// The items of a control as a model of Qt, which reads them where they are.
 class CQtItems final : public QAbstractListModel
 {
 public:
