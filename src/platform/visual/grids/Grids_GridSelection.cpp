@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime/classes/Classes_ComponentWatch.h"
 #include "platform/visual/grids/Grids_CustomGrid.h"
-#include "platform/visual/grids/Grids_InplaceEdit.h"
 #include "platform/visual/grids/internal/Grids_GridLayout.h"
 #include "platform/visual/grids/internal/Grids_ScrollBar.h"
 
@@ -197,10 +196,13 @@ void TCustomGrid::MoveTopLeft(int left, int top)
 
 bool TCustomGrid::CanMoveCells() const
 {
-    // The mark of what the mouse drags, and the editor, stay where they are.
-    const bool isEditing = mEditor != nullptr && mEditor->getVisible();
-    return GetWindow() != nullptr && getShowing() && !isEditing &&
-           (mGridState == gsNormal || mGridState == gsSelecting);
+    // The mark of what the mouse drags, and what lies on the cells, as the editor does, stay where they are.
+    for (int i = 0; i < GetControlCount(); ++i) {
+        if (GetControl(i)->getVisible()) {
+            return false;
+        }
+    }
+    return GetWindow() != nullptr && getShowing() && (mGridState == gsNormal || mGridState == gsSelecting);
 }
 
 void TCustomGrid::MoveCells(TRect area, const TSize& by)
