@@ -392,6 +392,29 @@ TEST(QtFormHostTest, WhatHandlersRaiseDoesNotGoThroughQt)
     Forms::Application->OnException = {};
 }
 
+TEST(QtFormHostTest, QtQuitsThoughFormsAreShown)
+{
+    TPart form;
+    TPart refusing;
+    bool mayClose = false;
+    refusing.OnCloseQuery = [&](System::TObject*, bool& canClose) { canClose = mayClose; };
+    form.Show();
+    refusing.Show();
+    QTimer::singleShot(0, qApp, [] { QApplication::quit(); });
+    QTimer again;
+    QObject::connect(&again, &QTimer::timeout, qApp, [&] {
+        EXPECT_TRUE(refusing.getVisible());
+        mayClose = true;
+        QApplication::quit();
+    });
+    again.start(200);
+    QTimer::singleShot(60'000, &again, [] { QApplication::exit(1); });
+    EXPECT_EQ(QApplication::exec(), 0);
+    EXPECT_TRUE(mayClose);
+    EXPECT_FALSE(form.getVisible());
+    EXPECT_FALSE(refusing.getVisible());
+}
+
 TEST(QtFormHostTest, EitherMayEndFirst)
 {
     auto form = std::make_unique<TPart>();
