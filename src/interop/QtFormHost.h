@@ -10,6 +10,8 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QFocusEvent>
+#include <QKeyEvent>
 #include <QPointer>
 #include <QWidget>
 
@@ -31,9 +33,10 @@ inline QWidget* WidgetOf(const Controls::TWinControl& control)
 /// A form of the library within a window of Qt's. The form has no frame there and is as large as the widget,
 /// below its menu bar if it has a `Menu`; the first size of the widget is that of the form. It is shown with
 /// the widget for the first time; from then on `Hide` and `Show` of the form are up to the program. The
-/// program's loop may be Qt's: what is posted, timers and threads are served there too. While a form of the
-/// library is shown modally, the user is kept from all of the window that the widget is in. What the form's
-/// handlers raise goes to `Forms::Application->OnException`, or is shown in a box.
+/// program's loop may be Qt's: what is posted, timers and threads are served there too. The Tab key leads
+/// through the form and on to what is behind it. While a form of the library is shown modally, the user is
+/// kept from all of the window that the widget is in. What the form's handlers raise goes to
+/// `Forms::Application->OnException`, or is shown in a box.
 ///
 /// The form stays the caller's. Either of the two may be destroyed first: the widget is empty then, or the
 /// form hidden and one of the screen's again. A second host takes the form from the first one, which is empty
@@ -58,7 +61,8 @@ public:
             form.setHost(this);
         });
         resize(mFirstSize);
-        // Of the window that it is in, whichever that comes to be.
+        setFocusPolicy(Qt::TabFocus);
+        // Of what it is in, whatever that comes to be.
         QCoreApplication::instance()->installEventFilter(this);
     }
     CFormHost(const CFormHost&) = delete;
@@ -81,18 +85,30 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        // Where the form lies on the screen changes with the window that it is in.
-        if (event->type() == QEvent::Move && watched == window()) {
+        // Where the form lies on the screen changes with all that it is in.
+        if (event->type() == QEvent::Move && watched->isWidgetType() && watched != this &&
+            static_cast<const QWidget*>(watched)->isAncestorOf(this)) {
             FollowWidget();
         }
-        if (!IsInput(*event) || !IsInWindow(watched) || !IsKeptFromUser()) {
-            return QWidget::eventFilter(watched, event);
+        if (IsInput(*event) && IsInWindow(watched) && IsKeptFromUser()) {
+            event->ignore();
+            return true;
         }
-        event->ignore();
-        return true;
+        if (event->type() == QEvent::KeyPress && IsAtItsEnd(watched, static_cast<QKeyEvent&>(*event))) {
+            LeaveForm(static_cast<QKeyEvent&>(*event));
+            return true;
+        }
+        return QWidget::eventFilter(watched, event);
     }
 
 protected:
+    /// The form has what the Tab key leads to.
+    void focusInEvent(QFocusEvent* event) override
+    {
+        if (!mIsLeaving) {
+            EnterForm(event->reason());
+        }
+    }
     bool event(QEvent* event) override
     {
         const bool isHandled = QWidget::event(event);
@@ -171,6 +187,75 @@ private:
         }
     }
 
+    // The Tab key, which leads through the form and on to what is behind it.
+
+    /// What only those derived from a control may ask it.
+    class CTabAsker : public Controls::TWinControl
+    {
+    public:
+        static bool WantsTab(const TWinControl& control, const Classes::TShiftState& shift)
+        {
+            constexpr auto ask = &CTabAsker::WantsKey;
+            return (control.*ask)(VK_TAB, shift);
+        }
+    };
+
+    static bool IsForward(const QKeyEvent& key)
+    {
+        return key.key() == Qt::Key_Tab && !key.modifiers().testFlag(Qt::ShiftModifier);
+    }
+    static Controls::TWinControl* EndOf(const Forms::TCustomForm& form, bool isFirst)
+    {
+        return form.FindNextControl(nullptr, isFirst, true, false);
+    }
+
+    /// Whether the key leads out of the form, in which the focus is.
+    bool IsAtItsEnd(const QObject* watched, const QKeyEvent& key) const
+    {
+        const bool isTab = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
+        const Forms::TCustomForm* const form = getForm();
+        if (!isTab || key.modifiers() & ~Qt::KeyboardModifiers(Qt::ShiftModifier) || form == nullptr ||
+            !watched->isWidgetType() || !isAncestorOf(static_cast<const QWidget*>(watched))) {
+            return false;
+        }
+        const bool isForward = IsForward(key);
+        Controls::TWinControl* const active = form->getActiveControl();
+        Classes::TShiftState shift;
+        if (!isForward) {
+            shift << Classes::ssShift;
+        }
+        if (active == nullptr || CTabAsker::WantsTab(*active, shift)) {
+            return false;
+        }
+        const Controls::TWinControl* const next = form->FindNextControl(active, isForward, true, false);
+        return next == nullptr || next == EndOf(*form, isForward);
+    }
+
+    void LeaveForm(const QKeyEvent& key)
+    {
+        // What is in the form stands somewhere else in Qt's order.
+        mIsLeaving = true;
+        setFocus(Qt::OtherFocusReason);
+        const bool isDone = QWidget::focusNextPrevChild(IsForward(key));
+        mIsLeaving = false;
+        if (!isDone) {
+            // Nothing else in the window stops the key.
+            EnterForm(IsForward(key) ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        }
+    }
+
+    void EnterForm(Qt::FocusReason reason)
+    {
+        WithForm([reason](Forms::TCustomForm& form) {
+            const bool isByTab = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
+            Controls::TWinControl* const control =
+                isByTab ? EndOf(form, reason == Qt::TabFocusReason) : form.getActiveControl();
+            if (form.getShowing()) {
+                control == nullptr ? form.SetFocus() : control->SetFocus();
+            }
+        });
+    }
+
     static bool IsInput(const QEvent& event)
     {
         switch (event.type()) {
@@ -224,6 +309,7 @@ private:
     QSize mFirstSize;
     int mBarHeight = 0;
     bool mWasShown = false;
+    bool mIsLeaving = false;
 };
 
 } // namespace Interop

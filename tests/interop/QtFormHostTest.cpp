@@ -8,6 +8,7 @@
 #include "platform/visual/menus/Menus.h"
 #include "platform/visual/stdctrls/buttons/Stdctrls_Button.h"
 #include "platform/visual/stdctrls/edits/Stdctrls_Edit.h"
+#include "platform/visual/stdctrls/edits/Stdctrls_Memo.h"
 
 #include <gtest/gtest.h>
 
@@ -109,6 +110,80 @@ TEST(QtFormHostTest, TheFormIsAsLargeAsTheWidget)
     EXPECT_EQ(place, QPoint(told.X, told.Y));
     host.move(90, 70);
     ASSERT_TRUE(RunQtUntil([&] { return form.getLeft() == host.mapToGlobal(QPoint()).x(); }));
+}
+
+TEST(QtFormHostTest, TheFormFollowsAllThatItIsIn)
+{
+    TPart form;
+    QWidget window;
+    QWidget page(&window);
+    QWidget part(&page);
+    CFormHost host(form, &part);
+    window.resize(400, 300);
+    window.show();
+    ASSERT_TRUE(RunQtUntil([&] { return form.getShowing(); }));
+    for (QWidget* const moved : {&window, &page, &part, static_cast<QWidget*>(&host)}) {
+        moved->move(moved->pos() + QPoint(11, 7));
+        ASSERT_TRUE(RunQtUntil([&] {
+            const QPoint place = host.mapToGlobal(QPoint());
+            return form.getLeft() == place.x() && form.getTop() == place.y();
+        }));
+    }
+}
+
+void PressTab(Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    QKeyEvent key(QEvent::KeyPress, modifiers == Qt::NoModifier ? Qt::Key_Tab : Qt::Key_Backtab, modifiers,
+                  QStringLiteral("\t"));
+    QApplication::sendEvent(QApplication::focusWidget(), &key);
+}
+
+TEST(QtFormHostTest, TheTabKeyLeadsThroughTheForm)
+{
+    TPart form;
+    Stdctrls::TMemo memo(&form);
+    memo.setParent(&form);
+    memo.SetBounds(10, 40, 100, 24);
+    QWidget window;
+    QVBoxLayout layout(&window);
+    QLineEdit before;
+    QLineEdit behind;
+    CFormHost host(form);
+    layout.addWidget(&before);
+    layout.addWidget(&host);
+    layout.addWidget(&behind);
+    QWidget::setTabOrder(&before, &host);
+    QWidget::setTabOrder(&host, &behind);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(RunQtUntil([&] { return window.isActiveWindow() && form.getShowing(); }));
+    before.setFocus();
+    PressTab();
+    EXPECT_TRUE(form.fEdit.Focused());
+    PressTab();
+    EXPECT_TRUE(form.fWide.Focused());
+    PressTab();
+    EXPECT_TRUE(memo.Focused());
+    PressTab();
+    EXPECT_TRUE(behind.hasFocus());
+    PressTab(Qt::ShiftModifier);
+    EXPECT_TRUE(memo.Focused());
+    memo.setWantTabs(true);
+    PressTab();
+    EXPECT_TRUE(memo.Focused());
+    EXPECT_EQ(memo.getText(), u"\t");
+    memo.setWantTabs(false);
+    PressTab(Qt::ShiftModifier);
+    PressTab(Qt::ShiftModifier);
+    EXPECT_TRUE(form.fEdit.Focused());
+    PressTab(Qt::ShiftModifier);
+    EXPECT_TRUE(before.hasFocus());
+
+    before.setEnabled(false);
+    behind.setEnabled(false);
+    memo.SetFocus();
+    PressTab();
+    EXPECT_TRUE(form.fEdit.Focused());
 }
 
 TEST(QtFormHostTest, KeysFocusAndMouseReachTheForm)
@@ -315,6 +390,29 @@ TEST(QtFormHostTest, WhatHandlersRaiseDoesNotGoThroughQt)
     EXPECT_EQ(std::ranges::count(told, "show"), 1);
     EXPECT_GE(std::ranges::count(told, "resize"), 1);
     Forms::Application->OnException = {};
+}
+
+TEST(QtFormHostTest, QtQuitsThoughFormsAreShown)
+{
+    TPart form;
+    TPart refusing;
+    bool mayClose = false;
+    refusing.OnCloseQuery = [&](System::TObject*, bool& canClose) { canClose = mayClose; };
+    form.Show();
+    refusing.Show();
+    QTimer::singleShot(0, qApp, [] { QApplication::quit(); });
+    QTimer again;
+    QObject::connect(&again, &QTimer::timeout, qApp, [&] {
+        EXPECT_TRUE(refusing.getVisible());
+        mayClose = true;
+        QApplication::quit();
+    });
+    again.start(200);
+    QTimer::singleShot(60'000, &again, [] { QApplication::exit(1); });
+    EXPECT_EQ(QApplication::exec(), 0);
+    EXPECT_TRUE(mayClose);
+    EXPECT_FALSE(form.getVisible());
+    EXPECT_FALSE(refusing.getVisible());
 }
 
 TEST(QtFormHostTest, EitherMayEndFirst)

@@ -384,11 +384,9 @@ bool CQtForm::HandleFrameEvent(QEvent& event)
 {
     switch (event.type()) {
     case QEvent::Close:
-        // Whether it closes is up to the form.
-        event.ignore();
-        if (CanBeActive()) {
-            Tell([](WindowEvents& events) { events.CloseAsked(); });
-        }
+        // Whether it closes is up to the form. Who closes all windows goes on if it did.
+        event.setAccepted(CanBeActive() &&
+                          (!Tell([](WindowEvents& events) { events.CloseAsked(); }) || Widget().isHidden()));
         return true;
     case QEvent::WindowActivate:
     case QEvent::WindowDeactivate:
