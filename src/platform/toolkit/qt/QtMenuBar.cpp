@@ -165,6 +165,10 @@ void CQtMenuBar::MenuOpens(const QMenu* menu)
 
 void CQtMenuBar::ChooseSoon(int id)
 {
+    if (mWindow == nullptr || !mWindow->CanBeActive()) {
+        // A reader of screens doesn't ask whether the user may.
+        return;
+    }
     // The menu is closed, and nothing of Qt's at work on it, when the item acts.
     QMetaObject::invokeMethod(
         this,

@@ -178,6 +178,9 @@ TEST_F(QtMenuBarTest, IsntEnteredWhereThereIsNothingToDo)
     mForm->setEnabled(false);
     PressAlt(driver);
     EXPECT_NE(QApplication::focusWidget(), &Bar());
+    Bar().actions().front()->menu()->actions().front()->trigger();
+    Settle();
+    EXPECT_EQ(mLog, u"");
     mForm->setEnabled(true);
     driver.Focus(u"Edit");
     mForm->setMenu(nullptr);

@@ -102,7 +102,7 @@ Qt::ItemFlags CQtItems::flags(const QModelIndex& place) const
 bool CQtItems::setData(const QModelIndex& place, const QVariant&, int role)
 {
     const int row = place.row();
-    if (role != Qt::CheckStateRole || mBoxes == EBoxes::None || !HasRow(row)) {
+    if (role != Qt::CheckStateRole || mBoxes == EBoxes::None || !HasRow(row) || !mWindow.CanBeUsed()) {
         return false;
     }
     mWindow.Tell([row](WindowEvents& events) { events.ItemChecked(row); });

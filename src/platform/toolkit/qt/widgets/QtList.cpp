@@ -329,7 +329,7 @@ void CQtList::UpdateChoiceSoon()
 void CQtList::UpdateChoice()
 {
     mIsUpdateDue = false;
-    if (!mView->Traits().isMultiple || mItems->Items() == nullptr) {
+    if (mItems->Items() == nullptr) {
         return;
     }
     // Qt compares each range with each other one.
@@ -355,6 +355,11 @@ void CQtList::TellChoice()
     // Those who help the user choose by Qt itself.
     const QItemSelection& chosen = mView->selectionModel()->selection();
     if (mIsUpdating || chosen.isEmpty()) {
+        return;
+    }
+    if (!CanBeUsed()) {
+        // They don't ask whether the user may.
+        UpdateChoiceSoon();
         return;
     }
     const int row = chosen.last().top();

@@ -177,11 +177,7 @@ CQtPages::CQtPages(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& s
 {
     mPages->setAutoFillBackground(true);
     mPages->setAcceptDrops(true);
-    QObject::connect(mBar, &QTabBar::currentChanged, Context(), [this](int index) {
-        if (!mIsShowing && index >= 0) {
-            Tell([index](WindowEvents& events) { events.Chosen(index); });
-        }
-    });
+    QObject::connect(mBar, &QTabBar::currentChanged, Context(), [this](int index) { TellChosen(index); });
     for (int i = 0; i < 2; ++i) {
         mArrows[i]->setArrowType(i == 0 ? Qt::LeftArrow : Qt::RightArrow);
         mArrows[i]->setFocusPolicy(Qt::NoFocus);
@@ -199,9 +195,25 @@ bool CQtPages::HandleEvent(QEvent& event)
     return event.type() != QEvent::Paint && CQtWindow::HandleEvent(event);
 }
 
+void CQtPages::TellChosen(int index)
+{
+    if (mIsShowing || index < 0) {
+        return;
+    }
+    if (CanBeUsed()) {
+        Tell([index](WindowEvents& events) { events.Chosen(index); });
+        return;
+    }
+    // A reader of screens doesn't ask whether the user may.
+    mIsShowing = true;
+    mBar->setCurrentIndex(mChosen);
+    mIsShowing = false;
+}
+
 void CQtPages::SetTabs(const TTabs& tabs)
 {
     mFirst = tabs.first;
+    mChosen = tabs.chosen;
     mPages->tabs = tabs;
     // The pictures are there for now alone.
     mPages->tabs.tabs.clear();

@@ -25,6 +25,7 @@ protected:
     bool HandleEvent(QEvent& event) override;
 
 private:
+    void TellChosen(int index);
     void PlaceArrows(const TTabs& tabs);
     void ScrollTabs(int delta);
 
@@ -33,6 +34,7 @@ private:
     /// Back and on.
     QToolButton* mArrows[2];
     int mFirst = 0;
+    int mChosen = -1;
     bool mIsShowing = false;
 };
 

@@ -178,6 +178,19 @@ TEST_F(QtListTest, HearsOfAChoiceThatIsMadeByQt)
     EXPECT_EQ(mShown.log.Take(), "chosen2 ");
 }
 
+TEST_F(QtListTest, KeepsItsChoiceWhileTheUserIsKeptFromIt)
+{
+    mItems.count = 10;
+    mItems.chosen = {3};
+    mShown.window->ShowItems(mItems);
+    mShown.window->SelectItem(3);
+    mShown.form->SetEnabled(false);
+    mView->selectionModel()->select(mView->model()->index(2, 0), QItemSelectionModel::ClearAndSelect);
+    mShown.player().Settle();
+    EXPECT_EQ(Selected(), mItems.chosen);
+    EXPECT_EQ(mShown.log.Take(), "");
+}
+
 TEST_F(QtListTest, OutlivesItemsThatEndItWhileTheyArePainted)
 {
     class EndingItems final : public Toolkits::WindowItems
@@ -214,6 +227,9 @@ TEST_F(QtCheckListTest, HasMarksHeadingsAndItemsThatCantBeUsed)
     EXPECT_FALSE(model.flags(model.index(5, 0)).testFlag(Qt::ItemIsEnabled));
     mView->model()->setData(model.index(2, 0), Qt::Checked, Qt::CheckStateRole);
     EXPECT_EQ(mShown.log.Take(), "check2 ");
+    mShown.form->SetEnabled(false);
+    mView->model()->setData(model.index(2, 0), Qt::Checked, Qt::CheckStateRole);
+    EXPECT_EQ(mShown.log.Take(), "");
 }
 
 TEST_F(QtCheckListTest, PaintsHeadingsInTheirColour)

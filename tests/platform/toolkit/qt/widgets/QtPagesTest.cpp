@@ -90,6 +90,11 @@ TEST_F(QtPagesTest, LeavesClicksToTheControlAndHearsOfAChoiceByQt)
     EXPECT_EQ(mPages->childAt(90, 5), nullptr);
     mBar->setCurrentIndex(1);
     EXPECT_EQ(mShown.log.Take(), "chosen1 ");
+    mShown.window->SetTabs(Tabs(2));
+    mShown.form->SetEnabled(false);
+    mBar->setCurrentIndex(1);
+    EXPECT_EQ(mBar->currentIndex(), 0);
+    EXPECT_EQ(mShown.log.Take(), "");
 }
 
 TEST_F(QtPagesTest, HasArrowsForTabsThatDontFit)
