@@ -81,6 +81,13 @@ void CLineWidget::Show(const QString& text)
     setText(text);
 }
 
+bool CLineWidget::event(QEvent* event)
+{
+    // A line without the keyboard would drop its selection soon after.
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
+    return event->type() == QEvent::WindowActivate ? QWidget::event(event) : QLineEdit::event(event);
+}
+
 void CLineWidget::focusInEvent(QFocusEvent* event)
 {
     if (mHidden.length != 0) {

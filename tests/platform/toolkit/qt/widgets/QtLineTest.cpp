@@ -118,6 +118,10 @@ TEST_F(QtLineTest, ShowsTheSelectionWithTheFocusAlone)
         other->SetFocus();
         Settle();
         EXPECT_TRUE(IsSelectionSeen(widget));
+        QEvent activation(QEvent::WindowActivate);
+        QCoreApplication::sendEvent(Support::FindWidget(widget), &activation);
+        Settle();
+        EXPECT_TRUE(IsSelectionSeen(widget));
         edit->setHideSelection(true);
         EXPECT_FALSE(IsSelectionSeen(widget));
         edit->setHideSelection(false);
