@@ -600,7 +600,8 @@ bool CQtWindow::Paint(const QPaintEvent& event)
         mDesktop->PaintLater(this);
         return true;
     }
-    for (const QRect& each : PartsOf(event.region())) {
+    // A form is seen between all that is in it, in more parts than are worth it.
+    for (const QRect& each : mIsForm ? std::vector<QRect>{part} : PartsOf(event.region())) {
         CQtPainterDevice device(*mWidget, FromQRect(each), mLook.ground);
         if (!Tell([&](WindowEvents& events) { events.PaintAsked(device, FromQRect(each)); })) {
             break;
