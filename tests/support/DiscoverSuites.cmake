@@ -57,6 +57,6 @@ if(NOT suites)
 endif()
 foreach(suite IN LISTS suites)
     add_test(${label}.${suite} ${launcher} ${program} --gtest_filter=${suite}.* --gtest_shuffle)
-    set_tests_properties(${label}.${suite} PROPERTIES LABELS ${label} TIMEOUT 120 SKIP_RETURN_CODE 77
+    set_tests_properties(${label}.${suite} PROPERTIES LABELS ${label} TIMEOUT 240 SKIP_RETURN_CODE 77
                                                       ENVIRONMENT "${environment}")
 endforeach()
