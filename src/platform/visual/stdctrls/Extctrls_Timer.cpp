@@ -82,18 +82,4 @@ void TTimer::Timer()
     }
 }
 
-void TickWhile(bool isOn, System::GOwner<TTimer>& timer, unsigned milliseconds,
-               const Classes::TNotifyEvent& onTimer)
-{
-    if (timer == nullptr) {
-        if (!isOn) {
-            return;
-        }
-        timer = System::MakeOwner<TTimer>();
-        timer->setOnTimer(onTimer);
-    }
-    timer->setInterval(milliseconds);
-    timer->setEnabled(isOn);
-}
-
 } // namespace Extctrls

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/base/System_Owner.h"
 #include "platform/runtime/classes/Classes_Component.h"
 #include "platform/toolkit/Window.h"
 
@@ -45,10 +44,5 @@ private:
     bool mEnabled = true;
     Classes::TNotifyEvent mOnTimer;
 };
-
-/// Lets the timer of a control tick while `isOn`, with an interval in milliseconds; makes it when it is
-/// needed first.
-TRS8_BTL_API void TickWhile(bool isOn, System::GOwner<TTimer>& timer, unsigned milliseconds,
-                            const Classes::TNotifyEvent& onTimer);
 
 } // namespace Extctrls

@@ -6,7 +6,7 @@
 #include "platform/visual/controls/Controls_Publish.h"
 #include "platform/visual/graphics/Graphics_Bitmap.h"
 #include "platform/visual/graphics/Graphics_Canvas.h"
-#include "platform/visual/stdctrls/Extctrls_Timer.h"
+#include "platform/visual/stdctrls/internal/Extctrls_TickWhile.h"
 #include "platform/visual/stdctrls/pictures/internal/Comctrls_AviFile.h"
 
 #include <algorithm>
