@@ -60,8 +60,10 @@ namespace Host
 
 const void* ModuleOf(const void* address) noexcept
 {
-    Dl_info info;
-    return address != nullptr && dladdr(address, &info) != 0 ? info.dli_fbase : nullptr;
+    // Programs ask for each of their forms as they start; by `dladdr`, which looks for a symbol too, that was
+    // a fifth of the start.
+    dl_find_object found;
+    return _dl_find_object(const_cast<void*>(address), &found) == 0 ? found.dlfo_map_start : nullptr;
 }
 
 void KeepModule(const void* address) noexcept
