@@ -7,6 +7,7 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QCompleter>
 #include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QStylePainter>
@@ -229,6 +230,9 @@ void CQtCombo::SetEditable(bool isEditable)
     }
     mCombo->setEditable(true);
     auto* const line = new CLineWidget;
+    // A line that has no completer is given one, which takes longer to make than the rest of the box.
+    QCompleter none;
+    line->setCompleter(&none);
     mCombo->setLineEdit(line);
     mCombo->setCompleter(nullptr);
     // Qt would choose the item whose text was typed, once the keyboard is elsewhere.
