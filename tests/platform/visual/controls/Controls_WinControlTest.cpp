@@ -540,7 +540,10 @@ TEST_F(EventHandlersTest, OfTheApplicationMayRaise)
     application.OnIdle = fail;
     std::size_t told = 0;
     // What a screen still has to say comes first.
-    EXPECT_TRUE(Support::RunUntil([&] { return (told += mToolkit.TakeShown().size()) > 0; }));
+    EXPECT_TRUE(Support::RunUntil([&] {
+        application.HandleMessage();
+        return (told += mToolkit.TakeShown().size()) > 0;
+    }));
     application.OnIdle = nullptr;
     EXPECT_EQ(told, 1U);
     // Even what tells of exceptions.
