@@ -109,9 +109,11 @@ void CQtDesktop::MoveFocus(CQtWindow* window)
     }
     CQtWindow* const former = std::exchange(mFocused, window);
     if (former != nullptr && Exists(former)) {
+        former->KeyboardMoved(false);
         former->Tell([](WindowEvents& events) { events.FocusChanged(false); });
     }
     if (window != nullptr && mFocused == window) {
+        window->KeyboardMoved(true);
         window->Tell([](WindowEvents& events) { events.FocusChanged(true); });
     }
 }

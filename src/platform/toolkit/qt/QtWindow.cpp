@@ -407,7 +407,9 @@ bool CQtWindow::HandleKey(const QKeyEvent& event)
     if (IsBlocked()) {
         return true;
     }
-    mDesktop->UserActed(Form());
+    if (!UserActs()) {
+        return true;
+    }
     System::Word key = KeyOf(event);
     const Classes::TShiftState shift = ShiftOf(event.modifiers());
     bool isTaken = false;
@@ -487,6 +489,25 @@ bool CQtWindow::HandleInputMethod(const QInputMethodEvent& event)
     return true;
 }
 
+bool CQtWindow::UserActs()
+{
+    const std::shared_ptr<CQtDesktop> desktop = mDesktop;
+    const std::shared_ptr<TState> state = mState;
+    desktop->UserActed(Form());
+    return state->isAlive;
+}
+
+bool CQtWindow::TakeKeyboard()
+{
+    const std::shared_ptr<CQtDesktop> desktop = mDesktop;
+    const std::shared_ptr<TState> state = mState;
+    // Qt tells of it only once the window is the active one, when the button may be up again.
+    if ((mWidget->focusPolicy() & Qt::ClickFocus) != 0) {
+        desktop->FocusTold(this, true);
+    }
+    return state->isAlive;
+}
+
 bool CQtWindow::HandleMouse(const QMouseEvent& event)
 {
     if (IsBlocked()) {
@@ -499,7 +520,9 @@ bool CQtWindow::HandleMouse(const QMouseEvent& event)
     switch (event.type()) {
     case QEvent::MouseButtonPress:
         mouse.action = EMouseAction::Down;
-        mDesktop->UserActed(Form());
+        if (!UserActs() || !TakeKeyboard()) {
+            return true;
+        }
         break;
     case QEvent::MouseButtonRelease:
         mouse.action = EMouseAction::Up;

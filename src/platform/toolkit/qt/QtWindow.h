@@ -65,6 +65,9 @@ public:
     /// Whether the user may do something in it.
     bool CanBeUsed() { return mWidget->isEnabled() && !IsBlocked(); }
 
+    /// The control has the keyboard from now on, or has it no longer. The widget may get it later: a window
+    /// that isn't active on the screen yet has none to give.
+    virtual void KeyboardMoved(bool) {}
     /// Tells the control something. Nothing that it raises comes out. False if the window is gone by then:
     /// its widget is still there, but must be left alone.
     template <class Action>
@@ -126,6 +129,10 @@ private:
     void SetColors();
     /// Gives those in it that have no colours of their own the ones that they show now.
     void KeepInnerColors();
+    /// The user is at work in the window, so its form is the active one. False if the window is gone then.
+    bool UserActs();
+    /// Has the keyboard if a click brings it. False if the window is gone then.
+    bool TakeKeyboard();
     bool HandleKey(const QKeyEvent& event);
     bool HandleRelease(const QKeyEvent& event);
     bool HandleInputMethod(const QInputMethodEvent& event);

@@ -3,7 +3,6 @@
 
 #include "platform/toolkit/qt/QtConvert.h"
 
-#include <QFocusEvent>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -156,12 +155,6 @@ void GQtMemo<Edit>::Select(const TSelection& selection)
 }
 
 template <class Edit>
-bool GQtMemo<Edit>::IsSelectionSeen() const
-{
-    return !mHidesSelection || mMemo->hasFocus();
-}
-
-template <class Edit>
 void GQtMemo<Edit>::HideSelection()
 {
     const QTextCursor cursor = mMemo->textCursor();
@@ -178,28 +171,20 @@ void GQtMemo<Edit>::HideSelection()
 }
 
 template <class Edit>
-void GQtMemo<Edit>::RevealSelection()
+void GQtMemo<Edit>::ShowOrHideSelection()
 {
-    if (const auto hidden = std::exchange(mHidden, std::nullopt)) {
+    if (!IsSelectionSeen()) {
+        HideSelection();
+    } else if (const auto hidden = std::exchange(mHidden, std::nullopt)) {
         Select(*hidden);
     }
 }
 
 template <class Edit>
-bool GQtMemo<Edit>::HandleEvent(QEvent& event)
+void GQtMemo<Edit>::KeyboardMoved(bool isHere)
 {
-    const bool isFocus = event.type() == QEvent::FocusIn || event.type() == QEvent::FocusOut;
-    if (CQtWindow::HandleEvent(event)) {
-        return true;
-    }
-    if (isFocus && !IsLent(static_cast<const QFocusEvent&>(event))) {
-        if (event.type() == QEvent::FocusIn) {
-            RevealSelection();
-        } else if (mHidesSelection) {
-            HideSelection();
-        }
-    }
-    return false;
+    mHasKeyboard = isHere;
+    ShowOrHideSelection();
 }
 
 template <class Edit>
@@ -217,11 +202,7 @@ void GQtMemo<Edit>::SetEditTraits(const TEditTraits& traits)
     option.setAlignment(ToQtAlignment(traits.alignment));
     Quietly([&] { mMemo->document()->setDefaultTextOption(option); });
     mHidesSelection = traits.hidesSelection;
-    if (IsSelectionSeen()) {
-        RevealSelection();
-    } else {
-        HideSelection();
-    }
+    ShowOrHideSelection();
 }
 
 template <class Edit>

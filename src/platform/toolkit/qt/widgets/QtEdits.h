@@ -36,9 +36,9 @@ public:
     void ShowCaret() override;
     bool ActsByItself() const override { return !mIsBeyondQt; }
     QWidget& Surface() const noexcept override;
+    void KeyboardMoved(bool isHere) override;
 
 protected:
-    bool HandleEvent(QEvent& event) override;
     Edit& Memo() const noexcept { return *mMemo; }
     /// The place of the widget that is one in the control's text, where each end of a line counts twice.
     int ToWidget(int place) const;
@@ -67,9 +67,9 @@ private:
     QString ShownText() const;
     /// Which of the document's texts there is now.
     int Revision() const;
-    bool IsSelectionSeen() const;
+    bool IsSelectionSeen() const { return !mHidesSelection || mHasKeyboard; }
+    void ShowOrHideSelection();
     void HideSelection();
-    void RevealSelection();
     void Select(const TSelection& selection);
 
     Edit* mMemo;
@@ -78,6 +78,7 @@ private:
     /// The selection that isn't seen while the memo is without the keyboard.
     std::optional<TSelection> mHidden;
     bool mHidesSelection = true;
+    bool mHasKeyboard = false;
     bool mIsBusy = false;
     bool mIsBeyondQt = false;
 };

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <climits>
 #include <cstdlib>
+#include <utility>
 
 namespace Toolkits
 {
@@ -32,9 +33,16 @@ CLineWidget::~CLineWidget() = default;
 
 void CLineWidget::SetHiding(bool isHiding)
 {
-    if (isHiding != mIsHiding) {
-        const TSelection selection = Selection();
-        mIsHiding = isHiding;
+    const TSelection selection = Selection();
+    if (std::exchange(mIsHiding, isHiding) != isHiding) {
+        Select(selection);
+    }
+}
+
+void CLineWidget::SetKeyboard(bool isHere)
+{
+    const TSelection selection = Selection();
+    if (std::exchange(mHasKeyboard, isHere) != isHere && mIsHiding) {
         Select(selection);
     }
 }
@@ -60,17 +68,10 @@ void CLineWidget::Select(TSelection selection)
     if (selection.length == 0) {
         return;
     }
-    if (mIsHiding && !hasFocus()) {
+    if (mIsHiding && !mHasKeyboard) {
         mHidden = selection;
     } else {
         setSelection(selection.start, selection.length);
-    }
-}
-
-void CLineWidget::Hide()
-{
-    if (mIsHiding) {
-        Select(Selection());
     }
 }
 
@@ -88,14 +89,6 @@ bool CLineWidget::event(QEvent* event)
     return event->type() == QEvent::WindowActivate ? QWidget::event(event) : QLineEdit::event(event);
 }
 
-void CLineWidget::focusInEvent(QFocusEvent* event)
-{
-    if (mHidden.length != 0) {
-        Select(mHidden);
-    }
-    QLineEdit::focusInEvent(event);
-}
-
 void CLineWidget::focusOutEvent(QFocusEvent* event)
 {
     if (IsLent(*event)) {
@@ -104,7 +97,6 @@ void CLineWidget::focusOutEvent(QFocusEvent* event)
     }
     QFocusEvent kept(event->type(), Qt::ActiveWindowFocusReason);
     QLineEdit::focusOutEvent(&kept);
-    Hide();
 }
 
 AQtLine::AQtLine(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& settings, QWidget* widget)
@@ -121,11 +113,20 @@ void AQtLine::UseLine(CLineWidget* line)
         return;
     }
     HoldLimit();
+    line->SetKeyboard(mHasKeyboard);
     line->Show(mTold);
     // Not only what is typed: readers of screens set the text.
     QObject::connect(line, &QLineEdit::textChanged, Context(), [this] { TellText(); });
     QObject::connect(line, &QLineEdit::selectionChanged, Context(), [this] { TellSelection(); });
     QObject::connect(line, &QLineEdit::cursorPositionChanged, Context(), [this] { TellSelection(); });
+}
+
+void AQtLine::KeyboardMoved(bool isHere)
+{
+    mHasKeyboard = isHere;
+    if (mLine != nullptr) {
+        mLine->SetKeyboard(isHere);
+    }
 }
 
 void AQtLine::ShowText(const System::UnicodeString& text)

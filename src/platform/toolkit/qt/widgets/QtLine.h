@@ -13,7 +13,8 @@ namespace Toolkits
 /// Text that came without a key is told of like one, so that the control can refuse it.
 void TellForeignText(WindowEvents& events);
 
-/// A line that keeps its selection while it is without the keyboard. Qt's own drops it, and tells so.
+/// A line that keeps its selection while its control is without the keyboard. Qt's own drops it, and tells
+/// so.
 class CLineWidget final : public QLineEdit
 {
 public:
@@ -28,8 +29,9 @@ public:
     CLineWidget();
     ~CLineWidget() override;
 
-    /// Whether the selection is seen only while the line has the keyboard.
+    /// Whether the selection is seen only while the control has the keyboard.
     void SetHiding(bool isHiding);
+    void SetKeyboard(bool isHere);
     /// Selects without a signal, as soon as the selection may be seen.
     void Select(TSelection selection);
     /// As it is, hidden or not.
@@ -39,15 +41,13 @@ public:
 
 protected:
     bool event(QEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    void Hide();
-
     /// The one that is hidden; of no length for none.
     TSelection mHidden;
     bool mIsHiding = true;
+    bool mHasKeyboard = false;
 };
 
 /// A window in which the user edits one line: an edit, or a combo box. A text that is too long for Qt is
@@ -59,6 +59,7 @@ public:
 
     void SetSelection(int start, int length) override;
     bool ActsByItself() const override { return !mIsTooLong; }
+    void KeyboardMoved(bool isHere) override;
 
 protected:
     /// Without a line at first.
@@ -96,6 +97,7 @@ private:
     QString mTold;
     int mLimit = 0;
     bool mIsTooLong = false;
+    bool mHasKeyboard = false;
     bool mIsBusy = false;
     bool mIsTellingText = false;
 };
