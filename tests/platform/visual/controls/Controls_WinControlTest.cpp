@@ -157,7 +157,10 @@ public:
         mPanel->SetBounds(0, 0, 310, 130);
         TControl* const target = kind.make(*mForm);
         mTarget = target == mForm ? mForm : Named(target, u"fTarget", mPanel);
-        mTarget->SetBounds(0, 0, 300, 120);
+        if (mTarget != mForm) {
+            // As large, the form would lie below the panel, where a screen paints nothing of it.
+            mTarget->SetBounds(0, 0, 300, 120);
+        }
         mOther = Named(new Support::TProbe(mForm), u"fOther", mForm);
         mOther->SetBounds(0, 130, 100, 30);
         mTargetWatch = std::make_unique<Classes::TComponentWatch>(mTarget);
