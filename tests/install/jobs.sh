@@ -4,6 +4,15 @@
 jobs=()
 trap 'for job in "${jobs[@]}"; do kill "$job" 2>/dev/null || true; done' EXIT
 
+# Begins in `folder`, with a channel, apart from the stations of all others.
+begin_apart() {
+    rm -rf "$folder"
+    mkdir -p "$folder/run"
+    export XDG_RUNTIME_DIR=$folder/run
+    cd "$folder"
+    printf 'load.1 =\n' >channels
+}
+
 fail() {
     echo "$script: $1" >&2
     tail -n 50 "${outputs[@]}" >&2 || true

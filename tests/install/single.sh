@@ -5,15 +5,10 @@ set -euo pipefail
 tests=$(cd "$(dirname "$0")" && pwd)
 station=$1
 folder=$2/single
-rm -rf "$folder"
-mkdir -p "$folder/run"
-export XDG_RUNTIME_DIR=$folder/run
-cd "$folder"
-printf 'load.1 =\n' >channels
-
 script=single
 outputs=(output output2 log)
 source "$tests/jobs.sh"
+begin_apart
 
 # Starts the first station and waits until it samples.
 start_first() {

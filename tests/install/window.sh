@@ -5,15 +5,10 @@ set -euo pipefail
 tests=$(cd "$(dirname "$0")" && pwd)
 station=$1
 folder=$2/windowed
-rm -rf "$folder"
-mkdir -p "$folder/run"
-export XDG_RUNTIME_DIR=$folder/run
-cd "$folder"
-printf 'load.1 =\n' >channels
-
 script=window
 outputs=(output output2 log)
 source "$tests/jobs.sh"
+begin_apart
 
 TRS8_BTL_TOOLKIT=qt QT_QPA_PLATFORM=offscreen "$station" --window --channels channels --samples samples --log log \
     >output 2>&1 &
