@@ -45,13 +45,21 @@ CSampling::CSampling(TPlan plan, TEvent taken, TEvent ended)
       mTaken(std::move(taken)),
       mThread([this](BTL::TActionThread* thread) { Turn(thread); }, true, false, false)
 {
-    mThread.setOnTerminate([ended = std::move(ended)](System::TObject*) { ended(); });
+    mThread.setOnTerminate([this, ended = std::move(ended)](System::TObject*) {
+        if (!mIsLeft) {
+            ended();
+        }
+    });
     if (mPlan.serial) {
         mPlan.serial->Open();
     }
 }
 
-CSampling::~CSampling() = default;
+CSampling::~CSampling()
+{
+    // What the thread hands over as it ends comes to this thread now.
+    mIsLeft = true;
+}
 
 void CSampling::Start()
 {
@@ -130,7 +138,9 @@ void CSampling::Take(const TValues& values)
         mWriter.Add(MakeSample(time, channel.getName(), *values[i], channel.getUnit()));
     }
     mWriter.Flush();
-    mTaken();
+    if (!mIsLeft) {
+        mTaken();
+    }
 }
 
 } // namespace Station

@@ -48,7 +48,7 @@ public:
     CSampling(TPlan plan, TEvent taken, TEvent ended);
     CSampling(const CSampling&) = delete;
     CSampling& operator=(const CSampling&) = delete;
-    /// Ends the run without calling `ended`.
+    /// Ends the run without calling `taken` or `ended`.
     ~CSampling();
 
     void Start();
@@ -87,6 +87,8 @@ private:
     CRunEnd mEnd;
     double mPassed = 0;
     bool mIsStopped = false;
+    /// Whether nobody hears of the run any more.
+    bool mIsLeft = false;
     TEvent mTaken;
     /// Goes first, so that it finds all else in place.
     BTL::TActionThread mThread;

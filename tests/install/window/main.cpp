@@ -146,6 +146,15 @@ void CheckLaterStations(TMainForm& form)
     Await("the end", [&] { return !form.IsRunning(); });
 }
 
+/// Closing ends a run that is under way.
+void CheckClose(TMainForm& form)
+{
+    CFormDriver(form).Press(VK_F5);
+    Await("a value", [&] { return form.GetProgress() > 0; });
+    form.Close();
+    Expect("runs behind its window", form.IsRunning(), false);
+}
+
 void CheckLanguage(TMainForm& form, const UnicodeString& item, const UnicodeString& caption,
                    const UnicodeString& head)
 {
@@ -186,7 +195,7 @@ void Use(const TOptions& options)
     form->setWidths(u"160,123,50,90,90,150,125");
     Expect("language", form->getCaption(), UnicodeString(u"Messstation"));
     std::cout << CFormDriver(*form).Print();
-    form->Close();
+    CheckClose(*form);
 }
 
 } // namespace
