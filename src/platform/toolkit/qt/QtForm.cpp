@@ -158,11 +158,10 @@ CQtForm::CQtForm(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings& set
     : CQtWindow(std::move(desktop), settings, new CFormWidget),
       mMargins(UsualFrameMargins(settings.frame)),
       mFrame(settings.frame),
-      mIsHosted(settings.host != nullptr),
       mIsEnabled(settings.isEnabled)
 {
     ShowToReaders(Widget(), this);
-    if (mIsHosted) {
+    if (IsHosted()) {
         Widget().setParent(static_cast<QWidget*>(settings.host), Qt::Widget);
     } else {
         Widget().setWindowFlags(FlagsOf(mFrame, settings.hasCloseButton));
@@ -221,7 +220,7 @@ void CQtForm::FollowBar()
 {
     if (BarHeight() != mBarHeight) {
         Place();
-        if (mIsHosted) {
+        if (IsHosted()) {
             // Whoever shows the form makes room.
             Whole().updateGeometry();
         }
@@ -261,7 +260,7 @@ void CQtForm::Place()
     const Types::TRect& bounds = Bounds();
     const int bar = BarHeight();
     mBarHeight = bar;
-    if (mIsHosted) {
+    if (IsHosted()) {
         Whole().setGeometry(QRect(QPoint(), ToQRect(bounds).size() + QSize(0, bar)));
         if (mWhole != nullptr) {
             mWhole->PlaceParts();
@@ -285,7 +284,7 @@ void CQtForm::Place()
 void CQtForm::SetVisible(bool isVisible)
 {
     const CQtWindow* const former = Desktop().Active();
-    if (isVisible && !mIsHosted && former != nullptr && former != this && !former->CanBeActive() &&
+    if (isVisible && !IsHosted() && former != nullptr && former != this && !former->CanBeActive() &&
         former->Widget().isVisible()) {
         // The user is about to be kept from that one, so this one stays in front of it.
         Whole().winId();
@@ -324,7 +323,7 @@ void CQtForm::TellBounds()
 
 void CQtForm::Focus()
 {
-    if (!mIsHosted || Widget().isActiveWindow()) {
+    if (!IsHosted() || Widget().isActiveWindow()) {
         CQtWindow::Focus();
     }
 }
@@ -343,7 +342,7 @@ void CQtForm::SendToBack()
 
 void CQtForm::SetState(EWindowState state)
 {
-    if (state == mState || mIsHosted) {
+    if (state == mState || IsHosted()) {
         return;
     }
     mState = state;

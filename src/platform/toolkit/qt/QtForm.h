@@ -63,8 +63,6 @@ private:
     EWindowState mState = EWindowState::Normal;
     /// What the screen made of the bounds, although the control asked for others.
     std::optional<Types::TRect> mInsisted;
-    /// Whether it lies in a widget of the program's own.
-    bool mIsHosted;
     bool mIsEnabled;
 };
 

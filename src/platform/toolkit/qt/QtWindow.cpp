@@ -112,7 +112,7 @@ CQtWindow::CQtWindow(std::shared_ptr<CQtDesktop> desktop, const TWindowSettings&
       mFilter(std::make_unique<CFilter>(*this)),
       mBounds(settings.bounds),
       mIsForm(settings.kind == EWindowKind::Form),
-      mIsAmongForeign(settings.host != nullptr)
+      mIsHosted(settings.host != nullptr)
 {
     mWidget->setObjectName(ToQString(settings.name));
     // Who doesn't act on the mouse keeps it from its parent all the same.
@@ -268,7 +268,7 @@ void CQtWindow::ShowColors()
     }
     // Those in a widget of another palette each get one of their own, and styles paint anew for each palette
     // what they keep for all that share one.
-    const bool isInColors = mIsAmongForeign || (!mIsForm && mParent != nullptr && mParent->mIsColored);
+    const bool isInColors = mIsHosted || (!mIsForm && mParent != nullptr && mParent->mIsColored);
     if (!isInColors && IsDesktopsOwn(mLook)) {
         if (std::exchange(mHasColors, false)) {
             mWidget->setPalette(QPalette());

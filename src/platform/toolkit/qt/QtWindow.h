@@ -107,6 +107,8 @@ protected:
     /// Lets the widget, and nobody else, act on an event now; false if the window is gone then.
     bool Pass(QEvent& event);
     CQtDesktop& Desktop() const noexcept { return *mDesktop; }
+    /// Whether it lies in a widget that isn't the library's, which may have any colours.
+    bool IsHosted() const noexcept { return mIsHosted; }
     const Types::TRect& Bounds() const noexcept { return mBounds; }
     void KeepBounds(const Types::TRect& bounds) noexcept { mBounds = bounds; }
 
@@ -164,8 +166,7 @@ private:
     /// Whether its widget has another palette than the desktop, set or taken.
     bool mIsColored = false;
     bool mIsForm;
-    /// Whether it lies in a widget of another program's part, which may have any colours.
-    bool mIsAmongForeign;
+    bool mIsHosted;
     bool mIsPassing = false;
 };
 
